@@ -1,0 +1,63 @@
+# What every target of this project has in common.
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_AUTORCC ON)
+set(CMAKE_AUTOUIC ON)
+# One place for what is loaded at run time, so that a program runs from the build tree as it stands.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
+set(CMAKE_INSTALL_RPATH $ORIGIN/../${CMAKE_INSTALL_LIBDIR})
+
+add_library(mv_options INTERFACE)
+target_compile_options(mv_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+    -Wold-style-cast -Wcast-align -Wunused -Wnull-dereference -Wimplicit-fallthrough
+    $<$<BOOL:${MV_WARNINGS_AS_ERRORS}>:-Werror>)
+# Texts are QStrings on purpose or not at all, and connections are checked by the compiler.
+target_compile_definitions(mv_options INTERFACE
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING
+    QT_DEPRECATED_WARNINGS QT_STRICT_ITERATORS)
+
+if(MV_SANITIZE)
+    add_compile_options(-fsanitize=${MV_SANITIZE} -fno-omit-frame-pointer -O1)
+    add_link_options(-fsanitize=${MV_SANITIZE})
+    if(MV_SANITIZE MATCHES "undefined")
+        add_compile_options(-fno-sanitize-recover=all)
+    endif()
+    # GCC's sanitizer instrumentation hides facts that these two warnings need.
+    add_compile_options(-Wno-null-dereference -Wno-maybe-uninitialized)
+endif()
+
+# mv_add_library(NAME EXPORT_DEFINE INSTALL_FOLDER <dir> SOURCES ... HEADERS ...)
+# A shared library whose public headers are installed as they are included here.
+function(mv_add_library name export_define)
+    cmake_parse_arguments(ARG "" "" "SOURCES;HEADERS;LIBRARIES;PRIVATE_LIBRARIES" ${ARGN})
+    add_library(${name} SHARED ${ARG_SOURCES} ${ARG_HEADERS})
+    add_library(Mv::${name} ALIAS ${name})
+    target_compile_definitions(${name} PRIVATE ${export_define})
+    target_link_libraries(${name} PUBLIC ${ARG_LIBRARIES}
+                          PRIVATE $<BUILD_INTERFACE:mv_options> ${ARG_PRIVATE_LIBRARIES})
+    target_include_directories(${name} PUBLIC
+        $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>
+        $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/mvresource>)
+    set_target_properties(${name} PROPERTIES
+        VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+    install(TARGETS ${name} EXPORT MvResourceTargets
+            LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+            RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+    foreach(header IN LISTS ARG_HEADERS)
+        cmake_path(ABSOLUTE_PATH header OUTPUT_VARIABLE absolute)
+        cmake_path(RELATIVE_PATH absolute BASE_DIRECTORY ${PROJECT_SOURCE_DIR}/src
+                   OUTPUT_VARIABLE relative)
+        cmake_path(GET relative PARENT_PATH folder)
+        install(FILES ${header}
+                DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/mvresource/${folder})
+        set_property(GLOBAL APPEND PROPERTY MV_PUBLIC_HEADERS ${relative})
+    endforeach()
+endfunction()

@@ -1,0 +1,259 @@
+#pragma once
+
+#include "records/ECfgItemType.h"
+#include "records/EDependType.h"
+#include "records/MvResourceExport.h"
+#include "records/SCfg_Item.h"
+#include "records/SThemes_a.h"
+
+#include <QJsonObject>
+#include <QList>
+#include <QMutex>
+#include <QObject>
+#include <QString>
+#include <QVariantList>
+#include <QVector>
+
+#include <memory>
+#include <vector>
+
+class QDomDocument;
+class QDomElement;
+
+/// The catalogue of resources: what exists, what the user is shown, where every file lies on disk
+/// and on the server, which items are favourites.
+///
+/// The host creates it with init(), calls setResourceSaveRootPath() and load(false), and from then
+/// on reads its lists. It is one object per process and lives until the process ends; its
+/// destructor saves the favourites of themes and filters.
+///
+/// Threads. The GUI thread creates it, loads it and changes favourites. Other threads may call the
+/// lookups, paths and addresses, isLocal_Theme(), getNeedDownLoadFiles(), the doItem_Info_*
+/// operations, checkXml() and the read_resource_*_a readers, also on the same item at the same
+/// time, as long as the GUI thread neither loads nor clears.
+///
+/// Ownership. The manager owns all items and parsed themes. Pointers to items, to their file
+/// records and to parsed themes are valid until the next load(true) or clear(), so do neither while
+/// a download or a check runs. Do not keep a copy of one of the item vectors: changing a shared
+/// vector moves its items.
+///
+/// Failures are log lines (category "MVThemeMgr") and empty results; nothing is thrown.
+class MVRESOURCE_EXPORT MVThemeMgr : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The two trees in which a file of an item can lie.
+    enum ELoadDir : int {
+        eLoadDir_Local = 0, ///< the application's installed resources
+        eLoadDir_Download = 1, ///< the download root
+    };
+
+    /// The two halves of a tree.
+    enum EDirTag : int {
+        eDirTag_Config = 0, ///< config files and resources
+        eDirTag_Display = 1, ///< thumbnails and animated previews
+    };
+
+    /// The items of one catalogue file; the order is that of ECfgItemType.
+    struct SResourceXML
+    {
+        QVector<SCfg_Item> vecFilter;
+        QVector<SCfg_Item> vecTransition;
+        QVector<SCfg_Item> vecMotion;
+        QVector<SCfg_Item> vecTheme;
+        QVector<SCfg_Item> vecBgMaterial;
+    };
+
+    /// The catalogue of this process. The first call creates it and must come from the GUI thread
+    /// before any other thread can call; hostSettings() must be complete by then.
+    static MVThemeMgr* init();
+
+    ~MVThemeMgr() override;
+
+    /// @name Loading
+    /// @{
+
+    /// Reads favourites and both catalogue files; with the product parameter "hasMV" (a non-zero
+    /// integer) every theme's own config too. Does nothing if it has been read and `bReload` is
+    /// false. Invalidates every pointer into the catalogue, except the theme applied last, which
+    /// the host sets again.
+    void load(bool bReload);
+
+    /// Parses the config of every displayed theme that has its config file on disk.
+    void parseThemes();
+
+    /// Forgets all items and the theme applied last; favourites and the root stay.
+    void clear();
+
+    /// @}
+    /// @name Lookup
+    /// The first item in vector order whose GUID equals `id` exactly, or null. Owned by the vector.
+    /// @{
+    SCfg_Item* findItemByID(const QVector<SCfg_Item>& vec, QString id);
+    /// In the config catalogue; null for a kind outside 0 to 4.
+    SCfg_Item* findItemByIDFromConfig(ECfgItemType k, QString id);
+    /// In the display catalogue; null for a kind outside 0 to 4.
+    SCfg_Item* findItemByIDFromDisplay(ECfgItemType k, QString id);
+    /// @}
+
+    const SResourceXML& getCfgXML() { return m_sCfgXML; }
+    const SResourceXML& getDisplayXML() { return m_sDisplayXML; }
+    QVector<SCfg_Item>& getFilters_Display() { return m_sDisplayXML.vecFilter; }
+    QVector<SCfg_Item>& getThemes_Display() { return m_sDisplayXML.vecTheme; }
+    QVector<SCfg_Item>& getBgMaterial_Display() { return m_sDisplayXML.vecBgMaterial; }
+
+    /// The theme the user applied last, or null; not owned.
+    SCfg_Item* getCurApplyTheme() { return m_pCurApplyTheme; }
+    void setCurApplyTheme(SCfg_Item* item) { m_pCurApplyTheme = item; }
+
+    /// Server items have config names that begin with "/": eLoadDir_Download. Others are built in.
+    ELoadDir isLocal_Theme(const SCfg_Item& item);
+
+    /// Appends to `out` the records of all files that `item`, and every item it depends on, still
+    /// lacks on disk; a file that several elements use stands there several times. The "none" entry
+    /// of filters and background materials needs nothing and empties `out`.
+    void getNeedDownLoadFiles(SCfg_Item* item, QVector<SFileInfo*>& out);
+
+    /// @name Paths and addresses
+    /// Plain concatenations with forward slashes; empty where there is no such place.
+    /// @{
+
+    /// Sets the download root as it stands and creates the folders below it.
+    void setResourceSaveRootPath(const QString& path);
+    QString Path_resource_RootDir(ELoadDir d);
+    QString Path_resource_Dir(ELoadDir d, EDirTag t);
+    QString Path_resource_Dir(ELoadDir d, EDirTag t, ECfgItemType k);
+    QString Path_resource_xml(ELoadDir d, EDirTag t);
+    QString Path_resource_version_xml(ELoadDir d);
+    QString saveResourcePath() const;
+    QString saveThemePath() const;
+    /// Whether a download may create, write and delete `path`: it lies below the download root, by
+    /// its name and by what is on disk (no "..", no link on the way).
+    bool isDownloadPath(const QString& path) const;
+    /// Address of a config-half file, or of any file named relative to the server root. Blanks are
+    /// encoded only in names that contain "ThemesBgm"; the name brings its own leading "/".
+    QString downLoadUrl(EDirTag t, QString name);
+    /// Address of a thumbnail or GIF: `name` is one file name, percent-encoded whole.
+    QString downLoadUrl_Thumb(EDirTag t, ECfgItemType k, QString name);
+    /// The kind's name in the catalogue files; "error" for a kind outside 0 to 4.
+    QString getCfgItemTypeStr(ECfgItemType k);
+
+    /// @}
+    /// @name Catalogue files
+    /// @{
+
+    /// Reads and parses one XML file (UTF-8). False for a file that is missing, malformed, larger
+    /// than 64 MiB, nested deeper than 64 elements, or that declares entities.
+    bool checkXml(const QString& path, QDomDocument& doc);
+    /// Appends the config catalogue to its vectors: the downloaded file, else the installed one.
+    void read_resource_config_xml();
+    /// Appends the items of one group element of a config catalogue to `out`.
+    void read_resource_config_xml_a(const QDomElement& root, ECfgItemType k, QString groupName,
+                                    QVector<SCfg_Item>& out);
+    /// Parses a theme's own config file and stores the finished result in `out`, which the
+    /// manager owns; on failure `out` is left as it was.
+    void read_resource_config_Themes_a(QString path, SThemes_a*& out);
+    /// Reads the dependency slot `slotName` below `parent`; an absent slot leaves `out` as it is.
+    void read_resource_config_Themes_a_Sub(const QDomElement& parent, QString slotName,
+                                           EDependType t, SThemes_a::SDependInfo& out);
+    /// Appends the display catalogue to its vectors: the downloaded file, else the installed one.
+    void read_resource_display_xml();
+    /// Appends the shown items of a flat category to `displayItems`: copies of those in `cfgItems`,
+    /// which learn whether they are texts. Items without previews on disk only with `keepAll`.
+    void read_resource_display_xml_a(const QDomElement& root, ECfgItemType type, QString tagName,
+                                     QVector<SCfg_Item>& cfgItems,
+                                     QVector<SCfg_Item>& displayItems, bool keepAll);
+    /// The same for the grouped category of the themes.
+    void read_resource_display_xml_a_theme(const QDomElement& root, ECfgItemType type,
+                                           QString tagName, QVector<SCfg_Item>& cfgItems,
+                                           QVector<SCfg_Item>& displayItems, bool keepAll);
+
+    /// @}
+    /// @name Files of an item
+    /// Each sets the local path of the item's files (the downloaded one if it exists, else the
+    /// installed one, else where a download will put it) and returns whether they are on disk, or
+    /// there is nothing to fetch. All but the first create the folder of a missing file.
+    /// @{
+    bool doItem_Info_CfgXML(SCfg_Item& item);
+    bool doItem_Info_Thumb(SCfg_Item& item);
+    bool doItem_Info_Gif(SCfg_Item& item);
+    /// Appends the records of the missing resource files to `missing`; they point into the item.
+    bool doItem_Info_DependRes(SCfg_Item& item, QVector<SFileInfo*>& missing);
+    bool doItem_Info_DependRes(SCfg_Item& item);
+    /// @}
+
+    /// @name Favourites and theme types
+    /// GUI thread only. Favourites are kept per GUID in JSON files below Utils::strDataLocation();
+    /// those of background materials share the filters' file, except through the operations that
+    /// name them.
+    /// @{
+    QString Path_ThemeCollect();
+    QString Path_FilterCollect();
+    QString Path_BgMaterialCollect();
+    /// Always empty: the theme-type file is looked for in both resource trees.
+    QString Path_ThemeType();
+    /// Replace the marks by the file's; a file that is missing is created, one that is not JSON
+    /// changes nothing.
+    void readThemeCollect();
+    void readFilterCollect();
+    void readBgMaterialCollect();
+    /// Replace the file by the marks, atomically. Failures are silent.
+    void saveThemeCollect();
+    void saveFilterCollect();
+    void saveBgMaterialCollect();
+    /// Whether the item is marked. Asking enters an unknown GUID with the value false.
+    bool isThemeCollect(const SCfg_Item* item);
+    bool isFilterCollect(const SCfg_Item* item);
+    bool isBgMaterialCollect(const SCfg_Item* item);
+    /// By the item's kind; false for kinds that have no favourites.
+    bool isItemCollect(const SCfg_Item* item);
+    /// Take over the item's m_bCollected and emit the matching signal; saved at the process's end.
+    void setThemesCollected(const SCfg_Item* item);
+    void setFilterCollected(const SCfg_Item* item);
+    void setBgMaterialCollected(const SCfg_Item* item);
+    /// By the item's kind; nothing for kinds that have no favourites.
+    void setItemCollected(const SCfg_Item* item);
+    /// "festivals" 2, "travel" 3, "banquets" 4, anything else 0.
+    int Themetype(QString key);
+    /// Reads ThemeType.json into the three lists; the downloaded file, else the installed one.
+    void readThemeType();
+    bool readThemeType_a(QString path, QJsonObject& out);
+    /// What readThemeType() has read.
+    const QVariantList& festivals() const { return m_lstFestivals; }
+    const QVariantList& travel() const { return m_lstTravel; }
+    const QVariantList& banquets() const { return m_lstBanquets; }
+    /// @}
+
+signals:
+    /// The user has marked or unmarked an item; the argument is that item.
+    void sigThemesCollected(const SCfg_Item* pSCfg_Item);
+    void sigFilterCollected(const SCfg_Item* pSCfg_Item);
+    void sigBgMaterialCollected(const SCfg_Item* pSCfg_Item);
+
+private:
+    MVThemeMgr();
+
+    bool isEditFilter(QVector<SCfg_Item>& vec, QString id);
+    void clearVectors();
+    bool resolve(SFileInfo& info, ECfgItemType k, EDirTag t, const QString& relative,
+                 bool absoluteNames, bool makeFolder);
+    void readCollect(const QString& path, const char* openError, const char* category,
+                     QJsonObject& out);
+
+    SResourceXML m_sCfgXML;
+    SResourceXML m_sDisplayXML;
+    QJsonObject m_jsonThemeCollect;
+    QJsonObject m_jsonFilterCollect;
+    QJsonObject m_jsonBgMaterialCollect;
+    bool m_bLoaded = false;
+    QString m_qsSaveRoot;
+    QVariantList m_lstFestivals;
+    QVariantList m_lstTravel;
+    QVariantList m_lstBanquets;
+    SCfg_Item* m_pCurApplyTheme = nullptr;
+    QList<QString> m_lstFixedGUID;
+
+    QMutex m_mutexParsed; // guards m_vecParsed: download threads parse themes too
+    std::vector<std::unique_ptr<SThemes_a>> m_vecParsed; // every theme config that items point to
+};

@@ -1,0 +1,70 @@
+// MVThemeMgr: reading the config catalogue, and the one way in which XML files are opened.
+
+#include "catalogue/MVThemeMgr.h"
+#include "catalogue/XmlGuard.h"
+#include "host/LogL.h"
+
+#include <QDomDocument>
+#include <QFile>
+
+namespace {
+
+bool parse(const QByteArray& bytes, QDomDocument& doc)
+{
+    const QString text = QString::fromUtf8(bytes);
+    return XmlGuard::accepts(text) && doc.setContent(text);
+}
+
+} // namespace
+
+bool MVThemeMgr::checkXml(const QString& path, QDomDocument& doc)
+{
+    QFile file(path);
+    const bool readable = !path.isEmpty()
+        && file.open(QIODevice::ReadOnly) && file.size() <= XmlGuard::longestDocument;
+    const bool ok = readable && parse(file.readAll(), doc);
+    LogL("MVThemeMgr", 1, "checkXml [%s] is [%d]!", path.toUtf8().constData(), ok ? 1 : 0);
+    return ok;
+}
+
+void MVThemeMgr::read_resource_config_xml()
+{
+    QDomDocument doc;
+    if (!checkXml(Path_resource_xml(eLoadDir_Download, eDirTag_Config), doc)
+        && !checkXml(Path_resource_xml(eLoadDir_Local, eDirTag_Config), doc)) {
+        LogL("MVThemeMgr", 1, "read_resource_config_xml is error!");
+        return;
+    }
+    const QDomElement root = doc.documentElement();
+    const auto read = [&](ECfgItemType k, QVector<SCfg_Item>& out) {
+        read_resource_config_xml_a(root, k, getCfgItemTypeStr(k), out);
+    };
+    read(eCfgItem_Filter, m_sCfgXML.vecFilter);
+    read(eCfgItem_Transition, m_sCfgXML.vecTransition);
+    read(eCfgItem_Motion, m_sCfgXML.vecMotion);
+    read(eCfgItem_Theme, m_sCfgXML.vecTheme);
+    read(eCfgItem_BgMaterial, m_sCfgXML.vecBgMaterial);
+}
+
+void MVThemeMgr::read_resource_config_xml_a(const QDomElement& root, ECfgItemType k,
+                                            QString groupName, QVector<SCfg_Item>& out)
+{
+    const QString itemTag = QStringLiteral("Item");
+    const QString urlTag = QStringLiteral("Url");
+    const QDomElement group = root.firstChildElement(groupName);
+    for (QDomElement element = group.firstChildElement(itemTag); !element.isNull();
+         element = element.nextSiblingElement(itemTag)) {
+        SCfg_Item item;
+        item.m_eType = k;
+        item.m_qsGUID = element.firstChildElement(QStringLiteral("GUID")).text();
+        item.m_info_CfgXML.m_qsUrl = element.firstChildElement(QStringLiteral("UrlCnf")).text();
+        const QDomElement resources = element.firstChildElement(QStringLiteral("UrlResource"));
+        for (QDomElement url = resources.firstChildElement(urlTag); !url.isNull();
+             url = url.nextSiblingElement(urlTag)) {
+            SFileInfo resource;
+            resource.m_qsUrl = url.text();
+            item.m_vecResource.append(std::move(resource));
+        }
+        out.append(std::move(item));
+    }
+}

@@ -1,0 +1,135 @@
+// MVThemeMgr: reading the display catalogue.
+
+#include "catalogue/MVThemeMgr.h"
+#include "catalogue/NoneEntry.h"
+#include "host/LogL.h"
+#include "host/TzProductInfo.h"
+
+#include <QDomDocument>
+#include <QHash>
+
+namespace {
+
+constexpr int fewFilters = 12;
+
+QString childText(const QDomElement& parent, const QString& tag)
+{
+    return parent.firstChildElement(tag).text();
+}
+
+/// Finds items by GUID while one category is read, so that reading stays linear in its size.
+class GuidIndex
+{
+public:
+    explicit GuidIndex(const QVector<SCfg_Item>& items)
+    {
+        m_first.reserve(items.size());
+        for (int i = items.size() - 1; i >= 0; --i)
+            m_first.insert(items.at(i).m_qsGUID, i); // backwards: the first of equal GUIDs stays
+    }
+
+    /// Index of the first item with that GUID, -1 if there is none.
+    int find(const QString& guid) const
+    {
+        const int found = m_first.value(guid, -1);
+        if (found < 0)
+            LogL("MVThemeMgr", 1, "not findItemByID [%s]", guid.toUtf8().constData());
+        return found;
+    }
+
+private:
+    QHash<QString, int> m_first;
+};
+
+/// What the display catalogue says of an item in either form.
+void readPresentation(const QDomElement& element, const QString& guid, ECfgItemType type,
+                      SCfg_Item& item)
+{
+    item.m_eType = type;
+    item.m_qsGUID = guid;
+    item.m_qsName = childText(element, QStringLiteral("Name"));
+    item.m_info_Thumb.m_qsUrl = childText(element, QStringLiteral("UrlThumb"));
+}
+
+} // namespace
+
+void MVThemeMgr::read_resource_display_xml()
+{
+    QDomDocument doc;
+    if (!checkXml(Path_resource_xml(eLoadDir_Download, eDirTag_Display), doc)
+        && !checkXml(Path_resource_xml(eLoadDir_Local, eDirTag_Display), doc)) {
+        LogL("MVThemeMgr", 1, "read_resource_display_xml is error!");
+        return;
+    }
+    const QDomElement root = doc.documentElement();
+    const auto readFlat = [&](ECfgItemType k, QVector<SCfg_Item>& cfg, QVector<SCfg_Item>& out) {
+        read_resource_display_xml_a(root, k, getCfgItemTypeStr(k), cfg, out, false);
+    };
+    readFlat(eCfgItem_Filter, m_sCfgXML.vecFilter, m_sDisplayXML.vecFilter);
+    readFlat(eCfgItem_Transition, m_sCfgXML.vecTransition, m_sDisplayXML.vecTransition);
+    readFlat(eCfgItem_Motion, m_sCfgXML.vecMotion, m_sDisplayXML.vecMotion);
+    read_resource_display_xml_a_theme(root, eCfgItem_Theme, getCfgItemTypeStr(eCfgItem_Theme),
+                                      m_sCfgXML.vecTheme, m_sDisplayXML.vecTheme, false);
+    readFlat(eCfgItem_BgMaterial, m_sCfgXML.vecBgMaterial, m_sDisplayXML.vecBgMaterial);
+
+    const QString fewer = TzProductInfo::instance()->extendParam(
+        QStringLiteral("disableDownloadFiter"), QString());
+    if (fewer == QLatin1String("1") && m_sDisplayXML.vecFilter.size() > fewFilters)
+        m_sDisplayXML.vecFilter.resize(fewFilters);
+}
+
+void MVThemeMgr::read_resource_display_xml_a(const QDomElement& root, ECfgItemType type,
+                                             QString tagName, QVector<SCfg_Item>& cfgItems,
+                                             QVector<SCfg_Item>& displayItems, bool keepAll)
+{
+    const QString itemTag = QStringLiteral("Item");
+    const GuidIndex index(cfgItems);
+    const QDomElement category = root.firstChildElement(tagName);
+    for (QDomElement element = category.firstChildElement(itemTag); !element.isNull();
+         element = element.nextSiblingElement(itemTag)) {
+        const QString guid = childText(element, QStringLiteral("GUID"));
+        const int found = index.find(guid);
+        SCfg_Item item;
+        if (found >= 0) {
+            const bool isText = childText(element, QStringLiteral("IsText")).toInt() != 0;
+            cfgItems[found].m_bIsText = isText;
+            item = cfgItems.at(found);
+        } else if (guid != noneEntryGuid || (type != eCfgItem_Filter && type != eCfgItem_BgMaterial)) {
+            continue;
+        }
+        readPresentation(element, guid, type, item);
+        const bool hasThumb = doItem_Info_Thumb(item);
+        const bool hasGif = doItem_Info_Gif(item);
+        doItem_Info_DependRes(item);
+        if (keepAll || (hasThumb && hasGif))
+            displayItems.append(std::move(item));
+    }
+}
+
+void MVThemeMgr::read_resource_display_xml_a_theme(const QDomElement& root, ECfgItemType type,
+                                                   QString tagName, QVector<SCfg_Item>& cfgItems,
+                                                   QVector<SCfg_Item>& displayItems, bool keepAll)
+{
+    const QString groupTag = QStringLiteral("Group");
+    const QString itemTag = QStringLiteral("Item");
+    const GuidIndex index(cfgItems);
+    const QDomElement category = root.firstChildElement(tagName);
+    for (QDomElement group = category.firstChildElement(groupTag); !group.isNull();
+         group = group.nextSiblingElement(groupTag)) {
+        const int themeType = Themetype(group.attribute(QStringLiteral("Type")));
+        for (QDomElement element = group.firstChildElement(itemTag); !element.isNull();
+             element = element.nextSiblingElement(itemTag)) {
+            const QString guid = childText(element, QStringLiteral("GUID"));
+            const int found = index.find(guid);
+            if (found < 0)
+                continue;
+            cfgItems[found].m_bIsText = false;
+            SCfg_Item item = cfgItems.at(found);
+            readPresentation(element, guid, type, item);
+            item.m_nThemeType = themeType;
+            item.m_info_Gif.m_qsUrl = childText(element, QStringLiteral("UrlGif"));
+            if (keepAll || (doItem_Info_Thumb(item) && doItem_Info_Gif(item)))
+                displayItems.append(std::move(item));
+        }
+    }
+}

@@ -1,0 +1,236 @@
+// MVThemeMgr: favourites and theme types.
+
+#include "catalogue/MVThemeMgr.h"
+#include "host/LogL.h"
+#include "host/Utils.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QSaveFile>
+
+namespace {
+
+/// Path of a favourites file, whose folder has the same name; the folder exists afterwards.
+QString collectPath(const QString& name)
+{
+    const QString folder = Utils::strDataLocation() + QLatin1Char('/') + name;
+    if (!QDir(folder).exists())
+        QDir().mkpath(folder);
+    return folder + QLatin1Char('/') + name + QStringLiteral(".json");
+}
+
+/// Opening for reading and writing creates a file that is missing.
+bool openAndRead(const QString& path, QByteArray& bytes)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadWrite))
+        return false;
+    bytes = file.readAll();
+    return true;
+}
+
+bool parseJson(const QByteArray& bytes, QJsonObject& out)
+{
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
+    if (error.error != QJsonParseError::NoError)
+        return false;
+    out = document.object();
+    return true;
+}
+
+void saveCollect(const QString& path, const QJsonObject& marks)
+{
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
+        return;
+    file.write(QJsonDocument(marks).toJson());
+    file.commit();
+}
+
+bool isCollected(const SCfg_Item* item, QJsonObject& marks)
+{
+    const auto found = marks.constFind(item->m_qsGUID);
+    if (found != marks.constEnd())
+        return found->toBool(false);
+    marks.insert(item->m_qsGUID, false);
+    return false;
+}
+
+} // namespace
+
+QString MVThemeMgr::Path_ThemeCollect()
+{
+    return collectPath(QStringLiteral("ThemeCollect"));
+}
+
+QString MVThemeMgr::Path_FilterCollect()
+{
+    return collectPath(QStringLiteral("FilterCollect"));
+}
+
+QString MVThemeMgr::Path_BgMaterialCollect()
+{
+    return collectPath(QStringLiteral("BgMaterialCollect"));
+}
+
+QString MVThemeMgr::Path_ThemeType()
+{
+    return QString();
+}
+
+void MVThemeMgr::readCollect(const QString& path, const char* openError, const char* category,
+                             QJsonObject& out)
+{
+    QByteArray bytes;
+    if (!openAndRead(path, bytes)) {
+        LogL(category, 1, openError, path.toUtf8().constData());
+        return;
+    }
+    if (!parseJson(bytes, out))
+        LogL("MVThemeMgr", 1, "parseJson file[%1] error!", path.toUtf8().constData());
+}
+
+void MVThemeMgr::readThemeCollect()
+{
+    readCollect(Path_ThemeCollect(), "readThemeCollect open file[%1] error!", "MVThemeMgr",
+                m_jsonThemeCollect);
+}
+
+void MVThemeMgr::readFilterCollect()
+{
+    readCollect(Path_FilterCollect(), "readFilterCollect open file[%1] error!", "MVFilterMgr",
+                m_jsonFilterCollect);
+}
+
+void MVThemeMgr::readBgMaterialCollect()
+{
+    readCollect(Path_BgMaterialCollect(), "readBgMaterialCollect open file[%1] error!",
+                "MVBgMaterialMgr", m_jsonBgMaterialCollect);
+}
+
+void MVThemeMgr::saveThemeCollect()
+{
+    saveCollect(Path_ThemeCollect(), m_jsonThemeCollect);
+}
+
+void MVThemeMgr::saveFilterCollect()
+{
+    saveCollect(Path_FilterCollect(), m_jsonFilterCollect);
+}
+
+void MVThemeMgr::saveBgMaterialCollect()
+{
+    saveCollect(Path_BgMaterialCollect(), m_jsonBgMaterialCollect);
+}
+
+bool MVThemeMgr::isThemeCollect(const SCfg_Item* item)
+{
+    return isCollected(item, m_jsonThemeCollect);
+}
+
+bool MVThemeMgr::isFilterCollect(const SCfg_Item* item)
+{
+    return isCollected(item, m_jsonFilterCollect);
+}
+
+bool MVThemeMgr::isBgMaterialCollect(const SCfg_Item* item)
+{
+    return isCollected(item, m_jsonBgMaterialCollect);
+}
+
+bool MVThemeMgr::isItemCollect(const SCfg_Item* item)
+{
+    switch (item->m_eType) {
+    case eCfgItem_Theme:
+        return isThemeCollect(item);
+    case eCfgItem_Filter:
+    case eCfgItem_BgMaterial:
+        return isFilterCollect(item);
+    case eCfgItem_Transition:
+    case eCfgItem_Motion:
+    case eCfgItem_Resource:
+        break;
+    }
+    return false;
+}
+
+void MVThemeMgr::setThemesCollected(const SCfg_Item* item)
+{
+    m_jsonThemeCollect.insert(item->m_qsGUID, item->m_bCollected);
+    emit sigThemesCollected(item);
+}
+
+void MVThemeMgr::setFilterCollected(const SCfg_Item* item)
+{
+    m_jsonFilterCollect.insert(item->m_qsGUID, item->m_bCollected);
+    emit sigFilterCollected(item);
+}
+
+void MVThemeMgr::setBgMaterialCollected(const SCfg_Item* item)
+{
+    m_jsonBgMaterialCollect.insert(item->m_qsGUID, item->m_bCollected);
+    emit sigBgMaterialCollected(item);
+}
+
+void MVThemeMgr::setItemCollected(const SCfg_Item* item)
+{
+    switch (item->m_eType) {
+    case eCfgItem_Theme:
+        setThemesCollected(item);
+        break;
+    case eCfgItem_Filter:
+    case eCfgItem_BgMaterial:
+        setFilterCollected(item);
+        break;
+    case eCfgItem_Transition:
+    case eCfgItem_Motion:
+    case eCfgItem_Resource:
+        break;
+    }
+}
+
+int MVThemeMgr::Themetype(QString key)
+{
+    struct ThemeKey
+    {
+        const char* name;
+        int code;
+    };
+    static const ThemeKey keys[]
+        = {{"festivals", 2}, {"travel", 3}, {"banquets", 4}, {"others", 0}};
+    for (const ThemeKey& known : keys) {
+        if (key == QLatin1String(known.name))
+            return known.code;
+    }
+    return 0;
+}
+
+void MVThemeMgr::readThemeType()
+{
+    const QString file = QStringLiteral("/ResourceConfig/ThemeType.json");
+    QJsonObject types;
+    if (!readThemeType_a(Path_resource_RootDir(eLoadDir_Download) + file, types)
+        && !readThemeType_a(Path_resource_RootDir(eLoadDir_Local) + file, types))
+        return;
+    m_lstFestivals = types.value(QStringLiteral("festivals")).toArray().toVariantList();
+    m_lstTravel = types.value(QStringLiteral("travel")).toArray().toVariantList();
+    m_lstBanquets = types.value(QStringLiteral("banquets")).toArray().toVariantList();
+}
+
+bool MVThemeMgr::readThemeType_a(QString path, QJsonObject& out)
+{
+    QByteArray bytes;
+    if (!openAndRead(path, bytes)) {
+        LogL("MVThemeMgr", 1, "readThemeType open file[%1] error!", path.toUtf8().constData());
+        return false;
+    }
+    if (!parseJson(bytes, out)) {
+        LogL("MVThemeMgr", 1, "readThemeType_a parseJson file[%1] error!",
+             path.toUtf8().constData());
+        return false;
+    }
+    return true;
+}

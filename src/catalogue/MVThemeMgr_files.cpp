@@ -1,0 +1,160 @@
+// MVThemeMgr: where the files of an item lie on disk.
+
+#include "catalogue/MVThemeMgr.h"
+#include "catalogue/NoneEntry.h"
+#include "catalogue/PathGuard.h"
+#include "host/TzResourceMgr.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QMutexLocker>
+#include <QUuid>
+
+namespace {
+
+/// Other threads read these fields while an item is resolved again, so only what changes is
+/// written, under the record's mutex.
+template <class T>
+void setIfChanged(T& field, const T& value)
+{
+    if (field != value)
+        field = value;
+}
+
+void setKind(SFileInfo& info, ECfgItemType kind, bool thumbDir)
+{
+    const QMutexLocker lock(info.m_pMutex.get());
+    setIfChanged(info.m_eType, kind);
+    setIfChanged(info.m_bThumbDir, thumbDir);
+}
+
+void setFile(SFileInfo& info, const QString& file)
+{
+    const QMutexLocker lock(info.m_pMutex.get());
+    setIfChanged(info.m_qsFile, file);
+}
+
+QString urlOf(const SFileInfo& info)
+{
+    const QMutexLocker lock(info.m_pMutex.get());
+    return info.m_qsUrl;
+}
+
+bool nothingToFetch(SFileInfo& info)
+{
+    setFile(info, QString());
+    return true;
+}
+
+/// A name from a catalogue can hold a percent-encoded NUL, which Qt warns of.
+bool exists(const QString& file)
+{
+    return !file.contains(QChar(QChar::Null)) && QFile::exists(file);
+}
+
+bool hasGuid(const SCfg_Item& item)
+{
+    return !QUuid(item.m_qsGUID).isNull();
+}
+
+/// Image of the "none" entry in the active skin; empty for a skin that has none of its own.
+QString noneImage()
+{
+    const QString skin = TzResourceMgr::instance()->currentSkin();
+    if (skin == QLatin1String("Classical"))
+        return QStringLiteral("Classical.png");
+    if (skin == QLatin1String("Elegance") || skin == QLatin1String("Simplicity"))
+        return QStringLiteral("Elegance.png");
+    if (skin == QLatin1String("Calm"))
+        return QStringLiteral("Calm.png");
+    return QString();
+}
+
+} // namespace
+
+bool MVThemeMgr::resolve(SFileInfo& info, ECfgItemType k, EDirTag t, const QString& relative,
+                         bool absoluteNames, bool makeFolder)
+{
+    const QString url = urlOf(info);
+    const bool absolute = absoluteNames && url.startsWith(QLatin1Char('/'));
+    const QString decoded
+        = absolute ? QString::fromUtf8(QByteArray::fromPercentEncoding(url.toUtf8())) : QString();
+    const auto candidate = [&](ELoadDir d) {
+        return absolute ? Path_resource_Dir(d, t) + decoded
+                        : Path_resource_Dir(d, t, k) + QLatin1Char('/') + relative;
+    };
+
+    const QString downloaded = candidate(eLoadDir_Download);
+    if (exists(downloaded)) {
+        setFile(info, downloaded);
+        return true;
+    }
+    const QString installed = candidate(eLoadDir_Local);
+    if (exists(installed)) {
+        setFile(info, installed);
+        return true;
+    }
+    setFile(info, downloaded);
+    const QString folder = QFileInfo(downloaded).path();
+    if (makeFolder && !exists(folder))
+        PathGuard::ensureDir(m_qsSaveRoot, folder);
+    return false;
+}
+
+bool MVThemeMgr::doItem_Info_CfgXML(SCfg_Item& item)
+{
+    SFileInfo& info = item.m_info_CfgXML;
+    setKind(info, item.m_eType, false);
+    if (!hasGuid(item) || m_lstFixedGUID.contains(item.m_qsGUID) || urlOf(info).isEmpty())
+        return nothingToFetch(info);
+    return resolve(info, item.m_eType, eDirTag_Config, item.m_qsGUID + QStringLiteral(".xml"),
+                   true, false);
+}
+
+bool MVThemeMgr::doItem_Info_Thumb(SCfg_Item& item)
+{
+    SFileInfo& info = item.m_info_Thumb;
+    setKind(info, item.m_eType, true);
+    const QString image = isNoneEntry(item) ? noneImage() : QString();
+    if (!image.isEmpty()) {
+        const QMutexLocker lock(info.m_pMutex.get());
+        setIfChanged(info.m_qsUrl, image);
+    }
+    if (item.m_eType == eCfgItem_Transition || item.m_eType == eCfgItem_Motion || !hasGuid(item))
+        return nothingToFetch(info);
+    return resolve(info, item.m_eType, eDirTag_Display, urlOf(info), true, true);
+}
+
+bool MVThemeMgr::doItem_Info_Gif(SCfg_Item& item)
+{
+    SFileInfo& info = item.m_info_Gif;
+    if (item.m_eType != eCfgItem_Theme)
+        return nothingToFetch(info);
+    setKind(info, eCfgItem_Theme, true);
+    if (!hasGuid(item))
+        return nothingToFetch(info);
+    return resolve(info, eCfgItem_Theme, eDirTag_Display, urlOf(info), false, true);
+}
+
+bool MVThemeMgr::doItem_Info_DependRes(SCfg_Item& item, QVector<SFileInfo*>& missing)
+{
+    const bool known = hasGuid(item);
+    const QString folder = item.m_qsGUID + QLatin1Char('/');
+    bool allPresent = true;
+    for (SFileInfo& info : item.m_vecResource) {
+        setKind(info, item.m_eType, false);
+        if (!known) {
+            nothingToFetch(info);
+        } else if (!resolve(info, item.m_eType, eDirTag_Config, folder + urlOf(info), true, true)) {
+            missing.append(&info);
+            allPresent = false;
+        }
+    }
+    return allPresent;
+}
+
+bool MVThemeMgr::doItem_Info_DependRes(SCfg_Item& item)
+{
+    QVector<SFileInfo*> missing;
+    return doItem_Info_DependRes(item, missing);
+}

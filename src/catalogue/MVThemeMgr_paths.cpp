@@ -1,0 +1,170 @@
+// MVThemeMgr: folders, catalogue files and server addresses.
+
+#include "catalogue/MVThemeMgr.h"
+#include "catalogue/PathGuard.h"
+#include "host/AppOptions.h"
+#include "host/LogL.h"
+#include "host/TzProductInfo.h"
+#include "host/TzResourceMgr.h"
+
+#include <QUrl>
+
+namespace {
+
+/// Name of the product's folder in both halves of the download tree.
+const QString downloadFolder = QStringLiteral("/PQD/Download");
+
+const ECfgItemType allKinds[] = {eCfgItem_Filter, eCfgItem_Transition, eCfgItem_Motion,
+                                 eCfgItem_Theme, eCfgItem_BgMaterial};
+
+QString tagWord(MVThemeMgr::EDirTag t)
+{
+    switch (t) {
+    case MVThemeMgr::eDirTag_Config:
+        return QStringLiteral("config");
+    case MVThemeMgr::eDirTag_Display:
+        return QStringLiteral("display");
+    }
+    return QString();
+}
+
+/// Folder of a kind with a leading "/"; empty for what is no kind.
+QString kindFolder(ECfgItemType k)
+{
+    switch (k) {
+    case eCfgItem_Filter:
+        return QStringLiteral("/VideoFilters");
+    case eCfgItem_Transition:
+        return QStringLiteral("/Transitions");
+    case eCfgItem_Motion:
+        return QStringLiteral("/Motions");
+    case eCfgItem_Theme:
+        return QStringLiteral("/Themes");
+    case eCfgItem_BgMaterial:
+        return QStringLiteral("/BgMaterial");
+    case eCfgItem_Resource:
+        break;
+    }
+    return QString();
+}
+
+QString serverRoot()
+{
+    return TzProductInfo::instance()->extendParam(QStringLiteral("url_themeRootDir"), QString());
+}
+
+} // namespace
+
+void MVThemeMgr::setResourceSaveRootPath(const QString& path)
+{
+    LogL("MVThemeMgr", 2, "Resource root path: %s", path.toUtf8().constData());
+    m_qsSaveRoot = path;
+    const AppOptions* const options = AppOptions::instance();
+    for (const ECfgItemType k : allKinds) {
+        options->ensureDirExists(Path_resource_Dir(eLoadDir_Download, eDirTag_Config, k));
+        options->ensureDirExists(Path_resource_Dir(eLoadDir_Download, eDirTag_Display, k));
+    }
+    options->ensureDirExists(m_qsSaveRoot + QStringLiteral("/imgThumb"));
+}
+
+QString MVThemeMgr::Path_resource_RootDir(ELoadDir d)
+{
+    switch (d) {
+    case eLoadDir_Local:
+        return TzResourceMgr::instance()->resourcesPath() + QStringLiteral("/Resource");
+    case eLoadDir_Download:
+        return m_qsSaveRoot + QStringLiteral("/Themes");
+    }
+    return QString();
+}
+
+QString MVThemeMgr::Path_resource_Dir(ELoadDir d, EDirTag t)
+{
+    if (d != eLoadDir_Local)
+        return Path_resource_RootDir(d) + QLatin1Char('/') + tagWord(t) + downloadFolder;
+    switch (t) {
+    case eDirTag_Config:
+        return Path_resource_RootDir(d);
+    case eDirTag_Display:
+        return Path_resource_RootDir(d) + QStringLiteral("/display");
+    }
+    return QString();
+}
+
+QString MVThemeMgr::Path_resource_Dir(ELoadDir d, EDirTag t, ECfgItemType k)
+{
+    const QString kind = kindFolder(k);
+    if (kind.isEmpty())
+        return QString();
+    QString half;
+    if (d != eLoadDir_Local)
+        half = tagWord(t) + downloadFolder;
+    else if (t == eDirTag_Display)
+        half = tagWord(t);
+    return Path_resource_RootDir(d) + QLatin1Char('/') + half + kind;
+}
+
+QString MVThemeMgr::Path_resource_xml(ELoadDir d, EDirTag t)
+{
+    switch (t) {
+    case eDirTag_Config:
+        return Path_resource_RootDir(d) + QStringLiteral("/ResourceConfig/resource_config.xml");
+    case eDirTag_Display:
+        return Path_resource_RootDir(d) + QStringLiteral("/ResourceConfig/resource_display.xml");
+    }
+    return QString();
+}
+
+QString MVThemeMgr::Path_resource_version_xml(ELoadDir d)
+{
+    return Path_resource_RootDir(d) + QStringLiteral("/ResourceConfig/resource_version.xml");
+}
+
+QString MVThemeMgr::saveResourcePath() const
+{
+    return m_qsSaveRoot + QStringLiteral("/ResourceConfig");
+}
+
+QString MVThemeMgr::saveThemePath() const
+{
+    return m_qsSaveRoot + QStringLiteral("/Themes/config");
+}
+
+bool MVThemeMgr::isDownloadPath(const QString& path) const
+{
+    return PathGuard::isInside(m_qsSaveRoot, path);
+}
+
+QString MVThemeMgr::downLoadUrl(EDirTag t, QString name)
+{
+    if (name.contains(QLatin1String("ThemesBgm")) && name.contains(QLatin1Char(' ')))
+        name = QString::fromLatin1(QUrl::toPercentEncoding(name, "/", " "));
+    return serverRoot() + tagWord(t) + name;
+}
+
+QString MVThemeMgr::downLoadUrl_Thumb(EDirTag t, ECfgItemType k, QString name)
+{
+    const QString kind = kindFolder(k);
+    const QString folder = kind.isEmpty() ? QString() : serverRoot() + tagWord(t) + kind;
+    return folder + QLatin1Char('/')
+        + QString::fromLatin1(QUrl::toPercentEncoding(name, QByteArray(), " "));
+}
+
+QString MVThemeMgr::getCfgItemTypeStr(ECfgItemType k)
+{
+    switch (k) {
+    case eCfgItem_Filter:
+        return QStringLiteral("Filter");
+    case eCfgItem_Transition:
+        return QStringLiteral("Transition");
+    case eCfgItem_Motion:
+        return QStringLiteral("Motion");
+    case eCfgItem_Theme:
+        return QStringLiteral("Theme");
+    case eCfgItem_BgMaterial:
+        return QStringLiteral("BgMaterial");
+    case eCfgItem_Resource:
+        break;
+    }
+    return QStringLiteral("error");
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+/// Keeps downloads inside the download root, whatever names a catalogue holds. Internal to the
+/// library; hosts ask MVThemeMgr::isDownloadPath. Stateless, any thread.
+class PathGuard
+{
+public:
+    PathGuard() = delete;
+
+    /// True if creating, writing or deleting `path` can only touch what lies below `root`: the path
+    /// begins with the root, goes nowhere up ("..", with either slash), holds no NUL, and no part
+    /// of it below the root is a link. The root itself may be one. An empty root holds nothing.
+    static bool isInside(const QString& root, const QString& path);
+
+    /// Creates the folder with its parents if it is missing and lies inside the root. True if it
+    /// exists now.
+    static bool ensureDir(const QString& root, const QString& path);
+};

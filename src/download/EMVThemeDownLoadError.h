@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QMetaType>
+
+/// How the download of an item ended.
+enum EMVThemeDownLoadError : int {
+    /// The theme's config file could not be fetched: network failure (CurWrapper::result() 3).
+    eDownLoadError_Internet = 0,
+    /// The theme's config file has no address, or no local path inside the download root.
+    eDownLoadError_Path = 1,
+    /// At least one of the item's files could not be fetched; the others are in place.
+    eDownLoadError_Element = 2,
+    /// The theme's config file could not be fetched for any other reason.
+    eDownLoadError_Unknown = 3,
+    /// The download was cancelled.
+    eDownLoadError_Cancel = 4,
+    /// Everything is in place.
+    eDownLoadError_None = 5,
+};
+Q_DECLARE_METATYPE(EMVThemeDownLoadError)

@@ -1,0 +1,209 @@
+#include "download/MVThemeDownLoader.h"
+
+#include "catalogue/MVThemeMgr.h"
+#include "download/DownloadPacing.h"
+#include "download/FileRecord.h"
+#include "host/LogL.h"
+
+#include <QFile>
+#include <QMutexLocker>
+
+namespace {
+
+// The numbers of the cancellation points, as they stand in the log.
+constexpr int pointBeforeConfig = 179;
+constexpr int pointAfterConfig = 202;
+constexpr int pointSimulation = 208;
+constexpr int pointBeforeList = 218;
+
+constexpr int simulatedSteps = 10;
+constexpr double firstPhase = 10.0; // per cent
+constexpr int resultNetwork = 3;
+
+} // namespace
+
+MVThemeDownLoader::MVThemeDownLoader(QObject* parent)
+    : QThread(parent)
+{
+    qRegisterMetaType<EMVThemeDownLoadError>("EMVThemeDownLoadError");
+}
+
+MVThemeDownLoader::~MVThemeDownLoader()
+{
+    m_bWillCancel = true;
+    wait();
+}
+
+void MVThemeDownLoader::download(SCfg_Item* item)
+{
+    if (isRunning()) {
+        if (!m_bEnded)
+            return;
+        wait(); // the end signal is out, only the thread's last steps are left
+    }
+    m_bEnded = false;
+    m_pItem = item;
+    start();
+}
+
+void MVThemeDownLoader::cancel()
+{
+    m_bWillCancel = true;
+}
+
+QString MVThemeDownLoader::downloadedUrl() const
+{
+    const QMutexLocker lock(&m_mutexCurrent);
+    return m_strUrl;
+}
+
+QString MVThemeDownLoader::downloadedFile() const
+{
+    const QMutexLocker lock(&m_mutexCurrent);
+    return m_strFile;
+}
+
+void MVThemeDownLoader::setCurrent(const QString& url, const QString& file)
+{
+    const QMutexLocker lock(&m_mutexCurrent);
+    m_strUrl = url;
+    m_strFile = file;
+}
+
+void MVThemeDownLoader::run()
+{
+    LogL("MVThemeDownLoader", 1, "MVThemeDownLoader::run() start!");
+    emit progress(0.0);
+
+    const bool needsConfig = m_pItem->m_eType == eCfgItem_Theme
+        && !MVThemeMgr::init()->doItem_Info_CfgXML(*m_pItem);
+    if ((needsConfig ? fetchThemeConfig() : simulateFirstPhase()) == Step::Ended)
+        return;
+    if (endsAt(pointBeforeList))
+        return;
+    bool anyFailed = false;
+    if (fetchFiles(anyFailed) == Step::Ended)
+        return;
+    end(anyFailed ? eDownLoadError_Element : eDownLoadError_None);
+    LogL("MVThemeDownLoader", 1, "MVThemeDownLoader::run() end!");
+}
+
+MVThemeDownLoader::Step MVThemeDownLoader::end(EMVThemeDownLoadError result)
+{
+    m_bEnded = true;
+    emit sigDownloadFinish(result);
+    return Step::Ended;
+}
+
+bool MVThemeDownLoader::endsAt(int point)
+{
+    if (!m_bWillCancel)
+        return false;
+    LogL("MVThemeDownLoader", 1, "m_bWillCancel == true! will return![line = %d]", point);
+    m_CurWrapper.cancel();
+    end(eDownLoadError_Cancel);
+    return true;
+}
+
+bool MVThemeDownLoader::doProgress(double value)
+{
+    emit progress(value);
+    return !m_bWillCancel;
+}
+
+MVThemeDownLoader::Step MVThemeDownLoader::simulateFirstPhase()
+{
+    for (int k = 1; k <= simulatedSteps; ++k) {
+        if (endsAt(pointSimulation))
+            return Step::Ended;
+        emit progress(static_cast<double>(k) / simulatedSteps * firstPhase);
+        DownloadPacing::pause();
+    }
+    return Step::Continue;
+}
+
+/// A second download of the same theme waits here for the first one's config file.
+MVThemeDownLoader::Step MVThemeDownLoader::fetchThemeConfig()
+{
+    SFileInfo& info = m_pItem->m_info_CfgXML;
+    while (!FileRecord(info).take()) {
+        if (endsAt(pointBeforeConfig))
+            return Step::Ended;
+        DownloadPacing::pause();
+    }
+    const Step step = transferThemeConfig(info);
+    FileRecord(info).release();
+    if (step == Step::Ended || endsAt(pointAfterConfig))
+        return Step::Ended;
+    return Step::Continue;
+}
+
+MVThemeDownLoader::Step MVThemeDownLoader::transferThemeConfig(SFileInfo& info)
+{
+    const FileRecord record(info);
+    const QString url
+        = MVThemeMgr::init()->downLoadUrl(MVThemeMgr::eDirTag_Config, record.name());
+    const QString file = record.file();
+    setCurrent(url, file);
+    const QByteArray urlText = url.toUtf8();
+    const QByteArray fileText = file.toUtf8();
+    LogL("MVThemeDownLoader", 1,
+         "start download template(theme cfg xml), m_strUrl = %s, m_strFile = %s",
+         urlText.constData(), fileText.constData());
+    if (!ready(url, file))
+        return end(eDownLoadError_Path);
+    if (endsAt(pointBeforeConfig))
+        return Step::Ended;
+
+    if (!QFile::exists(file)) { // else another download has brought it meanwhile
+        m_CurWrapper.setDownloadProgressCallback(&downloadProgressCallback, this);
+        m_CurWrapper.download(url, file, false);
+        const int result = m_CurWrapper.result();
+        if (result != 0) {
+            LogL("MVThemeDownLoader", 1,
+                 "download template is error!(theme cfg xml),m_strUrl = %s, m_strFile = %s, "
+                 "m_CurWrapper.result() = %d",
+                 urlText.constData(), fileText.constData(), result);
+            QFile::remove(file);
+            return end(result == resultNetwork ? eDownLoadError_Internet
+                                               : eDownLoadError_Unknown);
+        }
+    }
+    LogL("MVThemeDownLoader", 1,
+         "download template is ok!(theme cfg xml), m_strUrl = %s, m_strFile = %s",
+         urlText.constData(), fileText.constData());
+
+    // Others may look at the item meanwhile: they see no config or the whole of it.
+    SThemes_a* parsed = nullptr;
+    MVThemeMgr::init()->read_resource_config_Themes_a(file, parsed);
+    if (parsed) {
+        const QMutexLocker lock(info.m_pMutex.get());
+        m_pItem->m_pThemes_a = parsed;
+    }
+    return Step::Continue;
+}
+
+/// Whether a file can be fetched from there to here. A path outside the download root counts as
+/// none.
+bool MVThemeDownLoader::ready(const QString& url, const QString& file) const
+{
+    if (url.isEmpty()) {
+        LogL("MVThemeDownLoader", 1, "download file, but url is empty.");
+        return false;
+    }
+    if (file.isEmpty() || !MVThemeMgr::init()->isDownloadPath(file)) {
+        LogL("MVThemeDownLoader", 1, "download file path is empty.");
+        return false;
+    }
+    return true;
+}
+
+bool MVThemeDownLoader::downloadProgressCallback(qint64 received, qint64 total, void* user)
+{
+    auto* const self = static_cast<MVThemeDownLoader*>(user);
+    if (!self)
+        return true;
+    if (total > 0)
+        self->doProgress(static_cast<double>(received) / static_cast<double>(total) * firstPhase);
+    return !self->m_bWillCancel;
+}

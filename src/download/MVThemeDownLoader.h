@@ -1,0 +1,107 @@
+#pragma once
+
+#include "download/EMVThemeDownLoadError.h"
+#include "host/CBasePtr.h"
+#include "host/CurWrapper.h"
+#include "records/MvResourceExport.h"
+
+#include <QMutex>
+#include <QString>
+#include <QThread>
+#include <QVector>
+
+#include <atomic>
+
+class CoreContext;
+struct SCfg_Item;
+struct SFileInfo;
+
+/// Fetches everything that one catalogue item needs before it can be used, on a thread of its own.
+///
+/// Create it, connect progress() and sigDownloadFinish() (both are emitted on the download thread,
+/// so receivers elsewhere get them queued), call download(), and receive exactly one
+/// sigDownloadFinish(). Then destroy it or download the next item. A downloader that was cancelled
+/// stays cancelled: take a new one.
+///
+/// The item and its file records belong to the catalogue (MVThemeMgr), which must neither be loaded
+/// nor cleared before the end. Downloads that need the same file share the work: the record's mutex
+/// decides who fetches it, the others wait. Nothing is written outside the download root.
+///
+/// The constructor, download(), cancel(), the accessors and the destructor are called on one
+/// thread, usually the GUI's.
+class MVRESOURCE_EXPORT MVThemeDownLoader : public QThread
+{
+    Q_OBJECT
+
+public:
+    explicit MVThemeDownLoader(QObject* parent);
+    /// Cancels and waits until the thread has returned, which it does within a second.
+    ~MVThemeDownLoader() override;
+
+    /// Starts fetching what `item` (not owned) lacks, and returns at once. Does nothing while a
+    /// download runs.
+    void download(SCfg_Item* item);
+
+    /// Asks the thread to stop; the end signal tells when it has.
+    void cancel();
+
+    /// Address and local path of the file being fetched now; empty before the first.
+    QString downloadedUrl() const;
+    QString downloadedFile() const;
+
+    /// A value of the caller's, null at first; never looked at here.
+    void setUserData(void* data) { m_pUserData = data; }
+    void* userData() const { return m_pUserData; }
+
+    /// Who learns of downloaded filter, transition and motion definitions, for all downloaders; may
+    /// be null. Any thread.
+    static void setCoreContextPtr(CBasePtr<CoreContext> context);
+
+signals:
+    /// Per cent, 0 to 100: up to 10 while the first phase runs, then in equal shares per file.
+    void progress(double);
+    /// Declared for hosts; never emitted here.
+    void queryOperator();
+    /// The one end of a download, whatever its outcome.
+    void sigDownloadFinish(EMVThemeDownLoadError);
+
+protected:
+    void run() override;
+    /// Emits progress(); false if the download is to stop.
+    bool doProgress(double value);
+
+private:
+    enum class Step { Continue, Ended };
+
+    Step fetchThemeConfig();
+    Step transferThemeConfig(SFileInfo& info);
+    Step simulateFirstPhase();
+    Step fetchFiles(bool& anyFailed);
+    Step waitForOther(SFileInfo& info);
+    bool fetchFile(SFileInfo& info);
+    bool transferFile(const QString& url, const QString& file);
+    void passOn(const QString& file) const;
+    bool ready(const QString& url, const QString& file) const;
+    bool endsAt(int point);
+    Step end(EMVThemeDownLoadError result);
+    void setCurrent(const QString& url, const QString& file);
+    double shareStart() const;
+    double share() const;
+
+    static bool downloadProgressCallback(qint64 received, qint64 total, void* user);
+    static bool downloadProgressCallback_a(qint64 received, qint64 total, void* user);
+    static bool downloadProgressCallback_a_downloading(SFileInfo* info, void* user);
+
+    SCfg_Item* m_pItem = nullptr;
+    std::atomic<bool> m_bWillCancel {false};
+    QString m_strUrl;
+    QString m_strFile;
+    void* m_pUserData = nullptr;
+    QVector<SFileInfo*> m_vecFiles;
+    int m_nIndex = -1;
+    CurWrapper m_CurWrapper;
+    static CBasePtr<CoreContext> m_pqdCoreContext;
+
+    mutable QMutex m_mutexCurrent; // guards m_strUrl and m_strFile
+    std::atomic<bool> m_bEnded {false}; // the end signal of this download has been sent
+};

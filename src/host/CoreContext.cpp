@@ -1,0 +1,3 @@
+#include "host/CoreContext.h"
+
+CoreContext::~CoreContext() = default;

@@ -1,0 +1,299 @@
+#include "host/CurWrapper.h"
+
+#include "host/HostSettings.h"
+#include "host/HttpTransfer.h"
+#include "host/PartFile.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+#include <QSet>
+#include <QUrl>
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int resultSuccess = 0;
+constexpr int resultBadUrl = 1;
+constexpr int resultLocalFile = 2;
+constexpr int resultNetwork = 3;
+constexpr int resultStatus = 4;
+constexpr int resultCancelled = 5;
+constexpr int resultTooLarge = 6;
+
+constexpr int highestRedirects = 5;
+constexpr std::chrono::milliseconds callbackPause(100);
+constexpr qint64 copyChunk = 256 * 1024;
+
+bool isHttp(const QUrl& url)
+{
+    return (url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https"))
+        && !url.host().isEmpty();
+}
+
+int resultOf(HttpTransfer::End end)
+{
+    switch (end) {
+    case HttpTransfer::End::Complete:
+        return resultSuccess;
+    case HttpTransfer::End::BadUrl:
+        return resultBadUrl;
+    case HttpTransfer::End::LocalFile:
+        return resultLocalFile;
+    case HttpTransfer::End::Redirect:
+    case HttpTransfer::End::Status:
+        return resultStatus;
+    case HttpTransfer::End::Cancelled:
+        return resultCancelled;
+    case HttpTransfer::End::TooLarge:
+        return resultTooLarge;
+    case HttpTransfer::End::Broken:
+    case HttpTransfer::End::StaleRange:
+    case HttpTransfer::End::Network:
+        break;
+    }
+    return resultNetwork;
+}
+
+} // namespace
+
+class CurWrapper::Private
+{
+public:
+    int download(const QString& url, const QString& file, bool resume);
+
+    ProgressCallback callback = nullptr;
+    void* user = nullptr;
+    int result = resultSuccess;
+    QString errorText;
+    std::atomic<bool> cancelled {false};
+    HttpTransfer transfer;
+
+private:
+    int fetch();
+    int fetchWithRetries();
+    HttpTransfer::End followRedirects();
+    bool openTarget(bool resume);
+    bool copyBeginning();
+    void rememberVersion();
+    bool beginAgain();
+    bool isTransient(HttpTransfer::End end) const;
+    int pauseBefore(int retry) const;
+    bool keepGoing(qint64 received, qint64 total);
+    int fail(int code, const QString& reason);
+
+    QUrl m_url;
+    QString m_target;
+    PartFile m_file;
+    HttpTransfer::Request m_request;
+    QString m_redirectError; // why a redirect must not be followed; empty if there was none
+    qint64 m_received = 0;
+    Clock::time_point m_nextCallback;
+    QSet<QString> m_sweptFolders; // looked through once for what a kill left
+};
+
+int CurWrapper::Private::download(const QString& url, const QString& file, bool resume)
+{
+    errorText.clear();
+    m_url = QUrl(url, QUrl::TolerantMode);
+    m_target = file;
+    m_request = HttpTransfer::Request();
+    m_redirectError.clear();
+    m_received = 0;
+    m_nextCallback = Clock::time_point();
+
+    if (!m_url.isValid() || !isHttp(m_url))
+        return fail(resultBadUrl, QStringLiteral("not an http or https address"));
+    if (!openTarget(resume))
+        return fail(resultLocalFile, m_file.errorText());
+    const int code = fetch();
+    m_file.discard();
+    return code;
+}
+
+bool CurWrapper::Private::openTarget(bool resume)
+{
+    const QString folder = QFileInfo(m_target).path();
+    if (!m_sweptFolders.contains(folder)) {
+        PartFile::removeLeftovers(folder);
+        m_sweptFolders.insert(folder);
+    }
+    return m_file.open(m_target) && (!resume || copyBeginning());
+}
+
+bool CurWrapper::Private::copyBeginning()
+{
+    QFile beginning(m_target);
+    if (!beginning.open(QIODevice::ReadOnly) || beginning.size() == 0)
+        return true;
+    for (QByteArray chunk = beginning.read(copyChunk); !chunk.isEmpty();
+         chunk = beginning.read(copyChunk)) {
+        if (!m_file.write(chunk.constData(), chunk.size()))
+            return false;
+    }
+    m_request.notAfter = QFileInfo(beginning).lastModified();
+    m_request.rangeStart = m_file.size();
+    return true;
+}
+
+int CurWrapper::Private::fetch()
+{
+    const int code = fetchWithRetries();
+    if (code != resultSuccess)
+        return code;
+    m_received = m_file.size();
+    if (callback && !callback(m_received, m_received, user))
+        return fail(resultCancelled, QStringLiteral("cancelled"));
+    if (!m_file.commit())
+        return fail(resultLocalFile, m_file.errorText());
+    return resultSuccess;
+}
+
+int CurWrapper::Private::fetchWithRetries()
+{
+    for (int retry = 0;;) {
+        const HttpTransfer::End end = followRedirects();
+        m_received = std::max(m_received, m_file.size());
+        if (end == HttpTransfer::End::Complete)
+            return resultSuccess;
+        if (!m_redirectError.isEmpty())
+            return fail(resultBadUrl, m_redirectError);
+        if (end == HttpTransfer::End::StaleRange) {
+            // Not a retry: the server is well, and a second answer cannot be stale again.
+            if (!beginAgain())
+                return fail(resultLocalFile, m_file.errorText());
+            continue;
+        }
+        if (!isTransient(end) || retry >= hostSettings().downloadRetries)
+            return fail(resultOf(end), transfer.reason());
+        rememberVersion();
+        if (!transfer.pause(pauseBefore(retry), [this] { return keepGoing(m_file.size(), 0); }))
+            return fail(resultCancelled, QStringLiteral("cancelled"));
+        if (m_request.rangeStart == 0 && !beginAgain())
+            return fail(resultLocalFile, m_file.errorText());
+        ++retry;
+    }
+}
+
+HttpTransfer::End CurWrapper::Private::followRedirects()
+{
+    QUrl url = m_url;
+    for (int redirects = 0;; ++redirects) {
+        m_request.url = url.toEncoded(QUrl::RemoveFragment);
+        const HttpTransfer::End end = transfer.perform(
+            m_request, m_file,
+            [this](qint64 received, qint64 total) { return keepGoing(received, total); });
+        if (end != HttpTransfer::End::Redirect)
+            return end;
+
+        const QUrl next = url.resolved(QUrl::fromEncoded(transfer.head().location));
+        if (redirects == highestRedirects)
+            m_redirectError = QStringLiteral("more than %1 redirects").arg(highestRedirects);
+        else if (!next.isValid() || !isHttp(next))
+            m_redirectError = QStringLiteral("redirected to %1, which is not an http or https address")
+                                  .arg(next.toDisplayString());
+        else if (url.scheme() == QLatin1String("https") && next.scheme() != url.scheme())
+            m_redirectError = QStringLiteral("redirected from https to http");
+        if (!m_redirectError.isEmpty())
+            return end;
+        url = next;
+    }
+}
+
+/// Notes by what the rest of a broken body can be asked for, if it can.
+void CurWrapper::Private::rememberVersion()
+{
+    const ResponseHead& head = transfer.head();
+    if (head.status != 200 && head.status != 206)
+        return; // not about the file; what was known of it still holds
+    const bool known = m_request.rangeStart > 0 && head.status == 206;
+    const QByteArray validator = head.validator();
+    if (!validator.isEmpty())
+        m_request.validator = validator;
+    else if (!known)
+        m_request.validator.clear();
+    const bool possible = !m_request.validator.isEmpty() && head.acceptRanges != "none";
+    m_request.rangeStart = possible ? m_file.size() : 0;
+    m_request.rangeTotal = transfer.announcedTotal() > 0 ? transfer.announcedTotal() : -1;
+}
+
+bool CurWrapper::Private::beginAgain()
+{
+    m_request = HttpTransfer::Request();
+    return m_file.restart();
+}
+
+bool CurWrapper::Private::isTransient(HttpTransfer::End end) const
+{
+    if (end == HttpTransfer::End::Broken)
+        return true;
+    const int status = transfer.head().status;
+    return end == HttpTransfer::End::Status && (status == 502 || status == 503 || status == 504);
+}
+
+int CurWrapper::Private::pauseBefore(int retry) const
+{
+    const HostSettings& settings = hostSettings();
+    const qint64 own = qint64{settings.retryPauseMs} << std::min(retry, 16);
+    const qint64 asked = qint64{transfer.head().retryAfterSeconds} * 1000;
+    return static_cast<int>(std::min<qint64>(std::max(own, asked), settings.retryPauseMaxMs));
+}
+
+bool CurWrapper::Private::keepGoing(qint64 received, qint64 total)
+{
+    if (cancelled)
+        return false;
+    const Clock::time_point now = Clock::now();
+    if (!callback || now < m_nextCallback)
+        return true;
+    m_nextCallback = now + callbackPause;
+    return callback(received, total, user);
+}
+
+int CurWrapper::Private::fail(int code, const QString& reason)
+{
+    errorText = QStringLiteral("%1: %2 (%3 bytes received; local file %4)")
+                    .arg(m_url.toDisplayString(), reason)
+                    .arg(m_received)
+                    .arg(m_target);
+    return code;
+}
+
+CurWrapper::CurWrapper()
+    : d(std::make_unique<Private>())
+{
+}
+
+CurWrapper::~CurWrapper() = default;
+
+void CurWrapper::setDownloadProgressCallback(ProgressCallback callback, void* user)
+{
+    d->callback = callback;
+    d->user = user;
+}
+
+void CurWrapper::download(const QString& url, const QString& file, bool resume)
+{
+    d->cancelled = false;
+    d->result = d->download(url, file, resume);
+}
+
+int CurWrapper::result() const
+{
+    return d->result;
+}
+
+QString CurWrapper::errorText() const
+{
+    return d->errorText;
+}
+
+void CurWrapper::cancel()
+{
+    d->cancelled = true;
+    d->transfer.wake();
+}

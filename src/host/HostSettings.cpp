@@ -1,0 +1,35 @@
+#include "host/HostSettings.h"
+
+#include "host/HostSettingsFile.h"
+#include "host/Immortal.h"
+
+#include <QStandardPaths>
+
+HostSettings::HostSettings()
+    : resourcesPath(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)
+                    + QStringLiteral("/resources"))
+    , dataLocation(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation))
+    , appDataPath(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation))
+    , testOutputDir(resourcesPath)
+    , currentSkin(QStringLiteral("Classical"))
+{
+}
+
+HostSettings& hostSettings()
+{
+    static Immortal<HostSettings> settings;
+    return *settings;
+}
+
+bool loadHostSettings(const QString& iniFile, QString* error)
+{
+    HostSettings loaded = hostSettings();
+    HostSettingsFile file(iniFile);
+    if (!file.readInto(loaded)) {
+        if (error)
+            *error = file.errorText();
+        return false;
+    }
+    hostSettings() = loaded;
+    return true;
+}

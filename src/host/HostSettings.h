@@ -1,0 +1,72 @@
+#pragma once
+
+#include "host/MvHostExport.h"
+
+#include <QMap>
+#include <QSet>
+#include <QString>
+
+/// Everything that the embedding application tells the platform.
+///
+/// One instance per process, see hostSettings(). Write it on the GUI thread before the catalogue
+/// (MVThemeMgr::init()) is created; from then on every thread reads it without a lock, so it must
+/// not change while a download or a check runs.
+///
+/// Folders are absolute, use forward slashes and carry no trailing slash.
+struct MVHOST_EXPORT HostSettings
+{
+    /// Folders from QStandardPaths, for the application name that QCoreApplication holds now.
+    HostSettings();
+
+    /// The application's installed resources; the built-in catalogue lies in its "Resource" folder.
+    QString resourcesPath;
+    /// The user's own data: favourites are kept here.
+    QString dataLocation;
+    /// The application's working data: checks fetch into a temporary folder below it.
+    QString appDataPath;
+    /// Holds "testskin/Simple.gif", the placeholder animation.
+    QString testOutputDir;
+    /// Name of the active skin: "Classical", "Elegance", "Simplicity" or "Calm"; others are allowed.
+    QString currentSkin;
+    /// Screen scale factor, above 0. Leave it at 1.0 where Qt itself scales the user interface.
+    double zoomDPI = 1.0;
+    /// Numbers 1 to 5 of the partner editions that this product is; empty is the standard edition.
+    QSet<int> partnerEditions;
+    /// Product parameters by key, for example "url_themeRootDir" or "hasMV".
+    QMap<QString, QString> productParams;
+
+    /// Milliseconds until a connection must stand (name look-up, TCP and TLS included).
+    int connectTimeoutMs = 15000;
+    /// Milliseconds for which a transfer may bring no byte.
+    int stallTimeoutMs = 30000;
+    /// Largest body that is accepted, in bytes.
+    qint64 maxDownloadBytes = Q_INT64_C(2) * 1024 * 1024 * 1024;
+    /// How often a transient failure is tried again; 0 turns it off.
+    int downloadRetries = 2;
+    /// Milliseconds before the first retry; each further pause is twice as long.
+    int retryPauseMs = 500;
+    /// Longest pause before a retry, also where the server asks for more (Retry-After).
+    int retryPauseMaxMs = 5000;
+    /// Proxy as libcurl takes it ("http://host:port"); empty: the environment decides.
+    QString proxy;
+    /// PEM file of certification authorities to trust instead of the system's; empty: the system's.
+    QString caFile;
+};
+
+/// The settings of this process; alive until the process is gone, after static destruction too.
+/// The first call fills in the defaults.
+MVHOST_EXPORT HostSettings& hostSettings();
+
+/// Reads an INI file (UTF-8) into hostSettings(); what the file does not name keeps its value.
+///
+///     [paths]    resources, data, appData, testOutput   (relative ones: relative to the file)
+///     [ui]       skin, zoomDPI
+///     [product]  editions                               (comma separated, 1 to 5)
+///     [params]   any key = value                        (the product parameters)
+///     [network]  connectTimeoutMs, stallTimeoutMs, maxDownloadBytes, downloadRetries,
+///                retryPauseMs, retryPauseMaxMs, proxy, caFile
+///
+/// Returns false, changes nothing and explains in `error` (may be null) when the file is missing,
+/// unreadable or malformed, names an unknown key, or holds a value out of its range.
+/// GUI thread only, as for writing the settings.
+MVHOST_EXPORT bool loadHostSettings(const QString& iniFile, QString* error);

@@ -1,0 +1,302 @@
+#include "host/HttpTransfer.h"
+
+#include "host/HostSettings.h"
+#include "host/PartFile.h"
+
+#include <algorithm>
+
+namespace {
+
+using namespace std::chrono;
+
+constexpr int tickMs = 100;
+constexpr long receiveBuffer = 128 * 1024;
+/// An error page up to this size is read past, so that its connection serves the next file too.
+constexpr qint64 longestDiscard = 64 * 1024;
+
+void initialiseLibrary()
+{
+    static const CURLcode once = curl_global_init(CURL_GLOBAL_DEFAULT);
+    Q_UNUSED(once)
+}
+
+QByteArray encoded(const QString& text)
+{
+    return text.toUtf8();
+}
+
+} // namespace
+
+HttpTransfer::HttpTransfer()
+{
+    initialiseLibrary();
+    m_multi.reset(curl_multi_init());
+    m_easy.reset(curl_easy_init());
+}
+
+HttpTransfer::~HttpTransfer() = default;
+
+HttpTransfer::End HttpTransfer::perform(const Request& request, PartFile& file,
+                                        const KeepGoing& keepGoing)
+{
+    m_request = request;
+    m_file = &file;
+    m_head = ResponseHead();
+    m_refused = false;
+    m_discarding = false;
+    m_discarded = 0;
+    m_reason.clear();
+    m_curlError[0] = '\0';
+    m_lastByte = Clock::now();
+
+    configure(request);
+    curl_multi_add_handle(m_multi.get(), m_easy.get());
+    const CURLcode code = transfer(keepGoing);
+    curl_multi_remove_handle(m_multi.get(), m_easy.get());
+    m_file = nullptr;
+    return judge(code, file);
+}
+
+void HttpTransfer::configure(const Request& request)
+{
+    const HostSettings& settings = hostSettings();
+    CURL* easy = m_easy.get();
+    curl_easy_reset(easy); // keeps the connections
+    curl_easy_setopt(easy, CURLOPT_URL, request.url.constData());
+    curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, "http,https");
+    curl_easy_setopt(easy, CURLOPT_HTTP_VERSION, long{CURL_HTTP_VERSION_1_1});
+    curl_easy_setopt(easy, CURLOPT_FOLLOWLOCATION, 0L);
+    curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
+    curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L); // a cancel does not wait for a name look-up
+    curl_easy_setopt(easy, CURLOPT_NOPROGRESS, 1L);
+    curl_easy_setopt(easy, CURLOPT_BUFFERSIZE, receiveBuffer);
+    curl_easy_setopt(easy, CURLOPT_USERAGENT, "mvresource");
+    curl_easy_setopt(easy, CURLOPT_ERRORBUFFER, m_curlError);
+    curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT_MS, long{settings.connectTimeoutMs});
+    curl_easy_setopt(easy, CURLOPT_HEADERFUNCTION, &HttpTransfer::onHeader);
+    curl_easy_setopt(easy, CURLOPT_HEADERDATA, this);
+    curl_easy_setopt(easy, CURLOPT_WRITEFUNCTION, &HttpTransfer::onBody);
+    curl_easy_setopt(easy, CURLOPT_WRITEDATA, this);
+    if (!settings.proxy.isEmpty())
+        curl_easy_setopt(easy, CURLOPT_PROXY, encoded(settings.proxy).constData());
+    if (!settings.caFile.isEmpty())
+        curl_easy_setopt(easy, CURLOPT_CAINFO, encoded(settings.caFile).constData());
+
+    curl_slist* fields = curl_slist_append(nullptr, "Accept-Encoding: identity");
+    if (request.rangeStart > 0) {
+        const QByteArray range = QByteArray::number(request.rangeStart) + '-';
+        curl_easy_setopt(easy, CURLOPT_RANGE, range.constData());
+        if (!request.validator.isEmpty())
+            fields = curl_slist_append(fields, "If-Range: " + request.validator);
+    }
+    m_fields.reset(fields);
+    curl_easy_setopt(easy, CURLOPT_HTTPHEADER, fields);
+}
+
+CURLcode HttpTransfer::transfer(const KeepGoing& keepGoing)
+{
+    const milliseconds stall(hostSettings().stallTimeoutMs);
+    const milliseconds connect(hostSettings().connectTimeoutMs);
+    for (;;) {
+        int running = 0;
+        curl_multi_perform(m_multi.get(), &running);
+        if (running == 0)
+            break;
+        if (!keepGoing(m_file->size(), announcedTotal())) {
+            refuse(End::Cancelled, QStringLiteral("cancelled"));
+            return CURLE_ABORTED_BY_CALLBACK;
+        }
+        // Until it stands, a connection has a limit of its own, which libcurl watches.
+        curl_off_t connected = 0;
+        curl_easy_getinfo(m_easy.get(), CURLINFO_PRETRANSFER_TIME_T, &connected);
+        if (Clock::now() - m_lastByte > (connected > 0 ? stall : stall + connect)) {
+            refuse(End::Network,
+                   QStringLiteral("no byte came for %1 ms").arg(stall.count()));
+            return CURLE_OPERATION_TIMEDOUT;
+        }
+        curl_multi_poll(m_multi.get(), nullptr, 0, tickMs, nullptr);
+    }
+    int left = 0;
+    while (const CURLMsg* message = curl_multi_info_read(m_multi.get(), &left)) {
+        if (message->msg == CURLMSG_DONE)
+            return message->data.result;
+    }
+    return CURLE_FAILED_INIT;
+}
+
+HttpTransfer::End HttpTransfer::judge(CURLcode code, const PartFile& file)
+{
+    if (m_refused)
+        return m_end;
+    if (code == CURLE_OK) {
+        const qint64 total = announcedTotal();
+        if (m_head.rangeTotal < 0 || file.size() == total)
+            return End::Complete;
+    }
+    m_reason = QString::fromUtf8(m_curlError[0] ? m_curlError : curl_easy_strerror(code));
+    switch (code) {
+    case CURLE_OK:
+        m_reason = QStringLiteral("the part that came is not the rest of the file");
+        return End::Broken;
+    case CURLE_URL_MALFORMAT:
+    case CURLE_UNSUPPORTED_PROTOCOL:
+        return End::BadUrl;
+    case CURLE_PARTIAL_FILE:
+    case CURLE_RECV_ERROR:
+    case CURLE_SEND_ERROR:
+    case CURLE_GOT_NOTHING:
+        return End::Broken;
+    default:
+        return End::Network;
+    }
+}
+
+bool HttpTransfer::refuse(End end, const QString& reason)
+{
+    if (!m_refused) {
+        m_refused = true;
+        m_end = end;
+        m_reason = reason;
+    }
+    return false;
+}
+
+std::size_t HttpTransfer::takeHeader(const char* data, std::size_t length)
+{
+    m_lastByte = Clock::now();
+    const QByteArray line(data, static_cast<int>(length));
+    m_head.addLine(line);
+    const bool last = line == "\r\n" || line == "\n";
+    if (last && m_head.status >= 200 && !m_refused && !headerEnded() && !m_discarding)
+        return 0; // ends the request
+    return length;
+}
+
+bool HttpTransfer::headerEnded()
+{
+    return acceptStatus() && acceptRange() && acceptSize();
+}
+
+bool HttpTransfer::acceptStatus()
+{
+    const bool asked = m_request.rangeStart > 0;
+    if (m_head.status == 200 || (m_head.status == 206 && asked)) {
+        if (!m_head.contentEncoding.isEmpty() || m_head.strangeTransferCoding) {
+            return refuse(End::Status,
+                          QStringLiteral("the server encoded the file, which nobody asked for"));
+        }
+        if (m_head.contentLength < 0 && !m_head.chunked) {
+            return refuse(End::Network,
+                          QStringLiteral("the server announces neither a length nor chunks, so a "
+                                         "whole file cannot be told from a broken one"));
+        }
+        return true;
+    }
+    m_discarding = true;
+    if (m_head.status == 416 && asked)
+        return refuse(End::StaleRange, QStringLiteral("the server no longer has that part"));
+    if (m_head.isRedirect() && !m_head.location.isEmpty())
+        return refuse(End::Redirect, QStringLiteral("redirected"));
+    return refuse(End::Status, QStringLiteral("HTTP status %1").arg(m_head.status));
+}
+
+bool HttpTransfer::acceptRange()
+{
+    if (m_request.rangeStart == 0)
+        return true;
+    if (m_head.status == 200) // another version, or a server without ranges: from the beginning
+        return m_file->restart() || refuse(End::LocalFile, m_file->errorText());
+
+    if (isSameVersion())
+        return true;
+    return refuse(End::StaleRange, QStringLiteral("the server sent a part of another version"));
+}
+
+/// A 206 repeats the entity tag; the date it may leave out when it was asked for with If-Range.
+bool HttpTransfer::isSameVersion() const
+{
+    if (m_head.rangeStart != m_request.rangeStart)
+        return false;
+    const bool sizesKnown = m_request.rangeTotal >= 0 && m_head.rangeTotal >= 0;
+    if (sizesKnown && m_head.rangeTotal != m_request.rangeTotal)
+        return false;
+    if (m_request.validator.startsWith('"'))
+        return m_head.etag == m_request.validator;
+    if (!m_request.validator.isEmpty())
+        return m_head.lastModified.isEmpty() || m_head.lastModified == m_request.validator;
+    const QDateTime modified
+        = QDateTime::fromString(QString::fromLatin1(m_head.lastModified), Qt::RFC2822Date);
+    return modified.isValid() && modified <= m_request.notAfter;
+}
+
+bool HttpTransfer::acceptSize()
+{
+    const qint64 allowed = hostSettings().maxDownloadBytes;
+    if (announcedTotal() <= allowed)
+        return true;
+    return refuse(End::TooLarge,
+                  QStringLiteral("%1 bytes are announced, %2 are allowed")
+                      .arg(announcedTotal())
+                      .arg(allowed));
+}
+
+std::size_t HttpTransfer::takeBody(const char* data, std::size_t length)
+{
+    m_lastByte = Clock::now();
+    const qint64 count = static_cast<qint64>(length);
+    if (m_discarding) {
+        m_discarded += count;
+        return m_discarded > longestDiscard ? 0 : length;
+    }
+    const qint64 allowed = hostSettings().maxDownloadBytes;
+    if (m_file->size() + count > allowed) {
+        refuse(End::TooLarge, QStringLiteral("more than the %1 bytes allowed came").arg(allowed));
+        return 0;
+    }
+    if (!m_file->write(data, count)) {
+        refuse(End::LocalFile, m_file->errorText());
+        return 0;
+    }
+    return length;
+}
+
+qint64 HttpTransfer::announcedTotal() const
+{
+    if (m_discarding || m_head.status < 200)
+        return 0;
+    if (m_head.rangeTotal >= 0)
+        return m_head.rangeTotal;
+    if (m_head.contentLength < 0)
+        return 0;
+    return m_head.status == 206 ? m_request.rangeStart + m_head.contentLength
+                                : m_head.contentLength;
+}
+
+bool HttpTransfer::pause(int milliseconds, const std::function<bool()>& keepGoing)
+{
+    const Clock::time_point end = Clock::now() + std::chrono::milliseconds(milliseconds);
+    for (;;) {
+        if (!keepGoing())
+            return false;
+        const auto left = duration_cast<std::chrono::milliseconds>(end - Clock::now()).count();
+        if (left <= 0)
+            return true;
+        curl_multi_poll(m_multi.get(), nullptr, 0,
+                        static_cast<int>(std::min<decltype(left)>(left, tickMs)), nullptr);
+    }
+}
+
+void HttpTransfer::wake()
+{
+    curl_multi_wakeup(m_multi.get());
+}
+
+std::size_t HttpTransfer::onHeader(char* data, std::size_t size, std::size_t count, void* self)
+{
+    return static_cast<HttpTransfer*>(self)->takeHeader(data, size * count);
+}
+
+std::size_t HttpTransfer::onBody(char* data, std::size_t size, std::size_t count, void* self)
+{
+    return static_cast<HttpTransfer*>(self)->takeBody(data, size * count);
+}

@@ -1,0 +1,128 @@
+#include "host/PartFile.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QRandomGenerator>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+#include <sys/file.h>
+#include <sys/stat.h>
+
+namespace {
+
+constexpr int createAttempts = 16;
+
+QString partName()
+{
+    return QStringLiteral(".mv-%1.part")
+        .arg(QRandomGenerator::global()->generate64(), 16, 16, QLatin1Char('0'));
+}
+
+bool lockWithoutWaiting(const QFile& file)
+{
+    return ::flock(file.handle(), LOCK_EX | LOCK_NB) == 0;
+}
+
+/// False once somebody has removed the name of the open file.
+bool stillHasName(const QFile& file)
+{
+    struct stat status = {};
+    return ::fstat(file.handle(), &status) == 0 && status.st_nlink > 0;
+}
+
+} // namespace
+
+PartFile::~PartFile()
+{
+    discard();
+}
+
+bool PartFile::open(const QString& target)
+{
+    discard();
+    m_target = target;
+    m_size = 0;
+    m_error.clear();
+    const QFileInfo info(target);
+    if (info.fileName().isEmpty() || info.isDir())
+        return fail(QStringLiteral("is a folder, not a file name"));
+    if (!info.absoluteDir().exists())
+        return fail(QStringLiteral("its folder does not exist"));
+    return createLocked();
+}
+
+bool PartFile::createLocked()
+{
+    const QString folder = QFileInfo(m_target).path();
+    for (int attempt = 0; attempt < createAttempts; ++attempt) {
+        m_file.setFileName(folder + QLatin1Char('/') + partName());
+        if (!m_file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
+            if (!QFile::exists(m_file.fileName()))
+                return fail(m_file.errorString());
+            continue;
+        }
+        // Between creation and lock a sweep may have taken the file for a leftover.
+        if (lockWithoutWaiting(m_file) && stillHasName(m_file))
+            return true;
+        m_file.close();
+    }
+    return fail(QStringLiteral("no temporary file could be created beside it"));
+}
+
+bool PartFile::write(const char* data, qint64 length)
+{
+    if (m_file.write(data, length) != length)
+        return fail(m_file.errorString());
+    m_size += length;
+    return true;
+}
+
+bool PartFile::restart()
+{
+    if (!m_file.resize(0) || !m_file.seek(0))
+        return fail(m_file.errorString());
+    m_size = 0;
+    return true;
+}
+
+bool PartFile::commit()
+{
+    if (!m_file.flush())
+        return fail(m_file.errorString());
+    const QByteArray from = QFile::encodeName(m_file.fileName());
+    const QByteArray to = QFile::encodeName(m_target);
+    // The POSIX rename replaces the target in one step; QFile::rename refuses to.
+    if (std::rename(from.constData(), to.constData()) != 0)
+        return fail(QString::fromLocal8Bit(std::strerror(errno)));
+    m_file.close();
+    return true;
+}
+
+void PartFile::discard()
+{
+    if (!m_file.isOpen())
+        return;
+    m_file.remove();
+    m_file.close();
+}
+
+bool PartFile::fail(const QString& reason)
+{
+    m_error = QStringLiteral("%1: %2").arg(m_target, reason);
+    discard();
+    return false;
+}
+
+void PartFile::removeLeftovers(const QString& folder)
+{
+    const QStringList names = QDir(folder).entryList({QStringLiteral(".mv-*.part")},
+                                                     QDir::Files | QDir::Hidden | QDir::NoSymLinks);
+    for (const QString& name : names) {
+        QFile leftover(folder + QLatin1Char('/') + name);
+        if (leftover.open(QIODevice::ReadOnly) && lockWithoutWaiting(leftover))
+            leftover.remove();
+    }
+}

@@ -1,0 +1,14 @@
+#include "host/TzProductInfo.h"
+
+#include "host/HostSettings.h"
+
+TzProductInfo* TzProductInfo::instance()
+{
+    static TzProductInfo info;
+    return &info;
+}
+
+QString TzProductInfo::extendParam(const QString& key, const QString& defaultValue) const
+{
+    return hostSettings().productParams.value(key, defaultValue);
+}

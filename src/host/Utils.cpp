@@ -1,0 +1,93 @@
+#include "host/Utils.h"
+
+#include "host/HostSettings.h"
+#include "host/PartFile.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+constexpr int copyChunk = 256 * 1024;
+
+} // namespace
+
+QString Utils::getMD5(const QString& file)
+{
+    QFile source(file);
+    if (!source.open(QIODevice::ReadOnly))
+        return QString();
+    QCryptographicHash hash(QCryptographicHash::Md5);
+    if (!hash.addData(&source))
+        return QString();
+    return QString::fromLatin1(hash.result().toHex());
+}
+
+bool Utils::copyFile(const QString& sourceFile, const QDir& targetDir, const QString& fileName)
+{
+    return copyFileToPath(sourceFile, targetDir.absoluteFilePath(fileName), true);
+}
+
+bool Utils::copyFileToPath(const QString& from, const QString& to, bool overwrite)
+{
+    if (!overwrite && QFile::exists(to))
+        return false;
+    QFile source(from);
+    if (!source.open(QIODevice::ReadOnly))
+        return false;
+    PartFile target;
+    if (!target.open(to))
+        return false;
+    QByteArray chunk(copyChunk, Qt::Uninitialized);
+    for (;;) {
+        const qint64 length = source.read(chunk.data(), chunk.size());
+        if (length < 0 || (length > 0 && !target.write(chunk.constData(), length)))
+            return false;
+        if (length == 0)
+            return target.commit();
+    }
+}
+
+bool Utils::copyDirectoryFiles(const QString& from, const QString& to, bool overwrite)
+{
+    const QDir source(from);
+    if (!source.exists() || !QDir().mkpath(to))
+        return false;
+    const QString inside = source.canonicalPath() + QLatin1Char('/');
+    if ((QDir(to).canonicalPath() + QLatin1Char('/')).startsWith(inside))
+        return false;
+
+    bool allCopied = true;
+    const QFileInfoList entries = source.entryInfoList(
+        QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot | QDir::NoSymLinks);
+    for (const QFileInfo& entry : entries) {
+        const QString target = to + QLatin1Char('/') + entry.fileName();
+        if (entry.isDir())
+            allCopied = copyDirectoryFiles(entry.filePath(), target, overwrite) && allCopied;
+        else if (overwrite || !QFile::exists(target))
+            allCopied = copyFileToPath(entry.filePath(), target, true) && allCopied;
+    }
+    return allCopied;
+}
+
+bool Utils::rmDir(const QString& path, bool recursive)
+{
+    if (path.isEmpty() || QDir(path).isRoot())
+        return false;
+    // QDir would remove what a link points to; a trailing slash hides that it is one.
+    const QFileInfo info(QDir::cleanPath(path));
+    if (info.isSymLink())
+        return QFile::remove(info.filePath());
+    if (!info.exists())
+        return true;
+    if (!info.isDir())
+        return false;
+    return recursive ? QDir(path).removeRecursively() : QDir().rmdir(path);
+}
+
+QString Utils::strDataLocation()
+{
+    return hostSettings().dataLocation;
+}

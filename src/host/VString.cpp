@@ -1,0 +1,13 @@
+#include "host/VString.h"
+
+#include <QDir>
+
+VString::VString(const QString& text)
+    : m_text(text)
+{
+}
+
+std::wstring VString::toPath() const
+{
+    return QDir::toNativeSeparators(m_text).toStdWString();
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "host/MvHostExport.h"
+
+#include <QString>
+
+#include <string>
+
+/// A text in the form that the host's editing core takes. A value; any thread.
+class MVHOST_EXPORT VString
+{
+public:
+    VString() = default;
+    explicit VString(const QString& text);
+
+    /// The text as a wide string with the platform's own directory separators.
+    std::wstring toPath() const;
+
+private:
+    QString m_text;
+};

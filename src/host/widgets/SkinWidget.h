@@ -1,0 +1,45 @@
+#pragma once
+
+#include "host/widgets/MvHostUiExport.h"
+
+#include <QRect>
+#include <QSize>
+#include <QWidget>
+
+/// The metrics that a skin gives to the cells of resource lists. Never shown: it is a widget so
+/// that the application's style sheet can set them, for example
+///
+///     SkinWidget { qproperty-themeItemSize: 160px 120px; qproperty-themeItemPadding: rect(4, 6, 4, 6); }
+///
+/// Paddings travel in a rectangle whose x, y, width and height are top, right, bottom and left.
+/// What no style sheet and no setter has set is QSize(-1, -1) and a null QRect. GUI thread only.
+class MVHOSTUI_EXPORT SkinWidget : public QWidget
+{
+    Q_OBJECT
+    Q_PROPERTY(QSize themeItemSize READ themeItemSize WRITE setThemeItemSize)
+    Q_PROPERTY(QRect themeItemPadding READ themeItemPadding WRITE setThemeItemPadding)
+    Q_PROPERTY(QSize filterItemSize READ filterItemSize WRITE setFilterItemSize)
+    Q_PROPERTY(QRect filterItemPadding READ filterItemPadding WRITE setFilterItemPadding)
+
+public:
+    /// The widget of this application, with the present style sheet applied. Created on the first
+    /// call, which needs a QApplication, and destroyed with that; do not keep the pointer longer.
+    static SkinWidget* instance();
+
+    QSize themeItemSize() const { return m_themeItemSize; }
+    void setThemeItemSize(const QSize& size) { m_themeItemSize = size; }
+    QRect themeItemPadding() const { return m_themeItemPadding; }
+    void setThemeItemPadding(const QRect& padding) { m_themeItemPadding = padding; }
+    QSize filterItemSize() const { return m_filterItemSize; }
+    void setFilterItemSize(const QSize& size) { m_filterItemSize = size; }
+    QRect filterItemPadding() const { return m_filterItemPadding; }
+    void setFilterItemPadding(const QRect& padding) { m_filterItemPadding = padding; }
+
+private:
+    SkinWidget() = default;
+
+    QSize m_themeItemSize {-1, -1};
+    QRect m_themeItemPadding;
+    QSize m_filterItemSize {-1, -1};
+    QRect m_filterItemPadding;
+};

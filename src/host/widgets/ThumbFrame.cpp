@@ -1,0 +1,62 @@
+#include "host/widgets/ThumbFrame.h"
+
+#include <QImageReader>
+#include <QPainter>
+
+ThumbFrame::ThumbFrame(QWidget* parent)
+    : QFrame(parent)
+{
+}
+
+void ThumbFrame::setImagePath(const QString& path)
+{
+    if (path == m_path)
+        return;
+    m_path = path;
+    setIsEmpty(true);
+}
+
+void ThumbFrame::setIsEmpty(bool empty)
+{
+    if (!empty)
+        return;
+    m_pixmap = QPixmap();
+    m_decodedFor = QSize();
+    update();
+}
+
+void ThumbFrame::paintEvent(QPaintEvent* event)
+{
+    QFrame::paintEvent(event);
+    const QRect area = contentsRect();
+    const qreal ratio = devicePixelRatioF();
+    const QSize pixels = (QSizeF(area.size()) * ratio).toSize();
+    if (m_path.isEmpty() || pixels.isEmpty())
+        return;
+    if (pixels != m_decodedFor || !qFuzzyCompare(ratio, m_decodedRatio))
+        decode(pixels, ratio);
+    if (m_pixmap.isNull())
+        return;
+    const QSizeF size = QSizeF(m_pixmap.size()) / ratio;
+    const QPointF topLeft(area.x() + (area.width() - size.width()) / 2,
+                          area.y() + (area.height() - size.height()) / 2);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawPixmap(topLeft, m_pixmap);
+}
+
+void ThumbFrame::decode(const QSize& pixels, qreal ratio)
+{
+    m_decodedFor = pixels;
+    m_decodedRatio = ratio;
+    QImageReader reader(m_path);
+    reader.setAutoTransform(true);
+    const QImage image = reader.read();
+    if (image.isNull()) {
+        m_pixmap = QPixmap();
+        return;
+    }
+    m_pixmap = QPixmap::fromImage(
+        image.scaled(pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    m_pixmap.setDevicePixelRatio(ratio);
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "host/widgets/MvHostUiExport.h"
+
+#include <QFrame>
+#include <QPixmap>
+#include <QString>
+
+/// A frame that paints an image file, scaled smoothly into its contents with its aspect kept.
+///
+/// The file is decoded when the frame is first painted, and once per size and screen scale after
+/// that: a hidden frame costs nothing, a repaint reads no file. An image that cannot be decoded
+/// leaves the frame empty and is not tried again at the same size. GUI thread only.
+class MVHOSTUI_EXPORT ThumbFrame : public QFrame
+{
+    Q_OBJECT
+
+public:
+    explicit ThumbFrame(QWidget* parent = nullptr);
+
+    /// The image file to show; the same path again changes nothing, see setIsEmpty().
+    void setImagePath(const QString& path);
+    QString imagePath() const { return m_path; }
+
+    /// True drops the decoded image; the next paint reads the file again, which ends the state.
+    /// Use it when the file behind the path has changed. False does nothing.
+    void setIsEmpty(bool empty);
+    /// Whether there is no decoded image at present.
+    bool isEmpty() const { return m_pixmap.isNull(); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void decode(const QSize& pixels, qreal ratio);
+
+    QString m_path;
+    QPixmap m_pixmap;
+    QSize m_decodedFor; // device pixels that were available; invalid: not tried yet
+    qreal m_decodedRatio = 0.0;
+};

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "host/widgets/MvHostUiExport.h"
+
+/// Helpers for user interfaces. Stateless; GUI thread.
+class MVHOSTUI_EXPORT UIHelper
+{
+public:
+    UIHelper() = delete;
+
+    /// A font's point size for the screen: `pointSize` times HostSettings::zoomDPI. The result is
+    /// not rounded.
+    static float changFontSize(int pointSize);
+};

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "records/ECfgItemType.h"
+#include "records/MvResourceExport.h"
+
+#include <QMutex>
+#include <QString>
+
+#include <memory>
+
+class QDebug;
+
+/// One file that a catalogue item needs, with the state of its download.
+///
+/// Every record is created with a mutex, and copies share it. The mutex guards all fields of the
+/// record once more than one thread can reach it: the resolvers of MVThemeMgr, the download threads
+/// and copying take it, so whoever reads or writes a field besides them takes it too
+/// (`QMutexLocker lock(info.m_pMutex.get())`). A record without a mutex (null) is not locked: it
+/// must stay on one thread. The record must not be copied while its mutex is held by the copier.
+struct MVRESOURCE_EXPORT SFileInfo
+{
+    SFileInfo();
+    SFileInfo(const SFileInfo& other);
+    SFileInfo& operator=(const SFileInfo& other);
+    SFileInfo(SFileInfo&& other) noexcept = default;
+    SFileInfo& operator=(SFileInfo&& other) noexcept = default;
+    ~SFileInfo() = default;
+
+    /// The kind of the folder that the file belongs to: the item's kind; eCfgItem_Theme for every
+    /// GIF preview; eCfgItem_Resource for a resource file that has not been resolved yet.
+    ECfgItemType m_eType = eCfgItem_Resource;
+    /// True: the display half (thumbnail, GIF), addressed by MVThemeMgr::downLoadUrl_Thumb.
+    /// False: the config half, addressed by MVThemeMgr::downLoadUrl.
+    bool m_bThumbDir = false;
+    /// Name of the file as the catalogue gives it; relative to the server root.
+    QString m_qsUrl;
+    /// Absolute local path where the file is or will be; empty until resolved, and when there is
+    /// nothing to fetch.
+    QString m_qsFile;
+    /// A download thread has taken this file and has not finished it.
+    bool m_bDownloaded = false;
+    /// Bytes received by the download in progress.
+    qint64 m_nReceived = 0;
+    /// Bytes that the download in progress will bring; 0 while that is not known.
+    qint64 m_nTotal = 0;
+    /// Guards the fields above; not recursive. Shared with all copies.
+    std::shared_ptr<QMutex> m_pMutex;
+};
+
+/// Prints the record for log output and test failures.
+MVRESOURCE_EXPORT QDebug operator<<(QDebug debug, const SFileInfo& info);
+
+Q_DECLARE_TYPEINFO(SFileInfo, Q_MOVABLE_TYPE);

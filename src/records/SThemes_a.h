@@ -1,0 +1,43 @@
+#pragma once
+
+#include "records/EDependType.h"
+#include "records/MvResourceExport.h"
+
+#include <QMap>
+#include <QString>
+#include <QVector>
+
+#include <array>
+
+class QDebug;
+struct SCfg_Item;
+
+/// The parsed config file of one theme: what each of its elements is made of.
+///
+/// Read by MVThemeMgr::read_resource_config_Themes_a and never changed afterwards, so every thread
+/// may read it. The catalogue owns it; it is gone after the next load(true) or clear().
+struct MVRESOURCE_EXPORT SThemes_a
+{
+    /// One dependency slot.
+    struct SDependInfo
+    {
+        /// GUID of the catalogue item used; empty when the slot is absent.
+        QString m_qsGUID;
+        /// That item in the config catalogue, which owns it; null when absent or not found.
+        SCfg_Item* m_pItem = nullptr;
+        /// All attributes of the slot's "GUID" element, for the editor that applies the theme.
+        QMap<QString, QString> m_mapAttr;
+    };
+    /// One slot per EDependType.
+    using SDependArray = std::array<SDependInfo, 5>;
+
+    QString m_qsGUID;
+    QString m_qsName;
+    QVector<SDependArray> m_vecItems;
+    SDependArray m_aStart; ///< opening element; only the text slot is filled
+    SDependArray m_aEnd; ///< closing element; only the text slot is filled
+    SDependArray m_aMask; ///< mask; only the filter slot is filled
+};
+
+/// Prints the theme's GUIDs for log output and test failures.
+MVRESOURCE_EXPORT QDebug operator<<(QDebug debug, const SThemes_a& theme);
