@@ -67,8 +67,8 @@ void MVThemeMgr::load(bool bReload)
     readFilterCollect();
     read_resource_config_xml();
     read_resource_display_xml();
-    const QString hasMV
-        = TzProductInfo::instance()->extendParam(QStringLiteral("hasMV"), QString());
+    const QString hasMV =
+        TzProductInfo::instance()->extendParam(QStringLiteral("hasMV"), QString());
     if (hasMV.toInt() != 0)
         parseThemes();
     m_bLoaded = true;
@@ -100,9 +100,8 @@ void MVThemeMgr::clearVectors()
 
 SCfg_Item* MVThemeMgr::findItemByID(const QVector<SCfg_Item>& vec, QString id)
 {
-    const auto found = std::find_if(vec.cbegin(), vec.cend(), [&id](const SCfg_Item& item) {
-        return item.m_qsGUID == id;
-    });
+    const auto found = std::find_if(vec.cbegin(), vec.cend(),
+                                    [&id](const SCfg_Item& item) { return item.m_qsGUID == id; });
     // The vectors are const here only so that looking does not move their items.
     return found == vec.cend() ? nullptr : const_cast<SCfg_Item*>(&*found);
 }
@@ -127,7 +126,7 @@ bool MVThemeMgr::isEditFilter(QVector<SCfg_Item>& vec, QString id)
 MVThemeMgr::ELoadDir MVThemeMgr::isLocal_Theme(const SCfg_Item& item)
 {
     return item.m_info_CfgXML.m_qsUrl.startsWith(QLatin1Char('/')) ? eLoadDir_Download
-                                                                    : eLoadDir_Local;
+                                                                   : eLoadDir_Local;
 }
 
 void MVThemeMgr::getNeedDownLoadFiles(SCfg_Item* item, QVector<SFileInfo*>& out)

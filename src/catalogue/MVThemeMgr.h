@@ -45,13 +45,13 @@ class MVRESOURCE_EXPORT MVThemeMgr : public QObject
 public:
     /// The two trees in which a file of an item can lie.
     enum ELoadDir : int {
-        eLoadDir_Local = 0, ///< the application's installed resources
+        eLoadDir_Local = 0,    ///< the application's installed resources
         eLoadDir_Download = 1, ///< the download root
     };
 
     /// The two halves of a tree.
     enum EDirTag : int {
-        eDirTag_Config = 0, ///< config files and resources
+        eDirTag_Config = 0,  ///< config files and resources
         eDirTag_Display = 1, ///< thumbnails and animated previews
     };
 
@@ -162,8 +162,8 @@ public:
     /// Appends the shown items of a flat category to `displayItems`: copies of those in `cfgItems`,
     /// which learn whether they are texts. Items without previews on disk only with `keepAll`.
     void read_resource_display_xml_a(const QDomElement& root, ECfgItemType type, QString tagName,
-                                     QVector<SCfg_Item>& cfgItems,
-                                     QVector<SCfg_Item>& displayItems, bool keepAll);
+                                     QVector<SCfg_Item>& cfgItems, QVector<SCfg_Item>& displayItems,
+                                     bool keepAll);
     /// The same for the grouped category of the themes.
     void read_resource_display_xml_a_theme(const QDomElement& root, ECfgItemType type,
                                            QString tagName, QVector<SCfg_Item>& cfgItems,

@@ -20,8 +20,8 @@ bool parse(const QByteArray& bytes, QDomDocument& doc)
 bool MVThemeMgr::checkXml(const QString& path, QDomDocument& doc)
 {
     QFile file(path);
-    const bool readable = !path.isEmpty()
-        && file.open(QIODevice::ReadOnly) && file.size() <= XmlGuard::longestDocument;
+    const bool readable = !path.isEmpty() && file.open(QIODevice::ReadOnly)
+        && file.size() <= XmlGuard::longestDocument;
     const bool ok = readable && parse(file.readAll(), doc);
     LogL("MVThemeMgr", 1, "checkXml [%s] is [%d]!", path.toUtf8().constData(), ok ? 1 : 0);
     return ok;

@@ -72,8 +72,8 @@ void MVThemeMgr::read_resource_display_xml()
                                       m_sCfgXML.vecTheme, m_sDisplayXML.vecTheme, false);
     readFlat(eCfgItem_BgMaterial, m_sCfgXML.vecBgMaterial, m_sDisplayXML.vecBgMaterial);
 
-    const QString fewer = TzProductInfo::instance()->extendParam(
-        QStringLiteral("disableDownloadFiter"), QString());
+    const QString fewer =
+        TzProductInfo::instance()->extendParam(QStringLiteral("disableDownloadFiter"), QString());
     if (fewer == QLatin1String("1") && m_sDisplayXML.vecFilter.size() > fewFilters)
         m_sDisplayXML.vecFilter.resize(fewFilters);
 }
@@ -94,7 +94,8 @@ void MVThemeMgr::read_resource_display_xml_a(const QDomElement& root, ECfgItemTy
             const bool isText = childText(element, QStringLiteral("IsText")).toInt() != 0;
             cfgItems[found].m_bIsText = isText;
             item = cfgItems.at(found);
-        } else if (guid != noneEntryGuid || (type != eCfgItem_Filter && type != eCfgItem_BgMaterial)) {
+        } else if (guid != noneEntryGuid
+                   || (type != eCfgItem_Filter && type != eCfgItem_BgMaterial)) {
             continue;
         }
         readPresentation(element, guid, type, item);

@@ -199,8 +199,8 @@ int MVThemeMgr::Themetype(QString key)
         const char* name;
         int code;
     };
-    static const ThemeKey keys[]
-        = {{"festivals", 2}, {"travel", 3}, {"banquets", 4}, {"others", 0}};
+    static const ThemeKey keys[] = {
+        {"festivals", 2}, {"travel", 3}, {"banquets", 4}, {"others", 0}};
     for (const ThemeKey& known : keys) {
         if (key == QLatin1String(known.name))
             return known.code;

@@ -77,8 +77,8 @@ bool MVThemeMgr::resolve(SFileInfo& info, ECfgItemType k, EDirTag t, const QStri
 {
     const QString url = urlOf(info);
     const bool absolute = absoluteNames && url.startsWith(QLatin1Char('/'));
-    const QString decoded
-        = absolute ? QString::fromUtf8(QByteArray::fromPercentEncoding(url.toUtf8())) : QString();
+    const QString decoded =
+        absolute ? QString::fromUtf8(QByteArray::fromPercentEncoding(url.toUtf8())) : QString();
     const auto candidate = [&](ELoadDir d) {
         return absolute ? Path_resource_Dir(d, t) + decoded
                         : Path_resource_Dir(d, t, k) + QLatin1Char('/') + relative;
@@ -107,8 +107,8 @@ bool MVThemeMgr::doItem_Info_CfgXML(SCfg_Item& item)
     setKind(info, item.m_eType, false);
     if (!hasGuid(item) || m_lstFixedGUID.contains(item.m_qsGUID) || urlOf(info).isEmpty())
         return nothingToFetch(info);
-    return resolve(info, item.m_eType, eDirTag_Config, item.m_qsGUID + QStringLiteral(".xml"),
-                   true, false);
+    return resolve(info, item.m_eType, eDirTag_Config, item.m_qsGUID + QStringLiteral(".xml"), true,
+                   false);
 }
 
 bool MVThemeMgr::doItem_Info_Thumb(SCfg_Item& item)

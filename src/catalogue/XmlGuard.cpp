@@ -60,9 +60,8 @@ private:
 
     bool skipDeclaration()
     {
-        const int end = findOutsideQuotes(m_at, [](QChar c) {
-            return c == QLatin1Char('>') || c == QLatin1Char('[');
-        });
+        const int end = findOutsideQuotes(
+            m_at, [](QChar c) { return c == QLatin1Char('>') || c == QLatin1Char('['); });
         m_at = end;
         return end < 0 || m_text.at(end) != QLatin1Char('[');
     }
@@ -76,8 +75,7 @@ private:
         }
         const bool closed = m_text.at(end - 1) == QLatin1Char('/');
         m_at = end + 1;
-        return closed ? m_depth < XmlGuard::deepestNesting
-                      : ++m_depth <= XmlGuard::deepestNesting;
+        return closed ? m_depth < XmlGuard::deepestNesting : ++m_depth <= XmlGuard::deepestNesting;
     }
 
     template <class Predicate>

@@ -8,7 +8,7 @@ namespace {
 
 using std::chrono::milliseconds;
 
-std::atomic<milliseconds::rep> stepMs {500};
+std::atomic<milliseconds::rep> stepMs{500};
 
 } // namespace
 

@@ -75,8 +75,8 @@ void MVThemeDownLoader::run()
     LogL("MVThemeDownLoader", 1, "MVThemeDownLoader::run() start!");
     emit progress(0.0);
 
-    const bool needsConfig = m_pItem->m_eType == eCfgItem_Theme
-        && !MVThemeMgr::init()->doItem_Info_CfgXML(*m_pItem);
+    const bool needsConfig =
+        m_pItem->m_eType == eCfgItem_Theme && !MVThemeMgr::init()->doItem_Info_CfgXML(*m_pItem);
     if ((needsConfig ? fetchThemeConfig() : simulateFirstPhase()) == Step::Ended)
         return;
     if (endsAt(pointBeforeList))
@@ -141,8 +141,7 @@ MVThemeDownLoader::Step MVThemeDownLoader::fetchThemeConfig()
 MVThemeDownLoader::Step MVThemeDownLoader::transferThemeConfig(SFileInfo& info)
 {
     const FileRecord record(info);
-    const QString url
-        = MVThemeMgr::init()->downLoadUrl(MVThemeMgr::eDirTag_Config, record.name());
+    const QString url = MVThemeMgr::init()->downLoadUrl(MVThemeMgr::eDirTag_Config, record.name());
     const QString file = record.file();
     setCurrent(url, file);
     const QByteArray urlText = url.toUtf8();
@@ -165,8 +164,7 @@ MVThemeDownLoader::Step MVThemeDownLoader::transferThemeConfig(SFileInfo& info)
                  "m_CurWrapper.result() = %d",
                  urlText.constData(), fileText.constData(), result);
             QFile::remove(file);
-            return end(result == resultNetwork ? eDownLoadError_Internet
-                                               : eDownLoadError_Unknown);
+            return end(result == resultNetwork ? eDownLoadError_Internet : eDownLoadError_Unknown);
         }
     }
     LogL("MVThemeDownLoader", 1,

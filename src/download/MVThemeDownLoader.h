@@ -93,7 +93,7 @@ private:
     static bool downloadProgressCallback_a_downloading(SFileInfo* info, void* user);
 
     SCfg_Item* m_pItem = nullptr;
-    std::atomic<bool> m_bWillCancel {false};
+    std::atomic<bool> m_bWillCancel{false};
     QString m_strUrl;
     QString m_strFile;
     void* m_pUserData = nullptr;
@@ -102,6 +102,6 @@ private:
     CurWrapper m_CurWrapper;
     static CBasePtr<CoreContext> m_pqdCoreContext;
 
-    mutable QMutex m_mutexCurrent; // guards m_strUrl and m_strFile
-    std::atomic<bool> m_bEnded {false}; // the end signal of this download has been sent
+    mutable QMutex m_mutexCurrent;     // guards m_strUrl and m_strFile
+    std::atomic<bool> m_bEnded{false}; // the end signal of this download has been sent
 };

@@ -204,12 +204,12 @@ bool MVThemeDownLoader::downloadProgressCallback_a_downloading(SFileInfo* info, 
         return true;
     const double value = self->shareStart()
         + static_cast<double>(counts.received) / static_cast<double>(counts.total) * self->share();
-    const QString text
-        = QStringLiteral("thread id = [%1], index = [%2], download file = [%3], nDownloaded = "
-                         "[%4], nAll = [%5], progress = [%6]!,and it is downloading!")
-              .arg(QString::number(0), QString::number(self->m_nIndex), record.file(),
-                   QString::number(counts.received), QString::number(counts.total),
-                   QStringLiteral("%1").arg(value));
+    const QString text =
+        QStringLiteral("thread id = [%1], index = [%2], download file = [%3], nDownloaded = "
+                       "[%4], nAll = [%5], progress = [%6]!,and it is downloading!")
+            .arg(QString::number(0), QString::number(self->m_nIndex), record.file(),
+                 QString::number(counts.received), QString::number(counts.total),
+                 QStringLiteral("%1").arg(value));
     LogL("MVThemeDownLoader", 1, "downloadProgressCallback_a_downloading, %s",
          text.toUtf8().constData());
     self->doProgress(value);

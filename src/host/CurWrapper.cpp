@@ -70,7 +70,7 @@ public:
     void* user = nullptr;
     int result = resultSuccess;
     QString errorText;
-    std::atomic<bool> cancelled {false};
+    std::atomic<bool> cancelled{false};
     HttpTransfer transfer;
 
 private:
@@ -184,9 +184,10 @@ HttpTransfer::End CurWrapper::Private::followRedirects()
     QUrl url = m_url;
     for (int redirects = 0;; ++redirects) {
         m_request.url = url.toEncoded(QUrl::RemoveFragment);
-        const HttpTransfer::End end = transfer.perform(
-            m_request, m_file,
-            [this](qint64 received, qint64 total) { return keepGoing(received, total); });
+        const HttpTransfer::End end =
+            transfer.perform(m_request, m_file, [this](qint64 received, qint64 total) {
+                return keepGoing(received, total);
+            });
         if (end != HttpTransfer::End::Redirect)
             return end;
 
@@ -194,8 +195,9 @@ HttpTransfer::End CurWrapper::Private::followRedirects()
         if (redirects == highestRedirects)
             m_redirectError = QStringLiteral("more than %1 redirects").arg(highestRedirects);
         else if (!next.isValid() || !isHttp(next))
-            m_redirectError = QStringLiteral("redirected to %1, which is not an http or https address")
-                                  .arg(next.toDisplayString());
+            m_redirectError =
+                QStringLiteral("redirected to %1, which is not an http or https address")
+                    .arg(next.toDisplayString());
         else if (url.scheme() == QLatin1String("https") && next.scheme() != url.scheme())
             m_redirectError = QStringLiteral("redirected from https to http");
         if (!m_redirectError.isEmpty())

@@ -26,7 +26,8 @@ struct MVHOST_EXPORT HostSettings
     QString appDataPath;
     /// Holds "testskin/Simple.gif", the placeholder animation.
     QString testOutputDir;
-    /// Name of the active skin: "Classical", "Elegance", "Simplicity" or "Calm"; others are allowed.
+    /// Name of the active skin: "Classical", "Elegance", "Simplicity" or "Calm"; others are
+    /// allowed.
     QString currentSkin;
     /// Screen scale factor, above 0. Leave it at 1.0 where Qt itself scales the user interface.
     double zoomDPI = 1.0;

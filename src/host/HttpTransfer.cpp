@@ -110,8 +110,7 @@ CURLcode HttpTransfer::transfer(const KeepGoing& keepGoing)
         curl_off_t connected = 0;
         curl_easy_getinfo(m_easy.get(), CURLINFO_PRETRANSFER_TIME_T, &connected);
         if (Clock::now() - m_lastByte > (connected > 0 ? stall : stall + connect)) {
-            refuse(End::Network,
-                   QStringLiteral("no byte came for %1 ms").arg(stall.count()));
+            refuse(End::Network, QStringLiteral("no byte came for %1 ms").arg(stall.count()));
             return CURLE_OPERATION_TIMEDOUT;
         }
         curl_multi_poll(m_multi.get(), nullptr, 0, tickMs, nullptr);
@@ -224,8 +223,8 @@ bool HttpTransfer::isSameVersion() const
         return m_head.etag == m_request.validator;
     if (!m_request.validator.isEmpty())
         return m_head.lastModified.isEmpty() || m_head.lastModified == m_request.validator;
-    const QDateTime modified
-        = QDateTime::fromString(QString::fromLatin1(m_head.lastModified), Qt::RFC2822Date);
+    const QDateTime modified =
+        QDateTime::fromString(QString::fromLatin1(m_head.lastModified), Qt::RFC2822Date);
     return modified.isValid() && modified <= m_request.notAfter;
 }
 

@@ -21,25 +21,25 @@ class HttpTransfer
 {
 public:
     enum class End {
-        Complete, ///< the whole body stands in the file
-        Redirect, ///< the answer points elsewhere: head().location
-        Status, ///< an answer whose status or coding is not acceptable
-        Broken, ///< the connection stood and broke before the body was whole
-        Network, ///< no usable connection, or nothing came for too long
-        BadUrl, ///< libcurl does not understand the address
-        LocalFile, ///< the file could not be written
-        TooLarge, ///< more bytes than allowed
+        Complete,   ///< the whole body stands in the file
+        Redirect,   ///< the answer points elsewhere: head().location
+        Status,     ///< an answer whose status or coding is not acceptable
+        Broken,     ///< the connection stood and broke before the body was whole
+        Network,    ///< no usable connection, or nothing came for too long
+        BadUrl,     ///< libcurl does not understand the address
+        LocalFile,  ///< the file could not be written
+        TooLarge,   ///< more bytes than allowed
         StaleRange, ///< the rest that was asked for does not fit what is there: begin again
-        Cancelled, ///< keepGoing said no
+        Cancelled,  ///< keepGoing said no
     };
 
     struct Request
     {
-        QByteArray url; ///< percent-encoded
-        qint64 rangeStart = 0; ///< above 0: ask for the rest of the body from this byte on
-        QByteArray validator; ///< goes with a range: the rest only if it is still this version
+        QByteArray url;         ///< percent-encoded
+        qint64 rangeStart = 0;  ///< above 0: ask for the rest of the body from this byte on
+        QByteArray validator;   ///< goes with a range: the rest only if it is still this version
         qint64 rangeTotal = -1; ///< what the whole had, -1 if not known
-        QDateTime notAfter; ///< without a validator: the rest only if unchanged since then
+        QDateTime notAfter;     ///< without a validator: the rest only if unchanged since then
     };
 
     /// Called at least every 100 ms, and whenever bytes have come; false ends the request.
@@ -103,7 +103,7 @@ private:
     PartFile* m_file = nullptr; // the caller's, during perform()
     Request m_request;
     ResponseHead m_head;
-    bool m_refused = false; // m_end and m_reason are decided, whatever libcurl says
+    bool m_refused = false;    // m_end and m_reason are decided, whatever libcurl says
     bool m_discarding = false; // the body is an error page: read past it, to keep the connection
     qint64 m_discarded = 0;
     End m_end = End::Network;

@@ -28,7 +28,7 @@ struct Category
 
 struct LogState
 {
-    std::mutex mutex; // guards sink and categories
+    std::mutex mutex;                    // guards sink and categories
     std::shared_ptr<const LogSink> sink; // null: the default
     std::map<QByteArray, std::unique_ptr<Category>> categories;
 };

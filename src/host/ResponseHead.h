@@ -12,16 +12,16 @@ public:
     void addLine(const QByteArray& line);
 
     int status = 0;
-    qint64 contentLength = -1; ///< announced bytes of the body, -1 if not announced
-    bool chunked = false; ///< the body is sent in chunks, so its end can be told
+    qint64 contentLength = -1;          ///< announced bytes of the body, -1 if not announced
+    bool chunked = false;               ///< the body is sent in chunks, so its end can be told
     bool strangeTransferCoding = false; ///< a transfer coding other than chunked
-    QByteArray contentEncoding; ///< lower case; empty for identity
+    QByteArray contentEncoding;         ///< lower case; empty for identity
     QByteArray location;
     QByteArray etag;
     QByteArray lastModified;
-    QByteArray acceptRanges; ///< lower case
-    qint64 rangeStart = -1; ///< first byte of a 206's body, -1 if not stated
-    qint64 rangeTotal = -1; ///< size of the whole representation, -1 if not stated
+    QByteArray acceptRanges;    ///< lower case
+    qint64 rangeStart = -1;     ///< first byte of a 206's body, -1 if not stated
+    qint64 rangeTotal = -1;     ///< size of the whole representation, -1 if not stated
     int retryAfterSeconds = -1; ///< -1 if not stated or given as a date
 
     bool isInterim() const { return status >= 100 && status < 200; }

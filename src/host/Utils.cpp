@@ -60,8 +60,8 @@ bool Utils::copyDirectoryFiles(const QString& from, const QString& to, bool over
         return false;
 
     bool allCopied = true;
-    const QFileInfoList entries = source.entryInfoList(
-        QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot | QDir::NoSymLinks);
+    const QFileInfoList entries = source.entryInfoList(QDir::AllEntries | QDir::Hidden
+                                                       | QDir::NoDotAndDotDot | QDir::NoSymLinks);
     for (const QFileInfo& entry : entries) {
         const QString target = to + QLatin1Char('/') + entry.fileName();
         if (entry.isDir())

@@ -30,13 +30,13 @@ struct MVRESOURCE_EXPORT SCfg_Item
     ECfgItemType m_eType = eCfgItem_Filter;
     /// Identity: the GUID in braces as the catalogue writes it. Compared exactly, case included.
     QString m_qsGUID;
-    QString m_qsName; ///< display name
-    SFileInfo m_info_Thumb; ///< thumbnail image
-    SFileInfo m_info_CfgXML; ///< the item's own config file
-    SFileInfo m_info_Gif; ///< animated preview (themes)
+    QString m_qsName;                 ///< display name
+    SFileInfo m_info_Thumb;           ///< thumbnail image
+    SFileInfo m_info_CfgXML;          ///< the item's own config file
+    SFileInfo m_info_Gif;             ///< animated preview (themes)
     QVector<SFileInfo> m_vecResource; ///< resource files (archives), in document order
-    bool m_bCollected = false; ///< the user has marked the item as a favourite
-    bool m_bIsText = false; ///< a text item
+    bool m_bCollected = false;        ///< the user has marked the item as a favourite
+    bool m_bIsText = false;           ///< a text item
     /// Parsed config of a theme, not owned; null for other kinds and until parsed. Guarded by the
     /// mutex of m_info_CfgXML: a download thread sets it while others look.
     SThemes_a* m_pThemes_a = nullptr;

@@ -35,8 +35,8 @@ struct MVRESOURCE_EXPORT SThemes_a
     QString m_qsName;
     QVector<SDependArray> m_vecItems;
     SDependArray m_aStart; ///< opening element; only the text slot is filled
-    SDependArray m_aEnd; ///< closing element; only the text slot is filled
-    SDependArray m_aMask; ///< mask; only the filter slot is filled
+    SDependArray m_aEnd;   ///< closing element; only the text slot is filled
+    SDependArray m_aMask;  ///< mask; only the filter slot is filled
 };
 
 /// Prints the theme's GUIDs for log output and test failures.

@@ -9,7 +9,8 @@
 /// The metrics that a skin gives to the cells of resource lists. Never shown: it is a widget so
 /// that the application's style sheet can set them, for example
 ///
-///     SkinWidget { qproperty-themeItemSize: 160px 120px; qproperty-themeItemPadding: rect(4, 6, 4, 6); }
+///     SkinWidget { qproperty-themeItemSize: 160px 120px; qproperty-themeItemPadding: rect(4, 6, 4,
+///     6); }
 ///
 /// Paddings travel in a rectangle whose x, y, width and height are top, right, bottom and left.
 /// What no style sheet and no setter has set is QSize(-1, -1) and a null QRect. GUI thread only.
@@ -38,8 +39,8 @@ public:
 private:
     SkinWidget() = default;
 
-    QSize m_themeItemSize {-1, -1};
+    QSize m_themeItemSize{-1, -1};
     QRect m_themeItemPadding;
-    QSize m_filterItemSize {-1, -1};
+    QSize m_filterItemSize{-1, -1};
     QRect m_filterItemPadding;
 };

@@ -56,7 +56,7 @@ void ThumbFrame::decode(const QSize& pixels, qreal ratio)
         m_pixmap = QPixmap();
         return;
     }
-    m_pixmap = QPixmap::fromImage(
-        image.scaled(pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    m_pixmap =
+        QPixmap::fromImage(image.scaled(pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation));
     m_pixmap.setDevicePixelRatio(ratio);
 }

@@ -1,0 +1,150 @@
+#include "support/FaultServer.h"
+
+#include <QList>
+
+#include <algorithm>
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int pollMs = 20;
+constexpr int backlog = 64;
+constexpr int receiveChunk = 16 * 1024;
+
+/// Opens a listening socket on a free port of loopback.
+int listenOnLoopback(quint16& port)
+{
+    const int listener = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_in address = {};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t length = sizeof address;
+    auto* const generic = reinterpret_cast<sockaddr*>(&address);
+    if (::bind(listener, generic, length) != 0 || ::getsockname(listener, generic, &length) != 0
+        || ::listen(listener, backlog) != 0)
+        qFatal("no loopback socket");
+    port = ntohs(address.sin_port);
+    return listener;
+}
+
+bool readable(int socket)
+{
+    pollfd descriptor = {socket, POLLIN, 0};
+    return ::poll(&descriptor, 1, pollMs) > 0;
+}
+
+} // namespace
+
+FaultServer::FaultServer(Handler handler)
+    : m_handler(std::move(handler))
+    , m_listener(listenOnLoopback(m_port))
+    , m_acceptor(&FaultServer::acceptConnections, this)
+{
+}
+
+FaultServer::~FaultServer()
+{
+    m_stopping = true;
+    m_acceptor.join();
+    for (std::thread& worker : m_workers)
+        worker.join();
+    ::close(m_listener);
+}
+
+QString FaultServer::url(const QString& target) const
+{
+    return QStringLiteral("http://127.0.0.1:%1%2").arg(m_port).arg(target);
+}
+
+QVector<HttpRequest> FaultServer::requests() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_requests;
+}
+
+int FaultServer::requestCount() const
+{
+    return requests().size();
+}
+
+int FaultServer::requestCount(const QByteArray& target) const
+{
+    const QVector<HttpRequest> all = requests();
+    return static_cast<int>(
+        std::count_if(all.cbegin(), all.cend(),
+                      [&](const HttpRequest& request) { return request.target == target; }));
+}
+
+quint16 FaultServer::refusingPort()
+{
+    quint16 port = 0;
+    ::close(listenOnLoopback(port));
+    return port;
+}
+
+void FaultServer::acceptConnections()
+{
+    while (!m_stopping) {
+        if (!readable(m_listener))
+            continue;
+        const int socket = ::accept4(m_listener, nullptr, nullptr, SOCK_CLOEXEC);
+        if (socket < 0)
+            continue;
+        const int on = 1;
+        ::setsockopt(socket, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
+        const int number = ++m_connections;
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_workers.emplace_back(&FaultServer::serve, this, socket, number);
+    }
+}
+
+void FaultServer::serve(int socket, int number)
+{
+    QByteArray buffer;
+    for (bool open = true; open && !m_stopping;) {
+        HttpRequest request;
+        if (!readRequest(socket, buffer, request))
+            break;
+        request.connection = number;
+        {
+            const std::lock_guard<std::mutex> lock(m_mutex);
+            m_requests.append(request);
+        }
+        HttpExchange exchange(socket, request, m_stopping);
+        m_handler(exchange);
+        open = exchange.isOpen();
+    }
+    ::close(socket);
+}
+
+bool FaultServer::readRequest(int socket, QByteArray& buffer, HttpRequest& request) const
+{
+    int end = -1;
+    while ((end = buffer.indexOf("\r\n\r\n")) < 0) {
+        if (m_stopping)
+            return false;
+        if (!readable(socket))
+            continue;
+        char chunk[receiveChunk];
+        const ssize_t count = ::recv(socket, chunk, sizeof chunk, 0);
+        if (count <= 0)
+            return false;
+        buffer.append(chunk, static_cast<int>(count));
+    }
+    const QList<QByteArray> lines = buffer.left(end).split('\n');
+    buffer.remove(0, end + 4);
+    const QList<QByteArray> words = lines.first().trimmed().split(' ');
+    request.method = words.value(0);
+    request.target = words.value(1);
+    for (const QByteArray& line : lines.mid(1)) {
+        const int colon = line.indexOf(':');
+        request.fields.insert(line.left(colon).toLower(), line.mid(colon + 1).trimmed());
+    }
+    return true;
+}

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "support/HttpExchange.h"
+
+#include <QString>
+#include <QVector>
+
+#include <atomic>
+#include <functional>
+#include <list>
+#include <mutex>
+#include <thread>
+
+/// A real HTTP server on loopback whose answers a test scripts down to the byte: it can refuse,
+/// reset, truncate, stall, redirect and answer with any status.
+///
+/// The handler runs on the thread of the connection that brought the request; several may run at a
+/// time. The destructor ends stalls and joins all threads.
+class FaultServer
+{
+public:
+    using Handler = std::function<void(HttpExchange&)>;
+
+    explicit FaultServer(Handler handler);
+    ~FaultServer();
+    Q_DISABLE_COPY_MOVE(FaultServer)
+
+    quint16 port() const { return m_port; }
+    /// "http://127.0.0.1:PORT" and the target, which brings its own "/".
+    QString url(const QString& target) const;
+
+    /// What has been asked so far, in order of arrival.
+    QVector<HttpRequest> requests() const;
+    int requestCount() const;
+    /// How often the target was asked for.
+    int requestCount(const QByteArray& target) const;
+    int connectionCount() const { return m_connections; }
+
+    /// A port on loopback that refuses connections.
+    static quint16 refusingPort();
+
+private:
+    void acceptConnections();
+    void serve(int socket, int number);
+    bool readRequest(int socket, QByteArray& buffer, HttpRequest& request) const;
+
+    Handler m_handler;
+    int m_listener = -1;
+    quint16 m_port = 0;
+    std::atomic<bool> m_stopping{false};
+    std::atomic<int> m_connections{0};
+    mutable std::mutex m_mutex; // guards m_requests and m_workers
+    QVector<HttpRequest> m_requests;
+    std::list<std::thread> m_workers;
+    std::thread m_acceptor;
+};

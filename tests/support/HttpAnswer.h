@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QByteArray>
+
+/// Builds the bytes of an HTTP/1.1 answer, right or wrong on purpose.
+class HttpAnswer
+{
+public:
+    explicit HttpAnswer(int status, const QByteArray& reason = "Reason");
+
+    HttpAnswer& field(const QByteArray& name, const QByteArray& value);
+    /// Appends the body and announces its length.
+    HttpAnswer& body(const QByteArray& body);
+    /// Appends bytes behind the header and announces nothing.
+    HttpAnswer& bareBody(const QByteArray& body);
+
+    /// Header, blank line and body.
+    QByteArray bytes() const;
+
+    /// One chunk of a chunked body.
+    static QByteArray chunk(const QByteArray& data);
+    static QByteArray lastChunk();
+
+private:
+    QByteArray m_head;
+    QByteArray m_body;
+};
