@@ -17,7 +17,7 @@ set(CMAKE_INSTALL_RPATH $ORIGIN/../${CMAKE_INSTALL_LIBDIR})
 add_library(mv_options INTERFACE)
 target_compile_options(mv_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
-    -Wold-style-cast -Wcast-align -Wunused -Wnull-dereference -Wimplicit-fallthrough
+    -Wold-style-cast -Wcast-align -Wunused -Wimplicit-fallthrough
     $<$<BOOL:${MV_WARNINGS_AS_ERRORS}>:-Werror>)
 # Texts are QStrings on purpose or not at all, and connections are checked by the compiler.
 target_compile_definitions(mv_options INTERFACE
@@ -30,8 +30,8 @@ if(MV_SANITIZE)
     if(MV_SANITIZE MATCHES "undefined")
         add_compile_options(-fno-sanitize-recover=all)
     endif()
-    # GCC's sanitizer instrumentation hides facts that these two warnings need.
-    add_compile_options(-Wno-null-dereference -Wno-maybe-uninitialized)
+    # GCC's sanitizer instrumentation hides facts that this warning needs.
+    add_compile_options(-Wno-maybe-uninitialized)
 endif()
 
 # mv_add_library(NAME EXPORT_DEFINE INSTALL_FOLDER <dir> SOURCES ... HEADERS ...)

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QtGlobal>
+
+/// Answers every request for "/SIZE/..." with SIZE bytes, over connections that stay open. Runs in
+/// a process of its own, so that its work does not count as the client's.
+class BodyServer
+{
+public:
+    BodyServer();
+    ~BodyServer();
+    Q_DISABLE_COPY_MOVE(BodyServer)
+
+    quint16 port() const { return m_port; }
+
+    /// Serves one connection after another until the process ends.
+    [[noreturn]] void serveForever() const;
+
+private:
+    void serve(int socket) const;
+
+    int m_listener = -1;
+    quint16 m_port = 0;
+};

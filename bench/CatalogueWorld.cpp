@@ -1,0 +1,76 @@
+#include "CatalogueWorld.h"
+
+#include "catalogue/MVThemeMgr.h"
+#include "support/CatalogueFiles.h"
+
+namespace {
+
+QString number(int i)
+{
+    return QStringLiteral("%1").arg(i, 5, 10, QLatin1Char('0'));
+}
+
+} // namespace
+
+CatalogueWorld::CatalogueWorld(const QString& folder)
+    : m_folder(folder)
+{
+    use();
+}
+
+void CatalogueWorld::write(int themes) const
+{
+    QVector<CatalogueFiles::CfgItem> config;
+    QVector<CatalogueFiles::ThemeGroup> groups = {{QStringLiteral("festivals"), {}},
+                                                  {QStringLiteral("travel"), {}},
+                                                  {QStringLiteral("banquets"), {}},
+                                                  {QStringLiteral("others"), {}}};
+    const QString previews = downloadedPreviews();
+    for (int i = 0; i < themes; ++i) {
+        const QString guid = CatalogueFiles::guid(i);
+        const QString name = number(i);
+        config.append({guid,
+                       QStringLiteral("/Themes/%1.xml").arg(guid),
+                       {QStringLiteral("/Themes/%1.zip").arg(guid)}});
+        const CatalogueFiles::DisplayItem item{guid, QStringLiteral("Theme ") + name,
+                                               QStringLiteral("thumb%1.png").arg(name),
+                                               QStringLiteral("preview%1.gif").arg(name)};
+        CatalogueFiles::write(previews + QLatin1Char('/') + item.thumb, "image");
+        CatalogueFiles::write(previews + QLatin1Char('/') + item.gif, "image");
+        groups[i % groups.size()].items.append(item);
+    }
+    CatalogueFiles::write(
+        configFile(),
+        CatalogueFiles::document(CatalogueFiles::cfgGroup(QStringLiteral("Theme"), config)));
+    CatalogueFiles::write(displayFile(),
+                          CatalogueFiles::document(CatalogueFiles::displayThemes(groups)));
+}
+
+void CatalogueWorld::use() const
+{
+    MVThemeMgr::init()->setResourceSaveRootPath(m_folder);
+}
+
+QString CatalogueWorld::configFile() const
+{
+    return MVThemeMgr::init()->Path_resource_xml(MVThemeMgr::eLoadDir_Download,
+                                                 MVThemeMgr::eDirTag_Config);
+}
+
+QString CatalogueWorld::displayFile() const
+{
+    return MVThemeMgr::init()->Path_resource_xml(MVThemeMgr::eLoadDir_Download,
+                                                 MVThemeMgr::eDirTag_Display);
+}
+
+QString CatalogueWorld::downloadedPreviews() const
+{
+    return MVThemeMgr::init()->Path_resource_Dir(MVThemeMgr::eLoadDir_Download,
+                                                 MVThemeMgr::eDirTag_Display, eCfgItem_Theme);
+}
+
+QString CatalogueWorld::installedPreviews() const
+{
+    return MVThemeMgr::init()->Path_resource_Dir(MVThemeMgr::eLoadDir_Local,
+                                                 MVThemeMgr::eDirTag_Display, eCfgItem_Theme);
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+/// Prints the usual table, keeps the best time of every benchmark over its repetitions, and
+/// compares them at the end. The best time is what the machine's other work disturbs least.
+class Ratios : public benchmark::ConsoleReporter
+{
+public:
+    void ReportRuns(const std::vector<Run>& runs) override;
+
+    /// Compares two benchmarks by name: value / floor must not be above the limit.
+    void limit(const std::string& name, const std::string& value, const std::string& floor,
+               double highest);
+
+    /// Prints a line "NAME ratio VALUE limit LIMIT" per limit; exit status 1 if one is over or
+    /// was not measured.
+    int finish() const;
+
+private:
+    struct Limit
+    {
+        std::string name;
+        std::string value;
+        std::string floor;
+        double highest;
+    };
+
+    std::map<std::string, double> m_best; // seconds by benchmark name
+    std::vector<Limit> m_limits;
+};

@@ -1,0 +1,126 @@
+// What loading a catalogue costs beside the least it can cost.
+//
+//     bench_catalogue               times, peak memory, and one line per limit
+//     bench_catalogue --peak WHAT   loads once ("load" or "floor"), for the peak memory of a
+//     process
+
+#include "BenchHome.h"
+#include "catalogue/MVThemeMgr.h"
+#include "CatalogueFloor.h"
+#include "CatalogueWorld.h"
+#include "Ratios.h"
+
+#include <QCoreApplication>
+#include <QProcess>
+
+#include <cstdio>
+#include <map>
+#include <memory>
+
+#include <sys/resource.h>
+
+namespace {
+
+constexpr int sizes[] = {500, 2000, 10000};
+constexpr int largest = 10000;
+constexpr int repetitions = 7;
+constexpr double highestTime = 1.5;   // times the floor
+constexpr double highestGrowth = 5.5; // from 2,000 to 10,000 themes
+
+using Worlds = std::map<int, std::unique_ptr<CatalogueWorld>>;
+
+void measureLoad(benchmark::State& state, const Worlds& worlds)
+{
+    const int themes = static_cast<int>(state.range(0));
+    worlds.at(themes)->use();
+    for (auto iteration : state) {
+        Q_UNUSED(iteration)
+        MVThemeMgr::init()->load(true);
+    }
+    if (MVThemeMgr::init()->getThemes_Display().size() != themes)
+        state.SkipWithError("not every theme was loaded");
+}
+
+void measureFloor(benchmark::State& state, const Worlds& worlds)
+{
+    const int themes = static_cast<int>(state.range(0));
+    CatalogueFloor floor(*worlds.at(themes));
+    int present = 0;
+    for (auto iteration : state) {
+        Q_UNUSED(iteration)
+        present = floor.read();
+    }
+    if (present != 2 * themes)
+        state.SkipWithError("not every preview was found");
+}
+
+long peakKilobytes()
+{
+    rusage usage = {};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss;
+}
+
+void reportOwnPeak(const QString& what, const QString& folder)
+{
+    const CatalogueWorld world(folder);
+    const long before = peakKilobytes();
+    if (what == QLatin1String("load"))
+        MVThemeMgr::init()->load(true);
+    else
+        CatalogueFloor(world).read();
+    std::printf("%ld", peakKilobytes() - before);
+}
+
+/// In a process of its own, since a peak never goes down again.
+double peakMegabytes(const QString& what, const QString& folder)
+{
+    QProcess child;
+    child.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--peak"), what, folder});
+    child.waitForFinished(-1);
+    return child.readAllStandardOutput().toDouble() / 1024.0;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    const BenchHome home;
+    if (argc == 4 && QByteArray(argv[1]) == "--peak") {
+        reportOwnPeak(QString::fromLocal8Bit(argv[2]), QString::fromLocal8Bit(argv[3]));
+        return 0;
+    }
+    Worlds worlds;
+    const auto folderOf = [&home](int themes) {
+        return QStringLiteral("%1/%2").arg(home.path()).arg(themes);
+    };
+    for (const int themes : sizes) {
+        worlds.emplace(themes, std::make_unique<CatalogueWorld>(folderOf(themes)));
+        worlds.at(themes)->write(themes);
+    }
+    Ratios ratios;
+    for (const int themes : sizes) {
+        for (const bool floor : {false, true}) {
+            benchmark::RegisterBenchmark(floor ? "floor" : "load",
+                                         [&worlds, floor](benchmark::State& state) {
+                                             floor ? measureFloor(state, worlds)
+                                                   : measureLoad(state, worlds);
+                                         })
+                ->Arg(themes)
+                ->Unit(benchmark::kMillisecond)
+                ->Repetitions(repetitions)
+                ->UseRealTime();
+        }
+        const std::string size = "/" + std::to_string(themes);
+        ratios.limit("load" + size, "load" + size, "floor" + size, highestTime);
+    }
+    ratios.limit("load/10000 to load/2000", "load/10000", "load/2000", highestGrowth);
+
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks(&ratios);
+    std::printf("peak memory of loading %d themes: %.1f MB, of the floor: %.1f MB\n", largest,
+                peakMegabytes(QStringLiteral("load"), folderOf(largest)),
+                peakMegabytes(QStringLiteral("floor"), folderOf(largest)));
+    return ratios.finish();
+}

@@ -1,0 +1,1 @@
+"""Generator of the sample resource world: pictures, archives and catalogues."""

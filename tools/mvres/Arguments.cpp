@@ -1,0 +1,138 @@
+#include "Arguments.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QUrl>
+
+namespace {
+
+const char description[] = R"(Lists, inspects and fetches the resources of a catalogue.
+
+Commands:
+  list [KIND]           items of the catalogue: GUID, kind, name, theme type, favourite, and
+                        "ready" or the number of missing files; KIND is one of filter,
+                        transition, motion, theme, bgmaterial
+  show GUID             one item, its files and what it depends on
+  fetch GUID...         downloads what the items lack, with progress
+  favourite GUID        marks an item as a favourite; --off takes the mark away
+  paths                 folders and addresses in use
+
+Exit status: 0 success; 1 failure; 2 bad arguments; fetch: 10 network failure,
+11 no usable path, 12 at least one file failed, 13 other failure, 14 cancelled.)";
+
+struct Command
+{
+    const char* name;
+    int fewest; // operands
+    int most;   // -1: any number
+    const char* usage;
+};
+
+const Command commands[] = {
+    {"list", 0, 1, "list takes at most one KIND"},
+    {"show", 1, 1, "show takes one GUID"},
+    {"fetch", 1, -1, "fetch takes at least one GUID"},
+    {"favourite", 1, 1, "favourite takes one GUID"},
+    {"paths", 0, 0, "paths takes no arguments"},
+};
+
+} // namespace
+
+bool Arguments::parse(const QCoreApplication& application)
+{
+    const QString file = QStringLiteral("FILE");
+    const QString dir = QStringLiteral("DIR");
+    const QCommandLineOption settingsOption(QStringLiteral("settings"),
+                                            QStringLiteral("host settings (INI file)"), file);
+    const QCommandLineOption serverOption(QStringLiteral("server"),
+                                          QStringLiteral("root address of the resource server"),
+                                          QStringLiteral("URL"));
+    const QCommandLineOption rootOption(
+        QStringLiteral("root"), QStringLiteral("download root; created if it is missing"), dir);
+    const QCommandLineOption resourcesOption(
+        QStringLiteral("resources"), QStringLiteral("the application's installed resources"), dir);
+    const QCommandLineOption paramOption(QStringLiteral("param"),
+                                         QStringLiteral("product parameter; can be repeated"),
+                                         QStringLiteral("KEY=VALUE"));
+    const QCommandLineOption jsonOption(QStringLiteral("json"),
+                                        QStringLiteral("print one JSON document"));
+    const QCommandLineOption verboseOption(
+        QStringLiteral("verbose"), QStringLiteral("write the library's log to standard error"));
+    const QCommandLineOption offOption(QStringLiteral("off"),
+                                       QStringLiteral("favourite: take the mark away"));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QString::fromLatin1(description));
+    const QCommandLineOption helpOption = parser.addHelpOption();
+    const QCommandLineOption versionOption = parser.addVersionOption();
+    parser.addOptions({settingsOption, serverOption, rootOption, resourcesOption, paramOption,
+                       jsonOption, verboseOption, offOption});
+    parser.addPositionalArgument(QStringLiteral("COMMAND"),
+                                 QStringLiteral("list, show, fetch, favourite or paths"));
+    parser.addPositionalArgument(QStringLiteral("ARGUMENTS"), QStringLiteral("see above"),
+                                 QStringLiteral("[ARGUMENTS...]"));
+    if (!parser.parse(application.arguments()))
+        return fail(parser.errorText());
+    if (parser.isSet(helpOption))
+        parser.showHelp();
+    if (parser.isSet(versionOption))
+        parser.showVersion();
+
+    settingsFile = parser.value(settingsOption);
+    root = parser.value(rootOption);
+    resources = parser.value(resourcesOption);
+    json = parser.isSet(jsonOption);
+    verbose = parser.isSet(verboseOption);
+    off = parser.isSet(offOption);
+    operands = parser.positionalArguments();
+    if (operands.isEmpty())
+        return fail(QStringLiteral("no command; see mvres --help"));
+    command = operands.takeFirst();
+    return checkOperands() && readParams(parser.values(paramOption))
+        && (!parser.isSet(serverOption) || readServer(parser.value(serverOption)));
+}
+
+bool Arguments::checkOperands()
+{
+    for (const Command& known : commands) {
+        if (command != QLatin1String(known.name))
+            continue;
+        const int count = operands.size();
+        if (count < known.fewest || (known.most >= 0 && count > known.most))
+            return fail(QString::fromLatin1(known.usage));
+        if (off && command != QLatin1String("favourite"))
+            return fail(QStringLiteral("--off goes with favourite"));
+        return true;
+    }
+    return fail(QStringLiteral("unknown command \"%1\"; see mvres --help").arg(command));
+}
+
+bool Arguments::readParams(const QStringList& texts)
+{
+    for (const QString& text : texts) {
+        const int equals = text.indexOf(QLatin1Char('='));
+        if (equals < 1)
+            return fail(QStringLiteral("--param takes KEY=VALUE, not \"%1\"").arg(text));
+        params.insert(text.left(equals), text.mid(equals + 1));
+    }
+    return true;
+}
+
+/// Names of files are appended to the root as they are, so it ends where a name can follow.
+bool Arguments::readServer(const QString& text)
+{
+    const QUrl url(text);
+    const bool http =
+        url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
+    if (!url.isValid() || !http || url.host().isEmpty())
+        return fail(
+            QStringLiteral("--server takes an http or https address, not \"%1\"").arg(text));
+    server = text.endsWith(QLatin1Char('/')) ? text : text + QLatin1Char('/');
+    return true;
+}
+
+bool Arguments::fail(const QString& text)
+{
+    m_error = text;
+    return false;
+}

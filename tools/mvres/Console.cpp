@@ -1,0 +1,43 @@
+#include "Console.h"
+
+#include <QJsonDocument>
+
+#include <cstdio>
+
+namespace Console {
+
+void print(const QString& line)
+{
+    std::printf("%s\n", line.toLocal8Bit().constData());
+    std::fflush(stdout);
+}
+
+void print(const QJsonDocument& document)
+{
+    std::fputs(document.toJson().constData(), stdout);
+    std::fflush(stdout);
+}
+
+int fail(int status, const QString& text)
+{
+    std::fprintf(stderr, "mvres: %s\n", text.toLocal8Bit().constData());
+    return status;
+}
+
+QString counted(qint64 number, const QString& noun)
+{
+    return QStringLiteral("%1 %2%3").arg(number).arg(noun,
+                                                     number == 1 ? QString() : QStringLiteral("s"));
+}
+
+QString size(qint64 bytes)
+{
+    constexpr double kilo = 1000.0;
+    if (bytes < 1000)
+        return counted(bytes, QStringLiteral("byte"));
+    const double kB = static_cast<double>(bytes) / kilo;
+    return kB < kilo ? QStringLiteral("%1 kB").arg(kB, 0, 'f', 1)
+                     : QStringLiteral("%1 MB").arg(kB / kilo, 0, 'f', 1);
+}
+
+} // namespace Console

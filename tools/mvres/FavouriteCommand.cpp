@@ -1,0 +1,57 @@
+#include "FavouriteCommand.h"
+
+#include "Arguments.h"
+#include "catalogue/MVThemeMgr.h"
+#include "Console.h"
+#include "Items.h"
+
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+namespace {
+
+/// The catalogue is silent about a file that it cannot write; a person wants to know.
+bool isSaved(const QString& path, const SCfg_Item& item)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    const QJsonObject marks = QJsonDocument::fromJson(file.readAll()).object();
+    return marks.value(item.m_qsGUID).toBool() == item.m_bCollected;
+}
+
+} // namespace
+
+int FavouriteCommand::run(const Arguments& arguments)
+{
+    const QString guid = arguments.operands.constFirst();
+    SCfg_Item* const item = Items::find(guid);
+    if (!item)
+        return Console::fail(Console::exitFailure, QStringLiteral("unknown GUID %1").arg(guid));
+    if (item->m_eType == eCfgItem_Transition || item->m_eType == eCfgItem_Motion) {
+        return Console::fail(Console::exitFailure,
+                             QStringLiteral("%1 is a %2, which cannot be a favourite")
+                                 .arg(guid, Items::kindName(item->m_eType)));
+    }
+    MVThemeMgr* const manager = MVThemeMgr::init();
+    item->m_bCollected = !arguments.off;
+    manager->setItemCollected(item);
+    const bool isTheme = item->m_eType == eCfgItem_Theme;
+    if (isTheme)
+        manager->saveThemeCollect();
+    else
+        manager->saveFilterCollect();
+    const QString path = isTheme ? manager->Path_ThemeCollect() : manager->Path_FilterCollect();
+    if (!isSaved(path, *item))
+        return Console::fail(Console::exitFailure,
+                             QStringLiteral("the favourites cannot be written: %1").arg(path));
+    if (arguments.json)
+        Console::print(QJsonDocument(Items::toJson(*item)));
+    else
+        Console::print(QStringLiteral("%1 %2 %3")
+                           .arg(item->m_qsGUID, Items::nameOf(*item),
+                                arguments.off ? QStringLiteral("is no favourite")
+                                              : QStringLiteral("is a favourite")));
+    return Console::exitSuccess;
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QObject>
+
+#include <memory>
+
+class QSocketNotifier;
+
+/// Turns the first SIGINT or SIGTERM into a signal of the event loop; a second one ends the
+/// process as usual. One object per process, on the main thread.
+class Interrupt : public QObject
+{
+    Q_OBJECT
+
+public:
+    Interrupt();
+    ~Interrupt() override;
+
+signals:
+    void requested();
+
+private:
+    std::unique_ptr<QSocketNotifier> m_notifier;
+};

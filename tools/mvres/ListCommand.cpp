@@ -1,0 +1,63 @@
+#include "ListCommand.h"
+
+#include "Arguments.h"
+#include "catalogue/MVThemeMgr.h"
+#include "Console.h"
+#include "Items.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <algorithm>
+
+namespace {
+
+void printTable(const QVector<SCfg_Item*>& items)
+{
+    int nameWidth = 0;
+    for (const SCfg_Item* item : items)
+        nameWidth = std::max(nameWidth, item->m_qsName.size());
+    for (SCfg_Item* item : items) {
+        const int missing = Items::missingFiles(*item);
+        const QString state =
+            missing == 0 ? QStringLiteral("ready") : QStringLiteral("%1 missing").arg(missing);
+        const bool favourite = MVThemeMgr::init()->isItemCollect(item);
+        Console::print(QStringLiteral("%1  %2  %3  %4  %5  %6")
+                           .arg(item->m_qsGUID, -38)
+                           .arg(Items::kindName(item->m_eType), -10)
+                           .arg(item->m_qsName, -nameWidth)
+                           .arg(Items::themeTypeName(*item), -9)
+                           .arg(favourite ? QStringLiteral("favourite") : QStringLiteral("-"), -9)
+                           .arg(state));
+    }
+}
+
+} // namespace
+
+int ListCommand::run(const Arguments& arguments)
+{
+    QVector<ECfgItemType> kinds = Items::allKinds();
+    if (!arguments.operands.isEmpty()) {
+        ECfgItemType kind = eCfgItem_Filter;
+        if (!Items::kindOf(arguments.operands.constFirst(), kind)) {
+            return Console::fail(Console::exitUsage,
+                                 QStringLiteral("unknown kind \"%1\": filter, transition, motion, "
+                                                "theme or bgmaterial")
+                                     .arg(arguments.operands.constFirst()));
+        }
+        kinds = {kind};
+    }
+    QVector<SCfg_Item*> items;
+    for (const ECfgItemType kind : kinds)
+        items += Items::displayed(kind);
+
+    if (!arguments.json) {
+        printTable(items);
+        return Console::exitSuccess;
+    }
+    QJsonArray array;
+    for (SCfg_Item* item : items)
+        array.append(Items::toJson(*item));
+    Console::print(QJsonDocument(array));
+    return Console::exitSuccess;
+}

@@ -1,0 +1,11 @@
+#pragma once
+
+class Arguments;
+class Session;
+
+/// mvres paths
+class PathsCommand
+{
+public:
+    static int run(const Arguments& arguments, const Session& session);
+};

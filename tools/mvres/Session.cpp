@@ -1,0 +1,85 @@
+#include "Session.h"
+
+#include "Arguments.h"
+#include "catalogue/MVThemeMgr.h"
+#include "host/AppOptions.h"
+#include "host/HostSettings.h"
+#include "host/LogL.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <cstdio>
+
+namespace {
+
+void writeLog(const QByteArray& category, int level, const QByteArray& text)
+{
+    std::fprintf(stderr, "[%s %d] %s\n", category.constData(), level, text.constData());
+}
+
+void dropLog(const QByteArray&, int, const QByteArray&) { }
+
+} // namespace
+
+bool Session::open(const Arguments& arguments)
+{
+    setLogSink(arguments.verbose ? &writeLog : &dropLog);
+    return applySettings(arguments) && checkFolders(arguments) && loadCatalogue();
+}
+
+bool Session::applySettings(const Arguments& arguments)
+{
+    HostSettings& settings = hostSettings();
+    // This tool shows themes with what they depend on, unless it is told otherwise.
+    settings.productParams.insert(QStringLiteral("hasMV"), QStringLiteral("1"));
+    if (!arguments.settingsFile.isEmpty() && !loadHostSettings(arguments.settingsFile, &m_error))
+        return false;
+    if (!arguments.resources.isEmpty())
+        settings.resourcesPath = QDir::cleanPath(QDir().absoluteFilePath(arguments.resources));
+    if (!arguments.server.isEmpty())
+        settings.productParams.insert(QStringLiteral("url_themeRootDir"), arguments.server);
+    for (auto it = arguments.params.cbegin(); it != arguments.params.cend(); ++it)
+        settings.productParams.insert(it.key(), it.value());
+    return true;
+}
+
+bool Session::checkFolders(const Arguments& arguments)
+{
+    const HostSettings& settings = hostSettings();
+    const bool resourcesNamed = !arguments.resources.isEmpty() || !arguments.settingsFile.isEmpty();
+    if (resourcesNamed && !QFileInfo(settings.resourcesPath).isDir())
+        return fail(QStringLiteral("no such resources folder: %1").arg(settings.resourcesPath));
+
+    const QString root = arguments.root.isEmpty()
+        ? settings.dataLocation + QStringLiteral("/download")
+        : arguments.root;
+    m_root = QDir::cleanPath(QDir().absoluteFilePath(root));
+    if (!AppOptions::instance()->ensureDirExists(m_root))
+        return fail(QStringLiteral("the download root cannot be created: %1").arg(m_root));
+    return true;
+}
+
+bool Session::loadCatalogue()
+{
+    MVThemeMgr* const manager = MVThemeMgr::init();
+    manager->setResourceSaveRootPath(m_root);
+    manager->load(false);
+    const MVThemeMgr::SResourceXML& catalogue = manager->getCfgXML();
+    const bool empty = catalogue.vecFilter.isEmpty() && catalogue.vecTransition.isEmpty()
+        && catalogue.vecMotion.isEmpty() && catalogue.vecTheme.isEmpty()
+        && catalogue.vecBgMaterial.isEmpty();
+    if (!empty)
+        return true;
+    return fail(QStringLiteral("no catalogue: neither %1 nor %2 has items")
+                    .arg(manager->Path_resource_xml(MVThemeMgr::eLoadDir_Download,
+                                                    MVThemeMgr::eDirTag_Config),
+                         manager->Path_resource_xml(MVThemeMgr::eLoadDir_Local,
+                                                    MVThemeMgr::eDirTag_Config)));
+}
+
+bool Session::fail(const QString& text)
+{
+    m_error = text;
+    return false;
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+
+class Arguments;
+
+/// Makes mvres a host: settings, product parameters, download root, and the loaded catalogue.
+class Session
+{
+public:
+    /// Applies the arguments and loads the catalogue. False: errorText() says why.
+    bool open(const Arguments& arguments);
+    QString errorText() const { return m_error; }
+
+    /// The download root in use.
+    QString root() const { return m_root; }
+
+private:
+    bool applySettings(const Arguments& arguments);
+    bool checkFolders(const Arguments& arguments);
+    bool loadCatalogue();
+    bool fail(const QString& text);
+
+    QString m_root;
+    QString m_error;
+};

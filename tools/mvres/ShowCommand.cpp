@@ -1,0 +1,63 @@
+#include "ShowCommand.h"
+
+#include "Arguments.h"
+#include "catalogue/MVThemeMgr.h"
+#include "Console.h"
+#include "ItemFiles.h"
+#include "Items.h"
+
+#include <QJsonDocument>
+
+namespace {
+
+void printText(SCfg_Item& item, const ItemFiles& files)
+{
+    const bool favourite = MVThemeMgr::init()->isItemCollect(&item);
+    Console::print(QStringLiteral("GUID        %1").arg(item.m_qsGUID));
+    Console::print(QStringLiteral("kind        %1").arg(Items::kindName(item.m_eType)));
+    Console::print(QStringLiteral("name        %1").arg(item.m_qsName));
+    Console::print(QStringLiteral("theme type  %1").arg(Items::themeTypeName(item)));
+    Console::print(QStringLiteral("favourite   %1")
+                       .arg(favourite ? QStringLiteral("yes") : QStringLiteral("no")));
+    Console::print(QStringLiteral("missing     %1").arg(Items::missingFiles(item)));
+    for (const SCfg_Item* dependency : files.dependencies()) {
+        Console::print(QStringLiteral("uses        %1 %2 %3")
+                           .arg(Items::kindName(dependency->m_eType), dependency->m_qsGUID,
+                                Items::nameOf(*dependency)));
+    }
+    for (const ItemFiles::Entry& entry : files.entries()) {
+        Console::print(QStringLiteral("%1 %2 (%3)")
+                           .arg(entry.what, -11)
+                           .arg(entry.path,
+                                entry.present ? Console::size(entry.size)
+                                              : QStringLiteral("missing, from %1").arg(entry.url)));
+    }
+}
+
+} // namespace
+
+int ShowCommand::run(const Arguments& arguments)
+{
+    const QString guid = arguments.operands.constFirst();
+    SCfg_Item* const item = Items::find(guid);
+    if (!item)
+        return Console::fail(Console::exitFailure, QStringLiteral("unknown GUID %1").arg(guid));
+    const ItemFiles files(*item);
+    if (!arguments.json) {
+        printText(*item, files);
+        return Console::exitSuccess;
+    }
+    QJsonObject object = Items::toJson(*item);
+    QJsonArray uses;
+    for (const SCfg_Item* dependency : files.dependencies()) {
+        uses.append(QJsonObject{
+            {QStringLiteral("guid"), dependency->m_qsGUID},
+            {QStringLiteral("kind"), Items::kindName(dependency->m_eType)},
+            {QStringLiteral("name"), Items::nameOf(*dependency)},
+        });
+    }
+    object.insert(QStringLiteral("uses"), uses);
+    object.insert(QStringLiteral("files"), files.toJson());
+    Console::print(QJsonDocument(object));
+    return Console::exitSuccess;
+}

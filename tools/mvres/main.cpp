@@ -1,0 +1,44 @@
+// mvres: a resource manager host without a window, for scripts and for people who run a server.
+
+#include "Arguments.h"
+#include "Console.h"
+#include "FavouriteCommand.h"
+#include "FetchCommand.h"
+#include "ListCommand.h"
+#include "PathsCommand.h"
+#include "Session.h"
+#include "ShowCommand.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+int dispatch(const Arguments& arguments, const Session& session)
+{
+    if (arguments.command == QLatin1String("list"))
+        return ListCommand::run(arguments);
+    if (arguments.command == QLatin1String("show"))
+        return ShowCommand::run(arguments);
+    if (arguments.command == QLatin1String("fetch"))
+        return FetchCommand::run(arguments);
+    if (arguments.command == QLatin1String("favourite"))
+        return FavouriteCommand::run(arguments);
+    return PathsCommand::run(arguments, session);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("mvres"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(MV_VERSION));
+
+    Arguments arguments;
+    if (!arguments.parse(application))
+        return Console::fail(Console::exitUsage, arguments.errorText());
+    Session session;
+    if (!session.open(arguments))
+        return Console::fail(Console::exitFailure, session.errorText());
+    return dispatch(arguments, session);
+}

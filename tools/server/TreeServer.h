@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+/// Serves the files below one folder over HTTP on loopback, from threads of its own inside the
+/// process. For demonstrations and tests: a production server is nginx or its like.
+///
+/// Doubled slashes in an address count as one, so a server root may end in "/" or not. Nothing
+/// outside the folder is served by "..". All calls on one thread, except that the access log is
+/// called on the server's threads.
+class TreeServer
+{
+public:
+    /// One line per answered request: method, path and status.
+    using AccessLog = std::function<void(const QString& line)>;
+
+    TreeServer();
+    /// Stops the server.
+    ~TreeServer();
+    Q_DISABLE_COPY_MOVE(TreeServer)
+
+    void setAccessLog(AccessLog log);
+
+    /// Starts to serve `folder` on 127.0.0.1; port 0 takes a free one. False: errorText() says why.
+    bool start(const QString& folder, quint16 port = 0);
+    /// Ends open connections and joins the threads.
+    void stop();
+
+    QString errorText() const;
+    /// "http://127.0.0.1:PORT/"; empty while stopped.
+    QString url() const;
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};

@@ -1,0 +1,72 @@
+// mvserve: serves a resource server's tree on loopback, to try it out.
+
+#include "server/TreeServer.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+
+#include <csignal>
+#include <cstdio>
+
+#include <pthread.h>
+
+namespace {
+
+constexpr int exitFailure = 1;
+constexpr int exitUsage = 2;
+
+int fail(int status, const QString& text)
+{
+    std::fprintf(stderr, "mvserve: %s\n", text.toLocal8Bit().constData());
+    return status;
+}
+
+void print(const QString& line)
+{
+    std::printf("%s\n", line.toLocal8Bit().constData());
+    std::fflush(stdout);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    // Blocked in every thread: this one waits for them.
+    sigset_t ends;
+    sigemptyset(&ends);
+    sigaddset(&ends, SIGINT);
+    sigaddset(&ends, SIGTERM);
+    pthread_sigmask(SIG_BLOCK, &ends, nullptr);
+
+    const QCoreApplication application(argc, argv);
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral(
+        "Serves the tree of a resource server on 127.0.0.1 until it is interrupted."));
+    parser.addHelpOption();
+    parser.addPositionalArgument(QStringLiteral("TREE"), QStringLiteral("folder to serve"));
+    const QCommandLineOption portOption(QStringLiteral("port"),
+                                        QStringLiteral("port to listen on; a free one by default"),
+                                        QStringLiteral("N"), QStringLiteral("0"));
+    const QCommandLineOption quietOption(QStringLiteral("quiet"),
+                                         QStringLiteral("do not print requests"));
+    parser.addOptions({portOption, quietOption});
+    parser.process(application);
+
+    bool portOk = false;
+    const ushort port = parser.value(portOption).toUShort(&portOk);
+    if (!portOk)
+        return fail(exitUsage, QStringLiteral("--port takes a number from 0 to 65535"));
+    if (parser.positionalArguments().size() != 1)
+        return fail(exitUsage, QStringLiteral("name one folder to serve"));
+
+    TreeServer server;
+    if (!parser.isSet(quietOption))
+        server.setAccessLog(&print);
+    if (!server.start(parser.positionalArguments().constFirst(), port))
+        return fail(exitFailure, server.errorText());
+    print(QStringLiteral("serving %1 at %2")
+              .arg(parser.positionalArguments().constFirst(), server.url()));
+    int signal = 0;
+    sigwait(&ends, &signal);
+    return 0;
+}
