@@ -9,9 +9,9 @@
 
 namespace {
 
-bool parse(const QByteArray& bytes, QDomDocument& doc)
+bool parse(QFile& file, QDomDocument& doc)
 {
-    const QString text = QString::fromUtf8(bytes);
+    const QString text = QString::fromUtf8(file.readAll());
     return XmlGuard::accepts(text) && doc.setContent(text);
 }
 
@@ -22,7 +22,7 @@ bool MVThemeMgr::checkXml(const QString& path, QDomDocument& doc)
     QFile file(path);
     const bool readable = !path.isEmpty() && file.open(QIODevice::ReadOnly)
         && file.size() <= XmlGuard::longestDocument;
-    const bool ok = readable && parse(file.readAll(), doc);
+    const bool ok = readable && parse(file, doc);
     LogL("MVThemeMgr", 1, "checkXml [%s] is [%d]!", path.toUtf8().constData(), ok ? 1 : 0);
     return ok;
 }

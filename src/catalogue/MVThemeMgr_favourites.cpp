@@ -12,13 +12,13 @@
 
 namespace {
 
-/// Path of a favourites file, whose folder has the same name; the folder exists afterwards.
-QString collectPath(const QString& name)
+/// Path of a favourites file below the user's data folder; its folder exists afterwards.
+QString collectPath(const QString& folderName, const QString& fileName)
 {
-    const QString folder = Utils::strDataLocation() + QLatin1Char('/') + name;
+    const QString folder = Utils::strDataLocation() + folderName;
     if (!QDir(folder).exists())
         QDir().mkpath(folder);
-    return folder + QLatin1Char('/') + name + QStringLiteral(".json");
+    return folder + fileName;
 }
 
 /// Opening for reading and writing creates a file that is missing.
@@ -63,17 +63,18 @@ bool isCollected(const SCfg_Item* item, QJsonObject& marks)
 
 QString MVThemeMgr::Path_ThemeCollect()
 {
-    return collectPath(QStringLiteral("ThemeCollect"));
+    return collectPath(QStringLiteral("/ThemeCollect"), QStringLiteral("/ThemeCollect.json"));
 }
 
 QString MVThemeMgr::Path_FilterCollect()
 {
-    return collectPath(QStringLiteral("FilterCollect"));
+    return collectPath(QStringLiteral("/FilterCollect"), QStringLiteral("/FilterCollect.json"));
 }
 
 QString MVThemeMgr::Path_BgMaterialCollect()
 {
-    return collectPath(QStringLiteral("BgMaterialCollect"));
+    return collectPath(QStringLiteral("/BgMaterialCollect"),
+                       QStringLiteral("/BgMaterialCollect.json"));
 }
 
 QString MVThemeMgr::Path_ThemeType()

@@ -28,20 +28,20 @@ QString tagWord(MVThemeMgr::EDirTag t)
     return QString();
 }
 
-/// Folder of a kind with a leading "/"; empty for what is no kind.
-QString kindFolder(ECfgItemType k)
+/// Folder of a kind, to be filled with the half it lies in; empty for what is no kind.
+QString kindPattern(ECfgItemType k)
 {
     switch (k) {
     case eCfgItem_Filter:
-        return QStringLiteral("/VideoFilters");
+        return QStringLiteral("/%1/VideoFilters");
     case eCfgItem_Transition:
-        return QStringLiteral("/Transitions");
+        return QStringLiteral("/%1/Transitions");
     case eCfgItem_Motion:
-        return QStringLiteral("/Motions");
+        return QStringLiteral("/%1/Motions");
     case eCfgItem_Theme:
-        return QStringLiteral("/Themes");
+        return QStringLiteral("/%1/Themes");
     case eCfgItem_BgMaterial:
-        return QStringLiteral("/BgMaterial");
+        return QStringLiteral("/%1/BgMaterial");
     case eCfgItem_Resource:
         break;
     }
@@ -93,15 +93,15 @@ QString MVThemeMgr::Path_resource_Dir(ELoadDir d, EDirTag t)
 
 QString MVThemeMgr::Path_resource_Dir(ELoadDir d, EDirTag t, ECfgItemType k)
 {
-    const QString kind = kindFolder(k);
-    if (kind.isEmpty())
+    const QString pattern = kindPattern(k);
+    if (pattern.isEmpty())
         return QString();
     QString half;
     if (d != eLoadDir_Local)
         half = tagWord(t) + downloadFolder;
     else if (t == eDirTag_Display)
         half = tagWord(t);
-    return Path_resource_RootDir(d) + QLatin1Char('/') + half + kind;
+    return Path_resource_RootDir(d) + pattern.arg(half);
 }
 
 QString MVThemeMgr::Path_resource_xml(ELoadDir d, EDirTag t)
@@ -144,8 +144,9 @@ QString MVThemeMgr::downLoadUrl(EDirTag t, QString name)
 
 QString MVThemeMgr::downLoadUrl_Thumb(EDirTag t, ECfgItemType k, QString name)
 {
-    const QString kind = kindFolder(k);
-    const QString folder = kind.isEmpty() ? QString() : serverRoot() + tagWord(t) + kind;
+    // The server root brings its own slash.
+    const QString pattern = kindPattern(k).mid(1);
+    const QString folder = pattern.isEmpty() ? QString() : serverRoot() + pattern.arg(tagWord(t));
     return folder + QLatin1Char('/')
         + QString::fromLatin1(QUrl::toPercentEncoding(name, QByteArray(), " "));
 }

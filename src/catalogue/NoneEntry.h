@@ -6,7 +6,7 @@
 
 /// GUID of the built-in entry that stands for "no filter" or "no background" at the head of the
 /// filter and background-material lists. It stands in no config catalogue and needs no files.
-constexpr QLatin1String noneEntryGuid("{25DA2554-DB68-4026-ACE1-3EDDA71DA6D4}");
+constexpr QLatin1String noneEntryGuid("{25DA2554-DB68-4026-ACE1-3EDDA71DA6D4}", 38);
 
 /// Whether the item is that entry. Only filters and background materials have one.
 inline bool isNoneEntry(const SCfg_Item& item)

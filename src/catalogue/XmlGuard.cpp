@@ -29,19 +29,23 @@ public:
 private:
     bool step()
     {
-        if (startsWith("<!--"))
-            return skipPast("-->", 4);
-        if (startsWith("<![CDATA["))
-            return skipPast("]]>", 9);
-        if (startsWith("<?"))
-            return skipPast("?>", 2);
-        if (startsWith("<!"))
-            return skipDeclaration();
-        if (startsWith("</")) {
+        const int next = m_at + 1;
+        switch (next < m_text.size() ? m_text.at(next).unicode() : 0) {
+        case '/':
             --m_depth;
-            return skipPast(">", 2);
+            m_at = m_text.indexOf(QLatin1Char('>'), next);
+            return true;
+        case '?':
+            return skipPast("?>", 2);
+        case '!':
+            if (startsWith("<!--"))
+                return skipPast("-->", 4);
+            if (startsWith("<![CDATA["))
+                return skipPast("]]>", 9);
+            return skipDeclaration();
+        default:
+            return enterElement();
         }
-        return enterElement();
     }
 
     bool startsWith(const char* markup) const

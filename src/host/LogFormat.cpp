@@ -53,6 +53,9 @@ Conversion parse(const char* percent)
     // Wide texts and characters are not passed to the log.
     if (std::strchr("csp", *lengthEnd) && !result.length.isEmpty())
         return result;
+    // "%%" only: in "%1%2" two placeholders follow each other.
+    if (*lengthEnd == '%' && lengthEnd != percent + 1)
+        return result;
     result.letter = *lengthEnd;
     result.end = lengthEnd + 1;
     return result;

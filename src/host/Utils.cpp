@@ -12,15 +12,29 @@ namespace {
 
 constexpr int copyChunk = 256 * 1024;
 
+/// Where a path really leads, as far as it exists, with a slash behind it.
+QString realFolder(const QString& path)
+{
+    QFileInfo info(QDir::cleanPath(QDir::current().absoluteFilePath(path)));
+    while (!info.exists() && !info.isRoot())
+        info.setFile(info.path());
+    const QString real = info.canonicalFilePath();
+    return real.endsWith(QLatin1Char('/')) ? real : real + QLatin1Char('/');
+}
+
 } // namespace
 
 QString Utils::getMD5(const QString& file)
 {
     QFile source(file);
-    if (!source.open(QIODevice::ReadOnly))
+    if (file.isEmpty() || !source.open(QIODevice::ReadOnly))
         return QString();
     QCryptographicHash hash(QCryptographicHash::Md5);
-    if (!hash.addData(&source))
+    QByteArray chunk(copyChunk, Qt::Uninitialized);
+    qint64 length = 0;
+    while ((length = source.read(chunk.data(), chunk.size())) > 0)
+        hash.addData(chunk.constData(), static_cast<int>(length));
+    if (length < 0)
         return QString();
     return QString::fromLatin1(hash.result().toHex());
 }
@@ -35,7 +49,7 @@ bool Utils::copyFileToPath(const QString& from, const QString& to, bool overwrit
     if (!overwrite && QFile::exists(to))
         return false;
     QFile source(from);
-    if (!source.open(QIODevice::ReadOnly))
+    if (from.isEmpty() || !source.open(QIODevice::ReadOnly))
         return false;
     PartFile target;
     if (!target.open(to))
@@ -53,10 +67,9 @@ bool Utils::copyFileToPath(const QString& from, const QString& to, bool overwrit
 bool Utils::copyDirectoryFiles(const QString& from, const QString& to, bool overwrite)
 {
     const QDir source(from);
-    if (!source.exists() || !QDir().mkpath(to))
-        return false;
-    const QString inside = source.canonicalPath() + QLatin1Char('/');
-    if ((QDir(to).canonicalPath() + QLatin1Char('/')).startsWith(inside))
+    // Without a name QDir means the current folder.
+    if (from.isEmpty() || to.isEmpty() || !source.exists()
+        || realFolder(to).startsWith(realFolder(from)) || !QDir().mkpath(to))
         return false;
 
     bool allCopied = true;
@@ -74,7 +87,7 @@ bool Utils::copyDirectoryFiles(const QString& from, const QString& to, bool over
 
 bool Utils::rmDir(const QString& path, bool recursive)
 {
-    if (path.isEmpty() || QDir(path).isRoot())
+    if (path.isEmpty())
         return false;
     // QDir would remove what a link points to; a trailing slash hides that it is one.
     const QFileInfo info(QDir::cleanPath(path));
@@ -82,9 +95,10 @@ bool Utils::rmDir(const QString& path, bool recursive)
         return QFile::remove(info.filePath());
     if (!info.exists())
         return true;
-    if (!info.isDir())
+    // Canonical, since "/.." is the root too, and "." may be.
+    if (!info.isDir() || QDir(info.canonicalFilePath()).isRoot())
         return false;
-    return recursive ? QDir(path).removeRecursively() : QDir().rmdir(path);
+    return recursive ? QDir(info.filePath()).removeRecursively() : QDir().rmdir(info.filePath());
 }
 
 QString Utils::strDataLocation()

@@ -63,10 +63,12 @@ bool Arguments::parse(const QCoreApplication& application)
 
     QCommandLineParser parser;
     parser.setApplicationDescription(QString::fromLatin1(description));
-    const QCommandLineOption helpOption = parser.addHelpOption();
+    // Not addHelpOption(): it also offers a help on options of Qt's, which are not read here.
+    const QCommandLineOption helpOption({QStringLiteral("h"), QStringLiteral("help")},
+                                        QStringLiteral("print this help"));
     const QCommandLineOption versionOption = parser.addVersionOption();
-    parser.addOptions({settingsOption, serverOption, rootOption, resourcesOption, paramOption,
-                       jsonOption, verboseOption, offOption});
+    parser.addOptions({helpOption, settingsOption, serverOption, rootOption, resourcesOption,
+                       paramOption, jsonOption, verboseOption, offOption});
     parser.addPositionalArgument(QStringLiteral("COMMAND"),
                                  QStringLiteral("list, show, fetch, favourite or paths"));
     parser.addPositionalArgument(QStringLiteral("ARGUMENTS"), QStringLiteral("see above"),
@@ -77,6 +79,10 @@ bool Arguments::parse(const QCoreApplication& application)
         parser.showHelp();
     if (parser.isSet(versionOption))
         parser.showVersion();
+    for (const QCommandLineOption& option : {settingsOption, rootOption, resourcesOption}) {
+        if (parser.isSet(option) && parser.value(option).isEmpty())
+            return fail(QStringLiteral("--%1 is empty").arg(option.names().constFirst()));
+    }
 
     settingsFile = parser.value(settingsOption);
     root = parser.value(rootOption);

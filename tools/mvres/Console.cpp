@@ -6,9 +6,18 @@
 
 namespace Console {
 
+QString oneLine(QString text)
+{
+    for (QChar& character : text) {
+        if (character.category() == QChar::Other_Control)
+            character = QLatin1Char(' ');
+    }
+    return text;
+}
+
 void print(const QString& line)
 {
-    std::printf("%s\n", line.toLocal8Bit().constData());
+    std::printf("%s\n", oneLine(line).toLocal8Bit().constData());
     std::fflush(stdout);
 }
 
@@ -20,8 +29,15 @@ void print(const QJsonDocument& document)
 
 int fail(int status, const QString& text)
 {
-    std::fprintf(stderr, "mvres: %s\n", text.toLocal8Bit().constData());
+    std::fprintf(stderr, "mvres: %s\n", oneLine(text).toLocal8Bit().constData());
     return status;
+}
+
+int finished(int status)
+{
+    if ((std::fflush(stdout) == 0 && std::ferror(stdout) == 0) || status != exitSuccess)
+        return status;
+    return fail(exitFailure, QStringLiteral("standard output cannot be written"));
 }
 
 QString counted(qint64 number, const QString& noun)

@@ -13,12 +13,19 @@ constexpr int exitUsage = 2;
 /// fetch: this plus the value of EMVThemeDownLoadError.
 constexpr int exitDownload = 10;
 
+/// Names come from a server: control characters become blanks, so that a text stays on its line and
+/// leaves the terminal alone.
+QString oneLine(QString text);
+
 /// One line on standard output.
 void print(const QString& line);
 void print(const QJsonDocument& document);
 
 /// "mvres: TEXT" on standard error; returns `status`, for use in return statements.
 int fail(int status, const QString& text);
+
+/// The exit status at the end: `status`, or a failure if the output could not be written.
+int finished(int status);
 
 /// "1 file", "2 files".
 QString counted(qint64 number, const QString& noun);

@@ -3,6 +3,7 @@
 #include "Arguments.h"
 #include "Console.h"
 #include "download/MVThemeDownLoader.h"
+#include "host/TzProductInfo.h"
 #include "Interrupt.h"
 #include "ItemFiles.h"
 #include "Items.h"
@@ -12,6 +13,8 @@
 #include <QEventLoop>
 #include <QJsonDocument>
 #include <QVector>
+
+#include <algorithm>
 
 namespace {
 
@@ -50,6 +53,16 @@ int FetchCommand::run(const Arguments& arguments)
             return Console::fail(Console::exitFailure, QStringLiteral("unknown GUID %1").arg(guid));
         if (!items.contains(item))
             items.append(item);
+    }
+    const bool complete = std::all_of(items.cbegin(), items.cend(), [](SCfg_Item* item) {
+        return Items::missingFiles(*item) == 0;
+    });
+    const QString server =
+        TzProductInfo::instance()->extendParam(QStringLiteral("url_themeRootDir"), QString());
+    if (!complete && server.isEmpty()) {
+        return Console::fail(Console::exitFailure,
+                             QStringLiteral("no server to fetch from: give --server, or "
+                                            "url_themeRootDir in the settings"));
     }
     FetchCommand command(arguments.json);
     EMVThemeDownLoadError first = eDownLoadError_None;

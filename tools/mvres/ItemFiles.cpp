@@ -20,7 +20,7 @@ ItemFiles::ItemFiles(SCfg_Item& item)
             add(*slot.m_pItem);
         }
     };
-    for (const SThemes_a::SDependArray& element : item.m_pThemes_a->m_vecItems)
+    for (const SThemes_a::SDependArray& element : qAsConst(item.m_pThemes_a->m_vecItems))
         std::for_each(element.cbegin(), element.cend(), addDependency);
     addDependency(item.m_pThemes_a->m_aStart[eDependType_Text]);
     addDependency(item.m_pThemes_a->m_aEnd[eDependType_Text]);

@@ -40,6 +40,16 @@ SCfg_Item* findExactly(const QString& guid)
     return nullptr;
 }
 
+/// A GUID as catalogues write it, from one in any case, with or without braces; empty for any other
+/// text. QUuid alone would overlook what follows a GUID.
+QString canonical(const QString& guid)
+{
+    const QUuid id(guid);
+    const bool whole = guid.compare(id.toString(QUuid::WithBraces), Qt::CaseInsensitive) == 0
+        || guid.compare(id.toString(QUuid::WithoutBraces), Qt::CaseInsensitive) == 0;
+    return whole ? id.toString().toUpper() : QString();
+}
+
 } // namespace
 
 namespace Items {
@@ -74,7 +84,7 @@ QString themeTypeName(const SCfg_Item& item)
     if (item.m_eType != eCfgItem_Theme)
         return QStringLiteral("-");
     for (const char* key : {"festivals", "travel", "banquets"}) {
-        const QString name = QString::fromLatin1(key);
+        QString name = QString::fromLatin1(key);
         if (MVThemeMgr::init()->Themetype(name) == item.m_nThemeType)
             return name;
     }
@@ -95,7 +105,8 @@ SCfg_Item* find(const QString& guid)
 {
     if (SCfg_Item* const item = findExactly(guid))
         return item;
-    return findExactly(QUuid(guid).toString().toUpper());
+    const QString written = canonical(guid);
+    return written.isEmpty() ? nullptr : findExactly(written);
 }
 
 QString nameOf(const SCfg_Item& item)
@@ -112,7 +123,7 @@ int missingFiles(SCfg_Item& item)
     QVector<SFileInfo*> missing;
     MVThemeMgr::init()->getNeedDownLoadFiles(&item, missing);
     QSet<QString> files;
-    for (const SFileInfo* info : missing)
+    for (const SFileInfo* info : qAsConst(missing))
         files.insert(info->m_qsFile);
     return files.size();
 }

@@ -2,6 +2,7 @@
 
 #include "Arguments.h"
 #include "catalogue/MVThemeMgr.h"
+#include "Columns.h"
 #include "Console.h"
 #include "Items.h"
 
@@ -16,19 +17,21 @@ void printTable(const QVector<SCfg_Item*>& items)
 {
     int nameWidth = 0;
     for (const SCfg_Item* item : items)
-        nameWidth = std::max(nameWidth, item->m_qsName.size());
+        nameWidth = std::max(nameWidth, Columns::width(item->m_qsName));
     for (SCfg_Item* item : items) {
         const int missing = Items::missingFiles(*item);
         const QString state =
             missing == 0 ? QStringLiteral("ready") : QStringLiteral("%1 missing").arg(missing);
         const bool favourite = MVThemeMgr::init()->isItemCollect(item);
-        Console::print(QStringLiteral("%1  %2  %3  %4  %5  %6")
-                           .arg(item->m_qsGUID, -38)
-                           .arg(Items::kindName(item->m_eType), -10)
-                           .arg(item->m_qsName, -nameWidth)
-                           .arg(Items::themeTypeName(*item), -9)
-                           .arg(favourite ? QStringLiteral("favourite") : QStringLiteral("-"), -9)
-                           .arg(state));
+        Console::print(
+            QStringLiteral("%1  %2  %3  %4  %5  %6")
+                .arg(Columns::padded(item->m_qsGUID, 38),
+                     Columns::padded(Items::kindName(item->m_eType), 10),
+                     Columns::padded(item->m_qsName, nameWidth),
+                     Columns::padded(Items::themeTypeName(*item), 9),
+                     Columns::padded(favourite ? QStringLiteral("favourite") : QStringLiteral("-"),
+                                     9),
+                     state));
     }
 }
 
@@ -48,7 +51,7 @@ int ListCommand::run(const Arguments& arguments)
         kinds = {kind};
     }
     QVector<SCfg_Item*> items;
-    for (const ECfgItemType kind : kinds)
+    for (const ECfgItemType kind : qAsConst(kinds))
         items += Items::displayed(kind);
 
     if (!arguments.json) {
@@ -56,7 +59,7 @@ int ListCommand::run(const Arguments& arguments)
         return Console::exitSuccess;
     }
     QJsonArray array;
-    for (SCfg_Item* item : items)
+    for (SCfg_Item* item : qAsConst(items))
         array.append(Items::toJson(*item));
     Console::print(QJsonDocument(array));
     return Console::exitSuccess;

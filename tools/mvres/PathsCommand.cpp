@@ -52,10 +52,11 @@ QVector<Row> rows(const Session& session)
 int PathsCommand::run(const Arguments& arguments, const Session& session)
 {
     QJsonObject object;
-    for (const Row& row : rows(session)) {
+    const QVector<Row> all = rows(session);
+    for (const Row& row : all) {
         object.insert(row.first, row.second);
         if (!arguments.json)
-            Console::print(QStringLiteral("%1 %2").arg(row.first, -24).arg(row.second));
+            Console::print(QStringLiteral("%1 %2").arg(row.first, -25).arg(row.second));
     }
     if (arguments.json)
         Console::print(QJsonDocument(object));

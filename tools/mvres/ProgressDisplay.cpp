@@ -1,5 +1,6 @@
 #include "ProgressDisplay.h"
 
+#include "Columns.h"
 #include "Console.h"
 
 #include <QFileInfo>
@@ -11,12 +12,15 @@
 
 namespace {
 
-constexpr int barWidth = 40;
+constexpr int widestBar = 40;
+constexpr int narrowestBar = 10;
+// Brackets, blanks, and the percentage of three digits.
+constexpr int widthAroundBar = 2 + 3 + 4;
 
 } // namespace
 
 ProgressDisplay::ProgressDisplay(const QString& title, Style style)
-    : m_title(title)
+    : m_title(Console::oneLine(title))
     , m_silent(style == Style::None)
     , m_bar(::isatty(STDOUT_FILENO) == 1)
 {
@@ -34,22 +38,33 @@ void ProgressDisplay::update(double percent, const QString& file)
     if (m_bar)
         drawBar(whole);
     else if (newFile || first)
-        Console::print(
-            QStringLiteral("%1: %2%  %3")
-                .arg(m_title)
-                .arg(whole, 3)
-                .arg(file.isEmpty() ? QStringLiteral("preparing") : QFileInfo(file).fileName()));
+        Console::print(QStringLiteral("%1: %2%  %3")
+                           .arg(m_title, QString::number(whole).rightJustified(3), fileName()));
 }
 
+QString ProgressDisplay::fileName() const
+{
+    return m_file.isEmpty() ? QStringLiteral("preparing")
+                            : Console::oneLine(QFileInfo(m_file).fileName());
+}
+
+/// The line must fit: "\r" does not lead back over the edge of the terminal.
 void ProgressDisplay::drawBar(int percent) const
 {
+    const int room = Columns::ofTerminal() - 1;
+    const int barWidth = std::clamp(room / 3, narrowestBar, widestBar);
     const int filled = percent * barWidth / 100;
     const QString bar =
         QString(filled, QLatin1Char('#')) + QString(barWidth - filled, QLatin1Char(' '));
+    const QString file = fileName();
+    const int texts = std::max(room - barWidth - widthAroundBar, 0);
+    const QString title =
+        Columns::elided(m_title, std::max(texts / 2, texts - Columns::width(file)));
+    const QString line = QStringLiteral("%1 [%2] %3% %4")
+                             .arg(title, bar, QString::number(percent).rightJustified(3),
+                                  Columns::elided(file, texts - Columns::width(title)));
     // To the line's start, and clear what an earlier, longer file name left.
-    std::printf("\r%s [%s] %3d%% %s\033[K", m_title.toLocal8Bit().constData(),
-                bar.toLocal8Bit().constData(), percent,
-                QFileInfo(m_file).fileName().toLocal8Bit().constData());
+    std::printf("\r%s\033[K", line.toLocal8Bit().constData());
     std::fflush(stdout);
 }
 

@@ -17,6 +17,7 @@ public:
     void finish();
 
 private:
+    QString fileName() const;
     void drawBar(int percent) const;
 
     QString m_title;

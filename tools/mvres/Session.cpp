@@ -47,7 +47,8 @@ bool Session::applySettings(const Arguments& arguments)
 bool Session::checkFolders(const Arguments& arguments)
 {
     const HostSettings& settings = hostSettings();
-    const bool resourcesNamed = !arguments.resources.isEmpty() || !arguments.settingsFile.isEmpty();
+    // The default folder may be missing: a downloaded catalogue is enough.
+    const bool resourcesNamed = settings.resourcesPath != HostSettings().resourcesPath;
     if (resourcesNamed && !QFileInfo(settings.resourcesPath).isDir())
         return fail(QStringLiteral("no such resources folder: %1").arg(settings.resourcesPath));
 

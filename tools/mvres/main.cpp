@@ -40,5 +40,5 @@ int main(int argc, char** argv)
     Session session;
     if (!session.open(arguments))
         return Console::fail(Console::exitFailure, session.errorText());
-    return dispatch(arguments, session);
+    return Console::finished(dispatch(arguments, session));
 }

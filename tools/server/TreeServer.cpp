@@ -7,6 +7,20 @@
 
 #include <httplib.h>
 
+#include <sys/socket.h>
+
+namespace {
+
+/// httplib's own options let a second server bind the same port, and each would get a part of the
+/// requests.
+void keepPortToOneself(int socket)
+{
+    const int on = 1;
+    ::setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
+}
+
+} // namespace
+
 class TreeServer::Private
 {
 public:
@@ -42,6 +56,7 @@ bool TreeServer::start(const QString& folder, quint16 port)
         d->errorText = QStringLiteral("%1 is not a folder").arg(folder);
         return false;
     }
+    server->set_socket_options(&keepPortToOneself);
     server->set_keep_alive_max_count(1000000);
     server->set_file_extension_and_mimetype_mapping("zip", "application/zip");
     if (d->log) {
