@@ -11,6 +11,11 @@
 class Ratios : public benchmark::ConsoleReporter
 {
 public:
+    Ratios()
+        : ConsoleReporter(OO_None)
+    {
+    }
+
     void ReportRuns(const std::vector<Run>& runs) override;
 
     /// Compares two benchmarks by name: value / floor must not be above the limit.

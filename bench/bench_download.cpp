@@ -65,12 +65,22 @@ QString fileName(const QString& folder, int number)
     return QStringLiteral("%1/%2.bin").arg(folder).arg(number);
 }
 
+/// Downloads bring files that were not there: both sides start from an empty folder.
+void empty(benchmark::State& state, const QString& folder)
+{
+    state.PauseTiming();
+    QDir(folder).removeRecursively();
+    QDir().mkpath(folder);
+    state.ResumeTiming();
+}
+
 void measureWrapper(benchmark::State& state, const ServerProcess& server, const QString& folder,
                     const Load& load)
 {
     CurWrapper wrapper;
     for (auto iteration : state) {
         Q_UNUSED(iteration)
+        empty(state, folder);
         for (int i = 0; i < load.files; ++i) {
             wrapper.download(server.url(load.size, i), fileName(folder, i), false);
             if (wrapper.result() != 0)
@@ -85,6 +95,7 @@ void measureBareLibcurl(benchmark::State& state, const ServerProcess& server, co
     const std::unique_ptr<CURL, void (*)(CURL*)> easy(curl_easy_init(), &curl_easy_cleanup);
     for (auto iteration : state) {
         Q_UNUSED(iteration)
+        empty(state, folder);
         for (int i = 0; i < load.files; ++i) {
             const QByteArray url = server.url(load.size, i).toUtf8();
             std::FILE* const file = std::fopen(fileName(folder, i).toLocal8Bit().constData(), "wb");
@@ -127,7 +138,6 @@ int main(int argc, char** argv)
     const QCoreApplication application(argc, argv);
     const BenchHome home;
     const QString folder = home.path() + QStringLiteral("/files");
-    QDir().mkpath(folder);
 
     Ratios ratios;
     addPair(ratios, server, folder, "1000x20kB", {smallFiles, smallSize}, smallRepetitions);

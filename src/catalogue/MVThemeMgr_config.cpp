@@ -9,9 +9,15 @@
 
 namespace {
 
+QString decoded(const QByteArray& bytes)
+{
+    // With the length: without it, decoding stops at a NUL and hides what follows.
+    return QString::fromUtf8(bytes.constData(), bytes.size());
+}
+
 bool parse(QFile& file, QDomDocument& doc)
 {
-    const QString text = QString::fromUtf8(file.readAll());
+    const QString text = decoded(file.readAll());
     return XmlGuard::accepts(text) && doc.setContent(text);
 }
 

@@ -52,6 +52,13 @@ bool exists(const QString& file)
     return !file.contains(QChar(QChar::Null)) && QFile::exists(file);
 }
 
+QString percentDecoded(const QString& url)
+{
+    const QByteArray bytes = QByteArray::fromPercentEncoding(url.toUtf8());
+    // With the length: without it, decoding stops at a NUL and names another file.
+    return QString::fromUtf8(bytes.constData(), bytes.size());
+}
+
 bool hasGuid(const SCfg_Item& item)
 {
     return !QUuid(item.m_qsGUID).isNull();
@@ -77,8 +84,7 @@ bool MVThemeMgr::resolve(SFileInfo& info, ECfgItemType k, EDirTag t, const QStri
 {
     const QString url = urlOf(info);
     const bool absolute = absoluteNames && url.startsWith(QLatin1Char('/'));
-    const QString decoded =
-        absolute ? QString::fromUtf8(QByteArray::fromPercentEncoding(url.toUtf8())) : QString();
+    const QString decoded = absolute ? percentDecoded(url) : QString();
     const auto candidate = [&](ELoadDir d) {
         return absolute ? Path_resource_Dir(d, t) + decoded
                         : Path_resource_Dir(d, t, k) + QLatin1Char('/') + relative;

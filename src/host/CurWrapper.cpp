@@ -86,6 +86,7 @@ private:
     bool keepGoing(qint64 received, qint64 total);
     int fail(int code, const QString& reason);
 
+    QString m_asked; // the address as the caller gave it
     QUrl m_url;
     QString m_target;
     PartFile m_file;
@@ -99,6 +100,7 @@ private:
 int CurWrapper::Private::download(const QString& url, const QString& file, bool resume)
 {
     errorText.clear();
+    m_asked = url;
     m_url = QUrl(url, QUrl::TolerantMode);
     m_target = file;
     m_request = HttpTransfer::Request();
@@ -197,7 +199,8 @@ HttpTransfer::End CurWrapper::Private::followRedirects()
         else if (!next.isValid() || !isHttp(next))
             m_redirectError =
                 QStringLiteral("redirected to %1, which is not an http or https address")
-                    .arg(next.toDisplayString());
+                    .arg(next.isValid() ? next.toDisplayString()
+                                        : QString::fromUtf8(transfer.head().location));
         else if (url.scheme() == QLatin1String("https") && next.scheme() != url.scheme())
             m_redirectError = QStringLiteral("redirected from https to http");
         if (!m_redirectError.isEmpty())
@@ -259,9 +262,8 @@ bool CurWrapper::Private::keepGoing(qint64 received, qint64 total)
 int CurWrapper::Private::fail(int code, const QString& reason)
 {
     errorText = QStringLiteral("%1: %2 (%3 bytes received; local file %4)")
-                    .arg(m_url.toDisplayString(), reason)
-                    .arg(m_received)
-                    .arg(m_target);
+                    .arg(m_url.isValid() ? m_url.toDisplayString() : m_asked, reason,
+                         QString::number(m_received), m_target);
     return code;
 }
 

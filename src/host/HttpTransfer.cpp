@@ -42,6 +42,7 @@ HttpTransfer::End HttpTransfer::perform(const Request& request, PartFile& file,
     m_request = request;
     m_file = &file;
     m_head = ResponseHead();
+    m_accepted = false;
     m_refused = false;
     m_discarding = false;
     m_discarded = 0;
@@ -73,14 +74,18 @@ void HttpTransfer::configure(const Request& request)
     curl_easy_setopt(easy, CURLOPT_USERAGENT, "mvresource");
     curl_easy_setopt(easy, CURLOPT_ERRORBUFFER, m_curlError);
     curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT_MS, long{settings.connectTimeoutMs});
+    // What a proxy says to a tunnel is not the answer about the file.
+    curl_easy_setopt(easy, CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
     curl_easy_setopt(easy, CURLOPT_HEADERFUNCTION, &HttpTransfer::onHeader);
     curl_easy_setopt(easy, CURLOPT_HEADERDATA, this);
     curl_easy_setopt(easy, CURLOPT_WRITEFUNCTION, &HttpTransfer::onBody);
     curl_easy_setopt(easy, CURLOPT_WRITEDATA, this);
     if (!settings.proxy.isEmpty())
         curl_easy_setopt(easy, CURLOPT_PROXY, encoded(settings.proxy).constData());
-    if (!settings.caFile.isEmpty())
+    if (!settings.caFile.isEmpty()) {
         curl_easy_setopt(easy, CURLOPT_CAINFO, encoded(settings.caFile).constData());
+        curl_easy_setopt(easy, CURLOPT_CAPATH, nullptr); // holds the system's authorities
+    }
 
     curl_slist* fields = curl_slist_append(nullptr, "Accept-Encoding: identity");
     if (request.rangeStart > 0) {
@@ -96,20 +101,22 @@ void HttpTransfer::configure(const Request& request)
 CURLcode HttpTransfer::transfer(const KeepGoing& keepGoing)
 {
     const milliseconds stall(hostSettings().stallTimeoutMs);
-    const milliseconds connect(hostSettings().connectTimeoutMs);
     for (;;) {
         int running = 0;
         curl_multi_perform(m_multi.get(), &running);
         if (running == 0)
             break;
         if (!keepGoing(m_file->size(), announcedTotal())) {
+            m_refused = false; // a cancel wins over what the answer was
             refuse(End::Cancelled, QStringLiteral("cancelled"));
             return CURLE_ABORTED_BY_CALLBACK;
         }
         // Until it stands, a connection has a limit of its own, which libcurl watches.
         curl_off_t connected = 0;
         curl_easy_getinfo(m_easy.get(), CURLINFO_PRETRANSFER_TIME_T, &connected);
-        if (Clock::now() - m_lastByte > (connected > 0 ? stall : stall + connect)) {
+        if (connected == 0)
+            m_lastByte = Clock::now();
+        if (Clock::now() - m_lastByte > stall) {
             refuse(End::Network, QStringLiteral("no byte came for %1 ms").arg(stall.count()));
             return CURLE_OPERATION_TIMEDOUT;
         }
@@ -127,18 +134,15 @@ HttpTransfer::End HttpTransfer::judge(CURLcode code, const PartFile& file)
 {
     if (m_refused)
         return m_end;
-    if (code == CURLE_OK) {
-        const qint64 total = announcedTotal();
-        if (m_head.rangeTotal < 0 || file.size() == total)
-            return End::Complete;
-    }
+    if (code == CURLE_OK && m_accepted && isWhole(file.size()))
+        return End::Complete;
     m_reason = QString::fromUtf8(m_curlError[0] ? m_curlError : curl_easy_strerror(code));
     switch (code) {
     case CURLE_OK:
-        m_reason = QStringLiteral("the part that came is not the rest of the file");
+        m_reason = m_accepted ? QStringLiteral("the part that came is not the rest of the file")
+                              : QStringLiteral("the connection ended in the header");
         return End::Broken;
     case CURLE_URL_MALFORMAT:
-    case CURLE_UNSUPPORTED_PROTOCOL:
         return End::BadUrl;
     case CURLE_PARTIAL_FILE:
     case CURLE_RECV_ERROR:
@@ -148,6 +152,13 @@ HttpTransfer::End HttpTransfer::judge(CURLcode code, const PartFile& file)
     default:
         return End::Network;
     }
+}
+
+/// libcurl has checked the length of the answer itself; with a part, the whole counts.
+bool HttpTransfer::isWhole(qint64 size) const
+{
+    const qint64 total = announcedTotal();
+    return m_head.status != 206 || total == 0 || size == total;
 }
 
 bool HttpTransfer::refuse(End end, const QString& reason)
@@ -173,7 +184,8 @@ std::size_t HttpTransfer::takeHeader(const char* data, std::size_t length)
 
 bool HttpTransfer::headerEnded()
 {
-    return acceptStatus() && acceptRange() && acceptSize();
+    m_accepted = acceptStatus() && acceptRange() && acceptSize();
+    return m_accepted;
 }
 
 bool HttpTransfer::acceptStatus()
@@ -265,6 +277,8 @@ qint64 HttpTransfer::announcedTotal() const
         return 0;
     if (m_head.rangeTotal >= 0)
         return m_head.rangeTotal;
+    if (m_head.status == 206 && m_request.rangeTotal >= 0)
+        return m_request.rangeTotal;
     if (m_head.contentLength < 0)
         return 0;
     return m_head.status == 206 ? m_request.rangeStart + m_head.contentLength

@@ -74,6 +74,7 @@ private:
     bool acceptStatus();
     bool acceptRange();
     bool isSameVersion() const;
+    bool isWhole(qint64 size) const;
     bool acceptSize();
     bool refuse(End end, const QString& reason);
     std::size_t takeHeader(const char* data, std::size_t length);
@@ -103,6 +104,7 @@ private:
     PartFile* m_file = nullptr; // the caller's, during perform()
     Request m_request;
     ResponseHead m_head;
+    bool m_accepted = false;   // the header is whole, and its body is to be the file
     bool m_refused = false;    // m_end and m_reason are decided, whatever libcurl says
     bool m_discarding = false; // the body is an error page: read past it, to keep the connection
     qint64 m_discarded = 0;

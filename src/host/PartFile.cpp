@@ -21,9 +21,17 @@ QString partName()
         .arg(QRandomGenerator::global()->generate64(), 16, 16, QLatin1Char('0'));
 }
 
-bool lockWithoutWaiting(const QFile& file)
+enum class Lock {
+    Taken,      ///< by this call
+    Held,       ///< by another writer
+    Impossible, ///< on this file system: then nothing counts as a leftover
+};
+
+Lock lock(const QFile& file)
 {
-    return ::flock(file.handle(), LOCK_EX | LOCK_NB) == 0;
+    if (::flock(file.handle(), LOCK_EX | LOCK_NB) == 0)
+        return Lock::Taken;
+    return errno == EWOULDBLOCK ? Lock::Held : Lock::Impossible;
 }
 
 /// False once somebody has removed the name of the open file.
@@ -49,23 +57,25 @@ bool PartFile::open(const QString& target)
     const QFileInfo info(target);
     if (info.fileName().isEmpty() || info.isDir())
         return fail(QStringLiteral("is a folder, not a file name"));
-    if (!info.absoluteDir().exists())
-        return fail(QStringLiteral("its folder does not exist"));
     return createLocked();
 }
 
 bool PartFile::createLocked()
 {
-    const QString folder = QFileInfo(m_target).path();
+    const QFileInfo target(m_target);
+    const QString folder = target.path();
     for (int attempt = 0; attempt < createAttempts; ++attempt) {
         m_file.setFileName(folder + QLatin1Char('/') + partName());
         if (!m_file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
+            if (!target.dir().exists())
+                return fail(QStringLiteral("its folder does not exist"));
             if (!QFile::exists(m_file.fileName()))
                 return fail(m_file.errorString());
             continue;
         }
-        // Between creation and lock a sweep may have taken the file for a leftover.
-        if (lockWithoutWaiting(m_file) && stillHasName(m_file))
+        // Between creation and lock a sweep may have taken the file for a leftover, which it then
+        // removes.
+        if (lock(m_file) != Lock::Held && stillHasName(m_file))
             return true;
         m_file.close();
     }
@@ -122,7 +132,8 @@ void PartFile::removeLeftovers(const QString& folder)
                                                      QDir::Files | QDir::Hidden | QDir::NoSymLinks);
     for (const QString& name : names) {
         QFile leftover(folder + QLatin1Char('/') + name);
-        if (leftover.open(QIODevice::ReadOnly) && lockWithoutWaiting(leftover))
-            leftover.remove();
+        // Removed under the lock: QFile::remove() of its own would close, and so unlock, it first.
+        if (leftover.open(QIODevice::ReadOnly) && lock(leftover) == Lock::Taken)
+            QFile::remove(leftover.fileName());
     }
 }

@@ -68,7 +68,7 @@ bool ResponseHead::isRedirect() const
 
 QByteArray ResponseHead::validator() const
 {
-    if (!etag.isEmpty() && !etag.startsWith("W/"))
-        return etag;
-    return lastModified;
+    if (etag.isEmpty())
+        return lastModified;
+    return etag.startsWith("W/") ? QByteArray() : etag;
 }

@@ -27,8 +27,8 @@ public:
     bool isInterim() const { return status >= 100 && status < 200; }
     bool isRedirect() const;
 
-    /// What makes sure that a later range belongs to the same version: the strong entity tag, else
-    /// the modification date, else empty.
+    /// What makes sure that a later range belongs to the same version: the entity tag if it is
+    /// strong; the modification date where there is no tag (RFC 9110, 13.1.5); else empty.
     QByteArray validator() const;
 
 private:

@@ -45,8 +45,8 @@ private:
     bool readRequest(int socket, QByteArray& buffer, HttpRequest& request) const;
 
     Handler m_handler;
+    quint16 m_port = 0; // set while m_listener is made, so it stands first
     int m_listener = -1;
-    quint16 m_port = 0;
     std::atomic<bool> m_stopping{false};
     std::atomic<int> m_connections{0};
     mutable std::mutex m_mutex; // guards m_requests and m_workers

@@ -19,17 +19,19 @@ void pointInto(const char* variable, const QString& folder)
 } // namespace
 
 TestHome::TestHome()
-    : m_dir(std::make_unique<QTemporaryDir>())
 {
-    if (!m_dir->isValid())
-        qFatal("no temporary folder: %s", qPrintable(m_dir->errorString()));
-    homePath = m_dir->path();
+    // Constructed before the catalogue, so removed after the catalogue has saved its favourites.
+    static const QTemporaryDir dir;
+    if (!dir.isValid())
+        qFatal("no temporary folder: %s", qPrintable(dir.errorString()));
+    homePath = dir.path();
     pointInto("HOME", homePath + QStringLiteral("/home"));
     pointInto("XDG_CONFIG_HOME", homePath + QStringLiteral("/home/.config"));
     pointInto("XDG_CACHE_HOME", homePath + QStringLiteral("/home/.cache"));
     pointInto("XDG_DATA_HOME", homePath + QStringLiteral("/home/.local/share"));
     pointInto("TMPDIR", homePath + QStringLiteral("/tmp"));
-    for (const char* proxy : {"http_proxy", "https_proxy", "all_proxy", "HTTPS_PROXY", "ALL_PROXY"})
+    for (const char* proxy : {"http_proxy", "https_proxy", "all_proxy", "no_proxy", "HTTPS_PROXY",
+                              "ALL_PROXY", "NO_PROXY"})
         qunsetenv(proxy);
 
     HostSettings& settings = hostSettings();
@@ -39,8 +41,6 @@ TestHome::TestHome()
     settings.testOutputDir = homePath + QStringLiteral("/testoutput");
     setLogSink([](const QByteArray&, int, const QByteArray&) {});
 }
-
-TestHome::~TestHome() = default;
 
 QString TestHome::path()
 {

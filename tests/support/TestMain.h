@@ -2,25 +2,27 @@
 
 #include <QTest>
 
-#include <memory>
-
-class QTemporaryDir;
+#ifdef MV_WATCH_THREADS
+#include "tsan/WatchedApplication.h"
+template <class Application>
+using TestApplication = WatchedApplication<Application>;
+#else
+template <class Application>
+using TestApplication = Application;
+#endif
 
 /// The home of one test program: a temporary folder that stands for the user's own, so that tests
 /// running in parallel never meet. HOME, TMPDIR and the XDG folders point into it, hostSettings()
-/// too, and log lines go nowhere until a LogCapture wants them.
+/// too, and log lines go nowhere until a LogCapture wants them. The folder goes at the very end of
+/// the process: the catalogue saves favourites into it after main has returned.
 class TestHome
 {
 public:
     TestHome();
-    ~TestHome();
     Q_DISABLE_COPY_MOVE(TestHome)
 
     /// The folder of the running test program.
     static QString path();
-
-private:
-    std::unique_ptr<QTemporaryDir> m_dir;
 };
 
 /// Runs a test class in a home of its own, with a QCoreApplication.
@@ -28,7 +30,7 @@ private:
     int main(int argc, char** argv)                                                                \
     {                                                                                              \
         const TestHome home;                                                                       \
-        QCoreApplication application(argc, argv);                                                  \
+        TestApplication<QCoreApplication> application(argc, argv);                                 \
         TestClass test;                                                                            \
         return QTest::qExec(&test, argc, argv);                                                    \
     }
@@ -38,7 +40,7 @@ private:
     int main(int argc, char** argv)                                                                \
     {                                                                                              \
         const TestHome home;                                                                       \
-        QApplication application(argc, argv);                                                      \
+        TestApplication<QApplication> application(argc, argv);                                     \
         TestClass test;                                                                            \
         return QTest::qExec(&test, argc, argv);                                                    \
     }

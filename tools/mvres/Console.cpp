@@ -49,11 +49,12 @@ QString counted(qint64 number, const QString& noun)
 QString size(qint64 bytes)
 {
     constexpr double kilo = 1000.0;
+    constexpr double lastKilo = 999.95; // what is more is printed as 1000.0
     if (bytes < 1000)
         return counted(bytes, QStringLiteral("byte"));
     const double kB = static_cast<double>(bytes) / kilo;
-    return kB < kilo ? QStringLiteral("%1 kB").arg(kB, 0, 'f', 1)
-                     : QStringLiteral("%1 MB").arg(kB / kilo, 0, 'f', 1);
+    return kB < lastKilo ? QStringLiteral("%1 kB").arg(kB, 0, 'f', 1)
+                         : QStringLiteral("%1 MB").arg(kB / kilo, 0, 'f', 1);
 }
 
 } // namespace Console

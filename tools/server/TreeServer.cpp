@@ -58,6 +58,7 @@ bool TreeServer::start(const QString& folder, quint16 port)
     }
     server->set_socket_options(&keepPortToOneself);
     server->set_keep_alive_max_count(1000000);
+    server->set_keep_alive_timeout(1); // seconds; stop() waits that long for idle connections
     server->set_file_extension_and_mimetype_mapping("zip", "application/zip");
     if (d->log) {
         server->set_logger(

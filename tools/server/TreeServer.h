@@ -26,7 +26,7 @@ public:
 
     /// Starts to serve `folder` on 127.0.0.1; port 0 takes a free one. False: errorText() says why.
     bool start(const QString& folder, quint16 port = 0);
-    /// Ends open connections and joins the threads.
+    /// Ends open connections, idle ones within a second, and joins the threads.
     void stop();
 
     QString errorText() const;

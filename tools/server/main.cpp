@@ -42,15 +42,19 @@ int main(int argc, char** argv)
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral(
         "Serves the tree of a resource server on 127.0.0.1 until it is interrupted."));
-    parser.addHelpOption();
+    const QCommandLineOption helpOption({QStringLiteral("h"), QStringLiteral("help")},
+                                        QStringLiteral("print this help"));
     parser.addPositionalArgument(QStringLiteral("TREE"), QStringLiteral("folder to serve"));
     const QCommandLineOption portOption(QStringLiteral("port"),
                                         QStringLiteral("port to listen on; a free one by default"),
                                         QStringLiteral("N"), QStringLiteral("0"));
     const QCommandLineOption quietOption(QStringLiteral("quiet"),
                                          QStringLiteral("do not print requests"));
-    parser.addOptions({portOption, quietOption});
-    parser.process(application);
+    parser.addOptions({helpOption, portOption, quietOption});
+    if (!parser.parse(application.arguments()))
+        return fail(exitUsage, parser.errorText());
+    if (parser.isSet(helpOption))
+        parser.showHelp();
 
     bool portOk = false;
     const ushort port = parser.value(portOption).toUShort(&portOk);

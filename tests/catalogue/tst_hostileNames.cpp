@@ -1,0 +1,194 @@
+#include "CatalogueFixture.h"
+
+using Files = CatalogueFiles;
+using Mgr = MVThemeMgr;
+
+/// Whole catalogues whose names lead out of the root, and catalogues that are merely large.
+class tst_hostileNames : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void namesCreateNothingOutside_data();
+    void namesCreateNothingOutside();
+    void tenThousandItems();
+
+private:
+    static Mgr& mgr() { return CatalogueFixture::manager(); }
+    void writeCatalogue(const QString& guid, const QString& name) const;
+    QVector<SFileInfo*> needed() const;
+
+    CatalogueFixture m_fixture;
+    QString m_outside; ///< a name that nobody else uses
+};
+
+namespace {
+
+const char* const kinds[] = {"Filter", "Transition", "Motion", "Theme", "BgMaterial"};
+
+QVector<QVector<SCfg_Item>*> lists(const Mgr::SResourceXML& catalogue)
+{
+    auto& c = const_cast<Mgr::SResourceXML&>(catalogue);
+    return {&c.vecFilter, &c.vecTransition, &c.vecMotion, &c.vecTheme, &c.vecBgMaterial};
+}
+
+} // namespace
+
+void tst_hostileNames::initTestCase()
+{
+    m_outside = QStringLiteral("outside-%1").arg(QCoreApplication::applicationPid());
+}
+
+void tst_hostileNames::init()
+{
+    m_fixture.fresh();
+    CatalogueFixture::setParam("hasMV", "1");
+}
+
+/// One item of every kind that uses the name for each of its files.
+void tst_hostileNames::writeCatalogue(const QString& guid, const QString& name) const
+{
+    QByteArray config;
+    QByteArray display;
+    for (const char* kind : kinds) {
+        const QString tag = QString::fromLatin1(kind);
+        config += Files::cfgGroup(tag, {{guid, name, {name, QStringLiteral("deep/") + name}}});
+        const Files::DisplayItem item{guid, name, name, name};
+        display += tag == QLatin1String("Theme") ? Files::displayThemes({{name, {item}}})
+                                                 : Files::displayCategory(tag, {item});
+    }
+    Files::write(m_fixture.configXml(), Files::document(config));
+    Files::write(m_fixture.displayXml(), Files::document(display));
+}
+
+/// What the items of both catalogues lack.
+QVector<SFileInfo*> tst_hostileNames::needed() const
+{
+    QVector<SFileInfo*> files;
+    for (QVector<SCfg_Item>* list : lists(mgr().getCfgXML()) + lists(mgr().getDisplayXML())) {
+        for (SCfg_Item& item : *list)
+            mgr().getNeedDownLoadFiles(&item, files);
+    }
+    return files;
+}
+
+void tst_hostileNames::namesCreateNothingOutside_data()
+{
+    QTest::addColumn<QString>("guid");
+    QTest::addColumn<QString>("name"); // OUT stands for a name that nobody else uses
+    const QString guid = Files::guid(1);
+    for (int levels = 1; levels <= 14; ++levels) {
+        for (const char* up : {"../", "/..", "/%2e%2e", "/.%2E", "..\\", "/..%2f", "/..%5c"}) {
+            const QString ups = QString::fromLatin1(up).repeated(levels);
+            QTest::addRow("%d times %s", levels, up) << guid << ups + QStringLiteral("/OUT/a.zip");
+        }
+        QTest::addRow("GUID, %d times ../", levels) << guid + QLatin1Char('/')
+                + QStringLiteral("../").repeated(levels)
+                + QStringLiteral("OUT") << QStringLiteral("a.zip");
+    }
+    for (const char* name : {"",
+                             ".",
+                             "..",
+                             "/",
+                             "/.",
+                             "/..",
+                             "//",
+                             "//OUT/a",
+                             "///../OUT/a",
+                             " ",
+                             "/ ",
+                             "%00",
+                             "/%00",
+                             "/OUT%00/a",
+                             "/%00/../../../OUT/a",
+                             "/%",
+                             "/%zz",
+                             "/%2",
+                             "%2e%2e/%2e%2e/OUT/a",
+                             "~/OUT/a",
+                             "C:/OUT/a",
+                             "C:\\OUT\\a",
+                             "\\\\OUT\\a",
+                             "file:///OUT/a",
+                             "a b/OUT",
+                             "/a\tb/OUT/c",
+                             "/\xe2\x80\xae/OUT/a",
+                             "/%ff%fe/OUT/a",
+                             "$HOME/OUT",
+                             "%1/OUT",
+                             "/%1/OUT/%2",
+                             "a/../../../../../../../../OUT/a",
+                             "/OUT/a/"})
+        QTest::newRow(name) << guid << QString::fromUtf8(name);
+    QTest::newRow("very long name") << guid << QLatin1Char('/') + QString(5000, QLatin1Char('x'));
+    QTest::newRow("very long folder")
+        << guid << QString(5000, QLatin1Char('x')) + QStringLiteral("/a");
+    QTest::newRow("empty GUID") << QString() << QStringLiteral("/new/a");
+    QTest::newRow("GUID is ..") << QStringLiteral("..") << QStringLiteral("../../OUT/a");
+    QTest::newRow("GUID with backslashes")
+        << guid + QStringLiteral("\\..\\..\\OUT") << QStringLiteral("a");
+    QTest::newRow("GUID with %2e")
+        << guid + QStringLiteral("/%2e%2e/%2e%2e/OUT") << QStringLiteral("a");
+}
+
+void tst_hostileNames::namesCreateNothingOutside()
+{
+    QFETCH(QString, guid);
+    QFETCH(QString, name);
+    guid.replace(QLatin1String("OUT"), m_outside);
+    name.replace(QLatin1String("OUT"), m_outside);
+    writeCatalogue(guid, name);
+    const QStringList outside = m_fixture.entriesOutsideRoot();
+    const QStringList home = QDir(TestHome::path()).entryList();
+
+    mgr().load(true);
+    const QVector<SFileInfo*> files = needed();
+    mgr().parseThemes();
+    for (int kind = 0; kind < 5; ++kind)
+        QCOMPARE(lists(mgr().getCfgXML()).at(kind)->size(), 1);
+    QCOMPARE(m_fixture.entriesOutsideRoot(), outside);
+    QCOMPARE(QDir(TestHome::path()).entryList(), home);
+    for (const char* folder : {"/", "/tmp/", "/etc/"})
+        QVERIFY(!QFileInfo::exists(QString::fromLatin1(folder) + m_outside));
+    // Beside the trees there is nothing new in the root either.
+    QCOMPARE(
+        QDir(m_fixture.root()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+        (QStringList{QStringLiteral("imgThumb"), QStringLiteral("Themes")}));
+    // What a download may write lies in the root by its clean name, too.
+    const QString inside = m_fixture.root() + QLatin1Char('/');
+    for (const SFileInfo* file : files) {
+        if (mgr().isDownloadPath(file->m_qsFile))
+            QVERIFY2(QDir::cleanPath(file->m_qsFile).startsWith(inside),
+                     qPrintable(file->m_qsFile));
+    }
+}
+
+void tst_hostileNames::tenThousandItems()
+{
+    constexpr int count = 10000;
+    QVector<Files::CfgItem> config;
+    QVector<Files::DisplayItem> display;
+    for (int i = 0; i < count; ++i) {
+        // Every third GUID stands there twice, every hundredth is empty.
+        const QString guid = i % 100 == 0 ? QString() : Files::guid(i % 3 == 0 ? i + 1 : i);
+        config.append({guid, QString(), {}});
+        display.append({guid, QString::number(i), QString()});
+    }
+    Files::write(m_fixture.configXml(),
+                 Files::document(Files::cfgGroup(QStringLiteral("Filter"), config)
+                                 + Files::cfgGroup(QStringLiteral("Theme"), config)));
+    Files::write(m_fixture.displayXml(),
+                 Files::document(Files::displayCategory(QStringLiteral("Filter"), display)
+                                 + Files::displayThemes({{QStringLiteral("travel"), display}})));
+    mgr().load(true);
+    QCOMPARE(mgr().getCfgXML().vecFilter.size(), count);
+    QCOMPARE(mgr().getCfgXML().vecTheme.size(), count);
+    QCOMPARE(mgr().getFilters_Display().size(), count);
+    QCOMPARE(mgr().getThemes_Display().size(), count);
+    QCOMPARE(mgr().getThemes_Display().last().m_qsName, QString::number(count - 1));
+}
+
+MV_TEST_MAIN(tst_hostileNames)
+#include "tst_hostileNames.moc"

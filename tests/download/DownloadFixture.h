@@ -1,0 +1,112 @@
+#pragma once
+
+#include "download/MVThemeDownLoader.h"
+#include "host/LogL.h"
+#include "records/SCfg_Item.h"
+#include "support/FaultServer.h"
+#include "support/HttpAnswer.h"
+#include "support/HttpExchange.h"
+
+#include <QByteArray>
+#include <QMap>
+#include <QStringList>
+#include <QVector>
+
+#include <functional>
+#include <mutex>
+
+/// A server, a download root and a catalogue for item downloads, new for every test; the pace of
+/// downloads is 1 ms.
+class DownloadWorld
+{
+public:
+    DownloadWorld();
+    ~DownloadWorld();
+    Q_DISABLE_COPY_MOVE(DownloadWorld)
+
+    /// The download root.
+    QString root() const { return m_root; }
+    /// Folder of a kind in the config half of the download tree.
+    QString folder(ECfgItemType kind) const;
+    /// Folder of a kind in the display half.
+    QString displayFolder(ECfgItemType kind) const;
+
+    FaultServer& server() { return m_server; }
+    /// Answers a target with 200 and a body; unknown ones get 404.
+    void serve(const QString& target, const QByteArray& body);
+    /// Lets `handler` answer a target, on the connection's thread.
+    void route(const QString& target, FaultServer::Handler handler);
+    int requests(const QString& target) const;
+
+    /// Items without any file.
+    static SCfg_Item item(ECfgItemType kind, int number);
+    /// An item with resource files, which are named from the root of the config half.
+    static SCfg_Item item(ECfgItemType kind, int number, const QStringList& resources);
+    /// A resource file of an item.
+    static SFileInfo resource(const QString& url);
+
+    /// Fills the config catalogue with one filter and the given resource files; it can then be a
+    /// theme's dependency.
+    SCfg_Item* catalogueFilter(int number, const QStringList& resources) const;
+    /// A theme's config file; each element depends on the filter with that number.
+    static QByteArray themeConfig(const QVector<int>& filters);
+
+    /// Whether the thread ends within a generous time.
+    static bool ends(MVThemeDownLoader& downloader);
+    /// Downloads the item; false if that takes too long.
+    static bool run(MVThemeDownLoader& downloader, SCfg_Item& item);
+
+private:
+    void answer(HttpExchange& exchange);
+
+    QString m_root;
+    mutable std::mutex m_mutex; // guards m_routes
+    QMap<QByteArray, FaultServer::Handler> m_routes;
+    FaultServer m_server;
+};
+
+/// What downloads do, in order and on the thread where they do it: log lines and signals.
+///
+/// Entries read as the lines of the category "MVThemeDownLoader" stand, lines of other categories
+/// and levels behind "CATEGORY LEVEL: ", and signals as "progress VALUE" and "finish CODE".
+class DownloadTrace
+{
+public:
+    using Action = std::function<void()>;
+
+    DownloadTrace();
+    ~DownloadTrace();
+    Q_DISABLE_COPY_MOVE(DownloadTrace)
+
+    /// Records the downloader's signals too.
+    void watch(MVThemeDownLoader& downloader);
+    /// Runs `action` once, on the thread that writes the first line that contains `part`, before
+    /// that thread goes on.
+    void onLine(const QString& part, Action action);
+
+    QStringList entries() const;
+    bool contains(const QString& entry) const { return entries().contains(entry); }
+    int count(const QString& entry) const { return entries().count(entry); }
+    int countContaining(const QString& part) const;
+    QVector<double> progress() const;
+    /// The codes of sigDownloadFinish.
+    QVector<int> results() const;
+    void clear();
+
+    /// Waits, without events, until an entry stands there.
+    bool waitFor(const QString& entry) const;
+    /// Waits until an entry contains `part`.
+    bool waitForPart(const QString& part) const;
+
+private:
+    void add(const QString& entry);
+    void write(const QByteArray& category, int level, const QByteArray& text);
+    static bool waitUntil(const std::function<bool()>& condition);
+
+    LogSink m_previous;
+    mutable std::mutex m_mutex; // guards the members below
+    QStringList m_entries;
+    QVector<double> m_progress;
+    QVector<int> m_results;
+    QVector<QPair<QString, Action>> m_actions;
+};

@@ -1,0 +1,428 @@
+#include "download/DownloadFixture.h"
+#include "download/DownloadLines.h"
+#include "download/DownloadPacing.h"
+#include "support/CatalogueFiles.h"
+#include "support/TestMain.h"
+
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QMutexLocker>
+
+#include <memory>
+
+using namespace DownloadLines;
+
+namespace {
+
+/// A second, and room for a busy machine and a sanitizer. Nothing below ends by itself before ten.
+constexpr qint64 promptMs = 3000;
+
+/// What a download is in the middle of.
+enum class State {
+    WaitingForConfig,
+    StalledConfig,
+    Simulating,
+    StalledFile,
+    HalfAFile,
+    WaitingForFile,
+    BetweenFiles
+};
+
+bool isTaken(const SFileInfo& info)
+{
+    const QMutexLocker lock(info.m_pMutex.get());
+    return info.m_bDownloaded;
+}
+
+} // namespace
+
+/// Every cancellation point by its number, and what a cancelled download leaves behind.
+class tst_MVThemeDownLoader_cancel : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void beforeTheConfig();
+    void waitingForAnothersConfig();
+    void afterTheConfig();
+    void simulatedPhase_data();
+    void simulatedPhase();
+    void beforeTheList();
+    void beforeAFile_data();
+    void beforeAFile();
+    void waitingForAnothersFile();
+    void duringTheConfig();
+    void duringAFile_data();
+    void duringAFile();
+    void beforeTheStart();
+    void staysCancelled();
+    void destroyedWhileRunning_data();
+    void destroyedWhileRunning();
+
+private:
+    SCfg_Item themeWithConfig();
+    SCfg_Item filterWithTwoFiles();
+
+    std::unique_ptr<DownloadWorld> m_world;
+};
+
+void tst_MVThemeDownLoader_cancel::init()
+{
+    m_world.reset();
+    m_world = std::make_unique<DownloadWorld>();
+}
+
+SCfg_Item tst_MVThemeDownLoader_cancel::themeWithConfig()
+{
+    SCfg_Item theme = DownloadWorld::item(eCfgItem_Theme, 1, {QStringLiteral("/Themes/r.zip")});
+    theme.m_info_CfgXML.m_qsUrl = QStringLiteral("/Themes/t.xml");
+    m_world->serve(QStringLiteral("/config/Themes/t.xml"), DownloadWorld::themeConfig({}));
+    return theme;
+}
+
+SCfg_Item tst_MVThemeDownLoader_cancel::filterWithTwoFiles()
+{
+    for (const char* name : {"/config/VideoFilters/a.zip", "/config/VideoFilters/b.zip"})
+        m_world->serve(QString::fromLatin1(name), "content");
+    return DownloadWorld::item(
+        eCfgItem_Filter, 1,
+        {QStringLiteral("/VideoFilters/a.zip"), QStringLiteral("/VideoFilters/b.zip")});
+}
+
+void tst_MVThemeDownLoader_cancel::beforeTheConfig()
+{
+    SCfg_Item theme = themeWithConfig();
+    DownloadTrace trace;
+    MVThemeDownLoader downloader(nullptr);
+    trace.watch(downloader);
+    trace.onLine(QStringLiteral("start download template(theme cfg xml)"),
+                 [&downloader] { downloader.cancel(); });
+
+    QVERIFY(DownloadWorld::run(downloader, theme));
+
+    const QStringList expected = {
+        start(), QStringLiteral("progress 0"),
+        configStart(downloader.downloadedUrl(), downloader.downloadedFile()), cancelled(179),
+        QStringLiteral("finish 4")};
+    QCOMPARE(trace.entries(), expected);
+    QCOMPARE(m_world->server().connectionCount(), 0);
+    QVERIFY(!isTaken(theme.m_info_CfgXML));
+}
+
+void tst_MVThemeDownLoader_cancel::waitingForAnothersConfig()
+{
+    SCfg_Item theme = themeWithConfig();
+    theme.m_info_CfgXML.m_bDownloaded = true;
+    DownloadTrace trace;
+    MVThemeDownLoader downloader(nullptr);
+    trace.watch(downloader);
+    downloader.download(&theme);
+    QVERIFY(trace.waitFor(QStringLiteral("progress 0")));
+    downloader.cancel();
+
+    QVERIFY(DownloadWorld::ends(downloader));
+
+    const QStringList expected = {start(), QStringLiteral("progress 0"), cancelled(179),
+                                  QStringLiteral("finish 4")};
+    QCOMPARE(trace.entries(), expected);
+    QVERIFY(isTaken(theme.m_info_CfgXML)); // it is the other one's still
+}
+
+void tst_MVThemeDownLoader_cancel::afterTheConfig()
+{
+    SCfg_Item theme = themeWithConfig();
+    DownloadTrace trace;
+    MVThemeDownLoader downloader(nullptr);
+    trace.watch(downloader);
+    trace.onLine(QStringLiteral("download template is ok!(theme cfg xml)"),
+                 [&downloader] { downloader.cancel(); });
+
+    QVERIFY(DownloadWorld::run(downloader, theme));
+
+    const QString url = downloader.downloadedUrl();
+    const QString file = downloader.downloadedFile();
+    const QStringList expected = {start(),
+                                  QStringLiteral("progress 0"),
+                                  configStart(url, file),
+                                  QStringLiteral("progress 10"),
+                                  configOk(url, file),
+                                  QStringLiteral("MVThemeMgr 1: checkXml [%1] is [1]!").arg(file),
+                                  QStringLiteral("MVThemeMgr 1: read [%1] is ok!").arg(file),
+                                  cancelled(202),
+                                  QStringLiteral("finish 4")};
+    QCOMPARE(trace.entries(), expected);
+    QVERIFY(theme.m_pThemes_a);
+    QVERIFY(QFileInfo::exists(file));
+    QVERIFY(!isTaken(theme.m_info_CfgXML));
+}
+
+void tst_MVThemeDownLoader_cancel::simulatedPhase_data()
+{
+    QTest::addColumn<int>("step");
+    QTest::newRow("before the first step") << 0;
+    QTest::newRow("in the middle") << 4;
+    QTest::newRow("before the last step") << 9;
+}
+
+void tst_MVThemeDownLoader_cancel::simulatedPhase()
+{
+    QFETCH(int, step);
+    SCfg_Item filter = filterWithTwoFiles();
+    DownloadTrace trace;
+    MVThemeDownLoader downloader(nullptr);
+    trace.watch(downloader);
+    connect(
+        &downloader, &MVThemeDownLoader::progress, &downloader,
+        [&downloader, step](double value) {
+            if (qRound(value) == step)
+                downloader.cancel();
+        },
+        Qt::DirectConnection);
+
+    QVERIFY(DownloadWorld::run(downloader, filter));
+
+    const QStringList expected = DownloadLines::simulatedPhase().mid(0, step + 2)
+        << cancelled(208) << QStringLiteral("finish 4");
+    QCOMPARE(trace.entries(), expected);
+}
+
+void tst_MVThemeDownLoader_cancel::beforeTheList()
+{
+    SCfg_Item filter = filterWithTwoFiles();
+    DownloadTrace trace;
+    MVThemeDownLoader downloader(nullptr);
+    trace.watch(downloader);
+    connect(
+        &downloader, &MVThemeDownLoader::progress, &downloader,
+        [&downloader](double value) {
+            if (qRound(value) == 10)
+                downloader.cancel();
+        },
+        Qt::DirectConnection);
+
+    QVERIFY(DownloadWorld::run(downloader, filter));
+
+    const QStringList expected = DownloadLines::simulatedPhase()
+        << cancelled(218) << QStringLiteral("finish 4");
+    QCOMPARE(trace.entries(), expected);
+    QVERIFY(filter.m_vecResource.first().m_qsFile.isEmpty()); // nobody has looked
+}
+
+void tst_MVThemeDownLoader_cancel::beforeAFile_data()
+{
+    QTest::addColumn<int>("stall");
+    QTest::newRow("after a whole file") << 0;
+    QTest::newRow("after a broken transfer") << 1;
+}
+
+void tst_MVThemeDownLoader_cancel::beforeAFile()
+{
+    QFETCH(int, stall);
+    SCfg_Item filter = filterWithTwoFiles();
+    DownloadTrace trace;
+    MVThemeDownLoader downloader(nullptr);
+    trace.watch(downloader);
+    const QString file = m_world->folder(eCfgItem_Filter) + QStringLiteral("/a.zip");
+    const QString url = m_world->server().url(QStringLiteral("/config/VideoFilters/a.zip"));
+    QStringList expected = DownloadLines::simulatedPhase();
+    expected << taken(0, file) << fileStart(0, url, file);
+    if (stall != 0) {
+        m_world->route(QStringLiteral("/config/VideoFilters/a.zip"),
+                       [&downloader](HttpExchange& exchange) {
+                           downloader.cancel();
+                           exchange.stall();
+                       });
+        expected << fileError(0, url, file, 5);
+    } else {
+        trace.onLine(QStringLiteral("download template is ok!"),
+                     [&downloader] { downloader.cancel(); });
+        expected << QStringLiteral("progress 55") << fileOk(0, url, file);
+    }
+    expected << released(0, file) << cancelled(231) << QStringLiteral("finish 4");
+
+    QVERIFY(DownloadWorld::run(downloader, filter));
+
+    QCOMPARE(trace.entries(), expected);
+    QCOMPARE(QFileInfo::exists(file), stall == 0);
+    QCOMPARE(m_world->requests(QStringLiteral("/config/VideoFilters/b.zip")), 0);
+    QVERIFY(!isTaken(filter.m_vecResource.first()));
+}
+
+void tst_MVThemeDownLoader_cancel::waitingForAnothersFile()
+{
+    SCfg_Item filter = filterWithTwoFiles();
+    filter.m_vecResource.first().m_bDownloaded = true;
+    DownloadTrace trace;
+    MVThemeDownLoader downloader(nullptr);
+    trace.watch(downloader);
+    trace.onLine(QStringLiteral("start Download!,and it is downloading!"),
+                 [&downloader] { downloader.cancel(); });
+
+    QVERIFY(DownloadWorld::run(downloader, filter));
+
+    const QString file = m_world->folder(eCfgItem_Filter) + QStringLiteral("/a.zip");
+    const QStringList expected = DownloadLines::simulatedPhase()
+        << waiting(0, file) << cancelled(240) << QStringLiteral("finish 4");
+    QCOMPARE(trace.entries(), expected);
+    QVERIFY(isTaken(filter.m_vecResource.first())); // it is the other one's still
+}
+
+/// The transfer ends as a failed one, and a failed config ends the download before point 202.
+void tst_MVThemeDownLoader_cancel::duringTheConfig()
+{
+    SCfg_Item theme = themeWithConfig();
+    DownloadTrace trace;
+    MVThemeDownLoader downloader(nullptr);
+    trace.watch(downloader);
+    m_world->route(QStringLiteral("/config/Themes/t.xml"), [&downloader](HttpExchange& exchange) {
+        downloader.cancel();
+        exchange.stall();
+    });
+    QElapsedTimer timer;
+    timer.start();
+
+    QVERIFY(DownloadWorld::run(downloader, theme));
+
+    QVERIFY(timer.elapsed() < promptMs);
+    const QString url = downloader.downloadedUrl();
+    const QString file = downloader.downloadedFile();
+    const QStringList expected = {start(), QStringLiteral("progress 0"), configStart(url, file),
+                                  configError(url, file, 5), QStringLiteral("finish 3")};
+    QCOMPARE(trace.entries(), expected);
+    QCOMPARE(CatalogueFiles::filesBelow(m_world->root()), QStringList());
+    QVERIFY(!isTaken(theme.m_info_CfgXML));
+}
+
+void tst_MVThemeDownLoader_cancel::duringAFile_data()
+{
+    QTest::addColumn<QByteArray>("sent");
+    QTest::newRow("before the answer") << QByteArray();
+    QTest::newRow("in the body")
+        << HttpAnswer(200).field("Content-Length", "1000").bareBody(QByteArray(250, 'x')).bytes();
+}
+
+/// The transfer ends as a failed one; behind the last file there is no further point.
+void tst_MVThemeDownLoader_cancel::duringAFile()
+{
+    QFETCH(QByteArray, sent);
+    SCfg_Item filter =
+        DownloadWorld::item(eCfgItem_Filter, 1, {QStringLiteral("/VideoFilters/a.zip")});
+    DownloadTrace trace;
+    MVThemeDownLoader downloader(nullptr);
+    trace.watch(downloader);
+    m_world->route(QStringLiteral("/config/VideoFilters/a.zip"), [&](HttpExchange& exchange) {
+        exchange.send(sent);
+        if (!sent.isEmpty())
+            trace.waitFor(QStringLiteral("progress 32.5"));
+        downloader.cancel();
+        exchange.stall();
+    });
+    QElapsedTimer timer;
+    timer.start();
+
+    QVERIFY(DownloadWorld::run(downloader, filter));
+
+    QVERIFY(timer.elapsed() < promptMs);
+    QVERIFY(
+        trace.contains(fileError(0, downloader.downloadedUrl(), downloader.downloadedFile(), 5)));
+    QCOMPARE(trace.results(), QVector<int>{eDownLoadError_Element});
+    QCOMPARE(CatalogueFiles::filesBelow(m_world->root()), QStringList());
+    QVERIFY(!isTaken(filter.m_vecResource.first()));
+}
+
+void tst_MVThemeDownLoader_cancel::beforeTheStart()
+{
+    SCfg_Item filter = filterWithTwoFiles();
+    DownloadTrace trace;
+    MVThemeDownLoader downloader(nullptr);
+    trace.watch(downloader);
+    downloader.cancel();
+
+    QVERIFY(DownloadWorld::run(downloader, filter));
+
+    const QStringList expected = {start(), QStringLiteral("progress 0"), cancelled(208),
+                                  QStringLiteral("finish 4")};
+    QCOMPARE(trace.entries(), expected);
+}
+
+void tst_MVThemeDownLoader_cancel::staysCancelled()
+{
+    SCfg_Item filter = filterWithTwoFiles();
+    DownloadTrace trace;
+    MVThemeDownLoader downloader(nullptr);
+    trace.watch(downloader);
+    downloader.cancel();
+
+    QVERIFY(DownloadWorld::run(downloader, filter));
+    QVERIFY(DownloadWorld::run(downloader, filter));
+    QCOMPARE(trace.results(), (QVector<int>{eDownLoadError_Cancel, eDownLoadError_Cancel}));
+
+    MVThemeDownLoader fresh(nullptr);
+    trace.watch(fresh);
+    QVERIFY(DownloadWorld::run(fresh, filter));
+    QCOMPARE(trace.results().last(), int(eDownLoadError_None));
+}
+
+void tst_MVThemeDownLoader_cancel::destroyedWhileRunning_data()
+{
+    QTest::addColumn<int>("state");
+    QTest::addColumn<QString>("seen"); // the sign that the download has got there
+    QTest::addColumn<int>("code");
+
+    const auto row = [](const char* name, State state, const char* seen, int code) {
+        QTest::newRow(name) << static_cast<int>(state) << QString::fromLatin1(seen) << code;
+    };
+    row("waiting for another's config", State::WaitingForConfig, "progress 0", 4);
+    row("stalled config", State::StalledConfig, "start download template(theme cfg xml)", 3);
+    row("simulated phase", State::Simulating, "progress 1", 4);
+    row("stalled file", State::StalledFile, "start download template, i = 0", 4);
+    row("half a file", State::HalfAFile, "progress 32.5", 4);
+    row("waiting for another's file", State::WaitingForFile, "and it is downloading!", 4);
+    row("between two files", State::BetweenFiles, "end Download!", 4);
+}
+
+void tst_MVThemeDownLoader_cancel::destroyedWhileRunning()
+{
+    QFETCH(int, state);
+    QFETCH(QString, seen);
+    QFETCH(int, code);
+    const auto is = [state](State other) { return static_cast<State>(state) == other; };
+    const bool inConfig = is(State::WaitingForConfig) || is(State::StalledConfig);
+    SCfg_Item item = inConfig ? themeWithConfig() : filterWithTwoFiles();
+    item.m_info_CfgXML.m_bDownloaded = is(State::WaitingForConfig);
+    item.m_vecResource.first().m_bDownloaded = is(State::WaitingForFile);
+    const FaultServer::Handler stall = [](HttpExchange& exchange) { exchange.stall(); };
+    if (is(State::StalledConfig))
+        m_world->route(QStringLiteral("/config/Themes/t.xml"), stall);
+    if (is(State::StalledFile))
+        m_world->route(QStringLiteral("/config/VideoFilters/a.zip"), stall);
+    if (is(State::HalfAFile)) {
+        m_world->route(QStringLiteral("/config/VideoFilters/a.zip"), [](HttpExchange& exchange) {
+            exchange.send(HttpAnswer(200).field("Content-Length", "2").bareBody("x").bytes());
+            exchange.stall();
+        });
+    }
+    DownloadTrace trace;
+    auto downloader = std::make_unique<MVThemeDownLoader>(nullptr);
+    trace.watch(*downloader);
+    const auto slowDown = [] { DownloadPacing::setStep(std::chrono::milliseconds(500)); };
+    if (is(State::Simulating))
+        slowDown();
+    if (is(State::BetweenFiles))
+        trace.onLine(seen, slowDown);
+
+    downloader->download(&item);
+    QVERIFY(trace.waitForPart(seen));
+    QElapsedTimer timer;
+    timer.start();
+    downloader.reset();
+
+    QVERIFY(timer.elapsed() < promptMs);
+    QCOMPARE(trace.results(), QVector<int>{code});
+    QVERIFY(!trace.contains(end()));
+}
+
+MV_TEST_MAIN(tst_MVThemeDownLoader_cancel)
+
+#include "tst_MVThemeDownLoader_cancel.moc"

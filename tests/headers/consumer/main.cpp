@@ -1,0 +1,20 @@
+#include "every_header.h"
+
+#include <QApplication>
+
+#include <cstdio>
+
+/// Prints where the config catalogue lies below the folder that the command line names.
+int main(int argc, char** argv)
+{
+    if (argc != 2)
+        return 2;
+    QApplication application(argc, argv);
+    MVThemeMgr* manager = MVThemeMgr::init();
+    manager->setResourceSaveRootPath(QString::fromLocal8Bit(argv[1]));
+    const QString path =
+        manager->Path_resource_xml(MVThemeMgr::eLoadDir_Download, MVThemeMgr::eDirTag_Config);
+    std::printf("config catalogue: %s\n", qPrintable(path));
+    // A symbol of the platform's widgets, so that the linker needs their library too.
+    return SkinWidget::instance()->themeItemSize() == QSize(-1, -1) ? 0 : 1;
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <csignal>
+
+#include <sys/resource.h>
+
+/// Lets no file of this process grow beyond a size while it lives, as on a full disk.
+class FileSizeLimit
+{
+public:
+    explicit FileSizeLimit(rlim_t bytes)
+        : m_previousHandler(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        ::getrlimit(RLIMIT_FSIZE, &m_previous);
+        rlimit limit = m_previous;
+        limit.rlim_cur = bytes;
+        m_active = ::setrlimit(RLIMIT_FSIZE, &limit) == 0;
+    }
+    ~FileSizeLimit()
+    {
+        ::setrlimit(RLIMIT_FSIZE, &m_previous);
+        std::signal(SIGXFSZ, m_previousHandler);
+    }
+    Q_DISABLE_COPY_MOVE(FileSizeLimit)
+
+    bool isActive() const { return m_active; }
+
+private:
+    void (*m_previousHandler)(int);
+    rlimit m_previous = {};
+    bool m_active = false;
+};

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "support/CatalogueFiles.h"
+#include "support/TestMain.h"
+
+/// Writes a settings file, a new one for every call, and returns its path.
+inline QString iniFile(const QByteArray& content)
+{
+    static int number = 0;
+    const QString path = TestHome::path() + QStringLiteral("/ini/%1.ini").arg(++number);
+    CatalogueFiles::write(path, content);
+    return path;
+}

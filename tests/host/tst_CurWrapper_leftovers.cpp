@@ -1,0 +1,315 @@
+#include "Download.h"
+#include "host/HostSettings.h"
+
+#include <QDir>
+#include <QProcess>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+using Handler = FaultServer::Handler;
+
+/// With this argument the program is the child that downloads an address into a file.
+const char* const childArgument = "--download";
+
+bool isPart(const QString& name)
+{
+    return name.startsWith(QLatin1String(".mv-")) && name.endsWith(QLatin1String(".part"));
+}
+
+/// Sends the first half of a file and never the rest.
+void sendHalf(HttpExchange& exchange)
+{
+    exchange.answer(HttpAnswer(200).field("Content-Length", "2000").bareBody(pattern(1000)));
+    exchange.stall();
+}
+
+/// A process of its own that is busy with a download into a folder.
+class Child
+{
+public:
+    Child(const QString& url, const Download& into)
+        : m_folder(into.folder())
+    {
+        m_process.start(QCoreApplication::applicationFilePath(),
+                        {QString::fromLatin1(childArgument), url, into.target()});
+    }
+    ~Child() { kill(); }
+    Q_DISABLE_COPY_MOVE(Child)
+
+    /// Waits until the child holds the first half; returns the name of its part file.
+    QString part() const
+    {
+        const auto halfThere = [&] {
+            const QStringList parts =
+                CatalogueFiles::filesBelow(m_folder).filter(QStringLiteral(".part"));
+            return !parts.isEmpty()
+                && QFile(m_folder + QLatin1Char('/') + parts.last()).size() == 1000;
+        };
+        if (!QTest::qWaitFor(halfThere, 20000))
+            return QString();
+        return CatalogueFiles::filesBelow(m_folder).filter(QStringLiteral(".part")).last();
+    }
+
+    void kill()
+    {
+        m_process.kill();
+        m_process.waitForFinished();
+    }
+
+private:
+    QString m_folder;
+    QProcess m_process;
+};
+
+int downloadAsChild(const char* url, const char* file)
+{
+    CurWrapper wrapper;
+    wrapper.download(QString::fromLocal8Bit(url), QString::fromLocal8Bit(file), false);
+    return wrapper.result();
+}
+
+} // namespace
+
+/// What a download leaves in the folder of its target: the whole file or nothing.
+class TestCurWrapperLeftovers : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup() { hostSettings() = m_settings; }
+
+    void failureLeavesNothing_data();
+    void failureLeavesNothing();
+    void failureKeepsAnOlderFile_data();
+    void failureKeepsAnOlderFile();
+    void targetAppearsWholeAtTheEnd();
+    void killLeavesNoTarget();
+    void nextDownloadRemovesWhatAKillLeft_data();
+    void nextDownloadRemovesWhatAKillLeft();
+    void nextDownloadRemovesWhatManyKillsLeft();
+    void livingDownloadIsLeftAlone();
+    void downloadInTheSameProcessIsLeftAlone();
+    void otherFilesAreLeftAlone();
+
+private:
+    const HostSettings m_settings = hostSettings();
+};
+
+void TestCurWrapperLeftovers::init()
+{
+    hostSettings().retryPauseMs = 10;
+}
+
+void TestCurWrapperLeftovers::failureLeavesNothing_data()
+{
+    QTest::addColumn<Handler>("handler");
+    QTest::addColumn<int>("result");
+
+    const QByteArray half = pattern(1000);
+    const HttpAnswer shortBody =
+        HttpAnswer(200).field("Content-Length", "2000").field("ETag", "\"1\"").bareBody(half);
+    const HttpAnswer chunks = HttpAnswer(200).field("Transfer-Encoding", "chunked");
+    QTest::newRow("not found") << answering(HttpAnswer(404).body("none")) << 4;
+    QTest::newRow("unavailable") << answering(HttpAnswer(503).body("later")) << 4;
+    QTest::newRow("redirect elsewhere") << answering(redirectTo("ftp://127.0.0.1/")) << 1;
+    QTest::newRow("loop") << answering(redirectTo("/file")) << 1;
+    QTest::newRow("short body") << answeringAndClosing(shortBody) << 3;
+    QTest::newRow("short body, then not found")
+        << inTurn({answeringAndClosing(shortBody), answering(HttpAnswer(404).body("none"))}) << 4;
+    QTest::newRow("cut chunks") << answeringAndClosing(
+        HttpAnswer(chunks).bareBody(HttpAnswer::chunk(half)))
+                                << 3;
+    QTest::newRow("no length") << answeringAndClosing(HttpAnswer(200).bareBody(half)) << 3;
+    QTest::newRow("reset") << Handler([shortBody](HttpExchange& exchange) {
+        exchange.answer(shortBody);
+        exchange.reset();
+    }) << 3;
+    QTest::newRow("stall") << Handler(sendHalf) << 3;
+    QTest::newRow("too large") << answering(HttpAnswer(200).body(pattern(6000))) << 6;
+    QTest::newRow("too large in chunks") << answering(HttpAnswer(chunks).bareBody(
+        HttpAnswer::chunk(half + half + half) + HttpAnswer::chunk(half + half + half)))
+                                         << 6;
+    QTest::newRow("cancelled") << answering(HttpAnswer(200).body("cancel")) << 5;
+}
+
+void TestCurWrapperLeftovers::failureLeavesNothing()
+{
+    QFETCH(Handler, handler);
+    QFETCH(int, result);
+
+    hostSettings().maxDownloadBytes = 5000;
+    hostSettings().stallTimeoutMs = 200;
+    FaultServer server(handler);
+    Download download;
+    ProgressWatch watch(download.wrapper(),
+                        [](const ProgressWatch::Call& call) { return call.total != 6; });
+    QCOMPARE(download.run(server.url(QStringLiteral("/file"))), result);
+    QCOMPARE(download.files(), QStringList());
+}
+
+void TestCurWrapperLeftovers::failureKeepsAnOlderFile_data()
+{
+    failureLeavesNothing_data();
+}
+
+void TestCurWrapperLeftovers::failureKeepsAnOlderFile()
+{
+    QFETCH(Handler, handler);
+    QFETCH(int, result);
+
+    hostSettings().maxDownloadBytes = 5000;
+    hostSettings().stallTimeoutMs = 200;
+    FaultServer server(handler);
+    Download download;
+    ProgressWatch watch(download.wrapper(),
+                        [](const ProgressWatch::Call& call) { return call.total != 6; });
+    const QByteArray older = pattern(700, 5);
+    CatalogueFiles::write(download.target(), older);
+    QCOMPARE(download.run(server.url(QStringLiteral("/file"))), result);
+    QCOMPARE(download.files(), QStringList{QStringLiteral("file.bin")});
+    QCOMPARE(download.content(), older);
+}
+
+void TestCurWrapperLeftovers::targetAppearsWholeAtTheEnd()
+{
+    FaultServer server(answering(HttpAnswer(200).body(pattern(500000))));
+    Download download;
+    bool targetSeen = false;
+    ProgressWatch watch(download.wrapper(), [&](const ProgressWatch::Call&) {
+        targetSeen = targetSeen || QFile::exists(download.target());
+        return true;
+    });
+    QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 0);
+    QVERIFY(!targetSeen);
+    QCOMPARE(download.content(), pattern(500000));
+}
+
+void TestCurWrapperLeftovers::killLeavesNoTarget()
+{
+    FaultServer server(sendHalf);
+    Download download;
+    Child child(server.url(QStringLiteral("/file")), download);
+    const QString part = child.part();
+    QVERIFY(isPart(part));
+    child.kill();
+    QCOMPARE(download.files(), QStringList{part});
+}
+
+void TestCurWrapperLeftovers::nextDownloadRemovesWhatAKillLeft_data()
+{
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QStringList>("files");
+    QTest::newRow("that succeeds") << 200 << QStringList{QStringLiteral("other.bin")};
+    QTest::newRow("that fails") << 404 << QStringList();
+}
+
+void TestCurWrapperLeftovers::nextDownloadRemovesWhatAKillLeft()
+{
+    QFETCH(int, status);
+    QFETCH(QStringList, files);
+
+    FaultServer halves(sendHalf);
+    FaultServer server(answering(HttpAnswer(status).body("the file")));
+    Download download;
+    Child child(halves.url(QStringLiteral("/file")), download);
+    QVERIFY(isPart(child.part()));
+    child.kill();
+
+    // The folder counts, not the name.
+    const QString other = download.folder() + QStringLiteral("/other.bin");
+    download.wrapper().download(server.url(QStringLiteral("/file")), other, false);
+    QCOMPARE(download.files(), files);
+}
+
+void TestCurWrapperLeftovers::nextDownloadRemovesWhatManyKillsLeft()
+{
+    FaultServer server(answering(HttpAnswer(200).body("the file")));
+    Download download;
+    for (int i = 0; i < 20; ++i) {
+        CatalogueFiles::write(download.folder()
+                                  + QStringLiteral("/.mv-%1.part").arg(i, 16, 16, QLatin1Char('0')),
+                              pattern(i));
+    }
+    download.wrapper().download(server.url(QStringLiteral("/file")), download.target(), false);
+    QCOMPARE(download.files(), QStringList{QStringLiteral("file.bin")});
+}
+
+void TestCurWrapperLeftovers::livingDownloadIsLeftAlone()
+{
+    std::atomic<bool> goOn{false};
+    FaultServer slow([&](HttpExchange& exchange) {
+        exchange.answer(HttpAnswer(200).field("Content-Length", "2000").bareBody(pattern(1000)));
+        for (int i = 0; !goOn && i < 3000; ++i)
+            exchange.pause(10ms);
+        exchange.send(pattern(2000).mid(1000));
+    });
+    FaultServer server(answering(HttpAnswer(200).body("the file")));
+    Download download;
+    Child child(slow.url(QStringLiteral("/file")), download);
+    const QString part = child.part();
+
+    const QString other = download.folder() + QStringLiteral("/other.bin");
+    download.wrapper().download(server.url(QStringLiteral("/file")), other, false);
+    goOn = true;
+    QVERIFY(isPart(part));
+    QCOMPARE(download.wrapper().result(), 0);
+    QTRY_COMPARE_WITH_TIMEOUT(
+        download.files(), (QStringList{QStringLiteral("file.bin"), QStringLiteral("other.bin")}),
+        20000);
+    QCOMPARE(download.content(), pattern(2000));
+}
+
+void TestCurWrapperLeftovers::downloadInTheSameProcessIsLeftAlone()
+{
+    FaultServer server(answering(HttpAnswer(200).body(pattern(1000))));
+    Download download;
+    QVector<int> inner;
+    ProgressWatch watch(download.wrapper(), [&](const ProgressWatch::Call&) {
+        CurWrapper second;
+        second.download(server.url(QStringLiteral("/file")),
+                        download.folder() + QStringLiteral("/other.bin"), false);
+        inner.append(second.result());
+        return true;
+    });
+    download.wrapper().download(server.url(QStringLiteral("/file")), download.target(), false);
+    QCOMPARE(download.wrapper().result(), 0);
+    QCOMPARE(inner, QVector<int>(inner.size(), 0));
+    QVERIFY(inner.size() >= 2);
+    QCOMPARE(download.files(),
+             (QStringList{QStringLiteral("file.bin"), QStringLiteral("other.bin")}));
+    QCOMPARE(download.content(), pattern(1000));
+}
+
+void TestCurWrapperLeftovers::otherFilesAreLeftAlone()
+{
+    FaultServer server(answering(HttpAnswer(200).body("the file")));
+    Download download;
+    const QStringList names = {
+        QStringLiteral(".hidden"),           QStringLiteral(".mv-1.part.old"),
+        QStringLiteral("deeper/.mv-1.part"), QStringLiteral("file.part"),
+        QStringLiteral("mv-1.part"),
+    };
+    for (const QString& name : names)
+        CatalogueFiles::write(download.folder() + QLatin1Char('/') + name, "precious");
+    const QString link = download.folder() + QStringLiteral("/.mv-link.part");
+    QVERIFY(QFile::link(download.folder() + QStringLiteral("/file.part"), link));
+    QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 0);
+    for (const QString& name : names)
+        QCOMPARE(CatalogueFiles::read(download.folder() + QLatin1Char('/') + name),
+                 QByteArray("precious"));
+}
+
+int main(int argc, char** argv)
+{
+    if (argc == 4 && qstrcmp(argv[1], childArgument) == 0)
+        return downloadAsChild(argv[2], argv[3]);
+    const TestHome home;
+    TestApplication<QCoreApplication> application(argc, argv);
+    TestCurWrapperLeftovers test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_CurWrapper_leftovers.moc"

@@ -1,0 +1,278 @@
+#include "host/HostSettings.h"
+#include "host/IniFile.h"
+
+#include <QCoreApplication>
+#include <QDir>
+
+class tst_HostSettings : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { hostSettings() = HostSettings(); }
+
+    void foldersComeFromTheStandardPaths();
+    void otherDefaults();
+    void oneInstancePerProcess();
+    void readsEveryKey();
+    void keepsWhatTheFileDoesNotName();
+    void anEmptyFileChangesNothing();
+    void acceptsTheLimitsOfEveryRange_data();
+    void acceptsTheLimitsOfEveryRange();
+    void readsTextsAsTheyStand_data();
+    void readsTextsAsTheyStand();
+    void readsEditions_data();
+    void readsEditions();
+    void readsPaths_data();
+    void readsPaths();
+    void theLastOfTwoEqualKeysCounts();
+    void productParametersOfSeveralFilesAddUp();
+    void errorMayBeNull();
+    void errorStaysOnSuccess();
+};
+
+void tst_HostSettings::foldersComeFromTheStandardPaths()
+{
+    QCoreApplication::setOrganizationName(QStringLiteral("maker"));
+    QCoreApplication::setApplicationName(QStringLiteral("editor"));
+    const HostSettings settings;
+    const QString data = TestHome::path() + QStringLiteral("/home/.local/share/maker/editor");
+    QCOMPARE(settings.dataLocation, data);
+    QCOMPARE(settings.appDataPath, data);
+    QCOMPARE(settings.resourcesPath, data + QStringLiteral("/resources"));
+    QCOMPARE(settings.testOutputDir, data + QStringLiteral("/resources"));
+}
+
+void tst_HostSettings::otherDefaults()
+{
+    const HostSettings settings;
+    QCOMPARE(settings.currentSkin, QStringLiteral("Classical"));
+    QCOMPARE(settings.zoomDPI, 1.0);
+    QVERIFY(settings.partnerEditions.isEmpty());
+    QVERIFY(settings.productParams.isEmpty());
+    QCOMPARE(settings.connectTimeoutMs, 15000);
+    QCOMPARE(settings.stallTimeoutMs, 30000);
+    QCOMPARE(settings.maxDownloadBytes, Q_INT64_C(2147483648));
+    QCOMPARE(settings.downloadRetries, 2);
+    QCOMPARE(settings.retryPauseMs, 500);
+    QCOMPARE(settings.retryPauseMaxMs, 5000);
+    QVERIFY(settings.proxy.isEmpty());
+    QVERIFY(settings.caFile.isEmpty());
+}
+
+void tst_HostSettings::oneInstancePerProcess()
+{
+    hostSettings().currentSkin = QStringLiteral("Calm");
+    QCOMPARE(hostSettings().currentSkin, QStringLiteral("Calm"));
+    QCOMPARE(&hostSettings(), &hostSettings());
+}
+
+void tst_HostSettings::readsEveryKey()
+{
+    const QString file = iniFile("[paths]\n"
+                                 "resources=/opt/editor/resources\n"
+                                 "data=/home/someone/data\n"
+                                 "appData=/home/someone/app\n"
+                                 "testOutput=/home/someone/output\n"
+                                 "[ui]\n"
+                                 "skin=Elegance\n"
+                                 "zoomDPI=1.25\n"
+                                 "[product]\n"
+                                 "editions=2, 5\n"
+                                 "[params]\n"
+                                 "url_themeRootDir=http://127.0.0.1:8080/root\n"
+                                 "hasMV=1\n"
+                                 "[network]\n"
+                                 "connectTimeoutMs=1001\n"
+                                 "stallTimeoutMs=1002\n"
+                                 "maxDownloadBytes=8589934592\n"
+                                 "downloadRetries=7\n"
+                                 "retryPauseMs=1003\n"
+                                 "retryPauseMaxMs=1004\n"
+                                 "proxy=http://127.0.0.1:3128\n"
+                                 "caFile=/etc/authorities.pem\n");
+    QString error;
+    QVERIFY2(loadHostSettings(file, &error), qPrintable(error));
+
+    const HostSettings& settings = hostSettings();
+    QCOMPARE(settings.resourcesPath, QStringLiteral("/opt/editor/resources"));
+    QCOMPARE(settings.dataLocation, QStringLiteral("/home/someone/data"));
+    QCOMPARE(settings.appDataPath, QStringLiteral("/home/someone/app"));
+    QCOMPARE(settings.testOutputDir, QStringLiteral("/home/someone/output"));
+    QCOMPARE(settings.currentSkin, QStringLiteral("Elegance"));
+    QCOMPARE(settings.zoomDPI, 1.25);
+    QCOMPARE(settings.partnerEditions, (QSet<int>{2, 5}));
+    QCOMPARE(settings.productParams,
+             (QMap<QString, QString>{
+                 {QStringLiteral("url_themeRootDir"), QStringLiteral("http://127.0.0.1:8080/root")},
+                 {QStringLiteral("hasMV"), QStringLiteral("1")}}));
+    QCOMPARE(settings.connectTimeoutMs, 1001);
+    QCOMPARE(settings.stallTimeoutMs, 1002);
+    QCOMPARE(settings.maxDownloadBytes, Q_INT64_C(8589934592));
+    QCOMPARE(settings.downloadRetries, 7);
+    QCOMPARE(settings.retryPauseMs, 1003);
+    QCOMPARE(settings.retryPauseMaxMs, 1004);
+    QCOMPARE(settings.proxy, QStringLiteral("http://127.0.0.1:3128"));
+    QCOMPARE(settings.caFile, QStringLiteral("/etc/authorities.pem"));
+}
+
+void tst_HostSettings::keepsWhatTheFileDoesNotName()
+{
+    hostSettings().stallTimeoutMs = 77;
+    hostSettings().dataLocation = QStringLiteral("/set/by/the/host");
+    hostSettings().productParams.insert(QStringLiteral("hasMV"), QStringLiteral("1"));
+    QVERIFY(loadHostSettings(iniFile("[ui]\nskin=Calm\n[params]\nhasSplit=1\n"), nullptr));
+    QCOMPARE(hostSettings().currentSkin, QStringLiteral("Calm"));
+    QCOMPARE(hostSettings().stallTimeoutMs, 77);
+    QCOMPARE(hostSettings().dataLocation, QStringLiteral("/set/by/the/host"));
+    QCOMPARE(hostSettings().productParams.size(), 2);
+}
+
+void tst_HostSettings::anEmptyFileChangesNothing()
+{
+    hostSettings().zoomDPI = 2.5;
+    QVERIFY(loadHostSettings(iniFile(""), nullptr));
+    QCOMPARE(hostSettings().zoomDPI, 2.5);
+}
+
+void tst_HostSettings::acceptsTheLimitsOfEveryRange_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    for (const char* line :
+         {"connectTimeoutMs=1", "connectTimeoutMs=2147483647", "stallTimeoutMs=1",
+          "stallTimeoutMs=2147483647", "retryPauseMs=0", "retryPauseMs=2147483647",
+          "retryPauseMaxMs=0", "retryPauseMaxMs=2147483647", "maxDownloadBytes=1",
+          "maxDownloadBytes=9223372036854775807", "downloadRetries=0", "downloadRetries=100"})
+        QTest::newRow(line) << QByteArray("[network]\n") + line + '\n';
+    for (const char* line : {"zoomDPI=0.1", "zoomDPI=16"})
+        QTest::newRow(line) << QByteArray("[ui]\n") + line + '\n';
+}
+
+void tst_HostSettings::acceptsTheLimitsOfEveryRange()
+{
+    QFETCH(QByteArray, content);
+    QString error;
+    QVERIFY2(loadHostSettings(iniFile(content), &error), qPrintable(error));
+}
+
+void tst_HostSettings::readsTextsAsTheyStand_data()
+{
+    QTest::addColumn<QByteArray>("value");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("plain") << QByteArray("abc") << QStringLiteral("abc");
+    QTest::newRow("blanks inside") << QByteArray("a  b") << QStringLiteral("a  b");
+    QTest::newRow("blanks around it go") << QByteArray("  ab  ") << QStringLiteral("ab");
+    QTest::newRow("empty") << QByteArray("") << QString();
+    QTest::newRow("comma and blank") << QByteArray("a, b, c") << QStringLiteral("a, b, c");
+    QTest::newRow("quoted comma") << QByteArray("\"a,b,  c\"") << QStringLiteral("a,b,  c");
+    QTest::newRow("quoted semicolon") << QByteArray("\"a;b\"") << QStringLiteral("a;b");
+    QTest::newRow("quoted blanks") << QByteArray("\" a \"") << QStringLiteral(" a ");
+    QTest::newRow("equals sign") << QByteArray("http://h/?a=b") << QStringLiteral("http://h/?a=b");
+    QTest::newRow("number sign") << QByteArray("a#b") << QStringLiteral("a#b");
+    QTest::newRow("percent") << QByteArray("a%20b") << QStringLiteral("a%20b");
+    QTest::newRow("UTF-8") << QByteArray("\xC3\xA9\xD0\xB6\xE4\xBD\xA0\xF0\x9F\x99\x82")
+                           << QString::fromUtf8("\xC3\xA9\xD0\xB6\xE4\xBD\xA0\xF0\x9F\x99\x82");
+}
+
+void tst_HostSettings::readsTextsAsTheyStand()
+{
+    QFETCH(QByteArray, value);
+    QFETCH(QString, text);
+    const QByteArray content =
+        "[ui]\nskin=" + value + "\n[params]\nhost=" + value + "\n[network]\nproxy=" + value + '\n';
+    QString error;
+    QVERIFY2(loadHostSettings(iniFile(content), &error), qPrintable(error));
+    QCOMPARE(hostSettings().currentSkin, text);
+    QCOMPARE(hostSettings().proxy, text);
+    const QMap<QString, QString> expected{{QStringLiteral("host"), text}};
+    QCOMPARE(hostSettings().productParams, expected);
+}
+
+void tst_HostSettings::readsEditions_data()
+{
+    QTest::addColumn<QByteArray>("value");
+    QTest::addColumn<QSet<int>>("editions");
+    QTest::newRow("none") << QByteArray("") << QSet<int>();
+    QTest::newRow("one") << QByteArray("3") << QSet<int>{3};
+    QTest::newRow("all") << QByteArray("1,2,3,4,5") << QSet<int>{1, 2, 3, 4, 5};
+    QTest::newRow("blanks") << QByteArray(" 4 , 1 ") << QSet<int>{1, 4};
+    QTest::newRow("quoted") << QByteArray("\"2,3\"") << QSet<int>{2, 3};
+    QTest::newRow("twice the same") << QByteArray("2,2") << QSet<int>{2};
+}
+
+void tst_HostSettings::readsEditions()
+{
+    QFETCH(QByteArray, value);
+    QFETCH(QSet<int>, editions);
+    hostSettings().partnerEditions = {1, 5};
+    QString error;
+    QVERIFY2(loadHostSettings(iniFile("[product]\neditions=" + value + '\n'), &error),
+             qPrintable(error));
+    QCOMPARE(hostSettings().partnerEditions, editions);
+}
+
+void tst_HostSettings::readsPaths_data()
+{
+    QTest::addColumn<QByteArray>("value");
+    QTest::addColumn<QString>("path");
+    const QString folder = TestHome::path() + QStringLiteral("/ini");
+    QTest::newRow("absolute") << QByteArray("/a/b") << QStringLiteral("/a/b");
+    QTest::newRow("trailing slash goes") << QByteArray("/a/b/") << QStringLiteral("/a/b");
+    QTest::newRow("doubled slashes go") << QByteArray("/a//b") << QStringLiteral("/a/b");
+    QTest::newRow("relative to the file") << QByteArray("a/b") << folder + QStringLiteral("/a/b");
+    QTest::newRow("the file's folder") << QByteArray(".") << folder;
+    QTest::newRow("above the file")
+        << QByteArray("../a") << TestHome::path() + QStringLiteral("/a");
+    QTest::newRow("UTF-8") << QByteArray("/\xC3\xA9") << QString::fromUtf8("/\xC3\xA9");
+    QTest::newRow("comma, quoted") << QByteArray("\"/a,b\"") << QStringLiteral("/a,b");
+}
+
+void tst_HostSettings::readsPaths()
+{
+    QFETCH(QByteArray, value);
+    QFETCH(QString, path);
+    const QByteArray content = "[paths]\nresources=" + value + "\ndata=" + value
+        + "\nappData=" + value + "\ntestOutput=" + value + "\n[network]\ncaFile=" + value + '\n';
+    const QString file = iniFile(content);
+    // Relative to the file also where the file itself is named relative to the current folder.
+    const QString named = QDir::current().relativeFilePath(file);
+    QString error;
+    QVERIFY2(loadHostSettings(named, &error), qPrintable(error));
+    QCOMPARE(hostSettings().resourcesPath, path);
+    QCOMPARE(hostSettings().dataLocation, path);
+    QCOMPARE(hostSettings().appDataPath, path);
+    QCOMPARE(hostSettings().testOutputDir, path);
+    QCOMPARE(hostSettings().caFile, path);
+}
+
+void tst_HostSettings::theLastOfTwoEqualKeysCounts()
+{
+    QVERIFY(loadHostSettings(iniFile("[ui]\nskin=Calm\nskin=Elegance\n"), nullptr));
+    QCOMPARE(hostSettings().currentSkin, QStringLiteral("Elegance"));
+}
+
+void tst_HostSettings::productParametersOfSeveralFilesAddUp()
+{
+    QVERIFY(loadHostSettings(iniFile("[params]\na=1\nb=2\n"), nullptr));
+    QVERIFY(loadHostSettings(iniFile("[params]\nb=3\nc=4\n"), nullptr));
+    const QMap<QString, QString> expected{{QStringLiteral("a"), QStringLiteral("1")},
+                                          {QStringLiteral("b"), QStringLiteral("3")},
+                                          {QStringLiteral("c"), QStringLiteral("4")}};
+    QCOMPARE(hostSettings().productParams, expected);
+}
+
+void tst_HostSettings::errorMayBeNull()
+{
+    QVERIFY(!loadHostSettings(iniFile("[ui]\nnothing=1\n"), nullptr));
+    QVERIFY(!loadHostSettings(QString(), nullptr));
+}
+
+void tst_HostSettings::errorStaysOnSuccess()
+{
+    QString error = QStringLiteral("before");
+    QVERIFY(loadHostSettings(iniFile("[ui]\nskin=Calm\n"), &error));
+    QCOMPARE(error, QStringLiteral("before"));
+}
+
+MV_TEST_MAIN(tst_HostSettings)
+#include "tst_HostSettings.moc"

@@ -1,0 +1,211 @@
+#include "host/HostSettings.h"
+#include "host/IniFile.h"
+#include "host/Unprivileged.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+/// Every setting as text, to compare two states.
+QStringList everything(const HostSettings& s)
+{
+    QStringList result{s.resourcesPath,
+                       s.dataLocation,
+                       s.appDataPath,
+                       s.testOutputDir,
+                       s.currentSkin,
+                       QString::number(s.zoomDPI),
+                       QString::number(s.connectTimeoutMs),
+                       QString::number(s.stallTimeoutMs),
+                       QString::number(s.maxDownloadBytes),
+                       QString::number(s.downloadRetries),
+                       QString::number(s.retryPauseMs),
+                       QString::number(s.retryPauseMaxMs),
+                       s.proxy,
+                       s.caFile};
+    for (int edition = 1; edition <= 5; ++edition)
+        result << QString::number(s.partnerEditions.contains(edition));
+    for (auto it = s.productParams.cbegin(); it != s.productParams.cend(); ++it)
+        result << it.key() << it.value();
+    return result;
+}
+
+/// Valid values for every section, so that a failure has something to leave half done.
+const QByteArray validPart = "[network]\nconnectTimeoutMs=1\nproxy=p\ncaFile=/ca\n"
+                             "[params]\na=1\n[paths]\nappData=/x\ndata=/y\n";
+
+} // namespace
+
+class tst_HostSettingsErrors : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { hostSettings() = HostSettings(); }
+
+    void refusesWhatIsNotAFile_data();
+    void refusesWhatIsNotAFile();
+    void refusesAFileThatCannotBeRead();
+    void refusesAMalformedFile_data();
+    void refusesAMalformedFile();
+    void refusesAnUnknownKey_data();
+    void refusesAnUnknownKey();
+    void refusesAValueOutOfRange_data();
+    void refusesAValueOutOfRange();
+};
+
+void tst_HostSettingsErrors::refusesWhatIsNotAFile_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::newRow("missing") << TestHome::path() + QStringLiteral("/none.ini");
+    QTest::newRow("missing folder") << TestHome::path() + QStringLiteral("/none/none.ini");
+    QTest::newRow("folder") << TestHome::path();
+    QTest::newRow("no name") << QString();
+}
+
+void tst_HostSettingsErrors::refusesWhatIsNotAFile()
+{
+    QFETCH(QString, path);
+    const QStringList before = everything(hostSettings());
+    QString error;
+    QVERIFY(!loadHostSettings(path, &error));
+    QCOMPARE(error, path + QStringLiteral(": no such file"));
+    QCOMPARE(everything(hostSettings()), before);
+}
+
+void tst_HostSettingsErrors::refusesAFileThatCannotBeRead()
+{
+    const QString path = iniFile("[ui]\nskin=Calm\n");
+    QVERIFY(QFile::setPermissions(path, QFile::WriteOwner));
+    // The file may be hidden from others by its folders alone.
+    for (const QString& folder : {TestHome::path(), QFileInfo(path).path()})
+        QVERIFY(QFile::setPermissions(folder,
+                                      QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner
+                                          | QFile::ExeGroup | QFile::ExeOther));
+    const QStringList before = everything(hostSettings());
+    QString error;
+    {
+        const Unprivileged rights;
+        if (!rights.isActive())
+            QSKIP("the rights of root cannot be given up here");
+        QVERIFY(!loadHostSettings(path, &error));
+    }
+    QCOMPARE(error, path + QStringLiteral(": the file cannot be read"));
+    QCOMPARE(everything(hostSettings()), before);
+}
+
+void tst_HostSettingsErrors::refusesAMalformedFile_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::newRow("a line without a value") << QByteArray("[ui]\nskin\n");
+    QTest::newRow("an open section") << QByteArray("[ui\nskin=Calm\n");
+    QTest::newRow("prose") << QByteArray("This is a letter,\nnot a settings file.\n");
+    QTest::newRow("at its end") << validPart + "junk\n";
+    QTest::newRow("XML") << QByteArray("<?xml version='1.0'?>\n<a/>\n");
+}
+
+void tst_HostSettingsErrors::refusesAMalformedFile()
+{
+    QFETCH(QByteArray, content);
+    const QString path = iniFile(content);
+    const QStringList before = everything(hostSettings());
+    QString error;
+    QVERIFY(!loadHostSettings(path, &error));
+    QCOMPARE(error, path + QStringLiteral(": not an INI file"));
+    QCOMPARE(everything(hostSettings()), before);
+}
+
+void tst_HostSettingsErrors::refusesAnUnknownKey_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("key");
+    const auto row = [](const char* section, const char* key) {
+        const QByteArray name = QByteArray(section) + '/' + key;
+        QTest::newRow(name.constData()) << validPart + '[' + section + "]\n" + key + "=1\n"
+                                        << QString::fromLatin1(name);
+    };
+    row("paths", "Resources");
+    row("paths", "themes");
+    row("ui", "zoom");
+    row("UI", "skin");
+    row("product", "edition");
+    row("network", "timeout");
+    row("network", "ConnectTimeoutMs");
+    row("param", "hasMV");
+    QTest::newRow("without a section") << QByteArray("skin=Calm\n") << QStringLiteral("skin");
+}
+
+void tst_HostSettingsErrors::refusesAnUnknownKey()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QString, key);
+    const QString path = iniFile(content);
+    const QStringList before = everything(hostSettings());
+    QString error;
+    QVERIFY(!loadHostSettings(path, &error));
+    QCOMPARE(error, path + QStringLiteral(": unknown setting ") + key);
+    QCOMPARE(everything(hostSettings()), before);
+}
+
+void tst_HostSettingsErrors::refusesAValueOutOfRange_data()
+{
+    QTest::addColumn<QByteArray>("key");
+    QTest::addColumn<QByteArray>("value");
+    QTest::addColumn<QString>("reason");
+
+    const auto whole = [](const char* key, const char* value, const char* range) {
+        QTest::addRow("%s = %s", key, value)
+            << QByteArray(key) << QByteArray(value)
+            << QStringLiteral("%1 is \"%2\", but must be a whole number from %3")
+                   .arg(QLatin1String(key), QLatin1String(value), QLatin1String(range));
+    };
+    for (const char* key : {"network/connectTimeoutMs", "network/stallTimeoutMs"}) {
+        for (const char* value : {"0", "-1", "2147483648", "1.5", "soon", "", "1s"})
+            whole(key, value, "1 to 2147483647");
+    }
+    for (const char* key : {"network/retryPauseMs", "network/retryPauseMaxMs"}) {
+        for (const char* value : {"-1", "2147483648", "x"})
+            whole(key, value, "0 to 2147483647");
+    }
+    for (const char* value : {"0", "-5", "9223372036854775808", "2G"})
+        whole("network/maxDownloadBytes", value, "1 to 9223372036854775807");
+    for (const char* value : {"-1", "101", "two"})
+        whole("network/downloadRetries", value, "0 to 100");
+    for (const char* value : {"0", "6", "-1", "first", "1.0"})
+        whole("product/editions", value, "1 to 5");
+
+    const auto zoom = [](const char* value) {
+        QTest::addRow("ui/zoomDPI = %s", value)
+            << QByteArray("ui/zoomDPI") << QByteArray(value)
+            << QStringLiteral("ui/zoomDPI is \"%1\", but must be a number from 0.1 to 16")
+                   .arg(QLatin1String(value));
+    };
+    for (const char* value : {"0.09", "0", "-1", "16.01", "nan", "inf", "big", "", "1, 5"})
+        zoom(value);
+
+    for (const char* key :
+         {"paths/resources", "paths/data", "paths/appData", "paths/testOutput", "network/caFile"})
+        QTest::addRow("%s is empty", key)
+            << QByteArray(key) << QByteArray() << QLatin1String(key) + QStringLiteral(" is empty");
+}
+
+void tst_HostSettingsErrors::refusesAValueOutOfRange()
+{
+    QFETCH(QByteArray, key);
+    QFETCH(QByteArray, value);
+    QFETCH(QString, reason);
+    const int slash = key.indexOf('/');
+    const QString path = iniFile(validPart + '[' + key.left(slash) + "]\n" + key.mid(slash + 1)
+                                 + '=' + value + '\n');
+    const QStringList before = everything(hostSettings());
+    QString error;
+    QVERIFY(!loadHostSettings(path, &error));
+    QCOMPARE(error, path + QStringLiteral(": ") + reason);
+    QCOMPARE(everything(hostSettings()), before);
+}
+
+MV_TEST_MAIN(tst_HostSettingsErrors)
+#include "tst_HostSettingsErrors.moc"

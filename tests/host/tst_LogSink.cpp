@@ -1,0 +1,317 @@
+#include "host/LogL.h"
+#include "support/TestMain.h"
+
+#include <QCoreApplication>
+#include <QLoggingCategory>
+#include <QVector>
+
+#include <atomic>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+namespace {
+
+struct Message
+{
+    QtMsgType type;
+    QByteArray category;
+    QString text;
+};
+
+std::mutex messagesMutex;  // guards messages
+QVector<Message> messages; // what has reached Qt's message handler
+
+void keepMessage(QtMsgType type, const QMessageLogContext& context, const QString& text)
+{
+    const std::lock_guard<std::mutex> lock(messagesMutex);
+    messages.append({type, context.category, text});
+}
+
+/// Sends what goes to Qt into `messages` while it lives.
+class MessageCapture
+{
+public:
+    MessageCapture()
+        : m_previous(qInstallMessageHandler(keepMessage))
+    {
+        messages.clear();
+    }
+    ~MessageCapture() { qInstallMessageHandler(m_previous); }
+    Q_DISABLE_COPY_MOVE(MessageCapture)
+
+private:
+    QtMessageHandler m_previous;
+};
+
+/// Brings the default sink while it lives.
+class DefaultSink
+{
+public:
+    DefaultSink()
+        : m_previous(setLogSink(LogSink()))
+    {
+    }
+    ~DefaultSink() { setLogSink(m_previous); }
+    Q_DISABLE_COPY_MOVE(DefaultSink)
+
+private:
+    LogSink m_previous;
+};
+
+constexpr int threadCount = 6;
+constexpr int linesPerThread = 300;
+
+template <class Work>
+void onSeveralThreads(Work work)
+{
+    std::vector<std::thread> threads;
+    threads.reserve(threadCount);
+    for (int number = 0; number < threadCount; ++number)
+        threads.emplace_back(work, number);
+    for (std::thread& thread : threads)
+        thread.join();
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(QtMsgType)
+
+class tst_LogSink : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup();
+
+    void theDefaultWritesToTheCategory_data();
+    void theDefaultWritesToTheCategory();
+    void theDefaultKeepsTheText_data();
+    void theDefaultKeepsTheText();
+    void theDefaultObeysTheFilterRules();
+    void theDefaultTakesEveryCategoryName();
+    void replacingReturnsWhatWasThere();
+    void anEmptySinkBringsTheDefaultBack();
+    void aSinkMayLog();
+    void aSinkMayReplaceItself();
+    void severalThreadsReachTheSink();
+    void severalThreadsReachTheDefault();
+    void noLineIsLostWhileTheSinkChanges();
+};
+
+void tst_LogSink::cleanup()
+{
+    QLoggingCategory::setFilterRules(QString());
+}
+
+void tst_LogSink::theDefaultWritesToTheCategory_data()
+{
+    QTest::addColumn<int>("level");
+    QTest::addColumn<QtMsgType>("type");
+    QTest::newRow("below 1") << 0 << QtDebugMsg;
+    QTest::newRow("far below 1") << -5 << QtDebugMsg;
+    QTest::newRow("1") << 1 << QtDebugMsg;
+    QTest::newRow("2") << 2 << QtInfoMsg;
+    QTest::newRow("above 2") << 3 << QtInfoMsg;
+}
+
+void tst_LogSink::theDefaultWritesToTheCategory()
+{
+    QFETCH(int, level);
+    QFETCH(QtMsgType, type);
+    const DefaultSink sink;
+    const MessageCapture capture;
+    LogL("MVThemeMgr", level, "%s %d", "line", 7);
+    LogL("CheckCfgWorker", level, "other");
+    QCOMPARE(messages.size(), 2);
+    QCOMPARE(messages[0].type, type);
+    QCOMPARE(messages[0].category, QByteArray("MVThemeMgr"));
+    QCOMPARE(messages[0].text, QStringLiteral("line 7"));
+    QCOMPARE(messages[1].type, type);
+    QCOMPARE(messages[1].category, QByteArray("CheckCfgWorker"));
+}
+
+void tst_LogSink::theDefaultKeepsTheText_data()
+{
+    QTest::addColumn<QByteArray>("argument");
+    QTest::newRow("UTF-8") << QByteArray("\xC3\xA9\xD0\xB6\xF0\x9F\x99\x82");
+    QTest::newRow("placeholder") << QByteArray("[%1]");
+    QTest::newRow("conversions") << QByteArray("%s %d %n 100%");
+    QTest::newRow("empty") << QByteArray("");
+}
+
+void tst_LogSink::theDefaultKeepsTheText()
+{
+    QFETCH(QByteArray, argument);
+    const DefaultSink sink;
+    const MessageCapture capture;
+    LogL("MVThemeMgr", 1, "%s", argument.constData());
+    LogL("MVThemeMgr", 2, "%s", argument.constData());
+    QCOMPARE(messages.size(), 2);
+    QCOMPARE(messages[0].text, QString::fromUtf8(argument));
+    QCOMPARE(messages[1].text, QString::fromUtf8(argument));
+}
+
+void tst_LogSink::theDefaultObeysTheFilterRules()
+{
+    const DefaultSink sink;
+    const MessageCapture capture;
+    LogL("Quiet", 1, "before");
+    QLoggingCategory::setFilterRules(QStringLiteral("Quiet.debug=false\nSilent=false"));
+    for (const char* category : {"Quiet", "Silent", "Loud"}) {
+        LogL(category, 1, "details");
+        LogL(category, 2, "event");
+    }
+    QStringList seen;
+    for (const Message& message : qAsConst(messages))
+        seen << QString::fromLatin1(message.category) + QLatin1Char(' ') + message.text;
+    QCOMPARE(seen,
+             (QStringList{QStringLiteral("Quiet before"), QStringLiteral("Quiet event"),
+                          QStringLiteral("Loud details"), QStringLiteral("Loud event")}));
+}
+
+void tst_LogSink::theDefaultTakesEveryCategoryName()
+{
+    const DefaultSink sink;
+    const MessageCapture capture;
+    {
+        // The name is copied: a caller's buffer may go.
+        QByteArray name("Fleeting");
+        LogL(name.constData(), 1, "first");
+        name.fill('x');
+    }
+    LogL("Fleeting", 1, "second");
+    LogL("", 1, "third");
+    QCOMPARE(messages.size(), 3);
+    QCOMPARE(messages[0].category, QByteArray("Fleeting"));
+    QCOMPARE(messages[1].category, QByteArray("Fleeting"));
+    QCOMPARE(messages[2].category, QByteArray(""));
+}
+
+void tst_LogSink::replacingReturnsWhatWasThere()
+{
+    const DefaultSink sink;
+    QByteArrayList first;
+    QByteArrayList second;
+    QVERIFY(!setLogSink([&](const QByteArray&, int, const QByteArray& text) { first << text; }));
+    LogL("Part", 1, "a");
+    const LogSink previous =
+        setLogSink([&](const QByteArray&, int, const QByteArray& text) { second << text; });
+    LogL("Part", 1, "b");
+    QVERIFY(previous);
+    previous("Part", 1, "c");
+    QVERIFY(setLogSink(previous));
+    LogL("Part", 1, "d");
+    QCOMPARE(first, (QByteArrayList{"a", "c", "d"}));
+    QCOMPARE(second, (QByteArrayList{"b"}));
+    setLogSink(LogSink());
+}
+
+void tst_LogSink::anEmptySinkBringsTheDefaultBack()
+{
+    const DefaultSink sink;
+    const MessageCapture capture;
+    int lines = 0;
+    setLogSink([&](const QByteArray&, int, const QByteArray&) { ++lines; });
+    LogL("Part", 1, "to the sink");
+    QVERIFY(setLogSink(nullptr));
+    QVERIFY(!setLogSink(LogSink()));
+    LogL("Part", 1, "to Qt");
+    QCOMPARE(lines, 1);
+    QCOMPARE(messages.size(), 1);
+    QCOMPARE(messages[0].text, QStringLiteral("to Qt"));
+}
+
+void tst_LogSink::aSinkMayLog()
+{
+    const DefaultSink sink;
+    QByteArrayList texts;
+    setLogSink([&](const QByteArray& category, int, const QByteArray& text) {
+        texts << text;
+        if (category == "Outer")
+            LogL("Inner", 1, "from %s", text.constData());
+    });
+    LogL("Outer", 1, "x");
+    QCOMPARE(texts, (QByteArrayList{"x", "from x"}));
+}
+
+void tst_LogSink::aSinkMayReplaceItself()
+{
+    const DefaultSink sink;
+    QByteArrayList first;
+    QByteArrayList second;
+    setLogSink([&](const QByteArray&, int, const QByteArray& text) {
+        setLogSink([&](const QByteArray&, int, const QByteArray& later) { second << later; });
+        first << text; // the sink that is running is still whole
+    });
+    LogL("Part", 1, "a");
+    LogL("Part", 1, "b");
+    QCOMPARE(first, (QByteArrayList{"a"}));
+    QCOMPARE(second, (QByteArrayList{"b"}));
+}
+
+void tst_LogSink::severalThreadsReachTheSink()
+{
+    const DefaultSink sink;
+    std::mutex mutex;
+    QVector<QByteArrayList> perThread(threadCount);
+    setLogSink([&](const QByteArray& category, int level, const QByteArray& text) {
+        const std::lock_guard<std::mutex> lock(mutex);
+        perThread[level] << category + ": " + text;
+    });
+    onSeveralThreads([](int number) {
+        const QByteArray category = "Part" + QByteArray::number(number);
+        for (int line = 0; line < linesPerThread; ++line)
+            LogL(category.constData(), number, "%d of %s", line, category.constData());
+    });
+    for (int number = 0; number < threadCount; ++number) {
+        const QByteArray category = "Part" + QByteArray::number(number);
+        QByteArrayList expected;
+        for (int line = 0; line < linesPerThread; ++line)
+            expected << category + ": " + QByteArray::number(line) + " of " + category;
+        QCOMPARE(perThread[number], expected);
+    }
+}
+
+void tst_LogSink::severalThreadsReachTheDefault()
+{
+    const DefaultSink sink;
+    const MessageCapture capture;
+    // Every category is met by all threads at once, so that they race to make it.
+    onSeveralThreads([](int) {
+        for (int line = 0; line < linesPerThread; ++line)
+            LogL(("New" + QByteArray::number(line)).constData(), 2, "%d", line);
+    });
+    QMap<QByteArray, int> counts;
+    for (const Message& message : qAsConst(messages))
+        ++counts[message.category + '=' + message.text.toLatin1()];
+    QCOMPARE(counts.size(), linesPerThread);
+    for (int line = 0; line < linesPerThread; ++line) {
+        const QByteArray number = QByteArray::number(line);
+        QCOMPARE(counts.value("New" + number + '=' + number), threadCount);
+    }
+}
+
+void tst_LogSink::noLineIsLostWhileTheSinkChanges()
+{
+    const DefaultSink sink;
+    std::atomic<int> lines{0};
+    const auto count = [&](const QByteArray&, int, const QByteArray&) { ++lines; };
+    setLogSink(count);
+    std::atomic<bool> done{false};
+    std::thread changer([&] {
+        while (!done)
+            setLogSink(count);
+    });
+    onSeveralThreads([](int) {
+        for (int line = 0; line < linesPerThread; ++line)
+            LogL("Part", 1, "%d", line);
+    });
+    done = true;
+    changer.join();
+    QCOMPARE(lines.load(), threadCount * linesPerThread);
+    setLogSink(LogSink());
+}
+
+MV_TEST_MAIN(tst_LogSink)
+#include "tst_LogSink.moc"

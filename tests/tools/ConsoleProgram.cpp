@@ -1,0 +1,52 @@
+#include "ConsoleProgram.h"
+
+#include <csignal>
+
+namespace {
+
+constexpr int longestMs = 60000;
+
+} // namespace
+
+QStringList Outcome::lines() const
+{
+    QStringList result = QString::fromUtf8(out).split(QLatin1Char('\n'));
+    if (result.constLast().isEmpty())
+        result.removeLast();
+    return result;
+}
+
+Outcome ConsoleProgram::run(const QString& program, const QStringList& arguments,
+                            const QString& workingDirectory)
+{
+    QProcess process;
+    process.setWorkingDirectory(workingDirectory);
+    process.start(program, arguments);
+    return end(process);
+}
+
+Outcome ConsoleProgram::end(QProcess& process)
+{
+    Outcome outcome;
+    // Waiting for a program that has ended already reports a failure.
+    const bool ended =
+        process.state() == QProcess::NotRunning || process.waitForFinished(longestMs);
+    outcome.out = process.readAllStandardOutput();
+    outcome.err = process.readAllStandardError();
+    if (ended && process.error() != QProcess::FailedToStart
+        && process.exitStatus() == QProcess::NormalExit)
+        outcome.status = process.exitCode();
+    return outcome;
+}
+
+void ConsoleProgram::signal(const QProcess& process, int number)
+{
+    ::kill(static_cast<pid_t>(process.processId()), number);
+}
+
+QProcessEnvironment ConsoleProgram::utf8Environment()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    return environment;
+}

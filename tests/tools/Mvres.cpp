@@ -1,0 +1,84 @@
+#include "Mvres.h"
+
+#include "support/CatalogueFiles.h"
+#include "support/TestMain.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSettings>
+
+namespace {
+
+int runs = 0;
+
+} // namespace
+
+Mvres::Mvres()
+    : m_base(TestHome::path() + QStringLiteral("/run%1").arg(++runs))
+    , m_installed(m_base + QStringLiteral("/installed"))
+{
+    QDir().mkpath(m_installed);
+    set("paths/resources", m_installed);
+    set("paths/data", data());
+    set("network/retryPauseMs", QStringLiteral("1"));
+}
+
+void Mvres::useSamples()
+{
+    m_installed = samples() + QStringLiteral("/installed");
+    set("paths/resources", m_installed);
+}
+
+void Mvres::set(const char* key, const QString& value)
+{
+    m_settings.insert(QString::fromLatin1(key), value);
+}
+
+QStringList Mvres::arguments(const QStringList& own) const
+{
+    return QStringList{QStringLiteral("--settings"), settingsFile(), QStringLiteral("--root"),
+                       root()}
+    + own;
+}
+
+Outcome Mvres::run(const QStringList& own) const
+{
+    QProcess process;
+    start(process, own);
+    return ConsoleProgram::end(process);
+}
+
+void Mvres::start(QProcess& process, const QStringList& own) const
+{
+    writeSettings();
+    process.start(program(), arguments(own));
+}
+
+QStringList Mvres::downloaded() const
+{
+    return CatalogueFiles::filesBelow(root());
+}
+
+QString Mvres::downloadedFile(const QString& name) const
+{
+    return root() + QStringLiteral("/Themes/config/PQD/Download") + name;
+}
+
+QString Mvres::program()
+{
+    return QStringLiteral(MVRES_PROGRAM);
+}
+
+QString Mvres::samples()
+{
+    return QStringLiteral(MV_SAMPLES);
+}
+
+void Mvres::writeSettings() const
+{
+    QFile::remove(settingsFile());
+    QSettings ini(settingsFile(), QSettings::IniFormat);
+    ini.setIniCodec("UTF-8");
+    for (auto it = m_settings.cbegin(); it != m_settings.cend(); ++it)
+        ini.setValue(it.key(), it.value());
+}

@@ -1,0 +1,52 @@
+#include "Terminal.h"
+
+#include <QtGlobal>
+
+#include <array>
+
+#include <fcntl.h>
+#include <pty.h>
+#include <unistd.h>
+
+Terminal::Terminal(int columns)
+{
+    winsize size = {};
+    size.ws_row = 24;
+    size.ws_col = static_cast<unsigned short>(columns);
+    std::array<char, 256> name = {};
+    if (::openpty(&m_master, &m_slave, name.data(), nullptr, &size) != 0)
+        qFatal("no pseudo-terminal");
+    ::fcntl(m_master, F_SETFL, O_NONBLOCK);
+    m_device = QString::fromLocal8Bit(name.data());
+}
+
+Terminal::~Terminal()
+{
+    ::close(m_slave);
+    ::close(m_master);
+}
+
+QByteArray Terminal::read()
+{
+    QByteArray all;
+    std::array<char, 4096> part = {};
+    for (ssize_t count = 0; (count = ::read(m_master, part.data(), part.size())) > 0;)
+        all.append(part.data(), static_cast<int>(count));
+    return all;
+}
+
+QStringList Terminal::screen(const QByteArray& written)
+{
+    QString text = QString::fromUtf8(written);
+    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    QStringList lines;
+    for (const QString& line : text.split(QLatin1Char('\n'))) {
+        QString shown;
+        for (const QString& part : line.split(QLatin1Char('\r'))) {
+            const int clears = part.indexOf(QStringLiteral("\033[K"));
+            shown = clears >= 0 ? part.left(clears) : part + shown.mid(part.size());
+        }
+        lines.append(shown);
+    }
+    return lines;
+}

@@ -1,0 +1,184 @@
+#include "Mvres.h"
+#include "Routes.h"
+#include "SmallCatalogue.h"
+#include "support/TestMain.h"
+
+#include <QElapsedTimer>
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <csignal>
+#include <memory>
+
+namespace {
+
+constexpr int longestMs = 20000;
+// Far below the time after which a stalled transfer would end by itself.
+constexpr int promptMs = 10000;
+
+QString text(const char* latin1)
+{
+    return QString::fromLatin1(latin1);
+}
+
+} // namespace
+
+/// mvres fetch, interrupted while a transfer stalls.
+class TestMvresFetchInterrupt : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void endsAtOnceAndTidily_data();
+    void endsAtOnceAndTidily();
+    void itemsBehindAreNotTried();
+    void endsInTheSimulatedPhase();
+    void secondInterruptEndsTheProcess();
+    void goesOnTheNextTime();
+
+private:
+    void start(QProcess& process, const QStringList& guids, const QStringList& options = {}) const;
+    bool stalls() const;
+    static QString configStalls() { return CatalogueFiles::guid(1); }
+    static QString archiveStalls() { return CatalogueFiles::guid(2); }
+    static QString filter() { return CatalogueFiles::guid(3); }
+
+    Mvres m_mvres;
+    std::unique_ptr<FaultServer> m_server;
+};
+
+void TestMvresFetchInterrupt::init()
+{
+    m_mvres = Mvres();
+    SmallCatalogue catalogue;
+    catalogue.addTheme(1, text("Config"), text("/Themes/stalls.xml"));
+    catalogue.addTheme(2, text("Archive"), text("/Themes/two.xml"),
+                       {text("/Themes/two.zip"), text("/Themes/stalls.zip")});
+    catalogue.addFilter(3, text("Filter"), QString(), {text("/VideoFilters/three.zip")});
+    catalogue.writeTo(m_mvres.installed());
+    m_server = std::make_unique<FaultServer>(Routes::by({
+        {"/config/Themes/stalls.xml", Routes::stall()},
+        {"/config/Themes/two.xml", Routes::body(SmallCatalogue::themeConfig({}))},
+        {"/config/Themes/two.zip", Routes::body("two")},
+        {"/config/Themes/stalls.zip", Routes::stall()},
+        {"/config/VideoFilters/three.zip", Routes::body("three")},
+    }));
+    m_mvres.setServer(m_server->url(text("/")));
+}
+
+void TestMvresFetchInterrupt::start(QProcess& process, const QStringList& guids,
+                                    const QStringList& options) const
+{
+    m_mvres.start(process, QStringList{text("fetch")} + guids + options);
+}
+
+/// Whether the stalling file has been asked for and a part of it lies on disk.
+bool TestMvresFetchInterrupt::stalls() const
+{
+    const int requests = m_server->requestCount("/config/Themes/stalls.xml")
+        + m_server->requestCount("/config/Themes/stalls.zip");
+    return requests > 0 && !m_mvres.downloaded().filter(text(".part")).isEmpty();
+}
+
+void TestMvresFetchInterrupt::endsAtOnceAndTidily_data()
+{
+    QTest::addColumn<QString>("guid");
+    QTest::addColumn<int>("signal");
+    QTest::addColumn<QStringList>("left");
+    const QStringList complete{text("Themes/config/PQD/Download/Themes/two.xml"),
+                               text("Themes/config/PQD/Download/Themes/two.zip")};
+    QTest::newRow("SIGINT in a config file") << configStalls() << SIGINT << QStringList();
+    QTest::newRow("SIGTERM in a config file") << configStalls() << SIGTERM << QStringList();
+    QTest::newRow("SIGINT in a resource") << archiveStalls() << SIGINT << complete;
+    QTest::newRow("SIGTERM in a resource") << archiveStalls() << SIGTERM << complete;
+}
+
+void TestMvresFetchInterrupt::endsAtOnceAndTidily()
+{
+    QFETCH(QString, guid);
+    QFETCH(int, signal);
+    QFETCH(QStringList, left);
+
+    QProcess process;
+    start(process, {guid});
+    QTRY_VERIFY_WITH_TIMEOUT(stalls(), longestMs);
+    QElapsedTimer timer;
+    timer.start();
+    ConsoleProgram::signal(process, signal);
+    const Outcome outcome = ConsoleProgram::end(process);
+    QVERIFY(timer.elapsed() < promptMs);
+
+    QCOMPARE(outcome.status, 14);
+    QVERIFY2(outcome.err.startsWith("mvres: " + guid.toUtf8() + ": cancelled\nmvres: missing: "),
+             outcome.err.constData());
+    QVERIFY2(outcome.lines().constLast().contains(text(": cancelled, ")), outcome.out.constData());
+    QCOMPARE(m_mvres.downloaded(), left);
+}
+
+void TestMvresFetchInterrupt::itemsBehindAreNotTried()
+{
+    QProcess process;
+    start(process, {configStalls(), archiveStalls()}, {text("--json")});
+    QTRY_VERIFY_WITH_TIMEOUT(stalls(), longestMs);
+    ConsoleProgram::signal(process, SIGINT);
+    const Outcome outcome = ConsoleProgram::end(process);
+    QCOMPARE(outcome.status, 14);
+    const QJsonArray items = QJsonDocument::fromJson(outcome.out).array();
+    QCOMPARE(items.size(), 1);
+    QCOMPARE(items.at(0)[text("result")].toInt(-1), 4);
+    QCOMPARE(items.at(0)[text("resultText")].toString(), text("cancelled"));
+    QCOMPARE(m_server->requestCount("/config/Themes/two.xml"), 0);
+}
+
+/// Items that are no themes begin with a phase without transfers.
+void TestMvresFetchInterrupt::endsInTheSimulatedPhase()
+{
+    QProcess process;
+    start(process, {filter()});
+    QVERIFY(process.waitForReadyRead(longestMs));
+    QVERIFY(process.readAllStandardOutput().startsWith("Filter:   "));
+    ConsoleProgram::signal(process, SIGINT);
+    const Outcome outcome = ConsoleProgram::end(process);
+    QCOMPARE(outcome.status, 14);
+    QCOMPARE(m_server->requestCount(), 0);
+}
+
+/// Whoever cannot wait for the tidy end gets the usual one.
+void TestMvresFetchInterrupt::secondInterruptEndsTheProcess()
+{
+    // The tidy end may come first, but hardly every time.
+    bool killed = false;
+    for (int attempt = 0; attempt < 5 && !killed; ++attempt) {
+        QProcess process;
+        start(process, {filter()});
+        QVERIFY(process.waitForReadyRead(longestMs));
+        do {
+            ConsoleProgram::signal(process, SIGINT);
+        } while (!process.waitForFinished(1));
+        killed = process.exitStatus() == QProcess::CrashExit;
+        QCOMPARE(process.exitCode(), killed ? SIGINT : 14);
+    }
+    QVERIFY(killed);
+}
+
+void TestMvresFetchInterrupt::goesOnTheNextTime()
+{
+    QProcess process;
+    start(process, {archiveStalls()});
+    QTRY_VERIFY_WITH_TIMEOUT(stalls(), longestMs);
+    ConsoleProgram::signal(process, SIGINT);
+    QCOMPARE(ConsoleProgram::end(process).status, 14);
+
+    FaultServer repaired(Routes::by({{"/config/Themes/stalls.zip", Routes::body("whole")}}));
+    const Outcome outcome =
+        m_mvres.run({text("fetch"), archiveStalls(), text("--server"), repaired.url(QString())});
+    QCOMPARE(outcome.status, 0);
+    QCOMPARE(repaired.requestCount(), 1);
+    QCOMPARE(CatalogueFiles::read(m_mvres.downloadedFile(text("/Themes/stalls.zip"))),
+             QByteArray("whole"));
+}
+
+MV_TEST_MAIN(TestMvresFetchInterrupt)
+#include "tst_mvres_fetchInterrupt.moc"

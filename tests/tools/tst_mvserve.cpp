@@ -1,0 +1,355 @@
+#include "ConsoleProgram.h"
+#include "support/CatalogueFiles.h"
+#include "support/TestMain.h"
+
+#include <QDir>
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <memory>
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int longestMs = 20000;
+
+QString text(const char* latin1)
+{
+    return QString::fromLatin1(latin1);
+}
+
+/// A connection to a port of loopback that asks for addresses as they are given.
+class Client
+{
+public:
+    explicit Client(quint16 port)
+        : m_socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
+    {
+        sockaddr_in address = {};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        address.sin_port = htons(port);
+        m_connected =
+            ::connect(m_socket, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
+    }
+    ~Client() { ::close(m_socket); }
+    Q_DISABLE_COPY_MOVE(Client)
+
+    bool isConnected() const { return m_connected; }
+
+    /// Header and body of the answer; the server closes the connection behind it.
+    QByteArray get(const QByteArray& target)
+    {
+        ask(target, "close");
+        QByteArray answer;
+        while (receive(answer)) { }
+        return answer;
+    }
+    /// The beginning of the answer; the connection stays open.
+    QByteArray begin(const QByteArray& target)
+    {
+        ask(target, "keep-alive");
+        QByteArray answer;
+        receive(answer);
+        return answer;
+    }
+
+private:
+    void ask(const QByteArray& target, const QByteArray& connection) const
+    {
+        const QByteArray request = "GET " + target
+            + " HTTP/1.1\r\nHost: 127.0.0.1\r\nConnection: " + connection + "\r\n\r\n";
+        const ssize_t sent = ::send(m_socket, request.constData(),
+                                    static_cast<size_t>(request.size()), MSG_NOSIGNAL);
+        Q_UNUSED(sent)
+    }
+    bool receive(QByteArray& answer) const
+    {
+        std::array<char, 4096> part = {};
+        const ssize_t count = ::recv(m_socket, part.data(), part.size(), 0);
+        answer.append(part.data(), static_cast<int>(std::max<ssize_t>(count, 0)));
+        return count > 0;
+    }
+
+    int m_socket;
+    bool m_connected = false;
+};
+
+int statusOf(const QByteArray& answer)
+{
+    return answer.split(' ').value(1).toInt();
+}
+
+QByteArray bodyOf(const QByteArray& answer)
+{
+    return answer.mid(answer.indexOf("\r\n\r\n") + 4);
+}
+
+} // namespace
+
+/// mvserve
+class TestMvserve : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void servesFiles_data();
+    void servesFiles();
+    void answers404();
+    void servesNothingOutside_data();
+    void servesNothingOutside();
+    void listensOnLoopbackOnly();
+    void printsRequests();
+    void quietPrintsOneLine();
+    void takesThePortItIsTold();
+    void busyPortIsAFailure();
+    void endsOnASignal_data();
+    void endsOnASignal();
+    void failsForWhatIsNoFolder_data();
+    void failsForWhatIsNoFolder();
+    void refuses_data();
+    void refuses();
+    void helpNamesTheArguments();
+
+private:
+    void start(const QStringList& options = {});
+    QByteArray get(const QByteArray& target) const { return Client(m_port).get(target); }
+
+    QString m_tree;
+    std::unique_ptr<QProcess> m_process;
+    quint16 m_port = 0;
+    QByteArray m_firstLine;
+};
+
+void TestMvserve::initTestCase()
+{
+    m_tree = TestHome::path() + text("/base/tree");
+    CatalogueFiles::write(m_tree + text("/a.txt"), "content of a");
+    CatalogueFiles::write(m_tree + text("/folder/{B} c.xml"), "content of b");
+    CatalogueFiles::write(m_tree + text("/folder/theme.zip"), "archive");
+    CatalogueFiles::write(TestHome::path() + text("/base/secret.txt"), "secret");
+    CatalogueFiles::write(TestHome::path() + text("/base/tree2/secret.txt"), "secret");
+}
+
+void TestMvserve::init()
+{
+    m_process = std::make_unique<QProcess>();
+    m_port = 0;
+}
+
+void TestMvserve::cleanup()
+{
+    if (m_process->state() == QProcess::NotRunning)
+        return;
+    ConsoleProgram::signal(*m_process, SIGTERM);
+    ConsoleProgram::end(*m_process);
+}
+
+/// Starts the server on the tree and reads its port from the line that it prints.
+void TestMvserve::start(const QStringList& options)
+{
+    m_process->start(text(MVSERVE_PROGRAM), QStringList{m_tree} + options);
+    QTRY_VERIFY_WITH_TIMEOUT(m_process->canReadLine(), longestMs);
+    m_firstLine = m_process->readLine();
+    const QRegularExpression form(text("^serving (.*) at http://127\\.0\\.0\\.1:(\\d+)/\n$"));
+    const QRegularExpressionMatch match = form.match(QString::fromUtf8(m_firstLine));
+    QVERIFY2(match.hasMatch(), m_firstLine.constData());
+    QCOMPARE(match.captured(1), m_tree);
+    m_port = match.captured(2).toUShort();
+    QVERIFY(m_port != 0);
+}
+
+void TestMvserve::servesFiles_data()
+{
+    QTest::addColumn<QByteArray>("target");
+    QTest::addColumn<QByteArray>("body");
+    QTest::newRow("file") << QByteArray("/a.txt") << QByteArray("content of a");
+    QTest::newRow("doubled slash") << QByteArray("//a.txt") << QByteArray("content of a");
+    QTest::newRow("doubled slash within")
+        << QByteArray("//folder//theme.zip") << QByteArray("archive");
+    QTest::newRow("encoded name") << QByteArray("/folder/%7BB%7D%20c.xml")
+                                  << QByteArray("content of b");
+    QTest::newRow("up and down again")
+        << QByteArray("/folder/../a.txt") << QByteArray("content of a");
+}
+
+void TestMvserve::servesFiles()
+{
+    QFETCH(QByteArray, target);
+    QFETCH(QByteArray, body);
+    start();
+    const QByteArray answer = get(target);
+    QCOMPARE(statusOf(answer), 200);
+    QCOMPARE(bodyOf(answer), body);
+}
+
+void TestMvserve::answers404()
+{
+    start();
+    QCOMPARE(statusOf(get("/b.txt")), 404);
+    QCOMPARE(statusOf(get("/folder")), 404);
+}
+
+void TestMvserve::servesNothingOutside_data()
+{
+    QTest::addColumn<QByteArray>("target");
+    for (const char* target :
+         {"/../secret.txt", "/folder/../../secret.txt", "/%2e%2e/secret.txt", "/..%2fsecret.txt",
+          "/%2e%2e%2fsecret.txt", "//../secret.txt", "/./../secret.txt",
+          "/folder/..//../secret.txt", "/../tree2/secret.txt", "../secret.txt", "/..\\secret.txt"})
+        QTest::newRow(target) << QByteArray(target);
+}
+
+void TestMvserve::servesNothingOutside()
+{
+    QFETCH(QByteArray, target);
+    start();
+    const QByteArray answer = get(target);
+    QVERIFY(statusOf(answer) >= 400);
+    QVERIFY2(!bodyOf(answer).contains("secret"), answer.constData());
+    QCOMPARE(statusOf(get("/a.txt")), 200); // and goes on
+}
+
+void TestMvserve::listensOnLoopbackOnly()
+{
+    start();
+    QFile table(text("/proc/net/tcp"));
+    QVERIFY(table.open(QIODevice::ReadOnly));
+    const QByteArray port = QByteArray::number(m_port, 16).toUpper().rightJustified(4, '0');
+    const QByteArray sockets = table.readAll();
+    QVERIFY(sockets.contains(" 0100007F:" + port + " 00000000:0000 0A "));
+    QVERIFY(!sockets.contains(" 00000000:" + port + " 00000000:0000 0A "));
+}
+
+void TestMvserve::printsRequests()
+{
+    start();
+    get("/a.txt");
+    get("//folder/%7BB%7D%20c.xml");
+    get("/none.txt");
+    ConsoleProgram::signal(*m_process, SIGTERM);
+    const Outcome outcome = ConsoleProgram::end(*m_process);
+    QCOMPARE(outcome.lines(),
+             (QStringList{text("GET /a.txt 200"), text("GET //folder/{B} c.xml 200"),
+                          text("GET /none.txt 404")}));
+}
+
+void TestMvserve::quietPrintsOneLine()
+{
+    start({text("--quiet")});
+    QCOMPARE(statusOf(get("/a.txt")), 200);
+    ConsoleProgram::signal(*m_process, SIGTERM);
+    const Outcome outcome = ConsoleProgram::end(*m_process);
+    QCOMPARE(outcome.out, QByteArray());
+    QCOMPARE(outcome.err, QByteArray());
+}
+
+void TestMvserve::takesThePortItIsTold()
+{
+    start();
+    const quint16 port = m_port;
+    cleanup();
+    init();
+    start({text("--port"), QString::number(port)});
+    QCOMPARE(m_port, port);
+    QCOMPARE(statusOf(get("/a.txt")), 200);
+}
+
+void TestMvserve::busyPortIsAFailure()
+{
+    start();
+    const Outcome outcome = ConsoleProgram::run(text(MVSERVE_PROGRAM),
+                                                {m_tree, text("--port"), QString::number(m_port)});
+    QCOMPARE(outcome.err,
+             "mvserve: port " + QByteArray::number(m_port) + " of 127.0.0.1 is not free\n");
+    QCOMPARE(outcome.out, QByteArray());
+    QCOMPARE(outcome.status, 1);
+    QCOMPARE(statusOf(get("/a.txt")), 200);
+}
+
+void TestMvserve::endsOnASignal_data()
+{
+    QTest::addColumn<int>("signal");
+    QTest::newRow("SIGTERM") << SIGTERM;
+    QTest::newRow("SIGINT") << SIGINT;
+}
+
+void TestMvserve::endsOnASignal()
+{
+    QFETCH(int, signal);
+    start();
+    Client waiting(m_port); // with a connection that stays open
+    QCOMPARE(statusOf(waiting.begin("/a.txt")), 200);
+    ConsoleProgram::signal(*m_process, signal);
+    const Outcome outcome = ConsoleProgram::end(*m_process);
+    QCOMPARE(outcome.status, 0);
+    QCOMPARE(outcome.err, QByteArray());
+    QVERIFY(!Client(m_port).isConnected());
+}
+
+void TestMvserve::failsForWhatIsNoFolder_data()
+{
+    QTest::addColumn<QString>("tree");
+    QTest::newRow("nothing there") << TestHome::path() + text("/none");
+    QTest::newRow("a file") << m_tree + text("/a.txt");
+    QTest::newRow("empty") << QString();
+}
+
+void TestMvserve::failsForWhatIsNoFolder()
+{
+    QFETCH(QString, tree);
+    const Outcome outcome = ConsoleProgram::run(text(MVSERVE_PROGRAM), {tree});
+    QCOMPARE(outcome.err, "mvserve: " + tree.toUtf8() + " is not a folder\n");
+    QCOMPARE(outcome.out, QByteArray());
+    QCOMPARE(outcome.status, 1);
+}
+
+void TestMvserve::refuses_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QByteArray>("message");
+    const QByteArray port = "--port takes a number from 0 to 65535";
+    const QString option = text("--port");
+    QTest::newRow("no folder") << QStringList() << QByteArray("name one folder to serve");
+    QTest::newRow("two folders") << QStringList{m_tree, m_tree}
+                                 << QByteArray("name one folder to serve");
+    QTest::newRow("no number") << QStringList{m_tree, option, text("http")} << port;
+    QTest::newRow("too large a number") << QStringList{m_tree, option, text("65536")} << port;
+    QTest::newRow("negative number") << QStringList{m_tree, text("--port=-1")} << port;
+    QTest::newRow("no value") << QStringList{m_tree, option}
+                              << QByteArray("Missing value after '--port'.");
+    QTest::newRow("unknown option")
+        << QStringList{m_tree, text("--public")} << QByteArray("Unknown option 'public'.");
+}
+
+void TestMvserve::refuses()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QByteArray, message);
+    const Outcome outcome = ConsoleProgram::run(text(MVSERVE_PROGRAM), arguments);
+    QCOMPARE(outcome.err, "mvserve: " + message + '\n');
+    QCOMPARE(outcome.out, QByteArray());
+    QCOMPARE(outcome.status, 2);
+}
+
+void TestMvserve::helpNamesTheArguments()
+{
+    const Outcome outcome = ConsoleProgram::run(text(MVSERVE_PROGRAM), {text("--help")});
+    QCOMPARE(outcome.status, 0);
+    QCOMPARE(outcome.err, QByteArray());
+    for (const char* part : {"TREE", "--port <N>", "--quiet", "-h, --help"})
+        QVERIFY2(outcome.out.contains(part), part);
+}
+
+MV_TEST_MAIN(TestMvserve)
+#include "tst_mvserve.moc"

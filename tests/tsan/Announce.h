@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <cstdio>
+#include <cstdlib>
+
+#include <dlfcn.h>
+#include <sanitizer/tsan_interface.h>
+
+// Of the sanitizer's run-time library, which declares them nowhere.
+extern "C" {
+void AnnotateIgnoreSyncBegin(const char* file, int line);
+void AnnotateIgnoreSyncEnd(const char* file, int line);
+void AnnotateIgnoreReadsBegin(const char* file, int line);
+void AnnotateIgnoreReadsEnd(const char* file, int line);
+void AnnotateIgnoreWritesBegin(const char* file, int line);
+void AnnotateIgnoreWritesEnd(const char* file, int line);
+void __tsan_read8(void* address);
+void __tsan_write8(void* address);
+}
+
+/// What the definitions that stand in front of Qt's have in common.
+namespace Announce {
+
+/// What the calling thread has done is known to whoever observes the address afterwards.
+inline void publish(const void* address)
+{
+    __tsan_release(const_cast<void*>(address));
+}
+
+inline void observe(const void* address)
+{
+    __tsan_acquire(const_cast<void*>(address));
+}
+
+/// Keeps the sanitizer from taking what is done for an order between threads, or for an access.
+class Unwatched
+{
+public:
+    Unwatched()
+    {
+        AnnotateIgnoreSyncBegin(__FILE__, __LINE__);
+        AnnotateIgnoreReadsBegin(__FILE__, __LINE__);
+        AnnotateIgnoreWritesBegin(__FILE__, __LINE__);
+    }
+    ~Unwatched()
+    {
+        AnnotateIgnoreWritesEnd(__FILE__, __LINE__);
+        AnnotateIgnoreReadsEnd(__FILE__, __LINE__);
+        AnnotateIgnoreSyncEnd(__FILE__, __LINE__);
+    }
+    Q_DISABLE_COPY_MOVE(Unwatched)
+};
+
+/// The function that the definition of the same name hides.
+template <class Function>
+Function* original(const char* mangledName)
+{
+    void* const address = dlsym(RTLD_NEXT, mangledName);
+    if (!address) {
+        std::fprintf(stderr, "no %s in this Qt\n", mangledName);
+        std::abort();
+    }
+    return reinterpret_cast<Function*>(address);
+}
+
+} // namespace Announce

@@ -1,0 +1,172 @@
+// Beginning and end of Qt's threads; see QtOrder.cpp for how this works.
+
+#include "tsan/Announce.h"
+
+#include "host/Immortal.h"
+
+#include <QDeadlineTimer>
+#include <QThread>
+
+#include <climits>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <set>
+#include <utility>
+
+#include <pthread.h>
+#include <sys/eventfd.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+using namespace Announce;
+
+namespace {
+
+/// Qt's own event loops; what goes on in those of GLib is not seen.
+const bool withoutGLib = qputenv("QT_NO_GLIB", "1");
+
+/// Qt's threads until their very end: Qt reports it before it has taken its last steps.
+struct Running
+{
+    std::mutex mutex; // guards threads
+    std::condition_variable changed;
+    std::set<const QThread*> threads;
+};
+
+Running& running()
+{
+    static Immortal<Running> all;
+    return *all;
+}
+
+void publishEnd(const QThread* thread)
+{
+    publish(thread);
+    const Unwatched unwatched;
+    const std::lock_guard<std::mutex> lock(running().mutex);
+    running().threads.erase(thread);
+    running().changed.notify_all();
+}
+
+/// Not to be waited for by the last steps of `thread` itself.
+void observeEnd(const QThread* thread)
+{
+    if (thread != QThread::currentThread()) {
+        const Unwatched unwatched;
+        std::unique_lock<std::mutex> lock(running().mutex);
+        running().changed.wait(lock, [thread] { return running().threads.count(thread) == 0; });
+    }
+    observe(thread);
+}
+
+using Routine = void* (*)(void*);
+
+/// What a thread of Qt's is to run, and for whom.
+struct Start
+{
+    const QThread* thread;
+    Routine routine;
+    void* argument;
+};
+
+/// The thread that QThread::start is about to create on the calling one.
+thread_local const QThread* starting = nullptr;
+
+void* runToTheEnd(void* start)
+{
+    const std::unique_ptr<const Start> owned(static_cast<const Start*>(start));
+    void* const result = owned->routine(owned->argument);
+    publishEnd(owned->thread);
+    return result;
+}
+
+} // namespace
+
+bool QThread::wait(QDeadlineTimer deadline)
+{
+    static auto* const next =
+        original<bool(QThread*, QDeadlineTimer)>("_ZN7QThread4waitE14QDeadlineTimer");
+    const bool ended = next(this, deadline);
+    if (ended)
+        observeEnd(this);
+    return ended;
+}
+
+bool QThread::wait(unsigned long time)
+{
+    return wait(time == ULONG_MAX ? QDeadlineTimer(QDeadlineTimer::Forever)
+                                  : QDeadlineTimer(static_cast<qint64>(time)));
+}
+
+bool QThread::isRunning() const
+{
+    static auto* const next = original<bool(const QThread*)>("_ZNK7QThread9isRunningEv");
+    const bool isSo = next(this);
+    if (!isSo)
+        observeEnd(this);
+    return isSo;
+}
+
+bool QThread::isFinished() const
+{
+    static auto* const next = original<bool(const QThread*)>("_ZNK7QThread10isFinishedEv");
+    const bool isSo = next(this);
+    if (isSo)
+        observeEnd(this);
+    return isSo;
+}
+
+void QThread::start(Priority priority)
+{
+    static auto* const next = original<void(QThread*, Priority)>("_ZN7QThread5startENS_8PriorityE");
+    if (!isRunning())
+        wait(); // for the last steps of a former run, as Qt itself does
+    starting = this;
+    next(this, priority);
+    starting = nullptr;
+}
+
+extern "C" Q_DECL_EXPORT int pthread_create(pthread_t* id, const pthread_attr_t* attributes,
+                                            Routine routine, void* argument) noexcept
+{
+    static auto* const next =
+        original<int(pthread_t*, const pthread_attr_t*, Routine, void*)>("pthread_create");
+    const QThread* const thread = std::exchange(starting, nullptr);
+    if (!thread)
+        return next(id, attributes, routine, argument);
+    {
+        const Unwatched unwatched;
+        const std::lock_guard<std::mutex> lock(running().mutex);
+        running().threads.insert(thread);
+    }
+    auto start = std::make_unique<Start>(Start{thread, routine, argument});
+    const int error = next(id, attributes, &runToTheEnd, start.get());
+    if (error == 0)
+        Q_UNUSED(start.release()) // owned by the thread
+    else
+        publishEnd(thread);
+    return error;
+}
+
+void QThread::quit()
+{
+    static auto* const next = original<void(QThread*)>("_ZN7QThread4quitEv");
+    publish(this);
+    next(this);
+}
+
+void QThread::exit(int code)
+{
+    static auto* const next = original<void(QThread*, int)>("_ZN7QThread4exitEi");
+    publish(this);
+    next(this, code);
+}
+
+/// Event loops wake each other by descriptors that they hand around unseen; what such a call is for
+/// (an event, a signal, the end) is announced above.
+extern "C" Q_DECL_EXPORT int eventfd_write(int descriptor, eventfd_t value)
+{
+    const long written = ::syscall(SYS_write, descriptor, &value, sizeof value);
+    return written == static_cast<long>(sizeof value) ? 0 : -1;
+}
