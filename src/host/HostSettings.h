@@ -67,6 +67,9 @@ MVHOST_EXPORT HostSettings& hostSettings();
 ///     [network]  connectTimeoutMs, stallTimeoutMs, maxDownloadBytes, downloadRetries,
 ///                retryPauseMs, retryPauseMaxMs, proxy, caFile
 ///
+/// The dialect is that of QSettings: a value with a semicolon, a comma or a backslash stands in
+/// double quotes, with backslashes doubled.
+///
 /// Returns false, changes nothing and explains in `error` (may be null) when the file is missing,
 /// unreadable or malformed, names an unknown key, or holds a value out of its range.
 /// GUI thread only, as for writing the settings.

@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QSettings>
 #include <QStringList>
+#include <QTemporaryFile>
 #include <QVariant>
 
 #include <cmath>
@@ -38,7 +39,13 @@ bool HostSettingsFile::readInto(HostSettings& settings)
     if (!info.isReadable())
         return fail(QStringLiteral("the file cannot be read"));
 
-    QSettings ini(m_iniFile, QSettings::IniFormat);
+    // QSettings keeps what it has read per file name, errors forgotten: it gets a fresh name.
+    QTemporaryFile fresh;
+    QFile file(m_iniFile);
+    if (!fresh.open() || !file.open(QIODevice::ReadOnly) || fresh.write(file.readAll()) < 0
+        || !fresh.flush())
+        return fail(QStringLiteral("the file cannot be read: %1").arg(file.errorString()));
+    QSettings ini(fresh.fileName(), QSettings::IniFormat);
     ini.setIniCodec("UTF-8");
     const QStringList keys = ini.allKeys();
     if (ini.status() != QSettings::NoError)

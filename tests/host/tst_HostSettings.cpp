@@ -25,6 +25,7 @@ private slots:
     void readsEditions();
     void readsPaths_data();
     void readsPaths();
+    void aFileThatHasChangedIsReadAgain();
     void theLastOfTwoEqualKeysCounts();
     void productParametersOfSeveralFilesAddUp();
     void errorMayBeNull();
@@ -243,6 +244,17 @@ void tst_HostSettings::readsPaths()
     QCOMPARE(hostSettings().appDataPath, path);
     QCOMPARE(hostSettings().testOutputDir, path);
     QCOMPARE(hostSettings().caFile, path);
+}
+
+void tst_HostSettings::aFileThatHasChangedIsReadAgain()
+{
+    // The same size, and often the same time stamp.
+    const QString file = iniFile("");
+    for (const char* skin : {"aaa", "bbb", "ccc"}) {
+        CatalogueFiles::write(file, QByteArray("[ui]\nskin=") + skin + '\n');
+        QVERIFY(loadHostSettings(file, nullptr));
+        QCOMPARE(hostSettings().currentSkin, QString::fromLatin1(skin));
+    }
 }
 
 void tst_HostSettings::theLastOfTwoEqualKeysCounts()

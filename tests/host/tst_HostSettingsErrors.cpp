@@ -113,8 +113,10 @@ void tst_HostSettingsErrors::refusesAMalformedFile()
     const QString path = iniFile(content);
     const QStringList before = everything(hostSettings());
     QString error;
-    QVERIFY(!loadHostSettings(path, &error));
-    QCOMPARE(error, path + QStringLiteral(": not an INI file"));
+    for (int attempt = 1; attempt <= 2; ++attempt) {
+        QVERIFY2(!loadHostSettings(path, &error), QByteArray::number(attempt).constData());
+        QCOMPARE(error, path + QStringLiteral(": not an INI file"));
+    }
     QCOMPARE(everything(hostSettings()), before);
 }
 

@@ -3,6 +3,12 @@
 #include <QImageReader>
 #include <QPainter>
 
+namespace {
+
+constexpr qint64 mostPixels = 64 * 1024 * 1024;
+
+} // namespace
+
 ThumbFrame::ThumbFrame(QWidget* parent)
     : QFrame(parent)
 {
@@ -49,13 +55,16 @@ void ThumbFrame::decode(const QSize& pixels, qreal ratio)
 {
     m_decodedFor = pixels;
     m_decodedRatio = ratio;
+    m_pixmap = QPixmap();
     QImageReader reader(m_path);
     reader.setAutoTransform(true);
-    const QImage image = reader.read();
-    if (image.isNull()) {
-        m_pixmap = QPixmap();
+    // A few bytes from a server can announce an image that fills the memory.
+    const QSize announced = reader.size();
+    if (qint64{announced.width()} * announced.height() > mostPixels)
         return;
-    }
+    const QImage image = reader.read();
+    if (image.isNull())
+        return;
     m_pixmap =
         QPixmap::fromImage(image.scaled(pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation));
     m_pixmap.setDevicePixelRatio(ratio);

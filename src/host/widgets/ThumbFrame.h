@@ -9,8 +9,8 @@
 /// A frame that paints an image file, scaled smoothly into its contents with its aspect kept.
 ///
 /// The file is decoded when the frame is first painted, and once per size and screen scale after
-/// that: a hidden frame costs nothing, a repaint reads no file. An image that cannot be decoded
-/// leaves the frame empty and is not tried again at the same size. GUI thread only.
+/// that: a hidden frame costs nothing, a repaint reads no file. An image that cannot be decoded,
+/// or has more than 64 Mi pixels, leaves the frame empty and is not tried again at the same size. GUI thread only.
 class MVHOSTUI_EXPORT ThumbFrame : public QFrame
 {
     Q_OBJECT

@@ -47,6 +47,7 @@ private slots:
     void aMissingFileIsTriedAgainOnDemand();
     void aMissingFileIsTriedAgainAtAnotherSize();
     void theFileMayGoOnceItIsRead();
+    void anImageThatWouldFillTheMemoryIsNotDecoded();
 
 private:
     void writeImage(const QColor& colour)
@@ -242,6 +243,19 @@ void tst_ThumbFrameDecoding::aMissingFileIsTriedAgainAtAnotherSize()
     writeImage(red);
     frame.resize(41, 40);
     QCOMPARE(middle(frame), red);
+}
+
+void tst_ThumbFrameDecoding::anImageThatWouldFillTheMemoryIsNotDecoded()
+{
+    const QString path = TestHome::path() + QStringLiteral("/huge.png");
+    QImage image(9000, 9000, QImage::Format_Mono);
+    image.fill(1);
+    QVERIFY(image.save(path));
+    ThumbFrame frame;
+    frame.resize(40, 40);
+    frame.setImagePath(path);
+    frame.grab();
+    QVERIFY(frame.isEmpty());
 }
 
 void tst_ThumbFrameDecoding::theFileMayGoOnceItIsRead()
