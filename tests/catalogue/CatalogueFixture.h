@@ -122,7 +122,8 @@ public:
     static QByteArrayList described(const LogCapture& log)
     {
         QByteArrayList result;
-        for (const LogCapture::Line& captured : log.lines())
+        const QVector<LogCapture::Line> lines = log.lines();
+        for (const LogCapture::Line& captured : lines)
             result.append(line(captured.level, captured.text, captured.category));
         return result;
     }

@@ -4,16 +4,25 @@
 
 #include <QVector>
 
+#include <functional>
+
 /// Collects what the catalogue's three signals carry while it lives.
 class FavouriteSignals
 {
 public:
-    FavouriteSignals()
+    using Observer = std::function<void(const SCfg_Item*)>;
+
+    /// The observer is called while a signal is being emitted.
+    explicit FavouriteSignals(Observer observer = {})
+        : m_observer(std::move(observer))
     {
-        MVThemeMgr* const manager = MVThemeMgr::init();
-        collect(manager, &MVThemeMgr::sigThemesCollected, 0);
-        collect(manager, &MVThemeMgr::sigFilterCollected, 1);
-        collect(manager, &MVThemeMgr::sigBgMaterialCollected, 2);
+        const MVThemeMgr* const manager = MVThemeMgr::init();
+        QObject::connect(manager, &MVThemeMgr::sigThemesCollected, &m_context,
+                         [this](const SCfg_Item* item) { collect(0, item); });
+        QObject::connect(manager, &MVThemeMgr::sigFilterCollected, &m_context,
+                         [this](const SCfg_Item* item) { collect(1, item); });
+        QObject::connect(manager, &MVThemeMgr::sigBgMaterialCollected, &m_context,
+                         [this](const SCfg_Item* item) { collect(2, item); });
     }
     Q_DISABLE_COPY_MOVE(FavouriteSignals)
 
@@ -21,12 +30,14 @@ public:
     const QVector<const SCfg_Item*>& of(int signal) const { return m_items[signal]; }
 
 private:
-    void collect(MVThemeMgr* manager, void (MVThemeMgr::*signal)(const SCfg_Item*), int index)
+    void collect(int signal, const SCfg_Item* item)
     {
-        QObject::connect(manager, signal, &m_context,
-                         [this, index](const SCfg_Item* item) { m_items[index].append(item); });
+        m_items[signal].append(item);
+        if (m_observer)
+            m_observer(item);
     }
 
+    Observer m_observer;
     QVector<const SCfg_Item*> m_items[3];
     QObject m_context; // ends the connections
 };

@@ -25,7 +25,7 @@ private slots:
 private:
     QString file(const QByteArray& content) const
     {
-        const QString path = m_fixture.base() + QStringLiteral("/document.xml");
+        QString path = m_fixture.base() + QStringLiteral("/document.xml");
         CatalogueFiles::write(path, content);
         return path;
     }

@@ -92,8 +92,8 @@ void tst_MVThemeMgr_displayThemes::presentation()
                                   cfg, true);
     QCOMPARE(bare.first().m_qsName, QString());
     QCOMPARE(bare.first().m_info_Gif.m_qsUrl, QString());
-    QCOMPARE(readGrouped(oneTheme(shown(1)), cfg, true, eCfgItem_BgMaterial).first().m_eType,
-             eCfgItem_BgMaterial);
+    const auto other = readGrouped(oneTheme(shown(1)), cfg, true, eCfgItem_BgMaterial);
+    QCOMPARE(other.first().m_eType, eCfgItem_BgMaterial);
 }
 
 void tst_MVThemeMgr_displayThemes::groupsGiveTheThemeType_data()

@@ -64,19 +64,18 @@ struct Favourites
     void (Mgr::*save)();
     bool (Mgr::*isMarked)(const SCfg_Item*);
     void (Mgr::*mark)(const SCfg_Item*);
-    void (Mgr::*signal)(const SCfg_Item*);
 };
 
 const Favourites all[] = {
     {"ThemeCollect", "readThemeCollect open file[%1] error!", "MVThemeMgr", &Mgr::Path_ThemeCollect,
-     &Mgr::readThemeCollect, &Mgr::saveThemeCollect, &Mgr::isThemeCollect, &Mgr::setThemesCollected,
-     &Mgr::sigThemesCollected},
+     &Mgr::readThemeCollect, &Mgr::saveThemeCollect, &Mgr::isThemeCollect,
+     &Mgr::setThemesCollected},
     {"FilterCollect", "readFilterCollect open file[%1] error!", "MVFilterMgr",
      &Mgr::Path_FilterCollect, &Mgr::readFilterCollect, &Mgr::saveFilterCollect,
-     &Mgr::isFilterCollect, &Mgr::setFilterCollected, &Mgr::sigFilterCollected},
+     &Mgr::isFilterCollect, &Mgr::setFilterCollected},
     {"BgMaterialCollect", "readBgMaterialCollect open file[%1] error!", "MVBgMaterialMgr",
      &Mgr::Path_BgMaterialCollect, &Mgr::readBgMaterialCollect, &Mgr::saveBgMaterialCollect,
-     &Mgr::isBgMaterialCollect, &Mgr::setBgMaterialCollected, &Mgr::sigBgMaterialCollected},
+     &Mgr::isBgMaterialCollect, &Mgr::setBgMaterialCollected},
 };
 
 /// The kind does not matter to the operations that name their file.
@@ -295,14 +294,11 @@ void tst_MVThemeMgr_favourites::settingStoresAndSignals()
 {
     QFETCH(int, file);
     const Favourites& f = all[file];
-    const FavouriteSignals signalled;
     SCfg_Item one = item(1, true);
     bool markedWhenSignalled = false;
-    const auto connection = QObject::connect(&mgr(), f.signal, [&](const SCfg_Item* it) {
-        markedWhenSignalled = (mgr().*f.isMarked)(it);
-    });
+    const FavouriteSignals signalled(
+        [&](const SCfg_Item* it) { markedWhenSignalled = (mgr().*f.isMarked)(it); });
     (mgr().*f.mark)(&one);
-    QVERIFY(QObject::disconnect(connection));
     QVERIFY2(markedWhenSignalled, "views ask when the signal comes");
     QVERIFY((mgr().*f.isMarked)(&one));
 

@@ -277,7 +277,7 @@ void tst_MVThemeMgr_files::resourcesWithoutGuid()
         QVector<SFileInfo*> missing;
         QVERIFY(mgr().doItem_Info_DependRes(item, missing));
         QVERIFY(missing.isEmpty());
-        for (const SFileInfo& info : item.m_vecResource) {
+        for (const SFileInfo& info : qAsConst(item.m_vecResource)) {
             QCOMPARE(info.m_qsFile, QString());
             QCOMPARE(info.m_eType, eCfgItem_Theme);
         }

@@ -54,6 +54,13 @@ QVector<const QVector<SCfg_Item>*> vectorsOf(const Mgr::SResourceXML& catalogue)
             &catalogue.vecTheme, &catalogue.vecBgMaterial};
 }
 
+/// The ten vectors of the catalogue.
+QVector<const QVector<SCfg_Item>*> allVectors()
+{
+    MVThemeMgr& manager = CatalogueFixture::manager();
+    return vectorsOf(manager.getCfgXML()) + vectorsOf(manager.getDisplayXML());
+}
+
 } // namespace
 
 /// One item of that number in every kind of both catalogues; the theme's config is downloaded.
@@ -87,7 +94,8 @@ QByteArrayList tst_MVThemeMgr_manager::loaded() const
 void tst_MVThemeMgr_manager::initTestCase()
 {
     const LogCapture log;
-    for (const auto* items : vectorsOf(mgr().getCfgXML()) + vectorsOf(mgr().getDisplayXML()))
+    const auto vectors = allVectors();
+    for (const auto* items : vectors)
         QVERIFY(items->isEmpty());
     QVERIFY(!mgr().getCurApplyTheme());
     QVERIFY(mgr().festivals().isEmpty() && mgr().travel().isEmpty() && mgr().banquets().isEmpty());
@@ -159,7 +167,8 @@ void tst_MVThemeMgr_manager::reloadRereadsEverything()
     Files::write(m_fixture.collectFile("FilterCollect"),
                  "{\"" + Files::guid(2).toLatin1() + "\": true}");
     mgr().load(true);
-    for (const auto* items : vectorsOf(mgr().getCfgXML()) + vectorsOf(mgr().getDisplayXML()))
+    const auto vectors = allVectors();
+    for (const auto* items : vectors)
         QCOMPARE(guidsOf(*items), QStringList{Files::guid(2)});
     QVERIFY(mgr().isThemeCollect(&mgr().getThemes_Display().first()));
     QVERIFY(mgr().isFilterCollect(&mgr().getFilters_Display().first()));
@@ -259,7 +268,8 @@ void tst_MVThemeMgr_manager::clearForgetsItems()
     mgr().getThemes_Display().first().m_bCollected = true;
     mgr().setThemesCollected(&mgr().getThemes_Display().first());
     mgr().clear();
-    for (const auto* items : vectorsOf(mgr().getCfgXML()) + vectorsOf(mgr().getDisplayXML()))
+    const auto vectors = allVectors();
+    for (const auto* items : vectors)
         QVERIFY(items->isEmpty());
     QVERIFY(!mgr().getCurApplyTheme());
     QCOMPARE(mgr().saveThemePath(), m_fixture.root() + QStringLiteral("/Themes/config"));

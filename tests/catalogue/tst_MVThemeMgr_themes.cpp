@@ -82,7 +82,7 @@ QByteArray notFound(int type, const QByteArray& guid)
 void tst_MVThemeMgr_themes::init()
 {
     m_fixture.fresh();
-    const auto group = [](const char* name, QVector<Files::CfgItem> items) {
+    const auto group = [](const char* name, const QVector<Files::CfgItem>& items) {
         return Files::cfgGroup(QString::fromLatin1(name), items);
     };
     Files::write(

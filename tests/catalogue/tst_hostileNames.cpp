@@ -67,7 +67,8 @@ void tst_hostileNames::writeCatalogue(const QString& guid, const QString& name) 
 QVector<SFileInfo*> tst_hostileNames::needed() const
 {
     QVector<SFileInfo*> files;
-    for (QVector<SCfg_Item>* list : lists(mgr().getCfgXML()) + lists(mgr().getDisplayXML())) {
+    const auto all = lists(mgr().getCfgXML()) + lists(mgr().getDisplayXML());
+    for (QVector<SCfg_Item>* list : all) {
         for (SCfg_Item& item : *list)
             mgr().getNeedDownLoadFiles(&item, files);
     }

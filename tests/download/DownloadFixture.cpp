@@ -102,6 +102,22 @@ SFileInfo DownloadWorld::resource(const QString& url)
     return info;
 }
 
+SCfg_Item DownloadWorld::themeWithConfig()
+{
+    SCfg_Item theme = item(eCfgItem_Theme, 1, {QStringLiteral("/Themes/r.zip")});
+    theme.m_info_CfgXML.m_qsUrl = QStringLiteral("/Themes/t.xml");
+    serve(QStringLiteral("/config/Themes/t.xml"), themeConfig({}));
+    return theme;
+}
+
+SCfg_Item DownloadWorld::filterWithTwoFiles()
+{
+    for (const char* name : {"/config/VideoFilters/a.zip", "/config/VideoFilters/b.zip"})
+        serve(QString::fromLatin1(name), "content");
+    return item(eCfgItem_Filter, 1,
+                {QStringLiteral("/VideoFilters/a.zip"), QStringLiteral("/VideoFilters/b.zip")});
+}
+
 SCfg_Item* DownloadWorld::catalogueFilter(int number, const QStringList& resources) const
 {
     const QString guid = CatalogueFiles::guid(number);

@@ -45,6 +45,11 @@ public:
     /// A resource file of an item.
     static SFileInfo resource(const QString& url);
 
+    /// A theme that lacks its config file and one resource; only the config is served.
+    SCfg_Item themeWithConfig();
+    /// A filter that lacks two resources, both served.
+    SCfg_Item filterWithTwoFiles();
+
     /// Fills the config catalogue with one filter and the given resource files; it can then be a
     /// theme's dependency.
     SCfg_Item* catalogueFilter(int number, const QStringList& resources) const;

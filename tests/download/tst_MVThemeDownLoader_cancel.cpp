@@ -1,6 +1,5 @@
 #include "download/DownloadFixture.h"
 #include "download/DownloadLines.h"
-#include "download/DownloadPacing.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
 
@@ -16,17 +15,6 @@ namespace {
 
 /// A second, and room for a busy machine and a sanitizer. Nothing below ends by itself before ten.
 constexpr qint64 promptMs = 3000;
-
-/// What a download is in the middle of.
-enum class State {
-    WaitingForConfig,
-    StalledConfig,
-    Simulating,
-    StalledFile,
-    HalfAFile,
-    WaitingForFile,
-    BetweenFiles
-};
 
 bool isTaken(const SFileInfo& info)
 {
@@ -55,15 +43,8 @@ private slots:
     void duringTheConfig();
     void duringAFile_data();
     void duringAFile();
-    void beforeTheStart();
-    void staysCancelled();
-    void destroyedWhileRunning_data();
-    void destroyedWhileRunning();
 
 private:
-    SCfg_Item themeWithConfig();
-    SCfg_Item filterWithTwoFiles();
-
     std::unique_ptr<DownloadWorld> m_world;
 };
 
@@ -73,26 +54,9 @@ void tst_MVThemeDownLoader_cancel::init()
     m_world = std::make_unique<DownloadWorld>();
 }
 
-SCfg_Item tst_MVThemeDownLoader_cancel::themeWithConfig()
-{
-    SCfg_Item theme = DownloadWorld::item(eCfgItem_Theme, 1, {QStringLiteral("/Themes/r.zip")});
-    theme.m_info_CfgXML.m_qsUrl = QStringLiteral("/Themes/t.xml");
-    m_world->serve(QStringLiteral("/config/Themes/t.xml"), DownloadWorld::themeConfig({}));
-    return theme;
-}
-
-SCfg_Item tst_MVThemeDownLoader_cancel::filterWithTwoFiles()
-{
-    for (const char* name : {"/config/VideoFilters/a.zip", "/config/VideoFilters/b.zip"})
-        m_world->serve(QString::fromLatin1(name), "content");
-    return DownloadWorld::item(
-        eCfgItem_Filter, 1,
-        {QStringLiteral("/VideoFilters/a.zip"), QStringLiteral("/VideoFilters/b.zip")});
-}
-
 void tst_MVThemeDownLoader_cancel::beforeTheConfig()
 {
-    SCfg_Item theme = themeWithConfig();
+    SCfg_Item theme = m_world->themeWithConfig();
     DownloadTrace trace;
     MVThemeDownLoader downloader(nullptr);
     trace.watch(downloader);
@@ -112,7 +76,7 @@ void tst_MVThemeDownLoader_cancel::beforeTheConfig()
 
 void tst_MVThemeDownLoader_cancel::waitingForAnothersConfig()
 {
-    SCfg_Item theme = themeWithConfig();
+    SCfg_Item theme = m_world->themeWithConfig();
     theme.m_info_CfgXML.m_bDownloaded = true;
     DownloadTrace trace;
     MVThemeDownLoader downloader(nullptr);
@@ -131,7 +95,7 @@ void tst_MVThemeDownLoader_cancel::waitingForAnothersConfig()
 
 void tst_MVThemeDownLoader_cancel::afterTheConfig()
 {
-    SCfg_Item theme = themeWithConfig();
+    SCfg_Item theme = m_world->themeWithConfig();
     DownloadTrace trace;
     MVThemeDownLoader downloader(nullptr);
     trace.watch(downloader);
@@ -168,7 +132,7 @@ void tst_MVThemeDownLoader_cancel::simulatedPhase_data()
 void tst_MVThemeDownLoader_cancel::simulatedPhase()
 {
     QFETCH(int, step);
-    SCfg_Item filter = filterWithTwoFiles();
+    SCfg_Item filter = m_world->filterWithTwoFiles();
     DownloadTrace trace;
     MVThemeDownLoader downloader(nullptr);
     trace.watch(downloader);
@@ -189,7 +153,7 @@ void tst_MVThemeDownLoader_cancel::simulatedPhase()
 
 void tst_MVThemeDownLoader_cancel::beforeTheList()
 {
-    SCfg_Item filter = filterWithTwoFiles();
+    SCfg_Item filter = m_world->filterWithTwoFiles();
     DownloadTrace trace;
     MVThemeDownLoader downloader(nullptr);
     trace.watch(downloader);
@@ -219,7 +183,7 @@ void tst_MVThemeDownLoader_cancel::beforeAFile_data()
 void tst_MVThemeDownLoader_cancel::beforeAFile()
 {
     QFETCH(int, stall);
-    SCfg_Item filter = filterWithTwoFiles();
+    SCfg_Item filter = m_world->filterWithTwoFiles();
     DownloadTrace trace;
     MVThemeDownLoader downloader(nullptr);
     trace.watch(downloader);
@@ -251,7 +215,7 @@ void tst_MVThemeDownLoader_cancel::beforeAFile()
 
 void tst_MVThemeDownLoader_cancel::waitingForAnothersFile()
 {
-    SCfg_Item filter = filterWithTwoFiles();
+    SCfg_Item filter = m_world->filterWithTwoFiles();
     filter.m_vecResource.first().m_bDownloaded = true;
     DownloadTrace trace;
     MVThemeDownLoader downloader(nullptr);
@@ -271,7 +235,7 @@ void tst_MVThemeDownLoader_cancel::waitingForAnothersFile()
 /// The transfer ends as a failed one, and a failed config ends the download before point 202.
 void tst_MVThemeDownLoader_cancel::duringTheConfig()
 {
-    SCfg_Item theme = themeWithConfig();
+    SCfg_Item theme = m_world->themeWithConfig();
     DownloadTrace trace;
     MVThemeDownLoader downloader(nullptr);
     trace.watch(downloader);
@@ -329,98 +293,6 @@ void tst_MVThemeDownLoader_cancel::duringAFile()
     QCOMPARE(trace.results(), QVector<int>{eDownLoadError_Element});
     QCOMPARE(CatalogueFiles::filesBelow(m_world->root()), QStringList());
     QVERIFY(!isTaken(filter.m_vecResource.first()));
-}
-
-void tst_MVThemeDownLoader_cancel::beforeTheStart()
-{
-    SCfg_Item filter = filterWithTwoFiles();
-    DownloadTrace trace;
-    MVThemeDownLoader downloader(nullptr);
-    trace.watch(downloader);
-    downloader.cancel();
-
-    QVERIFY(DownloadWorld::run(downloader, filter));
-
-    const QStringList expected = {start(), QStringLiteral("progress 0"), cancelled(208),
-                                  QStringLiteral("finish 4")};
-    QCOMPARE(trace.entries(), expected);
-}
-
-void tst_MVThemeDownLoader_cancel::staysCancelled()
-{
-    SCfg_Item filter = filterWithTwoFiles();
-    DownloadTrace trace;
-    MVThemeDownLoader downloader(nullptr);
-    trace.watch(downloader);
-    downloader.cancel();
-
-    QVERIFY(DownloadWorld::run(downloader, filter));
-    QVERIFY(DownloadWorld::run(downloader, filter));
-    QCOMPARE(trace.results(), (QVector<int>{eDownLoadError_Cancel, eDownLoadError_Cancel}));
-
-    MVThemeDownLoader fresh(nullptr);
-    trace.watch(fresh);
-    QVERIFY(DownloadWorld::run(fresh, filter));
-    QCOMPARE(trace.results().last(), int(eDownLoadError_None));
-}
-
-void tst_MVThemeDownLoader_cancel::destroyedWhileRunning_data()
-{
-    QTest::addColumn<int>("state");
-    QTest::addColumn<QString>("seen"); // the sign that the download has got there
-    QTest::addColumn<int>("code");
-
-    const auto row = [](const char* name, State state, const char* seen, int code) {
-        QTest::newRow(name) << static_cast<int>(state) << QString::fromLatin1(seen) << code;
-    };
-    row("waiting for another's config", State::WaitingForConfig, "progress 0", 4);
-    row("stalled config", State::StalledConfig, "start download template(theme cfg xml)", 3);
-    row("simulated phase", State::Simulating, "progress 1", 4);
-    row("stalled file", State::StalledFile, "start download template, i = 0", 4);
-    row("half a file", State::HalfAFile, "progress 32.5", 4);
-    row("waiting for another's file", State::WaitingForFile, "and it is downloading!", 4);
-    row("between two files", State::BetweenFiles, "end Download!", 4);
-}
-
-void tst_MVThemeDownLoader_cancel::destroyedWhileRunning()
-{
-    QFETCH(int, state);
-    QFETCH(QString, seen);
-    QFETCH(int, code);
-    const auto is = [state](State other) { return static_cast<State>(state) == other; };
-    const bool inConfig = is(State::WaitingForConfig) || is(State::StalledConfig);
-    SCfg_Item item = inConfig ? themeWithConfig() : filterWithTwoFiles();
-    item.m_info_CfgXML.m_bDownloaded = is(State::WaitingForConfig);
-    item.m_vecResource.first().m_bDownloaded = is(State::WaitingForFile);
-    const FaultServer::Handler stall = [](HttpExchange& exchange) { exchange.stall(); };
-    if (is(State::StalledConfig))
-        m_world->route(QStringLiteral("/config/Themes/t.xml"), stall);
-    if (is(State::StalledFile))
-        m_world->route(QStringLiteral("/config/VideoFilters/a.zip"), stall);
-    if (is(State::HalfAFile)) {
-        m_world->route(QStringLiteral("/config/VideoFilters/a.zip"), [](HttpExchange& exchange) {
-            exchange.send(HttpAnswer(200).field("Content-Length", "2").bareBody("x").bytes());
-            exchange.stall();
-        });
-    }
-    DownloadTrace trace;
-    auto downloader = std::make_unique<MVThemeDownLoader>(nullptr);
-    trace.watch(*downloader);
-    const auto slowDown = [] { DownloadPacing::setStep(std::chrono::milliseconds(500)); };
-    if (is(State::Simulating))
-        slowDown();
-    if (is(State::BetweenFiles))
-        trace.onLine(seen, slowDown);
-
-    downloader->download(&item);
-    QVERIFY(trace.waitForPart(seen));
-    QElapsedTimer timer;
-    timer.start();
-    downloader.reset();
-
-    QVERIFY(timer.elapsed() < promptMs);
-    QCOMPARE(trace.results(), QVector<int>{code});
-    QVERIFY(!trace.contains(end()));
 }
 
 MV_TEST_MAIN(tst_MVThemeDownLoader_cancel)

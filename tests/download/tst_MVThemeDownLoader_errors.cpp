@@ -72,6 +72,9 @@ private slots:
     void configWithoutPath();
     void fileTransferFails_data();
     void fileTransferFails();
+    void whatStandsAtAFailedFilesPlaceIsDeleted_data();
+    void whatStandsAtAFailedFilesPlaceIsDeleted();
+    void failedFileWithoutSuffix();
     void theOthersAreStillFetched();
     void aSecondDownloadFetchesWhatFailed();
 };
@@ -230,6 +233,56 @@ void tst_MVThemeDownLoader_errors::fileTransferFails()
     QVERIFY(!isTaken(filter.m_vecResource.first()));
     QVERIFY(QFileInfo(world.folder(eCfgItem_Filter) + QStringLiteral("/a")).isDir());
     QCOMPARE(CatalogueFiles::filesBelow(world.root()), QStringList());
+}
+
+void tst_MVThemeDownLoader_errors::whatStandsAtAFailedFilesPlaceIsDeleted_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<int>("code");
+    QTest::newRow("theme's config") << int(eCfgItem_Theme) << int(eDownLoadError_Unknown);
+    QTest::newRow("filter's config") << int(eCfgItem_Filter) << int(eDownLoadError_Element);
+}
+
+/// Somebody else writes there meanwhile: nobody could tell it from a partial file.
+void tst_MVThemeDownLoader_errors::whatStandsAtAFailedFilesPlaceIsDeleted()
+{
+    QFETCH(int, kind);
+    QFETCH(int, code);
+    DownloadWorld world;
+    SCfg_Item item = DownloadWorld::item(static_cast<ECfgItemType>(kind), 1);
+    item.m_info_CfgXML.m_qsUrl = QStringLiteral("/Themes/c.xml");
+    const QString file = world.folder(eCfgItem_Theme) + QStringLiteral("/c.xml");
+    world.route(QStringLiteral("/config/Themes/c.xml"), [&file](HttpExchange& exchange) {
+        CatalogueFiles::write(file, "partial");
+        exchange.answer(HttpAnswer(404).body("gone"));
+    });
+    DownloadTrace trace;
+    MVThemeDownLoader downloader(nullptr);
+    trace.watch(downloader);
+
+    QVERIFY(DownloadWorld::run(downloader, item));
+
+    QCOMPARE(trace.results(), QVector<int>{code});
+    QVERIFY(!QFileInfo::exists(file));
+}
+
+/// The folder beside it would take its name, and the file would count as present from then on.
+void tst_MVThemeDownLoader_errors::failedFileWithoutSuffix()
+{
+    DownloadWorld world;
+    SCfg_Item filter =
+        DownloadWorld::item(eCfgItem_Filter, 1, {QStringLiteral("/VideoFilters/plain")});
+    DownloadTrace trace;
+    MVThemeDownLoader downloader(nullptr);
+    trace.watch(downloader);
+
+    QVERIFY(DownloadWorld::run(downloader, filter));
+    world.serve(QStringLiteral("/config/VideoFilters/plain"), "plain");
+    QVERIFY(DownloadWorld::run(downloader, filter));
+
+    QCOMPARE(trace.results(), (QVector<int>{eDownLoadError_Element, eDownLoadError_None}));
+    QCOMPARE(CatalogueFiles::read(world.folder(eCfgItem_Filter) + QStringLiteral("/plain")),
+             QByteArray("plain"));
 }
 
 void tst_MVThemeDownLoader_errors::theOthersAreStillFetched()

@@ -41,7 +41,8 @@ Outcome ConsoleProgram::end(QProcess& process)
 
 void ConsoleProgram::signal(const QProcess& process, int number)
 {
-    ::kill(static_cast<pid_t>(process.processId()), number);
+    if (process.processId() > 0) // 0, once it has ended, would mean the test's own group
+        ::kill(static_cast<pid_t>(process.processId()), number);
 }
 
 QProcessEnvironment ConsoleProgram::utf8Environment()

@@ -154,9 +154,12 @@ void TestMvresFetchInterrupt::secondInterruptEndsTheProcess()
         QProcess process;
         start(process, {filter()});
         QVERIFY(process.waitForReadyRead(longestMs));
-        do {
+        bool ended = false;
+        for (int turn = 0; turn < longestMs && !ended; ++turn) {
             ConsoleProgram::signal(process, SIGINT);
-        } while (!process.waitForFinished(1));
+            ended = process.waitForFinished(1);
+        }
+        QVERIFY(ended);
         killed = process.exitStatus() == QProcess::CrashExit;
         QCOMPARE(process.exitCode(), killed ? SIGINT : 14);
     }
