@@ -29,8 +29,8 @@ class QDomElement;
 ///
 /// Threads. The GUI thread creates it, loads it and changes favourites. Other threads may call the
 /// lookups, paths and addresses, isLocal_Theme(), getNeedDownLoadFiles(), the doItem_Info_*
-/// operations, checkXml() and the read_resource_*_a readers, also on the same item at the same
-/// time, as long as the GUI thread neither loads nor clears.
+/// operations and checkXml(), also on the same item at the same time, as long as the GUI thread
+/// neither loads nor clears; and the read_resource_*_a readers on vectors of their own.
 ///
 /// Ownership. The manager owns all items and parsed themes. Pointers to items, to their file
 /// records and to parsed themes are valid until the next load(true) or clear(), so do neither while

@@ -46,8 +46,10 @@ void saveCollect(const QString& path, const QJsonObject& marks)
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
         return;
-    file.write(QJsonDocument(marks).toJson());
-    file.commit();
+    const QByteArray json = QJsonDocument(marks).toJson();
+    // commit() alone takes a file that a full disk has cut short for a whole one.
+    if (file.write(json) == json.size() && file.flush())
+        file.commit();
 }
 
 bool isCollected(const SCfg_Item* item, QJsonObject& marks)

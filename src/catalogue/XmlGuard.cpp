@@ -19,7 +19,7 @@ public:
             m_at = m_text.indexOf(QLatin1Char('<'), m_at);
             if (m_at < 0)
                 return true; // whether it is well-formed up to here is the parser's business
-            if (!step())
+            if (!step() || ++m_pieces > XmlGuard::mostPieces)
                 return false;
             if (m_at < 0)
                 return true;
@@ -83,7 +83,7 @@ private:
     }
 
     template <class Predicate>
-    int findOutsideQuotes(int from, Predicate isEnd) const
+    int findOutsideQuotes(int from, Predicate isEnd)
     {
         QChar quote;
         const QChar* const text = m_text.constData();
@@ -94,6 +94,7 @@ private:
                     quote = QChar();
             } else if (c == QLatin1Char('"') || c == QLatin1Char('\'')) {
                 quote = c;
+                ++m_pieces; // an attribute
             } else if (isEnd(c)) {
                 return at;
             }
@@ -104,6 +105,7 @@ private:
     const QString& m_text;
     int m_at = 0;
     int m_depth = 0;
+    int m_pieces = 0;
 };
 
 } // namespace

@@ -49,3 +49,6 @@ MVRESOURCE_EXPORT QDebug operator<<(QDebug debug, const SCfg_Item& item);
 
 Q_DECLARE_TYPEINFO(SCfg_Item, Q_MOVABLE_TYPE);
 Q_DECLARE_METATYPE(SCfg_Item)
+// For queued connections to the signals that carry an item.
+Q_DECLARE_METATYPE(SCfg_Item*)
+Q_DECLARE_METATYPE(const SCfg_Item*)

@@ -55,10 +55,10 @@ void DownloadWorld::serve(const QString& target, const QByteArray& body)
     route(target, [body](HttpExchange& exchange) { exchange.answer(HttpAnswer(200).body(body)); });
 }
 
-void DownloadWorld::route(const QString& target, FaultServer::Handler handler)
+void DownloadWorld::route(const QString& target, const FaultServer::Handler& handler)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    m_routes.insert(target.toUtf8(), std::move(handler));
+    m_routes.insert(target.toUtf8(), handler);
 }
 
 int DownloadWorld::requests(const QString& target) const
@@ -183,10 +183,10 @@ void DownloadTrace::watch(MVThemeDownLoader& downloader)
         Qt::DirectConnection);
 }
 
-void DownloadTrace::onLine(const QString& part, Action action)
+void DownloadTrace::onLine(const QString& part, const Action& action)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    m_actions.append({part, std::move(action)});
+    m_actions.append({part, action});
 }
 
 void DownloadTrace::add(const QString& entry)

@@ -35,7 +35,7 @@ public:
     /// Answers a target with 200 and a body; unknown ones get 404.
     void serve(const QString& target, const QByteArray& body);
     /// Lets `handler` answer a target, on the connection's thread.
-    void route(const QString& target, FaultServer::Handler handler);
+    void route(const QString& target, const FaultServer::Handler& handler);
     int requests(const QString& target) const;
 
     /// Items without any file.
@@ -87,7 +87,7 @@ public:
     void watch(MVThemeDownLoader& downloader);
     /// Runs `action` once, on the thread that writes the first line that contains `part`, before
     /// that thread goes on.
-    void onLine(const QString& part, Action action);
+    void onLine(const QString& part, const Action& action);
 
     QStringList entries() const;
     bool contains(const QString& entry) const { return entries().contains(entry); }

@@ -215,6 +215,7 @@ void tst_downloadRaces::downloadsOfOneTheme()
         forgetFiles();
         SCfg_Item item = theme(0);
         std::vector<std::unique_ptr<MVThemeDownLoader>> downloaders;
+        downloaders.reserve(downloadsAtOnce);
         for (int i = 0; i < downloadsAtOnce; ++i)
             downloaders.push_back(std::make_unique<MVThemeDownLoader>(nullptr));
         for (const auto& downloader : downloaders)
@@ -234,6 +235,8 @@ void tst_downloadRaces::downloadsOfThemesThatShareFiles()
         forgetFiles();
         std::vector<SCfg_Item> items;
         std::vector<std::unique_ptr<MVThemeDownLoader>> downloaders;
+        items.reserve(downloadsAtOnce);
+        downloaders.reserve(downloadsAtOnce);
         for (int i = 0; i < downloadsAtOnce; ++i) {
             items.push_back(theme(i));
             downloaders.push_back(std::make_unique<MVThemeDownLoader>(nullptr));
@@ -306,6 +309,7 @@ void tst_downloadRaces::coreContextIsReplaced()
 void tst_downloadRaces::objectIsReused()
 {
     std::vector<SCfg_Item> items;
+    items.reserve(downloadsAtOnce);
     for (int i = 0; i < downloadsAtOnce; ++i)
         items.push_back(theme(i));
     MVThemeDownLoader downloader(nullptr);

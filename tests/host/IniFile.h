@@ -7,7 +7,7 @@
 inline QString iniFile(const QByteArray& content)
 {
     static int number = 0;
-    const QString path = TestHome::path() + QStringLiteral("/ini/%1.ini").arg(++number);
+    QString path = TestHome::path() + QStringLiteral("/ini/%1.ini").arg(++number);
     CatalogueFiles::write(path, content);
     return path;
 }

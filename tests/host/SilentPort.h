@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <cerrno>
 #include <vector>
 
 #include <arpa/inet.h>
@@ -49,9 +50,10 @@ private:
     {
         const int socket = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
         m_waiting.push_back(socket);
-        ::connect(socket, generic(), sizeof m_address);
+        if (::connect(socket, generic(), sizeof m_address) == 0)
+            return true;
         pollfd descriptor = {socket, POLLOUT, 0};
-        return ::poll(&descriptor, 1, 200) > 0;
+        return errno == EINPROGRESS && ::poll(&descriptor, 1, 200) > 0;
     }
 
     int m_listener;

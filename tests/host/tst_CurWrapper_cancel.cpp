@@ -292,6 +292,7 @@ void TestCurWrapperCancel::manyObjectsAtOnce()
     const Download common;
     std::atomic<int> failures{0};
     std::vector<std::thread> threads;
+    threads.reserve(threadCount);
     for (int thread = 0; thread < threadCount; ++thread) {
         threads.emplace_back([&, thread] {
             for (int i = 0; i < filesEach; ++i) {
@@ -323,8 +324,10 @@ void TestCurWrapperCancel::manyCancelsAtOnce()
     });
     Download download;
     {
+        constexpr int cancellerCount = 4;
         std::vector<std::unique_ptr<Canceller>> cancellers;
-        for (int i = 0; i < 4; ++i) {
+        cancellers.reserve(cancellerCount);
+        for (int i = 0; i < cancellerCount; ++i) {
             cancellers.push_back(std::make_unique<Canceller>(download.wrapper(), [&] {
                 download.wrapper().cancel();
                 return false;

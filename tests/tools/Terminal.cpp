@@ -35,14 +35,16 @@ QByteArray Terminal::read()
     return all;
 }
 
-QStringList Terminal::screen(const QByteArray& written)
+QStringList Terminal::screen(const QByteArray& bytes)
 {
-    QString text = QString::fromUtf8(written);
+    QString text = QString::fromUtf8(bytes);
     text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     QStringList lines;
-    for (const QString& line : text.split(QLatin1Char('\n'))) {
+    const QStringList written = text.split(QLatin1Char('\n'));
+    for (const QString& line : written) {
         QString shown;
-        for (const QString& part : line.split(QLatin1Char('\r'))) {
+        const QStringList parts = line.split(QLatin1Char('\r'));
+        for (const QString& part : parts) {
             const int clears = part.indexOf(QStringLiteral("\033[K"));
             shown = clears >= 0 ? part.left(clears) : part + shown.mid(part.size());
         }

@@ -18,7 +18,7 @@ public:
     QByteArray read();
 
     /// Its lines as a person sees them at the end: "\r" goes back, "\033[K" clears the rest.
-    static QStringList screen(const QByteArray& written);
+    static QStringList screen(const QByteArray& bytes);
 
 private:
     int m_master = -1;

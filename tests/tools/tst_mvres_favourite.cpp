@@ -5,6 +5,10 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <csignal>
+
+#include <sys/resource.h>
+
 namespace {
 
 const QString theme = QStringLiteral("{1611435C-464C-5F2E-B9D6-2247770B2131}");
@@ -20,6 +24,20 @@ QStringList favourite(const QString& guid)
 {
     return {QStringLiteral("favourite"), guid};
 }
+
+/// A program that can write only the beginning of a file.
+class FullDiskProcess : public QProcess
+{
+    Q_OBJECT
+
+protected:
+    void setupChildProcess() override
+    {
+        std::signal(SIGXFSZ, SIG_IGN); // writing fails instead
+        const rlimit limit = {512, 512};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+    }
+};
 
 } // namespace
 
@@ -42,6 +60,7 @@ private slots:
     void refusesUnknownGuids();
     void failsIfItCannotBeSaved_data();
     void failsIfItCannotBeSaved();
+    void fullDiskLeavesTheOldMarks();
 
 private:
     QJsonObject marks(const QString& file) const;
@@ -190,6 +209,22 @@ void TestMvresFavourite::failsIfItCannotBeSaved()
                  .arg(m_mvres.data(), file));
     QCOMPARE(outcome.out, QByteArray());
     QCOMPARE(outcome.status, 1);
+}
+
+/// The file can be read, but not replaced.
+void TestMvresFavourite::fullDiskLeavesTheOldMarks()
+{
+    QCOMPARE(m_mvres.run(favourite(filter)).status, 0);
+    QCOMPARE(m_mvres.run({QStringLiteral("list")}).status, 0); // enters all filters
+    FullDiskProcess process;
+    m_mvres.start(process, favourite(background));
+    const Outcome outcome = ConsoleProgram::end(process);
+    QCOMPARE(QString::fromUtf8(outcome.err),
+             QStringLiteral("mvres: the favourites cannot be written: %1%2\n")
+                 .arg(m_mvres.data(), filterFile));
+    QCOMPARE(outcome.status, 1);
+    QCOMPARE(marks(filterFile)[filter], QJsonValue(true));
+    QVERIFY(!marks(filterFile)[background].toBool());
 }
 
 MV_TEST_MAIN(TestMvresFavourite)

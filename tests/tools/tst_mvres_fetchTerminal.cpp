@@ -133,8 +133,10 @@ void TestMvresFetchTerminal::staysWithinTheTerminal()
 
     const QByteArray bars = written.left(written.indexOf('\n'));
     const QRegularExpression form(text("^.*\\[#* *\\] [ \\d]{3}% .*$"));
-    for (QByteArray part : bars.split('\r')) {
-        if (part.isEmpty())
+    const QByteArrayList parts = bars.split('\r').mid(1);
+    QVERIFY(!parts.isEmpty());
+    for (QByteArray part : parts) {
+        if (part.isEmpty()) // the terminal's own, at the end
             continue;
         QVERIFY(part.endsWith("\033[K"));
         part.chop(3);

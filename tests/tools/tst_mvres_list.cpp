@@ -111,7 +111,8 @@ void TestMvresList::listsEveryKindInTheCataloguesOrder()
     Mvres mvres;
     mvres.useSamples();
     QStringList kinds;
-    for (const QJsonValue& item : parsed(mvres.run(list({QStringLiteral("--json")})))) {
+    const QJsonArray items = parsed(mvres.run(list({QStringLiteral("--json")})));
+    for (const QJsonValue& item : items) {
         const QString kind = item[QStringLiteral("kind")].toString();
         if (kinds.isEmpty() || kinds.constLast() != kind)
             kinds.append(kind);

@@ -16,8 +16,10 @@ void AnnotateIgnoreReadsBegin(const char* file, int line);
 void AnnotateIgnoreReadsEnd(const char* file, int line);
 void AnnotateIgnoreWritesBegin(const char* file, int line);
 void AnnotateIgnoreWritesEnd(const char* file, int line);
+// NOLINTBEGIN(bugprone-reserved-identifier): the library's names
 void __tsan_read8(void* address);
 void __tsan_write8(void* address);
+// NOLINTEND(bugprone-reserved-identifier)
 }
 
 /// What the definitions that stand in front of Qt's have in common.

@@ -64,6 +64,7 @@ void QtOrder::delivering(const QObject* receiver, const QEvent* event)
 }
 
 // Assignments of texts happen inside Qt, where no access is seen.
+// NOLINTBEGIN(bugprone-unhandled-self-assignment): Qt's own handle it
 
 QString& QString::operator=(const QString& other) noexcept
 {
@@ -79,6 +80,8 @@ QByteArray& QByteArray::operator=(const QByteArray& other) noexcept
     accessForAssignment(this, &other);
     return next(this, &other);
 }
+
+// NOLINTEND(bugprone-unhandled-self-assignment)
 
 void QMutex::lock() noexcept
 {

@@ -3,10 +3,10 @@
 #include <QVector>
 
 #include <algorithm>
+#include <cwchar>
 
 #include <sys/ioctl.h>
 #include <unistd.h>
-#include <wchar.h>
 
 namespace {
 
@@ -35,7 +35,8 @@ namespace Columns {
 int width(const QString& text)
 {
     int sum = 0;
-    for (const uint character : text.toUcs4())
+    const QVector<uint> characters = text.toUcs4();
+    for (const uint character : characters)
         sum += widthOf(character);
     return sum;
 }

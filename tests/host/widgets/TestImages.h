@@ -11,7 +11,7 @@ namespace TestImages {
 /// Writes a file of one colour under this name, over an older one, and returns its path.
 inline QString write(const QString& name, const QSize& size, const QColor& colour)
 {
-    const QString path = TestHome::path() + QLatin1Char('/') + name;
+    QString path = TestHome::path() + QLatin1Char('/') + name;
     QImage image(size, QImage::Format_RGB32);
     image.fill(colour);
     if (!image.save(path))
