@@ -44,6 +44,7 @@ void measureLoad(benchmark::State& state, const Worlds& worlds)
 void measureFloor(benchmark::State& state, const Worlds& worlds)
 {
     const int themes = static_cast<int>(state.range(0));
+    worlds.at(themes)->use();
     CatalogueFloor floor(*worlds.at(themes));
     int present = 0;
     for (auto iteration : state) {

@@ -65,12 +65,14 @@ QString fileName(const QString& folder, int number)
     return QStringLiteral("%1/%2.bin").arg(folder).arg(number);
 }
 
-/// Downloads bring files that were not there: both sides start from an empty folder.
+/// Downloads bring files that were not there: both sides start from an empty folder, and on a file
+/// system that has nothing left to do for the run before.
 void empty(benchmark::State& state, const QString& folder)
 {
     state.PauseTiming();
     QDir(folder).removeRecursively();
     QDir().mkpath(folder);
+    ::sync();
     state.ResumeTiming();
 }
 

@@ -10,7 +10,8 @@ namespace {
 using namespace std::chrono;
 
 constexpr int tickMs = 100;
-constexpr long receiveBuffer = 128 * 1024;
+/// Below the size from which the allocator gives memory back to the system after every request.
+constexpr long receiveBuffer = 64 * 1024;
 /// An error page up to this size is read past, so that its connection serves the next file too.
 constexpr qint64 longestDiscard = 64 * 1024;
 
@@ -18,11 +19,6 @@ void initialiseLibrary()
 {
     static const CURLcode once = curl_global_init(CURL_GLOBAL_DEFAULT);
     Q_UNUSED(once)
-}
-
-QByteArray encoded(const QString& text)
-{
-    return text.toUtf8();
 }
 
 } // namespace
@@ -58,12 +54,16 @@ HttpTransfer::End HttpTransfer::perform(const Request& request, PartFile& file,
     return judge(code, file);
 }
 
-void HttpTransfer::configure(const Request& request)
+/// Sets what is the same for every request, as long as the settings name the same proxy and
+/// authorities.
+void HttpTransfer::prepare()
 {
-    const HostSettings& settings = hostSettings();
+    m_proxy = hostSettings().proxy;
+    m_caFile = hostSettings().caFile;
+    m_prepared = true;
+
     CURL* easy = m_easy.get();
     curl_easy_reset(easy); // keeps the connections
-    curl_easy_setopt(easy, CURLOPT_URL, request.url.constData());
     curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, "http,https");
     curl_easy_setopt(easy, CURLOPT_HTTP_VERSION, long{CURL_HTTP_VERSION_1_1});
     curl_easy_setopt(easy, CURLOPT_FOLLOWLOCATION, 0L);
@@ -73,29 +73,39 @@ void HttpTransfer::configure(const Request& request)
     curl_easy_setopt(easy, CURLOPT_BUFFERSIZE, receiveBuffer);
     curl_easy_setopt(easy, CURLOPT_USERAGENT, "mvresource");
     curl_easy_setopt(easy, CURLOPT_ERRORBUFFER, m_curlError);
-    curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT_MS, long{settings.connectTimeoutMs});
     // What a proxy says to a tunnel is not the answer about the file.
     curl_easy_setopt(easy, CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
     curl_easy_setopt(easy, CURLOPT_HEADERFUNCTION, &HttpTransfer::onHeader);
     curl_easy_setopt(easy, CURLOPT_HEADERDATA, this);
     curl_easy_setopt(easy, CURLOPT_WRITEFUNCTION, &HttpTransfer::onBody);
     curl_easy_setopt(easy, CURLOPT_WRITEDATA, this);
-    if (!settings.proxy.isEmpty())
-        curl_easy_setopt(easy, CURLOPT_PROXY, encoded(settings.proxy).constData());
-    if (!settings.caFile.isEmpty()) {
-        curl_easy_setopt(easy, CURLOPT_CAINFO, encoded(settings.caFile).constData());
+    if (!m_proxy.isEmpty())
+        curl_easy_setopt(easy, CURLOPT_PROXY, m_proxy.toUtf8().constData());
+    if (!m_caFile.isEmpty()) {
+        curl_easy_setopt(easy, CURLOPT_CAINFO, m_caFile.toUtf8().constData());
         curl_easy_setopt(easy, CURLOPT_CAPATH, nullptr); // holds the system's authorities
     }
+}
 
+void HttpTransfer::configure(const Request& request)
+{
+    const HostSettings& settings = hostSettings();
+    if (!m_prepared || settings.proxy != m_proxy || settings.caFile != m_caFile)
+        prepare();
+
+    CURL* easy = m_easy.get();
+    curl_easy_setopt(easy, CURLOPT_URL, request.url.constData());
+    curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT_MS, long{settings.connectTimeoutMs});
     curl_slist* fields = curl_slist_append(nullptr, "Accept-Encoding: identity");
+    QByteArray range;
     if (request.rangeStart > 0) {
-        const QByteArray range = QByteArray::number(request.rangeStart) + '-';
-        curl_easy_setopt(easy, CURLOPT_RANGE, range.constData());
+        range = QByteArray::number(request.rangeStart) + '-';
         if (!request.validator.isEmpty())
             fields = curl_slist_append(fields, "If-Range: " + request.validator);
     }
-    m_fields.reset(fields);
+    curl_easy_setopt(easy, CURLOPT_RANGE, range.isEmpty() ? nullptr : range.constData());
     curl_easy_setopt(easy, CURLOPT_HTTPHEADER, fields);
+    m_fields.reset(fields);
 }
 
 CURLcode HttpTransfer::transfer(const KeepGoing& keepGoing)

@@ -67,6 +67,7 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
 
+    void prepare();
     void configure(const Request& request);
     CURLcode transfer(const KeepGoing& keepGoing);
     End judge(CURLcode code, const PartFile& file);
@@ -99,6 +100,9 @@ private:
     std::unique_ptr<CURLM, FreeMulti> m_multi; // owns the connections; outlives m_easy
     std::unique_ptr<CURL, FreeEasy> m_easy;
     std::unique_ptr<curl_slist, FreeList> m_fields;
+    bool m_prepared = false; // for the proxy and the authorities that follow
+    QString m_proxy;
+    QString m_caFile;
     char m_curlError[CURL_ERROR_SIZE] = {};
 
     PartFile* m_file = nullptr; // the caller's, during perform()

@@ -10,6 +10,7 @@
 
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -19,6 +20,11 @@ QString partName()
 {
     return QStringLiteral(".mv-%1.part")
         .arg(QRandomGenerator::global()->generate64(), 16, 16, QLatin1Char('0'));
+}
+
+QString lastError()
+{
+    return QString::fromLocal8Bit(std::strerror(errno));
 }
 
 enum class Lock {
@@ -84,29 +90,35 @@ bool PartFile::createLocked()
 
 bool PartFile::write(const char* data, qint64 length)
 {
-    if (m_file.write(data, length) != length)
-        return fail(m_file.errorString());
-    m_size += length;
+    // Not through QFile, which seeks and looks at the file before every write.
+    while (length > 0) {
+        const ssize_t written = ::write(m_file.handle(), data, static_cast<std::size_t>(length));
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written <= 0)
+            return fail(lastError());
+        data += written;
+        length -= written;
+        m_size += written;
+    }
     return true;
 }
 
 bool PartFile::restart()
 {
-    if (!m_file.resize(0) || !m_file.seek(0))
-        return fail(m_file.errorString());
+    if (::ftruncate(m_file.handle(), 0) != 0 || ::lseek(m_file.handle(), 0, SEEK_SET) != 0)
+        return fail(lastError());
     m_size = 0;
     return true;
 }
 
 bool PartFile::commit()
 {
-    if (!m_file.flush())
-        return fail(m_file.errorString());
     const QByteArray from = QFile::encodeName(m_file.fileName());
     const QByteArray to = QFile::encodeName(m_target);
     // The POSIX rename replaces the target in one step; QFile::rename refuses to.
     if (std::rename(from.constData(), to.constData()) != 0)
-        return fail(QString::fromLocal8Bit(std::strerror(errno)));
+        return fail(lastError());
     m_file.close();
     return true;
 }

@@ -28,7 +28,8 @@ public:
     /// Bytes written since open() or restart().
     qint64 size() const { return m_size; }
 
-    /// Flushes and renames over the target. False: the target is as it was, the file is removed.
+    /// Renames over the target; every write was checked. False: the target is as it was, the file
+    /// is removed.
     bool commit();
 
     /// Removes the file; the destructor does the same with one that was not committed.
