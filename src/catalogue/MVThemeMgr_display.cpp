@@ -42,11 +42,9 @@ private:
 };
 
 /// What the display catalogue says of an item in either form.
-void readPresentation(const QDomElement& element, const QString& guid, ECfgItemType type,
-                      SCfg_Item& item)
+void readPresentation(const QDomElement& element, ECfgItemType type, SCfg_Item& item)
 {
     item.m_eType = type;
-    item.m_qsGUID = guid;
     item.m_qsName = childText(element, QStringLiteral("Name"));
     item.m_info_Thumb.m_qsUrl = childText(element, QStringLiteral("UrlThumb"));
 }
@@ -84,6 +82,7 @@ void MVThemeMgr::read_resource_display_xml_a(const QDomElement& root, ECfgItemTy
 {
     const QString itemTag = QStringLiteral("Item");
     const GuidIndex index(cfgItems);
+    displayItems.reserve(displayItems.size() + cfgItems.size());
     const QDomElement category = root.firstChildElement(tagName);
     for (QDomElement element = category.firstChildElement(itemTag); !element.isNull();
          element = element.nextSiblingElement(itemTag)) {
@@ -97,8 +96,10 @@ void MVThemeMgr::read_resource_display_xml_a(const QDomElement& root, ECfgItemTy
         } else if (guid != noneEntryGuid
                    || (type != eCfgItem_Filter && type != eCfgItem_BgMaterial)) {
             continue;
+        } else {
+            item.m_qsGUID = guid;
         }
-        readPresentation(element, guid, type, item);
+        readPresentation(element, type, item);
         const bool hasThumb = doItem_Info_Thumb(item);
         const bool hasGif = doItem_Info_Gif(item);
         doItem_Info_DependRes(item);
@@ -114,6 +115,7 @@ void MVThemeMgr::read_resource_display_xml_a_theme(const QDomElement& root, ECfg
     const QString groupTag = QStringLiteral("Group");
     const QString itemTag = QStringLiteral("Item");
     const GuidIndex index(cfgItems);
+    displayItems.reserve(displayItems.size() + cfgItems.size());
     const QDomElement category = root.firstChildElement(tagName);
     for (QDomElement group = category.firstChildElement(groupTag); !group.isNull();
          group = group.nextSiblingElement(groupTag)) {
@@ -126,7 +128,7 @@ void MVThemeMgr::read_resource_display_xml_a_theme(const QDomElement& root, ECfg
                 continue;
             cfgItems[found].m_bIsText = false;
             SCfg_Item item = cfgItems.at(found);
-            readPresentation(element, guid, type, item);
+            readPresentation(element, type, item);
             item.m_nThemeType = themeType;
             item.m_info_Gif.m_qsUrl = childText(element, QStringLiteral("UrlGif"));
             if (keepAll || (doItem_Info_Thumb(item) && doItem_Info_Gif(item)))
