@@ -79,7 +79,7 @@ void tst_MVThemeDownLoader_destroy::staysCancelled()
     MVThemeDownLoader fresh(nullptr);
     trace.watch(fresh);
     QVERIFY(DownloadWorld::run(fresh, filter));
-    QCOMPARE(trace.results().last(), int(eDownLoadError_None));
+    QCOMPARE(trace.results().constLast(), int(eDownLoadError_None));
 }
 
 void tst_MVThemeDownLoader_destroy::destroyedWhileRunning_data()

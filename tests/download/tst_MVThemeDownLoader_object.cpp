@@ -107,7 +107,7 @@ void tst_MVThemeDownLoader_object::anObjectServesOneItemAfterTheOther()
     QCOMPARE(trace.entries().size(), firstRun.size());
     QCOMPARE(trace.results(), QVector<int>{eDownLoadError_None});
     QVERIFY(trace.contains(taken(0, world.folder(eCfgItem_Motion) + QStringLiteral("/b.zip"))));
-    QCOMPARE(trace.progress().last(), 100.0);
+    QCOMPARE(trace.progress().constLast(), 100.0);
 }
 
 void tst_MVThemeDownLoader_object::theEndSignalMayStartTheNext()

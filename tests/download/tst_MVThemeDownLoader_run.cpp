@@ -15,7 +15,8 @@ namespace {
 QByteArrayList targets(FaultServer& server)
 {
     QByteArrayList result;
-    for (const HttpRequest& request : server.requests())
+    const QVector<HttpRequest> requests = server.requests();
+    for (const HttpRequest& request : requests)
         result.append(request.target);
     return result;
 }

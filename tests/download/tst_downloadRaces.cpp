@@ -119,7 +119,8 @@ SCfg_Item tst_downloadRaces::theme(int number) const
 void tst_downloadRaces::forgetFiles() const
 {
     const QString tree = m_world->root() + QStringLiteral("/Themes/");
-    for (const QString& file : CatalogueFiles::filesBelow(tree)) {
+    const QStringList files = CatalogueFiles::filesBelow(tree);
+    for (const QString& file : files) {
         if (!file.startsWith(QLatin1String("ResourceConfig/")))
             QVERIFY(QFile::remove(tree + file));
     }

@@ -211,7 +211,8 @@ void TestCurWrapperRetries::startsFromTheFirstAddressAgain()
     Download download;
     QCOMPARE(download.run(server.url(QStringLiteral("/here"))), 0);
     QByteArrayList targets;
-    for (const HttpRequest& request : server.requests())
+    const QVector<HttpRequest> requests = server.requests();
+    for (const HttpRequest& request : requests)
         targets.append(request.target);
     QCOMPARE(targets, QByteArrayList({"/here", "/there", "/here", "/elsewhere"}));
 }

@@ -16,7 +16,7 @@ QByteArray logged(const char* format, Arguments... arguments)
 {
     const LogCapture log;
     LogL("Part", 1, format, arguments...);
-    return log.lines().size() == 1 ? log.texts().first() : QByteArray("not one line");
+    return log.lines().size() == 1 ? log.texts().constFirst() : QByteArray("not one line");
 }
 
 void row(const char* name, const QByteArray& text, const QByteArray& expected)

@@ -324,7 +324,7 @@ void tst_UtilsFolders::removesNothingWithoutAPath()
     const QString before = QDir::currentPath();
     QVERIFY(QDir::setCurrent(m_folder));
     const bool recursive = Utils::rmDir(QString(), true);
-    const bool notRecursive = Utils::rmDir(QStringLiteral(""), false);
+    const bool notRecursive = Utils::rmDir(QLatin1String(""), false);
     QVERIFY(QDir::setCurrent(before));
     QVERIFY(!recursive);
     QVERIFY(!notRecursive);

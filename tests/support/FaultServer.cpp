@@ -137,12 +137,12 @@ bool FaultServer::readRequest(int socket, QByteArray& buffer, HttpRequest& reque
             return false;
         buffer.append(chunk, static_cast<int>(count));
     }
-    const QList<QByteArray> lines = buffer.left(end).split('\n');
+    QList<QByteArray> lines = buffer.left(end).split('\n');
     buffer.remove(0, end + 4);
-    const QList<QByteArray> words = lines.first().trimmed().split(' ');
+    const QList<QByteArray> words = lines.takeFirst().trimmed().split(' ');
     request.method = words.value(0);
     request.target = words.value(1);
-    for (const QByteArray& line : lines.mid(1)) {
+    for (const QByteArray& line : qAsConst(lines)) {
         const int colon = line.indexOf(':');
         request.fields.insert(line.left(colon).toLower(), line.mid(colon + 1).trimmed());
     }

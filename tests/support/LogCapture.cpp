@@ -24,7 +24,8 @@ QVector<LogCapture::Line> LogCapture::lines() const
 QByteArrayList LogCapture::texts() const
 {
     QByteArrayList result;
-    for (const Line& line : lines())
+    const QVector<Line> all = lines();
+    for (const Line& line : all)
         result.append(line.text);
     return result;
 }

@@ -89,7 +89,8 @@ void tst_SkinWidgetLifetime::theNextApplicationHasANewOne()
 void tst_SkinWidgetLifetime::anApplicationThatNeverAsksHasNone()
 {
     const BriefApplication application;
-    for (const QWidget* widget : QApplication::allWidgets())
+    const QWidgetList widgets = QApplication::allWidgets();
+    for (const QWidget* widget : widgets)
         QVERIFY(!qobject_cast<const SkinWidget*>(widget));
 }
 
