@@ -1,0 +1,6 @@
+#include "browser/FiterItemWdg.h"
+
+FiterItemWdg::FiterItemWdg(QWidget* parent)
+    : MVThemeItemWdg(parent)
+{
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "browser/MVThemeItemWdg.h"
+
+/// An MVThemeItemWdg under another class name, for video filters and background materials: style
+/// sheets draw those cells differently.
+class MVBROWSER_EXPORT FiterItemWdg : public MVThemeItemWdg
+{
+    Q_OBJECT
+
+public:
+    explicit FiterItemWdg(QWidget* parent);
+};

@@ -1,0 +1,175 @@
+#include "browser/MVResourceItemDelegate.h"
+
+#include "browser/CheckedMark.h"
+#include "browser/EUIItemRole.h"
+#include "browser/FiterItemWdg.h"
+#include "catalogue/MVThemeMgr.h"
+
+#include <QAbstractProxyModel>
+#include <QPersistentModelIndex>
+#include <QUuid>
+
+namespace {
+
+/// The row as its source model has it, where it outlives filtering.
+QPersistentModelIndex sourceRow(const QModelIndex& index)
+{
+    const auto* proxy = qobject_cast<const QAbstractProxyModel*>(index.model());
+    return proxy ? proxy->mapToSource(index) : index;
+}
+
+QVariant rowWidget(QObject* widget)
+{
+    return QVariant::fromValue(widget);
+}
+
+void writeRowWidget(const QModelIndex& index, QObject* widget)
+{
+    // An editor is made for a const index, but the model is the view's own.
+    auto* model = const_cast<QAbstractItemModel*>(index.model());
+    model->setData(index, rowWidget(widget), UIItemRole_Widget);
+}
+
+/// The widget of a row that was filtered out while it downloaded, or null.
+MVThemeItemWdg* hiddenWidget(const QModelIndex& index)
+{
+    auto* widget = qobject_cast<MVThemeItemWdg*>(index.data(UIItemRole_Widget).value<QObject*>());
+    return widget && widget->isDownloading() && widget->isDeletedAfterDownload() ? widget : nullptr;
+}
+
+} // namespace
+
+MVResourceItemDelegate::MVResourceItemDelegate(QObject* parent)
+    : QStyledItemDelegate(parent)
+{
+}
+
+void MVResourceItemDelegate::setItemPadding(const QMargins& m)
+{
+    m_nPaddingTop = m.top();
+    m_nPaddingRight = m.right() < 0 ? m_nPaddingTop : m.right();
+    m_nPaddingBottom = m.bottom() < 0 ? m_nPaddingTop : m.bottom();
+    m_nPaddingLeft = m.left() < 0 ? m_nPaddingRight : m.left();
+}
+
+void MVResourceItemDelegate::onClearSelect()
+{
+    m_qsHiddenSelection.clear();
+    if (m_pCurSel)
+        showChecked(m_pCurSel, false);
+}
+
+QWidget* MVResourceItemDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                                              const QModelIndex& index) const
+{
+    if (MVThemeItemWdg* hidden = hiddenWidget(index)) {
+        hidden->setDeletedAfterDownload(false);
+        return hidden;
+    }
+    const QString guid = index.data(UIItemRole_GUID).toString();
+    MVThemeItemWdg* const widget = createItemWidget(parent, guid);
+    if (!widget)
+        return QStyledItemDelegate::createEditor(parent, option, index);
+    connect(widget, &MVThemeItemWdg::sigThemeItemClicked, this,
+            &MVResourceItemDelegate::sigThemeItemClicked);
+    connect(widget, &QObject::destroyed, this,
+            [this, guid, row = sourceRow(index)](QObject* dead) { forgetWidget(dead, guid, row); });
+    widget->setListviewCurSel(&m_pCurSel);
+    writeRowWidget(index, widget);
+    adoptSelection(widget);
+    return widget;
+}
+
+MVThemeItemWdg* MVResourceItemDelegate::createItemWidget(QWidget* parent, const QString& guid) const
+{
+    MVThemeMgr* const manager = MVThemeMgr::init();
+    const bool isMore = QUuid(guid).isNull();
+    SCfg_Item* item = nullptr;
+    switch (m_eType) {
+    case UIItem_Themes:
+        item = isMore ? nullptr : manager->findItemByIDFromDisplay(eCfgItem_Theme, guid);
+        break;
+    case UIItem_Filters:
+    case UIItem_FiltersLarge:
+        item = isMore ? nullptr : manager->findItemByIDFromDisplay(eCfgItem_Filter, guid);
+        break;
+    case UIItem_BgMaterial:
+        item = isMore ? nullptr : manager->findItemByIDFromDisplay(eCfgItem_BgMaterial, guid);
+        break;
+    case UIItem_None:
+        break;
+    }
+    if (!item && !(isMore && m_eType == UIItem_Themes))
+        return nullptr;
+    const bool isSmall = m_eType == UIItem_Filters || m_eType == UIItem_BgMaterial;
+    MVThemeItemWdg* const widget = isSmall ? new FiterItemWdg(parent) : new MVThemeItemWdg(parent);
+    widget->setItem(item);
+    return widget;
+}
+
+void MVResourceItemDelegate::destroyEditor(QWidget* editor, const QModelIndex& index) const
+{
+    Q_UNUSED(index)
+    auto* widget = qobject_cast<MVThemeItemWdg*>(editor);
+    if (widget && widget->isDownloading()) {
+        widget->setDeletedAfterDownload(true);
+        return;
+    }
+    editor->deleteLater();
+}
+
+void MVResourceItemDelegate::adoptSelection(MVThemeItemWdg* widget) const
+{
+    const SCfg_Item* const item = widget->getItem();
+    if (!item)
+        return;
+    // The widget that a filter took away may not be gone yet.
+    const auto* selected = qobject_cast<MVThemeItemWdg*>(m_pCurSel);
+    const bool isSelected = selected && selected->getItem()
+        && selected->getItem()->m_qsGUID == item->m_qsGUID
+        && selected->property("IsChecked").toBool();
+    const bool wasSelected = !m_pCurSel && m_qsHiddenSelection == item->m_qsGUID;
+    if (!isSelected && !wasSelected)
+        return;
+    m_qsHiddenSelection.clear();
+    widget->setSel(widget);
+}
+
+void MVResourceItemDelegate::forgetWidget(QObject* widget, const QString& guid,
+                                          const QPersistentModelIndex& row) const
+{
+    if (widget == m_pCurSel) {
+        m_pCurSel = nullptr;
+        const bool isChecked = widget->property("IsChecked").toBool();
+        m_qsHiddenSelection = row.isValid() && isChecked ? guid : QString();
+    }
+    if (row.isValid() && row.data(UIItemRole_Widget).value<QObject*>() == widget)
+        writeRowWidget(row, nullptr);
+}
+
+void MVResourceItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                                   const QModelIndex& index) const
+{
+    QStyledItemDelegate::paint(painter, option, index);
+}
+
+void MVResourceItemDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
+{
+    QStyledItemDelegate::setEditorData(editor, index);
+}
+
+QSize MVResourceItemDelegate::sizeHint(const QStyleOptionViewItem& option,
+                                       const QModelIndex& index) const
+{
+    Q_UNUSED(option)
+    Q_UNUSED(index)
+    return {m_itemSize.width() + m_nPaddingLeft + m_nPaddingRight,
+            m_itemSize.height() + m_nPaddingTop + m_nPaddingBottom};
+}
+
+bool MVResourceItemDelegate::editorEvent(QEvent* event, QAbstractItemModel* model,
+                                         const QStyleOptionViewItem& option,
+                                         const QModelIndex& index)
+{
+    return QStyledItemDelegate::editorEvent(event, model, option, index);
+}

@@ -1,0 +1,339 @@
+#include "browser/MVThemeItemSubwdgt_Preview.h"
+
+#include "browser/NeededFiles.h"
+#include "browser/ProgressRing.h"
+#include "browser/SharedImage.h"
+#include "host/widgets/UIHelper.h"
+#include "ui_MVThemeItemSubwdgt_Preview.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QPainter>
+#include <QResizeEvent>
+#include <QShowEvent>
+#include <QStyle>
+#include <QVBoxLayout>
+
+namespace {
+
+bool isFavourite(SCfg_Item* item)
+{
+    return MVThemeMgr::init()->isItemCollect(item);
+}
+
+} // namespace
+
+MVThemeItemSubwdgt_Preview::ItemCallback MVThemeItemSubwdgt_Preview::m_cbBtnCollect;
+MVThemeItemSubwdgt_Preview::ItemCallback MVThemeItemSubwdgt_Preview::m_cbBtnDownload;
+MVThemeItemSubwdgt_Preview::ItemCallback MVThemeItemSubwdgt_Preview::m_cbBtnMore;
+
+MVThemeItemSubwdgt_Preview::MVThemeItemSubwdgt_Preview(QWidget* parent)
+    : QFrame(parent)
+    , m_eDownloadErr(eDownLoadError_None)
+    , m_pUi(std::make_unique<Ui::MVThemeItemSubwdgt_Preview>())
+{
+    m_pUi->setupUi(this);
+    createOverlay();
+    style()->polish(this);
+    createUI();
+    m_pUi->lblIcon->installEventFilter(this);
+}
+
+MVThemeItemSubwdgt_Preview::~MVThemeItemSubwdgt_Preview() = default;
+
+void MVThemeItemSubwdgt_Preview::setCbBtnCollect(ItemCallback callback)
+{
+    m_cbBtnCollect = std::move(callback);
+}
+
+void MVThemeItemSubwdgt_Preview::setCbBtnDownload(ItemCallback callback)
+{
+    m_cbBtnDownload = std::move(callback);
+}
+
+void MVThemeItemSubwdgt_Preview::setCbBtnMore(ItemCallback callback)
+{
+    m_cbBtnMore = std::move(callback);
+}
+
+void MVThemeItemSubwdgt_Preview::createUI()
+{
+    m_pUi->btnDownload->hide();
+    m_pUi->btnCollect->hide();
+    m_pUi->btnCollect_No->hide();
+    connect(m_pUi->btnCollect, &QToolButton::clicked, this,
+            &MVThemeItemSubwdgt_Preview::onBtnCollect);
+    connect(m_pUi->btnCollect_No, &QToolButton::clicked, this,
+            &MVThemeItemSubwdgt_Preview::onBtnCollect);
+    connect(m_pUi->btnMore, &QToolButton::clicked, this, &MVThemeItemSubwdgt_Preview::onBtnMore);
+    setCurText(false);
+    m_pUi->lblNetError->clear();
+    m_pUi->frmNetError->hide();
+    m_eDownloadErr = eDownLoadError_None;
+}
+
+void MVThemeItemSubwdgt_Preview::setItem(SCfg_Item* item)
+{
+    if (!item) {
+        m_pUi->stackedWidget->setCurrentWidget(m_pUi->pageMore);
+        return;
+    }
+    m_pItem = item;
+    m_pUi->stackedWidget->setCurrentWidget(m_pUi->pageShow);
+    if (!needsFiles(item) && isFavourite(item)) {
+        m_pUi->btnCollect->show();
+        m_pUi->btnCollect_No->hide();
+    }
+    m_pUi->lblName->setText(item->m_qsName);
+    m_pUi->frmShow->setItemData(item);
+}
+
+void MVThemeItemSubwdgt_Preview::setItemDownload(SCfg_Item* item)
+{
+    setItem(item);
+    if (!item)
+        return;
+    m_pUi->btnDownload->setVisible(needsFiles(item));
+    arrangeOverlay();
+}
+
+void MVThemeItemSubwdgt_Preview::setCurText(bool cur)
+{
+    m_pUi->lblCur->setVisible(cur);
+    m_pUi->lblImg->setVisible(cur);
+    m_pUi->lblImgTemp->setVisible(!cur);
+    m_pUi->lblName->setProperty("IsChecked", cur);
+    m_pUi->lblName->setStyle(QApplication::style());
+    arrangeOverlay();
+}
+
+void MVThemeItemSubwdgt_Preview::setDownLoadErrorText(EMVThemeDownLoadError e)
+{
+    QString text;
+    switch (e) {
+    case eDownLoadError_Internet:
+        text = tr("Internet error!");
+        break;
+    case eDownLoadError_Path:
+        text = tr("Path error!");
+        break;
+    case eDownLoadError_Element:
+        text = tr("Element error!");
+        break;
+    case eDownLoadError_None:
+        break;
+    default:
+        text = tr("Unknown error!");
+    }
+    m_pUi->lblNetError->setText(text);
+    m_pUi->frmNetError->setVisible(!text.isEmpty());
+    m_eDownloadErr = e;
+    arrangeOverlay();
+}
+
+void MVThemeItemSubwdgt_Preview::onProgress(double p)
+{
+    if (!qIsFinite(p))
+        return;
+    m_dProgress = p;
+    m_pUi->lblIcon->repaint();
+}
+
+void MVThemeItemSubwdgt_Preview::startDownLoad()
+{
+    onBtnDownload();
+}
+
+void MVThemeItemSubwdgt_Preview::doEvent_Enter()
+{
+    if (!m_pItem)
+        return;
+    const bool needed = needsFiles(m_pItem);
+    const bool favourite = isFavourite(m_pItem);
+    m_pUi->btnDownload->setVisible(needed);
+    m_pUi->btnCollect->setVisible(!needed && favourite);
+    m_pUi->btnCollect_No->setVisible(!needed && !favourite);
+    arrangeOverlay();
+}
+
+void MVThemeItemSubwdgt_Preview::doEvent_Leave()
+{
+    if (!m_pItem)
+        return;
+    m_pUi->btnDownload->hide();
+    m_pUi->btnCollect_No->hide();
+    if (!needsFiles(m_pItem))
+        m_pUi->btnCollect->setVisible(isFavourite(m_pItem));
+}
+
+QToolButton* MVThemeItemSubwdgt_Preview::getBtnDownload() const
+{
+    return m_pUi->btnDownload;
+}
+
+void MVThemeItemSubwdgt_Preview::adjustItem()
+{
+    m_pUi->frmShow->adjustItem();
+}
+
+void MVThemeItemSubwdgt_Preview::resetItemData()
+{
+    m_pUi->frmShow->resetItemData();
+}
+
+void MVThemeItemSubwdgt_Preview::startPlayGif()
+{
+    m_pUi->frmShow->startPlayGif();
+}
+
+void MVThemeItemSubwdgt_Preview::stopPlayGif()
+{
+    m_pUi->frmShow->stopPlayGif();
+}
+
+void MVThemeItemSubwdgt_Preview::setProgressImage(const QImage& image)
+{
+    m_progressImage = sharedImage(image);
+    m_pUi->lblIcon->update();
+}
+
+void MVThemeItemSubwdgt_Preview::setProgressMask(const QImage& mask)
+{
+    m_progressMask = sharedImage(mask);
+    m_pUi->lblIcon->update();
+}
+
+void MVThemeItemSubwdgt_Preview::setProgressColor(const QColor& color)
+{
+    m_progressColor = color;
+    m_pUi->lblIcon->update();
+}
+
+void MVThemeItemSubwdgt_Preview::setProgressFontSize(int pointSize)
+{
+    m_nProgressFontSize = pointSize;
+    m_pUi->lblIcon->update();
+}
+
+void MVThemeItemSubwdgt_Preview::setMarginTopCur(int margin)
+{
+    m_nMarginTopCur = margin;
+    arrangeOverlay();
+}
+
+void MVThemeItemSubwdgt_Preview::setMarginTopNetError(int margin)
+{
+    m_nMarginTopNetError = margin;
+    arrangeOverlay();
+}
+
+void MVThemeItemSubwdgt_Preview::onBtnCollect()
+{
+    if (!m_pItem)
+        return;
+    const bool favourite = isFavourite(m_pItem);
+    m_pItem->m_bCollected = !favourite;
+    m_pUi->btnCollect->setVisible(!favourite);
+    m_pUi->btnCollect_No->setVisible(favourite);
+    MVThemeMgr::init()->setItemCollected(m_pItem);
+    // A callback may clear the list, and with it this cell.
+    const ItemCallback callback = m_cbBtnCollect;
+    if (callback)
+        callback(m_pItem);
+}
+
+void MVThemeItemSubwdgt_Preview::onBtnDownload()
+{
+    if (m_pUi->stackedWidget->currentWidget() == m_pUi->pageDownload)
+        return;
+    m_pUi->stackedWidget->setCurrentWidget(m_pUi->pageDownload);
+    m_dProgress = 0.0;
+    m_pUi->lblIcon->repaint();
+    SCfg_Item* const item = m_pItem;
+    const ItemCallback callback = m_cbBtnDownload;
+    emit sigDownLoad(item);
+    if (callback)
+        callback(item);
+}
+
+void MVThemeItemSubwdgt_Preview::onBtnMore()
+{
+    const ItemCallback callback = m_cbBtnMore;
+    if (callback)
+        callback(m_pItem);
+}
+
+bool MVThemeItemSubwdgt_Preview::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_pUi->lblIcon && event->type() == QEvent::Paint) {
+        QPainter painter(m_pUi->lblIcon);
+        drawProgress(&painter, m_pUi->lblIcon->rect(), static_cast<int>(m_dProgress));
+    }
+    return QFrame::eventFilter(watched, event);
+}
+
+void MVThemeItemSubwdgt_Preview::changeEvent(QEvent* event)
+{
+    QFrame::changeEvent(event);
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    m_pUi->retranslateUi(this);
+    setDownLoadErrorText(m_eDownloadErr);
+    if (m_pItem)
+        m_pUi->lblName->setText(m_pItem->m_qsName);
+}
+
+void MVThemeItemSubwdgt_Preview::resizeEvent(QResizeEvent* event)
+{
+    QFrame::resizeEvent(event);
+    placeOverlay(event->size().width());
+}
+
+void MVThemeItemSubwdgt_Preview::showEvent(QShowEvent* event)
+{
+    QFrame::showEvent(event);
+    placeOverlay(width());
+}
+
+void MVThemeItemSubwdgt_Preview::createOverlay()
+{
+    // Not the layout of a widget: the picture fills its frame by a layout of its own, and this one
+    // only says how high the things above it are.
+    m_pOverlay = std::make_unique<QVBoxLayout>();
+    m_pOverlay->setObjectName(QStringLiteral("verticalLayout_2"));
+    m_pOverlay->setSpacing(0);
+    m_pOverlay->setContentsMargins(0, 0, 0, 0);
+    m_pOverlay->addWidget(m_pUi->frmBtns_theme);
+    m_pOverlay->addItem(new QSpacerItem(20, 0, QSizePolicy::Minimum, QSizePolicy::Expanding));
+    m_pOverlay->addWidget(m_pUi->frmNetError);
+    m_pOverlay->addWidget(m_pUi->lblCur, 0, Qt::AlignBottom);
+}
+
+void MVThemeItemSubwdgt_Preview::arrangeOverlay()
+{
+    // Asking for sizes makes a widget take its looks from the style sheet for good, which must wait
+    // until it stands in its list.
+    if (isVisible())
+        placeOverlay(width());
+}
+
+void MVThemeItemSubwdgt_Preview::placeOverlay(int overlayWidth)
+{
+    const QRect area = m_pUi->stackedWidget->geometry();
+    m_pOverlay->invalidate();
+    m_pOverlay->setGeometry(area);
+    m_pUi->frmBtns_theme->setFixedWidth(overlayWidth);
+    m_pUi->frmBtns_theme->move(area.topLeft());
+    m_pUi->lblCur->setFixedWidth(overlayWidth);
+    m_pUi->lblCur->move(area.x(), m_nMarginTopCur);
+    m_pUi->frmNetError->setFixedWidth(overlayWidth);
+    m_pUi->frmNetError->move(area.x(), m_nMarginTopNetError);
+}
+
+void MVThemeItemSubwdgt_Preview::drawProgress(QPainter* p, const QRect& rect, int value) const
+{
+    QFont textFont = font();
+    if (m_nProgressFontSize > 0)
+        textFont.setPointSize(static_cast<int>(UIHelper::changFontSize(m_nProgressFontSize)));
+    ProgressRing{m_progressImage, m_progressMask, m_progressColor, textFont}.paint(p, rect, value);
+}

@@ -1,0 +1,145 @@
+#pragma once
+
+#include "browser/MvBrowserExport.h"
+#include "download/EMVThemeDownLoadError.h"
+
+#include <QColor>
+#include <QFrame>
+#include <QImage>
+
+#include <functional>
+#include <memory>
+
+class QToolButton;
+class QVBoxLayout;
+struct SCfg_Item;
+
+namespace Ui {
+class MVThemeItemSubwdgt_Preview;
+}
+
+/// The face of one catalogue item in a list: preview, hover buttons, progress ring of a download,
+/// the text of a failed one, the mark of the item that is applied, or the "More>>" cell.
+///
+/// Its owner feeds it the item, the mouse's coming and going, progress and results; it asks the
+/// catalogue which files are missing and whether the item is a favourite. The item belongs to the
+/// catalogue and must outlive the use of this widget. GUI thread only.
+///
+/// Looks come from the style sheet: by object names, by the properties below (qproperty-...), and
+/// by "IsChecked" on the name label, which is true while the item is the applied one.
+class MVBROWSER_EXPORT MVThemeItemSubwdgt_Preview : public QFrame
+{
+    Q_OBJECT
+    /// What the ring uncovers, clockwise from twelve o'clock, stretched over the whole ring.
+    Q_PROPERTY(QImage progressImage READ progressImage WRITE setProgressImage)
+    /// What lies under the ring.
+    Q_PROPERTY(QImage progressMask READ progressMask WRITE setProgressMask)
+    /// Colour of the per cent text; invalid at first, which paints black.
+    Q_PROPERTY(QColor progressColor READ progressColor WRITE setProgressColor)
+    /// Point size of that text before the screen's scaling; 0 and below: the widget's own font.
+    Q_PROPERTY(int progressFontSize READ progressFontSize WRITE setProgressFontSize)
+    /// Distance of the "Current" mark from the upper edge, in pixels.
+    Q_PROPERTY(int nMarginTop_lblCur READ marginTopCur WRITE setMarginTopCur)
+    /// Distance of the error text from the upper edge, in pixels.
+    Q_PROPERTY(int nMarginTop_frmNetError READ marginTopNetError WRITE setMarginTopNetError)
+
+public:
+    using ItemCallback = std::function<void(SCfg_Item*)>;
+
+    explicit MVThemeItemSubwdgt_Preview(QWidget* parent);
+    ~MVThemeItemSubwdgt_Preview() override;
+
+    /// @name Host callbacks
+    /// Shared by all cells and called on the GUI thread; an empty one is not called. They get the
+    /// item of the cell, null from the "More>>" cell.
+    /// @{
+    static void setCbBtnCollect(ItemCallback callback);
+    static void setCbBtnDownload(ItemCallback callback);
+    static void setCbBtnMore(ItemCallback callback);
+    /// @}
+
+    /// Shows an item; null makes this the "More>>" cell.
+    void setItem(SCfg_Item* item);
+    /// The same after a download has ended: what is still missing can be asked for again.
+    void setItemDownload(SCfg_Item* item);
+    /// Shows or hides that this item is the applied one.
+    void setCurText(bool cur);
+    /// Shows why a download failed; success (5) hides the text.
+    void setDownLoadErrorText(EMVThemeDownLoadError e);
+    /// Per cent; the ring shows 0 to 100, the text any value. Fractions are cut.
+    void onProgress(double p);
+    /// As if the download button had been pressed: once until the download's end.
+    void startDownLoad();
+    /// The mouse is over the cell: shows the buttons that apply to the item.
+    void doEvent_Enter();
+    /// The mouse has left; a favourite keeps its heart.
+    void doEvent_Leave();
+    QToolButton* getBtnDownload() const;
+
+    /// @name Picture, see MVThemePreviewFrm
+    /// @{
+    void adjustItem();
+    void resetItemData();
+    void startPlayGif();
+    void stopPlayGif();
+    /// @}
+
+    QImage progressImage() const { return m_progressImage; }
+    void setProgressImage(const QImage& image);
+    QImage progressMask() const { return m_progressMask; }
+    void setProgressMask(const QImage& mask);
+    QColor progressColor() const { return m_progressColor; }
+    void setProgressColor(const QColor& color);
+    int progressFontSize() const { return m_nProgressFontSize; }
+    void setProgressFontSize(int pointSize);
+    int marginTopCur() const { return m_nMarginTopCur; }
+    void setMarginTopCur(int margin);
+    int marginTopNetError() const { return m_nMarginTopNetError; }
+    void setMarginTopNetError(int margin);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+public slots:
+    /// Makes the item a favourite, or no longer.
+    void onBtnCollect();
+    void onBtnDownload();
+    void onBtnMore();
+
+signals:
+    /// Declared for hosts; never emitted here.
+    void sigCollect(SCfg_Item*);
+    /// The item's files are wanted: whoever owns this cell starts the download.
+    void sigDownLoad(SCfg_Item*);
+    /// Declared for hosts; never emitted here.
+    void sigBtnMore();
+    /// Declared for hosts; never emitted here.
+    void sigApplyTheme(SCfg_Item*);
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void createUI();
+    void createOverlay();
+    void arrangeOverlay();
+    void placeOverlay(int overlayWidth);
+    void drawProgress(QPainter* p, const QRect& rect, int value) const;
+
+    EMVThemeDownLoadError m_eDownloadErr;
+    std::unique_ptr<Ui::MVThemeItemSubwdgt_Preview> m_pUi;
+    std::unique_ptr<QVBoxLayout> m_pOverlay; // arranges what floats over the picture
+    SCfg_Item* m_pItem = nullptr;
+    double m_dProgress = 0.0;
+    QImage m_progressImage;
+    QImage m_progressMask;
+    QColor m_progressColor;
+    int m_nProgressFontSize = 9;
+    int m_nMarginTopCur = 0;
+    int m_nMarginTopNetError = 0;
+
+    static ItemCallback m_cbBtnCollect;
+    static ItemCallback m_cbBtnDownload;
+    static ItemCallback m_cbBtnMore;
+};

@@ -1,0 +1,173 @@
+#include "browser/MVThemeItemWdg.h"
+
+#include "browser/CheckedMark.h"
+#include "browser/NeededFiles.h"
+#include "download/MVThemeDownLoader.h"
+#include "ui_MVThemeItemWdg.h"
+
+#include <QEvent>
+#include <QStyle>
+#include <QToolButton>
+
+MVThemeItemWdg::ItemCallback MVThemeItemWdg::m_cbItemClicked;
+MVThemeItemWdg::ItemCallback MVThemeItemWdg::m_cbItemDownloaded;
+
+MVThemeItemWdg::MVThemeItemWdg(QWidget* parent)
+    : QFrame(parent)
+    , m_pUi(std::make_unique<Ui::MVThemeItemWdg>())
+{
+    m_pUi->setupUi(this);
+    style()->polish(this);
+    m_pUi->MVThemeItemWdgBg->installEventFilter(this);
+    connect(m_pUi->frmShow->getBtnDownload(), &QToolButton::clicked, this,
+            &MVThemeItemWdg::doApplyTheme);
+}
+
+MVThemeItemWdg::~MVThemeItemWdg()
+{
+    delete m_pDownLoader; // cancels and joins
+}
+
+void MVThemeItemWdg::setCbItemClicked(ItemCallback callback)
+{
+    m_cbItemClicked = std::move(callback);
+}
+
+void MVThemeItemWdg::setCbItemDownloaded(ItemCallback callback)
+{
+    m_cbItemDownloaded = std::move(callback);
+}
+
+void MVThemeItemWdg::setItem(const SCfg_Item* item)
+{
+    // The record belongs to the catalogue, which is asked to change it on the user's behalf.
+    m_pItem = const_cast<SCfg_Item*>(item);
+    m_pUi->frmShow->setItem(m_pItem);
+    connect(m_pUi->frmShow, &MVThemeItemSubwdgt_Preview::sigDownLoad, this,
+            &MVThemeItemWdg::onDownLoad);
+}
+
+void MVThemeItemWdg::setSel(MVThemeItemWdg* w)
+{
+    if (!m_pItem)
+        return;
+    if (m_ppCurSel) {
+        if (*m_ppCurSel)
+            showChecked(*m_ppCurSel, false);
+        *m_ppCurSel = w;
+    }
+    if (w)
+        showChecked(w, true);
+}
+
+void MVThemeItemWdg::setCurText(bool cur)
+{
+    m_pUi->frmShow->setCurText(cur);
+}
+
+void MVThemeItemWdg::adjustItem()
+{
+    m_pUi->frmShow->adjustItem();
+}
+
+void MVThemeItemWdg::resetItemData()
+{
+    m_pUi->frmShow->resetItemData();
+}
+
+void MVThemeItemWdg::doApplyTheme()
+{
+    if (!m_pItem)
+        return;
+    if (needsFiles(m_pItem)) {
+        m_pUi->frmShow->startDownLoad();
+        return;
+    }
+    if (!isVisible())
+        return;
+    // From here on a receiver may clear the list, and with it this cell.
+    SCfg_Item* const item = m_pItem;
+    const ItemCallback callback = m_cbItemClicked;
+    setSel(this);
+    emit sigThemeItemClicked(item);
+    if (callback)
+        callback(item);
+}
+
+void MVThemeItemWdg::onDownLoad(SCfg_Item* item)
+{
+    if (!item || m_pDownLoader)
+        return;
+    m_pUi->frmShow->setDownLoadErrorText(eDownLoadError_None);
+    m_pDownLoader = new MVThemeDownLoader(nullptr); // owned by itself and this widget
+    connect(m_pDownLoader, &MVThemeDownLoader::progress, m_pUi->frmShow,
+            &MVThemeItemSubwdgt_Preview::onProgress);
+    connect(m_pDownLoader, &MVThemeDownLoader::sigDownloadFinish, this,
+            &MVThemeItemWdg::onDownloadFinish);
+    connect(m_pDownLoader, &QThread::finished, m_pDownLoader, &QObject::deleteLater);
+    m_pDownLoader->download(item);
+}
+
+void MVThemeItemWdg::onDownloadFinish(EMVThemeDownLoadError result)
+{
+    m_pDownLoader = nullptr;
+    if (!m_pItem)
+        return;
+    SCfg_Item* const item = m_pItem;
+    const ItemCallback callback = m_cbItemDownloaded;
+    if (m_bDeletedAfterDownload)
+        deleteLater();
+    m_pUi->frmShow->setDownLoadErrorText(result);
+    m_pUi->frmShow->setItemDownload(item);
+    if (!needsFiles(item))
+        doApplyTheme();
+    if (callback)
+        callback(item);
+}
+
+void MVThemeItemWdg::onCollect(SCfg_Item* item)
+{
+    Q_UNUSED(item)
+}
+
+void MVThemeItemWdg::cancelDownload()
+{
+    if (m_pDownLoader)
+        m_pDownLoader->cancel();
+}
+
+void MVThemeItemWdg::tryStopDownloadThread()
+{
+    if (!m_pDownLoader)
+        return;
+    m_pDownLoader->cancel();
+    m_pDownLoader->wait();
+    m_pDownLoader = nullptr;
+    m_pItem = nullptr;
+    if (m_bDeletedAfterDownload)
+        deleteLater();
+}
+
+bool MVThemeItemWdg::eventFilter(QObject* watched, QEvent* event)
+{
+    if (!m_pItem || watched != m_pUi->MVThemeItemWdgBg)
+        return QFrame::eventFilter(watched, event);
+    switch (event->type()) {
+    case QEvent::MouseButtonRelease:
+        doApplyTheme();
+        return true;
+    case QEvent::Enter: {
+        // Brings the item's paths up to date with the disk.
+        needsFiles(m_pItem);
+        m_pUi->frmShow->startPlayGif();
+        m_pUi->frmShow->doEvent_Enter();
+        return true;
+    }
+    case QEvent::Leave:
+        m_pUi->frmShow->stopPlayGif();
+        m_pUi->frmShow->doEvent_Leave();
+        return true;
+    default:
+        return QFrame::eventFilter(watched, event);
+    }
+}

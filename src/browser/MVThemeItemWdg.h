@@ -1,0 +1,95 @@
+#pragma once
+
+#include "browser/MvBrowserExport.h"
+#include "download/EMVThemeDownLoadError.h"
+
+#include <QFrame>
+#include <QPointer>
+
+#include <functional>
+#include <memory>
+
+class MVThemeDownLoader;
+struct SCfg_Item;
+
+namespace Ui {
+class MVThemeItemWdg;
+}
+
+/// One live cell of a resource list: turns the user's mouse into actions on one catalogue item.
+///
+/// Hovering plays the preview and shows the buttons. A click applies the item; where files are
+/// missing it downloads them first and applies the item when they have arrived, if the cell can
+/// still be seen.
+///
+/// The item belongs to the catalogue and must outlive this widget, which keeps a plain pointer. A
+/// running download belongs to this widget: destroying it cancels the download and waits for its
+/// thread, which takes up to a second. GUI thread only.
+class MVBROWSER_EXPORT MVThemeItemWdg : public QFrame
+{
+    Q_OBJECT
+
+public:
+    using ItemCallback = std::function<void(SCfg_Item*)>;
+
+    explicit MVThemeItemWdg(QWidget* parent);
+    ~MVThemeItemWdg() override;
+
+    /// @name Host callbacks
+    /// Shared by all cells and called on the GUI thread; an empty one is not called. A callback may
+    /// clear the list that the cell stands in.
+    /// @{
+    /// After an item was applied.
+    static void setCbItemClicked(ItemCallback callback);
+    /// After a download has ended, whatever its outcome.
+    static void setCbItemDownloaded(ItemCallback callback);
+    /// @}
+
+    /// Call it once. Null makes this the "More>>" cell, which ignores the mouse.
+    void setItem(const SCfg_Item* item);
+    SCfg_Item* getItem() const { return m_pItem; }
+
+    /// Where the list keeps its selected cell; `slot` must outlive this widget's use.
+    void setListviewCurSel(QWidget** slot) { m_ppCurSel = slot; }
+    /// Makes `w` the list's selected cell instead of the one before.
+    void setSel(MVThemeItemWdg* w);
+    /// Shows or hides the "Current" mark.
+    void setCurText(bool cur);
+
+    void adjustItem();
+    void resetItemData();
+
+    /// Applies the item, or starts its download. Only a visible cell applies.
+    void doApplyTheme();
+    /// Starts the download of `item`, unless one runs.
+    void onDownLoad(SCfg_Item* item);
+    void onDownloadFinish(EMVThemeDownLoadError result);
+    void onCollect(SCfg_Item* item);
+
+    bool isDownloading() const { return !m_pDownLoader.isNull(); }
+    /// Asks a running download to stop; does not wait.
+    void cancelDownload();
+    /// Stops a running download and waits for its thread. The cell ignores the mouse from then on.
+    /// Without a running download nothing happens.
+    void tryStopDownloadThread();
+    /// Whether the widget deletes itself at the end of the download that runs: a cell that was
+    /// filtered out of the list finishes its download in hiding.
+    bool isDeletedAfterDownload() const { return m_bDeletedAfterDownload; }
+    void setDeletedAfterDownload(bool deleted) { m_bDeletedAfterDownload = deleted; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+signals:
+    /// The item was applied.
+    void sigThemeItemClicked(SCfg_Item*);
+
+private:
+    std::unique_ptr<Ui::MVThemeItemWdg> m_pUi;
+    SCfg_Item* m_pItem = nullptr;
+    QPointer<MVThemeDownLoader> m_pDownLoader; // deletes itself when its thread has finished
+    QWidget** m_ppCurSel = nullptr;
+    bool m_bDeletedAfterDownload = false;
+
+    static ItemCallback m_cbItemClicked;
+    static ItemCallback m_cbItemDownloaded;
+};

@@ -1,0 +1,137 @@
+#include "browser/MVThemePreviewFrm.h"
+
+#include "catalogue/MVThemeMgr.h"
+#include "host/LogL.h"
+#include "host/TzResourceMgr.h"
+#include "ui_MVThemePreviewFrm.h"
+
+#include <QFile>
+#include <QImage>
+#include <QMutexLocker>
+#include <QStyle>
+
+namespace {
+
+constexpr const char* logCategory = "MVThemePreviewFrm";
+constexpr double largestUnscaledZoom = 1.25;
+
+QString localPath(const SFileInfo& info)
+{
+    // A download thread may be resolving the record.
+    const QMutexLocker lock(info.m_pMutex.get());
+    return info.m_qsFile;
+}
+
+} // namespace
+
+QMovie* MVThemePreviewFrm::s_pMovie = nullptr;
+
+MVThemePreviewFrm::MVThemePreviewFrm(QWidget* parent)
+    : QFrame(parent)
+    , m_pUi(std::make_unique<Ui::MVThemePreviewFrm>())
+{
+    m_pUi->setupUi(this);
+    style()->polish(this);
+}
+
+MVThemePreviewFrm::~MVThemePreviewFrm()
+{
+    if (s_pMovie == &m_movie)
+        s_pMovie = nullptr;
+    // The label outlives the movie that it shows.
+    m_pUi->lblGif->setMovie(nullptr);
+}
+
+void MVThemePreviewFrm::setItemData(const SCfg_Item* item)
+{
+    m_pItem = item;
+    if (!m_pItem)
+        return;
+    m_pUi->frmPic->setImagePath(localPath(m_pItem->m_info_Thumb));
+    setMoviePath(localPath(m_pItem->m_info_Gif));
+}
+
+void MVThemePreviewFrm::setMoviePath(QString path)
+{
+    if (!QFile::exists(path))
+        path = TzResourceMgr::instance()->testOutputDir() + QLatin1String("/testskin")
+            + QLatin1String("/Simple.gif");
+    m_qsMoviePath = path;
+    m_movie.setFileName(path);
+    m_movie.setCacheMode(QMovie::CacheNone);
+    const double zoom = TzResourceMgr::getZoomDPI();
+    if (zoom > largestUnscaledZoom) {
+        const QSize size = QImage(path).size();
+        m_movie.setScaledSize({qRound(size.width() * zoom), qRound(size.height() * zoom)});
+    }
+    m_pUi->lblGif->setMovie(&m_movie);
+}
+
+void MVThemePreviewFrm::startPlayGif()
+{
+    if (!isAnimated())
+        return;
+    if (s_pMovie) {
+        LogL(logCategory, 1, "s_pMovie will stop!");
+        s_pMovie->stop();
+    }
+    if (!m_movie.isValid()) {
+        LogL(logCategory, 1, "startPlayGif m_movie.isValid() == false!");
+        closeMovieFile();
+        return;
+    }
+    m_pUi->stackedWidget->setCurrentWidget(m_pUi->pagePreview);
+    m_movie.start();
+    s_pMovie = &m_movie;
+}
+
+void MVThemePreviewFrm::stopPlayGif()
+{
+    if (!isAnimated())
+        return;
+    if (!m_movie.isValid()) {
+        LogL(logCategory, 1, "stopPlayGif m_movie.isValid() == false!");
+        closeMovieFile();
+        return;
+    }
+    m_pUi->stackedWidget->setCurrentWidget(m_pUi->pageNormal);
+    m_movie.stop();
+    closeMovieFile();
+}
+
+void MVThemePreviewFrm::adjustItem()
+{
+    if (!m_pItem)
+        return;
+    m_pUi->frmPic->setIsEmpty(true);
+    m_pUi->frmPic->repaint();
+}
+
+void MVThemePreviewFrm::resetItemData()
+{
+    if (!m_pItem)
+        return;
+    // The record belongs to the catalogue, which alone changes it.
+    auto& item = const_cast<SCfg_Item&>(*m_pItem);
+    MVThemeMgr::init()->doItem_Info_Thumb(item);
+    m_pUi->frmPic->setImagePath(localPath(item.m_info_Thumb));
+    m_pUi->frmPic->repaint();
+}
+
+bool MVThemePreviewFrm::event(QEvent* event)
+{
+    return QFrame::event(event);
+}
+
+void MVThemePreviewFrm::closeMovieFile()
+{
+    // A movie that was looked at keeps its file open until it is given another: a list of a
+    // thousand cells would use up what a process may have open.
+    m_movie.setFileName(m_qsMoviePath);
+}
+
+bool MVThemePreviewFrm::isAnimated() const
+{
+    return m_pItem && m_pItem->m_eType != eCfgItem_Filter
+        && m_pItem->m_eType != eCfgItem_BgMaterial;
+}

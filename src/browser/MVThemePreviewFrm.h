@@ -1,0 +1,61 @@
+#pragma once
+
+#include "browser/MvBrowserExport.h"
+
+#include <QFrame>
+#include <QMovie>
+#include <QString>
+
+#include <memory>
+
+class QEvent;
+struct SCfg_Item;
+
+namespace Ui {
+class MVThemePreviewFrm;
+}
+
+/// The picture of a list cell: the item's thumbnail, or its GIF preview while that plays.
+///
+/// Only one preview in the whole application plays at a time; starting one stops the other. Video
+/// filters and background materials have no animation. GUI thread only.
+class MVBROWSER_EXPORT MVThemePreviewFrm : public QFrame
+{
+    Q_OBJECT
+
+public:
+    explicit MVThemePreviewFrm(QWidget* parent);
+    ~MVThemePreviewFrm() override;
+
+    /// Shows the thumbnail of `item`, which belongs to the catalogue and must outlive its use here,
+    /// and makes its GIF the one to play.
+    void setItemData(const SCfg_Item* item);
+    /// The GIF to play. Where there is no such file, the host's placeholder is taken:
+    /// "testskin/Simple.gif" in TzResourceMgr::testOutputDir(). Above a screen scale of 1.25 the
+    /// animation is enlarged by that factor.
+    void setMoviePath(QString path);
+
+    /// Plays from the beginning; a file that is no animation leaves the thumbnail, and a log line.
+    void startPlayGif();
+    /// Back to the thumbnail. Closes the file.
+    void stopPlayGif();
+
+    /// Decodes the thumbnail anew for the present size, at once.
+    void adjustItem();
+    /// Looks where the item's thumbnail lies now, after a download, and paints it at once.
+    void resetItemData();
+
+protected:
+    bool event(QEvent* event) override;
+
+private:
+    bool isAnimated() const;
+    void closeMovieFile();
+
+    std::unique_ptr<Ui::MVThemePreviewFrm> m_pUi;
+    const SCfg_Item* m_pItem = nullptr;
+    QMovie m_movie;
+    QString m_qsMoviePath;
+
+    static QMovie* s_pMovie; // that of the frame that played last; null once that is destroyed
+};

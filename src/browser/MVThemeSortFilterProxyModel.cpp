@@ -1,0 +1,39 @@
+#include "browser/MVThemeSortFilterProxyModel.h"
+
+#include "browser/EUIItemRole.h"
+#include "catalogue/MVThemeMgr.h"
+
+#include <QUuid>
+
+MVThemeSortFilterProxyModel::MVThemeSortFilterProxyModel(QObject* parent)
+    : QSortFilterProxyModel(parent)
+{
+}
+
+void MVThemeSortFilterProxyModel::setThemeType(int themeType)
+{
+    if (themeType == m_nThemeType)
+        return;
+    m_nThemeType = themeType;
+    invalidateFilter();
+}
+
+bool MVThemeSortFilterProxyModel::filterAcceptsRow(int row, const QModelIndex& parent) const
+{
+    const QModelIndex index = sourceModel()->index(row, 0, parent);
+    const bool matches = index.data(UIItemRole_Name).toString().indexOf(filterRegExp(), 0) != -1;
+    if (m_nThemeType == allThemes)
+        return matches;
+    if (m_nThemeType == favouriteThemes && matches)
+        return isFavouriteTheme(index.data(UIItemRole_GUID).toString());
+    return m_nThemeType == index.data(UIItemRole_ThemeType).toInt() && matches;
+}
+
+bool MVThemeSortFilterProxyModel::isFavouriteTheme(const QString& guid)
+{
+    if (QUuid(guid).isNull())
+        return false;
+    MVThemeMgr* const manager = MVThemeMgr::init();
+    const SCfg_Item* const theme = manager->findItemByIDFromDisplay(eCfgItem_Theme, guid);
+    return theme && manager->isItemCollect(theme);
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "browser/MvBrowserExport.h"
+
+#include <QSortFilterProxyModel>
+
+/// Which rows of a resource list are shown: by theme type, or favourites, and by name.
+///
+/// The name is matched by filterRegExp(), anywhere in the name. Favourites are asked from the
+/// catalogue when the filter is applied. GUI thread only.
+class MVBROWSER_EXPORT MVThemeSortFilterProxyModel : public QSortFilterProxyModel
+{
+    Q_OBJECT
+
+public:
+    static constexpr int allThemes = 999;
+    static constexpr int favouriteThemes = 1;
+
+    explicit MVThemeSortFilterProxyModel(QObject* parent);
+
+    /// Shows the rows of this type (MVThemeMgr::Themetype), all (999) or the favourite themes (1).
+    void setThemeType(int themeType);
+
+    bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
+
+private:
+    static bool isFavouriteTheme(const QString& guid);
+
+    int m_nThemeType = allThemes;
+};

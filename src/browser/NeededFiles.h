@@ -1,0 +1,11 @@
+#pragma once
+
+#include "catalogue/MVThemeMgr.h"
+
+/// Whether files of the item are still to be downloaded. Looks at the disk for every file.
+inline bool needsFiles(SCfg_Item* item)
+{
+    QVector<SFileInfo*> missing;
+    MVThemeMgr::init()->getNeedDownLoadFiles(item, missing);
+    return !missing.isEmpty();
+}

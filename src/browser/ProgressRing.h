@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QImage>
+
+class QPainter;
+
+/// The progress ring of a download: a sector of one picture over another, and the per cent as text.
+struct ProgressRing
+{
+    QImage image; ///< uncovered by the sector
+    QImage mask;  ///< always there, below
+    QColor color; ///< of the text
+    QFont font;   ///< of the text
+
+    /// Paints the ring over `rect`, sharp at every screen scale. The sector shows `value` per cent
+    /// cut to 0 to 100, clockwise from twelve o'clock; the text shows `value` as it is.
+    void paint(QPainter* p, const QRect& rect, int value) const;
+
+private:
+    static void paintImage(QPainter* p, const QRect& rect, const QImage& image);
+    void paintSector(QPainter* p, const QRect& rect, int percent) const;
+};

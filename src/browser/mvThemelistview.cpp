@@ -1,0 +1,261 @@
+#include "browser/mvThemelistview.h"
+
+#include "browser/EUIItemRole.h"
+#include "browser/MVResourceItemDelegate.h"
+#include "browser/MVThemeItemWdg.h"
+#include "browser/MVThemeSortFilterProxyModel.h"
+#include "catalogue/MVThemeMgr.h"
+#include "catalogue/NoneEntry.h"
+#include "host/TzProductInfo.h"
+#include "host/widgets/SkinWidget.h"
+
+#include <QRegExp>
+#include <QScrollBar>
+#include <QStandardItemModel>
+#include <QWheelEvent>
+
+namespace {
+
+constexpr QSize fallbackItemSize(136, 110);
+
+} // namespace
+
+mvThemelistview::mvThemelistview(QWidget* parent)
+    : QListView(parent)
+{
+}
+
+mvThemelistview::~mvThemelistview()
+{
+    // All at once, so that waiting for the last takes no longer than for the first.
+    for (int row = 0; row < rowCount(); ++row) {
+        if (MVThemeItemWdg* widget = itemWidget(row))
+            widget->cancelDownload();
+    }
+}
+
+void mvThemelistview::setUIItemType(EUIItemType type)
+{
+    m_eType = type;
+    getItemSIze(m_itemSize, m_itemPadding);
+    if (m_itemSize.width() < 0 || m_itemSize.height() < 0)
+        m_itemSize = fallbackItemSize;
+
+    m_pModel = std::make_unique<QStandardItemModel>();
+    m_pProxy = new MVThemeSortFilterProxyModel(this);
+    m_pProxy->setSourceModel(m_pModel.get());
+    // A row that came to light by itself would have no widget.
+    m_pProxy->setDynamicSortFilter(false);
+
+    m_pDelegate = new MVResourceItemDelegate(this);
+    m_pDelegate->setUIItemType(type);
+    m_pDelegate->setItemSize(m_itemSize);
+    m_pDelegate->setItemPadding(
+        {m_itemPadding.height(), m_itemPadding.x(), m_itemPadding.y(), m_itemPadding.width()});
+    connect(m_pDelegate, &MVResourceItemDelegate::sigThemeItemClicked, this,
+            &mvThemelistview::sigThemeItemClicked);
+    setUpView();
+}
+
+void mvThemelistview::setUpView()
+{
+    setModel(m_pProxy);
+    setItemDelegate(m_pDelegate);
+    setSpacing(0);
+    setViewMode(IconMode);
+    setResizeMode(Adjust);
+    setDragEnabled(false);
+    setEditTriggers(NoEditTriggers);
+    setEditTriggers(AllEditTriggers);
+    setAttribute(Qt::WA_MouseTracking);
+}
+
+void mvThemelistview::getItemSIze(QSize& size, QRect& padding)
+{
+    const SkinWidget* const skin = SkinWidget::instance();
+    switch (m_eType) {
+    case UIItem_Themes:
+    case UIItem_FiltersLarge:
+        size = skin->themeItemSize();
+        padding = skin->themeItemPadding();
+        return;
+    case UIItem_Filters:
+    case UIItem_BgMaterial:
+        size = skin->filterItemSize();
+        padding = skin->filterItemPadding();
+        return;
+    case UIItem_None:
+        return;
+    }
+}
+
+const QVector<SCfg_Item>& mvThemelistview::getItems(EUIItemType type)
+{
+    static const QVector<SCfg_Item> none;
+    MVThemeMgr* const manager = MVThemeMgr::init();
+    switch (type) {
+    case UIItem_Themes:
+        return manager->getThemes_Display();
+    case UIItem_Filters:
+    case UIItem_FiltersLarge:
+        return manager->getDisplayXML().vecFilter;
+    case UIItem_BgMaterial:
+        return manager->getBgMaterial_Display();
+    case UIItem_None:
+        break;
+    }
+    return none;
+}
+
+void mvThemelistview::initData(const QUuid& /*unused*/, bool /*unused*/)
+{
+    if (!m_pModel)
+        return;
+    for (const SCfg_Item& item : getItems(m_eType))
+        appendItem(item);
+    if (m_eType == UIItem_Themes
+        && !TzProductInfo::instance()
+                ->extendParam(QStringLiteral("url_slidershow"), QString())
+                .isEmpty())
+        appendRow(QString(), 0, QString());
+    updateItemState();
+}
+
+void mvThemelistview::addItem(const SCfg_Item& item)
+{
+    if (!m_pModel)
+        return;
+    appendItem(item);
+    openPersistentEditor(m_pProxy->index(m_pProxy->rowCount() - 1, 0));
+}
+
+void mvThemelistview::appendItem(const SCfg_Item& item)
+{
+    appendRow(item.m_qsGUID, item.m_nThemeType, item.m_qsName);
+    m_mapItems.insert(QUuid(item.m_qsGUID), m_pModel->item(m_pModel->rowCount() - 1));
+}
+
+void mvThemelistview::appendRow(const QString& guid, int themeType, const QString& name)
+{
+    auto row = std::make_unique<QStandardItem>();
+    row->setData(guid, UIItemRole_GUID);
+    row->setData(themeType, UIItemRole_ThemeType);
+    row->setData(name, UIItemRole_Name);
+    m_pModel->appendRow(row.release()); // the model owns it
+}
+
+void mvThemelistview::updateItemState()
+{
+    if (!m_pProxy)
+        return;
+    for (int row = 0; row < m_pProxy->rowCount(); ++row)
+        openPersistentEditor(m_pProxy->index(row, 0));
+}
+
+void mvThemelistview::reapplyFilter(int themeType, QString text)
+{
+    if (m_pProxy) {
+        m_pProxy->setThemeType(themeType);
+        m_pProxy->setFilterRole(UIItemRole_Name);
+        m_pProxy->setFilterRegExp(QRegExp(text, Qt::CaseInsensitive, QRegExp::RegExp));
+    }
+    updateItemState();
+}
+
+void mvThemelistview::clear()
+{
+    for (int row = 0; row < rowCount(); ++row) {
+        if (MVThemeItemWdg* widget = itemWidget(row))
+            widget->cancelDownload(); // all at once, then wait
+    }
+    for (int row = 0; row < rowCount(); ++row) {
+        if (MVThemeItemWdg* widget = itemWidget(row))
+            widget->tryStopDownloadThread();
+    }
+    m_mapItems.clear();
+    if (!m_pModel)
+        return;
+    m_pModel->clear();
+    m_pProxy->invalidate();
+}
+
+void mvThemelistview::resetItemData()
+{
+    if (MVThemeItemWdg* widget = firstItemWidget())
+        widget->resetItemData();
+}
+
+void mvThemelistview::adjustItem()
+{
+    if (MVThemeItemWdg* widget = firstItemWidget())
+        widget->adjustItem();
+}
+
+void mvThemelistview::onClearSelect()
+{
+    if (m_pDelegate)
+        m_pDelegate->onClearSelect();
+}
+
+void mvThemelistview::selFilterItemByGUID(const QUuid& uuid)
+{
+    QString guid = uuid.toString();
+    if (guid.isEmpty())
+        guid = noneEntryGuid;
+    selectItem(guid, Qt::CaseInsensitive);
+}
+
+void mvThemelistview::selThemeItem(const SCfg_Item* item)
+{
+    if (item)
+        selectItem(item->m_qsGUID, Qt::CaseSensitive);
+}
+
+void mvThemelistview::selectItem(const QString& guid, Qt::CaseSensitivity cs)
+{
+    for (int row = 0; row < rowCount(); ++row) {
+        MVThemeItemWdg* const widget = itemWidget(row);
+        SCfg_Item* const item = widget ? widget->getItem() : nullptr;
+        if (!item || item->m_qsGUID.compare(guid, cs) != 0)
+            continue;
+        widget->setSel(widget);
+        emit sigThemeItemClicked(item);
+        return;
+    }
+}
+
+void mvThemelistview::ShowThemeSubWdgByOptTag(const QModelIndex& index)
+{
+    openPersistentEditor(m_pProxy->mapFromSource(index));
+}
+
+MVThemeItemWdg* mvThemelistview::itemWidget(int row) const
+{
+    const QVariant widget = m_pModel->index(row, 0).data(UIItemRole_Widget);
+    return qobject_cast<MVThemeItemWdg*>(widget.value<QObject*>());
+}
+
+MVThemeItemWdg* mvThemelistview::firstItemWidget() const
+{
+    for (int row = 0; row < rowCount(); ++row) {
+        if (MVThemeItemWdg* widget = itemWidget(row))
+            return widget;
+    }
+    return nullptr;
+}
+
+int mvThemelistview::rowCount() const
+{
+    return m_pModel ? m_pModel->rowCount() : 0;
+}
+
+void mvThemelistview::wheelEvent(QWheelEvent* event)
+{
+    const QPoint delta = event->angleDelta();
+    if (delta.y() != 0 && qAbs(delta.y()) >= qAbs(delta.x())) {
+        QScrollBar* const bar = verticalScrollBar();
+        const int step = m_itemSize.height();
+        bar->setValue(delta.y() < 1 ? bar->value() + step : bar->value() - step);
+    }
+    event->accept();
+}

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "browser/EUIItemType.h"
+#include "browser/MvBrowserExport.h"
+
+#include <QListView>
+#include <QMap>
+#include <QRect>
+#include <QSize>
+#include <QUuid>
+
+#include <memory>
+
+class MVResourceItemDelegate;
+class MVThemeItemWdg;
+class MVThemeSortFilterProxyModel;
+class QStandardItem;
+class QStandardItemModel;
+struct SCfg_Item;
+
+/// A scrolling grid of live cells that shows one kind of the catalogue's resources.
+///
+/// Construct it, call setUIItemType() once, then initData(); reapplyFilter() as often as the user
+/// likes. The cells point into the catalogue: call clear() before MVThemeMgr::load(true) or
+/// MVThemeMgr::clear(), and initData() again afterwards. Destroying the view stops the downloads
+/// that its cells have started. GUI thread only.
+///
+/// The rows carry the data that EUIItemRole names.
+class MVBROWSER_EXPORT mvThemelistview : public QListView
+{
+    Q_OBJECT
+
+public:
+    explicit mvThemelistview(QWidget* parent = nullptr);
+    ~mvThemelistview() override;
+
+    /// What the list shows; reads the size of its cells from the skin. Once, before any data.
+    void setUIItemType(EUIItemType type);
+    /// Appends all items of the catalogue's list, and "More>>" to the themes if the product
+    /// parameter "url_slidershow" says where that leads. The arguments are not used.
+    void initData(const QUuid&, bool);
+    /// Appends an item, which must stand in the catalogue, and opens its cell.
+    void addItem(const SCfg_Item& item);
+    /// The size and padding (top, right, bottom, left in x, y, width, height) that the skin gives
+    /// to this list's cells; a list of no type leaves both as they are.
+    void getItemSIze(QSize& size, QRect& padding);
+
+    /// Shows the items of a theme type (see MVThemeSortFilterProxyModel) whose names contain a
+    /// match of `text`, a QRegExp pattern without regard to case.
+    void reapplyFilter(int themeType, QString text);
+    /// Opens the cells of all rows that are shown.
+    void updateItemState();
+
+    /// Removes all rows. Stops the cells' downloads and waits for them, up to a second each.
+    void clear();
+    /// Looks anew where the thumbnail of the first cell lies.
+    void resetItemData();
+    /// Decodes the thumbnail of the first cell anew.
+    void adjustItem();
+
+    /// Takes the look of the selected item off it.
+    void onClearSelect();
+    /// Selects the item with this GUID, in any case, and emits sigThemeItemClicked(). Without
+    /// such an item nothing changes.
+    void selFilterItemByGUID(const QUuid& uuid);
+    /// The same with the GUID of `item`, exactly compared; null does nothing.
+    void selThemeItem(const SCfg_Item* item);
+
+signals:
+    /// An item was applied by the user, or selected by one of the operations above.
+    void sigThemeItemClicked(SCfg_Item*);
+
+protected:
+    /// One cell up or down, however far the wheel was turned.
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    static const QVector<SCfg_Item>& getItems(EUIItemType type);
+    void setUpView();
+    void appendRow(const QString& guid, int themeType, const QString& name);
+    void appendItem(const SCfg_Item& item);
+    void ShowThemeSubWdgByOptTag(const QModelIndex& index);
+    MVThemeItemWdg* itemWidget(int row) const;
+    MVThemeItemWdg* firstItemWidget() const;
+    int rowCount() const;
+    void selectItem(const QString& guid, Qt::CaseSensitivity cs);
+
+    MVResourceItemDelegate* m_pDelegate = nullptr;
+    std::unique_ptr<QStandardItemModel> m_pModel;
+    MVThemeSortFilterProxyModel* m_pProxy = nullptr;
+    EUIItemType m_eType = UIItem_None;
+    QSize m_itemSize;
+    QRect m_itemPadding;
+    QMap<QUuid, QStandardItem*> m_mapItems; // the items belong to the model
+};
