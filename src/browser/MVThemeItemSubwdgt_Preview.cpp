@@ -263,18 +263,21 @@ void MVThemeItemSubwdgt_Preview::onBtnMore()
         callback(m_pItem);
 }
 
-bool MVThemeItemSubwdgt_Preview::eventFilter(QObject* watched, QEvent* event)
+bool MVThemeItemSubwdgt_Preview::eventFilter(QObject* obj, QEvent* event)
 {
-    if (watched == m_pUi->lblIcon && event->type() == QEvent::Paint) {
+    if (obj == m_pUi->lblIcon && event->type() == QEvent::Paint) {
         QPainter painter(m_pUi->lblIcon);
         drawProgress(&painter, m_pUi->lblIcon->rect(), static_cast<int>(m_dProgress));
     }
-    return QFrame::eventFilter(watched, event);
+    return QFrame::eventFilter(obj, event);
 }
 
 void MVThemeItemSubwdgt_Preview::changeEvent(QEvent* event)
 {
     QFrame::changeEvent(event);
+    // The name's label holds a style of its own, so it would miss that the application's changed.
+    if (event->type() == QEvent::StyleChange && m_pUi->lblName->style() != QApplication::style())
+        m_pUi->lblName->setStyle(QApplication::style());
     if (event->type() != QEvent::LanguageChange)
         return;
     m_pUi->retranslateUi(this);

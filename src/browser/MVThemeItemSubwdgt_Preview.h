@@ -97,7 +97,7 @@ public:
     int marginTopNetError() const { return m_nMarginTopNetError; }
     void setMarginTopNetError(int margin);
 
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool eventFilter(QObject* obj, QEvent* event) override;
 
 public slots:
     /// Makes the item a favourite, or no longer.

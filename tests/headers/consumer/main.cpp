@@ -15,6 +15,8 @@ int main(int argc, char** argv)
     const QString path =
         manager->Path_resource_xml(MVThemeMgr::eLoadDir_Download, MVThemeMgr::eDirTag_Config);
     std::printf("config catalogue: %s\n", qPrintable(path));
-    // A symbol of the platform's widgets, so that the linker needs their library too.
+    // Symbols of the other libraries, so that the linker needs them too.
+    mvThemelistview view;
+    view.setUIItemType(UIItem_Themes);
     return SkinWidget::instance()->themeItemSize() == QSize(-1, -1) ? 0 : 1;
 }
