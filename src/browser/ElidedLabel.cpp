@@ -3,6 +3,7 @@
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
+#include <QTextDocument>
 #include <QToolTip>
 
 ElidedLabel::ElidedLabel(QWidget* parent)
@@ -20,7 +21,8 @@ bool ElidedLabel::event(QEvent* event)
     if (event->type() != QEvent::ToolTip || shownText() == text())
         return QLabel::event(event);
     const auto* help = static_cast<QHelpEvent*>(event);
-    QToolTip::showText(help->globalPos(), text().toHtmlEscaped(), this);
+    // As mark-up in any case: a tool tip takes text for mark-up or not by what it looks like.
+    QToolTip::showText(help->globalPos(), Qt::convertFromPlainText(text()), this);
     return true;
 }
 

@@ -59,6 +59,12 @@ void MVResourceItemDelegate::onClearSelect()
         showChecked(m_pCurSel, false);
 }
 
+void MVResourceItemDelegate::forgetSelection()
+{
+    m_qsHiddenSelection.clear();
+    m_pCurSel = nullptr;
+}
+
 QWidget* MVResourceItemDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                                               const QModelIndex& index) const
 {
@@ -115,7 +121,22 @@ void MVResourceItemDelegate::destroyEditor(QWidget* editor, const QModelIndex& i
         widget->setDeletedAfterDownload(true);
         return;
     }
+    if (widget) {
+        rememberSelection(widget);
+        widget->releaseItem();
+    }
     editor->deleteLater();
+}
+
+/// The row of the selected widget may come back, with another widget.
+void MVResourceItemDelegate::rememberSelection(const MVThemeItemWdg* widget) const
+{
+    if (widget != m_pCurSel)
+        return;
+    m_pCurSel = nullptr;
+    const SCfg_Item* const item = widget->getItem();
+    const bool isChecked = widget->property("IsChecked").toBool();
+    m_qsHiddenSelection = item && isChecked ? item->m_qsGUID : QString();
 }
 
 void MVResourceItemDelegate::adoptSelection(MVThemeItemWdg* widget) const

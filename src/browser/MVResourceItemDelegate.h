@@ -34,6 +34,8 @@ public:
 
     /// Takes the look of the selected item off it; it stays the selected one.
     void onClearSelect();
+    /// No item is the selected one any more; for when all rows go.
+    void forgetSelection();
 
     /// The widget for a row, owned by `parent`; Qt's default editor for a GUID that the catalogue
     /// does not know. A cell that was filtered out and still downloads is given back to its row.
@@ -57,6 +59,7 @@ protected:
 private:
     MVThemeItemWdg* createItemWidget(QWidget* parent, const QString& guid) const;
     void adoptSelection(MVThemeItemWdg* widget) const;
+    void rememberSelection(const MVThemeItemWdg* widget) const;
     void forgetWidget(QObject* widget, const QString& guid, const QPersistentModelIndex& row) const;
 
     mutable QWidget* m_pCurSel = nullptr; // item widgets write their address here

@@ -16,6 +16,8 @@
 
 namespace {
 
+constexpr double mostProgress = 1e6; // per cent
+
 bool isFavourite(SCfg_Item* item)
 {
     return MVThemeMgr::init()->isItemCollect(item);
@@ -133,7 +135,8 @@ void MVThemeItemSubwdgt_Preview::setDownLoadErrorText(EMVThemeDownLoadError e)
 
 void MVThemeItemSubwdgt_Preview::onProgress(double p)
 {
-    if (!qIsFinite(p))
+    // Neither NaN nor what no text can show.
+    if (!(qAbs(p) < mostProgress))
         return;
     m_dProgress = p;
     m_pUi->lblIcon->repaint();

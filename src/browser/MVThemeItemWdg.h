@@ -72,6 +72,9 @@ public:
     /// Stops a running download and waits for its thread. The cell ignores the mouse from then on.
     /// Without a running download nothing happens.
     void tryStopDownloadThread();
+    /// For a cell that has left its list and will be deleted: it lets go of the item, which may end
+    /// sooner, and ignores the mouse from then on.
+    void releaseItem() { m_pItem = nullptr; }
     /// Whether the widget deletes itself at the end of the download that runs: a cell that was
     /// filtered out of the list finishes its download in hiding.
     bool isDeletedAfterDownload() const { return m_bDeletedAfterDownload; }

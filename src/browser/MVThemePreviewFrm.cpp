@@ -59,11 +59,13 @@ void MVThemePreviewFrm::setMoviePath(QString path)
     m_qsMoviePath = path;
     m_movie.setFileName(path);
     m_movie.setCacheMode(QMovie::CacheNone);
+    QSize scaled; // invalid: the animation's own size
     const double zoom = TzResourceMgr::getZoomDPI();
     if (zoom > largestUnscaledZoom) {
         const QSize size = QImage(path).size();
-        m_movie.setScaledSize({qRound(size.width() * zoom), qRound(size.height() * zoom)});
+        scaled = {qRound(size.width() * zoom), qRound(size.height() * zoom)};
     }
+    m_movie.setScaledSize(scaled);
     m_pUi->lblGif->setMovie(&m_movie);
 }
 
@@ -115,6 +117,8 @@ void MVThemePreviewFrm::resetItemData()
     auto& item = const_cast<SCfg_Item&>(*m_pItem);
     MVThemeMgr::init()->doItem_Info_Thumb(item);
     m_pUi->frmPic->setImagePath(localPath(item.m_info_Thumb));
+    // The path stays the same when the download puts the file where it was looked for in vain.
+    m_pUi->frmPic->setIsEmpty(true);
     m_pUi->frmPic->repaint();
 }
 

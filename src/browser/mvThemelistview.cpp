@@ -12,6 +12,7 @@
 #include <QRegExp>
 #include <QScrollBar>
 #include <QStandardItemModel>
+#include <QStyle>
 #include <QWheelEvent>
 
 namespace {
@@ -23,6 +24,11 @@ constexpr QSize fallbackItemSize(136, 110);
 mvThemelistview::mvThemelistview(QWidget* parent)
     : QListView(parent)
 {
+    // The style sheet has seen them as parts of a QListView, which this was until now.
+    for (QScrollBar* const bar : {verticalScrollBar(), horizontalScrollBar()}) {
+        style()->unpolish(bar);
+        style()->polish(bar);
+    }
 }
 
 mvThemelistview::~mvThemelistview()
@@ -175,6 +181,8 @@ void mvThemelistview::clear()
     m_mapItems.clear();
     if (!m_pModel)
         return;
+    // The selected widget lives until the present event is over, its item perhaps not as long.
+    m_pDelegate->forgetSelection();
     m_pModel->clear();
     m_pProxy->invalidate();
 }
