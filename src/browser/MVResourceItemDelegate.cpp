@@ -68,6 +68,8 @@ void MVResourceItemDelegate::forgetSelection()
 QWidget* MVResourceItemDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                                               const QModelIndex& index) const
 {
+    if (!index.isValid())
+        return nullptr;
     if (MVThemeItemWdg* hidden = hiddenWidget(index)) {
         hidden->setDeletedAfterDownload(false);
         return hidden;
@@ -186,6 +188,14 @@ QSize MVResourceItemDelegate::sizeHint(const QStyleOptionViewItem& option,
     Q_UNUSED(index)
     return {m_itemSize.width() + m_nPaddingLeft + m_nPaddingRight,
             m_itemSize.height() + m_nPaddingTop + m_nPaddingBottom};
+}
+
+/// Cells hold nothing to commit: Escape and a lost focus mean what they mean outside of editors.
+bool MVResourceItemDelegate::eventFilter(QObject* editor, QEvent* event)
+{
+    if (qobject_cast<MVThemeItemWdg*>(editor))
+        return false;
+    return QStyledItemDelegate::eventFilter(editor, event);
 }
 
 bool MVResourceItemDelegate::editorEvent(QEvent* event, QAbstractItemModel* model,

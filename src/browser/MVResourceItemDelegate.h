@@ -37,8 +37,9 @@ public:
     /// No item is the selected one any more; for when all rows go.
     void forgetSelection();
 
-    /// The widget for a row, owned by `parent`; Qt's default editor for a GUID that the catalogue
-    /// does not know. A cell that was filtered out and still downloads is given back to its row.
+    /// The widget for a row, owned by `parent`; Qt's default editor, a line edit, for a GUID that
+    /// the catalogue does not know. A cell that was filtered out and still downloads is given back
+    /// to its row.
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const override;
     /// Deletes the widget after the present event; one that downloads hides and ends that first.
@@ -53,6 +54,7 @@ signals:
     void sigThemeItemClicked(SCfg_Item*);
 
 protected:
+    bool eventFilter(QObject* editor, QEvent* event) override;
     bool editorEvent(QEvent* event, QAbstractItemModel* model, const QStyleOptionViewItem& option,
                      const QModelIndex& index) override;
 

@@ -80,9 +80,26 @@ void MVThemeItemSubwdgt_Preview::setItem(SCfg_Item* item)
         m_pUi->stackedWidget->setCurrentWidget(m_pUi->pageMore);
         return;
     }
+    showItem(item, needsFiles(item));
+}
+
+void MVThemeItemSubwdgt_Preview::setItemDownload(SCfg_Item* item)
+{
+    if (!item) {
+        setItem(item);
+        return;
+    }
+    const bool needed = needsFiles(item);
+    showItem(item, needed);
+    m_pUi->btnDownload->setVisible(needed);
+    arrangeOverlay();
+}
+
+void MVThemeItemSubwdgt_Preview::showItem(SCfg_Item* item, bool needed)
+{
     m_pItem = item;
     m_pUi->stackedWidget->setCurrentWidget(m_pUi->pageShow);
-    if (!needsFiles(item) && isFavourite(item)) {
+    if (!needed && isFavourite(item)) {
         m_pUi->btnCollect->show();
         m_pUi->btnCollect_No->hide();
     }
@@ -90,13 +107,10 @@ void MVThemeItemSubwdgt_Preview::setItem(SCfg_Item* item)
     m_pUi->frmShow->setItemData(item);
 }
 
-void MVThemeItemSubwdgt_Preview::setItemDownload(SCfg_Item* item)
+void MVThemeItemSubwdgt_Preview::releaseItem()
 {
-    setItem(item);
-    if (!item)
-        return;
-    m_pUi->btnDownload->setVisible(needsFiles(item));
-    arrangeOverlay();
+    m_pItem = nullptr;
+    m_pUi->frmShow->setItemData(nullptr);
 }
 
 void MVThemeItemSubwdgt_Preview::setCurText(bool cur)
@@ -234,20 +248,21 @@ void MVThemeItemSubwdgt_Preview::onBtnCollect()
 {
     if (!m_pItem)
         return;
-    const bool favourite = isFavourite(m_pItem);
-    m_pItem->m_bCollected = !favourite;
+    // Whoever is told may clear the list, and with it this cell.
+    SCfg_Item* const item = m_pItem;
+    const ItemCallback callback = m_cbBtnCollect;
+    const bool favourite = isFavourite(item);
+    item->m_bCollected = !favourite;
     m_pUi->btnCollect->setVisible(!favourite);
     m_pUi->btnCollect_No->setVisible(favourite);
-    MVThemeMgr::init()->setItemCollected(m_pItem);
-    // A callback may clear the list, and with it this cell.
-    const ItemCallback callback = m_cbBtnCollect;
+    MVThemeMgr::init()->setItemCollected(item);
     if (callback)
-        callback(m_pItem);
+        callback(item);
 }
 
 void MVThemeItemSubwdgt_Preview::onBtnDownload()
 {
-    if (m_pUi->stackedWidget->currentWidget() == m_pUi->pageDownload)
+    if (!m_pItem || m_pUi->stackedWidget->currentWidget() == m_pUi->pageDownload)
         return;
     m_pUi->stackedWidget->setCurrentWidget(m_pUi->pageDownload);
     m_dProgress = 0.0;

@@ -62,6 +62,8 @@ public:
     void setItem(SCfg_Item* item);
     /// The same after a download has ended: what is still missing can be asked for again.
     void setItemDownload(SCfg_Item* item);
+    /// Lets go of the item, which may end from now on; what is shown stays.
+    void releaseItem();
     /// Shows or hides that this item is the applied one.
     void setCurText(bool cur);
     /// Shows why a download failed; success (5) hides the text.
@@ -122,6 +124,7 @@ protected:
 
 private:
     void createUI();
+    void showItem(SCfg_Item* item, bool needed);
     void createOverlay();
     void arrangeOverlay();
     void placeOverlay(int overlayWidth);

@@ -143,9 +143,15 @@ void MVThemeItemWdg::tryStopDownloadThread()
     m_pDownLoader->cancel();
     m_pDownLoader->wait();
     m_pDownLoader = nullptr;
-    m_pItem = nullptr;
+    releaseItem();
     if (m_bDeletedAfterDownload)
         deleteLater();
+}
+
+void MVThemeItemWdg::releaseItem()
+{
+    m_pItem = nullptr;
+    m_pUi->frmShow->releaseItem();
 }
 
 bool MVThemeItemWdg::eventFilter(QObject* watched, QEvent* event)

@@ -37,7 +37,8 @@ public:
 
     /// @name Host callbacks
     /// Shared by all cells and called on the GUI thread; an empty one is not called. A callback may
-    /// clear the list that the cell stands in.
+    /// clear the list that the cell stands in, or destroy it, but must leave reloading the
+    /// catalogue to a later event: another callback may get the same item.
     /// @{
     /// After an item was applied.
     static void setCbItemClicked(ItemCallback callback);
@@ -74,7 +75,7 @@ public:
     void tryStopDownloadThread();
     /// For a cell that has left its list and will be deleted: it lets go of the item, which may end
     /// sooner, and ignores the mouse from then on.
-    void releaseItem() { m_pItem = nullptr; }
+    void releaseItem();
     /// Whether the widget deletes itself at the end of the download that runs: a cell that was
     /// filtered out of the list finishes its download in hiding.
     bool isDeletedAfterDownload() const { return m_bDeletedAfterDownload; }

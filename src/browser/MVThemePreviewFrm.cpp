@@ -6,9 +6,10 @@
 #include "ui_MVThemePreviewFrm.h"
 
 #include <QFile>
-#include <QImage>
+#include <QImageReader>
 #include <QMutexLocker>
 #include <QStyle>
+#include <QtEndian>
 
 namespace {
 
@@ -20,6 +21,26 @@ QString localPath(const SFileInfo& info)
     // A download thread may be resolving the record.
     const QMutexLocker lock(info.m_pMutex.get());
     return info.m_qsFile;
+}
+
+/// A few bytes from a server can announce an animation that fills the memory. The size of a GIF's
+/// canvas stands at the head of the file, as two numbers of two bytes, the lower byte first.
+bool isOversized(QIODevice* file)
+{
+    constexpr int headSize = 10;
+    constexpr qint64 mostPixels = 64 * 1024 * 1024;
+    const QByteArray head = file ? file->peek(headSize) : QByteArray();
+    if (head.size() < headSize || !head.startsWith("GIF8"))
+        return false;
+    const auto width = qFromLittleEndian<quint16>(head.constData() + 6);
+    const auto height = qFromLittleEndian<quint16>(head.constData() + 8);
+    return qint64{width} * height > mostPixels;
+}
+
+QSize sizeOfFirstImage(const QString& path)
+{
+    QImageReader reader(path);
+    return reader.canRead() && !isOversized(reader.device()) ? reader.read().size() : QSize(0, 0);
 }
 
 } // namespace
@@ -48,6 +69,9 @@ void MVThemePreviewFrm::setItemData(const SCfg_Item* item)
     if (!m_pItem)
         return;
     m_pUi->frmPic->setImagePath(localPath(m_pItem->m_info_Thumb));
+    // A download may have put the file where it was looked for in vain.
+    if (m_pUi->frmPic->isEmpty())
+        m_pUi->frmPic->setIsEmpty(true);
     setMoviePath(localPath(m_pItem->m_info_Gif));
 }
 
@@ -56,17 +80,22 @@ void MVThemePreviewFrm::setMoviePath(QString path)
     if (!QFile::exists(path))
         path = TzResourceMgr::instance()->testOutputDir() + QLatin1String("/testskin")
             + QLatin1String("/Simple.gif");
+    // A movie that is given a file while it plays stands still for ever.
+    const bool wasPlaying = isPlaying();
+    m_movie.stop();
     m_qsMoviePath = path;
     m_movie.setFileName(path);
     m_movie.setCacheMode(QMovie::CacheNone);
     QSize scaled; // invalid: the animation's own size
     const double zoom = TzResourceMgr::getZoomDPI();
     if (zoom > largestUnscaledZoom) {
-        const QSize size = QImage(path).size();
+        const QSize size = sizeOfFirstImage(path);
         scaled = {qRound(size.width() * zoom), qRound(size.height() * zoom)};
     }
     m_movie.setScaledSize(scaled);
     m_pUi->lblGif->setMovie(&m_movie);
+    if (wasPlaying && isPlayable())
+        m_movie.start();
 }
 
 void MVThemePreviewFrm::startPlayGif()
@@ -77,7 +106,7 @@ void MVThemePreviewFrm::startPlayGif()
         LogL(logCategory, 1, "s_pMovie will stop!");
         s_pMovie->stop();
     }
-    if (!m_movie.isValid()) {
+    if (!isPlayable()) {
         LogL(logCategory, 1, "startPlayGif m_movie.isValid() == false!");
         closeMovieFile();
         return;
@@ -91,7 +120,7 @@ void MVThemePreviewFrm::stopPlayGif()
 {
     if (!isAnimated())
         return;
-    if (!m_movie.isValid()) {
+    if (!isPlayable()) {
         LogL(logCategory, 1, "stopPlayGif m_movie.isValid() == false!");
         closeMovieFile();
         return;
@@ -122,6 +151,14 @@ void MVThemePreviewFrm::resetItemData()
     m_pUi->frmPic->repaint();
 }
 
+void MVThemePreviewFrm::hideEvent(QHideEvent* event)
+{
+    QFrame::hideEvent(event);
+    // No mouse leaves what is hidden, and nobody sees it play.
+    if (isPlaying())
+        stopPlayGif();
+}
+
 bool MVThemePreviewFrm::event(QEvent* event)
 {
     return QFrame::event(event);
@@ -132,6 +169,16 @@ void MVThemePreviewFrm::closeMovieFile()
     // A movie that was looked at keeps its file open until it is given another: a list of a
     // thousand cells would use up what a process may have open.
     m_movie.setFileName(m_qsMoviePath);
+}
+
+bool MVThemePreviewFrm::isPlaying() const
+{
+    return m_movie.state() == QMovie::Running;
+}
+
+bool MVThemePreviewFrm::isPlayable() const
+{
+    return m_movie.isValid() && !isOversized(m_movie.device());
 }
 
 bool MVThemePreviewFrm::isAnimated() const

@@ -32,13 +32,14 @@ public:
     void setItemData(const SCfg_Item* item);
     /// The GIF to play. Where there is no such file, the host's placeholder is taken:
     /// "testskin/Simple.gif" in TzResourceMgr::testOutputDir(). Above a screen scale of 1.25 the
-    /// animation is enlarged by that factor.
+    /// animation is enlarged by that factor. An animation of more than 64 Mi pixels counts as none.
     void setMoviePath(QString path);
 
     /// Plays from the beginning; a file that is no animation leaves the thumbnail, and a log line.
     void startPlayGif();
     /// Back to the thumbnail. Closes the file.
     void stopPlayGif();
+    bool isPlaying() const;
 
     /// Decodes the thumbnail anew for the present size, at once.
     void adjustItem();
@@ -47,9 +48,12 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    /// A frame that nobody sees stops playing.
+    void hideEvent(QHideEvent* event) override;
 
 private:
     bool isAnimated() const;
+    bool isPlayable() const;
     void closeMovieFile();
 
     std::unique_ptr<Ui::MVThemePreviewFrm> m_pUi;

@@ -23,7 +23,7 @@ struct SCfg_Item;
 /// Construct it, call setUIItemType() once, then initData(); reapplyFilter() as often as the user
 /// likes. The cells point into the catalogue: call clear() before MVThemeMgr::load(true) or
 /// MVThemeMgr::clear(), and initData() again afterwards. Destroying the view stops the downloads
-/// that its cells have started. GUI thread only.
+/// that its cells have started; do that before the process ends. GUI thread only.
 ///
 /// The rows carry the data that EUIItemRole names.
 class MVBROWSER_EXPORT mvThemelistview : public QListView
@@ -39,7 +39,8 @@ public:
     /// Appends all items of the catalogue's list, and "More>>" to the themes if the product
     /// parameter "url_slidershow" says where that leads. The arguments are not used.
     void initData(const QUuid&, bool);
-    /// Appends an item, which must stand in the catalogue, and opens its cell.
+    /// Appends an item, which must stand in the catalogue, and opens its cell; many items belong
+    /// into the catalogue's list and initData(), which lays the cells out once.
     void addItem(const SCfg_Item& item);
     /// The size and padding (top, right, bottom, left in x, y, width, height) that the skin gives
     /// to this list's cells; a list of no type leaves both as they are.

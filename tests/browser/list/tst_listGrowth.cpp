@@ -1,0 +1,164 @@
+#include "browser/list/BrowserWorld.h"
+#include "browser/list/ListWindow.h"
+#include "browser/MVThemeItemWdg.h"
+#include "browser/MVThemeSortFilterProxyModel.h"
+#include "catalogue/MVThemeMgr.h"
+#include "support/TestMain.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+
+#include <memory>
+
+#include <unistd.h>
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr bool sanitized = true; // freed memory stays in quarantine, and everything is slow
+#else
+constexpr bool sanitized = false;
+#endif
+
+/// A list that is filled and filtered for days neither grows nor slows down.
+class tst_listGrowth : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void refillingDoesNotGrow();
+    void filteringDoesNotGrow();
+    void hoveringKeepsNoFilesOpen();
+    void laterPagesCostNoMoreThanTheFirst();
+
+private:
+    void fillWorld(int themes);
+
+    std::unique_ptr<BrowserWorld> m_world;
+};
+
+namespace {
+
+constexpr int fewThemes = 12;
+constexpr int page = sanitized ? 100 : 500;
+constexpr int rounds = sanitized ? 3 : 30;
+constexpr qint64 tolerated = 3 * 1024 * 1024;
+constexpr int timesSlower = 3;
+constexpr int leastMs = 200; // below this, a comparison says nothing
+
+/// Bytes of this process in memory.
+qint64 residentBytes()
+{
+    const QList<QByteArray> pages =
+        CatalogueFiles::read(QStringLiteral("/proc/self/statm")).split(' ');
+    return pages.size() > 1 ? pages.at(1).toLongLong() * sysconf(_SC_PAGESIZE) : 0;
+}
+
+int openFiles()
+{
+    return static_cast<int>(QDir(QStringLiteral("/proc/self/fd"))
+                                .entryList(QDir::NoDotAndDotDot | QDir::AllEntries)
+                                .size());
+}
+
+/// Deletes what the present event would delete at its end.
+void endEvent()
+{
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+} // namespace
+
+void tst_listGrowth::init()
+{
+    m_world = std::make_unique<BrowserWorld>();
+}
+
+void tst_listGrowth::fillWorld(int themes)
+{
+    for (int number = 1; number <= themes; ++number)
+        m_world->addTheme(number, QStringLiteral("Theme %1").arg(number));
+    m_world->load();
+}
+
+void tst_listGrowth::refillingDoesNotGrow()
+{
+    fillWorld(fewThemes);
+    ListWindow list(UIItem_Themes);
+    const auto refill = [&] {
+        list.fill();
+        list.view()->selThemeItem(BrowserWorld::theme(2));
+        list.view()->clear();
+        MVThemeMgr::init()->load(true);
+        endEvent();
+    };
+    for (int i = 0; i < rounds; ++i)
+        refill();
+    QCOMPARE(list.cellCount(), 0);
+    const int objects = list.window().findChildren<QObject*>().size();
+    const qint64 before = residentBytes();
+    for (int i = 0; i < rounds; ++i)
+        refill();
+    QCOMPARE(list.window().findChildren<QObject*>().size(), objects);
+    const qint64 grown = residentBytes() - before;
+    QVERIFY2(sanitized || grown < tolerated, qPrintable(QString::number(grown)));
+}
+
+void tst_listGrowth::filteringDoesNotGrow()
+{
+    fillWorld(fewThemes);
+    ListWindow list(UIItem_Themes);
+    list.fill();
+    list.view()->selThemeItem(BrowserWorld::theme(2));
+    const auto filter = [&] {
+        list.view()->reapplyFilter(999, QStringLiteral("5"));
+        endEvent();
+        list.view()->reapplyFilter(999, QString());
+        endEvent();
+    };
+    for (int i = 0; i < rounds; ++i)
+        filter();
+    const int objects = list.window().findChildren<QObject*>().size();
+    const qint64 before = residentBytes();
+    for (int i = 0; i < rounds; ++i)
+        filter();
+    QCOMPARE(list.window().findChildren<QObject*>().size(), objects);
+    QCOMPARE(list.cellCount(), fewThemes);
+    const qint64 grown = residentBytes() - before;
+    QVERIFY2(sanitized || grown < tolerated, qPrintable(QString::number(grown)));
+}
+
+void tst_listGrowth::hoveringKeepsNoFilesOpen()
+{
+    fillWorld(fewThemes);
+    ListWindow list(UIItem_Themes, {900, 500});
+    list.fill();
+    const int before = openFiles();
+    for (int row = 0; row < fewThemes; ++row)
+        list.moveTo(frameOf(list.cell(row)));
+    list.moveAway();
+    QCOMPARE(openFiles(), before);
+}
+
+void tst_listGrowth::laterPagesCostNoMoreThanTheFirst()
+{
+    fillWorld(page);
+    ListWindow list(UIItem_Themes);
+    QElapsedTimer timer;
+    timer.start();
+    list.fill();
+    const qint64 first = timer.restart();
+    list.view()->clear();
+    endEvent();
+    timer.restart();
+    list.fill();
+    const qint64 second = timer.elapsed();
+    QCOMPARE(list.cellCount(), page);
+    QVERIFY2(second <= qMax(first * timesSlower, qint64{leastMs}),
+             qPrintable(QStringLiteral("%1 ms, then %2 ms").arg(first).arg(second)));
+}
+
+MV_WIDGET_TEST_MAIN(tst_listGrowth)
+
+#include "tst_listGrowth.moc"
