@@ -119,6 +119,11 @@ void MVThemeItemWdg::onDownloadFinish(EMVThemeDownLoadError result)
         deleteLater();
     m_pUi->frmShow->setDownLoadErrorText(result);
     m_pUi->frmShow->setItemDownload(item);
+    // A mouse that stayed here all the time does not enter again.
+    if (m_pUi->MVThemeItemWdgBg->underMouse()) {
+        m_pUi->frmShow->startPlayGif();
+        m_pUi->frmShow->doEvent_Enter();
+    }
     if (!needsFiles(item))
         doApplyTheme();
     if (callback)
