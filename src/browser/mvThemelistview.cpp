@@ -18,6 +18,7 @@
 namespace {
 
 constexpr QSize fallbackItemSize(136, 110);
+constexpr int mostShownOneByOne = 8; // cells
 
 } // namespace
 
@@ -154,8 +155,21 @@ void mvThemelistview::updateItemState()
 {
     if (!m_pProxy)
         return;
-    for (int row = 0; row < m_pProxy->rowCount(); ++row)
-        openPersistentEditor(m_pProxy->index(row, 0));
+    QModelIndexList missing;
+    for (int row = 0; row < m_pProxy->rowCount(); ++row) {
+        const QModelIndex index = m_pProxy->index(row, 0);
+        if (!isPersistentEditorOpen(index))
+            missing.append(index);
+    }
+    // A widget that is shown posts events, and Qt compares each with all that wait already: a
+    // thousand cells shown one by one take far longer than a thousand shown at once.
+    const bool atOnce = missing.size() > mostShownOneByOne && viewport()->isVisible();
+    if (atOnce)
+        viewport()->hide();
+    for (const QModelIndex& index : std::as_const(missing))
+        openPersistentEditor(index);
+    if (atOnce)
+        viewport()->show();
 }
 
 void mvThemelistview::reapplyFilter(int themeType, QString text)

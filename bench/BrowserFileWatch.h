@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QHash>
+#include <QSet>
+#include <QStringList>
+
+/// Counts which files of some folders this program opens.
+class BrowserFileWatch
+{
+public:
+    struct Tally
+    {
+        int files = 0; ///< opened
+        int again = 0; ///< of these, opened before, in this tally or an earlier one
+    };
+
+    explicit BrowserFileWatch(const QStringList& folders);
+    ~BrowserFileWatch();
+    Q_DISABLE_COPY_MOVE(BrowserFileWatch)
+
+    /// What was opened since the last call. Takes as long as the list of events is.
+    Tally take();
+
+private:
+    void note(Tally& tally, const QString& path);
+
+    int m_notifier;
+    QHash<int, QString> m_folders; // by watch
+    QSet<QString> m_opened;
+};

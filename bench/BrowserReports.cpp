@@ -1,0 +1,147 @@
+#include "BrowserReports.h"
+
+#include "browser/MVThemeItemSubwdgt_Preview.h"
+#include "browser/MVThemeItemWdg.h"
+#include "browser/mvThemelistview.h"
+#include "BrowserStage.h"
+#include "BrowserWorld.h"
+#include "catalogue/MVThemeMgr.h"
+#include "host/HostSettings.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QMovie>
+#include <QUuid>
+
+#include <cstdio>
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+/// A resource server that never answers, but knows how often it was asked.
+class SilentServer
+{
+public:
+    SilentServer()
+        : m_listener(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0))
+    {
+        sockaddr_in address = {};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t length = sizeof address;
+        auto* const generic = reinterpret_cast<sockaddr*>(&address);
+        if (::bind(m_listener, generic, length) != 0
+            || ::getsockname(m_listener, generic, &length) != 0
+            || ::listen(m_listener, SOMAXCONN) != 0)
+            qFatal("no loopback socket");
+        hostSettings().productParams.insert(
+            QStringLiteral("url_themeRootDir"),
+            QStringLiteral("http://127.0.0.1:%1/").arg(ntohs(address.sin_port)));
+    }
+    ~SilentServer() { ::close(m_listener); }
+    Q_DISABLE_COPY_MOVE(SilentServer)
+
+    /// Connections since the last call.
+    int take()
+    {
+        int connections = 0;
+        for (int socket; (socket = ::accept(m_listener, nullptr, nullptr)) >= 0; ++connections)
+            ::close(socket);
+        return connections;
+    }
+
+private:
+    int m_listener;
+};
+
+BrowserReports::BrowserReports(const BrowserWorld& world, const QString& styleSheet)
+    : m_server(std::make_unique<SilentServer>())
+    , m_styleSheet(styleSheet)
+    , m_watch(world.folders())
+{
+}
+
+BrowserReports::~BrowserReports() = default;
+
+void BrowserReports::print()
+{
+    BrowserStage::dress(m_styleSheet);
+    m_watch.take();
+    const auto list = BrowserStage::openList();
+    report("initData", [&list] { list->initData(QUuid(), false); });
+    reportFilter(*list);
+    reportHover(*list);
+    reportRing();
+}
+
+void BrowserReports::report(const char* what, const std::function<void()>& action)
+{
+    QElapsedTimer clock;
+    clock.start();
+    action();
+    const double called = static_cast<double>(clock.nsecsElapsed()) / 1e6;
+    BrowserStage::settle();
+    const double settled = static_cast<double>(clock.nsecsElapsed()) / 1e6;
+    const BrowserFileWatch::Tally tally = m_watch.take();
+    std::printf("%-44s %8.2f ms, until settled %8.2f ms; opened %d files, %d again; "
+                "asked the server %d times\n",
+                what, called, settled, tally.files, tally.again, m_server->take());
+}
+
+void BrowserReports::reportFilter(mvThemelistview& list)
+{
+    const int festivals = MVThemeMgr::init()->Themetype(QStringLiteral("festivals"));
+    const int travel = MVThemeMgr::init()->Themetype(QStringLiteral("travel"));
+    const auto show = [&list](int type) {
+        return [&list, type] { list.reapplyFilter(type, QString()); };
+    };
+    report("reapplyFilter, all to festivals", show(festivals));
+    report("reapplyFilter, festivals to travel", show(travel));
+    report("reapplyFilter, travel back to festivals", show(festivals));
+    report("reapplyFilter, festivals again", show(festivals));
+    report("reapplyFilter, festivals to all", show(999));
+}
+
+void BrowserReports::reportHover(const mvThemelistview& list)
+{
+    const auto cells = list.findChildren<MVThemeItemWdg*>();
+    hover("hover to first frame", *cells.at(0));
+    hover("hover over the next cell", *cells.at(1));
+    hover("hover over the first again", *cells.at(0));
+}
+
+void BrowserReports::hover(const char* what, QWidget& cell)
+{
+    QWidget* const target = cell.findChild<QWidget*>(QStringLiteral("MVThemeItemWdgBg"));
+    const QMovie* const movie = cell.findChild<QLabel*>(QStringLiteral("lblGif"))->movie();
+    report(what, [target, movie] {
+        bool hasFrame = false;
+        const auto connection = QObject::connect(movie, &QMovie::frameChanged, target,
+                                                 [&hasFrame] { hasFrame = true; });
+        QEvent enter(QEvent::Enter);
+        QCoreApplication::sendEvent(target, &enter);
+        while (!hasFrame)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        QObject::disconnect(connection);
+    });
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(target, &leave);
+    BrowserStage::settle();
+}
+
+void BrowserReports::reportRing()
+{
+    // Without an item, so that no download starts.
+    MVThemeItemWdg cell(nullptr);
+    auto* const face = cell.findChild<MVThemeItemSubwdgt_Preview*>();
+    cell.show();
+    face->startDownLoad();
+    BrowserStage::settle();
+    report("100 ring repaints", [face] {
+        for (int percent = 1; percent <= 100; ++percent)
+            face->onProgress(percent);
+    });
+}

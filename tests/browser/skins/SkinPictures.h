@@ -1,0 +1,49 @@
+#pragma once
+
+#include "SampleWorld.h"
+
+#include <QObject>
+
+#include <memory>
+
+struct SCfg_Item;
+
+/// The rows of a list by the state that a picture shows them in.
+struct ShownStates
+{
+    int applied = -1;
+    int hovered = -1;
+    int favourite = -1;
+    int missing = -1;
+    int downloading = -1;
+    int failed = -1;
+};
+
+/// Shows the samples in every skin, keeps pictures of that in the folder MV_SCREENSHOTS, and
+/// verifies what they have to look like. The scale factor is that of the process.
+class SkinPictures : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `scale` ends the pictures' names.
+    explicit SkinPictures(const QString& scale);
+    ~SkinPictures() override;
+
+private slots:
+    void initTestCase();
+    void cleanup();
+    void everyState_data();
+    void everyState();
+    void textsInEveryLanguage_data();
+    void textsInEveryLanguage();
+
+private:
+    static ShownStates choose(EUIItemType type);
+    void bringAbout(SampleList& list, const ShownStates& rows);
+    void save(SampleList& list) const;
+
+    QString m_scale;
+    std::unique_ptr<SampleWorld> m_world;
+    SCfg_Item* m_favourite = nullptr; // of the running test
+};

@@ -1,0 +1,212 @@
+#include "browser/BrowserSkin.h"
+
+#include "support/TestMain.h"
+
+#include <QApplication>
+#include <QDirIterator>
+#include <QFile>
+#include <QImage>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRegularExpression>
+
+namespace {
+
+const QString folder = QStringLiteral(":/mvbrowser/skins/");
+
+QString readAll(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+QStringList urlsIn(const QString& sheet)
+{
+    static const QRegularExpression url(QStringLiteral("url\\(([^)]*)\\)"));
+    QStringList urls;
+    for (auto it = url.globalMatch(sheet); it.hasNext();)
+        urls.append(it.next().captured(1));
+    return urls;
+}
+
+/// Every selector of the sheet, without comments and declarations.
+QStringList selectorsIn(QString sheet)
+{
+    sheet.remove(QRegularExpression(QStringLiteral("/\\*.*?\\*/"),
+                                    QRegularExpression::DotMatchesEverythingOption));
+    sheet.replace(QRegularExpression(QStringLiteral("\\{[^}]*\\}")), QStringLiteral(","));
+    QStringList selectors;
+    const QStringList parts = sheet.split(QLatin1Char(','));
+    for (const QString& part : parts) {
+        if (!part.trimmed().isEmpty())
+            selectors.append(part.trimmed());
+    }
+    return selectors;
+}
+
+/// Widgets as a host has them, some with names that the browser's parts have too.
+class HostWindow : public QWidget
+{
+public:
+    HostWindow()
+    {
+        auto add = [this, y = 0](QWidget* widget, const char* name) mutable {
+            widget->setParent(this);
+            widget->setObjectName(QString::fromLatin1(name));
+            widget->setGeometry(5, y, 190, 60);
+            y += 65;
+        };
+        add(new QPushButton(QStringLiteral("Apply")), "btnDownload");
+        add(new QLabel(QStringLiteral("Name")), "lblName");
+        auto* const frame = new QFrame;
+        frame->setFrameShape(QFrame::StyledPanel);
+        add(frame, "frmBg");
+        auto* const list = new QListWidget;
+        for (int i = 0; i < 30; ++i)
+            list->addItem(QString::number(i));
+        list->setCurrentRow(1);
+        add(list, "list");
+        resize(200, 260);
+    }
+};
+
+} // namespace
+
+/// The style sheets as such; what they make of a list is in tst_skinnedLists and
+/// tst_skins_screenshots.
+class tst_BrowserSkin : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup() { qApp->setStyleSheet({}); }
+
+    void namesTheSkins();
+    void givesTheResource_data() { skins(); }
+    void givesTheResource();
+    void knowsNoOther_data();
+    void knowsNoOther();
+    void isUnderstood_data() { skins(); }
+    void isUnderstood();
+    void aSheetThatIsNotIsNoticed();
+    void bringsItsPictures_data() { skins(); }
+    void bringsItsPictures();
+    void bringsNoPictureInVain();
+    void stylesTheBrowserOnly_data() { skins(); }
+    void stylesTheBrowserOnly();
+    void leavesTheHostAlone_data() { skins(); }
+    void leavesTheHostAlone();
+
+private:
+    static void skins();
+};
+
+void tst_BrowserSkin::skins()
+{
+    QTest::addColumn<QString>("skin");
+    const QStringList names = BrowserSkin::names();
+    for (const QString& name : names)
+        QTest::newRow(qPrintable(name)) << name;
+}
+
+void tst_BrowserSkin::namesTheSkins()
+{
+    QCOMPARE(BrowserSkin::names(),
+             QStringList({QStringLiteral("Classical"), QStringLiteral("Elegance"),
+                          QStringLiteral("Simplicity"), QStringLiteral("Calm")}));
+}
+
+void tst_BrowserSkin::givesTheResource()
+{
+    QFETCH(QString, skin);
+    const QString sheet = BrowserSkin::styleSheet(skin);
+    QVERIFY(!sheet.isEmpty());
+    QCOMPARE(sheet, readAll(folder + skin + QStringLiteral(".qss")));
+}
+
+void tst_BrowserSkin::knowsNoOther_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("none") << QString();
+    QTest::newRow("another") << QStringLiteral("Loud");
+    QTest::newRow("another case") << QStringLiteral("calm");
+    QTest::newRow("a file") << QStringLiteral("Calm.qss");
+    QTest::newRow("a path") << QStringLiteral("../skins/Calm");
+}
+
+void tst_BrowserSkin::knowsNoOther()
+{
+    QFETCH(QString, name);
+    QCOMPARE(BrowserSkin::styleSheet(name), QString());
+}
+
+void tst_BrowserSkin::isUnderstood()
+{
+    QFETCH(QString, skin);
+    QPushButton button; // a sheet is read when the first widget takes its looks from it
+    qApp->setStyleSheet(BrowserSkin::styleSheet(skin));
+    button.ensurePolished();
+}
+
+void tst_BrowserSkin::aSheetThatIsNotIsNoticed()
+{
+    QPushButton button;
+    QTest::ignoreMessage(QtWarningMsg, "Could not parse application stylesheet");
+    qApp->setStyleSheet(BrowserSkin::styleSheet(QStringLiteral("Calm")) + QStringLiteral("{"));
+    button.ensurePolished();
+}
+
+void tst_BrowserSkin::bringsItsPictures()
+{
+    QFETCH(QString, skin);
+    const QStringList urls = urlsIn(BrowserSkin::styleSheet(skin));
+    QVERIFY(urls.size() >= 8);
+    for (const QString& url : urls) {
+        QVERIFY2(url.startsWith(folder), qPrintable(url));
+        QVERIFY2(!QImage(url).isNull(), qPrintable(url));
+    }
+}
+
+void tst_BrowserSkin::bringsNoPictureInVain()
+{
+    QString all;
+    const QStringList names = BrowserSkin::names();
+    for (const QString& name : names)
+        all += BrowserSkin::styleSheet(name);
+    const QStringList urls = urlsIn(all);
+    QDirIterator icons(folder + QStringLiteral("icons"), QDir::Files);
+    QVERIFY(icons.hasNext());
+    while (icons.hasNext()) {
+        const QString icon = icons.next();
+        QVERIFY2(urls.contains(icon), qPrintable(icon));
+    }
+}
+
+void tst_BrowserSkin::stylesTheBrowserOnly()
+{
+    QFETCH(QString, skin);
+    static const QRegularExpression ours(
+        QStringLiteral("^(mvThemelistview|MVThemeItemWdg|FiterItemWdg|MVThemeItemSubwdgt_Preview"
+                       "|MVThemePreviewFrm|SkinWidget)\\b"));
+    const QStringList selectors = selectorsIn(BrowserSkin::styleSheet(skin));
+    QVERIFY(selectors.size() > 30);
+    for (const QString& selector : selectors)
+        QVERIFY2(selector.contains(ours), qPrintable(selector));
+}
+
+void tst_BrowserSkin::leavesTheHostAlone()
+{
+    QFETCH(QString, skin);
+    HostWindow window;
+    // The same machinery, with a rule for nobody.
+    qApp->setStyleSheet(QStringLiteral("NoSuchWidget { color: red; }"));
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    const QImage before = window.grab().toImage();
+    qApp->setStyleSheet(BrowserSkin::styleSheet(skin));
+    QCOMPARE(window.grab().toImage(), before);
+}
+
+MV_WIDGET_TEST_MAIN(tst_BrowserSkin)
+#include "tst_BrowserSkin.moc"
