@@ -9,6 +9,7 @@
 #include "host/TzProductInfo.h"
 #include "host/widgets/SkinWidget.h"
 
+#include <QCoreApplication>
 #include <QRegExp>
 #include <QScrollBar>
 #include <QStandardItemModel>
@@ -19,6 +20,20 @@ namespace {
 
 constexpr QSize fallbackItemSize(136, 110);
 constexpr int mostShownOneByOne = 8; // cells
+
+/// Takes back what the parts of a hidden widget have asked for and get anyway when it is shown. Qt
+/// compares each such event with all that wait already, so the requests of a thousand cells would
+/// take longer than the cells.
+void dropRequests(QWidget* widget)
+{
+    if (!widget)
+        return;
+    const QList<QWidget*> parts = widget->findChildren<QWidget*>();
+    for (QWidget* part : QList<QWidget*>{widget} + parts) {
+        QCoreApplication::removePostedEvents(part, QEvent::PolishRequest);
+        QCoreApplication::removePostedEvents(part, QEvent::LayoutRequest);
+    }
+}
 
 } // namespace
 
@@ -161,13 +176,14 @@ void mvThemelistview::updateItemState()
         if (!isPersistentEditorOpen(index))
             missing.append(index);
     }
-    // A widget that is shown posts events, and Qt compares each with all that wait already: a
-    // thousand cells shown one by one take far longer than a thousand shown at once.
     const bool atOnce = missing.size() > mostShownOneByOne && viewport()->isVisible();
     if (atOnce)
         viewport()->hide();
-    for (const QModelIndex& index : std::as_const(missing))
+    for (const QModelIndex& index : std::as_const(missing)) {
         openPersistentEditor(index);
+        if (atOnce)
+            dropRequests(indexWidget(index));
+    }
     if (atOnce)
         viewport()->show();
 }
