@@ -232,8 +232,10 @@ signals:
     void sigBgMaterialCollected(const SCfg_Item* pSCfg_Item);
 
 private:
+    friend class BuiltinThemes;
     MVThemeMgr();
 
+    void createLocalThemeRes();
     bool isEditFilter(QVector<SCfg_Item>& vec, QString id);
     void clearVectors();
     bool resolve(SFileInfo& info, ECfgItemType k, EDirTag t, const QString& relative,

@@ -26,6 +26,9 @@ struct MVHOST_EXPORT HostSettings
     QString appDataPath;
     /// Holds "testskin/Simple.gif", the placeholder animation.
     QString testOutputDir;
+    /// Full tree of resources ("config/Themes", ...) out of which the built-in themes are extracted
+    /// (BuiltinThemes); its last component is "Resource". Empty, the default: there is none.
+    QString developerResourceRoot;
     /// Name of the active skin: "Classical", "Elegance", "Simplicity" or "Calm"; others are
     /// allowed.
     QString currentSkin;
@@ -60,7 +63,8 @@ MVHOST_EXPORT HostSettings& hostSettings();
 
 /// Reads an INI file (UTF-8) into hostSettings(); what the file does not name keeps its value.
 ///
-///     [paths]    resources, data, appData, testOutput   (relative ones: relative to the file)
+///     [paths]    resources, data, appData, testOutput, developerResource
+///                                                       (relative ones: relative to the file)
 ///     [ui]       skin, zoomDPI
 ///     [product]  editions                               (comma separated, 1 to 5)
 ///     [params]   any key = value                        (the product parameters)

@@ -73,6 +73,8 @@ bool HostSettingsFile::readValue(const QString& key, const QVariant& value, Host
         return readPath(key, text, settings.appDataPath);
     if (key == QLatin1String("paths/testOutput"))
         return readPath(key, text, settings.testOutputDir);
+    if (key == QLatin1String("paths/developerResource"))
+        return readPath(key, text, settings.developerResourceRoot);
     if (key == QLatin1String("network/caFile"))
         return readPath(key, text, settings.caFile);
     if (key == QLatin1String("ui/zoomDPI"))

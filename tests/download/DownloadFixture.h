@@ -89,6 +89,9 @@ public:
     /// that thread goes on.
     void onLine(const QString& part, const Action& action);
 
+    /// Records what a test observes itself.
+    void add(const QString& entry);
+
     QStringList entries() const;
     bool contains(const QString& entry) const { return entries().contains(entry); }
     int count(const QString& entry) const { return entries().count(entry); }
@@ -104,7 +107,6 @@ public:
     bool waitForPart(const QString& part) const;
 
 private:
-    void add(const QString& entry);
     void write(const QByteArray& category, int level, const QByteArray& text);
     static bool waitUntil(const std::function<bool()>& condition);
 

@@ -42,6 +42,7 @@ void tst_HostSettings::foldersComeFromTheStandardPaths()
     QCOMPARE(settings.appDataPath, data);
     QCOMPARE(settings.resourcesPath, data + QStringLiteral("/resources"));
     QCOMPARE(settings.testOutputDir, data + QStringLiteral("/resources"));
+    QVERIFY(settings.developerResourceRoot.isEmpty());
 }
 
 void tst_HostSettings::otherDefaults()
@@ -75,6 +76,7 @@ void tst_HostSettings::readsEveryKey()
                                  "data=/home/someone/data\n"
                                  "appData=/home/someone/app\n"
                                  "testOutput=/home/someone/output\n"
+                                 "developerResource=/home/someone/Resource\n"
                                  "[ui]\n"
                                  "skin=Elegance\n"
                                  "zoomDPI=1.25\n"
@@ -100,6 +102,7 @@ void tst_HostSettings::readsEveryKey()
     QCOMPARE(settings.dataLocation, QStringLiteral("/home/someone/data"));
     QCOMPARE(settings.appDataPath, QStringLiteral("/home/someone/app"));
     QCOMPARE(settings.testOutputDir, QStringLiteral("/home/someone/output"));
+    QCOMPARE(settings.developerResourceRoot, QStringLiteral("/home/someone/Resource"));
     QCOMPARE(settings.currentSkin, QStringLiteral("Elegance"));
     QCOMPARE(settings.zoomDPI, 1.25);
     QCOMPARE(settings.partnerEditions, (QSet<int>{2, 5}));
@@ -233,7 +236,8 @@ void tst_HostSettings::readsPaths()
     QFETCH(QByteArray, value);
     QFETCH(QString, path);
     const QByteArray content = "[paths]\nresources=" + value + "\ndata=" + value
-        + "\nappData=" + value + "\ntestOutput=" + value + "\n[network]\ncaFile=" + value + '\n';
+        + "\nappData=" + value + "\ntestOutput=" + value + "\ndeveloperResource=" + value
+        + "\n[network]\ncaFile=" + value + '\n';
     const QString file = iniFile(content);
     // Relative to the file also where the file itself is named relative to the current folder.
     const QString named = QDir::current().relativeFilePath(file);
@@ -243,6 +247,7 @@ void tst_HostSettings::readsPaths()
     QCOMPARE(hostSettings().dataLocation, path);
     QCOMPARE(hostSettings().appDataPath, path);
     QCOMPARE(hostSettings().testOutputDir, path);
+    QCOMPARE(hostSettings().developerResourceRoot, path);
     QCOMPARE(hostSettings().caFile, path);
 }
 

@@ -16,6 +16,7 @@ QStringList everything(const HostSettings& s)
                        s.dataLocation,
                        s.appDataPath,
                        s.testOutputDir,
+                       s.developerResourceRoot,
                        s.currentSkin,
                        QString::number(s.zoomDPI),
                        QString::number(s.connectTimeoutMs),
@@ -188,8 +189,8 @@ void tst_HostSettingsErrors::refusesAValueOutOfRange_data()
     for (const char* value : {"0.09", "0", "-1", "16.01", "nan", "inf", "big", "", "1, 5"})
         zoom(value);
 
-    for (const char* key :
-         {"paths/resources", "paths/data", "paths/appData", "paths/testOutput", "network/caFile"})
+    for (const char* key : {"paths/resources", "paths/data", "paths/appData", "paths/testOutput",
+                            "paths/developerResource", "network/caFile"})
         QTest::addRow("%s is empty", key)
             << QByteArray(key) << QByteArray() << QLatin1String(key) + QStringLiteral(" is empty");
 }

@@ -1,0 +1,41 @@
+#include "catalogue/BuiltinThemes.h"
+
+#include "catalogue/MVThemeMgr.h"
+#include "host/HostSettings.h"
+
+#include <QFileInfo>
+
+namespace {
+
+constexpr int builtinThemes = 2;
+
+/// Why nothing can be extracted; empty if it can.
+QString obstacle(MVThemeMgr& manager)
+{
+    const QString root = hostSettings().developerResourceRoot;
+    if (root.isEmpty())
+        return QStringLiteral("no developer resource root is set");
+    if (!QFileInfo(root + QStringLiteral("/config")).isDir())
+        return QStringLiteral("no such folder: %1/config").arg(root);
+    // Every "config" in a path becomes "config_local", so the copy would lie somewhere else.
+    if (root.contains(QLatin1String("config")))
+        return QStringLiteral("the path of the developer resource root contains \"config\": %1")
+            .arg(root);
+    if (manager.getThemes_Display().size() < builtinThemes)
+        return QStringLiteral("the catalogue shows fewer than two themes");
+    return QString();
+}
+
+} // namespace
+
+bool BuiltinThemes::create(QString* error)
+{
+    MVThemeMgr* const manager = MVThemeMgr::init();
+    const QString reason = obstacle(*manager);
+    if (error)
+        *error = reason;
+    if (!reason.isEmpty())
+        return false;
+    manager->createLocalThemeRes();
+    return true;
+}

@@ -1,0 +1,128 @@
+// MVThemeMgr: extracting the built-in items out of a full resource tree.
+
+#include "catalogue/MVThemeMgr.h"
+#include "catalogue/PathGuard.h"
+#include "host/AppOptions.h"
+#include "host/HostSettings.h"
+#include "host/Utils.h"
+
+#include <QFileInfo>
+#include <QStringList>
+#include <QUuid>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr int slotCount = 5;
+constexpr int copiedSlots = 4; // motions, the last slot, are copied as a whole
+constexpr int builtinThemes = 2;
+
+/// Folder of a dependency slot below the root.
+QString slotFolder(int slot)
+{
+    switch (slot) {
+    case eDependType_Transition:
+        return QStringLiteral("/config/Transitions/");
+    case eDependType_ImageMotion:
+        return QStringLiteral("/config/Motions/");
+    default:
+        return QStringLiteral("/config/VideoFilters/");
+    }
+}
+
+/// Copies parts of a resource tree into its "config_local" twin, whatever fails.
+class LocalTree
+{
+public:
+    explicit LocalTree(const QString& root)
+        : m_root(root)
+    {
+    }
+
+    void add(int slot, const QString& guid)
+    {
+        if (QUuid(guid).isNull())
+            return;
+        const QString folder = m_root + slotFolder(slot) + guid;
+        // A GUID may have a tail that leads elsewhere.
+        if (!PathGuard::isInside(m_root + QStringLiteral("/config"), folder))
+            return;
+        addOnce(m_folders.at(slot), folder);
+        addOnce(m_files.at(slot), folder + QStringLiteral(".xml"));
+    }
+
+    void write() const
+    {
+        Utils::rmDir(m_root + QStringLiteral("/config_local"), true);
+        copyFolder(m_root + QStringLiteral("/config/Themes"));
+        copyFolder(m_root + QStringLiteral("/config/Motions"));
+        for (int slot = 0; slot < copiedSlots; ++slot) {
+            for (const QString& folder : m_folders.at(slot))
+                copyFolder(folder);
+        }
+        for (int slot = 0; slot < copiedSlots; ++slot) {
+            for (const QString& file : m_files.at(slot))
+                copyFile(file);
+        }
+        for (const char* name :
+             {"/config/VideoFilters/VideoFilters.xml", "/config/Transitions/Transitions.xml",
+              "/config/Motions/Motions.xml"})
+            copyFile(m_root + QString::fromLatin1(name));
+    }
+
+private:
+    static void addOnce(QStringList& list, const QString& path)
+    {
+        if (!list.contains(path))
+            list.append(path);
+    }
+
+    static QString twin(QString path)
+    {
+        return path.replace(QLatin1String("config"), QLatin1String("config_local"));
+    }
+
+    static void copyFolder(const QString& from)
+    {
+        const QString to = twin(from);
+        AppOptions::instance()->ensureDirExists(to);
+        Utils::copyDirectoryFiles(from, to, true);
+    }
+
+    static void copyFile(const QString& from)
+    {
+        const QString to = twin(from);
+        AppOptions::instance()->ensureDirExists(QFileInfo(to).path());
+        Utils::copyFileToPath(from, to, true);
+    }
+
+    QString m_root;
+    std::array<QStringList, slotCount> m_folders;
+    std::array<QStringList, slotCount> m_files;
+};
+
+} // namespace
+
+void MVThemeMgr::createLocalThemeRes()
+{
+    const QString root = hostSettings().developerResourceRoot;
+    if (root.isEmpty())
+        return; // else the tree would begin at the root of the disk
+    LocalTree tree(root);
+    for (const SCfg_Item& filter : std::as_const(m_sDisplayXML.vecFilter))
+        tree.add(eDependType_Filter, filter.m_qsGUID);
+
+    const int themes = std::min(builtinThemes, m_sDisplayXML.vecTheme.size());
+    for (int i = 0; i < themes; ++i) {
+        const SThemes_a* const theme = m_sDisplayXML.vecTheme.at(i).m_pThemes_a;
+        if (!theme)
+            continue;
+        for (const SThemes_a::SDependArray& element : theme->m_vecItems) {
+            for (int slot = 0; slot < slotCount; ++slot)
+                tree.add(slot, element.at(slot).m_qsGUID);
+        }
+    }
+    tree.write();
+}

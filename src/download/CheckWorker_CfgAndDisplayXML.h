@@ -1,0 +1,130 @@
+#pragma once
+
+#include "download/EType_XML.h"
+#include "download/SCatalogueCheckResult.h"
+#include "host/CurWrapper.h"
+#include "records/MvResourceExport.h"
+
+#include <QObject>
+#include <QString>
+
+#include <atomic>
+#include <functional>
+
+class CheckTransfer;
+
+/// Keeps the downloaded catalogue files current: one object does one check.
+///
+/// It fetches the server's version file, compares it with those on disk, fetches what has changed
+/// into a temporary folder, verifies the announced checksums, and only then replaces the files of
+/// the download tree, each atomically and the version file last. A check that fails, is cancelled
+/// or killed leaves files that the next one compares and replaces.
+///
+/// The object lives on a thread with an event loop; the slot runs there and blocks until the check
+/// is over. cancel() may come from any thread, as long as the object lives. Usually
+/// MVThemeDownLoader_CheckCfg does all this.
+class MVRESOURCE_EXPORT CheckWorker_CfgAndDisplayXML : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// What one version file says.
+    struct SVersion
+    {
+        QString m_qsVersion;     ///< dotted decimal, such as "1.0.2"
+        QString m_qsVer_Display; ///< MD5 of the display catalogue, lower case
+        QString m_qsVer_config;  ///< MD5 of the config catalogue, lower case
+        bool bLoadXMLOK = false; ///< the file was read and well-formed
+        bool m_hasVersion = true;
+    };
+    using ResultCallback = std::function<void(const SCatalogueCheckResult&)>;
+
+    CheckWorker_CfgAndDisplayXML();
+    ~CheckWorker_CfgAndDisplayXML() override;
+
+    /// Who learns once per check how it ended, on the worker's thread, before the last end signal;
+    /// also of the check that sends none. Set it before the check starts.
+    void setResultCallback(ResultCallback callback);
+
+    /// Ends the transfer in progress within a second and lets the check end after it. A check that
+    /// has not begun yet forgets it.
+    void cancel();
+
+    /// @name Steps of the check, on the worker's thread
+    /// @{
+
+    /// Sets, never clears, what has to be fetched, by the version files read so far.
+    void checkNeedUpdate(bool& needConfig, bool& needDisplay);
+    /// Reads a version file; at most 64 KiB. One that cannot be read empties `out`; a checksum
+    /// that is missing leaves that of `out` as it is.
+    void getVersionInfo(const QString& file, SVersion& out);
+    /// The "Version" of the first theme in a file, three parts a.b.c as a number of three digits;
+    /// 0 if there is none.
+    int readVersionFromXML(QString file);
+
+    /// @}
+    /// @name Places
+    /// Folders end in "/".
+    /// @{
+
+    /// Temporary folder of the check; removed when the next one begins.
+    QString getDownLoadTemp();
+    /// A folder in it, which is created if it is missing.
+    QString getSerDownLoadTemp_ThemeImgGif();
+    /// Where a catalogue file lies in the temporary folder or the download tree, whose folder is
+    /// created if it is missing; empty if that fails or it would lie outside the download root.
+    QString getDownLoad_XML_Temp(EType_XML type, bool temp);
+    /// Root of the server: the product parameter "url_themeRootDir", once it is not empty the same
+    /// for the rest of the process. Any thread.
+    static QString getSerThemeRootDir();
+    /// Address of a catalogue file for the edition of the product.
+    QString getSerThemeXMLPath(EType_XML type);
+    /// Name of a catalogue file; empty for an unknown type.
+    static QString EType_XML2Str(EType_XML type);
+
+    /// @}
+
+public slots:
+    /// The whole check; the text is ignored. Ends with sig_endDownloadXML, except when the server's
+    /// version file announces no checksums.
+    void onStartDownloadXML(const QString&);
+
+signals:
+    /// Once at the end, and once more for each catalogue file that could not be fetched. Always
+    /// true.
+    void sig_endDownloadXML(bool);
+    /// Declared for hosts; never emitted here.
+    void sig_startDownloadThumbAndGif(QString);
+    /// The server's catalogue needs a newer application.
+    void sig_NeedUpdateApp();
+
+private:
+    struct CatalogueFile
+    {
+        EType_XML type;
+        bool needed;
+        QString checksum;
+    };
+
+    bool fetchVersion(CheckTransfer& transfer);
+    bool readVersions();
+    bool isSameFormat();
+    void fetchCatalogue(CheckTransfer& transfer, bool needConfig, bool needDisplay);
+    bool fetchFile(CheckTransfer& transfer, const CatalogueFile& file, bool& hasError);
+    void copyToDownload(bool needConfig, bool needDisplay);
+    void copyFile(const QString& from, const QString& to, const char* format, bool& allCopied);
+    void note(ECatalogueCheckEnd end, const QString& reason);
+    void noteFailure(int result, const QString& reason, bool isVersion);
+    void report();
+    void end();
+    bool isCancelled() const;
+
+    SVersion m_sVer_Ser;
+    SVersion m_sVer_Download;
+    SVersion m_sVer_Local;
+    std::atomic<bool> m_bWillCancel{false};
+    CurWrapper m_CurWrapper;
+
+    SCatalogueCheckResult m_result; // the first failure stays
+    ResultCallback m_resultCallback;
+};

@@ -1,0 +1,199 @@
+#include "download/CheckWorker_ThumbAndGif.h"
+
+#include "catalogue/MVThemeMgr.h"
+#include "download/CheckTransfer.h"
+#include "host/HostSettings.h"
+#include "host/LogL.h"
+#include "host/TzProductInfo.h"
+
+#include <QDomDocument>
+#include <QFile>
+
+namespace {
+
+constexpr char category[] = "CheckWorker_ThumbAndGif";
+constexpr char fileCategory[] = "MVThemeDownLoader";
+
+// Numbers of the cancellation points, as they stand in the log.
+constexpr int pointAfterThumb = 1119;
+constexpr int pointAfterGif = 1151;
+
+bool isOn(const char* param)
+{
+    return TzProductInfo::instance()->extendParam(QString::fromLatin1(param), QString()).toInt()
+        != 0;
+}
+
+/// Reads the downloaded catalogue file, or the installed one if that is unusable.
+bool readCatalogue(MVThemeMgr::EDirTag tag, const char* downloadError, const char* localError,
+                   QDomDocument& doc)
+{
+    MVThemeMgr* const manager = MVThemeMgr::init();
+    const QString downloaded = manager->Path_resource_xml(MVThemeMgr::eLoadDir_Download, tag);
+    if (manager->checkXml(downloaded, doc))
+        return true;
+    LogL(category, 1, downloadError, downloaded.toUtf8().constData());
+    const QString installed = manager->Path_resource_xml(MVThemeMgr::eLoadDir_Local, tag);
+    if (manager->checkXml(installed, doc))
+        return true;
+    LogL(category, 1, localError, installed.toUtf8().constData());
+    return false;
+}
+
+} // namespace
+
+const CheckWorker_ThumbAndGif::Kind CheckWorker_ThumbAndGif::thumb = {
+    "sCfg_Item.m_info_Thumb.m_bDownloaded = true! not need download!, i = %d, strUrl = %s, "
+    "strFile = %s",
+    "parseData_display_xml Thumb download template is error! will return!, i = %d, strUrl = %s, "
+    "strFile = %s",
+    "parseData_display_xml Thumb download template is ok!, i = %d, strUrl = %s, strFile = %s",
+    pointAfterThumb};
+
+const CheckWorker_ThumbAndGif::Kind CheckWorker_ThumbAndGif::gif = {
+    "sCfg_Item.m_info_Gif.m_bDownloaded = true! not need download!, i = %d, strUrl = %s, "
+    "strFile = %s",
+    "parseData_display_xml Gif download template is error! will return!, i = %d, strUrl = %s, "
+    "strFile = %s",
+    "parseData_display_xml Gif download template is ok!, i = %d, strUrl = %s, strFile = %s",
+    pointAfterGif};
+
+CheckWorker_ThumbAndGif::CheckWorker_ThumbAndGif()
+{
+    qRegisterMetaType<SCfg_Item>("SCfg_Item");
+}
+
+CheckWorker_ThumbAndGif::~CheckWorker_ThumbAndGif() = default;
+
+void CheckWorker_ThumbAndGif::setResultCallback(ResultCallback callback)
+{
+    m_resultCallback = std::move(callback);
+}
+
+void CheckWorker_ThumbAndGif::cancel()
+{
+    m_CurWrapper.cancel();
+    m_bWillCancel = true;
+}
+
+bool CheckWorker_ThumbAndGif::onStartDownload_ThumbAndGif()
+{
+    LogL(category, 1, "onStartDownload_ThumbAndGif start!");
+    m_result = SPreviewRunResult();
+    const bool hasMV = isOn("hasMV");
+    const bool hasSplit = isOn("hasSplit");
+    if (!readConfig(hasMV, hasSplit) || !readDisplay(hasMV, hasSplit))
+        return end(false);
+
+    MVThemeMgr* const manager = MVThemeMgr::init();
+    CheckTransfer transfer(m_CurWrapper, m_bWillCancel);
+    QVector<SCfg_Item> items = m_vecDisplay_Themes + m_vecDisplay_Filters;
+    for (int i = 0; i < items.size(); ++i) {
+        SCfg_Item& item = items[i];
+        const bool hasThumb = manager->doItem_Info_Thumb(item);
+        if (!fetchFile(transfer, thumb, i, item.m_info_Thumb, hasThumb))
+            return end(false);
+        const bool hasGif = manager->doItem_Info_Gif(item);
+        if (!fetchFile(transfer, gif, i, item.m_info_Gif, hasGif))
+            return end(false);
+    }
+    LogL(category, 1, "onStartDownload_ThumbAndGif end!");
+    return end(true);
+}
+
+bool CheckWorker_ThumbAndGif::readConfig(bool hasMV, bool hasSplit)
+{
+    QDomDocument doc;
+    if (!readCatalogue(MVThemeMgr::eDirTag_Config, "path_Cfg_Download checkXml [%s],is error!",
+                       "path_Cfg_local checkXml[%s],is error!", doc))
+        return false;
+    const QDomElement root = doc.documentElement();
+    const auto read = [&](ECfgItemType kind, QVector<SCfg_Item>& items) {
+        MVThemeMgr* const manager = MVThemeMgr::init();
+        items.clear();
+        manager->read_resource_config_xml_a(root, kind, manager->getCfgItemTypeStr(kind), items);
+    };
+    if (hasMV)
+        read(eCfgItem_Theme, m_vecCfg_Themes);
+    if (hasSplit)
+        read(eCfgItem_BgMaterial, m_vecCfg_BgMaterial);
+    read(eCfgItem_Filter, m_vecCfg_Filters);
+    return true;
+}
+
+bool CheckWorker_ThumbAndGif::readDisplay(bool hasMV, bool hasSplit)
+{
+    QDomDocument doc;
+    if (!readCatalogue(MVThemeMgr::eDirTag_Display,
+                       "path_display_Download checkXml[%s],is error!,will return!",
+                       "path_display_local checkXml[%s],is error!", doc))
+        return false;
+    const QDomElement root = doc.documentElement();
+    using Reader = void (MVThemeMgr::*)(const QDomElement&, ECfgItemType, QString,
+                                        QVector<SCfg_Item>&, QVector<SCfg_Item>&, bool);
+    const auto read = [&](Reader reader, ECfgItemType kind, QVector<SCfg_Item>& config,
+                          QVector<SCfg_Item>& display) {
+        MVThemeMgr* const manager = MVThemeMgr::init();
+        display.clear();
+        (manager->*reader)(root, kind, manager->getCfgItemTypeStr(kind), config, display, true);
+    };
+    if (hasMV) {
+        read(&MVThemeMgr::read_resource_display_xml_a_theme, eCfgItem_Theme, m_vecCfg_Themes,
+             m_vecDisplay_Themes);
+    }
+    if (hasSplit) {
+        read(&MVThemeMgr::read_resource_display_xml_a, eCfgItem_BgMaterial, m_vecCfg_BgMaterial,
+             m_vecDisplay_BgMaterial);
+    }
+    read(&MVThemeMgr::read_resource_display_xml_a, eCfgItem_Filter, m_vecCfg_Filters,
+         m_vecDisplay_Filters);
+    return true;
+}
+
+/// False if the run ends here.
+bool CheckWorker_ThumbAndGif::fetchFile(CheckTransfer& transfer, const Kind& kind, int index,
+                                        const SFileInfo& info, bool present)
+{
+    if (CheckTransfer::isInterrupted())
+        return false;
+    MVThemeMgr* const manager = MVThemeMgr::init();
+    const QString url =
+        manager->downLoadUrl_Thumb(MVThemeMgr::eDirTag_Display, info.m_eType, info.m_qsUrl);
+    const QString& file = info.m_qsFile;
+    const auto log = [&](const char* format) {
+        LogL(fileCategory, 1, format, index, url.toUtf8().constData(), file.toUtf8().constData());
+    };
+    if (present) {
+        log(kind.present);
+        if (!file.isEmpty()) // items that have no such file need none either
+            ++m_result.m_nPresent;
+        return true;
+    }
+    // A file that would lie outside the download root is neither fetched nor removed.
+    const bool allowed = manager->isDownloadPath(file);
+    if (!allowed || transfer.fetch(url, file, hostSettings().maxDownloadBytes) != 0) {
+        log(kind.failed);
+        if (allowed)
+            QFile::remove(file);
+        ++m_result.m_nFailed;
+        return true;
+    }
+    log(kind.fetched);
+    ++m_result.m_nFetched;
+    if (!m_bWillCancel)
+        return true;
+    LogL(fileCategory, 1,
+         "CheckCfgWorker_willCancel downloadThumbAndGif m_bWillCancel == true! will "
+         "return![line = %d]",
+         kind.cancelPoint);
+    return false;
+}
+
+bool CheckWorker_ThumbAndGif::end(bool workedThrough)
+{
+    m_result.m_bWorkedThrough = workedThrough;
+    if (m_resultCallback)
+        m_resultCallback(m_result);
+    emit sig_endDownload_ThumbAndGif(workedThrough);
+    return workedThrough;
+}

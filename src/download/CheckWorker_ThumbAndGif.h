@@ -1,0 +1,84 @@
+#pragma once
+
+#include "download/SPreviewRunResult.h"
+#include "host/CurWrapper.h"
+#include "records/MvResourceExport.h"
+#include "records/SCfg_Item.h"
+
+#include <QObject>
+#include <QVector>
+
+#include <atomic>
+#include <functional>
+
+class CheckTransfer;
+class QDomDocument;
+
+/// Fetches the thumbnails and animated previews of themes and filters that are missing on disk: one
+/// object does one run.
+///
+/// It reads the catalogue files by itself, the downloaded ones or else the installed ones, into
+/// lists of its own, so the catalogue of MVThemeMgr is neither needed nor touched. Nothing is
+/// written outside the download root.
+///
+/// The object lives on a thread with an event loop; the slot runs there and blocks until the run is
+/// over. cancel() may come from any thread, as long as the object lives. Usually
+/// MVThemeDownLoader_CheckCfg does all this.
+class MVRESOURCE_EXPORT CheckWorker_ThumbAndGif : public QObject
+{
+    Q_OBJECT
+
+public:
+    using ResultCallback = std::function<void(const SPreviewRunResult&)>;
+
+    CheckWorker_ThumbAndGif();
+    ~CheckWorker_ThumbAndGif() override;
+
+    /// Who learns once per run how it ended, on the worker's thread, before the end signal. Set it
+    /// before the run starts.
+    void setResultCallback(ResultCallback callback);
+
+    /// Ends the transfer in progress within a second. The run ends after the next transfer that
+    /// succeeds all the same; those that fail meanwhile, and half a second later all do, are
+    /// skipped as usual.
+    void cancel();
+
+public slots:
+    /// The whole run; returns what the end signal says.
+    bool onStartDownload_ThumbAndGif();
+
+signals:
+    /// True if the whole list was worked through, failures included; false if no catalogue could be
+    /// read or the run was cancelled.
+    void sig_endDownload_ThumbAndGif(bool);
+
+private:
+    /// The two kinds of files and what the log says of them.
+    struct Kind
+    {
+        const char* present;
+        const char* failed;
+        const char* fetched;
+        int cancelPoint;
+    };
+    static const Kind thumb;
+    static const Kind gif;
+
+    bool readConfig(bool hasMV, bool hasSplit);
+    bool readDisplay(bool hasMV, bool hasSplit);
+    bool fetchFile(CheckTransfer& transfer, const Kind& kind, int index, const SFileInfo& info,
+                   bool present);
+    bool end(bool workedThrough);
+
+    std::atomic<bool> m_bWillCancel{false};
+    QVector<SCfg_Item> m_vecDisplay_Themes;
+    QVector<SCfg_Item> m_vecCfg_Themes;
+    QVector<SCfg_Item> m_vecDisplay_Filters;
+    QVector<SCfg_Item> m_vecCfg_Filters;
+    QVector<SCfg_Item> m_vecDisplay_BgMaterial;
+    QVector<SCfg_Item> m_vecCfg_BgMaterial;
+    CurWrapper m_CurWrapper;
+
+    SPreviewRunResult m_result;
+    ResultCallback m_resultCallback;
+};

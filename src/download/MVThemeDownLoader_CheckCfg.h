@@ -1,0 +1,96 @@
+#pragma once
+
+#include "download/SCatalogueCheckResult.h"
+#include "download/SPreviewRunResult.h"
+#include "records/MvResourceExport.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QThread>
+#include <QVector>
+
+#include <functional>
+
+class CheckWorker_CfgAndDisplayXML;
+class CheckWorker_ThumbAndGif;
+
+/// Runs the background work on the catalogue: the check that keeps the catalogue files current, and
+/// behind every check a run that fetches missing thumbnails and animated previews.
+///
+/// The host calls startDownloadXML() once its catalogue is loaded. Nothing here loads the catalogue
+/// again: when a check has brought new files, the host calls MVThemeMgr::load(true), once no
+/// download, check or preview run goes on.
+///
+/// One object per process. It belongs to the thread that calls instance() first, usually the GUI's:
+/// that thread needs an event loop, makes all calls and receives all signals and callbacks. Work is
+/// done on two threads of its own. At the process's end it cancels what runs and joins both, within
+/// a second.
+class MVRESOURCE_EXPORT MVThemeDownLoader_CheckCfg : public QObject
+{
+    Q_OBJECT
+
+public:
+    using CatalogueCheckCallback = std::function<void(const SCatalogueCheckResult&)>;
+    using PreviewRunCallback = std::function<void(const SPreviewRunResult&)>;
+
+    static MVThemeDownLoader_CheckCfg* instance();
+
+    ~MVThemeDownLoader_CheckCfg() override;
+
+    /// Who learns how a catalogue check ended, once per check: also of one that sends no end
+    /// signal, since the server's version file announces no checksums. An empty function removes
+    /// it.
+    static void setCatalogueCheckCallback(CatalogueCheckCallback callback);
+    /// Who learns how a preview run ended, once per run. An empty function removes it.
+    static void setPreviewRunCallback(PreviewRunCallback callback);
+
+    /// Starts a catalogue check; false while one is in progress. A check that sends no end signal
+    /// counts as in progress for the rest of the process.
+    bool startDownloadXML();
+    /// Starts a preview run; false while one is in progress.
+    bool startDownloadThumbAndGif();
+
+    /// Ask the run in progress to stop; its end tells when it has. The transfer in progress ends
+    /// within a second. A check that its thread has not begun yet forgets the request.
+    void cancelCfgAndDisplayXML();
+    void cancelThumbAndGif();
+
+    /// Ends both threads and waits, without a limit, until their runs have come to their end.
+    /// Cancel them first to shorten that. The ends are told afterwards, by the event loop; a run
+    /// that its thread has not begun yet stays in progress until its thread is started again.
+    void waitThreadFinished();
+
+    /// What happens at the end of a check and of a run, whatever the value.
+    void onEndDownloadXML(bool);
+    void onEndDownloadThumbAndGif(bool);
+
+signals:
+    /// Starts the worker of a catalogue check.
+    void sig_startDownloadXML(const QString&);
+    /// Declared for hosts; never emitted.
+    void sig_endDownloadXML(bool);
+    /// The server's catalogue needs a newer application; nothing was fetched.
+    void sig_NeedUpdateApp();
+    /// Starts the worker of a preview run.
+    void sig_startDownloadThumbAndGif(const QString&);
+
+private:
+    MVThemeDownLoader_CheckCfg();
+
+    void connectWorker(CheckWorker_CfgAndDisplayXML* worker);
+    void connectWorker(CheckWorker_ThumbAndGif* worker);
+    void onCatalogueThreadFinished();
+    void leave(QObject* worker);
+
+    CheckWorker_CfgAndDisplayXML* m_pWorker = nullptr;
+    QThread m_thread_CfgAndDisplayXML;
+    CheckWorker_ThumbAndGif* m_pWorker_ThumbAndGif = nullptr;
+    QThread m_thread_ThumbAndGif;
+
+    static CatalogueCheckCallback m_funCatalogueCheckEnded;
+    static PreviewRunCallback m_funPreviewRunEnded;
+
+    quint64 m_nCheck = 0;     // number of the current check: signals of earlier ones may be late
+    bool m_bQuitting = false; // the catalogue thread was told to end and has not reported it
+    QVector<QPointer<QObject>> m_vecLeaving; // workers that were told to go
+};

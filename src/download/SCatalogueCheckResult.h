@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+
+/// How the check of the catalogue ended.
+enum ECatalogueCheckEnd : int {
+    /// New catalogue files are in the download tree; the host loads the catalogue again once no
+    /// download or check runs.
+    eCatalogueCheck_Changed = 0,
+    /// The files on disk are those of the server.
+    eCatalogueCheck_Current = 1,
+    /// The server's catalogue has a higher format version: the application has to be updated.
+    eCatalogueCheck_ServerNewer = 2,
+    /// The server's catalogue has a lower format version.
+    eCatalogueCheck_ServerOlder = 3,
+    /// The server, or its version file, could not be reached.
+    eCatalogueCheck_Unreachable = 4,
+    /// What came from the server is incomplete or wrong, or it could not be stored.
+    eCatalogueCheck_Rejected = 5,
+    /// The check was cancelled.
+    eCatalogueCheck_Cancelled = 6,
+};
+
+/// What a host learns of one catalogue check.
+struct SCatalogueCheckResult
+{
+    ECatalogueCheckEnd m_eEnd = eCatalogueCheck_Current;
+    /// Why, for people, when the server was unreachable or the catalogue rejected; otherwise empty.
+    QString m_qsReason;
+};
