@@ -1,0 +1,164 @@
+#include "download/CheckFixture.h"
+
+#include "catalogue/MVThemeMgr.h"
+#include "host/HostSettings.h"
+#include "support/TestMain.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+
+CheckWorld::CheckWorld()
+    : m_server([this](HttpExchange& exchange) { answer(exchange); })
+{
+}
+
+void CheckWorld::fresh()
+{
+    static int number = 0;
+    m_base = TestHome::path() + QStringLiteral("/check%1").arg(++number);
+    HostSettings settings;
+    settings.resourcesPath = installed();
+    settings.dataLocation = m_base + QStringLiteral("/data");
+    settings.appDataPath = m_base + QStringLiteral("/appdata");
+    settings.downloadRetries = 0;
+    settings.productParams.insert(QStringLiteral("url_themeRootDir"), serverRoot());
+    hostSettings() = settings;
+    QDir().mkpath(installed());
+    MVThemeMgr::init()->clear();
+    MVThemeMgr::init()->setResourceSaveRootPath(root());
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_routes.clear();
+    m_fault = nullptr;
+    m_requests = 0;
+    m_targets.clear();
+}
+
+QString CheckWorld::downloadedFile(const char* name) const
+{
+    return root() + QStringLiteral("/Themes/ResourceConfig/") + QString::fromLatin1(name);
+}
+
+QString CheckWorld::installedFile(const char* name) const
+{
+    return installed() + QStringLiteral("/Resource/ResourceConfig/") + QString::fromLatin1(name);
+}
+
+void CheckWorld::setParam(const char* key, const char* value)
+{
+    hostSettings().productParams.insert(QString::fromLatin1(key), QString::fromUtf8(value));
+}
+
+void CheckWorld::serve(const QByteArray& target, const QByteArray& body)
+{
+    route(target, [body](HttpExchange& exchange) { exchange.answer(HttpAnswer(200).body(body)); });
+}
+
+void CheckWorld::route(const QByteArray& target, const FaultServer::Handler& handler)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_routes.insert(target, handler);
+}
+
+void CheckWorld::setFault(const Fault& fault)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_fault = fault;
+}
+
+QByteArrayList CheckWorld::targets() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_targets;
+}
+
+void CheckWorld::answer(HttpExchange& exchange)
+{
+    const QByteArray target = exchange.request().target;
+    FaultServer::Handler handler;
+    Fault fault;
+    int number = 0;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        number = ++m_requests;
+        m_targets.append(target);
+        handler = m_routes.value(target);
+        fault = m_fault;
+    }
+    if (fault && fault(exchange, number))
+        return;
+    if (handler)
+        handler(exchange);
+    else
+        exchange.answer(HttpAnswer(404).body("not here"));
+}
+
+QByteArray CheckWorld::md5(const QByteArray& bytes)
+{
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Md5).toHex();
+}
+
+QByteArray CheckWorld::version(const QByteArray& value, const QByteArray& displaySum,
+                               const QByteArray& configSum)
+{
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<ResourceVersion value=\"" + value
+        + "\">\n<dislplay value=\"" + displaySum + "\"/>\n<config value=\"" + configSum
+        + "\"/>\n</ResourceVersion>\n";
+}
+
+void CheckWorld::publish(const QByteArray& value, const QByteArray& display,
+                         const QByteArray& config)
+{
+    serve(versionTarget, version(value, md5(display), md5(config)));
+    serve(displayTarget, display);
+    serve(configTarget, config);
+}
+
+void CheckWorld::install(const QByteArray& value, const QByteArray& displaySum,
+                         const QByteArray& configSum) const
+{
+    CatalogueFiles::write(installedFile("resource_version.xml"),
+                          version(value, displaySum, configSum));
+}
+
+void CheckWorld::download(const QByteArray& value, const QByteArray& displaySum,
+                          const QByteArray& configSum) const
+{
+    CatalogueFiles::write(downloadedFile("resource_version.xml"),
+                          version(value, displaySum, configSum));
+}
+
+void CheckWorld::watch(CheckWorker_CfgAndDisplayXML& worker, DownloadTrace& trace)
+{
+    QObject::connect(
+        &worker, &CheckWorker_CfgAndDisplayXML::sig_endDownloadXML, &worker,
+        [&trace](bool ok) { trace.add(QStringLiteral("end %1").arg(ok)); }, Qt::DirectConnection);
+    QObject::connect(
+        &worker, &CheckWorker_CfgAndDisplayXML::sig_NeedUpdateApp, &worker,
+        [&trace] { trace.add(QStringLiteral("update")); }, Qt::DirectConnection);
+    QObject::connect(
+        &worker, &CheckWorker_CfgAndDisplayXML::sig_startDownloadThumbAndGif, &worker,
+        [&trace] { trace.add(QStringLiteral("start")); }, Qt::DirectConnection);
+    worker.setResultCallback([&trace](const SCatalogueCheckResult& result) {
+        trace.add(QStringLiteral("result %1").arg(static_cast<int>(result.m_eEnd)));
+    });
+}
+
+void CheckWorld::check(CheckWorker_CfgAndDisplayXML& worker, DownloadTrace& trace)
+{
+    watch(worker, trace);
+    worker.onStartDownloadXML(QString());
+}
+
+void CheckWorld::watch(CheckWorker_ThumbAndGif& worker, DownloadTrace& trace)
+{
+    QObject::connect(
+        &worker, &CheckWorker_ThumbAndGif::sig_endDownload_ThumbAndGif, &worker,
+        [&trace](bool ok) { trace.add(QStringLiteral("end %1").arg(ok)); }, Qt::DirectConnection);
+    worker.setResultCallback([&trace](const SPreviewRunResult& result) {
+        trace.add(QStringLiteral("result %1 %2 %3 %4")
+                      .arg(result.m_nFetched)
+                      .arg(result.m_nPresent)
+                      .arg(result.m_nFailed)
+                      .arg(result.m_bWorkedThrough));
+    });
+}
