@@ -172,11 +172,11 @@ void MVThemeDownLoader_CheckCfg::onEndDownloadThumbAndGif(bool)
 void MVThemeDownLoader_CheckCfg::leave(QObject* worker)
 {
     disconnect(worker);
-    worker->deleteLater();
     m_vecLeaving.erase(std::remove_if(m_vecLeaving.begin(), m_vecLeaving.end(),
                                       [](const QPointer<QObject>& other) { return !other; }),
                        m_vecLeaving.end());
-    m_vecLeaving.append(worker);
+    m_vecLeaving.append(worker); // before the thread may delete it
+    worker->deleteLater();
 }
 
 void MVThemeDownLoader_CheckCfg::cancelCfgAndDisplayXML()

@@ -1,6 +1,5 @@
 #include "download/CheckFixture.h"
 
-#include "catalogue/MVThemeMgr.h"
 #include "host/HostSettings.h"
 #include "support/TestMain.h"
 
@@ -125,6 +124,62 @@ void CheckWorld::download(const QByteArray& value, const QByteArray& displaySum,
 {
     CatalogueFiles::write(downloadedFile("resource_version.xml"),
                           version(value, displaySum, configSum));
+}
+
+QByteArray CheckWorld::configCatalogue(const QVector<int>& themes, const QVector<int>& filters)
+{
+    const auto group = [](const char* name, const QVector<int>& numbers) {
+        QVector<CatalogueFiles::CfgItem> items;
+        for (const int number : numbers)
+            items.append({CatalogueFiles::guid(number), QString(), {}});
+        return CatalogueFiles::cfgGroup(QString::fromLatin1(name), items);
+    };
+    return CatalogueFiles::document(group("Filter", filters) + group("Theme", themes));
+}
+
+QByteArray CheckWorld::displayCatalogue(const QVector<int>& themes, const QVector<int>& filters)
+{
+    QVector<CatalogueFiles::DisplayItem> shownThemes;
+    for (const int number : themes) {
+        shownThemes.append({CatalogueFiles::guid(number), QStringLiteral("Theme %1").arg(number),
+                            QStringLiteral("t%1.jpg").arg(number),
+                            QStringLiteral("t%1.gif").arg(number)});
+    }
+    QVector<CatalogueFiles::DisplayItem> shownFilters;
+    for (const int number : filters) {
+        shownFilters.append({CatalogueFiles::guid(number), QStringLiteral("Filter %1").arg(number),
+                             QStringLiteral("f%1.jpg").arg(number)});
+    }
+    return CatalogueFiles::document(
+        CatalogueFiles::displayCategory(QStringLiteral("Filter"), shownFilters)
+        + CatalogueFiles::displayThemes({{QStringLiteral("others"), shownThemes}}));
+}
+
+void CheckWorld::writeCatalogue(MVThemeMgr::ELoadDir tree, const QVector<int>& themes,
+                                const QVector<int>& filters) const
+{
+    MVThemeMgr* const manager = MVThemeMgr::init();
+    CatalogueFiles::write(manager->Path_resource_xml(tree, MVThemeMgr::eDirTag_Config),
+                          configCatalogue(themes, filters));
+    CatalogueFiles::write(manager->Path_resource_xml(tree, MVThemeMgr::eDirTag_Display),
+                          displayCatalogue(themes, filters));
+}
+
+QString CheckWorld::preview(const char* kind, const char* name) const
+{
+    return root()
+        + QStringLiteral("/Themes/display/PQD/Download/%1/%2")
+              .arg(QString::fromLatin1(kind), QString::fromUtf8(name));
+}
+
+QString CheckWorld::previewUrl(const char* kind, const char* name) const
+{
+    return m_server.url(QString::fromUtf8(previewTarget(kind, name)));
+}
+
+QByteArray CheckWorld::previewTarget(const char* kind, const char* name)
+{
+    return QByteArray("/display/") + kind + '/' + name;
 }
 
 void CheckWorld::watch(CheckWorker_CfgAndDisplayXML& worker, DownloadTrace& trace)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalogue/MVThemeMgr.h"
 #include "download/CheckWorker_CfgAndDisplayXML.h"
 #include "download/CheckWorker_ThumbAndGif.h"
 #include "download/DownloadFixture.h"
@@ -60,6 +61,17 @@ public:
                  const QByteArray& configSum) const;
     void download(const QByteArray& value, const QByteArray& displaySum,
                   const QByteArray& configSum) const;
+
+    /// The catalogue files of the download tree or the installed one: themes and filters by their
+    /// numbers, with thumbnails "t1.jpg" and "f1.jpg" and previews "t1.gif".
+    void writeCatalogue(MVThemeMgr::ELoadDir tree, const QVector<int>& themes,
+                        const QVector<int>& filters) const;
+    static QByteArray displayCatalogue(const QVector<int>& themes, const QVector<int>& filters);
+    static QByteArray configCatalogue(const QVector<int>& themes, const QVector<int>& filters);
+    /// Where a preview is put, and its address: "Themes", "t1.gif".
+    QString preview(const char* kind, const char* name) const;
+    QString previewUrl(const char* kind, const char* name) const;
+    static QByteArray previewTarget(const char* kind, const char* name);
 
     /// Runs one check on this thread, its signals and result recorded in `trace`: "end 1",
     /// "update" and "result N".

@@ -150,4 +150,39 @@ inline QString configCopied(const QString& file, int ok)
                     .arg(file, QString::number(ok)));
 }
 
+/// A preview run.
+inline QString previews(const QString& text)
+{
+    return line("CheckWorker_ThumbAndGif", 1, text);
+}
+
+/// `what` is "Thumb" or "Gif".
+inline QString previewPresent(const char* what, int i, const QString& url, const QString& file)
+{
+    return QStringLiteral("sCfg_Item.m_info_%1.m_bDownloaded = true! not need download!, i = %2, "
+                          "strUrl = %3, strFile = %4")
+        .arg(QString::fromLatin1(what), QString::number(i), url, file);
+}
+
+inline QString previewError(const char* what, int i, const QString& url, const QString& file)
+{
+    return QStringLiteral("parseData_display_xml %1 download template is error! will return!, i = "
+                          "%2, strUrl = %3, strFile = %4")
+        .arg(QString::fromLatin1(what), QString::number(i), url, file);
+}
+
+inline QString previewOk(const char* what, int i, const QString& url, const QString& file)
+{
+    return QStringLiteral("parseData_display_xml %1 download template is ok!, i = %2, strUrl = %3, "
+                          "strFile = %4")
+        .arg(QString::fromLatin1(what), QString::number(i), url, file);
+}
+
+inline QString previewsCancelled(int point)
+{
+    return QStringLiteral("CheckCfgWorker_willCancel downloadThumbAndGif m_bWillCancel == true! "
+                          "will return![line = %1]")
+        .arg(point);
+}
+
 } // namespace CheckLines

@@ -1,0 +1,114 @@
+#include "download/CheckFixture.h"
+#include "download/CoordinatorTrace.h"
+#include "support/TestMain.h"
+
+#include <QDir>
+#include <QFile>
+
+/// Many checks in a row: each one runs, and nothing piles up.
+class tst_MVThemeDownLoader_CheckCfg_repeat : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void twentyChecksInARow();
+    void nextCheckFromTheEndOfTheLast();
+
+private:
+    bool checkOnce(const CoordinatorTrace& trace, int number);
+
+    CheckWorld m_world;
+};
+
+namespace {
+
+constexpr int longWait = 30000;
+constexpr int workers = 2;             // threads of the coordinator
+constexpr qint64 allowedGrowth = 2048; // kB
+
+int threads()
+{
+    return QDir(QStringLiteral("/proc/self/task"))
+        .entryList(QDir::Dirs | QDir::NoDotAndDotDot)
+        .size();
+}
+
+qint64 residentKilobytes()
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return -1;
+    const QByteArray text = status.readAll();
+    const int at = text.indexOf("VmRSS:") + 6;
+    return text.mid(at, text.indexOf("kB", at) - at).trimmed().toLongLong();
+}
+
+} // namespace
+
+bool tst_MVThemeDownLoader_CheckCfg_repeat::checkOnce(const CoordinatorTrace& trace, int number)
+{
+    // Every second catalogue is new.
+    const QVector<int> filters{number / 2 + 1};
+    m_world.publish("1.0.2", CheckWorld::displayCatalogue({}, filters),
+                    CheckWorld::configCatalogue({}, filters));
+    return MVThemeDownLoader_CheckCfg::instance()->startDownloadXML()
+        && QTest::qWaitFor([&] { return trace.isIdle(); }, longWait);
+}
+
+void tst_MVThemeDownLoader_CheckCfg_repeat::twentyChecksInARow()
+{
+    m_world.fresh();
+    m_world.install("1.0.2", "1", "1");
+    m_world.setFault([](HttpExchange& exchange, int) {
+        if (!exchange.request().target.startsWith("/display/"))
+            return false;
+        exchange.answer(HttpAnswer(200).body("image"));
+        return true;
+    });
+    const CoordinatorTrace trace;
+    // The first ones fill what is kept: buffers, connections, pools.
+    for (int number = 0; number < 6; ++number)
+        QVERIFY(checkOnce(trace, number));
+    const int serverThreads = m_world.server().connectionCount();
+    const int threadsBefore = threads();
+    const qint64 memoryBefore = residentKilobytes();
+    for (int number = 6; number < 26; ++number)
+        QVERIFY(checkOnce(trace, number));
+
+    QCOMPARE(trace.checks(), 26);
+    QCOMPARE(trace.count(QStringLiteral("check 0")), 13);
+    QCOMPARE(trace.count(QStringLiteral("check 1")), 13);
+    // The server's own threads end when their connection does.
+    QVERIFY(m_world.server().connectionCount() > serverThreads);
+    QTRY_VERIFY(threads() <= threadsBefore + workers);
+    const qint64 growth = residentKilobytes() - memoryBefore;
+    QVERIFY2(growth < allowedGrowth, qPrintable(QString::number(growth)));
+}
+
+/// The catalogue thread is still on its way out then.
+void tst_MVThemeDownLoader_CheckCfg_repeat::nextCheckFromTheEndOfTheLast()
+{
+    m_world.fresh();
+    m_world.install("1.0.2", "1", "1");
+    m_world.publish("1.0.2", CheckWorld::displayCatalogue({}, {}),
+                    CheckWorld::configCatalogue({}, {}));
+    auto* const coordinator = MVThemeDownLoader_CheckCfg::instance();
+    const CoordinatorTrace trace;
+    int started = 1;
+    QObject context;
+    // Follows the end of a check at once.
+    connect(coordinator, &MVThemeDownLoader_CheckCfg::sig_startDownloadThumbAndGif, &context, [&] {
+        if (started < 20 && coordinator->startDownloadXML())
+            ++started;
+    });
+    QVERIFY(coordinator->startDownloadXML());
+    QTRY_VERIFY_WITH_TIMEOUT(started == 20 && trace.checks() == 20, longWait);
+    QTRY_VERIFY_WITH_TIMEOUT(trace.count(trace.runEnded()) == trace.count(trace.runStarted()),
+                             longWait);
+    QCOMPARE(trace.count(QStringLiteral("check 0")), 1);
+    QCOMPARE(trace.count(QStringLiteral("check 1")), 19);
+}
+
+MV_TEST_MAIN(tst_MVThemeDownLoader_CheckCfg_repeat)
+
+#include "tst_MVThemeDownLoader_CheckCfg_repeat.moc"
