@@ -41,6 +41,7 @@ QString Utils::getMD5(const QString& file)
 
 bool Utils::copyFile(const QString& sourceFile, const QDir& targetDir, const QString& fileName)
 {
+    PartFile::removeLeftovers(targetDir.absolutePath());
     return copyFileToPath(sourceFile, targetDir.absoluteFilePath(fileName), true);
 }
 

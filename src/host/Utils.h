@@ -19,7 +19,7 @@ public:
     static QString getMD5(const QString& file);
 
     /// Copies `sourceFile` to `fileName` in the existing folder `targetDir`, replacing what is
-    /// there. False: the target is as it was.
+    /// there. False: the target is as it was. What a killed process left in the folder goes.
     static bool copyFile(const QString& sourceFile, const QDir& targetDir, const QString& fileName);
 
     /// Copies the file `from` to the path `to`, whose folder must exist. Without `overwrite` an

@@ -40,6 +40,7 @@ private slots:
     void fullDiskKeepsTheTarget();
     void copyNeedsAFolder();
     void copyOverAFolderFails();
+    void copyRemovesWhatAKillLeft();
 
     void copyToPathReplacesOnlyOnDemand_data();
     void copyToPathReplacesOnlyOnDemand();
@@ -205,6 +206,16 @@ void tst_Utils::copyOverAFolderFails()
     QVERIFY(!Utils::copyFile(path(QStringLiteral("a")), QDir(m_folder), QStringLiteral("b")));
     QVERIFY(!Utils::copyFile(path(QStringLiteral("a")), QDir(m_folder), QString()));
     QCOMPARE(files(), (QStringList{QStringLiteral("a"), QStringLiteral("b/inside")}));
+}
+
+void tst_Utils::copyRemovesWhatAKillLeft()
+{
+    write(QStringLiteral("source"), "content");
+    write(QStringLiteral("to/.mv-0123456789abcdef.part"), "left behind");
+    QVERIFY(Utils::copyFile(path(QStringLiteral("source")), QDir(path(QStringLiteral("to"))),
+                            QStringLiteral("copy")));
+    QCOMPARE(CatalogueFiles::filesBelow(path(QStringLiteral("to"))),
+             QStringList(QStringLiteral("copy")));
 }
 
 void tst_Utils::copyToPathReplacesOnlyOnDemand_data()

@@ -1,0 +1,177 @@
+#include "download/CheckFixture.h"
+#include "download/MVThemeDownLoader_CheckCfg.h"
+#include "host/HostSettings.h"
+#include "support/TestMain.h"
+
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QSocketNotifier>
+#include <QTest>
+
+#include <cstdlib>
+
+#include <unistd.h>
+
+/// A process that ends while a check or a preview run goes on. The program runs itself as the
+/// host, which ends when the test closes its input.
+class tst_MVThemeDownLoader_CheckCfg_exit : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void duringATransfer_data();
+    void duringATransfer();
+    void rightAfterTheStart_data();
+    void rightAfterTheStart();
+    void afterEverything();
+
+private:
+    void start(QProcess& host, const char* ending) const;
+
+    CheckWorld m_world;
+};
+
+namespace {
+
+constexpr int longWait = 60000;       // ms
+constexpr qint64 shortEnough = 10000; // ms, far below the host's time limit for stalls
+
+/// What a host does that has never heard of the end of the process.
+int runHost(const QCoreApplication& application, const QStringList& arguments)
+{
+    const QString base = arguments.at(2);
+    const QString ending = arguments.at(4);
+    hostSettings().resourcesPath = base + QStringLiteral("/installed");
+    hostSettings().dataLocation = base + QStringLiteral("/data");
+    hostSettings().appDataPath = base + QStringLiteral("/appdata");
+    hostSettings().stallTimeoutMs = longWait;
+    hostSettings().downloadRetries = 0;
+    hostSettings().productParams.insert(QStringLiteral("url_themeRootDir"), arguments.at(3));
+    setLogSink([](const QByteArray&, int, const QByteArray&) {});
+    // The coordinator comes first, so nothing but its own care keeps the catalogue alive for it.
+    MVThemeDownLoader_CheckCfg* const coordinator = MVThemeDownLoader_CheckCfg::instance();
+    MVThemeMgr::init()->setResourceSaveRootPath(base + QStringLiteral("/root"));
+    coordinator->startDownloadXML();
+    if (ending == QLatin1String("both"))
+        coordinator->startDownloadThumbAndGif();
+    if (ending == QLatin1String("return at once"))
+        return 0;
+    if (ending == QLatin1String("exit at once"))
+        std::exit(0);
+    QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
+    QObject::connect(&input, &QSocketNotifier::activated, &input, [&] {
+        if (ending == QLatin1String("exit"))
+            std::exit(0);
+        QCoreApplication::quit();
+    });
+    return application.exec();
+}
+
+} // namespace
+
+void tst_MVThemeDownLoader_CheckCfg_exit::init()
+{
+    m_world.fresh();
+    m_world.publish("1.0.2", CheckWorld::displayCatalogue({}, {1, 2}),
+                    CheckWorld::configCatalogue({}, {1, 2}));
+    m_world.install("1.0.2", "1", "1");
+    m_world.writeCatalogue(MVThemeMgr::eLoadDir_Local, {}, {1, 2});
+}
+
+void tst_MVThemeDownLoader_CheckCfg_exit::start(QProcess& host, const char* ending) const
+{
+    host.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    host.start(QCoreApplication::applicationFilePath(),
+               {QStringLiteral("--host"), m_world.base(), m_world.serverRoot(),
+                QString::fromLatin1(ending)});
+}
+
+void tst_MVThemeDownLoader_CheckCfg_exit::duringATransfer_data()
+{
+    QTest::addColumn<QByteArray>("target");
+    QTest::addColumn<QByteArray>("ending");
+    const QByteArray preview = CheckWorld::previewTarget("VideoFilters", "f1.jpg");
+    for (const char* ending : {"return", "exit"}) {
+        QTest::addRow("version, %s", ending)
+            << QByteArray(CheckWorld::versionTarget) << QByteArray(ending);
+        QTest::addRow("display, %s", ending)
+            << QByteArray(CheckWorld::displayTarget) << QByteArray(ending);
+        QTest::addRow("config, %s", ending)
+            << QByteArray(CheckWorld::configTarget) << QByteArray(ending);
+        QTest::addRow("preview, %s", ending) << preview << QByteArray(ending);
+    }
+    QTest::newRow("check and previews") << preview << QByteArray("both");
+}
+
+void tst_MVThemeDownLoader_CheckCfg_exit::duringATransfer()
+{
+    QFETCH(QByteArray, target);
+    QFETCH(QByteArray, ending);
+    const bool both = ending == "both";
+    m_world.setFault([target, both](HttpExchange& exchange, int) {
+        if (!both && exchange.request().target != target)
+            return false;
+        exchange.answer(HttpAnswer(200).field("Content-Length", "1000").bareBody("begin"));
+        exchange.stall();
+        return true;
+    });
+    QProcess host;
+    start(host, ending.constData());
+    QTRY_VERIFY_WITH_TIMEOUT(m_world.targets().contains(target), longWait);
+    if (both)
+        QTRY_VERIFY_WITH_TIMEOUT(m_world.targets().contains(CheckWorld::versionTarget), longWait);
+    QElapsedTimer sinceEnd;
+    sinceEnd.start();
+    host.closeWriteChannel();
+    QVERIFY(host.waitForFinished(longWait));
+    QVERIFY(sinceEnd.elapsed() < shortEnough);
+    QCOMPARE(host.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(host.exitCode(), 0);
+}
+
+void tst_MVThemeDownLoader_CheckCfg_exit::rightAfterTheStart_data()
+{
+    QTest::addColumn<QByteArray>("ending");
+    QTest::newRow("main returns") << QByteArray("return at once");
+    QTest::newRow("exit is called") << QByteArray("exit at once");
+}
+
+/// Ten times, as threads come up at different speeds.
+void tst_MVThemeDownLoader_CheckCfg_exit::rightAfterTheStart()
+{
+    QFETCH(QByteArray, ending);
+    for (int turn = 0; turn < 10; ++turn) {
+        QProcess host;
+        start(host, ending.constData());
+        QVERIFY(host.waitForFinished(longWait));
+        QCOMPARE(host.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(host.exitCode(), 0);
+    }
+}
+
+void tst_MVThemeDownLoader_CheckCfg_exit::afterEverything()
+{
+    QProcess host;
+    start(host, "return");
+    const QByteArray last = CheckWorld::previewTarget("VideoFilters", "f2.jpg");
+    QTRY_VERIFY_WITH_TIMEOUT(m_world.targets().contains(last), longWait);
+    host.closeWriteChannel();
+    QVERIFY(host.waitForFinished(longWait));
+    QCOMPARE(host.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(host.exitCode(), 0);
+}
+
+int main(int argc, char** argv)
+{
+    if (argc == 5 && qstrcmp(argv[1], "--host") == 0) {
+        const TestApplication<QCoreApplication> application(argc, argv);
+        return runHost(application, QCoreApplication::arguments());
+    }
+    const TestHome home;
+    TestApplication<QCoreApplication> application(argc, argv);
+    tst_MVThemeDownLoader_CheckCfg_exit test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_MVThemeDownLoader_CheckCfg_exit.moc"
