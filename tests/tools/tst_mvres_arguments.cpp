@@ -61,6 +61,10 @@ void TestMvresArguments::refuses_data()
     row("favourite without GUID", "favourite", "favourite takes one GUID");
     row("favourite with two GUIDs", "favourite {A} {B}", "favourite takes one GUID");
     row("paths with an argument", "paths all", "paths takes no arguments");
+    row("check with an argument", "check all", "check takes no arguments");
+    row("builtin without DIR", "builtin", "builtin takes one DIR");
+    row("builtin with two DIRs", "builtin a b", "builtin takes one DIR");
+    row("wait with list", "list --wait", "--wait goes with check");
     row("off with list", "list --off", "--off goes with favourite");
     row("off with fetch", "fetch {A} --off", "--off goes with favourite");
     row("parameter without value", "list --param hasMV", "--param takes KEY=VALUE, not \"hasMV\"");
@@ -157,6 +161,8 @@ void TestMvresArguments::helpNames_data()
                              "  show GUID ",
                              "  fetch GUID... ",
                              "  favourite GUID ",
+                             "  check ",
+                             "  builtin DIR ",
                              "  paths ",
                              "KIND is one of filter,",
                              "transition, motion, theme, bgmaterial",
@@ -168,6 +174,7 @@ void TestMvresArguments::helpNames_data()
                              "--json",
                              "--verbose",
                              "--off",
+                             "--wait",
                              "--version",
                              "-h, --help",
                              "0 success",
@@ -177,7 +184,14 @@ void TestMvresArguments::helpNames_data()
                              "11 no usable path",
                              "12 at least one file failed",
                              "13 other failure",
-                             "14 cancelled"})
+                             "14 cancelled",
+                             "0 the catalogue is current",
+                             "20 it has changed",
+                             "21 the server's",
+                             "22 the server's is older",
+                             "23 the server could not be reached",
+                             "24 the server's was rejected",
+                             "25 cancelled"})
         QTest::newRow(text) << QString::fromLatin1(text);
 }
 

@@ -15,10 +15,18 @@ Commands:
   show GUID             one item, its files and what it depends on
   fetch GUID...         downloads what the items lack, with progress
   favourite GUID        marks an item as a favourite; --off takes the mark away
+  check                 asks the server for a newer catalogue and fetches it, then the
+                        previews that are missing; --wait returns only when the threads
+                        that did it have ended
+  builtin DIR           extracts what ships with the application out of the full resource
+                        tree DIR (its last component is "Resource") into DIR/config_local
   paths                 folders and addresses in use
 
 Exit status: 0 success; 1 failure; 2 bad arguments; fetch: 10 network failure,
-11 no usable path, 12 at least one file failed, 13 other failure, 14 cancelled.)";
+11 no usable path, 12 at least one file failed, 13 other failure, 14 cancelled;
+check: 0 the catalogue is current, 20 it has changed and was fetched, 21 the server's
+needs a newer application, 22 the server's is older, 23 the server could not be reached,
+24 the server's was rejected, 25 cancelled.)";
 
 struct Command
 {
@@ -33,6 +41,8 @@ const Command commands[] = {
     {"show", 1, 1, "show takes one GUID"},
     {"fetch", 1, -1, "fetch takes at least one GUID"},
     {"favourite", 1, 1, "favourite takes one GUID"},
+    {"check", 0, 0, "check takes no arguments"},
+    {"builtin", 1, 1, "builtin takes one DIR"},
     {"paths", 0, 0, "paths takes no arguments"},
 };
 
@@ -60,6 +70,8 @@ bool Arguments::parse(const QCoreApplication& application)
         QStringLiteral("verbose"), QStringLiteral("write the library's log to standard error"));
     const QCommandLineOption offOption(QStringLiteral("off"),
                                        QStringLiteral("favourite: take the mark away"));
+    const QCommandLineOption waitOption(
+        QStringLiteral("wait"), QStringLiteral("check: return when its threads have ended"));
 
     QCommandLineParser parser;
     parser.setApplicationDescription(QString::fromLatin1(description));
@@ -68,9 +80,10 @@ bool Arguments::parse(const QCoreApplication& application)
                                         QStringLiteral("print this help"));
     const QCommandLineOption versionOption = parser.addVersionOption();
     parser.addOptions({helpOption, settingsOption, serverOption, rootOption, resourcesOption,
-                       paramOption, jsonOption, verboseOption, offOption});
-    parser.addPositionalArgument(QStringLiteral("COMMAND"),
-                                 QStringLiteral("list, show, fetch, favourite or paths"));
+                       paramOption, jsonOption, verboseOption, offOption, waitOption});
+    parser.addPositionalArgument(
+        QStringLiteral("COMMAND"),
+        QStringLiteral("list, show, fetch, favourite, check, builtin or paths"));
     parser.addPositionalArgument(QStringLiteral("ARGUMENTS"), QStringLiteral("see above"),
                                  QStringLiteral("[ARGUMENTS...]"));
     if (!parser.parse(application.arguments()))
@@ -90,6 +103,7 @@ bool Arguments::parse(const QCoreApplication& application)
     json = parser.isSet(jsonOption);
     verbose = parser.isSet(verboseOption);
     off = parser.isSet(offOption);
+    wait = parser.isSet(waitOption);
     operands = parser.positionalArguments();
     if (operands.isEmpty())
         return fail(QStringLiteral("no command; see mvres --help"));
@@ -108,6 +122,8 @@ bool Arguments::checkOperands()
             return fail(QString::fromLatin1(known.usage));
         if (off && command != QLatin1String("favourite"))
             return fail(QStringLiteral("--off goes with favourite"));
+        if (wait && command != QLatin1String("check"))
+            return fail(QStringLiteral("--wait goes with check"));
         return true;
     }
     return fail(QStringLiteral("unknown command \"%1\"; see mvres --help").arg(command));

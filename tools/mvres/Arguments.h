@@ -22,6 +22,7 @@ public:
     bool json = false;
     bool verbose = false;
     bool off = false;
+    bool wait = false;
     QString command;
     QStringList operands;
 

@@ -12,6 +12,13 @@ constexpr int exitFailure = 1;
 constexpr int exitUsage = 2;
 /// fetch: this plus the value of EMVThemeDownLoadError.
 constexpr int exitDownload = 10;
+/// check: what became of the catalogue, if it is not current.
+constexpr int exitChanged = 20;
+constexpr int exitServerNewer = 21;
+constexpr int exitServerOlder = 22;
+constexpr int exitUnreachable = 23;
+constexpr int exitRejected = 24;
+constexpr int exitCancelled = 25;
 
 /// Names come from a server: control characters become blanks, so that a text stays on its line and
 /// leaves the terminal alone.

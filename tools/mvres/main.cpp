@@ -1,6 +1,8 @@
 // mvres: a resource manager host without a window, for scripts and for people who run a server.
 
 #include "Arguments.h"
+#include "BuiltinCommand.h"
+#include "CheckCommand.h"
 #include "Console.h"
 #include "FavouriteCommand.h"
 #include "FetchCommand.h"
@@ -23,6 +25,10 @@ int dispatch(const Arguments& arguments, const Session& session)
         return FetchCommand::run(arguments);
     if (arguments.command == QLatin1String("favourite"))
         return FavouriteCommand::run(arguments);
+    if (arguments.command == QLatin1String("check"))
+        return CheckCommand::run(arguments);
+    if (arguments.command == QLatin1String("builtin"))
+        return BuiltinCommand::run(arguments);
     return PathsCommand::run(arguments, session);
 }
 

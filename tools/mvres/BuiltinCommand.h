@@ -1,0 +1,10 @@
+#pragma once
+
+class Arguments;
+
+/// mvres builtin DIR
+class BuiltinCommand
+{
+public:
+    static int run(const Arguments& arguments);
+};
