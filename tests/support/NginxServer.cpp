@@ -1,0 +1,152 @@
+#include "support/NginxServer.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QStandardPaths>
+
+#include <chrono>
+#include <csignal>
+#include <thread>
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <sys/prctl.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int attempts = 5; // somebody else may take a port that was free
+constexpr int longestMs = 20000;
+constexpr std::chrono::milliseconds tick(10);
+
+int loopbackSocket(quint16 port, sockaddr_in& address)
+{
+    address = {};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    address.sin_port = htons(port);
+    return ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+}
+
+quint16 freePort()
+{
+    sockaddr_in address;
+    const int socket = loopbackSocket(0, address);
+    auto* const generic = reinterpret_cast<sockaddr*>(&address);
+    socklen_t length = sizeof address;
+    const bool ok =
+        ::bind(socket, generic, length) == 0 && ::getsockname(socket, generic, &length) == 0;
+    ::close(socket);
+    return ok ? ntohs(address.sin_port) : 0;
+}
+
+bool answers(quint16 port)
+{
+    sockaddr_in address;
+    const int socket = loopbackSocket(port, address);
+    const bool ok =
+        ::connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+    ::close(socket);
+    return ok;
+}
+
+/// One process in the foreground: it has the id that is ended.
+const char configuration[] = R"(daemon off;
+master_process off;
+pid %1/nginx.pid;
+error_log %1/error.log;
+events { worker_connections 64; }
+http {
+    client_body_temp_path %1/body;
+    proxy_temp_path %1/proxy;
+    fastcgi_temp_path %1/fastcgi;
+    uwsgi_temp_path %1/uwsgi;
+    scgi_temp_path %1/scgi;
+    log_format short '$request $status';
+    access_log %1/access.log short;
+    keepalive_requests 100000;
+    server {
+        listen 127.0.0.1:%2;
+        root %3;
+    }
+}
+)";
+
+} // namespace
+
+void NginxServer::Process::setupChildProcess()
+{
+    ::prctl(PR_SET_PDEATHSIG, SIGTERM);
+}
+
+NginxServer::~NginxServer()
+{
+    if (m_process.state() == QProcess::NotRunning)
+        return;
+    m_process.terminate();
+    if (!m_process.waitForFinished(longestMs))
+        m_process.kill();
+}
+
+QString NginxServer::program()
+{
+    const QString name = QStringLiteral("nginx");
+    const QString found = QStandardPaths::findExecutable(name);
+    return found.isEmpty() ? QStandardPaths::findExecutable(
+               name, {QStringLiteral("/usr/sbin"), QStringLiteral("/usr/local/sbin")})
+                           : found;
+}
+
+bool NginxServer::start(const QString& tree, const QString& work)
+{
+    m_work = work;
+    QDir().mkpath(work);
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        if (startOn(freePort(), tree, work))
+            return true;
+    }
+    m_error = QString::fromLocal8Bit(m_process.readAllStandardError());
+    return false;
+}
+
+bool NginxServer::startOn(quint16 port, const QString& tree, const QString& work)
+{
+    const QString file = work + QStringLiteral("/nginx.conf");
+    QFile conf(file);
+    if (!conf.open(QIODevice::WriteOnly))
+        return false;
+    conf.write(QString::fromLatin1(configuration).arg(work).arg(port).arg(tree).toUtf8());
+    conf.close();
+    m_process.start(program(),
+                    {QStringLiteral("-e"), QStringLiteral("stderr"), QStringLiteral("-p"), work,
+                     QStringLiteral("-c"), file});
+    QElapsedTimer timer;
+    timer.start();
+    // Ended, if the port has been taken meanwhile.
+    while (!m_process.waitForFinished(0) && m_process.state() != QProcess::NotRunning
+           && timer.elapsed() < longestMs) {
+        if (m_process.state() == QProcess::Running && answers(port)) {
+            m_port = port;
+            return true;
+        }
+        std::this_thread::sleep_for(tick);
+    }
+    return false;
+}
+
+QString NginxServer::url() const
+{
+    return QStringLiteral("http://127.0.0.1:%1/").arg(m_port);
+}
+
+QByteArrayList NginxServer::requests() const
+{
+    QFile log(m_work + QStringLiteral("/access.log"));
+    if (!log.open(QIODevice::ReadOnly))
+        return {};
+    QByteArrayList lines = log.readAll().split('\n');
+    lines.removeLast(); // what stands behind the last line's end
+    return lines;
+}
