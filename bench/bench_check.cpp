@@ -1,0 +1,165 @@
+// What a check costs: a first one, which fetches everything, beside the curl program that fetches
+// the same list over one connection, and a second one, which finds nothing to do.
+
+#include "BenchHome.h"
+#include "CheckWorld.h"
+#include "download/MVThemeDownLoader_CheckCfg.h"
+#include "Ratios.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QFile>
+#include <QProcess>
+#include <QThread>
+
+#include <cstdio>
+#include <functional>
+
+#include <unistd.h>
+
+namespace {
+
+constexpr int themes = 1000;
+constexpr int repetitions = 5;
+constexpr double highestRatio = 1.25;
+constexpr int settleMs = 200; // the server writes its log behind its answers
+
+struct Check
+{
+    ECatalogueCheckEnd end = eCatalogueCheck_Cancelled;
+    SPreviewRunResult previews;
+};
+
+/// A check and the preview run behind it.
+Check checkOnce()
+{
+    using Coordinator = MVThemeDownLoader_CheckCfg;
+    Check result;
+    QEventLoop loop;
+    Coordinator::setCatalogueCheckCallback(
+        [&](const SCatalogueCheckResult& told) { result.end = told.m_eEnd; });
+    Coordinator::setPreviewRunCallback([&](const SPreviewRunResult& told) {
+        result.previews = told;
+        // Behind the event that frees the coordinator for the next run.
+        QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+    });
+    Coordinator::instance()->startDownloadXML();
+    loop.exec();
+    return result;
+}
+
+/// Both sides start from an empty folder, and on a file system that has nothing left to do.
+void beginAgain(benchmark::State& state, const CheckWorld& world)
+{
+    state.PauseTiming();
+    world.forget();
+    ::sync();
+    state.ResumeTiming();
+}
+
+void measureFirst(benchmark::State& state, const CheckWorld& world)
+{
+    for (auto iteration : state) {
+        Q_UNUSED(iteration)
+        beginAgain(state, world);
+        const Check check = checkOnce();
+        if (check.end != eCatalogueCheck_Changed || check.previews.m_nFetched != 2 * themes)
+            state.SkipWithError("not everything was fetched");
+    }
+}
+
+void measureSecond(benchmark::State& state)
+{
+    for (auto iteration : state) {
+        Q_UNUSED(iteration)
+        const Check check = checkOnce();
+        if (check.end != eCatalogueCheck_Current || check.previews.m_nPresent != 2 * themes)
+            state.SkipWithError("something was missing");
+    }
+}
+
+void measureCurl(benchmark::State& state, const CheckWorld& world, const QString& list)
+{
+    for (auto iteration : state) {
+        Q_UNUSED(iteration)
+        beginAgain(state, world);
+        const int status =
+            QProcess::execute(QStringLiteral("curl"),
+                              {QStringLiteral("--silent"), QStringLiteral("--show-error"),
+                               QStringLiteral("--fail"), QStringLiteral("--config"), list});
+        if (status != 0)
+            state.SkipWithError("curl failed");
+    }
+}
+
+/// What the curl program is to fetch, and where to.
+bool writeList(const QString& file, const CheckWorld& world)
+{
+    QFile list(file);
+    if (!list.open(QIODevice::WriteOnly))
+        return false;
+    const QStringList urls = world.urls();
+    const QStringList files = world.files();
+    for (int i = 0; i < urls.size(); ++i) {
+        list.write(QStringLiteral("url = \"%1\"\noutput = \"%2/%3\"\n")
+                       .arg(urls.at(i), world.download(), files.at(i))
+                       .toUtf8());
+    }
+    return list.flush();
+}
+
+/// Exactly the version file is asked for when there is nothing to do.
+bool secondCheckAsksOnce(const CheckWorld& world)
+{
+    checkOnce(); // whatever was measured last
+    QThread::msleep(settleMs);
+    const int before = world.requests();
+    checkOnce();
+    QThread::msleep(settleMs);
+    const int requests = world.requests() - before;
+    std::printf("requests of a second check: %d limit 1\n", requests);
+    return requests == 1;
+}
+
+void add(const char* name, int iterations, const std::function<void(benchmark::State&)>& measure)
+{
+    auto* const added = benchmark::RegisterBenchmark(name, measure);
+    added->Unit(benchmark::kMillisecond)->Repetitions(repetitions)->UseRealTime();
+    if (iterations > 0)
+        added->Iterations(iterations);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    const BenchHome home;
+    CheckWorld world(home.path());
+    if (!world.publish(themes)) {
+        std::fprintf(stderr, "bench_check: nginx does not run: %s\n",
+                     qPrintable(world.errorText()));
+        return 1;
+    }
+    world.forget();
+    const QString list = home.path() + QStringLiteral("/curl.list");
+    if (!writeList(list, world))
+        return 1;
+
+    Ratios ratios;
+    add("first_check", 1, [&](benchmark::State& state) { measureFirst(state, world); });
+    add("floor_curl", 1, [&](benchmark::State& state) { measureCurl(state, world, list); });
+    ratios.limit("first check", "first_check", "floor_curl", highestRatio);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks(&ratios);
+
+    // Not among the others, whose turns are random: it needs what a first check has fetched.
+    world.forget();
+    checkOnce();
+    benchmark::ClearRegisteredBenchmarks();
+    add("second_check", 0, [](benchmark::State& state) { measureSecond(state); });
+    benchmark::RunSpecifiedBenchmarks(&ratios);
+    const bool once = secondCheckAsksOnce(world);
+    const int status = ratios.finish();
+    return once ? status : 1;
+}
