@@ -12,7 +12,6 @@
 #include <functional>
 
 class CheckTransfer;
-class QDomDocument;
 
 /// Fetches the thumbnails and animated previews of themes and filters that are missing on disk: one
 /// object does one run.
