@@ -4,6 +4,7 @@
 
 #include <QElapsedTimer>
 #include <QFile>
+#include <QSemaphore>
 #include <QThread>
 
 using namespace CheckLines;
@@ -93,17 +94,20 @@ void tst_CheckWorker_CfgAndDisplayXML_cancel::duringAStalledTransfer()
     publishAll();
     CheckWorker_CfgAndDisplayXML worker;
     QElapsedTimer sinceCancel;
+    QSemaphore cancelled; // the worker must outlive the call
     m_world.setFault([&](HttpExchange& exchange, int number) {
         if (number != stalling)
             return false;
         exchange.answer(HttpAnswer(200).field("Content-Length", "100000").bareBody("<Res"));
         sinceCancel.start();
         worker.cancel();
+        cancelled.release();
         exchange.stall();
         return true;
     });
     DownloadTrace trace;
     CheckWorld::check(worker, trace);
+    cancelled.acquire();
     QVERIFY(sinceCancel.elapsed() < aSecond);
     const QStringList entries = trace.entries();
     if (stalling == 1) {

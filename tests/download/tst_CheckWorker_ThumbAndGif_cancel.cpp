@@ -4,6 +4,7 @@
 
 #include <QElapsedTimer>
 #include <QFile>
+#include <QSemaphore>
 #include <QThread>
 
 using namespace CheckLines;
@@ -110,18 +111,21 @@ void tst_CheckWorker_ThumbAndGif_cancel::duringATransfer()
     QFETCH(int, point);
     CheckWorker_ThumbAndGif worker;
     QElapsedTimer sinceCancel;
+    QSemaphore cancelled; // the worker must outlive the call
     m_world.setFault([&](HttpExchange& exchange, int number) {
         if (number != stalling)
             return false;
         exchange.answer(HttpAnswer(200).field("Content-Length", "100000").bareBody("GIF"));
         sinceCancel.start();
         worker.cancel();
+        cancelled.release();
         exchange.stall();
         return true;
     });
     DownloadTrace trace;
     CheckWorld::watch(worker, trace);
     const bool ok = worker.onStartDownload_ThumbAndGif();
+    cancelled.acquire();
     QVERIFY(sinceCancel.elapsed() < aSecond);
     QCOMPARE(ok, point == 0);
     QCOMPARE(trace.countContaining(QStringLiteral("template is error! will return!")), 1);
@@ -141,16 +145,19 @@ void tst_CheckWorker_ThumbAndGif_cancel::whenNothingSucceedsAnyMore()
     m_world.writeCatalogue(MVThemeMgr::eLoadDir_Download, many, {});
     CheckWorker_ThumbAndGif worker;
     QElapsedTimer sinceCancel;
+    QSemaphore cancelled; // the worker must outlive the call
     m_world.setFault([&](HttpExchange& exchange, int number) {
         if (number == 1) {
             sinceCancel.start();
             worker.cancel();
+            cancelled.release();
         }
         return stallEverything(exchange, number);
     });
     DownloadTrace trace;
     CheckWorld::watch(worker, trace);
     QVERIFY(worker.onStartDownload_ThumbAndGif());
+    cancelled.acquire();
     QVERIFY2(sinceCancel.elapsed() < 2 * aSecond,
              qPrintable(QString::number(sinceCancel.elapsed())));
     QCOMPARE(trace.count(QStringLiteral("result 0 0 100 1")), 1);
