@@ -122,7 +122,7 @@ QString CheckWorker_CfgAndDisplayXML::getDownLoadTemp()
 
 QString CheckWorker_CfgAndDisplayXML::getSerDownLoadTemp_ThemeImgGif()
 {
-    const QString folder = getDownLoadTemp() + QStringLiteral("ThemeImgGif/");
+    QString folder = getDownLoadTemp() + QStringLiteral("ThemeImgGif/");
     QDir().mkpath(folder);
     return folder;
 }

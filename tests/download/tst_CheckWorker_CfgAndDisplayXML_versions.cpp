@@ -32,7 +32,7 @@ private slots:
 private:
     QString write(const QByteArray& content) const
     {
-        const QString file = m_world.base() + QStringLiteral("/file.xml");
+        QString file = m_world.base() + QStringLiteral("/file.xml");
         Files::write(file, content);
         return file;
     }

@@ -132,7 +132,7 @@ void tst_CheckWorker_ThumbAndGif_cancel::duringATransfer()
     QCOMPARE(trace.countContaining(QStringLiteral("will return![line")), int(point != 0));
     if (point != 0)
         QCOMPARE(trace.count(previewsCancelled(point)), 1);
-    QCOMPARE(trace.entries().last(), ok ? QStringLiteral("end 1") : QStringLiteral("end 0"));
+    QCOMPARE(trace.entries().constLast(), ok ? QStringLiteral("end 1") : QStringLiteral("end 0"));
     QVERIFY(!QFile::exists(m_world.preview("Themes", files[stalling - 1])));
 }
 

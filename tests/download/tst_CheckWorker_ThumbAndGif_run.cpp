@@ -151,7 +151,7 @@ void tst_CheckWorker_ThumbAndGif_run::kindsByProductParameter_data()
     QTest::addColumn<QString>("hasMV"); // null: not set
     QTest::addColumn<bool>("themes");
     QTest::newRow("not set") << QString() << false;
-    QTest::newRow("empty") << QStringLiteral("") << false;
+    QTest::newRow("empty") << QString(QLatin1String("")) << false;
     QTest::newRow("0") << QStringLiteral("0") << false;
     QTest::newRow("1") << QStringLiteral("1") << true;
     QTest::newRow("-1") << QStringLiteral("-1") << true;

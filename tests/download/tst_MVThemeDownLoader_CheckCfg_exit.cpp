@@ -40,8 +40,8 @@ constexpr qint64 shortEnough = 10000; // ms, far below the host's time limit for
 /// What a host does that has never heard of the end of the process.
 int runHost(const QCoreApplication& application, const QStringList& arguments)
 {
-    const QString base = arguments.at(2);
-    const QString ending = arguments.at(4);
+    const QString& base = arguments.at(2);
+    const QString& ending = arguments.at(4);
     hostSettings().resourcesPath = base + QStringLiteral("/installed");
     hostSettings().dataLocation = base + QStringLiteral("/data");
     hostSettings().appDataPath = base + QStringLiteral("/appdata");

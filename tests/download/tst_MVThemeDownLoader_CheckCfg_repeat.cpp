@@ -18,6 +18,7 @@ private:
     bool checkOnce(const CoordinatorTrace& trace, int number);
 
     CheckWorld m_world;
+    int m_started = 0;
 };
 
 namespace {
@@ -99,19 +100,20 @@ void tst_MVThemeDownLoader_CheckCfg_repeat::nextCheckFromTheEndOfTheLast()
                     CheckWorld::configCatalogue({}, {}));
     auto* const coordinator = MVThemeDownLoader_CheckCfg::instance();
     const CoordinatorTrace trace;
-    int started = 1;
-    QObject context;
+    m_started = 1;
     // Follows the end of a check at once.
-    connect(coordinator, &MVThemeDownLoader_CheckCfg::sig_startDownloadThumbAndGif, &context, [&] {
-        if (started < 20 && coordinator->startDownloadXML())
-            ++started;
-    });
+    connect(coordinator, &MVThemeDownLoader_CheckCfg::sig_startDownloadThumbAndGif, this,
+            [this, coordinator] {
+                if (m_started < 20 && coordinator->startDownloadXML())
+                    ++m_started;
+            });
     QVERIFY(coordinator->startDownloadXML());
-    QTRY_VERIFY_WITH_TIMEOUT(started == 20 && trace.checks() == 20, longWait);
+    QTRY_VERIFY_WITH_TIMEOUT(m_started == 20 && trace.checks() == 20, longWait);
     QTRY_VERIFY_WITH_TIMEOUT(trace.count(trace.runEnded()) == trace.count(trace.runStarted()),
                              longWait);
     QCOMPARE(trace.count(QStringLiteral("check 0")), 1);
     QCOMPARE(trace.count(QStringLiteral("check 1")), 19);
+    disconnect(coordinator, nullptr, this, nullptr);
 }
 
 MV_TEST_MAIN(tst_MVThemeDownLoader_CheckCfg_repeat)

@@ -52,7 +52,7 @@ const QVector<int> filters{1, 2, 3};
 /// A check and a preview run, ended by a kill when the given number of lines is in the log.
 int runHost(const QStringList& arguments)
 {
-    const QString base = arguments.at(2);
+    const QString& base = arguments.at(2);
     const int killAt = arguments.at(4).toInt();
     std::atomic<int> lines{0};
     setLogSink([&](const QByteArray&, int, const QByteArray&) {
@@ -101,7 +101,7 @@ void tst_checkKilled::publish(int number)
     m_published.insert(
         folder + QStringLiteral("resource_version.xml"),
         CheckWorld::version("1.0.2", CheckWorld::md5(display), CheckWorld::md5(config)));
-    for (const int filter : own) {
+    for (const int filter : std::as_const(own)) {
         const QByteArray name = 'f' + QByteArray::number(filter) + ".jpg";
         m_world.serve(CheckWorld::previewTarget("VideoFilters", name.constData()), image(number));
         m_published.insert(QStringLiteral("display/PQD/Download/VideoFilters/")
