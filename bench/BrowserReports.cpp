@@ -134,12 +134,17 @@ void BrowserReports::hover(const char* what, QWidget& cell)
 
 void BrowserReports::reportRing()
 {
-    // Without an item, so that no download starts.
+    // Only the face has an item, so that no download starts.
     MVThemeItemWdg cell(nullptr);
     auto* const face = cell.findChild<MVThemeItemSubwdgt_Preview*>();
+    MVThemeMgr* const manager = MVThemeMgr::init();
+    face->setItem(manager->findItemByIDFromDisplay(eCfgItem_Theme,
+                                                   manager->getThemes_Display().first().m_qsGUID));
     cell.show();
     face->startDownLoad();
     BrowserStage::settle();
+    if (!cell.findChild<QWidget*>(QStringLiteral("lblIcon"))->isVisible())
+        qFatal("no ring is shown");
     report("100 ring repaints", [face] {
         for (int percent = 1; percent <= 100; ++percent)
             face->onProgress(percent);

@@ -81,6 +81,7 @@ void CheckWorker_CfgAndDisplayXML::onStartDownloadXML(const QString&)
         return;
     }
     if (!readVersions()) {
+        m_result.m_bPreviewsFollow = false;
         report(); // and no end signal, which is what hosts are used to
         return;
     }
@@ -303,7 +304,7 @@ void CheckWorker_CfgAndDisplayXML::noteFailure(int result, const QString& reason
 void CheckWorker_CfgAndDisplayXML::note(ECatalogueCheckEnd end, const QString& reason)
 {
     if (m_result.m_eEnd == eCatalogueCheck_Current)
-        m_result = {end, reason};
+        m_result = {end, reason, true};
 }
 
 void CheckWorker_CfgAndDisplayXML::report()

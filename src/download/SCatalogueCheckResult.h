@@ -27,4 +27,7 @@ struct SCatalogueCheckResult
     ECatalogueCheckEnd m_eEnd = eCatalogueCheck_Current;
     /// Why, for people, when the server was unreachable or the catalogue rejected; otherwise empty.
     QString m_qsReason;
+    /// Whether the coordinator starts a preview run behind the check. It does, except when the
+    /// server's version file announces no checksums: such a check sends no end signal.
+    bool m_bPreviewsFollow = true;
 };

@@ -107,8 +107,7 @@ void CheckCommand::onCatalogueChecked(const SCatalogueCheckResult& result)
     m_check = result;
     m_checkTold = true;
     say(QStringLiteral("the catalogue has been checked"));
-    // A check without an end signal is not followed by previews; the others' find them started.
-    if (!m_previewsTold)
+    if (!result.m_bPreviewsFollow)
         Coordinator::instance()->startDownloadThumbAndGif();
     endIfTold();
 }
