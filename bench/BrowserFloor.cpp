@@ -11,6 +11,8 @@
 #include <QStyle>
 #include <QStyledItemDelegate>
 
+#include <memory>
+
 namespace {
 
 class BareDelegate : public QStyledItemDelegate
@@ -89,7 +91,7 @@ BaremvThemelistview::BaremvThemelistview()
 
 void BaremvThemelistview::fill()
 {
-    for (const SCfg_Item& item : MVThemeMgr::init()->getThemes_Display()) {
+    for (const SCfg_Item& item : std::as_const(MVThemeMgr::init()->getThemes_Display())) {
         auto row = std::make_unique<QStandardItem>();
         row->setData(item.m_qsGUID, UIItemRole_GUID);
         row->setData(item.m_nThemeType, UIItemRole_ThemeType);
@@ -114,8 +116,9 @@ QStringList BrowserFloor::layoutOf(const QWidget& cell)
     if (!cell.isVisible() || floats(cell))
         return {};
     QStringList lines = {described(cell)};
-    for (const QWidget* const child :
-         cell.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+    const QList<QWidget*> children =
+        cell.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+    for (const QWidget* const child : children)
         lines += layoutOf(*child);
     return lines;
 }

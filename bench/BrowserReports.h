@@ -22,17 +22,22 @@ public:
     BrowserReports(const BrowserWorld& world, const QString& styleSheet);
     ~BrowserReports();
 
-    void print();
+    /// Prints a line per action. False if one asked the server, or opened a file again that had
+    /// been opened already. A second list and an animation that is played again may do the latter.
+    bool print();
 
 private:
-    /// Prints one line about an action.
-    void report(const char* what, const std::function<void()>& action);
+    enum Reading { NewFiles, ReadAgain };
+
+    void report(const char* what, const std::function<void()>& action, Reading allowed = NewFiles);
+    void reportQueuedFilling();
     void reportFilter(mvThemelistview& list);
     void reportRing();
     void reportHover(const mvThemelistview& list);
-    void hover(const char* what, QWidget& cell);
+    void hover(const char* what, QWidget& cell, Reading allowed = NewFiles);
 
     std::unique_ptr<SilentServer> m_server;
     QString m_styleSheet;
     BrowserFileWatch m_watch;
+    bool m_allKept = true;
 };

@@ -14,7 +14,8 @@ QStringList samplePictures(const char* pattern)
 {
     const QDir folder(QStringLiteral(MV_SAMPLES "/server/display/Themes"));
     QStringList paths;
-    for (const QString& name : folder.entryList({QLatin1String(pattern)}, QDir::Files, QDir::Name))
+    const QStringList names = folder.entryList({QLatin1String(pattern)}, QDir::Files, QDir::Name);
+    for (const QString& name : names)
         paths.append(folder.filePath(name));
     if (paths.isEmpty())
         qFatal("no sample pictures in %s", qPrintable(folder.path()));
@@ -26,8 +27,8 @@ void replaceFiles(const QDir& folder, const char* pattern, const QStringList& co
 {
     QStringList stored;
     int turn = 0;
-    for (const QString& name :
-         folder.entryList({QLatin1String(pattern)}, QDir::Files, QDir::Name)) {
+    const QStringList names = folder.entryList({QLatin1String(pattern)}, QDir::Files, QDir::Name);
+    for (const QString& name : names) {
         const QString path = folder.filePath(name);
         QFile::remove(path);
         const int which = turn++ % contents.size();
@@ -81,7 +82,7 @@ void BrowserWorld::writePictures() const
 void BrowserWorld::writeMissingFiles()
 {
     MVThemeMgr* const manager = MVThemeMgr::init();
-    for (const SCfg_Item& theme : manager->getThemes_Display()) {
+    for (const SCfg_Item& theme : std::as_const(manager->getThemes_Display())) {
         QVector<SFileInfo*> missing;
         manager->getNeedDownLoadFiles(
             manager->findItemByIDFromDisplay(eCfgItem_Theme, theme.m_qsGUID), missing);

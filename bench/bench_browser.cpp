@@ -18,10 +18,11 @@
 #include <QUuid>
 
 #include <cstdio>
+#include <ctime>
 #include <map>
+#include <memory>
 
 #include <malloc.h>
-#include <time.h>
 
 namespace {
 
@@ -210,6 +211,6 @@ int main(int argc, char** argv)
     benchmark::RunSpecifiedBenchmarks(&ratios);
     const bool memoryKept = reportMemory(folders);
     worlds.at(2000)->load();
-    BrowserReports(*worlds.at(2000), skins.code).print();
-    return ratios.finish() == 0 && memoryKept ? 0 : 1;
+    const bool readingKept = BrowserReports(*worlds.at(2000), skins.code).print();
+    return ratios.finish() == 0 && memoryKept && readingKept ? 0 : 1;
 }

@@ -28,8 +28,8 @@ void dropRequests(QWidget* widget)
 {
     if (!widget)
         return;
-    const QList<QWidget*> parts = widget->findChildren<QWidget*>();
-    for (QWidget* part : QList<QWidget*>{widget} + parts) {
+    const QList<QWidget*> parts = QList<QWidget*>{widget} + widget->findChildren<QWidget*>();
+    for (QWidget* const part : parts) {
         QCoreApplication::removePostedEvents(part, QEvent::PolishRequest);
         QCoreApplication::removePostedEvents(part, QEvent::LayoutRequest);
     }

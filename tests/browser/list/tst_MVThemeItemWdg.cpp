@@ -243,10 +243,12 @@ void tst_MVThemeItemWdg::appliesWhatIsOnDisk()
     HostTrace trace;
     MVThemeItemWdg* const cell = addCell(BrowserWorld::theme(1));
     SCfg_Item* told = nullptr;
-    connect(cell, &MVThemeItemWdg::sigThemeItemClicked, this, [&](SCfg_Item* item) {
-        told = item;
-        trace.note(isMarked(cell) ? QStringLiteral("signal, marked") : QStringLiteral("signal"));
-    });
+    connect(cell, &MVThemeItemWdg::sigThemeItemClicked, this,
+            [cell, tell = &told, note = &trace](SCfg_Item* item) {
+                *tell = item;
+                note->note(isMarked(cell) ? QStringLiteral("signal, marked")
+                                          : QStringLiteral("signal"));
+            });
     cell->doApplyTheme();
     QCOMPARE(trace.entries(),
              (QStringList{QStringLiteral("signal, marked"), QStringLiteral("clicked One")}));

@@ -226,7 +226,7 @@ void tst_mvThemelistview_rows::addedItemIsTheLastShownRow()
     QCOMPARE(list.rows()->rowCount(), 5);
     QVERIFY(list.cell(4));
     QCOMPARE(list.cell(4)->getItem(), BrowserWorld::theme(1));
-    QCOMPARE(list.shownNames().last(), QStringLiteral("Zebra"));
+    QCOMPARE(list.shownNames().constLast(), QStringLiteral("Zebra"));
 }
 
 void tst_mvThemelistview_rows::opensEachCellOnce()
