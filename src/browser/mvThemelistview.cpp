@@ -10,6 +10,8 @@
 #include "host/widgets/SkinWidget.h"
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QLayout>
 #include <QRegExp>
 #include <QScrollBar>
 #include <QStandardItemModel>
@@ -20,18 +22,23 @@ namespace {
 
 constexpr QSize fallbackItemSize(136, 110);
 constexpr int mostShownOneByOne = 8; // cells
+constexpr int mostLosses = 4;        // cells in succession
 
-/// Takes back what the parts of a hidden widget have asked for and get anyway when it is shown. Qt
-/// compares each such event with all that wait already, so the requests of a thousand cells would
-/// take longer than the cells.
-void dropRequests(QWidget* widget)
+/// Does at once what the parts of a new cell have asked Qt to do later, and takes the requests
+/// back. Qt compares each with all that wait already, so those of a thousand cells would take
+/// longer than the cells themselves.
+void settleRequests(QWidget* cell)
 {
-    if (!widget)
-        return;
-    const QList<QWidget*> parts = QList<QWidget*>{widget} + widget->findChildren<QWidget*>();
+    const QList<QWidget*> parts = QList<QWidget*>{cell} + cell->findChildren<QWidget*>();
     for (QWidget* const part : parts) {
-        QCoreApplication::removePostedEvents(part, QEvent::PolishRequest);
-        QCoreApplication::removePostedEvents(part, QEvent::LayoutRequest);
+        part->ensurePolished();
+        if (part->layout() && part->isVisible())
+            part->layout()->activate();
+    }
+    for (QWidget* const part : parts) {
+        for (const auto request :
+             {QEvent::PolishRequest, QEvent::LayoutRequest, QEvent::UpdateLater})
+            QCoreApplication::removePostedEvents(part, request);
     }
 }
 
@@ -176,16 +183,22 @@ void mvThemelistview::updateItemState()
         if (!isPersistentEditorOpen(index))
             missing.append(index);
     }
-    const bool atOnce = missing.size() > mostShownOneByOne && viewport()->isVisible();
-    if (atOnce)
-        viewport()->hide();
+    int losses = missing.size() > mostShownOneByOne ? 0 : mostLosses;
     for (const QModelIndex& index : std::as_const(missing)) {
+        QElapsedTimer clock;
+        clock.start();
         openPersistentEditor(index);
-        if (atOnce)
-            dropRequests(indexWidget(index));
+        QWidget* const cell = indexWidget(index);
+        if (losses == mostLosses || !cell)
+            continue;
+        // Called by a posted event, Qt keeps the requests that are taken back in its queue until
+        // that event is done: then looking for them costs more than they do.
+        const qint64 opened = clock.nsecsElapsed();
+        clock.start();
+        settleRequests(cell);
+        losses = clock.nsecsElapsed() < opened ? 0 : losses + 1;
     }
-    if (atOnce)
-        viewport()->show();
+    viewport()->update();
 }
 
 void mvThemelistview::reapplyFilter(int themeType, QString text)
