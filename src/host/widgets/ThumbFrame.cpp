@@ -1,11 +1,27 @@
 #include "host/widgets/ThumbFrame.h"
 
+#include <QDateTime>
+#include <QFileInfo>
 #include <QImageReader>
 #include <QPainter>
+#include <QPixmapCache>
 
 namespace {
 
 constexpr qint64 mostPixels = 64 * 1024 * 1024;
+
+/// Of a decoded image, in the cache that all frames share; another once the file has changed.
+QString cacheKey(const QString& path, const QSize& pixels, qreal ratio)
+{
+    const QFileInfo file(path);
+    return QStringLiteral("%1 %2x%3 %4 %5 %6")
+        .arg(path)
+        .arg(pixels.width())
+        .arg(pixels.height())
+        .arg(ratio)
+        .arg(file.lastModified().toMSecsSinceEpoch())
+        .arg(file.size());
+}
 
 } // namespace
 
@@ -56,6 +72,9 @@ void ThumbFrame::decode(const QSize& pixels, qreal ratio)
     m_decodedFor = pixels;
     m_decodedRatio = ratio;
     m_pixmap = QPixmap();
+    const QString key = cacheKey(m_path, pixels, ratio);
+    if (QPixmapCache::find(key, &m_pixmap))
+        return;
     QImageReader reader(m_path);
     reader.setAutoTransform(true);
     // A few bytes from a server can announce an image that fills the memory.
@@ -68,4 +87,5 @@ void ThumbFrame::decode(const QSize& pixels, qreal ratio)
     m_pixmap =
         QPixmap::fromImage(image.scaled(pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation));
     m_pixmap.setDevicePixelRatio(ratio);
+    QPixmapCache::insert(key, m_pixmap);
 }
