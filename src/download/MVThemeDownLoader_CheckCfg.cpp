@@ -3,7 +3,10 @@
 #include "catalogue/MVThemeMgr.h"
 #include "download/CheckWorker_CfgAndDisplayXML.h"
 #include "download/CheckWorker_ThumbAndGif.h"
+#include "host/CurWrapper.h"
 #include "host/LogL.h"
+
+#include <QCoreApplication>
 
 #include <algorithm>
 
@@ -25,13 +28,25 @@ MVThemeDownLoader_CheckCfg* MVThemeDownLoader_CheckCfg::instance()
 
 MVThemeDownLoader_CheckCfg::MVThemeDownLoader_CheckCfg()
 {
-    // Created first, so destroyed last: the threads use the catalogue until they are joined.
+    // Created first, so destroyed last: the threads use the catalogue until they are joined, and
+    // what the transfers initialise for the whole process.
     MVThemeMgr::init();
+    const CurWrapper firstTransfer;
     connect(&m_thread_CfgAndDisplayXML, &QThread::finished, this,
             &MVThemeDownLoader_CheckCfg::onCatalogueThreadFinished);
 }
 
 MVThemeDownLoader_CheckCfg::~MVThemeDownLoader_CheckCfg()
+{
+    qRemovePostRoutine(&MVThemeDownLoader_CheckCfg::beforeApplicationGoes);
+    endThreads();
+    delete m_pWorker;
+    delete m_pWorker_ThumbAndGif;
+    for (const QPointer<QObject>& worker : std::as_const(m_vecLeaving))
+        delete worker.data(); // one whose thread was not there any more to delete it
+}
+
+void MVThemeDownLoader_CheckCfg::endThreads()
 {
     for (QThread* const thread : {&m_thread_CfgAndDisplayXML, &m_thread_ThumbAndGif}) {
         thread->requestInterruption();
@@ -43,10 +58,19 @@ MVThemeDownLoader_CheckCfg::~MVThemeDownLoader_CheckCfg()
         m_pWorker_ThumbAndGif->cancel();
     m_thread_CfgAndDisplayXML.wait();
     m_thread_ThumbAndGif.wait();
-    delete m_pWorker;
-    delete m_pWorker_ThumbAndGif;
-    for (const QPointer<QObject>& worker : std::as_const(m_vecLeaving))
-        delete worker.data(); // one whose thread was not there any more to delete it
+}
+
+/// A thread of Qt's cannot come up once the application object has gone, so both are joined before.
+void MVThemeDownLoader_CheckCfg::startThread(QThread& thread)
+{
+    qRemovePostRoutine(&MVThemeDownLoader_CheckCfg::beforeApplicationGoes); // called once only
+    qAddPostRoutine(&MVThemeDownLoader_CheckCfg::beforeApplicationGoes);
+    thread.start();
+}
+
+void MVThemeDownLoader_CheckCfg::beforeApplicationGoes()
+{
+    instance()->endThreads();
 }
 
 void MVThemeDownLoader_CheckCfg::setCatalogueCheckCallback(CatalogueCheckCallback callback)
@@ -68,7 +92,7 @@ bool MVThemeDownLoader_CheckCfg::startDownloadXML()
     m_pWorker = new CheckWorker_CfgAndDisplayXML;
     m_pWorker->moveToThread(&m_thread_CfgAndDisplayXML);
     connectWorker(m_pWorker);
-    m_thread_CfgAndDisplayXML.start();
+    startThread(m_thread_CfgAndDisplayXML);
     emit sig_startDownloadXML(QStringLiteral("start!"));
     LogL(category, 2, "MVThemeDownLoader_CheckCfg startDownloadXML, download start!");
     return true;
@@ -110,7 +134,7 @@ bool MVThemeDownLoader_CheckCfg::startDownloadThumbAndGif()
     m_pWorker_ThumbAndGif = new CheckWorker_ThumbAndGif;
     m_pWorker_ThumbAndGif->moveToThread(&m_thread_ThumbAndGif);
     connectWorker(m_pWorker_ThumbAndGif);
-    m_thread_ThumbAndGif.start();
+    startThread(m_thread_ThumbAndGif);
     emit sig_startDownloadThumbAndGif(QStringLiteral("start!"));
     LogL(category, 1, "MVThemeDownLoader_CheckCfg sig_startDownloadThumbAndGif, download start!");
     return true;
@@ -153,7 +177,7 @@ void MVThemeDownLoader_CheckCfg::onEndDownloadXML(bool)
 void MVThemeDownLoader_CheckCfg::onCatalogueThreadFinished()
 {
     if (m_bQuitting && m_pWorker)
-        m_thread_CfgAndDisplayXML.start();
+        startThread(m_thread_CfgAndDisplayXML);
     m_bQuitting = false;
 }
 

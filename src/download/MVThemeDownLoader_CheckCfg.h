@@ -23,8 +23,9 @@ class CheckWorker_ThumbAndGif;
 ///
 /// One object per process. It belongs to the thread that calls instance() first, usually the GUI's:
 /// that thread needs an event loop, makes all calls and receives all signals and callbacks. Work is
-/// done on two threads of its own. At the process's end it cancels what runs and joins both, within
-/// a second.
+/// done on two threads of its own. When the QCoreApplication goes it cancels what runs and joins
+/// both, within a second; so it does at the process's end, where exit() leaves the application
+/// standing.
 class MVRESOURCE_EXPORT MVThemeDownLoader_CheckCfg : public QObject
 {
     Q_OBJECT
@@ -81,6 +82,9 @@ private:
     void connectWorker(CheckWorker_ThumbAndGif* worker);
     void onCatalogueThreadFinished();
     void leave(QObject* worker);
+    void startThread(QThread& thread);
+    void endThreads();
+    static void beforeApplicationGoes();
 
     CheckWorker_CfgAndDisplayXML* m_pWorker = nullptr;
     QThread m_thread_CfgAndDisplayXML;

@@ -137,11 +137,11 @@ void tst_MVThemeDownLoader_CheckCfg_exit::rightAfterTheStart_data()
     QTest::newRow("exit is called") << QByteArray("exit at once");
 }
 
-/// Ten times, as threads come up at different speeds.
+/// Many times, as threads come up at different speeds.
 void tst_MVThemeDownLoader_CheckCfg_exit::rightAfterTheStart()
 {
     QFETCH(QByteArray, ending);
-    for (int turn = 0; turn < 10; ++turn) {
+    for (int turn = 0; turn < 50; ++turn) {
         QProcess host;
         start(host, ending.constData());
         QVERIFY(host.waitForFinished(longWait));
