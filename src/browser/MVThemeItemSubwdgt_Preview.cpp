@@ -68,10 +68,19 @@ void MVThemeItemSubwdgt_Preview::createUI()
     connect(m_pUi->btnCollect_No, &QToolButton::clicked, this,
             &MVThemeItemSubwdgt_Preview::onBtnCollect);
     connect(m_pUi->btnMore, &QToolButton::clicked, this, &MVThemeItemSubwdgt_Preview::onBtnMore);
+    nameButtons();
     setCurText(false);
     m_pUi->lblNetError->clear();
     m_pUi->frmNetError->hide();
     m_eDownloadErr = eDownLoadError_None;
+}
+
+/// The buttons show icons only; a screen reader needs their names.
+void MVThemeItemSubwdgt_Preview::nameButtons()
+{
+    for (QToolButton* button : {m_pUi->btnCollect, m_pUi->btnCollect_No, m_pUi->btnDownload})
+        button->setAccessibleName(button->toolTip());
+    m_pUi->btnMore->setAccessibleName(m_pUi->lblMore->text());
 }
 
 void MVThemeItemSubwdgt_Preview::setItem(SCfg_Item* item)
@@ -208,6 +217,16 @@ void MVThemeItemSubwdgt_Preview::stopPlayGif()
     m_pUi->frmShow->stopPlayGif();
 }
 
+bool MVThemeItemSubwdgt_Preview::isPlaying() const
+{
+    return m_pUi->frmShow->isPlaying();
+}
+
+bool MVThemeItemSubwdgt_Preview::isMore() const
+{
+    return m_pUi->stackedWidget->currentWidget() == m_pUi->pageMore;
+}
+
 void MVThemeItemSubwdgt_Preview::setProgressImage(const QImage& image)
 {
     m_progressImage = sharedImage(image);
@@ -299,6 +318,7 @@ void MVThemeItemSubwdgt_Preview::changeEvent(QEvent* event)
     if (event->type() != QEvent::LanguageChange)
         return;
     m_pUi->retranslateUi(this);
+    nameButtons();
     setDownLoadErrorText(m_eDownloadErr);
     if (m_pItem)
         m_pUi->lblName->setText(m_pItem->m_qsName);

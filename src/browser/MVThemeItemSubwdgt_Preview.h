@@ -84,7 +84,10 @@ public:
     void resetItemData();
     void startPlayGif();
     void stopPlayGif();
+    bool isPlaying() const;
     /// @}
+    /// Whether this is the "More>>" cell.
+    bool isMore() const;
 
     QImage progressImage() const { return m_progressImage; }
     void setProgressImage(const QImage& image);
@@ -125,6 +128,7 @@ protected:
 private:
     void createUI();
     void showItem(SCfg_Item* item, bool needed);
+    void nameButtons();
     void createOverlay();
     void arrangeOverlay();
     void placeOverlay(int overlayWidth);

@@ -11,6 +11,8 @@
 
 MVThemeItemWdg::ItemCallback MVThemeItemWdg::m_cbItemClicked;
 MVThemeItemWdg::ItemCallback MVThemeItemWdg::m_cbItemDownloaded;
+MVThemeItemWdg::FailureCallback MVThemeItemWdg::m_cbItemFailed;
+bool MVThemeItemWdg::s_bPlayedByHover = true;
 
 MVThemeItemWdg::MVThemeItemWdg(QWidget* parent)
     : QFrame(parent)
@@ -38,10 +40,17 @@ void MVThemeItemWdg::setCbItemDownloaded(ItemCallback callback)
     m_cbItemDownloaded = std::move(callback);
 }
 
+void MVThemeItemWdg::setCbItemFailed(FailureCallback callback)
+{
+    m_cbItemFailed = std::move(callback);
+}
+
 void MVThemeItemWdg::setItem(const SCfg_Item* item)
 {
     // The record belongs to the catalogue, which is asked to change it on the user's behalf.
     m_pItem = const_cast<SCfg_Item*>(item);
+    if (m_pItem)
+        setAccessibleName(m_pItem->m_qsName);
     m_pUi->frmShow->setItem(m_pItem);
     connect(m_pUi->frmShow, &MVThemeItemSubwdgt_Preview::sigDownLoad, this,
             &MVThemeItemWdg::onDownLoad);
@@ -110,11 +119,13 @@ void MVThemeItemWdg::onDownLoad(SCfg_Item* item)
 
 void MVThemeItemWdg::onDownloadFinish(EMVThemeDownLoadError result)
 {
+    const QString errorText = m_pDownLoader ? m_pDownLoader->errorText() : QString();
     m_pDownLoader = nullptr;
     if (!m_pItem)
         return;
     SCfg_Item* const item = m_pItem;
     const ItemCallback callback = m_cbItemDownloaded;
+    const FailureCallback failed = m_cbItemFailed;
     if (m_bDeletedAfterDownload)
         deleteLater();
     m_pUi->frmShow->setDownLoadErrorText(result);
@@ -126,6 +137,8 @@ void MVThemeItemWdg::onDownloadFinish(EMVThemeDownLoadError result)
     }
     if (!needsFiles(item))
         doApplyTheme();
+    if (failed && !errorText.isEmpty())
+        failed(item, errorText);
     if (callback)
         callback(item);
 }
@@ -133,6 +146,30 @@ void MVThemeItemWdg::onDownloadFinish(EMVThemeDownLoadError result)
 void MVThemeItemWdg::onCollect(SCfg_Item* item)
 {
     Q_UNUSED(item)
+}
+
+void MVThemeItemWdg::activate()
+{
+    if (m_pItem)
+        doApplyTheme();
+    else if (m_pUi->frmShow->isMore())
+        m_pUi->frmShow->onBtnMore();
+}
+
+void MVThemeItemWdg::toggleFavourite()
+{
+    if (m_pItem && !needsFiles(m_pItem))
+        m_pUi->frmShow->onBtnCollect();
+}
+
+void MVThemeItemWdg::togglePreview()
+{
+    if (!m_pItem)
+        return;
+    if (m_pUi->frmShow->isPlaying())
+        m_pUi->frmShow->stopPlayGif();
+    else
+        m_pUi->frmShow->startPlayGif();
 }
 
 void MVThemeItemWdg::cancelDownload()
@@ -170,7 +207,8 @@ bool MVThemeItemWdg::eventFilter(QObject* watched, QEvent* event)
     case QEvent::Enter: {
         // Brings the item's paths up to date with the disk.
         needsFiles(m_pItem);
-        m_pUi->frmShow->startPlayGif();
+        if (s_bPlayedByHover)
+            m_pUi->frmShow->startPlayGif();
         m_pUi->frmShow->doEvent_Enter();
         return true;
     }

@@ -31,6 +31,7 @@ class MVBROWSER_EXPORT MVThemeItemWdg : public QFrame
 
 public:
     using ItemCallback = std::function<void(SCfg_Item*)>;
+    using FailureCallback = std::function<void(SCfg_Item*, const QString& errorText)>;
 
     explicit MVThemeItemWdg(QWidget* parent);
     ~MVThemeItemWdg() override;
@@ -44,10 +45,13 @@ public:
     static void setCbItemClicked(ItemCallback callback);
     /// After a download has ended, whatever its outcome.
     static void setCbItemDownloaded(ItemCallback callback);
+    /// Before that, if files could not be fetched: with the text of MVThemeDownLoader::errorText().
+    static void setCbItemFailed(FailureCallback callback);
     /// @}
 
     /// Call it once. Null makes this the "More>>" cell, which ignores the mouse.
     void setItem(const SCfg_Item* item);
+    /// Null in the "More>>" cell, and after a download that was stopped for good.
     SCfg_Item* getItem() const { return m_pItem; }
 
     /// Where the list keeps its selected cell; `slot` must outlive this widget's use.
@@ -66,6 +70,21 @@ public:
     void onDownLoad(SCfg_Item* item);
     void onDownloadFinish(EMVThemeDownLoadError result);
     void onCollect(SCfg_Item* item);
+
+    /// @name What a keyboard does in the cell
+    /// @{
+    /// As a click: applies or downloads the item; opens what "More>>" stands for.
+    void activate();
+    /// Makes the item a favourite or no longer, if all its files are there.
+    void toggleFavourite();
+    /// Starts the animated preview, or stops it if it plays.
+    void togglePreview();
+    /// @}
+
+    /// Whether the mouse over a cell plays its preview, for all cells; true at first. Turn it off
+    /// for people who want less motion: togglePreview() still plays.
+    static void setPlayedByHover(bool played) { s_bPlayedByHover = played; }
+    static bool isPlayedByHover() { return s_bPlayedByHover; }
 
     bool isDownloading() const { return !m_pDownLoader.isNull(); }
     /// Asks a running download to stop; does not wait.
@@ -96,4 +115,6 @@ private:
 
     static ItemCallback m_cbItemClicked;
     static ItemCallback m_cbItemDownloaded;
+    static FailureCallback m_cbItemFailed;
+    static bool s_bPlayedByHover;
 };

@@ -130,6 +130,11 @@ void MVThemePreviewFrm::stopPlayGif()
     closeMovieFile();
 }
 
+bool MVThemePreviewFrm::isPlaying() const
+{
+    return m_movie.state() == QMovie::Running;
+}
+
 void MVThemePreviewFrm::adjustItem()
 {
     if (!m_pItem)

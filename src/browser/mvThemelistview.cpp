@@ -1,5 +1,6 @@
 #include "browser/mvThemelistview.h"
 
+#include "browser/CellFocusMark.h"
 #include "browser/EUIItemRole.h"
 #include "browser/MVResourceItemDelegate.h"
 #include "browser/MVThemeItemWdg.h"
@@ -46,6 +47,7 @@ void settleRequests(QWidget* cell)
 
 mvThemelistview::mvThemelistview(QWidget* parent)
     : QListView(parent)
+    , m_pFocusMark(new CellFocusMark(viewport()))
 {
     // The style sheet has seen them as parts of a QListView, which this was until now.
     for (QScrollBar* const bar : {verticalScrollBar(), horizontalScrollBar()}) {
@@ -66,10 +68,6 @@ mvThemelistview::~mvThemelistview()
 void mvThemelistview::setUIItemType(EUIItemType type)
 {
     m_eType = type;
-    getItemSIze(m_itemSize, m_itemPadding);
-    if (m_itemSize.width() < 0 || m_itemSize.height() < 0)
-        m_itemSize = fallbackItemSize;
-
     m_pModel = std::make_unique<QStandardItemModel>();
     m_pProxy = new MVThemeSortFilterProxyModel(this);
     m_pProxy->setSourceModel(m_pModel.get());
@@ -78,12 +76,28 @@ void mvThemelistview::setUIItemType(EUIItemType type)
 
     m_pDelegate = new MVResourceItemDelegate(this);
     m_pDelegate->setUIItemType(type);
-    m_pDelegate->setItemSize(m_itemSize);
-    m_pDelegate->setItemPadding(
-        {m_itemPadding.height(), m_itemPadding.x(), m_itemPadding.y(), m_itemPadding.width()});
+    readItemSize();
     connect(m_pDelegate, &MVResourceItemDelegate::sigThemeItemClicked, this,
             &mvThemelistview::sigThemeItemClicked);
     setUpView();
+}
+
+void mvThemelistview::readItemSize()
+{
+    getItemSIze(m_itemSize, m_itemPadding);
+    if (m_itemSize.width() < 0 || m_itemSize.height() < 0)
+        m_itemSize = fallbackItemSize;
+    m_pDelegate->setItemSize(m_itemSize);
+    m_pDelegate->setItemPadding(
+        {m_itemPadding.height(), m_itemPadding.x(), m_itemPadding.y(), m_itemPadding.width()});
+}
+
+void mvThemelistview::updateItemSize()
+{
+    if (!m_pDelegate)
+        return;
+    readItemSize();
+    scheduleDelayedItemsLayout();
 }
 
 void mvThemelistview::setUpView()
@@ -147,6 +161,7 @@ void mvThemelistview::initData(const QUuid& /*unused*/, bool /*unused*/)
                 ->extendParam(QStringLiteral("url_slidershow"), QString())
                 .isEmpty())
         appendRow(QString(), 0, QString());
+    nameMoreRow();
     updateItemState();
 }
 
@@ -170,6 +185,7 @@ void mvThemelistview::appendRow(const QString& guid, int themeType, const QStrin
     row->setData(guid, UIItemRole_GUID);
     row->setData(themeType, UIItemRole_ThemeType);
     row->setData(name, UIItemRole_Name);
+    row->setData(name, Qt::AccessibleTextRole);
     m_pModel->appendRow(row.release()); // the model owns it
 }
 
@@ -282,8 +298,12 @@ void mvThemelistview::ShowThemeSubWdgByOptTag(const QModelIndex& index)
 
 MVThemeItemWdg* mvThemelistview::itemWidget(int row) const
 {
-    const QVariant widget = m_pModel->index(row, 0).data(UIItemRole_Widget);
-    return qobject_cast<MVThemeItemWdg*>(widget.value<QObject*>());
+    return itemWidget(m_pModel->index(row, 0));
+}
+
+MVThemeItemWdg* mvThemelistview::itemWidget(const QModelIndex& index)
+{
+    return qobject_cast<MVThemeItemWdg*>(index.data(UIItemRole_Widget).value<QObject*>());
 }
 
 MVThemeItemWdg* mvThemelistview::firstItemWidget() const

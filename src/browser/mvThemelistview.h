@@ -11,6 +11,7 @@
 
 #include <memory>
 
+class CellFocusMark;
 class MVResourceItemDelegate;
 class MVThemeItemWdg;
 class MVThemeSortFilterProxyModel;
@@ -24,6 +25,11 @@ struct SCfg_Item;
 /// likes. The cells point into the catalogue: call clear() before MVThemeMgr::load(true) or
 /// MVThemeMgr::clear(), and initData() again afterwards. Destroying the view stops the downloads
 /// that its cells have started; do that before the process ends. GUI thread only.
+///
+/// The keyboard: arrows move between the cells, Enter applies or downloads the current one (or
+/// opens what "More>>" stands for), F makes it a favourite or no longer, Space plays or stops its
+/// preview. An outline shows the current cell while the keyboard is used. Screen readers are told
+/// the names.
 ///
 /// The rows carry the data that EUIItemRole names.
 class MVBROWSER_EXPORT mvThemelistview : public QListView
@@ -45,6 +51,8 @@ public:
     /// The size and padding (top, right, bottom, left in x, y, width, height) that the skin gives
     /// to this list's cells; a list of no type leaves both as they are.
     void getItemSIze(QSize& size, QRect& padding);
+    /// Gives the cells the size that the skin has now, after it was changed.
+    void updateItemSize();
 
     /// Shows the items of a theme type (see MVThemeSortFilterProxyModel) whose names contain a
     /// match of `text`, a QRegExp pattern without regard to case.
@@ -74,14 +82,30 @@ signals:
 protected:
     /// One cell up or down, however far the wheel was turned.
     void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+
+protected slots:
+    void updateGeometries() override;
 
 private:
     static const QVector<SCfg_Item>& getItems(EUIItemType type);
     void setUpView();
+    void readItemSize();
+    bool actOnCurrentCell(int key);
+    void nameMoreRow();
+    void showFocus(bool byKeyboard);
+    void placeFocusMark();
     void appendRow(const QString& guid, int themeType, const QString& name);
     void appendItem(const SCfg_Item& item);
     void ShowThemeSubWdgByOptTag(const QModelIndex& index);
     MVThemeItemWdg* itemWidget(int row) const;
+    static MVThemeItemWdg* itemWidget(const QModelIndex& index);
     MVThemeItemWdg* firstItemWidget() const;
     int rowCount() const;
     void selectItem(const QString& guid, Qt::CaseSensitivity cs);
@@ -92,5 +116,7 @@ private:
     EUIItemType m_eType = UIItem_None;
     QSize m_itemSize;
     QRect m_itemPadding;
+    CellFocusMark* m_pFocusMark;
+    bool m_bKeyboard = false;               // the keyboard was used last, not the mouse
     QMap<QUuid, QStandardItem*> m_mapItems; // the items belong to the model
 };

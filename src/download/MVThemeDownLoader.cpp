@@ -42,6 +42,7 @@ void MVThemeDownLoader::download(SCfg_Item* item)
         wait(); // the end signal is out, only the thread's last steps are left
     }
     m_bEnded = false;
+    m_strError.clear(); // no thread is there yet
     m_pItem = item;
     start();
 }
@@ -61,6 +62,22 @@ QString MVThemeDownLoader::downloadedFile() const
 {
     const QMutexLocker lock(&m_mutexCurrent);
     return m_strFile;
+}
+
+QString MVThemeDownLoader::errorText() const
+{
+    const QMutexLocker lock(&m_mutexCurrent);
+    return m_strError;
+}
+
+/// The first failure tells most: what follows often fails for the same reason.
+void MVThemeDownLoader::noteFailure(const QString& text)
+{
+    if (m_bWillCancel)
+        return;
+    const QMutexLocker lock(&m_mutexCurrent);
+    if (m_strError.isEmpty())
+        m_strError = text;
 }
 
 void MVThemeDownLoader::setCurrent(const QString& url, const QString& file)
@@ -163,6 +180,7 @@ MVThemeDownLoader::Step MVThemeDownLoader::transferThemeConfig(SFileInfo& info)
                  "download template is error!(theme cfg xml),m_strUrl = %s, m_strFile = %s, "
                  "m_CurWrapper.result() = %d",
                  urlText.constData(), fileText.constData(), result);
+            noteFailure(m_CurWrapper.errorText());
             QFile::remove(file);
             return end(result == resultNetwork ? eDownLoadError_Internet : eDownLoadError_Unknown);
         }
@@ -183,14 +201,16 @@ MVThemeDownLoader::Step MVThemeDownLoader::transferThemeConfig(SFileInfo& info)
 
 /// Whether a file can be fetched from there to here. A path outside the download root counts as
 /// none.
-bool MVThemeDownLoader::ready(const QString& url, const QString& file) const
+bool MVThemeDownLoader::ready(const QString& url, const QString& file)
 {
     if (url.isEmpty()) {
         LogL("MVThemeDownLoader", 1, "download file, but url is empty.");
+        noteFailure(QStringLiteral("no address on the server for %1").arg(file));
         return false;
     }
     if (file.isEmpty() || !MVThemeMgr::init()->isDownloadPath(file)) {
         LogL("MVThemeDownLoader", 1, "download file path is empty.");
+        noteFailure(QStringLiteral("%1: no place below the download root (%2)").arg(url, file));
         return false;
     }
     return true;

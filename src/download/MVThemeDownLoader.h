@@ -48,6 +48,10 @@ public:
     /// Address and local path of the file being fetched now; empty before the first.
     QString downloadedUrl() const;
     QString downloadedFile() const;
+    /// Why the first file that this download could not fetch failed, as a text a person can act on:
+    /// address, reason or status, bytes received and local path. Empty while nothing has failed,
+    /// and after a cancellation.
+    QString errorText() const;
 
     /// A value of the caller's, null at first; never looked at here.
     void setUserData(void* data) { m_pUserData = data; }
@@ -81,10 +85,11 @@ private:
     bool fetchFile(SFileInfo& info);
     bool transferFile(const QString& url, const QString& file);
     void passOn(const QString& file) const;
-    bool ready(const QString& url, const QString& file) const;
+    bool ready(const QString& url, const QString& file);
     bool endsAt(int point);
     Step end(EMVThemeDownLoadError result);
     void setCurrent(const QString& url, const QString& file);
+    void noteFailure(const QString& text);
     double shareStart() const;
     double share() const;
 
@@ -102,6 +107,7 @@ private:
     CurWrapper m_CurWrapper;
     static CBasePtr<CoreContext> m_pqdCoreContext;
 
-    mutable QMutex m_mutexCurrent;     // guards m_strUrl and m_strFile
+    QString m_strError;
+    mutable QMutex m_mutexCurrent;     // guards m_strUrl, m_strFile and m_strError
     std::atomic<bool> m_bEnded{false}; // the end signal of this download has been sent
 };

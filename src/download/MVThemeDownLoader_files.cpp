@@ -128,6 +128,7 @@ bool MVThemeDownLoader::transferFile(const QString& url, const QString& file)
              "download template is error!, i = %d, m_strUrl = %s, m_strFile = %s, "
              "m_CurWrapper.result() = %d",
              m_nIndex, url.toUtf8().constData(), file.toUtf8().constData(), result);
+        noteFailure(m_CurWrapper.errorText());
         QFile::remove(file);
         return false;
     }

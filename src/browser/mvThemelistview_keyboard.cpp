@@ -1,0 +1,113 @@
+// mvThemelistview: the keyboard, where it stands, and what a screen reader is told.
+
+#include "browser/CellFocusMark.h"
+#include "browser/EUIItemRole.h"
+#include "browser/MVThemeItemSubwdgt_Preview.h"
+#include "browser/MVThemeItemWdg.h"
+#include "browser/mvThemelistview.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QStandardItemModel>
+
+void mvThemelistview::keyPressEvent(QKeyEvent* event)
+{
+    showFocus(true);
+    const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (plain && actOnCurrentCell(event->key())) {
+        event->accept();
+        return;
+    }
+    QListView::keyPressEvent(event);
+}
+
+/// Whether the key was one of a cell's. The cell may be gone after it.
+bool mvThemelistview::actOnCurrentCell(int key)
+{
+    MVThemeItemWdg* const widget = itemWidget(currentIndex());
+    if (!widget)
+        return false;
+    switch (key) {
+    case Qt::Key_Enter:
+    case Qt::Key_Return:
+        widget->activate();
+        return true;
+    case Qt::Key_F:
+        widget->toggleFavourite();
+        return true;
+    case Qt::Key_Space:
+        widget->togglePreview();
+        return true;
+    default:
+        return false;
+    }
+}
+
+void mvThemelistview::mousePressEvent(QMouseEvent* event)
+{
+    showFocus(false);
+    QListView::mousePressEvent(event);
+}
+
+void mvThemelistview::focusInEvent(QFocusEvent* event)
+{
+    QListView::focusInEvent(event);
+    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason
+        || event->reason() == Qt::ShortcutFocusReason)
+        m_bKeyboard = true;
+    placeFocusMark();
+}
+
+void mvThemelistview::focusOutEvent(QFocusEvent* event)
+{
+    QListView::focusOutEvent(event);
+    placeFocusMark();
+}
+
+void mvThemelistview::changeEvent(QEvent* event)
+{
+    QListView::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        nameMoreRow();
+}
+
+void mvThemelistview::scrollContentsBy(int dx, int dy)
+{
+    QListView::scrollContentsBy(dx, dy);
+    placeFocusMark();
+}
+
+void mvThemelistview::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    QListView::currentChanged(current, previous);
+    placeFocusMark();
+}
+
+void mvThemelistview::updateGeometries()
+{
+    QListView::updateGeometries();
+    placeFocusMark();
+}
+
+void mvThemelistview::showFocus(bool byKeyboard)
+{
+    m_bKeyboard = byKeyboard;
+    placeFocusMark();
+}
+
+void mvThemelistview::placeFocusMark()
+{
+    const bool shown = m_bKeyboard && hasFocus() && currentIndex().isValid();
+    m_pFocusMark->mark(shown ? visualRect(currentIndex()) : QRect());
+}
+
+/// The "More>>" row has no name, which the filter relies on.
+void mvThemelistview::nameMoreRow()
+{
+    const int last = rowCount() - 1;
+    if (last < 0 || !m_pModel->index(last, 0).data(UIItemRole_GUID).toString().isEmpty())
+        return;
+    m_pModel->setData(m_pModel->index(last, 0), MVThemeItemSubwdgt_Preview::tr("More>>"),
+                      Qt::AccessibleTextRole);
+}
