@@ -1,0 +1,42 @@
+#include "AppLanguage.h"
+
+#include "browser/BrowserLanguage.h"
+
+#include <QCoreApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+
+namespace {
+
+/// Replaces what this call installed before. The application owns it.
+void installTranslator(QTranslator*& current, const QString& file, const QString& folder)
+{
+    delete current;
+    current = new QTranslator(QCoreApplication::instance());
+    if (current->load(file, folder))
+        QCoreApplication::installTranslator(current);
+}
+
+} // namespace
+
+void AppLanguage::install(const QString& language)
+{
+    static QTranslator* own = nullptr;
+    static QTranslator* qt = nullptr;
+    QLocale::setDefault(QLocale(language));
+    installTranslator(qt, QStringLiteral("qtbase_") + language,
+                      QLibraryInfo::location(QLibraryInfo::TranslationsPath));
+    installTranslator(own, QStringLiteral("mveditor_") + language,
+                      QStringLiteral(":/mveditor/translations"));
+    BrowserLanguage::install(language);
+}
+
+QString AppLanguage::ownName(const QString& language)
+{
+    if (language == QLatin1String("en"))
+        return QStringLiteral("English");
+    QString name = QLocale(language).nativeLanguageName();
+    name[0] = name.at(0).toUpper();
+    return name;
+}

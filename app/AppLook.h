@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QString>
+
+/// The look of the whole window in a skin: the library's style sheet for its lists, and a palette
+/// and a few rules for everything else.
+class AppLook
+{
+public:
+    AppLook() = delete;
+
+    /// One of BrowserSkin::names(). Needs a QApplication; open windows change at once.
+    static void apply(const QString& skin);
+};

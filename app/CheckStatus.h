@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QWidget>
+
+class BackgroundCheck;
+class QLabel;
+class QProgressBar;
+
+/// Says in the status bar what the background check does, and how the last one ended.
+class CheckStatus : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// `check` must live as long as this widget.
+    CheckStatus(const BackgroundCheck& check, QWidget* parent);
+
+    QString text() const;
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void refresh();
+    QString outcome() const;
+    QString previewsText() const;
+    static QString catalogueDate();
+
+    const BackgroundCheck& m_check;
+    QLabel* m_label;
+    QProgressBar* m_busy;
+};

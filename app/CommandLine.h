@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/// What the program was started with.
+class CommandLine
+{
+public:
+    /// Needs an application object. Prints help or version and ends the process where that is asked
+    /// for. False: errorText() says what is wrong.
+    bool parse(const QStringList& arguments);
+    QString errorText() const { return m_error; }
+
+    QString settingsFile;     ///< host settings, an INI file; empty: none
+    QString server;           ///< ends in "/"; empty: as the settings say
+    QString root;             ///< download root; empty: below the user's data
+    QString resources;        ///< installed resources; empty: as the settings say
+    QString scriptFile;       ///< drives the window; empty: a person does
+    QString screenshotFolder; ///< empty: no pictures
+    bool demo = false;
+
+private:
+    bool check();
+    bool fail(const QString& text);
+
+    QString m_error;
+};

@@ -1,0 +1,40 @@
+#include "DemoWorld.h"
+
+#include "host/HostSettings.h"
+
+#include <QFileInfo>
+
+namespace {
+
+QString sample(const char* name)
+{
+    return QStringLiteral(MV_SAMPLES "/") + QString::fromLatin1(name);
+}
+
+} // namespace
+
+bool DemoWorld::start()
+{
+    if (!m_folder.isValid()) {
+        m_error = m_folder.errorString();
+        return false;
+    }
+    if (!QFileInfo(sample("server")).isDir()) {
+        m_error = QStringLiteral("the samples are not there: %1").arg(sample("server"));
+        return false;
+    }
+    if (m_server.start(sample("server")))
+        return true;
+    m_error = m_server.errorText();
+    return false;
+}
+
+void DemoWorld::describe(HostSettings& settings) const
+{
+    settings.resourcesPath = sample("installed");
+    settings.testOutputDir = sample("testoutput");
+    settings.dataLocation = folder() + QStringLiteral("/data");
+    settings.appDataPath = folder() + QStringLiteral("/work");
+    settings.productParams.insert(QStringLiteral("url_themeRootDir"), m_server.url());
+    settings.productParams.insert(QStringLiteral("url_slidershow"), m_server.url());
+}

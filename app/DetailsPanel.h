@@ -1,0 +1,57 @@
+#pragma once
+
+#include "records/ECfgItemType.h"
+
+#include <QString>
+#include <QWidget>
+
+class ItemFacts;
+class PreviewPane;
+class QLabel;
+class QPushButton;
+class QTreeWidget;
+struct SCfg_Item;
+
+/// What is applied now: a large preview, what it is, what it uses and which files it has. Keeps no
+/// pointer into the catalogue.
+class DetailsPanel : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit DetailsPanel(QWidget* parent);
+
+    /// The item of this GUID; an empty one says that nothing is applied.
+    void showItem(ECfgItemType kind, const QString& guid);
+    /// Looks the item up anew: the catalogue was read again, or a file or a favourite has changed.
+    void refresh();
+    void setMotionReduced(bool reduced);
+
+signals:
+    void favouriteWanted(int kind, const QString& guid);
+    void folderWanted(const QString& folder);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void createButtons();
+    void arrange();
+    void retranslate();
+    void fill(SCfg_Item& item);
+    void fillTree(const ItemFacts& facts);
+    void showNothing();
+    SCfg_Item* item() const;
+
+    PreviewPane* m_preview;
+    QLabel* m_name;
+    QLabel* m_kind;
+    QPushButton* m_favourite;
+    QPushButton* m_folder;
+    QTreeWidget* m_tree;
+    ECfgItemType m_eKind = eCfgItem_Theme;
+    QString m_guid;
+    QString m_playedGuid; // its animation has been started
+    QString m_folderPath;
+    bool m_motionReduced = false;
+};

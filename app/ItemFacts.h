@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QString>
+#include <QVector>
+
+struct SCfg_Item;
+
+/// What a person wants to know of one item: what it is, what it uses, which files it has. Looks at
+/// the disk when it is made; the texts are in the language of that moment.
+class ItemFacts
+{
+public:
+    struct Used
+    {
+        QString name;
+        QString kind;
+    };
+    struct File
+    {
+        QString name;
+        QString path;
+        bool present = false;
+        qint64 size = 0; ///< bytes on disk
+    };
+
+    explicit ItemFacts(SCfg_Item& item);
+
+    QString name() const { return m_name; }
+    /// "Theme · Travel"
+    QString kind() const { return m_kind; }
+    QString thumbnail() const { return m_thumbnail; } ///< path; empty: none on disk
+    QString animation() const { return m_animation; } ///< path; empty: none on disk
+    const QVector<Used>& used() const { return m_used; }
+    /// Those of the item first, then those of what it uses; each once.
+    const QVector<File>& files() const { return m_files; }
+    qint64 totalSize() const;
+
+private:
+    void addUsed(SCfg_Item& item);
+    void addUsedBy(const SCfg_Item& theme);
+    void addFiles(SCfg_Item& item);
+
+    QString m_name;
+    QString m_kind;
+    QString m_thumbnail;
+    QString m_animation;
+    QVector<Used> m_used;
+    QVector<SCfg_Item*> m_usedItems; // owned by the catalogue
+    QVector<File> m_files;
+};

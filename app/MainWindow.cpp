@@ -1,0 +1,191 @@
+#include "MainWindow.h"
+
+#include "AppLanguage.h"
+#include "BackgroundCheck.h"
+#include "catalogue/MVThemeMgr.h"
+#include "CheckStatus.h"
+#include "DetailsPanel.h"
+#include "FailureBox.h"
+#include "HostSignals.h"
+#include "Preferences.h"
+#include "ResourceList.h"
+#include "ResourceTabs.h"
+#include "ViewMenu.h"
+
+#include <QCloseEvent>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr QSize firstSize(1080, 720);
+constexpr int firstListWidth = 720;
+
+} // namespace
+
+MainWindow::MainWindow(Preferences& preferences, BackgroundCheck& check)
+    : m_preferences(preferences)
+    , m_check(check)
+    , m_cells(new HostSignals(this))
+    , m_splitter(new QSplitter(this))
+    , m_tabs(new ResourceTabs(m_splitter))
+    , m_details(new DetailsPanel(m_splitter))
+    , m_failure(new FailureBox(this))
+    , m_status(new CheckStatus(check, this))
+    , m_fileMenu(menuBar()->addMenu(QString()))
+    , m_resourcesMenu(menuBar()->addMenu(QString()))
+    , m_viewMenu(new ViewMenu(preferences, this))
+    , m_export(m_fileMenu->addAction(QString()))
+    , m_import(m_fileMenu->addAction(QString()))
+    , m_quit(m_fileMenu->addAction(QString()))
+    , m_find(m_resourcesMenu->addAction(QString()))
+    , m_checkNow(m_resourcesMenu->addAction(QString()))
+{
+    arrange();
+    createMenus();
+    connectParts();
+    connectView();
+    connectCells();
+    restore();
+    retranslate();
+    refreshCheckButton();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::arrange()
+{
+    auto* const right = new QWidget(m_splitter);
+    auto* const column = new QVBoxLayout(right);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(m_details, 1);
+    column->addWidget(m_failure);
+    m_splitter->addWidget(m_tabs);
+    m_splitter->addWidget(right);
+    m_splitter->setStretchFactor(0, 1);
+    m_splitter->setChildrenCollapsible(false);
+    m_splitter->setSizes({firstListWidth, firstSize.width() - firstListWidth});
+    auto* const frame = new QWidget(this);
+    auto* const layout = new QVBoxLayout(frame);
+    layout->addWidget(m_splitter);
+    setCentralWidget(frame);
+    statusBar()->addPermanentWidget(m_status);
+}
+
+void MainWindow::createMenus()
+{
+    menuBar()->addMenu(m_viewMenu);
+    m_fileMenu->menuAction()->setObjectName(QStringLiteral("file"));
+    m_resourcesMenu->menuAction()->setObjectName(QStringLiteral("resources"));
+    m_viewMenu->menuAction()->setObjectName(QStringLiteral("view"));
+    m_export->setObjectName(QStringLiteral("export"));
+    m_import->setObjectName(QStringLiteral("import"));
+    m_fileMenu->insertSeparator(m_quit);
+    m_quit->setObjectName(QStringLiteral("quit"));
+    m_quit->setShortcut(QKeySequence(QStringLiteral("Ctrl+Q")));
+    m_find->setShortcut(QKeySequence(QStringLiteral("Ctrl+F")));
+    m_checkNow->setShortcut(QKeySequence(QStringLiteral("F5")));
+    connect(m_export, &QAction::triggered, this, &MainWindow::exportFavourites);
+    connect(m_import, &QAction::triggered, this, &MainWindow::importFavourites);
+    connect(m_quit, &QAction::triggered, this, &QWidget::close);
+    connect(m_find, &QAction::triggered, m_tabs, &ResourceTabs::startSearch);
+    connect(m_checkNow, &QAction::triggered, this, &MainWindow::toggleCheck);
+}
+
+void MainWindow::connectParts()
+{
+    connect(m_tabs, &ResourceTabs::applied, this, [this](const SCfg_Item* item) {
+        say(tr("Applied: %1").arg(item->m_qsName));
+        showApplied();
+    });
+    connect(m_tabs, &ResourceTabs::currentTabChanged, this, [this](int tab) {
+        m_preferences.setTab(tab);
+        showApplied();
+    });
+    connect(m_tabs, &ResourceTabs::themeTypeChanged, this,
+            [this](int type) { m_preferences.setThemeType(type); });
+    connect(m_tabs->checkButton(), &QPushButton::clicked, this, &MainWindow::toggleCheck);
+    connect(&m_check, &BackgroundCheck::changed, this, &MainWindow::refreshCheckButton);
+    connect(&m_check, &BackgroundCheck::contentArrived, this, &MainWindow::reloadCatalogue);
+    connect(m_details, &DetailsPanel::folderWanted, this, &MainWindow::openFolder);
+    connect(m_details, &DetailsPanel::favouriteWanted, this,
+            [this](int kind, const QString& guid) { toggleFavourite(ECfgItemType(kind), guid); });
+    connect(m_failure, &FailureBox::retryWanted, this,
+            [this](int, const QString& guid) { retry(guid); });
+}
+
+void MainWindow::connectView()
+{
+    connect(m_viewMenu, &ViewMenu::skinChosen, this, &MainWindow::applySkin);
+    connect(m_viewMenu, &ViewMenu::languageChosen, this, [this](const QString& language) {
+        m_preferences.setLanguage(language);
+        AppLanguage::install(language);
+    });
+    connect(m_viewMenu, &ViewMenu::scaleChosen, this, [this](int percent) {
+        m_preferences.setScale(percent);
+        say(tr("The new scale applies from the next start on"));
+    });
+    connect(m_viewMenu, &ViewMenu::motionReducedChosen, this, [this](bool reduced) {
+        m_preferences.setMotionReduced(reduced);
+        applyMotion(reduced);
+    });
+}
+
+void MainWindow::connectCells()
+{
+    MVThemeMgr* const catalogue = MVThemeMgr::init();
+    // Later: the cell that was pressed is still at work.
+    for (const auto signal : {&MVThemeMgr::sigThemesCollected, &MVThemeMgr::sigFilterCollected})
+        connect(catalogue, signal, this, &MainWindow::refreshFavourites, Qt::QueuedConnection);
+    connect(m_cells, &HostSignals::moreWanted, this, &MainWindow::openMore);
+    connect(m_cells, &HostSignals::downloadStarted, m_failure, &FailureBox::forget);
+    connect(m_cells, &HostSignals::downloadEnded, m_details, &DetailsPanel::refresh);
+    connect(m_cells, &HostSignals::downloadFailed, this,
+            [this](int kind, const QString& guid, const QString& errorText) {
+                showFailure(ECfgItemType(kind), guid, errorText);
+            });
+}
+
+void MainWindow::restore()
+{
+    resize(firstSize);
+    restoreGeometry(m_preferences.geometry());
+    m_splitter->restoreState(m_preferences.splitter());
+    m_tabs->setThemeType(m_preferences.themeType());
+    m_tabs->setCurrentTab(m_preferences.tab());
+    applyMotion(m_preferences.isMotionReduced());
+    m_tabs->currentList()->setFocus();
+}
+
+void MainWindow::retranslate()
+{
+    setWindowTitle(tr("Slideshow resources"));
+    m_fileMenu->setTitle(tr("&File"));
+    m_export->setText(tr("&Export favourites…"));
+    m_import->setText(tr("&Import favourites…"));
+    m_quit->setText(tr("&Quit"));
+    m_resourcesMenu->setTitle(tr("&Resources"));
+    m_find->setText(tr("&Find"));
+    refreshCheckButton();
+}
+
+void MainWindow::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    m_preferences.setGeometry(saveGeometry());
+    m_preferences.setSplitter(m_splitter->saveState());
+    disconnect(&m_check, nullptr, this, nullptr);
+    hide(); // ending downloads and the check may take a second that nobody should watch
+    m_tabs->cancelDownloads();
+    event->accept();
+    emit closed();
+}

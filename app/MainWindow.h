@@ -1,0 +1,84 @@
+#pragma once
+
+#include "records/ECfgItemType.h"
+
+#include <QMainWindow>
+
+class BackgroundCheck;
+class CheckStatus;
+class DetailsPanel;
+class FailureBox;
+class HostSignals;
+class Preferences;
+class QAction;
+class QMenu;
+class QSplitter;
+class ResourceTabs;
+class ViewMenu;
+
+/// The window: lists on the left, what is applied on the right, the check in the status bar.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// Both must live as long as the window.
+    MainWindow(Preferences& preferences, BackgroundCheck& check);
+    ~MainWindow() override;
+
+    ResourceTabs* tabs() const { return m_tabs; }
+    CheckStatus* checkStatus() const { return m_status; }
+    /// How often the catalogue was read again.
+    int reloads() const { return m_reloads; }
+
+signals:
+    /// The window has been closed.
+    void closed();
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void arrange();
+    void createMenus();
+    void connectParts();
+    void connectView();
+    void connectCells();
+    void restore();
+    void retranslate();
+
+    void showApplied();
+    void applySkin(const QString& skin);
+    void applyMotion(bool reduced);
+    void reloadCatalogue();
+    void toggleCheck();
+    void refreshCheckButton();
+    void refreshFavourites();
+    void toggleFavourite(ECfgItemType kind, const QString& guid);
+    void showFailure(ECfgItemType kind, const QString& guid, const QString& errorText);
+    void retry(const QString& guid);
+    void openFolder(const QString& folder);
+    void openMore();
+    void exportFavourites();
+    void importFavourites();
+    void say(const QString& text);
+
+    Preferences& m_preferences;
+    BackgroundCheck& m_check;
+    HostSignals* m_cells;
+    QSplitter* m_splitter;
+    ResourceTabs* m_tabs;
+    DetailsPanel* m_details;
+    FailureBox* m_failure;
+    CheckStatus* m_status;
+    QMenu* m_fileMenu;
+    QMenu* m_resourcesMenu;
+    ViewMenu* m_viewMenu;
+    QAction* m_export;
+    QAction* m_import;
+    QAction* m_quit;
+    QAction* m_find;
+    QAction* m_checkNow;
+    int m_reloads = 0;
+};

@@ -1,0 +1,155 @@
+// MainWindow: what its parts ask for.
+
+#include "AppLook.h"
+#include "BackgroundCheck.h"
+#include "browser/MVThemeItemWdg.h"
+#include "catalogue/MVThemeMgr.h"
+#include "DetailsPanel.h"
+#include "FailureBox.h"
+#include "FavouritesFile.h"
+#include "host/TzProductInfo.h"
+#include "MainWindow.h"
+#include "Preferences.h"
+#include "ResourceList.h"
+#include "ResourceTabs.h"
+
+#include <QAction>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QUrl>
+
+namespace {
+
+constexpr int messageTime = 6000; // ms
+const QString favouritesFilter = QStringLiteral("JSON (*.json)");
+
+} // namespace
+
+void MainWindow::showApplied()
+{
+    const ECfgItemType kind = m_tabs->currentList()->kind();
+    m_details->showItem(kind, m_tabs->appliedItem(kind));
+}
+
+void MainWindow::applySkin(const QString& skin)
+{
+    m_preferences.setSkin(skin);
+    AppLook::apply(skin);
+    m_tabs->updateItemSizes();
+}
+
+void MainWindow::applyMotion(bool reduced)
+{
+    MVThemeItemWdg::setPlayedByHover(!reduced);
+    m_details->setMotionReduced(reduced);
+}
+
+void MainWindow::reloadCatalogue()
+{
+    m_tabs->reloadCatalogue();
+    m_details->refresh();
+    ++m_reloads;
+}
+
+void MainWindow::toggleCheck()
+{
+    if (m_check.phase() == BackgroundCheck::Phase::Idle)
+        m_check.start();
+    else
+        m_check.cancel();
+}
+
+void MainWindow::refreshCheckButton()
+{
+    const bool idle = m_check.phase() == BackgroundCheck::Phase::Idle;
+    const QString text = idle ? tr("Check now") : tr("Cancel check");
+    m_tabs->checkButton()->setText(text);
+    m_checkNow->setText(text);
+}
+
+void MainWindow::refreshFavourites()
+{
+    // The catalogue saves them when the process ends in order; a crash must not lose them.
+    MVThemeMgr::init()->saveThemeCollect();
+    MVThemeMgr::init()->saveFilterCollect();
+    m_tabs->refreshFavourites();
+    m_details->refresh();
+}
+
+void MainWindow::toggleFavourite(ECfgItemType kind, const QString& guid)
+{
+    MVThemeMgr* const catalogue = MVThemeMgr::init();
+    SCfg_Item* const item = catalogue->findItemByIDFromDisplay(kind, guid);
+    if (!item)
+        return;
+    item->m_bCollected = !catalogue->isItemCollect(item);
+    catalogue->setItemCollected(item);
+}
+
+void MainWindow::showFailure(ECfgItemType kind, const QString& guid, const QString& errorText)
+{
+    const SCfg_Item* const item = MVThemeMgr::init()->findItemByIDFromDisplay(kind, guid);
+    m_failure->showFailure(kind, guid, item ? item->m_qsName : guid, errorText);
+}
+
+void MainWindow::retry(const QString& guid)
+{
+    for (const ResourceList* list : m_tabs->lists()) {
+        if (MVThemeItemWdg* cell = list->cell(guid)) {
+            cell->activate();
+            return;
+        }
+    }
+}
+
+void MainWindow::openFolder(const QString& folder)
+{
+    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(folder)))
+        say(tr("No program opens the folder %1").arg(folder));
+}
+
+void MainWindow::openMore()
+{
+    const QUrl address(
+        TzProductInfo::instance()->extendParam(QStringLiteral("url_slidershow"), QString()));
+    if (!QDesktopServices::openUrl(address))
+        say(tr("No program opens the address %1").arg(address.toDisplayString()));
+}
+
+void MainWindow::exportFavourites()
+{
+    const QString path = QFileDialog::getSaveFileName(
+        this, tr("Export favourites"), QStringLiteral("favourites.json"), favouritesFilter);
+    if (path.isEmpty())
+        return;
+    FavouritesFile file;
+    if (file.write(path))
+        say(tr("%n favourite(s) written", nullptr, file.count()));
+    else
+        QMessageBox::warning(this, tr("Export favourites"), file.errorText());
+}
+
+void MainWindow::importFavourites()
+{
+    const QString path =
+        QFileDialog::getOpenFileName(this, tr("Import favourites"), QString(), favouritesFilter);
+    if (path.isEmpty())
+        return;
+    FavouritesFile file;
+    if (!file.read(path)) {
+        QMessageBox::warning(this, tr("Import favourites"), file.errorText());
+        return;
+    }
+    QString text = tr("%n favourite(s) added", nullptr, file.count());
+    if (file.unknown() > 0)
+        text += tr(", %n of them not in the catalogue now", nullptr, file.unknown());
+    say(text);
+}
+
+void MainWindow::say(const QString& text)
+{
+    statusBar()->showMessage(text, messageTime);
+}

@@ -1,0 +1,86 @@
+#include "PreviewPane.h"
+
+#include <QImageReader>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOptionFocusRect>
+
+namespace {
+
+constexpr int aspectWidth = 16;
+constexpr int aspectHeight = 9;
+constexpr int widthHint = 320;
+
+} // namespace
+
+PreviewPane::PreviewPane(QWidget* parent)
+    : QWidget(parent)
+{
+    setFocusPolicy(Qt::TabFocus);
+    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+    connect(&m_movie, &QMovie::updated, this, [this] { update(); });
+}
+
+void PreviewPane::show(const QString& thumbnail, const QString& animation, bool play)
+{
+    m_movie.stop();
+    m_movie.setFileName(animation);
+    m_animated = !animation.isEmpty() && m_movie.isValid();
+    m_still = QPixmap::fromImage(QImageReader(thumbnail).read());
+    setPlaying(play);
+    update();
+}
+
+void PreviewPane::setPlaying(bool playing)
+{
+    if (!m_animated || playing == isPlaying())
+        return;
+    if (playing)
+        m_movie.start();
+    else
+        m_movie.stop();
+    update();
+}
+
+QSize PreviewPane::sizeHint() const
+{
+    return {widthHint, heightForWidth(widthHint)};
+}
+
+int PreviewPane::heightForWidth(int width) const
+{
+    return width * aspectHeight / aspectWidth;
+}
+
+void PreviewPane::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.fillRect(rect(), palette().color(QPalette::AlternateBase));
+    const QPixmap picture = isPlaying() || m_still.isNull() ? m_movie.currentPixmap() : m_still;
+    if (!picture.isNull()) {
+        const QSize size = picture.size().scaled(rect().size(), Qt::KeepAspectRatio);
+        painter.drawPixmap(QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, size, rect()),
+                           picture);
+    }
+    if (!hasFocus())
+        return;
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+    painter.drawRect(rect().adjusted(1, 1, -1, -1));
+}
+
+void PreviewPane::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Space)
+        setPlaying(!isPlaying());
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void PreviewPane::mouseReleaseEvent(QMouseEvent* /*event*/)
+{
+    setPlaying(!isPlaying());
+}

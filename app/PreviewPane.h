@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QMovie>
+#include <QPixmap>
+#include <QWidget>
+
+/// A large picture of the applied item: its animation, or its thumbnail. Space plays and stops it.
+class PreviewPane : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit PreviewPane(QWidget* parent);
+
+    /// Paths of the files; an empty animation shows the thumbnail, and that without a file nothing.
+    void show(const QString& thumbnail, const QString& animation, bool play);
+    void setPlaying(bool playing);
+    bool isPlaying() const { return m_movie.state() == QMovie::Running; }
+
+    QSize sizeHint() const override;
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int width) const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    QPixmap m_still;
+    QMovie m_movie;
+    bool m_animated = false;
+};

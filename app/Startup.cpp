@@ -1,0 +1,63 @@
+#include "Startup.h"
+
+#include "catalogue/MVThemeMgr.h"
+#include "CommandLine.h"
+#include "DemoWorld.h"
+#include "host/AppOptions.h"
+#include "host/HostSettings.h"
+
+#include <QDir>
+#include <QStandardPaths>
+
+Startup::Startup() = default;
+Startup::~Startup() = default;
+
+bool Startup::readSettings(const CommandLine& commandLine)
+{
+    HostSettings& settings = hostSettings();
+    settings.productParams.insert(QStringLiteral("hasMV"), QStringLiteral("1"));
+    if (commandLine.demo) {
+        m_demo = std::make_unique<DemoWorld>();
+        if (!m_demo->start())
+            return fail(m_demo->errorText());
+        m_demo->describe(settings);
+    }
+    if (!commandLine.settingsFile.isEmpty()
+        && !loadHostSettings(commandLine.settingsFile, &m_error))
+        return false;
+    if (!commandLine.resources.isEmpty())
+        settings.resourcesPath = QDir::cleanPath(QDir().absoluteFilePath(commandLine.resources));
+    if (!commandLine.server.isEmpty())
+        settings.productParams.insert(QStringLiteral("url_themeRootDir"), commandLine.server);
+
+    const QString root = commandLine.root.isEmpty()
+        ? settings.dataLocation + QStringLiteral("/download")
+        : commandLine.root;
+    m_root = QDir::cleanPath(QDir().absoluteFilePath(root));
+    return true;
+}
+
+bool Startup::openCatalogue(const QString& skin)
+{
+    hostSettings().currentSkin = skin;
+    if (!AppOptions::instance()->ensureDirExists(m_root))
+        return fail(QStringLiteral("the download root cannot be created: %1").arg(m_root));
+    MVThemeMgr* const catalogue = MVThemeMgr::init();
+    catalogue->setResourceSaveRootPath(m_root);
+    catalogue->load(false);
+    return true;
+}
+
+QString Startup::preferencesFile() const
+{
+    if (m_demo)
+        return m_demo->folder() + QStringLiteral("/preferences.ini");
+    return QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)
+        + QStringLiteral("/preferences.ini");
+}
+
+bool Startup::fail(const QString& text)
+{
+    m_error = text;
+    return false;
+}

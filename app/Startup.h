@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+class CommandLine;
+class DemoWorld;
+
+/// The library's start, in the order that it asks for: host settings, catalogue, download root,
+/// loading. One object per process; it must outlive everything that uses the catalogue.
+class Startup
+{
+public:
+    Startup();
+    ~Startup();
+    Q_DISABLE_COPY_MOVE(Startup)
+
+    /// Everything that must be known before there is a window. False: errorText().
+    bool readSettings(const CommandLine& commandLine);
+    /// Opens the catalogue, for which the skin must be known. False: errorText().
+    bool openCatalogue(const QString& skin);
+    QString errorText() const { return m_error; }
+
+    /// Where the user's preferences are kept.
+    QString preferencesFile() const;
+    bool isDemo() const { return m_demo != nullptr; }
+
+private:
+    bool fail(const QString& text);
+
+    std::unique_ptr<DemoWorld> m_demo;
+    QString m_root;
+    QString m_error;
+};

@@ -1,0 +1,90 @@
+// mveditor: a slideshow editor in small. It embeds the resource lists as an editor would, and is
+// what a host developer copies from.
+
+#include "AppLanguage.h"
+#include "AppLook.h"
+#include "BackgroundCheck.h"
+#include "CommandLine.h"
+#include "MainWindow.h"
+#include "Preferences.h"
+#include "script/ScriptRun.h"
+#include "Startup.h"
+
+#include <QApplication>
+#include <QStyleFactory>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int exitFailure = 1;
+constexpr int exitUsage = 2;
+
+int fail(int status, const QString& text)
+{
+    std::fprintf(stderr, "mveditor: %s\n", text.toLocal8Bit().constData());
+    return status;
+}
+
+/// Qt reads the scale only while an application starts. One that the environment gives counts more.
+void applyScale(int percent)
+{
+    constexpr double whole = 100.0;
+    if (percent > 0 && !qEnvironmentVariableIsSet("QT_SCALE_FACTOR"))
+        qputenv("QT_SCALE_FACTOR", QByteArray::number(percent / whole));
+}
+
+/// What needs no window, and must be known before there can be one.
+int prepare(int& argc, char** argv, CommandLine& commandLine, Startup& startup)
+{
+    const QCoreApplication early(argc, argv);
+    if (!commandLine.parse(QCoreApplication::arguments()))
+        return fail(exitUsage, commandLine.errorText());
+    if (!startup.readSettings(commandLine))
+        return fail(exitFailure, startup.errorText());
+    applyScale(Preferences(startup.preferencesFile()).scale());
+    return 0;
+}
+
+int run(int& argc, char** argv, const CommandLine& commandLine, Startup& startup)
+{
+    QApplication application(argc, argv);
+    // The same everywhere, and it takes all its colours from the palette.
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    Preferences preferences(startup.preferencesFile());
+    if (!startup.openCatalogue(preferences.skin()))
+        return fail(exitFailure, startup.errorText());
+    AppLanguage::install(preferences.language());
+    AppLook::apply(preferences.skin());
+
+    BackgroundCheck check(nullptr);
+    int status = 0;
+    {
+        MainWindow window(preferences, check);
+        ScriptRun script(window, check, commandLine);
+        if (!script.isReady())
+            return fail(exitFailure, script.errorText());
+        window.show();
+        check.start();
+        script.start();
+        status = QApplication::exec();
+        if (script.hasFailed())
+            status = exitFailure;
+        check.shutDown();
+    }
+    return status;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication::setApplicationName(QStringLiteral("mveditor"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(MV_VERSION));
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    CommandLine commandLine;
+    Startup startup;
+    const int status = prepare(argc, argv, commandLine, startup);
+    return status != 0 ? status : run(argc, argv, commandLine, startup);
+}

@@ -1,0 +1,134 @@
+#include "script/RealInput.h"
+
+#include <QStringList>
+#include <QVector>
+
+// Last: these headers define macros with everyday names.
+#include <X11/extensions/XTest.h>
+#include <X11/keysym.h>
+#include <X11/XKBlib.h>
+#include <X11/Xlib.h>
+
+namespace {
+
+constexpr unsigned leftButton = 1;
+constexpr unsigned wheelUp = 4;
+constexpr unsigned wheelDown = 5;
+
+/// X's name of a key, where that differs from the usual one.
+QString keysymName(const QString& key)
+{
+    static const QVector<QPair<QString, QString>> names = {
+        {QStringLiteral("Ctrl"), QStringLiteral("Control_L")},
+        {QStringLiteral("Shift"), QStringLiteral("Shift_L")},
+        {QStringLiteral("Alt"), QStringLiteral("Alt_L")},
+        {QStringLiteral("Enter"), QStringLiteral("Return")},
+        {QStringLiteral("Esc"), QStringLiteral("Escape")},
+        {QStringLiteral("Space"), QStringLiteral("space")},
+        {QStringLiteral("PageDown"), QStringLiteral("Next")},
+        {QStringLiteral("PageUp"), QStringLiteral("Prior")},
+    };
+    for (const auto& name : names) {
+        if (name.first == key)
+            return name.second;
+    }
+    return key.size() == 1 ? key.toLower() : key;
+}
+
+} // namespace
+
+class RealInput::Private
+{
+public:
+    ::Display* display = nullptr;
+
+    void key(KeyCode code, bool down) const
+    {
+        XTestFakeKeyEvent(display, code, down ? True : False, CurrentTime);
+    }
+
+    void button(unsigned number) const
+    {
+        XTestFakeButtonEvent(display, number, True, CurrentTime);
+        XTestFakeButtonEvent(display, number, False, CurrentTime);
+        XSync(display, False);
+    }
+};
+
+RealInput::RealInput()
+    : d(std::make_unique<Private>())
+{
+    d->display = XOpenDisplay(nullptr);
+    int ignored = 0;
+    if (d->display && !XTestQueryExtension(d->display, &ignored, &ignored, &ignored, &ignored)) {
+        XCloseDisplay(d->display);
+        d->display = nullptr;
+    }
+}
+
+RealInput::~RealInput()
+{
+    if (d->display)
+        XCloseDisplay(d->display);
+}
+
+bool RealInput::isAvailable() const
+{
+    return d->display != nullptr;
+}
+
+void RealInput::moveTo(const QPoint& point)
+{
+    XTestFakeMotionEvent(d->display, -1, point.x(), point.y(), CurrentTime);
+    XSync(d->display, False);
+}
+
+void RealInput::click()
+{
+    d->button(leftButton);
+}
+
+void RealInput::wheel(int steps)
+{
+    for (int step = 0; step < qAbs(steps); ++step)
+        d->button(steps > 0 ? wheelUp : wheelDown);
+}
+
+bool RealInput::press(const QString& keys)
+{
+    QVector<KeyCode> codes;
+    const QStringList names = keys.split(QLatin1Char('+'));
+    for (const QString& name : names) {
+        const KeySym symbol = XStringToKeysym(keysymName(name).toLatin1().constData());
+        const KeyCode code = symbol == NoSymbol ? KeyCode(0) : XKeysymToKeycode(d->display, symbol);
+        if (code == 0)
+            return false;
+        codes.append(code);
+    }
+    for (const KeyCode code : qAsConst(codes))
+        d->key(code, true);
+    for (auto code = codes.crbegin(); code != codes.crend(); ++code)
+        d->key(*code, false);
+    XSync(d->display, False);
+    return true;
+}
+
+bool RealInput::type(const QString& text)
+{
+    const KeyCode shift = XKeysymToKeycode(d->display, XK_Shift_L);
+    for (const QChar letter : text) {
+        const KeySym symbol = letter.unicode(); // the same number for Latin 1
+        const KeyCode code = XKeysymToKeycode(d->display, symbol);
+        if (letter.unicode() > 0xff || code == 0)
+            return false;
+        const bool shifted = XkbKeycodeToKeysym(d->display, code, 0, 0) != symbol;
+        if (shifted)
+            d->key(shift, true);
+        d->key(code, true);
+        d->key(code, false);
+        if (shifted)
+            d->key(shift, false);
+    }
+    XSync(d->display, False);
+    return true;
+}

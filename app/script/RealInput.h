@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QPoint>
+#include <QString>
+
+#include <memory>
+
+/// Mouse and keyboard of the X display, as if a person used them: the events go through the display
+/// server to whichever window is there. Points are in the display's own pixels.
+class RealInput
+{
+public:
+    RealInput();
+    ~RealInput();
+    Q_DISABLE_COPY_MOVE(RealInput)
+
+    /// False without an X display that takes such events.
+    bool isAvailable() const;
+
+    void moveTo(const QPoint& point);
+    void click();
+    /// Steps of the wheel; below 0 is down.
+    void wheel(int steps);
+    /// "Ctrl+F", "Tab", "Down", ... False for keys that the keyboard does not have.
+    bool press(const QString& keys);
+    /// Latin letters, digits and signs. False for others.
+    bool type(const QString& text);
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};

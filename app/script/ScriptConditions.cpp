@@ -1,0 +1,190 @@
+#include "script/ScriptConditions.h"
+
+#include "BackgroundCheck.h"
+#include "browser/EUIItemRole.h"
+#include "browser/MVThemeItemSubwdgt_Preview.h"
+#include "browser/MVThemeItemWdg.h"
+#include "browser/mvThemelistview.h"
+#include "catalogue/MVThemeMgr.h"
+#include "CheckStatus.h"
+#include "MainWindow.h"
+#include "ResourceList.h"
+#include "ResourceTabs.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QPlainTextEdit>
+#include <QScrollBar>
+#include <QStatusBar>
+
+namespace {
+
+QString phaseName(BackgroundCheck::Phase phase)
+{
+    switch (phase) {
+    case BackgroundCheck::Phase::Idle:
+        return QStringLiteral("idle");
+    case BackgroundCheck::Phase::Catalogue:
+        return QStringLiteral("catalogue");
+    case BackgroundCheck::Phase::Previews:
+        return QStringLiteral("previews");
+    }
+    return {};
+}
+
+QString yesNo(bool yes)
+{
+    return yes ? QStringLiteral("yes") : QStringLiteral("no");
+}
+
+bool lacksFiles(SCfg_Item* item)
+{
+    QVector<SFileInfo*> missing;
+    MVThemeMgr::init()->getNeedDownLoadFiles(item, missing);
+    return !missing.isEmpty();
+}
+
+bool showsError(const MVThemeItemWdg& cell)
+{
+    return cell.findChild<QWidget*>(QStringLiteral("frmNetError"))->isVisible();
+}
+
+bool plays(const MVThemeItemWdg& cell)
+{
+    return cell.findChild<MVThemeItemSubwdgt_Preview*>()->isPlaying();
+}
+
+QString textOf(const QWidget* widget)
+{
+    if (const auto* editor = qobject_cast<const QPlainTextEdit*>(widget))
+        return editor->toPlainText();
+    return widget ? widget->property("text").toString() : QString();
+}
+
+QString spokenName(QWidget* widget)
+{
+    QAccessibleInterface* const spoken = QAccessible::queryAccessibleInterface(widget);
+    return spoken ? spoken->text(QAccessible::Name) : QString();
+}
+
+} // namespace
+
+ScriptConditions::ScriptConditions(MainWindow& window, const BackgroundCheck& check)
+    : m_window(window)
+    , m_check(check)
+    , m_targets(window)
+{
+    for (const char* scheme : {"file", "http", "https"})
+        QDesktopServices::setUrlHandler(QLatin1String(scheme), this, "open");
+}
+
+ScriptConditions::~ScriptConditions()
+{
+    for (const char* scheme : {"file", "http", "https"})
+        QDesktopServices::unsetUrlHandler(QLatin1String(scheme));
+}
+
+void ScriptConditions::open(const QUrl& address)
+{
+    m_opened.append(address.toString());
+}
+
+bool ScriptConditions::holds(const QStringList& words)
+{
+    m_error = QStringLiteral("no such condition");
+    const QString what = words.value(0);
+    const QString value = words.value(1);
+    return holdsForWindow(what, value) || holdsForCell(what, value)
+        || holdsForWidget(what, value, words.value(2));
+}
+
+bool ScriptConditions::holdsForWindow(const QString& what, const QString& value)
+{
+    const mvThemelistview* const view = m_window.tabs()->currentList()->view();
+    if (what == QLatin1String("phase"))
+        return equals(phaseName(m_check.phase()), value);
+    if (what == QLatin1String("status"))
+        return contains(m_window.checkStatus()->text(), value);
+    if (what == QLatin1String("message"))
+        return contains(m_window.statusBar()->currentMessage(), value);
+    if (what == QLatin1String("reloads"))
+        return m_window.reloads() >= value.toInt()
+            || equals(QString::number(m_window.reloads()), value);
+    if (what == QLatin1String("shown"))
+        return equals(QString::number(m_window.tabs()->currentList()->shownItems()), value);
+    if (what == QLatin1String("scrolled"))
+        return equals(yesNo(view->verticalScrollBar()->value() > 0), value);
+    if (what == QLatin1String("current"))
+        return equals(view->currentIndex().data(UIItemRole_Name).toString(), value);
+    if (what == QLatin1String("opened"))
+        return contains(m_opened.join(QLatin1Char(' ')), value);
+    if (what == QLatin1String("clipboard"))
+        return contains(QGuiApplication::clipboard()->text(), value);
+    if (what != QLatin1String("downloads"))
+        return false;
+    const QVector<ResourceList*>& lists = m_window.tabs()->lists();
+    const bool any = std::any_of(lists.cbegin(), lists.cend(),
+                                 [](const ResourceList* list) { return list->isDownloading(); });
+    return equals(any ? QStringLiteral("some") : QStringLiteral("none"), value);
+}
+
+bool ScriptConditions::holdsForCell(const QString& what, const QString& name)
+{
+    static const QStringList known = {
+        QStringLiteral("applied"), QStringLiteral("downloading"), QStringLiteral("failed"),
+        QStringLiteral("ready"),   QStringLiteral("lacking"),     QStringLiteral("favourite"),
+        QStringLiteral("plain"),   QStringLiteral("playing"),     QStringLiteral("still")};
+    if (!known.contains(what))
+        return false;
+    m_error = QStringLiteral("no cell of that name");
+    const MVThemeItemWdg* const cell = m_targets.cell(name);
+    SCfg_Item* const item = cell ? cell->getItem() : nullptr;
+    if (!item)
+        return false;
+    m_error = QStringLiteral("it is not");
+    if (what == QLatin1String("applied"))
+        return cell->property("IsChecked").toBool()
+            && equals(textOf(ScriptTargets::widget(QStringLiteral("appliedName"))), name);
+    if (what == QLatin1String("downloading"))
+        return cell->isDownloading();
+    if (what == QLatin1String("failed"))
+        return showsError(*cell);
+    if (what == QLatin1String("ready"))
+        return !lacksFiles(item);
+    if (what == QLatin1String("lacking"))
+        return lacksFiles(item);
+    if (what == QLatin1String("favourite"))
+        return MVThemeMgr::init()->isItemCollect(item);
+    if (what == QLatin1String("plain"))
+        return !MVThemeMgr::init()->isItemCollect(item);
+    return plays(*cell) == (what == QLatin1String("playing"));
+}
+
+bool ScriptConditions::holdsForWidget(const QString& what, const QString& name, const QString& text)
+{
+    QWidget* const widget = ScriptTargets::widget(name);
+    if (what == QLatin1String("text"))
+        return contains(textOf(widget), text);
+    if (what == QLatin1String("spoken"))
+        return contains(widget ? spokenName(widget) : QString(), text);
+    if (what == QLatin1String("gone"))
+        return equals(yesNo(!widget), QStringLiteral("yes"));
+    if (what != QLatin1String("focus"))
+        return false;
+    const QWidget* const focused = QApplication::focusWidget();
+    return equals(focused ? focused->objectName() : QString(), name);
+}
+
+bool ScriptConditions::contains(const QString& actual, const QString& wanted)
+{
+    m_error = QStringLiteral("it is \"%1\"").arg(actual);
+    return actual.contains(wanted);
+}
+
+bool ScriptConditions::equals(const QString& actual, const QString& wanted)
+{
+    m_error = QStringLiteral("it is \"%1\"").arg(actual);
+    return actual == wanted;
+}

@@ -1,0 +1,182 @@
+#include "script/ScriptRun.h"
+
+#include "browser/mvThemelistview.h"
+#include "CommandLine.h"
+#include "MainWindow.h"
+#include "ResourceList.h"
+#include "ResourceTabs.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QPixmap>
+#include <QScreen>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int tryEvery = 25;        // ms
+constexpr int longestStep = 30 * 1000; // ms
+
+void print(const QString& text)
+{
+    std::printf("%s\n", text.toLocal8Bit().constData());
+    std::fflush(stdout);
+}
+
+} // namespace
+
+ScriptRun::ScriptRun(MainWindow& window, BackgroundCheck& check, const CommandLine& commandLine)
+    : m_window(window)
+    , m_conditions(window, check)
+    , m_targets(window)
+    , m_pictures(commandLine.screenshotFolder)
+{
+    connect(&m_timer, &QTimer::timeout, this, &ScriptRun::tryStep);
+    if (!commandLine.scriptFile.isEmpty()) {
+        ScriptStep::readAll(commandLine.scriptFile, m_steps, m_error);
+        if (m_error.isEmpty() && !m_input.isAvailable())
+            m_error = QStringLiteral("a script needs an X display that takes its events");
+    } else if (!m_pictures.isEmpty()) {
+        m_steps = {{0, QStringLiteral("wait"), {QStringLiteral("phase"), QStringLiteral("idle")}},
+                   {0, QStringLiteral("screenshot"), {QStringLiteral("window")}}};
+    }
+    if (!m_pictures.isEmpty() && !QDir().mkpath(m_pictures))
+        m_error = QStringLiteral("the folder cannot be created: %1").arg(m_pictures);
+}
+
+void ScriptRun::start()
+{
+    if (m_steps.isEmpty())
+        return;
+    m_window.activateWindow(); // where no window manager does it
+    m_stepTime.start();
+    m_timer.start(tryEvery);
+}
+
+void ScriptRun::tryStep()
+{
+    const ScriptStep& step = m_steps.at(m_next);
+    m_missing.clear();
+    if (done(step)) {
+        print(step.verb == QLatin1String("say") ? step.words.join(QLatin1Char(' '))
+                                                : QStringLiteral("  ") + step.text());
+        m_stepTime.start();
+        if (++m_next == m_steps.size())
+            finish();
+        return;
+    }
+    if (!m_stepTime.hasExpired(longestStep))
+        return;
+    print(QStringLiteral("FAILED in line %1: %2 (%3)")
+              .arg(QString::number(step.line), step.text(), m_missing));
+    m_failed = true;
+    if (!m_pictures.isEmpty())
+        pictured(QStringLiteral("failed"));
+    finish();
+}
+
+bool ScriptRun::done(const ScriptStep& step)
+{
+    const QString first = step.words.value(0);
+    if (step.verb == QLatin1String("hover") || step.verb == QLatin1String("click"))
+        return pointed(step);
+    if (step.verb == QLatin1String("reveal"))
+        return revealed(first);
+    if (step.verb == QLatin1String("wheel"))
+        return wheeled(first.toInt());
+    if (step.verb == QLatin1String("press"))
+        return typed(m_input.press(first));
+    if (step.verb == QLatin1String("type"))
+        return typed(m_input.type(first));
+    if (step.verb == QLatin1String("screenshot"))
+        return pictured(first);
+    if (step.verb == QLatin1String("touch"))
+        return written(first);
+    if (step.verb == QLatin1String("say"))
+        return true;
+    if (step.verb == QLatin1String("awaitfile")) {
+        m_missing = QStringLiteral("there is none");
+        return QFile::exists(first);
+    }
+    if (step.verb == QLatin1String("wait")) {
+        const bool holds = m_conditions.holds(step.words);
+        m_missing = m_conditions.errorText();
+        return holds;
+    }
+    m_missing = QStringLiteral("no such step");
+    return false;
+}
+
+bool ScriptRun::pointed(const ScriptStep& step)
+{
+    QPoint point;
+    if (!m_targets.find(step.words, point)) {
+        m_missing = m_targets.errorText();
+        return false;
+    }
+    m_input.moveTo(nativePoint(point));
+    if (step.verb == QLatin1String("click"))
+        m_input.click();
+    return true;
+}
+
+bool ScriptRun::wheeled(int steps)
+{
+    const QWidget* const list = m_window.tabs()->currentList()->view()->viewport();
+    m_input.moveTo(nativePoint(list->mapToGlobal(list->rect().center())));
+    m_input.wheel(steps);
+    return true;
+}
+
+bool ScriptRun::revealed(const QString& name)
+{
+    m_missing = QStringLiteral("the cell does not come into view");
+    const int place = m_targets.place(name);
+    if (place != 0)
+        wheeled(-place);
+    return place == 0;
+}
+
+bool ScriptRun::typed(bool ok)
+{
+    if (!ok)
+        m_missing = QStringLiteral("the keyboard has no such key");
+    return ok;
+}
+
+bool ScriptRun::pictured(const QString& name)
+{
+    const QString file = m_pictures + QLatin1Char('/') + name + QStringLiteral(".png");
+    const QRect frame = m_window.geometry();
+    // What the display shows, with menus that are open; other platforms only draw the window.
+    const QPixmap picture = QGuiApplication::platformName() == QLatin1String("xcb")
+        ? m_window.screen()->grabWindow(0, frame.x(), frame.y(), frame.width(), frame.height())
+        : m_window.grab();
+    m_missing = QStringLiteral("%1 cannot be written").arg(file);
+    return picture.save(file);
+}
+
+bool ScriptRun::written(const QString& file)
+{
+    m_missing = QStringLiteral("it cannot be written");
+    QFile target(file);
+    return target.open(QIODevice::WriteOnly);
+}
+
+QPoint ScriptRun::nativePoint(const QPoint& global) const
+{
+    return (QPointF(global) * m_window.devicePixelRatioF()).toPoint();
+}
+
+void ScriptRun::finish()
+{
+    m_timer.stop();
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget* window : windows) {
+        if (window != &m_window && window->isVisible())
+            window->close(); // an open menu or dialog
+    }
+    m_window.close();
+}
