@@ -35,6 +35,8 @@ bool CommandLine::parse(const QStringList& arguments)
     const QCommandLineOption screenshotOption(
         text("screenshot"),
         text("where pictures go; without a script: one of the window, then end"), text("DIR"));
+    const QCommandLineOption verboseOption(text("verbose"),
+                                           text("write the library's log to standard error"));
     // Not addHelpOption(): it also offers a help on options of Qt's, which are not read here.
     const QCommandLineOption helpOption({text("h"), text("help")}, text("print this help"));
 
@@ -42,7 +44,7 @@ bool CommandLine::parse(const QStringList& arguments)
     parser.setApplicationDescription(text(description));
     const QCommandLineOption versionOption = parser.addVersionOption();
     parser.addOptions({helpOption, settingsOption, serverOption, rootOption, resourcesOption,
-                       demoOption, scriptOption, screenshotOption});
+                       demoOption, scriptOption, screenshotOption, verboseOption});
     if (!parser.parse(arguments))
         return fail(parser.errorText());
     if (parser.isSet(helpOption))
@@ -57,6 +59,7 @@ bool CommandLine::parse(const QStringList& arguments)
     root = parser.value(rootOption);
     resources = parser.value(resourcesOption);
     demo = parser.isSet(demoOption);
+    verbose = parser.isSet(verboseOption);
     scriptFile = parser.value(scriptOption);
     screenshotFolder = parser.value(screenshotOption);
     return check();

@@ -19,6 +19,7 @@ public:
     QString scriptFile;       ///< drives the window; empty: a person does
     QString screenshotFolder; ///< empty: no pictures
     bool demo = false;
+    bool verbose = false; ///< the library's log goes to standard error
 
 private:
     bool check();

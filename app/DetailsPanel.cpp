@@ -63,6 +63,7 @@ void DetailsPanel::arrange()
     layout->addWidget(m_name);
     layout->addWidget(m_kind);
     layout->addWidget(m_tree, 1);
+    layout->addStretch(0); // while there is no tree
     layout->addLayout(buttons);
 }
 
@@ -102,7 +103,7 @@ void DetailsPanel::showNothing()
     m_name->setText(tr("Nothing applied yet"));
     m_kind->setText(tr("Click a cell, or move to it with the arrow keys and press Enter. What it "
                        "lacks is downloaded first."));
-    m_tree->clear();
+    m_tree->hide();
     m_favourite->setText(tr("Add to favourites"));
     m_favourite->setEnabled(false);
     m_folder->setEnabled(false);
@@ -118,6 +119,7 @@ void DetailsPanel::fill(SCfg_Item& item)
     m_name->setText(facts.name());
     m_kind->setText(facts.kind());
     fillTree(facts);
+    m_tree->show();
     const bool favourite = MVThemeMgr::init()->isItemCollect(&item);
     m_favourite->setText(favourite ? tr("Remove favourite") : tr("Add to favourites"));
     m_favourite->setEnabled(true);

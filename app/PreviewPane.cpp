@@ -18,18 +18,19 @@ PreviewPane::PreviewPane(QWidget* parent)
     : QWidget(parent)
 {
     setFocusPolicy(Qt::TabFocus);
-    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    policy.setHeightForWidth(true);
-    setSizePolicy(policy);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     connect(&m_movie, &QMovie::updated, this, [this] { update(); });
 }
 
 void PreviewPane::show(const QString& thumbnail, const QString& animation, bool play)
 {
     m_movie.stop();
-    m_movie.setFileName(animation);
-    m_animated = !animation.isEmpty() && m_movie.isValid();
-    m_still = QPixmap::fromImage(QImageReader(thumbnail).read());
+    m_animated = false;
+    if (!animation.isEmpty()) {
+        m_movie.setFileName(animation);
+        m_animated = m_movie.isValid();
+    }
+    m_still = thumbnail.isEmpty() ? QPixmap() : QPixmap::fromImage(QImageReader(thumbnail).read());
     setPlaying(play);
     update();
 }
@@ -47,20 +48,22 @@ void PreviewPane::setPlaying(bool playing)
 
 QSize PreviewPane::sizeHint() const
 {
-    return {widthHint, heightForWidth(widthHint)};
+    return {widthHint, widthHint * aspectHeight / aspectWidth};
 }
 
-int PreviewPane::heightForWidth(int width) const
+void PreviewPane::resizeEvent(QResizeEvent* event)
 {
-    return width * aspectHeight / aspectWidth;
+    QWidget::resizeEvent(event);
+    setFixedHeight(width() * aspectHeight / aspectWidth);
 }
 
 void PreviewPane::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.fillRect(rect(), palette().color(QPalette::AlternateBase));
-    const QPixmap picture = isPlaying() || m_still.isNull() ? m_movie.currentPixmap() : m_still;
+    painter.fillRect(rect(), palette().color(QPalette::Base));
+    const bool moving = m_animated && (isPlaying() || m_still.isNull());
+    const QPixmap picture = moving ? m_movie.currentPixmap() : m_still;
     if (!picture.isNull()) {
         const QSize size = picture.size().scaled(rect().size(), Qt::KeepAspectRatio);
         painter.drawPixmap(QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, size, rect()),

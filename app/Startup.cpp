@@ -5,15 +5,30 @@
 #include "DemoWorld.h"
 #include "host/AppOptions.h"
 #include "host/HostSettings.h"
+#include "host/LogL.h"
 
 #include <QDir>
 #include <QStandardPaths>
+
+#include <cstdio>
+
+namespace {
+
+void writeLog(const QByteArray& category, int level, const QByteArray& text)
+{
+    std::fprintf(stderr, "[%s %d] %s\n", category.constData(), level, text.constData());
+}
+
+void dropLog(const QByteArray&, int, const QByteArray&) { }
+
+} // namespace
 
 Startup::Startup() = default;
 Startup::~Startup() = default;
 
 bool Startup::readSettings(const CommandLine& commandLine)
 {
+    setLogSink(commandLine.verbose ? &writeLog : &dropLog);
     HostSettings& settings = hostSettings();
     settings.productParams.insert(QStringLiteral("hasMV"), QStringLiteral("1"));
     if (commandLine.demo) {

@@ -132,7 +132,8 @@ void MVThemeItemWdg::onDownloadFinish(EMVThemeDownLoadError result)
     m_pUi->frmShow->setItemDownload(item);
     // A mouse that stayed here all the time does not enter again.
     if (m_pUi->MVThemeItemWdgBg->underMouse()) {
-        m_pUi->frmShow->startPlayGif();
+        if (s_bPlayedByHover)
+            m_pUi->frmShow->startPlayGif();
         m_pUi->frmShow->doEvent_Enter();
     }
     if (!needsFiles(item))
