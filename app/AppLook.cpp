@@ -22,15 +22,15 @@ struct Colors
 Colors colorsOf(const QString& skin)
 {
     if (skin == QLatin1String("Elegance"))
-        return {"#23262b", "#1b1d21", "#e8eaed", "#a3a9b3",
-                "#33373e", "#6ea8fe", "#10151c", "#41464f"};
+        return {"#232429", "#1b1c20", "#e6e7ea", "#a6a9b1",
+                "#34363d", "#d6b26c", "#1d1a12", "#4b4e57"};
     if (skin == QLatin1String("Simplicity"))
-        return {"#fafafa", "#ffffff", "#202124", "#666a70",
-                "#f0f0f0", "#3c4043", "#ffffff", "#d5d7da"};
+        return {"#fafafa", "#ffffff", "#2b2b2b", "#666666",
+                "#f0f0f0", "#3a3a3a", "#ffffff", "#cfcfcf"};
     if (skin == QLatin1String("Calm"))
-        return {"#16302f", "#102625", "#e2efec", "#9dbab5",
-                "#24433f", "#7fd1bd", "#0b1f1c", "#34544f"};
-    return {"#eef1f5", "#ffffff", "#1f2733", "#5b6675", "#e3e8ef", "#1f66c1", "#ffffff", "#c4cdd9"};
+        return {"#17333a", "#10262b", "#e2efed", "#9fbdbd",
+                "#264a51", "#7fd1bf", "#0b1f1c", "#3a666c"};
+    return {"#f7f8fa", "#ffffff", "#2b3138", "#5c6773", "#e9ecf1", "#1f6bc4", "#ffffff", "#bcc4ce"};
 }
 
 QPalette paletteOf(const Colors& colors)

@@ -30,7 +30,8 @@ bool Startup::readSettings(const CommandLine& commandLine)
 {
     setLogSink(commandLine.verbose ? &writeLog : &dropLog);
     HostSettings& settings = hostSettings();
-    settings.productParams.insert(QStringLiteral("hasMV"), QStringLiteral("1"));
+    for (const char* shown : {"hasMV", "hasSplit"})
+        settings.productParams.insert(QLatin1String(shown), QStringLiteral("1"));
     if (commandLine.demo) {
         m_demo = std::make_unique<DemoWorld>();
         if (!m_demo->start())

@@ -2,6 +2,7 @@
 
 #include "browser/mvThemelistview.h"
 #include "CommandLine.h"
+#include "download/DownloadPacing.h"
 #include "MainWindow.h"
 #include "ResourceList.h"
 #include "ResourceTabs.h"
@@ -12,11 +13,12 @@
 #include <QPixmap>
 #include <QScreen>
 
+#include <chrono>
 #include <cstdio>
 
 namespace {
 
-constexpr int tryEvery = 25;        // ms
+constexpr int tryEvery = 25;           // ms
 constexpr int longestStep = 30 * 1000; // ms
 
 void print(const QString& text)
@@ -94,7 +96,9 @@ bool ScriptRun::done(const ScriptStep& step)
         return pictured(first);
     if (step.verb == QLatin1String("touch"))
         return written(first);
-    if (step.verb == QLatin1String("say"))
+    if (step.verb == QLatin1String("pace"))
+        DownloadPacing::setStep(std::chrono::milliseconds(first.toInt()));
+    if (step.verb == QLatin1String("pace") || step.verb == QLatin1String("say"))
         return true;
     if (step.verb == QLatin1String("awaitfile")) {
         m_missing = QStringLiteral("there is none");

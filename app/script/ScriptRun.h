@@ -24,6 +24,7 @@ class MainWindow;
 ///     press KEYS, type TEXT
 ///     wait CONDITION                 see ScriptConditions
 ///     screenshot NAME                of the window, into the folder of --screenshot
+///     pace MILLISECONDS              of downloads, see DownloadPacing
 ///     say TEXT                       prints it
 ///     touch FILE                     makes an empty file, for whoever watches from outside
 ///     awaitfile FILE                 waits until there is one

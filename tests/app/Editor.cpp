@@ -1,0 +1,67 @@
+#include "Editor.h"
+
+#include "EditorWorld.h"
+#include "support/CatalogueFiles.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace {
+
+const VirtualDisplay& display()
+{
+    static const VirtualDisplay theDisplay;
+    return theDisplay;
+}
+
+} // namespace
+
+Editor::Editor(const EditorWorld& world)
+    : m_world(world)
+    , m_environment(ConsoleProgram::utf8Environment())
+{
+    const QString home = world.folder() + QStringLiteral("/home");
+    const QString runtime = home + QStringLiteral("/run");
+    QDir().mkpath(runtime);
+    QFile::setPermissions(runtime, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    setVariable(QStringLiteral("HOME"), home);
+    setVariable(QStringLiteral("XDG_CONFIG_HOME"), home + QStringLiteral("/.config"));
+    setVariable(QStringLiteral("XDG_RUNTIME_DIR"), runtime);
+    setVariable(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    setVariable(QStringLiteral("DISPLAY"), display().name());
+}
+
+void Editor::setVariable(const QString& name, const QString& value)
+{
+    m_environment.insert(name, value);
+}
+
+void Editor::start(const QString& script, bool online)
+{
+    const QString file = m_world.folder() + QStringLiteral("/script.txt");
+    CatalogueFiles::write(file, "pace 1\n" + script.toUtf8());
+    m_process.setProcessEnvironment(m_environment);
+    m_process.start(QStringLiteral(MVEDITOR_PROGRAM),
+                    m_world.arguments(online)
+                        + QStringList{QStringLiteral("--script"), file,
+                                      QStringLiteral("--screenshot"),
+                                      m_world.folder() + QStringLiteral("/pictures")});
+}
+
+Outcome Editor::outcome()
+{
+    return ConsoleProgram::end(m_process);
+}
+
+Outcome Editor::run(const QString& script, bool online)
+{
+    start(script, online);
+    return outcome();
+}
+
+Outcome Editor::runBare(const QStringList& options)
+{
+    m_process.setProcessEnvironment(m_environment);
+    m_process.start(QStringLiteral(MVEDITOR_PROGRAM), options);
+    return outcome();
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "ConsoleProgram.h"
+#include "VirtualDisplay.h"
+
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+
+class EditorWorld;
+
+/// The editor as a process of its own, on a virtual display and driven by a script.
+class Editor
+{
+public:
+    explicit Editor(const EditorWorld& world);
+
+    void setVariable(const QString& name, const QString& value);
+    /// Runs a script to its end. The pace of downloads is that of tests.
+    Outcome run(const QString& script, bool online = true);
+    /// Runs with these options and no script.
+    Outcome runBare(const QStringList& options);
+    /// Starts a script; outcome() waits for its end.
+    void start(const QString& script, bool online = true);
+    Outcome outcome();
+    qint64 processId() const { return m_process.processId(); }
+
+private:
+    const EditorWorld& m_world;
+    QProcess m_process;
+    QProcessEnvironment m_environment;
+};
+
+/// Fails the test with all that the editor printed, unless it ended well.
+#define VERIFY_ENDED_WELL(outcome)                                                                 \
+    QVERIFY2((outcome).status == 0, ((outcome).out + (outcome).err).constData())

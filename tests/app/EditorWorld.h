@@ -1,0 +1,65 @@
+#pragma once
+
+#include "support/FaultServer.h"
+
+#include <QByteArray>
+#include <QMap>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <functional>
+#include <mutex>
+
+/// A server, an installation, a download root and a home for the editor, new for every test.
+///
+/// A theme is known by its name alone. Each uses the filter "Sepia" and has a thumbnail, an
+/// animated preview, a config file and one resource.
+class EditorWorld
+{
+public:
+    /// Called for every request, with its number from 1; true: it has answered.
+    using Fault = std::function<bool(HttpExchange&, int number)>;
+
+    EditorWorld();
+    ~EditorWorld();
+    Q_DISABLE_COPY_MOVE(EditorWorld)
+
+    /// What the server publishes: these themes, the filter and a background.
+    void publish(const QStringList& themes);
+    /// What is installed: the catalogue of these themes, with their previews, but not the files
+    /// that applying one needs.
+    void install(const QStringList& themes) const;
+    /// The files of the download tree, as if these themes had been published, checked and fetched.
+    void fillRoot(const QStringList& themes);
+    void setFault(const Fault& fault);
+
+    FaultServer& server() { return m_server; }
+    QString folder() const { return m_folder.path(); }
+    QString root() const { return folder() + QStringLiteral("/root"); }
+    /// Folder of the editor's favourites.
+    QString data() const { return folder() + QStringLiteral("/data"); }
+    QString preferencesFile() const;
+    /// The file that applying a theme needs, below root().
+    QString themeFile(const QString& theme) const;
+    static QString themeGuid(const QString& theme);
+
+    /// Options that let the editor work here. Without a server's address it is refused.
+    QStringList arguments(bool online = true) const;
+    void writeSettings(int stallTimeoutMs = 10000) const;
+
+private:
+    using Tree = QMap<QString, QByteArray>; // files by path from the root
+
+    static Tree previews(const QStringList& themes);
+    static Tree files(const QStringList& themes);
+    static Tree catalogue(const QStringList& themes);
+    void answer(HttpExchange& exchange);
+
+    QTemporaryDir m_folder;
+    mutable std::mutex m_mutex; // guards m_tree, m_fault and m_requests
+    Tree m_tree;
+    Fault m_fault;
+    int m_requests = 0;
+    FaultServer m_server;
+};

@@ -1,0 +1,172 @@
+#include "Editor.h"
+#include "EditorWorld.h"
+#include "support/CatalogueFiles.h"
+#include "support/HttpAnswer.h"
+#include "support/TestMain.h"
+
+#include <QFile>
+
+/// How the editor comes up: with an empty download root, without a server, with nothing at all.
+class tst_editor_start : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void firstStartFetchesTheCatalogueAndApplies();
+    void aCurrentCatalogueIsNotReadAgain();
+    void offlineWorksWithWhatIsThere();
+    void offlineSaysWhyADownloadFails();
+    void emptyEverywhere();
+    void newerServerIsTold();
+    void wrongArguments_data();
+    void wrongArguments();
+    void onePictureWithoutAScript();
+};
+
+void tst_editor_start::firstStartFetchesTheCatalogueAndApplies()
+{
+    EditorWorld world;
+    world.install({QStringLiteral("Alpha")});
+    world.publish({QStringLiteral("Alpha"), QStringLiteral("Beta")});
+    const Outcome outcome = Editor(world).run(QStringLiteral(R"(
+        wait reloads 1
+        wait status "Catalogue updated"
+        wait shown 3
+        wait lacking Beta
+        click cell Beta
+        wait applied Beta
+        wait ready Beta
+        wait text appliedKind "Theme"
+        click widget showFolder
+        wait opened /root/Themes/config/PQD/Download/Themes
+    )"));
+    VERIFY_ENDED_WELL(outcome);
+    QCOMPARE(CatalogueFiles::read(world.themeFile(QStringLiteral("Beta"))),
+             QByteArray("archive of Beta"));
+}
+
+void tst_editor_start::aCurrentCatalogueIsNotReadAgain()
+{
+    EditorWorld world;
+    world.fillRoot({QStringLiteral("Alpha")});
+    world.publish({QStringLiteral("Alpha")});
+    VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral("wait status \"Up to date\"\n"
+                                                       "wait phase idle\n"
+                                                       "wait reloads 0\n")));
+    for (const auto& r : world.server().requests()) qInfo("%s", r.target.constData());
+    QCOMPARE(world.server().requestCount(), 1);
+}
+
+void tst_editor_start::offlineWorksWithWhatIsThere()
+{
+    EditorWorld world;
+    world.fillRoot({QStringLiteral("Alpha"), QStringLiteral("Beta")});
+    VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
+        wait status "Offline: catalogue of "
+        wait shown 3
+        hover cell Alpha
+        wait playing Alpha
+        click cell Alpha
+        wait applied Alpha
+        click more
+        wait opened http://127.0.0.1:1/more
+        click tab 1
+        click cell Sepia
+        wait applied Sepia
+        click tab 2
+        wait applied Sepia
+        click tab 3
+        click cell Blue
+        wait applied Blue
+        click tab 0
+        wait applied Alpha
+    )"),
+                                        false));
+}
+
+void tst_editor_start::offlineSaysWhyADownloadFails()
+{
+    EditorWorld world;
+    world.install({QStringLiteral("Alpha")});
+    VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
+        wait status "Offline: catalogue of "
+        click cell Alpha
+        wait failed Alpha
+        wait text failureText "/config/Themes/alpha.xml"
+        click widget failureCopy
+        wait clipboard "http://127.0.0.1:"
+        click widget failureClose
+        wait gone failureText
+    )"),
+                                        false));
+}
+
+void tst_editor_start::emptyEverywhere()
+{
+    EditorWorld world;
+    VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
+        wait phase idle
+        wait text appliedName "Nothing applied yet"
+        click tab 3
+        wait shown 1
+    )"),
+                                        false));
+}
+
+void tst_editor_start::newerServerIsTold()
+{
+    EditorWorld world;
+    world.setFault([](HttpExchange& exchange, int) {
+        if (!exchange.request().target.contains("version"))
+            return false;
+        exchange.answer(HttpAnswer(200).body("<ResourceVersion value=\"9.0.0\">"
+                                             "<dislplay value=\"a\"/><config value=\"b\"/>"
+                                             "</ResourceVersion>"));
+        return true;
+    });
+    VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral("wait status \"newer application\"\n")));
+}
+
+void tst_editor_start::wrongArguments_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QByteArray>("text");
+    const auto list = [](const char* text) {
+        return QString::fromLatin1(text).split(QLatin1Char(' '));
+    };
+    QTest::newRow("unknown option") << list("--nonsense") << 2 << QByteArray("nonsense");
+    QTest::newRow("operand") << list("operand") << 2 << QByteArray("unexpected: operand");
+    QTest::newRow("server") << list("--server ftp://x/") << 2 << QByteArray("http or https");
+    QTest::newRow("resources") << list("--resources /none") << 2 << QByteArray("/none");
+    QTest::newRow("script") << list("--script /none") << 2 << QByteArray("no such script");
+    QTest::newRow("demo with a server")
+        << list("--demo --server http://x/") << 2 << QByteArray("--demo");
+    QTest::newRow("settings") << list("--settings /none") << 1 << QByteArray("/none");
+    QTest::newRow("root") << list("--root /proc/none") << 1 << QByteArray("download root");
+    QTest::newRow("help") << list("--help") << 0 << QByteArray("Exit status");
+}
+
+void tst_editor_start::wrongArguments()
+{
+    QFETCH(QStringList, options);
+    QFETCH(int, status);
+    QFETCH(QByteArray, text);
+    const EditorWorld world;
+    const Outcome outcome = Editor(world).runBare(options);
+    QCOMPARE(outcome.status, status);
+    QVERIFY2((outcome.out + outcome.err).contains(text), outcome.err.constData());
+}
+
+void tst_editor_start::onePictureWithoutAScript()
+{
+    const EditorWorld world;
+    const QString pictures = world.folder() + QStringLiteral("/pictures");
+    const Outcome outcome = Editor(world).runBare(
+        world.arguments() + QStringList{QStringLiteral("--screenshot"), pictures});
+    VERIFY_ENDED_WELL(outcome);
+    QVERIFY(QFile::exists(pictures + QStringLiteral("/window.png")));
+}
+
+MV_TEST_MAIN(tst_editor_start)
+#include "tst_editor_start.moc"
