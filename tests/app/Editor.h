@@ -32,5 +32,8 @@ private:
 };
 
 /// Fails the test with all that the editor printed, unless it ended well.
-#define VERIFY_ENDED_WELL(outcome)                                                                 \
-    QVERIFY2((outcome).status == 0, ((outcome).out + (outcome).err).constData())
+#define VERIFY_ENDED_WELL(editorRun)                                                               \
+    do {                                                                                           \
+        const Outcome ended = (editorRun);                                                         \
+        QVERIFY2(ended.status == 0, (ended.out + ended.err).constData());                          \
+    } while (false)
