@@ -32,6 +32,7 @@ ResourceList::ResourceList(EUIItemType type, QWidget* parent)
     m_whyEmpty->setAttribute(Qt::WA_TransparentForMouseEvents);
     m_view->viewport()->installEventFilter(this);
 
+    m_view->setObjectName(QStringLiteral("list%1").arg(type));
     m_view->setUIItemType(type);
     connect(m_view, &mvThemelistview::sigThemeItemClicked, this, [this](SCfg_Item* item) {
         m_applied = item->m_qsGUID;

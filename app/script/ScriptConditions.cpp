@@ -21,6 +21,8 @@
 
 namespace {
 
+constexpr int quietTime = 300; // ms
+
 QString phaseName(BackgroundCheck::Phase phase)
 {
     switch (phase) {
@@ -76,6 +78,8 @@ ScriptConditions::ScriptConditions(MainWindow& window, const BackgroundCheck& ch
     , m_check(check)
     , m_targets(window)
 {
+    m_sinceChange.start();
+    connect(&check, &BackgroundCheck::changed, this, [this] { m_sinceChange.start(); });
     for (const char* scheme : {"file", "http", "https"})
         QDesktopServices::setUrlHandler(QLatin1String(scheme), this, "open");
 }
@@ -105,6 +109,9 @@ bool ScriptConditions::holdsForWindow(const QString& what, const QString& value)
     const mvThemelistview* const view = m_window.tabs()->currentList()->view();
     if (what == QLatin1String("phase"))
         return equals(phaseName(m_check.phase()), value);
+    if (what == QLatin1String("quiet"))
+        return m_sinceChange.hasExpired(quietTime)
+            && equals(phaseName(m_check.phase()), phaseName(BackgroundCheck::Phase::Idle));
     if (what == QLatin1String("status"))
         return contains(m_window.checkStatus()->text(), value);
     if (what == QLatin1String("message"))

@@ -2,6 +2,7 @@
 
 #include "script/ScriptTargets.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QString>
 #include <QStringList>
@@ -13,6 +14,7 @@ class MainWindow;
 /// What a script waits for.
 ///
 ///     phase idle|catalogue|previews   of the background check
+///     quiet              the check has been idle for a while: no run follows it any more
 ///     status TEXT        the check's line in the status bar contains it
 ///     message TEXT       the status bar's message contains it
 ///     reloads N          the catalogue was read again at least so often
@@ -55,5 +57,6 @@ private:
     const BackgroundCheck& m_check;
     ScriptTargets m_targets;
     QStringList m_opened;
+    QElapsedTimer m_sinceChange; // of the check
     QString m_error;
 };

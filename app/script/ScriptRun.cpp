@@ -41,7 +41,7 @@ ScriptRun::ScriptRun(MainWindow& window, BackgroundCheck& check, const CommandLi
         if (m_error.isEmpty() && !m_input.isAvailable())
             m_error = QStringLiteral("a script needs an X display that takes its events");
     } else if (!m_pictures.isEmpty()) {
-        m_steps = {{0, QStringLiteral("wait"), {QStringLiteral("phase"), QStringLiteral("idle")}},
+        m_steps = {{0, QStringLiteral("wait"), {QStringLiteral("quiet")}},
                    {0, QStringLiteral("screenshot"), {QStringLiteral("window")}}};
     }
     if (!m_pictures.isEmpty() && !QDir().mkpath(m_pictures))

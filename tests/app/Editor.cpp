@@ -53,6 +53,12 @@ Outcome Editor::outcome()
     return ConsoleProgram::end(m_process);
 }
 
+void Editor::kill()
+{
+    m_process.kill();
+    m_process.waitForFinished();
+}
+
 Outcome Editor::run(const QString& script, bool online)
 {
     start(script, online);

@@ -23,7 +23,8 @@ public:
     /// Starts a script; outcome() waits for its end.
     void start(const QString& script, bool online = true);
     Outcome outcome();
-    qint64 processId() const { return m_process.processId(); }
+    /// Ends it as a crash would.
+    void kill();
 
 private:
     const EditorWorld& m_world;

@@ -1,0 +1,100 @@
+#include "Editor.h"
+#include "EditorWorld.h"
+#include "support/HttpAnswer.h"
+#include "support/TestMain.h"
+
+/// A server that fails once, at each of its requests in turn.
+class tst_editor_faults : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void theNextStartMakesUpForIt_data();
+    void theNextStartMakesUpForIt();
+    void aFailedDownloadIsTriedAgain_data();
+    void aFailedDownloadIsTriedAgain();
+};
+
+namespace {
+
+const QString theme = QStringLiteral("Alpha");
+
+/// Lets one request fail, by a status or by a broken connection.
+EditorWorld::Fault failing(int request)
+{
+    return [request](HttpExchange& exchange, int number) {
+        if (number != request)
+            return false;
+        if (request % 2 == 0)
+            exchange.reset();
+        else
+            exchange.answer(HttpAnswer(500).body("out of order"));
+        return true;
+    };
+}
+
+} // namespace
+
+void tst_editor_faults::theNextStartMakesUpForIt_data()
+{
+    QTest::addColumn<int>("request");
+    const char* const requests[] = {"version", "first catalogue file", "second catalogue file",
+                                    "thumbnail", "animation"};
+    int number = 0;
+    for (const char* request : requests)
+        QTest::newRow(request) << ++number;
+}
+
+void tst_editor_faults::theNextStartMakesUpForIt()
+{
+    QFETCH(int, request);
+    EditorWorld world;
+    world.publish({theme});
+    world.setFault(failing(request));
+    Editor editor(world);
+    VERIFY_ENDED_WELL(editor.run(QStringLiteral("wait quiet\nclick tab 1\nclick cell Sepia\n")));
+    QVERIFY(world.server().requestCount() >= request);
+    VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral("wait shown 2\n"
+                                                       "wait quiet\n"
+                                                       "click cell Alpha\n"
+                                                       "wait applied Alpha\n")));
+}
+
+void tst_editor_faults::aFailedDownloadIsTriedAgain_data()
+{
+    QTest::addColumn<QByteArray>("target");
+    QTest::newRow("config file") << QByteArray("/config/Themes/alpha.xml");
+    QTest::newRow("resource") << QByteArray("/config/Themes/alpha/theme.zip");
+    QTest::newRow("what it uses") << QByteArray("/config/VideoFilters/sepia.xml");
+}
+
+void tst_editor_faults::aFailedDownloadIsTriedAgain()
+{
+    QFETCH(QByteArray, target);
+    EditorWorld world;
+    world.install({theme});
+    world.publish({theme});
+    auto failed = std::make_shared<std::atomic<bool>>(false);
+    world.setFault([target, failed](HttpExchange& exchange, int) {
+        if (exchange.request().target != target || failed->exchange(true))
+            return false;
+        exchange.answer(HttpAnswer(500).body("out of order"));
+        return true;
+    });
+    VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
+        wait quiet
+        click cell Alpha
+        wait failed Alpha
+        wait text failureText "%1"
+        wait text failureText 500
+        wait text failureText "%2"
+        screenshot failed
+        click widget failureRetry
+        wait applied Alpha
+        wait gone failureText
+    )")
+                                            .arg(QString::fromLatin1(target), world.root())));
+}
+
+MV_TEST_MAIN(tst_editor_faults)
+#include "tst_editor_faults.moc"

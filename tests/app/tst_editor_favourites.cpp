@@ -1,0 +1,160 @@
+#include "Editor.h"
+#include "EditorWorld.h"
+#include "support/CatalogueFiles.h"
+#include "support/TestMain.h"
+
+#include <QFile>
+
+/// Favourites: by key and by button, over a restart, and from one computer to another.
+class tst_editor_favourites : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void surviveARestart();
+    void surviveAKill();
+    void aRemovedFavouriteLeavesTheirList();
+    void travelInAFile();
+    void wrongFilesAreRefused_data();
+    void wrongFilesAreRefused();
+};
+
+namespace {
+
+const QStringList themes{QStringLiteral("Alpha"), QStringLiteral("Beta")};
+
+/// Names a file in the dialog that a menu entry opens.
+QString chosen(const char* entry, const QString& file)
+{
+    return QStringLiteral("click action file\n"
+                          "click action %1\n"
+                          "wait focus fileNameEdit\n"
+                          "press Ctrl+A\n"
+                          "type %2\n"
+                          "press Enter\n")
+        .arg(QLatin1String(entry), file);
+}
+
+} // namespace
+
+void tst_editor_favourites::surviveARestart()
+{
+    EditorWorld world;
+    world.fillRoot(themes);
+    VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
+        click cell Alpha
+        wait applied Alpha
+        wait text favourite "Add to favourites"
+        press F
+        wait favourite Alpha
+        wait text favourite "Remove favourite"
+        wait plain Beta
+        click tab 1
+        click cell Sepia
+        wait applied Sepia
+        click widget favourite
+        wait favourite Sepia
+    )"),
+                                        false));
+    VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral("click tab 0\n"
+                                                       "wait favourite Alpha\n"
+                                                       "wait plain Beta\n"
+                                                       "click tab 1\n"
+                                                       "wait favourite Sepia\n"),
+                                        false));
+}
+
+void tst_editor_favourites::surviveAKill()
+{
+    EditorWorld world;
+    world.fillRoot(themes);
+    Editor editor(world);
+    const QString marked = world.folder() + QStringLiteral("/marked");
+    editor.start(QStringLiteral("click cell Beta\n"
+                                "wait applied Beta\n"
+                                "press F\n"
+                                "wait text favourite \"Remove favourite\"\n"
+                                "touch %1\n"
+                                "awaitfile /none\n")
+                     .arg(marked),
+                 false);
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(marked), 20000);
+    editor.kill();
+    VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral("wait favourite Beta\n"), false));
+}
+
+void tst_editor_favourites::aRemovedFavouriteLeavesTheirList()
+{
+    EditorWorld world;
+    world.fillRoot(themes);
+    VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
+        click cell Beta
+        wait applied Beta
+        press F
+        wait favourite Beta
+        click widget themeType
+        press Down
+        press Enter
+        wait shown 1
+        click widget favourite
+        wait shown 0
+        wait text whyEmpty "No favourites yet"
+    )"),
+                                        false));
+}
+
+void tst_editor_favourites::travelInAFile()
+{
+    EditorWorld from;
+    from.fillRoot(themes);
+    const QString file = from.folder() + QStringLiteral("/carried.json");
+    VERIFY_ENDED_WELL(Editor(from).run(
+        QStringLiteral("click cell Beta\n"
+                       "wait applied Beta\n"
+                       "press F\n"
+                       "wait favourite Beta\n")
+            + chosen("export", file) + QStringLiteral("wait message \"1 favourite written\"\n"),
+        false));
+    const QByteArray written = CatalogueFiles::read(file);
+    QVERIFY2(written.contains(EditorWorld::themeGuid(QStringLiteral("Beta")).toUtf8()), written);
+    QVERIFY2(written.contains("\"kind\": \"theme\""), written);
+
+    EditorWorld to;
+    to.fillRoot(themes);
+    VERIFY_ENDED_WELL(Editor(to).run(QStringLiteral("wait plain Beta\n") + chosen("import", file)
+                                         + QStringLiteral("wait message \"1 favourite added\"\n"
+                                                          "wait favourite Beta\n"
+                                                          "wait plain Alpha\n"),
+                                     false));
+}
+
+void tst_editor_favourites::wrongFilesAreRefused_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("no JSON") << QByteArray("favourites");
+    QTest::newRow("other JSON") << QByteArray("{\"format\": 2, \"favourites\": []}");
+    QTest::newRow("no GUID") << QByteArray(
+        R"({"format": 1, "favourites": [{"kind": "theme", "guid": "Beta"}]})");
+    QTest::newRow("unknown kind") << QByteArray(
+        R"({"format": 1, "favourites": [{"kind": "x", "guid": "{AAAAAAAA-0000-0000-0000-000000000001}"}]})");
+}
+
+void tst_editor_favourites::wrongFilesAreRefused()
+{
+    QFETCH(QByteArray, content);
+    EditorWorld world;
+    world.fillRoot(themes);
+    const QString file = world.folder() + QStringLiteral("/wrong.json");
+    CatalogueFiles::write(file, content);
+    VERIFY_ENDED_WELL(
+        Editor(world).run(chosen("import", file)
+                              + QStringLiteral("wait text qt_msgbox_label wrong.json\n"
+                                               "press Enter\n"
+                                               "wait gone qt_msgbox_label\n"
+                                               "wait plain Alpha\n"),
+                          false));
+}
+
+MV_TEST_MAIN(tst_editor_favourites)
+#include "tst_editor_favourites.moc"

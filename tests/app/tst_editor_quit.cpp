@@ -1,0 +1,83 @@
+#include "Editor.h"
+#include "EditorWorld.h"
+#include "support/CatalogueFiles.h"
+#include "support/TestMain.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+
+/// Quitting asks nothing, cancels what goes on, and is over within two seconds.
+class tst_editor_quit : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void whileATransferStalls_data();
+    void whileATransferStalls();
+};
+
+namespace {
+
+#ifdef __SANITIZE_ADDRESS__
+constexpr int longestMs = 8000; // the leak check takes its time
+#else
+constexpr int longestMs = 2000;
+#endif
+
+} // namespace
+
+void tst_editor_quit::whileATransferStalls_data()
+{
+    QTest::addColumn<QByteArray>("target");
+    QTest::addColumn<QString>("before");
+    QTest::newRow("download") << QByteArray("beta/theme.zip")
+                              << QStringLiteral("wait shown 3\n"
+                                                "wait quiet\n"
+                                                "click cell Beta\n"
+                                                "wait downloading Beta\n");
+    QTest::newRow("download behind a filter") << QByteArray("beta/theme.zip")
+                                              << QStringLiteral("wait shown 3\n"
+                                                                "wait quiet\n"
+                                                                "click cell Beta\n"
+                                                                "wait downloading Beta\n"
+                                                                "press Ctrl+F\n"
+                                                                "type alpha\n"
+                                                                "wait shown 1\n");
+    QTest::newRow("version") << QByteArray("version") << QStringLiteral("wait phase catalogue\n");
+    QTest::newRow("catalogue") << QByteArray("resource_config")
+                               << QStringLiteral("wait phase catalogue\n");
+    QTest::newRow("preview") << QByteArray("beta.gif") << QStringLiteral("wait phase previews\n");
+}
+
+void tst_editor_quit::whileATransferStalls()
+{
+    QFETCH(QByteArray, target);
+    QFETCH(QString, before);
+    EditorWorld world;
+    world.install({QStringLiteral("Alpha")});
+    world.publish({QStringLiteral("Alpha"), QStringLiteral("Beta")});
+    auto stalled = std::make_shared<std::atomic<bool>>(false);
+    world.setFault([target, stalled](HttpExchange& exchange, int) {
+        if (!exchange.request().target.contains(target))
+            return false;
+        exchange.send("HTTP/1.1 200 OK\r\nContent-Length: 100000\r\n\r\nbeginning");
+        *stalled = true;
+        exchange.stall();
+        return true;
+    });
+    Editor editor(world);
+    const QString go = world.folder() + QStringLiteral("/go");
+    const QString going = world.folder() + QStringLiteral("/going");
+    editor.start(before + QStringLiteral("awaitfile %1\ntouch %2\npress Ctrl+Q\n").arg(go, going));
+    QTRY_VERIFY_WITH_TIMEOUT(stalled->load(), 20000);
+    CatalogueFiles::write(go, QByteArray());
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(going), 20000);
+    QElapsedTimer time;
+    time.start();
+    VERIFY_ENDED_WELL(editor.outcome());
+    QVERIFY2(time.elapsed() < longestMs, QByteArray::number(time.elapsed()).constData());
+    QVERIFY(!QFile::exists(world.themeFile(QStringLiteral("Beta"))));
+}
+
+MV_TEST_MAIN(tst_editor_quit)
+#include "tst_editor_quit.moc"
