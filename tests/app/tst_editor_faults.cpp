@@ -54,7 +54,7 @@ void tst_editor_faults::theNextStartMakesUpForIt()
     Editor editor(world);
     VERIFY_ENDED_WELL(editor.run(QStringLiteral("wait quiet\nclick tab 1\nclick cell Sepia\n")));
     QVERIFY(world.server().requestCount() >= request);
-    VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral("wait shown 2\n"
+    VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral("click tab 0\nwait shown 2\n"
                                                        "wait quiet\n"
                                                        "click cell Alpha\n"
                                                        "wait applied Alpha\n")));
