@@ -65,6 +65,9 @@ void DetailsPanel::arrange()
     layout->addWidget(m_tree, 1);
     layout->addStretch(0); // while there is no tree
     layout->addLayout(buttons);
+    setTabOrder(m_preview, m_tree);
+    setTabOrder(m_tree, m_favourite);
+    setTabOrder(m_favourite, m_folder);
 }
 
 void DetailsPanel::retranslate()

@@ -2,7 +2,6 @@
 
 #include "catalogue/MVThemeMgr.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QMutexLocker>
@@ -11,42 +10,6 @@
 #include <numeric>
 
 namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("ItemFacts", text);
-}
-
-QString kindName(ECfgItemType kind)
-{
-    switch (kind) {
-    case eCfgItem_Filter:
-        return tr(QT_TRANSLATE_NOOP("ItemFacts", "Video filter"));
-    case eCfgItem_Transition:
-        return tr(QT_TRANSLATE_NOOP("ItemFacts", "Transition"));
-    case eCfgItem_Motion:
-        return tr(QT_TRANSLATE_NOOP("ItemFacts", "Motion"));
-    case eCfgItem_Theme:
-        return tr(QT_TRANSLATE_NOOP("ItemFacts", "Theme"));
-    case eCfgItem_BgMaterial:
-        return tr(QT_TRANSLATE_NOOP("ItemFacts", "Background"));
-    case eCfgItem_Resource:
-        break;
-    }
-    return {};
-}
-
-QString themeTypeName(int type)
-{
-    MVThemeMgr* const catalogue = MVThemeMgr::init();
-    if (type == catalogue->Themetype(QStringLiteral("festivals")))
-        return tr(QT_TRANSLATE_NOOP("ItemFacts", "Festivals"));
-    if (type == catalogue->Themetype(QStringLiteral("travel")))
-        return tr(QT_TRANSLATE_NOOP("ItemFacts", "Travel"));
-    if (type == catalogue->Themetype(QStringLiteral("banquets")))
-        return tr(QT_TRANSLATE_NOOP("ItemFacts", "Banquets"));
-    return tr(QT_TRANSLATE_NOOP("ItemFacts", "Others"));
-}
 
 /// Download threads write the records.
 QString localPath(const SFileInfo& info)
@@ -132,6 +95,37 @@ void ItemFacts::addFiles(SCfg_Item& item)
         if (!known)
             m_files.append({info.fileName(), info.filePath(), info.exists(), info.size()});
     }
+}
+
+QString ItemFacts::kindName(ECfgItemType kind)
+{
+    switch (kind) {
+    case eCfgItem_Filter:
+        return tr("Video filter");
+    case eCfgItem_Transition:
+        return tr("Transition");
+    case eCfgItem_Motion:
+        return tr("Motion");
+    case eCfgItem_Theme:
+        return tr("Theme");
+    case eCfgItem_BgMaterial:
+        return tr("Background");
+    case eCfgItem_Resource:
+        break;
+    }
+    return {};
+}
+
+QString ItemFacts::themeTypeName(int type)
+{
+    MVThemeMgr* const catalogue = MVThemeMgr::init();
+    if (type == catalogue->Themetype(QStringLiteral("festivals")))
+        return tr("Festivals");
+    if (type == catalogue->Themetype(QStringLiteral("travel")))
+        return tr("Travel");
+    if (type == catalogue->Themetype(QStringLiteral("banquets")))
+        return tr("Banquets");
+    return tr("Others");
 }
 
 qint64 ItemFacts::totalSize() const

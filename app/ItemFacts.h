@@ -1,5 +1,8 @@
 #pragma once
 
+#include "records/ECfgItemType.h"
+
+#include <QCoreApplication>
 #include <QString>
 #include <QVector>
 
@@ -9,6 +12,8 @@ struct SCfg_Item;
 /// the disk when it is made; the texts are in the language of that moment.
 class ItemFacts
 {
+    Q_DECLARE_TR_FUNCTIONS(ItemFacts)
+
 public:
     struct Used
     {
@@ -36,6 +41,8 @@ public:
     qint64 totalSize() const;
 
 private:
+    static QString kindName(ECfgItemType kind);
+    static QString themeTypeName(int type);
     void addUsed(SCfg_Item& item);
     void addUsedBy(const SCfg_Item& theme);
     void addFiles(SCfg_Item& item);

@@ -87,7 +87,6 @@ void ResourceTabs::retranslate()
     const QString names[] = {tr("Themes"), tr("Filters"), tr("Filters (large)"), tr("Backgrounds")};
     for (int tab = 0; tab < m_tabs->count(); ++tab)
         m_tabs->setTabText(tab, names[tab]);
-    m_tabs->setAccessibleName(tr("Kinds of resources"));
     const QString types[] = {tr("All"),       tr("Favourites"), tr("Others"),
                              tr("Festivals"), tr("Travel"),     tr("Banquets")};
     for (int type = 0; type < m_types->count(); ++type)

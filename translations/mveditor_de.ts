@@ -5,233 +5,272 @@
     <name>CheckStatus</name>
     <message>
         <source>Checking for new resources…</source>
-        <translation type="unfinished"></translation>
+        <translation>Suche nach neuen Ressourcen…</translation>
     </message>
     <message>
         <source>Fetching previews…</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorschauen werden geladen…</translation>
     </message>
     <message>
         <source>Start the program again to check again</source>
-        <translation type="unfinished"></translation>
+        <translation>Für eine neue Prüfung das Programm neu starten</translation>
     </message>
     <message>
         <source>Catalogue updated</source>
-        <translation type="unfinished"></translation>
+        <translation>Katalog aktualisiert</translation>
     </message>
     <message>
         <source>Up to date</source>
-        <translation type="unfinished"></translation>
+        <translation>Auf dem neuesten Stand</translation>
     </message>
     <message>
         <source>The server has resources that need a newer application</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Server hat Ressourcen, die ein neueres Programm brauchen</translation>
     </message>
     <message>
         <source>The server&apos;s catalogue is older than this application</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Katalog des Servers ist älter als dieses Programm</translation>
     </message>
     <message>
         <source>Offline: catalogue of %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Offline: Katalog vom %1</translation>
     </message>
     <message>
         <source>The server&apos;s catalogue was refused: catalogue of %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Katalog des Servers wurde abgelehnt: Katalog vom %1</translation>
     </message>
     <message>
         <source>Check cancelled: catalogue of %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Prüfung abgebrochen: Katalog vom %1</translation>
     </message>
     <message numerus="yes">
         <source>, %n preview(s) fetched</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>, %n Vorschau geladen</numerusform>
+            <numerusform>, %n Vorschauen geladen</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>, %n preview(s) could not be fetched</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>, %n Vorschau konnte nicht geladen werden</numerusform>
+            <numerusform>, %n Vorschauen konnten nicht geladen werden</numerusform>
         </translation>
     </message>
     <message>
         <source>no date, none is here</source>
-        <translation type="unfinished"></translation>
+        <translation>keinem Tag, es ist keiner da</translation>
     </message>
 </context>
 <context>
     <name>DetailsPanel</name>
     <message>
         <source>Preview of what is applied</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorschau des Angewendeten</translation>
     </message>
     <message>
         <source>Click, or press Space, to play or stop</source>
-        <translation type="unfinished"></translation>
+        <translation>Klicken oder Leertaste: abspielen und anhalten</translation>
     </message>
     <message>
         <source>What is used, and files</source>
-        <translation type="unfinished"></translation>
+        <translation>Verwendetes und Dateien</translation>
     </message>
     <message>
         <source>Show files in folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Dateien im Ordner zeigen</translation>
     </message>
     <message>
         <source>Nothing applied yet</source>
-        <translation type="unfinished"></translation>
+        <translation>Noch nichts angewendet</translation>
     </message>
     <message>
         <source>Click a cell, or move to it with the arrow keys and press Enter. What it lacks is downloaded first.</source>
-        <translation type="unfinished"></translation>
+        <translation>Klicken Sie auf eine Zelle, oder gehen Sie mit den Pfeiltasten hin und drücken Sie die Eingabetaste. Was fehlt, wird zuerst geladen.</translation>
     </message>
     <message>
         <source>Add to favourites</source>
-        <translation type="unfinished"></translation>
+        <translation>Zu Favoriten hinzufügen</translation>
     </message>
     <message>
         <source>Remove favourite</source>
-        <translation type="unfinished"></translation>
+        <translation>Favorit entfernen</translation>
     </message>
     <message>
         <source>Uses</source>
-        <translation type="unfinished"></translation>
+        <translation>Verwendet</translation>
     </message>
     <message>
         <source>Files: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Dateien: %1</translation>
     </message>
     <message>
         <source>missing</source>
-        <translation type="unfinished"></translation>
+        <translation>fehlt</translation>
     </message>
 </context>
 <context>
     <name>FailureBox</name>
     <message>
         <source>“%1” could not be downloaded</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ konnte nicht geladen werden</translation>
     </message>
     <message>
         <source>Why the download failed</source>
-        <translation type="unfinished"></translation>
+        <translation>Warum der Download fehlschlug</translation>
     </message>
     <message>
         <source>Try again</source>
-        <translation type="unfinished"></translation>
+        <translation>Noch einmal</translation>
     </message>
     <message>
         <source>Copy</source>
-        <translation type="unfinished"></translation>
+        <translation>Kopieren</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Schließen</translation>
     </message>
 </context>
 <context>
     <name>FavouritesFile</name>
     <message>
         <source>%1 cannot be written: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kann nicht geschrieben werden: %2</translation>
     </message>
     <message>
         <source>%1 cannot be read: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kann nicht gelesen werden: %2</translation>
     </message>
     <message>
         <source>%1 is no file of favourites</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist keine Datei mit Favoriten</translation>
     </message>
     <message>
         <source>%1 holds an entry that is no favourite</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 enthält einen Eintrag, der kein Favorit ist</translation>
+    </message>
+</context>
+<context>
+    <name>ItemFacts</name>
+    <message>
+        <source>Video filter</source>
+        <translation>Videofilter</translation>
+    </message>
+    <message>
+        <source>Transition</source>
+        <translation>Übergang</translation>
+    </message>
+    <message>
+        <source>Motion</source>
+        <translation>Bewegung</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>Thema</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>Hintergrund</translation>
+    </message>
+    <message>
+        <source>Festivals</source>
+        <translation>Feste</translation>
+    </message>
+    <message>
+        <source>Travel</source>
+        <translation>Reisen</translation>
+    </message>
+    <message>
+        <source>Banquets</source>
+        <translation>Festessen</translation>
+    </message>
+    <message>
+        <source>Others</source>
+        <translation>Andere</translation>
     </message>
 </context>
 <context>
     <name>MainWindow</name>
     <message>
         <source>Applied: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Angewendet: %1</translation>
     </message>
     <message>
         <source>The new scale applies from the next start on</source>
-        <translation type="unfinished"></translation>
+        <translation>Die neue Größe gilt ab dem nächsten Start</translation>
     </message>
     <message>
         <source>Slideshow resources</source>
-        <translation type="unfinished"></translation>
+        <translation>Ressourcen für Diaschauen</translation>
     </message>
     <message>
         <source>&amp;File</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Datei</translation>
     </message>
     <message>
         <source>&amp;Export favourites…</source>
-        <translation type="unfinished"></translation>
+        <translation>Favoriten &amp;exportieren…</translation>
     </message>
     <message>
         <source>&amp;Import favourites…</source>
-        <translation type="unfinished"></translation>
+        <translation>Favoriten &amp;importieren…</translation>
     </message>
     <message>
         <source>&amp;Quit</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Beenden</translation>
     </message>
     <message>
         <source>&amp;Resources</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Ressourcen</translation>
     </message>
     <message>
         <source>&amp;Find</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Suchen</translation>
     </message>
     <message>
         <source>Check now</source>
-        <translation type="unfinished"></translation>
+        <translation>Jetzt prüfen</translation>
     </message>
     <message>
         <source>Cancel check</source>
-        <translation type="unfinished"></translation>
+        <translation>Prüfung abbrechen</translation>
     </message>
     <message>
         <source>No program opens the folder %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Programm öffnet den Ordner %1</translation>
     </message>
     <message>
         <source>No program opens the address %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Programm öffnet die Adresse %1</translation>
     </message>
     <message>
         <source>Export favourites</source>
-        <translation type="unfinished"></translation>
+        <translation>Favoriten exportieren</translation>
     </message>
     <message numerus="yes">
         <source>%n favourite(s) written</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Favorit geschrieben</numerusform>
+            <numerusform>%n Favoriten geschrieben</numerusform>
         </translation>
     </message>
     <message>
         <source>Import favourites</source>
-        <translation type="unfinished"></translation>
+        <translation>Favoriten importieren</translation>
     </message>
     <message numerus="yes">
         <source>%n favourite(s) added</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Favorit hinzugefügt</numerusform>
+            <numerusform>%n Favoriten hinzugefügt</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>, %n of them not in the catalogue now</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>, %n davon zurzeit nicht im Katalog</numerusform>
+            <numerusform>, %n davon zurzeit nicht im Katalog</numerusform>
         </translation>
     </message>
 </context>
@@ -239,127 +278,125 @@
     <name>ResourceList</name>
     <message>
         <source>Themes</source>
-        <translation type="unfinished"></translation>
+        <translation>Themen</translation>
     </message>
     <message>
         <source>Filters</source>
-        <translation type="unfinished"></translation>
+        <translation>Filter</translation>
     </message>
     <message>
         <source>Backgrounds</source>
-        <translation type="unfinished"></translation>
+        <translation>Hintergründe</translation>
     </message>
     <message>
         <source>No name contains “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Name enthält „%1“</translation>
     </message>
     <message>
         <source>No favourites yet
 Point at a theme and press its heart, or press F</source>
-        <translation type="unfinished"></translation>
+        <translation>Noch keine Favoriten
+Zeigen Sie auf ein Thema und drücken Sie sein Herz, oder drücken Sie F</translation>
     </message>
     <message>
         <source>No themes of this type</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Themen dieser Art</translation>
     </message>
     <message>
         <source>Nothing is here yet
 Resources come with the first check of the server</source>
-        <translation type="unfinished"></translation>
+        <translation>Hier ist noch nichts
+Ressourcen kommen mit der ersten Prüfung des Servers</translation>
     </message>
 </context>
 <context>
     <name>ResourceTabs</name>
     <message>
         <source>Themes</source>
-        <translation type="unfinished"></translation>
+        <translation>Themen</translation>
     </message>
     <message>
         <source>Filters</source>
-        <translation type="unfinished"></translation>
+        <translation>Filter</translation>
     </message>
     <message>
         <source>Filters (large)</source>
-        <translation type="unfinished"></translation>
+        <translation>Filter (groß)</translation>
     </message>
     <message>
         <source>Backgrounds</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Kinds of resources</source>
-        <translation type="unfinished"></translation>
+        <translation>Hintergründe</translation>
     </message>
     <message>
         <source>All</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle</translation>
     </message>
     <message>
         <source>Favourites</source>
-        <translation type="unfinished"></translation>
+        <translation>Favoriten</translation>
     </message>
     <message>
         <source>Others</source>
-        <translation type="unfinished"></translation>
+        <translation>Andere</translation>
     </message>
     <message>
         <source>Festivals</source>
-        <translation type="unfinished"></translation>
+        <translation>Feste</translation>
     </message>
     <message>
         <source>Travel</source>
-        <translation type="unfinished"></translation>
+        <translation>Reisen</translation>
     </message>
     <message>
         <source>Banquets</source>
-        <translation type="unfinished"></translation>
+        <translation>Festessen</translation>
     </message>
     <message>
         <source>Theme type</source>
-        <translation type="unfinished"></translation>
+        <translation>Art der Themen</translation>
     </message>
     <message>
         <source>Search (Ctrl+F)</source>
-        <translation type="unfinished"></translation>
+        <translation>Suchen (Strg+F)</translation>
     </message>
     <message>
         <source>Search by name</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach Namen suchen</translation>
     </message>
 </context>
 <context>
     <name>ViewMenu</name>
     <message>
         <source>&amp;View</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Ansicht</translation>
     </message>
     <message>
         <source>&amp;Skin</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Aussehen</translation>
     </message>
     <message>
         <source>&amp;Language</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Sprache</translation>
     </message>
     <message>
         <source>S&amp;cale (at the next start)</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Größe (beim nächsten Start)</translation>
     </message>
     <message>
         <source>&amp;Reduce motion</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Weniger Bewegung</translation>
     </message>
     <message>
         <source>Pointing at a cell does not play its preview; Space does</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeigen auf eine Zelle spielt ihre Vorschau nicht ab, die Leertaste schon</translation>
     </message>
     <message>
         <source>As the screen</source>
-        <translation type="unfinished"></translation>
+        <translation>Wie der Bildschirm</translation>
     </message>
     <message>
         <source>%1 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 %</translation>
     </message>
 </context>
 </TS>

@@ -5,233 +5,272 @@
     <name>CheckStatus</name>
     <message>
         <source>Checking for new resources…</source>
-        <translation type="unfinished"></translation>
+        <translation>Buscando recursos nuevos…</translation>
     </message>
     <message>
         <source>Fetching previews…</source>
-        <translation type="unfinished"></translation>
+        <translation>Descargando vistas previas…</translation>
     </message>
     <message>
         <source>Start the program again to check again</source>
-        <translation type="unfinished"></translation>
+        <translation>Reinicie el programa para volver a comprobar</translation>
     </message>
     <message>
         <source>Catalogue updated</source>
-        <translation type="unfinished"></translation>
+        <translation>Catálogo actualizado</translation>
     </message>
     <message>
         <source>Up to date</source>
-        <translation type="unfinished"></translation>
+        <translation>Al día</translation>
     </message>
     <message>
         <source>The server has resources that need a newer application</source>
-        <translation type="unfinished"></translation>
+        <translation>El servidor tiene recursos que requieren una aplicación más reciente</translation>
     </message>
     <message>
         <source>The server&apos;s catalogue is older than this application</source>
-        <translation type="unfinished"></translation>
+        <translation>El catálogo del servidor es anterior a esta aplicación</translation>
     </message>
     <message>
         <source>Offline: catalogue of %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Sin conexión: catálogo del %1</translation>
     </message>
     <message>
         <source>The server&apos;s catalogue was refused: catalogue of %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Se rechazó el catálogo del servidor: catálogo del %1</translation>
     </message>
     <message>
         <source>Check cancelled: catalogue of %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Comprobación cancelada: catálogo del %1</translation>
     </message>
     <message numerus="yes">
         <source>, %n preview(s) fetched</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>, %n vista previa descargada</numerusform>
+            <numerusform>, %n vistas previas descargadas</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>, %n preview(s) could not be fetched</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>, no se pudo descargar %n vista previa</numerusform>
+            <numerusform>, no se pudieron descargar %n vistas previas</numerusform>
         </translation>
     </message>
     <message>
         <source>no date, none is here</source>
-        <translation type="unfinished"></translation>
+        <translation>ninguna fecha, no hay ninguno</translation>
     </message>
 </context>
 <context>
     <name>DetailsPanel</name>
     <message>
         <source>Preview of what is applied</source>
-        <translation type="unfinished"></translation>
+        <translation>Vista previa de lo aplicado</translation>
     </message>
     <message>
         <source>Click, or press Space, to play or stop</source>
-        <translation type="unfinished"></translation>
+        <translation>Haga clic o pulse Espacio para reproducir o detener</translation>
     </message>
     <message>
         <source>What is used, and files</source>
-        <translation type="unfinished"></translation>
+        <translation>Lo que utiliza y archivos</translation>
     </message>
     <message>
         <source>Show files in folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Mostrar archivos en la carpeta</translation>
     </message>
     <message>
         <source>Nothing applied yet</source>
-        <translation type="unfinished"></translation>
+        <translation>Todavía no hay nada aplicado</translation>
     </message>
     <message>
         <source>Click a cell, or move to it with the arrow keys and press Enter. What it lacks is downloaded first.</source>
-        <translation type="unfinished"></translation>
+        <translation>Haga clic en una celda, o vaya a ella con las flechas y pulse Intro. Lo que le falte se descarga antes.</translation>
     </message>
     <message>
         <source>Add to favourites</source>
-        <translation type="unfinished"></translation>
+        <translation>Añadir a favoritos</translation>
     </message>
     <message>
         <source>Remove favourite</source>
-        <translation type="unfinished"></translation>
+        <translation>Quitar de favoritos</translation>
     </message>
     <message>
         <source>Uses</source>
-        <translation type="unfinished"></translation>
+        <translation>Utiliza</translation>
     </message>
     <message>
         <source>Files: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Archivos: %1</translation>
     </message>
     <message>
         <source>missing</source>
-        <translation type="unfinished"></translation>
+        <translation>falta</translation>
     </message>
 </context>
 <context>
     <name>FailureBox</name>
     <message>
         <source>“%1” could not be downloaded</source>
-        <translation type="unfinished"></translation>
+        <translation>No se pudo descargar «%1»</translation>
     </message>
     <message>
         <source>Why the download failed</source>
-        <translation type="unfinished"></translation>
+        <translation>Por qué falló la descarga</translation>
     </message>
     <message>
         <source>Try again</source>
-        <translation type="unfinished"></translation>
+        <translation>Reintentar</translation>
     </message>
     <message>
         <source>Copy</source>
-        <translation type="unfinished"></translation>
+        <translation>Copiar</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Cerrar</translation>
     </message>
 </context>
 <context>
     <name>FavouritesFile</name>
     <message>
         <source>%1 cannot be written: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>No se puede escribir %1: %2</translation>
     </message>
     <message>
         <source>%1 cannot be read: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>No se puede leer %1: %2</translation>
     </message>
     <message>
         <source>%1 is no file of favourites</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 no es un archivo de favoritos</translation>
     </message>
     <message>
         <source>%1 holds an entry that is no favourite</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 contiene una entrada que no es un favorito</translation>
+    </message>
+</context>
+<context>
+    <name>ItemFacts</name>
+    <message>
+        <source>Video filter</source>
+        <translation>Filtro de vídeo</translation>
+    </message>
+    <message>
+        <source>Transition</source>
+        <translation>Transición</translation>
+    </message>
+    <message>
+        <source>Motion</source>
+        <translation>Movimiento</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>Tema</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>Fondo</translation>
+    </message>
+    <message>
+        <source>Festivals</source>
+        <translation>Fiestas</translation>
+    </message>
+    <message>
+        <source>Travel</source>
+        <translation>Viajes</translation>
+    </message>
+    <message>
+        <source>Banquets</source>
+        <translation>Banquetes</translation>
+    </message>
+    <message>
+        <source>Others</source>
+        <translation>Otros</translation>
     </message>
 </context>
 <context>
     <name>MainWindow</name>
     <message>
         <source>Applied: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Aplicado: %1</translation>
     </message>
     <message>
         <source>The new scale applies from the next start on</source>
-        <translation type="unfinished"></translation>
+        <translation>La nueva escala se aplicará en el próximo inicio</translation>
     </message>
     <message>
         <source>Slideshow resources</source>
-        <translation type="unfinished"></translation>
+        <translation>Recursos para presentaciones</translation>
     </message>
     <message>
         <source>&amp;File</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Archivo</translation>
     </message>
     <message>
         <source>&amp;Export favourites…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Exportar favoritos…</translation>
     </message>
     <message>
         <source>&amp;Import favourites…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Importar favoritos…</translation>
     </message>
     <message>
         <source>&amp;Quit</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Salir</translation>
     </message>
     <message>
         <source>&amp;Resources</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Recursos</translation>
     </message>
     <message>
         <source>&amp;Find</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Buscar</translation>
     </message>
     <message>
         <source>Check now</source>
-        <translation type="unfinished"></translation>
+        <translation>Comprobar</translation>
     </message>
     <message>
         <source>Cancel check</source>
-        <translation type="unfinished"></translation>
+        <translation>Cancelar</translation>
     </message>
     <message>
         <source>No program opens the folder %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Ningún programa abre la carpeta %1</translation>
     </message>
     <message>
         <source>No program opens the address %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Ningún programa abre la dirección %1</translation>
     </message>
     <message>
         <source>Export favourites</source>
-        <translation type="unfinished"></translation>
+        <translation>Exportar favoritos</translation>
     </message>
     <message numerus="yes">
         <source>%n favourite(s) written</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n favorito guardado</numerusform>
+            <numerusform>%n favoritos guardados</numerusform>
         </translation>
     </message>
     <message>
         <source>Import favourites</source>
-        <translation type="unfinished"></translation>
+        <translation>Importar favoritos</translation>
     </message>
     <message numerus="yes">
         <source>%n favourite(s) added</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n favorito añadido</numerusform>
+            <numerusform>%n favoritos añadidos</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>, %n of them not in the catalogue now</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>, %n no está ahora en el catálogo</numerusform>
+            <numerusform>, %n no están ahora en el catálogo</numerusform>
         </translation>
     </message>
 </context>
@@ -239,127 +278,125 @@
     <name>ResourceList</name>
     <message>
         <source>Themes</source>
-        <translation type="unfinished"></translation>
+        <translation>Temas</translation>
     </message>
     <message>
         <source>Filters</source>
-        <translation type="unfinished"></translation>
+        <translation>Filtros</translation>
     </message>
     <message>
         <source>Backgrounds</source>
-        <translation type="unfinished"></translation>
+        <translation>Fondos</translation>
     </message>
     <message>
         <source>No name contains “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Ningún nombre contiene «%1»</translation>
     </message>
     <message>
         <source>No favourites yet
 Point at a theme and press its heart, or press F</source>
-        <translation type="unfinished"></translation>
+        <translation>Todavía no hay favoritos
+Señale un tema y pulse su corazón, o pulse F</translation>
     </message>
     <message>
         <source>No themes of this type</source>
-        <translation type="unfinished"></translation>
+        <translation>No hay temas de este tipo</translation>
     </message>
     <message>
         <source>Nothing is here yet
 Resources come with the first check of the server</source>
-        <translation type="unfinished"></translation>
+        <translation>Aquí todavía no hay nada
+Los recursos llegan con la primera comprobación del servidor</translation>
     </message>
 </context>
 <context>
     <name>ResourceTabs</name>
     <message>
         <source>Themes</source>
-        <translation type="unfinished"></translation>
+        <translation>Temas</translation>
     </message>
     <message>
         <source>Filters</source>
-        <translation type="unfinished"></translation>
+        <translation>Filtros</translation>
     </message>
     <message>
         <source>Filters (large)</source>
-        <translation type="unfinished"></translation>
+        <translation>Filtros (grandes)</translation>
     </message>
     <message>
         <source>Backgrounds</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Kinds of resources</source>
-        <translation type="unfinished"></translation>
+        <translation>Fondos</translation>
     </message>
     <message>
         <source>All</source>
-        <translation type="unfinished"></translation>
+        <translation>Todos</translation>
     </message>
     <message>
         <source>Favourites</source>
-        <translation type="unfinished"></translation>
+        <translation>Favoritos</translation>
     </message>
     <message>
         <source>Others</source>
-        <translation type="unfinished"></translation>
+        <translation>Otros</translation>
     </message>
     <message>
         <source>Festivals</source>
-        <translation type="unfinished"></translation>
+        <translation>Fiestas</translation>
     </message>
     <message>
         <source>Travel</source>
-        <translation type="unfinished"></translation>
+        <translation>Viajes</translation>
     </message>
     <message>
         <source>Banquets</source>
-        <translation type="unfinished"></translation>
+        <translation>Banquetes</translation>
     </message>
     <message>
         <source>Theme type</source>
-        <translation type="unfinished"></translation>
+        <translation>Tipo de tema</translation>
     </message>
     <message>
         <source>Search (Ctrl+F)</source>
-        <translation type="unfinished"></translation>
+        <translation>Buscar (Ctrl+F)</translation>
     </message>
     <message>
         <source>Search by name</source>
-        <translation type="unfinished"></translation>
+        <translation>Buscar por nombre</translation>
     </message>
 </context>
 <context>
     <name>ViewMenu</name>
     <message>
         <source>&amp;View</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Ver</translation>
     </message>
     <message>
         <source>&amp;Skin</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Aspecto</translation>
     </message>
     <message>
         <source>&amp;Language</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Idioma</translation>
     </message>
     <message>
         <source>S&amp;cale (at the next start)</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Escala (en el próximo inicio)</translation>
     </message>
     <message>
         <source>&amp;Reduce motion</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Reducir movimiento</translation>
     </message>
     <message>
         <source>Pointing at a cell does not play its preview; Space does</source>
-        <translation type="unfinished"></translation>
+        <translation>Señalar una celda no reproduce su vista previa; Espacio sí</translation>
     </message>
     <message>
         <source>As the screen</source>
-        <translation type="unfinished"></translation>
+        <translation>Como la pantalla</translation>
     </message>
     <message>
         <source>%1 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 %</translation>
     </message>
 </context>
 </TS>

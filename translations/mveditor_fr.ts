@@ -5,233 +5,272 @@
     <name>CheckStatus</name>
     <message>
         <source>Checking for new resources…</source>
-        <translation type="unfinished"></translation>
+        <translation>Recherche de nouvelles ressources…</translation>
     </message>
     <message>
         <source>Fetching previews…</source>
-        <translation type="unfinished"></translation>
+        <translation>Téléchargement des aperçus…</translation>
     </message>
     <message>
         <source>Start the program again to check again</source>
-        <translation type="unfinished"></translation>
+        <translation>Redémarrez le programme pour vérifier à nouveau</translation>
     </message>
     <message>
         <source>Catalogue updated</source>
-        <translation type="unfinished"></translation>
+        <translation>Catalogue mis à jour</translation>
     </message>
     <message>
         <source>Up to date</source>
-        <translation type="unfinished"></translation>
+        <translation>À jour</translation>
     </message>
     <message>
         <source>The server has resources that need a newer application</source>
-        <translation type="unfinished"></translation>
+        <translation>Le serveur a des ressources qui demandent une application plus récente</translation>
     </message>
     <message>
         <source>The server&apos;s catalogue is older than this application</source>
-        <translation type="unfinished"></translation>
+        <translation>Le catalogue du serveur est plus ancien que cette application</translation>
     </message>
     <message>
         <source>Offline: catalogue of %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Hors ligne : catalogue du %1</translation>
     </message>
     <message>
         <source>The server&apos;s catalogue was refused: catalogue of %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Le catalogue du serveur a été refusé : catalogue du %1</translation>
     </message>
     <message>
         <source>Check cancelled: catalogue of %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Vérification annulée : catalogue du %1</translation>
     </message>
     <message numerus="yes">
         <source>, %n preview(s) fetched</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>, %n aperçu téléchargé</numerusform>
+            <numerusform>, %n aperçus téléchargés</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>, %n preview(s) could not be fetched</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>, %n aperçu n’a pas pu être téléchargé</numerusform>
+            <numerusform>, %n aperçus n’ont pas pu être téléchargés</numerusform>
         </translation>
     </message>
     <message>
         <source>no date, none is here</source>
-        <translation type="unfinished"></translation>
+        <translation>aucune date, il n’y en a pas</translation>
     </message>
 </context>
 <context>
     <name>DetailsPanel</name>
     <message>
         <source>Preview of what is applied</source>
-        <translation type="unfinished"></translation>
+        <translation>Aperçu de l’élément appliqué</translation>
     </message>
     <message>
         <source>Click, or press Space, to play or stop</source>
-        <translation type="unfinished"></translation>
+        <translation>Cliquez ou appuyez sur Espace pour lire ou arrêter</translation>
     </message>
     <message>
         <source>What is used, and files</source>
-        <translation type="unfinished"></translation>
+        <translation>Éléments utilisés et fichiers</translation>
     </message>
     <message>
         <source>Show files in folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Afficher dans le dossier</translation>
     </message>
     <message>
         <source>Nothing applied yet</source>
-        <translation type="unfinished"></translation>
+        <translation>Rien d’appliqué pour l’instant</translation>
     </message>
     <message>
         <source>Click a cell, or move to it with the arrow keys and press Enter. What it lacks is downloaded first.</source>
-        <translation type="unfinished"></translation>
+        <translation>Cliquez sur une cellule, ou allez-y avec les flèches et appuyez sur Entrée. Ce qui manque est d’abord téléchargé.</translation>
     </message>
     <message>
         <source>Add to favourites</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajouter aux favoris</translation>
     </message>
     <message>
         <source>Remove favourite</source>
-        <translation type="unfinished"></translation>
+        <translation>Retirer des favoris</translation>
     </message>
     <message>
         <source>Uses</source>
-        <translation type="unfinished"></translation>
+        <translation>Utilise</translation>
     </message>
     <message>
         <source>Files: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Fichiers : %1</translation>
     </message>
     <message>
         <source>missing</source>
-        <translation type="unfinished"></translation>
+        <translation>manquant</translation>
     </message>
 </context>
 <context>
     <name>FailureBox</name>
     <message>
         <source>“%1” could not be downloaded</source>
-        <translation type="unfinished"></translation>
+        <translation>« %1 » n’a pas pu être téléchargé</translation>
     </message>
     <message>
         <source>Why the download failed</source>
-        <translation type="unfinished"></translation>
+        <translation>Raison de l’échec</translation>
     </message>
     <message>
         <source>Try again</source>
-        <translation type="unfinished"></translation>
+        <translation>Réessayer</translation>
     </message>
     <message>
         <source>Copy</source>
-        <translation type="unfinished"></translation>
+        <translation>Copier</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Fermer</translation>
     </message>
 </context>
 <context>
     <name>FavouritesFile</name>
     <message>
         <source>%1 cannot be written: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Impossible d’écrire %1 : %2</translation>
     </message>
     <message>
         <source>%1 cannot be read: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Impossible de lire %1 : %2</translation>
     </message>
     <message>
         <source>%1 is no file of favourites</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 n’est pas un fichier de favoris</translation>
     </message>
     <message>
         <source>%1 holds an entry that is no favourite</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 contient une entrée qui n’est pas un favori</translation>
+    </message>
+</context>
+<context>
+    <name>ItemFacts</name>
+    <message>
+        <source>Video filter</source>
+        <translation>Filtre vidéo</translation>
+    </message>
+    <message>
+        <source>Transition</source>
+        <translation>Transition</translation>
+    </message>
+    <message>
+        <source>Motion</source>
+        <translation>Mouvement</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>Thème</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>Arrière-plan</translation>
+    </message>
+    <message>
+        <source>Festivals</source>
+        <translation>Fêtes</translation>
+    </message>
+    <message>
+        <source>Travel</source>
+        <translation>Voyages</translation>
+    </message>
+    <message>
+        <source>Banquets</source>
+        <translation>Banquets</translation>
+    </message>
+    <message>
+        <source>Others</source>
+        <translation>Autres</translation>
     </message>
 </context>
 <context>
     <name>MainWindow</name>
     <message>
         <source>Applied: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Appliqué : %1</translation>
     </message>
     <message>
         <source>The new scale applies from the next start on</source>
-        <translation type="unfinished"></translation>
+        <translation>La nouvelle échelle s’appliquera au prochain démarrage</translation>
     </message>
     <message>
         <source>Slideshow resources</source>
-        <translation type="unfinished"></translation>
+        <translation>Ressources pour diaporamas</translation>
     </message>
     <message>
         <source>&amp;File</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Fichier</translation>
     </message>
     <message>
         <source>&amp;Export favourites…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Exporter les favoris…</translation>
     </message>
     <message>
         <source>&amp;Import favourites…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Importer des favoris…</translation>
     </message>
     <message>
         <source>&amp;Quit</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Quitter</translation>
     </message>
     <message>
         <source>&amp;Resources</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Ressources</translation>
     </message>
     <message>
         <source>&amp;Find</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Rechercher</translation>
     </message>
     <message>
         <source>Check now</source>
-        <translation type="unfinished"></translation>
+        <translation>Vérifier</translation>
     </message>
     <message>
         <source>Cancel check</source>
-        <translation type="unfinished"></translation>
+        <translation>Annuler</translation>
     </message>
     <message>
         <source>No program opens the folder %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucun programme n’ouvre le dossier %1</translation>
     </message>
     <message>
         <source>No program opens the address %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucun programme n’ouvre l’adresse %1</translation>
     </message>
     <message>
         <source>Export favourites</source>
-        <translation type="unfinished"></translation>
+        <translation>Exporter les favoris</translation>
     </message>
     <message numerus="yes">
         <source>%n favourite(s) written</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n favori écrit</numerusform>
+            <numerusform>%n favoris écrits</numerusform>
         </translation>
     </message>
     <message>
         <source>Import favourites</source>
-        <translation type="unfinished"></translation>
+        <translation>Importer des favoris</translation>
     </message>
     <message numerus="yes">
         <source>%n favourite(s) added</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n favori ajouté</numerusform>
+            <numerusform>%n favoris ajoutés</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>, %n of them not in the catalogue now</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>, dont %n absent du catalogue actuel</numerusform>
+            <numerusform>, dont %n absents du catalogue actuel</numerusform>
         </translation>
     </message>
 </context>
@@ -239,127 +278,125 @@
     <name>ResourceList</name>
     <message>
         <source>Themes</source>
-        <translation type="unfinished"></translation>
+        <translation>Thèmes</translation>
     </message>
     <message>
         <source>Filters</source>
-        <translation type="unfinished"></translation>
+        <translation>Filtres</translation>
     </message>
     <message>
         <source>Backgrounds</source>
-        <translation type="unfinished"></translation>
+        <translation>Arrière-plans</translation>
     </message>
     <message>
         <source>No name contains “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucun nom ne contient « %1 »</translation>
     </message>
     <message>
         <source>No favourites yet
 Point at a theme and press its heart, or press F</source>
-        <translation type="unfinished"></translation>
+        <translation>Pas encore de favoris
+Pointez un thème et cliquez sur son cœur, ou appuyez sur F</translation>
     </message>
     <message>
         <source>No themes of this type</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucun thème de ce type</translation>
     </message>
     <message>
         <source>Nothing is here yet
 Resources come with the first check of the server</source>
-        <translation type="unfinished"></translation>
+        <translation>Il n’y a encore rien ici
+Les ressources arrivent avec la première vérification du serveur</translation>
     </message>
 </context>
 <context>
     <name>ResourceTabs</name>
     <message>
         <source>Themes</source>
-        <translation type="unfinished"></translation>
+        <translation>Thèmes</translation>
     </message>
     <message>
         <source>Filters</source>
-        <translation type="unfinished"></translation>
+        <translation>Filtres</translation>
     </message>
     <message>
         <source>Filters (large)</source>
-        <translation type="unfinished"></translation>
+        <translation>Filtres (grands)</translation>
     </message>
     <message>
         <source>Backgrounds</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Kinds of resources</source>
-        <translation type="unfinished"></translation>
+        <translation>Arrière-plans</translation>
     </message>
     <message>
         <source>All</source>
-        <translation type="unfinished"></translation>
+        <translation>Tous</translation>
     </message>
     <message>
         <source>Favourites</source>
-        <translation type="unfinished"></translation>
+        <translation>Favoris</translation>
     </message>
     <message>
         <source>Others</source>
-        <translation type="unfinished"></translation>
+        <translation>Autres</translation>
     </message>
     <message>
         <source>Festivals</source>
-        <translation type="unfinished"></translation>
+        <translation>Fêtes</translation>
     </message>
     <message>
         <source>Travel</source>
-        <translation type="unfinished"></translation>
+        <translation>Voyages</translation>
     </message>
     <message>
         <source>Banquets</source>
-        <translation type="unfinished"></translation>
+        <translation>Banquets</translation>
     </message>
     <message>
         <source>Theme type</source>
-        <translation type="unfinished"></translation>
+        <translation>Type de thème</translation>
     </message>
     <message>
         <source>Search (Ctrl+F)</source>
-        <translation type="unfinished"></translation>
+        <translation>Rechercher (Ctrl+F)</translation>
     </message>
     <message>
         <source>Search by name</source>
-        <translation type="unfinished"></translation>
+        <translation>Rechercher par nom</translation>
     </message>
 </context>
 <context>
     <name>ViewMenu</name>
     <message>
         <source>&amp;View</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Affichage</translation>
     </message>
     <message>
         <source>&amp;Skin</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Apparence</translation>
     </message>
     <message>
         <source>&amp;Language</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Langue</translation>
     </message>
     <message>
         <source>S&amp;cale (at the next start)</source>
-        <translation type="unfinished"></translation>
+        <translation>É&amp;chelle (au prochain démarrage)</translation>
     </message>
     <message>
         <source>&amp;Reduce motion</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Réduire les animations</translation>
     </message>
     <message>
         <source>Pointing at a cell does not play its preview; Space does</source>
-        <translation type="unfinished"></translation>
+        <translation>Pointer une cellule ne lit pas son aperçu ; Espace le lit</translation>
     </message>
     <message>
         <source>As the screen</source>
-        <translation type="unfinished"></translation>
+        <translation>Comme l’écran</translation>
     </message>
     <message>
         <source>%1 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 %</translation>
     </message>
 </context>
 </TS>

@@ -5,228 +5,267 @@
     <name>CheckStatus</name>
     <message>
         <source>Checking for new resources…</source>
-        <translation type="unfinished"></translation>
+        <translation>新しいリソースを確認しています…</translation>
     </message>
     <message>
         <source>Fetching previews…</source>
-        <translation type="unfinished"></translation>
+        <translation>プレビューを取得しています…</translation>
     </message>
     <message>
         <source>Start the program again to check again</source>
-        <translation type="unfinished"></translation>
+        <translation>もう一度確認するには、プログラムを再起動してください</translation>
     </message>
     <message>
         <source>Catalogue updated</source>
-        <translation type="unfinished"></translation>
+        <translation>カタログを更新しました</translation>
     </message>
     <message>
         <source>Up to date</source>
-        <translation type="unfinished"></translation>
+        <translation>最新の状態です</translation>
     </message>
     <message>
         <source>The server has resources that need a newer application</source>
-        <translation type="unfinished"></translation>
+        <translation>サーバーのリソースには新しいバージョンのアプリケーションが必要です</translation>
     </message>
     <message>
         <source>The server&apos;s catalogue is older than this application</source>
-        <translation type="unfinished"></translation>
+        <translation>サーバーのカタログはこのアプリケーションより古いものです</translation>
     </message>
     <message>
         <source>Offline: catalogue of %1</source>
-        <translation type="unfinished"></translation>
+        <translation>オフライン: %1 のカタログ</translation>
     </message>
     <message>
         <source>The server&apos;s catalogue was refused: catalogue of %1</source>
-        <translation type="unfinished"></translation>
+        <translation>サーバーのカタログは拒否されました: %1 のカタログ</translation>
     </message>
     <message>
         <source>Check cancelled: catalogue of %1</source>
-        <translation type="unfinished"></translation>
+        <translation>確認を中止しました: %1 のカタログ</translation>
     </message>
     <message numerus="yes">
         <source>, %n preview(s) fetched</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>、プレビュー %n 件を取得</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>, %n preview(s) could not be fetched</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>、プレビュー %n 件を取得できませんでした</numerusform>
         </translation>
     </message>
     <message>
         <source>no date, none is here</source>
-        <translation type="unfinished"></translation>
+        <translation>日付なし（まだありません）</translation>
     </message>
 </context>
 <context>
     <name>DetailsPanel</name>
     <message>
         <source>Preview of what is applied</source>
-        <translation type="unfinished"></translation>
+        <translation>適用中の項目のプレビュー</translation>
     </message>
     <message>
         <source>Click, or press Space, to play or stop</source>
-        <translation type="unfinished"></translation>
+        <translation>クリックまたはスペースキーで再生・停止</translation>
     </message>
     <message>
         <source>What is used, and files</source>
-        <translation type="unfinished"></translation>
+        <translation>使用しているものとファイル</translation>
     </message>
     <message>
         <source>Show files in folder</source>
-        <translation type="unfinished"></translation>
+        <translation>フォルダーでファイルを表示</translation>
     </message>
     <message>
         <source>Nothing applied yet</source>
-        <translation type="unfinished"></translation>
+        <translation>まだ何も適用されていません</translation>
     </message>
     <message>
         <source>Click a cell, or move to it with the arrow keys and press Enter. What it lacks is downloaded first.</source>
-        <translation type="unfinished"></translation>
+        <translation>セルをクリックするか、矢印キーで移動して Enter キーを押してください。足りないファイルは先にダウンロードされます。</translation>
     </message>
     <message>
         <source>Add to favourites</source>
-        <translation type="unfinished"></translation>
+        <translation>お気に入りに追加</translation>
     </message>
     <message>
         <source>Remove favourite</source>
-        <translation type="unfinished"></translation>
+        <translation>お気に入りから削除</translation>
     </message>
     <message>
         <source>Uses</source>
-        <translation type="unfinished"></translation>
+        <translation>使用しているもの</translation>
     </message>
     <message>
         <source>Files: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>ファイル: %1</translation>
     </message>
     <message>
         <source>missing</source>
-        <translation type="unfinished"></translation>
+        <translation>なし</translation>
     </message>
 </context>
 <context>
     <name>FailureBox</name>
     <message>
         <source>“%1” could not be downloaded</source>
-        <translation type="unfinished"></translation>
+        <translation>「%1」をダウンロードできませんでした</translation>
     </message>
     <message>
         <source>Why the download failed</source>
-        <translation type="unfinished"></translation>
+        <translation>ダウンロードに失敗した理由</translation>
     </message>
     <message>
         <source>Try again</source>
-        <translation type="unfinished"></translation>
+        <translation>再試行</translation>
     </message>
     <message>
         <source>Copy</source>
-        <translation type="unfinished"></translation>
+        <translation>コピー</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>閉じる</translation>
     </message>
 </context>
 <context>
     <name>FavouritesFile</name>
     <message>
         <source>%1 cannot be written: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 に書き込めません: %2</translation>
     </message>
     <message>
         <source>%1 cannot be read: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 を読み込めません: %2</translation>
     </message>
     <message>
         <source>%1 is no file of favourites</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 はお気に入りのファイルではありません</translation>
     </message>
     <message>
         <source>%1 holds an entry that is no favourite</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 にお気に入りではない項目が含まれています</translation>
+    </message>
+</context>
+<context>
+    <name>ItemFacts</name>
+    <message>
+        <source>Video filter</source>
+        <translation>ビデオフィルター</translation>
+    </message>
+    <message>
+        <source>Transition</source>
+        <translation>トランジション</translation>
+    </message>
+    <message>
+        <source>Motion</source>
+        <translation>モーション</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>テーマ</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>背景</translation>
+    </message>
+    <message>
+        <source>Festivals</source>
+        <translation>お祭り</translation>
+    </message>
+    <message>
+        <source>Travel</source>
+        <translation>旅行</translation>
+    </message>
+    <message>
+        <source>Banquets</source>
+        <translation>宴会</translation>
+    </message>
+    <message>
+        <source>Others</source>
+        <translation>その他</translation>
     </message>
 </context>
 <context>
     <name>MainWindow</name>
     <message>
         <source>Applied: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>適用しました: %1</translation>
     </message>
     <message>
         <source>The new scale applies from the next start on</source>
-        <translation type="unfinished"></translation>
+        <translation>新しい倍率は次回の起動から有効になります</translation>
     </message>
     <message>
         <source>Slideshow resources</source>
-        <translation type="unfinished"></translation>
+        <translation>スライドショーのリソース</translation>
     </message>
     <message>
         <source>&amp;File</source>
-        <translation type="unfinished"></translation>
+        <translation>ファイル(&amp;F)</translation>
     </message>
     <message>
         <source>&amp;Export favourites…</source>
-        <translation type="unfinished"></translation>
+        <translation>お気に入りの書き出し(&amp;E)…</translation>
     </message>
     <message>
         <source>&amp;Import favourites…</source>
-        <translation type="unfinished"></translation>
+        <translation>お気に入りの読み込み(&amp;I)…</translation>
     </message>
     <message>
         <source>&amp;Quit</source>
-        <translation type="unfinished"></translation>
+        <translation>終了(&amp;Q)</translation>
     </message>
     <message>
         <source>&amp;Resources</source>
-        <translation type="unfinished"></translation>
+        <translation>リソース(&amp;R)</translation>
     </message>
     <message>
         <source>&amp;Find</source>
-        <translation type="unfinished"></translation>
+        <translation>検索(&amp;F)</translation>
     </message>
     <message>
         <source>Check now</source>
-        <translation type="unfinished"></translation>
+        <translation>今すぐ確認</translation>
     </message>
     <message>
         <source>Cancel check</source>
-        <translation type="unfinished"></translation>
+        <translation>確認を中止</translation>
     </message>
     <message>
         <source>No program opens the folder %1</source>
-        <translation type="unfinished"></translation>
+        <translation>フォルダー %1 を開くプログラムがありません</translation>
     </message>
     <message>
         <source>No program opens the address %1</source>
-        <translation type="unfinished"></translation>
+        <translation>アドレス %1 を開くプログラムがありません</translation>
     </message>
     <message>
         <source>Export favourites</source>
-        <translation type="unfinished"></translation>
+        <translation>お気に入りの書き出し</translation>
     </message>
     <message numerus="yes">
         <source>%n favourite(s) written</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>お気に入り %n 件を書き出しました</numerusform>
         </translation>
     </message>
     <message>
         <source>Import favourites</source>
-        <translation type="unfinished"></translation>
+        <translation>お気に入りの読み込み</translation>
     </message>
     <message numerus="yes">
         <source>%n favourite(s) added</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>お気に入り %n 件を追加しました</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>, %n of them not in the catalogue now</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>（うち %n 件は現在のカタログにありません）</numerusform>
         </translation>
     </message>
 </context>
@@ -234,127 +273,125 @@
     <name>ResourceList</name>
     <message>
         <source>Themes</source>
-        <translation type="unfinished"></translation>
+        <translation>テーマ</translation>
     </message>
     <message>
         <source>Filters</source>
-        <translation type="unfinished"></translation>
+        <translation>フィルター</translation>
     </message>
     <message>
         <source>Backgrounds</source>
-        <translation type="unfinished"></translation>
+        <translation>背景</translation>
     </message>
     <message>
         <source>No name contains “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>「%1」を含む名前はありません</translation>
     </message>
     <message>
         <source>No favourites yet
 Point at a theme and press its heart, or press F</source>
-        <translation type="unfinished"></translation>
+        <translation>お気に入りはまだありません
+テーマにマウスを合わせてハートを押すか、F キーを押してください</translation>
     </message>
     <message>
         <source>No themes of this type</source>
-        <translation type="unfinished"></translation>
+        <translation>この種類のテーマはありません</translation>
     </message>
     <message>
         <source>Nothing is here yet
 Resources come with the first check of the server</source>
-        <translation type="unfinished"></translation>
+        <translation>まだ何もありません
+リソースはサーバーの最初の確認で届きます</translation>
     </message>
 </context>
 <context>
     <name>ResourceTabs</name>
     <message>
         <source>Themes</source>
-        <translation type="unfinished"></translation>
+        <translation>テーマ</translation>
     </message>
     <message>
         <source>Filters</source>
-        <translation type="unfinished"></translation>
+        <translation>フィルター</translation>
     </message>
     <message>
         <source>Filters (large)</source>
-        <translation type="unfinished"></translation>
+        <translation>フィルター（大）</translation>
     </message>
     <message>
         <source>Backgrounds</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Kinds of resources</source>
-        <translation type="unfinished"></translation>
+        <translation>背景</translation>
     </message>
     <message>
         <source>All</source>
-        <translation type="unfinished"></translation>
+        <translation>すべて</translation>
     </message>
     <message>
         <source>Favourites</source>
-        <translation type="unfinished"></translation>
+        <translation>お気に入り</translation>
     </message>
     <message>
         <source>Others</source>
-        <translation type="unfinished"></translation>
+        <translation>その他</translation>
     </message>
     <message>
         <source>Festivals</source>
-        <translation type="unfinished"></translation>
+        <translation>お祭り</translation>
     </message>
     <message>
         <source>Travel</source>
-        <translation type="unfinished"></translation>
+        <translation>旅行</translation>
     </message>
     <message>
         <source>Banquets</source>
-        <translation type="unfinished"></translation>
+        <translation>宴会</translation>
     </message>
     <message>
         <source>Theme type</source>
-        <translation type="unfinished"></translation>
+        <translation>テーマの種類</translation>
     </message>
     <message>
         <source>Search (Ctrl+F)</source>
-        <translation type="unfinished"></translation>
+        <translation>検索 (Ctrl+F)</translation>
     </message>
     <message>
         <source>Search by name</source>
-        <translation type="unfinished"></translation>
+        <translation>名前で検索</translation>
     </message>
 </context>
 <context>
     <name>ViewMenu</name>
     <message>
         <source>&amp;View</source>
-        <translation type="unfinished"></translation>
+        <translation>表示(&amp;V)</translation>
     </message>
     <message>
         <source>&amp;Skin</source>
-        <translation type="unfinished"></translation>
+        <translation>スキン(&amp;S)</translation>
     </message>
     <message>
         <source>&amp;Language</source>
-        <translation type="unfinished"></translation>
+        <translation>言語(&amp;L)</translation>
     </message>
     <message>
         <source>S&amp;cale (at the next start)</source>
-        <translation type="unfinished"></translation>
+        <translation>倍率（次回の起動から）(&amp;C)</translation>
     </message>
     <message>
         <source>&amp;Reduce motion</source>
-        <translation type="unfinished"></translation>
+        <translation>動きを減らす(&amp;R)</translation>
     </message>
     <message>
         <source>Pointing at a cell does not play its preview; Space does</source>
-        <translation type="unfinished"></translation>
+        <translation>セルにマウスを合わせてもプレビューは再生されません。スペースキーで再生します</translation>
     </message>
     <message>
         <source>As the screen</source>
-        <translation type="unfinished"></translation>
+        <translation>画面に合わせる</translation>
     </message>
     <message>
         <source>%1 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 %</translation>
     </message>
 </context>
 </TS>

@@ -5,228 +5,267 @@
     <name>CheckStatus</name>
     <message>
         <source>Checking for new resources…</source>
-        <translation type="unfinished"></translation>
+        <translation>正在检查新资源…</translation>
     </message>
     <message>
         <source>Fetching previews…</source>
-        <translation type="unfinished"></translation>
+        <translation>正在获取预览…</translation>
     </message>
     <message>
         <source>Start the program again to check again</source>
-        <translation type="unfinished"></translation>
+        <translation>要再次检查，请重新启动程序</translation>
     </message>
     <message>
         <source>Catalogue updated</source>
-        <translation type="unfinished"></translation>
+        <translation>目录已更新</translation>
     </message>
     <message>
         <source>Up to date</source>
-        <translation type="unfinished"></translation>
+        <translation>已是最新</translation>
     </message>
     <message>
         <source>The server has resources that need a newer application</source>
-        <translation type="unfinished"></translation>
+        <translation>服务器上的资源需要更新版本的应用程序</translation>
     </message>
     <message>
         <source>The server&apos;s catalogue is older than this application</source>
-        <translation type="unfinished"></translation>
+        <translation>服务器目录比此应用程序旧</translation>
     </message>
     <message>
         <source>Offline: catalogue of %1</source>
-        <translation type="unfinished"></translation>
+        <translation>离线：%1 的目录</translation>
     </message>
     <message>
         <source>The server&apos;s catalogue was refused: catalogue of %1</source>
-        <translation type="unfinished"></translation>
+        <translation>服务器目录被拒绝：%1 的目录</translation>
     </message>
     <message>
         <source>Check cancelled: catalogue of %1</source>
-        <translation type="unfinished"></translation>
+        <translation>检查已取消：%1 的目录</translation>
     </message>
     <message numerus="yes">
         <source>, %n preview(s) fetched</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>，已获取 %n 个预览</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>, %n preview(s) could not be fetched</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>，%n 个预览无法获取</numerusform>
         </translation>
     </message>
     <message>
         <source>no date, none is here</source>
-        <translation type="unfinished"></translation>
+        <translation>无日期（尚无目录）</translation>
     </message>
 </context>
 <context>
     <name>DetailsPanel</name>
     <message>
         <source>Preview of what is applied</source>
-        <translation type="unfinished"></translation>
+        <translation>已应用项目的预览</translation>
     </message>
     <message>
         <source>Click, or press Space, to play or stop</source>
-        <translation type="unfinished"></translation>
+        <translation>单击或按空格键播放或停止</translation>
     </message>
     <message>
         <source>What is used, and files</source>
-        <translation type="unfinished"></translation>
+        <translation>使用的项目和文件</translation>
     </message>
     <message>
         <source>Show files in folder</source>
-        <translation type="unfinished"></translation>
+        <translation>在文件夹中显示文件</translation>
     </message>
     <message>
         <source>Nothing applied yet</source>
-        <translation type="unfinished"></translation>
+        <translation>尚未应用任何项目</translation>
     </message>
     <message>
         <source>Click a cell, or move to it with the arrow keys and press Enter. What it lacks is downloaded first.</source>
-        <translation type="unfinished"></translation>
+        <translation>单击一个单元格，或用方向键移到它并按 Enter。缺少的文件会先下载。</translation>
     </message>
     <message>
         <source>Add to favourites</source>
-        <translation type="unfinished"></translation>
+        <translation>添加到收藏</translation>
     </message>
     <message>
         <source>Remove favourite</source>
-        <translation type="unfinished"></translation>
+        <translation>取消收藏</translation>
     </message>
     <message>
         <source>Uses</source>
-        <translation type="unfinished"></translation>
+        <translation>使用</translation>
     </message>
     <message>
         <source>Files: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>文件：%1</translation>
     </message>
     <message>
         <source>missing</source>
-        <translation type="unfinished"></translation>
+        <translation>缺失</translation>
     </message>
 </context>
 <context>
     <name>FailureBox</name>
     <message>
         <source>“%1” could not be downloaded</source>
-        <translation type="unfinished"></translation>
+        <translation>无法下载“%1”</translation>
     </message>
     <message>
         <source>Why the download failed</source>
-        <translation type="unfinished"></translation>
+        <translation>下载失败的原因</translation>
     </message>
     <message>
         <source>Try again</source>
-        <translation type="unfinished"></translation>
+        <translation>重试</translation>
     </message>
     <message>
         <source>Copy</source>
-        <translation type="unfinished"></translation>
+        <translation>复制</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>关闭</translation>
     </message>
 </context>
 <context>
     <name>FavouritesFile</name>
     <message>
         <source>%1 cannot be written: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>无法写入 %1：%2</translation>
     </message>
     <message>
         <source>%1 cannot be read: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>无法读取 %1：%2</translation>
     </message>
     <message>
         <source>%1 is no file of favourites</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 不是收藏文件</translation>
     </message>
     <message>
         <source>%1 holds an entry that is no favourite</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 含有不是收藏的条目</translation>
+    </message>
+</context>
+<context>
+    <name>ItemFacts</name>
+    <message>
+        <source>Video filter</source>
+        <translation>视频滤镜</translation>
+    </message>
+    <message>
+        <source>Transition</source>
+        <translation>转场</translation>
+    </message>
+    <message>
+        <source>Motion</source>
+        <translation>动作</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>主题</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>背景</translation>
+    </message>
+    <message>
+        <source>Festivals</source>
+        <translation>节日</translation>
+    </message>
+    <message>
+        <source>Travel</source>
+        <translation>旅行</translation>
+    </message>
+    <message>
+        <source>Banquets</source>
+        <translation>宴会</translation>
+    </message>
+    <message>
+        <source>Others</source>
+        <translation>其他</translation>
     </message>
 </context>
 <context>
     <name>MainWindow</name>
     <message>
         <source>Applied: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>已应用：%1</translation>
     </message>
     <message>
         <source>The new scale applies from the next start on</source>
-        <translation type="unfinished"></translation>
+        <translation>新的缩放比例将在下次启动时生效</translation>
     </message>
     <message>
         <source>Slideshow resources</source>
-        <translation type="unfinished"></translation>
+        <translation>幻灯片资源</translation>
     </message>
     <message>
         <source>&amp;File</source>
-        <translation type="unfinished"></translation>
+        <translation>文件(&amp;F)</translation>
     </message>
     <message>
         <source>&amp;Export favourites…</source>
-        <translation type="unfinished"></translation>
+        <translation>导出收藏(&amp;E)…</translation>
     </message>
     <message>
         <source>&amp;Import favourites…</source>
-        <translation type="unfinished"></translation>
+        <translation>导入收藏(&amp;I)…</translation>
     </message>
     <message>
         <source>&amp;Quit</source>
-        <translation type="unfinished"></translation>
+        <translation>退出(&amp;Q)</translation>
     </message>
     <message>
         <source>&amp;Resources</source>
-        <translation type="unfinished"></translation>
+        <translation>资源(&amp;R)</translation>
     </message>
     <message>
         <source>&amp;Find</source>
-        <translation type="unfinished"></translation>
+        <translation>查找(&amp;F)</translation>
     </message>
     <message>
         <source>Check now</source>
-        <translation type="unfinished"></translation>
+        <translation>立即检查</translation>
     </message>
     <message>
         <source>Cancel check</source>
-        <translation type="unfinished"></translation>
+        <translation>取消检查</translation>
     </message>
     <message>
         <source>No program opens the folder %1</source>
-        <translation type="unfinished"></translation>
+        <translation>没有程序可打开文件夹 %1</translation>
     </message>
     <message>
         <source>No program opens the address %1</source>
-        <translation type="unfinished"></translation>
+        <translation>没有程序可打开地址 %1</translation>
     </message>
     <message>
         <source>Export favourites</source>
-        <translation type="unfinished"></translation>
+        <translation>导出收藏</translation>
     </message>
     <message numerus="yes">
         <source>%n favourite(s) written</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>已写出 %n 个收藏</numerusform>
         </translation>
     </message>
     <message>
         <source>Import favourites</source>
-        <translation type="unfinished"></translation>
+        <translation>导入收藏</translation>
     </message>
     <message numerus="yes">
         <source>%n favourite(s) added</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>已添加 %n 个收藏</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>, %n of them not in the catalogue now</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>，其中 %n 个目前不在目录中</numerusform>
         </translation>
     </message>
 </context>
@@ -234,127 +273,125 @@
     <name>ResourceList</name>
     <message>
         <source>Themes</source>
-        <translation type="unfinished"></translation>
+        <translation>主题</translation>
     </message>
     <message>
         <source>Filters</source>
-        <translation type="unfinished"></translation>
+        <translation>滤镜</translation>
     </message>
     <message>
         <source>Backgrounds</source>
-        <translation type="unfinished"></translation>
+        <translation>背景</translation>
     </message>
     <message>
         <source>No name contains “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>没有名称包含“%1”</translation>
     </message>
     <message>
         <source>No favourites yet
 Point at a theme and press its heart, or press F</source>
-        <translation type="unfinished"></translation>
+        <translation>还没有收藏
+指向一个主题并按下心形按钮，或按 F 键</translation>
     </message>
     <message>
         <source>No themes of this type</source>
-        <translation type="unfinished"></translation>
+        <translation>没有此类型的主题</translation>
     </message>
     <message>
         <source>Nothing is here yet
 Resources come with the first check of the server</source>
-        <translation type="unfinished"></translation>
+        <translation>这里还没有内容
+首次检查服务器后会出现资源</translation>
     </message>
 </context>
 <context>
     <name>ResourceTabs</name>
     <message>
         <source>Themes</source>
-        <translation type="unfinished"></translation>
+        <translation>主题</translation>
     </message>
     <message>
         <source>Filters</source>
-        <translation type="unfinished"></translation>
+        <translation>滤镜</translation>
     </message>
     <message>
         <source>Filters (large)</source>
-        <translation type="unfinished"></translation>
+        <translation>滤镜（大）</translation>
     </message>
     <message>
         <source>Backgrounds</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Kinds of resources</source>
-        <translation type="unfinished"></translation>
+        <translation>背景</translation>
     </message>
     <message>
         <source>All</source>
-        <translation type="unfinished"></translation>
+        <translation>全部</translation>
     </message>
     <message>
         <source>Favourites</source>
-        <translation type="unfinished"></translation>
+        <translation>收藏</translation>
     </message>
     <message>
         <source>Others</source>
-        <translation type="unfinished"></translation>
+        <translation>其他</translation>
     </message>
     <message>
         <source>Festivals</source>
-        <translation type="unfinished"></translation>
+        <translation>节日</translation>
     </message>
     <message>
         <source>Travel</source>
-        <translation type="unfinished"></translation>
+        <translation>旅行</translation>
     </message>
     <message>
         <source>Banquets</source>
-        <translation type="unfinished"></translation>
+        <translation>宴会</translation>
     </message>
     <message>
         <source>Theme type</source>
-        <translation type="unfinished"></translation>
+        <translation>主题类型</translation>
     </message>
     <message>
         <source>Search (Ctrl+F)</source>
-        <translation type="unfinished"></translation>
+        <translation>搜索 (Ctrl+F)</translation>
     </message>
     <message>
         <source>Search by name</source>
-        <translation type="unfinished"></translation>
+        <translation>按名称搜索</translation>
     </message>
 </context>
 <context>
     <name>ViewMenu</name>
     <message>
         <source>&amp;View</source>
-        <translation type="unfinished"></translation>
+        <translation>视图(&amp;V)</translation>
     </message>
     <message>
         <source>&amp;Skin</source>
-        <translation type="unfinished"></translation>
+        <translation>外观(&amp;S)</translation>
     </message>
     <message>
         <source>&amp;Language</source>
-        <translation type="unfinished"></translation>
+        <translation>语言(&amp;L)</translation>
     </message>
     <message>
         <source>S&amp;cale (at the next start)</source>
-        <translation type="unfinished"></translation>
+        <translation>缩放（下次启动时生效）(&amp;C)</translation>
     </message>
     <message>
         <source>&amp;Reduce motion</source>
-        <translation type="unfinished"></translation>
+        <translation>减少动画(&amp;R)</translation>
     </message>
     <message>
         <source>Pointing at a cell does not play its preview; Space does</source>
-        <translation type="unfinished"></translation>
+        <translation>指向单元格不会播放预览；按空格键播放</translation>
     </message>
     <message>
         <source>As the screen</source>
-        <translation type="unfinished"></translation>
+        <translation>跟随屏幕</translation>
     </message>
     <message>
         <source>%1 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 %</translation>
     </message>
 </context>
 </TS>

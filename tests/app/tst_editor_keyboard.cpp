@@ -104,8 +104,8 @@ void tst_editor_keyboard::widgetsHaveNames()
     world.fillRoot(themes);
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
         wait spoken list0 Themes
-        wait spoken tabs "Kinds of resources"
-        wait spoken themeType "Theme type"
+        wait spoken tabs Themes
+        wait spoken themeType All
         wait spoken search "Search by name"
         wait spoken check "Check now"
         wait spoken largePreview Preview

@@ -1,0 +1,45 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en_US">
+<context>
+    <name>CheckStatus</name>
+    <message numerus="yes">
+        <source>, %n preview(s) fetched</source>
+        <translation>
+            <numerusform>, %n preview fetched</numerusform>
+            <numerusform>, %n previews fetched</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>, %n preview(s) could not be fetched</source>
+        <translation>
+            <numerusform>, %n preview could not be fetched</numerusform>
+            <numerusform>, %n previews could not be fetched</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message numerus="yes">
+        <source>%n favourite(s) written</source>
+        <translation>
+            <numerusform>%n favourite written</numerusform>
+            <numerusform>%n favourites written</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n favourite(s) added</source>
+        <translation>
+            <numerusform>%n favourite added</numerusform>
+            <numerusform>%n favourites added</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>, %n of them not in the catalogue now</source>
+        <translation>
+            <numerusform>, %n of them not in the catalogue now</numerusform>
+            <numerusform>, %n of them not in the catalogue now</numerusform>
+        </translation>
+    </message>
+</context>
+</TS>
