@@ -176,11 +176,6 @@ void MVThemePreviewFrm::closeMovieFile()
     m_movie.setFileName(m_qsMoviePath);
 }
 
-bool MVThemePreviewFrm::isPlaying() const
-{
-    return m_movie.state() == QMovie::Running;
-}
-
 bool MVThemePreviewFrm::isPlayable() const
 {
     return m_movie.isValid() && !isOversized(m_movie.device());
