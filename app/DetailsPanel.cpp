@@ -32,6 +32,7 @@ DetailsPanel::DetailsPanel(QWidget* parent)
     m_tree->setObjectName(QStringLiteral("appliedFiles"));
     m_tree->setColumnCount(2);
     m_tree->setHeaderHidden(true);
+    m_tree->setTextElideMode(Qt::ElideMiddle); // both ends of a file's name tell something
     m_tree->setUniformRowHeights(true);
     m_tree->setSelectionMode(QAbstractItemView::NoSelection);
     m_tree->header()->setStretchLastSection(false);

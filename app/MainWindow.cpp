@@ -21,8 +21,8 @@
 
 namespace {
 
-constexpr QSize firstSize(1080, 720);
-constexpr int firstListWidth = 720;
+constexpr QSize firstSize(1150, 750);
+constexpr int firstListWidth = 772; // four themes, or six filters, beside each other
 
 } // namespace
 

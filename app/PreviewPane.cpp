@@ -61,7 +61,7 @@ void PreviewPane::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.fillRect(rect(), palette().color(QPalette::Base));
+    painter.fillRect(rect(), palette().color(QPalette::Button));
     const bool moving = m_animated && (isPlaying() || m_still.isNull());
     const QPixmap picture = moving ? m_movie.currentPixmap() : m_still;
     if (!picture.isNull()) {
