@@ -8,6 +8,7 @@
 #include "ResourceTabs.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QDir>
 #include <QFile>
 #include <QPixmap>
@@ -19,6 +20,7 @@
 namespace {
 
 constexpr int tryEvery = 25;           // ms
+constexpr int shortWay = 24;           // pixels that the mouse goes at once
 constexpr int longestStep = 30 * 1000; // ms
 
 void print(const QString& text)
@@ -65,6 +67,7 @@ void ScriptRun::tryStep()
         print(step.verb == QLatin1String("say") ? step.words.join(QLatin1Char(' '))
                                                 : QStringLiteral("  ") + step.text());
         m_stepTime.start();
+        m_lastPoint = QPoint();
         if (++m_next == m_steps.size())
             finish();
         return;
@@ -118,6 +121,18 @@ bool ScriptRun::pointed(const ScriptStep& step)
     QPoint point;
     if (!m_targets.find(step.words, point)) {
         m_missing = m_targets.errorText();
+        return false;
+    }
+    // Not while it moves, since a filter or a scroll bar is still at work.
+    m_missing = QStringLiteral("it does not stand still");
+    const bool still = point == m_lastPoint;
+    m_lastPoint = point;
+    if (!still)
+        return false;
+    // A hand does not jump: widgets on the way notice that the mouse comes and goes.
+    const QPoint here = QCursor::pos();
+    if ((point - here).manhattanLength() > shortWay) {
+        m_input.moveTo(nativePoint((here + point) / 2));
         return false;
     }
     m_input.moveTo(nativePoint(point));

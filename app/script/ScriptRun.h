@@ -63,6 +63,7 @@ private:
     QString m_pictures;
     QTimer m_timer;
     QElapsedTimer m_stepTime;
+    QPoint m_lastPoint; // where the present step's target was at the last look
     int m_next = 0;
     bool m_failed = false;
     QString m_error;
