@@ -27,6 +27,9 @@ Editor::Editor(const EditorWorld& world)
     setVariable(QStringLiteral("HOME"), home);
     setVariable(QStringLiteral("XDG_CONFIG_HOME"), home + QStringLiteral("/.config"));
     setVariable(QStringLiteral("XDG_RUNTIME_DIR"), runtime);
+    // None: otherwise a bus would be started for the display, and outlive the test.
+    setVariable(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"),
+                QStringLiteral("unix:path=") + runtime + QStringLiteral("/bus"));
     setVariable(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
     setVariable(QStringLiteral("DISPLAY"), display().name());
 }

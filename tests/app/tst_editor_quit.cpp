@@ -42,6 +42,9 @@ void tst_editor_quit::whileATransferStalls_data()
                                                                 "wait downloading Beta\n"
                                                                 "press Ctrl+F\n"
                                                                 "type alpha\n"
+                                                                // Qt's clear button fades in.
+                                                                "hover away\n"
+                                                                "hover cell Alpha\n"
                                                                 "wait shown 1\n");
     QTest::newRow("version") << QByteArray("version") << QStringLiteral("wait phase catalogue\n");
     QTest::newRow("catalogue") << QByteArray("resource_config")
