@@ -86,7 +86,8 @@ bool FavouritesFile::read(const QString& path)
     if (document.object().value(formatKey).toInt() != format || !list.isArray())
         return fail(tr("%1 is no file of favourites").arg(path));
     QVector<SCfg_Item> items;
-    for (const QJsonValue& entry : list.toArray()) {
+    const QJsonArray entries = list.toArray();
+    for (const QJsonValue entry : entries) {
         SCfg_Item item;
         if (!readEntry(entry.toObject(), item))
             return fail(tr("%1 holds an entry that is no favourite").arg(path));
