@@ -1,0 +1,139 @@
+#include "Arguments.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+
+namespace {
+
+const char description[] = R"(Makes, checks and serves the tree of a resource server.
+
+Commands:
+  new KIND NAME         starts an item with a fresh GUID in a folder of its own; KIND is one of
+                        filter, transition, motion, theme, bgmaterial
+  build SOURCE OUT      writes the whole tree OUT from the items in SOURCE; a tree that is there
+                        is replaced in one step
+  lint TREE             checks a server's tree or an installation the way it will be read
+  diff OLD NEW          what a user of the tree OLD fetches when NEW is published
+  serve TREE            serves a tree on 127.0.0.1, to try it out
+
+Exit status: 0 success, clean, no difference; 1 faults, findings, differences;
+2 the work could not be done.)";
+
+struct Command
+{
+    const char* name;
+    int operands;
+    const char* usage;
+    QStringList options; // besides those that all take
+};
+
+const QVector<Command>& commands()
+{
+    static const QVector<Command> known{
+        {"new", 2, "new takes a KIND and a NAME", {QStringLiteral("in")}},
+        {"build",
+         2,
+         "build takes SOURCE and OUT",
+         {QStringLiteral("edition"), QStringLiteral("installed")}},
+        {"lint", 1, "lint takes one TREE", {QStringLiteral("json")}},
+        {"diff", 2, "diff takes OLD and NEW", {}},
+        {"serve", 1, "serve takes one TREE", {QStringLiteral("port"), QStringLiteral("quiet")}},
+    };
+    return known;
+}
+
+} // namespace
+
+bool Arguments::parse(const QCoreApplication& application)
+{
+    const QCommandLineOption editionOption(
+        QStringLiteral("edition"),
+        QStringLiteral("build: an edition to publish for, standard (the default) or 1 to 5; can be "
+                       "repeated"),
+        QStringLiteral("EDITION"));
+    const QCommandLineOption installedOption(
+        QStringLiteral("installed"),
+        QStringLiteral("build: OUT is the application's folder \"Resource\""));
+    const QCommandLineOption inOption(QStringLiteral("in"),
+                                      QStringLiteral("new: the source; the current folder by "
+                                                     "default"),
+                                      QStringLiteral("SOURCE"), QStringLiteral("."));
+    const QCommandLineOption jsonOption(QStringLiteral("json"),
+                                        QStringLiteral("lint: print one JSON document"));
+    const QCommandLineOption portOption(QStringLiteral("port"),
+                                        QStringLiteral("serve: port; a free one by default"),
+                                        QStringLiteral("N"), QStringLiteral("0"));
+    const QCommandLineOption quietOption(QStringLiteral("quiet"),
+                                         QStringLiteral("serve: do not print requests"));
+    const QCommandLineOption helpOption({QStringLiteral("h"), QStringLiteral("help")},
+                                        QStringLiteral("print this help"));
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QString::fromLatin1(description));
+    const QCommandLineOption versionOption = parser.addVersionOption();
+    parser.addOptions({helpOption, editionOption, installedOption, inOption, jsonOption, portOption,
+                       quietOption});
+    parser.addPositionalArgument(QStringLiteral("COMMAND"),
+                                 QStringLiteral("new, build, lint, diff or serve"));
+    parser.addPositionalArgument(QStringLiteral("ARGUMENTS"), QStringLiteral("see above"),
+                                 QStringLiteral("ARGUMENTS..."));
+    if (!parser.parse(application.arguments()))
+        return fail(parser.errorText());
+    if (parser.isSet(helpOption))
+        parser.showHelp();
+    if (parser.isSet(versionOption))
+        parser.showVersion();
+    operands = parser.positionalArguments();
+    if (operands.isEmpty())
+        return fail(QStringLiteral("no command; see mvpublish --help"));
+    command = operands.takeFirst();
+    installed = parser.isSet(installedOption);
+    source = parser.value(inOption);
+    json = parser.isSet(jsonOption);
+    quiet = parser.isSet(quietOption);
+    return checkOperands(parser.optionNames()) && readEditions(parser.values(editionOption))
+        && readPort(parser.value(portOption));
+}
+
+bool Arguments::checkOperands(const QStringList& options)
+{
+    for (const Command& known : commands()) {
+        if (command != QLatin1String(known.name))
+            continue;
+        if (operands.size() != known.operands || operands.contains(QString()))
+            return fail(QString::fromLatin1(known.usage));
+        for (const QString& option : options) {
+            if (!known.options.contains(option))
+                return fail(QStringLiteral("--%1 does not go with %2").arg(option, command));
+        }
+        return true;
+    }
+    return fail(QStringLiteral("unknown command \"%1\"; see mvpublish --help").arg(command));
+}
+
+bool Arguments::readEditions(const QStringList& texts)
+{
+    if (installed && !texts.isEmpty())
+        return fail(QStringLiteral("an installation is the same for all editions"));
+    for (const QString& text : texts) {
+        const Edition* const edition = Editions::byName(text);
+        if (!edition)
+            return fail(QStringLiteral("--edition takes standard or 1 to 5, not \"%1\"").arg(text));
+        editions.append(*edition);
+    }
+    if (editions.isEmpty())
+        editions.append(Editions::all().constFirst());
+    return true;
+}
+
+bool Arguments::readPort(const QString& text)
+{
+    bool ok = false;
+    port = text.toUShort(&ok);
+    return ok || fail(QStringLiteral("--port takes a number from 0 to 65535"));
+}
+
+bool Arguments::fail(const QString& text)
+{
+    m_error = text;
+    return false;
+}

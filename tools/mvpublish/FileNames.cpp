@@ -1,0 +1,40 @@
+#include "FileNames.h"
+
+#include <QFileInfo>
+#include <QStringList>
+
+#include <algorithm>
+
+namespace FileNames {
+
+QString fault(const QString& name)
+{
+    if (name.isEmpty())
+        return QStringLiteral("is empty");
+    const QStringList parts = name.split(QLatin1Char('/'));
+    for (const QString& part : parts) {
+        if (part.isEmpty() || part == QLatin1String(".") || part == QLatin1String(".."))
+            return QStringLiteral("is not a plain path below its folder");
+    }
+    // Characters that some client's file system refuses.
+    static const QString refused = QStringLiteral("\\<>:\"|?*");
+    const bool odd = std::any_of(name.cbegin(), name.cend(),
+                                 [](QChar c) { return !c.isPrint() || refused.contains(c); });
+    return odd ? QStringLiteral("holds characters that not every client can store") : QString();
+}
+
+bool isFileBelow(const QString& folder, const QString& path)
+{
+    const QFileInfo file(path);
+    return file.isFile()
+        && file.canonicalFilePath().startsWith(QFileInfo(folder).canonicalFilePath()
+                                               + QLatin1Char('/'));
+}
+
+QString packedFolder(const QString& name)
+{
+    const QString suffix = QStringLiteral(".zip");
+    return name.endsWith(suffix) ? name.left(name.size() - suffix.size()) : QString();
+}
+
+} // namespace FileNames

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+/// Which names of files can be published.
+namespace FileNames {
+
+/// Empty for a relative path that every client can store; else what is wrong with it.
+QString fault(const QString& name);
+
+/// Whether `path` names a regular file that lies below `folder`, also after links.
+bool isFileBelow(const QString& folder, const QString& path);
+
+/// The name of a folder that is packed into the archive `name`: "a.zip" is packed from "a".
+QString packedFolder(const QString& name);
+
+} // namespace FileNames

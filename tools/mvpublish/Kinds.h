@@ -1,0 +1,36 @@
+#pragma once
+
+#include "records/ECfgItemType.h"
+
+#include <QString>
+#include <QVector>
+
+/// What publishing needs to know of a kind of items.
+struct Kind
+{
+    ECfgItemType type;
+    QString word;       ///< in manifests and on the command line
+    QString group;      ///< its element in the catalogue files
+    QString folder;     ///< its folder in both halves of a tree
+    QString definition; ///< root element of a definition that is written for an item
+    bool hasList;       ///< its folder holds a list of its definitions
+};
+
+namespace Kinds {
+
+/// In the order of the catalogue files.
+const QVector<Kind>& all();
+const Kind& of(ECfgItemType type);
+/// Null for a word that names no kind.
+const Kind* byWord(const QString& word);
+/// "filter, transition, ..." for messages.
+QString words();
+
+/// Whether items of the kind are shown with a thumbnail file.
+bool needsThumbnail(ECfgItemType type);
+/// Whether items of the kind are shown only with an animated preview.
+bool needsAnimation(ECfgItemType type);
+/// Whether the kind's list begins with the "none" entry.
+bool hasNoneEntry(ECfgItemType type);
+
+} // namespace Kinds

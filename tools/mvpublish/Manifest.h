@@ -1,0 +1,15 @@
+#pragma once
+
+#include "SourceItem.h"
+
+/// Reads the manifest of an item, "item.json" in the item's folder.
+class Manifest
+{
+public:
+    Manifest() = delete;
+
+    static QString fileName() { return QStringLiteral("item.json"); }
+
+    /// `item` brings its folder and path. Faults say file and field.
+    static void read(SourceItem& item, QStringList& faults);
+};

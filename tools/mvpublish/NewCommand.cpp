@@ -1,0 +1,112 @@
+#include "NewCommand.h"
+
+#include "Arguments.h"
+#include "Guids.h"
+#include "Kinds.h"
+#include "Manifest.h"
+#include "Output.h"
+#include "Source.h"
+
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QRegularExpression>
+#include <QSaveFile>
+
+#include <algorithm>
+
+namespace {
+
+/// A folder name for an item: what of its name every file system can store.
+QString folderName(const QString& name, const Kind& kind)
+{
+    QString result = name.toLower();
+    result.replace(QRegularExpression(QStringLiteral("[^a-z0-9]+")), QStringLiteral("-"));
+    result.remove(QRegularExpression(QStringLiteral("^-|-$")));
+    return result.isEmpty() ? kind.word : result;
+}
+
+bool write(const QString& file, const QByteArray& content)
+{
+    QSaveFile out(file);
+    return out.open(QIODevice::WriteOnly) && out.write(content) == content.size() && out.commit();
+}
+
+bool writeJson(const QString& file, const QJsonObject& object)
+{
+    return write(file, QJsonDocument(object).toJson());
+}
+
+bool copyPlaceholder(const QString& name, const QString& to)
+{
+    return QFile::copy(QStringLiteral(":/placeholders/") + name, to)
+        && QFile::setPermissions(to,
+                                 QFileDevice::ReadOwner | QFileDevice::WriteOwner
+                                     | QFileDevice::ReadGroup | QFileDevice::ReadOther);
+}
+
+/// The first item of a source brings the source's own manifest.
+bool ensureCatalogue(const QString& source)
+{
+    const QString file = source + QLatin1Char('/') + Source::manifestName();
+    return QFileInfo::exists(file)
+        || writeJson(file, {{QStringLiteral("version"), QStringLiteral("1.0.0")}});
+}
+
+/// Everything that a catalogue needs of an item, to be replaced piece by piece.
+bool writeItem(const QString& folder, const QString& slug, const Kind& kind, const QString& name)
+{
+    const bool isPicture = kind.type == eCfgItem_BgMaterial;
+    const QString thumbnail = slug + QStringLiteral(".png");
+    const QString content = isPicture ? QStringLiteral("background.png") : kind.word;
+    QJsonObject item{{QStringLiteral("guid"), Guids::fresh()},
+                     {QStringLiteral("kind"), kind.word},
+                     {QStringLiteral("name"), name},
+                     {QStringLiteral("thumbnail"), thumbnail},
+                     {QStringLiteral("files"),
+                      QJsonArray{isPicture ? content : content + QStringLiteral(".zip")}}};
+    bool ok = copyPlaceholder(QStringLiteral("thumbnail.png"), folder + thumbnail);
+    if (isPicture) {
+        ok = ok && copyPlaceholder(QStringLiteral("thumbnail.png"), folder + content);
+    } else {
+        ok = ok && QDir().mkpath(folder + content)
+            && write(folder + content + QStringLiteral("/README.txt"),
+                     "Put here what the editor needs of this item; all of it is packed into one "
+                     "archive.\n");
+    }
+    if (kind.type == eCfgItem_Theme) {
+        const QString animation = slug + QStringLiteral(".gif");
+        ok = ok && copyPlaceholder(QStringLiteral("animation.gif"), folder + animation);
+        item.insert(QStringLiteral("animation"), animation);
+        item.insert(QStringLiteral("type"), QStringLiteral("others"));
+        item.insert(QStringLiteral("scenes"), QJsonArray());
+    }
+    return ok && writeJson(folder + Manifest::fileName(), item);
+}
+
+} // namespace
+
+int NewCommand::run(const Arguments& arguments)
+{
+    const Kind* const kind = Kinds::byWord(arguments.operands.at(0));
+    if (!kind)
+        return Output::fail(
+            Output::exitFailure,
+            QStringLiteral("\"%1\" is none of %2").arg(arguments.operands.at(0), Kinds::words()));
+    const QString name = arguments.operands.at(1);
+    if (!std::all_of(name.cbegin(), name.cend(), [](QChar c) { return c.isPrint(); }))
+        return Output::fail(Output::exitFailure,
+                            QStringLiteral("the name holds characters that cannot be shown"));
+    const QString slug = folderName(name, *kind);
+    const QString folder =
+        QDir::cleanPath(arguments.source + QLatin1Char('/') + slug) + QLatin1Char('/');
+    if (QFileInfo::exists(folder))
+        return Output::fail(Output::exitFailure, QStringLiteral("%1 is there already").arg(folder));
+    if (!QDir().mkpath(folder) || !ensureCatalogue(arguments.source)
+        || !writeItem(folder, slug, *kind, name))
+        return Output::fail(Output::exitFailure,
+                            QStringLiteral("%1 cannot be written").arg(folder));
+    Output::print(folder + Manifest::fileName());
+    return Output::exitSuccess;
+}

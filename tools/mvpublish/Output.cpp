@@ -1,0 +1,52 @@
+#include "Output.h"
+
+#include <cstdio>
+
+namespace Output {
+
+QString oneLine(QString text)
+{
+    for (QChar& character : text) {
+        if (character.category() == QChar::Other_Control)
+            character = QLatin1Char(' ');
+    }
+    return text;
+}
+
+void print(const QString& line)
+{
+    std::printf("%s\n", oneLine(line).toLocal8Bit().constData());
+    std::fflush(stdout);
+}
+
+int fail(int status, const QString& text)
+{
+    std::fprintf(stderr, "mvpublish: %s\n", oneLine(text).toLocal8Bit().constData());
+    return status;
+}
+
+int finished(int status)
+{
+    if ((std::fflush(stdout) == 0 && std::ferror(stdout) == 0) || status != exitSuccess)
+        return status;
+    return fail(exitFailure, QStringLiteral("standard output cannot be written"));
+}
+
+QString counted(qint64 number, const QString& noun)
+{
+    return QStringLiteral("%1 %2%3").arg(number).arg(noun,
+                                                     number == 1 ? QString() : QStringLiteral("s"));
+}
+
+QString size(qint64 bytes)
+{
+    constexpr double kilo = 1000.0;
+    constexpr double lastKilo = 999.95; // what is more is printed as 1000.0
+    if (bytes < 1000)
+        return counted(bytes, QStringLiteral("byte"));
+    const double kB = static_cast<double>(bytes) / kilo;
+    return kB < lastKilo ? QStringLiteral("%1 kB").arg(kB, 0, 'f', 1)
+                         : QStringLiteral("%1 MB").arg(kB / kilo, 0, 'f', 1);
+}
+
+} // namespace Output

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "SourceItem.h"
+
+#include <QHash>
+
+#include <vector>
+
+/// What a publisher writes and mvpublish reads: a folder with a manifest "catalogue.json" and, at
+/// any depth, one folder per item.
+///
+///     catalogue.json      version, names of the "none" entry
+///     none/               pictures of the "none" entry; without it the tool's own are published
+///     shared/             files that several items use
+///     ANY/PATH/item.json  an item, beside its files
+class Source
+{
+public:
+    /// Reads and checks everything. False: faults() says what to put right, a line for each fault.
+    bool read(const QString& folder);
+    const QStringList& faults() const { return m_faults; }
+
+    QString folder() const { return m_folder; }
+    QString version() const { return m_version; }
+    QString noneName(const QString& audience) const;
+    /// The pictures of the "none" entry by the name under which they are published.
+    const QMap<QString, QString>& nonePictures() const { return m_nonePictures; }
+    /// In the order in which catalogues list them.
+    const std::vector<SourceItem>& items() const { return m_items; }
+
+    static QString manifestName() { return QStringLiteral("catalogue.json"); }
+    static QString sharedFolder() { return QStringLiteral("shared"); }
+
+private:
+    void readCatalogue();
+    void findNonePictures();
+    void findItems(const QString& relative);
+    void checkGuids();
+    void resolveUses();
+    void resolvePart(const SourceItem& item, SourceSlots& part,
+                     const QHash<QString, const SourceItem*>& known);
+    void checkFiles();
+    void checkFile(const SourceItem& item, const QString& folder, const QString& name);
+    void checkPublishedNames();
+
+    QString m_folder;
+    QString m_version;
+    QMap<QString, QString> m_noneNames;
+    QMap<QString, QString> m_nonePictures;
+    std::vector<SourceItem> m_items;
+    QStringList m_faults;
+};

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "records/ECfgItemType.h"
+#include "records/EDependType.h"
+
+#include <QMap>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+/// An item in a slot of a theme, with the attributes that the editor applies.
+struct SourceUse
+{
+    QString item; ///< as the manifest names it; the GUID once the source has been read
+    QMap<QString, QString> attributes;
+};
+
+/// The slots of one part of a theme by their names in the theme's file.
+using SourceSlots = QMap<EDependType, SourceUse>;
+
+/// One item as its manifest describes it. File names are relative to the item's folder.
+struct SourceItem
+{
+    QString folder; ///< absolute
+    QString path;   ///< the folder relative to the source; the item's name in messages
+    ECfgItemType type = eCfgItem_Filter;
+    QString guid;
+    QString name;
+    QMap<QString, QString> names; ///< other names by audience
+    QString themeType;
+    bool isText = false;
+    bool builtIn = false;   ///< part of every installation, never fetched
+    bool installed = false; ///< shown by the catalogue of an installation
+    int order = 0;
+    QString thumbnail;
+    QString animation;
+    QStringList files;  ///< published below the item's GUID
+    QStringList shared; ///< relative to the source's folder "shared", published as they are named
+    QString definition; ///< a file to publish as the item's definition; empty: one is written
+    QString family;
+    QMap<QString, QString> parameters;
+    QVector<SourceSlots> scenes;
+    SourceSlots start;
+    SourceSlots end;
+    SourceSlots mask;
+
+    QString nameFor(const QString& audience) const { return names.value(audience, name); }
+    QStringList uses() const;
+};
+
+/// The names of the five slots in manifests and theme files.
+namespace Slots {
+
+const QVector<QPair<EDependType, QString>>& all();
+/// The kind among which the library looks a slot's GUID up.
+ECfgItemType kind(EDependType slot);
+
+} // namespace Slots

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "Documents.h"
+#include "Editions.h"
+
+#include <QSet>
+
+class Source;
+
+/// Writes a whole tree from a source into an empty folder. The version files come last.
+class TreeBuilder
+{
+public:
+    explicit TreeBuilder(const Source& source);
+
+    /// What a resource server publishes, for these editions.
+    bool writeServer(const QString& folder, const QVector<Edition>& editions);
+    /// What the application brings along: a catalogue of the items marked as installed and of those
+    /// that they use, the previews of the former, and the files of built-in items. It is the
+    /// application's folder "Resource".
+    bool writeInstallation(const QString& folder);
+
+    /// Why it failed.
+    QString errorText() const { return m_error; }
+    int fileCount() const { return m_files; }
+    qint64 byteCount() const { return m_bytes; }
+
+private:
+    bool writeItem(const SourceItem& item);
+    bool writePreviews(const SourceItem& item);
+    bool writeFile(const SourceItem& item, const QString& name, const QString& target);
+    bool writeKindLists(const Documents::Items& items);
+    bool writeNonePictures();
+    bool writeEditions(const QVector<Edition>& editions, const Documents::Items& items);
+    bool write(const QString& name, const QByteArray& content);
+    bool copy(const QString& from, const QString& name);
+    bool pack(const QString& folder, const QString& name);
+    bool place(const QString& name);
+    bool fail(const QString& text);
+
+    const Source& m_source;
+    QString m_folder;
+    QString m_configHalf; ///< "config/" or nothing
+    QSet<QString> m_written;
+    QSet<QString> m_folders;
+    QString m_error;
+    int m_files = 0;
+    qint64 m_bytes = 0;
+};
