@@ -1,5 +1,7 @@
 #include "Output.h"
 
+#include <QJsonDocument>
+
 #include <cstdio>
 
 namespace Output {
@@ -16,6 +18,12 @@ QString oneLine(QString text)
 void print(const QString& line)
 {
     std::printf("%s\n", oneLine(line).toLocal8Bit().constData());
+    std::fflush(stdout);
+}
+
+void print(const QJsonDocument& document)
+{
+    std::fputs(document.toJson().constData(), stdout);
     std::fflush(stdout);
 }
 

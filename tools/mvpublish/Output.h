@@ -2,6 +2,8 @@
 
 #include <QString>
 
+class QJsonDocument;
+
 /// What mvpublish prints, and the statuses it ends with.
 namespace Output {
 
@@ -15,6 +17,7 @@ constexpr int exitFailure = 2;
 QString oneLine(QString text);
 /// One line on standard output.
 void print(const QString& line);
+void print(const QJsonDocument& document);
 /// "mvpublish: TEXT" on standard error; returns `status`.
 int fail(int status, const QString& text);
 /// The exit status at the end: `status`, or a failure if the output could not be written.

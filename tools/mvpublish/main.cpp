@@ -2,6 +2,7 @@
 
 #include "Arguments.h"
 #include "BuildCommand.h"
+#include "LintCommand.h"
 #include "NewCommand.h"
 #include "Output.h"
 
@@ -13,6 +14,8 @@ int dispatch(const Arguments& arguments)
 {
     if (arguments.command == QLatin1String("new"))
         return NewCommand::run(arguments);
+    if (arguments.command == QLatin1String("lint"))
+        return LintCommand::run(arguments);
     return BuildCommand::run(arguments);
 }
 

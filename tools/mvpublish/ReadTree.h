@@ -1,0 +1,110 @@
+#pragma once
+
+#include "Editions.h"
+#include "records/SCfg_Item.h"
+
+#include <QHash>
+#include <QString>
+#include <QVector>
+
+#include <array>
+
+class MVThemeMgr;
+class QDomElement;
+
+/// An item of a config catalogue and the line it stands on.
+struct ConfigEntry
+{
+    SCfg_Item item;
+    int line = 0;
+};
+
+/// One "Item" of a display catalogue.
+struct DisplayEntry
+{
+    ECfgItemType type = eCfgItem_Filter;
+    QString guid;
+    int line = 0;
+    /// The library shows it: the config catalogue holds it, or it is the "none" entry.
+    bool known = false;
+    SCfg_Item item;    ///< as the library reads it, if it is known
+    QString animation; ///< what "UrlGif" says, also where the library does not look at it
+};
+
+/// A display catalogue, in document order.
+struct DisplayCatalogue
+{
+    QString file; ///< relative to the tree
+    bool readable = false;
+    QVector<DisplayEntry> entries;
+    QVector<QPair<QString, int>> groups; ///< theme types as they stand, and their lines
+};
+
+/// A version file.
+struct VersionFile
+{
+    QString file; ///< relative to the tree
+    QString displayFile;
+    bool readable = false;
+    QString version;
+    QString displaySum;
+    QString configSum;
+};
+
+/// A resource tree as the library reads it: with its own readers, and with the names that its own
+/// path rules give. Nothing is written, neither into the tree nor into the user's folders.
+///
+/// One tree at a time: what was read stays valid, but names are worked out for the tree opened
+/// last.
+class ReadTree
+{
+public:
+    /// Reads the catalogues of a server's tree or of an installation (the application's folder
+    /// "Resource", or the folder that holds it). False: `error` says why that is no tree.
+    bool open(const QString& folder, QString* error);
+
+    QString folder() const { return m_folder; }
+    bool isInstallation() const { return m_installation; }
+    QString absolute(const QString& file) const { return m_folder + QLatin1Char('/') + file; }
+    static QString catalogue(const QString& name);
+
+    bool configReadable() const { return m_configReadable; }
+    /// By kind, in document order.
+    const QVector<ConfigEntry>& config(ECfgItemType kind) const { return m_config.at(kind); }
+    const QVector<DisplayCatalogue>& displays() const { return m_displays; }
+    const QVector<VersionFile>& versions() const { return m_versions; }
+
+    /// The first item of a kind with exactly that GUID, or null.
+    const ConfigEntry* find(ECfgItemType kind, const QString& guid) const;
+
+    /// @name Files of an item
+    /// The records come from items that the doItem_Info_* operations have resolved.
+    /// @{
+
+    /// Where the file lies, relative to the tree; empty if its name leads out of the tree.
+    QString fileOf(const SFileInfo& info) const;
+    /// The address by which the library fetches it, without the server's root.
+    static QString addressOf(const SFileInfo& info);
+    /// Whether that address leads to that file.
+    bool addressLeadsToFile(const SFileInfo& info) const;
+
+    /// @}
+
+    static MVThemeMgr& library();
+
+private:
+    void readConfig();
+    void readVersions();
+    void readVersion(const QString& name, const QString& displayName);
+    void readDisplay(const QString& name);
+    void readCategory(const QDomElement& root, ECfgItemType kind, DisplayCatalogue& display);
+    QString inHalves(const SFileInfo& info) const;
+
+    QString m_folder;
+    bool m_installation = false;
+    bool m_configReadable = false;
+    std::array<QVector<ConfigEntry>, 5> m_config;
+    std::array<QHash<QString, int>, 5> m_index; // first entry by GUID
+    QVector<DisplayCatalogue> m_displays;
+    QVector<VersionFile> m_versions;
+};

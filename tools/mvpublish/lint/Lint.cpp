@@ -1,0 +1,59 @@
+#include "lint/Lint.h"
+
+#include "lint/Checks.h"
+#include "lint/LintContext.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <algorithm>
+#include <tuple>
+
+namespace Lint {
+
+Findings check(const ReadTree& tree)
+{
+    LintContext context(tree);
+    for (const auto run :
+         {&Checks::versions, &Checks::configGuids, &Checks::displays, &Checks::editions,
+          &Checks::itemFiles, &Checks::previews, &Checks::themes, &Checks::unused})
+        run(context);
+    Findings findings = context.findings();
+    std::stable_sort(findings.begin(), findings.end(), [](const Finding& a, const Finding& b) {
+        return std::tie(a.file, a.line) < std::tie(b.file, b.line);
+    });
+    return findings;
+}
+
+QString text(const Finding& finding)
+{
+    const QString line =
+        finding.line > 0 ? QLatin1Char(':') + QString::number(finding.line) : QString();
+    const QString item = finding.item.isEmpty() ? QString() : finding.item + QStringLiteral(": ");
+    return QStringLiteral("%1%2: %3%4 [%5]")
+        .arg(finding.file, line, item, finding.message, finding.code);
+}
+
+QJsonDocument json(const ReadTree& tree, const Findings& findings)
+{
+    QJsonArray list;
+    for (const Finding& finding : findings) {
+        QJsonObject object{{QStringLiteral("code"), finding.code},
+                           {QStringLiteral("file"), finding.file},
+                           {QStringLiteral("message"), finding.message},
+                           {QStringLiteral("advice"), finding.advice}};
+        if (finding.line > 0)
+            object.insert(QStringLiteral("line"), finding.line);
+        if (!finding.item.isEmpty())
+            object.insert(QStringLiteral("item"), finding.item);
+        list.append(object);
+    }
+    return QJsonDocument(QJsonObject{
+        {QStringLiteral("tree"), tree.folder()},
+        {QStringLiteral("kind"),
+         tree.isInstallation() ? QStringLiteral("installation") : QStringLiteral("server")},
+        {QStringLiteral("findings"), list}});
+}
+
+} // namespace Lint

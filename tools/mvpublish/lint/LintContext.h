@@ -1,0 +1,39 @@
+#pragma once
+
+#include "lint/Finding.h"
+#include "ReadTree.h"
+
+#include <QSet>
+
+/// What the checks of one tree share: the tree, what they found, which files they met.
+class LintContext
+{
+public:
+    explicit LintContext(const ReadTree& tree);
+
+    const ReadTree& tree() const { return m_tree; }
+
+    void report(const char* code, const QString& file, int line, const QString& item,
+                const QString& message, const QString& advice);
+    const Findings& findings() const { return m_findings; }
+
+    /// "{GUID} Name", for findings.
+    QString label(const QString& guid) const;
+
+    /// A file of the tree that something names.
+    void use(const QString& file) { m_used.insert(file); }
+    bool isUsed(const QString& file) const { return m_used.contains(file); }
+    /// True the first time, so that a file that several items name is checked once.
+    bool isFirstLook(const QString& file);
+
+    /// GUIDs that themes use; complete unless a theme cannot be read.
+    QSet<QString> dependencies;
+    bool allThemesRead = true;
+
+private:
+    const ReadTree& m_tree;
+    Findings m_findings;
+    QSet<QString> m_used;
+    QSet<QString> m_looked;
+    QHash<QString, QString> m_names;
+};

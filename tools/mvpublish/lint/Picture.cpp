@@ -1,0 +1,83 @@
+#include "lint/Picture.h"
+
+#include <QFile>
+#include <QImage>
+#include <QImageReader>
+
+#include <cstdlib>
+
+namespace Picture {
+
+namespace {
+
+// Cells have the shape of the films that are made: 16 to 9.
+constexpr int across = 16;
+constexpr int down = 9;
+constexpr int narrowest = 96;
+constexpr int widest = 1280;
+
+QString sizeFault(const QSize& size)
+{
+    const QString text = QStringLiteral("%1x%2").arg(size.width()).arg(size.height());
+    if (std::abs(size.width() * down - size.height() * across) >= across)
+        return text + QStringLiteral(" is not 16 to 9");
+    if (size.width() < narrowest || size.width() > widest)
+        return text + QStringLiteral(" is not between 96x54 and 1280x720");
+    return QString();
+}
+
+/// The JPEG decoder fills what a cut file lacks and does not complain.
+bool isCutJpeg(const QString& file)
+{
+    QFile in(file);
+    return in.open(QIODevice::ReadOnly) && !in.readAll().contains("\xff\xd9");
+}
+
+/// Asks for the size before the pixels: a hostile picture could fill the memory.
+bool begin(QImageReader& reader, Verdict& verdict)
+{
+    reader.setDecideFormatFromContent(true);
+    const QSize size = reader.size();
+    if (!reader.canRead() || !size.isValid()) {
+        verdict.broken = reader.errorString();
+        return false;
+    }
+    verdict.oddSize = sizeFault(size);
+    return verdict.oddSize.isEmpty();
+}
+
+} // namespace
+
+Verdict thumbnail(const QString& file)
+{
+    Verdict verdict;
+    QImageReader reader(file);
+    if (!begin(reader, verdict))
+        return verdict;
+    if (reader.format() == "jpeg" && isCutJpeg(file))
+        verdict.broken = QStringLiteral("the file ends in the middle");
+    else if (reader.read().isNull())
+        verdict.broken = reader.errorString();
+    return verdict;
+}
+
+Verdict animation(const QString& file)
+{
+    Verdict verdict;
+    QImageReader reader(file);
+    if (!begin(reader, verdict))
+        return verdict;
+    if (reader.format() != "gif") {
+        verdict.broken = QStringLiteral("it is no GIF");
+        return verdict;
+    }
+    const int frames = reader.imageCount();
+    int decoded = 0;
+    while (decoded < frames && !reader.read().isNull())
+        ++decoded;
+    if (frames == 0 || decoded < frames)
+        verdict.broken = QStringLiteral("frame %1 cannot be decoded").arg(decoded + 1);
+    return verdict;
+}
+
+} // namespace Picture
