@@ -12,7 +12,6 @@
 #include <cstring>
 
 #include <fcntl.h>
-#include <unistd.h>
 
 namespace {
 
@@ -50,16 +49,6 @@ void keepDates(const QString& folder, const QString& before)
         if (same.open(QIODevice::ReadWrite))
             same.setFileTime(old.lastModified(), QFileDevice::FileModificationTime);
     }
-}
-
-/// What has been written survives a power cut from here on.
-void flush(const QString& folder)
-{
-    const int descriptor = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_CLOEXEC);
-    if (descriptor < 0)
-        return;
-    ::syncfs(descriptor);
-    ::close(descriptor);
 }
 
 } // namespace
@@ -103,7 +92,6 @@ bool FolderSwitch::commit()
     const bool replaces = QFileInfo(m_target).isDir();
     if (replaces)
         keepDates(m_folder, m_target);
-    flush(m_folder);
     if (replaces ? !exchange()
                  : std::rename(QFile::encodeName(m_folder).constData(),
                                QFile::encodeName(m_target).constData())

@@ -1,6 +1,7 @@
 #include "ReadTree.h"
 
 #include "catalogue/MVThemeMgr.h"
+#include "download/CheckWorker_CfgAndDisplayXML.h"
 #include "host/HostSettings.h"
 #include "host/LogL.h"
 #include "Kinds.h"
@@ -44,11 +45,6 @@ QVector<QDomElement> children(const QDomElement& parent, const QString& tag)
 QString childText(const QDomElement& parent, const QString& tag)
 {
     return parent.firstChildElement(tag).text();
-}
-
-QString value(const QDomElement& element)
-{
-    return element.attribute(QStringLiteral("value"));
 }
 
 } // namespace
@@ -138,16 +134,16 @@ void ReadTree::readVersion(const QString& name, const QString& displayName)
     VersionFile version;
     version.file = catalogue(name);
     version.displayFile = catalogue(displayName);
-    QDomDocument doc;
-    version.readable = library().checkXml(absolute(version.file), doc);
-    const QDomElement root = doc.documentElement();
-    version.version = value(root);
-    // The element is spelled so.
-    version.displaySum = value(root.firstChildElement(QStringLiteral("dislplay"))).toLower();
-    version.configSum = value(root.firstChildElement(QStringLiteral("config"))).toLower();
+    library(); // the check's reader is a part of it
+    CheckWorker_CfgAndDisplayXML::SVersion read;
+    CheckWorker_CfgAndDisplayXML().getVersionInfo(absolute(version.file), read);
+    version.readable = read.bLoadXMLOK;
+    version.version = read.m_qsVersion;
+    version.displaySum = read.m_qsVer_Display;
+    version.configSum = read.m_qsVer_config;
     m_versions.append(version);
-    for (const DisplayCatalogue& read : qAsConst(m_displays)) {
-        if (read.file == version.displayFile)
+    for (const DisplayCatalogue& display : qAsConst(m_displays)) {
+        if (display.file == version.displayFile)
             return;
     }
     readDisplay(version.displayFile);

@@ -35,8 +35,9 @@ bool Source::read(const QString& folder)
     findNonePictures();
     findItems(QString());
     std::sort(m_items.begin(), m_items.end(), &comesBefore);
-    if (m_faults.isEmpty()) {
+    if (m_faults.isEmpty())
         checkGuids();
+    if (m_faults.isEmpty()) {
         resolveUses();
         checkFiles();
         checkPublishedNames();

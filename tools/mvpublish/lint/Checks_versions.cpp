@@ -43,12 +43,13 @@ void checkContent(LintContext& context, const VersionFile& version)
                                       "\"config\", each with a value"));
 }
 
-void checkCatalogue(LintContext& context, const QString& file)
+/// Reports a catalogue file that is missing or that no reader accepts.
+bool checkCatalogue(LintContext& context, const QString& file)
 {
     if (QFileInfo(context.tree().absolute(file)).isFile())
-        Checks::isReadable(context, file, QString());
-    else
-        context.report("missing-file", file, 0, QString(), QStringLiteral("is missing"), rebuild);
+        return Checks::isReadable(context, file, QString());
+    context.report("missing-file", file, 0, QString(), QStringLiteral("is missing"), rebuild);
+    return false;
 }
 
 } // namespace
@@ -65,7 +66,10 @@ void Checks::versions(LintContext& context)
     }
     for (const VersionFile& version : tree.versions()) {
         context.use(version.file);
-        checkCatalogue(context, version.file);
+        const bool isXml = checkCatalogue(context, version.file);
+        if (isXml && !version.readable)
+            context.report("version", version.file, 0, QString(),
+                           QStringLiteral("is too large for a version file"), rebuild);
         if (!version.readable)
             continue;
         checkContent(context, version);

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "ConsoleProgram.h"
+
+/// The publisher's program.
+class Mvpublish
+{
+public:
+    Mvpublish() = delete;
+
+    static QString program();
+    static Outcome run(const QStringList& arguments);
+    /// Builds a tree; an empty text, or what went wrong.
+    static QString build(const QString& source, const QString& out,
+                         const QStringList& options = {});
+};

@@ -1,0 +1,125 @@
+#include "SmallSource.h"
+
+#include "support/CatalogueFiles.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+
+namespace {
+
+QJsonObject use(const QString& item, const QJsonObject& attributes)
+{
+    return {{QStringLiteral("item"), item}, {QStringLiteral("attributes"), attributes}};
+}
+
+QJsonObject text(const QString& content)
+{
+    return {{QStringLiteral("Text"),
+             use(QStringLiteral("text/title"), {{QStringLiteral("Content"), content}})}};
+}
+
+QJsonObject film()
+{
+    const QJsonObject scene{
+        {QStringLiteral("Filter"),
+         use(SmallSource::guid(QStringLiteral("look")),
+             {{QStringLiteral("Strength"), QStringLiteral("0.5")}})},
+        {QStringLiteral("Element"), use(QStringLiteral("look"), {})},
+        {QStringLiteral("Transition"), use(QStringLiteral("fade"), {})},
+        {QStringLiteral("ImageMotion"), use(QStringLiteral("zoom"), {})},
+    };
+    return {{QStringLiteral("type"), QStringLiteral("travel")},
+            {QStringLiteral("animation"), QStringLiteral("film.gif")},
+            {QStringLiteral("shared"), QJsonArray{QStringLiteral("ThemesBgm/Slow Song.mp3")}},
+            {QStringLiteral("scenes"), QJsonArray{scene, QJsonObject()}},
+            {QStringLiteral("start"), text(QStringLiteral("Hello & <you>"))},
+            {QStringLiteral("end"), text(QStringLiteral("Bye"))},
+            {QStringLiteral("mask"),
+             QJsonObject{{QStringLiteral("Filter"), use(QStringLiteral("look"), {})}}}};
+}
+
+} // namespace
+
+SmallSource::SmallSource(const QString& folder)
+    : m_folder(folder)
+{
+    QDir(folder).removeRecursively();
+    setManifest(QString(), {{QStringLiteral("version"), QStringLiteral("1.2.0")}});
+    writeItem(QStringLiteral("look"), QStringLiteral("filter"),
+              {{QStringLiteral("family"), QStringLiteral("look")},
+               {QStringLiteral("parameters"),
+                QJsonObject{{QStringLiteral("Tone"), QStringLiteral("0.8")}}}});
+    writeItem(QStringLiteral("title"), QStringLiteral("filter"), {{QStringLiteral("text"), true}});
+    writeItem(QStringLiteral("fade"), QStringLiteral("transition"));
+    writeItem(QStringLiteral("zoom"), QStringLiteral("motion"));
+    writeItem(QStringLiteral("paper"), QStringLiteral("bgmaterial"));
+    CatalogueFiles::write(file(QStringLiteral("shared/ThemesBgm/Slow Song.mp3")), "a slow song");
+    writeItem(QStringLiteral("film"), QStringLiteral("theme"), film());
+    CatalogueFiles::write(file(QStringLiteral("film/film.gif")), animation());
+}
+
+void SmallSource::writeItem(const QString& name, const QString& kind, QJsonObject more) const
+{
+    more.insert(QStringLiteral("guid"), guid(name));
+    more.insert(QStringLiteral("kind"), kind);
+    more.insert(QStringLiteral("name"), QStringLiteral("My ") + name);
+    more.insert(QStringLiteral("thumbnail"), name + QStringLiteral(" 1.png"));
+    more.insert(QStringLiteral("files"),
+                QJsonArray{QStringLiteral("pack.zip"), QStringLiteral("notes/read me.txt")});
+    setManifest(name, more);
+    const QString folder = QFileInfo(manifestFile(name)).path() + QLatin1Char('/');
+    CatalogueFiles::write(folder + name + QStringLiteral(" 1.png"), thumbnail());
+    CatalogueFiles::write(folder + QStringLiteral("pack/b/settings.json"), "{}");
+    CatalogueFiles::write(folder + QStringLiteral("pack/a.txt"), name.toUtf8().repeated(100));
+    CatalogueFiles::write(folder + QStringLiteral("notes/read me.txt"),
+                          "Notes on " + name.toUtf8());
+}
+
+QString SmallSource::manifestFile(const QString& item) const
+{
+    if (item.isEmpty())
+        return file(QStringLiteral("catalogue.json"));
+    // Items may lie at any depth.
+    const QString folder = item == QLatin1String("title") ? QStringLiteral("text/title") : item;
+    return file(folder + QStringLiteral("/item.json"));
+}
+
+QJsonObject SmallSource::manifest(const QString& item) const
+{
+    return QJsonDocument::fromJson(CatalogueFiles::read(manifestFile(item))).object();
+}
+
+void SmallSource::setManifest(const QString& item, const QJsonObject& manifest) const
+{
+    CatalogueFiles::write(manifestFile(item), QJsonDocument(manifest).toJson());
+}
+
+void SmallSource::set(const QString& item, const char* key, const QJsonValue& value) const
+{
+    QJsonObject object = manifest(item);
+    if (value.isUndefined())
+        object.remove(QLatin1String(key));
+    else
+        object.insert(QLatin1String(key), value);
+    setManifest(item, object);
+}
+
+QString SmallSource::guid(const QString& item)
+{
+    const QStringList items{QStringLiteral("look"),  QStringLiteral("title"),
+                            QStringLiteral("fade"),  QStringLiteral("zoom"),
+                            QStringLiteral("paper"), QStringLiteral("film")};
+    return CatalogueFiles::guid(items.indexOf(item) + 1);
+}
+
+QByteArray SmallSource::thumbnail()
+{
+    return CatalogueFiles::read(QStringLiteral(MV_SAMPLES "/server/display/VideoFilters/None.png"));
+}
+
+QByteArray SmallSource::animation()
+{
+    return CatalogueFiles::read(QStringLiteral(MV_SAMPLES "/testoutput/testskin/Simple.gif"));
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QJsonObject>
+#include <QString>
+
+/// A publisher's source with one item of every kind, a second filter, and a theme that uses them.
+class SmallSource
+{
+public:
+    /// Writes it; `folder` is made anew.
+    explicit SmallSource(const QString& folder);
+
+    QString folder() const { return m_folder; }
+    QString file(const QString& name) const { return m_folder + QLatin1Char('/') + name; }
+
+    /// The manifest of an item: "look", "title", "fade", "zoom", "paper" or "film"; or, with an
+    /// empty name, that of the source.
+    QJsonObject manifest(const QString& item) const;
+    void setManifest(const QString& item, const QJsonObject& manifest) const;
+    /// Changes one field; an undefined value takes it away.
+    void set(const QString& item, const char* key, const QJsonValue& value) const;
+
+    /// The item's GUID.
+    static QString guid(const QString& item);
+    static QByteArray thumbnail();
+    static QByteArray animation();
+
+private:
+    QString manifestFile(const QString& item) const;
+    void writeItem(const QString& name, const QString& kind, QJsonObject more = {}) const;
+
+    QString m_folder;
+};

@@ -1,0 +1,80 @@
+#include "Mvpublish.h"
+#include "support/TestMain.h"
+
+namespace {
+
+QString text(const char* latin1)
+{
+    return QString::fromLatin1(latin1);
+}
+
+} // namespace
+
+/// The command line of mvpublish.
+class TestMvpublishArguments : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void refuses_data();
+    void refuses();
+    void helpNamesTheCommands();
+    void version();
+};
+
+void TestMvpublishArguments::refuses_data()
+{
+    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<QByteArray>("message");
+    const auto row = [](const char* arguments, const char* message) {
+        QTest::newRow(arguments) << text(arguments) << QByteArray(message);
+    };
+    row("", "no command; see mvpublish --help");
+    row("publish x", "unknown command \"publish\"; see mvpublish --help");
+    row("new theme", "new takes a KIND and a NAME");
+    row("build source", "build takes SOURCE and OUT");
+    row("build a b c", "build takes SOURCE and OUT");
+    row("lint", "lint takes one TREE");
+    row("diff a", "diff takes OLD and NEW");
+    row("serve", "serve takes one TREE");
+    row("serve a b", "serve takes one TREE");
+    row("build a b --edition 6", "--edition takes standard or 1 to 5, not \"6\"");
+    row("build a b --edition Standard", "--edition takes standard or 1 to 5, not \"Standard\"");
+    row("build a b --installed --edition 1", "an installation is the same for all editions");
+    row("build a b --json", "--json does not go with build");
+    row("lint a --edition 1", "--edition does not go with lint");
+    row("lint a --port 1", "--port does not go with lint");
+    row("new theme x --quiet", "--quiet does not go with new");
+    row("serve a --in b", "--in does not go with serve");
+    row("serve a --port http", "--port takes a number from 0 to 65535");
+    row("serve a --port 65536", "--port takes a number from 0 to 65535");
+    row("lint a --fix", "Unknown option 'fix'.");
+}
+
+void TestMvpublishArguments::refuses()
+{
+    QFETCH(QString, arguments);
+    QFETCH(QByteArray, message);
+    const Outcome outcome = Mvpublish::run(arguments.split(QLatin1Char(' '), Qt::SkipEmptyParts));
+    QCOMPARE(outcome.err, "mvpublish: " + message + '\n');
+    QCOMPARE(outcome.out, QByteArray());
+    QCOMPARE(outcome.status, 2);
+}
+
+void TestMvpublishArguments::helpNamesTheCommands()
+{
+    const Outcome outcome = Mvpublish::run({text("--help")});
+    QCOMPARE(outcome.status, 0);
+    for (const char* part :
+         {"new KIND NAME", "build SOURCE OUT", "lint TREE", "diff OLD NEW", "serve TREE",
+          "--edition <EDITION>", "--installed", "--in <SOURCE>", "--json", "--port <N>", "--quiet"})
+        QVERIFY2(outcome.out.contains(part), part);
+}
+
+void TestMvpublishArguments::version()
+{
+    QCOMPARE(Mvpublish::run({text("--version")}).out, QByteArray("mvpublish " MV_VERSION "\n"));
+}
+
+MV_TEST_MAIN(TestMvpublishArguments)
+#include "tst_mvpublish_arguments.moc"

@@ -1,0 +1,601 @@
+#include "catalogue/MVThemeMgr.h"
+#include "host/Utils.h"
+#include "Mvpublish.h"
+#include "SmallSource.h"
+#include "support/CatalogueFiles.h"
+#include "support/TestMain.h"
+
+#include <QCryptographicHash>
+#include <QDateTime>
+#include <QDir>
+#include <QDomDocument>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QLockFile>
+#include <QRegularExpression>
+
+#include <array>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+
+QString text(const char* utf8)
+{
+    return QString::fromUtf8(utf8);
+}
+
+QString home(const char* name)
+{
+    return TestHome::path() + QLatin1Char('/') + text(name);
+}
+
+QByteArray md5(const QByteArray& content)
+{
+    return QCryptographicHash::hash(content, QCryptographicHash::Md5).toHex();
+}
+
+QMap<QString, QByteArray> contentOf(const QString& folder)
+{
+    QMap<QString, QByteArray> content;
+    const QStringList files = CatalogueFiles::filesBelow(folder);
+    for (const QString& file : files)
+        content.insert(file, CatalogueFiles::read(folder + QLatin1Char('/') + file));
+    return content;
+}
+
+QDomElement parse(const QString& file)
+{
+    QDomDocument doc;
+    doc.setContent(CatalogueFiles::read(file));
+    return doc.documentElement();
+}
+
+/// Text of the elements of one name below an element, in document order.
+QStringList texts(const QDomElement& root, const char* tag)
+{
+    QStringList result;
+    const QDomNodeList found = root.elementsByTagName(text(tag));
+    for (int i = 0; i < found.size(); ++i)
+        result.append(found.at(i).toElement().text());
+    return result;
+}
+
+/// One reading of a tree through one handle to its folder, as a server process does it.
+class OpenTree
+{
+public:
+    explicit OpenTree(const QString& folder)
+        : m_folder(
+            ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+    {
+    }
+    ~OpenTree() { ::close(m_folder); }
+    Q_DISABLE_COPY_MOVE(OpenTree)
+
+    bool isOpen() const { return m_folder >= 0; }
+    QByteArray read(const char* name) const
+    {
+        const int file = ::openat(m_folder, name, O_RDONLY | O_CLOEXEC);
+        QByteArray content;
+        std::array<char, 4096> part = {};
+        for (ssize_t count = 1; file >= 0 && count > 0;) {
+            count = ::read(file, part.data(), part.size());
+            content.append(part.data(), static_cast<int>(std::max<ssize_t>(count, 0)));
+        }
+        ::close(file);
+        return content;
+    }
+
+private:
+    int m_folder;
+};
+
+} // namespace
+
+/// mvpublish build
+class TestMvpublishBuild : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void writesEveryFile();
+    void editionsHaveTheirOwnFiles_data();
+    void editionsHaveTheirOwnFiles();
+    void editionsShareFiles();
+    void sumsBelongToTheCatalogues();
+    void sameSourceGivesTheSameBytes();
+    void archivesHoldTheFolder();
+    void namesInTheConfigCatalogueAreEncoded();
+    void builtInItemsHavePlainNames();
+    void displayCatalogueFollowsTheOrder();
+    void displayEntriesOfAKind();
+    void noneEntriesComeFirst();
+    void namesByAudience();
+    void themeConfigHoldsItsSlots();
+    void definitionComesFromTheManifest();
+    void ownDefinitionIsPublishedAsItStands();
+    void ownNonePicturesArePublished();
+    void reportsWhatItWrote();
+    void filesThatStayKeepTheirDates();
+    void replacedTreeHoldsNothingOld();
+    void publishedFilesAreReadable();
+    void readersNeverMeetHalfATree();
+    void leftoversOfAKilledRunAreCleared();
+    void placeThatIsALink();
+    void installation();
+
+private:
+    static QString m_out;
+};
+
+QString TestMvpublishBuild::m_out;
+
+void TestMvpublishBuild::init()
+{
+    m_out = home(QTest::currentTestFunction()) + text("/tree");
+    QDir().mkpath(QFileInfo(m_out).path());
+}
+
+void TestMvpublishBuild::writesEveryFile()
+{
+    const SmallSource source(home("source"));
+    QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
+    QStringList expected{
+        text("ResourceConfig/resource_config.xml"),     text("ResourceConfig/resource_display.xml"),
+        text("ResourceConfig/resource_version_v3.xml"), text("config/Motions/Motions.xml"),
+        text("config/ThemesBgm/Slow Song.mp3"),         text("config/Transitions/Transitions.xml"),
+        text("config/VideoFilters/VideoFilters.xml"),   text("display/Themes/film.gif")};
+    const QVector<QPair<QString, QString>> items{
+        {text("look"), text("VideoFilters")}, {text("title"), text("VideoFilters")},
+        {text("fade"), text("Transitions")},  {text("zoom"), text("Motions")},
+        {text("film"), text("Themes")},       {text("paper"), text("BgMaterial")}};
+    for (const auto& item : items) {
+        const QString own =
+            text("config/") + item.second + QLatin1Char('/') + SmallSource::guid(item.first);
+        expected << own + text(".xml") << own + text("/pack.zip")
+                 << own + text("/notes/read me.txt")
+                 << text("display/") + item.second + QLatin1Char('/') + item.first + text(" 1.png");
+    }
+    for (const char* name : {"None", "Classical", "Elegance", "Calm"}) {
+        expected << text("display/VideoFilters/") + text(name) + text(".png")
+                 << text("display/BgMaterial/") + text(name) + text(".png");
+    }
+    expected.sort();
+    QCOMPARE(CatalogueFiles::filesBelow(m_out), expected);
+    QCOMPARE(CatalogueFiles::read(m_out + text("/config/ThemesBgm/Slow Song.mp3")),
+             QByteArray("a slow song"));
+    QCOMPARE(CatalogueFiles::read(m_out + text("/display/Themes/film.gif")),
+             SmallSource::animation());
+}
+
+void TestMvpublishBuild::editionsHaveTheirOwnFiles_data()
+{
+    QTest::addColumn<QString>("edition");
+    QTest::addColumn<QString>("version");
+    QTest::addColumn<QString>("display");
+    const auto row = [](const char* edition, const char* version, const char* display) {
+        QTest::newRow(edition) << text(edition) << text(version) << text(display);
+    };
+    row("standard", "resource_version_v3.xml", "resource_display.xml");
+    row("1", "resource_version_aff_v2.xml", "resource_display_aff.xml");
+    row("2", "resource_version_v2.xml", "resource_display.xml");
+    row("3", "resource_version_aff_de_v2.xml", "resource_display_aff_de.xml");
+    row("4", "resource_version_aff_de_v2.xml", "resource_display_aff_de.xml");
+    row("5", "resource_version_aff_v2.xml", "resource_display_aff.xml");
+}
+
+void TestMvpublishBuild::editionsHaveTheirOwnFiles()
+{
+    QFETCH(QString, edition);
+    QFETCH(QString, version);
+    QFETCH(QString, display);
+    const SmallSource source(home("source"));
+    QCOMPARE(Mvpublish::build(source.folder(), m_out, {text("--edition"), edition}), QString());
+    QStringList expected{text("resource_config.xml"), version, display};
+    expected.sort();
+    QCOMPARE(QDir(m_out + text("/ResourceConfig")).entryList(QDir::Files), expected);
+}
+
+void TestMvpublishBuild::editionsShareFiles()
+{
+    const SmallSource source(home("source"));
+    QStringList options;
+    for (const char* edition : {"standard", "1", "2", "3", "4", "5"})
+        options << text("--edition") << text(edition);
+    QCOMPARE(Mvpublish::build(source.folder(), m_out, options), QString());
+    QCOMPARE(QDir(m_out + text("/ResourceConfig")).entryList(QDir::Files).size(), 1 + 3 + 4);
+}
+
+void TestMvpublishBuild::sumsBelongToTheCatalogues()
+{
+    const SmallSource source(home("source"));
+    QCOMPARE(Mvpublish::build(source.folder(), m_out,
+                              {text("--edition"), text("2"), text("--edition"), text("3")}),
+             QString());
+    const QString folder = m_out + text("/ResourceConfig/resource_");
+    const auto sumOf = [](const QString& file) {
+        return QString::fromLatin1(md5(CatalogueFiles::read(file)));
+    };
+    for (const auto& pair :
+         {qMakePair(text("version_v2.xml"), text("display.xml")),
+          qMakePair(text("version_aff_de_v2.xml"), text("display_aff_de.xml"))}) {
+        const QDomElement root = parse(folder + pair.first);
+        QCOMPARE(root.attribute(text("value")), text("1.2.0"));
+        QCOMPARE(root.firstChildElement(text("dislplay")).attribute(text("value")),
+                 sumOf(folder + pair.second));
+        QCOMPARE(root.firstChildElement(text("config")).attribute(text("value")),
+                 sumOf(folder + text("config.xml")));
+    }
+}
+
+/// Whatever the clock, the time zone, the place, and the order in which files came into being.
+void TestMvpublishBuild::sameSourceGivesTheSameBytes()
+{
+    const SmallSource source(home("source"));
+    QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
+    const auto first = contentOf(m_out);
+    const QString elsewhere = home("elsewhere");
+    QDir(elsewhere).removeRecursively();
+    QVERIFY(QDir().mkpath(elsewhere));
+    QStringList files = CatalogueFiles::filesBelow(source.folder());
+    std::reverse(files.begin(), files.end());
+    for (const QString& file : qAsConst(files)) {
+        CatalogueFiles::write(elsewhere + QLatin1Char('/') + file,
+                              CatalogueFiles::read(source.file(file)));
+        QFile copy(elsewhere + QLatin1Char('/') + file);
+        QVERIFY(copy.open(QIODevice::ReadWrite));
+        copy.setFileTime(QDateTime::fromSecsSinceEpoch(1000000000), QFile::FileModificationTime);
+    }
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(text("TZ"), text("Pacific/Chatham"));
+    environment.insert(text("LC_ALL"), text("C"));
+    process.setProcessEnvironment(environment);
+    const QString other = m_out + text("2");
+    process.start(Mvpublish::program(), {text("build"), elsewhere, other});
+    QCOMPARE(ConsoleProgram::end(process).status, 0);
+    QVERIFY(contentOf(other) == first);
+}
+
+void TestMvpublishBuild::archivesHoldTheFolder()
+{
+    const SmallSource source(home("source"));
+    QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
+    const QByteArray archive = CatalogueFiles::read(
+        m_out + text("/config/Motions/") + SmallSource::guid(text("zoom")) + text("/pack.zip"));
+    QVERIFY(archive.startsWith("PK\x03\x04"));
+    // Sorted, and the first day that the format knows as the date of each.
+    QVERIFY(archive.indexOf("a.txt") > 0);
+    QVERIFY(archive.indexOf("a.txt") < archive.indexOf("b/settings.json"));
+    QCOMPARE(archive.mid(10, 4).toHex(), QByteArray("00002100"));
+    QVERIFY(archive.size() < 400 + 200); // 400 bytes of repeated text are packed
+}
+
+void TestMvpublishBuild::namesInTheConfigCatalogueAreEncoded()
+{
+    const SmallSource source(home("source"));
+    QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
+    const QDomElement root = parse(m_out + text("/ResourceConfig/resource_config.xml"));
+    const QDomElement theme = root.firstChildElement(text("Theme")).firstChildElement(text("Item"));
+    const QString guid = SmallSource::guid(text("film"));
+    QString encoded = guid;
+    encoded.replace(text("{"), text("%7B")).replace(text("}"), text("%7D"));
+    QCOMPARE(theme.firstChildElement(text("GUID")).text(), guid);
+    QCOMPARE(theme.firstChildElement(text("UrlCnf")).text(),
+             text("/Themes/") + encoded + text(".xml"));
+    QCOMPARE(texts(theme, "Url"),
+             (QStringList{text("/Themes/") + encoded + text("/pack.zip"),
+                          text("/Themes/") + encoded + text("/notes/read%20me.txt"),
+                          text("/ThemesBgm/Slow%20Song.mp3")}));
+}
+
+void TestMvpublishBuild::builtInItemsHavePlainNames()
+{
+    const SmallSource source(home("source"));
+    source.set(text("film"), "builtIn", true);
+    QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
+    const QDomElement theme =
+        parse(m_out + text("/ResourceConfig/resource_config.xml")).firstChildElement(text("Theme"));
+    QCOMPARE(texts(theme, "UrlCnf"), QStringList{SmallSource::guid(text("film")) + text(".xml")});
+    QCOMPARE(texts(theme, "Url"),
+             (QStringList{text("pack.zip"), text("notes/read me.txt"),
+                          text("/ThemesBgm/Slow%20Song.mp3")}));
+}
+
+void TestMvpublishBuild::displayCatalogueFollowsTheOrder()
+{
+    const SmallSource source(home("source"));
+    const auto names = [this] {
+        return texts(parse(m_out + text("/ResourceConfig/resource_display.xml"))
+                         .firstChildElement(text("Filter")),
+                     "Name");
+    };
+    QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
+    QCOMPARE(names(), (QStringList{text("None"), text("My look"), text("My title")})); // by folder
+    source.set(text("title"), "order", -1);
+    QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
+    QCOMPARE(names(), (QStringList{text("None"), text("My title"), text("My look")}));
+}
+
+void TestMvpublishBuild::displayEntriesOfAKind()
+{
+    const SmallSource source(home("source"));
+    QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
+    const QDomElement root = parse(m_out + text("/ResourceConfig/resource_display.xml"));
+    const QDomElement filters = root.firstChildElement(text("Filter"));
+    QCOMPARE(texts(filters, "IsText"), (QStringList{text("0"), text("1")}));
+    QCOMPARE(texts(filters, "UrlThumb"),
+             (QStringList{text("None.png"), text("look 1.png"), text("title 1.png")}));
+    const QDomElement themes = root.firstChildElement(text("Theme"));
+    QStringList types;
+    for (QDomElement group = themes.firstChildElement(); !group.isNull();
+         group = group.nextSiblingElement()) {
+        QCOMPARE(group.tagName(), text("Group"));
+        types.append(group.attribute(text("Type")));
+        QCOMPARE(texts(group, "Name"),
+                 types.constLast() == text("travel") ? QStringList{text("My film")}
+                                                     : QStringList());
+    }
+    QCOMPARE(types,
+             (QStringList{text("festivals"), text("travel"), text("banquets"), text("others")}));
+    QCOMPARE(texts(themes, "UrlGif"), QStringList{text("film.gif")});
+}
+
+void TestMvpublishBuild::noneEntriesComeFirst()
+{
+    const SmallSource source(home("source"));
+    QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
+    const QDomElement root = parse(m_out + text("/ResourceConfig/resource_display.xml"));
+    const QString none = text("{25DA2554-DB68-4026-ACE1-3EDDA71DA6D4}");
+    for (const char* kind : {"Filter", "Transition", "Motion", "Theme", "BgMaterial"}) {
+        const QStringList guids = texts(root.firstChildElement(text(kind)), "GUID");
+        const bool has = text(kind) == text("Filter") || text(kind) == text("BgMaterial");
+        QCOMPARE(guids.count(none), has ? 1 : 0);
+        QCOMPARE(guids.constFirst() == none, has);
+    }
+    QVERIFY(
+        !texts(parse(m_out + text("/ResourceConfig/resource_config.xml")), "GUID").contains(none));
+}
+
+void TestMvpublishBuild::namesByAudience()
+{
+    const SmallSource source(home("source"));
+    source.set(text("paper"), "names",
+               QJsonObject{{text("aff_de"), text("Mein Papier ß")}, {text("aff"), text("Paper!")}});
+    source.set(QString(), "noneNames", QJsonObject{{text("aff_de"), text("Ohne")}});
+    QCOMPARE(Mvpublish::build(source.folder(), m_out,
+                              {text("--edition"), text("standard"), text("--edition"), text("5"),
+                               text("--edition"), text("4")}),
+             QString());
+    const auto names = [this](const char* file) {
+        return texts(parse(m_out + text("/ResourceConfig/resource_display") + text(file))
+                         .firstChildElement(text("BgMaterial")),
+                     "Name");
+    };
+    QCOMPARE(names(".xml"), (QStringList{text("None"), text("My paper")}));
+    QCOMPARE(names("_aff.xml"), (QStringList{text("None"), text("Paper!")}));
+    QCOMPARE(names("_aff_de.xml"), (QStringList{text("Ohne"), text("Mein Papier ß")}));
+}
+
+void TestMvpublishBuild::themeConfigHoldsItsSlots()
+{
+    const SmallSource source(home("source"));
+    QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
+    SThemes_a* theme = nullptr;
+    MVThemeMgr::init()->read_resource_config_Themes_a(
+        m_out + text("/config/Themes/") + SmallSource::guid(text("film")) + text(".xml"), theme);
+    QVERIFY(theme);
+    QCOMPARE(theme->m_qsGUID, SmallSource::guid(text("film")));
+    QCOMPARE(theme->m_qsName, text("My film"));
+    QCOMPARE(theme->m_vecItems.size(), 2);
+    const SThemes_a::SDependArray& scene = theme->m_vecItems.constFirst();
+    QCOMPARE(scene.at(eDependType_Text).m_qsGUID, QString());
+    QCOMPARE(scene.at(eDependType_Filter).m_qsGUID, SmallSource::guid(text("look")));
+    QCOMPARE(scene.at(eDependType_Filter).m_mapAttr.value(text("Strength")), text("0.5"));
+    QCOMPARE(scene.at(eDependType_Element).m_qsGUID, SmallSource::guid(text("look")));
+    QCOMPARE(scene.at(eDependType_Transition).m_qsGUID, SmallSource::guid(text("fade")));
+    QCOMPARE(scene.at(eDependType_ImageMotion).m_qsGUID, SmallSource::guid(text("zoom")));
+    QCOMPARE(theme->m_aStart.at(eDependType_Text).m_qsGUID, SmallSource::guid(text("title")));
+    QCOMPARE(theme->m_aStart.at(eDependType_Text).m_mapAttr.value(text("Content")),
+             text("Hello & <you>"));
+    QCOMPARE(theme->m_aEnd.at(eDependType_Text).m_mapAttr.value(text("Content")), text("Bye"));
+    QCOMPARE(theme->m_aMask.at(eDependType_Filter).m_qsGUID, SmallSource::guid(text("look")));
+}
+
+void TestMvpublishBuild::definitionComesFromTheManifest()
+{
+    const SmallSource source(home("source"));
+    QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
+    const QDomElement root = parse(m_out + text("/config/VideoFilters/")
+                                   + SmallSource::guid(text("look")) + text(".xml"));
+    QCOMPARE(root.tagName(), text("VideoFilter"));
+    QCOMPARE(texts(root, "GUID"), QStringList{SmallSource::guid(text("look"))});
+    QCOMPARE(texts(root, "Name"), QStringList{text("My look")});
+    QCOMPARE(texts(root, "Family"), QStringList{text("look")});
+    QCOMPARE(texts(root, "Resource"), (QStringList{text("pack.zip"), text("notes/read me.txt")}));
+    const QDomElement parameter =
+        root.firstChildElement(text("Parameters")).firstChildElement(text("Parameter"));
+    QCOMPARE(parameter.attribute(text("Name")), text("Tone"));
+    QCOMPARE(parameter.attribute(text("Value")), text("0.8"));
+    const QDomElement list = parse(m_out + text("/config/VideoFilters/VideoFilters.xml"));
+    QCOMPARE(texts(list, "File"),
+             (QStringList{SmallSource::guid(text("look")) + text(".xml"),
+                          SmallSource::guid(text("title")) + text(".xml")}));
+}
+
+void TestMvpublishBuild::ownDefinitionIsPublishedAsItStands()
+{
+    const SmallSource source(home("source"));
+    const QByteArray own = "<Look>\r\n\t<Shader/></Look>";
+    CatalogueFiles::write(source.file(text("look/own.xml")), own);
+    source.set(text("look"), "definition", text("own.xml"));
+    QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
+    QCOMPARE(CatalogueFiles::read(m_out + text("/config/VideoFilters/")
+                                  + SmallSource::guid(text("look")) + text(".xml")),
+             own);
+}
+
+void TestMvpublishBuild::ownNonePicturesArePublished()
+{
+    const SmallSource source(home("source"));
+    for (const char* name : {"None.png", "Classical.png", "Elegance.png", "Calm.png"})
+        CatalogueFiles::write(source.file(text("none/") + text(name)), name);
+    QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
+    QCOMPARE(CatalogueFiles::read(m_out + text("/display/VideoFilters/Calm.png")),
+             QByteArray("Calm.png"));
+    QCOMPARE(CatalogueFiles::read(m_out + text("/display/BgMaterial/None.png")),
+             QByteArray("None.png"));
+}
+
+void TestMvpublishBuild::reportsWhatItWrote()
+{
+    const SmallSource source(home("source"));
+    const Outcome outcome =
+        Mvpublish::run({text("build"), source.folder(), m_out, text("--edition"), text("2"),
+                        text("--edition"), text("standard")});
+    QCOMPARE(outcome.status, 0);
+    QCOMPARE(outcome.err, QByteArray());
+    const int files = CatalogueFiles::filesBelow(m_out).size();
+    const QRegularExpression form(
+        QRegularExpression::escape(m_out)
+        + text(": 6 items, %1 files, [0-9.]+ kB, for 2, standard").arg(files));
+    QVERIFY2(form.match(outcome.lines().constFirst()).hasMatch(), outcome.out.constData());
+}
+
+void TestMvpublishBuild::filesThatStayKeepTheirDates()
+{
+    const SmallSource source(home("source"));
+    QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
+    const QDateTime before = QDateTime::fromSecsSinceEpoch(1500000000);
+    const QStringList files = CatalogueFiles::filesBelow(m_out);
+    for (const QString& name : files) {
+        QFile file(m_out + QLatin1Char('/') + name);
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        QVERIFY(file.setFileTime(before, QFile::FileModificationTime));
+    }
+    source.set(text("paper"), "name", text("Other paper"));
+    QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
+    QStringList changed;
+    for (const QString& name : files) {
+        if (QFileInfo(m_out + QLatin1Char('/') + name).lastModified() != before)
+            changed.append(name);
+    }
+    QCOMPARE(changed,
+             (QStringList{text("ResourceConfig/resource_display.xml"),
+                          text("ResourceConfig/resource_version_v3.xml"),
+                          text("config/BgMaterial/") + SmallSource::guid(text("paper"))
+                              + text(".xml")}));
+}
+
+void TestMvpublishBuild::replacedTreeHoldsNothingOld()
+{
+    const SmallSource source(home("source"));
+    QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
+    QVERIFY(QDir(source.file(text("paper"))).removeRecursively());
+    QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
+    QVERIFY(CatalogueFiles::filesBelow(m_out).filter(SmallSource::guid(text("paper"))).isEmpty());
+    QCOMPARE(QDir(QFileInfo(m_out).path())
+                 .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+             QStringList{text("tree")});
+}
+
+void TestMvpublishBuild::publishedFilesAreReadable()
+{
+    const SmallSource source(home("source"));
+    const QString thumbnail = source.file(text("look/look 1.png"));
+    QVERIFY(QFile::setPermissions(thumbnail, QFile::ReadOwner | QFile::WriteOwner));
+    QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
+    const QStringList files = CatalogueFiles::filesBelow(m_out);
+    for (const QString& file : files) {
+        const QFile::Permissions permissions = QFile::permissions(m_out + QLatin1Char('/') + file);
+        QVERIFY2(permissions.testFlag(QFile::ReadOther), qPrintable(file));
+    }
+}
+
+/// While trees replace each other, whoever opens the place finds a whole one.
+void TestMvpublishBuild::readersNeverMeetHalfATree()
+{
+    const SmallSource source(home("source"));
+    QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
+    QSet<QByteArray> seen;
+    for (int round = 0; round < 6; ++round) {
+        source.set(text("paper"), "name", QString::number(round));
+        QProcess process;
+        process.start(Mvpublish::program(), {text("build"), source.folder(), m_out});
+        while (process.state() != QProcess::NotRunning) {
+            const OpenTree tree(m_out);
+            QVERIFY(tree.isOpen());
+            const QByteArray version = tree.read("ResourceConfig/resource_version_v3.xml");
+            const QByteArray display = tree.read("ResourceConfig/resource_display.xml");
+            // The old folder is emptied once the new one is in its place.
+            if (version.isEmpty() || display.isEmpty())
+                QVERIFY(!OpenTree(m_out).read("ResourceConfig/resource_version_v3.xml").isEmpty());
+            else
+                QVERIFY(version.contains(md5(display)));
+            seen.insert(version);
+            process.waitForFinished(1);
+        }
+        QCOMPARE(process.exitCode(), 0);
+    }
+    QVERIFY(seen.size() > 1);
+}
+
+void TestMvpublishBuild::leftoversOfAKilledRunAreCleared()
+{
+    const SmallSource source(home("source"));
+    CatalogueFiles::write(QFileInfo(m_out).path() + text("/.tree.new/config/half.xml"), "half");
+    QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
+    QVERIFY(CatalogueFiles::filesBelow(m_out).filter(text("half")).isEmpty());
+    QVERIFY(!QFileInfo::exists(QFileInfo(m_out).path() + text("/.tree.new")));
+}
+
+/// A server's configuration may name a link; it stays one.
+void TestMvpublishBuild::placeThatIsALink()
+{
+    const SmallSource source(home("source"));
+    const QString real = m_out + text("-real");
+    QVERIFY(QDir().mkpath(real));
+    QVERIFY(QFile::link(real, m_out));
+    QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
+    QVERIFY(QFileInfo(m_out).isSymLink());
+    QVERIFY(QFileInfo::exists(real + text("/ResourceConfig/resource_config.xml")));
+}
+
+void TestMvpublishBuild::installation()
+{
+    const SmallSource source(home("source"));
+    source.set(text("film"), "installed", true);
+    source.set(text("zoom"), "builtIn", true);
+    source.set(text("film"), "names", QJsonObject{{text("installed"), text("Old film")}});
+    QCOMPARE(Mvpublish::build(source.folder(), m_out, {text("--installed")}), QString());
+    const QString config = m_out + text("/ResourceConfig/resource_config.xml");
+    const QString display = m_out + text("/ResourceConfig/resource_display.xml");
+    // Shown: what is marked and what is built in. Known: what that uses, too.
+    QCOMPARE(texts(parse(display), "Name"),
+             (QStringList{text("None"), text("My zoom"), text("Old film"), text("None")}));
+    QCOMPARE(texts(parse(config), "GUID"),
+             (QStringList{SmallSource::guid(text("look")), SmallSource::guid(text("title")),
+                          SmallSource::guid(text("fade")), SmallSource::guid(text("zoom")),
+                          SmallSource::guid(text("film"))}));
+    const QDomElement version = parse(m_out + text("/ResourceConfig/resource_version.xml"));
+    QCOMPARE(version.firstChildElement(text("dislplay")).attribute(text("value")),
+             Utils::getMD5(display));
+    QCOMPARE(version.firstChildElement(text("config")).attribute(text("value")),
+             Utils::getMD5(config));
+    QCOMPARE(CatalogueFiles::read(m_out + text("/ResourceConfig/ThemeType.json")).simplified(),
+             QByteArray("{ \"banquets\": [ ], \"festivals\": [ ], \"travel\": [ \"")
+                 + SmallSource::guid(text("film")).toUtf8() + "\" ] }");
+    const QString zoom = text("Motions/") + SmallSource::guid(text("zoom"));
+    const QStringList files = CatalogueFiles::filesBelow(m_out);
+    QVERIFY(files.contains(zoom + text(".xml")));
+    QVERIFY(files.contains(zoom + text("/pack.zip")));
+    QVERIFY(files.contains(text("display/Themes/film.gif")));
+    QVERIFY(files.filter(text("Themes/{")).isEmpty()); // it is still to be fetched
+}
+
+MV_TEST_MAIN(TestMvpublishBuild)
+#include "tst_mvpublish_build.moc"

@@ -1,0 +1,331 @@
+#include "Mvpublish.h"
+#include "SmallSource.h"
+#include "support/CatalogueFiles.h"
+#include "support/TestMain.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QLockFile>
+
+#include <functional>
+
+namespace {
+
+using Change = std::function<void(const SmallSource&)>;
+
+QString text(const char* utf8)
+{
+    return QString::fromUtf8(utf8);
+}
+
+QString home(const char* name)
+{
+    return TestHome::path() + QLatin1Char('/') + text(name);
+}
+
+Change set(const char* item, const char* key, const QJsonValue& value)
+{
+    return [=](const SmallSource& source) { source.set(text(item), key, value); };
+}
+
+QJsonValue nothing()
+{
+    return QJsonValue(QJsonValue::Undefined);
+}
+
+QJsonObject slot(const char* name, const QString& item)
+{
+    return {{text(name), QJsonObject{{text("item"), item}}}};
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Change)
+
+/// mvpublish build, where the source is at fault or the place is not fit.
+class TestMvpublishFaults : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void sourceIsRefused_data();
+    void sourceIsRefused();
+    void everyFaultIsReported();
+    void refusedSourceLeavesTheTree();
+    void refusesThePlace_data();
+    void refusesThePlace();
+    void refusesAPlaceThatIsBeingWritten();
+    void failedWriteLeavesTheTree();
+
+private:
+    static void manifestRows();
+    static void themeRows();
+    static void fileRows();
+};
+
+void TestMvpublishFaults::manifestRows()
+{
+    const auto row = [](const char* name, const Change& change, const char* message) {
+        QTest::newRow(name) << change << QByteArray(message);
+    };
+    row("no GUID", set("look", "guid", nothing()), "look/item.json: \"guid\" is missing");
+    row("small letters", set("look", "guid", text("{abcdef01-2345-4789-ABCD-000000000001}")),
+        "look/item.json: \"guid\" is not a GUID in braces and capitals");
+    row("no braces", set("look", "guid", text("ABCDEF01-2345-4789-ABCD-000000000001")),
+        "look/item.json: \"guid\" is not a GUID in braces and capitals");
+    row("tail", set("look", "guid", text("{ABCDEF01-2345-4789-ABCD-000000000001}/../x")),
+        "look/item.json: \"guid\" is not a GUID in braces and capitals");
+    row("zeros", set("look", "guid", text("{00000000-0000-0000-0000-000000000000}")),
+        "look/item.json: \"guid\" is not a GUID in braces and capitals");
+    row("same GUID", set("paper", "guid", SmallSource::guid(text("look"))),
+        "paper: has the GUID of look; take a fresh one");
+    row("GUID of none", set("paper", "guid", text("{25DA2554-DB68-4026-ACE1-3EDDA71DA6D4}")),
+        "paper: has the GUID of the \"none\" entry; take a fresh one");
+    row("no kind", set("look", "kind", nothing()), "look/item.json: \"kind\" is missing");
+    row("unknown kind", set("look", "kind", text("effect")),
+        "look/item.json: \"kind\" is none of filter, transition, motion, theme, bgmaterial");
+    row("empty name", set("look", "name", QString()), "look/item.json: \"name\" is empty");
+    row("name is a number", set("look", "name", 7), "look/item.json: \"name\" is not a text");
+    row("name with a tab", set("look", "name", text("a\tb")),
+        "look/item.json: a name holds characters that cannot be shown");
+    row("names for nobody", set("look", "names", QJsonObject{{text("fr"), text("x")}}),
+        "look/item.json: \"names\": \"fr\" is none of standard, aff, aff_de, installed");
+    row("text of another kind", set("zoom", "text", text("yes")),
+        "zoom/item.json: \"text\" is not true or false");
+    row("order with a fraction", set("zoom", "order", 1.5),
+        "zoom/item.json: \"order\" is not a whole number");
+    row("files is a text", set("zoom", "files", text("a.zip")),
+        "zoom/item.json: \"files\" is not a list");
+    row("files holds a number", set("zoom", "files", QJsonArray{7}),
+        "zoom/item.json: \"files\" is not a list of texts");
+    row("parameters hold a number", set("zoom", "parameters", QJsonObject{{text("a"), 7}}),
+        "zoom/item.json: \"parameters\" is not an object of texts");
+    row("unknown field", set("zoom", "thumbnial", text("x")),
+        "zoom/item.json: \"thumbnial\" means nothing here");
+    row("field of another kind", set("zoom", "scenes", QJsonArray()),
+        "zoom/item.json: \"scenes\" means nothing here");
+    row(
+        "no JSON",
+        [](const SmallSource& source) {
+            CatalogueFiles::write(source.file(text("zoom/item.json")),
+                                  "{\n  \"guid\": \"\",\n  x\n}");
+        },
+        "zoom/item.json:3: unterminated object");
+    row(
+        "a list",
+        [](const SmallSource& source) {
+            CatalogueFiles::write(source.file(text("zoom/item.json")), "[]");
+        },
+        "zoom/item.json: is no JSON object");
+    row(
+        "no manifest of the source",
+        [](const SmallSource& source) { QFile::remove(source.file(text("catalogue.json"))); },
+        "catalogue.json: cannot be read");
+    row("no version", set("", "version", nothing()), "catalogue.json: \"version\" is missing");
+    row("version with a letter", set("", "version", text("1.2b")),
+        "catalogue.json: \"version\" is not numbers with dots, as in 1.0.2");
+    row("unknown field of the source", set("", "edition", text("1")),
+        "catalogue.json: \"edition\" means nothing here");
+}
+
+void TestMvpublishFaults::themeRows()
+{
+    const auto row = [](const char* name, const Change& change, const char* message) {
+        QTest::newRow(name) << change << QByteArray(message);
+    };
+    row("no type", set("film", "type", nothing()), "film/item.json: \"type\" is missing");
+    row("unknown type", set("film", "type", text("Travel")),
+        "film/item.json: \"type\" is none of festivals, travel, banquets, others");
+    row("scene is a text", set("film", "scenes", QJsonArray{text("x")}),
+        "film/item.json: scene 1 is no object");
+    row("unknown slot", set("film", "scenes", QJsonArray{QJsonObject(), slot("Sound", text("x"))}),
+        "film/item.json: scene 2: \"Sound\" means nothing here");
+    row("slot without an item",
+        set("film", "scenes", QJsonArray{QJsonObject{{text("Filter"), QJsonObject()}}}),
+        "film/item.json: scene 1: Filter: \"item\" is missing");
+    row("unknown item", set("film", "mask", slot("Filter", text("blur"))),
+        "film: uses \"blur\", which is no item");
+    row("item of another kind", set("film", "scenes", QJsonArray{slot("Filter", text("zoom"))}),
+        "film: uses \"zoom\" as a filter, but it is a motion");
+    row("itself", set("film", "scenes", QJsonArray{slot("Filter", text("film"))}),
+        "film: uses \"film\" as a filter, but it is a theme");
+    row("filter at the start", set("film", "start", slot("Filter", text("look"))),
+        "film/item.json: \"start\" has slots that are never read");
+    row("text in the mask", set("film", "mask", slot("Text", text("text/title"))),
+        "film/item.json: \"mask\" has slots that are never read");
+}
+
+void TestMvpublishFaults::fileRows()
+{
+    const auto row = [](const char* name, const Change& change, const char* message) {
+        QTest::newRow(name) << change << QByteArray(message);
+    };
+    row("no thumbnail", set("look", "thumbnail", nothing()),
+        "look/item.json: \"thumbnail\" is missing");
+    row("theme without animation", set("film", "animation", nothing()),
+        "film/item.json: \"animation\" is missing");
+    row("missing thumbnail", set("look", "thumbnail", text("other.png")),
+        "look: other.png is missing");
+    row("missing file", set("look", "files", QJsonArray{text("other.bin")}),
+        "look: other.bin is missing");
+    row("missing archive", set("look", "files", QJsonArray{text("other.zip")}),
+        "look: other.zip is missing");
+    row("missing shared file", set("look", "shared", QJsonArray{text("ThemesBgm/no.mp3")}),
+        "look: ThemesBgm/no.mp3 is missing");
+    row("missing definition", set("look", "definition", text("no.xml")), "look: no.xml is missing");
+    row("up", set("look", "files", QJsonArray{text("../film/film.gif")}),
+        "look: the file name \"../film/film.gif\" is not a plain path below its folder");
+    row("absolute", set("look", "files", QJsonArray{text("/etc/passwd")}),
+        "look: the file name \"/etc/passwd\" is not a plain path below its folder");
+    row("backslash", set("look", "files", QJsonArray{text("a\\b")}),
+        "look: the file name \"a\\b\" holds characters that not every client can store");
+    row(
+        "link out of the source",
+        [](const SmallSource& source) {
+            CatalogueFiles::write(home("secret.txt"), "secret");
+            QFile::link(home("secret.txt"), source.file(text("look/link.txt")));
+            source.set(text("look"), "files", QJsonArray{text("link.txt")});
+        },
+        "look: link.txt is missing");
+    row(
+        "thumbnail in a folder",
+        [](const SmallSource& source) {
+            CatalogueFiles::write(source.file(text("look/a/b.png")), "x");
+            source.set(text("look"), "thumbnail", text("a/b.png"));
+        },
+        "look: a/b.png: a preview lies in the item's own folder");
+    row(
+        "thumbnail of another item",
+        [](const SmallSource& source) {
+            CatalogueFiles::write(source.file(text("look/Title 1.PNG")), "x");
+            source.set(text("look"), "thumbnail", text("Title 1.PNG"));
+        },
+        "text/title: publishes VideoFilters/title 1.png, as look does; give it another name");
+    row(
+        "thumbnail of none",
+        [](const SmallSource& source) {
+            CatalogueFiles::write(source.file(text("paper/Calm.png")), "x");
+            source.set(text("paper"), "thumbnail", text("Calm.png"));
+        },
+        "paper: publishes Calm.png, as the \"none\" entry does; give it another name");
+    row(
+        "own none pictures, one missing",
+        [](const SmallSource& source) {
+            for (const char* name : {"None.png", "Classical.png", "Elegance.png"})
+                CatalogueFiles::write(source.file(text("none/") + text(name)), "x");
+        },
+        "none/Calm.png: is missing");
+}
+
+void TestMvpublishFaults::sourceIsRefused_data()
+{
+    QTest::addColumn<Change>("change");
+    QTest::addColumn<QByteArray>("message");
+    manifestRows();
+    themeRows();
+    fileRows();
+}
+
+void TestMvpublishFaults::sourceIsRefused()
+{
+    QFETCH(Change, change);
+    QFETCH(QByteArray, message);
+    const SmallSource source(home("source"));
+    change(source);
+    const Outcome outcome = Mvpublish::run({text("build"), source.folder(), home("out")});
+    QCOMPARE(outcome.err, "mvpublish: " + message + '\n');
+    QCOMPARE(outcome.out, QByteArray());
+    QCOMPARE(outcome.status, 1);
+    QVERIFY(!QFileInfo::exists(home("out")));
+}
+
+void TestMvpublishFaults::everyFaultIsReported()
+{
+    const SmallSource source(home("source"));
+    source.set(text("look"), "name", nothing());
+    source.set(text("zoom"), "order", text("first"));
+    const Outcome outcome = Mvpublish::run({text("build"), source.folder(), home("out")});
+    QCOMPARE(outcome.err,
+             QByteArray("mvpublish: look/item.json: \"name\" is missing\n"
+                        "mvpublish: zoom/item.json: \"order\" is not a whole number\n"));
+    QCOMPARE(outcome.status, 1);
+}
+
+void TestMvpublishFaults::refusedSourceLeavesTheTree()
+{
+    const SmallSource source(home("source"));
+    const QString out = home("kept");
+    QCOMPARE(Mvpublish::build(source.folder(), out), QString());
+    const QStringList before = CatalogueFiles::filesBelow(out);
+    source.set(text("look"), "name", nothing());
+    QVERIFY(!Mvpublish::build(source.folder(), out).isEmpty());
+    QCOMPARE(CatalogueFiles::filesBelow(out), before);
+}
+
+void TestMvpublishFaults::refusesThePlace_data()
+{
+    QTest::addColumn<QString>("source");
+    QTest::addColumn<QString>("out");
+    QTest::addColumn<QString>("message");
+    const QString source = home("source");
+    const QString within = text("SOURCE and OUT lie within each other");
+    QTest::newRow("no source") << home("nowhere") << home("out")
+                               << text("no such folder: ") + home("nowhere");
+    QTest::newRow("in the source") << source << source + text("/out") << within;
+    QTest::newRow("the source itself") << source << source << within;
+    QTest::newRow("around the source") << source << TestHome::path() << within;
+    CatalogueFiles::write(home("foreign/letter.txt"), "dear");
+    QTest::newRow("holds something else")
+        << source << home("foreign")
+        << home("foreign") + text(" is there and holds no tree; it is left as it is");
+    QTest::newRow("a file") << source << home("foreign/letter.txt")
+                            << home("foreign/letter.txt")
+            + text(" is there and holds no tree; it is left as it is");
+    QTest::newRow("no parent") << source << home("no/where")
+                               << text("nothing can be written beside ") + home("no/where");
+}
+
+void TestMvpublishFaults::refusesThePlace()
+{
+    QFETCH(QString, source);
+    QFETCH(QString, out);
+    QFETCH(QString, message);
+    const SmallSource small(home("source"));
+    const QStringList before = CatalogueFiles::filesBelow(TestHome::path());
+    const Outcome outcome = Mvpublish::run({text("build"), source, out});
+    QCOMPARE(QString::fromUtf8(outcome.err), text("mvpublish: ") + message + QLatin1Char('\n'));
+    QCOMPARE(outcome.status, 2);
+    QCOMPARE(CatalogueFiles::filesBelow(TestHome::path()), before);
+}
+
+void TestMvpublishFaults::refusesAPlaceThatIsBeingWritten()
+{
+    const SmallSource source(home("source"));
+    QLockFile other(home(".busy.lock"));
+    QVERIFY(other.lock());
+    const Outcome outcome = Mvpublish::run({text("build"), source.folder(), home("busy")});
+    QCOMPARE(QString::fromUtf8(outcome.err),
+             text("mvpublish: ") + home("busy") + text(" is being written by another run\n"));
+    QCOMPARE(outcome.status, 2);
+}
+
+/// An archive of nothing is found when it is packed: the tree beside goes, the old one stays.
+void TestMvpublishFaults::failedWriteLeavesTheTree()
+{
+    const SmallSource source(home("source"));
+    const QString out = home("whole");
+    QCOMPARE(Mvpublish::build(source.folder(), out), QString());
+    const QStringList before = CatalogueFiles::filesBelow(out);
+    QVERIFY(QDir(source.file(text("zoom/pack"))).removeRecursively());
+    QVERIFY(QDir().mkpath(source.file(text("zoom/pack"))));
+    const Outcome outcome = Mvpublish::run({text("build"), source.folder(), out});
+    QCOMPARE(QString::fromUtf8(outcome.err),
+             text("mvpublish: ") + source.file(text("zoom/pack")) + text(" holds no files\n"));
+    QCOMPARE(outcome.status, 2);
+    QCOMPARE(CatalogueFiles::filesBelow(out), before);
+    QVERIFY(!QFileInfo::exists(home(".whole.new")));
+}
+
+MV_TEST_MAIN(TestMvpublishFaults)
+#include "tst_mvpublish_faults.moc"

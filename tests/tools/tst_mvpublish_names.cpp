@@ -1,0 +1,99 @@
+#include "catalogue/MVThemeMgr.h"
+#include "download/CheckWorker_CfgAndDisplayXML.h"
+#include "Editions.h"
+#include "host/HostSettings.h"
+#include "Kinds.h"
+#include "SourceItem.h"
+#include "support/TestMain.h"
+
+#include <QDir>
+
+/// The names that mvpublish writes are those that the library asks for.
+class TestMvpublishNames : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void kindsAreTheLibrarys();
+    void editionsAskForTheirFiles();
+    void standardFilesAreNamedLikeTheLibrarys();
+    void kindListsLieWhereTheLibraryNamesThem();
+};
+
+void TestMvpublishNames::kindsAreTheLibrarys()
+{
+    MVThemeMgr& library = *MVThemeMgr::init();
+    QCOMPARE(Kinds::all().size(), int(eCfgItem_Resource));
+    for (int i = 0; i < Kinds::all().size(); ++i) {
+        const Kind& kind = Kinds::all().at(i);
+        QCOMPARE(int(kind.type), i);
+        QCOMPARE(kind.group, library.getCfgItemTypeStr(kind.type));
+        for (const MVThemeMgr::EDirTag half :
+             {MVThemeMgr::eDirTag_Config, MVThemeMgr::eDirTag_Display}) {
+            const QString folder =
+                library.Path_resource_Dir(MVThemeMgr::eLoadDir_Download, half, kind.type);
+            QCOMPARE(kind.folder, QDir(folder).dirName());
+        }
+        SCfg_Item item;
+        item.m_eType = kind.type;
+        item.m_qsGUID = QStringLiteral("{ABCDEF01-2345-4789-ABCD-000000000001}");
+        item.m_info_Thumb.m_qsUrl = QStringLiteral("a.png");
+        item.m_info_Gif.m_qsUrl = QStringLiteral("a.gif");
+        QCOMPARE(Kinds::needsThumbnail(kind.type), !library.doItem_Info_Thumb(item));
+        QCOMPARE(Kinds::needsAnimation(kind.type), !library.doItem_Info_Gif(item));
+    }
+}
+
+void TestMvpublishNames::editionsAskForTheirFiles()
+{
+    hostSettings().productParams.insert(QStringLiteral("url_themeRootDir"),
+                                        QStringLiteral("http://server"));
+    CheckWorker_CfgAndDisplayXML worker;
+    const QString folder =
+        QStringLiteral("http://server/") + Editions::catalogueFolder + QLatin1Char('/');
+    for (const Edition& edition : Editions::all()) {
+        const int number = edition.name.toInt();
+        hostSettings().partnerEditions = number == 0 ? QSet<int>() : QSet<int>{number};
+        QCOMPARE(worker.getSerThemeXMLPath(EType_XML_resource_version_xml),
+                 folder + edition.versionFile);
+        QCOMPARE(worker.getSerThemeXMLPath(EType_XML_resource_display_xml),
+                 folder + edition.displayFile);
+        QCOMPARE(worker.getSerThemeXMLPath(EType_XML_resource_config_xml),
+                 folder + Editions::configFile);
+    }
+    QCOMPARE(Editions::all().size(), 6);
+    QCOMPARE(Editions::all().constFirst().name, QStringLiteral("standard"));
+}
+
+void TestMvpublishNames::standardFilesAreNamedLikeTheLibrarys()
+{
+    MVThemeMgr& library = *MVThemeMgr::init();
+    const MVThemeMgr::ELoadDir installed = MVThemeMgr::eLoadDir_Local;
+    const QString folder = library.Path_resource_RootDir(installed) + QLatin1Char('/')
+        + Editions::catalogueFolder + QLatin1Char('/');
+    QCOMPARE(library.Path_resource_version_xml(installed), folder + Editions::installedVersionFile);
+    QCOMPARE(library.Path_resource_xml(installed, MVThemeMgr::eDirTag_Config),
+             folder + Editions::configFile);
+    QCOMPARE(library.Path_resource_xml(installed, MVThemeMgr::eDirTag_Display),
+             folder + Editions::installedDisplayFile);
+}
+
+void TestMvpublishNames::kindListsLieWhereTheLibraryNamesThem()
+{
+    CheckWorker_CfgAndDisplayXML worker;
+    const QVector<QPair<ECfgItemType, EType_XML>> lists{
+        {eCfgItem_Filter, EType_XML_VideoFilters_xml},
+        {eCfgItem_Transition, EType_XML_Transitions_xml},
+        {eCfgItem_Motion, EType_XML_Motions_xml}};
+    for (const auto& list : lists) {
+        const Kind& kind = Kinds::of(list.first);
+        QVERIFY(kind.hasList);
+        QVERIFY(worker.getSerThemeXMLPath(list.second)
+                    .endsWith(QStringLiteral("/config/%1/%1.xml").arg(kind.folder)));
+    }
+    QVERIFY(!Kinds::of(eCfgItem_Theme).hasList);
+    QVERIFY(!Kinds::of(eCfgItem_BgMaterial).hasList);
+}
+
+MV_TEST_MAIN(TestMvpublishNames)
+#include "tst_mvpublish_names.moc"
