@@ -189,6 +189,7 @@ void ReadTree::readCategory(const QDomElement& root, ECfgItemType kind, DisplayC
         entry.type = kind;
         entry.guid = childText(element, QStringLiteral("GUID"));
         entry.line = element.lineNumber();
+        entry.themeType = element.parentNode().toElement().attribute(QStringLiteral("Type"));
         entry.animation = childText(element, QStringLiteral("UrlGif"));
         entry.known = next < shown.size() && shown.at(next).m_qsGUID == entry.guid;
         if (entry.known)

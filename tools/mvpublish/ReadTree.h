@@ -28,6 +28,7 @@ struct DisplayEntry
     /// The library shows it: the config catalogue holds it, or it is the "none" entry.
     bool known = false;
     SCfg_Item item;    ///< as the library reads it, if it is known
+    QString themeType; ///< of its group, as it stands
     QString animation; ///< what "UrlGif" says, also where the library does not look at it
 };
 

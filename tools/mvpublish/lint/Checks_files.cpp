@@ -41,7 +41,8 @@ bool isAddressRight(LintContext& context, const SFileInfo& info, const NamedBy& 
         context.report("encoding", by.catalogue, by.line, by.item,
                        QStringLiteral("the name %1 cannot stand in an address").arg(name),
                        QStringLiteral("write %1")
-                           .arg(QString::fromLatin1(QUrl::toPercentEncoding(name, "/%"))));
+                           .arg(QString::fromLatin1(QUrl::toPercentEncoding(
+                               QUrl::fromPercentEncoding(name.toUtf8()), "/"))));
         return false;
     }
     if (context.tree().addressLeadsToFile(info))
@@ -62,15 +63,19 @@ QString existing(LintContext& context, const SFileInfo& info, const NamedBy& by,
                  bool fetched)
 {
     const QString file = context.tree().fileOf(info);
+    // Several catalogues may say the same of an item.
+    const bool isNews = context.isFirstLook(by.item + QLatin1Char('\n') + info.m_qsUrl);
+    if (file.isEmpty() && !isNews)
+        return QString();
     if (file.isEmpty()) {
         context.report("outside", by.catalogue, by.line, by.item,
                        QStringLiteral("the name %1 leads out of the tree").arg(info.m_qsUrl),
                        QStringLiteral("no client fetches it; name a file below the tree"));
         return QString();
     }
-    if (fetched && !isAddressRight(context, info, by))
-        return QString();
     context.use(file);
+    if (fetched && isNews && !isAddressRight(context, info, by))
+        return QString();
     if (QFileInfo(context.tree().absolute(file)).isFile())
         return file;
     if (needed && context.isFirstLook(file))
@@ -102,6 +107,7 @@ void checkDefinition(LintContext& context, SCfg_Item& item, const NamedBy& by, b
     ReadTree::library().doItem_Info_CfgXML(item);
     SFileInfo& definition = item.m_info_CfgXML;
     bool needed = builtIn == context.tree().isInstallation();
+    bool fetched = !builtIn;
     if (definition.m_qsUrl.isEmpty()) {
         if (item.m_eType == eCfgItem_Theme)
             context.report("no-name", by.catalogue, by.line, by.item,
@@ -117,11 +123,25 @@ void checkDefinition(LintContext& context, SCfg_Item& item, const NamedBy& by, b
                            QStringLiteral("take a fresh GUID"));
         definition.m_qsFile = definitionPath(item);
         needed = false;
+        fetched = false;
     }
-    const QString file = existing(context, definition, by, needed, !builtIn);
+    const QString file = existing(context, definition, by, needed, fetched);
     // Themes are looked at as themes.
     if (!file.isEmpty() && item.m_eType != eCfgItem_Theme && context.isFirstLook(file))
         Checks::isReadable(context, file, by.item);
+}
+
+/// An item without a GUID has no files for the library; its own are not called unused as well.
+void useNames(LintContext& context, const SCfg_Item& item)
+{
+    QVector<SFileInfo> named = item.m_vecResource;
+    named.append(item.m_info_CfgXML);
+    for (SFileInfo& info : named) {
+        info.m_qsFile = ReadTree::library().Path_resource_Dir(MVThemeMgr::eLoadDir_Download,
+                                                              MVThemeMgr::eDirTag_Config)
+            + QString::fromUtf8(QByteArray::fromPercentEncoding(info.m_qsUrl.toUtf8()));
+        context.use(context.tree().fileOf(info));
+    }
 }
 
 void checkItem(LintContext& context, const ConfigEntry& entry)
@@ -129,8 +149,10 @@ void checkItem(LintContext& context, const ConfigEntry& entry)
     SCfg_Item item = entry.item;
     MVThemeMgr& library = ReadTree::library();
     const QString& guid = item.m_qsGUID;
-    if (!Guids::isProper(guid))
+    if (!Guids::isGuid(guid)) {
+        useNames(context, item);
         return;
+    }
     const NamedBy by{ReadTree::catalogue(Editions::configFile), entry.line, context.label(guid)};
     // Built-in items come with the application, all others from the server.
     const bool builtIn = library.isLocal_Theme(item) == MVThemeMgr::eLoadDir_Local;
@@ -168,7 +190,7 @@ void checkPreview(LintContext& context, const SFileInfo& info, const NamedBy& by
     const bool isAnimation = info.m_qsUrl.endsWith(QLatin1String(".gif"), Qt::CaseInsensitive);
     if (!info.m_qsUrl.isEmpty())
         checkPicture(context, existing(context, info, by, needed, true), by.item, isAnimation);
-    else if (needed)
+    else if (needed && context.isFirstLook(by.item + QLatin1Char('\n')))
         context.report("no-name", by.catalogue, by.line, by.item,
                        QStringLiteral("the item names no thumbnail or no animation"),
                        QStringLiteral("without both it is not shown"));
@@ -203,8 +225,11 @@ void checkEntry(LintContext& context, const DisplayCatalogue& display, const Dis
 {
     const NamedBy by{display.file, entry.line, context.label(entry.guid)};
     SCfg_Item item = entry.item;
-    if (!entry.known || !Guids::isProper(entry.guid))
+    if (!entry.known || !Guids::isGuid(entry.guid)) {
+        for (const QString& name : {item.m_info_Thumb.m_qsUrl, entry.animation})
+            context.use(context.tree().fileOf(spareRecord(entry, name)));
         return;
+    }
     if (entry.guid == Guids::none)
         checkNonePictures(context, entry, by);
     ReadTree::library().doItem_Info_Thumb(item);

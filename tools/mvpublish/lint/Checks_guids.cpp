@@ -116,64 +116,72 @@ void checkNone(LintContext& context, const DisplayCatalogue& display, const Kind
                        QStringLiteral("without it users cannot take a choice back; list it first"));
 }
 
+bool isThemeType(const QString& type)
+{
+    return ReadTree::library().Themetype(type) != 0 || type == QLatin1String("others");
+}
+
 void checkTypes(LintContext& context, const DisplayCatalogue& display)
 {
     for (const auto& group : display.groups) {
-        const bool known = ReadTree::library().Themetype(group.first) != 0
-            || group.first == QLatin1String("others");
-        if (!known)
+        if (!isThemeType(group.first))
             context.report("theme-type", display.file, group.second, QString(),
                            QStringLiteral("\"%1\" is no theme type").arg(group.first),
                            QStringLiteral("use festivals, travel, banquets or others"));
     }
 }
 
-/// What a display catalogue says of an item, apart from its name, which editions may translate.
-QString presentation(const DisplayEntry& entry)
+/// Whether two catalogues say the same of an item, apart from its name, which editions translate.
+bool saySame(const DisplayEntry& a, const DisplayEntry& b)
 {
-    return QStringLiteral("%1|%2|%3|%4")
-        .arg(entry.item.m_info_Thumb.m_qsUrl, entry.animation)
-        .arg(entry.item.m_bIsText ? 1 : 0)
-        .arg(entry.item.m_nThemeType);
+    const bool typesAgree =
+        a.themeType == b.themeType || !isThemeType(a.themeType) || !isThemeType(b.themeType);
+    return typesAgree && a.animation == b.animation && a.item.m_bIsText == b.item.m_bIsText
+        && a.item.m_info_Thumb.m_qsUrl == b.item.m_info_Thumb.m_qsUrl;
 }
 
 using Entries = QHash<QPair<int, QString>, const DisplayEntry*>;
 
+/// Faults of a GUID are reported as such, so that they do not count here.
+QPair<int, QString> keyOf(const DisplayEntry& entry)
+{
+    return qMakePair(int(entry.type), entry.guid.toUpper());
+}
+
 Entries entriesOf(const DisplayCatalogue& display)
 {
     Entries entries;
-    for (const DisplayEntry& entry : display.entries) {
-        if (entry.known)
-            entries.insert(qMakePair(int(entry.type), entry.guid), &entry);
-    }
+    for (const DisplayEntry& entry : display.entries)
+        entries.insert(keyOf(entry), &entry);
     return entries;
+}
+
+/// Reports what `display` lists and `other` does not.
+void reportMissing(LintContext& context, const DisplayCatalogue& display,
+                   const DisplayCatalogue& other, const QString& advice)
+{
+    const Entries listed = entriesOf(other);
+    for (const DisplayEntry& entry : display.entries) {
+        if (entry.known && entry.guid != Guids::none && !listed.contains(keyOf(entry)))
+            context.report("editions", other.file, 0, context.label(entry.guid),
+                           QStringLiteral("does not list the item, but %1 does").arg(display.file),
+                           advice);
+    }
 }
 
 void compare(LintContext& context, const DisplayCatalogue& first, const DisplayCatalogue& other)
 {
     const QString advice = QStringLiteral("editions differ in names only; build the tree anew");
     const Entries known = entriesOf(first);
-    Entries left = known;
+    reportMissing(context, first, other, advice);
+    reportMissing(context, other, first, advice);
     for (const DisplayEntry& entry : other.entries) {
-        if (!entry.known)
-            continue;
-        const auto key = qMakePair(int(entry.type), entry.guid);
-        const DisplayEntry* const same = known.value(key);
-        left.remove(key);
-        if (!same)
-            context.report("editions", other.file, entry.line, context.label(entry.guid),
-                           QStringLiteral("%1 does not list the item").arg(first.file), advice);
-        else if (presentation(*same) != presentation(entry))
+        const DisplayEntry* const same = known.value(keyOf(entry));
+        if (entry.known && same && same->known && !saySame(entry, *same))
             context.report("editions", other.file, entry.line, context.label(entry.guid),
                            QStringLiteral("%1 says something else of its previews, its type or "
                                           "whether it is a text")
                                .arg(first.file),
-                           advice);
-    }
-    for (const DisplayEntry& entry : first.entries) {
-        if (left.value(qMakePair(int(entry.type), entry.guid)) == &entry)
-            context.report("editions", other.file, 0, context.label(entry.guid),
-                           QStringLiteral("does not list the item, but %1 does").arg(first.file),
                            advice);
     }
 }

@@ -74,7 +74,7 @@ void Checks::themes(LintContext& context)
 {
     for (const ConfigEntry& entry : context.tree().config(eCfgItem_Theme)) {
         SCfg_Item item = entry.item;
-        if (!Guids::isProper(item.m_qsGUID))
+        if (!Guids::isGuid(item.m_qsGUID))
             continue;
         // A GUID that is reserved has no config to fetch, but its file may be there.
         ReadTree::library().doItem_Info_CfgXML(item);

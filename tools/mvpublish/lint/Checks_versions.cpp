@@ -28,10 +28,15 @@ void checkSum(LintContext& context, const VersionFile& version, const QString& a
                    QStringLiteral("clients refuse the catalogue until they agree; ") + rebuild);
 }
 
-void checkContent(LintContext& context, const VersionFile& version)
+bool hasVersion(const VersionFile& version)
 {
     static const QRegularExpression dotted(QStringLiteral("\\A[0-9]+(\\.[0-9]+)*\\z"));
-    if (!dotted.match(version.version).hasMatch())
+    return dotted.match(version.version).hasMatch();
+}
+
+void checkContent(LintContext& context, const VersionFile& version)
+{
+    if (!hasVersion(version))
         context.report("version", version.file, 0, QString(),
                        QStringLiteral("\"%1\" is no version").arg(version.version),
                        QStringLiteral("give the root element a value of numbers with dots, the one "
@@ -64,6 +69,7 @@ void Checks::versions(LintContext& context)
         context.use(display.file);
         checkCatalogue(context, display.file);
     }
+    const VersionFile* first = nullptr;
     for (const VersionFile& version : tree.versions()) {
         context.use(version.file);
         const bool isXml = checkCatalogue(context, version.file);
@@ -75,11 +81,14 @@ void Checks::versions(LintContext& context)
         checkContent(context, version);
         checkSum(context, version, version.displaySum, version.displayFile);
         checkSum(context, version, version.configSum, config);
-        if (version.version != tree.versions().constFirst().version)
+        if (!hasVersion(version))
+            continue;
+        if (!first)
+            first = &version;
+        if (version.version != first->version)
             context.report("editions", version.file, 0, QString(),
                            QStringLiteral("has the version %1, but %2 has %3")
-                               .arg(version.version, tree.versions().constFirst().file,
-                                    tree.versions().constFirst().version),
+                               .arg(version.version, first->file, first->version),
                            QStringLiteral("the editions share one config catalogue; ") + rebuild);
     }
     if (tree.versions().isEmpty())

@@ -26,11 +26,62 @@ QString sizeFault(const QSize& size)
     return QString();
 }
 
+QByteArray contentOf(const QString& file)
+{
+    QFile in(file);
+    return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray();
+}
+
+/// A GIF block by block; the decoder plays what there is of a cut one.
+class GifBlocks
+{
+public:
+    explicit GifBlocks(const QByteArray& content)
+        : m_content(content)
+    {
+    }
+
+    bool reachEnd()
+    {
+        constexpr int header = 13;
+        m_at = header + colours(at(header - 3));
+        while (m_at < m_content.size() && at(m_at) != trailer) {
+            if (at(m_at) == extension) {
+                m_at += 2;
+            } else {
+                constexpr int imageHeader = 10;
+                m_at += imageHeader + colours(at(m_at + imageHeader - 1)) + 1;
+            }
+            skipData();
+        }
+        return m_at < m_content.size();
+    }
+
+private:
+    static constexpr int trailer = 0x3b;
+    static constexpr int extension = 0x21;
+
+    int at(int position) const
+    {
+        return position < m_content.size() ? static_cast<unsigned char>(m_content.at(position)) : 0;
+    }
+    /// Bytes of the colour table that the flags announce.
+    static int colours(int flags) { return (flags & 0x80) != 0 ? 3 << ((flags & 7) + 1) : 0; }
+    void skipData()
+    {
+        while (at(m_at) != 0)
+            m_at += at(m_at) + 1;
+        ++m_at;
+    }
+
+    const QByteArray& m_content;
+    int m_at = 0;
+};
+
 /// The JPEG decoder fills what a cut file lacks and does not complain.
 bool isCutJpeg(const QString& file)
 {
-    QFile in(file);
-    return in.open(QIODevice::ReadOnly) && !in.readAll().contains("\xff\xd9");
+    return !contentOf(file).contains("\xff\xd9");
 }
 
 /// Asks for the size before the pixels: a hostile picture could fill the memory.
@@ -69,6 +120,11 @@ Verdict animation(const QString& file)
         return verdict;
     if (reader.format() != "gif") {
         verdict.broken = QStringLiteral("it is no GIF");
+        return verdict;
+    }
+    const QByteArray content = contentOf(file);
+    if (!GifBlocks(content).reachEnd()) {
+        verdict.broken = QStringLiteral("the file ends in the middle");
         return verdict;
     }
     const int frames = reader.imageCount();
