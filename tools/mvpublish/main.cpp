@@ -2,9 +2,11 @@
 
 #include "Arguments.h"
 #include "BuildCommand.h"
+#include "DiffCommand.h"
 #include "LintCommand.h"
 #include "NewCommand.h"
 #include "Output.h"
+#include "ServeCommand.h"
 
 #include <QCoreApplication>
 
@@ -16,6 +18,10 @@ int dispatch(const Arguments& arguments)
         return NewCommand::run(arguments);
     if (arguments.command == QLatin1String("lint"))
         return LintCommand::run(arguments);
+    if (arguments.command == QLatin1String("diff"))
+        return DiffCommand::run(arguments);
+    if (arguments.command == QLatin1String("serve"))
+        return ServeCommand::run(arguments);
     return BuildCommand::run(arguments);
 }
 

@@ -1,8 +1,11 @@
 #include "server/TreeServer.h"
 
+#include "server/TreeFile.h"
+
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <thread>
 
 #include <httplib.h>
@@ -17,6 +20,79 @@ void keepPortToOneself(int socket)
 {
     const int on = 1;
     ::setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
+}
+
+QByteArray header(const httplib::Request& request, const char* name)
+{
+    return QByteArray::fromStdString(request.get_header_value(name));
+}
+
+/// Fits the asked part to the file: at most one part, within the file. False: there is none.
+bool fitRange(httplib::Ranges& ranges, qint64 size)
+{
+    if (ranges.size() > 1)
+        ranges.clear(); // the whole file is a right answer too
+    if (ranges.empty())
+        return true;
+    auto& [first, last] = ranges.front();
+    if (first < 0) { // the last bytes
+        first = std::max<ssize_t>(0, size - last);
+        last = size - 1;
+    }
+    if (last < 0 || last >= size)
+        last = size - 1;
+    return first <= last;
+}
+
+void sendFile(const TreeFile& file, const httplib::Request& request, httplib::Response& response)
+{
+    const auto opened = std::make_shared<QFile>(file.path());
+    if (!opened->open(QIODevice::ReadOnly)) {
+        response.status = 404;
+        return;
+    }
+    // The request is httplib's own object, handed out as constant; it cuts the body by what it
+    // finds there, also beyond the end of the file.
+    httplib::Ranges& ranges = const_cast<httplib::Request&>(request).ranges;
+    if (!file.isSameAs(header(request, "If-Range")))
+        ranges.clear();
+    if (!fitRange(ranges, file.size())) {
+        ranges.clear();
+        response.status = 416;
+        response.set_header("Content-Range", "bytes */" + std::to_string(file.size()));
+        return;
+    }
+    const std::string type = file.contentType().toStdString();
+    if (file.size() == 0) {
+        response.set_content("", type);
+        return;
+    }
+    response.set_content_provider(
+        static_cast<size_t>(file.size()), type,
+        [opened](size_t offset, size_t length, httplib::DataSink& sink) {
+            constexpr size_t piece = 1 << 18;
+            if (!opened->seek(static_cast<qint64>(offset)))
+                return false;
+            const QByteArray part = opened->read(static_cast<qint64>(std::min(length, piece)));
+            return !part.isEmpty()
+                && sink.write(part.constData(), static_cast<size_t>(part.size()));
+        });
+}
+
+void answer(const QString& folder, const httplib::Request& request, httplib::Response& response)
+{
+    const TreeFile file(folder, QByteArray::fromStdString(request.path));
+    if (!file.exists()) {
+        response.status = 404;
+        return;
+    }
+    response.set_header("ETag", file.entityTag().toStdString());
+    response.set_header("Last-Modified", file.lastModified().toStdString());
+    response.set_header("Cache-Control", file.cacheControl().toStdString());
+    if (file.isKnown(header(request, "If-None-Match"), header(request, "If-Modified-Since")))
+        response.status = 304;
+    else
+        sendFile(file, request, response);
 }
 
 } // namespace
@@ -51,15 +127,18 @@ bool TreeServer::start(const QString& folder, quint16 port)
     stop();
     const QByteArray address = "127.0.0.1";
     auto server = std::make_unique<httplib::Server>();
-    if (!QFileInfo(folder).isDir()
-        || !server->set_mount_point("/", QFile::encodeName(folder).toStdString())) {
+    if (!QFileInfo(folder).isDir()) {
         d->errorText = QStringLiteral("%1 is not a folder").arg(folder);
         return false;
     }
     server->set_socket_options(&keepPortToOneself);
     server->set_keep_alive_max_count(1000000);
     server->set_keep_alive_timeout(1); // seconds; stop() waits that long for idle connections
-    server->set_file_extension_and_mimetype_mapping("zip", "application/zip");
+    server->Get(".*",
+                [root = QFileInfo(folder).absoluteFilePath()](const httplib::Request& request,
+                                                              httplib::Response& response) {
+                    answer(root, request, response);
+                });
     if (d->log) {
         server->set_logger(
             [log = d->log](const httplib::Request& request, const httplib::Response& response) {

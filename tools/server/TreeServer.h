@@ -8,9 +8,10 @@
 /// Serves the files below one folder over HTTP on loopback, from threads of its own inside the
 /// process. For demonstrations and tests: a production server is nginx or its like.
 ///
-/// Doubled slashes in an address count as one, so a server root may end in "/" or not. Nothing
-/// outside the folder is served by "..". All calls on one thread, except that the access log is
-/// called on the server's threads.
+/// Parts (Range) and the conditions of caches (ETag, Last-Modified) are understood. Doubled slashes
+/// in an address count as one, so a server root may end in "/" or not. Nothing outside the folder
+/// is served, neither by ".." nor through a link. All calls on one thread, except that the access
+/// log is called on the server's threads.
 class TreeServer
 {
 public:

@@ -1,14 +1,11 @@
 // mvserve: serves a resource server's tree on loopback, to try it out.
 
-#include "server/TreeServer.h"
+#include "server/ServeLoop.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
 
-#include <csignal>
 #include <cstdio>
-
-#include <pthread.h>
 
 namespace {
 
@@ -21,23 +18,10 @@ int fail(int status, const QString& text)
     return status;
 }
 
-void print(const QString& line)
-{
-    std::printf("%s\n", line.toLocal8Bit().constData());
-    std::fflush(stdout);
-}
-
 } // namespace
 
 int main(int argc, char** argv)
 {
-    // Blocked in every thread: this one waits for them.
-    sigset_t ends;
-    sigemptyset(&ends);
-    sigaddset(&ends, SIGINT);
-    sigaddset(&ends, SIGTERM);
-    pthread_sigmask(SIG_BLOCK, &ends, nullptr);
-
     const QCoreApplication application(argc, argv);
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral(
@@ -63,14 +47,9 @@ int main(int argc, char** argv)
     if (parser.positionalArguments().size() != 1)
         return fail(exitUsage, QStringLiteral("name one folder to serve"));
 
-    TreeServer server;
-    if (!parser.isSet(quietOption))
-        server.setAccessLog(&print);
-    if (!server.start(parser.positionalArguments().constFirst(), port))
-        return fail(exitFailure, server.errorText());
-    print(QStringLiteral("serving %1 at %2")
-              .arg(parser.positionalArguments().constFirst(), server.url()));
-    int signal = 0;
-    sigwait(&ends, &signal);
+    QString error;
+    if (!ServeLoop::run(parser.positionalArguments().constFirst(), port, parser.isSet(quietOption),
+                        &error))
+        return fail(exitFailure, error);
     return 0;
 }

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+/// Serves a folder from a console program until the program is interrupted.
+namespace ServeLoop {
+
+/// Prints "serving FOLDER at ADDRESS" and, unless `quiet`, a line per request, and returns after
+/// SIGINT or SIGTERM, which it blocks in the calling thread. False: it could not begin, `error`
+/// says why.
+bool run(const QString& folder, quint16 port, bool quiet, QString* error);
+
+} // namespace ServeLoop

@@ -1,0 +1,104 @@
+#include "server/TreeFile.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+#include <QLocale>
+#include <QStringList>
+
+namespace {
+
+const QString httpDate = QStringLiteral("ddd, dd MMM yyyy hh:mm:ss 'GMT'");
+
+/// The path below the folder, with a slash in front of every part; empty if it leads above.
+QString below(const QByteArray& address)
+{
+    QStringList parts;
+    const QStringList given = QString::fromUtf8(address.constData(), address.size())
+                                  .split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    for (const QString& part : given) {
+        if (part == QLatin1String("."))
+            continue;
+        if (part != QLatin1String(".."))
+            parts.append(part);
+        else if (parts.isEmpty())
+            return QString();
+        else
+            parts.removeLast();
+    }
+    return QLatin1Char('/') + parts.join(QLatin1Char('/'));
+}
+
+QDateTime parsedDate(const QByteArray& text)
+{
+    QDateTime date = QLocale::c().toDateTime(QString::fromLatin1(text), httpDate);
+    date.setTimeSpec(Qt::UTC);
+    return date;
+}
+
+} // namespace
+
+TreeFile::TreeFile(const QString& folder, const QByteArray& address)
+{
+    const QString path = below(address);
+    // What is a part of a name here parts names elsewhere.
+    if (path.isEmpty() || path.contains(QLatin1Char('\\')) || path.contains(QChar(QChar::Null)))
+        return;
+    const QFileInfo file(folder + path);
+    const QString root = QFileInfo(folder).canonicalFilePath();
+    if (!file.isFile() || !file.canonicalFilePath().startsWith(root + QLatin1Char('/')))
+        return;
+    m_path = file.canonicalFilePath();
+    m_size = file.size();
+    const QDateTime modified = file.lastModified().toUTC();
+    m_modified = modified.toSecsSinceEpoch();
+    m_entityTag = '"' + QByteArray::number(modified.toMSecsSinceEpoch(), 16) + '-'
+        + QByteArray::number(m_size, 16) + '"';
+    m_lastModified = QLocale::c().toString(modified, httpDate).toLatin1();
+}
+
+QByteArray TreeFile::contentType() const
+{
+    struct Type
+    {
+        const char* suffix;
+        const char* name;
+    };
+    static const Type types[] = {
+        {".xml", "application/xml"}, {".zip", "application/zip"},   {".png", "image/png"},
+        {".jpg", "image/jpeg"},      {".jpeg", "image/jpeg"},       {".gif", "image/gif"},
+        {".mp3", "audio/mpeg"},      {".json", "application/json"}, {".txt", "text/plain"}};
+    for (const Type& type : types) {
+        if (m_path.endsWith(QLatin1String(type.suffix), Qt::CaseInsensitive))
+            return type.name;
+    }
+    return "application/octet-stream";
+}
+
+QByteArray TreeFile::cacheControl() const
+{
+    const bool isVersion =
+        QFileInfo(m_path).fileName().startsWith(QLatin1String("resource_version"));
+    return isVersion ? "no-store" : "no-cache";
+}
+
+bool TreeFile::isKnown(const QByteArray& ifNoneMatch, const QByteArray& ifModifiedSince) const
+{
+    if (ifNoneMatch.isEmpty()) {
+        const QDateTime since = parsedDate(ifModifiedSince);
+        return since.isValid() && since.toSecsSinceEpoch() >= m_modified;
+    }
+    const QList<QByteArray> tags = ifNoneMatch.split(',');
+    for (const QByteArray& given : tags) {
+        QByteArray tag = given.trimmed();
+        if (tag.startsWith("W/"))
+            tag = tag.mid(2);
+        if (tag == "*" || tag == m_entityTag)
+            return true;
+    }
+    return false;
+}
+
+bool TreeFile::isSameAs(const QByteArray& ifRange) const
+{
+    return ifRange.isEmpty() || ifRange == m_entityTag || ifRange == m_lastModified;
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/// A file below a served folder, and what HTTP says of it.
+class TreeFile
+{
+public:
+    /// The file that the decoded path of an address names. Doubled slashes count as one; a path
+    /// that leads out of the folder, by ".." or through a link, names nothing.
+    TreeFile(const QString& folder, const QByteArray& address);
+
+    bool exists() const { return !m_path.isEmpty(); }
+    QString path() const { return m_path; }
+    qint64 size() const { return m_size; }
+
+    QByteArray contentType() const;
+    /// Changes whenever the file does.
+    QByteArray entityTag() const { return m_entityTag; }
+    QByteArray lastModified() const { return m_lastModified; }
+    /// How long a cache may keep it: a version file not at all, the rest until the server is asked.
+    QByteArray cacheControl() const;
+
+    /// Whether a client that has what these headers say needs no body. Empty: no such header.
+    bool isKnown(const QByteArray& ifNoneMatch, const QByteArray& ifModifiedSince) const;
+    /// Whether a part may be sent to a client that has what this header says.
+    bool isSameAs(const QByteArray& ifRange) const;
+
+private:
+    QString m_path;
+    qint64 m_size = 0;
+    qint64 m_modified = 0; // seconds
+    QByteArray m_entityTag;
+    QByteArray m_lastModified;
+};
