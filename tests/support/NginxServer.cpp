@@ -70,6 +70,7 @@ http {
     server {
         listen 127.0.0.1:%2;
         root %3;
+        %4
     }
 }
 )";
@@ -117,7 +118,9 @@ bool NginxServer::startOn(quint16 port, const QString& tree, const QString& work
     QFile conf(file);
     if (!conf.open(QIODevice::WriteOnly))
         return false;
-    conf.write(QString::fromLatin1(configuration).arg(work).arg(port).arg(tree).toUtf8());
+    const QString more =
+        m_include.isEmpty() ? QString() : QStringLiteral("include %1;").arg(m_include);
+    conf.write(QString::fromLatin1(configuration).arg(work).arg(port).arg(tree, more).toUtf8());
     conf.close();
     m_process.start(program(),
                     {QStringLiteral("-e"), QStringLiteral("stderr"), QStringLiteral("-p"), work,

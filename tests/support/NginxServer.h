@@ -16,6 +16,9 @@ public:
     /// Where nginx is installed; empty: it is not.
     static QString program();
 
+    /// A file with directives for the server, beside those of its own. Call it before start().
+    void include(const QString& file) { m_include = file; }
+
     /// Serves `tree`; writes its own files into `work`, which is created. False: errorText().
     bool start(const QString& tree, const QString& work);
     QString errorText() const { return m_error; }
@@ -38,6 +41,7 @@ private:
 
     Process m_process;
     quint16 m_port = 0;
+    QString m_include;
     QString m_work;
     QString m_error;
 };

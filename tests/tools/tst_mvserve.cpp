@@ -1,19 +1,13 @@
 #include "ConsoleProgram.h"
+#include "RawClient.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
 
 #include <QDir>
 #include <QRegularExpression>
 
-#include <algorithm>
-#include <array>
 #include <csignal>
 #include <memory>
-
-#include <arpa/inet.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 namespace {
 
@@ -22,73 +16,6 @@ constexpr int longestMs = 20000;
 QString text(const char* latin1)
 {
     return QString::fromLatin1(latin1);
-}
-
-/// A connection to a port of loopback that asks for addresses as they are given.
-class Client
-{
-public:
-    explicit Client(quint16 port)
-        : m_socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
-    {
-        sockaddr_in address = {};
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        address.sin_port = htons(port);
-        m_connected =
-            ::connect(m_socket, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
-    }
-    ~Client() { ::close(m_socket); }
-    Q_DISABLE_COPY_MOVE(Client)
-
-    bool isConnected() const { return m_connected; }
-
-    /// Header and body of the answer; the server closes the connection behind it.
-    QByteArray get(const QByteArray& target)
-    {
-        ask(target, "close");
-        QByteArray answer;
-        while (receive(answer)) { }
-        return answer;
-    }
-    /// The beginning of the answer; the connection stays open.
-    QByteArray begin(const QByteArray& target)
-    {
-        ask(target, "keep-alive");
-        QByteArray answer;
-        receive(answer);
-        return answer;
-    }
-
-private:
-    void ask(const QByteArray& target, const QByteArray& connection) const
-    {
-        const QByteArray request = "GET " + target
-            + " HTTP/1.1\r\nHost: 127.0.0.1\r\nConnection: " + connection + "\r\n\r\n";
-        const ssize_t sent = ::send(m_socket, request.constData(),
-                                    static_cast<size_t>(request.size()), MSG_NOSIGNAL);
-        Q_UNUSED(sent)
-    }
-    bool receive(QByteArray& answer) const
-    {
-        std::array<char, 4096> part = {};
-        const ssize_t count = ::recv(m_socket, part.data(), part.size(), 0);
-        answer.append(part.data(), static_cast<int>(std::max<ssize_t>(count, 0)));
-        return count > 0;
-    }
-
-    int m_socket;
-    bool m_connected = false;
-};
-
-int statusOf(const QByteArray& answer)
-{
-    return answer.split(' ').value(1).toInt();
-}
-
-QByteArray bodyOf(const QByteArray& answer)
-{
-    return answer.mid(answer.indexOf("\r\n\r\n") + 4);
 }
 
 } // namespace
@@ -123,7 +50,7 @@ private slots:
 
 private:
     void start(const QStringList& options = {});
-    QByteArray get(const QByteArray& target) const { return Client(m_port).get(target); }
+    QByteArray get(const QByteArray& target) const { return RawClient(m_port).get(target); }
 
     QString m_tree;
     std::unique_ptr<QProcess> m_process;
@@ -189,15 +116,15 @@ void TestMvserve::servesFiles()
     QFETCH(QByteArray, body);
     start();
     const QByteArray answer = get(target);
-    QCOMPARE(statusOf(answer), 200);
-    QCOMPARE(bodyOf(answer), body);
+    QCOMPARE(RawClient::status(answer), 200);
+    QCOMPARE(RawClient::body(answer), body);
 }
 
 void TestMvserve::answers404()
 {
     start();
-    QCOMPARE(statusOf(get("/b.txt")), 404);
-    QCOMPARE(statusOf(get("/folder")), 404);
+    QCOMPARE(RawClient::status(get("/b.txt")), 404);
+    QCOMPARE(RawClient::status(get("/folder")), 404);
 }
 
 void TestMvserve::servesNothingOutside_data()
@@ -215,9 +142,9 @@ void TestMvserve::servesNothingOutside()
     QFETCH(QByteArray, target);
     start();
     const QByteArray answer = get(target);
-    QVERIFY(statusOf(answer) >= 400);
-    QVERIFY2(!bodyOf(answer).contains("secret"), answer.constData());
-    QCOMPARE(statusOf(get("/a.txt")), 200); // and goes on
+    QVERIFY(RawClient::status(answer) >= 400);
+    QVERIFY2(!RawClient::body(answer).contains("secret"), answer.constData());
+    QCOMPARE(RawClient::status(get("/a.txt")), 200); // and goes on
 }
 
 void TestMvserve::listensOnLoopbackOnly()
@@ -247,7 +174,7 @@ void TestMvserve::printsRequests()
 void TestMvserve::quietPrintsOneLine()
 {
     start({text("--quiet")});
-    QCOMPARE(statusOf(get("/a.txt")), 200);
+    QCOMPARE(RawClient::status(get("/a.txt")), 200);
     ConsoleProgram::signal(*m_process, SIGTERM);
     const Outcome outcome = ConsoleProgram::end(*m_process);
     QCOMPARE(outcome.out, QByteArray());
@@ -262,7 +189,7 @@ void TestMvserve::takesThePortItIsTold()
     init();
     start({text("--port"), QString::number(port)});
     QCOMPARE(m_port, port);
-    QCOMPARE(statusOf(get("/a.txt")), 200);
+    QCOMPARE(RawClient::status(get("/a.txt")), 200);
 }
 
 void TestMvserve::busyPortIsAFailure()
@@ -274,7 +201,7 @@ void TestMvserve::busyPortIsAFailure()
              "mvserve: port " + QByteArray::number(m_port) + " of 127.0.0.1 is not free\n");
     QCOMPARE(outcome.out, QByteArray());
     QCOMPARE(outcome.status, 1);
-    QCOMPARE(statusOf(get("/a.txt")), 200);
+    QCOMPARE(RawClient::status(get("/a.txt")), 200);
 }
 
 void TestMvserve::endsOnASignal_data()
@@ -288,13 +215,13 @@ void TestMvserve::endsOnASignal()
 {
     QFETCH(int, signal);
     start();
-    Client waiting(m_port); // with a connection that stays open
-    QCOMPARE(statusOf(waiting.begin("/a.txt")), 200);
+    RawClient waiting(m_port); // with a connection that stays open
+    QCOMPARE(RawClient::status(waiting.begin("/a.txt")), 200);
     ConsoleProgram::signal(*m_process, signal);
     const Outcome outcome = ConsoleProgram::end(*m_process);
     QCOMPARE(outcome.status, 0);
     QCOMPARE(outcome.err, QByteArray());
-    QVERIFY(!Client(m_port).isConnected());
+    QVERIFY(!RawClient(m_port).isConnected());
 }
 
 void TestMvserve::failsForWhatIsNoFolder_data()

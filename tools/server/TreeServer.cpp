@@ -86,6 +86,7 @@ void answer(const QString& folder, const httplib::Request& request, httplib::Res
         response.status = 404;
         return;
     }
+    response.set_header("Accept-Ranges", "bytes");
     response.set_header("ETag", file.entityTag().toStdString());
     response.set_header("Last-Modified", file.lastModified().toStdString());
     response.set_header("Cache-Control", file.cacheControl().toStdString());

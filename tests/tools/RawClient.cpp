@@ -1,0 +1,81 @@
+#include "RawClient.h"
+
+#include <QList>
+
+#include <algorithm>
+#include <array>
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+RawClient::RawClient(quint16 port)
+    : m_socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
+{
+    sockaddr_in address = {};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    address.sin_port = htons(port);
+    m_connected = ::connect(m_socket, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
+}
+
+RawClient::~RawClient()
+{
+    ::close(m_socket);
+}
+
+QByteArray RawClient::get(const QByteArray& target, const QByteArray& fields,
+                          const QByteArray& method)
+{
+    ask(method, target, "Connection: close\r\n" + fields);
+    QByteArray answer;
+    while (receive(answer)) { }
+    return answer;
+}
+
+QByteArray RawClient::begin(const QByteArray& target)
+{
+    ask("GET", target, "Connection: keep-alive\r\n");
+    QByteArray answer;
+    receive(answer);
+    return answer;
+}
+
+int RawClient::status(const QByteArray& answer)
+{
+    return answer.split(' ').value(1).toInt();
+}
+
+QByteArray RawClient::field(const QByteArray& answer, const QByteArray& name)
+{
+    const QByteArray head = "\r\n" + answer.left(answer.indexOf("\r\n\r\n")) + "\r\n";
+    const int at = head.toLower().indexOf("\r\n" + name.toLower() + ':');
+    if (at < 0)
+        return QByteArray();
+    const int begin = at + name.size() + 3;
+    return head.mid(begin, head.indexOf("\r\n", begin) - begin).trimmed();
+}
+
+QByteArray RawClient::body(const QByteArray& answer)
+{
+    return answer.mid(answer.indexOf("\r\n\r\n") + 4);
+}
+
+void RawClient::ask(const QByteArray& method, const QByteArray& target,
+                    const QByteArray& fields) const
+{
+    const QByteArray request =
+        method + ' ' + target + " HTTP/1.1\r\nHost: 127.0.0.1\r\n" + fields + "\r\n";
+    const ssize_t sent =
+        ::send(m_socket, request.constData(), static_cast<size_t>(request.size()), MSG_NOSIGNAL);
+    Q_UNUSED(sent)
+}
+
+bool RawClient::receive(QByteArray& answer) const
+{
+    std::array<char, 4096> part = {};
+    const ssize_t count = ::recv(m_socket, part.data(), part.size(), 0);
+    answer.append(part.data(), static_cast<int>(std::max<ssize_t>(count, 0)));
+    return count > 0;
+}

@@ -1,0 +1,225 @@
+#include "Mvpublish.h"
+#include "RawClient.h"
+#include "SmallSource.h"
+#include "support/CatalogueFiles.h"
+#include "support/NginxServer.h"
+#include "support/TestMain.h"
+
+#include <QFile>
+#include <QUrl>
+
+namespace {
+
+QString text(const char* utf8)
+{
+    return QString::fromUtf8(utf8);
+}
+
+QString home(const char* name)
+{
+    return TestHome::path() + QLatin1Char('/') + text(name);
+}
+
+/// The theme's archive, as an address.
+QByteArray archive()
+{
+    return "/config/Themes/%7B" + SmallSource::guid(text("film")).mid(1, 36).toUtf8()
+        + "%7D/pack.zip";
+}
+
+} // namespace
+
+/// deploy/nginx.conf
+class TestMvpublishNginx : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+
+    void serves_data();
+    void serves();
+    void versionFileIsNeverKept();
+    void restIsKeptByItsTag_data();
+    void restIsKeptByItsTag();
+    void partsAreServed();
+    void onlyXmlIsCompressed();
+    void typesAreKnown();
+    void keepsToItself_data();
+    void keepsToItself();
+    void otherMethodsAreRefused();
+    void unchangedFilesKeepTheirTag();
+
+private:
+    QByteArray get(const QByteArray& target, const QByteArray& fields = QByteArray(),
+                   const QByteArray& method = "GET") const
+    {
+        return RawClient(static_cast<quint16>(QUrl(m_nginx.url()).port()))
+            .get(target, fields, method);
+    }
+
+    NginxServer m_nginx;
+};
+
+void TestMvpublishNginx::initTestCase()
+{
+    if (NginxServer::program().isEmpty())
+        QSKIP("nginx is not installed");
+    const SmallSource source(home("source"));
+    QCOMPARE(Mvpublish::build(source.folder(), home("tree")), QString());
+    CatalogueFiles::write(home("secret.txt"), "secret");
+    m_nginx.include(text(MV_DEPLOY "/nginx.conf"));
+    QVERIFY2(m_nginx.start(home("tree"), home("nginx")), qPrintable(m_nginx.errorText()));
+}
+
+void TestMvpublishNginx::serves_data()
+{
+    QTest::addColumn<QByteArray>("target");
+    QTest::newRow("catalogue") << QByteArray("/ResourceConfig/resource_config.xml");
+    QTest::newRow("doubled slash") << QByteArray("//ResourceConfig/resource_config.xml");
+    QTest::newRow("archive") << archive();
+    QTest::newRow("blank") << QByteArray("/config/ThemesBgm/Slow%20Song.mp3");
+    QTest::newRow("preview") << QByteArray("/display/Themes/film%201.png");
+    QTest::newRow("below a path, catalogue")
+        << QByteArray("/mv//ResourceConfig/resource_version_v3.xml");
+    QTest::newRow("below a path, archive") << "/mv" + archive();
+    QTest::newRow("root without a slash, catalogue")
+        << QByteArray("/mv/ResourceConfig/resource_config.xml");
+    QTest::newRow("root without a slash, archive") << "/mv" + archive().mid(1);
+    QTest::newRow("root without a slash, preview") << QByteArray("/mvdisplay/Themes/film%201.png");
+    QTest::newRow("root without a slash, music")
+        << QByteArray("/mvconfig/ThemesBgm/Slow%20Song.mp3");
+}
+
+void TestMvpublishNginx::serves()
+{
+    QFETCH(QByteArray, target);
+    QString name = QUrl::fromPercentEncoding(target);
+    name.remove(QRegularExpression(text("^/mv"))).replace(text("//"), text("/"));
+    const QByteArray answer = get(target);
+    QCOMPARE(RawClient::status(answer), 200);
+    const QByteArray published = CatalogueFiles::read(home("tree/") + name);
+    QVERIFY(!published.isEmpty());
+    QVERIFY(RawClient::body(answer) == published);
+}
+
+void TestMvpublishNginx::versionFileIsNeverKept()
+{
+    const QByteArray target = "/ResourceConfig/resource_version_v3.xml";
+    for (const char* prefix : {"", "/", "/mv", "/mv/"}) {
+        const QByteArray answer =
+            get(prefix + target,
+                "If-None-Match: *\r\nIf-Modified-Since: Fri, 01 Jan 2100 00:00:00 "
+                "GMT\r\nAccept-Encoding: gzip\r\n");
+        QCOMPARE(RawClient::status(answer), 200);
+        QCOMPARE(RawClient::field(answer, "Cache-Control"), QByteArray("no-store"));
+        QCOMPARE(RawClient::field(answer, "ETag"), QByteArray());
+        QCOMPARE(RawClient::field(answer, "Content-Encoding"), QByteArray());
+    }
+}
+
+void TestMvpublishNginx::restIsKeptByItsTag_data()
+{
+    QTest::addColumn<QByteArray>("target");
+    QTest::newRow("config catalogue") << QByteArray("/ResourceConfig/resource_config.xml");
+    QTest::newRow("display catalogue") << QByteArray("/ResourceConfig/resource_display.xml");
+    QTest::newRow("archive") << archive();
+    QTest::newRow("preview") << QByteArray("/display/Themes/film.gif");
+}
+
+void TestMvpublishNginx::restIsKeptByItsTag()
+{
+    QFETCH(QByteArray, target);
+    const QByteArray answer = get(target);
+    QCOMPARE(RawClient::field(answer, "Cache-Control"), QByteArray("no-cache"));
+    const QByteArray tag = RawClient::field(answer, "ETag");
+    QVERIFY(tag.startsWith('"'));
+    QVERIFY(!RawClient::field(answer, "Last-Modified").isEmpty());
+    QCOMPARE(RawClient::status(get(target, "If-None-Match: " + tag + "\r\n")), 304);
+    QCOMPARE(RawClient::status(get(target, "If-None-Match: \"other\"\r\n")), 200);
+}
+
+void TestMvpublishNginx::partsAreServed()
+{
+    const QByteArray whole = SmallSource::animation();
+    const QByteArray answer = get("/display/Themes/film.gif", "Range: bytes=100-\r\n");
+    QCOMPARE(RawClient::status(answer), 206);
+    QVERIFY(RawClient::body(answer) == whole.mid(100));
+    QCOMPARE(RawClient::status(get("/display/Themes/film.gif", "Range: bytes=9999999-\r\n")), 416);
+}
+
+void TestMvpublishNginx::onlyXmlIsCompressed()
+{
+    const QByteArray accepts = "Accept-Encoding: gzip\r\n";
+    const QByteArray catalogue = get("/ResourceConfig/resource_config.xml", accepts);
+    QCOMPARE(RawClient::field(catalogue, "Content-Encoding"), QByteArray("gzip"));
+    QCOMPARE(RawClient::field(catalogue, "Vary"), QByteArray("Accept-Encoding"));
+    for (const QByteArray& target : {archive(), QByteArray("/display/Themes/film.gif"),
+                                     QByteArray("/config/ThemesBgm/Slow%20Song.mp3")})
+        QCOMPARE(RawClient::field(get(target, accepts), "Content-Encoding"), QByteArray());
+    QCOMPARE(RawClient::field(get("/ResourceConfig/resource_config.xml"), "Content-Encoding"),
+             QByteArray());
+}
+
+void TestMvpublishNginx::typesAreKnown()
+{
+    const QVector<QPair<QByteArray, QByteArray>> types{
+        {"/ResourceConfig/resource_config.xml", "application/xml"},
+        {archive(), "application/zip"},
+        {"/display/Themes/film.gif", "image/gif"},
+        {"/display/Themes/film%201.png", "image/png"},
+        {"/config/ThemesBgm/Slow%20Song.mp3", "audio/mpeg"}};
+    for (const auto& type : types)
+        QCOMPARE(RawClient::field(get(type.first), "Content-Type"), type.second);
+}
+
+void TestMvpublishNginx::keepsToItself_data()
+{
+    QTest::addColumn<QByteArray>("target");
+    for (const char* target :
+         {"/../secret.txt", "/%2e%2e/secret.txt", "/config/..%2f..%2fsecret.txt", "/mvconfig/../..",
+          "/link.txt", "/", "/config/", "/display/Themes/", "/.hidden/a.txt", "/config/.a.txt",
+          "/secret.txt"})
+        QTest::newRow(target) << QByteArray(target);
+}
+
+void TestMvpublishNginx::keepsToItself()
+{
+    QFETCH(QByteArray, target);
+    CatalogueFiles::write(home("tree/.hidden/a.txt"), "secret");
+    CatalogueFiles::write(home("tree/config/.a.txt"), "secret");
+    QFile::link(home("secret.txt"), home("tree/link.txt"));
+    const QByteArray answer = get(target);
+    QVERIFY2(RawClient::status(answer) >= 400, answer.constData());
+    QVERIFY(!RawClient::body(answer).contains("secret"));
+}
+
+void TestMvpublishNginx::otherMethodsAreRefused()
+{
+    for (const char* method : {"PUT", "POST", "DELETE"}) {
+        for (const char* target :
+             {"/ResourceConfig/resource_config.xml", "/ResourceConfig/resource_version_v3.xml"})
+            QVERIFY(RawClient::status(get(target, "Content-Length: 0\r\n", method)) >= 400);
+    }
+}
+
+/// A new build under a running server: what is the same stays known to caches.
+void TestMvpublishNginx::unchangedFilesKeepTheirTag()
+{
+    const SmallSource source(home("source"));
+    source.set(text("paper"), "name", text("Other paper"));
+    const auto tagOf = [this](const QByteArray& target) {
+        return RawClient::field(get(target), "ETag");
+    };
+    const QByteArray changed = "/ResourceConfig/resource_display.xml";
+    const QByteArray same = "/display/Themes/film.gif";
+    const QByteArray changedTag = tagOf(changed);
+    const QByteArray sameTag = tagOf(same);
+    QCOMPARE(Mvpublish::build(source.folder(), home("tree")), QString());
+    QCOMPARE(tagOf(same), sameTag);
+    QVERIFY(tagOf(changed) != changedTag);
+    QVERIFY(RawClient::body(get(changed)).contains("Other paper"));
+}
+
+MV_TEST_MAIN(TestMvpublishNginx)
+#include "tst_mvpublish_nginx.moc"
