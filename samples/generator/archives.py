@@ -1,26 +1,10 @@
-"""The resource files of the items: archives with fixed dates, and background pictures."""
+"""The resource files of the items: what is packed into their archives, and background pictures."""
 
 import json
-import zipfile
 
 from . import looks
 from .media import magick, save_still
 from .model import BACKGROUND, FILTER, THEME
-
-EPOCH = (1980, 1, 1, 0, 0, 0)
-
-
-def _zip(target, members):
-    """Writes an archive; members maps a name to its bytes."""
-    target.parent.mkdir(parents=True, exist_ok=True)
-    with zipfile.ZipFile(target, "w") as archive:
-        for name, content in sorted(members.items()):
-            info = zipfile.ZipInfo(name, EPOCH)
-            info.create_system = 3
-            info.external_attr = 0o644 << 16
-            info.compress_type = zipfile.ZIP_DEFLATED
-            archive.writestr(info, content)
-
 
 def _json(content):
     return (json.dumps(content, indent=2) + "\n").encode("utf-8")
@@ -42,14 +26,18 @@ def _theme_members(theme, pictures, work):
     return {"cover.jpg": cover.read_bytes(), "titles.json": _json(titles)}
 
 
-def write_resource(item, pictures, target, work):
+def write_resource(item, pictures, folder, work):
+    """Writes a background's picture, or the folder that is packed into the archive of another item."""
+    folder.mkdir(parents=True, exist_ok=True)
     if item.kind is BACKGROUND:
-        target.parent.mkdir(parents=True, exist_ok=True)
-        magick(pictures[item.slug], "-strip", "-sampling-factor", "4:2:0", "-quality", "78", target)
+        magick(pictures[item.slug], "-strip", "-sampling-factor", "4:2:0", "-quality", "78", folder / item.kind.resource)
         return
     members = {"settings.json": _json({"name": item.name, "parameters": item.parameters})}
     if item.kind is FILTER:
         members.update(_filter_members(item, work))
     if item.kind is THEME:
         members.update(_theme_members(item, pictures, work))
-    _zip(target, members)
+    packed = folder / item.kind.resource.replace(".zip", "")
+    packed.mkdir()
+    for name, content in members.items():
+        (packed / name).write_bytes(content)

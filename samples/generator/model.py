@@ -2,28 +2,25 @@
 
 import uuid
 from dataclasses import dataclass, field
-from urllib.parse import quote
 
-NONE_GUID = "{25DA2554-DB68-4026-ACE1-3EDDA71DA6D4}"
 FORMAT_VERSION = "1.2.0"
 NAMESPACE = uuid.UUID("6b1f0f5e-3c0a-4a53-9d6c-51c2f4f0a7de")
 
 
 @dataclass(frozen=True)
 class Kind:
-    """One of the five kinds: its group element, its folder, the root element of a definition and its archive."""
-    group: str
+    """One of the five kinds: its word in manifests, its folders in trees and in the source, and its resource."""
+    word: str
     folder: str
-    definition: str
+    source: str
     resource: str
 
 
-FILTER = Kind("Filter", "VideoFilters", "VideoFilter", "look.zip")
-TRANSITION = Kind("Transition", "Transitions", "Transition", "transition.zip")
-MOTION = Kind("Motion", "Motions", "Motion", "motion.zip")
-THEME = Kind("Theme", "Themes", "Theme", "theme.zip")
-BACKGROUND = Kind("BgMaterial", "BgMaterial", "BgMaterial", "background.jpg")
-KINDS = (FILTER, TRANSITION, MOTION, THEME, BACKGROUND)
+FILTER = Kind("filter", "VideoFilters", "filters", "look.zip")
+TRANSITION = Kind("transition", "Transitions", "transitions", "transition.zip")
+MOTION = Kind("motion", "Motions", "motions", "motion.zip")
+THEME = Kind("theme", "Themes", "themes", "theme.zip")
+BACKGROUND = Kind("bgmaterial", "BgMaterial", "backgrounds", "background.jpg")
 
 
 @dataclass
@@ -58,22 +55,9 @@ class Item:
         return "" if self.kind in (FILTER, BACKGROUND) else self.preview + ".gif"
 
     @property
-    def definition_path(self):
-        """Where the definition lies below a config folder."""
-        return "%s/%s.xml" % (self.kind.folder, self.guid)
-
-    @property
-    def resource_path(self):
-        """Where the archive (or image) lies below a config folder."""
-        return "%s/%s/%s" % (self.kind.folder, self.guid, self.kind.resource)
-
-    @property
-    def definition_url(self):
-        return self.guid + ".xml" if self.built_in else "/" + quote(self.definition_path)
-
-    @property
-    def resource_urls(self):
-        return [self.kind.resource if self.built_in else "/" + quote(self.resource_path)]
+    def path(self):
+        """The item's folder below the source; themes name items by it."""
+        return "%s/%s" % (self.kind.source, self.slug)
 
 
 @dataclass
@@ -98,7 +82,3 @@ class Theme(Item):
     end: Use = None
     mask: Use = None
     music: str = ""
-
-    @property
-    def resource_urls(self):
-        return super().resource_urls + [self.music]

@@ -37,8 +37,8 @@ def paint_pictures(folder):
 
 
 class Previews:
-    def __init__(self, pictures, display):
-        self._pictures, self._display = pictures, display
+    def __init__(self, pictures, source):
+        self._pictures, self._source = pictures, source
 
     def write(self):
         for item in FILTERS:
@@ -51,9 +51,8 @@ class Previews:
             self._in_work_folder(self._theme, theme)
         for item in BACKGROUNDS:
             save_thumb(self._pictures[item.slug], self._target(item, item.thumb))
-        for kind_folder in ("VideoFilters", "BgMaterial"):
-            for skin in backgrounds.SKINS:
-                backgrounds.none_picture(skin, self._display / kind_folder / (skin + ".png"))
+        for skin in backgrounds.SKINS:
+            backgrounds.none_picture(skin, self._source / "none" / (skin + ".png"))
 
     @staticmethod
     def _in_work_folder(job, *arguments):
@@ -61,7 +60,7 @@ class Previews:
             job(Path(work), *arguments)
 
     def _target(self, item, name):
-        return self._display / item.kind.folder / name
+        return self._source / item.path / name
 
     def _filter(self, work, item):
         looks.apply([(item, {"Content": item.name, "Position": "Center"})], self._pictures[FILTER_PICTURES[item.slug]],

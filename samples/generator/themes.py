@@ -5,10 +5,10 @@ from .model import THEME, Scene, Theme, Use
 
 _FILTERS, _TRANSITIONS, _MOTIONS = by_slug(FILTERS), by_slug(TRANSITIONS), by_slug(MOTIONS)
 
-EVENING_WALK = "/ThemesBgm/Evening Walk.mp3"
-BRIGHT_MORNING = "/ThemesBgm/Bright Morning.mp3"
-SNOW_BELLS = "/ThemesBgm/Snow%20Bells.mp3"
-CARNIVAL = "/ThemesBgm/Carnival.mp3"
+EVENING_WALK = "ThemesBgm/Evening Walk.mp3"
+BRIGHT_MORNING = "ThemesBgm/Bright Morning.mp3"
+SNOW_BELLS = "ThemesBgm/Snow Bells.mp3"
+CARNIVAL = "ThemesBgm/Carnival.mp3"
 
 
 def _text(slug, words, position="Center"):

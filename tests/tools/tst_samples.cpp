@@ -2,6 +2,7 @@
 #include "download/DownloadPacing.h"
 #include "download/MVThemeDownLoader.h"
 #include "host/HostSettings.h"
+#include "Mvpublish.h"
 #include "server/TreeServer.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
@@ -70,6 +71,8 @@ private slots:
     void placeholderAnimationIsThere();
     void serversCatalogueCanBeFetchedCompletely();
     void checkerFindsNothing();
+    void treesAreBuiltFromTheSource_data();
+    void treesAreBuiltFromTheSource();
 
 private:
     static void useRoot(const QString& name);
@@ -238,6 +241,30 @@ void TestSamples::checkerFindsNothing()
     QVERIFY(process.waitForFinished(60000));
     QCOMPARE(process.readAllStandardOutput() + process.readAllStandardError(), QByteArray());
     QCOMPARE(process.exitCode(), 0);
+}
+
+void TestSamples::treesAreBuiltFromTheSource_data()
+{
+    QTest::addColumn<QString>("tree");
+    QTest::addColumn<QStringList>("options");
+    QTest::newRow("server") << samples + QStringLiteral("/server") << QStringList();
+    QTest::newRow("installation") << samples + QStringLiteral("/installed/Resource")
+                                  << QStringList{QStringLiteral("--installed")};
+}
+
+void TestSamples::treesAreBuiltFromTheSource()
+{
+    QFETCH(QString, tree);
+    QFETCH(QStringList, options);
+    const QString built = TestHome::path() + QStringLiteral("/built");
+    QCOMPARE(Mvpublish::build(samples + QStringLiteral("/source"), built, options), QString());
+    const QStringList files = CatalogueFiles::filesBelow(built);
+    QCOMPARE(CatalogueFiles::filesBelow(tree), files);
+    for (const QString& file : files) {
+        QVERIFY2(CatalogueFiles::read(built + QLatin1Char('/') + file)
+                     == CatalogueFiles::read(tree + QLatin1Char('/') + file),
+                 qPrintable(file));
+    }
 }
 
 MV_TEST_MAIN(TestSamples)

@@ -1,0 +1,114 @@
+// What building and checking a server's tree cost, and how that grows with the number of items.
+
+#include "BenchHome.h"
+#include "catalogue/MVThemeMgr.h"
+#include "FolderSwitch.h"
+#include "lint/Lint.h"
+#include "Ratios.h"
+#include "ReadTree.h"
+#include "Source.h"
+#include "SourceWorld.h"
+#include "TreeBuilder.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+#include <map>
+#include <memory>
+
+#include <malloc.h>
+
+namespace {
+
+constexpr int sizes[] = {2000, 10000};
+constexpr int repetitions = 5;
+// Five times the items; the rest is for caches that no longer hold the whole tree.
+constexpr double highestGrowth = 6.5;
+
+using Worlds = std::map<int, std::unique_ptr<SourceWorld>>;
+
+QString build(const SourceWorld& world)
+{
+    Source source;
+    if (!source.read(world.source()))
+        return source.faults().constFirst();
+    FolderSwitch place(world.tree());
+    if (!place.begin())
+        return place.errorText();
+    TreeBuilder builder(source);
+    if (!builder.writeServer(place.folder(), {Editions::all().constFirst()}))
+        return builder.errorText();
+    return place.commit() ? QString() : place.errorText();
+}
+
+void measureBuild(benchmark::State& state, const SourceWorld& world)
+{
+    QString error;
+    for (auto iteration : state) {
+        Q_UNUSED(iteration)
+        error = build(world);
+    }
+    if (!error.isEmpty())
+        state.SkipWithError(qPrintable(error));
+}
+
+void measureLint(benchmark::State& state, const SourceWorld& world)
+{
+    int findings = 0;
+    QString error;
+    for (auto iteration : state) {
+        Q_UNUSED(iteration)
+        ReadTree tree;
+        if (tree.open(world.tree(), &error))
+            findings = Lint::check(tree).size();
+        ReadTree::library().clear();
+    }
+    if (!error.isEmpty() || findings != 0)
+        state.SkipWithError("the tree is not clean");
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    // The C library's fast bins are merged in steps whose cost outgrows the data.
+    mallopt(M_MXFAST, 0);
+
+    const QCoreApplication application(argc, argv);
+    const BenchHome home;
+    Worlds worlds;
+    Ratios ratios;
+    for (const int items : sizes) {
+        auto world =
+            std::make_unique<SourceWorld>(QStringLiteral("%1/%2").arg(home.path()).arg(items));
+        world->write(items);
+        const QString error = build(*world);
+        if (!error.isEmpty())
+            qFatal("%s", qPrintable(error));
+        worlds.emplace(items, std::move(world));
+    }
+    const auto add = [&worlds](const char* name, auto measure) {
+        for (const int items : sizes) {
+            benchmark::RegisterBenchmark(name,
+                                         [&worlds, measure](benchmark::State& state) {
+                                             measure(state,
+                                                     *worlds.at(static_cast<int>(state.range(0))));
+                                         })
+                ->Arg(items)
+                ->Unit(benchmark::kMillisecond)
+                ->Iterations(1)
+                ->Repetitions(repetitions)
+                ->UseRealTime();
+        }
+    };
+    add("build", &measureBuild);
+    add("lint", &measureLint);
+    for (const char* name : {"build", "lint"}) {
+        const std::string base = name;
+        ratios.limit(base + "/10000 to " + base + "/2000", base + "/10000", base + "/2000",
+                     highestGrowth);
+    }
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks(&ratios);
+    return ratios.finish();
+}
