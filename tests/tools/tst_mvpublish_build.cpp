@@ -309,7 +309,7 @@ void TestMvpublishBuild::builtInItemsHavePlainNames()
 void TestMvpublishBuild::displayCatalogueFollowsTheOrder()
 {
     const SmallSource source(home("source"));
-    const auto names = [this] {
+    const auto names = [] {
         return texts(parse(m_out + text("/ResourceConfig/resource_display.xml"))
                          .firstChildElement(text("Filter")),
                      "Name");
@@ -371,7 +371,7 @@ void TestMvpublishBuild::namesByAudience()
                               {text("--edition"), text("standard"), text("--edition"), text("5"),
                                text("--edition"), text("4")}),
              QString());
-    const auto names = [this](const char* file) {
+    const auto names = [](const char* file) {
         return texts(parse(m_out + text("/ResourceConfig/resource_display") + text(file))
                          .firstChildElement(text("BgMaterial")),
                      "Name");

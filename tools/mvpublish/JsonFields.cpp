@@ -34,7 +34,7 @@ QJsonObject JsonFields::read(const QString& file, const QString& shownName, QStr
 
 QString JsonFields::needed(const char* key)
 {
-    const QString value = text(key);
+    QString value = text(key);
     if (value.isEmpty() && !m_object.contains(QLatin1String(key)))
         fault(QStringLiteral("\"%1\" is missing").arg(QLatin1String(key)));
     else if (value.isEmpty() && m_object.value(QLatin1String(key)).isString())

@@ -62,7 +62,7 @@ bool isAddressRight(LintContext& context, const SFileInfo& info, const NamedBy& 
 QString existing(LintContext& context, const SFileInfo& info, const NamedBy& by, bool needed,
                  bool fetched)
 {
-    const QString file = context.tree().fileOf(info);
+    QString file = context.tree().fileOf(info);
     // Several catalogues may say the same of an item.
     const bool isNews = context.isFirstLook(by.item + QLatin1Char('\n') + info.m_qsUrl);
     if (file.isEmpty() && !isNews)
