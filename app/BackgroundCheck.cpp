@@ -2,8 +2,6 @@
 
 #include "download/MVThemeDownLoader_CheckCfg.h"
 
-#include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QTimer>
 
@@ -16,14 +14,21 @@ constexpr int cancelEvery = 50;  // ms
 
 BackgroundCheck::BackgroundCheck(QObject* parent)
     : QObject(parent)
+    , m_cancelling(new QTimer(this))
 {
     MVThemeDownLoader_CheckCfg::setCatalogueCheckCallback(
         [this](const SCatalogueCheckResult& result) { noteCheck(result); });
     MVThemeDownLoader_CheckCfg::setPreviewRunCallback(
         [this](const SPreviewRunResult& result) { notePreviews(result); });
+    // Previews can come before the check has ended: where one catalogue file fails, it tries the
+    // other meanwhile.
     connect(MVThemeDownLoader_CheckCfg::instance(),
-            &MVThemeDownLoader_CheckCfg::sig_startDownloadThumbAndGif, this,
-            [this] { setPhase(Phase::Previews); });
+            &MVThemeDownLoader_CheckCfg::sig_startDownloadThumbAndGif, this, [this] {
+                m_previewsRun = true;
+                emit changed();
+            });
+    m_cancelling->setInterval(cancelEvery);
+    connect(m_cancelling, &QTimer::timeout, this, &BackgroundCheck::cancelAgain);
 }
 
 BackgroundCheck::~BackgroundCheck()
@@ -32,22 +37,43 @@ BackgroundCheck::~BackgroundCheck()
     MVThemeDownLoader_CheckCfg::setPreviewRunCallback({});
 }
 
+BackgroundCheck::Phase BackgroundCheck::phase() const
+{
+    if (m_checkRuns)
+        return Phase::Catalogue;
+    return m_previewsRun ? Phase::Previews : Phase::Idle;
+}
+
 void BackgroundCheck::start()
 {
-    if (m_phase != Phase::Idle || m_ending)
+    if (phase() != Phase::Idle || m_ending)
         return;
     m_refused = !MVThemeDownLoader_CheckCfg::instance()->startDownloadXML();
-    if (m_refused) {
-        emit changed();
-        return;
+    if (!m_refused) {
+        m_cancelling->stop();
+        m_checkRuns = true;
+        m_hasResult = false;
+        m_previews = SPreviewRunResult();
     }
-    m_hasResult = false;
-    m_previews = SPreviewRunResult();
-    setPhase(Phase::Catalogue);
+    emit changed();
 }
 
 void BackgroundCheck::cancel()
 {
+    if (phase() == Phase::Idle)
+        return;
+    cancelAgain();
+    m_cancelling->start();
+}
+
+/// Again and again: a worker that has not begun yet forgets that it was cancelled, and the end of a
+/// check starts the previews' run.
+void BackgroundCheck::cancelAgain()
+{
+    if (phase() == Phase::Idle) {
+        m_cancelling->stop();
+        return;
+    }
     MVThemeDownLoader_CheckCfg::instance()->cancelCfgAndDisplayXML();
     MVThemeDownLoader_CheckCfg::instance()->cancelThumbAndGif();
 }
@@ -55,24 +81,15 @@ void BackgroundCheck::cancel()
 void BackgroundCheck::shutDown()
 {
     m_ending = true;
-    QElapsedTimer time;
-    time.start();
-    // Again and again: a worker that has not begun yet forgets that it was cancelled, and the end
-    // of a check starts the previews' run.
-    while (m_phase != Phase::Idle && !time.hasExpired(longestEnd)) {
-        cancel();
-        QEventLoop loop;
-        QTimer::singleShot(cancelEvery, &loop, &QEventLoop::quit);
+    cancel();
+    QEventLoop loop;
+    QTimer::singleShot(longestEnd, &loop, &QEventLoop::quit);
+    connect(this, &BackgroundCheck::changed, &loop, [this, &loop] {
+        if (phase() == Phase::Idle)
+            loop.quit();
+    });
+    if (phase() != Phase::Idle)
         loop.exec(QEventLoop::ExcludeUserInputEvents);
-    }
-    if (m_phase == Phase::Idle)
-        MVThemeDownLoader_CheckCfg::instance()->waitThreadFinished();
-}
-
-void BackgroundCheck::setPhase(Phase phase)
-{
-    m_phase = phase;
-    emit changed();
 }
 
 void BackgroundCheck::noteCheck(const SCatalogueCheckResult& result)
@@ -80,26 +97,27 @@ void BackgroundCheck::noteCheck(const SCatalogueCheckResult& result)
     m_result = result;
     m_hasResult = true;
     m_arrived = m_arrived || result.m_eEnd == eCatalogueCheck_Changed;
-    // Not every check is followed by a run; where one follows, its start changes the phase.
-    setPhase(Phase::Idle);
+    m_checkRuns = false;
+    m_previewsRun = m_previewsRun || result.m_bPreviewsFollow;
+    emit changed();
+    announceContent();
 }
 
 void BackgroundCheck::notePreviews(const SPreviewRunResult& result)
 {
+    const int fetchedBefore = m_previews.m_nFetched; // by a run beside the check
     m_previews = result;
+    m_previews.m_nFetched += fetchedBefore;
     m_arrived = m_arrived || result.m_nFetched > 0;
-    if (m_phase == Phase::Previews)
-        setPhase(Phase::Idle);
-    // After the coordinator has heard of the end, too.
-    QMetaObject::invokeMethod(this, &BackgroundCheck::announceContent, Qt::QueuedConnection);
+    m_previewsRun = false;
+    emit changed();
+    announceContent();
 }
 
 void BackgroundCheck::announceContent()
 {
-    // A check that was started meanwhile brings a run, at whose end this comes again.
-    if (!m_arrived || m_ending || m_phase != Phase::Idle)
+    if (!m_arrived || m_ending || phase() != Phase::Idle)
         return;
     m_arrived = false;
-    MVThemeDownLoader_CheckCfg::instance()->waitThreadFinished(); // has only to return
     emit contentArrived();
 }

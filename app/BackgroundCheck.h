@@ -5,6 +5,8 @@
 
 #include <QObject>
 
+class QTimer;
+
 /// The check of the server and the fetching of previews behind it, as one thing that goes on or
 /// not, with its outcome. One object per process: it takes the coordinator's callbacks.
 class BackgroundCheck : public QObject
@@ -12,6 +14,7 @@ class BackgroundCheck : public QObject
     Q_OBJECT
 
 public:
+    /// What goes on: the check, which includes previews that already come beside it, or only these.
     enum class Phase { Idle, Catalogue, Previews };
 
     explicit BackgroundCheck(QObject* parent);
@@ -20,16 +23,20 @@ public:
     /// Does nothing while a check goes on. Where the library refuses another check in this process,
     /// isRefused() is true.
     void start();
+    /// Ends the check and the previews behind it; phase() tells when they have ended.
     void cancel();
-    /// Cancels and waits until the work has ended, for at most two seconds.
+    /// Cancels and waits until the work has ended, for at most two seconds. Nothing is announced
+    /// any more.
     void shutDown();
 
-    Phase phase() const { return m_phase; }
+    Phase phase() const;
+    /// Nothing goes on, and what has come has been announced.
+    bool isQuiet() const { return phase() == Phase::Idle && !m_arrived; }
     bool isRefused() const { return m_refused; }
     /// Whether a check has ended; then result() is its outcome.
     bool hasResult() const { return m_hasResult; }
     const SCatalogueCheckResult& result() const { return m_result; }
-    /// Of the run behind that check; all zero until it has ended.
+    /// Of the runs that belong to that check; all zero until the first has ended.
     const SPreviewRunResult& previews() const { return m_previews; }
 
 signals:
@@ -39,16 +46,18 @@ signals:
     void contentArrived();
 
 private:
-    void setPhase(Phase phase);
+    void cancelAgain();
     void noteCheck(const SCatalogueCheckResult& result);
     void notePreviews(const SPreviewRunResult& result);
     void announceContent();
 
-    Phase m_phase = Phase::Idle;
+    bool m_checkRuns = false;
+    bool m_previewsRun = false; // or are about to
     bool m_refused = false;
     bool m_hasResult = false;
     bool m_arrived = false; // since the catalogue was read last
     bool m_ending = false;
+    QTimer* m_cancelling; // runs until nothing goes on
     SCatalogueCheckResult m_result;
     SPreviewRunResult m_previews;
 };

@@ -44,14 +44,15 @@ void CheckStatus::refresh()
     if (m_check.phase() == BackgroundCheck::Phase::Catalogue)
         text = tr("Checking for new resources…");
     else if (m_check.phase() == BackgroundCheck::Phase::Previews)
-        text = tr("Fetching previews…");
+        text = tr("%1. Fetching previews…").arg(outcome());
     else if (m_check.isRefused())
         text = tr("Start the program again to check again");
     else if (m_check.hasResult())
         text = outcome();
     m_label->setText(text);
-    const bool failed = !busy && m_check.hasResult() && !m_check.result().m_qsReason.isEmpty();
-    m_label->setToolTip(failed ? m_check.result().m_qsReason : QString());
+    const QString reason = m_check.hasResult() ? m_check.result().m_qsReason : QString();
+    m_label->setToolTip(reason);
+    m_label->setAccessibleDescription(reason);
     m_busy->setAccessibleName(text);
 }
 

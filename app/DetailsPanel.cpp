@@ -4,6 +4,7 @@
 #include "ItemFacts.h"
 #include "PreviewPane.h"
 
+#include <QDateTime>
 #include <QEvent>
 #include <QFileInfo>
 #include <QHBoxLayout>
@@ -12,6 +13,19 @@
 #include <QLocale>
 #include <QPushButton>
 #include <QTreeWidget>
+
+namespace {
+
+/// Changes when the file does, also from missing to there.
+QString stateOf(const QString& file)
+{
+    const QFileInfo info(file);
+    return QStringLiteral("|%1|%2|%3")
+        .arg(file, QString::number(info.size()),
+             QString::number(info.lastModified().toMSecsSinceEpoch()));
+}
+
+} // namespace
 
 DetailsPanel::DetailsPanel(QWidget* parent)
     : QWidget(parent)
@@ -102,7 +116,7 @@ void DetailsPanel::refresh()
 
 void DetailsPanel::showNothing()
 {
-    m_playedGuid.clear();
+    m_shownPreview.clear();
     m_preview->show(QString(), QString(), false);
     m_name->setText(tr("Nothing applied yet"));
     m_kind->setText(tr("Click a cell, or move to it with the arrow keys and press Enter. What it "
@@ -116,9 +130,10 @@ void DetailsPanel::showNothing()
 void DetailsPanel::fill(SCfg_Item& item)
 {
     const ItemFacts facts(item);
-    if (m_playedGuid != m_guid) {
+    const QString preview = m_guid + stateOf(facts.thumbnail()) + stateOf(facts.animation());
+    if (preview != m_shownPreview) {
         m_preview->show(facts.thumbnail(), facts.animation(), !m_motionReduced);
-        m_playedGuid = m_guid;
+        m_shownPreview = preview;
     }
     m_name->setText(facts.name());
     m_kind->setText(facts.kind());

@@ -51,7 +51,7 @@ private:
     QTreeWidget* m_tree;
     ECfgItemType m_eKind = eCfgItem_Theme;
     QString m_guid;
-    QString m_playedGuid; // its animation has been started
+    QString m_shownPreview; // which files, as they were when they were opened
     QString m_folderPath;
     bool m_motionReduced = false;
 };

@@ -9,6 +9,8 @@
 #include <QSaveFile>
 #include <QUuid>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int format = 1;
@@ -54,19 +56,48 @@ bool readEntry(const QJsonObject& entry, SCfg_Item& item)
     return false;
 }
 
+QJsonObject entryOf(ECfgItemType type, const QString& guid, const QString& name)
+{
+    const auto* const kind = std::find_if(std::begin(kinds), std::end(kinds),
+                                          [type](const Kind& known) { return known.type == type; });
+    return {{kindKey, QString(kind->name)}, {guidKey, guid}, {nameKey, name}};
+}
+
+/// The GUIDs that a file of the catalogue's marks as favourites.
+QStringList marksIn(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    const QJsonObject marks = QJsonDocument::fromJson(file.readAll()).object();
+    QStringList guids = marks.keys();
+    guids.erase(std::remove_if(guids.begin(), guids.end(),
+                               [&](const QString& guid) { return !marks.value(guid).toBool(); }),
+                guids.end());
+    return guids;
+}
+
 } // namespace
 
 bool FavouritesFile::write(const QString& path)
 {
+    MVThemeMgr* const catalogue = MVThemeMgr::init();
+    QStringList themesLeft = marksIn(catalogue->Path_ThemeCollect());
+    QStringList othersLeft = marksIn(catalogue->Path_FilterCollect());
     QJsonArray list;
     for (const Kind& kind : kinds) {
         for (const SCfg_Item& item : itemsOf(kind.type)) {
-            if (MVThemeMgr::init()->isItemCollect(&item))
-                list.append(QJsonObject{{kindKey, QString(kind.name)},
-                                        {guidKey, item.m_qsGUID},
-                                        {nameKey, item.m_qsName}});
+            if (!catalogue->isItemCollect(&item))
+                continue;
+            list.append(entryOf(kind.type, item.m_qsGUID, item.m_qsName));
+            (kind.type == eCfgItem_Theme ? themesLeft : othersLeft).removeAll(item.m_qsGUID);
         }
     }
+    for (const QString& guid : qAsConst(themesLeft))
+        list.append(entryOf(eCfgItem_Theme, guid, QString()));
+    // Filters and backgrounds share their marks: what the catalogue does not hold may be either.
+    for (const QString& guid : qAsConst(othersLeft))
+        list.append(entryOf(eCfgItem_Filter, guid, QString()));
     m_count = list.size();
     QSaveFile file(path);
     const QByteArray bytes =

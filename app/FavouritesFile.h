@@ -13,7 +13,8 @@ class FavouritesFile
     Q_DECLARE_TR_FUNCTIONS(FavouritesFile)
 
 public:
-    /// Writes the favourites of the catalogue, atomically. False: errorText().
+    /// Writes the favourites, also such as the catalogue does not hold at present, atomically. They
+    /// must have been saved. False: errorText().
     bool write(const QString& path);
     /// Adds the favourites of a file to those of the catalogue, also such as the catalogue does not
     /// hold at present. False, and nothing is changed: errorText().

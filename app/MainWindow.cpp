@@ -17,6 +17,7 @@
 #include <QPushButton>
 #include <QSplitter>
 #include <QStatusBar>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace {
@@ -35,6 +36,7 @@ MainWindow::MainWindow(Preferences& preferences, BackgroundCheck& check)
     , m_details(new DetailsPanel(m_splitter))
     , m_failure(new FailureBox(this))
     , m_status(new CheckStatus(check, this))
+    , m_favouritesChanged(new QTimer(this))
     , m_fileMenu(menuBar()->addMenu(QString()))
     , m_resourcesMenu(menuBar()->addMenu(QString()))
     , m_viewMenu(new ViewMenu(preferences, this))
@@ -114,7 +116,7 @@ void MainWindow::connectParts()
     connect(m_details, &DetailsPanel::favouriteWanted, this,
             [this](int kind, const QString& guid) { toggleFavourite(ECfgItemType(kind), guid); });
     connect(m_failure, &FailureBox::retryWanted, this,
-            [this](int, const QString& guid) { retry(guid); });
+            [this](int kind, const QString& guid) { retry(ECfgItemType(kind), guid); });
 }
 
 void MainWindow::connectView()
@@ -137,9 +139,11 @@ void MainWindow::connectView()
 void MainWindow::connectCells()
 {
     MVThemeMgr* const catalogue = MVThemeMgr::init();
-    // Later: the cell that was pressed is still at work.
+    // Later, since the cell that was pressed is still at work; and once for many.
+    m_favouritesChanged->setSingleShot(true);
+    connect(m_favouritesChanged, &QTimer::timeout, this, &MainWindow::refreshFavourites);
     for (const auto signal : {&MVThemeMgr::sigThemesCollected, &MVThemeMgr::sigFilterCollected})
-        connect(catalogue, signal, this, &MainWindow::refreshFavourites, Qt::QueuedConnection);
+        connect(catalogue, signal, this, [this] { m_favouritesChanged->start(0); });
     connect(m_cells, &HostSignals::moreWanted, this, &MainWindow::openMore);
     connect(m_cells, &HostSignals::downloadStarted, m_failure, &FailureBox::forget);
     connect(m_cells, &HostSignals::downloadEnded, m_details, &DetailsPanel::refresh);
@@ -187,5 +191,4 @@ void MainWindow::closeEvent(QCloseEvent* event)
     hide(); // ending downloads and the check may take a second that nobody should watch
     m_tabs->cancelDownloads();
     event->accept();
-    emit closed();
 }

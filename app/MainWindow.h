@@ -13,6 +13,7 @@ class Preferences;
 class QAction;
 class QMenu;
 class QSplitter;
+class QTimer;
 class ResourceTabs;
 class ViewMenu;
 
@@ -30,10 +31,6 @@ public:
     CheckStatus* checkStatus() const { return m_status; }
     /// How often the catalogue was read again.
     int reloads() const { return m_reloads; }
-
-signals:
-    /// The window has been closed.
-    void closed();
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -55,9 +52,10 @@ private:
     void toggleCheck();
     void refreshCheckButton();
     void refreshFavourites();
+    static void saveFavourites();
     void toggleFavourite(ECfgItemType kind, const QString& guid);
     void showFailure(ECfgItemType kind, const QString& guid, const QString& errorText);
-    void retry(const QString& guid);
+    void retry(ECfgItemType kind, const QString& guid);
     void openFolder(const QString& folder);
     void openMore();
     void exportFavourites();
@@ -72,6 +70,7 @@ private:
     DetailsPanel* m_details;
     FailureBox* m_failure;
     CheckStatus* m_status;
+    QTimer* m_favouritesChanged;
     QMenu* m_fileMenu;
     QMenu* m_resourcesMenu;
     ViewMenu* m_viewMenu;

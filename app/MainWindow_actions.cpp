@@ -7,6 +7,7 @@
 #include "DetailsPanel.h"
 #include "FailureBox.h"
 #include "FavouritesFile.h"
+#include "host/HostSettings.h"
 #include "host/TzProductInfo.h"
 #include "MainWindow.h"
 #include "Preferences.h"
@@ -49,6 +50,8 @@ void MainWindow::applyMotion(bool reduced)
 
 void MainWindow::reloadCatalogue()
 {
+    saveFavourites();                                  // they are read again, too
+    hostSettings().currentSkin = m_preferences.skin(); // nothing reads it in a thread now
     m_tabs->reloadCatalogue();
     m_details->refresh();
     ++m_reloads;
@@ -73,10 +76,15 @@ void MainWindow::refreshCheckButton()
 void MainWindow::refreshFavourites()
 {
     // The catalogue saves them when the process ends in order; a crash must not lose them.
-    MVThemeMgr::init()->saveThemeCollect();
-    MVThemeMgr::init()->saveFilterCollect();
+    saveFavourites();
     m_tabs->refreshFavourites();
     m_details->refresh();
+}
+
+void MainWindow::saveFavourites()
+{
+    MVThemeMgr::init()->saveThemeCollect();
+    MVThemeMgr::init()->saveFilterCollect();
 }
 
 void MainWindow::toggleFavourite(ECfgItemType kind, const QString& guid)
@@ -95,14 +103,10 @@ void MainWindow::showFailure(ECfgItemType kind, const QString& guid, const QStri
     m_failure->showFailure(kind, guid, item ? item->m_qsName : guid, errorText);
 }
 
-void MainWindow::retry(const QString& guid)
+void MainWindow::retry(ECfgItemType kind, const QString& guid)
 {
-    for (const ResourceList* list : m_tabs->lists()) {
-        if (MVThemeItemWdg* cell = list->cell(guid)) {
-            cell->activate();
-            return;
-        }
-    }
+    if (MVThemeItemWdg* cell = m_tabs->reveal(kind, guid))
+        cell->activate();
 }
 
 void MainWindow::openFolder(const QString& folder)
@@ -121,12 +125,15 @@ void MainWindow::openMore()
 
 void MainWindow::exportFavourites()
 {
-    const QString path = QFileDialog::getSaveFileName(
-        this, tr("Export favourites"), QStringLiteral("favourites.json"), favouritesFilter);
-    if (path.isEmpty())
+    QFileDialog dialog(this, tr("Export favourites"), QString(), favouritesFilter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("json"));
+    dialog.selectFile(QStringLiteral("favourites.json"));
+    if (dialog.exec() != QDialog::Accepted)
         return;
+    saveFavourites();
     FavouritesFile file;
-    if (file.write(path))
+    if (file.write(dialog.selectedFiles().constFirst()))
         say(tr("%n favourite(s) written", nullptr, file.count()));
     else
         QMessageBox::warning(this, tr("Export favourites"), file.errorText());

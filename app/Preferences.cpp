@@ -3,6 +3,7 @@
 #include "browser/BrowserLanguage.h"
 #include "browser/BrowserSkin.h"
 #include "browser/MVThemeSortFilterProxyModel.h"
+#include "host/HostSettings.h"
 
 #include <QLocale>
 
@@ -85,7 +86,10 @@ QString Preferences::skin() const
 {
     const QStringList skins = BrowserSkin::names();
     const QString skin = m_file.value(skinKey).toString();
-    return skins.contains(skin) ? skin : skins.constFirst();
+    if (skins.contains(skin))
+        return skin;
+    const QString configured = hostSettings().currentSkin;
+    return skins.contains(configured) ? configured : skins.constFirst();
 }
 
 void Preferences::setSkin(const QString& skin)

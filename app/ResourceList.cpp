@@ -188,13 +188,33 @@ void ResourceList::refill()
     m_view->verticalScrollBar()->setValue(m_kept.scroll);
 }
 
+/// Without scrolling to it: also a list that is not visible keeps its place.
 void ResourceList::makeCurrent(const QString& guid)
+{
+    const QModelIndex row = shownRow(guid);
+    if (!row.isValid())
+        return;
+    m_view->setAutoScroll(false);
+    m_view->setCurrentIndex(row);
+    m_view->setAutoScroll(true);
+}
+
+QModelIndex ResourceList::shownRow(const QString& guid) const
 {
     const QAbstractItemModel* const rows = m_view->model();
     const QModelIndexList found =
         rows->match(rows->index(0, 0), UIItemRole_GUID, guid, 1, Qt::MatchExactly);
-    if (!guid.isEmpty() && !found.isEmpty())
-        m_view->setCurrentIndex(found.constFirst());
+    return guid.isEmpty() || found.isEmpty() ? QModelIndex() : found.constFirst();
+}
+
+MVThemeItemWdg* ResourceList::reveal(const QString& guid)
+{
+    const QModelIndex row = shownRow(guid);
+    if (!row.isValid())
+        return nullptr;
+    m_view->setCurrentIndex(row);
+    m_view->scrollTo(row);
+    return cell(guid);
 }
 
 void ResourceList::cancelDownloads()

@@ -34,6 +34,10 @@ public:
 
     /// The cell of an item; null while a filter hides it.
     MVThemeItemWdg* cell(const QString& guid) const;
+    /// Whether the item has a row that no filter hides.
+    bool isShown(const QString& guid) const { return shownRow(guid).isValid(); }
+    /// Makes a shown item the current one, in view; null for one that is not shown.
+    MVThemeItemWdg* reveal(const QString& guid);
     /// Marks an item as the applied one and says nothing; an empty GUID marks none.
     void markApplied(const QString& guid);
     /// Shows favourites as they are now.
@@ -71,6 +75,7 @@ private:
     QString whyEmpty() const;
     QVector<MVThemeItemWdg*> cells() const;
     void makeCurrent(const QString& guid);
+    QModelIndex shownRow(const QString& guid) const;
 
     EUIItemType m_type;
     mvThemelistview* m_view;

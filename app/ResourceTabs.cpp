@@ -14,6 +14,8 @@
 #include <QStackedWidget>
 #include <QTabBar>
 
+#include <algorithm>
+
 namespace {
 
 const EUIItemType tabTypes[] = {UIItem_Themes, UIItem_Filters, UIItem_FiltersLarge,
@@ -145,6 +147,21 @@ void ResourceTabs::noteApplied(const ResourceList* from, SCfg_Item* item)
             list->markApplied(item->m_qsGUID);
     }
     emit applied(item);
+}
+
+MVThemeItemWdg* ResourceTabs::reveal(ECfgItemType kind, const QString& guid)
+{
+    if (currentList()->kind() != kind) {
+        const auto it =
+            std::find_if(m_lists.cbegin(), m_lists.cend(),
+                         [kind](const ResourceList* list) { return list->kind() == kind; });
+        setCurrentTab(int(it - m_lists.cbegin()));
+    }
+    if (!currentList()->isShown(guid)) {
+        setThemeType(MVThemeSortFilterProxyModel::allThemes);
+        m_search->clear();
+    }
+    return currentList()->reveal(guid);
 }
 
 void ResourceTabs::startSearch()

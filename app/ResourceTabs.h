@@ -12,6 +12,7 @@ class QPushButton;
 class QStackedWidget;
 class QTabBar;
 class ResourceList;
+class MVThemeItemWdg;
 struct SCfg_Item;
 
 /// The four lists behind tabs, and above them what chooses among their items.
@@ -32,6 +33,10 @@ public:
 
     /// The GUID of the item that is applied now; empty: none.
     QString appliedItem(ECfgItemType kind) const { return m_applied.value(kind); }
+
+    /// Shows the cell of an item, if need be on another tab and without the present filter; null if
+    /// there is none. It is valid until the filter changes or the catalogue is read again.
+    MVThemeItemWdg* reveal(ECfgItemType kind, const QString& guid);
 
     /// Moves the keyboard to the search field.
     void startSearch();

@@ -8,8 +8,8 @@
         <translation>Suche nach neuen Ressourcen…</translation>
     </message>
     <message>
-        <source>Fetching previews…</source>
-        <translation>Vorschauen werden geladen…</translation>
+        <source>%1. Fetching previews…</source>
+        <translation>%1. Vorschauen werden geladen…</translation>
     </message>
     <message>
         <source>Start the program again to check again</source>

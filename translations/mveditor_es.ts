@@ -8,8 +8,8 @@
         <translation>Buscando recursos nuevos…</translation>
     </message>
     <message>
-        <source>Fetching previews…</source>
-        <translation>Descargando vistas previas…</translation>
+        <source>%1. Fetching previews…</source>
+        <translation>%1. Descargando vistas previas…</translation>
     </message>
     <message>
         <source>Start the program again to check again</source>

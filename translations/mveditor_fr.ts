@@ -8,8 +8,8 @@
         <translation>Recherche de nouvelles ressources…</translation>
     </message>
     <message>
-        <source>Fetching previews…</source>
-        <translation>Téléchargement des aperçus…</translation>
+        <source>%1. Fetching previews…</source>
+        <translation>%1. Téléchargement des aperçus…</translation>
     </message>
     <message>
         <source>Start the program again to check again</source>

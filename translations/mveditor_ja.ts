@@ -8,8 +8,8 @@
         <translation>新しいリソースを確認しています…</translation>
     </message>
     <message>
-        <source>Fetching previews…</source>
-        <translation>プレビューを取得しています…</translation>
+        <source>%1. Fetching previews…</source>
+        <translation>%1。プレビューを取得しています…</translation>
     </message>
     <message>
         <source>Start the program again to check again</source>

@@ -8,8 +8,8 @@
         <translation>正在检查新资源…</translation>
     </message>
     <message>
-        <source>Fetching previews…</source>
-        <translation>正在获取预览…</translation>
+        <source>%1. Fetching previews…</source>
+        <translation>%1。正在获取预览…</translation>
     </message>
     <message>
         <source>Start the program again to check again</source>

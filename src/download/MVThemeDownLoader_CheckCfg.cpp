@@ -9,6 +9,7 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <memory>
 
 namespace {
 
@@ -144,17 +145,16 @@ void MVThemeDownLoader_CheckCfg::connectWorker(CheckWorker_ThumbAndGif* worker)
 {
     connect(this, &MVThemeDownLoader_CheckCfg::sig_startDownloadThumbAndGif, worker,
             &CheckWorker_ThumbAndGif::onStartDownload_ThumbAndGif);
+    // Written before the end signal is posted, read when it has come.
+    const auto result = std::make_shared<SPreviewRunResult>();
+    worker->setResultCallback([result](const SPreviewRunResult& ended) { *result = ended; });
     connect(worker, &CheckWorker_ThumbAndGif::sig_endDownload_ThumbAndGif, this,
-            &MVThemeDownLoader_CheckCfg::onEndDownloadThumbAndGif);
-    worker->setResultCallback([this](const SPreviewRunResult& result) {
-        QMetaObject::invokeMethod(
-            this,
-            [result] {
+            [this, result](bool ok) {
+                onEndDownloadThumbAndGif(ok);
+                // A copy: the host may replace the function while it runs.
                 if (const PreviewRunCallback callback = m_funPreviewRunEnded)
-                    callback(result);
-            },
-            Qt::QueuedConnection);
-    });
+                    callback(*result);
+            });
 }
 
 void MVThemeDownLoader_CheckCfg::onEndDownloadXML(bool)

@@ -42,7 +42,8 @@ public:
     /// signal, since the server's version file announces no checksums. An empty function removes
     /// it.
     static void setCatalogueCheckCallback(CatalogueCheckCallback callback);
-    /// Who learns how a preview run ended, once per run. An empty function removes it.
+    /// Who learns how a preview run ended, once per run, and when the run counts as ended: the next
+    /// may be started. An empty function removes it.
     static void setPreviewRunCallback(PreviewRunCallback callback);
 
     /// Starts a catalogue check; false while one is in progress. A check that sends no end signal

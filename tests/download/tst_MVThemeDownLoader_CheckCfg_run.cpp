@@ -32,6 +32,7 @@ private slots:
     void endHandlersWithoutARun();
     void withoutCallbacks();
     void callbackCanReplaceItself();
+    void nextRunMayStartWhereARunIsTold();
     void waitingForRunsThatGoOn();
     void checkAfterWaiting();
     void hostAsksTheCatalogueMeanwhile();
@@ -137,7 +138,7 @@ void tst_MVThemeDownLoader_CheckCfg_run::checkIsFollowedByPreviews()
              (QStringList{QStringLiteral("start XML start!"), trace.checkStarted(),
                           QStringLiteral("check 0"), trace.checkEnded(),
                           QStringLiteral("start previews start!"), trace.runStarted(),
-                          QStringLiteral("previews 3 0 0 1"), trace.runEnded()}));
+                          trace.runEnded(), QStringLiteral("previews 3 0 0 1")}));
     QVERIFY(!trace.contains(QStringLiteral("end XML")));
     QVERIFY(!trace.contains(QStringLiteral("update")));
     QVERIFY(QFile::exists(m_world.downloadedFile("resource_version.xml")));
@@ -295,6 +296,20 @@ void tst_MVThemeDownLoader_CheckCfg_run::callbackCanReplaceItself()
     QVERIFY(coordinator().startDownloadXML());
     QVERIFY(endsIdle(trace));
     QCOMPARE(told, 1);
+}
+
+void tst_MVThemeDownLoader_CheckCfg_run::nextRunMayStartWhereARunIsTold()
+{
+    publishAll();
+    const CoordinatorTrace trace;
+    QVector<bool> started;
+    MVThemeDownLoader_CheckCfg::setPreviewRunCallback([&](const SPreviewRunResult&) {
+        if (started.isEmpty())
+            started.append(coordinator().startDownloadThumbAndGif());
+    });
+    QVERIFY(coordinator().startDownloadThumbAndGif());
+    QTRY_COMPARE_WITH_TIMEOUT(trace.count(trace.runEnded()), 2, 30000);
+    QCOMPARE(started, QVector<bool>{true});
 }
 
 void tst_MVThemeDownLoader_CheckCfg_run::waitingForRunsThatGoOn()
