@@ -8,6 +8,7 @@
 #include "catalogue/MVThemeMgr.h"
 #include "CheckStatus.h"
 #include "MainWindow.h"
+#include "PreviewPane.h"
 #include "ResourceList.h"
 #include "ResourceTabs.h"
 
@@ -20,8 +21,6 @@
 #include <QStatusBar>
 
 namespace {
-
-constexpr int quietTime = 300; // ms
 
 QString phaseName(BackgroundCheck::Phase phase)
 {
@@ -78,8 +77,6 @@ ScriptConditions::ScriptConditions(MainWindow& window, const BackgroundCheck& ch
     , m_check(check)
     , m_targets(window)
 {
-    m_sinceChange.start();
-    connect(&check, &BackgroundCheck::changed, this, [this] { m_sinceChange.start(); });
     for (const char* scheme : {"file", "http", "https"})
         QDesktopServices::setUrlHandler(QLatin1String(scheme), this, "open");
 }
@@ -110,8 +107,7 @@ bool ScriptConditions::holdsForWindow(const QString& what, const QString& value)
     if (what == QLatin1String("phase"))
         return equals(phaseName(m_check.phase()), value);
     if (what == QLatin1String("quiet"))
-        return m_sinceChange.hasExpired(quietTime)
-            && equals(phaseName(m_check.phase()), phaseName(BackgroundCheck::Phase::Idle));
+        return equals(yesNo(m_check.isQuiet()), QStringLiteral("yes"));
     if (what == QLatin1String("status"))
         return contains(m_window.checkStatus()->text(), value);
     if (what == QLatin1String("message"))
@@ -142,7 +138,8 @@ bool ScriptConditions::holdsForCell(const QString& what, const QString& name)
     static const QStringList known = {
         QStringLiteral("applied"), QStringLiteral("downloading"), QStringLiteral("failed"),
         QStringLiteral("ready"),   QStringLiteral("lacking"),     QStringLiteral("favourite"),
-        QStringLiteral("plain"),   QStringLiteral("playing"),     QStringLiteral("still")};
+        QStringLiteral("plain"),   QStringLiteral("playing"),     QStringLiteral("still"),
+        QStringLiteral("seen"),    QStringLiteral("unseen")};
     if (!known.contains(what))
         return false;
     m_error = QStringLiteral("no cell of that name");
@@ -166,6 +163,8 @@ bool ScriptConditions::holdsForCell(const QString& what, const QString& name)
         return MVThemeMgr::init()->isItemCollect(item);
     if (what == QLatin1String("plain"))
         return !MVThemeMgr::init()->isItemCollect(item);
+    if (what.endsWith(QLatin1String("seen")))
+        return cell->visibleRegion().isEmpty() == (what == QLatin1String("unseen"));
     return plays(*cell) == (what == QLatin1String("playing"));
 }
 
@@ -176,6 +175,12 @@ bool ScriptConditions::holdsForWidget(const QString& what, const QString& name, 
         return contains(textOf(widget), text);
     if (what == QLatin1String("spoken"))
         return contains(widget ? spokenName(widget) : QString(), text);
+    if (what == QLatin1String("preview")) {
+        const auto* const pane =
+            qobject_cast<PreviewPane*>(ScriptTargets::widget(QStringLiteral("largePreview")));
+        return equals(
+            pane && pane->isPlaying() ? QStringLiteral("playing") : QStringLiteral("still"), name);
+    }
     if (what == QLatin1String("gone"))
         return equals(yesNo(!widget), QStringLiteral("yes"));
     if (what != QLatin1String("focus"))

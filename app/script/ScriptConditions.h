@@ -2,7 +2,6 @@
 
 #include "script/ScriptTargets.h"
 
-#include <QElapsedTimer>
 #include <QObject>
 #include <QString>
 #include <QStringList>
@@ -14,7 +13,7 @@ class MainWindow;
 /// What a script waits for.
 ///
 ///     phase idle|catalogue|previews   of the background check
-///     quiet              the check has been idle for a while: no run follows it any more
+///     quiet              no check goes on, and what one brought has been read
 ///     status TEXT        the check's line in the status bar contains it
 ///     message TEXT       the status bar's message contains it
 ///     reloads N          the catalogue was read again at least so often
@@ -23,7 +22,8 @@ class MainWindow;
 ///     current NAME       the keyboard's cell
 ///     applied NAME       the cell is marked, and the details tell of it
 ///     downloading NAME   failed NAME   ready NAME   lacking NAME   favourite NAME   plain NAME
-///     playing NAME       still NAME
+///     playing NAME       still NAME   seen NAME   unseen NAME: in view, or not
+///     preview playing|still           of what is applied
 ///     downloads none     no cell of any list downloads
 ///     text WIDGET TEXT   the widget's text contains it
 ///     spoken WIDGET TEXT what a screen reader is told contains it
@@ -57,6 +57,5 @@ private:
     const BackgroundCheck& m_check;
     ScriptTargets m_targets;
     QStringList m_opened;
-    QElapsedTimer m_sinceChange; // of the check
     QString m_error;
 };

@@ -5,7 +5,9 @@
 
 #include <QBuffer>
 #include <QCryptographicHash>
+#include <QFile>
 #include <QImage>
+#include <QTest>
 #include <QUrl>
 
 namespace {
@@ -168,6 +170,17 @@ void EditorWorld::fillRoot(const QStringList& themes)
             path.replace(QStringLiteral("config/"), configFolder + QLatin1Char('/'));
             path.replace(QStringLiteral("display/"), displayFolder + QLatin1Char('/'));
             CatalogueFiles::write(root() + QLatin1Char('/') + path, it.value());
+        }
+    }
+}
+
+void EditorWorld::removePreviews(const QStringList& themes) const
+{
+    for (const QString& theme : themes) {
+        for (const char* suffix : {"png", "gif"}) {
+            const QString name = slug(theme) + QLatin1Char('.') + QLatin1String(suffix);
+            QVERIFY(QFile::remove(root() + QLatin1Char('/') + displayFolder
+                                  + QStringLiteral("/Themes/") + name));
         }
     }
 }

@@ -32,6 +32,8 @@ public:
     void install(const QStringList& themes) const;
     /// The files of the download tree, as if these themes had been published, checked and fetched.
     void fillRoot(const QStringList& themes);
+    /// Takes previews out of the download tree.
+    void removePreviews(const QStringList& themes) const;
     void setFault(const Fault& fault);
 
     FaultServer& server() { return m_server; }

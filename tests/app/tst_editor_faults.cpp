@@ -13,6 +13,8 @@ private slots:
     void theNextStartMakesUpForIt();
     void aFailedDownloadIsTriedAgain_data();
     void aFailedDownloadIsTriedAgain();
+    void tryingAgainFindsWhatAFilterHides();
+    void tryingAgainStaysInTheListThatIsShown();
 };
 
 namespace {
@@ -94,6 +96,61 @@ void tst_editor_faults::aFailedDownloadIsTriedAgain()
         wait gone failureText
     )")
                                             .arg(QString::fromLatin1(target), world.root())));
+}
+
+namespace {
+
+/// Lets the first request for a file fail.
+EditorWorld::Fault failingOnce(const QByteArray& target)
+{
+    auto failed = std::make_shared<std::atomic<bool>>(false);
+    return [target, failed](HttpExchange& exchange, int) {
+        if (!exchange.request().target.contains(target) || failed->exchange(true))
+            return false;
+        exchange.answer(HttpAnswer(500).body("out of order"));
+        return true;
+    };
+}
+
+} // namespace
+
+void tst_editor_faults::tryingAgainFindsWhatAFilterHides()
+{
+    EditorWorld world;
+    const QStringList themes{theme, QStringLiteral("Beta")};
+    world.install(themes);
+    world.publish(themes);
+    world.setFault(failingOnce("alpha/theme.zip"));
+    VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
+        wait quiet
+        click cell Alpha
+        wait failed Alpha
+        press Ctrl+F
+        type beta
+        wait shown 1
+        click tab 1
+        click widget failureRetry
+        wait shown 3
+        wait applied Alpha
+        wait gone failureText
+    )")));
+}
+
+/// Both lists of filters have a cell for it.
+void tst_editor_faults::tryingAgainStaysInTheListThatIsShown()
+{
+    EditorWorld world;
+    world.install({});
+    world.publish({});
+    world.setFault(failingOnce("sepia.xml"));
+    VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
+        wait quiet
+        click tab 2
+        click cell Sepia
+        wait failed Sepia
+        click widget failureRetry
+        wait applied Sepia
+    )")));
 }
 
 MV_TEST_MAIN(tst_editor_faults)

@@ -15,6 +15,7 @@ private slots:
     void surviveAKill();
     void aRemovedFavouriteLeavesTheirList();
     void travelInAFile();
+    void whatTheCatalogueLacksTravelsToo();
     void wrongFilesAreRefused_data();
     void wrongFilesAreRefused();
 };
@@ -126,6 +127,25 @@ void tst_editor_favourites::travelInAFile()
                                                           "wait favourite Beta\n"
                                                           "wait plain Alpha\n"),
                                      false));
+}
+
+/// Favourites of a catalogue that another computer does not have yet are passed on by it.
+void tst_editor_favourites::whatTheCatalogueLacksTravelsToo()
+{
+    const QByteArray other = "{ABCDEF01-2345-4678-9ABC-DEF012345678}";
+    EditorWorld world;
+    world.fillRoot(themes);
+    const QString in = world.folder() + QStringLiteral("/in.json");
+    const QString out = world.folder() + QStringLiteral("/out");
+    CatalogueFiles::write(
+        in, R"({"format": 1, "favourites": [{"kind": "theme", "guid": ")" + other + R"("}]})");
+    VERIFY_ENDED_WELL(Editor(world).run(
+        chosen("import", in)
+            + QStringLiteral("wait message \"1 favourite added, 1 of them not in the catalogue\"\n")
+            + chosen("export", out) + QStringLiteral("wait message \"1 favourite written\"\n"),
+        false));
+    const QByteArray written = CatalogueFiles::read(out + QStringLiteral(".json"));
+    QVERIFY2(written.contains(other), written);
 }
 
 void tst_editor_favourites::wrongFilesAreRefused_data()

@@ -1,10 +1,13 @@
 #include "Editor.h"
 #include "EditorWorld.h"
 #include "support/CatalogueFiles.h"
+#include "support/HttpAnswer.h"
 #include "support/TestMain.h"
 
 #include <QElapsedTimer>
 #include <QFile>
+
+#include <functional>
 
 /// Quitting asks nothing, cancels what goes on, and is over within two seconds.
 class tst_editor_quit : public QObject
@@ -14,6 +17,12 @@ class tst_editor_quit : public QObject
 private slots:
     void whileATransferStalls_data();
     void whileATransferStalls();
+    void whileManyPreviewsStall();
+    void whileTheSecondCatalogueFileStalls();
+
+private:
+    static void quitIsShort(EditorWorld& world, const QString& before,
+                            const std::function<bool()>& reached);
 };
 
 namespace {
@@ -68,18 +77,64 @@ void tst_editor_quit::whileATransferStalls()
         exchange.stall();
         return true;
     });
+    quitIsShort(world, before, [stalled] { return stalled->load(); });
+    QVERIFY(!QFile::exists(world.themeFile(QStringLiteral("Beta"))));
+}
+
+/// Quits after the script `before` has run and the server has been reached.
+void tst_editor_quit::quitIsShort(EditorWorld& world, const QString& before,
+                                  const std::function<bool()>& reached)
+{
     Editor editor(world);
     const QString go = world.folder() + QStringLiteral("/go");
     const QString going = world.folder() + QStringLiteral("/going");
     editor.start(before + QStringLiteral("awaitfile %1\ntouch %2\npress Ctrl+Q\n").arg(go, going));
-    QTRY_VERIFY_WITH_TIMEOUT(stalled->load(), 20000);
+    QTRY_VERIFY_WITH_TIMEOUT(reached(), 20000);
     CatalogueFiles::write(go, QByteArray());
     QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(going), 20000);
     QElapsedTimer time;
     time.start();
     VERIFY_ENDED_WELL(editor.outcome());
     QVERIFY2(time.elapsed() < longestMs, QByteArray::number(time.elapsed()).constData());
-    QVERIFY(!QFile::exists(world.themeFile(QStringLiteral("Beta"))));
+}
+
+void tst_editor_quit::whileManyPreviewsStall()
+{
+    EditorWorld world;
+    QStringList themes;
+    for (int number = 0; number < 100; ++number)
+        themes.append(QStringLiteral("Theme %1").arg(number));
+    world.publish(themes);
+    auto stalled = std::make_shared<std::atomic<bool>>(false);
+    world.setFault([stalled](HttpExchange& exchange, int) {
+        if (!exchange.request().target.contains("display/Themes"))
+            return false;
+        *stalled = true;
+        exchange.stall();
+        return true;
+    });
+    quitIsShort(world, QStringLiteral("wait phase previews\n"),
+                [stalled] { return stalled->load(); });
+}
+
+/// The first has failed, so that previews are fetched at the same time.
+void tst_editor_quit::whileTheSecondCatalogueFileStalls()
+{
+    EditorWorld world;
+    world.install({QStringLiteral("Alpha")});
+    world.publish({QStringLiteral("Alpha"), QStringLiteral("Beta")});
+    auto stalled = std::make_shared<std::atomic<bool>>(false);
+    world.setFault([stalled](HttpExchange& exchange, int number) {
+        if (number == 2)
+            exchange.answer(HttpAnswer(500).body("out of order"));
+        if (number != 3)
+            return number == 2;
+        *stalled = true;
+        exchange.stall();
+        return true;
+    });
+    quitIsShort(world, QStringLiteral("wait phase catalogue\n"),
+                [stalled] { return stalled->load(); });
 }
 
 MV_TEST_MAIN(tst_editor_quit)

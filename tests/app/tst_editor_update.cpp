@@ -13,7 +13,11 @@ private slots:
     void aDownloadGoesOnOverTheReload();
     void whatTheUserSeesIsKept();
     void aPressedCheckFindsWhatIsNew();
+    void aHiddenListKeepsItsPlace();
+    void theOutcomeIsShownWhilePreviewsCome();
     void aCheckCanBeCancelled();
+    void oneCancelEndsThePreviewsToo();
+    void aFailedFileAndASlowOneAreOneCheck();
 };
 
 namespace {
@@ -82,13 +86,21 @@ void tst_editor_update::whatTheUserSeesIsKept()
         click cell "Theme 55"
         wait applied "Theme 55"
         wait current "Theme 55"
+        wheel 100
+        wait unseen "Theme 55"
+        wheel -2
+        wait unseen "Theme 10"
+        wait seen "Theme 25"
         touch %1
         wait reloads 1
         wait shown 61
         wait text search theme
         wait applied "Theme 55"
         wait current "Theme 55"
-        wait scrolled yes
+        wait unseen "Theme 55"
+        wait unseen "Theme 10"
+        wait seen "Theme 25"
+        reveal "Theme 55"
         hover cell "Theme 55"
     )")
                                             .arg(ready)));
@@ -134,6 +146,109 @@ void tst_editor_update::aCheckCanBeCancelled()
         wait status "Check cancelled"
         wait text check "Check now"
     )")));
+}
+
+/// The run behind a check counts as part of it: nothing is fetched for one who has cancelled.
+void tst_editor_update::oneCancelEndsThePreviewsToo()
+{
+    EditorWorld world;
+    world.publish({QStringLiteral("Alpha")});
+    world.fillRoot({QStringLiteral("Alpha")});
+    world.removePreviews({QStringLiteral("Alpha")});
+    world.writeSettings(60000);
+    world.setFault([](HttpExchange& exchange, int) {
+        exchange.stall();
+        return true;
+    });
+    VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
+        wait phase catalogue
+        click widget check
+        wait quiet
+        wait status "Check cancelled"
+        wait text check "Check now"
+    )")));
+}
+
+/// The previews come while the second catalogue file is still on its way.
+void tst_editor_update::aFailedFileAndASlowOneAreOneCheck()
+{
+    EditorWorld world;
+    world.install({QStringLiteral("Alpha")});
+    world.publish({QStringLiteral("Alpha"), QStringLiteral("Beta")});
+    const QString goOn = world.folder() + QStringLiteral("/goOn");
+    world.setFault([goOn](HttpExchange& exchange, int number) {
+        if (number == 2)
+            exchange.answer(HttpAnswer(500).body("out of order"));
+        for (int turn = 0; number == 3 && !QFile::exists(goOn) && turn < 2000; ++turn)
+            exchange.pause(std::chrono::milliseconds(10));
+        return number == 2;
+    });
+    VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
+        wait phase catalogue
+        wait text check "Cancel check"
+        touch %1
+        wait quiet
+        wait status "catalogue was refused"
+        wait text check "Check now"
+        click widget check
+        wait status "Catalogue updated"
+        wait quiet
+        wait shown 3
+    )")
+                                            .arg(goOn)));
+}
+
+void tst_editor_update::theOutcomeIsShownWhilePreviewsCome()
+{
+    EditorWorld world;
+    world.publish({QStringLiteral("Alpha")});
+    const QString seen = world.folder() + QStringLiteral("/seen");
+    world.setFault([seen](HttpExchange& exchange, int) {
+        for (int turn = 0;
+             exchange.request().target.contains("alpha.png") && !QFile::exists(seen) && turn < 2000;
+             ++turn)
+            exchange.pause(std::chrono::milliseconds(10));
+        return false;
+    });
+    VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
+        wait phase previews
+        wait status "Catalogue updated. Fetching previews"
+        touch %1
+        wait quiet
+        wait status "Catalogue updated, 2 previews fetched"
+    )")
+                                            .arg(seen)));
+}
+
+void tst_editor_update::aHiddenListKeepsItsPlace()
+{
+    EditorWorld world;
+    const QStringList themes = manyThemes(60);
+    world.fillRoot(themes);
+    world.publish(themes + QStringList{QStringLiteral("Themeless")});
+    const QString ready = world.folder() + QStringLiteral("/ready");
+    world.setFault([ready](HttpExchange& exchange, int) {
+        for (int turn = 0;
+             exchange.request().target.contains("version") && !QFile::exists(ready) && turn < 2000;
+             ++turn)
+            exchange.pause(std::chrono::milliseconds(10));
+        return false;
+    });
+    VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
+        reveal "Theme 55"
+        click cell "Theme 55"
+        wait applied "Theme 55"
+        wheel 100
+        wait unseen "Theme 55"
+        click tab 1
+        touch %1
+        wait reloads 1
+        click tab 0
+        wait shown 62
+        wait unseen "Theme 55"
+        wait current "Theme 55"
+    )")
+                                            .arg(ready)));
 }
 
 MV_TEST_MAIN(tst_editor_update)
