@@ -68,8 +68,16 @@ void MainWindow::toggleCheck()
 void MainWindow::refreshCheckButton()
 {
     const bool idle = m_check.phase() == BackgroundCheck::Phase::Idle;
-    const QString text = idle ? tr("Check now") : tr("Cancel check");
-    m_tabs->checkButton()->setText(text);
+    const QString start = tr("Check now");
+    const QString cancel = tr("Cancel check");
+    const QString& text = idle ? start : cancel;
+    QPushButton* const button = m_tabs->checkButton();
+    button->setText(text);
+    // Room for both, so that nothing moves when a check begins or ends.
+    const QFontMetrics metrics = button->fontMetrics();
+    button->setMinimumWidth(
+        qMax(metrics.horizontalAdvance(start), metrics.horizontalAdvance(cancel))
+        + 2 * metrics.height());
     m_checkNow->setText(text);
 }
 
