@@ -8,7 +8,8 @@ class CommandLine;
 class DemoWorld;
 
 /// The library's start, in the order that it asks for: host settings, catalogue, download root,
-/// loading. One object per process; it must outlive everything that uses the catalogue.
+/// loading. One object per process. It must outlive the catalogue, which writes into a demo's
+/// folder when the process ends: a static object, made before MVThemeMgr::init() is called first.
 class Startup
 {
 public:
@@ -24,7 +25,6 @@ public:
 
     /// Where the user's preferences are kept.
     QString preferencesFile() const;
-    bool isDemo() const { return m_demo != nullptr; }
 
 private:
     bool fail(const QString& text);

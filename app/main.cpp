@@ -19,6 +19,7 @@ namespace {
 
 constexpr int exitFailure = 1;
 constexpr int exitUsage = 2;
+constexpr char scaleVariable[] = "QT_SCALE_FACTOR";
 
 int fail(int status, const QString& text)
 {
@@ -26,12 +27,12 @@ int fail(int status, const QString& text)
     return status;
 }
 
-/// Qt reads the scale only while an application starts. One that the environment gives counts more.
+/// Qt reads the scale only while an application starts.
 void applyScale(int percent)
 {
     constexpr double whole = 100.0;
-    if (percent > 0 && !qEnvironmentVariableIsSet("QT_SCALE_FACTOR"))
-        qputenv("QT_SCALE_FACTOR", QByteArray::number(percent / whole));
+    if (percent > 0)
+        qputenv(scaleVariable, QByteArray::number(percent / whole));
 }
 
 /// What needs no window, and must be known before there can be one.
@@ -42,13 +43,18 @@ int prepare(int& argc, char** argv, CommandLine& commandLine, Startup& startup)
         return fail(exitUsage, commandLine.errorText());
     if (!startup.readSettings(commandLine))
         return fail(exitFailure, startup.errorText());
-    applyScale(Preferences(startup.preferencesFile()).scale());
     return 0;
 }
 
 int run(int& argc, char** argv, const CommandLine& commandLine, Startup& startup)
 {
+    // One that the environment gives counts more.
+    const bool ownScale = !qEnvironmentVariableIsSet(scaleVariable);
+    if (ownScale)
+        applyScale(Preferences(startup.preferencesFile()).scale());
     QApplication application(argc, argv);
+    if (ownScale)
+        qunsetenv(scaleVariable); // programs that the window opens have a scale of their own
     // The same everywhere, and it takes all its colours from the palette.
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     Preferences preferences(startup.preferencesFile());
@@ -84,7 +90,8 @@ int main(int argc, char** argv)
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     CommandLine commandLine;
-    Startup startup;
+    // The catalogue saves favourites when the process ends, and lets go of its folders after that.
+    static Startup startup;
     const int status = prepare(argc, argv, commandLine, startup);
     return status != 0 ? status : run(argc, argv, commandLine, startup);
 }

@@ -55,10 +55,10 @@ public:
     }
 };
 
-RealInput::RealInput()
+RealInput::RealInput(const QString& display)
     : d(std::make_unique<Private>())
 {
-    d->display = XOpenDisplay(nullptr);
+    d->display = XOpenDisplay(display.isEmpty() ? nullptr : display.toLocal8Bit().constData());
     int ignored = 0;
     if (d->display && !XTestQueryExtension(d->display, &ignored, &ignored, &ignored, &ignored)) {
         XCloseDisplay(d->display);

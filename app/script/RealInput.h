@@ -10,7 +10,8 @@
 class RealInput
 {
 public:
-    RealInput();
+    /// `display` is a name like ":7"; without one it is that of the environment.
+    explicit RealInput(const QString& display = QString());
     ~RealInput();
     Q_DISABLE_COPY_MOVE(RealInput)
 

@@ -77,6 +77,10 @@ ScriptConditions::ScriptConditions(MainWindow& window, const BackgroundCheck& ch
     , m_check(check)
     , m_targets(window)
 {
+}
+
+void ScriptConditions::takeAddresses()
+{
     for (const char* scheme : {"file", "http", "https"})
         QDesktopServices::setUrlHandler(QLatin1String(scheme), this, "open");
 }
@@ -113,8 +117,7 @@ bool ScriptConditions::holdsForWindow(const QString& what, const QString& value)
     if (what == QLatin1String("message"))
         return contains(m_window.statusBar()->currentMessage(), value);
     if (what == QLatin1String("reloads"))
-        return m_window.reloads() >= value.toInt()
-            || equals(QString::number(m_window.reloads()), value);
+        return equals(QString::number(m_window.reloads()), value);
     if (what == QLatin1String("shown"))
         return equals(QString::number(m_window.tabs()->currentList()->shownItems()), value);
     if (what == QLatin1String("scrolled"))

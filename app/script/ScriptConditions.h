@@ -16,7 +16,7 @@ class MainWindow;
 ///     quiet              no check goes on, and what one brought has been read
 ///     status TEXT        the check's line in the status bar contains it
 ///     message TEXT       the status bar's message contains it
-///     reloads N          the catalogue was read again at least so often
+///     reloads N          the catalogue was read again so often, neither more nor less
 ///     shown N            rows in the current list
 ///     scrolled yes|no    the current list is not at its top, or is
 ///     current NAME       the keyboard's cell
@@ -38,12 +38,14 @@ public:
     ScriptConditions(MainWindow& window, const BackgroundCheck& check);
     ~ScriptConditions() override;
 
+    /// Takes the place of the desktop's programs, for "opened". While no script runs, addresses are
+    /// the user's.
+    void takeAddresses();
     /// False while it does not hold: errorText() says what there is instead.
     bool holds(const QStringList& words);
     QString errorText() const { return m_error; }
 
 public slots:
-    /// Takes the place of the desktop's programs.
     void open(const QUrl& address);
 
 private:

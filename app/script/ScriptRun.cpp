@@ -36,9 +36,10 @@ ScriptRun::ScriptRun(MainWindow& window, BackgroundCheck& check, const CommandLi
     , m_conditions(window, check)
     , m_targets(window)
     , m_pictures(commandLine.screenshotFolder)
+    , m_scripted(!commandLine.scriptFile.isEmpty())
 {
     connect(&m_timer, &QTimer::timeout, this, &ScriptRun::tryStep);
-    if (!commandLine.scriptFile.isEmpty()) {
+    if (m_scripted) {
         ScriptStep::readAll(commandLine.scriptFile, m_steps, m_error);
         if (m_error.isEmpty() && !m_input.isAvailable())
             m_error = QStringLiteral("a script needs an X display that takes its events");
@@ -52,8 +53,13 @@ ScriptRun::ScriptRun(MainWindow& window, BackgroundCheck& check, const CommandLi
 
 void ScriptRun::start()
 {
-    if (m_steps.isEmpty())
+    if (m_scripted)
+        m_conditions.takeAddresses();
+    if (m_steps.isEmpty()) {
+        if (m_scripted)
+            QMetaObject::invokeMethod(this, &ScriptRun::finish, Qt::QueuedConnection);
         return;
+    }
     m_window.activateWindow(); // where no window manager does it
     m_stepTime.start();
     m_timer.start(tryEvery);
@@ -77,8 +83,7 @@ void ScriptRun::tryStep()
     print(QStringLiteral("FAILED in line %1: %2 (%3)")
               .arg(QString::number(step.line), step.text(), m_missing));
     m_failed = true;
-    if (!m_pictures.isEmpty())
-        pictured(QStringLiteral("failed"));
+    pictured(QStringLiteral("failed"));
     finish();
 }
 
@@ -167,6 +172,8 @@ bool ScriptRun::typed(bool ok)
 
 bool ScriptRun::pictured(const QString& name)
 {
+    if (m_pictures.isEmpty())
+        return true;
     const QString file = m_pictures + QLatin1Char('/') + name + QStringLiteral(".png");
     const QRect frame = m_window.geometry();
     // What the display shows, with menus that are open; other platforms only draw the window.

@@ -23,7 +23,8 @@ class MainWindow;
 ///     wheel STEPS                    over the list; below 0 is down
 ///     press KEYS, type TEXT
 ///     wait CONDITION                 see ScriptConditions
-///     screenshot NAME                of the window, into the folder of --screenshot
+///     screenshot NAME                of the window, into the folder of --screenshot; without one
+///                                    the step does nothing
 ///     pace MILLISECONDS              of downloads, see DownloadPacing
 ///     say TEXT                       prints it
 ///     touch FILE                     makes an empty file, for whoever watches from outside
@@ -61,6 +62,7 @@ private:
     RealInput m_input;
     QVector<ScriptStep> m_steps;
     QString m_pictures;
+    bool m_scripted;
     QTimer m_timer;
     QElapsedTimer m_stepTime;
     QPoint m_lastPoint; // where the present step's target was at the last look

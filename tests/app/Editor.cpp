@@ -1,6 +1,7 @@
 #include "Editor.h"
 
 #include "EditorWorld.h"
+#include "script/RealInput.h"
 #include "support/CatalogueFiles.h"
 
 #include <QDir>
@@ -70,7 +71,18 @@ Outcome Editor::run(const QString& script, bool online)
 
 Outcome Editor::runBare(const QStringList& options)
 {
+    startBare(options);
+    return outcome();
+}
+
+void Editor::startBare(const QStringList& options)
+{
     m_process.setProcessEnvironment(m_environment);
     m_process.start(QStringLiteral(MVEDITOR_PROGRAM), options);
-    return outcome();
+}
+
+RealInput& Editor::input()
+{
+    static RealInput theInput(display().name());
+    return theInput;
 }

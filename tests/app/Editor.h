@@ -8,6 +8,7 @@
 #include <QStringList>
 
 class EditorWorld;
+class RealInput;
 
 /// The editor as a process of its own, on a virtual display and driven by a script.
 class Editor
@@ -23,6 +24,10 @@ public:
     /// Starts a script; outcome() waits for its end.
     void start(const QString& script, bool online = true);
     Outcome outcome();
+    /// Starts it with these options and no script, for `input()`.
+    void startBare(const QStringList& options);
+    /// Mouse and keyboard of its display.
+    static RealInput& input();
     /// Ends it as a crash would.
     void kill();
 

@@ -1,0 +1,64 @@
+#include "Editor.h"
+#include "EditorWorld.h"
+#include "support/CatalogueFiles.h"
+#include "support/TestMain.h"
+
+#include <QDir>
+#include <QFile>
+
+/// The demonstration, which serves the samples itself, and an installation named by an option.
+class tst_editor_demo : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void showsTheSamplesAndLeavesNothing();
+    void resourcesAreThoseOfTheOption();
+};
+
+namespace {
+
+QString scriptFile(const EditorWorld& world, const char* steps)
+{
+    const QString file = world.folder() + QStringLiteral("/steps.txt");
+    CatalogueFiles::write(file, steps);
+    return file;
+}
+
+} // namespace
+
+void tst_editor_demo::showsTheSamplesAndLeavesNothing()
+{
+    const EditorWorld world;
+    const QString temporary = world.folder() + QStringLiteral("/tmp");
+    QVERIFY(QDir().mkpath(temporary));
+    Editor editor(world);
+    editor.setVariable(QStringLiteral("TMPDIR"), temporary);
+    // A favourite is what the catalogue saves last.
+    VERIFY_ENDED_WELL(editor.runBare({QStringLiteral("--demo"), QStringLiteral("--script"),
+                                      scriptFile(world,
+                                                 "pace 1\n"
+                                                 "wait reloads 1\n"
+                                                 "click cell \"New Year Fireworks\"\n"
+                                                 "wait applied \"New Year Fireworks\"\n"
+                                                 "press F\n"
+                                                 "wait favourite \"New Year Fireworks\"\n")}));
+    const QStringList left =
+        QDir(temporary).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    QVERIFY2(left.isEmpty(), qPrintable(left.join(QLatin1Char(' '))));
+}
+
+void tst_editor_demo::resourcesAreThoseOfTheOption()
+{
+    EditorWorld world;
+    world.install({QStringLiteral("Alpha")});
+    const QString elsewhere = world.folder() + QStringLiteral("/elsewhere");
+    QVERIFY(QDir().rename(world.folder() + QStringLiteral("/installed"), elsewhere));
+    const QStringList common = world.arguments(false)
+        + QStringList{QStringLiteral("--script"), scriptFile(world, "wait quiet\nwait shown 2\n"),
+                      QStringLiteral("--resources"), elsewhere};
+    VERIFY_ENDED_WELL(Editor(world).runBare(common));
+}
+
+MV_TEST_MAIN(tst_editor_demo)
+#include "tst_editor_demo.moc"
