@@ -3,6 +3,8 @@
 #include "support/HttpAnswer.h"
 #include "support/TestMain.h"
 
+#include <QFile>
+
 /// A server that fails once, at each of its requests in turn.
 class tst_editor_faults : public QObject
 {
@@ -60,6 +62,10 @@ void tst_editor_faults::theNextStartMakesUpForIt()
                                                        "wait quiet\n"
                                                        "click cell Alpha\n"
                                                        "wait applied Alpha\n")));
+    const QString shown = world.root() + QStringLiteral("/Themes/display/PQD/Download/");
+    for (const char* file :
+         {"Themes/alpha.png", "Themes/alpha.gif", "VideoFilters/sepia.png", "BgMaterial/blue.png"})
+        QVERIFY2(QFile::exists(shown + QLatin1String(file)), file);
 }
 
 void tst_editor_faults::aFailedDownloadIsTriedAgain_data()

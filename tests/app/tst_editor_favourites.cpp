@@ -156,6 +156,10 @@ void tst_editor_favourites::wrongFilesAreRefused_data()
     QTest::newRow("other JSON") << QByteArray("{\"format\": 2, \"favourites\": []}");
     QTest::newRow("no GUID") << QByteArray(
         R"({"format": 1, "favourites": [{"kind": "theme", "guid": "Beta"}]})");
+    const QByteArray alpha = EditorWorld::themeGuid(QStringLiteral("Alpha")).toUtf8();
+    QTest::newRow("wrong behind a right one")
+        << QByteArray(R"({"format": 1, "favourites": [{"kind": "theme", "guid": ")" + alpha
+                      + R"("}, {"kind": "x", "guid": ")" + alpha + R"("}]})");
     QTest::newRow("unknown kind") << QByteArray(
         R"({"format": 1, "favourites": [{"kind": "x", "guid": "{AAAAAAAA-0000-0000-0000-000000000001}"}]})");
 }

@@ -50,7 +50,7 @@ void tst_editor_start::aCurrentCatalogueIsNotReadAgain()
     world.fillRoot({QStringLiteral("Alpha")});
     world.publish({QStringLiteral("Alpha")});
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral("wait status \"Up to date\"\n"
-                                                       "wait phase idle\n"
+                                                       "wait quiet\n"
                                                        "wait reloads 0\n")));
     QCOMPARE(world.server().requestCount(), 1);
 }
