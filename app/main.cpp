@@ -90,7 +90,7 @@ int main(int argc, char** argv)
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     CommandLine commandLine;
-    // The catalogue saves favourites when the process ends, and lets go of its folders after that.
+    // It outlives the catalogue, which saves favourites when the process ends.
     static Startup startup;
     const int status = prepare(argc, argv, commandLine, startup);
     return status != 0 ? status : run(argc, argv, commandLine, startup);
