@@ -15,9 +15,10 @@ int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
     QString error;
-    if (argc != 3 || !loadHostSettings(QString::fromLocal8Bit(argv[1]), &error))
-        qFatal("usage: embed SETTINGS.ini DOWNLOAD_ROOT %s", qPrintable(error));
-
+    if (argc != 3 || !loadHostSettings(QString::fromLocal8Bit(argv[1]), &error)) {
+        qCritical("usage: embed SETTINGS.ini DOWNLOAD_ROOT %s", qPrintable(error));
+        return 2;
+    }
     MVThemeMgr* const catalogue = MVThemeMgr::init();
     catalogue->setResourceSaveRootPath(QString::fromLocal8Bit(argv[2]));
     catalogue->load(false);
@@ -29,22 +30,30 @@ int main(int argc, char** argv)
     themes.initData(QUuid(), false);
     themes.resize(720, 480);
     themes.show();
-    MVThemeItemWdg::setCbItemClicked([&themes](SCfg_Item* theme) {
-        themes.setWindowTitle(theme->m_qsName); // here an editor applies it
-    });
+    // Here an editor applies it.
+    MVThemeItemWdg::setCbItemClicked([&](auto* theme) { themes.setWindowTitle(theme->m_qsName); });
 
-    auto* const check = MVThemeDownLoader_CheckCfg::instance();
-    MVThemeDownLoader_CheckCfg::setPreviewRunCallback([&themes, check](const SPreviewRunResult&) {
-        const auto reload = [&themes, check] {
-            check->waitThreadFinished(); // nothing may work on the catalogue while it is read
-            themes.clear();
-            MVThemeMgr::init()->load(true);
-            themes.initData(QUuid(), false);
-        };
-        QMetaObject::invokeMethod(&themes, reload, Qt::QueuedConnection);
+    using Check = MVThemeDownLoader_CheckCfg;
+    const auto reload = [&themes, catalogue] {
+        Check::instance()->waitThreadFinished(); // nothing may work on what is read again
+        themes.clear();
+        catalogue->saveThemeCollect(); // load() takes favourites from their files
+        catalogue->saveFilterCollect();
+        catalogue->load(true);
+        themes.initData(QUuid(), false);
+    };
+    bool changed = false;
+    Check::setCatalogueCheckCallback([&changed](const SCatalogueCheckResult& result) {
+        changed = result.m_eEnd == eCatalogueCheck_Changed;
     });
-    check->startDownloadXML();
+    Check::setPreviewRunCallback([&](const SPreviewRunResult& run) {
+        if (changed || run.m_nFetched > 0)
+            QMetaObject::invokeMethod(&themes, reload, Qt::QueuedConnection);
+    });
+    Check::instance()->startDownloadXML();
     const int status = QApplication::exec();
-    MVThemeDownLoader_CheckCfg::setPreviewRunCallback({});
+    MVThemeItemWdg::setCbItemClicked({});
+    Check::setCatalogueCheckCallback({});
+    Check::setPreviewRunCallback({});
     return status;
 }
