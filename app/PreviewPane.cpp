@@ -1,16 +1,43 @@
 #include "PreviewPane.h"
 
+#include <QFile>
 #include <QImageReader>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyle>
-#include <QStyleOptionFocusRect>
+#include <QtEndian>
 
 namespace {
 
 constexpr int aspectWidth = 16;
 constexpr int aspectHeight = 9;
 constexpr int widthHint = 320;
+constexpr qint64 mostPixels = 64 * 1024 * 1024;
+
+qint64 pixels(const QSize& size)
+{
+    return qint64{size.width()} * size.height();
+}
+
+/// The canvas at the head of a GIF, two numbers of two bytes with the lower byte first, which need
+/// not be the size of its first frame. Empty for other files.
+QSize canvas(const QString& path)
+{
+    constexpr int headSize = 10;
+    QFile file(path);
+    const QByteArray head = file.open(QIODevice::ReadOnly) ? file.read(headSize) : QByteArray();
+    if (head.size() < headSize || !head.startsWith("GIF8"))
+        return {};
+    return {qFromLittleEndian<quint16>(head.constData() + 6),
+            qFromLittleEndian<quint16>(head.constData() + 8)};
+}
+
+/// A few bytes from a server can announce a picture that fills the memory.
+bool isShowable(const QString& path)
+{
+    return !path.isEmpty() && pixels(canvas(path)) <= mostPixels
+        && pixels(QImageReader(path).size()) <= mostPixels;
+}
 
 } // namespace
 
@@ -19,19 +46,26 @@ PreviewPane::PreviewPane(QWidget* parent)
 {
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    connect(&m_movie, &QMovie::updated, this, [this] { update(); });
+    connect(&m_movie, &QMovie::updated, this, [this] {
+        m_hasFrame = true;
+        update();
+    });
 }
 
 void PreviewPane::show(const QString& thumbnail, const QString& animation, bool play)
 {
     m_movie.stop();
     m_animated = false;
-    if (!animation.isEmpty()) {
+    m_hasFrame = false;
+    if (isShowable(animation)) {
         m_movie.setFileName(animation);
         m_animated = m_movie.isValid();
     }
-    m_still = thumbnail.isEmpty() ? QPixmap() : QPixmap::fromImage(QImageReader(thumbnail).read());
+    m_still =
+        isShowable(thumbnail) ? QPixmap::fromImage(QImageReader(thumbnail).read()) : QPixmap();
     setPlaying(play);
+    if (m_animated && !play && m_still.isNull())
+        m_movie.jumpToFrame(0);
     update();
 }
 
@@ -62,7 +96,7 @@ void PreviewPane::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.fillRect(rect(), palette().color(QPalette::Button));
-    const bool moving = m_animated && (isPlaying() || m_still.isNull());
+    const bool moving = m_hasFrame && (isPlaying() || m_still.isNull());
     const QPixmap picture = moving ? m_movie.currentPixmap() : m_still;
     if (!picture.isNull()) {
         const QSize size = picture.size().scaled(rect().size(), Qt::KeepAspectRatio);

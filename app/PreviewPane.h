@@ -12,7 +12,9 @@ class PreviewPane : public QWidget
 public:
     explicit PreviewPane(QWidget* parent);
 
-    /// Paths of the files; an empty animation shows the thumbnail, and that without a file nothing.
+    /// Paths of the files. Without an animation the thumbnail shows, without both nothing; without
+    /// a thumbnail an animation that does not play shows its first frame. A file that announces
+    /// more than 64 Mi pixels counts as none.
     void show(const QString& thumbnail, const QString& animation, bool play);
     void setPlaying(bool playing);
     bool isPlaying() const { return m_movie.state() == QMovie::Running; }
@@ -29,4 +31,5 @@ private:
     QPixmap m_still;
     QMovie m_movie;
     bool m_animated = false;
+    bool m_hasFrame = false; // until then the movie's picture is that of the file before
 };

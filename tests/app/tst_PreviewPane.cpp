@@ -1,0 +1,143 @@
+#include "PreviewPane.h"
+#include "support/CatalogueFiles.h"
+#include "support/TestMain.h"
+
+#include <QImage>
+#include <QTemporaryDir>
+
+/// The large picture: what it shows of which file.
+class tst_PreviewPane : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void showsTheThumbnailUntilItPlays();
+    void withoutAThumbnailTheFirstFrameStands();
+    void anItemWithoutFilesShowsNothing();
+    void hugeAnimationsCountAsNone_data();
+    void hugeAnimationsCountAsNone();
+    void hugeThumbnailsCountAsNone();
+
+private:
+    QString write(const QString& name, const QByteArray& bytes) const;
+    QString thumbnail(const QColor& color) const;
+    QString animation(const QColor& color) const;
+    QColor middle() const;
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<PreviewPane> m_pane;
+};
+
+namespace {
+
+QByteArray number(int value)
+{
+    return QByteArray(1, char(value & 0xff)) + QByteArray(1, char(value >> 8));
+}
+
+/// A GIF with one frame of one colour, whose pixels need not be all there.
+QByteArray gif(const QColor& color, const QSize& canvas, const QSize& frame)
+{
+    const QByteArray colors = QByteArray(1, char(color.red())) + char(color.green())
+        + char(color.blue()) + QByteArray(3, '\0');
+    const QByteArray onePixel("\x02\x02\x44\x01\x00", 5);
+    return "GIF89a" + number(canvas.width()) + number(canvas.height()) + "\x80" + number(0) + colors
+        + "," + number(0) + number(0) + number(frame.width()) + number(frame.height())
+        + QByteArray(1, '\0') + onePixel + ";";
+}
+
+} // namespace
+
+void tst_PreviewPane::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_pane = std::make_unique<PreviewPane>(nullptr);
+    m_pane->resize(160, 90);
+}
+
+QString tst_PreviewPane::write(const QString& name, const QByteArray& bytes) const
+{
+    CatalogueFiles::write(m_folder->filePath(name), bytes);
+    return m_folder->filePath(name);
+}
+
+QString tst_PreviewPane::thumbnail(const QColor& color) const
+{
+    QImage image(16, 9, QImage::Format_RGB32);
+    image.fill(color);
+    const QString file = m_folder->filePath(color.name() + QStringLiteral(".png"));
+    image.save(file);
+    return file;
+}
+
+QString tst_PreviewPane::animation(const QColor& color) const
+{
+    return write(color.name() + QStringLiteral(".gif"), gif(color, {1, 1}, {1, 1}));
+}
+
+QColor tst_PreviewPane::middle() const
+{
+    const QImage shown = m_pane->grab().toImage();
+    return shown.pixelColor(shown.rect().center());
+}
+
+void tst_PreviewPane::showsTheThumbnailUntilItPlays()
+{
+    m_pane->show(thumbnail(Qt::green), animation(Qt::red), false);
+    QCOMPARE(middle(), QColor(Qt::green));
+    m_pane->setPlaying(true);
+    QTRY_COMPARE(middle(), QColor(Qt::red));
+}
+
+void tst_PreviewPane::withoutAThumbnailTheFirstFrameStands()
+{
+    m_pane->show(QString(), animation(Qt::red), true);
+    QTRY_COMPARE(middle(), QColor(Qt::red));
+    m_pane->show(QString(), animation(Qt::blue), false);
+    QVERIFY(!m_pane->isPlaying());
+    QCOMPARE(middle(), QColor(Qt::blue));
+}
+
+void tst_PreviewPane::anItemWithoutFilesShowsNothing()
+{
+    const QColor nothing = middle();
+    m_pane->show(QString(), animation(Qt::red), true);
+    QTRY_COMPARE(middle(), QColor(Qt::red));
+    m_pane->show(QString(), QString(), true);
+    QVERIFY(!m_pane->isPlaying());
+    QCOMPARE(middle(), nothing);
+}
+
+void tst_PreviewPane::hugeAnimationsCountAsNone_data()
+{
+    QTest::addColumn<QSize>("canvas");
+    QTest::addColumn<QSize>("frame");
+    QTest::addColumn<bool>("plays");
+    const QSize most(8192, 8192);
+    const QSize more(8193, 8192);
+    QTest::newRow("most canvas") << most << QSize(1000, 1000) << true;
+    QTest::newRow("more canvas") << more << QSize(1000, 1000) << false;
+    QTest::newRow("more in a frame, without a canvas") << QSize(0, 0) << more << false;
+}
+
+void tst_PreviewPane::hugeAnimationsCountAsNone()
+{
+    QFETCH(QSize, canvas);
+    QFETCH(QSize, frame);
+    QFETCH(bool, plays);
+    m_pane->show(thumbnail(Qt::green),
+                 write(QStringLiteral("huge.gif"), gif(Qt::red, canvas, frame)), true);
+    QCOMPARE(m_pane->isPlaying(), plays);
+}
+
+void tst_PreviewPane::hugeThumbnailsCountAsNone()
+{
+    const QColor nothing = middle();
+    m_pane->show(write(QStringLiteral("huge.png"), gif(Qt::red, {8193, 8192}, {8193, 8192})),
+                 QString(), true);
+    QCOMPARE(middle(), nothing);
+}
+
+MV_WIDGET_TEST_MAIN(tst_PreviewPane)
+#include "tst_PreviewPane.moc"
