@@ -107,6 +107,10 @@ void MVThemeDownLoader::run()
 
 MVThemeDownLoader::Step MVThemeDownLoader::end(EMVThemeDownLoadError result)
 {
+    if (m_bWillCancel) {
+        const QMutexLocker lock(&m_mutexCurrent);
+        m_strError.clear(); // who stopped it wants no reason
+    }
     m_bEnded = true;
     emit sigDownloadFinish(result);
     return Step::Ended;

@@ -14,6 +14,7 @@ private slots:
     void fileWithoutAPlace();
     void forgottenByTheNextDownload();
     void cancelled();
+    void cancelledAfterAFailure();
 };
 
 namespace {
@@ -92,6 +93,21 @@ void tst_MVThemeDownLoader_errorText::cancelled()
     MVThemeDownLoader downloader(nullptr);
     downloader.download(&item);
     QTRY_COMPARE(world.requests(QStringLiteral("/config") + missing), 1);
+    downloader.cancel();
+    QVERIFY(DownloadWorld::ends(downloader));
+    QCOMPARE(downloader.errorText(), QString());
+}
+
+void tst_MVThemeDownLoader_errorText::cancelledAfterAFailure()
+{
+    DownloadWorld world;
+    SCfg_Item item = DownloadWorld::item(eCfgItem_Filter, 1, {missing, alsoMissing});
+    world.route(QStringLiteral("/config") + alsoMissing,
+                [](HttpExchange& exchange) { exchange.stall(); });
+    MVThemeDownLoader downloader(nullptr);
+    downloader.download(&item);
+    QTRY_COMPARE(world.requests(QStringLiteral("/config") + alsoMissing), 1);
+    QVERIFY2(downloader.errorText().contains(missing), qPrintable(downloader.errorText()));
     downloader.cancel();
     QVERIFY(DownloadWorld::ends(downloader));
     QCOMPARE(downloader.errorText(), QString());
