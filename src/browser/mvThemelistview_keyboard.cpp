@@ -11,11 +11,23 @@
 #include <QMouseEvent>
 #include <QStandardItemModel>
 
+namespace {
+
+bool isCellKey(int key)
+{
+    return key == Qt::Key_Enter || key == Qt::Key_Return || key == Qt::Key_F
+        || key == Qt::Key_Space;
+}
+
+} // namespace
+
 void mvThemelistview::keyPressEvent(QKeyEvent* event)
 {
     showFocus(true);
     const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-    if (plain && actOnCurrentCell(event->key())) {
+    // A key that is held acts once; its repeats would apply, or turn a favourite, again and again.
+    const bool held = event->isAutoRepeat() && isCellKey(event->key());
+    if (plain && (held || actOnCurrentCell(event->key()))) {
         event->accept();
         return;
     }

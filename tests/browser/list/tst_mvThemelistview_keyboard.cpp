@@ -10,6 +10,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QKeyEvent>
 #include <QSignalSpy>
 #include <QToolButton>
 
@@ -32,6 +33,9 @@ private slots:
     void letterDoesNothingWhileFilesAreMissing();
     void spacePlaysAndStops();
     void keysWithModifiersAreNotTheCells();
+    void heldKeysActOnce_data();
+    void heldKeysActOnce();
+    void heldArrowsGoOn();
     void outlineShowsWhereTheKeyboardIs();
     void outlineFollowsTheScrolling();
     void mouseHidesTheOutline();
@@ -45,6 +49,12 @@ private:
     void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
         QTest::keyClick(m_list->view(), Qt::Key(key), modifiers);
+    }
+    /// The press that a key sends again and again while it is held.
+    void repeat(int key)
+    {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
+        QApplication::sendEvent(m_list->view(), &event);
     }
     QWidget* outline() const;
     QString spokenRow(int row) const;
@@ -197,6 +207,37 @@ void tst_mvThemelistview_keyboard::keysWithModifiersAreNotTheCells()
     press(Qt::Key_Return, Qt::AltModifier);
     QVERIFY(!MVThemeMgr::init()->isItemCollect(BrowserWorld::theme(1)));
     QCOMPARE(trace.entries(), QStringList());
+}
+
+void tst_mvThemelistview_keyboard::heldKeysActOnce_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("applied");
+    QTest::addColumn<bool>("favourite");
+    QTest::addColumn<bool>("playing");
+    QTest::newRow("return") << int(Qt::Key_Return) << 1 << false << false;
+    QTest::newRow("enter") << int(Qt::Key_Enter) << 1 << false << false;
+    QTest::newRow("letter") << int(Qt::Key_F) << 0 << true << false;
+    QTest::newRow("space") << int(Qt::Key_Space) << 0 << false << true;
+}
+
+void tst_mvThemelistview_keyboard::heldKeysActOnce()
+{
+    QFETCH(int, key);
+    const QSignalSpy applied(m_list->view(), &mvThemelistview::sigThemeItemClicked);
+    press(key);
+    repeat(key);
+    QTEST(int(applied.size()), "applied");
+    QTEST(MVThemeMgr::init()->isItemCollect(BrowserWorld::theme(1)), "favourite");
+    QTEST(plays(m_list->cell(0)), "playing");
+    QCOMPARE(m_list->view()->currentIndex().row(), 0);
+}
+
+void tst_mvThemelistview_keyboard::heldArrowsGoOn()
+{
+    press(Qt::Key_Right);
+    repeat(Qt::Key_Right);
+    QCOMPARE(m_list->view()->currentIndex().row(), 2);
 }
 
 void tst_mvThemelistview_keyboard::outlineShowsWhereTheKeyboardIs()
