@@ -103,7 +103,7 @@ void ResourceList::applyFilter(int themeType, const QString& text)
     m_view->reapplyFilter(themeType, QRegExp::escape(text));
     // It may have been applied elsewhere while a filter hid it here.
     const MVThemeItemWdg* const applied = m_applied.isEmpty() ? nullptr : cell(m_applied);
-    if (applied && !applied->property("IsChecked").toBool())
+    if (applied && !applied->isChecked())
         markApplied(m_applied);
     showWhyEmpty();
 }
@@ -243,7 +243,9 @@ QString ResourceList::whyEmpty() const
 
 void ResourceList::showWhyEmpty()
 {
-    m_whyEmpty->setVisible(shownItems() == 0);
+    // The "More>>" row, which has no GUID, is the last.
+    const bool anyItem = !m_view->model()->index(0, 0).data(UIItemRole_GUID).toString().isEmpty();
+    m_whyEmpty->setVisible(!anyItem);
     m_whyEmpty->setText(whyEmpty());
     placeWhyEmpty();
 }

@@ -30,6 +30,7 @@ public:
     void setFilter(int themeType, const QString& text);
     /// Applies the filter again, after favourites have changed.
     void refilter();
+    /// Rows, "More>>" among them.
     int shownItems() const;
 
     /// The cell of an item; null while a filter hides it.

@@ -152,7 +152,7 @@ bool ScriptConditions::holdsForCell(const QString& what, const QString& name)
         return false;
     m_error = QStringLiteral("it is not");
     if (what == QLatin1String("applied"))
-        return cell->property("IsChecked").toBool()
+        return cell->isChecked()
             && equals(textOf(ScriptTargets::widget(QStringLiteral("appliedName"))), name);
     if (what == QLatin1String("downloading"))
         return cell->isDownloading();

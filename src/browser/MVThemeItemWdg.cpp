@@ -74,6 +74,11 @@ void MVThemeItemWdg::setCurText(bool cur)
     m_pUi->frmShow->setCurText(cur);
 }
 
+bool MVThemeItemWdg::isChecked() const
+{
+    return property("IsChecked").toBool();
+}
+
 void MVThemeItemWdg::adjustItem()
 {
     m_pUi->frmShow->adjustItem();

@@ -60,6 +60,9 @@ public:
     void setSel(MVThemeItemWdg* w);
     /// Shows or hides the "Current" mark.
     void setCurText(bool cur);
+    /// Whether the item is the list's applied one: the dynamic property "IsChecked", which the list
+    /// sets and style sheets test.
+    bool isChecked() const;
 
     void adjustItem();
     void resetItemData();

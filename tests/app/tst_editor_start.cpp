@@ -105,8 +105,11 @@ void tst_editor_start::emptyEverywhere()
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
         wait phase idle
         wait text appliedName "Nothing applied yet"
+        wait text lblMore "More>>"
+        wait text whyEmpty "Nothing is here yet"
         click tab 3
         wait shown 1
+        wait gone whyEmpty
     )"),
                                         false));
 }

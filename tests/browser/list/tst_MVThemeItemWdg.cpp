@@ -183,6 +183,8 @@ void tst_MVThemeItemWdg::selectingMovesTheMark()
     QCOMPARE(m_slot, second);
     QCOMPARE(first->property("IsChecked"), QVariant(false));
     QCOMPARE(second->property("IsChecked"), QVariant(true));
+    QVERIFY(!first->isChecked());
+    QVERIFY(second->isChecked());
     second->setSel(first); // any cell may move it
     QVERIFY(isMarked(first));
     QVERIFY(!isMarked(second));
