@@ -66,7 +66,7 @@ QString tst_PreviewPane::thumbnail(const QColor& color) const
 {
     QImage image(16, 9, QImage::Format_RGB32);
     image.fill(color);
-    const QString file = m_folder->filePath(color.name() + QStringLiteral(".png"));
+    QString file = m_folder->filePath(color.name() + QStringLiteral(".png"));
     image.save(file);
     return file;
 }

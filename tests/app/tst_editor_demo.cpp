@@ -20,7 +20,7 @@ namespace {
 
 QString scriptFile(const EditorWorld& world, const char* steps)
 {
-    const QString file = world.folder() + QStringLiteral("/steps.txt");
+    QString file = world.folder() + QStringLiteral("/steps.txt");
     CatalogueFiles::write(file, steps);
     return file;
 }

@@ -26,7 +26,7 @@ constexpr QPoint more(95, 158);
 /// A desktop that writes down what it is to open, and with which scale.
 QString installDesktop(const EditorWorld& world)
 {
-    const QString folder = world.folder() + QStringLiteral("/bin");
+    QString folder = world.folder() + QStringLiteral("/bin");
     const QString program = folder + QStringLiteral("/xdg-open");
     CatalogueFiles::write(program,
                           "#!/bin/sh\n"

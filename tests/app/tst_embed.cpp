@@ -27,7 +27,7 @@ const QString alpha = QStringLiteral("Alpha");
 /// The editor's settings, and the server's address.
 QString settingsFor(const EditorWorld& world)
 {
-    const QString file = world.folder() + QStringLiteral("/host.ini");
+    QString file = world.folder() + QStringLiteral("/host.ini");
     const QByteArray address =
         "[params]\nurl_themeRootDir=" + world.arguments().constLast().toUtf8();
     CatalogueFiles::write(file, CatalogueFiles::read(file).replace("[params]", address));
