@@ -1,42 +1,24 @@
 #include "PreviewPane.h"
 
+#include "host/widgets/ImageLimit.h"
+
 #include <QFile>
 #include <QImageReader>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyle>
-#include <QtEndian>
 
 namespace {
 
 constexpr int aspectWidth = 16;
 constexpr int aspectHeight = 9;
 constexpr int widthHint = 320;
-constexpr qint64 mostPixels = 64 * 1024 * 1024;
-
-qint64 pixels(const QSize& size)
-{
-    return qint64{size.width()} * size.height();
-}
-
-/// The canvas at the head of a GIF, two numbers of two bytes with the lower byte first, which need
-/// not be the size of its first frame. Empty for other files.
-QSize canvas(const QString& path)
-{
-    constexpr int headSize = 10;
-    QFile file(path);
-    const QByteArray head = file.open(QIODevice::ReadOnly) ? file.read(headSize) : QByteArray();
-    if (head.size() < headSize || !head.startsWith("GIF8"))
-        return {};
-    return {qFromLittleEndian<quint16>(head.constData() + 6),
-            qFromLittleEndian<quint16>(head.constData() + 8)};
-}
 
 /// A few bytes from a server can announce a picture that fills the memory.
 bool isShowable(const QString& path)
 {
-    return !path.isEmpty() && pixels(canvas(path)) <= mostPixels
-        && pixels(QImageReader(path).size()) <= mostPixels;
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) && ImageLimit::admits(file);
 }
 
 } // namespace

@@ -3,13 +3,13 @@
 #include "catalogue/MVThemeMgr.h"
 #include "host/LogL.h"
 #include "host/TzResourceMgr.h"
+#include "host/widgets/ImageLimit.h"
 #include "ui_MVThemePreviewFrm.h"
 
 #include <QFile>
 #include <QImageReader>
 #include <QMutexLocker>
 #include <QStyle>
-#include <QtEndian>
 
 namespace {
 
@@ -23,24 +23,12 @@ QString localPath(const SFileInfo& info)
     return info.m_qsFile;
 }
 
-/// A few bytes from a server can announce an animation that fills the memory. The size of a GIF's
-/// canvas stands at the head of the file, as two numbers of two bytes, the lower byte first.
-bool isOversized(QIODevice* file)
-{
-    constexpr int headSize = 10;
-    constexpr qint64 mostPixels = 64 * 1024 * 1024;
-    const QByteArray head = file ? file->peek(headSize) : QByteArray();
-    if (head.size() < headSize || !head.startsWith("GIF8"))
-        return false;
-    const auto width = qFromLittleEndian<quint16>(head.constData() + 6);
-    const auto height = qFromLittleEndian<quint16>(head.constData() + 8);
-    return qint64{width} * height > mostPixels;
-}
-
 QSize sizeOfFirstImage(const QString& path)
 {
-    QImageReader reader(path);
-    return reader.canRead() && !isOversized(reader.device()) ? reader.read().size() : QSize(0, 0);
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || !ImageLimit::admits(file))
+        return {0, 0};
+    return QImageReader(&file).read().size();
 }
 
 } // namespace
@@ -178,7 +166,7 @@ void MVThemePreviewFrm::closeMovieFile()
 
 bool MVThemePreviewFrm::isPlayable() const
 {
-    return m_movie.isValid() && !isOversized(m_movie.device());
+    return m_movie.isValid() && ImageLimit::admits(*m_movie.device());
 }
 
 bool MVThemePreviewFrm::isAnimated() const

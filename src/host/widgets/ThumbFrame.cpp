@@ -1,14 +1,15 @@
 #include "host/widgets/ThumbFrame.h"
 
+#include "host/widgets/ImageLimit.h"
+
 #include <QDateTime>
+#include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QPainter>
 #include <QPixmapCache>
 
 namespace {
-
-constexpr qint64 mostPixels = 64 * 1024 * 1024;
 
 /// Of a decoded image, in the cache that all frames share; another once the file has changed.
 QString cacheKey(const QString& path, const QSize& pixels, qreal ratio)
@@ -75,12 +76,11 @@ void ThumbFrame::decode(const QSize& pixels, qreal ratio)
     const QString key = cacheKey(m_path, pixels, ratio);
     if (QPixmapCache::find(key, &m_pixmap))
         return;
-    QImageReader reader(m_path);
-    reader.setAutoTransform(true);
-    // A few bytes from a server can announce an image that fills the memory.
-    const QSize announced = reader.size();
-    if (qint64{announced.width()} * announced.height() > mostPixels)
+    QFile file(m_path);
+    if (!file.open(QIODevice::ReadOnly) || !ImageLimit::admits(file))
         return;
+    QImageReader reader(&file);
+    reader.setAutoTransform(true);
     const QImage image = reader.read();
     if (image.isNull())
         return;

@@ -85,6 +85,7 @@ void tst_MVThemePreviewFrm_arrivals::refuses_an_animation_that_announces_too_man
     QTest::addColumn<bool>("plays");
     QTest::newRow("small") << quint16(20) << quint16(10) << true;
     QTest::newRow("64 Mi and a row more") << quint16(8192) << quint16(8193) << false;
+    QTest::newRow("no canvas, so its first image counts") << quint16(0) << quint16(0) << false;
     QTest::newRow("the largest") << quint16(0xffff) << quint16(0xffff) << false;
 }
 
