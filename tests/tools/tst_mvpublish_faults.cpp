@@ -6,7 +6,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
-#include <QLockFile>
 
 #include <functional>
 
@@ -43,7 +42,7 @@ QJsonObject slot(const char* name, const QString& item)
 
 Q_DECLARE_METATYPE(Change)
 
-/// mvpublish build, where the source is at fault or the place is not fit.
+/// mvpublish build, where the source is at fault.
 class TestMvpublishFaults : public QObject
 {
     Q_OBJECT
@@ -53,9 +52,6 @@ private slots:
     void sourceIsRefused();
     void everyFaultIsReported();
     void refusedSourceLeavesTheTree();
-    void refusesThePlace_data();
-    void refusesThePlace();
-    void refusesAPlaceThatIsBeingWritten();
     void failedWriteLeavesTheTree();
 
 private:
@@ -261,53 +257,6 @@ void TestMvpublishFaults::refusedSourceLeavesTheTree()
     source.set(text("look"), "name", nothing());
     QVERIFY(!Mvpublish::build(source.folder(), out).isEmpty());
     QCOMPARE(CatalogueFiles::filesBelow(out), before);
-}
-
-void TestMvpublishFaults::refusesThePlace_data()
-{
-    QTest::addColumn<QString>("source");
-    QTest::addColumn<QString>("out");
-    QTest::addColumn<QString>("message");
-    const QString source = home("source");
-    const QString within = text("SOURCE and OUT lie within each other");
-    QTest::newRow("no source") << home("nowhere") << home("out")
-                               << text("no such folder: ") + home("nowhere");
-    QTest::newRow("in the source") << source << source + text("/out") << within;
-    QTest::newRow("the source itself") << source << source << within;
-    QTest::newRow("around the source") << source << TestHome::path() << within;
-    CatalogueFiles::write(home("foreign/letter.txt"), "dear");
-    QTest::newRow("holds something else")
-        << source << home("foreign")
-        << home("foreign") + text(" is there and holds no tree; it is left as it is");
-    QTest::newRow("a file") << source << home("foreign/letter.txt")
-                            << home("foreign/letter.txt")
-            + text(" is there and holds no tree; it is left as it is");
-    QTest::newRow("no parent") << source << home("no/where")
-                               << text("nothing can be written beside ") + home("no/where");
-}
-
-void TestMvpublishFaults::refusesThePlace()
-{
-    QFETCH(QString, source);
-    QFETCH(QString, out);
-    QFETCH(QString, message);
-    const SmallSource small(home("source"));
-    const QStringList before = CatalogueFiles::filesBelow(TestHome::path());
-    const Outcome outcome = Mvpublish::run({text("build"), source, out});
-    QCOMPARE(QString::fromUtf8(outcome.err), text("mvpublish: ") + message + QLatin1Char('\n'));
-    QCOMPARE(outcome.status, 2);
-    QCOMPARE(CatalogueFiles::filesBelow(TestHome::path()), before);
-}
-
-void TestMvpublishFaults::refusesAPlaceThatIsBeingWritten()
-{
-    const SmallSource source(home("source"));
-    QLockFile other(home(".busy.lock"));
-    QVERIFY(other.lock());
-    const Outcome outcome = Mvpublish::run({text("build"), source.folder(), home("busy")});
-    QCOMPARE(QString::fromUtf8(outcome.err),
-             text("mvpublish: ") + home("busy") + text(" is being written by another run\n"));
-    QCOMPARE(outcome.status, 2);
 }
 
 /// An archive of nothing is found when it is packed: the tree beside goes, the old one stays.

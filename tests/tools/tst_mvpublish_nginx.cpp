@@ -5,6 +5,7 @@
 #include "support/NginxServer.h"
 #include "support/TestMain.h"
 
+#include <QDir>
 #include <QFile>
 #include <QUrl>
 
@@ -49,6 +50,7 @@ private slots:
     void keepsToItself();
     void otherMethodsAreRefused();
     void unchangedFilesKeepTheirTag();
+    void changedFileOfTheSameLengthHasAnotherTag();
 
 private:
     QByteArray get(const QByteArray& target, const QByteArray& fields = QByteArray(),
@@ -192,6 +194,9 @@ void TestMvpublishNginx::keepsToItself()
     const QByteArray answer = get(target);
     QVERIFY2(RawClient::status(answer) >= 400, answer.constData());
     QVERIFY(!RawClient::body(answer).contains("secret"));
+    // What is no part of a tree would keep it from being replaced.
+    QVERIFY(QDir(home("tree/.hidden")).removeRecursively());
+    QVERIFY(QFile::remove(home("tree/link.txt")));
 }
 
 void TestMvpublishNginx::otherMethodsAreRefused()
@@ -219,6 +224,21 @@ void TestMvpublishNginx::unchangedFilesKeepTheirTag()
     QCOMPARE(tagOf(same), sameTag);
     QVERIFY(tagOf(changed) != changedTag);
     QVERIFY(RawClient::body(get(changed)).contains("Other paper"));
+}
+
+/// The tag is made of the length and of the date in whole seconds.
+void TestMvpublishNginx::changedFileOfTheSameLengthHasAnotherTag()
+{
+    const SmallSource source(home("source"));
+    QSet<QByteArray> tags;
+    for (const char* name : {"A paper", "B paper", "C paper", "A paper"}) {
+        source.set(text("paper"), "name", text(name));
+        QCOMPARE(Mvpublish::build(source.folder(), home("tree")), QString());
+        const QByteArray answer = get("/ResourceConfig/resource_display.xml");
+        QVERIFY(RawClient::body(answer).contains(name));
+        tags.insert(RawClient::field(answer, "ETag"));
+    }
+    QCOMPARE(tags.size(), 4);
 }
 
 MV_TEST_MAIN(TestMvpublishNginx)

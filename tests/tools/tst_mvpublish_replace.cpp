@@ -6,12 +6,14 @@
 #include <QCryptographicHash>
 #include <QDateTime>
 #include <QDir>
+#include <QDirIterator>
 #include <QFileInfo>
 #include <QMap>
 #include <QSet>
 
 #include <algorithm>
 #include <array>
+#include <csignal>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -86,8 +88,10 @@ private slots:
     void filesThatStayKeepTheirDates();
     void replacedTreeHoldsNothingOld();
     void publishedFilesAreReadable();
+    void publishedFoldersAreReadableWhateverTheUmask();
     void readersNeverMeetHalfATree();
     void leftoversOfAKilledRunAreCleared();
+    void killedRunLeavesTheTree();
     void placeThatIsALink();
 
 private:
@@ -179,6 +183,21 @@ void TestMvpublishReplace::publishedFilesAreReadable()
     }
 }
 
+void TestMvpublishReplace::publishedFoldersAreReadableWhateverTheUmask()
+{
+    const SmallSource source(home("source"));
+    const QString script = text("umask 077; exec \"$0\" \"$@\"");
+    const Outcome outcome = ConsoleProgram::run(
+        text("/bin/sh"),
+        {text("-c"), script, Mvpublish::program(), text("build"), source.folder(), m_out});
+    QCOMPARE(outcome.status, 0);
+    const QFile::Permissions needed = QFile::ReadOther | QFile::ExeOther;
+    QCOMPARE(QFile::permissions(m_out) & needed, needed);
+    QDirIterator it(m_out, QDir::Dirs | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    while (it.hasNext())
+        QVERIFY2((QFile::permissions(it.next()) & needed) == needed, qPrintable(it.filePath()));
+}
+
 /// While trees replace each other, whoever opens the place finds a whole one.
 void TestMvpublishReplace::readersNeverMeetHalfATree()
 {
@@ -214,6 +233,33 @@ void TestMvpublishReplace::leftoversOfAKilledRunAreCleared()
     QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
     QVERIFY(CatalogueFiles::filesBelow(m_out).filter(text("half")).isEmpty());
     QVERIFY(!QFileInfo::exists(QFileInfo(m_out).path() + text("/.tree.new")));
+}
+
+void TestMvpublishReplace::killedRunLeavesTheTree()
+{
+    const SmallSource source(home("source"));
+    QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
+    const auto before = contentOf(m_out);
+    // So much that it takes a while to pack.
+    QByteArray noise(32 << 20, '\0');
+    quint32 state = 1;
+    for (char& byte : noise) {
+        state = state * 1664525U + 1013904223U;
+        byte = static_cast<char>(state >> 24U);
+    }
+    CatalogueFiles::write(source.file(text("zoom/pack/noise.bin")), noise);
+    QProcess process;
+    process.start(Mvpublish::program(), {text("build"), source.folder(), m_out});
+    const QString half = QFileInfo(m_out).path() + text("/.tree.new");
+    QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(half + text("/config")), 20000);
+    ConsoleProgram::signal(process, SIGKILL);
+    QCOMPARE(ConsoleProgram::end(process).status, -1);
+    QVERIFY(contentOf(m_out) == before);
+    QVERIFY(QFileInfo::exists(half));
+    QVERIFY(QFile::remove(source.file(text("zoom/pack/noise.bin"))));
+    QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
+    QVERIFY(contentOf(m_out) == before);
+    QVERIFY(!QFileInfo::exists(half));
 }
 
 /// A server's configuration may name a link; it stays one.

@@ -3,6 +3,7 @@
 #include "Arguments.h"
 #include "FolderSwitch.h"
 #include "Output.h"
+#include "ReplacedTree.h"
 #include "Source.h"
 #include "TreeBuilder.h"
 
@@ -11,14 +12,22 @@
 
 namespace {
 
-/// A folder that holds something else than a tree is not replaced.
-bool mayReplace(const QString& folder)
+/// Why the folder is not replaced; empty if it holds a tree, or nothing.
+QString placeFault(const QString& folder, bool installed)
 {
     const QFileInfo place(folder);
-    if (!place.exists())
-        return !place.isSymLink();
     const QDir tree(folder);
-    return place.isDir() && (tree.isEmpty() || tree.exists(Editions::catalogueFolder));
+    const bool isFree = place.exists() ? place.isDir() && tree.isEmpty() : !place.isSymLink();
+    if (isFree)
+        return QString();
+    if (!place.isDir() || !tree.exists(Editions::catalogueFolder))
+        return QStringLiteral("%1 is there and holds no tree").arg(folder);
+    const QString foreign = ReplacedTree::foreignEntry(folder, installed);
+    if (foreign.isEmpty())
+        return QString();
+    return QStringLiteral("%1 holds %2, which is no part of %3")
+        .arg(folder, foreign,
+             installed ? QStringLiteral("an installation") : QStringLiteral("a server's tree"));
 }
 
 bool contains(const QString& outer, const QString& inner)
@@ -29,6 +38,16 @@ bool contains(const QString& outer, const QString& inner)
         ? place.canonicalFilePath()
         : QFileInfo(place.absolutePath()).canonicalFilePath() + QLatin1Char('/') + place.fileName();
     return !folder.isEmpty() && (path + QLatin1Char('/')).startsWith(folder + QLatin1Char('/'));
+}
+
+/// Nothing that the build writes or removes may lie in the source, nor the other way round.
+QString foldersFault(const QString& source, const QString& out, const FolderSwitch& place)
+{
+    if (contains(source, out) || contains(out, source))
+        return QStringLiteral("SOURCE and OUT lie within each other");
+    if (contains(place.folder(), source) || contains(place.oldFolder(), source))
+        return QStringLiteral("SOURCE lies where OUT is made ready");
+    return QString();
 }
 
 int report(const Arguments& arguments, const Source& source, const TreeBuilder& builder)
@@ -57,20 +76,19 @@ int BuildCommand::run(const Arguments& arguments)
     if (!QFileInfo(sourceFolder).isDir())
         return Output::fail(Output::exitFailure,
                             QStringLiteral("no such folder: %1").arg(sourceFolder));
-    if (contains(sourceFolder, out) || contains(out, sourceFolder))
-        return Output::fail(Output::exitFailure,
-                            QStringLiteral("SOURCE and OUT lie within each other"));
-    if (!mayReplace(out))
-        return Output::fail(
-            Output::exitFailure,
-            QStringLiteral("%1 is there and holds no tree; it is left as it is").arg(out));
+    FolderSwitch place(out);
+    const QString fault = foldersFault(sourceFolder, out, place);
+    if (!fault.isEmpty())
+        return Output::fail(Output::exitFailure, fault);
+    const QString foreign = placeFault(out, arguments.installed);
+    if (!foreign.isEmpty())
+        return Output::fail(Output::exitFailure, foreign + QStringLiteral("; it is left as it is"));
     Source source;
     if (!source.read(sourceFolder)) {
-        for (const QString& fault : source.faults())
-            Output::fail(Output::exitFindings, fault);
+        for (const QString& line : source.faults())
+            Output::fail(Output::exitFindings, line);
         return Output::exitFindings;
     }
-    FolderSwitch place(out);
     if (!place.begin())
         return Output::fail(Output::exitFailure, place.errorText());
     TreeBuilder builder(source);

@@ -17,6 +17,14 @@ const QString catalogues = Editions::catalogueFolder + QLatin1Char('/');
 /// Readable by whoever serves the tree, whatever the source was.
 constexpr QFileDevice::Permissions served = QFileDevice::ReadOwner | QFileDevice::WriteOwner
     | QFileDevice::ReadGroup | QFileDevice::ReadOther;
+constexpr QFileDevice::Permissions entered =
+    served | QFileDevice::ExeOwner | QFileDevice::ExeGroup | QFileDevice::ExeOther;
+
+/// The folder of a file or folder of the tree; empty for the tree itself.
+QString parentOf(const QString& name)
+{
+    return name.left(std::max(0, name.lastIndexOf(QLatin1Char('/'))));
+}
 
 } // namespace
 
@@ -210,11 +218,20 @@ bool TreeBuilder::place(const QString& name)
 {
     m_written.insert(name);
     ++m_files;
-    const QString folder = QFileInfo(m_folder + QLatin1Char('/') + name).path();
-    if (m_folders.contains(folder))
+    return makeFolder(parentOf(name));
+}
+
+/// Whoever serves the tree can read it, whatever the umask is.
+bool TreeBuilder::makeFolder(const QString& name)
+{
+    if (name.isEmpty() || m_folders.contains(name))
         return true;
-    m_folders.insert(folder);
-    return QDir().mkpath(folder) || fail(QStringLiteral("%1 cannot be made").arg(folder));
+    m_folders.insert(name);
+    if (!makeFolder(parentOf(name)))
+        return false;
+    const QString folder = m_folder + QLatin1Char('/') + name;
+    return (QDir().mkdir(folder) && QFile::setPermissions(folder, entered))
+        || fail(QStringLiteral("%1 cannot be made").arg(folder));
 }
 
 bool TreeBuilder::fail(const QString& text)

@@ -36,6 +36,7 @@ private:
     bool copy(const QString& from, const QString& name);
     bool pack(const QString& folder, const QString& name);
     bool place(const QString& name);
+    bool makeFolder(const QString& name);
     bool fail(const QString& text);
 
     const Source& m_source;

@@ -1,0 +1,57 @@
+#include "ReplacedTree.h"
+
+#include "Editions.h"
+#include "Kinds.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSet>
+#include <QUrl>
+#include <QXmlStreamReader>
+
+namespace {
+
+/// An installation's shared files may have any name; its catalogue knows them.
+QSet<QString> sharedNames(const QString& folder)
+{
+    QSet<QString> names;
+    QFile file(folder + QLatin1Char('/') + Editions::catalogueFolder + QLatin1Char('/')
+               + Editions::configFile);
+    if (!file.open(QIODevice::ReadOnly))
+        return names;
+    QXmlStreamReader reader(&file);
+    while (!reader.atEnd()) {
+        if (reader.readNext() != QXmlStreamReader::StartElement
+            || reader.name() != QLatin1String("Url"))
+            continue;
+        const QString address =
+            QUrl::fromPercentEncoding(reader.readElementText().toUtf8()); // "/ThemesBgm/a.mp3"
+        if (address.startsWith(QLatin1Char('/')))
+            names.insert(address.section(QLatin1Char('/'), 1, 1));
+    }
+    return names;
+}
+
+QSet<QString> namesOfInstallation(const QString& folder)
+{
+    QSet<QString> names = sharedNames(folder);
+    for (const Kind& kind : Kinds::all())
+        names.insert(kind.folder);
+    return names;
+}
+
+} // namespace
+
+QString ReplacedTree::foreignEntry(const QString& folder, bool installed)
+{
+    QSet<QString> names =
+        installed ? namesOfInstallation(folder) : QSet<QString>{QStringLiteral("config")};
+    names += {Editions::catalogueFolder, QStringLiteral("display")};
+    const QStringList entries = QDir(folder).entryList(QDir::AllEntries | QDir::Hidden
+                                                       | QDir::System | QDir::NoDotAndDotDot);
+    for (const QString& entry : entries) {
+        if (!names.contains(entry))
+            return entry;
+    }
+    return QString();
+}
