@@ -343,6 +343,8 @@ void TestMvpublishBuild::ownDefinitionIsPublishedAsItStands()
     const QByteArray own = "<Look>\r\n\t<Shader/></Look>";
     CatalogueFiles::write(source.file(text("look/own.xml")), own);
     source.set(text("look"), "definition", text("own.xml"));
+    source.set(text("look"), "family", QJsonValue(QJsonValue::Undefined));
+    source.set(text("look"), "parameters", QJsonValue(QJsonValue::Undefined));
     QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
     QCOMPARE(CatalogueFiles::read(m_out + text("/config/VideoFilters/")
                                   + SmallSource::guid(text("look")) + text(".xml")),

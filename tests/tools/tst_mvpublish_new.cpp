@@ -39,6 +39,7 @@ private slots:
     void folderIsMadeOfTheName_data();
     void folderIsMadeOfTheName();
     void keepsTheManifestOfTheSource();
+    void namesOfEveryScript();
     void refuses();
 };
 
@@ -125,6 +126,19 @@ void TestMvpublishNew::keepsTheManifestOfTheSource()
             .status,
         0);
     QCOMPARE(CatalogueFiles::read(file), QByteArray("{\"version\": \"7.1\"}"));
+}
+
+void TestMvpublishNew::namesOfEveryScript()
+{
+    const QString name = text("\xf0\xa0\x80\x8b \xf0\x9f\x8e\x89");
+    QProcess process;
+    process.setProcessEnvironment(ConsoleProgram::utf8Environment());
+    process.start(Mvpublish::program(),
+                  {text("new"), text("filter"), name, text("--in"), home(text("scripts"))});
+    const Outcome outcome = ConsoleProgram::end(process);
+    QCOMPARE(outcome.err, QByteArray());
+    QCOMPARE(outcome.status, 0);
+    QVERIFY(CatalogueFiles::read(home(text("scripts/filter/item.json"))).contains(name.toUtf8()));
 }
 
 void TestMvpublishNew::refuses()

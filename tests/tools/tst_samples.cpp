@@ -7,6 +7,7 @@
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
 
+#include <QDir>
 #include <QDomDocument>
 #include <QFileInfo>
 #include <QProcess>
@@ -256,7 +257,8 @@ void TestSamples::treesAreBuiltFromTheSource()
 {
     QFETCH(QString, tree);
     QFETCH(QStringList, options);
-    const QString built = TestHome::path() + QStringLiteral("/built");
+    const QString built = TestHome::path() + QStringLiteral("/built/") + QFileInfo(tree).fileName();
+    QDir().mkpath(QFileInfo(built).path());
     QCOMPARE(Mvpublish::build(samples + QStringLiteral("/source"), built, options), QString());
     const QStringList files = CatalogueFiles::filesBelow(built);
     QCOMPARE(CatalogueFiles::filesBelow(tree), files);

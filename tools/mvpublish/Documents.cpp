@@ -13,21 +13,22 @@
 
 namespace {
 
-/// A document and its root element, open until the object goes.
-class Document : public QXmlStreamWriter
+using Document = QXmlStreamWriter;
+
+/// A document with what `fill` writes into its root element; empty if XML cannot hold that.
+template <typename Fill>
+QByteArray documentOf(const QString& root, const Fill& fill)
 {
-public:
-    Document(QByteArray& out, const QString& root)
-        : QXmlStreamWriter(&out)
-    {
-        setAutoFormatting(true);
-        setAutoFormattingIndent(2);
-        writeStartDocument();
-        writeStartElement(root);
-    }
-    ~Document() { writeEndDocument(); }
-    Q_DISABLE_COPY_MOVE(Document)
-};
+    QByteArray bytes;
+    Document out(&bytes);
+    out.setAutoFormatting(true);
+    out.setAutoFormattingIndent(2);
+    out.writeStartDocument();
+    out.writeStartElement(root);
+    fill(out);
+    out.writeEndDocument();
+    return out.hasError() ? QByteArray() : bytes;
+}
 
 /// A name that the library appends to the server's address as it stands.
 QString address(const QString& path)
@@ -88,17 +89,9 @@ void writeDisplayItem(Document& out, const SourceItem& item, const QString& audi
     out.writeEndElement();
 }
 
-/// Theme types in the order in which their groups are written.
-QStringList typeOrder()
-{
-    return {QStringLiteral("festivals"), QStringLiteral("travel"), QStringLiteral("banquets"),
-            QStringLiteral("others")};
-}
-
 void writeThemes(Document& out, const Documents::Items& items, const QString& audience)
 {
-    const QStringList types = typeOrder();
-    for (const QString& type : types) {
+    for (const QString& type : Kinds::themeTypes()) {
         out.writeStartElement(QStringLiteral("Group"));
         out.writeAttribute(QStringLiteral("Type"), type);
         for (const SourceItem* item : items) {
@@ -166,9 +159,7 @@ namespace Documents {
 
 QByteArray config(const Items& items)
 {
-    QByteArray bytes;
-    {
-        Document out(bytes, QStringLiteral("ResourceConfig"));
+    return documentOf(QStringLiteral("ResourceConfig"), [&](Document& out) {
         for (const Kind& kind : Kinds::all()) {
             out.writeStartElement(kind.group);
             for (const SourceItem* item : items) {
@@ -177,15 +168,12 @@ QByteArray config(const Items& items)
             }
             out.writeEndElement();
         }
-    }
-    return bytes;
+    });
 }
 
 QByteArray display(const Items& items, const Source& source, const QString& audience)
 {
-    QByteArray bytes;
-    {
-        Document out(bytes, QStringLiteral("ResourceDisplay"));
+    return documentOf(QStringLiteral("ResourceDisplay"), [&](Document& out) {
         for (const Kind& kind : Kinds::all()) {
             out.writeStartElement(kind.group);
             if (Kinds::hasNoneEntry(kind.type))
@@ -198,27 +186,21 @@ QByteArray display(const Items& items, const Source& source, const QString& audi
             }
             out.writeEndElement();
         }
-    }
-    return bytes;
+    });
 }
 
 QByteArray version(const QString& version, const QByteArray& display, const QByteArray& config)
 {
-    QByteArray bytes;
-    {
-        Document out(bytes, QStringLiteral("ResourceVersion"));
+    return documentOf(QStringLiteral("ResourceVersion"), [&](Document& out) {
         out.writeAttribute(QStringLiteral("value"), version);
         writeSum(out, "dislplay", display); // the element is spelled so
         writeSum(out, "config", config);
-    }
-    return bytes;
+    });
 }
 
 QByteArray kindList(const Kind& kind, const Items& items)
 {
-    QByteArray bytes;
-    {
-        Document out(bytes, kind.folder);
+    return documentOf(kind.folder, [&](Document& out) {
         for (const SourceItem* item : items) {
             if (item->type != kind.type)
                 continue;
@@ -228,15 +210,12 @@ QByteArray kindList(const Kind& kind, const Items& items)
             out.writeTextElement(QStringLiteral("File"), item->guid + QStringLiteral(".xml"));
             out.writeEndElement();
         }
-    }
-    return bytes;
+    });
 }
 
 QByteArray definition(const SourceItem& item)
 {
-    QByteArray bytes;
-    {
-        Document out(bytes, Kinds::of(item.type).definition);
+    return documentOf(Kinds::of(item.type).definition, [&](Document& out) {
         out.writeTextElement(QStringLiteral("GUID"), item.guid);
         out.writeTextElement(QStringLiteral("Name"), item.name);
         if (item.type != eCfgItem_Theme)
@@ -249,21 +228,19 @@ QByteArray definition(const SourceItem& item)
         writePart(out, "Item_start", item.start);
         writePart(out, "Item_end", item.end);
         writePart(out, "Item_Mask", item.mask);
-    }
-    return bytes;
+    });
 }
 
 QByteArray themeTypes(const Items& items)
 {
     QJsonObject types;
-    const QStringList names = typeOrder();
-    for (const QString& name : names) {
+    for (const QString& name : Kinds::themeTypes()) {
         QJsonArray guids;
         for (const SourceItem* item : items) {
             if (item->type == eCfgItem_Theme && item->themeType == name)
                 guids.append(item->guid);
         }
-        if (name != QLatin1String("others"))
+        if (name != Kinds::otherThemes)
             types.insert(name, guids);
     }
     return QJsonDocument(types).toJson();

@@ -8,7 +8,8 @@
 
 class Source;
 
-/// The documents of a tree, as the library reads them. The same items give the same bytes.
+/// The documents of a tree, as the library reads them. The same items give the same bytes. An XML
+/// document is empty if a text has characters that XML cannot hold.
 namespace Documents {
 
 using Items = QVector<const SourceItem*>;

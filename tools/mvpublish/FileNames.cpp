@@ -1,5 +1,7 @@
 #include "FileNames.h"
 
+#include "Texts.h"
+
 #include <QFileInfo>
 #include <QStringList>
 
@@ -18,23 +20,39 @@ QString fault(const QString& name)
     }
     // Characters that some client's file system refuses.
     static const QString refused = QStringLiteral("\\<>:\"|?*");
-    const bool odd = std::any_of(name.cbegin(), name.cend(),
-                                 [](QChar c) { return !c.isPrint() || refused.contains(c); });
+    const bool odd = !Texts::isShowable(name)
+        || std::any_of(name.cbegin(), name.cend(), [](QChar c) { return refused.contains(c); });
     return odd ? QStringLiteral("holds characters that not every client can store") : QString();
 }
+
+namespace {
+
+bool isBelow(const QString& folder, const QFileInfo& info)
+{
+    return info.canonicalFilePath().startsWith(QFileInfo(folder).canonicalFilePath()
+                                               + QLatin1Char('/'));
+}
+
+} // namespace
 
 bool isFileBelow(const QString& folder, const QString& path)
 {
     const QFileInfo file(path);
-    return file.isFile()
-        && file.canonicalFilePath().startsWith(QFileInfo(folder).canonicalFilePath()
-                                               + QLatin1Char('/'));
+    return file.isFile() && isBelow(folder, file);
+}
+
+bool isFolderBelow(const QString& folder, const QString& path)
+{
+    const QFileInfo info(path);
+    return info.isDir() && isBelow(folder, info);
 }
 
 QString packedFolder(const QString& name)
 {
     const QString suffix = QStringLiteral(".zip");
-    return name.endsWith(suffix) ? name.left(name.size() - suffix.size()) : QString();
+    const QString folder =
+        name.endsWith(suffix) ? name.left(name.size() - suffix.size()) : QString();
+    return folder.endsWith(QLatin1Char('/')) ? QString() : folder;
 }
 
 } // namespace FileNames

@@ -11,7 +11,11 @@ QString fault(const QString& name);
 /// Whether `path` names a regular file that lies below `folder`, also after links.
 bool isFileBelow(const QString& folder, const QString& path);
 
-/// The name of a folder that is packed into the archive `name`: "a.zip" is packed from "a".
+/// Whether `path` names a folder that lies below `folder`, also after links.
+bool isFolderBelow(const QString& folder, const QString& path);
+
+/// The name of a folder that is packed into the archive `name`: "a.zip" is packed from "a". Empty
+/// if there is none.
 QString packedFolder(const QString& name);
 
 } // namespace FileNames

@@ -25,7 +25,7 @@ QJsonObject JsonFields::read(const QString& file, const QString& shownName, QStr
     if (error.error != QJsonParseError::NoError) {
         const int line = text.left(error.offset).count('\n') + 1;
         faults.append(
-            QStringLiteral("%1:%2: %3").arg(shownName).arg(line).arg(error.errorString()));
+            QStringLiteral("%1:%2: %3").arg(shownName, QString::number(line), error.errorString()));
     } else if (!document.isObject()) {
         faults.append(QStringLiteral("%1: is no JSON object").arg(shownName));
     }

@@ -1,7 +1,5 @@
 #include "Kinds.h"
 
-#include <QStringList>
-
 #include <algorithm>
 
 namespace Kinds {
@@ -41,6 +39,13 @@ QString words()
     for (const Kind& kind : all())
         words.append(kind.word);
     return words.join(QStringLiteral(", "));
+}
+
+const QStringList& themeTypes()
+{
+    static const QStringList types{QStringLiteral("festivals"), QStringLiteral("travel"),
+                                   QStringLiteral("banquets"), otherThemes};
+    return types;
 }
 
 bool needsThumbnail(ECfgItemType type)

@@ -3,6 +3,7 @@
 #include "records/ECfgItemType.h"
 
 #include <QString>
+#include <QStringList>
 #include <QVector>
 
 /// What publishing needs to know of a kind of items.
@@ -25,6 +26,11 @@ const Kind& of(ECfgItemType type);
 const Kind* byWord(const QString& word);
 /// "filter, transition, ..." for messages.
 QString words();
+
+/// The types of themes, in the order in which catalogues list their groups.
+const QStringList& themeTypes();
+/// The last of them; a type that nobody knows counts as this one.
+inline const QString otherThemes = QStringLiteral("others");
 
 /// Whether items of the kind are shown with a thumbnail file.
 bool needsThumbnail(ECfgItemType type);

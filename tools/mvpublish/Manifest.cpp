@@ -4,16 +4,30 @@
 #include "Guids.h"
 #include "JsonFields.h"
 #include "Kinds.h"
+#include "Texts.h"
 
 #include <algorithm>
 
 namespace {
 
-const QStringList& themeTypes()
+void checkXml(JsonFields& fields, const char* key, const QStringList& texts)
 {
-    static const QStringList types{QStringLiteral("festivals"), QStringLiteral("travel"),
-                                   QStringLiteral("banquets"), QStringLiteral("others")};
-    return types;
+    if (!std::all_of(texts.cbegin(), texts.cend(), &Texts::isXml))
+        fields.fault(
+            QStringLiteral("\"%1\" holds characters that XML cannot hold").arg(QLatin1String(key)));
+}
+
+SourceUse readUse(JsonFields& fields)
+{
+    SourceUse use{fields.needed("item"), fields.map("attributes")};
+    const QStringList names = use.attributes.keys();
+    for (const QString& name : names) {
+        if (!Texts::isAttributeName(name))
+            fields.fault(QStringLiteral("\"attributes\": \"%1\" is no attribute name").arg(name));
+    }
+    checkXml(fields, "attributes", use.attributes.values());
+    fields.finish();
+    return use;
 }
 
 SourceSlots readSlots(const QJsonObject& object, const QString& where, QStringList& faults)
@@ -26,8 +40,7 @@ SourceSlots readSlots(const QJsonObject& object, const QString& where, QStringLi
             continue;
         JsonFields use(part.object(key.constData()), where + QStringLiteral(": ") + slot.second,
                        faults);
-        result.insert(slot.first, {use.needed("item"), use.map("attributes")});
-        use.finish();
+        result.insert(slot.first, readUse(use));
     }
     part.finish();
     return result;
@@ -50,9 +63,10 @@ SourceSlots readEdge(JsonFields& fields, const char* key, EDependType only, cons
 void readTheme(JsonFields& fields, const QString& where, SourceItem& item, QStringList& faults)
 {
     item.themeType = fields.needed("type");
-    if (!item.themeType.isEmpty() && !themeTypes().contains(item.themeType))
+    const QStringList& types = Kinds::themeTypes();
+    if (!item.themeType.isEmpty() && !types.contains(item.themeType))
         fields.fault(
-            QStringLiteral("\"type\" is none of %1").arg(themeTypes().join(QStringLiteral(", "))));
+            QStringLiteral("\"type\" is none of %1").arg(types.join(QStringLiteral(", "))));
     const QJsonArray scenes = fields.array("scenes");
     for (const QJsonValue& scene : scenes) {
         const QString number = QString::number(item.scenes.size() + 1);
@@ -66,24 +80,64 @@ void readTheme(JsonFields& fields, const QString& where, SourceItem& item, QStri
     item.mask = readEdge(fields, "mask", eDependType_Filter, where, faults);
 }
 
-void checkNames(JsonFields& fields, const SourceItem& item)
+void readEffect(JsonFields& fields, SourceItem& item)
 {
-    const QStringList known = Editions::audiences() << Editions::installedAudience;
-    for (auto it = item.names.constBegin(); it != item.names.constEnd(); ++it) {
-        if (!known.contains(it.key()))
-            fields.fault(QStringLiteral("\"names\": \"%1\" is none of %2")
-                             .arg(it.key(), known.join(QStringLiteral(", "))));
-    }
-    QStringList shown = item.names.values();
-    shown.append(item.name);
-    const bool odd = std::any_of(shown.cbegin(), shown.cend(), [](const QString& name) {
-        return std::any_of(name.cbegin(), name.cend(), [](QChar c) { return !c.isPrint(); });
-    });
-    if (odd)
+    if (item.type == eCfgItem_Filter)
+        item.isText = fields.flag("text");
+    item.family = fields.text("family");
+    checkXml(fields, "family", {item.family});
+    item.parameters = fields.map("parameters");
+    checkXml(fields, "parameters", item.parameters.keys() + item.parameters.values());
+}
+
+void readNames(JsonFields& fields, SourceItem& item)
+{
+    item.name = fields.needed("name");
+    item.names = fields.map("names");
+    const QStringList shown = item.names.values() << item.name;
+    Manifest::checkAudiences(fields, "names", item.names);
+    if (!std::all_of(shown.cbegin(), shown.cend(), &Texts::isShowable))
         fields.fault(QStringLiteral("a name holds characters that cannot be shown"));
 }
 
+void readFiles(JsonFields& fields, SourceItem& item)
+{
+    item.thumbnail =
+        Kinds::needsThumbnail(item.type) ? fields.needed("thumbnail") : fields.text("thumbnail");
+    item.animation =
+        Kinds::needsAnimation(item.type) ? fields.needed("animation") : fields.text("animation");
+    item.files = fields.texts("files");
+    item.shared = fields.texts("shared");
+    item.definition = fields.text("definition");
+}
+
+/// A definition of the publisher's own is published as it stands.
+void checkDefinition(JsonFields& fields, const SourceItem& item)
+{
+    const QVector<QPair<const char*, bool>> written{
+        {"scenes", !item.scenes.isEmpty()}, {"start", !item.start.isEmpty()},
+        {"end", !item.end.isEmpty()},       {"mask", !item.mask.isEmpty()},
+        {"family", !item.family.isEmpty()}, {"parameters", !item.parameters.isEmpty()},
+    };
+    for (const auto& field : written) {
+        if (field.second && !item.definition.isEmpty())
+            fields.fault(QStringLiteral("\"%1\" means nothing beside \"definition\"")
+                             .arg(QLatin1String(field.first)));
+    }
+}
+
 } // namespace
+
+void Manifest::checkAudiences(JsonFields& fields, const char* key,
+                              const QMap<QString, QString>& names)
+{
+    const QStringList known = Editions::audiences() << Editions::installedAudience;
+    for (auto it = names.constBegin(); it != names.constEnd(); ++it) {
+        if (!known.contains(it.key()))
+            fields.fault(QStringLiteral("\"%1\": \"%2\" is none of %3")
+                             .arg(QLatin1String(key), it.key(), known.join(QStringLiteral(", "))));
+    }
+}
 
 void Manifest::read(SourceItem& item, QStringList& faults)
 {
@@ -105,25 +159,15 @@ void Manifest::read(SourceItem& item, QStringList& faults)
         return;
     }
     item.type = kind->type;
-    item.name = fields.needed("name");
-    item.names = fields.map("names");
-    checkNames(fields, item);
+    readNames(fields, item);
     item.builtIn = fields.flag("builtIn");
     item.installed = fields.flag("installed") || item.builtIn;
     item.order = fields.number("order");
-    item.thumbnail =
-        Kinds::needsThumbnail(item.type) ? fields.needed("thumbnail") : fields.text("thumbnail");
-    item.animation =
-        Kinds::needsAnimation(item.type) ? fields.needed("animation") : fields.text("animation");
-    item.files = fields.texts("files");
-    item.shared = fields.texts("shared");
-    item.definition = fields.text("definition");
-    if (item.type == eCfgItem_Theme) {
+    readFiles(fields, item);
+    if (item.type == eCfgItem_Theme)
         readTheme(fields, where, item, faults);
-    } else {
-        item.isText = fields.flag("text");
-        item.family = fields.text("family");
-        item.parameters = fields.map("parameters");
-    }
+    else
+        readEffect(fields, item);
+    checkDefinition(fields, item);
     fields.finish();
 }

@@ -2,6 +2,8 @@
 
 #include "SourceItem.h"
 
+class JsonFields;
+
 /// Reads the manifest of an item, "item.json" in the item's folder.
 class Manifest
 {
@@ -12,4 +14,8 @@ public:
 
     /// `item` brings its folder and path. Faults say file and field.
     static void read(SourceItem& item, QStringList& faults);
+
+    /// Complains of names for nobody: keys that are no audience.
+    static void checkAudiences(JsonFields& fields, const char* key,
+                               const QMap<QString, QString>& names);
 };

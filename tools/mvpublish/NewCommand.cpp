@@ -6,6 +6,7 @@
 #include "Manifest.h"
 #include "Output.h"
 #include "Source.h"
+#include "Texts.h"
 
 #include <QDir>
 #include <QJsonArray>
@@ -13,8 +14,6 @@
 #include <QJsonObject>
 #include <QRegularExpression>
 #include <QSaveFile>
-
-#include <algorithm>
 
 namespace {
 
@@ -79,7 +78,7 @@ bool writeItem(const QString& folder, const QString& slug, const Kind& kind, con
         const QString animation = slug + QStringLiteral(".gif");
         ok = ok && copyPlaceholder(QStringLiteral("animation.gif"), folder + animation);
         item.insert(QStringLiteral("animation"), animation);
-        item.insert(QStringLiteral("type"), QStringLiteral("others"));
+        item.insert(QStringLiteral("type"), Kinds::otherThemes);
         item.insert(QStringLiteral("scenes"), QJsonArray());
     }
     return ok && writeJson(folder + Manifest::fileName(), item);
@@ -95,7 +94,7 @@ int NewCommand::run(const Arguments& arguments)
             Output::exitFailure,
             QStringLiteral("\"%1\" is none of %2").arg(arguments.operands.at(0), Kinds::words()));
     const QString name = arguments.operands.at(1);
-    if (!std::all_of(name.cbegin(), name.cend(), [](QChar c) { return c.isPrint(); }))
+    if (!Texts::isShowable(name))
         return Output::fail(Output::exitFailure,
                             QStringLiteral("the name holds characters that cannot be shown"));
     const QString slug = folderName(name, *kind);

@@ -5,9 +5,13 @@
 #include "Guids.h"
 #include "JsonFields.h"
 #include "Kinds.h"
+#include "lint/Picture.h"
 #include "Manifest.h"
+#include "PublishedNames.h"
+#include "Texts.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QRegularExpression>
 #include <QSet>
 
@@ -63,6 +67,10 @@ void Source::readCatalogue()
     if (!m_version.isEmpty() && !dotted.match(m_version).hasMatch())
         fields.fault(QStringLiteral("\"version\" is not numbers with dots, as in 1.0.2"));
     m_noneNames = fields.map("noneNames");
+    Manifest::checkAudiences(fields, "noneNames", m_noneNames);
+    const QStringList names = m_noneNames.values();
+    if (!std::all_of(names.cbegin(), names.cend(), &Texts::isShowable))
+        fields.fault(QStringLiteral("\"noneNames\" holds characters that cannot be shown"));
     fields.finish();
 }
 
@@ -74,7 +82,7 @@ void Source::findNonePictures()
         const QString name = QString::fromLatin1(skin);
         const QString file =
             hasOwn ? own.filePath(name) : QStringLiteral(":/placeholders/none/") + name;
-        if (!QFileInfo(file).isFile())
+        if (hasOwn && !FileNames::isFileBelow(m_folder, file))
             m_faults.append(QStringLiteral("%1/%2: is missing").arg(noneFolder, name));
         m_nonePictures.insert(name, file);
     }
@@ -83,7 +91,11 @@ void Source::findNonePictures()
 void Source::findItems(const QString& relative)
 {
     const QDir folder(m_folder + QLatin1Char('/') + relative);
-    if (folder.exists(Manifest::fileName()) && !relative.isEmpty()) {
+    const bool isItem = folder.exists(Manifest::fileName());
+    if (isItem && relative.isEmpty())
+        m_faults.append(QStringLiteral("%1: an item lies in a folder of its own below the source")
+                            .arg(Manifest::fileName()));
+    if (isItem && !relative.isEmpty()) {
         SourceItem item;
         item.folder = folder.absolutePath();
         item.path = relative;
@@ -150,17 +162,16 @@ void Source::resolvePart(const SourceItem& item, SourceSlots& part,
 void Source::checkFiles()
 {
     for (const SourceItem& item : m_items) {
-        const QStringList previews{item.thumbnail, item.animation};
-        for (const QString& name : previews) {
-            if (name.isEmpty())
-                continue;
-            checkFile(item, item.folder, name);
-            if (name.contains(QLatin1Char('/')))
-                m_faults.append(QStringLiteral("%1: %2: a preview lies in the item's own folder")
-                                    .arg(item.path, name));
+        checkPreviews(item);
+        for (const QString& name : item.files) {
+            const QString folder = FileNames::packedFolder(item.folder + QLatin1Char('/') + name);
+            const bool isPacked = !QFileInfo::exists(item.folder + QLatin1Char('/') + name)
+                && FileNames::isFolderBelow(m_folder, folder);
+            if (isPacked && FileNames::fault(name).isEmpty())
+                checkPacked(item, folder);
+            else
+                checkFile(item, item.folder, name);
         }
-        for (const QString& name : item.files)
-            checkFile(item, item.folder, name);
         for (const QString& name : item.shared)
             checkFile(item, m_folder + QLatin1Char('/') + sharedFolder(), name);
         if (!item.definition.isEmpty())
@@ -168,42 +179,87 @@ void Source::checkFiles()
     }
 }
 
+void Source::checkPreviews(const SourceItem& item)
+{
+    const QStringList previews{item.thumbnail, item.animation};
+    for (const QString& name : previews) {
+        if (name.isEmpty())
+            continue;
+        checkFile(item, item.folder, name);
+        if (name.contains(QLatin1Char('/')))
+            m_faults.append(QStringLiteral("%1: %2: a preview lies in the item's own folder")
+                                .arg(item.path, name));
+    }
+    const QString animation = item.folder + QLatin1Char('/') + item.animation;
+    if (FileNames::isFileBelow(m_folder, animation) && !Picture::isGif(animation))
+        m_faults.append(QStringLiteral("%1: %2 is no GIF, as an animation has to be")
+                            .arg(item.path, item.animation));
+}
+
 void Source::checkFile(const SourceItem& item, const QString& folder, const QString& name)
 {
     const QString fault = FileNames::fault(name);
-    const QString path = folder + QLatin1Char('/') + name;
-    const QString packed = FileNames::packedFolder(path);
     if (!fault.isEmpty())
         m_faults.append(QStringLiteral("%1: the file name \"%2\" %3").arg(item.path, name, fault));
-    else if (!FileNames::isFileBelow(m_folder, path)
-             && (packed.isEmpty() || QFileInfo::exists(path) || !QFileInfo(packed).isDir()))
+    else if (!FileNames::isFileBelow(m_folder, folder + QLatin1Char('/') + name))
         m_faults.append(QStringLiteral("%1: %2 is missing").arg(item.path, name));
+}
+
+/// Archives hold files only; nothing else is left out in silence.
+void Source::checkPacked(const SourceItem& item, const QString& folder)
+{
+    QDirIterator it(folder, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                    QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        it.next();
+        const QFileInfo entry = it.fileInfo();
+        if (entry.isSymLink() || !(entry.isFile() || entry.isDir()))
+            m_faults.append(
+                QStringLiteral("%1: %2 is neither a file nor a folder, so it cannot be packed")
+                    .arg(item.path, QDir(item.folder).relativeFilePath(entry.filePath())));
+    }
 }
 
 /// Items of a kind share the folder of their previews, and all items that of the shared files.
 void Source::checkPublishedNames()
 {
-    QHash<QString, QString> owners;
-    const auto claim = [this, &owners](const SourceItem& item, const QString& name) {
-        // Clients' file systems may not tell capitals from small letters.
-        QString& owner = owners[name.toLower()];
-        if (!owner.isEmpty())
-            m_faults.append(QStringLiteral("%1: publishes %2, as %3 does; give it another name")
-                                .arg(item.path, name, owner));
-        owner = item.path;
-    };
+    const QString config = QStringLiteral("config/");
+    const QString display = QStringLiteral("display/");
+    PublishedNames names;
+    for (const Kind& kind : Kinds::all()) {
+        const QString folder = kind.folder + QLatin1Char('/');
+        if (kind.hasList)
+            names.reserve(config + folder + kind.folder + QStringLiteral(".xml"),
+                          QStringLiteral("the list of definitions"));
+        for (auto it = m_nonePictures.keyBegin();
+             Kinds::hasNoneEntry(kind.type) && it != m_nonePictures.keyEnd(); ++it)
+            names.reserve(display + folder + *it, QStringLiteral("the \"none\" entry"));
+    }
     for (const SourceItem& item : m_items) {
-        const Kind& kind = Kinds::of(item.type);
-        const QStringList previews{item.thumbnail, item.animation};
-        for (const QString& name : previews) {
-            if (!name.isEmpty())
-                claim(item, kind.folder + QLatin1Char('/') + name);
-            if (Kinds::hasNoneEntry(item.type) && m_nonePictures.contains(name))
-                m_faults.append(QStringLiteral("%1: publishes %2, as the \"none\" entry does; "
-                                               "give it another name")
-                                    .arg(item.path, name));
-        }
+        const QString folder = Kinds::of(item.type).folder + QLatin1Char('/');
+        const QString own = config + folder + item.guid;
+        names.claim(own + QStringLiteral(".xml"), item.path, QString());
         for (const QString& name : item.files)
-            claim(item, item.guid + QLatin1Char('/') + name);
+            names.claim(own + QLatin1Char('/') + name, item.path, QString());
+        for (const QString& name : item.shared)
+            names.claim(config + name, item.path, sharedFolder() + QLatin1Char('/') + name);
+        for (const QString& name : {item.thumbnail, item.animation}) {
+            if (!name.isEmpty())
+                names.claim(display + folder + name, item.path, QString());
+        }
+        checkSharedFolders(item);
+    }
+    m_faults.append(names.faults());
+}
+
+/// In an installation shared files lie beside the tree's own folders.
+void Source::checkSharedFolders(const SourceItem& item)
+{
+    for (const QString& name : item.shared) {
+        const QString folder = name.section(QLatin1Char('/'), 0, 0).toLower();
+        if (folder == QLatin1String("display") || folder == Editions::catalogueFolder.toLower())
+            m_faults.append(QStringLiteral("%1: shares %2, but installations keep other files in "
+                                           "that folder; move it to another one")
+                                .arg(item.path, name));
     }
 }

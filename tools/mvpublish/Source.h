@@ -41,7 +41,10 @@ private:
                      const QHash<QString, const SourceItem*>& known);
     void checkFiles();
     void checkFile(const SourceItem& item, const QString& folder, const QString& name);
+    void checkPreviews(const SourceItem& item);
+    void checkPacked(const SourceItem& item, const QString& folder);
     void checkPublishedNames();
+    void checkSharedFolders(const SourceItem& item);
 
     QString m_folder;
     QString m_version;

@@ -76,10 +76,10 @@ bool TreeBuilder::writeInstallation(const QString& folder)
         && std::all_of(shown.cbegin(), shown.cend(), writeShown) && writeNonePictures()
         && writeKindLists(builtIn)
         && write(catalogues + QStringLiteral("ThemeType.json"), Documents::themeTypes(shown))
-        && write(catalogues + Editions::configFile, config)
-        && write(catalogues + Editions::installedDisplayFile, display)
-        && write(catalogues + Editions::installedVersionFile,
-                 Documents::version(m_source.version(), display, config));
+        && writeDocument(catalogues + Editions::configFile, config)
+        && writeDocument(catalogues + Editions::installedDisplayFile, display)
+        && writeDocument(catalogues + Editions::installedVersionFile,
+                         Documents::version(m_source.version(), display, config));
 }
 
 bool TreeBuilder::writeItem(const SourceItem& item)
@@ -87,7 +87,7 @@ bool TreeBuilder::writeItem(const SourceItem& item)
     const QString folder = m_configHalf + Kinds::of(item.type).folder + QLatin1Char('/');
     const QString definition = folder + item.guid + QStringLiteral(".xml");
     const bool defined = item.definition.isEmpty()
-        ? write(definition, Documents::definition(item))
+        ? writeDocument(definition, Documents::definition(item))
         : copy(item.folder + QLatin1Char('/') + item.definition, definition);
     const auto own = [&](const QString& name) {
         return writeFile(item, name, folder + item.guid + QLatin1Char('/') + name);
@@ -125,9 +125,9 @@ bool TreeBuilder::writeKindLists(const Documents::Items& items)
     const QVector<Kind>& kinds = Kinds::all();
     return std::all_of(kinds.cbegin(), kinds.cend(), [&](const Kind& kind) {
         return !kind.hasList
-            || write(m_configHalf + kind.folder + QLatin1Char('/') + kind.folder
-                         + QStringLiteral(".xml"),
-                     Documents::kindList(kind, items));
+            || writeDocument(m_configHalf + kind.folder + QLatin1Char('/') + kind.folder
+                                 + QStringLiteral(".xml"),
+                             Documents::kindList(kind, items));
     });
 }
 
@@ -149,22 +149,28 @@ bool TreeBuilder::writeNonePictures()
 bool TreeBuilder::writeEditions(const QVector<Edition>& editions, const Documents::Items& items)
 {
     const QByteArray config = Documents::config(items);
-    if (!write(catalogues + Editions::configFile, config))
+    if (!writeDocument(catalogues + Editions::configFile, config))
         return false;
     QMap<QString, QByteArray> versions;
     for (const Edition& edition : editions) {
         const QByteArray display = Documents::display(items, m_source, edition.audience);
         const QString displayFile = catalogues + edition.displayFile;
-        if (!m_written.contains(displayFile) && !write(displayFile, display))
+        if (!m_written.contains(displayFile) && !writeDocument(displayFile, display))
             return false;
         versions.insert(catalogues + edition.versionFile,
                         Documents::version(m_source.version(), display, config));
     }
     for (auto it = versions.cbegin(); it != versions.cend(); ++it) {
-        if (!write(it.key(), it.value()))
+        if (!writeDocument(it.key(), it.value()))
             return false;
     }
     return true;
+}
+
+bool TreeBuilder::writeDocument(const QString& name, const QByteArray& content)
+{
+    return content.isEmpty() ? fail(QStringLiteral("%1 cannot be written as XML").arg(name))
+                             : write(name, content);
 }
 
 bool TreeBuilder::write(const QString& name, const QByteArray& content)
@@ -185,15 +191,26 @@ bool TreeBuilder::copy(const QString& from, const QString& name)
     QFile source(from);
     if (!source.open(QIODevice::ReadOnly))
         return fail(QStringLiteral("%1: %2").arg(from, source.errorString()));
-    if (source.size() <= piece)
-        return write(name, source.readAll());
+    const qint64 size = source.size();
+    const auto unreadable = [&] {
+        return fail(
+            QStringLiteral("%1 cannot be read to its end: %2").arg(from, source.errorString()));
+    };
+    if (size <= piece) {
+        const QByteArray content = source.readAll();
+        return content.size() == size ? write(name, content) : unreadable();
+    }
     if (!place(name))
         return false;
     QFile file(m_folder + QLatin1Char('/') + name);
     bool ok = file.open(QIODevice::WriteOnly | QIODevice::NewOnly) && file.setPermissions(served);
-    while (ok && !source.atEnd()) {
+    qint64 read = 0;
+    while (ok && read < size) {
         const QByteArray part = source.read(piece);
-        ok = !part.isEmpty() && file.write(part) == part.size();
+        if (part.isEmpty())
+            return unreadable();
+        read += part.size();
+        ok = file.write(part) == part.size();
     }
     m_bytes += file.size();
     return (ok && file.flush())

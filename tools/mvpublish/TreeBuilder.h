@@ -32,6 +32,7 @@ private:
     bool writeKindLists(const Documents::Items& items);
     bool writeNonePictures();
     bool writeEditions(const QVector<Edition>& editions, const Documents::Items& items);
+    bool writeDocument(const QString& name, const QByteArray& content);
     bool write(const QString& name, const QByteArray& content);
     bool copy(const QString& from, const QString& name);
     bool pack(const QString& folder, const QString& name);

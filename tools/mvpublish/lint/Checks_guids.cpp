@@ -1,6 +1,5 @@
 // Checks: GUIDs of both catalogues, "none" entries, theme types, and what editions say of an item.
 
-#include "catalogue/MVThemeMgr.h"
 #include "Guids.h"
 #include "Kinds.h"
 #include "lint/Checks.h"
@@ -118,7 +117,7 @@ void checkNone(LintContext& context, const DisplayCatalogue& display, const Kind
 
 bool isThemeType(const QString& type)
 {
-    return ReadTree::library().Themetype(type) != 0 || type == QLatin1String("others");
+    return Kinds::themeTypes().contains(type);
 }
 
 void checkTypes(LintContext& context, const DisplayCatalogue& display)
@@ -127,7 +126,8 @@ void checkTypes(LintContext& context, const DisplayCatalogue& display)
         if (!isThemeType(group.first))
             context.report("theme-type", display.file, group.second, QString(),
                            QStringLiteral("\"%1\" is no theme type").arg(group.first),
-                           QStringLiteral("use festivals, travel, banquets or others"));
+                           QStringLiteral("use one of ")
+                               + Kinds::themeTypes().join(QStringLiteral(", ")));
     }
 }
 

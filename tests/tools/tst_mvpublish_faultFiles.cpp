@@ -1,0 +1,239 @@
+#include "Mvpublish.h"
+#include "SmallSource.h"
+#include "support/CatalogueFiles.h"
+#include "support/TestMain.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonArray>
+
+#include <functional>
+
+namespace {
+
+using Change = std::function<void(const SmallSource&)>;
+
+QString text(const char* utf8)
+{
+    return QString::fromUtf8(utf8);
+}
+
+QString home(const char* name)
+{
+    return TestHome::path() + QLatin1Char('/') + text(name);
+}
+
+Change set(const char* item, const char* key, const QJsonValue& value)
+{
+    return [=](const SmallSource& source) { source.set(text(item), key, value); };
+}
+
+QJsonValue nothing()
+{
+    return QJsonValue(QJsonValue::Undefined);
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Change)
+
+/// mvpublish build, where the source's files or their names are at fault.
+class TestMvpublishFaultFiles : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void sourceIsRefused_data();
+    void sourceIsRefused();
+
+private:
+    static void fileRows();
+    static void linkRows();
+    static void collisionRows();
+};
+
+void TestMvpublishFaultFiles::fileRows()
+{
+    const auto row = [](const char* name, const Change& change, const char* message) {
+        QTest::newRow(name) << change << QByteArray(message);
+    };
+    row("no thumbnail", set("look", "thumbnail", nothing()),
+        "look/item.json: \"thumbnail\" is missing");
+    row("theme without animation", set("film", "animation", nothing()),
+        "film/item.json: \"animation\" is missing");
+    row("missing thumbnail", set("look", "thumbnail", text("other.png")),
+        "look: other.png is missing");
+    row("missing file", set("look", "files", QJsonArray{text("other.bin")}),
+        "look: other.bin is missing");
+    row("missing archive", set("look", "files", QJsonArray{text("other.zip")}),
+        "look: other.zip is missing");
+    row("missing shared file", set("look", "shared", QJsonArray{text("ThemesBgm/no.mp3")}),
+        "look: ThemesBgm/no.mp3 is missing");
+    row("missing definition", set("zoom", "definition", text("no.xml")), "zoom: no.xml is missing");
+    row("up", set("look", "files", QJsonArray{text("../film/film.gif")}),
+        "look: the file name \"../film/film.gif\" is not a plain path below its folder");
+    row("absolute", set("look", "files", QJsonArray{text("/etc/passwd")}),
+        "look: the file name \"/etc/passwd\" is not a plain path below its folder");
+    row("backslash", set("look", "files", QJsonArray{text("a\\b")}),
+        "look: the file name \"a\\b\" holds characters that not every client can store");
+    row(
+        "thumbnail in a folder",
+        [](const SmallSource& source) {
+            CatalogueFiles::write(source.file(text("look/a/b.png")), "x");
+            source.set(text("look"), "thumbnail", text("a/b.png"));
+        },
+        "look: a/b.png: a preview lies in the item's own folder");
+    row(
+        "animation that is no GIF",
+        [](const SmallSource& source) {
+            CatalogueFiles::write(source.file(text("film/film.gif")), SmallSource::thumbnail());
+        },
+        "film: film.gif is no GIF, as an animation has to be");
+    row(
+        "thumbnail of another item",
+        [](const SmallSource& source) {
+            CatalogueFiles::write(source.file(text("look/Title 1.PNG")), "x");
+            source.set(text("look"), "thumbnail", text("Title 1.PNG"));
+        },
+        "text/title: publishes display/VideoFilters/title 1.png, as look does; give it another "
+        "name");
+    row(
+        "thumbnail of none",
+        [](const SmallSource& source) {
+            CatalogueFiles::write(source.file(text("paper/Calm.png")), "x");
+            source.set(text("paper"), "thumbnail", text("Calm.png"));
+        },
+        "paper: publishes display/BgMaterial/Calm.png, as the \"none\" entry does; give it another "
+        "name");
+    row(
+        "own none pictures, one missing",
+        [](const SmallSource& source) {
+            for (const char* name : {"None.png", "Classical.png", "Elegance.png"})
+                CatalogueFiles::write(source.file(text("none/") + text(name)), "x");
+        },
+        "none/Calm.png: is missing");
+}
+
+void TestMvpublishFaultFiles::linkRows()
+{
+    const auto row = [](const char* name, const Change& change, const char* message) {
+        QTest::newRow(name) << change << QByteArray(message);
+    };
+    row(
+        "link out of the source",
+        [](const SmallSource& source) {
+            CatalogueFiles::write(home("secret.txt"), "secret");
+            QFile::link(home("secret.txt"), source.file(text("look/link.txt")));
+            source.set(text("look"), "files", QJsonArray{text("link.txt")});
+        },
+        "look: link.txt is missing");
+    const auto pack = [](const char* link, const QString& to) -> Change {
+        return [=](const SmallSource& source) {
+            const QString file = source.file(text("zoom/") + text(link));
+            QDir(file).removeRecursively();
+            QVERIFY(QFile::link(to, file));
+        };
+    };
+    CatalogueFiles::write(home("secrets/secret.txt"), "secret");
+    row("packed folder out of the source", pack("pack", home("secrets")),
+        "zoom: pack.zip is missing");
+    row("file in a packed folder", pack("pack/link.txt", home("secrets/secret.txt")),
+        "zoom: pack/link.txt is neither a file nor a folder, so it cannot be packed");
+    row("folder in a packed folder", pack("pack/b/c", home("secrets")),
+        "zoom: pack/b/c is neither a file nor a folder, so it cannot be packed");
+    row("link to nothing in a packed folder", pack("pack/.link", home("nowhere")),
+        "zoom: pack/.link is neither a file nor a folder, so it cannot be packed");
+    row("link within a packed folder", pack("pack/c.txt", text("a.txt")),
+        "zoom: pack/c.txt is neither a file nor a folder, so it cannot be packed");
+    row(
+        "shared folder out of the source",
+        [](const SmallSource& source) {
+            CatalogueFiles::write(home("songs/Slow Song.mp3"), "secret");
+            QDir(source.file(text("shared/ThemesBgm"))).removeRecursively();
+            QFile::link(home("songs"), source.file(text("shared/ThemesBgm")));
+        },
+        "film: ThemesBgm/Slow Song.mp3 is missing");
+    row(
+        "own none picture out of the source",
+        [](const SmallSource& source) {
+            for (const char* name : {"None.png", "Classical.png", "Elegance.png"})
+                CatalogueFiles::write(source.file(text("none/") + text(name)), "x");
+            QFile::link(home("secrets/secret.txt"), source.file(text("none/Calm.png")));
+        },
+        "none/Calm.png: is missing");
+    row("archive of everything", set("zoom", "files", QJsonArray{text(".zip")}),
+        "zoom: .zip is missing");
+    // Only an item's own files are packed.
+    const auto onlyFolder = [](const char* folder, const char* key, const QJsonValue& value) {
+        return [=](const SmallSource& source) {
+            CatalogueFiles::write(source.file(text(folder) + text("/x/a.txt")), "a");
+            source.set(text("zoom"), key, value);
+        };
+    };
+    row("shared archive of a folder", onlyFolder("shared", "shared", QJsonArray{text("x.zip")}),
+        "zoom: x.zip is missing");
+    row("definition from a folder", onlyFolder("zoom", "definition", text("x.zip")),
+        "zoom: x.zip is missing");
+    row("thumbnail from a folder", onlyFolder("zoom", "thumbnail", text("x.zip")),
+        "zoom: x.zip is missing");
+}
+
+/// Two files never have one name, be it on clients whose disks do not tell capitals.
+void TestMvpublishFaultFiles::collisionRows()
+{
+    const auto row = [](const char* name, const QStringList& shared, const QString& message) {
+        const Change change = [=](const SmallSource& source) {
+            for (const QString& file : shared)
+                CatalogueFiles::write(source.file(text("shared/") + file), "x");
+            source.set(text("paper"), "shared", QJsonArray::fromStringList(shared));
+        };
+        QTest::newRow(name) << change << message.toUtf8();
+    };
+    const QString zoom = text("Motions/") + SmallSource::guid(text("zoom"));
+    const auto twice = [](const QString& owner, const QString& name, const char* other) {
+        return text("%1: publishes config/%2, as %3 does; give it another name")
+            .arg(owner, name, text(other));
+    };
+    row("shared file and definition", {zoom + text(".xml")},
+        twice(text("zoom"), zoom + text(".xml"), "paper"));
+    row("shared file and own file", {zoom + text("/pack.ZIP")},
+        twice(text("zoom"), zoom + text("/pack.zip"), "paper"));
+    row("shared file and list", {text("Motions/motions.xml")},
+        twice(text("paper"), text("Motions/motions.xml"), "the list of definitions"));
+    row("shared files in capitals and small letters", {text("A/a.mp3"), text("A/A.mp3")},
+        twice(text("paper"), text("A/A.mp3"), "paper"));
+    row("shared file in place of a folder", {text("themesbgm")},
+        text("paper: publishes the file config/themesbgm, but film publishes "
+             "config/ThemesBgm/Slow Song.mp3 in a folder of that name; give it another name"));
+    row("shared file among previews", {text("Display/Themes/film.gif")},
+        text("paper: shares Display/Themes/film.gif, but installations keep other files in that "
+             "folder; move it to another one"));
+    row("shared file among catalogues", {text("ResourceConfig/resource_config.xml")},
+        text("paper: shares ResourceConfig/resource_config.xml, but installations keep other files "
+             "in that folder; move it to another one"));
+}
+
+void TestMvpublishFaultFiles::sourceIsRefused_data()
+{
+    QTest::addColumn<Change>("change");
+    QTest::addColumn<QByteArray>("message");
+    fileRows();
+    linkRows();
+    collisionRows();
+}
+
+void TestMvpublishFaultFiles::sourceIsRefused()
+{
+    QFETCH(Change, change);
+    QFETCH(QByteArray, message);
+    const SmallSource source(home("source"));
+    change(source);
+    const Outcome outcome = Mvpublish::run({text("build"), source.folder(), home("out")});
+    QCOMPARE(outcome.err, "mvpublish: " + message + '\n');
+    QCOMPARE(outcome.out, QByteArray());
+    QCOMPARE(outcome.status, 1);
+    QVERIFY(!QFileInfo::exists(home("out")));
+}
+
+MV_TEST_MAIN(TestMvpublishFaultFiles)
+#include "tst_mvpublish_faultFiles.moc"

@@ -1,0 +1,56 @@
+#include "Texts.h"
+
+#include <QRegularExpression>
+
+namespace Texts {
+
+namespace {
+
+/// Whether the test holds for every code point; half a pair stands for itself.
+template <typename Test>
+bool holdsForAll(const QString& text, const Test& test)
+{
+    for (int i = 0; i < text.size(); ++i) {
+        uint code = text.at(i).unicode();
+        const bool isPair =
+            text.at(i).isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
+        if (isPair) {
+            code = QChar::surrogateToUcs4(text.at(i), text.at(i + 1));
+            ++i;
+        }
+        if (!test(code))
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+bool isShowable(const QString& text)
+{
+    return holdsForAll(text, [](uint code) {
+        const QChar::Category category = QChar::category(code);
+        return category != QChar::Other_Control && category != QChar::Other_Surrogate
+            && category != QChar::Other_NotAssigned;
+    });
+}
+
+bool isXml(const QString& text)
+{
+    constexpr uint noCharacters = 0xfffe; // this and the next
+    return holdsForAll(text, [](uint code) {
+        const bool isControl = code < ' ' && code != '\t' && code != '\n' && code != '\r';
+        return !isControl && !QChar::isSurrogate(code) && code != noCharacters
+            && code != noCharacters + 1;
+    });
+}
+
+bool isAttributeName(const QString& text)
+{
+    // Names that begin with "xml" mean something to XML itself, and colons do.
+    static const QRegularExpression form(
+        QStringLiteral("\\A(?![xX][mM][lL])[\\p{L}_][\\p{L}\\p{Nd}_.\\-]*\\z"));
+    return form.match(text).hasMatch();
+}
+
+} // namespace Texts
