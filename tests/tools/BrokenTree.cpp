@@ -172,6 +172,16 @@ Break cut(const QString& file, int bytes)
     return [=](const BrokenTree& tree) { tree.write(file, tree.read(file).left(bytes)); };
 }
 
+Break linkOut(const QString& file)
+{
+    return [=](const BrokenTree& tree) {
+        const QString elsewhere = home("elsewhere");
+        CatalogueFiles::write(elsewhere, tree.read(file));
+        tree.remove(file);
+        QFile::link(elsewhere, tree.file(file));
+    };
+}
+
 void columns()
 {
     QTest::addColumn<Break>("change");

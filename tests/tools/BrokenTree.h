@@ -66,6 +66,8 @@ Break replace(const QString& file, const QString& from, const QString& to);
 Break remove(const QString& file);
 Break write(const QString& file, const QByteArray& content);
 Break cut(const QString& file, int bytes);
+/// The file lies elsewhere, with a link in its place.
+Break linkOut(const QString& file);
 
 /// The columns of rows.
 void columns();

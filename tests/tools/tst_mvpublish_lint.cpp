@@ -90,14 +90,16 @@ void TestMvpublishLint::catalogueRows()
         [](const BrokenTree& tree) {
             for (const char* name : {"v3", "aff_v2", "aff_de_v2"})
                 tree.remove(text("ResourceConfig/resource_version_%1.xml").arg(text(name)));
-            for (const char* audience : {"", "_aff", "_aff_de"})
-                tree.remove(text("ResourceConfig/resource_display%1.xml").arg(text(audience)));
-            for (const char* half : {"config", "display"})
-                QDir(tree.file(text(half))).removeRecursively();
-            tree.write(config, "<a/>");
-            QDir().mkpath(tree.file(text("config")));
         },
         "missing-file", text("ResourceConfig"));
+    row("version file of an installation in a server's tree",
+        write(text("ResourceConfig/resource_version.xml"), "<a/>"), "unused-file",
+        text("ResourceConfig/resource_version.xml"));
+    row("config catalogue is a link out of the tree", linkOut(config), "outside", config);
+    row("display catalogue is a link out of the tree", linkOut(displayAff), "outside", displayAff);
+    row("version file is a link out of the tree", linkOut(version), "outside", version);
+    row("list of definitions is a link out of the tree",
+        linkOut(text("config/Motions/Motions.xml")), "outside", text("config/Motions/Motions.xml"));
     row("sum under another name", replace(version, text("dislplay"), text("display")), "version",
         version);
     row("version is no number", replace(version, text("1.2.0"), text("1.x")), "version", version);
@@ -178,6 +180,21 @@ void TestMvpublishLint::brokenInstallation_data()
         guid("film"));
     row("malformed theme types", write(text("ResourceConfig/ThemeType.json"), "{\n]"), "malformed",
         text("ResourceConfig/ThemeType.json"));
+    const QString types = text("ResourceConfig/ThemeType.json");
+    const auto typed = [=](const char* lists) { return write(types, lists); };
+    row("theme types in a list", typed("[]"), "malformed", types);
+    row("themes of a type are no list", typed("{\"travel\": {}}"), "malformed", types);
+    row("theme is no text", typed("{\"travel\": [1]}"), "malformed", types);
+    row("unknown type of themes", typed("{\"Travel\": []}"), "theme-type", types);
+    row("theme is no GUID", typed("{\"travel\": [\"film\"]}"), "guid-malformed", types,
+        text("film"));
+    row("theme in small letters", replace(types, guid("film"), guid("film").toLower()),
+        "guid-lower-case", types, guid("film").toLower());
+    row("unknown theme", replace(types, guid("film"), CatalogueFiles::guid(99)), "guid-unknown",
+        types, CatalogueFiles::guid(99));
+    row("type of a filter", replace(types, guid("film"), guid("look")), "guid-wrong-kind", types,
+        guid("look"));
+    row("theme types are a link out of the tree", linkOut(types), "outside", types);
     row("unused file", write(text("Themes/old.zip"), "old"), "unused-file", text("Themes/old.zip"));
     row("version",
         replace(text("ResourceConfig/resource_version.xml"), text("dislplay"), text("display")),

@@ -23,6 +23,8 @@ class TestMvpublishLintFiles : public QObject
 
 private slots:
     void initTestCase();
+    void wholePicture_data();
+    void wholePicture();
     void brokenTree_data();
     void brokenTree();
 
@@ -110,6 +112,15 @@ void TestMvpublishLintFiles::fileRows()
         guid("film"));
     row("missing picture of \"none\"", remove(text("display/BgMaterial/Calm.png")), "missing-file",
         display, none);
+    row("definition is a link out of the tree", linkOut(zoom + text(".xml")), "outside", config,
+        guid("zoom"));
+    row("archive is a link out of the tree", linkOut(zoom + text("/pack.zip")), "outside", config,
+        guid("zoom"));
+    row("theme is a link out of the tree",
+        linkOut(text("config/Themes/") + guid("film") + text(".xml")), "outside", config,
+        guid("film"));
+    row("thumbnail is a link out of the tree", linkOut(text("display/VideoFilters/look 1.png")),
+        "outside", display, guid("look"));
     row("malformed definition", write(zoom + text(".xml"), "<Motion>\n<a>"), "malformed",
         zoom + text(".xml"), guid("zoom"));
     row("cut archive", cut(zoom + text("/pack.zip"), 100), "archive", zoom + text("/pack.zip"),
@@ -147,6 +158,21 @@ void TestMvpublishLintFiles::pictureRows()
     row("thumbnail is empty", write(thumb, ""), "picture", thumb, guid("paper"));
     row("cut PNG", cut(thumb, 1000), "picture", thumb, guid("paper"));
     row("cut JPEG", write(thumb, jpeg.left(jpeg.size() / 2)), "picture", thumb, guid("paper"));
+    // An embedded picture has an end of its own.
+    const QByteArray inner = jpeg.left(2) + "inner picture" + jpeg.right(2);
+    const QByteArray segment =
+        QByteArray("\xff\xe5\x00", 3) + static_cast<char>(inner.size() + 2) + inner;
+    row("cut JPEG with a picture in it",
+        write(thumb, (jpeg.left(2) + segment + jpeg.mid(2)).left(jpeg.size() / 2)), "picture",
+        thumb, guid("paper"));
+    row(
+        "animation under a thumbnail's name",
+        [=](const BrokenTree& tree) {
+            tree.replaceShown(text("film.gif"), text("film.png"));
+            tree.remove(animation);
+            tree.write(text("display/Themes/film.png"), SmallSource::thumbnail());
+        },
+        "picture", text("display/Themes/film.png"), guid("film"));
     row("square thumbnail",
         write(thumb,
               QByteArray::fromBase64("iVBORw0KGgoAAAANSUhEUgAAAGQAAABkAQAAAABYmaj5AAAAFElEQVR42mNkY"
@@ -167,6 +193,29 @@ void TestMvpublishLintFiles::pictureRows()
     row("cut animation", cut(animation, 5000), "picture", animation, guid("film"));
     row("picture of \"none\"", write(text("display/VideoFilters/Elegance.png"), "x"), "picture",
         text("display/VideoFilters/Elegance.png"), none);
+}
+
+void TestMvpublishLintFiles::wholePicture_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("content");
+    const QByteArray jpeg = picture("Themes/alpine-journey.jpg");
+    QTest::newRow("JPEG") << text("paper 2.jpg") << jpeg;
+    QTest::newRow("JPEG with something behind it") << text("paper 2.jpg") << jpeg + "appended";
+    QTest::newRow("PNG under an animation's name")
+        << text("paper 2.gif") << SmallSource::thumbnail();
+}
+
+void TestMvpublishLintFiles::wholePicture()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, content);
+    const BrokenTree tree(BrokenTree::cleanServer());
+    tree.replaceShown(text("paper 1.png"), name);
+    tree.remove(text("display/BgMaterial/paper 1.png"));
+    tree.write(text("display/BgMaterial/") + name, content);
+    tree.announce();
+    QCOMPARE(BrokenTree::findings(tree.folder()), QJsonArray());
 }
 
 void TestMvpublishLintFiles::brokenTree_data()

@@ -11,6 +11,8 @@
 #include <QFileInfo>
 #include <QUrl>
 
+#include <algorithm>
+
 namespace {
 
 /// A folder that cannot exist: below it the library works out names and creates nothing.
@@ -76,8 +78,14 @@ bool ReadTree::open(const QString& folder, QString* error)
         *error = QStringLiteral("%1 holds no folder %2").arg(folder, Editions::catalogueFolder);
         return false;
     }
-    m_installation = tree.exists(catalogue(Editions::installedVersionFile))
-        || !tree.exists(QStringLiteral("config"));
+    const QVector<Edition>& editions = Editions::all();
+    const bool isServer =
+        std::any_of(editions.cbegin(), editions.cend(), [&tree](const Edition& edition) {
+            return tree.exists(catalogue(edition.versionFile));
+        });
+    m_installation = !isServer
+        && (tree.exists(catalogue(Editions::installedVersionFile))
+            || !tree.exists(QStringLiteral("config")));
     readConfig();
     readVersions();
     return true;

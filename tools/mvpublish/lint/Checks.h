@@ -21,6 +21,8 @@ void itemFiles(LintContext& context);
 void previews(LintContext& context);
 /// Theme configs and what they depend on.
 void themes(LintContext& context);
+/// The list of an installation's themes by type.
+void themeTypes(LintContext& context);
 /// Items and files that nothing uses. The last check: it needs to know what the others met.
 void unused(LintContext& context);
 

@@ -1,6 +1,7 @@
 // Checks: theme configs and what they depend on.
 
 #include "catalogue/MVThemeMgr.h"
+#include "FileNames.h"
 #include "Guids.h"
 #include "lint/Checks.h"
 #include "lint/GuidChecks.h"
@@ -8,7 +9,6 @@
 #include "SourceItem.h"
 
 #include <QDomDocument>
-#include <QFileInfo>
 
 namespace {
 
@@ -79,8 +79,8 @@ void Checks::themes(LintContext& context)
         // A GUID that is reserved has no config to fetch, but its file may be there.
         ReadTree::library().doItem_Info_CfgXML(item);
         const Theme theme{item.m_qsGUID, context.tree().fileOf(item.m_info_CfgXML)};
-        const bool there =
-            !theme.file.isEmpty() && QFileInfo(context.tree().absolute(theme.file)).isFile();
+        const bool there = !theme.file.isEmpty()
+            && FileNames::isFileBelow(context.tree().folder(), context.tree().absolute(theme.file));
         const bool needed = (ReadTree::library().isLocal_Theme(item) == MVThemeMgr::eLoadDir_Local)
             == context.tree().isInstallation();
         if (!there) {

@@ -3,6 +3,7 @@
 #include "host/Utils.h"
 #include "lint/Checks.h"
 #include "lint/LintContext.h"
+#include "lint/NamedFiles.h"
 
 #include "catalogue/MVThemeMgr.h"
 
@@ -48,11 +49,13 @@ void checkContent(LintContext& context, const VersionFile& version)
                                       "\"config\", each with a value"));
 }
 
-/// Reports a catalogue file that is missing or that no reader accepts.
+/// Reports a catalogue file that is missing, that lies elsewhere or that no reader accepts.
 bool checkCatalogue(LintContext& context, const QString& file)
 {
-    if (QFileInfo(context.tree().absolute(file)).isFile())
+    if (NamedFiles::isThere(context, file, {file, 0, QString()}))
         return Checks::isReadable(context, file, QString());
+    if (QFileInfo(context.tree().absolute(file)).isFile())
+        return false;
     context.report("missing-file", file, 0, QString(), QStringLiteral("is missing"), rebuild);
     return false;
 }

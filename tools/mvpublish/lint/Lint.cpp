@@ -15,9 +15,9 @@ namespace Lint {
 Findings check(const ReadTree& tree)
 {
     LintContext context(tree);
-    for (const auto run :
-         {&Checks::versions, &Checks::configGuids, &Checks::displays, &Checks::editions,
-          &Checks::itemFiles, &Checks::previews, &Checks::themes, &Checks::unused})
+    for (const auto run : {&Checks::versions, &Checks::configGuids, &Checks::displays,
+                           &Checks::editions, &Checks::itemFiles, &Checks::previews,
+                           &Checks::themes, &Checks::themeTypes, &Checks::unused})
         run(context);
     Findings findings = context.findings();
     std::stable_sort(findings.begin(), findings.end(), [](const Finding& a, const Finding& b) {

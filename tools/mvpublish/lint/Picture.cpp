@@ -78,10 +78,27 @@ private:
     int m_at = 0;
 };
 
-/// The JPEG decoder fills what a cut file lacks and does not complain.
-bool isCutJpeg(const QString& file)
+/// A JPEG marker by marker; the decoder fills what a cut file lacks and does not complain. Segments
+/// are stepped over: they may hold a picture of their own, which has an end as well.
+bool isCutJpeg(const QByteArray& content)
 {
-    return !contentOf(file).contains("\xff\xd9");
+    constexpr int endMarker = 0xd9;
+    const auto at = [&content](int position) {
+        return position < content.size() ? static_cast<unsigned char>(content.at(position)) : 0;
+    };
+    int position = 2;
+    while (position >= 0 && position < content.size()) {
+        const int marker = at(position + 1);
+        const bool isAlone = marker <= 1 || (marker >= 0xd0 && marker < endMarker);
+        if (marker == endMarker)
+            return false;
+        if (marker == 0xff) // filling
+            ++position;
+        else
+            position += isAlone ? 2 : 2 + (at(position + 2) << 8) + at(position + 3);
+        position = content.indexOf('\xff', position); // past the picture's data
+    }
+    return true;
 }
 
 /// Asks for the size before the pixels: a hostile picture could fill the memory.
@@ -105,7 +122,7 @@ Verdict thumbnail(const QString& file)
     QImageReader reader(file);
     if (!begin(reader, verdict))
         return verdict;
-    if (reader.format() == "jpeg" && isCutJpeg(file))
+    if (reader.format() == "jpeg" && isCutJpeg(contentOf(file)))
         verdict.broken = QStringLiteral("the file ends in the middle");
     else if (reader.read().isNull())
         verdict.broken = reader.errorString();

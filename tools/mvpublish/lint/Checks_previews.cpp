@@ -1,0 +1,106 @@
+// Checks: thumbnails and animations.
+
+#include "catalogue/MVThemeMgr.h"
+#include "Guids.h"
+#include "host/HostSettings.h"
+#include "Kinds.h"
+#include "lint/Checks.h"
+#include "lint/LintContext.h"
+#include "lint/NamedFiles.h"
+#include "lint/Picture.h"
+
+using NamedFiles::NamedBy;
+
+namespace {
+
+/// What an entry names a picture as; its name says nothing.
+enum class Role { Thumbnail, Animation };
+
+void checkPicture(LintContext& context, const QString& file, const QString& item, Role role)
+{
+    const bool isAnimation = role == Role::Animation;
+    const QString look = isAnimation ? file + QStringLiteral("\nanimation") : file;
+    if (file.isEmpty() || !context.isFirstLook(look))
+        return;
+    const QString path = context.tree().absolute(file);
+    const Picture::Verdict verdict =
+        isAnimation ? Picture::animation(path) : Picture::thumbnail(path);
+    if (!verdict.broken.isEmpty())
+        context.report("picture", file, 0, item,
+                       QStringLiteral("cannot be shown: ") + verdict.broken,
+                       QStringLiteral("write the picture anew"));
+    else if (!verdict.oddSize.isEmpty())
+        context.report("picture-size", file, 0, item, verdict.oddSize,
+                       QStringLiteral("previews are 16 to 9; 320x180 for a thumbnail and 192x108 "
+                                      "for an animation do well"));
+}
+
+void checkPreview(LintContext& context, const SFileInfo& info, const NamedBy& by, Role role,
+                  bool needed)
+{
+    if (!info.m_qsUrl.isEmpty())
+        checkPicture(context, NamedFiles::existing(context, info, by, needed, true), by.item, role);
+    else if (needed && context.isFirstLook(by.item + QLatin1Char('\n')))
+        context.report("no-name", by.catalogue, by.line, by.item,
+                       QStringLiteral("the item names no thumbnail or no animation"),
+                       QStringLiteral("without both it is not shown"));
+}
+
+/// The library has no such file for this kind, but the catalogue names one.
+SFileInfo spareRecord(const DisplayEntry& entry, const QString& name)
+{
+    SFileInfo info;
+    info.m_eType = entry.type;
+    info.m_bThumbDir = true;
+    info.m_qsUrl = name;
+    info.m_qsFile = ReadTree::library().Path_resource_Dir(MVThemeMgr::eLoadDir_Download,
+                                                          MVThemeMgr::eDirTag_Display, entry.type)
+        + QLatin1Char('/') + name;
+    return info;
+}
+
+/// The picture of the "none" entry is the active skin's.
+void checkNonePictures(LintContext& context, const DisplayEntry& entry, const NamedBy& by)
+{
+    for (const char* skin : {"Classical", "Elegance", "Simplicity", "Calm"}) {
+        hostSettings().currentSkin = QString::fromLatin1(skin);
+        SCfg_Item item = entry.item;
+        ReadTree::library().doItem_Info_Thumb(item);
+        checkPreview(context, item.m_info_Thumb, by, Role::Thumbnail, true);
+    }
+    hostSettings().currentSkin.clear();
+}
+
+void checkEntry(LintContext& context, const DisplayCatalogue& display, const DisplayEntry& entry)
+{
+    const NamedBy by{display.file, entry.line, context.label(entry.guid)};
+    SCfg_Item item = entry.item;
+    if (!entry.known || !Guids::isGuid(entry.guid)) {
+        for (const QString& name : {item.m_info_Thumb.m_qsUrl, entry.animation})
+            context.use(context.tree().fileOf(spareRecord(entry, name)));
+        return;
+    }
+    if (entry.guid == Guids::none)
+        checkNonePictures(context, entry, by);
+    ReadTree::library().doItem_Info_Thumb(item);
+    ReadTree::library().doItem_Info_Gif(item);
+    if (Kinds::needsThumbnail(entry.type))
+        checkPreview(context, item.m_info_Thumb, by, Role::Thumbnail, true);
+    else
+        checkPreview(context, spareRecord(entry, item.m_info_Thumb.m_qsUrl), by, Role::Thumbnail,
+                     false);
+    if (Kinds::needsAnimation(entry.type))
+        checkPreview(context, item.m_info_Gif, by, Role::Animation, true);
+    else
+        checkPreview(context, spareRecord(entry, entry.animation), by, Role::Animation, false);
+}
+
+} // namespace
+
+void Checks::previews(LintContext& context)
+{
+    for (const DisplayCatalogue& display : context.tree().displays()) {
+        for (const DisplayEntry& entry : display.entries)
+            checkEntry(context, display, entry);
+    }
+}

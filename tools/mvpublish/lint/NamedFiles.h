@@ -1,0 +1,29 @@
+#pragma once
+
+#include "records/SFileInfo.h"
+
+#include <QString>
+
+class LintContext;
+
+/// What checks of all files share that catalogues name.
+namespace NamedFiles {
+
+/// The catalogue entry that names a file.
+struct NamedBy
+{
+    QString catalogue;
+    int line;
+    QString item;
+};
+
+/// The file that a record names, if it is there; else an empty text and, if it has to be, a
+/// finding.
+QString existing(LintContext& context, const SFileInfo& info, const NamedBy& by, bool needed,
+                 bool fetched);
+
+/// Whether the tree has the file. If what stands there is a link out of the tree, that is a
+/// finding and the answer is no.
+bool isThere(LintContext& context, const QString& file, const NamedBy& by);
+
+} // namespace NamedFiles
