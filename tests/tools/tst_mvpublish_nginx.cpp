@@ -43,6 +43,8 @@ private slots:
     void versionFileIsNeverKept();
     void restIsKeptByItsTag_data();
     void restIsKeptByItsTag();
+    void failuresAreNotKept_data();
+    void failuresAreNotKept();
     void partsAreServed();
     void onlyXmlIsCompressed();
     void typesAreKnown();
@@ -139,6 +141,39 @@ void TestMvpublishNginx::restIsKeptByItsTag()
     QVERIFY(!RawClient::field(answer, "Last-Modified").isEmpty());
     QCOMPARE(RawClient::status(get(target, "If-None-Match: " + tag + "\r\n")), 304);
     QCOMPARE(RawClient::status(get(target, "If-None-Match: \"other\"\r\n")), 200);
+    // A tree of yesterday may have been put back.
+    const QByteArray date = RawClient::field(answer, "Last-Modified");
+    QCOMPARE(RawClient::status(get(target, "If-Modified-Since: " + date + "\r\n")), 304);
+    QCOMPARE(RawClient::status(get(target, "If-Modified-Since: Fri, 01 Jan 2100 00:00:00 GMT\r\n")),
+             200);
+}
+
+/// Caches keep what is missing no longer than what is there.
+void TestMvpublishNginx::failuresAreNotKept_data()
+{
+    QTest::addColumn<QByteArray>("target");
+    QTest::addColumn<QByteArray>("fields");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QByteArray>("control");
+    const QByteArray none;
+    QTest::newRow("missing file") << QByteArray("/config/no.zip") << none << 404
+                                  << QByteArray("no-cache");
+    QTest::newRow("part beyond the end")
+        << QByteArray("/display/Themes/film.gif") << QByteArray("Range: bytes=9999999-\r\n") << 416
+        << QByteArray("no-cache");
+    QTest::newRow("missing version file") << QByteArray("/ResourceConfig/resource_version_v2.xml")
+                                          << none << 404 << QByteArray("no-store");
+}
+
+void TestMvpublishNginx::failuresAreNotKept()
+{
+    QFETCH(QByteArray, target);
+    QFETCH(QByteArray, fields);
+    QFETCH(int, status);
+    QFETCH(QByteArray, control);
+    const QByteArray answer = get(target, fields);
+    QCOMPARE(RawClient::status(answer), status);
+    QCOMPARE(RawClient::field(answer, "Cache-Control"), control);
 }
 
 void TestMvpublishNginx::partsAreServed()

@@ -37,6 +37,8 @@ private slots:
     void servesNothingOutside();
     void listensOnLoopbackOnly();
     void printsRequests();
+    void printsNothingForged_data();
+    void printsNothingForged();
     void quietPrintsOneLine();
     void takesThePortItIsTold();
     void busyPortIsAFailure();
@@ -169,6 +171,30 @@ void TestMvserve::printsRequests()
     QCOMPARE(outcome.lines(),
              (QStringList{text("GET /a.txt 200"), text("GET //folder/{B} c.xml 200"),
                           text("GET /none.txt 404")}));
+}
+
+void TestMvserve::printsNothingForged_data()
+{
+    QTest::addColumn<QByteArray>("target");
+    QTest::addColumn<QString>("line");
+    QTest::newRow("place marker") << QByteArray("/%251") << text("GET /%1 404");
+    QTest::newRow("place markers") << QByteArray("/%253/%252/%2599") << text("GET /%3/%2/%99 404");
+    QTest::newRow("line break") << QByteArray("/x%20200%0D%0AGET%20/a.txt")
+                                << text("GET /x 200??GET /a.txt 404");
+    QTest::newRow("terminal control") << QByteArray("/%1B%5B2J%07") << text("GET /?[2J? 404");
+    QTest::newRow("other line break")
+        << QByteArray("/a%E2%80%A8b%C2%85c") << text("GET /a?b?c 404");
+    QTest::newRow("text from right to left") << QByteArray("/a%E2%80%AEb") << text("GET /a?b 404");
+}
+
+void TestMvserve::printsNothingForged()
+{
+    QFETCH(QByteArray, target);
+    QFETCH(QString, line);
+    start();
+    get(target);
+    ConsoleProgram::signal(*m_process, SIGTERM);
+    QCOMPARE(ConsoleProgram::end(*m_process).lines(), QStringList{line});
 }
 
 void TestMvserve::quietPrintsOneLine()

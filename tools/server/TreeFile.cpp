@@ -1,9 +1,12 @@
 #include "server/TreeFile.h"
 
 #include <QDateTime>
+#include <QFile>
 #include <QFileInfo>
 #include <QLocale>
 #include <QStringList>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -47,10 +50,16 @@ TreeFile::TreeFile(const QString& folder, const QByteArray& address)
     const QString root = QFileInfo(folder).canonicalFilePath();
     if (!file.isFile() || !file.canonicalFilePath().startsWith(root + QLatin1Char('/')))
         return;
-    m_path = file.canonicalFilePath();
-    m_size = file.size();
-    const QDateTime modified = file.lastModified().toUTC();
-    m_modified = modified.toSecsSinceEpoch();
+    auto opened = std::make_shared<QFile>(file.canonicalFilePath());
+    struct stat info = {};
+    if (!opened->open(QIODevice::ReadOnly) || ::fstat(opened->handle(), &info) != 0)
+        return;
+    m_file = std::move(opened);
+    m_size = info.st_size;
+    m_modified = info.st_mtim.tv_sec;
+    constexpr qint64 milli = 1000;
+    const QDateTime modified = QDateTime::fromMSecsSinceEpoch(
+        m_modified * milli + info.st_mtim.tv_nsec / (milli * milli), Qt::UTC);
     m_entityTag = '"' + QByteArray::number(modified.toMSecsSinceEpoch(), 16) + '-'
         + QByteArray::number(m_size, 16) + '"';
     m_lastModified = QLocale::c().toString(modified, httpDate).toLatin1();
@@ -68,7 +77,7 @@ QByteArray TreeFile::contentType() const
         {".jpg", "image/jpeg"},      {".jpeg", "image/jpeg"},       {".gif", "image/gif"},
         {".mp3", "audio/mpeg"},      {".json", "application/json"}, {".txt", "text/plain"}};
     for (const Type& type : types) {
-        if (m_path.endsWith(QLatin1String(type.suffix), Qt::CaseInsensitive))
+        if (m_file->fileName().endsWith(QLatin1String(type.suffix), Qt::CaseInsensitive))
             return type.name;
     }
     return "application/octet-stream";
@@ -77,15 +86,16 @@ QByteArray TreeFile::contentType() const
 QByteArray TreeFile::cacheControl() const
 {
     const bool isVersion =
-        QFileInfo(m_path).fileName().startsWith(QLatin1String("resource_version"));
+        QFileInfo(m_file->fileName()).fileName().startsWith(QLatin1String("resource_version"));
     return isVersion ? "no-store" : "no-cache";
 }
 
 bool TreeFile::isKnown(const QByteArray& ifNoneMatch, const QByteArray& ifModifiedSince) const
 {
     if (ifNoneMatch.isEmpty()) {
+        // Another date is another file, be it an earlier one that was put back.
         const QDateTime since = parsedDate(ifModifiedSince);
-        return since.isValid() && since.toSecsSinceEpoch() >= m_modified;
+        return since.isValid() && since.toSecsSinceEpoch() == m_modified;
     }
     const QList<QByteArray> tags = ifNoneMatch.split(',');
     for (const QByteArray& given : tags) {

@@ -3,7 +3,12 @@
 #include <QByteArray>
 #include <QString>
 
-/// A file below a served folder, and what HTTP says of it.
+#include <memory>
+
+class QFile;
+
+/// A file below a served folder, and what HTTP says of it: of the file that was opened, also when
+/// another takes its place while it is sent.
 class TreeFile
 {
 public:
@@ -11,8 +16,9 @@ public:
     /// that leads out of the folder, by ".." or through a link, names nothing.
     TreeFile(const QString& folder, const QByteArray& address);
 
-    bool exists() const { return !m_path.isEmpty(); }
-    QString path() const { return m_path; }
+    bool exists() const { return m_file != nullptr; }
+    /// Open for reading; null if there is no such file.
+    std::shared_ptr<QFile> file() const { return m_file; }
     qint64 size() const { return m_size; }
 
     QByteArray contentType() const;
@@ -28,7 +34,7 @@ public:
     bool isSameAs(const QByteArray& ifRange) const;
 
 private:
-    QString m_path;
+    std::shared_ptr<QFile> m_file;
     qint64 m_size = 0;
     qint64 m_modified = 0; // seconds
     QByteArray m_entityTag;

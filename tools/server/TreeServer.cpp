@@ -46,15 +46,10 @@ bool fitRange(httplib::Ranges& ranges, qint64 size)
 
 void sendFile(const TreeFile& file, const httplib::Request& request, httplib::Response& response)
 {
-    const auto opened = std::make_shared<QFile>(file.path());
-    if (!opened->open(QIODevice::ReadOnly)) {
-        response.status = 404;
-        return;
-    }
     // The request is httplib's own object, handed out as constant; it cuts the body by what it
     // finds there, also beyond the end of the file.
     httplib::Ranges& ranges = const_cast<httplib::Request&>(request).ranges;
-    if (!file.isSameAs(header(request, "If-Range")))
+    if (request.method != "GET" || !file.isSameAs(header(request, "If-Range")))
         ranges.clear();
     if (!fitRange(ranges, file.size())) {
         ranges.clear();
@@ -69,7 +64,7 @@ void sendFile(const TreeFile& file, const httplib::Request& request, httplib::Re
     }
     response.set_content_provider(
         static_cast<size_t>(file.size()), type,
-        [opened](size_t offset, size_t length, httplib::DataSink& sink) {
+        [opened = file.file()](size_t offset, size_t length, httplib::DataSink& sink) {
             constexpr size_t piece = 1 << 18;
             if (!opened->seek(static_cast<qint64>(offset)))
                 return false;
@@ -77,6 +72,18 @@ void sendFile(const TreeFile& file, const httplib::Request& request, httplib::Re
             return !part.isEmpty()
                 && sink.write(part.constData(), static_cast<size_t>(part.size()));
         });
+}
+
+/// Addresses come from anyone: a line of the log stays one line, and says what it seems to say.
+QString oneLine(QString text)
+{
+    for (QChar& character : text) {
+        const QChar::Category category = character.category();
+        if (!character.isPrint() || category == QChar::Separator_Line
+            || category == QChar::Separator_Paragraph)
+            character = QLatin1Char('?');
+    }
+    return text;
 }
 
 void answer(const QString& folder, const httplib::Request& request, httplib::Response& response)
@@ -143,10 +150,10 @@ bool TreeServer::start(const QString& folder, quint16 port)
     if (d->log) {
         server->set_logger(
             [log = d->log](const httplib::Request& request, const httplib::Response& response) {
-                log(QStringLiteral("%1 %2 %3")
-                        .arg(QString::fromStdString(request.method),
-                             QString::fromStdString(request.path))
-                        .arg(response.status));
+                log(oneLine(QStringLiteral("%1 %2 %3")
+                                .arg(QString::fromStdString(request.method),
+                                     QString::fromStdString(request.path),
+                                     QString::number(response.status))));
             });
     }
     const bool bound = port == 0 ? (d->port = server->bind_to_any_port(address.constData())) > 0

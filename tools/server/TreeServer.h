@@ -15,7 +15,8 @@
 class TreeServer
 {
 public:
-    /// One line per answered request: method, path and status.
+    /// One line per answered request: method, decoded path and status. What cannot be printed is
+    /// replaced by question marks.
     using AccessLog = std::function<void(const QString& line)>;
 
     TreeServer();
