@@ -7,6 +7,8 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
+#include <algorithm>
+
 namespace {
 
 QString text(const char* utf8)
@@ -34,12 +36,26 @@ private slots:
     void addedItem();
     void removedItem();
     void changedFile();
+    void changedDefinitionNeedsAnotherGuid();
+    void unfetchedFilesDoNotCount();
+    void fileOfABuiltInItemIsNotFetched();
     void catalogueOfAnotherEditionDoesNotCount();
+    void changeInOneEditionOnly();
+    void changeInAllEditionsStandsOnce();
+    void lostEdition();
+    void otherVersion_data();
+    void otherVersion();
     void bytesAreThoseOfTheFiles();
     void whatIsNoTreeIsAFailure();
 
 private:
     static void build(const SmallSource& source, const QStringList& options = {});
+    /// The old tree and its source, for the editions standard and 3.
+    static SmallSource twoEditions();
+    static QStringList twoEditionOptions()
+    {
+        return {text("--edition"), text("standard"), text("--edition"), text("3")};
+    }
     static Outcome diff() { return Mvpublish::run({text("diff"), home("old"), home("new")}); }
     /// The lines that begin so, without what stands in brackets.
     static QStringList lines(const Outcome& outcome, const char* beginning);
@@ -91,9 +107,10 @@ void TestMvpublishDiff::renamedItem()
                           text("catalogue ResourceConfig/resource_version_v3.xml")}));
     // Both name the item too.
     QCOMPARE(lines(outcome, "changed"),
-             (QStringList{text("changed file config/Transitions/Transitions.xml"),
-                          text("changed file config/Transitions/") + SmallSource::guid(text("fade"))
-                              + text(".xml")}));
+             QStringList{text("changed definition config/Transitions/")
+                         + SmallSource::guid(text("fade")) + text(".xml")});
+    QCOMPARE(lines(outcome, "unfetched"),
+             QStringList{text("unfetched file config/Transitions/Transitions.xml")});
     QCOMPARE(lines(outcome, "added") + lines(outcome, "removed") + lines(outcome, "new"),
              QStringList());
 }
@@ -112,8 +129,9 @@ void TestMvpublishDiff::addedItem()
              QStringList{text("added bgmaterial ") + guid + text(" Stone")});
     QCOMPARE(lines(outcome, "new file"),
              (QStringList{text("new file config/BgMaterial/") + guid + text(".xml"),
-                          text("new file config/BgMaterial/") + guid + text("/background.png"),
-                          text("new file display/BgMaterial/stone.png")}));
+                          text("new file config/BgMaterial/") + guid + text("/background.png")}));
+    QCOMPARE(lines(outcome, "unfetched file"),
+             QStringList{text("unfetched file display/BgMaterial/stone.png")});
     QCOMPARE(lines(outcome, "catalogue").size(), 3);
     QCOMPARE(lines(outcome, "changed"), QStringList());
 }
@@ -148,11 +166,143 @@ void TestMvpublishDiff::changedFile()
                                "files)")}));
 }
 
+void TestMvpublishDiff::changedDefinitionNeedsAnotherGuid()
+{
+    const SmallSource source(home("source"));
+    source.set(text("zoom"), "family", text("zoom"));
+    build(source);
+    const QStringList lines = diff().lines();
+    QVERIFY(lines.constFirst().startsWith(text("changed definition config/Motions/")
+                                          + SmallSource::guid(text("zoom")) + text(".xml")));
+    QCOMPARE(lines.mid(1),
+             (QStringList{text("note: whoever has a changed definition keeps the old one; only an "
+                               "item with a fresh GUID brings a new one"),
+                          text("to transfer: 0 bytes (0 bytes of catalogues, 0 bytes of new "
+                               "files)")}));
+}
+
+/// Pictures of transitions, motions and backgrounds, animations of filters.
+void TestMvpublishDiff::unfetchedFilesDoNotCount()
+{
+    const SmallSource source(home("source"));
+    for (const char* item : {"fade", "zoom", "look"}) {
+        CatalogueFiles::write(source.file(text(item) + text("/moving.gif")),
+                              SmallSource::animation());
+        source.set(text(item), "animation", text("moving.gif"));
+    }
+    build(source);
+    const Outcome outcome = diff();
+    QCOMPARE(lines(outcome, "unfetched file"),
+             (QStringList{text("unfetched file display/Motions/moving.gif"),
+                          text("unfetched file display/Transitions/moving.gif"),
+                          text("unfetched file display/VideoFilters/moving.gif")}));
+    QCOMPARE(lines(outcome, "new file"), QStringList());
+    QVERIFY(outcome.lines().constLast().endsWith(text(", 0 bytes of new files)")));
+}
+
+void TestMvpublishDiff::fileOfABuiltInItemIsNotFetched()
+{
+    const SmallSource source(home("source"));
+    source.set(text("zoom"), "builtIn", true);
+    QCOMPARE(Mvpublish::build(source.folder(), home("old")), QString());
+    CatalogueFiles::write(source.file(text("zoom/notes/read me.txt")), "Other notes");
+    build(source);
+    const Outcome outcome = diff();
+    QCOMPARE(lines(outcome, "unfetched file"),
+             QStringList{text("unfetched file config/Motions/") + SmallSource::guid(text("zoom"))
+                         + text("/notes/read me.txt")});
+    QCOMPARE(lines(outcome, "note"), QStringList());
+}
+
 void TestMvpublishDiff::catalogueOfAnotherEditionDoesNotCount()
 {
     build(SmallSource(home("source")),
           {text("--edition"), text("standard"), text("--edition"), text("1")});
     QCOMPARE(diff().out, QByteArray("no difference\n"));
+}
+
+SmallSource TestMvpublishDiff::twoEditions()
+{
+    SmallSource source(home("source"));
+    Mvpublish::build(source.folder(), home("old"), twoEditionOptions());
+    return source;
+}
+
+void TestMvpublishDiff::changeInOneEditionOnly()
+{
+    const SmallSource source = twoEditions();
+    source.set(text("paper"), "names", QJsonObject{{text("aff_de"), text("Papier")}});
+    build(source, twoEditionOptions());
+    const QString display = text("ResourceConfig/resource_display_aff_de.xml");
+    const QStringList lines = diff().lines();
+    QCOMPARE(lines.constFirst(),
+             text("renamed bgmaterial %1 My paper -> Papier (%2)")
+                 .arg(SmallSource::guid(text("paper")), display));
+    QCOMPARE(lines.filter(QRegularExpression(text("^catalogue "))).size(), 2);
+    QVERIFY(lines.at(1).startsWith(text("catalogue ") + display));
+}
+
+void TestMvpublishDiff::changeInAllEditionsStandsOnce()
+{
+    const SmallSource source = twoEditions();
+    source.set(text("fade"), "name", text("Slow fade"));
+    build(source, twoEditionOptions());
+    const Outcome outcome = diff();
+    QCOMPARE(outcome.lines().filter(text("renamed")),
+             QStringList{text("renamed transition ") + SmallSource::guid(text("fade"))
+                         + text(" My fade -> Slow fade")});
+    QCOMPARE(lines(outcome, "catalogue").size(), 4);
+    // Nobody fetches the catalogues of two editions.
+    const QString folder = home("new/ResourceConfig/resource_");
+    const qint64 most = QFileInfo(folder + text("version_v3.xml")).size()
+        + std::max(QFileInfo(folder + text("display.xml")).size(),
+                   QFileInfo(folder + text("display_aff_de.xml")).size());
+    QVERIFY(outcome.lines().constLast().startsWith(
+        text("to transfer: %1 kB ").arg(static_cast<double>(most) / 1000.0, 0, 'f', 1)));
+}
+
+void TestMvpublishDiff::lostEdition()
+{
+    build(twoEditions());
+    const Outcome outcome = diff();
+    QCOMPARE(outcome.status, 1);
+    QCOMPARE(outcome.lines(),
+             (QStringList{text("lost edition 3, 4 (ResourceConfig/resource_version_aff_de_v2.xml)"),
+                          text("note: users of a lost edition keep what they have and fetch "
+                               "nothing new"),
+                          text("to transfer: 0 bytes (0 bytes of catalogues, 0 bytes of new "
+                               "files)")}));
+}
+
+void TestMvpublishDiff::otherVersion_data()
+{
+    QTest::addColumn<QString>("version");
+    QTest::addColumn<bool>("isOther");
+    QTest::newRow("higher") << text("1.3.0") << true;
+    QTest::newRow("lower") << text("1.1.0") << true;
+    QTest::newRow("same with other dots") << text("12.0") << false;
+}
+
+/// Clients look only at catalogues of the version that they know.
+void TestMvpublishDiff::otherVersion()
+{
+    QFETCH(QString, version);
+    QFETCH(bool, isOther);
+    const SmallSource source(home("source"));
+    source.set(QString(), "version", version);
+    CatalogueFiles::write(source.file(text("zoom/more.bin")), QByteArray(123, 'x'));
+    source.set(text("zoom"), "files", QJsonValue::fromVariant(QStringList{text("more.bin")}));
+    build(source);
+    const Outcome outcome = diff();
+    QCOMPARE(outcome.status, 1);
+    QCOMPARE(lines(outcome, "version"),
+             isOther ? QStringList{text("version ResourceConfig/resource_version_v3.xml 1.2.0 -> ")
+                                   + version}
+                     : QStringList());
+    QCOMPARE(lines(outcome, "note: a client fetches only").size(), isOther ? 1 : 0);
+    QCOMPARE(lines(outcome, "catalogue").size(), isOther ? 1 : 2);
+    QVERIFY(outcome.lines().constLast().endsWith(isOther ? text(" 0 bytes of new files)")
+                                                         : text(" 123 bytes of new files)")));
 }
 
 void TestMvpublishDiff::bytesAreThoseOfTheFiles()

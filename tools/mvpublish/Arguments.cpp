@@ -42,43 +42,53 @@ const QVector<Command>& commands()
     return known;
 }
 
-} // namespace
-
-bool Arguments::parse(const QCoreApplication& application)
+/// The options and what stands in the help about them.
+struct Options
 {
-    const QCommandLineOption editionOption(
+    QCommandLineOption edition{
         QStringLiteral("edition"),
         QStringLiteral("build: an edition to publish for, standard (the default) or 1 to 5; can be "
                        "repeated"),
-        QStringLiteral("EDITION"));
-    const QCommandLineOption installedOption(
+        QStringLiteral("EDITION")};
+    QCommandLineOption installed{
         QStringLiteral("installed"),
-        QStringLiteral("build: OUT is the application's folder \"Resource\""));
-    const QCommandLineOption inOption(QStringLiteral("in"),
-                                      QStringLiteral("new: the source; the current folder by "
-                                                     "default"),
-                                      QStringLiteral("SOURCE"), QStringLiteral("."));
-    const QCommandLineOption jsonOption(QStringLiteral("json"),
-                                        QStringLiteral("lint: print one JSON document"));
-    const QCommandLineOption portOption(QStringLiteral("port"),
-                                        QStringLiteral("serve: port; a free one by default"),
-                                        QStringLiteral("N"), QStringLiteral("0"));
-    const QCommandLineOption quietOption(QStringLiteral("quiet"),
-                                         QStringLiteral("serve: do not print requests"));
-    const QCommandLineOption helpOption({QStringLiteral("h"), QStringLiteral("help")},
-                                        QStringLiteral("print this help"));
-    QCommandLineParser parser;
+        QStringLiteral("build: OUT is the application's folder \"Resource\"")};
+    QCommandLineOption in{QStringLiteral("in"),
+                          QStringLiteral("new: the source; the current folder by default"),
+                          QStringLiteral("SOURCE"), QStringLiteral(".")};
+    QCommandLineOption json{QStringLiteral("json"),
+                            QStringLiteral("lint: print one JSON document")};
+    QCommandLineOption port{QStringLiteral("port"),
+                            QStringLiteral("serve: port; a free one by default"),
+                            QStringLiteral("N"), QStringLiteral("0")};
+    QCommandLineOption quiet{QStringLiteral("quiet"),
+                             QStringLiteral("serve: do not print requests")};
+    QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")},
+                            QStringLiteral("print this help")};
+};
+
+void describe(QCommandLineParser& parser)
+{
     parser.setApplicationDescription(QString::fromLatin1(description));
-    const QCommandLineOption versionOption = parser.addVersionOption();
-    parser.addOptions({helpOption, editionOption, installedOption, inOption, jsonOption, portOption,
-                       quietOption});
     parser.addPositionalArgument(QStringLiteral("COMMAND"),
                                  QStringLiteral("new, build, lint, diff or serve"));
     parser.addPositionalArgument(QStringLiteral("ARGUMENTS"), QStringLiteral("see above"),
                                  QStringLiteral("ARGUMENTS..."));
+}
+
+} // namespace
+
+bool Arguments::parse(const QCoreApplication& application)
+{
+    const Options options;
+    QCommandLineParser parser;
+    describe(parser);
+    const QCommandLineOption versionOption = parser.addVersionOption();
+    parser.addOptions({options.help, options.edition, options.installed, options.in, options.json,
+                       options.port, options.quiet});
     if (!parser.parse(application.arguments()))
         return fail(parser.errorText());
-    if (parser.isSet(helpOption))
+    if (parser.isSet(options.help))
         parser.showHelp();
     if (parser.isSet(versionOption))
         parser.showVersion();
@@ -86,12 +96,12 @@ bool Arguments::parse(const QCoreApplication& application)
     if (operands.isEmpty())
         return fail(QStringLiteral("no command; see mvpublish --help"));
     command = operands.takeFirst();
-    installed = parser.isSet(installedOption);
-    source = parser.value(inOption);
-    json = parser.isSet(jsonOption);
-    quiet = parser.isSet(quietOption);
-    return checkOperands(parser.optionNames()) && readEditions(parser.values(editionOption))
-        && readPort(parser.value(portOption));
+    installed = parser.isSet(options.installed);
+    source = parser.value(options.in);
+    json = parser.isSet(options.json);
+    quiet = parser.isSet(options.quiet);
+    return checkOperands(parser.optionNames()) && readEditions(parser.values(options.edition))
+        && readPort(parser.value(options.port));
 }
 
 bool Arguments::checkOperands(const QStringList& options)

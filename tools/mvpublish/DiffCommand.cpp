@@ -20,22 +20,39 @@ void printFiles(const char* change, const QVector<TreeDiff::File>& files)
                           .arg(QLatin1String(change), file.name, Output::size(file.size)));
 }
 
+void note(bool applies, const char* text)
+{
+    if (applies)
+        Output::print(QStringLiteral("note: ") + QLatin1String(text));
+}
+
 void print(const TreeDiff& diff)
 {
     printItems("added", diff.added);
     printItems("removed", diff.removed);
     printItems("renamed", diff.renamed);
+    printItems("lost edition", diff.lostEditions);
+    printItems("version", diff.versions);
     printFiles("catalogue", diff.catalogues);
     printFiles("new file", diff.newFiles);
     printFiles("changed file", diff.changedFiles);
+    printFiles("changed definition", diff.changedDefinitions);
+    printFiles("unfetched file", diff.unfetchedFiles);
     printFiles("removed file", diff.removedFiles);
-    if (!diff.changedFiles.isEmpty())
-        Output::print(QStringLiteral("note: whoever has a changed file keeps the old one; publish "
-                                     "it under another name to replace it"));
-    const qint64 check = TreeDiff::bytes(diff.catalogues);
-    const qint64 files = TreeDiff::bytes(diff.newFiles);
+    note(!diff.lostEditions.isEmpty(),
+         "users of a lost edition keep what they have and fetch nothing new");
+    note(!diff.versions.isEmpty(),
+         "a client fetches only catalogues of the version that its application brought along, so "
+         "with another version it keeps what it has");
+    note(!diff.changedFiles.isEmpty(),
+         "whoever has a changed file keeps the old one; publish it under another name to replace "
+         "it");
+    note(!diff.changedDefinitions.isEmpty(),
+         "whoever has a changed definition keeps the old one; only an item with a fresh GUID "
+         "brings a new one");
     Output::print(QStringLiteral("to transfer: %1 (%2 of catalogues, %3 of new files)")
-                      .arg(Output::size(check + files), Output::size(check), Output::size(files)));
+                      .arg(Output::size(diff.catalogueBytes + diff.fileBytes),
+                           Output::size(diff.catalogueBytes), Output::size(diff.fileBytes)));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "TreeDiff.h"
 
+#include "FetchedFiles.h"
 #include "host/Utils.h"
 #include "Kinds.h"
 #include "ReadTree.h"
@@ -9,28 +10,32 @@
 #include <QFileInfo>
 #include <QMap>
 
+#include <algorithm>
+
 namespace {
 
 using ItemKey = QPair<int, QString>; // kind and GUID
 
-/// What users see of a tree, in the catalogue of its first edition.
+/// What users see of a tree in one display catalogue.
 struct Shown
 {
     QVector<ItemKey> order;
     QHash<ItemKey, QString> names;
 };
 
-Shown shownBy(const ReadTree& tree)
+Shown shownBy(const ReadTree& tree, const QString& displayFile)
 {
     Shown shown;
-    if (tree.displays().isEmpty())
-        return shown;
-    for (const DisplayEntry& entry : tree.displays().constFirst().entries) {
-        const ItemKey key = qMakePair(int(entry.type), entry.guid);
-        if (!entry.known || shown.names.contains(key))
+    for (const DisplayCatalogue& display : tree.displays()) {
+        if (display.file != displayFile)
             continue;
-        shown.order.append(key);
-        shown.names.insert(key, entry.item.m_qsName);
+        for (const DisplayEntry& entry : display.entries) {
+            const ItemKey key = qMakePair(int(entry.type), entry.guid);
+            if (!entry.known || shown.names.contains(key))
+                continue;
+            shown.order.append(key);
+            shown.names.insert(key, entry.item.m_qsName);
+        }
     }
     return shown;
 }
@@ -40,8 +45,9 @@ QString label(const ItemKey& key, const QString& name)
     return QStringLiteral("%1 %2 %3").arg(Kinds::all().at(key.first).word, key.second, name);
 }
 
-void compareItems(const Shown& before, const Shown& after, TreeDiff& diff)
+TreeDiff compareItems(const Shown& before, const Shown& after)
 {
+    TreeDiff diff;
     for (const ItemKey& key : after.order) {
         const QString name = after.names.value(key);
         const auto old = before.names.constFind(key);
@@ -54,6 +60,54 @@ void compareItems(const Shown& before, const Shown& after, TreeDiff& diff)
         if (!after.names.contains(key))
             diff.removed.append(label(key, before.names.value(key)));
     }
+    return diff;
+}
+
+/// What all catalogues have in common stands once; the rest names its catalogue.
+QStringList merged(const QMap<QString, TreeDiff>& diffs, QStringList TreeDiff::*list)
+{
+    QHash<QString, int> counts;
+    for (const TreeDiff& diff : diffs) {
+        for (const QString& line : diff.*list)
+            ++counts[line];
+    }
+    QStringList result;
+    for (auto diff = diffs.cbegin(); diff != diffs.cend(); ++diff) {
+        const bool isFirst = diff == diffs.cbegin();
+        for (const QString& line : (*diff).*list) {
+            if (counts.value(line) < diffs.size())
+                result.append(QStringLiteral("%1 (%2)").arg(line, diff.key()));
+            else if (isFirst)
+                result.append(line);
+        }
+    }
+    return result;
+}
+
+/// The edition's version file in the other tree, or null.
+const VersionFile* sameEdition(const ReadTree& tree, const VersionFile& version)
+{
+    const auto found =
+        std::find_if(tree.versions().cbegin(), tree.versions().cend(),
+                     [&version](const VersionFile& other) { return other.file == version.file; });
+    return found == tree.versions().cend() ? nullptr : &*found;
+}
+
+QString editionsOf(const VersionFile& version)
+{
+    QStringList names;
+    for (const Edition& edition : Editions::all()) {
+        if (ReadTree::catalogue(edition.versionFile) == version.file)
+            names.append(edition.name);
+    }
+    return names.join(QStringLiteral(", "));
+}
+
+/// Versions are compared without their dots.
+bool haveSameVersion(const VersionFile& a, const VersionFile& b)
+{
+    const auto digits = [](QString version) { return version.remove(QLatin1Char('.')); };
+    return digits(a.version) == digits(b.version);
 }
 
 /// Sizes by name.
@@ -74,51 +128,100 @@ bool areEqual(const ReadTree& before, const ReadTree& after, const QString& file
     return Utils::getMD5(before.absolute(file)) == Utils::getMD5(after.absolute(file));
 }
 
-/// A check fetches the catalogues of one edition: the first.
-bool isFetchedByCheck(const ReadTree& tree, const QString& file)
-{
-    const VersionFile& version = tree.versions().constFirst();
-    return file == version.file || file == version.displayFile
-        || file == ReadTree::catalogue(Editions::configFile);
-}
-
-} // namespace
-
-bool TreeDiff::isEmpty() const
-{
-    return added.isEmpty() && removed.isEmpty() && renamed.isEmpty() && catalogues.isEmpty()
-        && newFiles.isEmpty() && changedFiles.isEmpty() && removedFiles.isEmpty();
-}
-
-qint64 TreeDiff::bytes(const QVector<File>& files)
+qint64 bytesOf(const QVector<TreeDiff::File>& files)
 {
     qint64 sum = 0;
-    for (const File& file : files)
+    for (const TreeDiff::File& file : files)
         sum += file.size;
     return sum;
 }
 
-TreeDiff TreeDiff::between(const ReadTree& before, const ReadTree& after)
+/// New and changed files, sorted into what they mean; catalogues are for the editions.
+void compareFiles(const ReadTree& before, const ReadTree& after, TreeDiff& diff,
+                  QMap<QString, qint64>& changedCatalogues)
 {
-    TreeDiff diff;
-    compareItems(shownBy(before), shownBy(after), diff);
     const QMap<QString, qint64> old = filesOf(before);
     const QMap<QString, qint64> now = filesOf(after);
+    const FetchedFiles fetched(after);
     const QString catalogueFolder = Editions::catalogueFolder + QLatin1Char('/');
     for (auto it = now.cbegin(); it != now.cend(); ++it) {
         const auto same = old.constFind(it.key());
         const bool isNew = same == old.constEnd();
         if (!isNew && *same == it.value() && areEqual(before, after, it.key()))
             continue;
-        const File file{it.key(), it.value()};
-        if (!it.key().startsWith(catalogueFolder))
-            (isNew ? diff.newFiles : diff.changedFiles).append(file);
-        else if (!after.versions().isEmpty() && isFetchedByCheck(after, it.key()))
-            diff.catalogues.append(file);
+        const TreeDiff::File file{it.key(), it.value()};
+        if (it.key().startsWith(catalogueFolder))
+            changedCatalogues.insert(it.key(), it.value());
+        else if (!fetched.contains(it.key()))
+            diff.unfetchedFiles.append(file);
+        else if (isNew)
+            diff.newFiles.append(file);
+        else if (FetchedFiles::isDefinition(it.key()))
+            diff.changedDefinitions.append(file);
+        else
+            diff.changedFiles.append(file);
     }
     for (auto it = old.cbegin(); it != old.cend(); ++it) {
         if (!now.contains(it.key()) && !it.key().startsWith(catalogueFolder))
             diff.removedFiles.append({it.key(), it.value()});
     }
+}
+
+/// What changes for the users of every edition that the first tree serves.
+void compareEditions(const ReadTree& before, const ReadTree& after, TreeDiff& diff,
+                     const QMap<QString, qint64>& changedCatalogues)
+{
+    QMap<QString, TreeDiff> items; // by display catalogue
+    QMap<QString, qint64> fetched;
+    for (const VersionFile& version : before.versions()) {
+        const VersionFile* const next = sameEdition(after, version);
+        if (!next) {
+            diff.lostEditions.append(
+                QStringLiteral("%1 (%2)").arg(editionsOf(version), version.file));
+            continue;
+        }
+        QStringList files{version.file};
+        if (haveSameVersion(version, *next)) {
+            files << version.displayFile << ReadTree::catalogue(Editions::configFile);
+            diff.fileBytes = bytesOf(diff.newFiles);
+        } else {
+            diff.versions.append(
+                QStringLiteral("%1 %2 -> %3").arg(version.file, version.version, next->version));
+        }
+        qint64 bytes = 0;
+        for (const QString& file : qAsConst(files)) {
+            if (!changedCatalogues.contains(file))
+                continue;
+            fetched.insert(file, changedCatalogues.value(file));
+            bytes += changedCatalogues.value(file);
+        }
+        diff.catalogueBytes = std::max(diff.catalogueBytes, bytes);
+        if (!items.contains(version.displayFile))
+            items.insert(version.displayFile,
+                         compareItems(shownBy(before, version.displayFile),
+                                      shownBy(after, version.displayFile)));
+    }
+    for (auto it = fetched.cbegin(); it != fetched.cend(); ++it)
+        diff.catalogues.append({it.key(), it.value()});
+    for (QStringList TreeDiff::*list : {&TreeDiff::added, &TreeDiff::removed, &TreeDiff::renamed})
+        diff.*list = merged(items, list);
+}
+
+} // namespace
+
+bool TreeDiff::isEmpty() const
+{
+    const bool itemsAgree = added.isEmpty() && removed.isEmpty() && renamed.isEmpty();
+    const bool editionsAgree = lostEditions.isEmpty() && versions.isEmpty() && catalogues.isEmpty();
+    return itemsAgree && editionsAgree && newFiles.isEmpty() && changedFiles.isEmpty()
+        && changedDefinitions.isEmpty() && unfetchedFiles.isEmpty() && removedFiles.isEmpty();
+}
+
+TreeDiff TreeDiff::between(const ReadTree& before, const ReadTree& after)
+{
+    TreeDiff diff;
+    QMap<QString, qint64> changedCatalogues;
+    compareFiles(before, after, diff, changedCatalogues);
+    compareEditions(before, after, diff, changedCatalogues);
     return diff;
 }

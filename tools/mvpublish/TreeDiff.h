@@ -6,7 +6,8 @@
 
 class ReadTree;
 
-/// What changes for a user who has everything of one server's tree when another replaces it.
+/// What changes for users who have everything of one server's tree when another replaces it: for
+/// those of every edition that the first one serves.
 struct TreeDiff
 {
     struct File
@@ -15,20 +16,32 @@ struct TreeDiff
         qint64 size = 0;
     };
 
-    /// Items as "KIND {GUID} Name", in the order of their catalogue.
+    /// Items as "KIND {GUID} Name", in the order of their catalogue. What only some editions show
+    /// is followed by the display catalogue in brackets.
     QStringList added;
     QStringList removed;
     QStringList renamed; ///< "KIND {GUID} Old name -> New name"
-    /// Version file and catalogues that a check fetches.
+    /// "1, 5 (VERSION FILE)": the second tree does not serve them.
+    QStringList lostEditions;
+    /// "VERSION FILE 1.2.0 -> 1.3.0": whose application brought the old version fetches nothing.
+    QStringList versions;
+    /// Version files and catalogues that checks fetch.
     QVector<File> catalogues;
     QVector<File> newFiles;
     /// Files under a name that was there already: whoever has one keeps it, because a file that is
     /// present is never fetched again.
     QVector<File> changedFiles;
+    /// The same of definitions, whose names follow from the items' GUIDs.
+    QVector<File> changedDefinitions;
+    /// New and changed files that no client fetches.
+    QVector<File> unfetchedFiles;
     QVector<File> removedFiles;
 
+    /// What one user transfers: one of the edition for which it is most.
+    qint64 catalogueBytes = 0;
+    qint64 fileBytes = 0;
+
     bool isEmpty() const;
-    static qint64 bytes(const QVector<File>& files);
 
     static TreeDiff between(const ReadTree& before, const ReadTree& after);
 };

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QSet>
+#include <QString>
+
+class ReadTree;
+
+/// Which files of a server's tree clients fetch, apart from the catalogues.
+class FetchedFiles
+{
+public:
+    explicit FetchedFiles(const ReadTree& tree);
+
+    /// `name` is relative to the tree.
+    bool contains(const QString& name) const;
+    /// Whether it is the definition of an item, whose name follows from the item's GUID.
+    static bool isDefinition(const QString& name);
+
+private:
+    QSet<QString> m_kept; // names and folders that are there and stay on the server
+};
