@@ -15,6 +15,7 @@ class TestMvpublishNames : public QObject
 
 private slots:
     void kindsAreTheLibrarys();
+    void themeTypesAreTheLibrarys();
     void editionsAskForTheirFiles();
     void standardFilesAreNamedLikeTheLibrarys();
     void kindListsLieWhereTheLibraryNamesThem();
@@ -42,6 +43,16 @@ void TestMvpublishNames::kindsAreTheLibrarys()
         QCOMPARE(Kinds::needsThumbnail(kind.type), !library.doItem_Info_Thumb(item));
         QCOMPARE(Kinds::needsAnimation(kind.type), !library.doItem_Info_Gif(item));
     }
+}
+
+void TestMvpublishNames::themeTypesAreTheLibrarys()
+{
+    MVThemeMgr& library = *MVThemeMgr::init();
+    QVector<int> codes;
+    for (const QString& type : Kinds::themeTypes())
+        codes.append(library.Themetype(type));
+    QCOMPARE(codes, (QVector<int>{2, 3, 4, 0}));
+    QCOMPARE(Kinds::themeTypes().constLast(), Kinds::otherThemes);
 }
 
 void TestMvpublishNames::editionsAskForTheirFiles()
