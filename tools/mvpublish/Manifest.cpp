@@ -87,14 +87,17 @@ void readEffect(JsonFields& fields, SourceItem& item)
     item.family = fields.text("family");
     checkXml(fields, "family", {item.family});
     item.parameters = fields.map("parameters");
-    checkXml(fields, "parameters", item.parameters.keys() + item.parameters.values());
+    QStringList texts = item.parameters.keys();
+    texts.append(item.parameters.values());
+    checkXml(fields, "parameters", texts);
 }
 
 void readNames(JsonFields& fields, SourceItem& item)
 {
     item.name = fields.needed("name");
     item.names = fields.map("names");
-    const QStringList shown = item.names.values() << item.name;
+    QStringList shown = item.names.values();
+    shown.append(item.name);
     Manifest::checkAudiences(fields, "names", item.names);
     if (!std::all_of(shown.cbegin(), shown.cend(), &Texts::isShowable))
         fields.fault(QStringLiteral("a name holds characters that cannot be shown"));
