@@ -18,7 +18,7 @@ constexpr int widthHint = 320;
 bool isShowable(const QString& path)
 {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) && ImageLimit::admits(file);
+    return !path.isEmpty() && file.open(QIODevice::ReadOnly) && ImageLimit::admits(file);
 }
 
 } // namespace
