@@ -150,6 +150,16 @@ void EditorWorld::publish(const QStringList& themes)
     m_tree = tree;
 }
 
+void EditorWorld::publishTree(const QString& folder)
+{
+    Tree tree;
+    const QStringList files = CatalogueFiles::filesBelow(folder);
+    for (const QString& file : files)
+        tree.insert(file, CatalogueFiles::read(folder + QLatin1Char('/') + file));
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_tree = tree;
+}
+
 void EditorWorld::install(const QStringList& themes) const
 {
     for (const Tree& part : {catalogue(themes), previews(themes)}) {

@@ -27,6 +27,8 @@ public:
 
     /// What the server publishes: these themes, the filter and a background.
     void publish(const QStringList& themes);
+    /// Publishes a server's tree.
+    void publishTree(const QString& folder);
     /// What is installed: the catalogue of these themes, with their previews, but not the files
     /// that applying one needs.
     void install(const QStringList& themes) const;
