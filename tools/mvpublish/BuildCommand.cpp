@@ -1,8 +1,9 @@
 #include "BuildCommand.h"
 
 #include "Arguments.h"
+#include "Console.h"
+#include "ExitStatus.h"
 #include "FolderSwitch.h"
-#include "Output.h"
 #include "ReplacedTree.h"
 #include "Source.h"
 #include "TreeBuilder.h"
@@ -55,16 +56,16 @@ int report(const Arguments& arguments, const Source& source, const TreeBuilder& 
     QStringList editions;
     for (const Edition& edition : arguments.editions)
         editions.append(edition.name);
-    Output::print(QStringLiteral("%1: %2, %3, %4, %5")
-                      .arg(arguments.operands.at(1),
-                           Output::counted(static_cast<qint64>(source.items().size()),
-                                           QStringLiteral("item")),
-                           Output::counted(builder.fileCount(), QStringLiteral("file")),
-                           Output::size(builder.byteCount()),
-                           arguments.installed
-                               ? QStringLiteral("installation")
-                               : QStringLiteral("for ") + editions.join(QStringLiteral(", "))));
-    return Output::exitSuccess;
+    Console::print(QStringLiteral("%1: %2, %3, %4, %5")
+                       .arg(arguments.operands.at(1),
+                            Console::counted(static_cast<qint64>(source.items().size()),
+                                             QStringLiteral("item")),
+                            Console::counted(builder.fileCount(), QStringLiteral("file")),
+                            Console::size(builder.byteCount()),
+                            arguments.installed
+                                ? QStringLiteral("installation")
+                                : QStringLiteral("for ") + editions.join(QStringLiteral(", "))));
+    return ExitStatus::success;
 }
 
 } // namespace
@@ -74,30 +75,31 @@ int BuildCommand::run(const Arguments& arguments)
     const QString sourceFolder = arguments.operands.at(0);
     const QString out = QDir::cleanPath(QDir().absoluteFilePath(arguments.operands.at(1)));
     if (!QFileInfo(sourceFolder).isDir())
-        return Output::fail(Output::exitFailure,
-                            QStringLiteral("no such folder: %1").arg(sourceFolder));
+        return Console::fail(ExitStatus::failure,
+                             QStringLiteral("no such folder: %1").arg(sourceFolder));
     FolderSwitch place(out);
     const QString fault = foldersFault(sourceFolder, out, place);
     if (!fault.isEmpty())
-        return Output::fail(Output::exitFailure, fault);
+        return Console::fail(ExitStatus::failure, fault);
     const QString foreign = placeFault(out, arguments.installed);
     if (!foreign.isEmpty())
-        return Output::fail(Output::exitFailure, foreign + QStringLiteral("; it is left as it is"));
+        return Console::fail(ExitStatus::failure,
+                             foreign + QStringLiteral("; it is left as it is"));
     Source source;
     if (!source.read(sourceFolder)) {
         for (const QString& line : source.faults())
-            Output::fail(Output::exitFindings, line);
-        return Output::exitFindings;
+            Console::fail(ExitStatus::findings, line);
+        return ExitStatus::findings;
     }
     if (!place.begin())
-        return Output::fail(Output::exitFailure, place.errorText());
+        return Console::fail(ExitStatus::failure, place.errorText());
     TreeBuilder builder(source);
     const bool written = arguments.installed
         ? builder.writeInstallation(place.folder())
         : builder.writeServer(place.folder(), arguments.editions);
     if (!written)
-        return Output::fail(Output::exitFailure, builder.errorText());
+        return Console::fail(ExitStatus::failure, builder.errorText());
     if (!place.commit())
-        return Output::fail(Output::exitFailure, place.errorText());
+        return Console::fail(ExitStatus::failure, place.errorText());
     return report(arguments, source, builder);
 }

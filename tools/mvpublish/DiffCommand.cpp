@@ -1,7 +1,8 @@
 #include "DiffCommand.h"
 
 #include "Arguments.h"
-#include "Output.h"
+#include "Console.h"
+#include "ExitStatus.h"
 #include "ReadTree.h"
 #include "TreeDiff.h"
 
@@ -10,20 +11,20 @@ namespace {
 void printItems(const char* change, const QStringList& items)
 {
     for (const QString& item : items)
-        Output::print(QLatin1String(change) + QLatin1Char(' ') + item);
+        Console::print(QLatin1String(change) + QLatin1Char(' ') + item);
 }
 
 void printFiles(const char* change, const QVector<TreeDiff::File>& files)
 {
     for (const TreeDiff::File& file : files)
-        Output::print(QStringLiteral("%1 %2 (%3)")
-                          .arg(QLatin1String(change), file.name, Output::size(file.size)));
+        Console::print(QStringLiteral("%1 %2 (%3)")
+                           .arg(QLatin1String(change), file.name, Console::size(file.size)));
 }
 
 void note(bool applies, const char* text)
 {
     if (applies)
-        Output::print(QStringLiteral("note: ") + QLatin1String(text));
+        Console::print(QStringLiteral("note: ") + QLatin1String(text));
 }
 
 void print(const TreeDiff& diff)
@@ -50,9 +51,9 @@ void print(const TreeDiff& diff)
     note(!diff.changedDefinitions.isEmpty(),
          "whoever has a changed definition keeps the old one; only an item with a fresh GUID "
          "brings a new one");
-    Output::print(QStringLiteral("to transfer: %1 (%2 of catalogues, %3 of new files)")
-                      .arg(Output::size(diff.catalogueBytes + diff.fileBytes),
-                           Output::size(diff.catalogueBytes), Output::size(diff.fileBytes)));
+    Console::print(QStringLiteral("to transfer: %1 (%2 of catalogues, %3 of new files)")
+                       .arg(Console::size(diff.catalogueBytes + diff.fileBytes),
+                            Console::size(diff.catalogueBytes), Console::size(diff.fileBytes)));
 }
 
 } // namespace
@@ -64,12 +65,12 @@ int DiffCommand::run(const Arguments& arguments)
     QString error;
     if (!before.open(arguments.operands.at(0), &error)
         || !after.open(arguments.operands.at(1), &error))
-        return Output::fail(Output::exitFailure, error);
+        return Console::fail(ExitStatus::failure, error);
     const TreeDiff diff = TreeDiff::between(before, after);
     if (diff.isEmpty()) {
-        Output::print(QStringLiteral("no difference"));
-        return Output::exitSuccess;
+        Console::print(QStringLiteral("no difference"));
+        return ExitStatus::success;
     }
     print(diff);
-    return Output::exitFindings;
+    return ExitStatus::findings;
 }

@@ -1,8 +1,9 @@
 #include "LintCommand.h"
 
 #include "Arguments.h"
+#include "Console.h"
+#include "ExitStatus.h"
 #include "lint/Lint.h"
-#include "Output.h"
 #include "ReadTree.h"
 
 #include <QJsonDocument>
@@ -12,18 +13,18 @@ int LintCommand::run(const Arguments& arguments)
     ReadTree tree;
     QString error;
     if (!tree.open(arguments.operands.constFirst(), &error))
-        return Output::fail(Output::exitFailure, error);
+        return Console::fail(ExitStatus::failure, error);
     const Findings findings = Lint::check(tree);
     if (arguments.json) {
-        Output::print(Lint::json(tree, findings));
+        Console::print(Lint::json(tree, findings));
     } else {
         for (const Finding& finding : findings) {
-            Output::print(Lint::text(finding));
-            Output::print(QStringLiteral("    ") + finding.advice);
+            Console::print(Lint::text(finding));
+            Console::print(QStringLiteral("    ") + finding.advice);
         }
-        Output::print(findings.isEmpty()
-                          ? QStringLiteral("clean")
-                          : Output::counted(findings.size(), QStringLiteral("finding")));
+        Console::print(findings.isEmpty()
+                           ? QStringLiteral("clean")
+                           : Console::counted(findings.size(), QStringLiteral("finding")));
     }
-    return findings.isEmpty() ? Output::exitSuccess : Output::exitFindings;
+    return findings.isEmpty() ? ExitStatus::success : ExitStatus::findings;
 }

@@ -1,10 +1,11 @@
 #include "NewCommand.h"
 
 #include "Arguments.h"
+#include "Console.h"
+#include "ExitStatus.h"
 #include "Guids.h"
 #include "Kinds.h"
 #include "Manifest.h"
-#include "Output.h"
 #include "Source.h"
 #include "Texts.h"
 
@@ -90,22 +91,23 @@ int NewCommand::run(const Arguments& arguments)
 {
     const Kind* const kind = Kinds::byWord(arguments.operands.at(0));
     if (!kind)
-        return Output::fail(
-            Output::exitFailure,
+        return Console::fail(
+            ExitStatus::failure,
             QStringLiteral("\"%1\" is none of %2").arg(arguments.operands.at(0), Kinds::words()));
     const QString name = arguments.operands.at(1);
     if (!Texts::isShowable(name))
-        return Output::fail(Output::exitFailure,
-                            QStringLiteral("the name holds characters that cannot be shown"));
+        return Console::fail(ExitStatus::failure,
+                             QStringLiteral("the name holds characters that cannot be shown"));
     const QString slug = folderName(name, *kind);
     const QString folder =
         QDir::cleanPath(arguments.source + QLatin1Char('/') + slug) + QLatin1Char('/');
     if (QFileInfo::exists(folder))
-        return Output::fail(Output::exitFailure, QStringLiteral("%1 is there already").arg(folder));
+        return Console::fail(ExitStatus::failure,
+                             QStringLiteral("%1 is there already").arg(folder));
     if (!QDir().mkpath(folder) || !ensureCatalogue(arguments.source)
         || !writeItem(folder, slug, *kind, name))
-        return Output::fail(Output::exitFailure,
-                            QStringLiteral("%1 cannot be written").arg(folder));
-    Output::print(folder + Manifest::fileName());
-    return Output::exitSuccess;
+        return Console::fail(ExitStatus::failure,
+                             QStringLiteral("%1 cannot be written").arg(folder));
+    Console::print(folder + Manifest::fileName());
+    return ExitStatus::success;
 }

@@ -1,13 +1,14 @@
 #include "ServeCommand.h"
 
 #include "Arguments.h"
-#include "Output.h"
+#include "Console.h"
+#include "ExitStatus.h"
 #include "server/ServeLoop.h"
 
 int ServeCommand::run(const Arguments& arguments)
 {
     QString error;
     if (!ServeLoop::run(arguments.operands.constFirst(), arguments.port, arguments.quiet, &error))
-        return Output::fail(Output::exitFailure, error);
-    return Output::exitSuccess;
+        return Console::fail(ExitStatus::failure, error);
+    return ExitStatus::success;
 }

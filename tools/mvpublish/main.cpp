@@ -2,10 +2,11 @@
 
 #include "Arguments.h"
 #include "BuildCommand.h"
+#include "Console.h"
 #include "DiffCommand.h"
+#include "ExitStatus.h"
 #include "LintCommand.h"
 #include "NewCommand.h"
-#include "Output.h"
 #include "ServeCommand.h"
 
 #include <QCoreApplication>
@@ -35,6 +36,6 @@ int main(int argc, char** argv)
 
     Arguments arguments;
     if (!arguments.parse(application))
-        return Output::fail(Output::exitFailure, arguments.errorText());
-    return Output::finished(dispatch(arguments));
+        return Console::fail(ExitStatus::failure, arguments.errorText());
+    return Console::finished(dispatch(arguments), ExitStatus::failure);
 }

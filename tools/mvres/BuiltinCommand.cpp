@@ -3,6 +3,7 @@
 #include "Arguments.h"
 #include "catalogue/BuiltinThemes.h"
 #include "Console.h"
+#include "ExitStatus.h"
 #include "host/HostSettings.h"
 
 #include <QDir>
@@ -16,7 +17,7 @@ int BuiltinCommand::run(const Arguments& arguments)
     hostSettings().developerResourceRoot = root;
     QString error;
     if (!BuiltinThemes::create(&error))
-        return Console::fail(Console::exitFailure, error);
+        return Console::fail(ExitStatus::failure, error);
 
     const QString folder = root + QStringLiteral("/config_local");
     int files = 0;
@@ -36,5 +37,5 @@ int BuiltinCommand::run(const Arguments& arguments)
                            .arg(folder, Console::counted(files, QStringLiteral("file")),
                                 Console::size(bytes)));
     }
-    return Console::exitSuccess;
+    return ExitStatus::success;
 }

@@ -3,6 +3,7 @@
 #include "Arguments.h"
 #include "Console.h"
 #include "download/MVThemeDownLoader_CheckCfg.h"
+#include "ExitStatus.h"
 #include "host/TzProductInfo.h"
 #include "Interrupt.h"
 
@@ -26,13 +27,13 @@ struct End
 const End& endOf(ECatalogueCheckEnd end)
 {
     static const End ends[] = {
-        {"changed", "changed, the new one has been fetched", Console::exitChanged},
-        {"current", "current", Console::exitSuccess},
-        {"serverNewer", "the server's needs a newer application", Console::exitServerNewer},
-        {"serverOlder", "the server's is older than the application", Console::exitServerOlder},
-        {"unreachable", "the server could not be reached", Console::exitUnreachable},
-        {"rejected", "rejected", Console::exitRejected},
-        {"cancelled", "cancelled", Console::exitCancelled},
+        {"changed", "changed, the new one has been fetched", ExitStatus::changed},
+        {"current", "current", ExitStatus::success},
+        {"serverNewer", "the server's needs a newer application", ExitStatus::serverNewer},
+        {"serverOlder", "the server's is older than the application", ExitStatus::serverOlder},
+        {"unreachable", "the server could not be reached", ExitStatus::unreachable},
+        {"rejected", "rejected", ExitStatus::rejected},
+        {"cancelled", "cancelled", ExitStatus::cancelled},
     };
     return ends[end];
 }
@@ -52,7 +53,7 @@ CheckCommand::CheckCommand(bool json)
 int CheckCommand::run(const Arguments& arguments)
 {
     if (server().isEmpty()) {
-        return Console::fail(Console::exitFailure,
+        return Console::fail(ExitStatus::failure,
                              QStringLiteral("no server to ask: give --server, or "
                                             "url_themeRootDir in the settings"));
     }
@@ -129,7 +130,7 @@ void CheckCommand::endIfTold()
 int CheckCommand::report() const
 {
     const End& end = endOf(m_check.m_eEnd);
-    const int status = m_interrupted ? Console::exitCancelled : end.status;
+    const int status = m_interrupted ? ExitStatus::cancelled : end.status;
     if (m_json) {
         const QJsonObject previews{{QStringLiteral("fetched"), m_previews.m_nFetched},
                                    {QStringLiteral("present"), m_previews.m_nPresent},

@@ -3,6 +3,7 @@
 #include "Arguments.h"
 #include "catalogue/MVThemeMgr.h"
 #include "Console.h"
+#include "ExitStatus.h"
 #include "Items.h"
 
 #include <QFile>
@@ -28,9 +29,9 @@ int FavouriteCommand::run(const Arguments& arguments)
     const QString guid = arguments.operands.constFirst();
     SCfg_Item* const item = Items::find(guid);
     if (!item)
-        return Console::fail(Console::exitFailure, QStringLiteral("unknown GUID %1").arg(guid));
+        return Console::fail(ExitStatus::failure, QStringLiteral("unknown GUID %1").arg(guid));
     if (item->m_eType == eCfgItem_Transition || item->m_eType == eCfgItem_Motion) {
-        return Console::fail(Console::exitFailure,
+        return Console::fail(ExitStatus::failure,
                              QStringLiteral("%1 is a %2, which cannot be a favourite")
                                  .arg(guid, Items::kindName(item->m_eType)));
     }
@@ -44,7 +45,7 @@ int FavouriteCommand::run(const Arguments& arguments)
         manager->saveFilterCollect();
     const QString path = isTheme ? manager->Path_ThemeCollect() : manager->Path_FilterCollect();
     if (!isSaved(path, *item))
-        return Console::fail(Console::exitFailure,
+        return Console::fail(ExitStatus::failure,
                              QStringLiteral("the favourites cannot be written: %1").arg(path));
     if (arguments.json)
         Console::print(QJsonDocument(Items::toJson(*item)));
@@ -53,5 +54,5 @@ int FavouriteCommand::run(const Arguments& arguments)
                            .arg(item->m_qsGUID, Items::nameOf(*item),
                                 arguments.off ? QStringLiteral("is no favourite")
                                               : QStringLiteral("is a favourite")));
-    return Console::exitSuccess;
+    return ExitStatus::success;
 }

@@ -3,6 +3,7 @@
 #include "Arguments.h"
 #include "Console.h"
 #include "download/MVThemeDownLoader.h"
+#include "ExitStatus.h"
 #include "host/TzProductInfo.h"
 #include "Interrupt.h"
 #include "ItemFiles.h"
@@ -50,7 +51,7 @@ int FetchCommand::run(const Arguments& arguments)
     for (const QString& guid : arguments.operands) {
         SCfg_Item* const item = Items::find(guid);
         if (!item)
-            return Console::fail(Console::exitFailure, QStringLiteral("unknown GUID %1").arg(guid));
+            return Console::fail(ExitStatus::failure, QStringLiteral("unknown GUID %1").arg(guid));
         if (!items.contains(item))
             items.append(item);
     }
@@ -60,7 +61,7 @@ int FetchCommand::run(const Arguments& arguments)
     const QString server =
         TzProductInfo::instance()->extendParam(QStringLiteral("url_themeRootDir"), QString());
     if (!complete && server.isEmpty()) {
-        return Console::fail(Console::exitFailure,
+        return Console::fail(ExitStatus::failure,
                              QStringLiteral("no server to fetch from: give --server, or "
                                             "url_themeRootDir in the settings"));
     }
@@ -75,7 +76,7 @@ int FetchCommand::run(const Arguments& arguments)
     }
     if (arguments.json)
         Console::print(QJsonDocument(command.m_results));
-    return first == eDownLoadError_None ? Console::exitSuccess : Console::exitDownload + first;
+    return first == eDownLoadError_None ? ExitStatus::success : ExitStatus::download + first;
 }
 
 EMVThemeDownLoadError FetchCommand::fetch(SCfg_Item& item)

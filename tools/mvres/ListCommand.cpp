@@ -4,6 +4,7 @@
 #include "catalogue/MVThemeMgr.h"
 #include "Columns.h"
 #include "Console.h"
+#include "ExitStatus.h"
 #include "Items.h"
 
 #include <QJsonArray>
@@ -43,7 +44,7 @@ int ListCommand::run(const Arguments& arguments)
     if (!arguments.operands.isEmpty()) {
         ECfgItemType kind = eCfgItem_Filter;
         if (!Items::kindOf(arguments.operands.constFirst(), kind)) {
-            return Console::fail(Console::exitUsage,
+            return Console::fail(ExitStatus::usage,
                                  QStringLiteral("unknown kind \"%1\": filter, transition, motion, "
                                                 "theme or bgmaterial")
                                      .arg(arguments.operands.constFirst()));
@@ -56,11 +57,11 @@ int ListCommand::run(const Arguments& arguments)
 
     if (!arguments.json) {
         printTable(items);
-        return Console::exitSuccess;
+        return ExitStatus::success;
     }
     QJsonArray array;
     for (SCfg_Item* item : qAsConst(items))
         array.append(Items::toJson(*item));
     Console::print(QJsonDocument(array));
-    return Console::exitSuccess;
+    return ExitStatus::success;
 }

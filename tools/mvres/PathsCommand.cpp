@@ -3,6 +3,7 @@
 #include "Arguments.h"
 #include "catalogue/MVThemeMgr.h"
 #include "Console.h"
+#include "ExitStatus.h"
 #include "host/TzProductInfo.h"
 #include "host/TzResourceMgr.h"
 #include "Session.h"
@@ -60,5 +61,5 @@ int PathsCommand::run(const Arguments& arguments, const Session& session)
     }
     if (arguments.json)
         Console::print(QJsonDocument(object));
-    return Console::exitSuccess;
+    return ExitStatus::success;
 }

@@ -3,6 +3,7 @@
 #include "Arguments.h"
 #include "catalogue/MVThemeMgr.h"
 #include "Console.h"
+#include "ExitStatus.h"
 #include "ItemFiles.h"
 #include "Items.h"
 
@@ -41,11 +42,11 @@ int ShowCommand::run(const Arguments& arguments)
     const QString guid = arguments.operands.constFirst();
     SCfg_Item* const item = Items::find(guid);
     if (!item)
-        return Console::fail(Console::exitFailure, QStringLiteral("unknown GUID %1").arg(guid));
+        return Console::fail(ExitStatus::failure, QStringLiteral("unknown GUID %1").arg(guid));
     const ItemFiles files(*item);
     if (!arguments.json) {
         printText(*item, files);
-        return Console::exitSuccess;
+        return ExitStatus::success;
     }
     QJsonObject object = Items::toJson(*item);
     QJsonArray uses;
@@ -59,5 +60,5 @@ int ShowCommand::run(const Arguments& arguments)
     object.insert(QStringLiteral("uses"), uses);
     object.insert(QStringLiteral("files"), files.toJson());
     Console::print(QJsonDocument(object));
-    return Console::exitSuccess;
+    return ExitStatus::success;
 }

@@ -4,6 +4,7 @@
 #include "BuiltinCommand.h"
 #include "CheckCommand.h"
 #include "Console.h"
+#include "ExitStatus.h"
 #include "FavouriteCommand.h"
 #include "FetchCommand.h"
 #include "ListCommand.h"
@@ -42,9 +43,9 @@ int main(int argc, char** argv)
 
     Arguments arguments;
     if (!arguments.parse(application))
-        return Console::fail(Console::exitUsage, arguments.errorText());
+        return Console::fail(ExitStatus::usage, arguments.errorText());
     Session session;
     if (!session.open(arguments))
-        return Console::fail(Console::exitFailure, session.errorText());
-    return Console::finished(dispatch(arguments, session));
+        return Console::fail(ExitStatus::failure, session.errorText());
+    return Console::finished(dispatch(arguments, session), ExitStatus::failure);
 }

@@ -1,10 +1,11 @@
-#include "Output.h"
+#include "Console.h"
 
+#include <QCoreApplication>
 #include <QJsonDocument>
 
 #include <cstdio>
 
-namespace Output {
+namespace Console {
 
 QString oneLine(QString text)
 {
@@ -29,15 +30,16 @@ void print(const QJsonDocument& document)
 
 int fail(int status, const QString& text)
 {
-    std::fprintf(stderr, "mvpublish: %s\n", oneLine(text).toLocal8Bit().constData());
+    std::fprintf(stderr, "%s: %s\n", QCoreApplication::applicationName().toLocal8Bit().constData(),
+                 oneLine(text).toLocal8Bit().constData());
     return status;
 }
 
-int finished(int status)
+int finished(int status, int failure)
 {
-    if ((std::fflush(stdout) == 0 && std::ferror(stdout) == 0) || status != exitSuccess)
+    if ((std::fflush(stdout) == 0 && std::ferror(stdout) == 0) || status != 0)
         return status;
-    return fail(exitFailure, QStringLiteral("standard output cannot be written"));
+    return fail(failure, QStringLiteral("standard output cannot be written"));
 }
 
 QString counted(qint64 number, const QString& noun)
@@ -57,4 +59,4 @@ QString size(qint64 bytes)
                          : QStringLiteral("%1 MB").arg(kB / kilo, 0, 'f', 1);
 }
 
-} // namespace Output
+} // namespace Console

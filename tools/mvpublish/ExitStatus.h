@@ -1,0 +1,12 @@
+#pragma once
+
+/// What mvpublish ends with.
+namespace ExitStatus {
+
+constexpr int success = 0;
+/// There is something to put right; diff: the trees differ.
+constexpr int findings = 1;
+/// The work could not be done.
+constexpr int failure = 2;
+
+} // namespace ExitStatus
