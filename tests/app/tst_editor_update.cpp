@@ -4,6 +4,8 @@
 #include "support/HttpAnswer.h"
 #include "support/TestMain.h"
 
+#include <functional>
+
 /// A new catalogue that arrives while the editor is used.
 class tst_editor_update : public QObject
 {
@@ -30,6 +32,20 @@ QStringList manyThemes(int count)
     return themes;
 }
 
+/// Holds an answer back until something is the case.
+void waitUntil(HttpExchange& exchange, const std::function<bool()>& isCase)
+{
+    constexpr int mostTurns = 2000;
+    for (int turn = 0; !isCase() && turn < mostTurns; ++turn)
+        exchange.pause(std::chrono::milliseconds(10));
+}
+
+/// The same until the script has made a file.
+void waitFor(HttpExchange& exchange, const QString& file)
+{
+    waitUntil(exchange, [&] { return QFile::exists(file); });
+}
+
 } // namespace
 
 void tst_editor_update::aDownloadGoesOnOverTheReload()
@@ -39,25 +55,27 @@ void tst_editor_update::aDownloadGoesOnOverTheReload()
     world.install(installed);
     world.publish(installed + QStringList{QStringLiteral("Gamma")});
     // The check waits for the download, whose first attempt never ends.
+    const QString begun = world.folder() + QStringLiteral("/begun");
     auto attempts = std::make_shared<std::atomic<int>>(0);
-    world.setFault([attempts](HttpExchange& exchange, int) {
+    world.setFault([attempts, begun](HttpExchange& exchange, int) {
         if (exchange.request().target.contains("alpha/theme.zip") && ++*attempts == 1) {
             exchange.stall();
             return true;
         }
-        for (int turn = 0;
-             exchange.request().target.contains("version") && *attempts == 0 && turn < 2000; ++turn)
-            exchange.pause(std::chrono::milliseconds(10));
+        if (exchange.request().target.contains("version"))
+            waitUntil(exchange, [&] { return *attempts > 0 && QFile::exists(begun); });
         return false;
     });
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
         click cell Alpha
         wait downloading Alpha
+        touch %1
         wait reloads 1
         wait shown 4
         wait applied Alpha
         wait downloads none
-    )")));
+    )")
+                                            .arg(begun)));
     QCOMPARE(attempts->load(), 2);
     QCOMPARE(CatalogueFiles::read(world.themeFile(QStringLiteral("Alpha"))),
              QByteArray("archive of Alpha"));
@@ -72,10 +90,8 @@ void tst_editor_update::whatTheUserSeesIsKept()
     // The check waits until the user has looked around.
     const QString ready = world.folder() + QStringLiteral("/ready");
     world.setFault([ready](HttpExchange& exchange, int) {
-        for (int turn = 0;
-             exchange.request().target.contains("version") && !QFile::exists(ready) && turn < 2000;
-             ++turn)
-            exchange.pause(std::chrono::milliseconds(10));
+        if (exchange.request().target.contains("version"))
+            waitFor(exchange, ready);
         return false;
     });
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
@@ -179,8 +195,8 @@ void tst_editor_update::aFailedFileAndASlowOneAreOneCheck()
     world.setFault([goOn](HttpExchange& exchange, int number) {
         if (number == 2)
             exchange.answer(HttpAnswer(500).body("out of order"));
-        for (int turn = 0; number == 3 && !QFile::exists(goOn) && turn < 2000; ++turn)
-            exchange.pause(std::chrono::milliseconds(10));
+        if (number == 3)
+            waitFor(exchange, goOn);
         return number == 2;
     });
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
@@ -204,10 +220,8 @@ void tst_editor_update::theOutcomeIsShownWhilePreviewsCome()
     world.publish({QStringLiteral("Alpha")});
     const QString seen = world.folder() + QStringLiteral("/seen");
     world.setFault([seen](HttpExchange& exchange, int) {
-        for (int turn = 0;
-             exchange.request().target.contains("alpha.png") && !QFile::exists(seen) && turn < 2000;
-             ++turn)
-            exchange.pause(std::chrono::milliseconds(10));
+        if (exchange.request().target.contains("alpha.png"))
+            waitFor(exchange, seen);
         return false;
     });
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
@@ -228,10 +242,8 @@ void tst_editor_update::aHiddenListKeepsItsPlace()
     world.publish(themes + QStringList{QStringLiteral("Themeless")});
     const QString ready = world.folder() + QStringLiteral("/ready");
     world.setFault([ready](HttpExchange& exchange, int) {
-        for (int turn = 0;
-             exchange.request().target.contains("version") && !QFile::exists(ready) && turn < 2000;
-             ++turn)
-            exchange.pause(std::chrono::milliseconds(10));
+        if (exchange.request().target.contains("version"))
+            waitFor(exchange, ready);
         return false;
     });
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
