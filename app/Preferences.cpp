@@ -85,11 +85,11 @@ void Preferences::setSplitter(const QByteArray& state)
 QString Preferences::skin() const
 {
     const QStringList skins = BrowserSkin::names();
-    const QString skin = m_file.value(skinKey).toString();
-    if (skins.contains(skin))
-        return skin;
-    const QString configured = hostSettings().currentSkin;
-    return skins.contains(configured) ? configured : skins.constFirst();
+    for (const QString& skin : {m_file.value(skinKey).toString(), hostSettings().currentSkin}) {
+        if (skins.contains(skin))
+            return skin;
+    }
+    return skins.constFirst();
 }
 
 void Preferences::setSkin(const QString& skin)
