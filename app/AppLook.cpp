@@ -22,15 +22,12 @@ struct Colors
 Colors colorsOf(const QString& skin)
 {
     if (skin == QLatin1String("Elegance"))
-        return {"#232429", "#1b1c20", "#e6e7ea", "#a6a9b1",
-                "#34363d", "#d6b26c", "#1d1a12", "#4b4e57"};
+        return {0x232429, 0x1b1c20, 0xe6e7ea, 0xa6a9b1, 0x34363d, 0xd6b26c, 0x1d1a12, 0x4b4e57};
     if (skin == QLatin1String("Simplicity"))
-        return {"#fafafa", "#ffffff", "#2b2b2b", "#666666",
-                "#f0f0f0", "#3a3a3a", "#ffffff", "#cfcfcf"};
+        return {0xfafafa, 0xffffff, 0x2b2b2b, 0x666666, 0xf0f0f0, 0x3a3a3a, 0xffffff, 0xcfcfcf};
     if (skin == QLatin1String("Calm"))
-        return {"#17333a", "#10262b", "#e2efed", "#9fbdbd",
-                "#264a51", "#7fd1bf", "#0b1f1c", "#3a666c"};
-    return {"#f7f8fa", "#ffffff", "#2b3138", "#5c6773", "#e9ecf1", "#1f6bc4", "#ffffff", "#bcc4ce"};
+        return {0x17333a, 0x10262b, 0xe2efed, 0x9fbdbd, 0x264a51, 0x7fd1bf, 0x0b1f1c, 0x3a666c};
+    return {0xf7f8fa, 0xffffff, 0x2b3138, 0x5c6773, 0xe9ecf1, 0x1f6bc4, 0xffffff, 0xbcc4ce};
 }
 
 QPalette paletteOf(const Colors& colors)

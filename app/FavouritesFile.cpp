@@ -118,9 +118,9 @@ bool FavouritesFile::read(const QString& path)
         return fail(tr("%1 is no file of favourites").arg(path));
     QVector<SCfg_Item> items;
     const QJsonArray entries = list.toArray();
-    for (const QJsonValue entry : entries) {
+    for (int entry = 0; entry < entries.size(); ++entry) {
         SCfg_Item item;
-        if (!readEntry(entry.toObject(), item))
+        if (!readEntry(entries.at(entry).toObject(), item))
             return fail(tr("%1 holds an entry that is no favourite").arg(path));
         items.append(item);
     }

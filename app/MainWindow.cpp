@@ -142,8 +142,9 @@ void MainWindow::connectCells()
     // Later, since the cell that was pressed is still at work; and once for many.
     m_favouritesChanged->setSingleShot(true);
     connect(m_favouritesChanged, &QTimer::timeout, this, &MainWindow::refreshFavourites);
-    for (const auto signal : {&MVThemeMgr::sigThemesCollected, &MVThemeMgr::sigFilterCollected})
-        connect(catalogue, signal, this, [this] { m_favouritesChanged->start(0); });
+    const auto favouritesChanged = [this] { m_favouritesChanged->start(0); };
+    connect(catalogue, &MVThemeMgr::sigThemesCollected, this, favouritesChanged);
+    connect(catalogue, &MVThemeMgr::sigFilterCollected, this, favouritesChanged);
     connect(m_cells, &HostSignals::moreWanted, this, &MainWindow::openMore);
     connect(m_cells, &HostSignals::downloadStarted, m_failure, &FailureBox::forget);
     connect(m_cells, &HostSignals::downloadEnded, m_details, &DetailsPanel::refresh);

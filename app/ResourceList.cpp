@@ -151,7 +151,8 @@ void ResourceList::markApplied(const QString& guid)
 
 void ResourceList::refreshFavourites()
 {
-    for (MVThemeItemWdg* cell : cells()) {
+    const QVector<MVThemeItemWdg*> all = cells();
+    for (MVThemeItemWdg* cell : all) {
         auto* const face = cell->findChild<MVThemeItemSubwdgt_Preview*>();
         if (face && !cell->underMouse())
             face->doEvent_Leave();
@@ -165,7 +166,8 @@ void ResourceList::release()
     m_kept = Kept();
     m_kept.scroll = m_view->verticalScrollBar()->value();
     m_kept.current = m_view->currentIndex().data(UIItemRole_GUID).toString();
-    for (const MVThemeItemWdg* cell : cells()) {
+    const QVector<MVThemeItemWdg*> all = cells();
+    for (const MVThemeItemWdg* cell : all) {
         if (cell->isDownloading())
             m_kept.downloads.append(cell->getItem()->m_qsGUID);
     }
@@ -219,7 +221,8 @@ MVThemeItemWdg* ResourceList::reveal(const QString& guid)
 
 void ResourceList::cancelDownloads()
 {
-    for (MVThemeItemWdg* cell : cells())
+    const QVector<MVThemeItemWdg*> all = cells();
+    for (MVThemeItemWdg* cell : all)
         cell->cancelDownload();
 }
 

@@ -25,13 +25,15 @@ ViewMenu::ViewMenu(const Preferences& preferences, QWidget* parent)
     connect(m_motion, &QAction::toggled, this, &ViewMenu::motionReducedChosen);
 
     QActionGroup* const skins = new QActionGroup(m_skin);
-    for (const QString& skin : BrowserSkin::names())
+    const QStringList skinNames = BrowserSkin::names();
+    for (const QString& skin : skinNames)
         addChoice(m_skin, skins, skin, skin, preferences.skin());
     connect(skins, &QActionGroup::triggered, this,
             [this](QAction* action) { emit skinChosen(action->data().toString()); });
 
     QActionGroup* const languages = new QActionGroup(m_language);
-    for (const QString& language : BrowserLanguage::languages())
+    const QStringList languageNames = BrowserLanguage::languages();
+    for (const QString& language : languageNames)
         addChoice(m_language, languages, AppLanguage::ownName(language), language,
                   preferences.language());
     connect(languages, &QActionGroup::triggered, this,
