@@ -8,13 +8,11 @@
 namespace {
 
 constexpr int longestEnd = 1700; // ms
-constexpr int cancelEvery = 50;  // ms
 
 } // namespace
 
 BackgroundCheck::BackgroundCheck(QObject* parent)
     : QObject(parent)
-    , m_cancelling(new QTimer(this))
 {
     MVThemeDownLoader_CheckCfg::setCatalogueCheckCallback(
         [this](const SCatalogueCheckResult& result) { noteCheck(result); });
@@ -25,10 +23,10 @@ BackgroundCheck::BackgroundCheck(QObject* parent)
     connect(MVThemeDownLoader_CheckCfg::instance(),
             &MVThemeDownLoader_CheckCfg::sig_startDownloadThumbAndGif, this, [this] {
                 m_previewsRun = true;
+                if (m_cancelled)
+                    MVThemeDownLoader_CheckCfg::instance()->cancelThumbAndGif();
                 emit changed();
             });
-    m_cancelling->setInterval(cancelEvery);
-    connect(m_cancelling, &QTimer::timeout, this, &BackgroundCheck::cancelAgain);
 }
 
 BackgroundCheck::~BackgroundCheck()
@@ -50,7 +48,7 @@ void BackgroundCheck::start()
         return;
     m_refused = !MVThemeDownLoader_CheckCfg::instance()->startDownloadXML();
     if (!m_refused) {
-        m_cancelling->stop();
+        m_cancelled = false;
         m_checkRuns = true;
         m_hasResult = false;
         m_previews = SPreviewRunResult();
@@ -62,18 +60,7 @@ void BackgroundCheck::cancel()
 {
     if (phase() == Phase::Idle)
         return;
-    cancelAgain();
-    m_cancelling->start();
-}
-
-/// Again and again: a worker that has not begun yet forgets that it was cancelled, and the end of a
-/// check starts the previews' run.
-void BackgroundCheck::cancelAgain()
-{
-    if (phase() == Phase::Idle) {
-        m_cancelling->stop();
-        return;
-    }
+    m_cancelled = true;
     MVThemeDownLoader_CheckCfg::instance()->cancelCfgAndDisplayXML();
     MVThemeDownLoader_CheckCfg::instance()->cancelThumbAndGif();
 }

@@ -5,8 +5,6 @@
 
 #include <QObject>
 
-class QTimer;
-
 /// The check of the server and the fetching of previews behind it, as one thing that goes on or
 /// not, with its outcome. One object per process: it takes the coordinator's callbacks.
 class BackgroundCheck : public QObject
@@ -23,7 +21,7 @@ public:
     /// Does nothing while a check goes on. Where the library refuses another check in this process,
     /// isRefused() is true.
     void start();
-    /// Ends the check and the previews behind it; phase() tells when they have ended.
+    /// Cancels the check and the previews behind it; phase() tells when they have ended.
     void cancel();
     /// Cancels and waits until the work has ended, for at most two seconds. Nothing is announced
     /// any more.
@@ -46,7 +44,6 @@ signals:
     void contentArrived();
 
 private:
-    void cancelAgain();
     void noteCheck(const SCatalogueCheckResult& result);
     void notePreviews(const SPreviewRunResult& result);
     void announceContent();
@@ -57,7 +54,7 @@ private:
     bool m_hasResult = false;
     bool m_arrived = false; // since the catalogue was read last
     bool m_ending = false;
-    QTimer* m_cancelling; // runs until nothing goes on
+    bool m_cancelled = false; // since start(): previews that follow are cancelled, too
     SCatalogueCheckResult m_result;
     SPreviewRunResult m_previews;
 };

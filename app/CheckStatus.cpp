@@ -50,14 +50,15 @@ void CheckStatus::refresh()
     else if (m_check.hasResult())
         text = outcome();
     m_label->setText(text);
-    const QString reason = m_check.hasResult() ? m_check.result().m_qsReason : QString();
-    m_label->setToolTip(reason);
-    m_label->setAccessibleDescription(reason);
+    const QString reasons = m_check.hasResult() ? details() : QString();
+    m_label->setToolTip(reasons);
+    m_label->setAccessibleDescription(reasons);
     m_busy->setAccessibleName(text);
 }
 
 QString CheckStatus::outcome() const
 {
+    const QString cause = STransferFailure::causeText(m_check.result().m_eCause);
     switch (m_check.result().m_eEnd) {
     case eCatalogueCheck_Changed:
         return tr("Catalogue updated") + previewsText();
@@ -68,11 +69,12 @@ QString CheckStatus::outcome() const
     case eCatalogueCheck_ServerOlder:
         return tr("The server's catalogue is older than this application");
     case eCatalogueCheck_Unreachable:
-        return tr("Offline: catalogue of %1").arg(catalogueDate());
+        return tr("Offline: %1; %2").arg(cause, catalogueText());
     case eCatalogueCheck_Rejected:
-        return tr("The server's catalogue was refused: catalogue of %1").arg(catalogueDate());
+    case eCatalogueCheck_NotStored:
+        return tr("Not updated: %1; %2").arg(cause, catalogueText());
     case eCatalogueCheck_Cancelled:
-        return tr("Check cancelled: catalogue of %1").arg(catalogueDate());
+        return tr("Check cancelled; %1").arg(catalogueText());
     }
     return {};
 }
@@ -85,19 +87,34 @@ QString CheckStatus::previewsText() const
         text += tr(", %n preview(s) fetched", nullptr, previews.m_nFetched);
     if (previews.m_nFailed > 0)
         text += tr(", %n preview(s) could not be fetched", nullptr, previews.m_nFailed);
+    if (previews.m_eEnd == ePreviewRun_NoCatalogue)
+        text += tr(", but there is no catalogue to fetch previews for");
     return text;
 }
 
-/// Of the file that the catalogue was read from.
-QString CheckStatus::catalogueDate()
+/// Why the check, or previews behind it, failed, one reason per line.
+QString CheckStatus::details() const
+{
+    constexpr int maxLines = 10;
+    QStringList lines{m_check.result().m_qsReason, m_check.previews().m_qsReason};
+    for (const STransferFailure& failure : m_check.previews().m_vecFailures)
+        lines.append(failure.m_qsDetails);
+    lines.removeAll(QString());
+    return lines.mid(0, maxLines).join(QLatin1Char('\n'));
+}
+
+/// Which catalogue is in use: that of the file which it was read from.
+QString CheckStatus::catalogueText()
 {
     MVThemeMgr* const catalogue = MVThemeMgr::init();
     for (const auto tree : {MVThemeMgr::eLoadDir_Download, MVThemeMgr::eLoadDir_Local}) {
         const QFileInfo file(catalogue->Path_resource_xml(tree, MVThemeMgr::eDirTag_Config));
-        if (file.isFile())
-            return QLocale().toString(file.lastModified().date(), QLocale::LongFormat);
+        if (file.isFile()) {
+            return tr("catalogue of %1")
+                .arg(QLocale().toString(file.lastModified().date(), QLocale::LongFormat));
+        }
     }
-    return tr("no date, none is here");
+    return tr("no catalogue has been downloaded yet");
 }
 
 void CheckStatus::changeEvent(QEvent* event)

@@ -24,7 +24,8 @@ private:
     void refresh();
     QString outcome() const;
     QString previewsText() const;
-    static QString catalogueDate();
+    QString details() const;
+    static QString catalogueText();
 
     const BackgroundCheck& m_check;
     QLabel* m_label;

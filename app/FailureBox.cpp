@@ -13,11 +13,13 @@ FailureBox::FailureBox(QWidget* parent)
     , m_title(new QLabel(this))
     , m_text(new QPlainTextEdit(this))
     , m_retry(new QPushButton(this))
+    , m_details(new QPushButton(this))
     , m_copy(new QPushButton(this))
     , m_close(new QPushButton(this))
 {
     setObjectName(QStringLiteral("failure"));
     setFrameShape(StyledPanel);
+    m_title->setObjectName(QStringLiteral("failureTitle"));
     m_title->setTextFormat(Qt::PlainText);
     m_title->setWordWrap(true);
     m_text->setObjectName(QStringLiteral("failureText"));
@@ -27,12 +29,16 @@ FailureBox::FailureBox(QWidget* parent)
     m_text->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     constexpr int lines = 6;
     m_text->setFixedHeight(m_text->fontMetrics().lineSpacing() * lines);
+    m_text->hide();
     m_retry->setObjectName(QStringLiteral("failureRetry"));
+    m_details->setObjectName(QStringLiteral("failureDetails"));
+    m_details->setCheckable(true);
     m_copy->setObjectName(QStringLiteral("failureCopy"));
     m_close->setObjectName(QStringLiteral("failureClose"));
 
     auto* const buttons = new QHBoxLayout;
     buttons->addWidget(m_retry);
+    buttons->addWidget(m_details);
     buttons->addWidget(m_copy);
     buttons->addWidget(m_close);
     auto* const layout = new QVBoxLayout(this);
@@ -40,6 +46,7 @@ FailureBox::FailureBox(QWidget* parent)
     layout->addWidget(m_text);
     layout->addLayout(buttons);
     connect(m_retry, &QPushButton::clicked, this, [this] { emit retryWanted(m_kind, m_guid); });
+    connect(m_details, &QPushButton::toggled, m_text, &QWidget::setVisible);
     connect(m_copy, &QPushButton::clicked, this, &FailureBox::copy);
     connect(m_close, &QPushButton::clicked, this, &QWidget::hide);
     retranslate();
@@ -48,20 +55,22 @@ FailureBox::FailureBox(QWidget* parent)
 
 void FailureBox::retranslate()
 {
-    m_title->setText(tr("“%1” could not be downloaded").arg(m_name));
+    m_title->setText(tr("“%1” could not be downloaded: %2").arg(m_name, m_failure.causeText()));
     m_text->setAccessibleName(tr("Why the download failed"));
     m_retry->setText(tr("Try again"));
+    m_details->setText(tr("Details"));
     m_copy->setText(tr("Copy"));
     m_close->setText(tr("Close"));
 }
 
 void FailureBox::showFailure(int kind, const QString& guid, const QString& name,
-                             const QString& errorText)
+                             const STransferFailure& failure)
 {
     m_kind = kind;
     m_guid = guid;
     m_name = name;
-    m_text->setPlainText(errorText);
+    m_failure = failure;
+    m_text->setPlainText(failure.m_qsDetails);
     retranslate();
     show();
 }

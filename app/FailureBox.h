@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/STransferFailure.h"
+
 #include <QFrame>
 #include <QString>
 
@@ -7,8 +9,9 @@ class QLabel;
 class QPlainTextEdit;
 class QPushButton;
 
-/// Tells of the download that failed last: address, reason, bytes and local path, to be read and
-/// copied. Hidden while there is nothing to tell.
+/// Tells why the last download that failed did: the cause in the user's language, and behind a
+/// button the details (address, reason, bytes and local path) to be read and copied. Hidden while
+/// there is nothing to tell.
 class FailureBox : public QFrame
 {
     Q_OBJECT
@@ -16,7 +19,8 @@ class FailureBox : public QFrame
 public:
     explicit FailureBox(QWidget* parent);
 
-    void showFailure(int kind, const QString& guid, const QString& name, const QString& errorText);
+    void showFailure(int kind, const QString& guid, const QString& name,
+                     const STransferFailure& failure);
     /// Hides it if it tells of this item.
     void forget(int kind, const QString& guid);
 
@@ -33,9 +37,11 @@ private:
     QLabel* m_title;
     QPlainTextEdit* m_text;
     QPushButton* m_retry;
+    QPushButton* m_details;
     QPushButton* m_copy;
     QPushButton* m_close;
     QString m_name;
     QString m_guid;
+    STransferFailure m_failure;
     int m_kind = 0;
 };

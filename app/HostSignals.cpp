@@ -10,6 +10,8 @@ template <class Signal>
 std::function<void(SCfg_Item*)> later(HostSignals* self, Signal signal)
 {
     return [self, signal](SCfg_Item* item) {
+        if (!item)
+            return;
         QMetaObject::invokeMethod(
             self,
             [self, signal, kind = int(item->m_eType), guid = item->m_qsGUID] {
@@ -26,9 +28,12 @@ HostSignals::HostSignals(QObject* parent)
 {
     MVThemeItemSubwdgt_Preview::setCbBtnDownload(later(this, &HostSignals::downloadStarted));
     MVThemeItemWdg::setCbItemDownloaded(later(this, &HostSignals::downloadEnded));
-    MVThemeItemWdg::setCbItemFailed([this](SCfg_Item* item, const QString& errorText) {
-        const auto send = [this, kind = int(item->m_eType), guid = item->m_qsGUID, errorText] {
-            emit downloadFailed(kind, guid, errorText);
+    MVThemeItemWdg::setCbItemEnded([this](SCfg_Item* item, const SItemDownloadResult& result) {
+        if (result.m_eEnd != eItemDownload_Failed)
+            return;
+        const auto send = [this, kind = int(item->m_eType), guid = item->m_qsGUID,
+                           failure = result.m_failure] {
+            emit downloadFailed(kind, guid, failure);
         };
         QMetaObject::invokeMethod(this, send, Qt::QueuedConnection);
     });
@@ -43,5 +48,5 @@ HostSignals::~HostSignals()
     MVThemeItemSubwdgt_Preview::setCbBtnDownload({});
     MVThemeItemSubwdgt_Preview::setCbBtnMore({});
     MVThemeItemWdg::setCbItemDownloaded({});
-    MVThemeItemWdg::setCbItemFailed({});
+    MVThemeItemWdg::setCbItemEnded({});
 }

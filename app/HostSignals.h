@@ -3,6 +3,7 @@
 #include <QObject>
 
 struct SCfg_Item;
+struct STransferFailure;
 
 /// The callbacks of the library's cells as signals. Cells share one set of callbacks, so there is
 /// one object of this class. The signals come after the cell has finished with the event, so that
@@ -18,8 +19,8 @@ public:
 
 signals:
     void downloadStarted(int kind, const QString& guid);
-    /// After failed(), if that comes.
+    /// After downloadFailed(), if that comes.
     void downloadEnded(int kind, const QString& guid);
-    void downloadFailed(int kind, const QString& guid, const QString& errorText);
+    void downloadFailed(int kind, const QString& guid, const STransferFailure& failure);
     void moreWanted();
 };

@@ -23,12 +23,6 @@ QString existing(const QString& path)
     return QFileInfo(path).isFile() ? path : QString();
 }
 
-const SThemes_a* parsedConfig(const SCfg_Item& theme)
-{
-    const QMutexLocker lock(theme.m_info_CfgXML.m_pMutex.get());
-    return theme.m_pThemes_a;
-}
-
 } // namespace
 
 ItemFacts::ItemFacts(SCfg_Item& item)
@@ -37,6 +31,7 @@ ItemFacts::ItemFacts(SCfg_Item& item)
 {
     if (item.m_eType == eCfgItem_Theme)
         m_kind += QStringLiteral(" · ") + themeTypeName(item.m_nThemeType);
+    MVThemeMgr::init()->ensureThemeParsed(item);
     addFiles(item);
     m_thumbnail = existing(localPath(item.m_info_Thumb));
     m_animation = existing(localPath(item.m_info_Gif));
@@ -45,7 +40,7 @@ ItemFacts::ItemFacts(SCfg_Item& item)
 
 void ItemFacts::addUsedBy(const SCfg_Item& theme)
 {
-    const SThemes_a* const parsed = parsedConfig(theme);
+    const SThemes_a* const parsed = theme.parsedTheme();
     if (!parsed)
         return;
     const auto add = [this](const SThemes_a::SDependArray& element) {

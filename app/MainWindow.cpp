@@ -149,8 +149,8 @@ void MainWindow::connectCells()
     connect(m_cells, &HostSignals::downloadStarted, m_failure, &FailureBox::forget);
     connect(m_cells, &HostSignals::downloadEnded, m_details, &DetailsPanel::refresh);
     connect(m_cells, &HostSignals::downloadFailed, this,
-            [this](int kind, const QString& guid, const QString& errorText) {
-                showFailure(ECfgItemType(kind), guid, errorText);
+            [this](int kind, const QString& guid, const STransferFailure& failure) {
+                showFailure(ECfgItemType(kind), guid, failure);
             });
 }
 

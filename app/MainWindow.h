@@ -16,6 +16,7 @@ class QSplitter;
 class QTimer;
 class ResourceTabs;
 class ViewMenu;
+struct STransferFailure;
 
 /// The window: lists on the left, what is applied on the right, the check in the status bar.
 class MainWindow : public QMainWindow
@@ -54,7 +55,7 @@ private:
     void refreshFavourites();
     static void saveFavourites();
     void toggleFavourite(ECfgItemType kind, const QString& guid);
-    void showFailure(ECfgItemType kind, const QString& guid, const QString& errorText);
+    void showFailure(ECfgItemType kind, const QString& guid, const STransferFailure& failure);
     void retry(ECfgItemType kind, const QString& guid);
     void openFolder(const QString& folder);
     void openMore();

@@ -105,10 +105,11 @@ void MainWindow::toggleFavourite(ECfgItemType kind, const QString& guid)
     catalogue->setItemCollected(item);
 }
 
-void MainWindow::showFailure(ECfgItemType kind, const QString& guid, const QString& errorText)
+void MainWindow::showFailure(ECfgItemType kind, const QString& guid,
+                             const STransferFailure& failure)
 {
     const SCfg_Item* const item = MVThemeMgr::init()->findItemByIDFromDisplay(kind, guid);
-    m_failure->showFailure(kind, guid, item ? item->m_qsName : guid, errorText);
+    m_failure->showFailure(kind, guid, item ? item->m_qsName : guid, failure);
 }
 
 void MainWindow::retry(ECfgItemType kind, const QString& guid)

@@ -168,8 +168,11 @@ void ResourceList::release()
     m_kept.current = m_view->currentIndex().data(UIItemRole_GUID).toString();
     const QVector<MVThemeItemWdg*> all = cells();
     for (const MVThemeItemWdg* cell : all) {
-        if (cell->isDownloading())
-            m_kept.downloads.append(cell->getItem()->m_qsGUID);
+        if (!cell->isDownloading())
+            continue;
+        m_kept.downloads.append(cell->getItem()->m_qsGUID);
+        if (cell->isLastChoice())
+            m_kept.lastChoice = cell->getItem()->m_qsGUID;
     }
     m_view->clear();
 }
@@ -180,8 +183,11 @@ void ResourceList::refill()
     m_view->reapplyFilter(MVThemeSortFilterProxyModel::allThemes, QString());
     m_view->initData(QUuid(), false);
     for (const QString& guid : qAsConst(m_kept.downloads)) {
-        if (MVThemeItemWdg* downloading = cell(guid))
+        MVThemeItemWdg* const downloading = cell(guid);
+        if (downloading && guid == m_kept.lastChoice)
             downloading->doApplyTheme();
+        else if (downloading)
+            downloading->resumeDownload();
     }
     markApplied(m_applied);
     refilter();

@@ -65,6 +65,7 @@ private:
     {
         QString current;
         QStringList downloads;
+        QString lastChoice; // the download that the user has chosen nothing else since
         int scroll = 0;
     };
 

@@ -30,6 +30,7 @@ bool Startup::readSettings(const CommandLine& commandLine)
 {
     setLogSink(commandLine.verbose ? &writeLog : &dropLog);
     HostSettings& settings = hostSettings();
+    settings = HostSettings::recommended();
     for (const char* shown : {"hasMV", "hasSplit"})
         settings.productParams.insert(QLatin1String(shown), QStringLiteral("1"));
     if (commandLine.demo) {

@@ -14,6 +14,7 @@
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
+    hostSettings() = HostSettings::recommended();
     QString error;
     if (argc != 3 || !loadHostSettings(QString::fromLocal8Bit(argv[1]), &error)) {
         qCritical("usage: embed SETTINGS.ini DOWNLOAD_ROOT %s", qPrintable(error));

@@ -80,6 +80,8 @@ QWidget* MVResourceItemDelegate::createEditor(QWidget* parent, const QStyleOptio
         return QStyledItemDelegate::createEditor(parent, option, index);
     connect(widget, &MVThemeItemWdg::sigThemeItemClicked, this,
             &MVResourceItemDelegate::sigThemeItemClicked);
+    connect(widget, &MVThemeItemWdg::contextMenuWanted, this,
+            &MVResourceItemDelegate::contextMenuWanted);
     connect(widget, &QObject::destroyed, this,
             [this, guid, row = sourceRow(index)](QObject* dead) { forgetWidget(dead, guid, row); });
     widget->setListviewCurSel(&m_pCurSel);

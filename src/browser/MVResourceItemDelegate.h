@@ -52,6 +52,8 @@ public:
 signals:
     /// The user has applied an item.
     void sigThemeItemClicked(SCfg_Item*);
+    /// The user asks for an item's context menu.
+    void contextMenuWanted(SCfg_Item* item, const QPoint& globalPos);
 
 protected:
     bool eventFilter(QObject* editor, QEvent* event) override;

@@ -8,15 +8,24 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QResizeEvent>
 #include <QShowEvent>
 #include <QStyle>
 #include <QVBoxLayout>
 
+#include <cmath>
+#include <limits>
+
 namespace {
 
-constexpr double mostProgress = 1e6; // per cent
+/// Truncated towards zero, within what an int can hold.
+int wholePercent(double percent)
+{
+    constexpr double largest = std::numeric_limits<int>::max();
+    return static_cast<int>(qBound(-largest, percent, largest));
+}
 
 bool isFavourite(SCfg_Item* item)
 {
@@ -75,9 +84,11 @@ void MVThemeItemSubwdgt_Preview::createUI()
     m_eDownloadErr = eDownLoadError_None;
 }
 
-/// The buttons show icons only; a screen reader needs their names.
+/// The buttons show icons only; a screen reader needs their names. Nothing else tells that the ring
+/// can be clicked.
 void MVThemeItemSubwdgt_Preview::nameButtons()
 {
+    m_pUi->lblIcon->setToolTip(tr("Click to cancel the download"));
     for (QToolButton* button : {m_pUi->btnCollect, m_pUi->btnCollect_No, m_pUi->btnDownload})
         button->setAccessibleName(button->toolTip());
     m_pUi->btnMore->setAccessibleName(m_pUi->lblMore->text());
@@ -158,8 +169,7 @@ void MVThemeItemSubwdgt_Preview::setDownLoadErrorText(EMVThemeDownLoadError e)
 
 void MVThemeItemSubwdgt_Preview::onProgress(double p)
 {
-    // Neither NaN nor what no text can show.
-    if (!(qAbs(p) < mostProgress))
+    if (!std::isfinite(p))
         return;
     m_dProgress = p;
     m_pUi->lblIcon->repaint();
@@ -175,9 +185,9 @@ void MVThemeItemSubwdgt_Preview::doEvent_Enter()
     if (!m_pItem)
         return;
     const bool needed = needsFiles(m_pItem);
-    const bool favourite = isFavourite(m_pItem);
+    const bool favourite = !needed && isFavourite(m_pItem); // asking enters it in the favourites
     m_pUi->btnDownload->setVisible(needed);
-    m_pUi->btnCollect->setVisible(!needed && favourite);
+    m_pUi->btnCollect->setVisible(favourite);
     m_pUi->btnCollect_No->setVisible(!needed && !favourite);
     arrangeOverlay();
 }
@@ -281,7 +291,7 @@ void MVThemeItemSubwdgt_Preview::onBtnCollect()
 
 void MVThemeItemSubwdgt_Preview::onBtnDownload()
 {
-    if (!m_pItem || m_pUi->stackedWidget->currentWidget() == m_pUi->pageDownload)
+    if (m_pUi->stackedWidget->currentWidget() == m_pUi->pageDownload)
         return;
     m_pUi->stackedWidget->setCurrentWidget(m_pUi->pageDownload);
     m_dProgress = 0.0;
@@ -304,9 +314,29 @@ bool MVThemeItemSubwdgt_Preview::eventFilter(QObject* obj, QEvent* event)
 {
     if (obj == m_pUi->lblIcon && event->type() == QEvent::Paint) {
         QPainter painter(m_pUi->lblIcon);
-        drawProgress(&painter, m_pUi->lblIcon->rect(), static_cast<int>(m_dProgress));
+        drawProgress(&painter, m_pUi->lblIcon->rect(), wholePercent(m_dProgress));
+    }
+    if (obj == m_pUi->lblIcon && isRingClick(*event)) {
+        emit sigCancelDownLoad();
+        return true;
     }
     return QFrame::eventFilter(obj, event);
+}
+
+/// A click that begins and ends on the ring. The second half of a double click is none: its first
+/// half has just started the download.
+bool MVThemeItemSubwdgt_Preview::isRingClick(const QEvent& event)
+{
+    if (event.type() != QEvent::MouseButtonPress && event.type() != QEvent::MouseButtonDblClick
+        && event.type() != QEvent::MouseButtonRelease)
+        return false;
+    const auto& mouse = static_cast<const QMouseEvent&>(event);
+    if (mouse.button() != Qt::LeftButton)
+        return false;
+    const bool wasPressed = m_bRingPressed;
+    m_bRingPressed = event.type() == QEvent::MouseButtonPress;
+    return event.type() == QEvent::MouseButtonRelease && wasPressed
+        && m_pUi->lblIcon->rect().contains(mouse.pos());
 }
 
 void MVThemeItemSubwdgt_Preview::changeEvent(QEvent* event)

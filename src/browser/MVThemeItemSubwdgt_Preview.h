@@ -68,7 +68,8 @@ public:
     void setCurText(bool cur);
     /// Shows why a download failed; success (5) hides the text.
     void setDownLoadErrorText(EMVThemeDownLoadError e);
-    /// Per cent; the ring shows 0 to 100, the text any value. Fractions are cut.
+    /// Per cent; the ring shows 0 to 100, the text any value. Fractions are cut; what is not a
+    /// number changes nothing.
     void onProgress(double p);
     /// As if the download button had been pressed: once until the download's end.
     void startDownLoad();
@@ -113,8 +114,11 @@ public slots:
 signals:
     /// Declared for hosts; never emitted here.
     void sigCollect(SCfg_Item*);
-    /// The item's files are wanted: whoever owns this cell starts the download.
+    /// The item's files are wanted: whoever owns this cell starts the download. Null in a cell
+    /// without an item.
     void sigDownLoad(SCfg_Item*);
+    /// The user has clicked the progress ring: whoever owns this cell cancels the download.
+    void sigCancelDownLoad();
     /// Declared for hosts; never emitted here.
     void sigBtnMore();
     /// Declared for hosts; never emitted here.
@@ -128,6 +132,7 @@ protected:
 private:
     void createUI();
     void showItem(SCfg_Item* item, bool needed);
+    bool isRingClick(const QEvent& event);
     void nameButtons();
     void createOverlay();
     void arrangeOverlay();
@@ -139,6 +144,7 @@ private:
     std::unique_ptr<QVBoxLayout> m_pOverlay; // arranges what floats over the picture
     SCfg_Item* m_pItem = nullptr;
     double m_dProgress = 0.0;
+    bool m_bRingPressed = false; // the left button went down on the ring, not as a double click
     QImage m_progressImage;
     QImage m_progressMask;
     QColor m_progressColor;

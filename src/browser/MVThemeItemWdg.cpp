@@ -1,17 +1,22 @@
 #include "browser/MVThemeItemWdg.h"
 
 #include "browser/CheckedMark.h"
+#include "browser/LastChoice.h"
 #include "browser/NeededFiles.h"
 #include "download/MVThemeDownLoader.h"
+#include "host/HostSettings.h"
 #include "ui_MVThemeItemWdg.h"
 
+#include <QContextMenuEvent>
 #include <QEvent>
+#include <QMouseEvent>
 #include <QStyle>
 #include <QToolButton>
 
 MVThemeItemWdg::ItemCallback MVThemeItemWdg::m_cbItemClicked;
 MVThemeItemWdg::ItemCallback MVThemeItemWdg::m_cbItemDownloaded;
 MVThemeItemWdg::FailureCallback MVThemeItemWdg::m_cbItemFailed;
+MVThemeItemWdg::EndCallback MVThemeItemWdg::m_cbItemEnded;
 bool MVThemeItemWdg::s_bPlayedByHover = true;
 
 MVThemeItemWdg::MVThemeItemWdg(QWidget* parent)
@@ -23,6 +28,8 @@ MVThemeItemWdg::MVThemeItemWdg(QWidget* parent)
     m_pUi->MVThemeItemWdgBg->installEventFilter(this);
     connect(m_pUi->frmShow->getBtnDownload(), &QToolButton::clicked, this,
             &MVThemeItemWdg::doApplyTheme);
+    connect(m_pUi->frmShow, &MVThemeItemSubwdgt_Preview::sigCancelDownLoad, this,
+            &MVThemeItemWdg::cancelDownload);
 }
 
 MVThemeItemWdg::~MVThemeItemWdg()
@@ -43,6 +50,11 @@ void MVThemeItemWdg::setCbItemDownloaded(ItemCallback callback)
 void MVThemeItemWdg::setCbItemFailed(FailureCallback callback)
 {
     m_cbItemFailed = std::move(callback);
+}
+
+void MVThemeItemWdg::setCbItemEnded(EndCallback callback)
+{
+    m_cbItemEnded = std::move(callback);
 }
 
 void MVThemeItemWdg::setItem(const SCfg_Item* item)
@@ -93,6 +105,7 @@ void MVThemeItemWdg::doApplyTheme()
 {
     if (!m_pItem)
         return;
+    m_nChoice = LastChoice::note(m_pItem->m_eType);
     if (needsFiles(m_pItem)) {
         m_pUi->frmShow->startDownLoad();
         return;
@@ -110,9 +123,9 @@ void MVThemeItemWdg::doApplyTheme()
 
 void MVThemeItemWdg::onDownLoad(SCfg_Item* item)
 {
+    m_pUi->frmShow->setDownLoadErrorText(eDownLoadError_None);
     if (!item || m_pDownLoader)
         return;
-    m_pUi->frmShow->setDownLoadErrorText(eDownLoadError_None);
     m_pDownLoader = new MVThemeDownLoader(nullptr); // owned by itself and this widget
     connect(m_pDownLoader, &MVThemeDownLoader::progress, m_pUi->frmShow,
             &MVThemeItemSubwdgt_Preview::onProgress);
@@ -124,16 +137,20 @@ void MVThemeItemWdg::onDownLoad(SCfg_Item* item)
 
 void MVThemeItemWdg::onDownloadFinish(EMVThemeDownLoadError result)
 {
-    const QString errorText = m_pDownLoader ? m_pDownLoader->errorText() : QString();
+    SItemDownloadResult outcome;
+    if (m_pDownLoader)
+        outcome = m_pDownLoader->outcome();
     m_pDownLoader = nullptr;
     if (!m_pItem)
         return;
     SCfg_Item* const item = m_pItem;
-    const ItemCallback callback = m_cbItemDownloaded;
+    const ItemCallback downloaded = m_cbItemDownloaded;
     const FailureCallback failed = m_cbItemFailed;
+    const EndCallback ended = m_cbItemEnded;
     if (m_bDeletedAfterDownload)
         deleteLater();
-    m_pUi->frmShow->setDownLoadErrorText(result);
+    const bool isCancelled = outcome.m_eEnd == eItemDownload_Cancelled;
+    m_pUi->frmShow->setDownLoadErrorText(isCancelled ? eDownLoadError_None : result);
     m_pUi->frmShow->setItemDownload(item);
     // A mouse that stayed here all the time does not enter again.
     if (m_pUi->MVThemeItemWdgBg->underMouse()) {
@@ -141,12 +158,15 @@ void MVThemeItemWdg::onDownloadFinish(EMVThemeDownLoadError result)
             m_pUi->frmShow->startPlayGif();
         m_pUi->frmShow->doEvent_Enter();
     }
-    if (!needsFiles(item))
+    if ((!hostSettings().lastChoiceWins || isLastChoice()) && !needsFiles(item))
         doApplyTheme();
-    if (failed && !errorText.isEmpty())
-        failed(item, errorText);
-    if (callback)
-        callback(item);
+    // From here on a callback may have destroyed this cell.
+    if (ended)
+        ended(item, outcome);
+    if (failed && outcome.m_eEnd == eItemDownload_Failed)
+        failed(item, outcome.m_failure.m_qsDetails);
+    if (downloaded)
+        downloaded(item);
 }
 
 void MVThemeItemWdg::onCollect(SCfg_Item* item)
@@ -184,6 +204,17 @@ void MVThemeItemWdg::cancelDownload()
         m_pDownLoader->cancel();
 }
 
+void MVThemeItemWdg::resumeDownload()
+{
+    if (m_pItem && needsFiles(m_pItem))
+        m_pUi->frmShow->startDownLoad();
+}
+
+bool MVThemeItemWdg::isLastChoice() const
+{
+    return m_pItem && m_nChoice != 0 && LastChoice::isLast(m_pItem->m_eType, m_nChoice);
+}
+
 void MVThemeItemWdg::tryStopDownloadThread()
 {
     if (!m_pDownLoader)
@@ -208,7 +239,14 @@ bool MVThemeItemWdg::eventFilter(QObject* watched, QEvent* event)
         return QFrame::eventFilter(watched, event);
     switch (event->type()) {
     case QEvent::MouseButtonRelease:
-        doApplyTheme();
+        if (!hostSettings().leftButtonOnly
+            || static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
+            doApplyTheme();
+        return true;
+    case QEvent::ContextMenu:
+        if (!hostSettings().leftButtonOnly)
+            return QFrame::eventFilter(watched, event);
+        emit contextMenuWanted(m_pItem, static_cast<QContextMenuEvent*>(event)->globalPos());
         return true;
     case QEvent::Enter: {
         // Brings the item's paths up to date with the disk.

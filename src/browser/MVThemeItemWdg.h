@@ -1,7 +1,7 @@
 #pragma once
 
 #include "browser/MvBrowserExport.h"
-#include "download/EMVThemeDownLoadError.h"
+#include "download/SItemDownloadResult.h"
 
 #include <QFrame>
 #include <QPointer>
@@ -20,7 +20,9 @@ class MVThemeItemWdg;
 ///
 /// Hovering plays the preview and shows the buttons. A click applies the item; where files are
 /// missing it downloads them first and applies the item when they have arrived, if the cell can
-/// still be seen.
+/// still be seen. A click on the progress ring cancels the download. HostSettings::leftButtonOnly
+/// and HostSettings::lastChoiceWins say which mouse buttons count, and whether a download still
+/// applies its item after the user has chosen another.
 ///
 /// The item belongs to the catalogue and must outlive this widget, which keeps a plain pointer. A
 /// running download belongs to this widget: destroying it cancels the download and waits for its
@@ -32,6 +34,7 @@ class MVBROWSER_EXPORT MVThemeItemWdg : public QFrame
 public:
     using ItemCallback = std::function<void(SCfg_Item*)>;
     using FailureCallback = std::function<void(SCfg_Item*, const QString& errorText)>;
+    using EndCallback = std::function<void(SCfg_Item*, const SItemDownloadResult&)>;
 
     explicit MVThemeItemWdg(QWidget* parent);
     ~MVThemeItemWdg() override;
@@ -47,6 +50,8 @@ public:
     static void setCbItemDownloaded(ItemCallback callback);
     /// Before that, if files could not be fetched: with the text of MVThemeDownLoader::errorText().
     static void setCbItemFailed(FailureCallback callback);
+    /// Before both, with the outcome: complete, failed with its cause, or cancelled.
+    static void setCbItemEnded(EndCallback callback);
     /// @}
 
     /// Call it once. Null makes this the "More>>" cell, which ignores the mouse.
@@ -69,7 +74,7 @@ public:
 
     /// Applies the item, or starts its download. Only a visible cell applies.
     void doApplyTheme();
-    /// Starts the download of `item`, unless one runs.
+    /// Hides an error and starts the download of `item`, unless one runs. Null starts none.
     void onDownLoad(SCfg_Item* item);
     void onDownloadFinish(EMVThemeDownLoadError result);
     void onCollect(SCfg_Item* item);
@@ -90,8 +95,13 @@ public:
     static bool isPlayedByHover() { return s_bPlayedByHover; }
 
     bool isDownloading() const { return !m_pDownLoader.isNull(); }
-    /// Asks a running download to stop; does not wait.
+    /// Cancels a running download and does not wait; the cell shows no error at its end.
     void cancelDownload();
+    /// Starts the download of what the item lacks without counting as a choice of the user's: for a
+    /// list that goes on with downloads after a reload.
+    void resumeDownload();
+    /// Whether the user has chosen no other item of this kind since this one.
+    bool isLastChoice() const;
     /// Stops a running download and waits for its thread. The cell ignores the mouse from then on.
     /// Without a running download nothing happens.
     void tryStopDownloadThread();
@@ -108,6 +118,9 @@ public:
 signals:
     /// The item was applied.
     void sigThemeItemClicked(SCfg_Item*);
+    /// The user asks for a context menu of the item, at this place of the screen; only with
+    /// HostSettings::leftButtonOnly.
+    void contextMenuWanted(SCfg_Item* item, const QPoint& globalPos);
 
 private:
     std::unique_ptr<Ui::MVThemeItemWdg> m_pUi;
@@ -115,9 +128,11 @@ private:
     QPointer<MVThemeDownLoader> m_pDownLoader; // deletes itself when its thread has finished
     QWidget** m_ppCurSel = nullptr;
     bool m_bDeletedAfterDownload = false;
+    quint64 m_nChoice = 0; // number of the user's choice of this item; 0: never chosen
 
     static ItemCallback m_cbItemClicked;
     static ItemCallback m_cbItemDownloaded;
     static FailureCallback m_cbItemFailed;
+    static EndCallback m_cbItemEnded;
     static bool s_bPlayedByHover;
 };

@@ -5,7 +5,9 @@
 /// Whether files of the item are still to be downloaded. Looks at the disk for every file.
 inline bool needsFiles(SCfg_Item* item)
 {
+    MVThemeMgr* const manager = MVThemeMgr::init();
+    manager->ensureThemeParsed(*item);
     QVector<SFileInfo*> missing;
-    MVThemeMgr::init()->getNeedDownLoadFiles(item, missing);
+    manager->getNeedDownLoadFiles(item, missing);
     return !missing.isEmpty();
 }

@@ -79,6 +79,8 @@ void mvThemelistview::setUIItemType(EUIItemType type)
     readItemSize();
     connect(m_pDelegate, &MVResourceItemDelegate::sigThemeItemClicked, this,
             &mvThemelistview::sigThemeItemClicked);
+    connect(m_pDelegate, &MVResourceItemDelegate::contextMenuWanted, this,
+            &mvThemelistview::contextMenuWanted);
     setUpView();
 }
 

@@ -27,9 +27,9 @@ struct SCfg_Item;
 /// that its cells have started; do that before the process ends. GUI thread only.
 ///
 /// The keyboard: arrows move between the cells, Enter applies or downloads the current one (or
-/// opens what "More>>" stands for), F makes it a favourite or no longer, Space plays or stops its
-/// preview. An outline shows the current cell while the keyboard is used. Screen readers are told
-/// the names.
+/// opens what "More>>" stands for), Escape cancels its download, F makes it a favourite or no
+/// longer, Space plays or stops its preview. An outline shows the current cell while the keyboard
+/// is used. Screen readers are told the names.
 ///
 /// The rows carry the data that EUIItemRole names.
 class MVBROWSER_EXPORT mvThemelistview : public QListView
@@ -78,12 +78,16 @@ public:
 signals:
     /// An item was applied by the user, or selected by one of the operations above.
     void sigThemeItemClicked(SCfg_Item*);
+    /// The user asks for the context menu of an item, by the right mouse button or the menu key;
+    /// only with HostSettings::leftButtonOnly. The position is the screen's.
+    void contextMenuWanted(SCfg_Item* item, const QPoint& globalPos);
 
 protected:
     /// One cell up or down, however far the wheel was turned.
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void changeEvent(QEvent* event) override;

@@ -5,7 +5,9 @@
 #include "browser/MVThemeItemSubwdgt_Preview.h"
 #include "browser/MVThemeItemWdg.h"
 #include "browser/mvThemelistview.h"
+#include "host/HostSettings.h"
 
+#include <QContextMenuEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -45,6 +47,11 @@ bool mvThemelistview::actOnCurrentCell(int key)
     case Qt::Key_Return:
         widget->activate();
         return true;
+    case Qt::Key_Escape:
+        if (!widget->isDownloading())
+            return false;
+        widget->cancelDownload();
+        return true;
     case Qt::Key_F:
         widget->toggleFavourite();
         return true;
@@ -60,6 +67,20 @@ void mvThemelistview::mousePressEvent(QMouseEvent* event)
 {
     showFocus(false);
     QListView::mousePressEvent(event);
+}
+
+/// The cells take the mouse's; the menu key means the current cell.
+void mvThemelistview::contextMenuEvent(QContextMenuEvent* event)
+{
+    MVThemeItemWdg* const widget = itemWidget(currentIndex());
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    if (!byKey || !widget || !widget->getItem() || !hostSettings().leftButtonOnly) {
+        QListView::contextMenuEvent(event);
+        return;
+    }
+    const QPoint centre = visualRect(currentIndex()).center();
+    emit contextMenuWanted(widget->getItem(), viewport()->mapToGlobal(centre));
+    event->accept();
 }
 
 void mvThemelistview::focusInEvent(QFocusEvent* event)

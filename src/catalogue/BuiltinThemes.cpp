@@ -5,6 +5,8 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int builtinThemes = 2;
@@ -23,6 +25,15 @@ QString obstacle(MVThemeMgr& manager)
             .arg(root);
     if (manager.getThemes_Display().size() < builtinThemes)
         return QStringLiteral("the catalogue shows fewer than two themes");
+    const QVector<SCfg_Item>& themes = manager.getThemes_Display();
+    const bool isAnyParsed =
+        std::any_of(themes.cbegin(), themes.cbegin() + builtinThemes,
+                    [](const SCfg_Item& theme) { return theme.parsedTheme() != nullptr; });
+    if (!isAnyParsed) {
+        return QStringLiteral(
+            "the config of neither of the first two themes has been read: it is "
+            "missing or malformed, or the product parameter \"hasMV\" is not set");
+    }
     return QString();
 }
 

@@ -17,6 +17,7 @@ public:
     /// Needs a loaded catalogue that shows at least two themes, with the product parameter "hasMV",
     /// since it reads what they depend on. Called on the GUI thread while no download runs. Files
     /// missing in the tree are left out. False, with the reason in `error` (may be null), if there
-    /// is nothing to extract from; then nothing has changed.
+    /// is nothing to extract from, or the config of neither theme has been read; then nothing has
+    /// changed.
     static bool create(QString* error);
 };

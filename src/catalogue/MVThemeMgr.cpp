@@ -30,12 +30,6 @@ QVector<SCfg_Item>* vectorOf(MVThemeMgr::SResourceXML& catalogue, ECfgItemType k
     return nullptr;
 }
 
-const SThemes_a* parsedConfig(const SCfg_Item& item)
-{
-    const QMutexLocker lock(item.m_info_CfgXML.m_pMutex.get());
-    return item.m_pThemes_a;
-}
-
 } // namespace
 
 MVThemeMgr* MVThemeMgr::init()
@@ -67,11 +61,15 @@ void MVThemeMgr::load(bool bReload)
     readFilterCollect();
     read_resource_config_xml();
     read_resource_display_xml();
-    const QString hasMV =
-        TzProductInfo::instance()->extendParam(QStringLiteral("hasMV"), QString());
-    if (hasMV.toInt() != 0)
+    if (hasThemes())
         parseThemes();
     m_bLoaded = true;
+}
+
+/// Whether the product uses themes, so that their own configs count.
+bool MVThemeMgr::hasThemes()
+{
+    return TzProductInfo::instance()->extendParam(QStringLiteral("hasMV"), QString()).toInt() != 0;
 }
 
 void MVThemeMgr::parseThemes()
@@ -146,7 +144,7 @@ void MVThemeMgr::getNeedDownLoadFiles(SCfg_Item* item, QVector<SFileInfo*>& out)
     if (!doItem_Info_CfgXML(*item))
         out.append(&item->m_info_CfgXML);
 
-    const SThemes_a* theme = parsedConfig(*item);
+    const SThemes_a* theme = item->parsedTheme();
     if (!theme)
         return;
     const auto addDependency = [this, &out](const SThemes_a::SDependInfo& dependency) {

@@ -28,9 +28,9 @@ class QDomElement;
 /// destructor saves the favourites of themes and filters.
 ///
 /// Threads. The GUI thread creates it, loads it and changes favourites. Other threads may call the
-/// lookups, paths and addresses, isLocal_Theme(), getNeedDownLoadFiles(), the doItem_Info_*
-/// operations and checkXml(), also on the same item at the same time, as long as the GUI thread
-/// neither loads nor clears; and the read_resource_*_a readers on vectors of their own.
+/// lookups, paths and addresses, isLocal_Theme(), ensureThemeParsed(), getNeedDownLoadFiles(), the
+/// doItem_Info_* operations and checkXml(), also on the same item at the same time, as long as the
+/// GUI thread neither loads nor clears; and the read_resource_*_a readers on vectors of their own.
 ///
 /// Ownership. The manager owns all items and parsed themes. Pointers to items, to their file
 /// records and to parsed themes are valid until the next load(true) or clear(), so do neither while
@@ -82,6 +82,12 @@ public:
 
     /// Parses the config of every displayed theme that has its config file on disk.
     void parseThemes();
+
+    /// Parses the config of a theme whose config file is on disk, wherever it came from, unless it
+    /// is parsed already. Call it before asking what a theme needs: a second program or a copy may
+    /// have brought the file after load(). As in load(), only with the product parameter "hasMV";
+    /// items of other kinds are left alone.
+    void ensureThemeParsed(SCfg_Item& item);
 
     /// Forgets all items and the theme applied last; favourites and the root stay.
     void clear();
@@ -237,6 +243,7 @@ private:
 
     void createLocalThemeRes();
     bool isEditFilter(QVector<SCfg_Item>& vec, QString id);
+    static bool hasThemes();
     void clearVectors();
     bool resolve(SFileInfo& info, ECfgItemType k, EDirTag t, const QString& relative,
                  bool absoluteNames, bool makeFolder);

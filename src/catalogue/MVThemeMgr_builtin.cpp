@@ -116,7 +116,7 @@ void MVThemeMgr::createLocalThemeRes()
 
     const int themes = std::min(builtinThemes, m_sDisplayXML.vecTheme.size());
     for (int i = 0; i < themes; ++i) {
-        const SThemes_a* const theme = m_sDisplayXML.vecTheme.at(i).m_pThemes_a;
+        const SThemes_a* const theme = m_sDisplayXML.vecTheme.at(i).parsedTheme();
         if (!theme)
             continue;
         for (const SThemes_a::SDependArray& element : theme->m_vecItems) {

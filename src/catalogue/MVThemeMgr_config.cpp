@@ -1,34 +1,14 @@
 // MVThemeMgr: reading the config catalogue, and the one way in which XML files are opened.
 
 #include "catalogue/MVThemeMgr.h"
-#include "catalogue/XmlGuard.h"
+#include "catalogue/XmlFile.h"
 #include "host/LogL.h"
 
 #include <QDomDocument>
-#include <QFile>
-
-namespace {
-
-QString decoded(const QByteArray& bytes)
-{
-    // With the length: without it, decoding stops at a NUL and hides what follows.
-    return QString::fromUtf8(bytes.constData(), bytes.size());
-}
-
-bool parse(QFile& file, QDomDocument& doc)
-{
-    const QString text = decoded(file.readAll());
-    return XmlGuard::accepts(text) && doc.setContent(text);
-}
-
-} // namespace
 
 bool MVThemeMgr::checkXml(const QString& path, QDomDocument& doc)
 {
-    QFile file(path);
-    const bool readable = !path.isEmpty() && file.open(QIODevice::ReadOnly)
-        && file.size() <= XmlGuard::longestDocument;
-    const bool ok = readable && parse(file, doc);
+    const bool ok = XmlFile::parse(path, doc);
     LogL("MVThemeMgr", 1, "checkXml [%s] is [%d]!", path.toUtf8().constData(), ok ? 1 : 0);
     return ok;
 }

@@ -67,6 +67,20 @@ void MVThemeMgr::read_resource_config_Themes_a(QString path, SThemes_a*& out)
     LogL("MVThemeMgr", 1, "read [%s] is ok!", path.toUtf8().constData());
 }
 
+void MVThemeMgr::ensureThemeParsed(SCfg_Item& item)
+{
+    if (item.m_eType != eCfgItem_Theme || item.parsedTheme() || !hasThemes()
+        || !doItem_Info_CfgXML(item))
+        return;
+    const QString file = SFileInfo(item.m_info_CfgXML).m_qsFile;
+    if (file.isEmpty())
+        return;
+    SThemes_a* parsed = nullptr;
+    read_resource_config_Themes_a(file, parsed);
+    if (parsed)
+        item.setParsedTheme(parsed);
+}
+
 void MVThemeMgr::read_resource_config_Themes_a_Sub(const QDomElement& parent, QString slotName,
                                                    EDependType t, SThemes_a::SDependInfo& out)
 {

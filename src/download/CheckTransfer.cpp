@@ -2,61 +2,36 @@
 
 #include "host/CurWrapper.h"
 
-#include <QThread>
+#include <utility>
 
-namespace {
-
-using Clock = std::chrono::steady_clock;
-
-constexpr int resultTooLarge = 6;
-constexpr std::chrono::milliseconds cancelGrace(500);
-
-} // namespace
-
-CheckTransfer::CheckTransfer(CurWrapper& wrapper, const std::atomic<bool>& willCancel)
+CheckTransfer::CheckTransfer(CurWrapper& wrapper, CancelToken cancel)
     : m_wrapper(wrapper)
-    , m_willCancel(willCancel)
+    , m_cancel(std::move(cancel))
 {
 }
 
-int CheckTransfer::fetch(const QString& url, const QString& file, qint64 mostBytes)
+ETransferResult CheckTransfer::fetch(const QString& url, const QString& file, qint64 maxBytes)
 {
-    m_mostBytes = mostBytes;
+    m_maxBytes = maxBytes;
     m_tooLarge = false;
     m_wrapper.setDownloadProgressCallback(&CheckTransfer::goOn, this);
     m_wrapper.download(url, file, false);
     m_wrapper.setDownloadProgressCallback(nullptr, nullptr);
-    m_error = m_wrapper.errorText();
+    m_failure = m_wrapper.failure();
     if (!m_tooLarge)
-        return m_wrapper.result();
-    m_error = QStringLiteral("%1: larger than %2 bytes").arg(url).arg(mostBytes);
-    return resultTooLarge;
-}
-
-bool CheckTransfer::isInterrupted()
-{
-    return QThread::currentThread()->isInterruptionRequested();
-}
-
-bool CheckTransfer::goOn(qint64 received, qint64 total, void* user)
-{
-    Q_UNUSED(total)
-    return static_cast<CheckTransfer*>(user)->mayGoOn(received);
+        return static_cast<ETransferResult>(m_wrapper.result());
+    m_failure.m_eCause = eFailure_TooLarge;
+    m_failure.m_qsDetails = QStringLiteral("%1: larger than %2 bytes").arg(url).arg(maxBytes);
+    return eTransfer_TooLarge;
 }
 
 /// Also asked once when all bytes are there and the file has not got its name yet, so no file that
 /// is too large ever gets it.
-bool CheckTransfer::mayGoOn(qint64 received)
+bool CheckTransfer::goOn(qint64 received, qint64 total, void* user)
 {
-    if (received > m_mostBytes)
-        m_tooLarge = true;
-    if (m_tooLarge || isInterrupted())
-        return false;
-    if (!m_willCancel)
-        return true;
-    if (!m_seenCancel) {
-        m_seenCancel = true;
-        m_cancelSeen = Clock::now();
-    }
-    return Clock::now() - m_cancelSeen < cancelGrace;
+    Q_UNUSED(total)
+    auto* const self = static_cast<CheckTransfer*>(user);
+    if (received > self->m_maxBytes)
+        self->m_tooLarge = true;
+    return !self->m_tooLarge && !self->m_cancel.isCancelled();
 }

@@ -1,42 +1,34 @@
 #pragma once
 
+#include "host/CancelToken.h"
+#include "host/ETransferResult.h"
+#include "host/STransferFailure.h"
+
 #include <QString>
 #include <QtGlobal>
 
-#include <atomic>
-#include <chrono>
-
 class CurWrapper;
 
-/// The transfers of a check's worker, bounded in size and in how long they outlast a cancellation.
-///
-/// CurWrapper::cancel() ends only the transfer in progress. One that begins just after it may still
-/// bring its file, but only within half a second; none goes on while the thread is being
-/// interrupted for the process's end. Internal to the library; the worker's thread only.
+/// The transfers of a check's worker, bounded in size, which end as soon as the token is cancelled.
+/// Internal to the library; the worker's thread only.
 class CheckTransfer
 {
 public:
-    /// Both belong to the worker and outlive this object.
-    CheckTransfer(CurWrapper& wrapper, const std::atomic<bool>& willCancel);
+    /// The wrapper belongs to the worker and outlives this object.
+    CheckTransfer(CurWrapper& wrapper, CancelToken cancel);
 
-    /// Fetches `url` into `file`; the result is that of CurWrapper::result(), and 6 for a body
-    /// larger than `mostBytes`, of which nothing stays on disk.
-    int fetch(const QString& url, const QString& file, qint64 mostBytes);
-    /// Why the last transfer failed, for people; empty after a success.
-    QString errorText() const { return m_error; }
-
-    /// Whether the thread has been asked to end, which coordinators do at the process's end.
-    static bool isInterrupted();
+    /// Fetches `url` into `file`. A body larger than `maxBytes` is refused: nothing of it stays on
+    /// disk.
+    ETransferResult fetch(const QString& url, const QString& file, qint64 maxBytes);
+    /// Why the last transfer failed; no failure after a success.
+    const STransferFailure& failure() const { return m_failure; }
 
 private:
     static bool goOn(qint64 received, qint64 total, void* user);
-    bool mayGoOn(qint64 received);
 
     CurWrapper& m_wrapper;
-    const std::atomic<bool>& m_willCancel;
-    qint64 m_mostBytes = 0;
+    CancelToken m_cancel;
+    qint64 m_maxBytes = 0;
     bool m_tooLarge = false;
-    bool m_seenCancel = false;
-    std::chrono::steady_clock::time_point m_cancelSeen;
-    QString m_error;
+    STransferFailure m_failure;
 };

@@ -1,6 +1,7 @@
 #include "download/CheckWorker_CfgAndDisplayXML.h"
 
 #include "catalogue/MVThemeMgr.h"
+#include "catalogue/XmlFile.h"
 #include "catalogue/XmlGuard.h"
 #include "download/CheckTransfer.h"
 #include "host/AppOptions.h"
@@ -8,23 +9,28 @@
 #include "host/Utils.h"
 
 #include <QDir>
+#include <QDomDocument>
 #include <QFile>
 #include <QFileInfo>
+
+#include <algorithm>
+#include <limits>
 
 namespace {
 
 constexpr char category[] = "CheckCfgWorker";
 constexpr qint64 largestVersionFile = 64 * 1024;
 
-constexpr int resultLocalFile = 2;
-constexpr int resultNetwork = 3;
-constexpr int resultCancelled = 5;
-constexpr int resultTooLarge = 6;
-
-/// A format version without its dots, as a number.
+/// A format version without its dots, as a number. One that exceeds the range is the largest
+/// number, so that it counts as newer than any real one.
 int numberOf(const QString& version)
 {
-    return QString(version).remove(QLatin1Char('.')).toInt();
+    const QString digits = QString(version).remove(QLatin1Char('.'));
+    bool isNumber = false;
+    const int number = digits.toInt(&isNumber);
+    const bool isTooLarge = !isNumber && digits.toDouble(&isNumber) > 0 && isNumber
+        && std::all_of(digits.cbegin(), digits.cend(), [](QChar c) { return c.isDigit(); });
+    return isTooLarge ? std::numeric_limits<int>::max() : number;
 }
 
 void logFile(int level, const char* format, const QString& url, const QString& file)
@@ -54,7 +60,10 @@ CheckWorker_CfgAndDisplayXML::SVersion noVersion()
 
 } // namespace
 
-CheckWorker_CfgAndDisplayXML::CheckWorker_CfgAndDisplayXML() = default;
+CheckWorker_CfgAndDisplayXML::CheckWorker_CfgAndDisplayXML(CancelToken cancel)
+    : m_bWillCancel(std::move(cancel))
+{
+}
 
 CheckWorker_CfgAndDisplayXML::~CheckWorker_CfgAndDisplayXML() = default;
 
@@ -65,14 +74,13 @@ void CheckWorker_CfgAndDisplayXML::setResultCallback(ResultCallback callback)
 
 void CheckWorker_CfgAndDisplayXML::cancel()
 {
+    m_bWillCancel.cancel(); // first, so that no transfer begins behind the one that ends
     m_CurWrapper.cancel();
-    m_bWillCancel = true;
 }
 
 void CheckWorker_CfgAndDisplayXML::onStartDownloadXML(const QString&)
 {
     Utils::rmDir(getDownLoadTemp(), true);
-    m_bWillCancel = false;
     m_result = SCatalogueCheckResult();
 
     CheckTransfer transfer(m_CurWrapper, m_bWillCancel);
@@ -101,23 +109,19 @@ bool CheckWorker_CfgAndDisplayXML::fetchVersion(CheckTransfer& transfer)
 {
     const QString url = getSerThemeXMLPath(EType_XML_resource_version_xml);
     const QString file = getDownLoad_XML_Temp(EType_XML_resource_version_xml, true);
-    const int result = transfer.fetch(url, file, largestVersionFile);
-    if (result != 0) {
-        noteFailure(result, transfer.errorText(), true);
+    if (stopIfCancelled(2, url, file))
+        return false;
+    const ETransferResult result = transfer.fetch(url, file, largestVersionFile);
+    if (result != eTransfer_Success) {
+        noteFailure(result, transfer.failure(), true);
         logFile(2,
                 "doWork download EType_XML_resource_version_xml is error!, strUrl = %s, "
                 "strFile = %s",
                 url, file);
         return false;
     }
-    if (m_bWillCancel) {
-        note(eCatalogueCheck_Cancelled, QString());
-        logFile(2,
-                "doWork download EType_XML_resource_version_xml, m_bWillCancel = true!, "
-                "strUrl = %s, strFile = %s",
-                url, file);
+    if (stopIfCancelled(2, url, file))
         return false;
-    }
     logFile(2, "doWork download EType_XML_resource_version_xml is ok!, strUrl = %s, strFile = %s",
             url, file);
     logFile(2, "doWork download EType_XML_resource_version_xml, strUrl = %s, strFile = %s", url,
@@ -137,7 +141,8 @@ bool CheckWorker_CfgAndDisplayXML::readVersions()
         note(eCatalogueCheck_Rejected,
              m_sVer_Ser.bLoadXMLOK
                  ? QStringLiteral("the server's version file announces no checksums")
-                 : QStringLiteral("the server's version file is malformed"));
+                 : QStringLiteral("the server's version file is malformed"),
+             eFailure_Damaged);
         LogL(category, 2,
              "m_sVer_Ser.m_qsVer_config.isEmpty() || m_sVer_Ser.m_qsVer_Display.isEmpty(), "
              "will return!");
@@ -162,13 +167,13 @@ bool CheckWorker_CfgAndDisplayXML::isSameFormat()
     logNumber("nVer_Local [%d],bLoadXMLOK [%d], m_hasVersion [%d].", m_sVer_Local);
     if (server > installed) {
         LogL(category, 2, "nVer_ser > nVer_Local, not download, sig_NeedUpdateApp!");
-        note(eCatalogueCheck_ServerNewer, QString());
+        note(eCatalogueCheck_ServerNewer);
         emit sig_NeedUpdateApp();
         return false;
     }
     if (server < installed) {
         LogL(category, 2, "nVer_ser < nVer_Local, not download, not sig_NeedUpdateApp!");
-        note(eCatalogueCheck_ServerOlder, QString());
+        note(eCatalogueCheck_ServerOlder);
         return false;
     }
     LogL(category, 2, "nVer_ser == nVer_Local, download, not sig_NeedUpdateApp!");
@@ -212,10 +217,12 @@ bool CheckWorker_CfgAndDisplayXML::fetchFile(CheckTransfer& transfer, const Cata
 {
     const QString url = getSerThemeXMLPath(file.type);
     const QString target = getDownLoad_XML_Temp(file.type, true);
-    const int result = transfer.fetch(url, target, XmlGuard::longestDocument);
-    if (result != 0) {
+    if (stopIfCancelled(1, url, target))
+        return false;
+    const ETransferResult result = transfer.fetch(url, target, XmlGuard::longestDocument);
+    if (result != eTransfer_Success) {
         hasError = true;
-        noteFailure(result, transfer.errorText(), false);
+        noteFailure(result, transfer.failure(), false);
         QFile::remove(target);
         emit sig_endDownloadXML(true);
         LogL("MVThemeDownLoader", 1,
@@ -224,23 +231,34 @@ bool CheckWorker_CfgAndDisplayXML::fetchFile(CheckTransfer& transfer, const Cata
              static_cast<int>(file.type), url.toUtf8().constData(), target.toUtf8().constData());
         return true;
     }
-    if (m_bWillCancel) {
-        note(eCatalogueCheck_Cancelled, QString());
-        logFile(1,
-                "doWork download EType_XML_resource_version_xml, m_bWillCancel = true!, "
-                "strUrl = %s, strFile = %s",
-                url, target);
+    if (stopIfCancelled(1, url, target))
         return false;
-    }
     LogL("MVThemeDownLoader", 1,
          "parseData_xml  download template is ok!, sType_XML_Info.eType_XML = %d, strUrl = %s, "
          "strFile = %s",
          static_cast<int>(file.type), url.toUtf8().constData(), target.toUtf8().constData());
-    if (Utils::getMD5(target) != file.checksum) {
+    if (!isPublished(file, url, target))
         hasError = true;
+    return true;
+}
+
+/// Whether a catalogue file that came is what the version file announces, and one that clients can
+/// read: the present catalogue must not give way to one that is none.
+bool CheckWorker_CfgAndDisplayXML::isPublished(const CatalogueFile& file, const QString& url,
+                                               const QString& fetched)
+{
+    QDomDocument doc;
+    if (Utils::getMD5(fetched) != file.checksum) {
         note(eCatalogueCheck_Rejected,
              QStringLiteral("%1 does not have the checksum that the version file announces")
-                 .arg(url));
+                 .arg(url),
+             eFailure_Damaged);
+        return false;
+    }
+    if (!XmlFile::parse(fetched, doc)) {
+        note(eCatalogueCheck_Rejected, QStringLiteral("%1 is not a catalogue: malformed").arg(url),
+             eFailure_Damaged);
+        return false;
     }
     return true;
 }
@@ -266,7 +284,7 @@ void CheckWorker_CfgAndDisplayXML::copyToDownload(bool needConfig, bool needDisp
     copyFile(getDownLoad_XML_Temp(EType_XML_resource_version_xml, true),
              getDownLoad_XML_Temp(EType_XML_resource_version_xml, false), configCopied, allCopied);
     if (allCopied)
-        note(eCatalogueCheck_Changed, QString());
+        note(eCatalogueCheck_Changed);
 }
 
 /// After a copy that failed nothing more is replaced: a version file must not speak for catalogue
@@ -276,35 +294,51 @@ void CheckWorker_CfgAndDisplayXML::copyFile(const QString& from, const QString& 
 {
     const QFileInfo target(to);
     const QDir folder = target.absoluteDir();
-    const bool copied = allCopied && MVThemeMgr::init()->isDownloadPath(to)
-        && AppOptions::instance()->ensureDirExists(folder.path())
-        && Utils::copyFile(from, folder, target.fileName());
+    STransferFailure failure{eFailure_BadAddress, QString(), to,
+                             QStringLiteral("%1 is outside the download root").arg(to)};
+    bool copied = false;
+    if (allCopied && MVThemeMgr::init()->isDownloadPath(to)) {
+        AppOptions::instance()->ensureDirExists(folder.path());
+        copied = Utils::copyFile(from, folder, target.fileName(), &failure);
+    }
     LogL("profileDownLoader", 1, format, from.toUtf8().constData(), copied ? 1 : 0);
     if (!copied)
-        note(eCatalogueCheck_Rejected, QStringLiteral("%1 cannot be written").arg(to));
+        note(eCatalogueCheck_NotStored, failure.m_qsDetails, failure.m_eCause);
     allCopied = copied;
 }
 
-bool CheckWorker_CfgAndDisplayXML::isCancelled() const
+/// True, with a line in the log, if the check was cancelled and therefore ends at this file.
+bool CheckWorker_CfgAndDisplayXML::stopIfCancelled(int level, const QString& url,
+                                                   const QString& file)
 {
-    return m_bWillCancel || CheckTransfer::isInterrupted();
+    if (!m_bWillCancel.isCancelled())
+        return false;
+    note(eCatalogueCheck_Cancelled, QString(), eFailure_Cancelled);
+    logFile(level,
+            "doWork download EType_XML_resource_version_xml, m_bWillCancel = true!, "
+            "strUrl = %s, strFile = %s",
+            url, file);
+    return true;
 }
 
-void CheckWorker_CfgAndDisplayXML::noteFailure(int result, const QString& reason, bool isVersion)
+void CheckWorker_CfgAndDisplayXML::noteFailure(ETransferResult result,
+                                               const STransferFailure& failure, bool isVersion)
 {
-    if (result == resultCancelled || isCancelled())
-        note(eCatalogueCheck_Cancelled, QString());
-    else if (result == resultNetwork
-             || (isVersion && result != resultLocalFile && result != resultTooLarge))
-        note(eCatalogueCheck_Unreachable, reason);
+    if (result == eTransfer_Cancelled)
+        note(eCatalogueCheck_Cancelled, QString(), eFailure_Cancelled);
+    else if (result == eTransfer_LocalFile)
+        note(eCatalogueCheck_NotStored, failure.m_qsDetails, failure.m_eCause);
+    else if (result == eTransfer_Network || (isVersion && result != eTransfer_TooLarge))
+        note(eCatalogueCheck_Unreachable, failure.m_qsDetails, failure.m_eCause);
     else
-        note(eCatalogueCheck_Rejected, reason);
+        note(eCatalogueCheck_Rejected, failure.m_qsDetails, failure.m_eCause);
 }
 
-void CheckWorker_CfgAndDisplayXML::note(ECatalogueCheckEnd end, const QString& reason)
+void CheckWorker_CfgAndDisplayXML::note(ECatalogueCheckEnd end, const QString& reason,
+                                        EFailureCause cause)
 {
     if (m_result.m_eEnd == eCatalogueCheck_Current)
-        m_result = {end, reason, true};
+        m_result = {end, reason, true, cause};
 }
 
 void CheckWorker_CfgAndDisplayXML::report()

@@ -2,13 +2,13 @@
 
 #include "download/EType_XML.h"
 #include "download/SCatalogueCheckResult.h"
+#include "host/CancelToken.h"
 #include "host/CurWrapper.h"
 #include "records/MvResourceExport.h"
 
 #include <QObject>
 #include <QString>
 
-#include <atomic>
 #include <functional>
 
 class CheckTransfer;
@@ -39,15 +39,17 @@ public:
     };
     using ResultCallback = std::function<void(const SCatalogueCheckResult&)>;
 
-    CheckWorker_CfgAndDisplayXML();
+    /// `cancel` belongs to whoever starts the operation, who may cancel it by the token, too.
+    explicit CheckWorker_CfgAndDisplayXML(CancelToken cancel = CancelToken());
     ~CheckWorker_CfgAndDisplayXML() override;
 
-    /// Who learns once per check how it ended, on the worker's thread, before the last end signal;
-    /// also of the check that sends none. Set it before the check starts.
+    /// Sets the callback invoked once per check with its outcome, on the worker's thread, before
+    /// the last end signal; also by the check that sends none. Call it before the check starts.
     void setResultCallback(ResultCallback callback);
 
-    /// Ends the transfer in progress within a second and lets the check end after it. A check that
-    /// has not begun yet forgets it.
+    /// Cancels the check, also one that has not begun yet. The transfer in progress ends as a
+    /// failed one, no other begins: in its place the check ends. What has been fetched and verified
+    /// by then is still stored if nothing was left to fetch.
     void cancel();
 
     /// @name Steps of the check, on the worker's thread
@@ -111,18 +113,20 @@ private:
     bool isSameFormat();
     void fetchCatalogue(CheckTransfer& transfer, bool needConfig, bool needDisplay);
     bool fetchFile(CheckTransfer& transfer, const CatalogueFile& file, bool& hasError);
+    bool isPublished(const CatalogueFile& file, const QString& url, const QString& fetched);
     void copyToDownload(bool needConfig, bool needDisplay);
     void copyFile(const QString& from, const QString& to, const char* format, bool& allCopied);
-    void note(ECatalogueCheckEnd end, const QString& reason);
-    void noteFailure(int result, const QString& reason, bool isVersion);
+    bool stopIfCancelled(int level, const QString& url, const QString& file);
+    void note(ECatalogueCheckEnd end, const QString& reason = QString(),
+              EFailureCause cause = eFailure_None);
+    void noteFailure(ETransferResult result, const STransferFailure& failure, bool isVersion);
     void report();
     void end();
-    bool isCancelled() const;
 
     SVersion m_sVer_Ser;
     SVersion m_sVer_Download;
     SVersion m_sVer_Local;
-    std::atomic<bool> m_bWillCancel{false};
+    CancelToken m_bWillCancel;
     CurWrapper m_CurWrapper;
 
     SCatalogueCheckResult m_result; // the first failure stays

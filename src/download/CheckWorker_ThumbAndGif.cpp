@@ -2,6 +2,7 @@
 
 #include "catalogue/MVThemeMgr.h"
 #include "download/CheckTransfer.h"
+#include "host/ETransferResult.h"
 #include "host/HostSettings.h"
 #include "host/LogL.h"
 #include "host/TzProductInfo.h"
@@ -24,9 +25,10 @@ bool isOn(const char* param)
         != 0;
 }
 
-/// Reads the downloaded catalogue file, or the installed one if that is unusable.
+/// Reads the downloaded catalogue file, or the installed one if that is unusable. False, with the
+/// paths of both in `reason`, if neither can be read.
 bool readCatalogue(MVThemeMgr::EDirTag tag, const char* downloadError, const char* localError,
-                   QDomDocument& doc)
+                   QDomDocument& doc, QString& reason)
 {
     MVThemeMgr* const manager = MVThemeMgr::init();
     const QString downloaded = manager->Path_resource_xml(MVThemeMgr::eLoadDir_Download, tag);
@@ -37,6 +39,7 @@ bool readCatalogue(MVThemeMgr::EDirTag tag, const char* downloadError, const cha
     if (manager->checkXml(installed, doc))
         return true;
     LogL(category, 1, localError, installed.toUtf8().constData());
+    reason = QStringLiteral("neither %1 nor %2 can be read").arg(downloaded, installed);
     return false;
 }
 
@@ -58,7 +61,8 @@ const CheckWorker_ThumbAndGif::Kind CheckWorker_ThumbAndGif::gif = {
     "parseData_display_xml Gif download template is ok!, i = %d, strUrl = %s, strFile = %s",
     pointAfterGif};
 
-CheckWorker_ThumbAndGif::CheckWorker_ThumbAndGif()
+CheckWorker_ThumbAndGif::CheckWorker_ThumbAndGif(CancelToken cancel)
+    : m_bWillCancel(std::move(cancel))
 {
     qRegisterMetaType<SCfg_Item>("SCfg_Item");
 }
@@ -72,8 +76,8 @@ void CheckWorker_ThumbAndGif::setResultCallback(ResultCallback callback)
 
 void CheckWorker_ThumbAndGif::cancel()
 {
+    m_bWillCancel.cancel(); // first, so that no transfer begins behind the one that ends
     m_CurWrapper.cancel();
-    m_bWillCancel = true;
 }
 
 bool CheckWorker_ThumbAndGif::onStartDownload_ThumbAndGif()
@@ -82,8 +86,10 @@ bool CheckWorker_ThumbAndGif::onStartDownload_ThumbAndGif()
     m_result = SPreviewRunResult();
     const bool hasMV = isOn("hasMV");
     const bool hasSplit = isOn("hasSplit");
-    if (!readConfig(hasMV, hasSplit) || !readDisplay(hasMV, hasSplit))
+    if (!readConfig(hasMV, hasSplit) || !readDisplay(hasMV, hasSplit)) {
+        m_result.m_eEnd = ePreviewRun_NoCatalogue;
         return end(false);
+    }
 
     MVThemeMgr* const manager = MVThemeMgr::init();
     CheckTransfer transfer(m_CurWrapper, m_bWillCancel);
@@ -105,7 +111,7 @@ bool CheckWorker_ThumbAndGif::readConfig(bool hasMV, bool hasSplit)
 {
     QDomDocument doc;
     if (!readCatalogue(MVThemeMgr::eDirTag_Config, "path_Cfg_Download checkXml [%s],is error!",
-                       "path_Cfg_local checkXml[%s],is error!", doc))
+                       "path_Cfg_local checkXml[%s],is error!", doc, m_result.m_qsReason))
         return false;
     const QDomElement root = doc.documentElement();
     const auto read = [&](ECfgItemType kind, QVector<SCfg_Item>& items) {
@@ -126,7 +132,7 @@ bool CheckWorker_ThumbAndGif::readDisplay(bool hasMV, bool hasSplit)
     QDomDocument doc;
     if (!readCatalogue(MVThemeMgr::eDirTag_Display,
                        "path_display_Download checkXml[%s],is error!,will return!",
-                       "path_display_local checkXml[%s],is error!", doc))
+                       "path_display_local checkXml[%s],is error!", doc, m_result.m_qsReason))
         return false;
     const QDomElement root = doc.documentElement();
     using Reader = void (MVThemeMgr::*)(const QDomElement&, ECfgItemType, QString,
@@ -142,8 +148,8 @@ bool CheckWorker_ThumbAndGif::readDisplay(bool hasMV, bool hasSplit)
              m_vecDisplay_Themes);
     }
     if (hasSplit) {
-        read(&MVThemeMgr::read_resource_display_xml_a, eCfgItem_BgMaterial, m_vecCfg_BgMaterial,
-             m_vecDisplay_BgMaterial);
+        read(&MVThemeMgr::read_resource_display_xml_a_theme, eCfgItem_BgMaterial,
+             m_vecCfg_BgMaterial, m_vecDisplay_BgMaterial);
     }
     read(&MVThemeMgr::read_resource_display_xml_a, eCfgItem_Filter, m_vecCfg_Filters,
          m_vecDisplay_Filters);
@@ -154,8 +160,6 @@ bool CheckWorker_ThumbAndGif::readDisplay(bool hasMV, bool hasSplit)
 bool CheckWorker_ThumbAndGif::fetchFile(CheckTransfer& transfer, const Kind& kind, int index,
                                         const SFileInfo& info, bool present)
 {
-    if (CheckTransfer::isInterrupted())
-        return false;
     MVThemeMgr* const manager = MVThemeMgr::init();
     const QString url =
         manager->downLoadUrl_Thumb(MVThemeMgr::eDirTag_Display, info.m_eType, info.m_qsUrl);
@@ -169,29 +173,52 @@ bool CheckWorker_ThumbAndGif::fetchFile(CheckTransfer& transfer, const Kind& kin
             ++m_result.m_nPresent;
         return true;
     }
+    if (stopIfCancelled(kind))
+        return false;
     // A file that would lie outside the download root is neither fetched nor removed.
-    const bool allowed = manager->isDownloadPath(file);
-    if (!allowed || transfer.fetch(url, file, hostSettings().maxDownloadBytes) != 0) {
+    if (!manager->isDownloadPath(file)) {
         log(kind.failed);
-        if (allowed)
-            QFile::remove(file);
-        ++m_result.m_nFailed;
+        noteFailure({eFailure_BadAddress, url, file,
+                     QStringLiteral("%1: %2 is outside the download root").arg(url, file)});
+        return true;
+    }
+    if (transfer.fetch(url, file, hostSettings().maxDownloadBytes) != eTransfer_Success) {
+        log(kind.failed);
+        QFile::remove(file);
+        noteFailure(transfer.failure());
         return true;
     }
     log(kind.fetched);
     ++m_result.m_nFetched;
-    if (!m_bWillCancel)
-        return true;
+    return !stopIfCancelled(kind);
+}
+
+void CheckWorker_ThumbAndGif::noteFailure(const STransferFailure& failure)
+{
+    ++m_result.m_nFailed;
+    if (failure.m_eCause == eFailure_Cancelled)
+        m_result.m_eEnd = ePreviewRun_Cancelled;
+    else if (m_result.m_vecFailures.size() < SPreviewRunResult::maxFailures)
+        m_result.m_vecFailures.append(failure);
+}
+
+/// True, with a line in the log, if the run was cancelled and therefore ends at this file.
+bool CheckWorker_ThumbAndGif::stopIfCancelled(const Kind& kind) const
+{
+    if (!m_bWillCancel.isCancelled())
+        return false;
     LogL(fileCategory, 1,
          "CheckCfgWorker_willCancel downloadThumbAndGif m_bWillCancel == true! will "
          "return![line = %d]",
          kind.cancelPoint);
-    return false;
+    return true;
 }
 
 bool CheckWorker_ThumbAndGif::end(bool workedThrough)
 {
     m_result.m_bWorkedThrough = workedThrough;
+    if (!workedThrough && m_result.m_eEnd == ePreviewRun_Complete)
+        m_result.m_eEnd = ePreviewRun_Cancelled;
     if (m_resultCallback)
         m_resultCallback(m_result);
     emit sig_endDownload_ThumbAndGif(workedThrough);

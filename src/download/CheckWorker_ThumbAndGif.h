@@ -1,6 +1,7 @@
 #pragma once
 
 #include "download/SPreviewRunResult.h"
+#include "host/CancelToken.h"
 #include "host/CurWrapper.h"
 #include "records/MvResourceExport.h"
 #include "records/SCfg_Item.h"
@@ -8,7 +9,6 @@
 #include <QObject>
 #include <QVector>
 
-#include <atomic>
 #include <functional>
 
 class CheckTransfer;
@@ -30,16 +30,16 @@ class MVRESOURCE_EXPORT CheckWorker_ThumbAndGif : public QObject
 public:
     using ResultCallback = std::function<void(const SPreviewRunResult&)>;
 
-    CheckWorker_ThumbAndGif();
+    /// `cancel` belongs to whoever starts the operation, who may cancel it by the token, too.
+    explicit CheckWorker_ThumbAndGif(CancelToken cancel = CancelToken());
     ~CheckWorker_ThumbAndGif() override;
 
-    /// Who learns once per run how it ended, on the worker's thread, before the end signal. Set it
-    /// before the run starts.
+    /// Sets the callback invoked once per run with its outcome, on the worker's thread, before the
+    /// end signal. Call it before the run starts.
     void setResultCallback(ResultCallback callback);
 
-    /// Ends the transfer in progress within a second. The run ends after the next transfer that
-    /// succeeds all the same; those that fail meanwhile, and half a second later all do, are
-    /// skipped as usual.
+    /// Cancels the run, also one that has not begun yet. The transfer in progress ends as a failed
+    /// one, no other begins: in its place the run ends.
     void cancel();
 
 public slots:
@@ -48,7 +48,7 @@ public slots:
 
 signals:
     /// True if the whole list was worked through, failures included; false if no catalogue could be
-    /// read or the run was cancelled.
+    /// read, or a cancellation kept a transfer from beginning.
     void sig_endDownload_ThumbAndGif(bool);
 
 private:
@@ -67,9 +67,11 @@ private:
     bool readDisplay(bool hasMV, bool hasSplit);
     bool fetchFile(CheckTransfer& transfer, const Kind& kind, int index, const SFileInfo& info,
                    bool present);
+    void noteFailure(const STransferFailure& failure);
+    bool stopIfCancelled(const Kind& kind) const;
     bool end(bool workedThrough);
 
-    std::atomic<bool> m_bWillCancel{false};
+    CancelToken m_bWillCancel;
     QVector<SCfg_Item> m_vecDisplay_Themes;
     QVector<SCfg_Item> m_vecCfg_Themes;
     QVector<SCfg_Item> m_vecDisplay_Filters;

@@ -1,8 +1,9 @@
 #include "download/DownloadPacing.h"
 
+#include "host/CancelToken.h"
+
 #include <algorithm>
 #include <atomic>
-#include <thread>
 
 namespace {
 
@@ -22,7 +23,7 @@ void DownloadPacing::setStep(milliseconds step)
     stepMs = std::max<milliseconds::rep>(step.count(), 1);
 }
 
-void DownloadPacing::pause()
+void DownloadPacing::pause(const CancelToken& cancel)
 {
-    std::this_thread::sleep_for(step());
+    cancel.waitFor(step());
 }

@@ -4,6 +4,8 @@
 
 #include <chrono>
 
+class CancelToken;
+
 /// The pace of item downloads: how long one step of the simulated first phase takes, and how long
 /// a thread pauses before each file and between two looks at a file that another thread fetches.
 ///
@@ -17,6 +19,6 @@ public:
     /// Takes effect with the next step. At least 1 ms, so that waiting threads do not spin.
     static void setStep(std::chrono::milliseconds step);
 
-    /// Sleeps for one step on the calling thread.
-    static void pause();
+    /// Sleeps for one step on the calling thread, or until the token is cancelled.
+    static void pause(const CancelToken& cancel);
 };

@@ -18,7 +18,6 @@ constexpr int pointBeforeList = 218;
 
 constexpr int simulatedSteps = 10;
 constexpr double firstPhase = 10.0; // per cent
-constexpr int resultNetwork = 3;
 
 } // namespace
 
@@ -30,7 +29,7 @@ MVThemeDownLoader::MVThemeDownLoader(QObject* parent)
 
 MVThemeDownLoader::~MVThemeDownLoader()
 {
-    m_bWillCancel = true;
+    cancel();
     wait();
 }
 
@@ -42,14 +41,15 @@ void MVThemeDownLoader::download(SCfg_Item* item)
         wait(); // the end signal is out, only the thread's last steps are left
     }
     m_bEnded = false;
-    m_strError.clear(); // no thread is there yet
+    m_failure = STransferFailure(); // no thread is there yet
     m_pItem = item;
     start();
 }
 
 void MVThemeDownLoader::cancel()
 {
-    m_bWillCancel = true;
+    m_bWillCancel.cancel(); // first, so that no transfer begins behind the one that ends
+    m_CurWrapper.cancel();
 }
 
 QString MVThemeDownLoader::downloadedUrl() const
@@ -64,20 +64,26 @@ QString MVThemeDownLoader::downloadedFile() const
     return m_strFile;
 }
 
-QString MVThemeDownLoader::errorText() const
+STransferFailure MVThemeDownLoader::failure() const
 {
     const QMutexLocker lock(&m_mutexCurrent);
-    return m_strError;
+    return m_failure;
+}
+
+SItemDownloadResult MVThemeDownLoader::outcome() const
+{
+    const QMutexLocker lock(&m_mutexCurrent);
+    if (m_eEnd == eDownLoadError_None)
+        return {};
+    return {isCancelled() ? eItemDownload_Cancelled : eItemDownload_Failed, m_eEnd, m_failure};
 }
 
 /// The first failure tells most: what follows often fails for the same reason.
-void MVThemeDownLoader::noteFailure(const QString& text)
+void MVThemeDownLoader::noteFailure(const STransferFailure& failure)
 {
-    if (m_bWillCancel)
-        return;
     const QMutexLocker lock(&m_mutexCurrent);
-    if (m_strError.isEmpty())
-        m_strError = text;
+    if (!m_failure.isFailure())
+        m_failure = failure;
 }
 
 void MVThemeDownLoader::setCurrent(const QString& url, const QString& file)
@@ -96,7 +102,7 @@ void MVThemeDownLoader::run()
         m_pItem->m_eType == eCfgItem_Theme && !MVThemeMgr::init()->doItem_Info_CfgXML(*m_pItem);
     if ((needsConfig ? fetchThemeConfig() : simulateFirstPhase()) == Step::Ended)
         return;
-    if (endsAt(pointBeforeList))
+    if (stopIfCancelled(pointBeforeList))
         return;
     bool anyFailed = false;
     if (fetchFiles(anyFailed) == Step::Ended)
@@ -107,18 +113,20 @@ void MVThemeDownLoader::run()
 
 MVThemeDownLoader::Step MVThemeDownLoader::end(EMVThemeDownLoadError result)
 {
-    if (m_bWillCancel) {
+    {
         const QMutexLocker lock(&m_mutexCurrent);
-        m_strError.clear(); // who stopped it wants no reason
+        m_eEnd = result;
+        if (isCancelled())
+            m_failure = STransferFailure(); // whoever stopped it wants no reason
     }
     m_bEnded = true;
     emit sigDownloadFinish(result);
     return Step::Ended;
 }
 
-bool MVThemeDownLoader::endsAt(int point)
+bool MVThemeDownLoader::stopIfCancelled(int point)
 {
-    if (!m_bWillCancel)
+    if (!isCancelled())
         return false;
     LogL("MVThemeDownLoader", 1, "m_bWillCancel == true! will return![line = %d]", point);
     m_CurWrapper.cancel();
@@ -129,16 +137,16 @@ bool MVThemeDownLoader::endsAt(int point)
 bool MVThemeDownLoader::doProgress(double value)
 {
     emit progress(value);
-    return !m_bWillCancel;
+    return !isCancelled();
 }
 
 MVThemeDownLoader::Step MVThemeDownLoader::simulateFirstPhase()
 {
     for (int k = 1; k <= simulatedSteps; ++k) {
-        if (endsAt(pointSimulation))
+        if (stopIfCancelled(pointSimulation))
             return Step::Ended;
         emit progress(static_cast<double>(k) / simulatedSteps * firstPhase);
-        DownloadPacing::pause();
+        DownloadPacing::pause(m_bWillCancel);
     }
     return Step::Continue;
 }
@@ -148,13 +156,13 @@ MVThemeDownLoader::Step MVThemeDownLoader::fetchThemeConfig()
 {
     SFileInfo& info = m_pItem->m_info_CfgXML;
     while (!FileRecord(info).take()) {
-        if (endsAt(pointBeforeConfig))
+        if (stopIfCancelled(pointBeforeConfig))
             return Step::Ended;
-        DownloadPacing::pause();
+        DownloadPacing::pause(m_bWillCancel);
     }
     const Step step = transferThemeConfig(info);
     FileRecord(info).release();
-    if (step == Step::Ended || endsAt(pointAfterConfig))
+    if (step == Step::Ended || stopIfCancelled(pointAfterConfig))
         return Step::Ended;
     return Step::Continue;
 }
@@ -170,23 +178,26 @@ MVThemeDownLoader::Step MVThemeDownLoader::transferThemeConfig(SFileInfo& info)
     LogL("MVThemeDownLoader", 1,
          "start download template(theme cfg xml), m_strUrl = %s, m_strFile = %s",
          urlText.constData(), fileText.constData());
-    if (!ready(url, file))
+    if (!checkPlaces(url, file))
         return end(eDownLoadError_Path);
-    if (endsAt(pointBeforeConfig))
+    if (stopIfCancelled(pointBeforeConfig))
         return Step::Ended;
 
-    if (!QFile::exists(file)) { // else another download has brought it meanwhile
+    if (QFile::exists(file)) {
+        doProgress(firstPhase); // another download has brought it meanwhile
+    } else {
         m_CurWrapper.setDownloadProgressCallback(&downloadProgressCallback, this);
         m_CurWrapper.download(url, file, false);
         const int result = m_CurWrapper.result();
-        if (result != 0) {
+        if (result != eTransfer_Success) {
             LogL("MVThemeDownLoader", 1,
                  "download template is error!(theme cfg xml),m_strUrl = %s, m_strFile = %s, "
                  "m_CurWrapper.result() = %d",
                  urlText.constData(), fileText.constData(), result);
-            noteFailure(m_CurWrapper.errorText());
+            noteFailure(m_CurWrapper.failure());
             QFile::remove(file);
-            return end(result == resultNetwork ? eDownLoadError_Internet : eDownLoadError_Unknown);
+            return end(result == eTransfer_Network ? eDownLoadError_Internet
+                                                   : eDownLoadError_Unknown);
         }
     }
     LogL("MVThemeDownLoader", 1,
@@ -196,25 +207,25 @@ MVThemeDownLoader::Step MVThemeDownLoader::transferThemeConfig(SFileInfo& info)
     // Others may look at the item meanwhile: they see no config or the whole of it.
     SThemes_a* parsed = nullptr;
     MVThemeMgr::init()->read_resource_config_Themes_a(file, parsed);
-    if (parsed) {
-        const QMutexLocker lock(info.m_pMutex.get());
-        m_pItem->m_pThemes_a = parsed;
-    }
+    if (parsed)
+        m_pItem->setParsedTheme(parsed);
     return Step::Continue;
 }
 
-/// Whether a file can be fetched from there to here. A path outside the download root counts as
-/// none.
-bool MVThemeDownLoader::ready(const QString& url, const QString& file)
+/// False, with a line in the log, if no file can be fetched from there to here. A path outside the
+/// download root counts as none.
+bool MVThemeDownLoader::checkPlaces(const QString& url, const QString& file)
 {
     if (url.isEmpty()) {
         LogL("MVThemeDownLoader", 1, "download file, but url is empty.");
-        noteFailure(QStringLiteral("no address on the server for %1").arg(file));
+        noteFailure({eFailure_BadAddress, url, file,
+                     QStringLiteral("no address on the server for %1").arg(file)});
         return false;
     }
     if (file.isEmpty() || !MVThemeMgr::init()->isDownloadPath(file)) {
         LogL("MVThemeDownLoader", 1, "download file path is empty.");
-        noteFailure(QStringLiteral("%1: no place below the download root (%2)").arg(url, file));
+        noteFailure({eFailure_BadAddress, url, file,
+                     QStringLiteral("%1: no place below the download root (%2)").arg(url, file)});
         return false;
     }
     return true;
@@ -227,5 +238,5 @@ bool MVThemeDownLoader::downloadProgressCallback(qint64 received, qint64 total, 
         return true;
     if (total > 0)
         self->doProgress(static_cast<double>(received) / static_cast<double>(total) * firstPhase);
-    return !self->m_bWillCancel;
+    return !self->isCancelled();
 }

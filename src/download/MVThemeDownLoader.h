@@ -1,8 +1,10 @@
 #pragma once
 
-#include "download/EMVThemeDownLoadError.h"
+#include "download/SItemDownloadResult.h"
+#include "host/CancelToken.h"
 #include "host/CBasePtr.h"
 #include "host/CurWrapper.h"
+#include "host/STransferFailure.h"
 #include "records/MvResourceExport.h"
 
 #include <QMutex>
@@ -35,29 +37,34 @@ class MVRESOURCE_EXPORT MVThemeDownLoader : public QThread
 
 public:
     explicit MVThemeDownLoader(QObject* parent);
-    /// Cancels and waits until the thread has returned, which it does within a second.
+    /// Cancels and waits until the thread has returned, which it does within 200 ms.
     ~MVThemeDownLoader() override;
 
     /// Starts fetching what `item` (not owned) lacks, and returns at once. Does nothing while a
     /// download runs.
     void download(SCfg_Item* item);
 
-    /// Asks the thread to stop; the end signal tells when it has.
+    /// Cancels this download and all later ones; the end signal follows within 200 ms. A transfer
+    /// in progress ends as a failed one.
     void cancel();
+    bool isCancelled() const { return m_bWillCancel.isCancelled(); }
 
     /// Address and local path of the file being fetched now; empty before the first.
     QString downloadedUrl() const;
     QString downloadedFile() const;
-    /// Why the first file that this download could not fetch failed, as a text a person can act on:
-    /// address, reason or status, bytes received and local path. Empty while nothing has failed,
-    /// and after a cancellation.
-    QString errorText() const;
+    /// Why the first file that this download could not fetch failed; no failure while nothing has
+    /// failed, and after a cancellation.
+    STransferFailure failure() const;
+    /// How the last download ended; valid from its end signal until the next download().
+    SItemDownloadResult outcome() const;
+    /// The failure's details: address, reason or status, bytes received and local path.
+    QString errorText() const { return failure().m_qsDetails; }
 
     /// A value of the caller's, null at first; never looked at here.
     void setUserData(void* data) { m_pUserData = data; }
     void* userData() const { return m_pUserData; }
 
-    /// Who learns of downloaded filter, transition and motion definitions, for all downloaders; may
+    /// Sets what all downloaders tell of downloaded filter, transition and motion definitions; may
     /// be null. Any thread.
     static void setCoreContextPtr(CBasePtr<CoreContext> context);
 
@@ -85,11 +92,11 @@ private:
     bool fetchFile(SFileInfo& info);
     bool transferFile(const QString& url, const QString& file);
     void passOn(const QString& file) const;
-    bool ready(const QString& url, const QString& file);
-    bool endsAt(int point);
+    bool checkPlaces(const QString& url, const QString& file);
+    bool stopIfCancelled(int point);
     Step end(EMVThemeDownLoadError result);
     void setCurrent(const QString& url, const QString& file);
-    void noteFailure(const QString& text);
+    void noteFailure(const STransferFailure& failure);
     double shareStart() const;
     double share() const;
 
@@ -98,7 +105,7 @@ private:
     static bool downloadProgressCallback_a_downloading(SFileInfo* info, void* user);
 
     SCfg_Item* m_pItem = nullptr;
-    std::atomic<bool> m_bWillCancel{false};
+    CancelToken m_bWillCancel;
     QString m_strUrl;
     QString m_strFile;
     void* m_pUserData = nullptr;
@@ -107,7 +114,8 @@ private:
     CurWrapper m_CurWrapper;
     static CBasePtr<CoreContext> m_pqdCoreContext;
 
-    QString m_strError;
-    mutable QMutex m_mutexCurrent;     // guards m_strUrl, m_strFile and m_strError
+    STransferFailure m_failure;
+    EMVThemeDownLoadError m_eEnd = eDownLoadError_None;
+    mutable QMutex m_mutexCurrent;     // guards m_strUrl, m_strFile, m_failure, m_eEnd
     std::atomic<bool> m_bEnded{false}; // the end signal of this download has been sent
 };

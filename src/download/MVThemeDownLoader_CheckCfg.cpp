@@ -43,20 +43,18 @@ MVThemeDownLoader_CheckCfg::~MVThemeDownLoader_CheckCfg()
     endThreads();
     delete m_pWorker;
     delete m_pWorker_ThumbAndGif;
-    for (const QPointer<QObject>& worker : std::as_const(m_vecLeaving))
-        delete worker.data(); // one whose thread was not there any more to delete it
+    for (const Leaving& leaving : std::as_const(m_vecLeaving))
+        delete leaving.worker.data(); // one whose thread was not there any more to delete it
 }
 
 void MVThemeDownLoader_CheckCfg::endThreads()
 {
-    for (QThread* const thread : {&m_thread_CfgAndDisplayXML, &m_thread_ThumbAndGif}) {
-        thread->requestInterruption();
-        thread->quit();
-    }
-    if (m_pWorker)
-        m_pWorker->cancel();
-    if (m_pWorker_ThumbAndGif)
-        m_pWorker_ThumbAndGif->cancel();
+    m_cancelCheck.cancel();
+    m_cancelPreviews.cancel();
+    for (Leaving& leaving : m_vecLeaving)
+        leaving.cancel.cancel();
+    m_thread_CfgAndDisplayXML.quit();
+    m_thread_ThumbAndGif.quit();
     m_thread_CfgAndDisplayXML.wait();
     m_thread_ThumbAndGif.wait();
 }
@@ -90,7 +88,8 @@ bool MVThemeDownLoader_CheckCfg::startDownloadXML()
         LogL(category, 2, "MVThemeDownLoader_CheckCfg startDownloadXML, but it is downloading!");
         return false;
     }
-    m_pWorker = new CheckWorker_CfgAndDisplayXML;
+    m_cancelCheck = CancelToken();
+    m_pWorker = new CheckWorker_CfgAndDisplayXML(m_cancelCheck);
     m_pWorker->moveToThread(&m_thread_CfgAndDisplayXML);
     connectWorker(m_pWorker);
     startThread(m_thread_CfgAndDisplayXML);
@@ -132,7 +131,8 @@ bool MVThemeDownLoader_CheckCfg::startDownloadThumbAndGif()
         LogL(category, 1, "m_pWorker_ThumbAndGif startDownloadThumbAndGif, but it is downloading!");
         return false;
     }
-    m_pWorker_ThumbAndGif = new CheckWorker_ThumbAndGif;
+    m_cancelPreviews = CancelToken();
+    m_pWorker_ThumbAndGif = new CheckWorker_ThumbAndGif(m_cancelPreviews);
     m_pWorker_ThumbAndGif->moveToThread(&m_thread_ThumbAndGif);
     connectWorker(m_pWorker_ThumbAndGif);
     startThread(m_thread_ThumbAndGif);
@@ -164,7 +164,7 @@ void MVThemeDownLoader_CheckCfg::onEndDownloadXML(bool)
         m_thread_CfgAndDisplayXML.quit();
     }
     if (m_pWorker) {
-        leave(m_pWorker);
+        leave(m_pWorker, m_cancelCheck);
         m_pWorker = nullptr;
         LogL(category, 1,
              "MVThemeDownLoader_CheckCfg CheckCfgWorker onFinished! m_pWorker->deleteLater();");
@@ -185,7 +185,7 @@ void MVThemeDownLoader_CheckCfg::onEndDownloadThumbAndGif(bool)
 {
     if (!m_pWorker_ThumbAndGif)
         return;
-    leave(m_pWorker_ThumbAndGif);
+    leave(m_pWorker_ThumbAndGif, m_cancelPreviews);
     m_pWorker_ThumbAndGif = nullptr;
     LogL(category, 1,
          "MVThemeDownLoader_CheckCfg onEndDownloadThumbAndGif onFinished! "
@@ -193,24 +193,25 @@ void MVThemeDownLoader_CheckCfg::onEndDownloadThumbAndGif(bool)
 }
 
 /// The worker's thread deletes it, unless it has ended meanwhile.
-void MVThemeDownLoader_CheckCfg::leave(QObject* worker)
+void MVThemeDownLoader_CheckCfg::leave(QObject* worker, const CancelToken& cancel)
 {
     disconnect(worker);
     m_vecLeaving.erase(std::remove_if(m_vecLeaving.begin(), m_vecLeaving.end(),
-                                      [](const QPointer<QObject>& other) { return !other; }),
+                                      [](const Leaving& other) { return !other.worker; }),
                        m_vecLeaving.end());
-    m_vecLeaving.append(worker); // before the thread may delete it
+    m_vecLeaving.append({worker, cancel}); // before the thread may delete it
     worker->deleteLater();
 }
 
 void MVThemeDownLoader_CheckCfg::cancelCfgAndDisplayXML()
 {
-    if (!m_pWorker)
-        return;
-    LogL(category, 1,
-         "MVThemeDownLoader_CheckCfg start call "
-         "MVThemeDownLoader_CheckCfg::cancelCfgAndDisplayXML()");
-    m_pWorker->cancel();
+    if (m_pWorker) {
+        LogL(category, 1,
+             "MVThemeDownLoader_CheckCfg start call "
+             "MVThemeDownLoader_CheckCfg::cancelCfgAndDisplayXML()");
+        m_pWorker->cancel();
+    }
+    m_cancelCheck.cancel(); // a check that has announced a failed file may still fetch the other
 }
 
 void MVThemeDownLoader_CheckCfg::cancelThumbAndGif()

@@ -2,6 +2,7 @@
 
 #include "download/SCatalogueCheckResult.h"
 #include "download/SPreviewRunResult.h"
+#include "host/CancelToken.h"
 #include "records/MvResourceExport.h"
 
 #include <QObject>
@@ -38,12 +39,12 @@ public:
 
     ~MVThemeDownLoader_CheckCfg() override;
 
-    /// Who learns how a catalogue check ended, once per check: also of one that sends no end
+    /// Sets the callback invoked once per check with its outcome: also by one that sends no end
     /// signal, since the server's version file announces no checksums. An empty function removes
     /// it.
     static void setCatalogueCheckCallback(CatalogueCheckCallback callback);
-    /// Who learns how a preview run ended, once per run, and when the run counts as ended: the next
-    /// may be started. An empty function removes it.
+    /// Sets the callback invoked once per preview run with its outcome. The run counts as ended by
+    /// then: the callback may start the next. An empty function removes it.
     static void setPreviewRunCallback(PreviewRunCallback callback);
 
     /// Starts a catalogue check; false while one is in progress. A check that sends no end signal
@@ -52,8 +53,9 @@ public:
     /// Starts a preview run; false while one is in progress.
     bool startDownloadThumbAndGif();
 
-    /// Ask the run in progress to stop; its end tells when it has. The transfer in progress ends
-    /// within a second. A check that its thread has not begun yet forgets the request.
+    /// Ask the run in progress to stop; its end tells when it has, within 200 ms unless it is
+    /// reading or copying files. To end a check together with the previews behind it, also call
+    /// cancelThumbAndGif() when sig_startDownloadThumbAndGif() comes.
     void cancelCfgAndDisplayXML();
     void cancelThumbAndGif();
 
@@ -77,12 +79,20 @@ signals:
     void sig_startDownloadThumbAndGif(const QString&);
 
 private:
+    /// A worker that was told to go, and what cancels it: after an early end signal it may still be
+    /// at work.
+    struct Leaving
+    {
+        QPointer<QObject> worker;
+        CancelToken cancel;
+    };
+
     MVThemeDownLoader_CheckCfg();
 
     void connectWorker(CheckWorker_CfgAndDisplayXML* worker);
     void connectWorker(CheckWorker_ThumbAndGif* worker);
     void onCatalogueThreadFinished();
-    void leave(QObject* worker);
+    void leave(QObject* worker, const CancelToken& cancel);
     void startThread(QThread& thread);
     void endThreads();
     static void beforeApplicationGoes();
@@ -95,7 +105,9 @@ private:
     static CatalogueCheckCallback m_funCatalogueCheckEnded;
     static PreviewRunCallback m_funPreviewRunEnded;
 
+    CancelToken m_cancelCheck;    // of the check that was started last
+    CancelToken m_cancelPreviews; // of the preview run that was started last
     quint64 m_nCheck = 0;     // number of the current check: signals of earlier ones may be late
     bool m_bQuitting = false; // the catalogue thread was told to end and has not reported it
-    QVector<QPointer<QObject>> m_vecLeaving; // workers that were told to go
+    QVector<Leaving> m_vecLeaving;
 };

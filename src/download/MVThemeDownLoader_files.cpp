@@ -67,11 +67,12 @@ MVThemeDownLoader::Step MVThemeDownLoader::fetchFiles(bool& anyFailed)
 {
     m_vecFiles.clear();
     m_nIndex = -1;
+    MVThemeMgr::init()->ensureThemeParsed(*m_pItem);
     MVThemeMgr::init()->getNeedDownLoadFiles(m_pItem, m_vecFiles);
     Step step = Step::Continue;
     for (int i = 0; i < m_vecFiles.size() && step == Step::Continue; ++i) {
-        DownloadPacing::pause();
-        if (endsAt(pointBeforeFile)) {
+        DownloadPacing::pause(m_bWillCancel);
+        if (stopIfCancelled(pointBeforeFile)) {
             step = Step::Ended;
             break;
         }
@@ -100,7 +101,7 @@ bool MVThemeDownLoader::fetchFile(SFileInfo& info)
         AppOptions::instance()->ensureDirExists(QFileInfo(file).path());
     LogL("MVThemeDownLoader", 1, "start download template, i = %d, m_strUrl = %s, m_strFile = %s",
          m_nIndex, url.toUtf8().constData(), file.toUtf8().constData());
-    if (!ready(url, file)) {
+    if (!checkPlaces(url, file)) {
         record.release();
         return false;
     }
@@ -116,19 +117,21 @@ bool MVThemeDownLoader::transferFile(const QString& url, const QString& file)
     // Since the list was made, another download, or an earlier entry of the list, may have brought
     // the file.
     const bool present = QFile::exists(file);
-    int result = 0;
-    if (!present) {
+    int result = eTransfer_Success;
+    if (present) {
+        doProgress(shareStart() + share());
+    } else {
         m_CurWrapper.setDownloadProgressCallback(&downloadProgressCallback_a, this);
         m_CurWrapper.download(url, file, false);
         result = m_CurWrapper.result();
         ensureFolderBeside(file);
     }
-    if (result != 0) {
+    if (result != eTransfer_Success) {
         LogL("MVThemeDownLoader", 1,
              "download template is error!, i = %d, m_strUrl = %s, m_strFile = %s, "
              "m_CurWrapper.result() = %d",
              m_nIndex, url.toUtf8().constData(), file.toUtf8().constData(), result);
-        noteFailure(m_CurWrapper.errorText());
+        noteFailure(m_CurWrapper.failure());
         QFile::remove(file);
         return false;
     }
@@ -167,13 +170,13 @@ MVThemeDownLoader::Step MVThemeDownLoader::waitForOther(SFileInfo& info)
 {
     const FileRecord record(info);
     do {
-        if (endsAt(pointWaiting))
+        if (stopIfCancelled(pointWaiting))
             return Step::Ended;
         logTurn(QStringLiteral("thread id = [%1], index = [%2], download file = [%3], start "
                                "Download!,and it is downloading!"),
                 m_nIndex, record.file());
         downloadProgressCallback_a_downloading(&info, this);
-        DownloadPacing::pause();
+        DownloadPacing::pause(m_bWillCancel);
     } while (record.isTaken());
     logTurn(QStringLiteral("thread id = [%1], index = [%2], download file = [%3], end "
                            "Download!,and it is downloading!"),
@@ -191,7 +194,7 @@ bool MVThemeDownLoader::downloadProgressCallback_a(qint64 received, qint64 total
         const double part = static_cast<double>(received) / static_cast<double>(total);
         self->doProgress(self->shareStart() + part * self->share());
     }
-    return !self->m_bWillCancel;
+    return !self->isCancelled();
 }
 
 bool MVThemeDownLoader::downloadProgressCallback_a_downloading(SFileInfo* info, void* user)
@@ -214,5 +217,5 @@ bool MVThemeDownLoader::downloadProgressCallback_a_downloading(SFileInfo* info, 
     LogL("MVThemeDownLoader", 1, "downloadProgressCallback_a_downloading, %s",
          text.toUtf8().constData());
     self->doProgress(value);
-    return !self->m_bWillCancel;
+    return !self->isCancelled();
 }

@@ -1,12 +1,35 @@
 #pragma once
 
-/// What a host learns of one run that fetches thumbnails and animated previews. A file counts
-/// once per use.
+#include "host/STransferFailure.h"
+
+#include <QString>
+#include <QVector>
+
+/// How a run that fetches thumbnails and animated previews ended.
+enum EPreviewRunEnd : int {
+    /// The whole list was worked through; single files may have failed.
+    ePreviewRun_Complete = 0,
+    /// No catalogue could be read, so there was no list.
+    ePreviewRun_NoCatalogue = 1,
+    /// The run was cancelled before every file was there.
+    ePreviewRun_Cancelled = 2,
+};
+
+/// What a host learns of one preview run. A file counts once per use.
 struct SPreviewRunResult
 {
+    /// So many failures are told; the rest is only counted.
+    static constexpr int maxFailures = 100;
+
+    EPreviewRunEnd m_eEnd = ePreviewRun_Complete;
+    /// Which catalogue files could not be read, for people; empty unless m_eEnd says so.
+    QString m_qsReason;
     int m_nFetched = 0;
     int m_nPresent = 0; ///< were on disk already
     int m_nFailed = 0;
-    /// False if the run was cancelled or no catalogue could be read.
+    /// The first failures, in the order of the list.
+    QVector<STransferFailure> m_vecFailures;
+    /// The value of the run's end signal: also true for a run that was cancelled when nothing was
+    /// left to be begun.
     bool m_bWorkedThrough = false;
 };

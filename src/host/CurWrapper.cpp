@@ -17,14 +17,6 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr int resultSuccess = 0;
-constexpr int resultBadUrl = 1;
-constexpr int resultLocalFile = 2;
-constexpr int resultNetwork = 3;
-constexpr int resultStatus = 4;
-constexpr int resultCancelled = 5;
-constexpr int resultTooLarge = 6;
-
 constexpr int highestRedirects = 5;
 constexpr std::chrono::milliseconds callbackPause(100);
 constexpr qint64 copyChunk = 256 * 1024;
@@ -35,28 +27,28 @@ bool isHttp(const QUrl& url)
         && !url.host().isEmpty();
 }
 
-int resultOf(HttpTransfer::End end)
+ETransferResult resultOf(HttpTransfer::End end)
 {
     switch (end) {
     case HttpTransfer::End::Complete:
-        return resultSuccess;
+        return eTransfer_Success;
     case HttpTransfer::End::BadUrl:
-        return resultBadUrl;
+        return eTransfer_BadUrl;
     case HttpTransfer::End::LocalFile:
-        return resultLocalFile;
+        return eTransfer_LocalFile;
     case HttpTransfer::End::Redirect:
     case HttpTransfer::End::Status:
-        return resultStatus;
+        return eTransfer_Status;
     case HttpTransfer::End::Cancelled:
-        return resultCancelled;
+        return eTransfer_Cancelled;
     case HttpTransfer::End::TooLarge:
-        return resultTooLarge;
+        return eTransfer_TooLarge;
     case HttpTransfer::End::Broken:
     case HttpTransfer::End::StaleRange:
     case HttpTransfer::End::Network:
         break;
     }
-    return resultNetwork;
+    return eTransfer_Network;
 }
 
 } // namespace
@@ -64,18 +56,18 @@ int resultOf(HttpTransfer::End end)
 class CurWrapper::Private
 {
 public:
-    int download(const QString& url, const QString& file, bool resume);
+    ETransferResult download(const QString& url, const QString& file, bool resume);
 
     ProgressCallback callback = nullptr;
     void* user = nullptr;
-    int result = resultSuccess;
-    QString errorText;
+    ETransferResult result = eTransfer_Success;
+    STransferFailure failure;
     std::atomic<bool> cancelled{false};
     HttpTransfer transfer;
 
 private:
-    int fetch();
-    int fetchWithRetries();
+    ETransferResult fetch();
+    ETransferResult fetchWithRetries();
     HttpTransfer::End followRedirects();
     bool openTarget(bool resume);
     bool copyBeginning();
@@ -84,7 +76,10 @@ private:
     bool isTransient(HttpTransfer::End end) const;
     int pauseBefore(int retry) const;
     bool keepGoing(qint64 received, qint64 total);
-    int fail(int code, const QString& reason);
+    ETransferResult failAt(HttpTransfer::End end);
+    ETransferResult failAtFile();
+    ETransferResult failAsCancelled();
+    ETransferResult fail(ETransferResult code, EFailureCause cause, const QString& reason);
 
     QString m_asked; // the address as the caller gave it
     QUrl m_url;
@@ -97,9 +92,9 @@ private:
     QSet<QString> m_sweptFolders; // looked through once for what a kill left
 };
 
-int CurWrapper::Private::download(const QString& url, const QString& file, bool resume)
+ETransferResult CurWrapper::Private::download(const QString& url, const QString& file, bool resume)
 {
-    errorText.clear();
+    failure = STransferFailure();
     m_asked = url;
     m_url = QUrl(url, QUrl::TolerantMode);
     m_target = file;
@@ -109,10 +104,11 @@ int CurWrapper::Private::download(const QString& url, const QString& file, bool 
     m_nextCallback = Clock::time_point();
 
     if (!m_url.isValid() || !isHttp(m_url))
-        return fail(resultBadUrl, QStringLiteral("not an http or https address"));
+        return fail(eTransfer_BadUrl, eFailure_BadAddress,
+                    QStringLiteral("not an http or https address"));
     if (!openTarget(resume))
-        return fail(resultLocalFile, m_file.errorText());
-    const int code = fetch();
+        return failAtFile();
+    const ETransferResult code = fetch();
     m_file.discard();
     return code;
 }
@@ -142,41 +138,41 @@ bool CurWrapper::Private::copyBeginning()
     return true;
 }
 
-int CurWrapper::Private::fetch()
+ETransferResult CurWrapper::Private::fetch()
 {
-    const int code = fetchWithRetries();
-    if (code != resultSuccess)
+    const ETransferResult code = fetchWithRetries();
+    if (code != eTransfer_Success)
         return code;
     m_received = m_file.size();
     if (callback && !callback(m_received, m_received, user))
-        return fail(resultCancelled, QStringLiteral("cancelled"));
+        return failAsCancelled();
     if (!m_file.commit())
-        return fail(resultLocalFile, m_file.errorText());
-    return resultSuccess;
+        return failAtFile();
+    return eTransfer_Success;
 }
 
-int CurWrapper::Private::fetchWithRetries()
+ETransferResult CurWrapper::Private::fetchWithRetries()
 {
     for (int retry = 0;;) {
         const HttpTransfer::End end = followRedirects();
         m_received = std::max(m_received, m_file.size());
         if (end == HttpTransfer::End::Complete)
-            return resultSuccess;
+            return eTransfer_Success;
         if (!m_redirectError.isEmpty())
-            return fail(resultBadUrl, m_redirectError);
+            return fail(eTransfer_BadUrl, eFailure_BadAddress, m_redirectError);
         if (end == HttpTransfer::End::StaleRange) {
             // Not a retry: the server is well, and a second answer cannot be stale again.
             if (!beginAgain())
-                return fail(resultLocalFile, m_file.errorText());
+                return failAtFile();
             continue;
         }
         if (!isTransient(end) || retry >= hostSettings().downloadRetries)
-            return fail(resultOf(end), transfer.reason());
+            return failAt(end);
         rememberVersion();
         if (!transfer.pause(pauseBefore(retry), [this] { return keepGoing(m_file.size(), 0); }))
-            return fail(resultCancelled, QStringLiteral("cancelled"));
+            return failAsCancelled();
         if (m_request.rangeStart == 0 && !beginAgain())
-            return fail(resultLocalFile, m_file.errorText());
+            return failAtFile();
         ++retry;
     }
 }
@@ -259,11 +255,31 @@ bool CurWrapper::Private::keepGoing(qint64 received, qint64 total)
     return callback(received, total, user);
 }
 
-int CurWrapper::Private::fail(int code, const QString& reason)
+ETransferResult CurWrapper::Private::failAt(HttpTransfer::End end)
 {
-    errorText = QStringLiteral("%1: %2 (%3 bytes received; local file %4)")
-                    .arg(m_url.isValid() ? m_url.toDisplayString() : m_asked, reason,
-                         QString::number(m_received), m_target);
+    if (end == HttpTransfer::End::LocalFile)
+        return failAtFile();
+    return fail(resultOf(end), transfer.causeOf(end), transfer.reason());
+}
+
+ETransferResult CurWrapper::Private::failAtFile()
+{
+    return fail(eTransfer_LocalFile, m_file.cause(), m_file.errorText());
+}
+
+ETransferResult CurWrapper::Private::failAsCancelled()
+{
+    return fail(eTransfer_Cancelled, eFailure_Cancelled, QStringLiteral("cancelled"));
+}
+
+ETransferResult CurWrapper::Private::fail(ETransferResult code, EFailureCause cause,
+                                          const QString& reason)
+{
+    failure.m_eCause = cause;
+    failure.m_qsUrl = m_url.isValid() ? m_url.toDisplayString() : m_asked;
+    failure.m_qsFile = m_target;
+    failure.m_qsDetails = QStringLiteral("%1: %2 (%3 bytes received; local file %4)")
+                              .arg(failure.m_qsUrl, reason, QString::number(m_received), m_target);
     return code;
 }
 
@@ -291,9 +307,14 @@ int CurWrapper::result() const
     return d->result;
 }
 
+STransferFailure CurWrapper::failure() const
+{
+    return d->failure;
+}
+
 QString CurWrapper::errorText() const
 {
-    return d->errorText;
+    return d->failure.m_qsDetails;
 }
 
 void CurWrapper::cancel()

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "host/ETransferResult.h"
 #include "host/MvHostExport.h"
+#include "host/STransferFailure.h"
 
 #include <QString>
 
@@ -46,24 +48,17 @@ public:
     /// does not say when it did. The target is replaced only by a complete file.
     void download(const QString& url, const QString& file, bool resume);
 
-    /// How the last download ended; 0 before the first.
-    ///  0 success
-    ///  1 the URL, or a redirect, is not an http or https address; more than 5 redirects; a
-    ///    redirect from https to http
-    ///  2 the local file cannot be written
-    ///  3 network: name look-up, connection, TLS, reset, short body, stall, or a body without
-    ///    length and chunks, whose end cannot be told from a break
-    ///  4 HTTP status other than 200 (206 for a resumed part), or an encoding nobody asked for
-    ///  5 cancelled by the callback or by cancel()
-    ///  6 larger than HostSettings::maxDownloadBytes
+    /// How the last download ended, as an ETransferResult; 0 before the first.
     int result() const;
 
-    /// The last download's failure as a text a person can act on: URL, reason, bytes received and
-    /// local path. Empty after a success.
+    /// Why the last download failed; no failure after a success.
+    STransferFailure failure() const;
+    /// The failure's details: URL, reason, bytes received and local path. Empty after a success.
     QString errorText() const;
 
-    /// Ends the download in progress within a second, even one that stalls. Any thread. Without a
-    /// download in progress it does nothing: the next one starts afresh.
+    /// Ends the download in progress at once, even one that stalls. Any thread. Without a download
+    /// in progress it does nothing: the next one starts afresh. To stop an operation of several
+    /// downloads, ask a CancelToken in the progress callback and before each download.
     void cancel();
 
 private:

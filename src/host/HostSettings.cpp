@@ -15,6 +15,14 @@ HostSettings::HostSettings()
 {
 }
 
+HostSettings HostSettings::recommended()
+{
+    HostSettings settings;
+    settings.leftButtonOnly = true;
+    settings.lastChoiceWins = true;
+    return settings;
+}
+
 HostSettings& hostSettings()
 {
     static Immortal<HostSettings> settings;

@@ -18,6 +18,12 @@ struct MVHOST_EXPORT HostSettings
     /// Folders from QStandardPaths, for the application name that QCoreApplication holds now.
     HostSettings();
 
+    /// The settings that a new host should start from: those of the default constructor, with the
+    /// better choice wherever there is one.
+    ///
+    ///     hostSettings() = HostSettings::recommended();
+    static HostSettings recommended();
+
     /// The application's installed resources; the built-in catalogue lies in its "Resource" folder.
     QString resourcesPath;
     /// The user's own data: favourites are kept here.
@@ -38,6 +44,14 @@ struct MVHOST_EXPORT HostSettings
     QSet<int> partnerEditions;
     /// Product parameters by key, for example "url_themeRootDir" or "hasMV".
     QMap<QString, QString> productParams;
+
+    /// True: only the left mouse button applies or downloads an item; the right one, and the menu
+    /// key, ask the host for a context menu (mvThemelistview::contextMenuWanted()), others do
+    /// nothing. False: any button applies or downloads. Recommended: true.
+    bool leftButtonOnly = false;
+    /// True: a download that ends after the user has chosen another item of the same kind leaves
+    /// its item ready and does not apply it. False: it applies its item. Recommended: true.
+    bool lastChoiceWins = false;
 
     /// Milliseconds until a connection must stand (name look-up, TCP and TLS included).
     int connectTimeoutMs = 15000;

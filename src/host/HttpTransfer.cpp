@@ -9,7 +9,7 @@ namespace {
 
 using namespace std::chrono;
 
-constexpr int tickMs = 100;
+constexpr int tickMs = 50; // a cancel is noticed within two of them
 /// Below the size from which the allocator gives memory back to the system after every request.
 constexpr long receiveBuffer = 64 * 1024;
 /// An error page up to this size is read past, so that its connection serves the next file too.
@@ -38,6 +38,7 @@ HttpTransfer::End HttpTransfer::perform(const Request& request, PartFile& file,
     m_request = request;
     m_file = &file;
     m_head = ResponseHead();
+    m_connected = false;
     m_accepted = false;
     m_refused = false;
     m_discarding = false;
@@ -122,9 +123,8 @@ CURLcode HttpTransfer::transfer(const KeepGoing& keepGoing)
             return CURLE_ABORTED_BY_CALLBACK;
         }
         // Until it stands, a connection has a limit of its own, which libcurl watches.
-        curl_off_t connected = 0;
-        curl_easy_getinfo(m_easy.get(), CURLINFO_PRETRANSFER_TIME_T, &connected);
-        if (connected == 0)
+        noteConnection();
+        if (!m_connected)
             m_lastByte = Clock::now();
         if (Clock::now() - m_lastByte > stall) {
             refuse(End::Network, QStringLiteral("no byte came for %1 ms").arg(stall.count()));
@@ -132,12 +132,47 @@ CURLcode HttpTransfer::transfer(const KeepGoing& keepGoing)
         }
         curl_multi_poll(m_multi.get(), nullptr, 0, tickMs, nullptr);
     }
+    noteConnection();
     int left = 0;
     while (const CURLMsg* message = curl_multi_info_read(m_multi.get(), &left)) {
         if (message->msg == CURLMSG_DONE)
             return message->data.result;
     }
     return CURLE_FAILED_INIT;
+}
+
+void HttpTransfer::noteConnection()
+{
+    curl_off_t connected = 0;
+    curl_easy_getinfo(m_easy.get(), CURLINFO_PRETRANSFER_TIME_T, &connected);
+    m_connected = m_connected || connected > 0;
+}
+
+EFailureCause HttpTransfer::causeOf(End end) const
+{
+    switch (end) {
+    case End::Complete:
+        return eFailure_None;
+    case End::BadUrl:
+    case End::Redirect:
+        return eFailure_BadAddress;
+    case End::Status:
+        return m_head.status == 404 || m_head.status == 410 ? eFailure_NotOnServer
+                                                            : eFailure_ServerError;
+    case End::Network:
+        return m_connected ? eFailure_ConnectionLost : eFailure_Unreachable;
+    case End::Broken:
+        return eFailure_ConnectionLost;
+    case End::LocalFile:
+        return eFailure_LocalFile;
+    case End::TooLarge:
+        return eFailure_TooLarge;
+    case End::StaleRange:
+        return eFailure_Damaged;
+    case End::Cancelled:
+        return eFailure_Cancelled;
+    }
+    return eFailure_None;
 }
 
 HttpTransfer::End HttpTransfer::judge(CURLcode code, const PartFile& file)

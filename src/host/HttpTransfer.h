@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/ResponseHead.h"
+#include "host/STransferFailure.h"
 
 #include <QDateTime>
 #include <QString>
@@ -42,7 +43,7 @@ public:
         QDateTime notAfter;     ///< without a validator: the rest only if unchanged since then
     };
 
-    /// Called at least every 100 ms, and whenever bytes have come; false ends the request.
+    /// Called at least every 50 ms, and whenever bytes have come; false ends the request.
     /// `total` is 0 while it is not known.
     using KeepGoing = std::function<bool(qint64 received, qint64 total)>;
 
@@ -63,6 +64,8 @@ public:
     qint64 announcedTotal() const;
     /// A text for people: why the last request did not complete.
     QString reason() const { return m_reason; }
+    /// The cause of an end of the last request that was not a failure of the local file.
+    EFailureCause causeOf(End end) const;
 
 private:
     using Clock = std::chrono::steady_clock;
@@ -70,6 +73,7 @@ private:
     void prepare();
     void configure(const Request& request);
     CURLcode transfer(const KeepGoing& keepGoing);
+    void noteConnection();
     End judge(CURLcode code, const PartFile& file);
     bool headerEnded();
     bool acceptStatus();
@@ -108,6 +112,7 @@ private:
     PartFile* m_file = nullptr; // the caller's, during perform()
     Request m_request;
     ResponseHead m_head;
+    bool m_connected = false;  // a connection stood
     bool m_accepted = false;   // the header is whole, and its body is to be the file
     bool m_refused = false;    // m_end and m_reason are decided, whatever libcurl says
     bool m_discarding = false; // the body is an error page: read past it, to keep the connection

@@ -1,6 +1,7 @@
 #include "host/PartFile.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
 
@@ -8,13 +9,16 @@
 #include <cstdio>
 #include <cstring>
 
+#include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
 
 namespace {
 
 constexpr int createAttempts = 16;
+constexpr mode_t newFileMode = 0666; // less the umask
 
 QString partName()
 {
@@ -22,9 +26,34 @@ QString partName()
         .arg(QRandomGenerator::global()->generate64(), 16, 16, QLatin1Char('0'));
 }
 
-QString lastError()
+EFailureCause causeOf(int error)
 {
-    return QString::fromLocal8Bit(std::strerror(errno));
+    switch (error) {
+    case ENOSPC:
+    case EDQUOT:
+        return eFailure_DiskFull;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return eFailure_NoPermission;
+    default:
+        return eFailure_LocalFile;
+    }
+}
+
+/// Why a folder that somebody tried to create is missing; ENOENT where nothing explains it.
+int obstacleTo(const QString& folder)
+{
+    QFileInfo ancestor(folder);
+    while (!ancestor.exists() && !ancestor.isRoot())
+        ancestor.setFile(ancestor.path());
+    const QByteArray path = QFile::encodeName(ancestor.filePath());
+    if (::access(path.constData(), W_OK | X_OK) != 0)
+        return errno;
+    struct statvfs space = {};
+    const bool isFull = ::statvfs(path.constData(), &space) == 0
+        && (space.f_bavail == 0 || (space.f_files > 0 && space.f_favail == 0));
+    return isFull ? ENOSPC : ENOENT;
 }
 
 enum class Lock {
@@ -33,18 +62,18 @@ enum class Lock {
     Impossible, ///< on this file system: then nothing counts as a leftover
 };
 
-Lock lock(const QFile& file)
+Lock lock(int handle)
 {
-    if (::flock(file.handle(), LOCK_EX | LOCK_NB) == 0)
+    if (::flock(handle, LOCK_EX | LOCK_NB) == 0)
         return Lock::Taken;
     return errno == EWOULDBLOCK ? Lock::Held : Lock::Impossible;
 }
 
 /// False once somebody has removed the name of the open file.
-bool stillHasName(const QFile& file)
+bool stillHasName(int handle)
 {
     struct stat status = {};
-    return ::fstat(file.handle(), &status) == 0 && status.st_nlink > 0;
+    return ::fstat(handle, &status) == 0 && status.st_nlink > 0;
 }
 
 } // namespace
@@ -59,44 +88,47 @@ bool PartFile::open(const QString& target)
     discard();
     m_target = target;
     m_size = 0;
+    m_eCause = eFailure_None;
     m_error.clear();
     const QFileInfo info(target);
     if (info.fileName().isEmpty() || info.isDir())
-        return fail(QStringLiteral("is a folder, not a file name"));
+        return fail(eFailure_LocalFile, QStringLiteral("is a folder, not a file name"));
     return createLocked();
 }
 
 bool PartFile::createLocked()
 {
-    const QFileInfo target(m_target);
-    const QString folder = target.path();
+    const QString folder = QFileInfo(m_target).path();
     for (int attempt = 0; attempt < createAttempts; ++attempt) {
-        m_file.setFileName(folder + QLatin1Char('/') + partName());
-        if (!m_file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
-            if (!target.dir().exists())
-                return fail(QStringLiteral("its folder does not exist"));
-            if (!QFile::exists(m_file.fileName()))
-                return fail(m_file.errorString());
+        m_name = QFile::encodeName(folder + QLatin1Char('/') + partName());
+        m_handle = ::open(m_name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, newFileMode);
+        if (m_handle < 0 && errno == EEXIST)
             continue;
+        if (m_handle < 0 && errno == ENOENT) {
+            const int obstacle = obstacleTo(folder);
+            return obstacle == ENOENT
+                ? fail(eFailure_LocalFile, QStringLiteral("its folder does not exist"))
+                : failWith(obstacle);
         }
+        if (m_handle < 0)
+            return failWith(errno);
         // Between creation and lock a sweep may have taken the file for a leftover, which it then
         // removes.
-        if (lock(m_file) != Lock::Held && stillHasName(m_file))
+        if (lock(m_handle) != Lock::Held && stillHasName(m_handle))
             return true;
-        m_file.close();
+        close();
     }
-    return fail(QStringLiteral("no temporary file could be created beside it"));
+    return fail(eFailure_LocalFile, QStringLiteral("no temporary file could be created beside it"));
 }
 
 bool PartFile::write(const char* data, qint64 length)
 {
-    // Not through QFile, which seeks and looks at the file before every write.
     while (length > 0) {
-        const ssize_t written = ::write(m_file.handle(), data, static_cast<std::size_t>(length));
+        const ssize_t written = ::write(m_handle, data, static_cast<std::size_t>(length));
         if (written < 0 && errno == EINTR)
             continue;
         if (written <= 0)
-            return fail(lastError());
+            return failWith(errno);
         data += written;
         length -= written;
         m_size += written;
@@ -106,33 +138,44 @@ bool PartFile::write(const char* data, qint64 length)
 
 bool PartFile::restart()
 {
-    if (::ftruncate(m_file.handle(), 0) != 0 || ::lseek(m_file.handle(), 0, SEEK_SET) != 0)
-        return fail(lastError());
+    if (::ftruncate(m_handle, 0) != 0 || ::lseek(m_handle, 0, SEEK_SET) != 0)
+        return failWith(errno);
     m_size = 0;
     return true;
 }
 
 bool PartFile::commit()
 {
-    const QByteArray from = QFile::encodeName(m_file.fileName());
     const QByteArray to = QFile::encodeName(m_target);
     // The POSIX rename replaces the target in one step; QFile::rename refuses to.
-    if (std::rename(from.constData(), to.constData()) != 0)
-        return fail(lastError());
-    m_file.close();
+    if (std::rename(m_name.constData(), to.constData()) != 0)
+        return failWith(errno);
+    close();
     return true;
 }
 
 void PartFile::discard()
 {
-    if (!m_file.isOpen())
+    if (m_handle < 0)
         return;
-    m_file.remove();
-    m_file.close();
+    ::unlink(m_name.constData());
+    close();
 }
 
-bool PartFile::fail(const QString& reason)
+void PartFile::close()
 {
+    ::close(m_handle);
+    m_handle = -1;
+}
+
+bool PartFile::failWith(int error)
+{
+    return fail(causeOf(error), QString::fromLocal8Bit(std::strerror(error)));
+}
+
+bool PartFile::fail(EFailureCause cause, const QString& reason)
+{
+    m_eCause = cause;
     m_error = QStringLiteral("%1: %2").arg(m_target, reason);
     discard();
     return false;
@@ -145,7 +188,7 @@ void PartFile::removeLeftovers(const QString& folder)
     for (const QString& name : names) {
         QFile leftover(folder + QLatin1Char('/') + name);
         // Removed under the lock: QFile::remove() of its own would close, and so unlock, it first.
-        if (leftover.open(QIODevice::ReadOnly) && lock(leftover) == Lock::Taken)
+        if (leftover.open(QIODevice::ReadOnly) && lock(leftover.handle()) == Lock::Taken)
             QFile::remove(leftover.fileName());
     }
 }

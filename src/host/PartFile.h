@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QFile>
+#include "host/STransferFailure.h"
+
 #include <QString>
 
 /// A file that is being written beside its target and takes the target's name when it is complete.
@@ -36,16 +37,22 @@ public:
     void discard();
 
     QString errorText() const { return m_error; }
+    /// Why the last operation failed: no space, no permission, or anything else about the file.
+    EFailureCause cause() const { return m_eCause; }
 
     /// Removes the part files in `folder` that no living writer holds.
     static void removeLeftovers(const QString& folder);
 
 private:
     bool createLocked();
-    bool fail(const QString& reason);
+    void close();
+    bool failWith(int error);
+    bool fail(EFailureCause cause, const QString& reason);
 
     QString m_target;
-    QFile m_file;
+    QByteArray m_name; // of the temporary file, as the file system takes it
+    int m_handle = -1; // open for writing; -1: there is no temporary file
     qint64 m_size = 0;
+    EFailureCause m_eCause = eFailure_None;
     QString m_error;
 };

@@ -5,6 +5,7 @@
 #include <QString>
 
 class QDir;
+struct STransferFailure;
 
 /// File operations of the platform. Stateless; every one may be called from every thread.
 ///
@@ -19,8 +20,10 @@ public:
     static QString getMD5(const QString& file);
 
     /// Copies `sourceFile` to `fileName` in the existing folder `targetDir`, replacing what is
-    /// there. False: the target is as it was. What a killed process left in the folder goes.
-    static bool copyFile(const QString& sourceFile, const QDir& targetDir, const QString& fileName);
+    /// there. False, with the reason in `failure` (may be null): the target is as it was. Also
+    /// removes what a killed process left in the folder.
+    static bool copyFile(const QString& sourceFile, const QDir& targetDir, const QString& fileName,
+                         STransferFailure* failure = nullptr);
 
     /// Copies the file `from` to the path `to`, whose folder must exist. Without `overwrite` an
     /// existing target is kept and the result is false.

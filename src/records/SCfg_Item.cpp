@@ -29,6 +29,18 @@ SCfg_Item& SCfg_Item::operator=(const SCfg_Item& other)
     return *this;
 }
 
+const SThemes_a* SCfg_Item::parsedTheme() const
+{
+    const QMutexLocker lock(m_info_CfgXML.m_pMutex.get());
+    return m_pThemes_a;
+}
+
+void SCfg_Item::setParsedTheme(SThemes_a* theme)
+{
+    const QMutexLocker lock(m_info_CfgXML.m_pMutex.get());
+    m_pThemes_a = theme;
+}
+
 QDebug operator<<(QDebug debug, const SCfg_Item& item)
 {
     const QDebugStateSaver saver(debug);

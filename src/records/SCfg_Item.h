@@ -40,6 +40,10 @@ struct MVRESOURCE_EXPORT SCfg_Item
     /// Parsed config of a theme, not owned; null for other kinds and until parsed. Guarded by the
     /// mutex of m_info_CfgXML: a download thread sets it while others look.
     SThemes_a* m_pThemes_a = nullptr;
+    /// m_pThemes_a, read under that mutex.
+    const SThemes_a* parsedTheme() const;
+    /// Sets m_pThemes_a under that mutex.
+    void setParsedTheme(SThemes_a* theme);
     /// Theme type code, see MVThemeMgr::Themetype: 0 others, 2 festivals, 3 travel, 4 banquets.
     int m_nThemeType = 0;
 };

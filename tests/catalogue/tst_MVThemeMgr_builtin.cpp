@@ -22,6 +22,8 @@ private slots:
     void guidThatLeadsElsewhereIsSkipped();
     void refusals_data();
     void refusals();
+    void themesWithoutConfig_data();
+    void themesWithoutConfig();
 
 private:
     QString dev() const { return m_fixture.base() + QStringLiteral("/Resource"); }
@@ -290,6 +292,35 @@ void tst_MVThemeMgr_builtin::refusals()
                                                         : reason);
     QVERIFY(!BuiltinThemes::create(nullptr));
     QCOMPARE(Files::filesBelow(m_fixture.base()), before);
+}
+
+void tst_MVThemeMgr_builtin::themesWithoutConfig_data()
+{
+    QTest::addColumn<QByteArray>("hasMV");
+    QTest::addColumn<QByteArray>("first"); // the themes' configs
+    QTest::addColumn<QByteArray>("second");
+    QTest::addColumn<bool>("created");
+    const QByteArray whole = theme(QByteArray());
+    QTest::newRow("no themes wanted") << QByteArray("0") << whole << whole << false;
+    QTest::newRow("both malformed") << QByteArray("1") << QByteArray("<") << QByteArray() << false;
+    QTest::newRow("one malformed") << QByteArray("1") << QByteArray("<") << whole << true;
+}
+
+/// Without a parsed config it is not known what ships: the tree that is there stays.
+void tst_MVThemeMgr_builtin::themesWithoutConfig()
+{
+    QFETCH(QByteArray, hasMV);
+    QFETCH(QByteArray, first);
+    QFETCH(QByteArray, second);
+    QFETCH(bool, created);
+    CatalogueFixture::setParam("hasMV", hasMV.constData());
+    const QString good = dev() + QStringLiteral("/config_local/Themes/good.xml");
+    Files::write(good, "good");
+    show({}, {first, second});
+    QString error;
+    QCOMPARE(BuiltinThemes::create(&error), created);
+    QCOMPARE(error.contains(QStringLiteral("neither of the first two themes")), !created);
+    QCOMPARE(Files::read(good), created ? QByteArray() : QByteArray("good"));
 }
 
 MV_TEST_MAIN(tst_MVThemeMgr_builtin)

@@ -210,10 +210,11 @@ void CheckWorld::watch(CheckWorker_ThumbAndGif& worker, DownloadTrace& trace)
         &worker, &CheckWorker_ThumbAndGif::sig_endDownload_ThumbAndGif, &worker,
         [&trace](bool ok) { trace.add(QStringLiteral("end %1").arg(ok)); }, Qt::DirectConnection);
     worker.setResultCallback([&trace](const SPreviewRunResult& result) {
-        trace.add(QStringLiteral("result %1 %2 %3 %4")
+        trace.add(QStringLiteral("result %1 %2 %3 %4 %5")
                       .arg(result.m_nFetched)
                       .arg(result.m_nPresent)
                       .arg(result.m_nFailed)
-                      .arg(result.m_bWorkedThrough));
+                      .arg(result.m_bWorkedThrough)
+                      .arg(static_cast<int>(result.m_eEnd)));
     });
 }

@@ -77,7 +77,7 @@ public:
     /// "update" and "result N".
     static void check(CheckWorker_CfgAndDisplayXML& worker, DownloadTrace& trace);
     static void watch(CheckWorker_CfgAndDisplayXML& worker, DownloadTrace& trace);
-    /// The same for a preview run: "end 0|1", "result FETCHED PRESENT FAILED 0|1".
+    /// The same for a preview run: "end 0|1", "result FETCHED PRESENT FAILED 0|1 END".
     static void watch(CheckWorker_ThumbAndGif& worker, DownloadTrace& trace);
 
     static constexpr char versionTarget[] = "//ResourceConfig/resource_version_v3.xml";

@@ -28,6 +28,9 @@ private slots:
     void reasonsAreThoseOfTheFirstFailure();
     void catalogueChangesBehindTheVersionFile_data();
     void catalogueChangesBehindTheVersionFile();
+    void catalogueThatIsNone_data();
+    void catalogueThatIsNone();
+    void emptyCatalogueReplacesTheOther();
     void failedCopyKeepsTheVersionFile();
     void linkInTheTreeIsNotFollowed();
     void temporaryFolderCannotBeMade();
@@ -298,6 +301,50 @@ void tst_CheckWorker_CfgAndDisplayXML_faults::catalogueChangesBehindTheVersionFi
     QVERIFY(QFile::exists(temp("resource_config.xml")));
 }
 
+void tst_CheckWorker_CfgAndDisplayXML_faults::catalogueThatIsNone_data()
+{
+    QTest::addColumn<bool>("isDisplay");
+    QTest::addColumn<QByteArray>("content");
+    for (const bool isDisplay : {true, false}) {
+        const char* const name = isDisplay ? "display" : "config";
+        QTest::addRow("%s: a page", name) << isDisplay << QByteArray("<p>Welcome<br></p>");
+        QTest::addRow("%s: text", name) << isDisplay << QByteArray("not here");
+        QTest::addRow("%s: cut off", name) << isDisplay << QByteArray("<Resource><Theme>");
+        QTest::addRow("%s: nothing", name) << isDisplay << QByteArray();
+        QTest::addRow("%s: entities", name)
+            << isDisplay << QByteArray("<!DOCTYPE r [<!ENTITY e 'x'>]><r>&e;</r>");
+    }
+}
+
+/// The publisher's checksum is right, but no client could read the file: the present catalogue
+/// stays.
+void tst_CheckWorker_CfgAndDisplayXML_faults::catalogueThatIsNone()
+{
+    QFETCH(bool, isDisplay);
+    QFETCH(QByteArray, content);
+    publishAll();
+    m_world.publish("1.0.2", isDisplay ? content : display, isDisplay ? config : content);
+    const SCatalogueCheckResult result = check();
+    QCOMPARE(result.m_eEnd, eCatalogueCheck_Rejected);
+    QCOMPARE(result.m_eCause, eFailure_Damaged);
+    const char* const target = isDisplay ? CheckWorld::displayTarget : CheckWorld::configTarget;
+    QCOMPARE(result.m_qsReason,
+             m_world.server().url(QString::fromLatin1(target))
+                 + QStringLiteral(" is not a catalogue: malformed"));
+    QVERIFY(m_entries.contains(hasError(1)));
+    QCOMPARE(m_entries.count(QStringLiteral("end 1")), 1);
+    QCOMPARE(stored(), oldFiles);
+}
+
+/// Everything was withdrawn.
+void tst_CheckWorker_CfgAndDisplayXML_faults::emptyCatalogueReplacesTheOther()
+{
+    publishAll();
+    m_world.publish("1.0.2", "<Resource/>", "<Resource/>");
+    QCOMPARE(check().m_eEnd, eCatalogueCheck_Changed);
+    QCOMPARE(stored().at(1), QByteArray("<Resource/>"));
+}
+
 /// A version file that spoke for a catalogue that is not there would keep later checks from
 /// fetching it.
 void tst_CheckWorker_CfgAndDisplayXML_faults::failedCopyKeepsTheVersionFile()
@@ -307,8 +354,9 @@ void tst_CheckWorker_CfgAndDisplayXML_faults::failedCopyKeepsTheVersionFile()
     QVERIFY(QFile::remove(target));
     Files::write(target + QStringLiteral("/in the way"), "x");
     const SCatalogueCheckResult result = check();
-    QCOMPARE(result.m_eEnd, eCatalogueCheck_Rejected);
-    QCOMPARE(result.m_qsReason, target + QStringLiteral(" cannot be written"));
+    QCOMPARE(result.m_eEnd, eCatalogueCheck_NotStored);
+    QCOMPARE(result.m_eCause, eFailure_LocalFile);
+    QCOMPARE(result.m_qsReason, target + QStringLiteral(": is a folder, not a file name"));
     QCOMPARE(m_entries.mid(m_entries.size() - 4),
              (QStringList{displayCopied(temp("resource_display.xml"), 0),
                           configCopied(temp("resource_config.xml"), 0),
@@ -328,7 +376,7 @@ void tst_CheckWorker_CfgAndDisplayXML_faults::linkInTheTreeIsNotFollowed()
     const QString outside = m_world.base() + QStringLiteral("/outside");
     QVERIFY(QDir().rename(folder, outside));
     QVERIFY(QFile::link(outside, folder));
-    QCOMPARE(check().m_eEnd, eCatalogueCheck_Rejected);
+    QCOMPARE(check().m_eEnd, eCatalogueCheck_NotStored);
     QCOMPARE(stored(), oldFiles);
     QCOMPARE(Files::filesBelow(outside).size(), 3);
 }
@@ -338,7 +386,7 @@ void tst_CheckWorker_CfgAndDisplayXML_faults::temporaryFolderCannotBeMade()
     publishAll();
     Files::write(m_world.base() + QStringLiteral("/appdata"), "a file");
     const SCatalogueCheckResult result = check();
-    QCOMPARE(result.m_eEnd, eCatalogueCheck_Rejected);
+    QCOMPARE(result.m_eEnd, eCatalogueCheck_NotStored);
     QVERIFY(m_entries.contains(versionError(url("resource_version_v3.xml"), QString())));
     QCOMPARE(m_entries.count(QStringLiteral("end 1")), 1);
     QCOMPARE(stored(), oldFiles);

@@ -105,7 +105,7 @@ void tst_CheckWorker_ThumbAndGif_run::themesThenFilters()
              << ok("Thumb", 1, "Themes", "t2.jpg") << ok("Gif", 1, "Themes", "t2.gif")
              << ok("Thumb", 2, "VideoFilters", "f3.jpg")
              << previewPresent("Gif", 2, noGif, QString()) << end()
-             << QStringLiteral("result 5 0 0 1") << QStringLiteral("end 1");
+             << QStringLiteral("result 5 0 0 1 0") << QStringLiteral("end 1");
     QCOMPARE(m_entries, expected);
     QCOMPARE(m_world.targets(),
              (QByteArrayList{"/display/Themes/t1.jpg", "/display/Themes/t1.gif",
@@ -128,7 +128,7 @@ void tst_CheckWorker_ThumbAndGif_run::whatIsPresentIsNotFetched()
                                m_world.preview("Themes", "t1.jpg"))
              << previewPresent("Gif", 0, m_world.previewUrl("Themes", "t1.gif"),
                                m_world.preview("Themes", "t1.gif"))
-             << end() << QStringLiteral("result 0 2 0 1") << QStringLiteral("end 1");
+             << end() << QStringLiteral("result 0 2 0 1 0") << QStringLiteral("end 1");
     QCOMPARE(m_entries, expected);
     QCOMPARE(m_world.targets(), QByteArrayList());
 }
@@ -142,7 +142,7 @@ void tst_CheckWorker_ThumbAndGif_run::installedPreviewsArePresent()
     QVERIFY(run());
     QVERIFY(m_entries.contains(previewPresent("Thumb", 0, m_world.previewUrl("Themes", "t1.jpg"),
                                               folder + QStringLiteral("t1.jpg"))));
-    QVERIFY(m_entries.contains(QStringLiteral("result 1 1 0 1")));
+    QVERIFY(m_entries.contains(QStringLiteral("result 1 1 0 1 0")));
     QCOMPARE(m_world.targets(), (QByteArrayList{"/display/Themes/t1.gif"}));
 }
 
@@ -182,13 +182,15 @@ void tst_CheckWorker_ThumbAndGif_run::backgroundMaterialsAreNeverFetched()
     const QString group = QStringLiteral("BgMaterial");
     const QString guid = Files::guid(7);
     Files::write(config(download), Files::document(Files::cfgGroup(group, {{guid, {}, {}}})));
-    // What is not in the config catalogue is missed loudly, so both catalogues have been read.
+    // What is not in the config catalogue is missed loudly, so both catalogues have been read; in
+    // groups, as those of themes.
     const QString unknown = Files::guid(8);
+    const QByteArray grouped =
+        Files::displayThemes({{QStringLiteral("others"),
+                               {{guid, QStringLiteral("Paper"), QStringLiteral("p.jpg")},
+                                {unknown, QStringLiteral("Silk"), QStringLiteral("s.jpg")}}}});
     Files::write(display(download),
-                 Files::document(Files::displayCategory(
-                     group,
-                     {{guid, QStringLiteral("Paper"), QStringLiteral("p.jpg")},
-                      {unknown, QStringLiteral("Silk"), QStringLiteral("s.jpg")}})));
+                 Files::document(QByteArray(grouped).replace("Theme>", "BgMaterial>")));
     const QString missed =
         line("MVThemeMgr", 1, QStringLiteral("not findItemByID [%1]").arg(unknown));
     QVERIFY(run());
@@ -241,7 +243,7 @@ void tst_CheckWorker_ThumbAndGif_run::noConfigCatalogue()
                              .arg(config(download)))
              << checkXml(config(local), 0)
              << previews(QStringLiteral("path_Cfg_local checkXml[%1],is error!").arg(config(local)))
-             << QStringLiteral("result 0 0 0 0") << QStringLiteral("end 0");
+             << QStringLiteral("result 0 0 0 0 1") << QStringLiteral("end 0");
     QCOMPARE(m_entries, expected);
 }
 
@@ -257,7 +259,7 @@ void tst_CheckWorker_ThumbAndGif_run::noDisplayCatalogue()
              << checkXml(display(local), 0)
              << previews(
                     QStringLiteral("path_display_local checkXml[%1],is error!").arg(display(local)))
-             << QStringLiteral("result 0 0 0 0") << QStringLiteral("end 0");
+             << QStringLiteral("result 0 0 0 0 1") << QStringLiteral("end 0");
     QCOMPARE(m_entries, expected);
     QCOMPARE(m_world.targets(), QByteArrayList());
 }
@@ -283,7 +285,7 @@ void tst_CheckWorker_ThumbAndGif_run::emptyCatalogue()
     QVERIFY(run());
     QStringList expected = start();
     expected << checkXml(config(download), 1) << checkXml(display(download), 1) << end()
-             << QStringLiteral("result 0 0 0 1") << QStringLiteral("end 1");
+             << QStringLiteral("result 0 0 0 1 0") << QStringLiteral("end 1");
     QCOMPARE(m_entries, expected);
 }
 

@@ -124,7 +124,8 @@ void tst_MVThemeDownLoader_destroy::destroyedWhileRunning()
     DownloadTrace trace;
     auto downloader = std::make_unique<MVThemeDownLoader>(nullptr);
     trace.watch(*downloader);
-    const auto slowDown = [] { DownloadPacing::setStep(std::chrono::milliseconds(500)); };
+    // Far longer than the end may take: pauses are cut short.
+    const auto slowDown = [] { DownloadPacing::setStep(std::chrono::seconds(30)); };
     if (is(State::Simulating))
         slowDown();
     if (is(State::BetweenFiles))

@@ -1,6 +1,7 @@
 #include "catalogue/MVThemeMgr.h"
 #include "download/DownloadFixture.h"
 #include "download/DownloadLines.h"
+#include "host/HostSettings.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
 
@@ -36,7 +37,8 @@ class tst_MVThemeDownLoader_run : public QObject
 private slots:
     void nothingToFetch_data();
     void nothingToFetch();
-    void presentConfigIsNotParsedAgain();
+    void presentConfigCountsWithThemesOnly();
+    void configThatCameByOtherMeansIsParsed();
     void themeConfigComesFirst();
     void unreadableConfigLeavesNoDependencies();
     void thumbnailResourcesAndConfigInOrder();
@@ -79,7 +81,7 @@ void tst_MVThemeDownLoader_run::nothingToFetch()
     QCOMPARE(downloader.downloadedUrl(), QString());
 }
 
-void tst_MVThemeDownLoader_run::presentConfigIsNotParsedAgain()
+void tst_MVThemeDownLoader_run::presentConfigCountsWithThemesOnly()
 {
     DownloadWorld world;
     SCfg_Item theme = DownloadWorld::item(eCfgItem_Theme, 1);
@@ -94,6 +96,27 @@ void tst_MVThemeDownLoader_run::presentConfigIsNotParsedAgain()
 
     QCOMPARE(trace.entries(), emptyRun());
     QVERIFY(!theme.m_pThemes_a);
+}
+
+/// A second program, or a copy, may have brought the config after the catalogue was loaded.
+void tst_MVThemeDownLoader_run::configThatCameByOtherMeansIsParsed()
+{
+    DownloadWorld world;
+    hostSettings().productParams.insert(QStringLiteral("hasMV"), QStringLiteral("1"));
+    const QString resource = QStringLiteral("/VideoFilters/f.zip");
+    QVERIFY(world.catalogueFilter(7, {resource}));
+    world.serve(QStringLiteral("/config") + resource, "filter");
+    SCfg_Item theme = DownloadWorld::item(eCfgItem_Theme, 1);
+    theme.m_info_CfgXML.m_qsUrl = QStringLiteral("/Themes/t.xml");
+    CatalogueFiles::write(world.folder(eCfgItem_Theme) + QStringLiteral("/t.xml"),
+                          DownloadWorld::themeConfig({7}));
+    MVThemeDownLoader downloader(nullptr);
+
+    QVERIFY(DownloadWorld::run(downloader, theme));
+
+    QVERIFY(theme.m_pThemes_a);
+    QCOMPARE(world.requests(QStringLiteral("/config") + resource), 1);
+    QCOMPARE(downloader.outcome().m_eEnd, eItemDownload_Complete);
 }
 
 void tst_MVThemeDownLoader_run::themeConfigComesFirst()

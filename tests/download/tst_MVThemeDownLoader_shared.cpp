@@ -219,6 +219,7 @@ void tst_MVThemeDownLoader_shared::twiceInOneList()
                                   released(0, file),
                                   taken(1, file),
                                   fileStart(1, url, file),
+                                  QStringLiteral("progress 100"),
                                   fileOk(1, url, file),
                                   released(1, file),
                                   QStringLiteral("finish 5"),

@@ -11,8 +11,10 @@
 
 ItemFiles::ItemFiles(SCfg_Item& item)
 {
+    MVThemeMgr::init()->ensureThemeParsed(item);
     add(item);
-    if (!item.m_pThemes_a)
+    const SThemes_a* const theme = item.parsedTheme();
+    if (!theme)
         return;
     const auto addDependency = [this](const SThemes_a::SDependInfo& slot) {
         if (slot.m_pItem && !m_dependencies.contains(slot.m_pItem)) {
@@ -20,11 +22,11 @@ ItemFiles::ItemFiles(SCfg_Item& item)
             add(*slot.m_pItem);
         }
     };
-    for (const SThemes_a::SDependArray& element : qAsConst(item.m_pThemes_a->m_vecItems))
+    for (const SThemes_a::SDependArray& element : theme->m_vecItems)
         std::for_each(element.cbegin(), element.cend(), addDependency);
-    addDependency(item.m_pThemes_a->m_aStart[eDependType_Text]);
-    addDependency(item.m_pThemes_a->m_aEnd[eDependType_Text]);
-    addDependency(item.m_pThemes_a->m_aMask[eDependType_Filter]);
+    addDependency(theme->m_aStart[eDependType_Text]);
+    addDependency(theme->m_aEnd[eDependType_Text]);
+    addDependency(theme->m_aMask[eDependType_Filter]);
 }
 
 void ItemFiles::add(SCfg_Item& item)

@@ -120,6 +120,7 @@ QString nameOf(const SCfg_Item& item)
 
 int missingFiles(SCfg_Item& item)
 {
+    MVThemeMgr::init()->ensureThemeParsed(item);
     QVector<SFileInfo*> missing;
     MVThemeMgr::init()->getNeedDownLoadFiles(&item, missing);
     QSet<QString> files;

@@ -31,6 +31,7 @@ bool Session::open(const Arguments& arguments)
 bool Session::applySettings(const Arguments& arguments)
 {
     HostSettings& settings = hostSettings();
+    settings = HostSettings::recommended();
     // This tool shows themes with what they depend on, unless it is told otherwise.
     settings.productParams.insert(QStringLiteral("hasMV"), QStringLiteral("1"));
     if (!arguments.settingsFile.isEmpty() && !loadHostSettings(arguments.settingsFile, &m_error))

@@ -7,6 +7,7 @@
 #include "support/TestMain.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QSignalSpy>
 #include <QToolButton>
 
@@ -149,8 +150,9 @@ void tst_MVThemeItemWdg_download::clicksDuringADownload()
 {
     m_world->hold(configOf1);
     const HostTrace trace;
-    for (int i = 0; i < 3; ++i)
-        m_list->click(frameOf(cell("One")));
+    m_list->click(frameOf(cell("One")));
+    for (int i = 0; i < 2; ++i)
+        m_list->click(labelOf(cell("One"), "lblName")); // on the ring it would cancel
     QTRY_COMPARE(m_world->requests(configOf1), 1);
     m_list->click(frameOf(cell("One")), Qt::RightButton);
     cell("One")->doApplyTheme();
@@ -246,7 +248,7 @@ void tst_MVThemeItemWdg_download::cancelledDownload()
     cell("One")->cancelDownload();
     QTRY_COMPARE(trace.entries(), QStringList{QStringLiteral("downloaded One")});
     QVERIFY(!isMarked(cell("One")));
-    QVERIFY(!errorOf(cell("One")).isEmpty());
+    QCOMPARE(errorOf(cell("One")), QString());
     m_world->route(configOf1, nullptr);
     m_list->click(frameOf(cell("One")));
     QTRY_COMPARE(trace.count(QStringLiteral("clicked One")), 1);

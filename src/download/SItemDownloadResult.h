@@ -1,0 +1,21 @@
+#pragma once
+
+#include "download/EMVThemeDownLoadError.h"
+#include "host/STransferFailure.h"
+
+/// How the download of an item ended, for a host that acts on it.
+enum EItemDownloadEnd : int {
+    eItemDownload_Complete = 0,  ///< every file is in place
+    eItemDownload_Failed = 1,    ///< at least one file could not be fetched
+    eItemDownload_Cancelled = 2, ///< stopped before every file was in place
+};
+
+/// What a host learns of one item download.
+struct SItemDownloadResult
+{
+    EItemDownloadEnd m_eEnd = eItemDownload_Complete;
+    /// The code of MVThemeDownLoader::sigDownloadFinish().
+    EMVThemeDownLoadError m_eError = eDownLoadError_None;
+    /// The first failure; no failure unless m_eEnd says so.
+    STransferFailure m_failure;
+};

@@ -1,0 +1,20 @@
+#pragma once
+
+/// How a transfer ended: the values of CurWrapper::result().
+enum ETransferResult : int {
+    eTransfer_Success = 0,
+    /// The URL, or a redirect, is not an http or https address; more than 5 redirects; a redirect
+    /// from https to http.
+    eTransfer_BadUrl = 1,
+    /// The local file cannot be written.
+    eTransfer_LocalFile = 2,
+    /// Name look-up, connection, TLS, reset, short body, stall, or a body without length and
+    /// chunks, whose end cannot be told from a break.
+    eTransfer_Network = 3,
+    /// HTTP status other than 200 (206 for a resumed part), or an encoding nobody asked for.
+    eTransfer_Status = 4,
+    /// Stopped by the progress callback or by CurWrapper::cancel().
+    eTransfer_Cancelled = 5,
+    /// Larger than the caller or HostSettings::maxDownloadBytes allows.
+    eTransfer_TooLarge = 6,
+};
