@@ -23,7 +23,7 @@ const char* englishText(EFailureCause cause)
     case eFailure_NotOnServer:
         return QT_TRANSLATE_NOOP("STransferFailure", "the file is not on the server");
     case eFailure_ServerError:
-        return QT_TRANSLATE_NOOP("STransferFailure", "the server refuses to send the file");
+        return QT_TRANSLATE_NOOP("STransferFailure", "the server reports an error");
     case eFailure_BadAddress:
         return QT_TRANSLATE_NOOP("STransferFailure", "the file has no usable address");
     case eFailure_TooLarge:

@@ -8,6 +8,8 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -55,7 +57,10 @@ private slots:
     void everyEnd();
     void json();
     void reasonGoesToStandardError();
-    void previewsThatFailAreCounted();
+    void previewsThatFailAreNamed();
+    void withoutAnyCatalogue();
+    void emptyCatalogue();
+    void unreadableCatalogueIsRefused();
     void secondCheckIsCurrent();
     void needsAServer();
     void interruptCancels_data();
@@ -159,11 +164,15 @@ void TestMvresCheck::json()
     const Outcome outcome = m_mvres.run({text("check"), text("--json")});
     QCOMPARE(outcome.status, 20);
     QCOMPARE(QJsonDocument::fromJson(outcome.out).object(),
-             (QJsonObject{
-                 {text("catalogue"), text("changed")},
-                 {text("reason"), QString()},
-                 {text("previews"),
-                  QJsonObject{{text("fetched"), 0}, {text("present"), 0}, {text("failed"), 0}}}}));
+             (QJsonObject{{text("catalogue"), text("changed")},
+                          {text("cause"), QString()},
+                          {text("reason"), QString()},
+                          {text("previews"),
+                           QJsonObject{{text("end"), text("complete")},
+                                       {text("fetched"), 0},
+                                       {text("present"), 0},
+                                       {text("failed"), 0},
+                                       {text("failures"), QJsonArray()}}}}));
 }
 
 void TestMvresCheck::reasonGoesToStandardError()
@@ -176,11 +185,15 @@ void TestMvresCheck::reasonGoesToStandardError()
     const QJsonObject told = QJsonDocument::fromJson(outcome.out).object();
     QCOMPARE(told.value(text("catalogue")).toString(), text("unreachable"));
     QVERIFY(told.value(text("reason")).toString().contains(refusing));
+    QCOMPARE(told.value(text("cause")).toString(), text("unreachable"));
+    const QJsonObject error = told.value(text("error")).toObject();
+    QCOMPARE(error.value(text("status")).toInt(), 23);
+    QCOMPARE(error.value(text("text")), told.value(text("reason")));
     const Outcome forPeople = m_mvres.run({text("check"), text("--server"), refusing});
     QVERIFY2(forPeople.err.startsWith("mvres: " + refusing.toUtf8()), forPeople.err.constData());
 }
 
-void TestMvresCheck::previewsThatFailAreCounted()
+void TestMvresCheck::previewsThatFailAreNamed()
 {
     const QString first = CatalogueFiles::guid(1);
     const QString second = CatalogueFiles::guid(2);
@@ -195,7 +208,72 @@ void TestMvresCheck::previewsThatFailAreCounted()
            {"/display/VideoFilters/a.jpg", Routes::body("image")}});
     const Outcome outcome = m_mvres.run({text("check")});
     QCOMPARE(outcome.lines().constLast(), text("previews: 1 fetched, 0 present, 1 failed"));
-    QCOMPARE(outcome.status, 20);
+    QCOMPARE(outcome.status, 27);
+    const QString address = m_server->url(text("/display/VideoFilters/b.jpg"));
+    QVERIFY2(outcome.err.startsWith("mvres: preview: the file is not on the server: "
+                                    + address.toUtf8() + ": HTTP status 404"),
+             outcome.err.constData());
+
+    const Outcome again = m_mvres.run({text("check"), text("--json")}); // the catalogue is current
+    QCOMPARE(again.status, 27);
+    const QJsonObject told = QJsonDocument::fromJson(again.out).object();
+    QCOMPARE(told.value(text("error"))[text("text")].toString(),
+             text("1 preview could not be fetched"));
+    const QJsonArray failures = told.value(text("previews"))[text("failures")].toArray();
+    QCOMPARE(failures.size(), 1);
+    QCOMPARE(failures.at(0)[text("url")].toString(), address);
+    QCOMPARE(failures.at(0)[text("cause")].toString(), text("notOnServer"));
+}
+
+/// Where there is nothing to fetch previews for, "0 failed" would be a lie. An installation without
+/// a catalogue can still check.
+void TestMvresCheck::withoutAnyCatalogue()
+{
+    serve({{versionTarget, Routes::body(version("1.0.2", md5("x"), md5(config)))}});
+    const QString installed = m_mvres.installed() + text("/Resource/ResourceConfig/");
+    for (const char* name : {"resource_config.xml", "resource_display.xml"})
+        QVERIFY(QFile::remove(installed + text(name)));
+    const Outcome outcome = m_mvres.run({text("check")});
+    QCOMPARE(outcome.status, 24);
+    QCOMPARE(outcome.lines().constLast(),
+             text("previews: there is no catalogue to fetch them for"));
+    QVERIFY2(outcome.err.contains("can be read"), outcome.err.constData());
+
+    serve({});
+    QCOMPARE(m_mvres.run({text("check")}).status, 20); // and a server that is mended helps
+}
+
+/// Everything was withdrawn: that is a catalogue, too, and every command works.
+void TestMvresCheck::emptyCatalogue()
+{
+    const QByteArray nothing = "<Resource/>";
+    serve({{versionTarget, Routes::body(version("1.0.2", md5(nothing), md5(nothing)))},
+           {displayTarget, Routes::body(nothing)},
+           {configTarget, Routes::body(nothing)}});
+    QCOMPARE(m_mvres.run({text("check")}).status, 20);
+    const Outcome list = m_mvres.run({text("list")});
+    QCOMPARE(list.status, 0);
+    QVERIFY2(list.err.startsWith("mvres: the catalogue is empty: "), list.err.constData());
+    const Outcome show = m_mvres.run({text("show"), CatalogueFiles::guid(1)});
+    QCOMPARE(show.status, 1);
+    QVERIFY(show.err.contains("unknown GUID"));
+    QCOMPARE(m_mvres.run({text("paths")}).status, 0);
+    QCOMPARE(m_mvres.run({text("check")}).status, 0);
+}
+
+/// A catalogue that no client can read does not replace the present one, whatever its sums say.
+void TestMvresCheck::unreadableCatalogueIsRefused()
+{
+    const QByteArray page = "<p>Welcome<br></p>";
+    serve({{versionTarget, Routes::body(version("1.0.2", md5(page), md5(page)))},
+           {displayTarget, Routes::body(page)},
+           {configTarget, Routes::body(page)}});
+    const Outcome outcome = m_mvres.run({text("check")});
+    QCOMPARE(outcome.status, 24);
+    QVERIFY2(outcome.err.contains("is not a catalogue: malformed"), outcome.err.constData());
+    const Outcome list = m_mvres.run({text("list")});
+    QCOMPARE(list.status, 0);
+    QVERIFY(list.out.contains(CatalogueFiles::guid(1).toLatin1()));
 }
 
 void TestMvresCheck::secondCheckIsCurrent()

@@ -36,7 +36,7 @@ private slots:
 
     void endsWith_data();
     void endsWith();
-    void serverThatIsDownIsANetworkFailure();
+    void serverThatIsDownCannotBeReached();
     void goesOnAfterAFailure_data();
     void goesOnAfterAFailure();
     void fetchesWhatIsMissingTheNextTime();
@@ -102,29 +102,34 @@ void TestMvresFetchFailures::endsWith_data()
     QTest::addColumn<QString>("message");
     QTest::addColumn<QStringList>("missing");
     QTest::addColumn<QStringList>("left"); // what lies in the download tree
-    const QString network = text("network failure");
-    const QString path = text("no usable address or path");
-    const QString element = text("not every file could be fetched");
-    const QString other = text("its config file could not be fetched");
+    QTest::addColumn<QString>("details");  // a part of them
+    const QString lost = text("the connection to the server was lost");
+    const QString address = text("the file has no usable address");
+    const QString notThere = text("the file is not on the server");
+    const QString error = text("the server reports an error");
 
     QTest::newRow("no such config file")
-        << int(NoConfig) << 13 << other << QStringList{text("Themes/none.xml")} << QStringList();
+        << int(NoConfig) << 36 << notThere << QStringList{text("Themes/none.xml")} << QStringList()
+        << text("HTTP status 404");
     QTest::newRow("config file refused")
-        << int(Broken) << 13 << other << QStringList{text("Themes/error.xml")} << QStringList();
+        << int(Broken) << 37 << error << QStringList{text("Themes/error.xml")} << QStringList()
+        << text("HTTP status 403");
     QTest::newRow("connection reset")
-        << int(Reset) << 10 << network << QStringList{text("Themes/reset.xml")} << QStringList();
+        << int(Reset) << 35 << lost << QStringList{text("Themes/reset.xml")} << QStringList()
+        << text("reset");
     QTest::newRow("config file outside the root")
-        << int(Outside) << 11 << path << QStringList{text("../../../../../../outside.xml")}
-        << QStringList();
+        << int(Outside) << 38 << address << QStringList{text("../../../../../../outside.xml")}
+        << QStringList() << text("no place below the download root");
     QTest::newRow("no such resource")
-        << int(NoArchive) << 12 << element << QStringList{text("Themes/none.zip")}
-        << QStringList{text("Themes/noarchive.xml"), text("Themes/some.zip")};
+        << int(NoArchive) << 36 << notThere << QStringList{text("Themes/none.zip")}
+        << QStringList{text("Themes/noarchive.xml"), text("Themes/some.zip")}
+        << text("Themes/none.zip: HTTP status 404");
     QTest::newRow("no such resource of a dependency")
-        << int(NoDependency) << 12 << element << QStringList{text("VideoFilters/none.zip")}
-        << QStringList{text("Themes/nodependency.xml")};
+        << int(NoDependency) << 36 << notThere << QStringList{text("VideoFilters/none.zip")}
+        << QStringList{text("Themes/nodependency.xml")} << text("HTTP status 404");
     QTest::newRow("resource breaks off")
-        << int(HalfArchive) << 12 << element << QStringList{text("Themes/half.zip")}
-        << QStringList{text("Themes/half.xml")};
+        << int(HalfArchive) << 35 << lost << QStringList{text("Themes/half.zip")}
+        << QStringList{text("Themes/half.xml")} << text("bytes received");
 }
 
 void TestMvresFetchFailures::endsWith()
@@ -134,12 +139,17 @@ void TestMvresFetchFailures::endsWith()
     QFETCH(QString, message);
     QFETCH(QStringList, missing);
     QFETCH(QStringList, left);
+    QFETCH(QString, details);
 
     const Outcome outcome = m_mvres.run(fetch({theme}));
-    QString expected = text("mvres: %1: %2\n").arg(CatalogueFiles::guid(theme), message);
-    for (const QString& file : missing)
-        expected += text("mvres: missing: %1\n").arg(m_server->url(text("/config/") + file));
-    QCOMPARE(QString::fromUtf8(outcome.err), expected);
+    const QStringList lines = QString::fromUtf8(outcome.err).split(QLatin1Char('\n'));
+    QCOMPARE(lines.size(), 2 + missing.size() + 1);
+    QCOMPARE(lines.at(0), text("mvres: %1: %2").arg(CatalogueFiles::guid(theme), message));
+    QVERIFY2(lines.at(1).contains(details), qPrintable(lines.at(1)));
+    for (int i = 0; i < missing.size(); ++i) {
+        QCOMPARE(lines.at(2 + i),
+                 text("mvres: missing: %1").arg(m_server->url(text("/config/") + missing.at(i))));
+    }
     QCOMPARE(outcome.status, status);
     QVERIFY2(outcome.lines().constLast().contains(message), outcome.out.constData());
 
@@ -148,14 +158,15 @@ void TestMvresFetchFailures::endsWith()
     QCOMPARE(m_mvres.downloaded(), left);
 }
 
-void TestMvresFetchFailures::serverThatIsDownIsANetworkFailure()
+void TestMvresFetchFailures::serverThatIsDownCannotBeReached()
 {
     const QString server = text("http://127.0.0.1:%1/").arg(FaultServer::refusingPort());
     const Outcome outcome = m_mvres.run(fetch({Good}, {text("--server"), server}));
-    QCOMPARE(QString::fromUtf8(outcome.err),
-             text("mvres: %1: network failure\nmvres: missing: %2config/Themes/good.xml\n")
-                 .arg(CatalogueFiles::guid(Good), server));
-    QCOMPARE(outcome.status, 10);
+    const QStringList lines = QString::fromUtf8(outcome.err).split(QLatin1Char('\n'));
+    QCOMPARE(lines.at(0),
+             text("mvres: %1: the server cannot be reached").arg(CatalogueFiles::guid(Good)));
+    QCOMPARE(lines.at(2), text("mvres: missing: %1config/Themes/good.xml").arg(server));
+    QCOMPARE(outcome.status, 34);
     QCOMPARE(m_mvres.downloaded(), QStringList());
 }
 
@@ -163,10 +174,10 @@ void TestMvresFetchFailures::goesOnAfterAFailure_data()
 {
     QTest::addColumn<QVector<int>>("themes");
     QTest::addColumn<int>("status");
-    QTest::newRow("first one fails") << QVector<int>{NoConfig, Good} << 13;
-    QTest::newRow("last one fails") << QVector<int>{Good, NoConfig} << 13;
-    QTest::newRow("network, then another") << QVector<int>{Reset, Good, NoConfig} << 10;
-    QTest::newRow("another, then network") << QVector<int>{NoConfig, Good, Reset} << 13;
+    QTest::newRow("first one fails") << QVector<int>{NoConfig, Good} << 36;
+    QTest::newRow("last one fails") << QVector<int>{Good, NoConfig} << 36;
+    QTest::newRow("network, then another") << QVector<int>{Reset, Good, NoConfig} << 35;
+    QTest::newRow("another, then network") << QVector<int>{NoConfig, Good, Reset} << 36;
 }
 
 void TestMvresFetchFailures::goesOnAfterAFailure()
@@ -176,12 +187,12 @@ void TestMvresFetchFailures::goesOnAfterAFailure()
     const Outcome outcome = m_mvres.run(fetch(themes));
     QCOMPARE(outcome.status, status); // of the first failure
     QVERIFY(outcome.out.contains(guid(Good) + " Good: complete"));
-    QVERIFY(outcome.err.contains(guid(NoConfig) + ": its config file"));
+    QVERIFY(outcome.err.contains(guid(NoConfig) + ": the file is not on the server"));
 }
 
 void TestMvresFetchFailures::fetchesWhatIsMissingTheNextTime()
 {
-    QCOMPARE(m_mvres.run(fetch({NoArchive})).status, 12);
+    QCOMPARE(m_mvres.run(fetch({NoArchive})).status, 36);
     FaultServer repaired(Routes::by({{"/config/Themes/none.zip", Routes::body("there")}}));
     const Outcome outcome =
         m_mvres.run(fetch({NoArchive}, {text("--server"), repaired.url(QString())}));
@@ -193,17 +204,23 @@ void TestMvresFetchFailures::fetchesWhatIsMissingTheNextTime()
 void TestMvresFetchFailures::jsonTellsTheResult()
 {
     const Outcome outcome = m_mvres.run(fetch({NoConfig, Good, Reset}, {text("--json")}));
-    QCOMPARE(outcome.status, 13);
+    QCOMPARE(outcome.status, 36);
     const QJsonArray items = QJsonDocument::fromJson(outcome.out).array();
     QCOMPARE(items.size(), 3);
     QCOMPARE(items.at(0)[text("result")].toInt(-1), 3);
-    QCOMPARE(items.at(0)[text("resultText")].toString(),
-             text("its config file could not be fetched"));
+    QCOMPARE(items.at(0)[text("resultText")].toString(), text("the file is not on the server"));
+    const QJsonObject error = items.at(0)[text("error")].toObject();
+    QCOMPARE(error[text("cause")].toString(), text("notOnServer"));
+    QCOMPARE(error[text("url")].toString(), m_server->url(text("/config/Themes/none.xml")));
+    QVERIFY(error[text("file")].toString().startsWith(m_mvres.root()));
+    QVERIFY(error[text("details")].toString().contains(text("HTTP status 404")));
+    QVERIFY(items.at(1)[text("error")].isUndefined());
     QCOMPARE(items.at(0)[text("ready")], QJsonValue(false));
     QCOMPARE(items.at(0)[text("missing")].toInt(), 1);
     QCOMPARE(items.at(1)[text("result")].toInt(-1), 5);
     QCOMPARE(items.at(2)[text("result")].toInt(-1), 0);
-    QCOMPARE(items.at(2)[text("resultText")].toString(), text("network failure"));
+    QCOMPARE(items.at(2)[text("resultText")].toString(),
+             text("the connection to the server was lost"));
 }
 
 MV_TEST_MAIN(TestMvresFetchFailures)

@@ -176,12 +176,13 @@ void TestMvresList::withoutCatalogueItNamesBothFiles()
     const Mvres mvres;
     const Outcome outcome = mvres.run(list());
     QCOMPARE(QString::fromUtf8(outcome.err),
-             QStringLiteral("mvres: no catalogue: neither "
+             QStringLiteral("mvres: the catalogue is empty: neither "
                             "%1/Themes/ResourceConfig/resource_config.xml nor "
                             "%2/Resource/ResourceConfig/resource_config.xml has items\n")
                  .arg(mvres.root(), mvres.installed()));
     QCOMPARE(outcome.out, QByteArray());
-    QCOMPARE(outcome.status, 1);
+    QCOMPARE(outcome.status, 0);
+    QCOMPARE(mvres.run(list({QStringLiteral("--json")})).out, QByteArray("[\n]\n"));
 }
 
 void TestMvresList::dependenciesCountWithHasMV_data()

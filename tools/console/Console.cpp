@@ -2,8 +2,15 @@
 
 #include <QCoreApplication>
 #include <QJsonDocument>
+#include <QJsonObject>
 
 #include <cstdio>
+
+namespace {
+
+bool failuresAsJson = false;
+
+} // namespace
 
 namespace Console {
 
@@ -28,10 +35,24 @@ void print(const QJsonDocument& document)
     std::fflush(stdout);
 }
 
-int fail(int status, const QString& text)
+void note(const QString& text)
 {
     std::fprintf(stderr, "%s: %s\n", QCoreApplication::applicationName().toLocal8Bit().constData(),
                  oneLine(text).toLocal8Bit().constData());
+}
+
+void reportFailuresAsJson()
+{
+    failuresAsJson = true;
+}
+
+int fail(int status, const QString& text)
+{
+    note(text);
+    if (failuresAsJson) {
+        const QJsonObject error{{QStringLiteral("status"), status}, {QStringLiteral("text"), text}};
+        print(QJsonDocument(QJsonObject{{QStringLiteral("error"), error}}));
+    }
     return status;
 }
 
@@ -39,7 +60,8 @@ int finished(int status, int failure)
 {
     if ((std::fflush(stdout) == 0 && std::ferror(stdout) == 0) || status != 0)
         return status;
-    return fail(failure, QStringLiteral("standard output cannot be written"));
+    note(QStringLiteral("standard output cannot be written"));
+    return failure;
 }
 
 QString counted(qint64 number, const QString& noun)

@@ -15,7 +15,15 @@ QString oneLine(QString text);
 void print(const QString& line);
 void print(const QJsonDocument& document);
 
-/// "PROGRAM: TEXT" on standard error; returns `status`, for use in return statements.
+/// "PROGRAM: TEXT" on standard error.
+void note(const QString& text);
+
+/// From now on fail() also prints a JSON document, for programs that read standard output:
+/// {"error": {"status": N, "text": "..."}}.
+void reportFailuresAsJson();
+
+/// Ends a command that could not do its work: note(), with reportFailuresAsJson() the document
+/// too. Returns `status`, for use in return statements.
 int fail(int status, const QString& text);
 
 /// The exit status at the end: `status`, or instead of 0 `failure` if the output could not be

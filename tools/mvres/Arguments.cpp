@@ -22,11 +22,15 @@ Commands:
                         tree DIR (its last component is "Resource") into DIR/config_local
   paths                 folders and addresses in use
 
-Exit status: 0 success; 1 failure; 2 bad arguments; fetch: 10 network failure,
-11 no usable path, 12 at least one file failed, 13 other failure, 14 cancelled;
+Exit status: 0 success; 1 failure; 2 bad arguments.
+fetch, by the cause of the first failure: 14 cancelled, 31 the disk is full, 32 no permission
+to write, 33 a local file cannot be written, 34 the server cannot be reached, 35 the connection
+was lost, 36 a file is not on the server, 37 the server reports an error, 38 no usable address,
+39 a file is too large, 40 a file is damaged.
 check: 0 the catalogue is current, 20 it has changed and was fetched, 21 the server's
 needs a newer application, 22 the server's is older, 23 the server could not be reached,
-24 the server's was rejected, 25 cancelled.)";
+24 the server's was rejected, 25 cancelled, 26 the new one could not be stored; where the
+catalogue itself is in order: 27 previews could not be fetched.)";
 
 struct Command
 {
@@ -65,7 +69,7 @@ bool Arguments::parse(const QCoreApplication& application)
                                          QStringLiteral("product parameter; can be repeated"),
                                          QStringLiteral("KEY=VALUE"));
     const QCommandLineOption jsonOption(QStringLiteral("json"),
-                                        QStringLiteral("print one JSON document"));
+                                        QStringLiteral("print one JSON document, on failure too"));
     const QCommandLineOption verboseOption(
         QStringLiteral("verbose"), QStringLiteral("write the library's log to standard error"));
     const QCommandLineOption offOption(QStringLiteral("off"),

@@ -1,19 +1,18 @@
 #include "CheckCommand.h"
 
 #include "Arguments.h"
+#include "Causes.h"
 #include "Console.h"
 #include "download/MVThemeDownLoader_CheckCfg.h"
 #include "ExitStatus.h"
 #include "host/TzProductInfo.h"
 #include "Interrupt.h"
 
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTimer>
 
 namespace {
-
-constexpr int cancelEveryMs = 100;
 
 using Coordinator = MVThemeDownLoader_CheckCfg;
 
@@ -34,6 +33,7 @@ const End& endOf(ECatalogueCheckEnd end)
         {"unreachable", "the server could not be reached", ExitStatus::unreachable},
         {"rejected", "rejected", ExitStatus::rejected},
         {"cancelled", "cancelled", ExitStatus::cancelled},
+        {"notStored", "not stored", ExitStatus::notStored},
     };
     return ends[end];
 }
@@ -68,25 +68,21 @@ void CheckCommand::check()
 {
     Coordinator* const coordinator = Coordinator::instance();
     Interrupt interrupt;
-    QTimer cancelling; // what has not begun yet forgets that it is cancelled
-    cancelling.setInterval(cancelEveryMs);
-    QObject::connect(&cancelling, &QTimer::timeout, &m_loop, [coordinator] {
-        coordinator->cancelCfgAndDisplayXML();
-        coordinator->cancelThumbAndGif();
-    });
     QObject::connect(&interrupt, &Interrupt::requested, &m_loop, [&] {
         m_interrupted = true;
         say(QStringLiteral("cancelling"));
         coordinator->cancelCfgAndDisplayXML();
         coordinator->cancelThumbAndGif();
-        cancelling.start();
     });
     QObject::connect(coordinator, &Coordinator::sig_startDownloadXML, &m_loop,
                      [this] { say(QStringLiteral("checking the catalogue at %1").arg(server())); });
     QObject::connect(coordinator, &Coordinator::sig_NeedUpdateApp, &m_loop,
                      [this] { say(QStringLiteral("the application has to be updated")); });
-    QObject::connect(coordinator, &Coordinator::sig_startDownloadThumbAndGif, &m_loop,
-                     [this] { say(QStringLiteral("fetching previews")); });
+    QObject::connect(coordinator, &Coordinator::sig_startDownloadThumbAndGif, &m_loop, [this] {
+        say(QStringLiteral("fetching previews"));
+        if (m_interrupted) // while the check went on
+            Coordinator::instance()->cancelThumbAndGif();
+    });
     Coordinator::setCatalogueCheckCallback(
         [this](const SCatalogueCheckResult& result) { onCatalogueChecked(result); });
     Coordinator::setPreviewRunCallback(
@@ -127,24 +123,94 @@ void CheckCommand::endIfTold()
         m_loop.quit();
 }
 
+bool CheckCommand::havePreviewsFailed() const
+{
+    return m_previews.m_eEnd == ePreviewRun_NoCatalogue || m_previews.m_nFailed > 0;
+}
+
+int CheckCommand::status() const
+{
+    if (m_interrupted)
+        return ExitStatus::cancelled;
+    const int catalogue = endOf(m_check.m_eEnd).status;
+    const bool inOrder = catalogue == ExitStatus::success || catalogue == ExitStatus::changed;
+    return inOrder && havePreviewsFailed() ? ExitStatus::previewsFailed : catalogue;
+}
+
+/// Why the exit status is one of failure; empty if it is not.
+QString CheckCommand::errorText() const
+{
+    switch (status()) {
+    case ExitStatus::success:
+    case ExitStatus::changed:
+        return {};
+    case ExitStatus::cancelled:
+        return QStringLiteral("cancelled");
+    case ExitStatus::previewsFailed:
+        return m_previews.m_eEnd == ePreviewRun_NoCatalogue
+            ? m_previews.m_qsReason
+            : QStringLiteral("%1 could not be fetched")
+                  .arg(Console::counted(m_previews.m_nFailed, QStringLiteral("preview")));
+    default:
+        return m_check.m_qsReason.isEmpty() ? QString::fromLatin1(endOf(m_check.m_eEnd).text)
+                                            : m_check.m_qsReason;
+    }
+}
+
 int CheckCommand::report() const
 {
-    const End& end = endOf(m_check.m_eEnd);
-    const int status = m_interrupted ? ExitStatus::cancelled : end.status;
-    if (m_json) {
-        const QJsonObject previews{{QStringLiteral("fetched"), m_previews.m_nFetched},
-                                   {QStringLiteral("present"), m_previews.m_nPresent},
-                                   {QStringLiteral("failed"), m_previews.m_nFailed}};
-        Console::print(
-            QJsonDocument(QJsonObject{{QStringLiteral("catalogue"), QString::fromLatin1(end.word)},
-                                      {QStringLiteral("reason"), m_check.m_qsReason},
-                                      {QStringLiteral("previews"), previews}}));
-        return status;
+    if (m_json)
+        Console::print(QJsonDocument(toJson()));
+    else
+        print();
+    for (const QString& reason : {m_check.m_qsReason, m_previews.m_qsReason}) {
+        if (!reason.isEmpty())
+            Console::note(reason);
     }
-    say(QStringLiteral("catalogue: %1").arg(QString::fromLatin1(end.text)));
+    for (const STransferFailure& failure : m_previews.m_vecFailures)
+        Console::note(
+            QStringLiteral("preview: %1: %2").arg(failure.causeText(), failure.m_qsDetails));
+    const int untold = m_previews.m_nFailed - m_previews.m_vecFailures.size();
+    if (untold > 0 && !m_interrupted)
+        Console::note(QStringLiteral("and %1 more").arg(untold));
+    return status();
+}
+
+void CheckCommand::print() const
+{
+    say(QStringLiteral("catalogue: %1").arg(QString::fromLatin1(endOf(m_check.m_eEnd).text)));
+    if (m_previews.m_eEnd == ePreviewRun_NoCatalogue) {
+        say(QStringLiteral("previews: there is no catalogue to fetch them for"));
+        return;
+    }
     say(QStringLiteral("previews: %1 fetched, %2 present, %3 failed")
             .arg(m_previews.m_nFetched)
             .arg(m_previews.m_nPresent)
             .arg(m_previews.m_nFailed));
-    return m_check.m_qsReason.isEmpty() ? status : Console::fail(status, m_check.m_qsReason);
+}
+
+QJsonObject CheckCommand::toJson() const
+{
+    static const char* const previewEnds[] = {"complete", "noCatalogue", "cancelled"};
+    QJsonArray failures;
+    for (const STransferFailure& failure : m_previews.m_vecFailures)
+        failures.append(Causes::toJson(failure));
+    const QJsonObject previews{
+        {QStringLiteral("end"), QString::fromLatin1(previewEnds[m_previews.m_eEnd])},
+        {QStringLiteral("fetched"), m_previews.m_nFetched},
+        {QStringLiteral("present"), m_previews.m_nPresent},
+        {QStringLiteral("failed"), m_previews.m_nFailed},
+        {QStringLiteral("failures"), failures}};
+    QJsonObject object{
+        {QStringLiteral("catalogue"), QString::fromLatin1(endOf(m_check.m_eEnd).word)},
+        {QStringLiteral("cause"), Causes::word(m_check.m_eCause)},
+        {QStringLiteral("reason"), m_check.m_qsReason},
+        {QStringLiteral("previews"), previews}};
+    const QString error = errorText();
+    if (!error.isEmpty()) {
+        object.insert(
+            QStringLiteral("error"),
+            QJsonObject{{QStringLiteral("status"), status()}, {QStringLiteral("text"), error}});
+    }
+    return object;
 }

@@ -4,13 +4,15 @@
 #include "download/SPreviewRunResult.h"
 
 #include <QEventLoop>
+#include <QJsonObject>
 
 class Arguments;
 
 /// mvres check [--wait]
 ///
 /// Checks the server's catalogue and fetches what is missing of it and of the previews. The exit
-/// status tells how the catalogue's check ended; previews that fail do not change it.
+/// status tells how the catalogue's check ended and, where that is in order, whether previews could
+/// not be fetched.
 class CheckCommand
 {
 public:
@@ -24,7 +26,12 @@ private:
     void onCatalogueChecked(const SCatalogueCheckResult& result);
     void onPreviewsFetched(const SPreviewRunResult& result);
     void endIfTold();
+    bool havePreviewsFailed() const;
+    int status() const;
+    QString errorText() const;
     int report() const;
+    void print() const;
+    QJsonObject toJson() const;
 
     bool m_json;
     bool m_interrupted = false;

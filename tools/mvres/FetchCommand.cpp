@@ -1,6 +1,7 @@
 #include "FetchCommand.h"
 
 #include "Arguments.h"
+#include "Causes.h"
 #include "Console.h"
 #include "download/MVThemeDownLoader.h"
 #include "ExitStatus.h"
@@ -19,23 +20,28 @@
 
 namespace {
 
-const char* textOf(EMVThemeDownLoadError result)
+QString textOf(const SItemDownloadResult& result)
 {
-    switch (result) {
-    case eDownLoadError_Internet:
-        return "network failure";
-    case eDownLoadError_Path:
-        return "no usable address or path";
-    case eDownLoadError_Element:
-        return "not every file could be fetched";
-    case eDownLoadError_Unknown:
-        return "its config file could not be fetched";
-    case eDownLoadError_Cancel:
-        return "cancelled";
-    case eDownLoadError_None:
+    switch (result.m_eEnd) {
+    case eItemDownload_Complete:
+        return QStringLiteral("complete");
+    case eItemDownload_Cancelled:
+        return QStringLiteral("cancelled");
+    case eItemDownload_Failed:
         break;
     }
-    return "complete";
+    return result.m_failure.isFailure() ? result.m_failure.causeText()
+                                        : QStringLiteral("not every file could be fetched");
+}
+
+int statusOf(const SItemDownloadResult& result)
+{
+    if (result.m_eEnd == eItemDownload_Complete)
+        return ExitStatus::success;
+    if (result.m_eEnd == eItemDownload_Cancelled)
+        return ExitStatus::download + eDownLoadError_Cancel;
+    return result.m_failure.isFailure() ? ExitStatus::cause + result.m_failure.m_eCause
+                                        : ExitStatus::download + result.m_eError;
 }
 
 } // namespace
@@ -66,44 +72,39 @@ int FetchCommand::run(const Arguments& arguments)
                                             "url_themeRootDir in the settings"));
     }
     FetchCommand command(arguments.json);
-    EMVThemeDownLoadError first = eDownLoadError_None;
+    int status = ExitStatus::success;
     for (SCfg_Item* item : items) {
-        const EMVThemeDownLoadError result = command.fetch(*item);
-        if (first == eDownLoadError_None)
-            first = result;
+        const SItemDownloadResult result = command.fetch(*item);
+        if (status == ExitStatus::success)
+            status = statusOf(result);
         if (command.m_interrupted)
             break;
     }
     if (arguments.json)
         Console::print(QJsonDocument(command.m_results));
-    return first == eDownLoadError_None ? ExitStatus::success : ExitStatus::download + first;
+    return status;
 }
 
-EMVThemeDownLoadError FetchCommand::fetch(SCfg_Item& item)
+SItemDownloadResult FetchCommand::fetch(SCfg_Item& item)
 {
-    const EMVThemeDownLoadError result =
-        Items::missingFiles(item) == 0 ? eDownLoadError_None : download(item);
+    const SItemDownloadResult result =
+        Items::missingFiles(item) == 0 ? SItemDownloadResult() : download(item);
     report(item, result);
     return result;
 }
 
-EMVThemeDownLoadError FetchCommand::download(SCfg_Item& item)
+SItemDownloadResult FetchCommand::download(SCfg_Item& item)
 {
     const QString name = Items::nameOf(item);
     ProgressDisplay display(name.isEmpty() ? item.m_qsGUID : name,
                             m_json ? ProgressDisplay::Style::None
                                    : ProgressDisplay::Style::Automatic);
-    EMVThemeDownLoadError result = eDownLoadError_Cancel;
     QEventLoop loop;
     MVThemeDownLoader loader(nullptr);
     Interrupt interrupt;
     QObject::connect(&loader, &MVThemeDownLoader::progress, &loop,
                      [&](double percent) { display.update(percent, loader.downloadedFile()); });
-    QObject::connect(&loader, &MVThemeDownLoader::sigDownloadFinish, &loop,
-                     [&](EMVThemeDownLoadError end) {
-                         result = end;
-                         loop.quit();
-                     });
+    QObject::connect(&loader, &MVThemeDownLoader::sigDownloadFinish, &loop, &QEventLoop::quit);
     QObject::connect(&interrupt, &Interrupt::requested, &loop, [&] {
         m_interrupted = true;
         loader.cancel();
@@ -111,38 +112,53 @@ EMVThemeDownLoadError FetchCommand::download(SCfg_Item& item)
     loader.download(&item);
     loop.exec();
     display.finish();
-    // A download that is cancelled in its last file reports that file.
-    return m_interrupted && result != eDownLoadError_None ? eDownLoadError_Cancel : result;
+    return loader.outcome();
 }
 
-void FetchCommand::report(SCfg_Item& item, EMVThemeDownLoadError result)
+void FetchCommand::report(SCfg_Item& item, const SItemDownloadResult& result)
 {
     const ItemFiles files(item);
-    if (m_json) {
-        QJsonObject object = Items::toJson(item);
-        object.insert(QStringLiteral("result"), static_cast<int>(result));
-        object.insert(QStringLiteral("resultText"), QString::fromLatin1(textOf(result)));
-        object.insert(QStringLiteral("files"), files.toJson());
-        m_results.append(object);
-    } else {
-        for (const ItemFiles::Entry& entry : files.entries()) {
-            if (entry.present)
-                Console::print(
-                    QStringLiteral("%1  %2").arg(Console::size(entry.size), 12).arg(entry.path));
-        }
-        Console::print(QStringLiteral("%1 %2: %3, %4, %5")
-                           .arg(item.m_qsGUID, Items::nameOf(item),
-                                QString::fromLatin1(textOf(result)),
-                                Console::counted(files.entries().size() - files.missing(),
-                                                 QStringLiteral("file")),
-                                Console::size(files.totalSize())));
-    }
-    if (result == eDownLoadError_None)
+    if (m_json)
+        appendJson(item, files, result);
+    else
+        printFiles(item, files, result);
+    if (result.m_eEnd == eItemDownload_Complete)
         return;
-    Console::fail(0,
-                  QStringLiteral("%1: %2").arg(item.m_qsGUID, QString::fromLatin1(textOf(result))));
+    Console::note(QStringLiteral("%1: %2").arg(item.m_qsGUID, textOf(result)));
+    if (result.m_failure.isFailure())
+        Console::note(result.m_failure.m_qsDetails);
     for (const ItemFiles::Entry& entry : files.entries()) {
         if (!entry.present)
-            Console::fail(0, QStringLiteral("missing: %1").arg(entry.url));
+            Console::note(QStringLiteral("missing: %1").arg(entry.url));
     }
+}
+
+void FetchCommand::appendJson(SCfg_Item& item, const ItemFiles& files,
+                              const SItemDownloadResult& result)
+{
+    QJsonObject object = Items::toJson(item);
+    // A download that is cancelled in its last file ends with that file's code.
+    const bool isCancelled = result.m_eEnd == eItemDownload_Cancelled;
+    object.insert(QStringLiteral("result"),
+                  static_cast<int>(isCancelled ? eDownLoadError_Cancel : result.m_eError));
+    object.insert(QStringLiteral("resultText"), textOf(result));
+    if (result.m_failure.isFailure())
+        object.insert(QStringLiteral("error"), Causes::toJson(result.m_failure));
+    object.insert(QStringLiteral("files"), files.toJson());
+    m_results.append(object);
+}
+
+void FetchCommand::printFiles(const SCfg_Item& item, const ItemFiles& files,
+                              const SItemDownloadResult& result)
+{
+    for (const ItemFiles::Entry& entry : files.entries()) {
+        if (entry.present)
+            Console::print(
+                QStringLiteral("%1  %2").arg(Console::size(entry.size), 12).arg(entry.path));
+    }
+    Console::print(
+        QStringLiteral("%1 %2: %3, %4, %5")
+            .arg(item.m_qsGUID, Items::nameOf(item), textOf(result),
+                 Console::counted(files.entries().size() - files.missing(), QStringLiteral("file")),
+                 Console::size(files.totalSize())));
 }

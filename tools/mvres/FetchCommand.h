@@ -1,16 +1,17 @@
 #pragma once
 
-#include "download/EMVThemeDownLoadError.h"
+#include "download/SItemDownloadResult.h"
 
 #include <QJsonArray>
 
 class Arguments;
+class ItemFiles;
 struct SCfg_Item;
 
 /// mvres fetch GUID...
 ///
 /// Fetches the items one after another; after one that fails the others are still tried, after an
-/// interrupt they are not. The exit status is that of the first failure.
+/// interrupt they are not. The exit status names the cause of the first failure.
 class FetchCommand
 {
 public:
@@ -19,9 +20,12 @@ public:
 private:
     explicit FetchCommand(bool json);
 
-    EMVThemeDownLoadError fetch(SCfg_Item& item);
-    EMVThemeDownLoadError download(SCfg_Item& item);
-    void report(SCfg_Item& item, EMVThemeDownLoadError result);
+    SItemDownloadResult fetch(SCfg_Item& item);
+    SItemDownloadResult download(SCfg_Item& item);
+    void report(SCfg_Item& item, const SItemDownloadResult& result);
+    void appendJson(SCfg_Item& item, const ItemFiles& files, const SItemDownloadResult& result);
+    static void printFiles(const SCfg_Item& item, const ItemFiles& files,
+                           const SItemDownloadResult& result);
 
     bool m_json;
     bool m_interrupted = false;

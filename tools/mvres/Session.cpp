@@ -25,7 +25,10 @@ void dropLog(const QByteArray&, int, const QByteArray&) { }
 bool Session::open(const Arguments& arguments)
 {
     setLogSink(arguments.verbose ? &writeLog : &dropLog);
-    return applySettings(arguments) && checkFolders(arguments) && loadCatalogue();
+    if (!applySettings(arguments) || !checkFolders(arguments))
+        return false;
+    loadCatalogue();
+    return true;
 }
 
 bool Session::applySettings(const Arguments& arguments)
@@ -62,22 +65,22 @@ bool Session::checkFolders(const Arguments& arguments)
     return true;
 }
 
-bool Session::loadCatalogue()
+void Session::loadCatalogue()
 {
     MVThemeMgr* const manager = MVThemeMgr::init();
     manager->setResourceSaveRootPath(m_root);
     manager->load(false);
     const MVThemeMgr::SResourceXML& catalogue = manager->getCfgXML();
-    const bool empty = catalogue.vecFilter.isEmpty() && catalogue.vecTransition.isEmpty()
+    const bool isEmpty = catalogue.vecFilter.isEmpty() && catalogue.vecTransition.isEmpty()
         && catalogue.vecMotion.isEmpty() && catalogue.vecTheme.isEmpty()
         && catalogue.vecBgMaterial.isEmpty();
-    if (!empty)
-        return true;
-    return fail(QStringLiteral("no catalogue: neither %1 nor %2 has items")
-                    .arg(manager->Path_resource_xml(MVThemeMgr::eLoadDir_Download,
-                                                    MVThemeMgr::eDirTag_Config),
-                         manager->Path_resource_xml(MVThemeMgr::eLoadDir_Local,
-                                                    MVThemeMgr::eDirTag_Config)));
+    if (!isEmpty)
+        return;
+    m_emptyText = QStringLiteral("the catalogue is empty: neither %1 nor %2 has items")
+                      .arg(manager->Path_resource_xml(MVThemeMgr::eLoadDir_Download,
+                                                      MVThemeMgr::eDirTag_Config),
+                           manager->Path_resource_xml(MVThemeMgr::eLoadDir_Local,
+                                                      MVThemeMgr::eDirTag_Config));
 }
 
 bool Session::fail(const QString& text)

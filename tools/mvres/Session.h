@@ -4,7 +4,8 @@
 
 class Arguments;
 
-/// Makes mvres a host: settings, product parameters, download root, and the loaded catalogue.
+/// Makes mvres a host: settings, product parameters, download root, and the loaded catalogue, which
+/// may be empty.
 class Session
 {
 public:
@@ -14,13 +15,16 @@ public:
 
     /// The download root in use.
     QString root() const { return m_root; }
+    /// Why the catalogue has no items, for people; empty if it has.
+    QString emptyText() const { return m_emptyText; }
 
 private:
     bool applySettings(const Arguments& arguments);
     bool checkFolders(const Arguments& arguments);
-    bool loadCatalogue();
+    void loadCatalogue();
     bool fail(const QString& text);
 
     QString m_root;
+    QString m_emptyText;
     QString m_error;
 };

@@ -41,11 +41,15 @@ int main(int argc, char** argv)
     QCoreApplication::setApplicationName(QStringLiteral("mvres"));
     QCoreApplication::setApplicationVersion(QStringLiteral(MV_VERSION));
 
+    if (QCoreApplication::arguments().contains(QStringLiteral("--json")))
+        Console::reportFailuresAsJson(); // also where the other arguments cannot be understood
     Arguments arguments;
     if (!arguments.parse(application))
         return Console::fail(ExitStatus::usage, arguments.errorText());
     Session session;
     if (!session.open(arguments))
         return Console::fail(ExitStatus::failure, session.errorText());
+    if (!session.emptyText().isEmpty() && arguments.command != QLatin1String("check"))
+        Console::note(session.emptyText());
     return Console::finished(dispatch(arguments, session), ExitStatus::failure);
 }
