@@ -6,6 +6,7 @@
 #include "CheckStatus.h"
 #include "DetailsPanel.h"
 #include "FailureBox.h"
+#include "host/LogL.h"
 #include "HostSignals.h"
 #include "Preferences.h"
 #include "ResourceList.h"
@@ -186,6 +187,8 @@ void MainWindow::changeEvent(QEvent* event)
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
+    LogL("mveditor", 2, "the window closes, %s",
+         event->spontaneous() ? "asked to by the window system" : "by a command of its own");
     m_preferences.setGeometry(saveGeometry());
     m_preferences.setSplitter(m_splitter->saveState());
     disconnect(&m_check, nullptr, this, nullptr);

@@ -13,6 +13,7 @@
 #include <QApplication>
 #include <QStyleFactory>
 
+#include <csignal>
 #include <cstdio>
 
 namespace {
@@ -85,6 +86,8 @@ int run(int& argc, char** argv, const CommandLine& commandLine, Startup& startup
 
 int main(int argc, char** argv)
 {
+    // Whoever reads its output may end first, which must not end a window.
+    std::signal(SIGPIPE, SIG_IGN);
     QCoreApplication::setApplicationName(QStringLiteral("mveditor"));
     QCoreApplication::setApplicationVersion(QStringLiteral(MV_VERSION));
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);

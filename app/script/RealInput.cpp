@@ -11,7 +11,6 @@
 
 namespace {
 
-constexpr unsigned leftButton = 1;
 constexpr unsigned wheelUp = 4;
 constexpr unsigned wheelDown = 5;
 
@@ -83,9 +82,9 @@ void RealInput::moveTo(const QPoint& point)
     XSync(d->display, False);
 }
 
-void RealInput::click()
+void RealInput::click(Button button)
 {
-    d->button(leftButton);
+    d->button(static_cast<unsigned>(button));
 }
 
 void RealInput::wheel(int steps)

@@ -10,6 +10,9 @@
 class RealInput
 {
 public:
+    /// The buttons of an X mouse, by their numbers.
+    enum class Button : unsigned { Left = 1, Middle = 2, Right = 3 };
+
     /// `display` is a name like ":7"; without one it is that of the environment.
     explicit RealInput(const QString& display = QString());
     ~RealInput();
@@ -19,7 +22,7 @@ public:
     bool isAvailable() const;
 
     void moveTo(const QPoint& point);
-    void click();
+    void click(Button button = Button::Left);
     /// Steps of the wheel; below 0 is down.
     void wheel(int steps);
     /// "Ctrl+F", "Tab", "Down", ... False for keys that the keyboard does not have.

@@ -139,10 +139,10 @@ bool ScriptConditions::holdsForWindow(const QString& what, const QString& value)
 bool ScriptConditions::holdsForCell(const QString& what, const QString& name)
 {
     static const QStringList known = {
-        QStringLiteral("applied"), QStringLiteral("downloading"), QStringLiteral("failed"),
-        QStringLiteral("ready"),   QStringLiteral("lacking"),     QStringLiteral("favourite"),
-        QStringLiteral("plain"),   QStringLiteral("playing"),     QStringLiteral("still"),
-        QStringLiteral("seen"),    QStringLiteral("unseen")};
+        QStringLiteral("applied"),   QStringLiteral("downloading"), QStringLiteral("failed"),
+        QStringLiteral("sound"),     QStringLiteral("ready"),       QStringLiteral("lacking"),
+        QStringLiteral("favourite"), QStringLiteral("plain"),       QStringLiteral("playing"),
+        QStringLiteral("still"),     QStringLiteral("seen"),        QStringLiteral("unseen")};
     if (!known.contains(what))
         return false;
     m_error = QStringLiteral("no cell of that name");
@@ -158,6 +158,8 @@ bool ScriptConditions::holdsForCell(const QString& what, const QString& name)
         return cell->isDownloading();
     if (what == QLatin1String("failed"))
         return showsError(*cell);
+    if (what == QLatin1String("sound"))
+        return !showsError(*cell);
     if (what == QLatin1String("ready"))
         return !lacksFiles(item);
     if (what == QLatin1String("lacking"))

@@ -90,7 +90,7 @@ void ScriptRun::tryStep()
 bool ScriptRun::done(const ScriptStep& step)
 {
     const QString first = step.words.value(0);
-    if (step.verb == QLatin1String("hover") || step.verb == QLatin1String("click"))
+    if (step.verb == QLatin1String("hover") || step.verb.endsWith(QLatin1String("click")))
         return pointed(step);
     if (step.verb == QLatin1String("reveal"))
         return revealed(first);
@@ -143,6 +143,10 @@ bool ScriptRun::pointed(const ScriptStep& step)
     m_input.moveTo(nativePoint(point));
     if (step.verb == QLatin1String("click"))
         m_input.click();
+    else if (step.verb == QLatin1String("rightclick"))
+        m_input.click(RealInput::Button::Right);
+    else if (step.verb == QLatin1String("middleclick"))
+        m_input.click(RealInput::Button::Middle);
     return true;
 }
 

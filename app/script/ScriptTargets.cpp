@@ -44,6 +44,8 @@ bool ScriptTargets::find(const QStringList& words, QPoint& global)
                           global);
     if (kind == QLatin1String("arrow"))
         return findInCell(name, {QStringLiteral("btnDownload")}, global);
+    if (kind == QLatin1String("ring"))
+        return findInCell(name, {QStringLiteral("lblIcon")}, global);
     if (kind == QLatin1String("more"))
         return findWidget(widget(QStringLiteral("btnMore")), kind, global);
     if (kind == QLatin1String("widget"))

@@ -57,6 +57,12 @@ Outcome Editor::outcome()
     return ConsoleProgram::end(m_process);
 }
 
+void Editor::closeOutput()
+{
+    m_process.closeReadChannel(QProcess::StandardOutput);
+    m_process.closeReadChannel(QProcess::StandardError);
+}
+
 void Editor::kill()
 {
     m_process.kill();

@@ -24,6 +24,8 @@ public:
     /// Starts a script; outcome() waits for its end.
     void start(const QString& script, bool online = true);
     Outcome outcome();
+    /// Nobody reads what it prints any more.
+    void closeOutput();
     /// Starts it with these options and no script, for `input()`.
     void startBare(const QStringList& options);
     /// Mouse and keyboard of its display.

@@ -93,13 +93,15 @@ void tst_editor_faults::aFailedDownloadIsTriedAgain()
         wait quiet
         click cell Alpha
         wait failed Alpha
+        wait text failureTitle "the server reports an error"
+        click widget failureDetails
         wait text failureText "%1"
         wait text failureText 500
         wait text failureText "%2"
         screenshot failed
         click widget failureRetry
         wait applied Alpha
-        wait gone failureText
+        wait gone failureTitle
     )")
                                             .arg(QString::fromLatin1(target), world.root())));
 }
@@ -138,7 +140,7 @@ void tst_editor_faults::tryingAgainFindsWhatAFilterHides()
         click widget failureRetry
         wait shown 3
         wait applied Alpha
-        wait gone failureText
+        wait gone failureTitle
     )")));
 }
 

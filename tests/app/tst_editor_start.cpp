@@ -60,7 +60,7 @@ void tst_editor_start::offlineWorksWithWhatIsThere()
     EditorWorld world;
     world.fillRoot({QStringLiteral("Alpha"), QStringLiteral("Beta")});
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
-        wait status "Offline: catalogue of "
+        wait status "Offline: the server cannot be reached; catalogue of "
         wait shown 3
         hover cell Alpha
         wait playing Alpha
@@ -87,14 +87,17 @@ void tst_editor_start::offlineSaysWhyADownloadFails()
     EditorWorld world;
     world.install({QStringLiteral("Alpha")});
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
-        wait status "Offline: catalogue of "
+        wait status "Offline: the server cannot be reached; catalogue of "
         click cell Alpha
         wait failed Alpha
+        wait text failureTitle "“Alpha” could not be downloaded: the server cannot be reached"
+        wait gone failureText
+        click widget failureDetails
         wait text failureText "/config/Themes/alpha.xml"
         click widget failureCopy
         wait clipboard "http://127.0.0.1:"
         click widget failureClose
-        wait gone failureText
+        wait gone failureTitle
     )"),
                                         false));
 }

@@ -204,7 +204,7 @@ void tst_editor_update::aFailedFileAndASlowOneAreOneCheck()
         wait text check "Cancel check"
         touch %1
         wait quiet
-        wait status "catalogue was refused"
+        wait status "Not updated: the server reports an error; catalogue of "
         wait text check "Check now"
         click widget check
         wait status "Catalogue updated"
