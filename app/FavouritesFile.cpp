@@ -63,27 +63,13 @@ QJsonObject entryOf(ECfgItemType type, const QString& guid, const QString& name)
     return {{kindKey, QString(kind->name)}, {guidKey, guid}, {nameKey, name}};
 }
 
-/// The GUIDs that a file of the catalogue's marks as favourites.
-QStringList marksIn(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    const QJsonObject marks = QJsonDocument::fromJson(file.readAll()).object();
-    QStringList guids = marks.keys();
-    guids.erase(std::remove_if(guids.begin(), guids.end(),
-                               [&](const QString& guid) { return !marks.value(guid).toBool(); }),
-                guids.end());
-    return guids;
-}
-
 } // namespace
 
 bool FavouritesFile::write(const QString& path)
 {
     MVThemeMgr* const catalogue = MVThemeMgr::init();
-    QStringList themesLeft = marksIn(catalogue->Path_ThemeCollect());
-    QStringList othersLeft = marksIn(catalogue->Path_FilterCollect());
+    QStringList themesLeft = catalogue->favourites(eCfgItem_Theme);
+    QStringList othersLeft = catalogue->favourites(eCfgItem_Filter);
     QJsonArray list;
     for (const Kind& kind : kinds) {
         for (const SCfg_Item& item : itemsOf(kind.type)) {

@@ -53,7 +53,7 @@ private:
     void toggleCheck();
     void refreshCheckButton();
     void refreshFavourites();
-    static void saveFavourites();
+    void saveFavourites();
     void toggleFavourite(ECfgItemType kind, const QString& guid);
     void showFailure(ECfgItemType kind, const QString& guid, const STransferFailure& failure);
     void retry(ECfgItemType kind, const QString& guid);

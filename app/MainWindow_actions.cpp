@@ -91,8 +91,9 @@ void MainWindow::refreshFavourites()
 
 void MainWindow::saveFavourites()
 {
-    MVThemeMgr::init()->saveThemeCollect();
-    MVThemeMgr::init()->saveFilterCollect();
+    QString error;
+    if (!MVThemeMgr::init()->saveFavourites(&error))
+        say(tr("The favourites cannot be saved: %1").arg(error));
 }
 
 void MainWindow::toggleFavourite(ECfgItemType kind, const QString& guid)

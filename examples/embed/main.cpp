@@ -38,8 +38,7 @@ int main(int argc, char** argv)
     const auto reload = [&themes, catalogue] {
         Check::instance()->waitThreadFinished(); // nothing may work on what is read again
         themes.clear();
-        catalogue->saveThemeCollect(); // load() takes favourites from their files
-        catalogue->saveFilterCollect();
+        catalogue->saveFavourites(nullptr); // load() takes favourites from their files
         catalogue->load(true);
         themes.initData(QUuid(), false);
     };

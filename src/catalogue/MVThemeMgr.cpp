@@ -1,5 +1,6 @@
 #include "catalogue/MVThemeMgr.h"
 
+#include "catalogue/CollectFile.h"
 #include "catalogue/FixedGuids.h"
 #include "catalogue/NoneEntry.h"
 #include "host/HostSettings.h"
@@ -40,6 +41,9 @@ MVThemeMgr* MVThemeMgr::init()
 
 MVThemeMgr::MVThemeMgr()
     : m_lstFixedGUID(fixedGuids())
+    , m_pThemeCollect(std::make_unique<CollectFile>())
+    , m_pFilterCollect(std::make_unique<CollectFile>())
+    , m_pBgMaterialCollect(std::make_unique<CollectFile>())
 {
     // Settings that live longer than this object are there from the start: the destructor, which
     // runs after main, needs the data folder.

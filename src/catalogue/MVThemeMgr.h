@@ -11,12 +11,14 @@
 #include <QMutex>
 #include <QObject>
 #include <QString>
+#include <QStringList>
 #include <QVariantList>
 #include <QVector>
 
 #include <memory>
 #include <vector>
 
+class CollectFile;
 class QDomDocument;
 class QDomElement;
 
@@ -204,10 +206,19 @@ public:
     void readThemeCollect();
     void readFilterCollect();
     void readBgMaterialCollect();
-    /// Replace the file by the marks, atomically. Failures are silent.
+    /// Write what this process has changed into the files, atomically and under a lock: marks of
+    /// other processes stay. A file that cannot be parsed is kept aside under "NAME.damaged-N".
+    /// A process that has neither read a file nor changed a mark leaves it alone. Failures are
+    /// silent.
     void saveThemeCollect();
     void saveFilterCollect();
     void saveBgMaterialCollect();
+    /// All three at once. False, with the reason in `error` (may be null), if one could not be
+    /// written; what was changed is written by the next call that can.
+    bool saveFavourites(QString* error);
+    /// The GUIDs that are marked, also those that the catalogue does not hold at present, sorted.
+    /// Filters and background materials share theirs. Empty for kinds that have no favourites.
+    QStringList favourites(ECfgItemType k) const;
     /// Whether the item is marked. Asking enters an unknown GUID with the value false.
     bool isThemeCollect(const SCfg_Item* item);
     bool isFilterCollect(const SCfg_Item* item);
@@ -247,8 +258,8 @@ private:
     void clearVectors();
     bool resolve(SFileInfo& info, ECfgItemType k, EDirTag t, const QString& relative,
                  bool absoluteNames, bool makeFolder);
-    void readCollect(const QString& path, const char* openError, const char* category,
-                     QJsonObject& out);
+    static void readCollect(CollectFile& file, const QString& path, const char* openError,
+                            const char* category, QJsonObject& out);
 
     SResourceXML m_sCfgXML;
     SResourceXML m_sDisplayXML;
@@ -262,6 +273,10 @@ private:
     QVariantList m_lstBanquets;
     SCfg_Item* m_pCurApplyTheme = nullptr;
     QList<QString> m_lstFixedGUID;
+
+    std::unique_ptr<CollectFile> m_pThemeCollect;
+    std::unique_ptr<CollectFile> m_pFilterCollect;
+    std::unique_ptr<CollectFile> m_pBgMaterialCollect;
 
     QMutex m_mutexParsed; // guards m_vecParsed: download threads parse themes too
     std::vector<std::unique_ptr<SThemes_a>> m_vecParsed; // every theme config that items point to

@@ -1,14 +1,15 @@
 // MVThemeMgr: favourites and theme types.
 
+#include "catalogue/CollectFile.h"
 #include "catalogue/MVThemeMgr.h"
 #include "host/LogL.h"
+#include "host/RegularFile.h"
 #include "host/Utils.h"
 
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QSaveFile>
 
 namespace {
 
@@ -24,11 +25,10 @@ QString collectPath(const QString& folderName, const QString& fileName)
 /// Opening for reading and writing creates a file that is missing.
 bool openAndRead(const QString& path, QByteArray& bytes)
 {
+    constexpr qint64 maxBytes = 64 * 1024 * 1024;
     QFile file(path);
-    if (!file.open(QIODevice::ReadWrite))
-        return false;
-    bytes = file.readAll();
-    return true;
+    return RegularFile::open(file, QIODevice::ReadWrite)
+        && RegularFile::readAll(file, maxBytes, bytes);
 }
 
 bool parseJson(const QByteArray& bytes, QJsonObject& out)
@@ -39,17 +39,6 @@ bool parseJson(const QByteArray& bytes, QJsonObject& out)
         return false;
     out = document.object();
     return true;
-}
-
-void saveCollect(const QString& path, const QJsonObject& marks)
-{
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
-        return;
-    const QByteArray json = QJsonDocument(marks).toJson();
-    // commit() alone takes a file that a full disk has cut short for a whole one.
-    if (file.write(json) == json.size() && file.flush())
-        file.commit();
 }
 
 bool isCollected(const SCfg_Item* item, QJsonObject& marks)
@@ -84,49 +73,85 @@ QString MVThemeMgr::Path_ThemeType()
     return QString();
 }
 
-void MVThemeMgr::readCollect(const QString& path, const char* openError, const char* category,
-                             QJsonObject& out)
+void MVThemeMgr::readCollect(CollectFile& file, const QString& path, const char* openError,
+                             const char* category, QJsonObject& out)
 {
-    QByteArray bytes;
-    if (!openAndRead(path, bytes)) {
+    switch (file.read(path, out)) {
+    case CollectFile::Read::Done:
+        return;
+    case CollectFile::Read::CannotOpen:
         LogL(category, 1, openError, path.toUtf8().constData());
         return;
-    }
-    if (!parseJson(bytes, out))
+    case CollectFile::Read::CannotParse:
         LogL("MVThemeMgr", 1, "parseJson file[%1] error!", path.toUtf8().constData());
+        return;
+    }
 }
 
 void MVThemeMgr::readThemeCollect()
 {
-    readCollect(Path_ThemeCollect(), "readThemeCollect open file[%1] error!", "MVThemeMgr",
-                m_jsonThemeCollect);
+    readCollect(*m_pThemeCollect, Path_ThemeCollect(), "readThemeCollect open file[%1] error!",
+                "MVThemeMgr", m_jsonThemeCollect);
 }
 
 void MVThemeMgr::readFilterCollect()
 {
-    readCollect(Path_FilterCollect(), "readFilterCollect open file[%1] error!", "MVFilterMgr",
-                m_jsonFilterCollect);
+    readCollect(*m_pFilterCollect, Path_FilterCollect(), "readFilterCollect open file[%1] error!",
+                "MVFilterMgr", m_jsonFilterCollect);
 }
 
 void MVThemeMgr::readBgMaterialCollect()
 {
-    readCollect(Path_BgMaterialCollect(), "readBgMaterialCollect open file[%1] error!",
-                "MVBgMaterialMgr", m_jsonBgMaterialCollect);
+    readCollect(*m_pBgMaterialCollect, Path_BgMaterialCollect(),
+                "readBgMaterialCollect open file[%1] error!", "MVBgMaterialMgr",
+                m_jsonBgMaterialCollect);
 }
 
 void MVThemeMgr::saveThemeCollect()
 {
-    saveCollect(Path_ThemeCollect(), m_jsonThemeCollect);
+    m_pThemeCollect->save(Path_ThemeCollect(), m_jsonThemeCollect);
 }
 
 void MVThemeMgr::saveFilterCollect()
 {
-    saveCollect(Path_FilterCollect(), m_jsonFilterCollect);
+    m_pFilterCollect->save(Path_FilterCollect(), m_jsonFilterCollect);
 }
 
 void MVThemeMgr::saveBgMaterialCollect()
 {
-    saveCollect(Path_BgMaterialCollect(), m_jsonBgMaterialCollect);
+    m_pBgMaterialCollect->save(Path_BgMaterialCollect(), m_jsonBgMaterialCollect);
+}
+
+bool MVThemeMgr::saveFavourites(QString* error)
+{
+    STransferFailure first;
+    const auto save = [&](CollectFile& file, QString (MVThemeMgr::*path)(), QJsonObject& marks) {
+        if (!file.isInUse())
+            return; // asking for the path would create its folder
+        const STransferFailure failure = file.save((this->*path)(), marks);
+        if (!first.isFailure())
+            first = failure;
+    };
+    save(*m_pThemeCollect, &MVThemeMgr::Path_ThemeCollect, m_jsonThemeCollect);
+    save(*m_pFilterCollect, &MVThemeMgr::Path_FilterCollect, m_jsonFilterCollect);
+    save(*m_pBgMaterialCollect, &MVThemeMgr::Path_BgMaterialCollect, m_jsonBgMaterialCollect);
+    if (error)
+        *error = first.m_qsDetails;
+    return !first.isFailure();
+}
+
+QStringList MVThemeMgr::favourites(ECfgItemType k) const
+{
+    const bool isTheme = k == eCfgItem_Theme;
+    if (!isTheme && k != eCfgItem_Filter && k != eCfgItem_BgMaterial)
+        return {};
+    const QJsonObject& marks = isTheme ? m_jsonThemeCollect : m_jsonFilterCollect;
+    QStringList guids;
+    for (auto mark = marks.constBegin(); mark != marks.constEnd(); ++mark) {
+        if (mark->toBool(false))
+            guids.append(mark.key());
+    }
+    return guids;
 }
 
 bool MVThemeMgr::isThemeCollect(const SCfg_Item* item)
@@ -163,18 +188,21 @@ bool MVThemeMgr::isItemCollect(const SCfg_Item* item)
 void MVThemeMgr::setThemesCollected(const SCfg_Item* item)
 {
     m_jsonThemeCollect.insert(item->m_qsGUID, item->m_bCollected);
+    m_pThemeCollect->noteChange(item->m_qsGUID);
     emit sigThemesCollected(item);
 }
 
 void MVThemeMgr::setFilterCollected(const SCfg_Item* item)
 {
     m_jsonFilterCollect.insert(item->m_qsGUID, item->m_bCollected);
+    m_pFilterCollect->noteChange(item->m_qsGUID);
     emit sigFilterCollected(item);
 }
 
 void MVThemeMgr::setBgMaterialCollected(const SCfg_Item* item)
 {
     m_jsonBgMaterialCollect.insert(item->m_qsGUID, item->m_bCollected);
+    m_pBgMaterialCollect->noteChange(item->m_qsGUID);
     emit sigBgMaterialCollected(item);
 }
 

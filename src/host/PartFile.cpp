@@ -20,10 +20,20 @@ namespace {
 constexpr int createAttempts = 16;
 constexpr mode_t newFileMode = 0666; // less the umask
 
+const QLatin1String partPrefix(".mv-");
+const QLatin1String partSuffix(".part");
+
 QString partName()
 {
-    return QStringLiteral(".mv-%1.part")
-        .arg(QRandomGenerator::global()->generate64(), 16, 16, QLatin1Char('0'));
+    return partPrefix
+        + QStringLiteral("%1").arg(QRandomGenerator::global()->generate64(), 16, 16,
+                                   QLatin1Char('0'))
+        + partSuffix;
+}
+
+bool isPartName(const QString& name)
+{
+    return name.startsWith(partPrefix) && name.endsWith(partSuffix);
 }
 
 EFailureCause causeOf(int error)
@@ -67,6 +77,17 @@ Lock lock(int handle)
     if (::flock(handle, LOCK_EX | LOCK_NB) == 0)
         return Lock::Taken;
     return errno == EWOULDBLOCK ? Lock::Held : Lock::Impossible;
+}
+
+/// The new name is there already: file systems that cannot flush a folder are left at that.
+void flushFolder(const QString& folder)
+{
+    const QByteArray path = QFile::encodeName(folder);
+    const int handle = ::open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (handle < 0)
+        return;
+    ::fsync(handle);
+    ::close(handle);
 }
 
 /// False once somebody has removed the name of the open file.
@@ -144,13 +165,17 @@ bool PartFile::restart()
     return true;
 }
 
-bool PartFile::commit()
+bool PartFile::commit(Flush flush)
 {
+    if (flush == Flush::Yes && ::fsync(m_handle) != 0)
+        return failWith(errno);
     const QByteArray to = QFile::encodeName(m_target);
     // The POSIX rename replaces the target in one step; QFile::rename refuses to.
     if (std::rename(m_name.constData(), to.constData()) != 0)
         return failWith(errno);
     close();
+    if (flush == Flush::Yes)
+        flushFolder(QFileInfo(m_target).path());
     return true;
 }
 
@@ -183,9 +208,12 @@ bool PartFile::fail(EFailureCause cause, const QString& reason)
 
 void PartFile::removeLeftovers(const QString& folder)
 {
-    const QStringList names = QDir(folder).entryList({QStringLiteral(".mv-*.part")},
-                                                     QDir::Files | QDir::Hidden | QDir::NoSymLinks);
+    // No pattern: favourites are saved after main, too, when Qt can no longer match one.
+    const QStringList names =
+        QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::NoSymLinks, QDir::Unsorted);
     for (const QString& name : names) {
+        if (!isPartName(name))
+            continue;
         QFile leftover(folder + QLatin1Char('/') + name);
         // Removed under the lock: QFile::remove() of its own would close, and so unlock, it first.
         if (leftover.open(QIODevice::ReadOnly) && lock(leftover.handle()) == Lock::Taken)

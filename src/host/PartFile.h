@@ -29,9 +29,13 @@ public:
     /// Bytes written since open() or restart().
     qint64 size() const { return m_size; }
 
+    /// Whether commit() waits until data and name are on the disk, so that a power cut leaves the
+    /// old file or the new one.
+    enum class Flush { No, Yes };
+
     /// Renames over the target; every write was checked. False: the target is as it was, the file
     /// is removed.
-    bool commit();
+    bool commit(Flush flush = Flush::No);
 
     /// Removes the file; the destructor does the same with one that was not committed.
     void discard();

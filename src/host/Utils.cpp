@@ -84,6 +84,18 @@ bool Utils::copyFileToPath(const QString& from, const QString& to, bool overwrit
     return (overwrite || !QFile::exists(to)) && replaceByCopy(from, to, ignored);
 }
 
+bool Utils::writeFile(const QString& path, const QByteArray& content, STransferFailure* failure)
+{
+    PartFile::removeLeftovers(QFileInfo(path).path());
+    PartFile file;
+    if (file.open(path) && file.write(content.constData(), content.size())
+        && file.commit(PartFile::Flush::Yes))
+        return true;
+    if (failure)
+        *failure = {file.cause(), QString(), path, file.errorText()};
+    return false;
+}
+
 bool Utils::copyDirectoryFiles(const QString& from, const QString& to, bool overwrite)
 {
     const QDir source(from);

@@ -4,6 +4,7 @@
 
 #include <QString>
 
+class QByteArray;
 class QDir;
 struct STransferFailure;
 
@@ -28,6 +29,12 @@ public:
     /// Copies the file `from` to the path `to`, whose folder must exist. Without `overwrite` an
     /// existing target is kept and the result is false.
     static bool copyFileToPath(const QString& from, const QString& to, bool overwrite);
+
+    /// Replaces the file `path`, whose folder must exist, by `content`, atomically; data and name
+    /// are on the disk when it returns. False, with the reason in `failure` (may be null): the file
+    /// is as it was. Also removes what a killed process left in the folder.
+    static bool writeFile(const QString& path, const QByteArray& content,
+                          STransferFailure* failure = nullptr);
 
     /// Copies everything below the folder `from` into the folder `to`, which is created if missing.
     /// Links are not followed. Without `overwrite` existing files are kept. Goes on after a file

@@ -234,7 +234,9 @@ void tst_MVThemeMgr_favourites::savingReplacesTheFile()
     QFETCH(int, file);
     const Favourites& f = all[file];
     const QString path = m_fixture.collectFile(f.name);
-    Files::write(path, QByteArray(100000, 'x'));
+    Files::write(path, "{\"" + QByteArray(100000, 'x') + "\": \"x\"}");
+    (mgr().*f.read)();
+    Files::write(path, "{}"); // somebody has emptied it
     const SCfg_Item one = item(1, true);
     (mgr().*f.mark)(&one);
     (mgr().*f.save)();

@@ -205,7 +205,8 @@ void TestMvresFavourite::failsIfItCannotBeSaved()
 
     const Outcome outcome = m_mvres.run(favourite(guid));
     QCOMPARE(QString::fromUtf8(outcome.err),
-             QStringLiteral("mvres: the favourites cannot be written: %1%2\n")
+             QStringLiteral("mvres: the favourites cannot be written: %1%2: its folder cannot be "
+                            "written\n")
                  .arg(m_mvres.data(), file));
     QCOMPARE(outcome.out, QByteArray());
     QCOMPARE(outcome.status, 1);
@@ -220,7 +221,7 @@ void TestMvresFavourite::fullDiskLeavesTheOldMarks()
     m_mvres.start(process, favourite(background));
     const Outcome outcome = ConsoleProgram::end(process);
     QCOMPARE(QString::fromUtf8(outcome.err),
-             QStringLiteral("mvres: the favourites cannot be written: %1%2\n")
+             QStringLiteral("mvres: the favourites cannot be written: %1%2: File too large\n")
                  .arg(m_mvres.data(), filterFile));
     QCOMPARE(outcome.status, 1);
     QCOMPARE(marks(filterFile)[filter], QJsonValue(true));

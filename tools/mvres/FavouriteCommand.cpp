@@ -6,23 +6,8 @@
 #include "ExitStatus.h"
 #include "Items.h"
 
-#include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
-
-namespace {
-
-/// The catalogue is silent about a file that it cannot write; a person wants to know.
-bool isSaved(const QString& path, const SCfg_Item& item)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return false;
-    const QJsonObject marks = QJsonDocument::fromJson(file.readAll()).object();
-    return marks.value(item.m_qsGUID).toBool() == item.m_bCollected;
-}
-
-} // namespace
 
 int FavouriteCommand::run(const Arguments& arguments)
 {
@@ -38,15 +23,10 @@ int FavouriteCommand::run(const Arguments& arguments)
     MVThemeMgr* const manager = MVThemeMgr::init();
     item->m_bCollected = !arguments.off;
     manager->setItemCollected(item);
-    const bool isTheme = item->m_eType == eCfgItem_Theme;
-    if (isTheme)
-        manager->saveThemeCollect();
-    else
-        manager->saveFilterCollect();
-    const QString path = isTheme ? manager->Path_ThemeCollect() : manager->Path_FilterCollect();
-    if (!isSaved(path, *item))
+    QString error;
+    if (!manager->saveFavourites(&error))
         return Console::fail(ExitStatus::failure,
-                             QStringLiteral("the favourites cannot be written: %1").arg(path));
+                             QStringLiteral("the favourites cannot be written: %1").arg(error));
     if (arguments.json)
         Console::print(QJsonDocument(Items::toJson(*item)));
     else

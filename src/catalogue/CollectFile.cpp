@@ -1,0 +1,156 @@
+#include "catalogue/CollectFile.h"
+
+#include "host/LogL.h"
+#include "host/RegularFile.h"
+#include "host/Utils.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QLockFile>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int logWarning = 3;
+constexpr int lockWaitMs = 5000;
+constexpr int maxDamaged = 1000; // copies that are kept
+constexpr qint64 maxBytes = 64 * 1024 * 1024;
+constexpr int leftoverAgeSeconds = 3600;
+
+STransferFailure failed(EFailureCause cause, const QString& path, const QString& reason)
+{
+    return {cause, QString(), path, QStringLiteral("%1: %2").arg(path, reason)};
+}
+
+bool parse(const QByteArray& bytes, QJsonDocument& document)
+{
+    QJsonParseError error;
+    document = QJsonDocument::fromJson(bytes, &error);
+    return error.error == QJsonParseError::NoError;
+}
+
+/// Whether an earlier version, when it was killed while it saved, may have left a file of that
+/// name: "NAME.abcdef".
+bool isLeftover(const QString& name, const QString& fileName)
+{
+    constexpr int letters = 6;
+    const QString prefix = fileName + QLatin1Char('.');
+    return name.size() == prefix.size() + letters && name.startsWith(prefix)
+        && std::all_of(name.cbegin() + prefix.size(), name.cend(),
+                       [](QChar c) { return c.isLetter(); });
+}
+
+/// No patterns: saving also happens after main, when Qt can no longer match them.
+void removeLeftovers(const QString& path)
+{
+    const QFileInfo file(path);
+    const QDateTime old = QDateTime::currentDateTimeUtc().addSecs(-leftoverAgeSeconds);
+    const QFileInfoList entries = file.dir().entryInfoList(QDir::Files | QDir::NoSymLinks);
+    for (const QFileInfo& entry : entries) {
+        if (isLeftover(entry.fileName(), file.fileName()) && entry.lastModified() < old)
+            QFile::remove(entry.filePath());
+    }
+}
+
+} // namespace
+
+CollectFile::Read CollectFile::read(const QString& path, QJsonObject& marks)
+{
+    QFile file(path);
+    QByteArray bytes;
+    if (!RegularFile::open(file, QIODevice::ReadWrite)
+        || !RegularFile::readAll(file, maxBytes, bytes))
+        return Read::CannotOpen;
+    if (bytes.isEmpty())
+        m_loaded = true; // it was created by this, or by a process that has not written it yet
+    QJsonDocument document;
+    if (!parse(bytes, document))
+        return Read::CannotParse;
+    m_loaded = true;
+    m_changed.clear();
+    marks = document.object();
+    return Read::Done;
+}
+
+STransferFailure CollectFile::save(const QString& path, QJsonObject& marks)
+{
+    if (!isInUse())
+        return {};
+    QLockFile lock(path + QStringLiteral(".lock"));
+    lock.setStaleLockTime(0); // only the lock of a dead process is stale, however long one takes
+    if (!lock.tryLock(lockWaitMs)) {
+        if (lock.error() == QLockFile::LockFailedError)
+            return failed(eFailure_LocalFile, path,
+                          QStringLiteral("another program is writing it"));
+        return failed(eFailure_NoPermission, path, QStringLiteral("its folder cannot be written"));
+    }
+    removeLeftovers(path);
+    OnDisk disk;
+    STransferFailure failure = readDisk(path, disk);
+    if (!failure.isFailure() && disk.isThere && !disk.isParsed)
+        failure = keepAside(path);
+    if (failure.isFailure())
+        return failure;
+
+    QJsonObject all = merged(marks, disk);
+    const QByteArray bytes = QJsonDocument(all).toJson();
+    // A link stays one.
+    const QString target = QFileInfo(path).isSymLink() ? QFileInfo(path).symLinkTarget() : path;
+    if ((!disk.isParsed || bytes != disk.bytes) && !Utils::writeFile(target, bytes, &failure))
+        return failure;
+    marks = all;
+    m_loaded = true;
+    m_changed.clear();
+    return {};
+}
+
+/// A file that is missing or empty holds no marks; one that cannot be read must not be replaced.
+STransferFailure CollectFile::readDisk(const QString& path, OnDisk& disk)
+{
+    QFile file(path);
+    if (!file.exists())
+        return {};
+    if (!RegularFile::open(file, QIODevice::ReadOnly)
+        || !RegularFile::readAll(file, maxBytes, disk.bytes))
+        return failed(eFailure_LocalFile, path,
+                      QStringLiteral("cannot be read: %1").arg(file.errorString()));
+    QJsonDocument document;
+    disk.isThere = !disk.bytes.isEmpty();
+    disk.isParsed = parse(disk.bytes, document) && document.isObject();
+    disk.marks = document.object();
+    return {};
+}
+
+STransferFailure CollectFile::keepAside(const QString& path)
+{
+    for (int number = 1; number <= maxDamaged; ++number) {
+        const QString aside = QStringLiteral("%1.damaged-%2").arg(path).arg(number);
+        if (QFileInfo::exists(aside))
+            continue;
+        if (!QFile::rename(path, aside))
+            return failed(eFailure_LocalFile, path,
+                          QStringLiteral("cannot be kept as %1").arg(aside));
+        LogL("MVThemeMgr", logWarning, "favourites file [%s] cannot be parsed, kept as [%s]",
+             path.toUtf8().constData(), aside.toUtf8().constData());
+        return {};
+    }
+    return failed(eFailure_LocalFile, path,
+                  QStringLiteral("%1 damaged files have been kept already").arg(maxDamaged));
+}
+
+QJsonObject CollectFile::merged(const QJsonObject& marks, const OnDisk& disk) const
+{
+    if (!disk.isParsed)
+        return marks;
+    QJsonObject all = disk.marks;
+    for (auto mark = marks.constBegin(); mark != marks.constEnd(); ++mark) {
+        const bool isAsked = mark.value() == QJsonValue(false) && !all.contains(mark.key());
+        if (isAsked || m_changed.contains(mark.key()))
+            all.insert(mark.key(), mark.value());
+    }
+    return all;
+}

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "host/STransferFailure.h"
+
+#include <QJsonObject>
+#include <QSet>
+#include <QString>
+
+/// One favourites file, as one process reads and writes it: a JSON object with a boolean for each
+/// GUID.
+///
+/// Several processes share the file, so saving merges what this process has changed into what is on
+/// disk by then, under a lock file. A process that has neither read the file nor changed a mark
+/// writes nothing. A file that cannot be parsed is never overwritten: it is kept aside under
+/// "NAME.damaged-N". Internal to the library; GUI thread only.
+class CollectFile
+{
+public:
+    enum class Read {
+        Done,
+        CannotOpen,  ///< or cannot be read to its end
+        CannotParse, ///< also a file that has just been created, which is empty
+    };
+
+    /// Replaces `marks` by the file's, and forgets unsaved changes. A missing file is created
+    /// empty. Unless the result is Done, `marks` stays as it is.
+    Read read(const QString& path, QJsonObject& marks);
+
+    /// Notes that this process has changed the mark of a GUID.
+    void noteChange(const QString& guid) { m_changed.insert(guid); }
+
+    /// Whether save() has something to write: the file was read, or a mark was changed.
+    bool isInUse() const { return m_loaded || !m_changed.isEmpty(); }
+
+    /// Replaces the file, atomically and durably, by what is on disk, with the marks of `marks`
+    /// that this process has changed and the GUIDs it has asked about; `marks` becomes what the
+    /// file holds. Returns no failure if there was nothing to write. After a failure the file is as
+    /// it was, and the changes wait for the next call.
+    STransferFailure save(const QString& path, QJsonObject& marks);
+
+private:
+    struct OnDisk
+    {
+        QByteArray bytes;
+        QJsonObject marks;
+        bool isThere = false;  ///< the file exists and is not empty
+        bool isParsed = false; ///< it is a JSON object
+    };
+
+    static STransferFailure readDisk(const QString& path, OnDisk& disk);
+    static STransferFailure keepAside(const QString& path);
+    QJsonObject merged(const QJsonObject& marks, const OnDisk& disk) const;
+
+    bool m_loaded = false;
+    QSet<QString> m_changed; // GUIDs, since the last read or save
+};

@@ -1,0 +1,47 @@
+#include "host/RegularFile.h"
+
+#include <QByteArray>
+#include <QFile>
+
+#include <cerrno>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr mode_t newFileMode = 0666; // less the umask
+constexpr qint64 chunkSize = 256 * 1024;
+
+} // namespace
+
+bool RegularFile::open(QFile& file, QIODevice::OpenMode mode)
+{
+    const QByteArray name = QFile::encodeName(file.fileName());
+    const int access = mode & QIODevice::WriteOnly ? O_RDWR | O_CREAT : O_RDONLY;
+    // Without O_NONBLOCK, opening a pipe waits for its other end.
+    const int handle = ::open(name.constData(), access | O_NONBLOCK | O_CLOEXEC, newFileMode);
+    if (handle < 0)
+        return false;
+    struct stat status = {};
+    if (::fstat(handle, &status) == 0 && S_ISREG(status.st_mode)
+        && file.open(handle, mode, QFileDevice::AutoCloseHandle))
+        return true;
+    ::close(handle);
+    return false;
+}
+
+bool RegularFile::readAll(QFile& file, qint64 maxBytes, QByteArray& bytes)
+{
+    bytes.clear();
+    bytes.reserve(static_cast<int>(qMin(file.size(), maxBytes)));
+    for (;;) {
+        const QByteArray chunk = file.read(chunkSize);
+        if (chunk.isEmpty())
+            return file.error() == QFileDevice::NoError;
+        if (bytes.size() + chunk.size() > maxBytes)
+            return false;
+        bytes += chunk;
+    }
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "host/MvHostExport.h"
+
+#include <QIODevice>
+
+class QByteArray;
+class QFile;
+
+/// Reads files whose names come from elsewhere. A name can lead to a device that never ends or to a
+/// pipe that nobody writes: only regular files are opened, without waiting. Stateless, any thread.
+class MVHOST_EXPORT RegularFile
+{
+public:
+    RegularFile() = delete;
+
+    /// Opens `file` by its name, following links. With QIODevice::ReadWrite a missing file is
+    /// created. False for anything but a regular file, and for what QFile::open() refuses.
+    static bool open(QFile& file, QIODevice::OpenMode mode = QIODevice::ReadOnly);
+
+    /// Reads an open file to its end. False, with what came so far in `bytes`, if reading fails or
+    /// there are more than `maxBytes`.
+    static bool readAll(QFile& file, qint64 maxBytes, QByteArray& bytes);
+};
