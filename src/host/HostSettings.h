@@ -85,10 +85,21 @@ MVHOST_EXPORT HostSettings& hostSettings();
 ///     [network]  connectTimeoutMs, stallTimeoutMs, maxDownloadBytes, downloadRetries,
 ///                retryPauseMs, retryPauseMaxMs, proxy, caFile
 ///
-/// The dialect is that of QSettings: a value with a semicolon, a comma or a backslash stands in
-/// double quotes, with backslashes doubled.
+/// The file is UTF-8, with or without a byte order mark, and at most 1 MiB; its lines end in LF or
+/// CR LF. Each is empty or one of these, where blanks (spaces and tabs) around it and around
+/// sections, keys and values do not count:
+///
+///     [section]      starts a section; the same section may be started again
+///     key = value    everything behind the first "=" is the value, taken literally: quotes inside
+///                    it, commas, semicolons, number signs and backslashes have no meaning
+///     key = "value"  keeps the blanks within the quotes; \" is a quote in it, \\ a backslash
+///     ; comment      on a line of its own only; "#" starts one, too
+///
+/// Sections and keys are case sensitive; each key may be set once per section.
 ///
 /// Returns false, changes nothing and explains in `error` (may be null) when the file is missing,
-/// unreadable or malformed, names an unknown key, or holds a value out of its range.
+/// unreadable, too large or not a regular file, or when one of its lines is malformed, sets a key
+/// again, names an unknown key, or holds a value out of its range; `error` then starts with the
+/// file's name and the line's number ("editor.ini:7: ").
 /// GUI thread only, as for writing the settings.
 MVHOST_EXPORT bool loadHostSettings(const QString& iniFile, QString* error);

@@ -4,10 +4,7 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSettings>
 #include <QStringList>
-#include <QTemporaryFile>
-#include <QVariant>
 
 #include <cmath>
 #include <limits>
@@ -18,53 +15,31 @@ constexpr double lowestZoom = 0.1;
 constexpr double highestZoom = 16.0;
 constexpr int highestRetries = 100;
 
-/// QSettings splits an unquoted value at its commas; a setting is one text.
-QString wholeText(const QVariant& value)
-{
-    return value.toStringList().join(QStringLiteral(", "));
-}
-
 } // namespace
 
 HostSettingsFile::HostSettingsFile(const QString& iniFile)
     : m_iniFile(iniFile)
+    , m_ini(iniFile)
 {
 }
 
 bool HostSettingsFile::readInto(HostSettings& settings)
 {
-    const QFileInfo info(m_iniFile);
-    if (!info.isFile())
-        return fail(QStringLiteral("no such file"));
-    if (!info.isReadable())
-        return fail(QStringLiteral("the file cannot be read"));
-
-    // QSettings keeps what it has read per file name, errors forgotten: it gets a fresh name.
-    QTemporaryFile fresh;
-    QFile file(m_iniFile);
-    if (!fresh.open() || !file.open(QIODevice::ReadOnly) || fresh.write(file.readAll()) < 0
-        || !fresh.flush())
-        return fail(QStringLiteral("the file cannot be read: %1").arg(file.errorString()));
-    QSettings ini(fresh.fileName(), QSettings::IniFormat);
-    ini.setIniCodec("UTF-8");
-    const QStringList keys = ini.allKeys();
-    if (ini.status() != QSettings::NoError)
-        return fail(QStringLiteral("not an INI file"));
-    for (const QString& key : keys) {
-        if (!readValue(key, ini.value(key), settings))
+    if (!m_ini.read())
+        return false;
+    const QVector<IniReader::Entry> entries = m_ini.entries();
+    for (const IniReader::Entry& entry : entries) {
+        m_line = entry.line;
+        if (entry.section == QLatin1String("params"))
+            settings.productParams.insert(entry.key, entry.value);
+        else if (!readValue(entry.section + QLatin1Char('/') + entry.key, entry.value, settings))
             return false;
     }
     return true;
 }
 
-bool HostSettingsFile::readValue(const QString& key, const QVariant& value, HostSettings& settings)
+bool HostSettingsFile::readValue(const QString& key, const QString& text, HostSettings& settings)
 {
-    const QString text = wholeText(value);
-    const QString params = QStringLiteral("params/");
-    if (key.startsWith(params)) {
-        settings.productParams.insert(key.mid(params.size()), text);
-        return true;
-    }
     if (key == QLatin1String("paths/resources"))
         return readPath(key, text, settings.resourcesPath);
     if (key == QLatin1String("paths/data"))
@@ -127,9 +102,7 @@ bool HostSettingsFile::readInteger(const QString& key, const QString& text, qint
     const qint64 number = text.toLongLong(&ok);
     if (!ok || number < lowest || number > highest) {
         return fail(QStringLiteral("%1 is \"%2\", but must be a whole number from %3 to %4")
-                        .arg(key, text)
-                        .arg(lowest)
-                        .arg(highest));
+                        .arg(key, text, QString::number(lowest), QString::number(highest)));
     }
     target = number;
     return true;
@@ -151,9 +124,7 @@ bool HostSettingsFile::readZoom(const QString& text, double& target)
     const double zoom = text.toDouble(&ok);
     if (!ok || !std::isfinite(zoom) || zoom < lowestZoom || zoom > highestZoom) {
         return fail(QStringLiteral("ui/zoomDPI is \"%1\", but must be a number from %2 to %3")
-                        .arg(text)
-                        .arg(lowestZoom)
-                        .arg(highestZoom));
+                        .arg(text, QString::number(lowestZoom), QString::number(highestZoom)));
     }
     target = zoom;
     return true;
@@ -171,10 +142,4 @@ bool HostSettingsFile::readEditions(const QString& text, HostSettings& settings)
     }
     settings.partnerEditions = editions;
     return true;
-}
-
-bool HostSettingsFile::fail(const QString& reason)
-{
-    m_error = QStringLiteral("%1: %2").arg(m_iniFile, reason);
-    return false;
 }

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "host/IniReader.h"
+
 #include <QString>
 
 struct HostSettings;
-class QVariant;
 
 /// Reads the INI form of HostSettings. Internal to the library; one object per reading.
 class HostSettingsFile
@@ -13,18 +14,19 @@ public:
 
     /// Sets what the file names. False: `settings` may be half changed, errorText() says why.
     bool readInto(HostSettings& settings);
-    QString errorText() const { return m_error; }
+    QString errorText() const { return m_ini.errorText(); }
 
 private:
-    bool readValue(const QString& key, const QVariant& value, HostSettings& settings);
+    bool readValue(const QString& key, const QString& text, HostSettings& settings);
     bool readPath(const QString& key, const QString& text, QString& target);
     bool readInteger(const QString& key, const QString& text, qint64 lowest, qint64 highest,
                      qint64& target);
     bool readMilliseconds(const QString& key, const QString& text, int lowest, int& target);
     bool readZoom(const QString& text, double& target);
     bool readEditions(const QString& text, HostSettings& settings);
-    bool fail(const QString& reason);
+    bool fail(const QString& reason) { return m_ini.fail(m_line, reason); }
 
     QString m_iniFile;
-    QString m_error;
+    IniReader m_ini;
+    int m_line = 0; // of the setting that is being read
 };

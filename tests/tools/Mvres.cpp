@@ -4,8 +4,6 @@
 #include "support/TestMain.h"
 
 #include <QDir>
-#include <QFile>
-#include <QSettings>
 
 namespace {
 
@@ -76,9 +74,11 @@ QString Mvres::samples()
 
 void Mvres::writeSettings() const
 {
-    QFile::remove(settingsFile());
-    QSettings ini(settingsFile(), QSettings::IniFormat);
-    ini.setIniCodec("UTF-8");
-    for (auto it = m_settings.cbegin(); it != m_settings.cend(); ++it)
-        ini.setValue(it.key(), it.value());
+    QByteArray content;
+    for (auto it = m_settings.cbegin(); it != m_settings.cend(); ++it) {
+        const QString section = it.key().section(QLatin1Char('/'), 0, 0);
+        const QString key = it.key().section(QLatin1Char('/'), 1);
+        content += QStringLiteral("[%1]\n%2=%3\n").arg(section, key, it.value()).toUtf8();
+    }
+    CatalogueFiles::write(settingsFile(), content);
 }

@@ -116,9 +116,9 @@ void TestMvresArguments::failsForWhatIsNotThere_data()
                                    << QStringLiteral("none.ini: no such file");
     QTest::newRow("settings file is a folder")
         << QStringList{list, settings, QStringLiteral("folder")}
-        << QStringLiteral("folder: no such file");
+        << QStringLiteral("folder: not a regular file");
     QTest::newRow("setting") << QStringList{list, settings, QStringLiteral("wrong.ini")}
-                             << QStringLiteral("wrong.ini: unknown setting paths/nowhere");
+                             << QStringLiteral("wrong.ini:2: unknown setting paths/nowhere");
     QTest::newRow("resources folder")
         << QStringList{list, QStringLiteral("--resources"), QStringLiteral("none")}
         << QStringLiteral("no such resources folder: BASE/none");
