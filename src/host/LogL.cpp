@@ -13,13 +13,14 @@
 namespace {
 
 constexpr int levelInfo = 2;
+constexpr int levelWarning = 3;
 
 /// A category and the storage of its name, which QLoggingCategory only points to.
 struct Category
 {
     explicit Category(const QByteArray& categoryName)
         : name(categoryName)
-        , category(name.constData())
+        , category(name.constData(), QtWarningMsg)
     {
     }
     QByteArray name;
@@ -51,14 +52,16 @@ QLoggingCategory& categoryOf(const QByteArray& name)
 void writeToQt(const QByteArray& name, int level, const QByteArray& text)
 {
     const QLoggingCategory& category = categoryOf(name);
-    const bool info = level >= levelInfo;
-    if (!(info ? category.isInfoEnabled() : category.isDebugEnabled()))
-        return;
     const QMessageLogger logger(nullptr, 0, nullptr, category.categoryName());
-    if (info)
-        logger.info("%s", text.constData());
-    else
+    if (level >= levelWarning) {
+        if (category.isWarningEnabled())
+            logger.warning("%s", text.constData());
+    } else if (level >= levelInfo) {
+        if (category.isInfoEnabled())
+            logger.info("%s", text.constData());
+    } else if (category.isDebugEnabled()) {
         logger.debug("%s", text.constData());
+    }
 }
 
 } // namespace

@@ -19,20 +19,26 @@ const VirtualDisplay& display()
 
 Editor::Editor(const EditorWorld& world)
     : m_world(world)
-    , m_environment(ConsoleProgram::utf8Environment())
+    , m_environment(environment(world))
 {
+}
+
+QProcessEnvironment Editor::environment(const EditorWorld& world)
+{
+    QProcessEnvironment variables = ConsoleProgram::utf8Environment();
     const QString home = world.folder() + QStringLiteral("/home");
     const QString runtime = home + QStringLiteral("/run");
     QDir().mkpath(runtime);
     QFile::setPermissions(runtime, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    setVariable(QStringLiteral("HOME"), home);
-    setVariable(QStringLiteral("XDG_CONFIG_HOME"), home + QStringLiteral("/.config"));
-    setVariable(QStringLiteral("XDG_RUNTIME_DIR"), runtime);
+    variables.insert(QStringLiteral("HOME"), home);
+    variables.insert(QStringLiteral("XDG_CONFIG_HOME"), home + QStringLiteral("/.config"));
+    variables.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtime);
     // None: otherwise a bus would be started for the display, and outlive the test.
-    setVariable(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"),
-                QStringLiteral("unix:path=") + runtime + QStringLiteral("/bus"));
-    setVariable(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
-    setVariable(QStringLiteral("DISPLAY"), display().name());
+    variables.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"),
+                     QStringLiteral("unix:path=") + runtime + QStringLiteral("/bus"));
+    variables.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    variables.insert(QStringLiteral("DISPLAY"), display().name());
+    return variables;
 }
 
 void Editor::setVariable(const QString& name, const QString& value)

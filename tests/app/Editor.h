@@ -16,6 +16,8 @@ class Editor
 public:
     explicit Editor(const EditorWorld& world);
 
+    /// That of a user's session with a home of its own, on the virtual display.
+    static QProcessEnvironment environment(const EditorWorld& world);
     void setVariable(const QString& name, const QString& value);
     /// Runs a script to its end. The pace of downloads is that of tests.
     Outcome run(const QString& script, bool online = true);

@@ -1,4 +1,5 @@
 #include "ConsoleProgram.h"
+#include "Editor.h"
 #include "EditorWorld.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
@@ -7,6 +8,7 @@
 #include <QProcess>
 
 #include <atomic>
+#include <functional>
 
 /// The smallest host, examples/embed.
 class tst_embed : public QObject
@@ -17,6 +19,8 @@ private slots:
     void wrongArguments_data();
     void wrongArguments();
     void favouritesSurviveAReload();
+    void healthyStartsPrintNothing();
+    void printsWhatTheEnvironmentAsksFor();
 };
 
 namespace {
@@ -32,6 +36,45 @@ QString settingsFor(const EditorWorld& world)
         "[params]\nurl_themeRootDir=" + world.arguments().constLast().toUtf8();
     CatalogueFiles::write(file, CatalogueFiles::read(file).replace("[params]", address));
     return file;
+}
+
+/// What the program prints until `isDone`; it ends in "not done" when that takes too long.
+QByteArray printedUntil(const std::function<bool()>& isDone, const EditorWorld& world,
+                        const QString& settings, const QString& loggingRules)
+{
+    QProcessEnvironment environment = Editor::environment(world);
+    environment.remove(QStringLiteral("QT_LOGGING_RULES"));
+    if (!loggingRules.isEmpty())
+        environment.insert(QStringLiteral("QT_LOGGING_RULES"), loggingRules);
+    QProcess embed;
+    embed.setProcessEnvironment(environment);
+    embed.setProcessChannelMode(QProcess::MergedChannels);
+    embed.start(program, {settings, world.root()});
+    const bool hasDone = QTest::qWaitFor(isDone, 20000);
+    embed.kill();
+    embed.waitForFinished();
+    return embed.readAll() + (hasDone ? "" : "not done");
+}
+
+/// What two starts print: one that fetches the catalogue and its previews, one that finds them.
+QByteArray printedByTwoStarts(const QString& loggingRules = QString())
+{
+    EditorWorld world;
+    const QString beta = QStringLiteral("Beta");
+    world.install({alpha});
+    world.publish({alpha, beta});
+    const QString settings = settingsFor(world);
+    const auto hasLastPreview = [&world] {
+        return !CatalogueFiles::filesBelow(world.root())
+                    .filter(QStringLiteral("beta.gif"))
+                    .isEmpty();
+    };
+    const QByteArray first = printedUntil(hasLastPreview, world, settings, loggingRules);
+    const int requests = world.server().requestCount();
+    const auto checksAgain = [&world, requests] {
+        return world.server().requestCount() > requests;
+    };
+    return first + printedUntil(checksAgain, world, settings, loggingRules);
 }
 
 } // namespace
@@ -72,6 +115,19 @@ void tst_embed::favouritesSurviveAReload()
     QTRY_VERIFY_WITH_TIMEOUT(emptied && CatalogueFiles::read(favourites).contains(guid), 20000);
     embed.kill();
     embed.waitForFinished();
+}
+
+void tst_embed::healthyStartsPrintNothing()
+{
+    QCOMPARE(printedByTwoStarts(), QByteArray());
+}
+
+void tst_embed::printsWhatTheEnvironmentAsksFor()
+{
+    const QByteArray printed = printedByTwoStarts(QStringLiteral("MVThemeMgr.debug=true"));
+    QVERIFY2(printed.contains("MVThemeMgr: checkXml ["), printed.constData());
+    QVERIFY2(!printed.contains("Resource root path"), printed.constData());
+    QVERIFY2(!printed.contains("CheckWorker"), printed.constData());
 }
 
 MV_TEST_MAIN(tst_embed)

@@ -82,12 +82,14 @@ class tst_LogSink : public QObject
     Q_OBJECT
 
 private slots:
+    void init();
     void cleanup();
 
     void theDefaultWritesToTheCategory_data();
     void theDefaultWritesToTheCategory();
     void theDefaultKeepsTheText_data();
     void theDefaultKeepsTheText();
+    void theDefaultObeysTheFilterRules_data();
     void theDefaultObeysTheFilterRules();
     void theDefaultTakesEveryCategoryName();
     void replacingReturnsWhatWasThere();
@@ -98,6 +100,11 @@ private slots:
     void severalThreadsReachTheDefault();
     void noLineIsLostWhileTheSinkChanges();
 };
+
+void tst_LogSink::init()
+{
+    QLoggingCategory::setFilterRules(QStringLiteral("*=true"));
+}
 
 void tst_LogSink::cleanup()
 {
@@ -112,7 +119,8 @@ void tst_LogSink::theDefaultWritesToTheCategory_data()
     QTest::newRow("far below 1") << -5 << QtDebugMsg;
     QTest::newRow("1") << 1 << QtDebugMsg;
     QTest::newRow("2") << 2 << QtInfoMsg;
-    QTest::newRow("above 2") << 3 << QtInfoMsg;
+    QTest::newRow("3") << 3 << QtWarningMsg;
+    QTest::newRow("above 3") << 4 << QtWarningMsg;
 }
 
 void tst_LogSink::theDefaultWritesToTheCategory()
@@ -147,27 +155,48 @@ void tst_LogSink::theDefaultKeepsTheText()
     const MessageCapture capture;
     LogL("MVThemeMgr", 1, "%s", argument.constData());
     LogL("MVThemeMgr", 2, "%s", argument.constData());
-    QCOMPARE(messages.size(), 2);
-    QCOMPARE(messages[0].text, QString::fromUtf8(argument));
-    QCOMPARE(messages[1].text, QString::fromUtf8(argument));
+    LogL("MVThemeMgr", 3, "%s", argument.constData());
+    QCOMPARE(messages.size(), 3);
+    for (const Message& message : qAsConst(messages))
+        QCOMPARE(message.text, QString::fromUtf8(argument));
+}
+
+void tst_LogSink::theDefaultObeysTheFilterRules_data()
+{
+    QTest::addColumn<QString>("rules");
+    QTest::addColumn<QString>("seen");
+    const auto row = [](const char* rules, const char* seen) {
+        QTest::newRow(rules) << QString::fromLatin1(rules) << QString::fromLatin1(seen);
+    };
+    row("", "One.3 Two.3");
+    row("One.debug=true", "One.1 One.3 Two.3");
+    row("One.info=true", "One.2 One.3 Two.3");
+    row("One=true", "One.1 One.2 One.3 Two.3");
+    row("*.info=true", "One.2 One.3 Two.2 Two.3");
+    row("*=true", "One.1 One.2 One.3 Two.1 Two.2 Two.3");
+    row("One=false", "Two.3");
+    row("One.warning=false\nOne.debug=true", "One.1 Two.3");
 }
 
 void tst_LogSink::theDefaultObeysTheFilterRules()
 {
+    QFETCH(QString, rules);
+    QFETCH(QString, seen);
     const DefaultSink sink;
+    // The rules reach both a category that there was before them and one that comes later.
+    QLoggingCategory::setFilterRules(QString());
+    const QByteArray later = QByteArray("Two in ") + QTest::currentDataTag();
+    LogL("One", 1, "before");
     const MessageCapture capture;
-    LogL("Quiet", 1, "before");
-    QLoggingCategory::setFilterRules(QStringLiteral("Quiet.debug=false\nSilent=false"));
-    for (const char* category : {"Quiet", "Silent", "Loud"}) {
-        LogL(category, 1, "details");
-        LogL(category, 2, "event");
-    }
-    QStringList seen;
+    QLoggingCategory::setFilterRules(rules);
+    for (int level = 1; level <= 3; ++level)
+        LogL("One", level, "One.%d", level);
+    for (int level = 1; level <= 3; ++level)
+        LogL(later.constData(), level, "Two.%d", level);
+    QStringList texts;
     for (const Message& message : qAsConst(messages))
-        seen << QString::fromLatin1(message.category) + QLatin1Char(' ') + message.text;
-    QCOMPARE(seen,
-             (QStringList{QStringLiteral("Quiet before"), QStringLiteral("Quiet event"),
-                          QStringLiteral("Loud details"), QStringLiteral("Loud event")}));
+        texts << message.text;
+    QCOMPARE(texts.join(QLatin1Char(' ')), seen);
 }
 
 void tst_LogSink::theDefaultTakesEveryCategoryName()
