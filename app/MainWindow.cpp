@@ -16,6 +16,7 @@
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTimer>
@@ -159,7 +160,12 @@ void MainWindow::restore()
 {
     resize(firstSize);
     restoreGeometry(m_preferences.geometry());
-    m_splitter->restoreState(m_preferences.splitter());
+    const QSize largest = screen()->availableVirtualSize();
+    if (size().boundedTo(largest) != size())
+        resize(size().boundedTo(largest)); // a window system may not survive a damaged value
+    const QList<int> sizes = m_preferences.splitterSizes();
+    if (sizes.size() == m_splitter->count())
+        m_splitter->setSizes(sizes);
     m_tabs->setThemeType(m_preferences.themeType());
     m_tabs->setCurrentTab(m_preferences.tab());
     applyMotion(m_preferences.isMotionReduced());
@@ -190,7 +196,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
     LogL("mveditor", 2, "the window closes, %s",
          event->spontaneous() ? "asked to by the window system" : "by a command of its own");
     m_preferences.setGeometry(saveGeometry());
-    m_preferences.setSplitter(m_splitter->saveState());
+    m_preferences.setSplitterSizes(m_splitter->sizes());
     disconnect(&m_check, nullptr, this, nullptr);
     hide(); // ending downloads and the check may take a second that nobody should watch
     m_tabs->cancelDownloads();

@@ -5,23 +5,35 @@
 #include "browser/MVThemeSortFilterProxyModel.h"
 #include "host/HostSettings.h"
 
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QLocale>
+#include <QLockFile>
+#include <QSaveFile>
+#include <QWidget>
+
+#include <algorithm>
 
 namespace {
 
-const QLatin1String tabKey("window/tab");
-const QLatin1String typeKey("window/themeType");
-const QLatin1String geometryKey("window/geometry");
-const QLatin1String splitterKey("window/splitter");
-const QLatin1String skinKey("view/skin");
-const QLatin1String languageKey("view/language");
-const QLatin1String scaleKey("view/scale");
-const QLatin1String motionKey("view/reduceMotion");
+const QLatin1String tabKey("tab");
+const QLatin1String typeKey("themeType");
+const QLatin1String geometryKey("geometry");
+const QLatin1String splitterSizesKey("splitterSizes");
+const QLatin1String skinKey("skin");
+const QLatin1String languageKey("language");
+const QLatin1String scaleKey("scale");
+const QLatin1String motionKey("reduceMotion");
 
 constexpr int lastTab = 3;
 constexpr int lastType = 4;
 constexpr int smallestScale = 50;
 constexpr int largestScale = 400;
+constexpr qint64 maxBytes = 1024 * 1024;
+constexpr int longestLockMs = 1000;
 
 QString systemLanguage()
 {
@@ -33,59 +45,137 @@ QString systemLanguage()
     return languages.contains(language) ? language : languages.constFirst();
 }
 
+/// False: not an object. An empty file is one without values.
+bool parse(const QByteArray& content, QJsonObject& values)
+{
+    const QJsonDocument document = QJsonDocument::fromJson(content);
+    if (content.size() > maxBytes || !(content.isEmpty() || document.isObject()))
+        return false;
+    values = document.object();
+    return true;
+}
+
 } // namespace
 
-Preferences::Preferences(const QString& iniFile)
-    : m_file(iniFile, QSettings::IniFormat)
+Preferences::Preferences(const QString& file)
+    : m_file(file)
 {
+    if (QFileInfo::exists(file))
+        read();
+}
+
+void Preferences::read()
+{
+    QFile file(m_file);
+    const bool isRegular = QFileInfo(m_file).isFile(); // opening a pipe would wait
+    if (!isRegular || !file.open(QIODevice::ReadOnly)) {
+        m_problem =
+            QStringLiteral("preferences are not stored: %1: %2")
+                .arg(m_file, isRegular ? file.errorString() : QStringLiteral("not a regular file"));
+        m_file.clear();
+        return;
+    }
+    if (parse(file.read(maxBytes + 1), m_values))
+        return;
+    file.close();
+    setAside();
+}
+
+void Preferences::setAside()
+{
+    QString kept;
+    int number = 0;
+    do {
+        ++number;
+        kept = QStringLiteral("%1.damaged-%2").arg(m_file, QString::number(number));
+    } while (QFileInfo::exists(kept));
+    if (QFile::rename(m_file, kept)) {
+        m_problem =
+            QStringLiteral("the preferences were damaged and start anew; they are kept in %1")
+                .arg(kept);
+        return;
+    }
+    m_problem = QStringLiteral("preferences are not stored: %1 is damaged and cannot be renamed")
+                    .arg(m_file);
+    m_file.clear();
+}
+
+void Preferences::store(const QString& key, const QJsonValue& value)
+{
+    m_values.insert(key, value);
+    if (m_file.isEmpty())
+        return;
+    QDir().mkpath(QFileInfo(m_file).path());
+    QLockFile lock(m_file + QStringLiteral(".lock"));
+    if (!lock.tryLock(longestLockMs))
+        return;
+    // Another process may have stored something since.
+    QJsonObject all = m_values;
+    QFile present(m_file);
+    if (present.open(QIODevice::ReadOnly) && parse(present.read(maxBytes + 1), all))
+        all.insert(key, value);
+    QSaveFile file(m_file);
+    if (file.open(QIODevice::WriteOnly)) {
+        file.write(QJsonDocument(all).toJson());
+        file.commit();
+    }
 }
 
 int Preferences::tab() const
 {
-    return qBound(0, m_file.value(tabKey, 0).toInt(), lastTab);
+    return qBound(0, m_values.value(tabKey).toInt(), lastTab);
 }
 
 void Preferences::setTab(int tab)
 {
-    m_file.setValue(tabKey, tab);
+    store(tabKey, tab);
 }
 
 int Preferences::themeType() const
 {
     const int all = MVThemeSortFilterProxyModel::allThemes;
-    const int type = m_file.value(typeKey, all).toInt();
+    const int type = m_values.value(typeKey).toInt(all);
     return type >= 0 && type <= lastType ? type : all;
 }
 
 void Preferences::setThemeType(int type)
 {
-    m_file.setValue(typeKey, type);
+    store(typeKey, type);
 }
 
 QByteArray Preferences::geometry() const
 {
-    return m_file.value(geometryKey).toByteArray();
+    return QByteArray::fromBase64(m_values.value(geometryKey).toString().toLatin1());
 }
 
 void Preferences::setGeometry(const QByteArray& geometry)
 {
-    m_file.setValue(geometryKey, geometry);
+    store(geometryKey, QString::fromLatin1(geometry.toBase64()));
 }
 
-QByteArray Preferences::splitter() const
+QList<int> Preferences::splitterSizes() const
 {
-    return m_file.value(splitterKey).toByteArray();
+    QList<int> sizes;
+    const QJsonArray stored = m_values.value(splitterSizesKey).toArray();
+    for (const QJsonValue& size : stored)
+        sizes.append(size.toInt(-1));
+    const bool isSound = std::all_of(sizes.cbegin(), sizes.cend(),
+                                     [](int size) { return size >= 0 && size <= QWIDGETSIZE_MAX; });
+    return isSound ? sizes : QList<int>();
 }
 
-void Preferences::setSplitter(const QByteArray& state)
+void Preferences::setSplitterSizes(const QList<int>& sizes)
 {
-    m_file.setValue(splitterKey, state);
+    QJsonArray stored;
+    for (const int size : sizes)
+        stored.append(size);
+    store(splitterSizesKey, stored);
 }
 
 QString Preferences::skin() const
 {
     const QStringList skins = BrowserSkin::names();
-    for (const QString& skin : {m_file.value(skinKey).toString(), hostSettings().currentSkin}) {
+    for (const QString& skin : {m_values.value(skinKey).toString(), hostSettings().currentSkin}) {
         if (skins.contains(skin))
             return skin;
     }
@@ -94,37 +184,37 @@ QString Preferences::skin() const
 
 void Preferences::setSkin(const QString& skin)
 {
-    m_file.setValue(skinKey, skin);
+    store(skinKey, skin);
 }
 
 QString Preferences::language() const
 {
-    const QString language = m_file.value(languageKey).toString();
+    const QString language = m_values.value(languageKey).toString();
     return BrowserLanguage::languages().contains(language) ? language : systemLanguage();
 }
 
 void Preferences::setLanguage(const QString& language)
 {
-    m_file.setValue(languageKey, language);
+    store(languageKey, language);
 }
 
 int Preferences::scale() const
 {
-    const int scale = m_file.value(scaleKey, 0).toInt();
+    const int scale = m_values.value(scaleKey).toInt();
     return scale >= smallestScale && scale <= largestScale ? scale : 0;
 }
 
 void Preferences::setScale(int percent)
 {
-    m_file.setValue(scaleKey, percent);
+    store(scaleKey, percent);
 }
 
 bool Preferences::isMotionReduced() const
 {
-    return m_file.value(motionKey, false).toBool();
+    return m_values.value(motionKey).toBool();
 }
 
 void Preferences::setMotionReduced(bool reduced)
 {
-    m_file.setValue(motionKey, reduced);
+    store(motionKey, reduced);
 }

@@ -1,15 +1,22 @@
 #pragma once
 
 #include <QByteArray>
-#include <QSettings>
+#include <QJsonObject>
+#include <QList>
 #include <QString>
 
-/// What the program remembers of its user from one start to the next, in an INI file of its own.
-/// Values that do not make sense read as the defaults. GUI thread only.
+/// What the program remembers of its user from one start to the next, in a JSON file of its own.
+/// Values that do not make sense read as the defaults. A change is stored at once and leaves alone
+/// what other processes have changed. GUI thread only; needs no application object.
 class Preferences
 {
 public:
-    explicit Preferences(const QString& iniFile);
+    /// Reads the file. One that cannot be understood is renamed to "NAME.damaged-1" or the next
+    /// free number, and all values are the defaults. One that cannot be read, or that is not a
+    /// regular file, stays as it is, and changes are not stored.
+    explicit Preferences(const QString& file);
+    /// Says which of that has happened; empty: neither.
+    QString problem() const { return m_problem; }
 
     int tab() const; ///< 0 to 3
     void setTab(int tab);
@@ -17,8 +24,9 @@ public:
     void setThemeType(int type);
     QByteArray geometry() const;
     void setGeometry(const QByteArray& geometry);
-    QByteArray splitter() const;
-    void setSplitter(const QByteArray& state);
+    /// Each 0 to QWIDGETSIZE_MAX; empty: not known.
+    QList<int> splitterSizes() const;
+    void setSplitterSizes(const QList<int>& sizes);
     /// One of BrowserSkin::names().
     QString skin() const;
     void setSkin(const QString& skin);
@@ -32,5 +40,11 @@ public:
     void setMotionReduced(bool reduced);
 
 private:
-    QSettings m_file;
+    void read();
+    void setAside();
+    void store(const QString& key, const QJsonValue& value);
+
+    QString m_file; // empty: changes are not stored
+    QString m_problem;
+    QJsonObject m_values;
 };

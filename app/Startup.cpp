@@ -68,9 +68,9 @@ bool Startup::openCatalogue(const QString& skin)
 QString Startup::preferencesFile() const
 {
     if (m_demo)
-        return m_demo->folder() + QStringLiteral("/preferences.ini");
+        return m_demo->folder() + QStringLiteral("/preferences.json");
     return QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)
-        + QStringLiteral("/preferences.ini");
+        + QStringLiteral("/preferences.json");
 }
 
 bool Startup::fail(const QString& text)

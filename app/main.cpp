@@ -22,9 +22,14 @@ constexpr int exitFailure = 1;
 constexpr int exitUsage = 2;
 constexpr char scaleVariable[] = "QT_SCALE_FACTOR";
 
-int fail(int status, const QString& text)
+void say(const QString& text)
 {
     std::fprintf(stderr, "mveditor: %s\n", text.toLocal8Bit().constData());
+}
+
+int fail(int status, const QString& text)
+{
+    say(text);
     return status;
 }
 
@@ -49,16 +54,18 @@ int prepare(int& argc, char** argv, CommandLine& commandLine, Startup& startup)
 
 int run(int& argc, char** argv, const CommandLine& commandLine, Startup& startup)
 {
+    Preferences preferences(startup.preferencesFile());
+    if (!preferences.problem().isEmpty())
+        say(preferences.problem());
     // One that the environment gives counts more.
     const bool ownScale = !qEnvironmentVariableIsSet(scaleVariable);
     if (ownScale)
-        applyScale(Preferences(startup.preferencesFile()).scale());
+        applyScale(preferences.scale());
     QApplication application(argc, argv);
     if (ownScale)
         qunsetenv(scaleVariable); // programs that the window opens have a scale of their own
     // The same everywhere, and it takes all its colours from the palette.
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    Preferences preferences(startup.preferencesFile());
     if (!startup.openCatalogue(preferences.skin()))
         return fail(exitFailure, startup.errorText());
     AppLanguage::install(preferences.language());

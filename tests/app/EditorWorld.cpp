@@ -228,7 +228,7 @@ void EditorWorld::answer(HttpExchange& exchange)
 
 QString EditorWorld::preferencesFile() const
 {
-    return folder() + QStringLiteral("/home/.config/mveditor/preferences.ini");
+    return folder() + QStringLiteral("/home/.config/mveditor/preferences.json");
 }
 
 void EditorWorld::writeSettings(int stallTimeoutMs) const

@@ -46,10 +46,10 @@ void tst_editor_desktop::moreOpensItsAddress_data()
     QTest::addColumn<double>("scale");
     QTest::newRow("as the screen says")
         << QByteArray() << QByteArray() << QByteArray("none") << 1.0;
-    QTest::newRow("enlarged") << QByteArray("[view]\nscale=125\n") << QByteArray()
+    QTest::newRow("enlarged") << QByteArray(R"({"scale": 125})") << QByteArray()
                               << QByteArray("none") << 1.25;
     QTest::newRow("enlarged by the environment")
-        << QByteArray("[view]\nscale=200\n") << QByteArray("1.25") << QByteArray("1.25") << 1.25;
+        << QByteArray(R"({"scale": 200})") << QByteArray("1.25") << QByteArray("1.25") << 1.25;
 }
 
 void tst_editor_desktop::moreOpensItsAddress()
