@@ -51,6 +51,7 @@ private slots:
     void refusesWhatIsNotAFile_data();
     void refusesWhatIsNotAFile();
     void refusesAFileThatCannotBeRead();
+    void refusesAFileWhoseReadingFails();
     void refusesAMalformedFile_data();
     void refusesAMalformedFile();
     void refusesAnUnknownKey_data();
@@ -106,6 +107,14 @@ void tst_HostSettingsErrors::refusesAFileThatCannotBeRead()
     }
     QCOMPARE(error, path + QStringLiteral(": the file cannot be read: Permission denied"));
     QCOMPARE(everything(hostSettings()), before);
+}
+
+void tst_HostSettingsErrors::refusesAFileWhoseReadingFails()
+{
+    const QString path = QStringLiteral("/proc/self/mem"); // nothing is at its beginning
+    QString error;
+    QVERIFY(!loadHostSettings(path, &error));
+    QCOMPARE(error, path + QStringLiteral(": the file cannot be read: Input/output error"));
 }
 
 void tst_HostSettingsErrors::refusesAMalformedFile_data()
