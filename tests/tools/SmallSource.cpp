@@ -106,6 +106,20 @@ void SmallSource::set(const QString& item, const char* key, const QJsonValue& va
     setManifest(item, object);
 }
 
+QString SmallSource::addWork() const
+{
+    constexpr int bytes = 32 << 20;
+    QByteArray noise(bytes, '\0');
+    quint32 state = 1;
+    for (char& byte : noise) {
+        state = state * 1664525U + 1013904223U;
+        byte = static_cast<char>(state >> 24U);
+    }
+    QString name = file(QStringLiteral("zoom/pack/noise.bin"));
+    CatalogueFiles::write(name, noise);
+    return name;
+}
+
 QString SmallSource::guid(const QString& item)
 {
     const QStringList items{QStringLiteral("look"),  QStringLiteral("title"),

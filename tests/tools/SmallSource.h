@@ -20,6 +20,9 @@ public:
     /// Changes one field; an undefined value takes it away.
     void set(const QString& item, const char* key, const QJsonValue& value) const;
 
+    /// Adds a file that takes a build a while to pack, and returns its name.
+    QString addWork() const;
+
     /// The item's GUID.
     static QString guid(const QString& item);
     static QByteArray thumbnail();

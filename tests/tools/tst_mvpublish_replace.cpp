@@ -240,14 +240,7 @@ void TestMvpublishReplace::killedRunLeavesTheTree()
     const SmallSource source(home("source"));
     QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
     const auto before = contentOf(m_out);
-    // So much that it takes a while to pack.
-    QByteArray noise(32 << 20, '\0');
-    quint32 state = 1;
-    for (char& byte : noise) {
-        state = state * 1664525U + 1013904223U;
-        byte = static_cast<char>(state >> 24U);
-    }
-    CatalogueFiles::write(source.file(text("zoom/pack/noise.bin")), noise);
+    const QString work = source.addWork();
     QProcess process;
     process.start(Mvpublish::program(), {text("build"), source.folder(), m_out});
     const QString half = QFileInfo(m_out).path() + text("/.tree.new");
@@ -256,7 +249,7 @@ void TestMvpublishReplace::killedRunLeavesTheTree()
     QCOMPARE(ConsoleProgram::end(process).status, -1);
     QVERIFY(contentOf(m_out) == before);
     QVERIFY(QFileInfo::exists(half));
-    QVERIFY(QFile::remove(source.file(text("zoom/pack/noise.bin"))));
+    QVERIFY(QFile::remove(work));
     QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
     QVERIFY(contentOf(m_out) == before);
     QVERIFY(!QFileInfo::exists(half));

@@ -1,3 +1,4 @@
+#include "FolderLock.h"
 #include "FolderSwitch.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
@@ -5,6 +6,10 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
+
+#include <array>
+#include <atomic>
+#include <thread>
 
 #include <sys/stat.h>
 
@@ -35,6 +40,8 @@ private slots:
     void replaces();
     void oldFolderIsPutBackWhereThereIsNone();
     void oldFolderGoesWhereTheNewOneIsInPlace();
+    void placeBelongsToOneAtATime();
+    void locksExcludeEachOtherWhileTheirFileComesAndGoes();
     void folderTakesTheModeOfThePlace();
     void changedFileOfTheSameLengthIsLater_data();
     void changedFileOfTheSameLengthIsLater();
@@ -108,6 +115,51 @@ void TestMvpublishSwitch::oldFolderGoesWhereTheNewOneIsInPlace()
     }
     QCOMPARE(CatalogueFiles::read(place() + text("/a.txt")), QByteArray("newer"));
     QCOMPARE(entries(), QStringList{text("tree")});
+}
+
+void TestMvpublishSwitch::placeBelongsToOneAtATime()
+{
+    FolderSwitch second(place());
+    {
+        FolderSwitch first(place());
+        QVERIFY(first.begin());
+        CatalogueFiles::write(first.folder() + text("/a.txt"), "first");
+        QVERIFY(!second.begin());
+        QCOMPARE(second.errorText(), place() + text(" is being written by another run"));
+        QVERIFY(!second.lock());
+        QVERIFY(first.commit());
+    }
+    QVERIFY2(second.begin(), qPrintable(second.errorText()));
+    QCOMPARE(CatalogueFiles::read(place() + text("/a.txt")), QByteArray("first"));
+}
+
+/// Whoever releases a lock removes its file, which another may have opened just before.
+void TestMvpublishSwitch::locksExcludeEachOtherWhileTheirFileComesAndGoes()
+{
+    constexpr int rounds = 5000;
+    std::atomic<int> owners{0};
+    std::atomic<int> taken{0};
+    std::atomic<bool> isShared{false};
+    const auto work = [&] {
+        for (int i = 0; i < rounds; ++i) {
+            FolderLock lock(m_folder + text("/.lock"));
+            if (lock.take() != FolderLock::Result::Taken)
+                continue;
+            ++taken;
+            if (++owners > 1)
+                isShared = true;
+            std::this_thread::yield();
+            --owners;
+        }
+    };
+    std::array<std::thread, 4> threads;
+    for (std::thread& thread : threads)
+        thread = std::thread(work);
+    for (std::thread& thread : threads)
+        thread.join();
+    QVERIFY(!isShared);
+    QVERIFY(taken > 0);
+    QCOMPARE(entries(), QStringList());
 }
 
 void TestMvpublishSwitch::folderTakesTheModeOfThePlace()

@@ -13,16 +13,22 @@
 
 namespace {
 
-/// Why the folder is not replaced; empty if it holds a tree, or nothing.
-QString placeFault(const QString& folder, bool installed)
+/// The tree that a run that was killed has left where it cannot be put back.
+QString treeAside(const FolderSwitch& place)
 {
-    const QFileInfo place(folder);
-    const QDir tree(folder);
-    const bool isFree = place.exists() ? place.isDir() && tree.isEmpty() : !place.isSymLink();
-    if (isFree)
+    return QFileInfo(place.oldFolder()).isDir()
+        ? QStringLiteral(" (%1 holds the one that was there)").arg(place.oldFolder())
+        : QString();
+}
+
+/// Why the folder is not replaced; empty if it holds a tree, or nothing.
+QString placeFault(const QString& folder, const FolderSwitch& place, bool installed)
+{
+    // A link to a folder that is not there may wait for a mount or for a copy of another tree.
+    if (place.isFree() && (QFileInfo::exists(folder) || !QFileInfo(folder).isSymLink()))
         return QString();
-    if (!place.isDir() || !tree.exists(Editions::catalogueFolder))
-        return QStringLiteral("%1 is there and holds no tree").arg(folder);
+    if (!QDir(folder).exists(Editions::catalogueFolder))
+        return QStringLiteral("%1 is there and holds no tree").arg(folder) + treeAside(place);
     const QString foreign = ReplacedTree::foreignEntry(folder, installed);
     if (foreign.isEmpty())
         return QString();
@@ -42,9 +48,9 @@ bool contains(const QString& outer, const QString& inner)
 }
 
 /// Nothing that the build writes or removes may lie in the source, nor the other way round.
-QString foldersFault(const QString& source, const QString& out, const FolderSwitch& place)
+QString foldersFault(const QString& source, const FolderSwitch& place)
 {
-    if (contains(source, out) || contains(out, source))
+    if (contains(source, place.target()) || contains(place.target(), source))
         return QStringLiteral("SOURCE and OUT lie within each other");
     if (contains(place.folder(), source) || contains(place.oldFolder(), source))
         return QStringLiteral("SOURCE lies where OUT is made ready");
@@ -68,29 +74,8 @@ int report(const Arguments& arguments, const Source& source, const TreeBuilder& 
     return ExitStatus::success;
 }
 
-} // namespace
-
-int BuildCommand::run(const Arguments& arguments)
+int publish(const Arguments& arguments, const Source& source, FolderSwitch& place)
 {
-    const QString sourceFolder = arguments.operands.at(0);
-    const QString out = QDir::cleanPath(QDir().absoluteFilePath(arguments.operands.at(1)));
-    if (!QFileInfo(sourceFolder).isDir())
-        return Console::fail(ExitStatus::failure,
-                             QStringLiteral("no such folder: %1").arg(sourceFolder));
-    FolderSwitch place(out);
-    const QString fault = foldersFault(sourceFolder, out, place);
-    if (!fault.isEmpty())
-        return Console::fail(ExitStatus::failure, fault);
-    const QString foreign = placeFault(out, arguments.installed);
-    if (!foreign.isEmpty())
-        return Console::fail(ExitStatus::failure,
-                             foreign + QStringLiteral("; it is left as it is"));
-    Source source;
-    if (!source.read(sourceFolder)) {
-        for (const QString& line : source.faults())
-            Console::fail(ExitStatus::findings, line);
-        return ExitStatus::findings;
-    }
     if (!place.begin())
         return Console::fail(ExitStatus::failure, place.errorText());
     TreeBuilder builder(source);
@@ -102,4 +87,32 @@ int BuildCommand::run(const Arguments& arguments)
     if (!place.commit())
         return Console::fail(ExitStatus::failure, place.errorText());
     return report(arguments, source, builder);
+}
+
+} // namespace
+
+int BuildCommand::run(const Arguments& arguments)
+{
+    const QString sourceFolder = arguments.operands.at(0);
+    const QString out = QDir::cleanPath(QDir().absoluteFilePath(arguments.operands.at(1)));
+    if (!QFileInfo(sourceFolder).isDir())
+        return Console::fail(ExitStatus::failure,
+                             QStringLiteral("no such folder: %1").arg(sourceFolder));
+    FolderSwitch place(out);
+    const QString fault = foldersFault(sourceFolder, place);
+    if (!fault.isEmpty())
+        return Console::fail(ExitStatus::failure, fault);
+    // Before a look at the place: what a run that was killed has left may have to be put back.
+    if (!place.lock())
+        return Console::fail(ExitStatus::failure, place.errorText());
+    const QString foreign = placeFault(out, place, arguments.installed);
+    if (!foreign.isEmpty())
+        return Console::fail(ExitStatus::failure,
+                             foreign + QStringLiteral("; it is left as it is"));
+    Source source;
+    if (source.read(sourceFolder))
+        return publish(arguments, source, place);
+    for (const QString& line : source.faults())
+        Console::fail(ExitStatus::findings, line);
+    return ExitStatus::findings;
 }

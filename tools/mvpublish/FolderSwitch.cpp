@@ -93,20 +93,33 @@ bool rename(const QString& from, const QString& to)
     return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
 }
 
+/// Follows links as the system does, but also to what is not there: a run that was killed may have
+/// left nothing where the link points.
+QString placeOf(QString path)
+{
+    constexpr int maxLinks = 40; // as many as the system follows
+    for (int i = 0; i < maxLinks; ++i) {
+        const QFileInfo place(path);
+        const QString parent = place.dir().canonicalPath();
+        if (place.exists())
+            return place.canonicalFilePath();
+        if (parent.isEmpty())
+            return path;
+        const QFileInfo entry(QDir(parent).filePath(place.fileName()));
+        if (!entry.isSymLink())
+            return entry.filePath();
+        path = entry.symLinkTarget();
+    }
+    return path;
+}
+
 } // namespace
 
 FolderSwitch::FolderSwitch(const QString& target)
-    : m_target(QDir::cleanPath(QDir().absoluteFilePath(target)))
+    : m_target(placeOf(QDir::cleanPath(QDir().absoluteFilePath(target))))
+    , m_folder(beside(QStringLiteral(".new")))
+    , m_lock(beside(QStringLiteral(".lock")))
 {
-    // Where the place is a link, what it points to is switched.
-    const QFileInfo place(m_target);
-    if (place.exists())
-        m_target = place.canonicalFilePath();
-    const QString beside =
-        QFileInfo(m_target).path() + QStringLiteral("/.") + QFileInfo(m_target).fileName();
-    m_folder = beside + QStringLiteral(".new");
-    m_lock = std::make_unique<QLockFile>(beside + QStringLiteral(".lock"));
-    m_lock->setStaleLockTime(0); // only a dead owner's lock is stale
 }
 
 FolderSwitch::~FolderSwitch()
@@ -115,30 +128,55 @@ FolderSwitch::~FolderSwitch()
         Utils::rmDir(m_folder, true);
 }
 
+QString FolderSwitch::beside(const QString& suffix) const
+{
+    const QFileInfo place(m_target);
+    return place.path() + QStringLiteral("/.") + place.fileName() + suffix;
+}
+
+bool FolderSwitch::lock()
+{
+    if (m_lock.isTaken())
+        return true;
+    const FolderLock::Result result = m_lock.take();
+    if (result == FolderLock::Result::Held)
+        return fail(QStringLiteral("%1 is being written by another run").arg(m_target));
+    if (result == FolderLock::Result::Failed)
+        return fail(
+            QStringLiteral("nothing can be written beside %1: %2").arg(m_target, systemError()));
+    return putBack()
+        || fail(QStringLiteral("%1 cannot be put back: %2").arg(oldFolder(), systemError()));
+}
+
+bool FolderSwitch::isFree() const
+{
+    const QFileInfo place(m_target);
+    if (!place.exists())
+        return !place.isSymLink();
+    return place.isDir()
+        && QDir(m_target).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::System
+                                  | QDir::NoDotAndDotDot);
+}
+
+/// A run that was killed between its two renames has left nothing in the place. Since then a server
+/// or a script may have made an empty folder there.
+bool FolderSwitch::putBack()
+{
+    return !isFree() || !QFileInfo(oldFolder()).isDir() || rename(oldFolder(), m_target);
+}
+
 bool FolderSwitch::begin()
 {
-    if (!m_lock->tryLock()) {
-        return fail(m_lock->error() == QLockFile::LockFailedError
-                        ? QStringLiteral("%1 is being written by another run").arg(m_target)
-                        : QStringLiteral("nothing can be written beside %1").arg(m_target));
-    }
+    if (!lock())
+        return false;
     m_begun = true;
-    if (!restore())
-        return fail(QStringLiteral("%1 cannot be put back or removed").arg(oldFolder()));
-    // A run that was killed may have left it.
+    // Leftovers of runs that were killed: the place holds a newer tree than the old folder.
+    if (!Utils::rmDir(oldFolder(), true))
+        return fail(QStringLiteral("%1 cannot be removed").arg(oldFolder()));
     if (!Utils::rmDir(m_folder, true) || !QDir().mkdir(m_folder)
         || ::chmod(QFile::encodeName(m_folder).constData(), modeOf(m_target)) != 0)
         return fail(QStringLiteral("%1 cannot be made").arg(m_folder));
     return true;
-}
-
-/// A run that was killed between its two renames has left nothing in the place.
-bool FolderSwitch::restore()
-{
-    const QFileInfo place(m_target);
-    if (!QFileInfo(oldFolder()).isDir() || place.exists() || place.isSymLink())
-        return Utils::rmDir(oldFolder(), true);
-    return rename(oldFolder(), m_target);
 }
 
 bool FolderSwitch::commit()

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <QLockFile>
-#include <QString>
+#include "FolderLock.h"
 
-#include <memory>
+#include <QString>
 
 /// Writes a folder beside its place and puts it there in one step, so that who reads the place
 /// meets the old folder or the new one and never a mixture.
@@ -13,7 +12,8 @@
 class FolderSwitch
 {
 public:
-    /// `target` need not exist; its parent folder must.
+    /// `target` need not exist; its parent folder must. Where it is a link, what it points to is
+    /// switched.
     explicit FolderSwitch(const QString& target);
     /// Removes what has not been put in place.
     ~FolderSwitch();
@@ -23,9 +23,17 @@ public:
     /// a moment there is nothing in its place.
     void useRenames() { m_canExchange = false; }
 
-    /// Makes the folder to write to, with the mode of the one that it replaces. Puts right what a
-    /// run that was killed has left. False: errorText(). One switch per target at a time.
+    /// Takes the place for this object: one switch per target at a time, over all processes. Then
+    /// puts the old folder back if a run was killed between its two renames and the place is still
+    /// free. False: errorText().
+    bool lock();
+    /// Whether the place holds nothing, or an empty folder.
+    bool isFree() const;
+    /// Makes the folder to write to, with the mode of the one that it replaces, and removes what
+    /// else runs that were killed have left. Locks the place if lock() has not. False: errorText().
     bool begin();
+    /// The place, without links.
+    QString target() const { return m_target; }
     QString folder() const { return m_folder; }
     /// Where the old folder waits while it is replaced by renames.
     QString oldFolder() const { return m_folder + QStringLiteral(".old"); }
@@ -35,14 +43,15 @@ public:
     QString errorText() const { return m_error; }
 
 private:
-    bool restore();
+    QString beside(const QString& suffix) const;
+    bool putBack();
     bool replace();
     bool replaceByRenames();
     bool fail(const QString& text);
 
     QString m_target;
     QString m_folder;
-    std::unique_ptr<QLockFile> m_lock;
+    FolderLock m_lock;
     QString m_error;
     bool m_canExchange = true;
     bool m_begun = false;
