@@ -61,9 +61,10 @@ private:
 
 void TestMvpublishFaults::manifestRows()
 {
-    const auto row = [](const char* name, const Change& change, const char* message) {
-        QTest::newRow(name) << change << QByteArray(message);
+    const auto row = [](const char* name, const Change& change, const QByteArray& message) {
+        QTest::newRow(name) << change << message;
     };
+    const QString longName = text("\xf0\x9f\x8e\x89").repeated(201);
     row("no GUID", set("look", "guid", nothing()), "look/item.json: \"guid\" is missing");
     row("small letters", set("look", "guid", text("{abcdef01-2345-4789-ABCD-000000000001}")),
         "look/item.json: \"guid\" is not a GUID in braces and capitals");
@@ -88,6 +89,12 @@ void TestMvpublishFaults::manifestRows()
         "look/item.json: a name holds characters that cannot be shown");
     row("name with what is no character", set("look", "name", QString(QChar(0xffff))),
         "look/item.json: a name holds characters that cannot be shown");
+    row("name that could not be decoded", set("look", "name", text("a\xef\xbf\xbd")),
+        "look/item.json: a name holds characters that cannot be shown");
+    row("long name", set("look", "name", longName),
+        "look/item.json: a name has 201 characters, and at most 200 are accepted");
+    row("long name for an audience", set("look", "names", QJsonObject{{text("aff"), longName}}),
+        "look/item.json: a name has 201 characters, and at most 200 are accepted");
     row("family with a control character", set("look", "family", text("a\x01")),
         "look/item.json: \"family\" holds characters that XML cannot hold");
     row("parameter with a control character",
@@ -138,12 +145,22 @@ void TestMvpublishFaults::manifestRows()
     row(
         "no manifest of the source",
         [](const SmallSource& source) { QFile::remove(source.file(text("catalogue.json"))); },
+        "catalogue.json: is missing; write the version of the installed catalogue into "
+            + home("source/catalogue.json").toUtf8() + ", for example {\"version\": \"1.2.0\"}");
+    row(
+        "manifest of the source is a link to nothing",
+        [](const SmallSource& source) {
+            QFile::remove(source.file(text("catalogue.json")));
+            QFile::link(home("nowhere"), source.file(text("catalogue.json")));
+        },
         "catalogue.json: cannot be read");
     row("no version", set("", "version", nothing()), "catalogue.json: \"version\" is missing");
     row("version with a letter", set("", "version", text("1.2b")),
         "catalogue.json: \"version\" is not numbers with dots, as in 1.0.2");
     row("name of none with a tab", set("", "noneNames", QJsonObject{{text("aff"), text("a\tb")}}),
-        "catalogue.json: \"noneNames\" holds characters that cannot be shown");
+        "catalogue.json: \"noneNames\": a name holds characters that cannot be shown");
+    row("long name of none", set("", "noneNames", QJsonObject{{text("aff"), longName}}),
+        "catalogue.json: \"noneNames\": a name has 201 characters, and at most 200 are accepted");
     row("name of none for nobody", set("", "noneNames", QJsonObject{{text("de"), text("Ohne")}}),
         "catalogue.json: \"noneNames\": \"de\" is none of standard, aff, aff_de, installed");
     row(

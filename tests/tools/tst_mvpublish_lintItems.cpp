@@ -100,6 +100,13 @@ void TestMvpublishLintItems::guidRows()
         config, none);
     row("item without a name", replace(display, text("<Name>My paper</Name>"), QString()),
         "no-name", display, guid("paper"));
+    row("item with a long name",
+        replace(display, text("<Name>My paper</Name>"),
+                text("<Name>%1</Name>").arg(text("n").repeated(500))),
+        "name", display, guid("paper"));
+    row("item with a control character in its name",
+        replace(display, text("<Name>My paper</Name>"), text("<Name>My\tpaper</Name>")), "name",
+        display, guid("paper"));
 }
 
 void TestMvpublishLintItems::themeRows()

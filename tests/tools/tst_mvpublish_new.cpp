@@ -1,4 +1,5 @@
 #include "Mvpublish.h"
+#include "SmallSource.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
 
@@ -40,6 +41,8 @@ private slots:
     void folderIsMadeOfTheName();
     void keepsTheManifestOfTheSource();
     void namesOfEveryScript();
+    void nameInAnotherEncodingIsRefused();
+    void differentNamesHaveDifferentFolders();
     void refuses();
 };
 
@@ -105,7 +108,24 @@ void TestMvpublishNew::folderIsMadeOfTheName_data()
     QTest::addColumn<QString>("folder");
     QTest::newRow("blanks and capitals") << text("My  Best Look") << text("my-best-look");
     QTest::newRow("other characters") << text("../Up & Away!") << text("up-away");
-    QTest::newRow("no letters") << text("日本") << text("filter");
+    QTest::newRow("accents") << text("Naïve Café") << text("naive-cafe");
+    QTest::newRow("accents of their own") << text("nai\xcc\x88ve") << text("naive");
+    QTest::newRow("two accents on a letter") << text("Phở Hà Nội") << text("pho-ha-noi");
+    QTest::newRow("dot on a capital") << text("İzmir") << text("izmir");
+    QTest::newRow("letters that are no accented ones") << text("Große Øl") << text("große-øl");
+    QTest::newRow("Japanese") << text("日本語テーマ") << text("日本語テーマ");
+    QTest::newRow("half-width Japanese") << text("ｶﾞｰﾄﾞ") << text("ガード");
+    QTest::newRow("Chinese") << text("春節") << text("春節");
+    QTest::newRow("beyond the first plane") << text("\xf0\xa0\x80\x8b") << text("\xf0\xa0\x80\x8b");
+    QTest::newRow("Cyrillic") << text("Зимний День") << text("зимний-день");
+    QTest::newRow("Devanagari with a joiner") << text("क्\xe2\x80\x8dषण") << text("क्षण");
+    QTest::newRow("Arabic") << text("عيد الفطر") << text("عيد-الفطر");
+    QTest::newRow("mark of direction") << text("up\xe2\x80\xaepu") << text("uppu");
+    QTest::newRow("no letters") << text("\xf0\x9f\x8e\x89") << text("filter-6146299c");
+    QTest::newRow("folder of the source's own") << text("Shared") << text("shared-filter");
+    QTest::newRow("folder of the \"none\" entry") << text("None!") << text("none-filter");
+    QTest::newRow("long") << text("語").repeated(200)
+                          << text("語").repeated(37) + text("-33ebd179");
 }
 
 void TestMvpublishNew::folderIsMadeOfTheName()
@@ -138,7 +158,48 @@ void TestMvpublishNew::namesOfEveryScript()
     const Outcome outcome = ConsoleProgram::end(process);
     QCOMPARE(outcome.err, QByteArray());
     QCOMPARE(outcome.status, 0);
-    QVERIFY(CatalogueFiles::read(home(text("scripts/filter/item.json"))).contains(name.toUtf8()));
+    QVERIFY(CatalogueFiles::read(home(text("scripts/\xf0\xa0\x80\x8b/item.json")))
+                .contains(name.toUtf8()));
+}
+
+/// What a shell in another encoding passes on.
+void TestMvpublishNew::nameInAnotherEncodingIsRefused()
+{
+    const QString script =
+        text("export LC_ALL=C.UTF-8; exec \"$0\" new filter \"$(printf 'bad\\377')\" --in \"$1\"");
+    const QString source = home(text("encodings"));
+    const Outcome outcome =
+        ConsoleProgram::run(text("/bin/sh"), {text("-c"), script, Mvpublish::program(), source});
+    QCOMPARE(outcome.err,
+             QByteArray("mvpublish: the name holds characters that cannot be shown\n"));
+    QCOMPARE(outcome.status, 2);
+    QVERIFY(!QFile::exists(source));
+}
+
+/// Each item can be published: the names of its files follow from that of its folder.
+void TestMvpublishNew::differentNamesHaveDifferentFolders()
+{
+    const QString source = home(text("different"));
+    const QStringList names{text("日本語テーマ"),     text("春節"), text("\xf0\x9f\x8e\x89"),
+                            text("\xf0\x9f\x8e\x8a"), text("!!!"),  text("語").repeated(199),
+                            text("語").repeated(200), text("か"),   text("が")};
+    for (const QString& name : names)
+        QCOMPARE(Mvpublish::run({text("new"), text("theme"), name, text("--in"), source}).status,
+                 0);
+    QCOMPARE(QDir(source).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), names.size());
+    const QString tree = home(text("different-tree"));
+    QCOMPARE(Mvpublish::build(source, tree), QString());
+    QCOMPARE(Mvpublish::run({text("lint"), tree}).status, 0);
+    // A name that differs in accents only is told, and changes nothing.
+    QCOMPARE(
+        Mvpublish::run({text("new"), text("theme"), text("naive"), text("--in"), source}).status,
+        0);
+    const Outcome again =
+        Mvpublish::run({text("new"), text("theme"), text("naïve"), text("--in"), source});
+    QCOMPARE(QString::fromUtf8(again.err),
+             text("mvpublish: ") + source + text("/naive/ is there already\n"));
+    QCOMPARE(again.status, 2);
+    QCOMPARE(manifest(source + text("/naive")).value(text("name")).toString(), text("naive"));
 }
 
 void TestMvpublishNew::refuses()
@@ -154,6 +215,11 @@ void TestMvpublishNew::refuses()
         Mvpublish::run(QStringList{text("new"), text("filter"), text("a\nb")} + in);
     QCOMPARE(name.err, QByteArray("mvpublish: the name holds characters that cannot be shown\n"));
     QCOMPARE(name.status, 2);
+    const Outcome length =
+        Mvpublish::run(QStringList{text("new"), text("filter"), text("語").repeated(201)} + in);
+    QCOMPARE(length.err,
+             QByteArray("mvpublish: the name has 201 characters, and at most 200 are accepted\n"));
+    QCOMPARE(length.status, 2);
     QVERIFY(!QFile::exists(source));
     QCOMPARE(Mvpublish::run(QStringList{text("new"), text("filter"), text("x")} + in).status, 0);
     const QByteArray before = CatalogueFiles::read(source + text("/x/item.json"));

@@ -99,8 +99,7 @@ void readNames(JsonFields& fields, SourceItem& item)
     QStringList shown = item.names.values();
     shown.append(item.name);
     Manifest::checkAudiences(fields, "names", item.names);
-    if (!std::all_of(shown.cbegin(), shown.cend(), &Texts::isShowable))
-        fields.fault(QStringLiteral("a name holds characters that cannot be shown"));
+    Manifest::checkShown(fields, QStringLiteral("a name"), shown);
 }
 
 void readFiles(JsonFields& fields, SourceItem& item)
@@ -130,6 +129,15 @@ void checkDefinition(JsonFields& fields, const SourceItem& item)
 }
 
 } // namespace
+
+void Manifest::checkShown(JsonFields& fields, const QString& what, const QStringList& names)
+{
+    for (const QString& name : names) {
+        const QString fault = Texts::nameFault(name);
+        if (!fault.isEmpty())
+            fields.fault(what + QLatin1Char(' ') + fault);
+    }
+}
 
 void Manifest::checkAudiences(JsonFields& fields, const char* key,
                               const QMap<QString, QString>& names)

@@ -18,4 +18,6 @@ public:
     /// Complains of names for nobody: keys that are no audience.
     static void checkAudiences(JsonFields& fields, const char* key,
                                const QMap<QString, QString>& names);
+    /// Complains of names that users cannot read, or that are too long. `what` begins the fault.
+    static void checkShown(JsonFields& fields, const QString& what, const QStringList& names);
 };

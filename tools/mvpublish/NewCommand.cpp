@@ -4,6 +4,7 @@
 #include "Console.h"
 #include "ExitStatus.h"
 #include "Guids.h"
+#include "ItemFolder.h"
 #include "Kinds.h"
 #include "Manifest.h"
 #include "Source.h"
@@ -13,19 +14,9 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QRegularExpression>
 #include <QSaveFile>
 
 namespace {
-
-/// A folder name for an item: what of its name every file system can store.
-QString folderName(const QString& name, const Kind& kind)
-{
-    QString result = name.toLower();
-    result.replace(QRegularExpression(QStringLiteral("[^a-z0-9]+")), QStringLiteral("-"));
-    result.remove(QRegularExpression(QStringLiteral("^-|-$")));
-    return result.isEmpty() ? kind.word : result;
-}
 
 bool write(const QString& file, const QByteArray& content)
 {
@@ -95,10 +86,10 @@ int NewCommand::run(const Arguments& arguments)
             ExitStatus::failure,
             QStringLiteral("\"%1\" is none of %2").arg(arguments.operands.at(0), Kinds::words()));
     const QString name = arguments.operands.at(1);
-    if (!Texts::isShowable(name))
-        return Console::fail(ExitStatus::failure,
-                             QStringLiteral("the name holds characters that cannot be shown"));
-    const QString slug = folderName(name, *kind);
+    const QString fault = Texts::nameFault(name);
+    if (!fault.isEmpty())
+        return Console::fail(ExitStatus::failure, QStringLiteral("the name ") + fault);
+    const QString slug = ItemFolder::nameFor(name, *kind);
     const QString folder =
         QDir::cleanPath(arguments.source + QLatin1Char('/') + slug) + QLatin1Char('/');
     if (QFileInfo::exists(folder))

@@ -49,6 +49,11 @@ bool Source::read(const QString& folder)
     return m_faults.isEmpty();
 }
 
+bool Source::isSpecialFolder(const QString& name)
+{
+    return name == noneFolder || name == sharedFolder();
+}
+
 QString Source::noneName(const QString& audience) const
 {
     return m_noneNames.value(audience,
@@ -58,6 +63,13 @@ QString Source::noneName(const QString& audience) const
 void Source::readCatalogue()
 {
     const QString file = m_folder + QLatin1Char('/') + manifestName();
+    const QFileInfo place(file);
+    if (!place.exists() && !place.isSymLink()) {
+        m_faults.append(QStringLiteral("%1: is missing; write the version of the installed "
+                                       "catalogue into %2, for example {\"version\": \"1.2.0\"}")
+                            .arg(manifestName(), file));
+        return;
+    }
     const QJsonObject object = JsonFields::read(file, manifestName(), m_faults);
     if (!m_faults.isEmpty())
         return;
@@ -68,9 +80,7 @@ void Source::readCatalogue()
         fields.fault(QStringLiteral("\"version\" is not numbers with dots, as in 1.0.2"));
     m_noneNames = fields.map("noneNames");
     Manifest::checkAudiences(fields, "noneNames", m_noneNames);
-    const QStringList names = m_noneNames.values();
-    if (!std::all_of(names.cbegin(), names.cend(), &Texts::isShowable))
-        fields.fault(QStringLiteral("\"noneNames\" holds characters that cannot be shown"));
+    Manifest::checkShown(fields, QStringLiteral("\"noneNames\": a name"), m_noneNames.values());
     fields.finish();
 }
 
@@ -106,8 +116,7 @@ void Source::findItems(const QString& relative)
     const QStringList names =
         folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks);
     for (const QString& name : names) {
-        const bool special = relative.isEmpty() && (name == noneFolder || name == sharedFolder());
-        if (!special)
+        if (!relative.isEmpty() || !isSpecialFolder(name))
             findItems(relative.isEmpty() ? name : relative + QLatin1Char('/') + name);
     }
 }

@@ -30,6 +30,8 @@ public:
 
     static QString manifestName() { return QStringLiteral("catalogue.json"); }
     static QString sharedFolder() { return QStringLiteral("shared"); }
+    /// Whether a folder of that name directly below the source holds something else than items.
+    static bool isSpecialFolder(const QString& name);
 
 private:
     void readCatalogue();

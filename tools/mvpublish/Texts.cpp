@@ -1,6 +1,7 @@
 #include "Texts.h"
 
 #include <QRegularExpression>
+#include <QVector>
 
 namespace Texts {
 
@@ -31,8 +32,20 @@ bool isShowable(const QString& text)
     return holdsForAll(text, [](uint code) {
         const QChar::Category category = QChar::category(code);
         return category != QChar::Other_Control && category != QChar::Other_Surrogate
-            && category != QChar::Other_NotAssigned;
+            && category != QChar::Other_NotAssigned && code != QChar::ReplacementCharacter;
     });
+}
+
+QString nameFault(const QString& name)
+{
+    constexpr int maxLength = 200;
+    if (!isShowable(name))
+        return QStringLiteral("holds characters that cannot be shown");
+    const int length = name.toUcs4().size();
+    return length <= maxLength ? QString()
+                               : QStringLiteral("has %1 characters, and at most %2 are accepted")
+                                     .arg(length)
+                                     .arg(maxLength);
 }
 
 bool isXml(const QString& text)

@@ -5,6 +5,7 @@
 #include "lint/Checks.h"
 #include "lint/GuidChecks.h"
 #include "lint/LintContext.h"
+#include "Texts.h"
 
 namespace {
 
@@ -80,6 +81,19 @@ void Checks::configGuids(LintContext& context)
 
 namespace {
 
+void checkName(LintContext& context, const DisplayCatalogue& display, const DisplayEntry& entry)
+{
+    const QString& name = entry.item.m_qsName;
+    const QString fault = Texts::nameFault(name);
+    if (name.isEmpty())
+        context.report("no-name", display.file, entry.line, entry.guid,
+                       QStringLiteral("the item has no name"), QStringLiteral("give it one"));
+    else if (!fault.isEmpty())
+        context.report("name", display.file, entry.line, entry.guid,
+                       QStringLiteral("the item's name ") + fault,
+                       QStringLiteral("give it a name that users can read at a glance"));
+}
+
 void checkEntry(LintContext& context, const DisplayCatalogue& display, const DisplayEntry& entry,
                 QSet<QString>& seen)
 {
@@ -101,9 +115,7 @@ void checkEntry(LintContext& context, const DisplayCatalogue& display, const Dis
                        QStringLiteral("the item is listed twice"),
                        QStringLiteral("take one entry away"));
     seen.insert(entry.guid);
-    if (entry.item.m_qsName.isEmpty())
-        context.report("no-name", display.file, entry.line, entry.guid,
-                       QStringLiteral("the item has no name"), QStringLiteral("give it one"));
+    checkName(context, display, entry);
 }
 
 void checkNone(LintContext& context, const DisplayCatalogue& display, const Kind& kind,
