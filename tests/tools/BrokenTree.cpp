@@ -209,6 +209,7 @@ QString check(const QString& clean)
     const QString item = finding.value(text("item")).toString();
     const bool right = findings.size() == 1
         && finding.value(text("code")).toString() == column("code")
+        && finding.value(text("severity")).toString() == text("error")
         && finding.value(text("file")).toString() == column("file")
         && item.startsWith(column("item")) && item.isEmpty() == column("item").isEmpty()
         && !finding.value(text("message")).toString().isEmpty()

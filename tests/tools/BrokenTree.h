@@ -71,7 +71,7 @@ Break linkOut(const QString& file);
 
 /// The columns of rows.
 void columns();
-/// One finding: its code, where it stands, and the GUID of the item that it concerns.
+/// One finding, an error: its code, where it stands, and the GUID of the item that it concerns.
 void row(const char* name, const Break& change, const char* code, const QString& file,
          const QString& item = QString());
 /// Breaks a clean tree as the current row says and compares what lint finds. An empty text, or

@@ -2,6 +2,7 @@
 
 #include "support/CatalogueFiles.h"
 
+#include <QDataStream>
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
@@ -135,5 +136,30 @@ QByteArray SmallSource::thumbnail()
 
 QByteArray SmallSource::animation()
 {
-    return CatalogueFiles::read(QStringLiteral(MV_SAMPLES "/testoutput/testskin/Simple.gif"));
+    return CatalogueFiles::read(
+        QStringLiteral(MV_SAMPLES "/server/display/Themes/alpine-journey.gif"));
+}
+
+QByteArray SmallSource::jpeg()
+{
+    return CatalogueFiles::read(
+        QStringLiteral(MV_SAMPLES "/server/display/Themes/alpine-journey.jpg"));
+}
+
+QByteArray SmallSource::bitmap()
+{
+    constexpr quint32 width = 192;
+    constexpr quint32 height = 108;
+    constexpr quint32 header = 54;
+    constexpr quint32 pixels = width * height * 3;
+    constexpr quint16 planes = 1;
+    constexpr quint16 bits = 24;
+    QByteArray bytes("BM");
+    QDataStream out(&bytes, QIODevice::Append);
+    out.setByteOrder(QDataStream::LittleEndian);
+    out << header + pixels << quint32(0) << header;
+    out << header - 14 << width << height << planes << bits;
+    for (int unused = 0; unused < 6; ++unused)
+        out << quint32(0);
+    return bytes + QByteArray(pixels, 'p');
 }

@@ -27,6 +27,9 @@ public:
     static QString guid(const QString& item);
     static QByteArray thumbnail();
     static QByteArray animation();
+    static QByteArray jpeg();
+    /// A BMP of the size of a preview.
+    static QByteArray bitmap();
 
 private:
     QString manifestFile(const QString& item) const;

@@ -1,6 +1,7 @@
 #include "ConsoleProgram.h"
 #include "Mvpublish.h"
 #include "Mvres.h"
+#include "SmallSource.h"
 #include "support/CatalogueFiles.h"
 #include "support/NginxServer.h"
 #include "support/TestMain.h"
@@ -124,6 +125,12 @@ void TestMvpublishExample::worksAsItIsWritten()
     m_guid = theme.value(text("guid")).toString();
     CatalogueFiles::write(home("shop/evening-in-town/item.json"), QJsonDocument(theme).toJson());
     CatalogueFiles::write(home("shop/catalogue.json"), json.at(1).toUtf8());
+
+    // The text asks to replace the pictures.
+    for (const char* item : {"soft-dusk", "evening-in-town"})
+        CatalogueFiles::write(home("shop/%1/%1.png").arg(text(item)), SmallSource::thumbnail());
+    CatalogueFiles::write(home("shop/evening-in-town/evening-in-town.gif"),
+                          SmallSource::animation());
 
     NginxServer nginx;
     nginx.include(text(MV_DEPLOY "/nginx.conf"));

@@ -48,6 +48,7 @@ private slots:
 
 private:
     static void fileRows();
+    static void pictureRows();
     static void linkRows();
     static void collisionRows();
 };
@@ -79,7 +80,7 @@ void TestMvpublishFaultFiles::fileRows()
     row(
         "thumbnail in a folder",
         [](const SmallSource& source) {
-            CatalogueFiles::write(source.file(text("look/a/b.png")), "x");
+            CatalogueFiles::write(source.file(text("look/a/b.png")), SmallSource::thumbnail());
             source.set(text("look"), "thumbnail", text("a/b.png"));
         },
         "look: a/b.png: a preview lies in the item's own folder");
@@ -92,7 +93,7 @@ void TestMvpublishFaultFiles::fileRows()
     row(
         "thumbnail of another item",
         [](const SmallSource& source) {
-            CatalogueFiles::write(source.file(text("look/Title 1.PNG")), "x");
+            CatalogueFiles::write(source.file(text("look/Title 1.PNG")), SmallSource::thumbnail());
             source.set(text("look"), "thumbnail", text("Title 1.PNG"));
         },
         "text/title: publishes display/VideoFilters/title 1.png, as look does; give it another "
@@ -100,7 +101,7 @@ void TestMvpublishFaultFiles::fileRows()
     row(
         "thumbnail of none",
         [](const SmallSource& source) {
-            CatalogueFiles::write(source.file(text("paper/Calm.png")), "x");
+            CatalogueFiles::write(source.file(text("paper/Calm.png")), SmallSource::thumbnail());
             source.set(text("paper"), "thumbnail", text("Calm.png"));
         },
         "paper: publishes display/BgMaterial/Calm.png, as the \"none\" entry does; give it another "
@@ -109,9 +110,53 @@ void TestMvpublishFaultFiles::fileRows()
         "own none pictures, one missing",
         [](const SmallSource& source) {
             for (const char* name : {"None.png", "Classical.png", "Elegance.png"})
-                CatalogueFiles::write(source.file(text("none/") + text(name)), "x");
+                CatalogueFiles::write(source.file(text("none/") + text(name)),
+                                      SmallSource::thumbnail());
         },
         "none/Calm.png: is missing");
+}
+
+/// Pictures that no client shows, or that are not what their names say.
+void TestMvpublishFaultFiles::pictureRows()
+{
+    const auto row = [](const char* name, const char* file, const QByteArray& content,
+                        const Change& change, const char* message) {
+        const Change write = [=](const SmallSource& source) {
+            CatalogueFiles::write(source.file(text(file)), content);
+            change(source);
+        };
+        QTest::newRow(name) << write << QByteArray(message);
+    };
+    const Change none = [](const SmallSource&) {};
+    const auto share = set("paper", "shared", QJsonArray{text("a.png")});
+    row("thumbnail that is a BMP", "look/look.bmp", SmallSource::bitmap(),
+        set("look", "thumbnail", text("look.bmp")),
+        "look: look.bmp is no PNG, JPEG or GIF, and clients show no other pictures");
+    row("BMP under a PNG's name", "look/look 1.png", SmallSource::bitmap(), none,
+        "look: look 1.png is no PNG, JPEG or GIF, and clients show no other pictures");
+    row("empty thumbnail", "look/look 1.png", "", none,
+        "look: look 1.png is no PNG, JPEG or GIF, and clients show no other pictures");
+    row("JPEG under a PNG's name", "look/look 1.png", SmallSource::jpeg(), none,
+        "look: look 1.png is a JPEG, but its name does not end in .jpg or .jpeg");
+    row("PNG without a suffix", "look/look", SmallSource::thumbnail(),
+        set("look", "thumbnail", text("look")),
+        "look: look is a PNG, but its name does not end in .png");
+    row("animation under a PNG's name", "film/film.png", SmallSource::animation(),
+        set("film", "animation", text("film.png")),
+        "film: film.png is a GIF, but its name does not end in .gif");
+    row("JPEG under a PNG's name among the item's files", "paper/paper.PNG", SmallSource::jpeg(),
+        set("paper", "files", QJsonArray{text("paper.PNG")}),
+        "paper: paper.PNG is a JPEG, but its name does not end in .jpg or .jpeg");
+    row("shared text under a PNG's name", "shared/a.png", "a text", share,
+        "paper: a.png is no PNG, JPEG or GIF, and clients show no other pictures");
+    row(
+        "own none picture that is a JPEG", "none/Calm.png", SmallSource::jpeg(),
+        [](const SmallSource& source) {
+            for (const char* name : {"None.png", "Classical.png", "Elegance.png"})
+                CatalogueFiles::write(source.file(text("none/") + text(name)),
+                                      SmallSource::thumbnail());
+        },
+        "none/Calm.png: is a JPEG, but its name does not end in .jpg or .jpeg");
 }
 
 void TestMvpublishFaultFiles::linkRows()
@@ -157,7 +202,8 @@ void TestMvpublishFaultFiles::linkRows()
         "own none picture out of the source",
         [](const SmallSource& source) {
             for (const char* name : {"None.png", "Classical.png", "Elegance.png"})
-                CatalogueFiles::write(source.file(text("none/") + text(name)), "x");
+                CatalogueFiles::write(source.file(text("none/") + text(name)),
+                                      SmallSource::thumbnail());
             QFile::link(home("secrets/secret.txt"), source.file(text("none/Calm.png")));
         },
         "none/Calm.png: is missing");
@@ -184,7 +230,8 @@ void TestMvpublishFaultFiles::collisionRows()
     const auto row = [](const char* name, const QStringList& shared, const QString& message) {
         const Change change = [=](const SmallSource& source) {
             for (const QString& file : shared)
-                CatalogueFiles::write(source.file(text("shared/") + file), "x");
+                CatalogueFiles::write(source.file(text("shared/") + file),
+                                      SmallSource::animation());
             source.set(text("paper"), "shared", QJsonArray::fromStringList(shared));
         };
         QTest::newRow(name) << change << message.toUtf8();
@@ -218,6 +265,7 @@ void TestMvpublishFaultFiles::sourceIsRefused_data()
     QTest::addColumn<Change>("change");
     QTest::addColumn<QByteArray>("message");
     fileRows();
+    pictureRows();
     linkRows();
     collisionRows();
 }

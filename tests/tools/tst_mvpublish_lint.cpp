@@ -195,6 +195,9 @@ void TestMvpublishLint::brokenInstallation_data()
     row("type of a filter", replace(types, guid("film"), guid("look")), "guid-wrong-kind", types,
         guid("look"));
     row("theme types are a link out of the tree", linkOut(types), "outside", types);
+    row("fetched file named by a slash",
+        replace(config, text(">/Themes/") + encoded("film") + text("/pack.zip<"), text(">/<")),
+        "no-name", config, guid("film"));
     row("unused file", write(text("Themes/old.zip"), "old"), "unused-file", text("Themes/old.zip"));
     row("version",
         replace(text("ResourceConfig/resource_version.xml"), text("dislplay"), text("display")),
@@ -241,7 +244,7 @@ void TestMvpublishLint::textNamesPlaceItemAndRemedy()
                                "display/VideoFilters/look 1.png is missing [missing-file]")
                               .arg(line)
                               .arg(guid("look")),
-                          text("    publish the file, or take its name away"), text("1 finding")}));
+                          text("    publish the file, or take its name away"), text("1 error")}));
 }
 
 void TestMvpublishLint::findingsStandInOrder()

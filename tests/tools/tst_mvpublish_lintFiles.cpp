@@ -4,17 +4,9 @@
 #include "support/TestMain.h"
 
 #include <QDir>
+#include <QJsonObject>
 
 using namespace Broken;
-
-namespace {
-
-QByteArray picture(const char* name)
-{
-    return CatalogueFiles::read(text(MV_SAMPLES) + text("/server/display/") + text(name));
-}
-
-} // namespace
 
 /// mvpublish lint on names, files and pictures: every fault gives one finding.
 class TestMvpublishLintFiles : public QObject
@@ -27,9 +19,11 @@ private slots:
     void wholePicture();
     void brokenTree_data();
     void brokenTree();
+    void faultsOfOneItemAreAllFound();
 
 private:
     static void nameRows();
+    static void unusableNameRows();
     static void fileRows();
     static void pictureRows();
 };
@@ -99,6 +93,55 @@ void TestMvpublishLintFiles::nameRows()
     row("item without a thumbnail", thumbnail(QString()), "no-name", display, guid("paper"));
 }
 
+/// Names from which no client can make the path of a file.
+void TestMvpublishLintFiles::unusableNameRows()
+{
+    const QString zoom = text("/Motions/") + encoded("zoom");
+    const auto resource = [=](const char* name, const char* file = "") -> Break {
+        return [=](const BrokenTree& tree) {
+            tree.replace(config, text(">") + zoom + text("/pack.zip<"),
+                         text(">") + text(name) + text("<"));
+            tree.remove(text("config/Motions/") + guid("zoom") + text("/pack.zip"));
+            if (*file)
+                tree.write(text(file), "there");
+        };
+    };
+    const auto preview = [](const char* from, const char* name, const char* file = "") -> Break {
+        return [=](const BrokenTree& tree) {
+            tree.replaceShown(text(">") + text(from) + text("<"),
+                              text(">") + text(name) + text("<"));
+            for (const char* kind : {"Themes/", "BgMaterial/"})
+                tree.remove(text("display/") + text(kind) + text(from));
+            if (*file)
+                tree.write(text(file), SmallSource::thumbnail());
+        };
+    };
+    const QString item = guid("zoom");
+    row("resource without a name", resource(""), "no-name", config, item);
+    row("resource named by a slash", resource("/"), "no-name", config, item);
+    row("resource named like a folder", resource("/ThemesBgm/"), "no-name", config, item);
+    row("resource named by a dot", resource("/ThemesBgm/%2E"), "no-name", config, item);
+    row("resource with a broken escape", resource("/100%.png", "config/100%.png"), "encoding",
+        config, item);
+    row("resource with half an escape", resource("/100%2", "config/100%2"), "encoding", config,
+        item);
+    row("resource with an escaped NUL", resource("/a%00.zip"), "encoding", config, item);
+    row("resource with escapes that are no text", resource("/a%FF.zip"), "encoding", config, item);
+    row("thumbnail named by a slash", preview("paper 1.png", "/"), "no-name", display,
+        guid("paper"));
+    row("thumbnail with a broken escape", preview("paper 1.png", "/100%.png", "display/100%.png"),
+        "encoding", display, guid("paper"));
+    row("animation named by a slash", preview("film.gif", "/"), "no-name", display, guid("film"));
+    row("animation named by a dot", preview("film.gif", "."), "no-name", display, guid("film"));
+    row(
+        "definition named by a slash",
+        [=](const BrokenTree& tree) {
+            tree.replace(config, text(">") + zoom + text(".xml<"), text(">/<"));
+            tree.remove(text("config/Motions/") + guid("zoom") + text(".xml"));
+        },
+        "no-name", config, item);
+}
+
 void TestMvpublishLintFiles::fileRows()
 {
     const QString zoom = text("config/Motions/") + guid("zoom");
@@ -153,18 +196,52 @@ void TestMvpublishLintFiles::pictureRows()
 {
     const QString thumb = text("display/BgMaterial/paper 1.png");
     const QString animation = text("display/Themes/film.gif");
-    const QByteArray jpeg = picture("Themes/alpine-journey.jpg");
+    const QByteArray jpeg = SmallSource::jpeg();
     row("thumbnail is no picture", write(thumb, "a picture"), "picture", thumb, guid("paper"));
     row("thumbnail is empty", write(thumb, ""), "picture", thumb, guid("paper"));
+    row("BMP under a PNG's name", write(thumb, SmallSource::bitmap()), "picture", thumb,
+        guid("paper"));
+    row("JPEG under a PNG's name", write(thumb, jpeg), "picture", thumb, guid("paper"));
+    const auto renamed = [](const QString& from, const QString& to, const QByteArray& content) {
+        return [=](const BrokenTree& tree) {
+            tree.replaceShown(from.section(QLatin1Char('/'), -1), to.section(QLatin1Char('/'), -1));
+            tree.remove(from);
+            tree.write(to, content);
+        };
+    };
+    const QString bitmap = text("display/BgMaterial/paper.bmp");
+    row("thumbnail is a BMP", renamed(thumb, bitmap, SmallSource::bitmap()), "picture", bitmap,
+        guid("paper"));
+    const QString plain = text("display/BgMaterial/paper");
+    row("PNG without a suffix", renamed(thumb, plain, SmallSource::thumbnail()), "picture", plain,
+        guid("paper"));
+    const QString still = text("display/BgMaterial/paper.gif");
+    row("PNG under an animation's name", renamed(thumb, still, SmallSource::thumbnail()), "picture",
+        still, guid("paper"));
+    const QString moving = text("display/Themes/film.png");
+    row("animation under a PNG's name", renamed(animation, moving, SmallSource::animation()),
+        "picture", moving, guid("film"));
+    const QString own = text("config/BgMaterial/") + guid("paper") + text("/paper.png");
+    row(
+        "JPEG under a PNG's name among an item's files",
+        [=](const BrokenTree& tree) {
+            tree.replace(config, encoded("paper") + text("/pack.zip"),
+                         encoded("paper") + text("/paper.png"));
+            tree.remove(text("config/BgMaterial/") + guid("paper") + text("/pack.zip"));
+            tree.write(own, jpeg);
+        },
+        "picture", own, guid("paper"));
     row("cut PNG", cut(thumb, 1000), "picture", thumb, guid("paper"));
-    row("cut JPEG", write(thumb, jpeg.left(jpeg.size() / 2)), "picture", thumb, guid("paper"));
+    const QString photo = text("display/BgMaterial/paper.jpg");
+    row("cut JPEG", renamed(thumb, photo, jpeg.left(jpeg.size() / 2)), "picture", photo,
+        guid("paper"));
     // An embedded picture has an end of its own.
     const QByteArray inner = jpeg.left(2) + "inner picture" + jpeg.right(2);
     const QByteArray segment =
         QByteArray("\xff\xe5\x00", 3) + static_cast<char>(inner.size() + 2) + inner;
     row("cut JPEG with a picture in it",
-        write(thumb, (jpeg.left(2) + segment + jpeg.mid(2)).left(jpeg.size() / 2)), "picture",
-        thumb, guid("paper"));
+        renamed(thumb, photo, (jpeg.left(2) + segment + jpeg.mid(2)).left(jpeg.size() / 2)),
+        "picture", photo, guid("paper"));
     row(
         "animation under a thumbnail's name",
         [=](const BrokenTree& tree) {
@@ -199,11 +276,11 @@ void TestMvpublishLintFiles::wholePicture_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QByteArray>("content");
-    const QByteArray jpeg = picture("Themes/alpine-journey.jpg");
+    const QByteArray jpeg = SmallSource::jpeg();
     QTest::newRow("JPEG") << text("paper 2.jpg") << jpeg;
     QTest::newRow("JPEG with something behind it") << text("paper 2.jpg") << jpeg + "appended";
-    QTest::newRow("PNG under an animation's name")
-        << text("paper 2.gif") << SmallSource::thumbnail();
+    QTest::newRow("JPEG with the long suffix in capitals") << text("paper 2.JPEG") << jpeg;
+    QTest::newRow("GIF") << text("paper 2.gif") << SmallSource::animation();
 }
 
 void TestMvpublishLintFiles::wholePicture()
@@ -222,6 +299,7 @@ void TestMvpublishLintFiles::brokenTree_data()
 {
     columns();
     nameRows();
+    unusableNameRows();
     fileRows();
     pictureRows();
 }
@@ -229,6 +307,23 @@ void TestMvpublishLintFiles::brokenTree_data()
 void TestMvpublishLintFiles::brokenTree()
 {
     QCOMPARE(check(BrokenTree::cleanServer()), QString());
+}
+
+void TestMvpublishLintFiles::faultsOfOneItemAreAllFound()
+{
+    const BrokenTree tree(BrokenTree::cleanServer());
+    tree.replace(config, text(">/BgMaterial/") + encoded("paper") + text("/pack.zip<"), text("><"));
+    tree.remove(text("config/BgMaterial/") + guid("paper") + text("/pack.zip"));
+    tree.replaceShown(text(">paper 1.png<"), text("><"));
+    tree.remove(text("display/BgMaterial/paper 1.png"));
+    tree.announce();
+    const QJsonArray findings = BrokenTree::findings(tree.folder());
+    QStringList files;
+    for (const QJsonValue& finding : findings) {
+        QCOMPARE(finding.toObject().value(text("code")).toString(), text("no-name"));
+        files.append(finding.toObject().value(text("file")).toString());
+    }
+    QCOMPARE(files, (QStringList{config, display}));
 }
 
 MV_TEST_MAIN(TestMvpublishLintFiles)

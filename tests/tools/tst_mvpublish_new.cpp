@@ -1,9 +1,11 @@
+#include "BrokenTree.h"
 #include "Mvpublish.h"
 #include "SmallSource.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
 
 #include <QDir>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QRegularExpression>
@@ -35,6 +37,7 @@ class TestMvpublishNew : public QObject
 private slots:
     void itemCanBePublishedAsItIs_data();
     void itemCanBePublishedAsItIs();
+    void placeholdersAreNamedUntilTheyAreReplaced();
     void guidsAreFresh();
     void worksInTheCurrentFolder();
     void folderIsMadeOfTheName_data();
@@ -53,7 +56,7 @@ void TestMvpublishNew::itemCanBePublishedAsItIs_data()
         QTest::newRow(kind) << text(kind);
 }
 
-/// What it makes builds, and is clean.
+/// What it makes builds, and clients can use it.
 void TestMvpublishNew::itemCanBePublishedAsItIs()
 {
     QFETCH(QString, kind);
@@ -69,8 +72,44 @@ void TestMvpublishNew::itemCanBePublishedAsItIs()
     const QString tree = home(kind + text("-tree"));
     QCOMPARE(Mvpublish::build(source, tree), QString());
     const Outcome lint = Mvpublish::run({text("lint"), tree});
-    QCOMPARE(lint.out, QByteArray("clean\n"));
+    QVERIFY2(!lint.out.contains("error"), lint.out.constData());
     QCOMPARE(lint.status, 0);
+}
+
+/// Build and lint warn of them; a warning stops nobody.
+void TestMvpublishNew::placeholdersAreNamedUntilTheyAreReplaced()
+{
+    const QString source = home(text("replaced"));
+    const QString tree = home(text("replaced-tree"));
+    for (const char* kind : {"theme", "bgmaterial"})
+        QCOMPARE(Mvpublish::run({text("new"), text(kind), text(kind), text("--in"), source}).status,
+                 0);
+    const Outcome build = Mvpublish::run({text("build"), source, tree});
+    const QStringList pictures{text("bgmaterial/bgmaterial.png"), text("bgmaterial/background.png"),
+                               text("theme/theme.png"), text("theme/theme.gif")};
+    QByteArray expected;
+    for (const QString& picture : pictures)
+        expected += "mvpublish: warning: " + picture.section(QLatin1Char('/'), 0, 0).toUtf8() + ": "
+            + picture.section(QLatin1Char('/'), 1).toUtf8()
+            + " is still the placeholder that the item began with\n";
+    QCOMPARE(build.err, expected);
+    QCOMPARE(build.status, 0);
+    const Outcome lint = Mvpublish::run({text("lint"), tree});
+    QCOMPARE(lint.status, 0);
+    QCOMPARE(lint.lines().filter(text("warning: is still the placeholder")).size(), 4);
+    QCOMPARE(lint.lines().constLast(), text("4 warnings"));
+    const QJsonArray findings = BrokenTree::findings(tree);
+    QCOMPARE(findings.size(), 4);
+    for (const QJsonValue& finding : findings) {
+        QCOMPARE(finding.toObject().value(text("code")).toString(), text("placeholder"));
+        QCOMPARE(finding.toObject().value(text("severity")).toString(), text("warning"));
+    }
+    for (const QString& picture : pictures)
+        CatalogueFiles::write(source + QLatin1Char('/') + picture,
+                              picture.endsWith(text("gif")) ? SmallSource::animation()
+                                                            : SmallSource::thumbnail());
+    QCOMPARE(Mvpublish::run({text("build"), source, tree}).err, QByteArray());
+    QCOMPARE(Mvpublish::run({text("lint"), tree}).out, QByteArray("clean\n"));
 }
 
 void TestMvpublishNew::guidsAreFresh()

@@ -16,8 +16,8 @@ Commands:
   diff OLD NEW          what a user of the tree OLD fetches when NEW is published
   serve TREE            serves a tree on 127.0.0.1, to try it out
 
-Exit status: 0 success, clean, no difference; 1 faults, findings, differences;
-2 the work could not be done.)";
+Exit status: 0 success, nothing but warnings, no difference; 1 faults, errors,
+differences; 2 the work could not be done.)";
 
 struct Command
 {

@@ -76,6 +76,8 @@ int report(const Arguments& arguments, const Source& source, const TreeBuilder& 
 
 int publish(const Arguments& arguments, const Source& source, FolderSwitch& place)
 {
+    for (const QString& line : source.warnings())
+        Console::fail(ExitStatus::success, QStringLiteral("warning: ") + line);
     if (!place.begin())
         return Console::fail(ExitStatus::failure, place.errorText());
     TreeBuilder builder(source);

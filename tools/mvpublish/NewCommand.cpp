@@ -7,6 +7,7 @@
 #include "ItemFolder.h"
 #include "Kinds.h"
 #include "Manifest.h"
+#include "Placeholders.h"
 #include "Source.h"
 #include "Texts.h"
 
@@ -29,14 +30,6 @@ bool writeJson(const QString& file, const QJsonObject& object)
     return write(file, QJsonDocument(object).toJson());
 }
 
-bool copyPlaceholder(const QString& name, const QString& to)
-{
-    return QFile::copy(QStringLiteral(":/placeholders/") + name, to)
-        && QFile::setPermissions(to,
-                                 QFileDevice::ReadOwner | QFileDevice::WriteOwner
-                                     | QFileDevice::ReadGroup | QFileDevice::ReadOther);
-}
-
 /// The first item of a source brings the source's own manifest.
 bool ensureCatalogue(const QString& source)
 {
@@ -57,9 +50,9 @@ bool writeItem(const QString& folder, const QString& slug, const Kind& kind, con
                      {QStringLiteral("thumbnail"), thumbnail},
                      {QStringLiteral("files"),
                       QJsonArray{isPicture ? content : content + QStringLiteral(".zip")}}};
-    bool ok = copyPlaceholder(QStringLiteral("thumbnail.png"), folder + thumbnail);
+    bool ok = Placeholders::copy(Placeholders::thumbnail, folder + thumbnail);
     if (isPicture) {
-        ok = ok && copyPlaceholder(QStringLiteral("thumbnail.png"), folder + content);
+        ok = ok && Placeholders::copy(Placeholders::thumbnail, folder + content);
     } else {
         ok = ok && QDir().mkpath(folder + content)
             && write(folder + content + QStringLiteral("/README.txt"),
@@ -68,7 +61,7 @@ bool writeItem(const QString& folder, const QString& slug, const Kind& kind, con
     }
     if (kind.type == eCfgItem_Theme) {
         const QString animation = slug + QStringLiteral(".gif");
-        ok = ok && copyPlaceholder(QStringLiteral("animation.gif"), folder + animation);
+        ok = ok && Placeholders::copy(Placeholders::animation, folder + animation);
         item.insert(QStringLiteral("animation"), animation);
         item.insert(QStringLiteral("type"), Kinds::otherThemes);
         item.insert(QStringLiteral("scenes"), QJsonArray());

@@ -5,10 +5,10 @@
 #include "Guids.h"
 #include "JsonFields.h"
 #include "Kinds.h"
-#include "lint/Picture.h"
 #include "Manifest.h"
+#include "PictureFormat.h"
+#include "Placeholders.h"
 #include "PublishedNames.h"
-#include "Texts.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -94,6 +94,9 @@ void Source::findNonePictures()
             hasOwn ? own.filePath(name) : QStringLiteral(":/placeholders/none/") + name;
         if (hasOwn && !FileNames::isFileBelow(m_folder, file))
             m_faults.append(QStringLiteral("%1/%2: is missing").arg(noneFolder, name));
+        else if (hasOwn && !PictureFormat::fault(file).isEmpty())
+            m_faults.append(
+                QStringLiteral("%1/%2: %3").arg(noneFolder, name, PictureFormat::fault(file)));
         m_nonePictures.insert(name, file);
     }
 }
@@ -170,6 +173,7 @@ void Source::resolvePart(const SourceItem& item, SourceSlots& part,
 
 void Source::checkFiles()
 {
+    const QString shared = m_folder + QLatin1Char('/') + sharedFolder();
     for (const SourceItem& item : m_items) {
         checkPreviews(item);
         for (const QString& name : item.files) {
@@ -178,11 +182,13 @@ void Source::checkFiles()
                 && FileNames::isFolderBelow(m_folder, folder);
             if (isPacked && FileNames::fault(name).isEmpty())
                 checkPacked(item, folder);
-            else
-                checkFile(item, item.folder, name);
+            else if (checkFile(item, item.folder, name) && PictureFormat::isPictureName(name))
+                checkPicture(item, item.folder, name);
         }
-        for (const QString& name : item.shared)
-            checkFile(item, m_folder + QLatin1Char('/') + sharedFolder(), name);
+        for (const QString& name : item.shared) {
+            if (checkFile(item, shared, name) && PictureFormat::isPictureName(name))
+                checkPicture(item, shared, name);
+        }
         if (!item.definition.isEmpty())
             checkFile(item, item.folder, item.definition);
     }
@@ -194,24 +200,39 @@ void Source::checkPreviews(const SourceItem& item)
     for (const QString& name : previews) {
         if (name.isEmpty())
             continue;
-        checkFile(item, item.folder, name);
+        const bool isThere = checkFile(item, item.folder, name);
         if (name.contains(QLatin1Char('/')))
             m_faults.append(QStringLiteral("%1: %2: a preview lies in the item's own folder")
                                 .arg(item.path, name));
+        if (isThere && name == item.animation
+            && !PictureFormat::isGif(item.folder + QLatin1Char('/') + name))
+            m_faults.append(
+                QStringLiteral("%1: %2 is no GIF, as an animation has to be").arg(item.path, name));
+        else if (isThere)
+            checkPicture(item, item.folder, name);
     }
-    const QString animation = item.folder + QLatin1Char('/') + item.animation;
-    if (FileNames::isFileBelow(m_folder, animation) && !Picture::isGif(animation))
-        m_faults.append(QStringLiteral("%1: %2 is no GIF, as an animation has to be")
-                            .arg(item.path, item.animation));
 }
 
-void Source::checkFile(const SourceItem& item, const QString& folder, const QString& name)
+bool Source::checkFile(const SourceItem& item, const QString& folder, const QString& name)
 {
+    const int before = m_faults.size();
     const QString fault = FileNames::fault(name);
     if (!fault.isEmpty())
         m_faults.append(QStringLiteral("%1: the file name \"%2\" %3").arg(item.path, name, fault));
     else if (!FileNames::isFileBelow(m_folder, folder + QLatin1Char('/') + name))
         m_faults.append(QStringLiteral("%1: %2 is missing").arg(item.path, name));
+    return m_faults.size() == before;
+}
+
+void Source::checkPicture(const SourceItem& item, const QString& folder, const QString& name)
+{
+    const QString file = folder + QLatin1Char('/') + name;
+    const QString fault = PictureFormat::fault(file);
+    if (!fault.isEmpty())
+        m_faults.append(QStringLiteral("%1: %2 %3").arg(item.path, name, fault));
+    else if (Placeholders::isUntouched(file))
+        m_warnings.append(QStringLiteral("%1: %2 is still the placeholder that the item began with")
+                              .arg(item.path, name));
 }
 
 /// Archives hold files only; nothing else is left out in silence.

@@ -19,6 +19,8 @@ public:
     /// Reads and checks everything. False: faults() says what to put right, a line for each fault.
     bool read(const QString& folder);
     const QStringList& faults() const { return m_faults; }
+    /// What can be published and should not be: a line for each.
+    const QStringList& warnings() const { return m_warnings; }
 
     QString folder() const { return m_folder; }
     QString version() const { return m_version; }
@@ -42,7 +44,8 @@ private:
     void resolvePart(const SourceItem& item, SourceSlots& part,
                      const QHash<QString, const SourceItem*>& known);
     void checkFiles();
-    void checkFile(const SourceItem& item, const QString& folder, const QString& name);
+    bool checkFile(const SourceItem& item, const QString& folder, const QString& name);
+    void checkPicture(const SourceItem& item, const QString& folder, const QString& name);
     void checkPreviews(const SourceItem& item);
     void checkPacked(const SourceItem& item, const QString& folder);
     void checkPublishedNames();
@@ -54,4 +57,5 @@ private:
     QMap<QString, QString> m_nonePictures;
     std::vector<SourceItem> m_items;
     QStringList m_faults;
+    QStringList m_warnings;
 };

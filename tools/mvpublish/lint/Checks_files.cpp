@@ -7,13 +7,18 @@
 #include "lint/Checks.h"
 #include "lint/LintContext.h"
 #include "lint/NamedFiles.h"
+#include "lint/PictureChecks.h"
+#include "PictureFormat.h"
 
 using NamedFiles::NamedBy;
 
 namespace {
 
-void checkArchive(LintContext& context, const QString& file, const QString& item)
+/// Pictures and archives have to be what their names say; all else is the editor's business.
+void checkContent(LintContext& context, const QString& file, const QString& item)
 {
+    if (PictureFormat::isPictureName(file) && PictureChecks::isPicture(context, file, item))
+        PictureChecks::warnOfPlaceholder(context, file, item);
     QString error;
     if (file.endsWith(QLatin1String(".zip"), Qt::CaseInsensitive)
         && !Archive::isWhole(context.tree().absolute(file), &error))
@@ -52,6 +57,10 @@ void checkDefinition(LintContext& context, SCfg_Item& item, const NamedBy& by, b
         needed = false;
         fetched = false;
     }
+    // A name without a slash in front says that the item is built in, and nothing else.
+    if (definition.m_qsUrl.startsWith(QLatin1Char('/'))
+        && !NamedFiles::isUsable(context, definition, by, true))
+        return;
     const QString file = NamedFiles::existing(context, definition, by, needed, fetched);
     // Themes are looked at as themes.
     if (!file.isEmpty() && item.m_eType != eCfgItem_Theme && context.isFirstLook(file))
@@ -88,11 +97,13 @@ void checkItem(LintContext& context, const ConfigEntry& entry)
     checkDefinition(context, item, by, builtIn);
     library.doItem_Info_DependRes(item);
     for (const SFileInfo& resource : qAsConst(item.m_vecResource)) {
+        if (!NamedFiles::isUsable(context, resource, by, true))
+            continue;
         const bool shared = resource.m_qsUrl.startsWith(QLatin1Char('/'));
         const QString file =
             NamedFiles::existing(context, resource, by, needed, !builtIn || shared);
         if (!file.isEmpty() && context.isFirstLook(file))
-            checkArchive(context, file, by.item);
+            checkContent(context, file, by.item);
     }
 }
 

@@ -8,6 +8,7 @@
 #include "lint/LintContext.h"
 #include "lint/NamedFiles.h"
 #include "lint/Picture.h"
+#include "lint/PictureChecks.h"
 
 using NamedFiles::NamedBy;
 
@@ -20,7 +21,8 @@ void checkPicture(LintContext& context, const QString& file, const QString& item
 {
     const bool isAnimation = role == Role::Animation;
     const QString look = isAnimation ? file + QStringLiteral("\nanimation") : file;
-    if (file.isEmpty() || !context.isFirstLook(look))
+    if (file.isEmpty() || !PictureChecks::isPicture(context, file, item)
+        || !context.isFirstLook(look))
         return;
     const QString path = context.tree().absolute(file);
     const Picture::Verdict verdict =
@@ -33,17 +35,21 @@ void checkPicture(LintContext& context, const QString& file, const QString& item
         context.report("picture-size", file, 0, item, verdict.oddSize,
                        QStringLiteral("previews are 16 to 9; 320x180 for a thumbnail and 192x108 "
                                       "for an animation do well"));
+    else
+        PictureChecks::warnOfPlaceholder(context, file, item);
 }
 
 void checkPreview(LintContext& context, const SFileInfo& info, const NamedBy& by, Role role,
                   bool needed)
 {
-    if (!info.m_qsUrl.isEmpty())
-        checkPicture(context, NamedFiles::existing(context, info, by, needed, true), by.item, role);
-    else if (needed && context.isFirstLook(by.item + QLatin1Char('\n')))
+    const bool isNamed = !info.m_qsUrl.isEmpty();
+    if (!isNamed && needed && context.isFirstLook(by.item + QLatin1Char('\n')))
         context.report("no-name", by.catalogue, by.line, by.item,
                        QStringLiteral("the item names no thumbnail or no animation"),
                        QStringLiteral("without both it is not shown"));
+    // Clients take the name of an animation as it stands.
+    if (isNamed && NamedFiles::isUsable(context, info, by, role == Role::Thumbnail))
+        checkPicture(context, NamedFiles::existing(context, info, by, needed, true), by.item, role);
 }
 
 /// The library has no such file for this kind, but the catalogue names one.

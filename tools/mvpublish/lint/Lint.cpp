@@ -26,20 +26,32 @@ Findings check(const ReadTree& tree)
     return findings;
 }
 
+int count(const Findings& findings, Severity severity)
+{
+    return static_cast<int>(
+        std::count_if(findings.cbegin(), findings.cend(),
+                      [severity](const Finding& finding) { return finding.severity == severity; }));
+}
+
 QString text(const Finding& finding)
 {
+    const QString warning =
+        finding.severity == Severity::Warning ? QStringLiteral("warning: ") : QString();
     const QString line =
         finding.line > 0 ? QLatin1Char(':') + QString::number(finding.line) : QString();
     const QString item = finding.item.isEmpty() ? QString() : finding.item + QStringLiteral(": ");
-    return QStringLiteral("%1%2: %3%4 [%5]")
-        .arg(finding.file, line, item, finding.message, finding.code);
+    return QStringLiteral("%1%2: %3%4%5 [%6]")
+        .arg(finding.file, line, item, warning, finding.message, finding.code);
 }
 
 QJsonDocument json(const ReadTree& tree, const Findings& findings)
 {
     QJsonArray list;
     for (const Finding& finding : findings) {
-        QJsonObject object{{QStringLiteral("code"), finding.code},
+        const bool isError = finding.severity == Severity::Error;
+        QJsonObject object{{QStringLiteral("severity"),
+                            isError ? QStringLiteral("error") : QStringLiteral("warning")},
+                           {QStringLiteral("code"), finding.code},
                            {QStringLiteral("file"), finding.file},
                            {QStringLiteral("message"), finding.message},
                            {QStringLiteral("advice"), finding.advice}};

@@ -11,7 +11,10 @@ namespace Lint {
 /// Sorted by file and line.
 Findings check(const ReadTree& tree);
 
-/// "FILE:LINE: ITEM: MESSAGE [CODE]"
+/// Counts the findings of one severity.
+int count(const Findings& findings, Severity severity);
+
+/// "FILE:LINE: ITEM: MESSAGE [CODE]", with "warning: " before the message of one.
 QString text(const Finding& finding);
 QJsonDocument json(const ReadTree& tree, const Findings& findings);
 

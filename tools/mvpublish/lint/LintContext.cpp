@@ -14,7 +14,15 @@ LintContext::LintContext(const ReadTree& tree)
 void LintContext::report(const char* code, const QString& file, int line, const QString& item,
                          const QString& message, const QString& advice)
 {
-    m_findings.append({QString::fromLatin1(code), file, line, item, message, advice});
+    m_findings.append(
+        {Severity::Error, QString::fromLatin1(code), file, line, item, message, advice});
+}
+
+void LintContext::warn(const char* code, const QString& file, int line, const QString& item,
+                       const QString& message, const QString& advice)
+{
+    m_findings.append(
+        {Severity::Warning, QString::fromLatin1(code), file, line, item, message, advice});
 }
 
 QString LintContext::label(const QString& guid) const

@@ -13,8 +13,12 @@ public:
 
     const ReadTree& tree() const { return m_tree; }
 
+    /// Adds an error.
     void report(const char* code, const QString& file, int line, const QString& item,
                 const QString& message, const QString& advice);
+    /// Adds a warning.
+    void warn(const char* code, const QString& file, int line, const QString& item,
+              const QString& message, const QString& advice);
     const Findings& findings() const { return m_findings; }
 
     /// "{GUID} Name", for findings.

@@ -1,7 +1,9 @@
 #include "lint/NamedFiles.h"
 
+#include "catalogue/MVThemeMgr.h"
 #include "FileNames.h"
 #include "lint/LintContext.h"
+#include "Texts.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -16,6 +18,67 @@ bool isAddress(const QString& text)
     static const QRegularExpression form(
         QStringLiteral("\\A([A-Za-z0-9\\-._~!$&'()*+,;=:@/]|%[0-9A-Fa-f]{2})*\\z"));
     return form.match(text).hasMatch();
+}
+
+/// Why no client can make the path of a file from a name.
+struct NameFault
+{
+    const char* code = nullptr; ///< null where they can
+    QString message;
+    QString advice;
+};
+
+/// The name with every percent sign that begins no escape written as one.
+QString withWholeEscapes(QString name)
+{
+    static const QRegularExpression brokenEscape(QStringLiteral("%(?![0-9A-Fa-f]{2})"));
+    return name.replace(brokenEscape, QStringLiteral("%25"));
+}
+
+/// The path that a name with a slash in front means to the publisher.
+QString meantPath(const QString& name)
+{
+    const QByteArray bytes = QByteArray::fromPercentEncoding(withWholeEscapes(name).toUtf8());
+    // With the length: without it, decoding stops at a NUL.
+    return QString::fromUtf8(bytes.constData(), bytes.size());
+}
+
+NameFault faultOf(const QString& name, bool decoded)
+{
+    const bool isDecoded = decoded && name.startsWith(QLatin1Char('/'));
+    const QString path = isDecoded ? meantPath(name) : name;
+    if (isDecoded && name != withWholeEscapes(name))
+        return {"encoding", QStringLiteral("a % in the name %1 begins no escape").arg(name),
+                QStringLiteral("clients decode names that begin with a slash; write %1")
+                    .arg(QString::fromLatin1(QUrl::toPercentEncoding(path, "/")))};
+    if (isDecoded && !Texts::isShowable(path))
+        return {"encoding", QStringLiteral("the escapes in the name %1 give no text").arg(name),
+                QStringLiteral("encode the name's UTF-8")};
+    const QString last = path.section(QLatin1Char('/'), -1);
+    if (!last.isEmpty() && last != QLatin1String(".") && last != QLatin1String(".."))
+        return {};
+    return {"no-name",
+            name.isEmpty() ? QStringLiteral("the name of a file is empty")
+                           : QStringLiteral("the name %1 is that of a folder").arg(name),
+            QStringLiteral("name a file, or take the entry away")};
+}
+
+/// The file that such a name means is not called unused as well.
+void useMeantFile(LintContext& context, const SFileInfo& info)
+{
+    const MVThemeMgr::EDirTag half =
+        info.m_bThumbDir ? MVThemeMgr::eDirTag_Display : MVThemeMgr::eDirTag_Config;
+    SFileInfo meant = info;
+    meant.m_qsFile = ReadTree::library().Path_resource_Dir(MVThemeMgr::eLoadDir_Download, half)
+        + meantPath(info.m_qsUrl);
+    context.use(context.tree().fileOf(meant));
+}
+
+/// The half of the tree and the name, as a part of a key.
+QString keyOf(const SFileInfo& info)
+{
+    return (info.m_bThumbDir ? QStringLiteral("\ndisplay ") : QStringLiteral("\nconfig "))
+        + info.m_qsUrl;
 }
 
 /// The name under which a file is looked for must be the one that the server is asked for.
@@ -44,12 +107,24 @@ bool isAddressRight(LintContext& context, const SFileInfo& info, const NamedBy& 
 
 } // namespace
 
+bool isUsable(LintContext& context, const SFileInfo& info, const NamedBy& by, bool decoded)
+{
+    const NameFault fault = faultOf(info.m_qsUrl, decoded);
+    if (!fault.code)
+        return true;
+    useMeantFile(context, info);
+    // Several catalogues may say the same of an item.
+    if (context.isFirstLook(by.item + keyOf(info) + QStringLiteral("\nname")))
+        context.report(fault.code, by.catalogue, by.line, by.item, fault.message, fault.advice);
+    return false;
+}
+
 QString existing(LintContext& context, const SFileInfo& info, const NamedBy& by, bool needed,
                  bool fetched)
 {
     QString file = context.tree().fileOf(info);
     // Several catalogues may say the same of an item.
-    const bool isNews = context.isFirstLook(by.item + QLatin1Char('\n') + info.m_qsUrl);
+    const bool isNews = context.isFirstLook(by.item + keyOf(info));
     if (file.isEmpty() && !isNews)
         return QString();
     if (file.isEmpty()) {

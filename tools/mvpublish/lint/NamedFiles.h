@@ -17,6 +17,10 @@ struct NamedBy
     QString item;
 };
 
+/// Reports a name from which no client can make the path of a file, whatever the tree holds; false
+/// if it is one. `decoded`: clients decode the name if it begins with a slash.
+bool isUsable(LintContext& context, const SFileInfo& info, const NamedBy& by, bool decoded);
+
 /// The file that a record names, if it is there; else an empty text and, if it has to be, a
 /// finding.
 QString existing(LintContext& context, const SFileInfo& info, const NamedBy& by, bool needed,

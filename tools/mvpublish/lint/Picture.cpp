@@ -129,13 +129,6 @@ Verdict thumbnail(const QString& file)
     return verdict;
 }
 
-bool isGif(const QString& file)
-{
-    const QByteArray mark = "GIF8";
-    QFile in(file);
-    return in.open(QIODevice::ReadOnly) && in.read(mark.size()) == mark;
-}
-
 Verdict animation(const QString& file)
 {
     Verdict verdict;

@@ -13,7 +13,6 @@ struct Verdict
 
 /// A still picture, decoded whole.
 Verdict thumbnail(const QString& file);
-bool isGif(const QString& file);
 /// A GIF, every frame of it decoded.
 Verdict animation(const QString& file);
 
