@@ -114,8 +114,10 @@ STransferFailure CollectFile::readDisk(const QString& path, OnDisk& disk)
     QFile file(path);
     if (!file.exists())
         return {};
-    if (!RegularFile::open(file, QIODevice::ReadOnly)
-        || !RegularFile::readAll(file, maxBytes, disk.bytes))
+    QString reason;
+    if (!RegularFile::open(file, QIODevice::ReadOnly, &reason))
+        return failed(eFailure_LocalFile, path, QStringLiteral("cannot be read: %1").arg(reason));
+    if (!RegularFile::readAll(file, maxBytes, disk.bytes))
         return failed(eFailure_LocalFile, path,
                       QStringLiteral("cannot be read: %1").arg(file.errorString()));
     QJsonDocument document;

@@ -79,7 +79,7 @@ MVHOST_EXPORT HostSettings& hostSettings();
 ///
 ///     [paths]    resources, data, appData, testOutput, developerResource
 ///                                                       (relative ones: relative to the file)
-///     [ui]       skin, zoomDPI
+///     [ui]       skin, zoomDPI; leftButtonOnly, lastChoiceWins (true or false)
 ///     [product]  editions                               (comma separated, 1 to 5)
 ///     [params]   any key = value                        (the product parameters)
 ///     [network]  connectTimeoutMs, stallTimeoutMs, maxDownloadBytes, downloadRetries,

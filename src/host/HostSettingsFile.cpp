@@ -6,14 +6,16 @@
 #include <QFileInfo>
 #include <QStringList>
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 
 namespace {
 
-constexpr double lowestZoom = 0.1;
-constexpr double highestZoom = 16.0;
-constexpr int highestRetries = 100;
+constexpr double minZoom = 0.1;
+constexpr double maxZoom = 16.0;
+constexpr int maxRetries = 100;
 
 } // namespace
 
@@ -38,52 +40,100 @@ bool HostSettingsFile::readInto(HostSettings& settings)
     return true;
 }
 
+/// How each setting is read, by section and key.
+struct HostSettingsFile::Setting
+{
+    const char* key;
+    bool (*read)(HostSettingsFile& file, const QString& key, const QString& text,
+                 HostSettings& settings);
+};
+
+const HostSettingsFile::Setting HostSettingsFile::all[] = {
+    {"paths/resources",
+     [](auto& file, auto& key, auto& text, auto& settings) {
+         return file.readPath(key, text, settings.resourcesPath);
+     }},
+    {"paths/data",
+     [](auto& file, auto& key, auto& text, auto& settings) {
+         return file.readPath(key, text, settings.dataLocation);
+     }},
+    {"paths/appData",
+     [](auto& file, auto& key, auto& text, auto& settings) {
+         return file.readPath(key, text, settings.appDataPath);
+     }},
+    {"paths/testOutput",
+     [](auto& file, auto& key, auto& text, auto& settings) {
+         return file.readPath(key, text, settings.testOutputDir);
+     }},
+    {"paths/developerResource",
+     [](auto& file, auto& key, auto& text, auto& settings) {
+         return file.readPath(key, text, settings.developerResourceRoot);
+     }},
+    {"ui/skin",
+     [](auto&, auto&, auto& text, auto& settings) {
+         settings.currentSkin = text;
+         return true;
+     }},
+    {"ui/zoomDPI",
+     [](auto& file, auto&, auto& text, auto& settings) {
+         return file.readZoom(text, settings.zoomDPI);
+     }},
+    {"ui/leftButtonOnly",
+     [](auto& file, auto& key, auto& text, auto& settings) {
+         return file.readSwitch(key, text, settings.leftButtonOnly);
+     }},
+    {"ui/lastChoiceWins",
+     [](auto& file, auto& key, auto& text, auto& settings) {
+         return file.readSwitch(key, text, settings.lastChoiceWins);
+     }},
+    {"product/editions",
+     [](auto& file, auto&, auto& text, auto& settings) {
+         return file.readEditions(text, settings);
+     }},
+    {"network/connectTimeoutMs",
+     [](auto& file, auto& key, auto& text, auto& settings) {
+         return file.readNumber(key, text, 1, settings.connectTimeoutMs);
+     }},
+    {"network/stallTimeoutMs",
+     [](auto& file, auto& key, auto& text, auto& settings) {
+         return file.readNumber(key, text, 1, settings.stallTimeoutMs);
+     }},
+    {"network/maxDownloadBytes",
+     [](auto& file, auto& key, auto& text, auto& settings) {
+         return file.readInteger(key, text, 1, std::numeric_limits<qint64>::max(),
+                                 settings.maxDownloadBytes);
+     }},
+    {"network/downloadRetries",
+     [](auto& file, auto& key, auto& text, auto& settings) {
+         return file.readNumber(key, text, 0, settings.downloadRetries, maxRetries);
+     }},
+    {"network/retryPauseMs",
+     [](auto& file, auto& key, auto& text, auto& settings) {
+         return file.readNumber(key, text, 0, settings.retryPauseMs);
+     }},
+    {"network/retryPauseMaxMs",
+     [](auto& file, auto& key, auto& text, auto& settings) {
+         return file.readNumber(key, text, 0, settings.retryPauseMaxMs);
+     }},
+    {"network/proxy",
+     [](auto&, auto&, auto& text, auto& settings) {
+         settings.proxy = text;
+         return true;
+     }},
+    {"network/caFile",
+     [](auto& file, auto& key, auto& text, auto& settings) {
+         return file.readPath(key, text, settings.caFile);
+     }},
+};
+
 bool HostSettingsFile::readValue(const QString& key, const QString& text, HostSettings& settings)
 {
-    if (key == QLatin1String("paths/resources"))
-        return readPath(key, text, settings.resourcesPath);
-    if (key == QLatin1String("paths/data"))
-        return readPath(key, text, settings.dataLocation);
-    if (key == QLatin1String("paths/appData"))
-        return readPath(key, text, settings.appDataPath);
-    if (key == QLatin1String("paths/testOutput"))
-        return readPath(key, text, settings.testOutputDir);
-    if (key == QLatin1String("paths/developerResource"))
-        return readPath(key, text, settings.developerResourceRoot);
-    if (key == QLatin1String("network/caFile"))
-        return readPath(key, text, settings.caFile);
-    if (key == QLatin1String("ui/zoomDPI"))
-        return readZoom(text, settings.zoomDPI);
-    if (key == QLatin1String("product/editions"))
-        return readEditions(text, settings);
-    if (key == QLatin1String("network/connectTimeoutMs"))
-        return readMilliseconds(key, text, 1, settings.connectTimeoutMs);
-    if (key == QLatin1String("network/stallTimeoutMs"))
-        return readMilliseconds(key, text, 1, settings.stallTimeoutMs);
-    if (key == QLatin1String("network/retryPauseMs"))
-        return readMilliseconds(key, text, 0, settings.retryPauseMs);
-    if (key == QLatin1String("network/retryPauseMaxMs"))
-        return readMilliseconds(key, text, 0, settings.retryPauseMaxMs);
-    if (key == QLatin1String("network/maxDownloadBytes")) {
-        return readInteger(key, text, 1, std::numeric_limits<qint64>::max(),
-                           settings.maxDownloadBytes);
-    }
-    if (key == QLatin1String("network/downloadRetries")) {
-        qint64 retries = 0;
-        if (!readInteger(key, text, 0, highestRetries, retries))
-            return false;
-        settings.downloadRetries = static_cast<int>(retries);
-        return true;
-    }
-    if (key == QLatin1String("ui/skin")) {
-        settings.currentSkin = text;
-        return true;
-    }
-    if (key == QLatin1String("network/proxy")) {
-        settings.proxy = text;
-        return true;
-    }
-    return fail(QStringLiteral("unknown setting %1").arg(key));
+    const auto* const setting =
+        std::find_if(std::cbegin(all), std::cend(all),
+                     [&](const Setting& known) { return key == QLatin1String(known.key); });
+    if (setting == std::cend(all))
+        return fail(QStringLiteral("unknown setting %1").arg(key));
+    return setting->read(*this, key, text, settings);
 }
 
 bool HostSettingsFile::readPath(const QString& key, const QString& text, QString& target)
@@ -95,26 +145,34 @@ bool HostSettingsFile::readPath(const QString& key, const QString& text, QString
     return true;
 }
 
-bool HostSettingsFile::readInteger(const QString& key, const QString& text, qint64 lowest,
-                                   qint64 highest, qint64& target)
+bool HostSettingsFile::readInteger(const QString& key, const QString& text, qint64 min, qint64 max,
+                                   qint64& target)
 {
     bool ok = false;
     const qint64 number = text.toLongLong(&ok);
-    if (!ok || number < lowest || number > highest) {
+    if (!ok || number < min || number > max) {
         return fail(QStringLiteral("%1 is \"%2\", but must be a whole number from %3 to %4")
-                        .arg(key, text, QString::number(lowest), QString::number(highest)));
+                        .arg(key, text, QString::number(min), QString::number(max)));
     }
     target = number;
     return true;
 }
 
-bool HostSettingsFile::readMilliseconds(const QString& key, const QString& text, int lowest,
-                                        int& target)
+bool HostSettingsFile::readNumber(const QString& key, const QString& text, int min, int& target,
+                                  int max)
 {
     qint64 number = 0;
-    if (!readInteger(key, text, lowest, std::numeric_limits<int>::max(), number))
+    if (!readInteger(key, text, min, max, number))
         return false;
     target = static_cast<int>(number);
+    return true;
+}
+
+bool HostSettingsFile::readSwitch(const QString& key, const QString& text, bool& target)
+{
+    if (text != QLatin1String("true") && text != QLatin1String("false"))
+        return fail(QStringLiteral("%1 is \"%2\", but must be true or false").arg(key, text));
+    target = text == QLatin1String("true");
     return true;
 }
 
@@ -122,9 +180,9 @@ bool HostSettingsFile::readZoom(const QString& text, double& target)
 {
     bool ok = false;
     const double zoom = text.toDouble(&ok);
-    if (!ok || !std::isfinite(zoom) || zoom < lowestZoom || zoom > highestZoom) {
+    if (!ok || !std::isfinite(zoom) || zoom < minZoom || zoom > maxZoom) {
         return fail(QStringLiteral("ui/zoomDPI is \"%1\", but must be a number from %2 to %3")
-                        .arg(text, QString::number(lowestZoom), QString::number(highestZoom)));
+                        .arg(text, QString::number(minZoom), QString::number(maxZoom)));
     }
     target = zoom;
     return true;

@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <limits>
+
 struct HostSettings;
 
 /// Reads the INI form of HostSettings. Internal to the library; one object per reading.
@@ -17,11 +19,16 @@ public:
     QString errorText() const { return m_ini.errorText(); }
 
 private:
+    struct Setting;
+    static const Setting all[];
+
     bool readValue(const QString& key, const QString& text, HostSettings& settings);
     bool readPath(const QString& key, const QString& text, QString& target);
-    bool readInteger(const QString& key, const QString& text, qint64 lowest, qint64 highest,
+    bool readInteger(const QString& key, const QString& text, qint64 min, qint64 max,
                      qint64& target);
-    bool readMilliseconds(const QString& key, const QString& text, int lowest, int& target);
+    bool readNumber(const QString& key, const QString& text, int min, int& target,
+                    int max = std::numeric_limits<int>::max());
+    bool readSwitch(const QString& key, const QString& text, bool& target);
     bool readZoom(const QString& text, double& target);
     bool readEditions(const QString& text, HostSettings& settings);
     bool fail(const QString& reason) { return m_ini.fail(m_line, reason); }

@@ -1,7 +1,8 @@
 #include "host/IniReader.h"
 
+#include "host/RegularFile.h"
+
 #include <QFile>
-#include <QFileInfo>
 
 #include <algorithm>
 
@@ -50,14 +51,12 @@ bool IniReader::read()
 
 bool IniReader::readBytes(QByteArray& content)
 {
-    const QFileInfo info(m_file);
-    if (!info.exists())
-        return failWhole(QStringLiteral("no such file"));
-    if (!info.isFile()) // opening a pipe would wait for its other end
-        return failWhole(QStringLiteral("not a regular file"));
     QFile file(m_file);
-    if (!file.open(QIODevice::ReadOnly))
-        return failWhole(QStringLiteral("the file cannot be read: %1").arg(file.errorString()));
+    if (!file.exists())
+        return failWhole(QStringLiteral("no such file"));
+    QString reason;
+    if (!RegularFile::open(file, QIODevice::ReadOnly, &reason))
+        return failWhole(QStringLiteral("the file cannot be read: %1").arg(reason));
     content = file.read(maxBytes + 1);
     if (file.error() != QFileDevice::NoError)
         return failWhole(QStringLiteral("the file cannot be read: %1").arg(file.errorString()));

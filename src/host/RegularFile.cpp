@@ -2,8 +2,10 @@
 
 #include <QByteArray>
 #include <QFile>
+#include <QString>
 
 #include <cerrno>
+#include <cstring>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -16,20 +18,25 @@ constexpr qint64 chunkSize = 256 * 1024;
 
 } // namespace
 
-bool RegularFile::open(QFile& file, QIODevice::OpenMode mode)
+bool RegularFile::open(QFile& file, QIODevice::OpenMode mode, QString* error)
 {
+    const auto fail = [error](const QString& reason) {
+        if (error)
+            *error = reason;
+        return false;
+    };
     const QByteArray name = QFile::encodeName(file.fileName());
     const int access = mode & QIODevice::WriteOnly ? O_RDWR | O_CREAT : O_RDONLY;
     // Without O_NONBLOCK, opening a pipe waits for its other end.
     const int handle = ::open(name.constData(), access | O_NONBLOCK | O_CLOEXEC, newFileMode);
     if (handle < 0)
-        return false;
+        return fail(QString::fromLocal8Bit(std::strerror(errno)));
     struct stat status = {};
     if (::fstat(handle, &status) == 0 && S_ISREG(status.st_mode)
         && file.open(handle, mode, QFileDevice::AutoCloseHandle))
         return true;
     ::close(handle);
-    return false;
+    return fail(QStringLiteral("not a regular file"));
 }
 
 bool RegularFile::readAll(QFile& file, qint64 maxBytes, QByteArray& bytes)

@@ -6,6 +6,7 @@
 
 class QByteArray;
 class QFile;
+class QString;
 
 /// Reads files whose names come from elsewhere. A name can lead to a device that never ends or to a
 /// pipe that nobody writes: only regular files are opened, without waiting. Stateless, any thread.
@@ -15,8 +16,10 @@ public:
     RegularFile() = delete;
 
     /// Opens `file` by its name, following links. With QIODevice::ReadWrite a missing file is
-    /// created. False for anything but a regular file, and for what QFile::open() refuses.
-    static bool open(QFile& file, QIODevice::OpenMode mode = QIODevice::ReadOnly);
+    /// created. False, with the reason in `error` (may be null), for anything but a regular file
+    /// and for what the system refuses.
+    static bool open(QFile& file, QIODevice::OpenMode mode = QIODevice::ReadOnly,
+                     QString* error = nullptr);
 
     /// Reads an open file to its end. False, with what came so far in `bytes`, if reading fails or
     /// there are more than `maxBytes`.

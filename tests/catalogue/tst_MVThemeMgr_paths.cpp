@@ -36,6 +36,14 @@ private slots:
     void typeNames();
 
 private:
+    /// A path whose first letter stands for the installed resources (A) or the root (R).
+    QString placed(const QString& path) const
+    {
+        if (path.startsWith(QLatin1String("A/")))
+            return m_fixture.installed() + path.mid(1);
+        return path.startsWith(QLatin1String("R/")) ? m_fixture.root() + path.mid(1) : path;
+    }
+
     CatalogueFixture m_fixture;
 };
 
@@ -93,8 +101,7 @@ void tst_MVThemeMgr_paths::rootDir()
 {
     QFETCH(int, dir);
     QFETCH(QString, expected);
-    expected.replace(QLatin1String("A/"), m_fixture.installed() + QLatin1Char('/'));
-    expected.replace(QLatin1String("R/"), m_fixture.root() + QLatin1Char('/'));
+    expected = placed(expected);
     QCOMPARE(mgr().Path_resource_RootDir(Mgr::ELoadDir(dir)), expected);
 }
 
@@ -118,8 +125,7 @@ void tst_MVThemeMgr_paths::halfDir()
     QFETCH(int, dir);
     QFETCH(int, tag);
     QFETCH(QString, expected);
-    expected.replace(QLatin1String("A/"), m_fixture.installed() + QLatin1Char('/'));
-    expected.replace(QLatin1String("R/"), m_fixture.root() + QLatin1Char('/'));
+    expected = placed(expected);
     QCOMPARE(mgr().Path_resource_Dir(Mgr::ELoadDir(dir), Mgr::EDirTag(tag)), expected);
 }
 
@@ -162,8 +168,7 @@ void tst_MVThemeMgr_paths::kindDir()
     QFETCH(int, tag);
     QFETCH(int, kind);
     QFETCH(QString, expected);
-    expected.replace(QLatin1String("A/"), m_fixture.installed() + QLatin1Char('/'));
-    expected.replace(QLatin1String("R/"), m_fixture.root() + QLatin1Char('/'));
+    expected = placed(expected);
     QCOMPARE(mgr().Path_resource_Dir(Mgr::ELoadDir(dir), Mgr::EDirTag(tag), ECfgItemType(kind)),
              expected);
 }
@@ -192,8 +197,7 @@ void tst_MVThemeMgr_paths::catalogueFile()
     QFETCH(int, dir);
     QFETCH(int, tag);
     QFETCH(QString, expected);
-    expected.replace(QLatin1String("A/"), m_fixture.installed() + QLatin1Char('/'));
-    expected.replace(QLatin1String("R/"), m_fixture.root() + QLatin1Char('/'));
+    expected = placed(expected);
     QCOMPARE(mgr().Path_resource_xml(Mgr::ELoadDir(dir), Mgr::EDirTag(tag)), expected);
 }
 

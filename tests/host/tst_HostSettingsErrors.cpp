@@ -69,7 +69,7 @@ void tst_HostSettingsErrors::refusesWhatIsNotAFile_data()
     QTest::newRow("missing folder")
         << TestHome::path() + QStringLiteral("/none/none.ini") << missing;
     QTest::newRow("no name") << QString() << missing;
-    const auto other = QStringLiteral("not a regular file");
+    const auto other = QStringLiteral("the file cannot be read: not a regular file");
     QTest::newRow("folder") << TestHome::path() << other;
     QTest::newRow("device") << QStringLiteral("/dev/zero") << other;
     const QString pipe = TestHome::path() + QStringLiteral("/pipe");

@@ -116,7 +116,7 @@ void TestMvresArguments::failsForWhatIsNotThere_data()
                                    << QStringLiteral("none.ini: no such file");
     QTest::newRow("settings file is a folder")
         << QStringList{list, settings, QStringLiteral("folder")}
-        << QStringLiteral("folder: not a regular file");
+        << QStringLiteral("folder: the file cannot be read: not a regular file");
     QTest::newRow("setting") << QStringList{list, settings, QStringLiteral("wrong.ini")}
                              << QStringLiteral("wrong.ini:2: unknown setting paths/nowhere");
     QTest::newRow("resources folder")

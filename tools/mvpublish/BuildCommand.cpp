@@ -77,7 +77,7 @@ int report(const Arguments& arguments, const Source& source, const TreeBuilder& 
 int publish(const Arguments& arguments, const Source& source, FolderSwitch& place)
 {
     for (const QString& line : source.warnings())
-        Console::fail(ExitStatus::success, QStringLiteral("warning: ") + line);
+        Console::note(QStringLiteral("warning: ") + line);
     if (!place.begin())
         return Console::fail(ExitStatus::failure, place.errorText());
     TreeBuilder builder(source);
@@ -115,6 +115,6 @@ int BuildCommand::run(const Arguments& arguments)
     if (source.read(sourceFolder))
         return publish(arguments, source, place);
     for (const QString& line : source.faults())
-        Console::fail(ExitStatus::findings, line);
+        Console::note(line);
     return ExitStatus::findings;
 }
