@@ -3,12 +3,16 @@
 #include "catalogue/CollectFile.h"
 #include "catalogue/FixedGuids.h"
 #include "catalogue/NoneEntry.h"
+#include "catalogue/PathGuard.h"
 #include "host/HostSettings.h"
+#include "host/LogL.h"
 #include "host/TzProductInfo.h"
 
+#include <QHash>
 #include <QMutexLocker>
 
 #include <algorithm>
+#include <functional>
 
 namespace {
 
@@ -29,6 +33,21 @@ QVector<SCfg_Item>* vectorOf(MVThemeMgr::SResourceXML& catalogue, ECfgItemType k
         break;
     }
     return nullptr;
+}
+
+/// Calls `visit` for the item of every slot that a theme uses, in the order of its elements, then
+/// opening, end and mask; stops at the first that returns false, and returns that.
+bool forEachDependency(const SThemes_a& theme, const std::function<bool(SCfg_Item*)>& visit)
+{
+    const auto visitSlot = [&visit](const SThemes_a::SDependInfo& dependency) {
+        return !dependency.m_pItem || visit(dependency.m_pItem);
+    };
+    for (const SThemes_a::SDependArray& element : theme.m_vecItems) {
+        if (!std::all_of(element.cbegin(), element.cend(), visitSlot))
+            return false;
+    }
+    return visitSlot(theme.m_aStart[eDependType_Text]) && visitSlot(theme.m_aEnd[eDependType_Text])
+        && visitSlot(theme.m_aMask[eDependType_Filter]);
 }
 
 } // namespace
@@ -80,9 +99,17 @@ void MVThemeMgr::parseThemes()
 {
     for (SCfg_Item& item : m_sDisplayXML.vecTheme) {
         item.m_eType = eCfgItem_Theme;
-        if (doItem_Info_CfgXML(item))
+        if (doItem_Info_CfgXML(item) && isReadable(item.m_info_CfgXML.m_qsFile))
             read_resource_config_Themes_a(item.m_info_CfgXML.m_qsFile, item.m_pThemes_a);
     }
+}
+
+/// Whether a file of an item is really below the download root or in the installed tree, which its
+/// name and the links on the way decide. One without a path needs no reading, as given.
+bool MVThemeMgr::isReadable(const QString& file)
+{
+    return file.isEmpty() || PathGuard::isReallyInside(m_qsSaveRoot, file)
+        || PathGuard::isReallyInside(Path_resource_RootDir(eLoadDir_Local), file);
 }
 
 void MVThemeMgr::clear()
@@ -133,31 +160,45 @@ MVThemeMgr::ELoadDir MVThemeMgr::isLocal_Theme(const SCfg_Item& item)
 
 void MVThemeMgr::getNeedDownLoadFiles(SCfg_Item* item, QVector<SFileInfo*>& out)
 {
-    if (isNoneEntry(*item)) {
-        doItem_Info_Thumb(*item);
-        out = QVector<SFileInfo*>();
-        return;
-    }
-    if (!doItem_Info_Thumb(*item))
-        out.append(&item->m_info_Thumb);
-    if (!doItem_Info_Gif(*item))
-        out.append(&item->m_info_Gif);
-    QVector<SFileInfo*> resources;
-    if (!doItem_Info_DependRes(*item, resources))
-        out += resources;
-    if (!doItem_Info_CfgXML(*item))
-        out.append(&item->m_info_CfgXML);
+    listNeededFiles(item, out);
+}
 
-    const SThemes_a* theme = item->parsedTheme();
-    if (!theme)
-        return;
-    const auto addDependency = [this, &out](const SThemes_a::SDependInfo& dependency) {
-        if (dependency.m_pItem)
-            getNeedDownLoadFiles(dependency.m_pItem, out);
+/// The records of the files that the item itself lacks.
+QVector<SFileInfo*> MVThemeMgr::ownNeededFiles(SCfg_Item& item)
+{
+    QVector<SFileInfo*> missing;
+    if (!doItem_Info_Thumb(item))
+        missing.append(&item.m_info_Thumb);
+    if (!doItem_Info_Gif(item))
+        missing.append(&item.m_info_Gif);
+    doItem_Info_DependRes(item, missing);
+    if (!doItem_Info_CfgXML(item))
+        missing.append(&item.m_info_CfgXML);
+    return missing;
+}
+
+bool MVThemeMgr::listNeededFiles(SCfg_Item* item, QVector<SFileInfo*>& out)
+{
+    // An item that is used again is not looked for on disk again.
+    QHash<SCfg_Item*, QVector<SFileInfo*>> known;
+    const std::function<bool(SCfg_Item*)> add = [&](SCfg_Item* needed) {
+        if (isNoneEntry(*needed)) {
+            doItem_Info_Thumb(*needed);
+            out.clear();
+            return true;
+        }
+        const auto found = known.constFind(needed);
+        const QVector<SFileInfo*> own =
+            found == known.constEnd() ? *known.insert(needed, ownNeededFiles(*needed)) : *found;
+        if (out.size() + own.size() > maxNeededFiles)
+            return false;
+        out += own;
+        const SThemes_a* const theme = needed->parsedTheme();
+        return !theme || forEachDependency(*theme, add);
     };
-    for (const SThemes_a::SDependArray& element : theme->m_vecItems)
-        std::for_each(element.cbegin(), element.cend(), addDependency);
-    addDependency(theme->m_aStart[eDependType_Text]);
-    addDependency(theme->m_aEnd[eDependType_Text]);
-    addDependency(theme->m_aMask[eDependType_Filter]);
+    if (add(item))
+        return true;
+    LogL("MVThemeMgr", 3, "item [%s] needs more than %d files and cannot be used",
+         item->m_qsGUID.toUtf8().constData(), maxNeededFiles);
+    return false;
 }

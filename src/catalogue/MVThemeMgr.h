@@ -88,8 +88,9 @@ public:
     /// Parses the config of a theme whose config file is on disk, wherever it came from, unless it
     /// is parsed already. Call it before asking what a theme needs: a second program or a copy may
     /// have brought the file after load(). As in load(), only with the product parameter "hasMV";
-    /// items of other kinds are left alone.
-    void ensureThemeParsed(SCfg_Item& item);
+    /// items of other kinds are left alone. False if the config file is there but cannot be read or
+    /// parsed.
+    bool ensureThemeParsed(SCfg_Item& item);
 
     /// Forgets all items and the theme applied last; favourites and the root stay.
     void clear();
@@ -119,9 +120,14 @@ public:
     ELoadDir isLocal_Theme(const SCfg_Item& item);
 
     /// Appends to `out` the records of all files that `item`, and every item it depends on, still
-    /// lacks on disk; a file that several elements use stands there several times. The "none" entry
-    /// of filters and background materials needs nothing and empties `out`.
+    /// lacks on disk; a file that several elements use is in it several times. The "none" entry of
+    /// filters and background materials needs nothing and empties `out`. At most maxNeededFiles
+    /// records, see listNeededFiles().
     void getNeedDownLoadFiles(SCfg_Item* item, QVector<SFileInfo*>& out);
+    /// The same with at most maxNeededFiles records. False, with a warning in the log, if there are
+    /// more: the item cannot be used.
+    bool listNeededFiles(SCfg_Item* item, QVector<SFileInfo*>& out);
+    static constexpr int maxNeededFiles = 10000;
 
     /// @name Paths and addresses
     /// Plain concatenations with forward slashes; empty where there is no such place.
@@ -142,6 +148,10 @@ public:
     /// Address of a config-half file, or of any file named relative to the server root. Blanks are
     /// encoded only in names that contain "ThemesBgm"; the name brings its own leading "/".
     QString downLoadUrl(EDirTag t, QString name);
+    /// Whether an address made by the two operations around leads to the server that
+    /// "url_themeRootDir" names. A root without a slash at its end, or a name such as
+    /// "@elsewhere/x", makes one that leads to another.
+    bool isServerAddress(const QString& url) const;
     /// Address of a thumbnail or GIF: `name` is one file name, percent-encoded whole.
     QString downLoadUrl_Thumb(EDirTag t, ECfgItemType k, QString name);
     /// The kind's name in the catalogue files; "error" for a kind outside 0 to 4.
@@ -255,6 +265,8 @@ private:
     void createLocalThemeRes();
     bool isEditFilter(QVector<SCfg_Item>& vec, QString id);
     static bool hasThemes();
+    bool isReadable(const QString& file);
+    QVector<SFileInfo*> ownNeededFiles(SCfg_Item& item);
     void clearVectors();
     bool resolve(SFileInfo& info, ECfgItemType k, EDirTag t, const QString& relative,
                  bool absoluteNames, bool makeFolder);

@@ -1,12 +1,12 @@
 // MVThemeMgr: reading the display catalogue.
 
+#include "catalogue/GuidIndex.h"
 #include "catalogue/MVThemeMgr.h"
 #include "catalogue/NoneEntry.h"
 #include "host/LogL.h"
 #include "host/TzProductInfo.h"
 
 #include <QDomDocument>
-#include <QHash>
 
 namespace {
 
@@ -17,29 +17,14 @@ QString childText(const QDomElement& parent, const QString& tag)
     return parent.firstChildElement(tag).text();
 }
 
-/// Finds items by GUID while one category is read, so that reading stays linear in its size.
-class GuidIndex
+/// Index of the config item of a shown one, -1 with a line in the log if there is none.
+int findConfig(const GuidIndex& index, const QString& guid)
 {
-public:
-    explicit GuidIndex(const QVector<SCfg_Item>& items)
-    {
-        m_first.reserve(items.size());
-        for (int i = items.size() - 1; i >= 0; --i)
-            m_first.insert(items.at(i).m_qsGUID, i); // backwards: the first of equal GUIDs stays
-    }
-
-    /// Index of the first item with that GUID, -1 if there is none.
-    int find(const QString& guid) const
-    {
-        const int found = m_first.value(guid, -1);
-        if (found < 0)
-            LogL("MVThemeMgr", 1, "not findItemByID [%s]", guid.toUtf8().constData());
-        return found;
-    }
-
-private:
-    QHash<QString, int> m_first;
-};
+    const int found = index.find(guid);
+    if (found < 0)
+        LogL("MVThemeMgr", 1, "not findItemByID [%s]", guid.toUtf8().constData());
+    return found;
+}
 
 /// What the display catalogue says of an item in either form.
 void readPresentation(const QDomElement& element, ECfgItemType type, SCfg_Item& item)
@@ -87,7 +72,7 @@ void MVThemeMgr::read_resource_display_xml_a(const QDomElement& root, ECfgItemTy
     for (QDomElement element = category.firstChildElement(itemTag); !element.isNull();
          element = element.nextSiblingElement(itemTag)) {
         const QString guid = childText(element, QStringLiteral("GUID"));
-        const int found = index.find(guid);
+        const int found = findConfig(index, guid);
         SCfg_Item item;
         if (found >= 0) {
             const bool isText = childText(element, QStringLiteral("IsText")).toInt() != 0;
@@ -123,7 +108,7 @@ void MVThemeMgr::read_resource_display_xml_a_theme(const QDomElement& root, ECfg
         for (QDomElement element = group.firstChildElement(itemTag); !element.isNull();
              element = element.nextSiblingElement(itemTag)) {
             const QString guid = childText(element, QStringLiteral("GUID"));
-            const int found = index.find(guid);
+            const int found = findConfig(index, guid);
             if (found < 0)
                 continue;
             cfgItems[found].m_bIsText = false;

@@ -46,12 +46,6 @@ bool nothingToFetch(SFileInfo& info)
     return true;
 }
 
-/// A name from a catalogue can hold a percent-encoded NUL, which Qt warns of.
-bool exists(const QString& file)
-{
-    return !file.contains(QChar(QChar::Null)) && QFile::exists(file);
-}
-
 QString percentDecoded(const QString& url)
 {
     const QByteArray bytes = QByteArray::fromPercentEncoding(url.toUtf8());
@@ -91,18 +85,22 @@ bool MVThemeMgr::resolve(SFileInfo& info, ECfgItemType k, EDirTag t, const QStri
     };
 
     const QString downloaded = candidate(eLoadDir_Download);
-    if (exists(downloaded)) {
+    if (!PathGuard::hasPlainName(absolute ? decoded : relative)) {
+        setFile(info, downloaded); // from where no download will fetch it
+        return false;
+    }
+    if (QFile::exists(downloaded)) {
         setFile(info, downloaded);
         return true;
     }
     const QString installed = candidate(eLoadDir_Local);
-    if (exists(installed)) {
+    if (QFile::exists(installed)) {
         setFile(info, installed);
         return true;
     }
     setFile(info, downloaded);
     const QString folder = QFileInfo(downloaded).path();
-    if (makeFolder && !exists(folder))
+    if (makeFolder && !QFile::exists(folder))
         PathGuard::ensureDir(m_qsSaveRoot, folder);
     return false;
 }

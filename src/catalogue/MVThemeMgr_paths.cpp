@@ -2,7 +2,6 @@
 
 #include "catalogue/MVThemeMgr.h"
 #include "catalogue/PathGuard.h"
-#include "host/AppOptions.h"
 #include "host/LogL.h"
 #include "host/TzProductInfo.h"
 #include "host/TzResourceMgr.h"
@@ -59,12 +58,12 @@ void MVThemeMgr::setResourceSaveRootPath(const QString& path)
 {
     LogL("MVThemeMgr", 2, "Resource root path: %s", path.toUtf8().constData());
     m_qsSaveRoot = path;
-    const AppOptions* const options = AppOptions::instance();
+    // A link below the root would make folders somewhere else.
     for (const ECfgItemType k : allKinds) {
-        options->ensureDirExists(Path_resource_Dir(eLoadDir_Download, eDirTag_Config, k));
-        options->ensureDirExists(Path_resource_Dir(eLoadDir_Download, eDirTag_Display, k));
+        PathGuard::ensureDir(path, Path_resource_Dir(eLoadDir_Download, eDirTag_Config, k));
+        PathGuard::ensureDir(path, Path_resource_Dir(eLoadDir_Download, eDirTag_Display, k));
     }
-    options->ensureDirExists(m_qsSaveRoot + QStringLiteral("/imgThumb"));
+    PathGuard::ensureDir(path, path + QStringLiteral("/imgThumb"));
 }
 
 QString MVThemeMgr::Path_resource_RootDir(ELoadDir d)
@@ -140,6 +139,15 @@ QString MVThemeMgr::downLoadUrl(EDirTag t, QString name)
     if (name.contains(QLatin1String("ThemesBgm")) && name.contains(QLatin1Char(' ')))
         name = QString::fromLatin1(QUrl::toPercentEncoding(name, "/", " "));
     return serverRoot() + tagWord(t) + name;
+}
+
+bool MVThemeMgr::isServerAddress(const QString& url) const
+{
+    const QUrl root(
+        TzProductInfo::instance()->extendParam(QStringLiteral("url_themeRootDir"), QString()));
+    const QUrl address(url);
+    return address.isValid() && address.scheme() == root.scheme()
+        && address.authority(QUrl::FullyEncoded) == root.authority(QUrl::FullyEncoded);
 }
 
 QString MVThemeMgr::downLoadUrl_Thumb(EDirTag t, ECfgItemType k, QString name)

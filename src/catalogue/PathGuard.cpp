@@ -12,7 +12,7 @@ bool isSeparator(QChar c)
     return c == QLatin1Char('/') || c == QLatin1Char('\\');
 }
 
-/// Whether a part between separators, of either kind, is "..".
+/// True if a part between separators, of either kind, is "..".
 bool goesUp(const QString& path)
 {
     for (int at = path.indexOf(QLatin1String("..")); at >= 0;
@@ -26,6 +26,18 @@ bool goesUp(const QString& path)
 }
 
 } // namespace
+
+bool PathGuard::hasPlainName(const QString& path)
+{
+    return !path.contains(QChar(QChar::Null)) && !goesUp(path);
+}
+
+bool PathGuard::isReallyInside(const QString& root, const QString& path)
+{
+    const QString realRoot = QFileInfo(root).canonicalFilePath();
+    return !realRoot.isEmpty()
+        && QFileInfo(path).canonicalFilePath().startsWith(realRoot + QLatin1Char('/'));
+}
 
 bool PathGuard::isInside(const QString& root, const QString& path)
 {

@@ -9,6 +9,11 @@ class PathGuard
 public:
     PathGuard() = delete;
 
+    /// False for a name that leads elsewhere: a part of it is "..", or it holds a NUL.
+    static bool hasPlainName(const QString& path);
+    /// True if the existing file `path` is below the existing folder `root`, all links followed.
+    static bool isReallyInside(const QString& root, const QString& path);
+
     /// True if creating, writing or deleting `path` can only touch what lies below `root`: the path
     /// begins with the root, goes nowhere up ("..", with either slash), holds no NUL, and no part
     /// of it below the root is a link. The root itself may be one. An empty root holds nothing.

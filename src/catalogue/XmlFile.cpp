@@ -1,18 +1,39 @@
 #include "catalogue/XmlFile.h"
 
 #include "catalogue/XmlGuard.h"
+#include "host/LogL.h"
+#include "host/RegularFile.h"
 
 #include <QDomDocument>
 #include <QFile>
 
+namespace {
+
+constexpr int logWarning = 3;
+
+bool refuse(const QString& path, const QString& fault)
+{
+    LogL("MVThemeMgr", logWarning, "XML file [%s] is refused: %s", path.toUtf8().constData(),
+         fault.toUtf8().constData());
+    return false;
+}
+
+} // namespace
+
 bool XmlFile::parse(const QString& path, QDomDocument& doc)
 {
     QFile file(path);
-    if (path.isEmpty() || !file.open(QIODevice::ReadOnly)
-        || file.size() > XmlGuard::longestDocument)
+    if (path.isEmpty() || !RegularFile::open(file))
         return false;
-    const QByteArray bytes = file.readAll();
+    if (file.size() > XmlGuard::maxBytes)
+        return refuse(path, QStringLiteral("larger than %1 bytes").arg(XmlGuard::maxBytes));
+    QByteArray bytes;
+    if (!RegularFile::readAll(file, XmlGuard::maxBytes, bytes))
+        return false;
     // With the length: without it, decoding stops at a NUL and hides what follows.
     const QString text = QString::fromUtf8(bytes.constData(), bytes.size());
-    return XmlGuard::accepts(text) && doc.setContent(text);
+    if (text.contains(QChar(QChar::Null)))
+        return false;
+    const QString fault = XmlGuard::fault(text);
+    return fault.isEmpty() ? doc.setContent(text) : refuse(path, fault);
 }

@@ -11,7 +11,7 @@ class XmlFile
 public:
     XmlFile() = delete;
 
-    /// Parses a file (UTF-8) into `doc`. False if it is missing, malformed, or beyond the limits of
-    /// XmlGuard.
+    /// Parses a regular file (UTF-8) into `doc`. False if it is missing, malformed, or beyond the
+    /// limits of XmlGuard; a warning in the log names the limit.
     static bool parse(const QString& path, QDomDocument& doc);
 };

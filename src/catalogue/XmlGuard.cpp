@@ -13,38 +13,49 @@ public:
     {
     }
 
-    bool walk()
+    /// Why the walk stopped before the end; empty if it did not.
+    QString walk()
     {
         for (;;) {
             m_at = m_text.indexOf(QLatin1Char('<'), m_at);
             if (m_at < 0)
-                return true; // whether it is well-formed up to here is the parser's business
-            if (!step() || ++m_pieces > XmlGuard::mostPieces)
-                return false;
-            if (m_at < 0)
-                return true;
+                return {}; // whether it is well-formed up to here is the parser's business
+            step();
+            if (++m_pieces > XmlGuard::maxPieces)
+                refuse(QStringLiteral("more than %1 pieces of markup").arg(XmlGuard::maxPieces));
+            if (m_at < 0 || !m_fault.isEmpty())
+                return m_fault;
         }
     }
 
 private:
-    bool step()
+    void refuse(const QString& fault)
+    {
+        if (m_fault.isEmpty())
+            m_fault = fault;
+    }
+
+    void step()
     {
         const int next = m_at + 1;
         switch (next < m_text.size() ? m_text.at(next).unicode() : 0) {
         case '/':
             --m_depth;
             m_at = m_text.indexOf(QLatin1Char('>'), next);
-            return true;
+            return;
         case '?':
-            return skipPast("?>", 2);
+            skipPast("?>", 2);
+            return;
         case '!':
             if (startsWith("<!--"))
-                return skipPast("-->", 4);
-            if (startsWith("<![CDATA["))
-                return skipPast("]]>", 9);
-            return skipDeclaration();
+                skipPast("-->", 4);
+            else if (startsWith("<![CDATA["))
+                skipPast("]]>", 9);
+            else
+                skipDeclaration();
+            return;
         default:
-            return enterElement();
+            enterElement();
         }
     }
 
@@ -54,32 +65,40 @@ private:
     }
 
     /// An end that is missing ends the walk: the parser finds the document malformed there.
-    bool skipPast(const char* end, int opening)
+    void skipPast(const char* end, int opening)
     {
         const QLatin1String text(end);
         const int found = m_text.indexOf(text, m_at + opening);
         m_at = found < 0 ? -1 : found + text.size();
-        return true;
     }
 
-    bool skipDeclaration()
+    void skipDeclaration()
     {
         const int end = findOutsideQuotes(
             m_at, [](QChar c) { return c == QLatin1Char('>') || c == QLatin1Char('['); });
         m_at = end;
-        return end < 0 || m_text.at(end) != QLatin1Char('[');
+        if (end >= 0 && m_text.at(end) == QLatin1Char('['))
+            refuse(QStringLiteral("a document type that declares entities"));
     }
 
-    bool enterElement()
+    void enterElement()
     {
+        const int piecesBefore = m_pieces;
         const int end = findOutsideQuotes(m_at, [](QChar c) { return c == QLatin1Char('>'); });
+        if (m_pieces - piecesBefore > XmlGuard::maxAttributes) {
+            refuse(QStringLiteral("more than %1 attributes on one element")
+                       .arg(XmlGuard::maxAttributes));
+        }
         if (end < 0) {
             m_at = -1;
-            return true;
+            return;
         }
-        const bool closed = m_text.at(end - 1) == QLatin1Char('/');
+        const bool isClosed = m_text.at(end - 1) == QLatin1Char('/');
         m_at = end + 1;
-        return closed ? m_depth < XmlGuard::deepestNesting : ++m_depth <= XmlGuard::deepestNesting;
+        if (m_depth + 1 > XmlGuard::maxNesting)
+            refuse(QStringLiteral("elements nested deeper than %1").arg(XmlGuard::maxNesting));
+        if (!isClosed)
+            ++m_depth;
     }
 
     template <class Predicate>
@@ -106,11 +125,12 @@ private:
     int m_at = 0;
     int m_depth = 0;
     int m_pieces = 0;
+    QString m_fault;
 };
 
 } // namespace
 
-bool XmlGuard::accepts(const QString& text)
+QString XmlGuard::fault(const QString& text)
 {
-    return !text.contains(QChar(QChar::Null)) && Walker(text).walk();
+    return Walker(text).walk();
 }

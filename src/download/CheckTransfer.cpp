@@ -13,16 +13,25 @@ CheckTransfer::CheckTransfer(CurWrapper& wrapper, CancelToken cancel)
 ETransferResult CheckTransfer::fetch(const QString& url, const QString& file, qint64 maxBytes)
 {
     m_maxBytes = maxBytes;
-    m_tooLarge = false;
+    m_isTooLarge = false;
+    m_isLate = false;
+    m_deadline = std::chrono::steady_clock::now() + m_timeLimit;
     m_wrapper.setDownloadProgressCallback(&CheckTransfer::goOn, this);
     m_wrapper.download(url, file, false);
     m_wrapper.setDownloadProgressCallback(nullptr, nullptr);
     m_failure = m_wrapper.failure();
-    if (!m_tooLarge)
-        return static_cast<ETransferResult>(m_wrapper.result());
-    m_failure.m_eCause = eFailure_TooLarge;
-    m_failure.m_qsDetails = QStringLiteral("%1: larger than %2 bytes").arg(url).arg(maxBytes);
-    return eTransfer_TooLarge;
+    if (m_isTooLarge) {
+        m_failure.m_eCause = eFailure_TooLarge;
+        m_failure.m_qsDetails = QStringLiteral("%1: larger than %2 bytes").arg(url).arg(maxBytes);
+        return eTransfer_TooLarge;
+    }
+    if (m_isLate) {
+        m_failure.m_eCause = eFailure_ConnectionLost;
+        m_failure.m_qsDetails =
+            QStringLiteral("%1: not complete within %2 ms").arg(url).arg(m_timeLimit.count());
+        return eTransfer_Network;
+    }
+    return static_cast<ETransferResult>(m_wrapper.result());
 }
 
 /// Also asked once when all bytes are there and the file has not got its name yet, so no file that
@@ -31,7 +40,10 @@ bool CheckTransfer::goOn(qint64 received, qint64 total, void* user)
 {
     Q_UNUSED(total)
     auto* const self = static_cast<CheckTransfer*>(user);
-    if (received > self->m_maxBytes)
-        self->m_tooLarge = true;
-    return !self->m_tooLarge && !self->m_cancel.isCancelled();
+    if (self->m_cancel.isCancelled())
+        return false;
+    const bool hasLimit = self->m_timeLimit.count() > 0;
+    self->m_isTooLarge = self->m_isTooLarge || received > self->m_maxBytes;
+    self->m_isLate = hasLimit && std::chrono::steady_clock::now() > self->m_deadline;
+    return !self->m_isTooLarge && !self->m_isLate;
 }

@@ -7,6 +7,8 @@
 #include <QString>
 #include <QtGlobal>
 
+#include <chrono>
+
 class CurWrapper;
 
 /// The transfers of a check's worker, bounded in size, which end as soon as the token is cancelled.
@@ -16,6 +18,10 @@ class CheckTransfer
 public:
     /// The wrapper belongs to the worker and outlives this object.
     CheckTransfer(CurWrapper& wrapper, CancelToken cancel);
+
+    /// Gives the transfers that follow this long each, retries included; zero, as at first: no
+    /// limit.
+    void setTimeLimit(std::chrono::milliseconds limit) { m_timeLimit = limit; }
 
     /// Fetches `url` into `file`. A body larger than `maxBytes` is refused: nothing of it stays on
     /// disk.
@@ -28,7 +34,10 @@ private:
 
     CurWrapper& m_wrapper;
     CancelToken m_cancel;
+    std::chrono::milliseconds m_timeLimit{0};
+    std::chrono::steady_clock::time_point m_deadline;
     qint64 m_maxBytes = 0;
-    bool m_tooLarge = false;
+    bool m_isTooLarge = false;
+    bool m_isLate = false;
     STransferFailure m_failure;
 };

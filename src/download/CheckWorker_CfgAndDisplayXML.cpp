@@ -1,17 +1,16 @@
 #include "download/CheckWorker_CfgAndDisplayXML.h"
 
 #include "catalogue/MVThemeMgr.h"
-#include "catalogue/XmlFile.h"
 #include "catalogue/XmlGuard.h"
 #include "download/CheckTransfer.h"
 #include "host/AppOptions.h"
+#include "host/HostSettings.h"
 #include "host/LogL.h"
 #include "host/Utils.h"
 
-#include <QDir>
-#include <QDomDocument>
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 
 #include <algorithm>
 #include <limits>
@@ -80,8 +79,10 @@ void CheckWorker_CfgAndDisplayXML::cancel()
 
 void CheckWorker_CfgAndDisplayXML::onStartDownloadXML(const QString&)
 {
-    Utils::rmDir(getDownLoadTemp(), true);
     m_result = SCatalogueCheckResult();
+    QLockFile lock(lockPath());
+    if (lockFolder(lock))
+        Utils::rmDir(getDownLoadTemp(), true);
 
     CheckTransfer transfer(m_CurWrapper, m_bWillCancel);
     if (!fetchVersion(transfer)) {
@@ -105,13 +106,36 @@ void CheckWorker_CfgAndDisplayXML::onStartDownloadXML(const QString&)
     end();
 }
 
+QString CheckWorker_CfgAndDisplayXML::lockPath()
+{
+    QString folder = getDownLoadTemp();
+    folder.chop(1);
+    return folder + QStringLiteral(".lock");
+}
+
+/// Waits until no other check uses the temporary folder. False if this one was cancelled meanwhile.
+/// Where no lock can be made, nothing can be stored in the folder either, which the transfer tells.
+bool CheckWorker_CfgAndDisplayXML::lockFolder(QLockFile& lock)
+{
+    constexpr std::chrono::milliseconds pause(50);
+    AppOptions::instance()->ensureDirExists(QFileInfo(lockPath()).path());
+    lock.setStaleLockTime(0); // only the lock of a dead process is stale, however long one takes
+    while (!lock.tryLock(0) && lock.error() == QLockFile::LockFailedError) {
+        if (m_bWillCancel.waitFor(pause))
+            return false;
+    }
+    return true;
+}
+
 bool CheckWorker_CfgAndDisplayXML::fetchVersion(CheckTransfer& transfer)
 {
     const QString url = getSerThemeXMLPath(EType_XML_resource_version_xml);
     const QString file = getDownLoad_XML_Temp(EType_XML_resource_version_xml, true);
     if (stopIfCancelled(2, url, file))
         return false;
+    transfer.setTimeLimit(std::chrono::milliseconds(hostSettings().versionTimeoutMs));
     const ETransferResult result = transfer.fetch(url, file, largestVersionFile);
+    transfer.setTimeLimit(std::chrono::milliseconds::zero());
     if (result != eTransfer_Success) {
         noteFailure(result, transfer.failure(), true);
         logFile(2,
@@ -135,7 +159,9 @@ bool CheckWorker_CfgAndDisplayXML::readVersions()
     m_sVer_Download = noVersion();
     m_sVer_Local = noVersion();
 
-    getVersionInfo(getDownLoad_XML_Temp(EType_XML_resource_version_xml, true), m_sVer_Ser);
+    const QString fetched = getDownLoad_XML_Temp(EType_XML_resource_version_xml, true);
+    m_qsVersionSum = Utils::getMD5(fetched);
+    getVersionInfo(fetched, m_sVer_Ser);
     logChecksums(2, "m_sVer_Ser, m_qsVer_config = %s, m_qsVer_Display = %s", m_sVer_Ser);
     if (m_sVer_Ser.m_qsVer_config.isEmpty() || m_sVer_Ser.m_qsVer_Display.isEmpty()) {
         note(eCatalogueCheck_Rejected,
@@ -188,9 +214,21 @@ void CheckWorker_CfgAndDisplayXML::checkNeedUpdate(bool& needConfig, bool& needD
     const bool downloaded = isComplete(m_sVer_Download);
     const bool known = downloaded || isComplete(m_sVer_Local);
     const SVersion& own = downloaded ? m_sVer_Download : m_sVer_Local;
-    if (!known || m_sVer_Ser.m_qsVer_config != own.m_qsVer_config)
+    // Whatever the version files say, the files that clients read count: they may be damaged or
+    // missing, or be what a check that was killed between two files has left.
+    const auto isOther = [downloaded](MVThemeMgr::EDirTag tag, const QString& sum) {
+        MVThemeMgr* const manager = MVThemeMgr::init();
+        const QString file = manager->Path_resource_xml(MVThemeMgr::eLoadDir_Download, tag);
+        if (QFileInfo::exists(file))
+            return Utils::getMD5(file) != sum;
+        return downloaded
+            && Utils::getMD5(manager->Path_resource_xml(MVThemeMgr::eLoadDir_Local, tag)) != sum;
+    };
+    if (!known || m_sVer_Ser.m_qsVer_config != own.m_qsVer_config
+        || isOther(MVThemeMgr::eDirTag_Config, m_sVer_Ser.m_qsVer_config))
         needConfig = true;
-    if (!known || m_sVer_Ser.m_qsVer_Display != own.m_qsVer_Display)
+    if (!known || m_sVer_Ser.m_qsVer_Display != own.m_qsVer_Display
+        || isOther(MVThemeMgr::eDirTag_Display, m_sVer_Ser.m_qsVer_Display))
         needDisplay = true;
 }
 
@@ -219,7 +257,7 @@ bool CheckWorker_CfgAndDisplayXML::fetchFile(CheckTransfer& transfer, const Cata
     const QString target = getDownLoad_XML_Temp(file.type, true);
     if (stopIfCancelled(1, url, target))
         return false;
-    const ETransferResult result = transfer.fetch(url, target, XmlGuard::longestDocument);
+    const ETransferResult result = transfer.fetch(url, target, XmlGuard::maxBytes);
     if (result != eTransfer_Success) {
         hasError = true;
         noteFailure(result, transfer.failure(), false);
@@ -240,71 +278,6 @@ bool CheckWorker_CfgAndDisplayXML::fetchFile(CheckTransfer& transfer, const Cata
     if (!isPublished(file, url, target))
         hasError = true;
     return true;
-}
-
-/// Whether a catalogue file that came is what the version file announces, and one that clients can
-/// read: the present catalogue must not give way to one that is none.
-bool CheckWorker_CfgAndDisplayXML::isPublished(const CatalogueFile& file, const QString& url,
-                                               const QString& fetched)
-{
-    QDomDocument doc;
-    if (Utils::getMD5(fetched) != file.checksum) {
-        note(eCatalogueCheck_Rejected,
-             QStringLiteral("%1 does not have the checksum that the version file announces")
-                 .arg(url),
-             eFailure_Damaged);
-        return false;
-    }
-    if (!XmlFile::parse(fetched, doc)) {
-        note(eCatalogueCheck_Rejected, QStringLiteral("%1 is not a catalogue: malformed").arg(url),
-             eFailure_Damaged);
-        return false;
-    }
-    return true;
-}
-
-void CheckWorker_CfgAndDisplayXML::copyToDownload(bool needConfig, bool needDisplay)
-{
-    MVThemeMgr* const manager = MVThemeMgr::init();
-    const char* const displayCopied = "copyTemp2DownLoad path_Display = [%s] is exists, bRet = %d";
-    const char* const configCopied = "copyTemp2DownLoad path_Config = [%s] is exists, bRet = %d";
-    bool allCopied = true;
-    if (needDisplay) {
-        copyFile(
-            getDownLoad_XML_Temp(EType_XML_resource_display_xml, true),
-            manager->Path_resource_xml(MVThemeMgr::eLoadDir_Download, MVThemeMgr::eDirTag_Display),
-            displayCopied, allCopied);
-    }
-    if (needConfig) {
-        copyFile(
-            getDownLoad_XML_Temp(EType_XML_resource_config_xml, true),
-            manager->Path_resource_xml(MVThemeMgr::eLoadDir_Download, MVThemeMgr::eDirTag_Config),
-            configCopied, allCopied);
-    }
-    copyFile(getDownLoad_XML_Temp(EType_XML_resource_version_xml, true),
-             getDownLoad_XML_Temp(EType_XML_resource_version_xml, false), configCopied, allCopied);
-    if (allCopied)
-        note(eCatalogueCheck_Changed);
-}
-
-/// After a copy that failed nothing more is replaced: a version file must not speak for catalogue
-/// files that are not there, or no later check would fetch them.
-void CheckWorker_CfgAndDisplayXML::copyFile(const QString& from, const QString& to,
-                                            const char* format, bool& allCopied)
-{
-    const QFileInfo target(to);
-    const QDir folder = target.absoluteDir();
-    STransferFailure failure{eFailure_BadAddress, QString(), to,
-                             QStringLiteral("%1 is outside the download root").arg(to)};
-    bool copied = false;
-    if (allCopied && MVThemeMgr::init()->isDownloadPath(to)) {
-        AppOptions::instance()->ensureDirExists(folder.path());
-        copied = Utils::copyFile(from, folder, target.fileName(), &failure);
-    }
-    LogL("profileDownLoader", 1, format, from.toUtf8().constData(), copied ? 1 : 0);
-    if (!copied)
-        note(eCatalogueCheck_NotStored, failure.m_qsDetails, failure.m_eCause);
-    allCopied = copied;
 }
 
 /// True, with a line in the log, if the check was cancelled and therefore ends at this file.

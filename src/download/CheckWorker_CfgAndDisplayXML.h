@@ -12,13 +12,16 @@
 #include <functional>
 
 class CheckTransfer;
+class QLockFile;
 
 /// Keeps the downloaded catalogue files current: one object does one check.
 ///
 /// It fetches the server's version file, compares it with those on disk, fetches what has changed
 /// into a temporary folder, verifies the announced checksums, and only then replaces the files of
 /// the download tree, each atomically and the version file last. A check that fails, is cancelled
-/// or killed leaves files that the next one compares and replaces.
+/// or killed leaves files that the next one compares and replaces; catalogue files of the download
+/// tree that are missing or not the server's are fetched again. Checks of several processes or
+/// roots that share the temporary folder wait for each other.
 ///
 /// The object lives on a thread with an event loop; the slot runs there and blocks until the check
 /// is over. cancel() may come from any thread, as long as the object lives. Usually
@@ -108,6 +111,8 @@ private:
         QString checksum;
     };
 
+    QString lockPath();
+    bool lockFolder(QLockFile& lock);
     bool fetchVersion(CheckTransfer& transfer);
     bool readVersions();
     bool isSameFormat();
@@ -115,7 +120,9 @@ private:
     bool fetchFile(CheckTransfer& transfer, const CatalogueFile& file, bool& hasError);
     bool isPublished(const CatalogueFile& file, const QString& url, const QString& fetched);
     void copyToDownload(bool needConfig, bool needDisplay);
-    void copyFile(const QString& from, const QString& to, const char* format, bool& allCopied);
+    void copyFile(const CatalogueFile& file, const QString& to, const char* format,
+                  bool& allCopied);
+    bool storeFile(const QString& from, const QString& checksum, const QString& to);
     bool stopIfCancelled(int level, const QString& url, const QString& file);
     void note(ECatalogueCheckEnd end, const QString& reason = QString(),
               EFailureCause cause = eFailure_None);
@@ -126,6 +133,7 @@ private:
     SVersion m_sVer_Ser;
     SVersion m_sVer_Download;
     SVersion m_sVer_Local;
+    QString m_qsVersionSum; // of the server's version file as it came
     CancelToken m_bWillCancel;
     CurWrapper m_CurWrapper;
 

@@ -175,11 +175,13 @@ bool CheckWorker_ThumbAndGif::fetchFile(CheckTransfer& transfer, const Kind& kin
     }
     if (stopIfCancelled(kind))
         return false;
-    // A file that would lie outside the download root is neither fetched nor removed.
-    if (!manager->isDownloadPath(file)) {
+    // A file that would be outside the download root is neither fetched nor removed.
+    if (!manager->isDownloadPath(file) || !manager->isServerAddress(url)) {
         log(kind.failed);
-        noteFailure({eFailure_BadAddress, url, file,
-                     QStringLiteral("%1: %2 is outside the download root").arg(url, file)});
+        noteFailure(
+            {eFailure_BadAddress, url, file,
+             QStringLiteral("%1 leads to another server, or %2 is outside the download root")
+                 .arg(url, file)});
         return true;
     }
     if (transfer.fetch(url, file, hostSettings().maxDownloadBytes) != eTransfer_Success) {

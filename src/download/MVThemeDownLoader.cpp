@@ -3,6 +3,7 @@
 #include "catalogue/MVThemeMgr.h"
 #include "download/DownloadPacing.h"
 #include "download/FileRecord.h"
+#include "host/HostSettings.h"
 #include "host/LogL.h"
 
 #include <QFile>
@@ -98,9 +99,7 @@ void MVThemeDownLoader::run()
     LogL("MVThemeDownLoader", 1, "MVThemeDownLoader::run() start!");
     emit progress(0.0);
 
-    const bool needsConfig =
-        m_pItem->m_eType == eCfgItem_Theme && !MVThemeMgr::init()->doItem_Info_CfgXML(*m_pItem);
-    if ((needsConfig ? fetchThemeConfig() : simulateFirstPhase()) == Step::Ended)
+    if ((needsConfig() ? fetchThemeConfig() : simulateFirstPhase()) == Step::Ended)
         return;
     if (stopIfCancelled(pointBeforeList))
         return;
@@ -109,6 +108,20 @@ void MVThemeDownLoader::run()
         return;
     end(anyFailed ? eDownLoadError_Element : eDownLoadError_None);
     LogL("MVThemeDownLoader", 1, "MVThemeDownLoader::run() end!");
+}
+
+/// Whether the theme's own config has to be fetched: it is missing, or damaged where the host wants
+/// content checked.
+bool MVThemeDownLoader::needsConfig()
+{
+    MVThemeMgr* const manager = MVThemeMgr::init();
+    if (m_pItem->m_eType != eCfgItem_Theme)
+        return false;
+    if (!manager->doItem_Info_CfgXML(*m_pItem))
+        return true;
+    m_bConfigDamaged = hostSettings().checkContent && !manager->ensureThemeParsed(*m_pItem)
+        && manager->isDownloadPath(FileRecord(m_pItem->m_info_CfgXML).file());
+    return m_bConfigDamaged;
 }
 
 MVThemeDownLoader::Step MVThemeDownLoader::end(EMVThemeDownLoadError result)
@@ -183,7 +196,7 @@ MVThemeDownLoader::Step MVThemeDownLoader::transferThemeConfig(SFileInfo& info)
     if (stopIfCancelled(pointBeforeConfig))
         return Step::Ended;
 
-    if (QFile::exists(file)) {
+    if (QFile::exists(file) && !m_bConfigDamaged) {
         doProgress(firstPhase); // another download has brought it meanwhile
     } else {
         m_CurWrapper.setDownloadProgressCallback(&downloadProgressCallback, this);
@@ -209,7 +222,12 @@ MVThemeDownLoader::Step MVThemeDownLoader::transferThemeConfig(SFileInfo& info)
     MVThemeMgr::init()->read_resource_config_Themes_a(file, parsed);
     if (parsed)
         m_pItem->setParsedTheme(parsed);
-    return Step::Continue;
+    if (parsed || !hostSettings().checkContent)
+        return Step::Continue;
+    noteFailure(
+        {eFailure_Damaged, url, file,
+         QStringLiteral("%1: cannot be read as a theme's config (local file %2)").arg(url, file)});
+    return end(eDownLoadError_Unknown);
 }
 
 /// False, with a line in the log, if no file can be fetched from there to here. A path outside the
@@ -220,6 +238,15 @@ bool MVThemeDownLoader::checkPlaces(const QString& url, const QString& file)
         LogL("MVThemeDownLoader", 1, "download file, but url is empty.");
         noteFailure({eFailure_BadAddress, url, file,
                      QStringLiteral("no address on the server for %1").arg(file)});
+        return false;
+    }
+    if (!MVThemeMgr::init()->isServerAddress(url)) {
+        LogL("MVThemeDownLoader", 1, "download file, but url is empty.");
+        noteFailure(
+            {eFailure_BadAddress, url, file,
+             QStringLiteral("%1 leads to another server than url_themeRootDir, which has to "
+                            "end with a slash")
+                 .arg(url)});
         return false;
     }
     if (file.isEmpty() || !MVThemeMgr::init()->isDownloadPath(file)) {

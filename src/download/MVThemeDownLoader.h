@@ -84,6 +84,7 @@ protected:
 private:
     enum class Step { Continue, Ended };
 
+    bool needsConfig();
     Step fetchThemeConfig();
     Step transferThemeConfig(SFileInfo& info);
     Step simulateFirstPhase();
@@ -117,5 +118,6 @@ private:
     STransferFailure m_failure;
     EMVThemeDownLoadError m_eEnd = eDownLoadError_None;
     mutable QMutex m_mutexCurrent;     // guards m_strUrl, m_strFile, m_failure, m_eEnd
+    bool m_bConfigDamaged = false;     // the config file is there but is to be replaced
     std::atomic<bool> m_bEnded{false}; // the end signal of this download has been sent
 };

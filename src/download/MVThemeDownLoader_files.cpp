@@ -68,7 +68,13 @@ MVThemeDownLoader::Step MVThemeDownLoader::fetchFiles(bool& anyFailed)
     m_vecFiles.clear();
     m_nIndex = -1;
     MVThemeMgr::init()->ensureThemeParsed(*m_pItem);
-    MVThemeMgr::init()->getNeedDownLoadFiles(m_pItem, m_vecFiles);
+    if (!MVThemeMgr::init()->listNeededFiles(m_pItem, m_vecFiles)) {
+        noteFailure({eFailure_Damaged, QString(), QString(),
+                     QStringLiteral("%1 needs more than %2 files")
+                         .arg(m_pItem->m_qsGUID, QString::number(MVThemeMgr::maxNeededFiles))});
+        m_vecFiles.clear();
+        anyFailed = true;
+    }
     Step step = Step::Continue;
     for (int i = 0; i < m_vecFiles.size() && step == Step::Continue; ++i) {
         DownloadPacing::pause(m_bWillCancel);

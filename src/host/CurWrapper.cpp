@@ -1,5 +1,6 @@
 #include "host/CurWrapper.h"
 
+#include "host/ContentCheck.h"
 #include "host/HostSettings.h"
 #include "host/HttpTransfer.h"
 #include "host/PartFile.h"
@@ -67,6 +68,7 @@ public:
 
 private:
     ETransferResult fetch();
+    bool isPageWanted() const;
     ETransferResult fetchWithRetries();
     HttpTransfer::End followRedirects();
     bool openTarget(bool resume);
@@ -146,9 +148,25 @@ ETransferResult CurWrapper::Private::fetch()
     m_received = m_file.size();
     if (callback && !callback(m_received, m_received, user))
         return failAsCancelled();
+    if (ContentCheck::isPage(m_file.beginning(ContentCheck::pageBytes)) && !isPageWanted()) {
+        return fail(eTransfer_Network, eFailure_Unreachable,
+                    QStringLiteral("a web page came instead of the file, as from a network that "
+                                   "asks for a login"));
+    }
+    const QString fault = hostSettings().checkContent
+        ? ContentCheck::fault(m_file.temporaryPath(), m_target)
+        : QString();
+    if (!fault.isEmpty())
+        return fail(eTransfer_NotPublished, eFailure_Damaged,
+                    QStringLiteral("the content is not plausible: %1").arg(fault));
     if (!m_file.commit())
         return failAtFile();
     return eTransfer_Success;
+}
+
+bool CurWrapper::Private::isPageWanted() const
+{
+    return ContentCheck::isPageName(m_target) || ContentCheck::isPageName(m_url.path());
 }
 
 ETransferResult CurWrapper::Private::fetchWithRetries()

@@ -20,6 +20,7 @@ HostSettings HostSettings::recommended()
     HostSettings settings;
     settings.leftButtonOnly = true;
     settings.lastChoiceWins = true;
+    settings.checkContent = true;
     return settings;
 }
 

@@ -52,11 +52,18 @@ struct MVHOST_EXPORT HostSettings
     /// True: a download that ends after the user has chosen another item of the same kind leaves
     /// its item ready and does not apply it. False: it applies its item. Recommended: true.
     bool lastChoiceWins = false;
+    /// True: a fetched file gets its name only if its content is plausible: XML is well-formed,
+    /// pictures are PNG, JPEG or GIF, and ZIP archives begin as such. A theme's config file that
+    /// cannot be parsed is fetched again. False: the content is not looked at. Recommended: true.
+    bool checkContent = false;
 
     /// Milliseconds until a connection must stand (name look-up, TCP and TLS included).
     int connectTimeoutMs = 15000;
-    /// Milliseconds for which a transfer may bring no byte.
+    /// Milliseconds for which a transfer may bring no byte. One that brings less than 1 kB/s over
+    /// that time, header and trailer included, fails as well.
     int stallTimeoutMs = 30000;
+    /// Milliseconds that the catalogue's version file may take in all.
+    int versionTimeoutMs = 60000;
     /// Largest body that is accepted, in bytes.
     qint64 maxDownloadBytes = Q_INT64_C(2) * 1024 * 1024 * 1024;
     /// How often a transient failure is tried again; 0 turns it off.
@@ -82,8 +89,9 @@ MVHOST_EXPORT HostSettings& hostSettings();
 ///     [ui]       skin, zoomDPI; leftButtonOnly, lastChoiceWins (true or false)
 ///     [product]  editions                               (comma separated, 1 to 5)
 ///     [params]   any key = value                        (the product parameters)
-///     [network]  connectTimeoutMs, stallTimeoutMs, maxDownloadBytes, downloadRetries,
-///                retryPauseMs, retryPauseMaxMs, proxy, caFile
+///     [network]  connectTimeoutMs, stallTimeoutMs, versionTimeoutMs, maxDownloadBytes,
+///                downloadRetries, retryPauseMs, retryPauseMaxMs, proxy, caFile; checkContent (true
+///                or false)
 ///
 /// The file is UTF-8, with or without a byte order mark, and at most 1 MiB; its lines end in LF or
 /// CR LF. Each is empty or one of these, where blanks (spaces and tabs) around it and around

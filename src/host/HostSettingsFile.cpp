@@ -98,6 +98,14 @@ const HostSettingsFile::Setting HostSettingsFile::all[] = {
      [](auto& file, auto& key, auto& text, auto& settings) {
          return file.readNumber(key, text, 1, settings.stallTimeoutMs);
      }},
+    {"network/versionTimeoutMs",
+     [](auto& file, auto& key, auto& text, auto& settings) {
+         return file.readNumber(key, text, 1, settings.versionTimeoutMs);
+     }},
+    {"network/checkContent",
+     [](auto& file, auto& key, auto& text, auto& settings) {
+         return file.readSwitch(key, text, settings.checkContent);
+     }},
     {"network/maxDownloadBytes",
      [](auto& file, auto& key, auto& text, auto& settings) {
          return file.readInteger(key, text, 1, std::numeric_limits<qint64>::max(),

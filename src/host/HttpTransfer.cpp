@@ -9,6 +9,8 @@ namespace {
 
 using namespace std::chrono;
 
+/// Of a transfer, over the time for which it may bring nothing at all.
+constexpr qint64 minBytesPerSecond = 1000;
 constexpr int tickMs = 50; // a cancel is noticed within two of them
 /// Below the size from which the allocator gives memory back to the system after every request.
 constexpr long receiveBuffer = 64 * 1024;
@@ -46,6 +48,8 @@ HttpTransfer::End HttpTransfer::perform(const Request& request, PartFile& file,
     m_reason.clear();
     m_curlError[0] = '\0';
     m_lastByte = Clock::now();
+    m_windowStart = m_lastByte;
+    m_windowBytes = 0;
 
     configure(request);
     curl_multi_add_handle(m_multi.get(), m_easy.get());
@@ -126,10 +130,8 @@ CURLcode HttpTransfer::transfer(const KeepGoing& keepGoing)
         noteConnection();
         if (!m_connected)
             m_lastByte = Clock::now();
-        if (Clock::now() - m_lastByte > stall) {
-            refuse(End::Network, QStringLiteral("no byte came for %1 ms").arg(stall.count()));
+        if (isStalled(stall))
             return CURLE_OPERATION_TIMEDOUT;
-        }
         curl_multi_poll(m_multi.get(), nullptr, 0, tickMs, nullptr);
     }
     noteConnection();
@@ -139,6 +141,32 @@ CURLcode HttpTransfer::transfer(const KeepGoing& keepGoing)
             return message->data.result;
     }
     return CURLE_FAILED_INIT;
+}
+
+/// True if nothing came for too long, or so little that the transfer would take for ever.
+bool HttpTransfer::isStalled(milliseconds limit)
+{
+    const Clock::time_point now = Clock::now();
+    if (!m_connected)
+        m_windowStart = now;
+    const auto silence = now - m_lastByte;
+    const auto window = duration_cast<milliseconds>(now - m_windowStart);
+    if (silence > limit) {
+        refuse(End::Network, QStringLiteral("no byte came for %1 ms").arg(limit.count()));
+        return true;
+    }
+    // While nothing comes, it is the silence that will be judged.
+    if (window < limit || silence > limit / 2)
+        return false;
+    if (m_windowBytes < minBytesPerSecond * window.count() / 1000) {
+        refuse(
+            End::Network,
+            QStringLiteral("only %1 bytes came in %2 ms").arg(m_windowBytes).arg(window.count()));
+        return true;
+    }
+    m_windowStart = now;
+    m_windowBytes = 0;
+    return false;
 }
 
 void HttpTransfer::noteConnection()
@@ -216,9 +244,15 @@ bool HttpTransfer::refuse(End end, const QString& reason)
     return false;
 }
 
-std::size_t HttpTransfer::takeHeader(const char* data, std::size_t length)
+void HttpTransfer::noteBytes(std::size_t length)
 {
     m_lastByte = Clock::now();
+    m_windowBytes += static_cast<qint64>(length);
+}
+
+std::size_t HttpTransfer::takeHeader(const char* data, std::size_t length)
+{
+    noteBytes(length);
     const QByteArray line(data, static_cast<int>(length));
     m_head.addLine(line);
     const bool last = line == "\r\n" || line == "\n";
@@ -240,6 +274,10 @@ bool HttpTransfer::acceptStatus()
         if (!m_head.contentEncoding.isEmpty() || m_head.strangeTransferCoding) {
             return refuse(End::Status,
                           QStringLiteral("the server encoded the file, which nobody asked for"));
+        }
+        if (m_head.hasTwoLengths) {
+            return refuse(End::Network,
+                          QStringLiteral("the server announces two different lengths"));
         }
         if (m_head.contentLength < 0 && !m_head.chunked) {
             return refuse(End::Network,
@@ -298,7 +336,7 @@ bool HttpTransfer::acceptSize()
 
 std::size_t HttpTransfer::takeBody(const char* data, std::size_t length)
 {
-    m_lastByte = Clock::now();
+    noteBytes(length);
     const qint64 count = static_cast<qint64>(length);
     if (m_discarding) {
         m_discarded += count;

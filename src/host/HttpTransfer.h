@@ -73,7 +73,9 @@ private:
     void prepare();
     void configure(const Request& request);
     CURLcode transfer(const KeepGoing& keepGoing);
+    bool isStalled(std::chrono::milliseconds limit);
     void noteConnection();
+    void noteBytes(std::size_t length);
     End judge(CURLcode code, const PartFile& file);
     bool headerEnded();
     bool acceptStatus();
@@ -120,4 +122,6 @@ private:
     End m_end = End::Network;
     QString m_reason;
     Clock::time_point m_lastByte;
+    Clock::time_point m_windowStart; // of the time over which the rate is measured
+    qint64 m_windowBytes = 0;        // that came since then, header and trailer included
 };

@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QRandomGenerator>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -122,7 +123,7 @@ bool PartFile::createLocked()
     const QString folder = QFileInfo(m_target).path();
     for (int attempt = 0; attempt < createAttempts; ++attempt) {
         m_name = QFile::encodeName(folder + QLatin1Char('/') + partName());
-        m_handle = ::open(m_name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, newFileMode);
+        m_handle = ::open(m_name.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, newFileMode);
         if (m_handle < 0 && errno == EEXIST)
             continue;
         if (m_handle < 0 && errno == ENOENT) {
@@ -155,6 +156,15 @@ bool PartFile::write(const char* data, qint64 length)
         m_size += written;
     }
     return true;
+}
+
+QByteArray PartFile::beginning(int maxBytes) const
+{
+    QByteArray bytes(maxBytes, Qt::Uninitialized);
+    const ssize_t length =
+        ::pread(m_handle, bytes.data(), static_cast<std::size_t>(bytes.size()), 0);
+    bytes.truncate(static_cast<int>(std::max<ssize_t>(length, 0)));
+    return bytes;
 }
 
 bool PartFile::restart()

@@ -2,6 +2,7 @@
 
 #include "host/STransferFailure.h"
 
+#include <QFile>
 #include <QString>
 
 /// A file that is being written beside its target and takes the target's name when it is complete.
@@ -28,6 +29,11 @@ public:
 
     /// Bytes written since open() or restart().
     qint64 size() const { return m_size; }
+
+    /// Path of the temporary file, for a look at its content before commit().
+    QString temporaryPath() const { return QFile::decodeName(m_name); }
+    /// What has been written so far, but at most `maxBytes` from the beginning.
+    QByteArray beginning(int maxBytes) const;
 
     /// Whether commit() waits until data and name are on the disk, so that a power cut leaves the
     /// old file or the new one.

@@ -18,8 +18,7 @@ void ResponseHead::addField(const QByteArray& name, const QByteArray& value)
 {
     bool ok = false;
     if (name == "content-length") {
-        const qint64 length = value.toLongLong(&ok);
-        contentLength = ok && length >= 0 ? length : -1;
+        addLength(value);
     } else if (name == "transfer-encoding") {
         const QList<QByteArray> codings = value.toLower().split(',');
         for (const QByteArray& coding : codings) {
@@ -42,6 +41,20 @@ void ResponseHead::addField(const QByteArray& name, const QByteArray& value)
     } else if (name == "retry-after") {
         const int seconds = value.toInt(&ok);
         retryAfterSeconds = ok && seconds >= 0 ? seconds : -1;
+    }
+}
+
+/// Equal lengths may be repeated, in one field or several (RFC 9110, 8.6).
+void ResponseHead::addLength(const QByteArray& value)
+{
+    const QList<QByteArray> parts = value.split(',');
+    for (const QByteArray& part : parts) {
+        bool ok = false;
+        const qint64 number = part.trimmed().toLongLong(&ok);
+        const qint64 length = ok && number >= 0 ? number : -1;
+        hasTwoLengths = hasTwoLengths || (m_hasLength && length != contentLength);
+        m_hasLength = true;
+        contentLength = length;
     }
 }
 

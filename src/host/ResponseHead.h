@@ -13,6 +13,7 @@ public:
 
     int status = 0;
     qint64 contentLength = -1;          ///< announced bytes of the body, -1 if not announced
+    bool hasTwoLengths = false;         ///< fields that announce different lengths
     bool chunked = false;               ///< the body is sent in chunks, so its end can be told
     bool strangeTransferCoding = false; ///< a transfer coding other than chunked
     QByteArray contentEncoding;         ///< lower case; empty for identity
@@ -33,5 +34,8 @@ public:
 
 private:
     void addField(const QByteArray& name, const QByteArray& value);
+    void addLength(const QByteArray& value);
     void readContentRange(const QByteArray& value);
+
+    bool m_hasLength = false; // a length field has come
 };

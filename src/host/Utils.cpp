@@ -23,35 +23,6 @@ QString realFolder(const QString& path)
     return real.endsWith(QLatin1Char('/')) ? real : real + QLatin1Char('/');
 }
 
-/// Copies a file over what is there. False, with the reason in `failure`: the target is as it was.
-bool replaceByCopy(const QString& from, const QString& to, STransferFailure& failure)
-{
-    PartFile target;
-    const auto fail = [&](EFailureCause cause, const QString& details) {
-        failure = {cause, QString(), to, details};
-        return false;
-    };
-    QFile source(from);
-    const auto cannotRead = [&] {
-        return fail(eFailure_LocalFile,
-                    QStringLiteral("%1 cannot be read: %2").arg(from, source.errorString()));
-    };
-    if (from.isEmpty() || !source.open(QIODevice::ReadOnly))
-        return cannotRead();
-    if (!target.open(to))
-        return fail(target.cause(), target.errorText());
-    QByteArray chunk(copyChunk, Qt::Uninitialized);
-    for (;;) {
-        const qint64 length = source.read(chunk.data(), chunk.size());
-        if (length < 0)
-            return cannotRead();
-        if (length == 0)
-            return target.commit() || fail(target.cause(), target.errorText());
-        if (!target.write(chunk.constData(), length))
-            return fail(target.cause(), target.errorText());
-    }
-}
-
 } // namespace
 
 QString Utils::getMD5(const QString& file)
@@ -69,19 +40,30 @@ QString Utils::getMD5(const QString& file)
     return QString::fromLatin1(hash.result().toHex());
 }
 
-bool Utils::copyFile(const QString& sourceFile, const QDir& targetDir, const QString& fileName,
-                     STransferFailure* failure)
+bool Utils::copyFile(const QString& sourceFile, const QDir& targetDir, const QString& fileName)
 {
     PartFile::removeLeftovers(targetDir.absolutePath());
-    STransferFailure ignored;
-    return replaceByCopy(sourceFile, targetDir.absoluteFilePath(fileName),
-                         failure ? *failure : ignored);
+    return copyFileToPath(sourceFile, targetDir.absoluteFilePath(fileName), true);
 }
 
 bool Utils::copyFileToPath(const QString& from, const QString& to, bool overwrite)
 {
-    STransferFailure ignored;
-    return (overwrite || !QFile::exists(to)) && replaceByCopy(from, to, ignored);
+    if (!overwrite && QFile::exists(to))
+        return false;
+    QFile source(from);
+    if (from.isEmpty() || !source.open(QIODevice::ReadOnly))
+        return false;
+    PartFile target;
+    if (!target.open(to))
+        return false;
+    QByteArray chunk(copyChunk, Qt::Uninitialized);
+    for (;;) {
+        const qint64 length = source.read(chunk.data(), chunk.size());
+        if (length < 0 || (length > 0 && !target.write(chunk.constData(), length)))
+            return false;
+        if (length == 0)
+            return target.commit();
+    }
 }
 
 bool Utils::writeFile(const QString& path, const QByteArray& content, STransferFailure* failure)

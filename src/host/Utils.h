@@ -21,10 +21,9 @@ public:
     static QString getMD5(const QString& file);
 
     /// Copies `sourceFile` to `fileName` in the existing folder `targetDir`, replacing what is
-    /// there. False, with the reason in `failure` (may be null): the target is as it was. Also
-    /// removes what a killed process left in the folder.
-    static bool copyFile(const QString& sourceFile, const QDir& targetDir, const QString& fileName,
-                         STransferFailure* failure = nullptr);
+    /// there. False: the target is as it was. Also removes what a killed process left in the
+    /// folder.
+    static bool copyFile(const QString& sourceFile, const QDir& targetDir, const QString& fileName);
 
     /// Copies the file `from` to the path `to`, whose folder must exist. Without `overwrite` an
     /// existing target is kept and the result is false.

@@ -89,7 +89,7 @@ EditorWorld::Tree EditorWorld::files(const QStringList& themes)
         tree.insert(QStringLiteral("config/Themes/%1.xml").arg(slug(theme)),
                     CatalogueFiles::document(usesFilter));
         tree.insert(QStringLiteral("config/Themes/%1/theme.zip").arg(slug(theme)),
-                    "archive of " + theme.toUtf8());
+                    "PK\x03\x04 archive of " + theme.toUtf8());
     }
     tree.insert(QStringLiteral("config/VideoFilters/sepia.xml"), "<Filter/>");
     tree.insert(QStringLiteral("config/BgMaterial/blue.xml"), "<Background/>");

@@ -229,7 +229,11 @@ void tst_hostileCatalogues::xml_data()
         row("25,000 levels in CDATA",
             inside(valid, "<n><![CDATA[" + repeated("<n>", 25000) + "]]></n>"), true);
 
-        row("10,000 attributes", inside(valid, "<n" + attributes(10000) + "/>"), true);
+        row("1,000 attributes", inside(valid, "<n" + attributes(1000) + "/>"), true);
+        row("1,001 attributes", inside(valid, "<n" + attributes(1001) + "/>"), false);
+        row("1,001 attributes, never closed", "<n" + attributes(1001), false);
+        row("1,000 attributes, many times",
+            inside(valid, repeated("<n" + attributes(1000) + "/>", 20)), true);
         row("100,000 elements", inside(valid, repeated("<n/>", 100000)), true);
         row("two million elements", inside(valid, repeated("<n/>", 2000000)), false);
         row("two million attributes", inside(valid, "<n" + attributes(2000000) + "/>"), false);

@@ -166,7 +166,9 @@ void tst_CheckWorker_CfgAndDisplayXML_versions::unreadableFileEmptiesTheRecord()
     QVERIFY(version.m_qsVer_config.isEmpty());
     QVERIFY(!version.bLoadXMLOK);
     QVERIFY(!version.m_hasVersion);
-    QCOMPARE(trace.entries(), (QStringList{checkXml(file, 0), versionFileError(file)}));
+    // Before them, what refuses a limit is named.
+    QCOMPARE(trace.entries().filter(QRegularExpression(QStringLiteral("^MVThemeMgr 1"))),
+             (QStringList{checkXml(file, 0), versionFileError(file)}));
 }
 
 void tst_CheckWorker_CfgAndDisplayXML_versions::missingElementLeavesTheChecksum()

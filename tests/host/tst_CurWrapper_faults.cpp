@@ -64,6 +64,8 @@ private slots:
     void completeFileDoesNotWaitForTheServer();
     void slowIsNotStalled();
     void slowHeaderIsNotStalled();
+    void tricklingIsStalled_data();
+    void tricklingIsStalled();
 
 private:
     const HostSettings m_settings = hostSettings();
@@ -288,12 +290,12 @@ void TestCurWrapperFaults::slowIsNotStalled()
 {
     // The whole takes longer than a stall may, but no pause in it does.
     hostSettings().stallTimeoutMs = 2000;
-    const QByteArray body = "end";
+    const QByteArray body = pattern(9000);
     FaultServer server([&](HttpExchange& exchange) {
         exchange.send(headAnnouncing(body.size()));
-        for (const char byte : body) {
+        for (int at = 0; at < body.size(); at += 3000) {
             exchange.pause(1s);
-            exchange.send(QByteArray(1, byte));
+            exchange.send(body.mid(at, 3000));
         }
     });
     Download download;
@@ -303,7 +305,7 @@ void TestCurWrapperFaults::slowIsNotStalled()
 
 void TestCurWrapperFaults::slowHeaderIsNotStalled()
 {
-    hostSettings().stallTimeoutMs = 1000;
+    hostSettings().stallTimeoutMs = 2000;
     FaultServer server([](HttpExchange& exchange) {
         for (const char* line :
              {"HTTP/1.1 200 OK\r\n", "A: 1\r\n", "B: 2\r\n", "Content-Length: 4\r\n", "\r\nfile"}) {
@@ -314,6 +316,44 @@ void TestCurWrapperFaults::slowHeaderIsNotStalled()
     Download download;
     QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 0);
     QCOMPARE(download.content(), QByteArray("file"));
+}
+
+void TestCurWrapperFaults::tricklingIsStalled_data()
+{
+    QTest::addColumn<QByteArray>("beginning");
+    QTest::addColumn<QByteArray>("piece"); // again and again
+    QTest::addColumn<int>("result");
+
+    QTest::newRow("body") << headAnnouncing(1000000) << QByteArray("x") << 3;
+    QTest::newRow("chunks") << chunkedHead() << QByteArray("1\r\nx\r\n") << 3;
+    QTest::newRow("header") << QByteArray("HTTP/1.1 200 OK\r\n") << QByteArray("A: b\r\n") << 3;
+    QTest::newRow("interim answers")
+        << QByteArray() << QByteArray("HTTP/1.1 100 Continue\r\n\r\n") << 3;
+    QTest::newRow("trailer") << chunkedHead() + HttpAnswer::chunk(pattern(1000)) + "0\r\n"
+                             << QByteArray("A: b\r\n") << 3;
+    QTest::newRow("error page") << HttpAnswer(404).field("Content-Length", "60000").bytes()
+                                << QByteArray("x") << 4;
+}
+
+/// A byte now and then, so that nothing is ever silent for long, would keep a download for ever.
+void TestCurWrapperFaults::tricklingIsStalled()
+{
+    QFETCH(QByteArray, beginning);
+    QFETCH(QByteArray, piece);
+    QFETCH(int, result);
+
+    hostSettings().stallTimeoutMs = 500;
+    hostSettings().downloadRetries = 0;
+    FaultServer server([&](HttpExchange& exchange) {
+        exchange.send(beginning);
+        while (exchange.isOpen()) {
+            exchange.pause(100ms);
+            exchange.send(piece);
+        }
+    });
+    Download download;
+    QCOMPARE(download.run(server.url(QStringLiteral("/file"))), result);
+    QCOMPARE(download.errorText().contains(QStringLiteral(" bytes came in ")), result == 3);
 }
 
 MV_TEST_MAIN(TestCurWrapperFaults)

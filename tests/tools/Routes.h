@@ -19,6 +19,12 @@ public:
     static FaultServer::Handler by(const Map& handlers);
     /// 200 and a body.
     static FaultServer::Handler body(const QByteArray& bytes);
+    /// 200 and what begins as a ZIP archive.
+    static FaultServer::Handler archive(int size = 5) { return body(archiveBytes(size)); }
+    static QByteArray archiveBytes(int size = 5)
+    {
+        return "PK\x03\x04" + QByteArray(size - 4, 'z');
+    }
     /// 200, the beginning of a body, and then nothing more.
     static FaultServer::Handler stall();
 };

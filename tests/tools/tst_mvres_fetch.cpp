@@ -58,9 +58,9 @@ void TestMvresFetch::init()
     catalogue.writeTo(m_mvres.installed());
     m_server = std::make_unique<FaultServer>(Routes::by({
         {"/config/Themes/one.xml", Routes::body(SmallCatalogue::themeConfig({3}))},
-        {"/config/Themes/one.zip", Routes::body(QByteArray(20010, 'z'))},
+        {"/config/Themes/one.zip", Routes::archive(20010)},
         {"/config/Themes/two.xml", Routes::body(SmallCatalogue::themeConfig({}))},
-        {"/config/VideoFilters/three.zip", Routes::body("three")},
+        {"/config/VideoFilters/three.zip", Routes::archive()},
     }));
     m_mvres.setServer(m_server->url(text("/")));
 }
@@ -85,7 +85,7 @@ void TestMvresFetch::fetchesEverythingAThemeNeeds()
     QCOMPARE(CatalogueFiles::read(m_mvres.downloadedFile(text("/Themes/one.xml"))),
              SmallCatalogue::themeConfig({3}));
     QCOMPARE(CatalogueFiles::read(m_mvres.downloadedFile(text("/Themes/one.zip"))),
-             QByteArray(20010, 'z'));
+             Routes::archiveBytes(20010));
     const QStringList listed = m_mvres.run({text("list"), text("theme")}).lines();
     QVERIFY(listed.constFirst().endsWith(text("  ready")));
     QVERIFY(listed.constLast().endsWith(text("  1 missing")));
@@ -97,8 +97,8 @@ void TestMvresFetch::printsPlainLines()
     Gate gate;
     FaultServer server(Routes::by({
         {"/config/Themes/one.xml", gate.body(SmallCatalogue::themeConfig({3}))},
-        {"/config/Themes/one.zip", gate.body(QByteArray(20010, 'z'))},
-        {"/config/VideoFilters/three.zip", gate.body("three")},
+        {"/config/Themes/one.zip", gate.body(Routes::archiveBytes(20010))},
+        {"/config/VideoFilters/three.zip", gate.body(Routes::archiveBytes())},
     }));
     m_mvres.setServer(server.url(text("/")));
     QProcess process;

@@ -70,7 +70,7 @@ void TestMvresFetchFailures::init()
     m_server = std::make_unique<FaultServer>(Routes::by({
         {"/config/Themes/good.xml", config},
         {"/config/Themes/noarchive.xml", config},
-        {"/config/Themes/some.zip", Routes::body("some")},
+        {"/config/Themes/some.zip", Routes::archive()},
         {"/config/Themes/reset.xml", [](HttpExchange& exchange) { exchange.reset(); }},
         {"/config/../../../../../../outside.xml", config},
         {"/config/Themes/nodependency.xml", Routes::body(SmallCatalogue::themeConfig({20}))},
@@ -193,7 +193,7 @@ void TestMvresFetchFailures::goesOnAfterAFailure()
 void TestMvresFetchFailures::fetchesWhatIsMissingTheNextTime()
 {
     QCOMPARE(m_mvres.run(fetch({NoArchive})).status, 36);
-    FaultServer repaired(Routes::by({{"/config/Themes/none.zip", Routes::body("there")}}));
+    FaultServer repaired(Routes::by({{"/config/Themes/none.zip", Routes::archive()}}));
     const Outcome outcome =
         m_mvres.run(fetch({NoArchive}, {text("--server"), repaired.url(QString())}));
     QCOMPARE(outcome.err, QByteArray());

@@ -61,9 +61,9 @@ void TestMvresFetchInterrupt::init()
     m_server = std::make_unique<FaultServer>(Routes::by({
         {"/config/Themes/stalls.xml", Routes::stall()},
         {"/config/Themes/two.xml", Routes::body(SmallCatalogue::themeConfig({}))},
-        {"/config/Themes/two.zip", Routes::body("two")},
+        {"/config/Themes/two.zip", Routes::archive()},
         {"/config/Themes/stalls.zip", Routes::stall()},
-        {"/config/VideoFilters/three.zip", Routes::body("three")},
+        {"/config/VideoFilters/three.zip", Routes::archive()},
     }));
     m_mvres.setServer(m_server->url(text("/")));
 }
@@ -174,13 +174,13 @@ void TestMvresFetchInterrupt::goesOnTheNextTime()
     ConsoleProgram::signal(process, SIGINT);
     QCOMPARE(ConsoleProgram::end(process).status, 14);
 
-    FaultServer repaired(Routes::by({{"/config/Themes/stalls.zip", Routes::body("whole")}}));
+    FaultServer repaired(Routes::by({{"/config/Themes/stalls.zip", Routes::archive()}}));
     const Outcome outcome =
         m_mvres.run({text("fetch"), archiveStalls(), text("--server"), repaired.url(QString())});
     QCOMPARE(outcome.status, 0);
     QCOMPARE(repaired.requestCount(), 1);
     QCOMPARE(CatalogueFiles::read(m_mvres.downloadedFile(text("/Themes/stalls.zip"))),
-             QByteArray("whole"));
+             Routes::archiveBytes());
 }
 
 MV_TEST_MAIN(TestMvresFetchInterrupt)

@@ -82,7 +82,7 @@ QString TestMvresFetchTerminal::barLine(const QByteArray& written)
 
 void TestMvresFetchTerminal::drawsABar()
 {
-    prepare(text("One"), Routes::body(SmallCatalogue::themeConfig({})), Routes::body("theme"));
+    prepare(text("One"), Routes::body(SmallCatalogue::themeConfig({})), Routes::archive());
     Terminal terminal(200);
     QProcess process;
     start(process, terminal);
@@ -149,7 +149,8 @@ void TestMvresFetchTerminal::staysWithinTheTerminal()
 void TestMvresFetchTerminal::followsTheTransfer()
 {
     Gate gate;
-    prepare(text("One"), gate.body(SmallCatalogue::themeConfig({})), gate.body("0123456789"));
+    prepare(text("One"), gate.body(SmallCatalogue::themeConfig({})),
+            gate.body(Routes::archiveBytes(10)));
     Terminal terminal(200);
     QProcess process;
     start(process, terminal);
@@ -171,7 +172,7 @@ void TestMvresFetchTerminal::followsTheTransfer()
 /// What follows does not stand on the bar's line.
 void TestMvresFetchTerminal::interruptLeavesTheLine()
 {
-    prepare(text("One"), Routes::stall(), Routes::body("theme"));
+    prepare(text("One"), Routes::stall(), Routes::archive());
     Terminal terminal(80);
     QProcess process;
     start(process, terminal);
@@ -186,7 +187,7 @@ void TestMvresFetchTerminal::interruptLeavesTheLine()
 
 void TestMvresFetchTerminal::jsonDrawsNothing()
 {
-    prepare(text("One"), Routes::body(SmallCatalogue::themeConfig({})), Routes::body("theme"));
+    prepare(text("One"), Routes::body(SmallCatalogue::themeConfig({})), Routes::archive());
     Terminal terminal(80);
     QProcess process;
     start(process, terminal, {text("--json")});

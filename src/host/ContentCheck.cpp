@@ -1,0 +1,97 @@
+#include "host/ContentCheck.h"
+
+#include <QByteArray>
+#include <QFile>
+#include <QFileInfo>
+#include <QStringList>
+#include <QXmlStreamReader>
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+constexpr int signatureBytes = 8;
+
+const char* const pictureSignatures[] = {"\x89PNG\r\n\x1a\n", "\xff\xd8\xff", "GIF87a", "GIF89a"};
+/// Of a file with entries, and of an empty one.
+const char* const archiveSignatures[] = {"PK\x03\x04", "PK\x05\x06"};
+
+template <class Signatures>
+bool beginsWithOneOf(const QByteArray& beginning, const Signatures& signatures)
+{
+    return std::any_of(std::begin(signatures), std::end(signatures),
+                       [&](const char* signature) { return beginning.startsWith(signature); });
+}
+
+/// What comes before a page's document type or root element: a byte order mark, blanks, comments
+/// and an XML declaration.
+QByteArray withoutProlog(QByteArray text)
+{
+    if (text.startsWith("\xEF\xBB\xBF"))
+        text.remove(0, 3);
+    for (;;) {
+        text = text.trimmed();
+        const bool isComment = text.startsWith("<!--");
+        if (!isComment && !text.startsWith("<?"))
+            return text;
+        const char* const end = isComment ? "-->" : "?>";
+        const auto found = text.indexOf(end);
+        if (found < 0)
+            return {};
+        text.remove(0, found + int(qstrlen(end)));
+    }
+}
+
+QString xmlFault(QFile& file)
+{
+    QXmlStreamReader reader(&file);
+    while (!reader.atEnd())
+        reader.readNext();
+    return reader.hasError() ? QStringLiteral("no well-formed XML (line %1: %2)")
+                                   .arg(QString::number(reader.lineNumber()), reader.errorString())
+                             : QString();
+}
+
+} // namespace
+
+bool ContentCheck::isPage(const QByteArray& beginning)
+{
+    const QByteArray text = withoutProlog(beginning).toLower();
+    for (const char* begin : {"<!doctype html", "<html"}) {
+        const int length = int(qstrlen(begin));
+        if (text.startsWith(begin) && (text.size() == length || !isalnum(text.at(length))))
+            return true;
+    }
+    return false;
+}
+
+bool ContentCheck::isPageName(const QString& name)
+{
+    const QString suffix = QFileInfo(name).suffix().toLower();
+    return suffix == QLatin1String("html") || suffix == QLatin1String("htm")
+        || suffix == QLatin1String("xhtml");
+}
+
+QString ContentCheck::fault(const QString& file, const QString& name)
+{
+    const QString suffix = QFileInfo(name).suffix().toLower();
+    const bool isPicture = QStringList{QStringLiteral("png"), QStringLiteral("jpg"),
+                                       QStringLiteral("jpeg"), QStringLiteral("gif")}
+                               .contains(suffix);
+    const bool isXml = suffix == QLatin1String("xml");
+    const bool isArchive = suffix == QLatin1String("zip");
+    if (!isPicture && !isXml && !isArchive)
+        return {};
+    QFile content(file);
+    if (!content.open(QIODevice::ReadOnly))
+        return QStringLiteral("it cannot be read: %1").arg(content.errorString());
+    if (isXml)
+        return xmlFault(content);
+    const QByteArray beginning = content.read(signatureBytes);
+    if (isPicture && !beginsWithOneOf(beginning, pictureSignatures))
+        return QStringLiteral("no PNG, JPEG or GIF picture");
+    if (isArchive && !beginsWithOneOf(beginning, archiveSignatures))
+        return QStringLiteral("no ZIP archive");
+    return {};
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QString>
+
+class QByteArray;
+
+/// Looks at fetched content before it gets its name. Internal to the library; stateless, any
+/// thread.
+class ContentCheck
+{
+public:
+    ContentCheck() = delete;
+
+    /// Bytes from the beginning that isPage() wants to see.
+    static constexpr int pageBytes = 1024;
+
+    /// Whether content that begins so is an HTML page (WHATWG MIME Sniffing, by its document type
+    /// or root element): what networks that ask for a login answer every request with.
+    static bool isPage(const QByteArray& beginning);
+    /// Whether a file of that name, or at that address, is expected to be a page.
+    static bool isPageName(const QString& name);
+
+    /// Why the content of `file` cannot be what the suffix of `name` promises; empty if it can be,
+    /// and for suffixes that promise nothing. XML must be well-formed; .png, .jpg, .jpeg and .gif
+    /// must be one of these formats, as clients choose the decoder by content; .zip must begin as
+    /// an archive.
+    static QString fault(const QString& file, const QString& name);
+};
