@@ -17,7 +17,7 @@
     </message>
     <message>
         <source>Download failed!</source>
-        <translation>Download fehlgeschlagen!</translation>
+        <translation>Downloadfehler!</translation>
     </message>
     <message>
         <source>Current</source>

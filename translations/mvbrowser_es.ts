@@ -17,7 +17,7 @@
     </message>
     <message>
         <source>Download failed!</source>
-        <translation>¡Error al descargar!</translation>
+        <translation>¡Descarga fallida!</translation>
     </message>
     <message>
         <source>Current</source>

@@ -17,7 +17,7 @@
     </message>
     <message>
         <source>Download failed!</source>
-        <translation>Échec du téléchargement !</translation>
+        <translation>Échec du téléchargement&#xa0;!</translation>
     </message>
     <message>
         <source>Current</source>
@@ -29,19 +29,19 @@
     </message>
     <message>
         <source>Internet error!</source>
-        <translation>Erreur Internet !</translation>
+        <translation>Erreur Internet&#xa0;!</translation>
     </message>
     <message>
         <source>Path error!</source>
-        <translation>Erreur de chemin !</translation>
+        <translation>Erreur de chemin&#xa0;!</translation>
     </message>
     <message>
         <source>Element error!</source>
-        <translation>Erreur d&apos;élément !</translation>
+        <translation>Erreur d’élément&#xa0;!</translation>
     </message>
     <message>
         <source>Unknown error!</source>
-        <translation>Erreur inconnue !</translation>
+        <translation>Erreur inconnue&#xa0;!</translation>
     </message>
 </context>
 </TS>

@@ -17,7 +17,7 @@
     </message>
     <message>
         <source>Download failed!</source>
-        <translation>ダウンロードに失敗しました</translation>
+        <translation>ダウンロード失敗</translation>
     </message>
     <message>
         <source>Current</source>
@@ -29,7 +29,7 @@
     </message>
     <message>
         <source>Internet error!</source>
-        <translation>インターネットエラー</translation>
+        <translation>通信エラー</translation>
     </message>
     <message>
         <source>Path error!</source>

@@ -33,15 +33,15 @@
     </message>
     <message>
         <source>Offline: catalogue of %1</source>
-        <translation>Hors ligne : catalogue du %1</translation>
+        <translation>Hors ligne&#xa0;: catalogue du %1</translation>
     </message>
     <message>
         <source>The server&apos;s catalogue was refused: catalogue of %1</source>
-        <translation>Le catalogue du serveur a été refusé : catalogue du %1</translation>
+        <translation>Le catalogue du serveur a été refusé&#xa0;: catalogue du %1</translation>
     </message>
     <message>
         <source>Check cancelled: catalogue of %1</source>
-        <translation>Vérification annulée : catalogue du %1</translation>
+        <translation>Vérification annulée&#xa0;: catalogue du %1</translation>
     </message>
     <message numerus="yes">
         <source>, %n preview(s) fetched</source>
@@ -102,7 +102,7 @@
     </message>
     <message>
         <source>Files: %1</source>
-        <translation>Fichiers : %1</translation>
+        <translation>Fichiers&#xa0;: %1</translation>
     </message>
     <message>
         <source>missing</source>
@@ -113,7 +113,7 @@
     <name>FailureBox</name>
     <message>
         <source>“%1” could not be downloaded</source>
-        <translation>« %1 » n’a pas pu être téléchargé</translation>
+        <translation>«&#xa0;%1&#xa0;» n’a pas pu être téléchargé</translation>
     </message>
     <message>
         <source>Why the download failed</source>
@@ -136,11 +136,11 @@
     <name>FavouritesFile</name>
     <message>
         <source>%1 cannot be written: %2</source>
-        <translation>Impossible d’écrire %1 : %2</translation>
+        <translation>Impossible d’écrire %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>%1 cannot be read: %2</source>
-        <translation>Impossible de lire %1 : %2</translation>
+        <translation>Impossible de lire %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>%1 is no file of favourites</source>
@@ -194,7 +194,7 @@
     <name>MainWindow</name>
     <message>
         <source>Applied: %1</source>
-        <translation>Appliqué : %1</translation>
+        <translation>Appliqué&#xa0;: %1</translation>
     </message>
     <message>
         <source>The new scale applies from the next start on</source>
@@ -290,7 +290,7 @@
     </message>
     <message>
         <source>No name contains “%1”</source>
-        <translation>Aucun nom ne contient « %1 »</translation>
+        <translation>Aucun nom ne contient «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
         <source>No favourites yet
@@ -388,7 +388,7 @@ Les ressources arrivent avec la première vérification du serveur</translation>
     </message>
     <message>
         <source>Pointing at a cell does not play its preview; Space does</source>
-        <translation>Pointer une cellule ne lit pas son aperçu ; Espace le lit</translation>
+        <translation>Pointer une cellule ne lit pas son aperçu&#xa0;; Espace le lit</translation>
     </message>
     <message>
         <source>As the screen</source>

@@ -28,17 +28,18 @@ const char* const english =
     "Remove from Favorites|Add to Favorites|Download|Download failed!|Current|More>>|"
     "Internet error!|Path error!|Element error!|Unknown error!";
 const char* const german =
-    "Aus Favoriten entfernen|Zu Favoriten hinzufügen|Herunterladen|Download fehlgeschlagen!|"
+    "Aus Favoriten entfernen|Zu Favoriten hinzufügen|Herunterladen|Downloadfehler!|"
     "Aktuell|Mehr>>|Internetfehler!|Pfadfehler!|Elementfehler!|Unbekannter Fehler!";
 const char* const spanish =
-    "Quitar de favoritos|Añadir a favoritos|Descargar|¡Error al descargar!|Actual|Más>>|"
+    "Quitar de favoritos|Añadir a favoritos|Descargar|¡Descarga fallida!|Actual|Más>>|"
     "¡Error de Internet!|¡Error de ruta!|¡Error de elemento!|¡Error desconocido!";
 const char* const french =
-    "Retirer des favoris|Ajouter aux favoris|Télécharger|Échec du téléchargement !|Actuel|Plus>>|"
-    "Erreur Internet !|Erreur de chemin !|Erreur d'élément !|Erreur inconnue !";
+    "Retirer des favoris|Ajouter aux favoris|Télécharger|Échec du "
+    "téléchargement\u00a0!|Actuel|Plus>>|"
+    "Erreur Internet\u00a0!|Erreur de chemin\u00a0!|Erreur d’élément\u00a0!|Erreur inconnue\u00a0!";
 const char* const japanese = "お気に入りから削除|お気に入りに追加|ダウンロード|"
-                             "ダウンロードに失敗しました|使用中|もっと見る>>|"
-                             "インターネットエラー|パスエラー|エレメントエラー|不明なエラー";
+                             "ダウンロード失敗|使用中|もっと見る>>|"
+                             "通信エラー|パスエラー|エレメントエラー|不明なエラー";
 const char* const chinese = "从收藏夹中移除|添加到收藏夹|下载|下载失败！|当前|更多>>|网络错误！|"
                             "路径错误！|元素错误！|未知错误！";
 
@@ -176,14 +177,14 @@ void tst_BrowserLanguage::keepsTheError_data()
 {
     QTest::addColumn<int>("error");
     QTest::addColumn<QString>("text");
-    QTest::newRow("-1") << -1 << QStringLiteral("Erreur inconnue !");
-    QTest::newRow("0") << 0 << QStringLiteral("Erreur Internet !");
-    QTest::newRow("1") << 1 << QStringLiteral("Erreur de chemin !");
-    QTest::newRow("2") << 2 << QStringLiteral("Erreur d'\u00e9l\u00e9ment !");
-    QTest::newRow("3") << 3 << QStringLiteral("Erreur inconnue !");
-    QTest::newRow("4") << 4 << QStringLiteral("Erreur inconnue !");
+    QTest::newRow("-1") << -1 << QStringLiteral("Erreur inconnue\u00a0!");
+    QTest::newRow("0") << 0 << QStringLiteral("Erreur Internet\u00a0!");
+    QTest::newRow("1") << 1 << QStringLiteral("Erreur de chemin\u00a0!");
+    QTest::newRow("2") << 2 << QStringLiteral("Erreur d\u2019\u00e9l\u00e9ment\u00a0!");
+    QTest::newRow("3") << 3 << QStringLiteral("Erreur inconnue\u00a0!");
+    QTest::newRow("4") << 4 << QStringLiteral("Erreur inconnue\u00a0!");
     QTest::newRow("5") << 5 << QString();
-    QTest::newRow("6") << 6 << QStringLiteral("Erreur inconnue !");
+    QTest::newRow("6") << 6 << QStringLiteral("Erreur inconnue\u00a0!");
 }
 
 void tst_BrowserLanguage::keepsTheError()
