@@ -69,12 +69,13 @@ private slots:
 
 private:
     const HostSettings m_settings = hostSettings();
+    const QByteArray m_zone = qgetenv("TZ");
 };
 
 void TestCurWrapperResume::cleanup()
 {
     hostSettings() = m_settings;
-    qunsetenv("TZ");
+    qputenv("TZ", m_zone);
     ::tzset();
 }
 

@@ -2,9 +2,12 @@
 
 #include "host/HostSettings.h"
 #include "host/LogL.h"
+#include "support/TestFonts.h"
 
 #include <QDir>
 #include <QTemporaryDir>
+
+#include <clocale>
 
 namespace {
 
@@ -16,10 +19,28 @@ void pointInto(const char* variable, const QString& folder)
     qputenv(variable, QFile::encodeName(folder));
 }
 
+/// Locale, time zone, scale and style that do not depend on whose machine it is.
+void settleSurroundings()
+{
+    for (const char* variable :
+         {"LANGUAGE", "QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS", "QT_AUTO_SCREEN_SCALE_FACTOR",
+          "QT_ENABLE_HIGHDPI_SCALING", "QT_SCALE_FACTOR_ROUNDING_POLICY", "QT_FONT_DPI",
+          "QT_USE_PHYSICAL_DPI", "QT_STYLE_OVERRIDE", "QT_QPA_PLATFORMTHEME", "XDG_CURRENT_DESKTOP",
+          "XDG_SESSION_DESKTOP", "DESKTOP_SESSION", "KDE_FULL_SESSION", "GNOME_DESKTOP_SESSION_ID"})
+        qunsetenv(variable);
+    qputenv("LC_ALL", "C.UTF-8");
+    qputenv("LANG", "C.UTF-8");
+    qputenv("TZ", "UTC");
+    // Now: Qt settles how file names are encoded with the first one, before there is an
+    // application.
+    std::setlocale(LC_ALL, "");
+}
+
 } // namespace
 
 TestHome::TestHome()
 {
+    settleSurroundings();
     // Constructed before the catalogue, so removed after the catalogue has saved its favourites.
     static const QTemporaryDir dir;
     if (!dir.isValid())
@@ -33,6 +54,7 @@ TestHome::TestHome()
     for (const char* proxy : {"http_proxy", "https_proxy", "all_proxy", "no_proxy", "HTTPS_PROXY",
                               "ALL_PROXY", "NO_PROXY"})
         qunsetenv(proxy);
+    TestFonts::useOnly(homePath);
 
     HostSettings& settings = hostSettings();
     settings.resourcesPath = homePath + QStringLiteral("/installed");

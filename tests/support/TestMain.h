@@ -15,6 +15,9 @@ using TestApplication = Application;
 /// running in parallel never meet. HOME, TMPDIR and the XDG folders point into it, hostSettings()
 /// too, and log lines go nowhere until a LogCapture wants them. The folder goes at the very end of
 /// the process: the catalogue saves favourites into it after main has returned.
+///
+/// It also makes every machine alike, for the process and for those it starts: the locale C.UTF-8,
+/// the time zone UTC, the fonts of TestFonts and no others, no scale, and Qt's own style.
 class TestHome
 {
 public:

@@ -5,6 +5,8 @@
 #include "browser/mvThemelistview.h"
 #include "SampleWorld.h"
 #include "SkinLook.h"
+#include "support/TestLetters.h"
+#include "support/TextRoom.h"
 
 #include <QLabel>
 #include <QMovie>
@@ -275,9 +277,17 @@ void SkinFacts::moreIsLegible(int row) const
     QVERIFY(drawnOn(button, Qt::gray) != picture);
 }
 
-void SkinFacts::holdsText(const MVThemeItemWdg* cell, const char* name, const QString& language)
+void SkinFacts::holdsItsTexts(const MVThemeItemWdg* cell, const QString& language)
 {
-    const QLabel& text = label(cell, name);
-    QVERIFY2(text.isVisible(), name);
-    QVERIFY2(holdsItsText(text), qPrintable(language + QLatin1Char(' ') + text.text()));
+    int texts = 0;
+    const QList<QLabel*> labels = cell->findChildren<QLabel*>();
+    for (const QLabel* text : labels) {
+        if (!text->isVisible() || text->text().isEmpty()
+            || text->objectName() == QLatin1String("lblName"))
+            continue;
+        verifyHasFont(text->text());
+        QVERIFY2(holdsItsText(*text), qPrintable(language + QLatin1Char(' ') + text->text()));
+        ++texts;
+    }
+    QVERIFY(texts > 0);
 }

@@ -27,7 +27,8 @@ public:
     void animationPlays(int row) const;
     void moreIsLegible(int row) const;
 
-    static void holdsText(const MVThemeItemWdg* cell, const char* name, const QString& language);
+    /// Every text that the cell shows, but the item's own name, has a font and room.
+    static void holdsItsTexts(const MVThemeItemWdg* cell, const QString& language);
 
 private:
     SampleList& m_list;

@@ -65,15 +65,6 @@ QRect placeOf(const QWidget* widget)
     return {widget->mapTo(widget->window(), QPoint()), widget->size()};
 }
 
-bool holdsItsText(const QLabel& label)
-{
-    const QRect room = label.contentsRect();
-    const int wrap = label.wordWrap() ? Qt::TextWordWrap : 0;
-    const QRect text = label.fontMetrics().boundingRect(
-        room, wrap | static_cast<int>(label.alignment()), label.text());
-    return text.width() <= room.width() && text.height() <= room.height();
-}
-
 double textContrast(QWidget& window, const QLabel& label)
 {
     return contrast(textColour(label), mainColour(seenPart(window, label)));

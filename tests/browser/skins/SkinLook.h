@@ -23,8 +23,6 @@ QImage seenPart(QWidget& window, const QWidget& widget);
 
 /// Where the widget is in its window.
 QRect placeOf(const QWidget* widget);
-/// Whether the label shows its text whole.
-bool holdsItsText(const QLabel& label);
 /// Contrast of the label's text with what the label stands on in its window.
 double textContrast(QWidget& window, const QLabel& label);
 /// The smallest contrast that the label's text can have, whatever picture lies under `overlay`.

@@ -12,8 +12,9 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QImage>
 #include <QLabel>
-#include <QMetaEnum>
+#include <QPainter>
 #include <QTest>
 
 namespace {
@@ -56,6 +57,20 @@ MVThemeItemSubwdgt_Preview* faceOf(const MVThemeItemWdg* cell)
 void click(const MVThemeItemWdg* cell)
 {
     QTest::mouseClick(partOf(cell, "MVThemeItemWdgBg"), Qt::LeftButton);
+}
+
+/// Pictures of one size, so many beside each other.
+QImage sheetOf(const QVector<QImage>& pictures, int columns)
+{
+    const QSize cell = pictures.first().size();
+    QImage sheet(cell.width() * columns, cell.height() * (pictures.size() / columns),
+                 pictures.first().format());
+    QPainter painter(&sheet);
+    for (int at = 0; at < pictures.size(); ++at)
+        painter.drawImage(
+            QRect(QPoint(at % columns * cell.width(), at / columns * cell.height()), cell),
+            pictures.at(at));
+    return sheet;
 }
 
 void skinsAndKinds(int kindCount)
@@ -135,11 +150,11 @@ void SkinPictures::bringAbout(SampleList& list, const ShownStates& rows)
     QTRY_VERIFY(list.cell(rows.hovered)->underMouse());
 }
 
-void SkinPictures::save(SampleList& list) const
+void SkinPictures::save(const QImage& picture, const QString& what) const
 {
-    const QString name =
-        QStringLiteral("%1-%2x.png").arg(QString::fromLatin1(QTest::currentDataTag()), m_scale);
-    QVERIFY(list.window().grab().save(QStringLiteral(MV_SCREENSHOTS "/") + name));
+    const QString name = QStringLiteral("%1-%2-%3x.png")
+                             .arg(QString::fromLatin1(QTest::currentDataTag()), what, m_scale);
+    QVERIFY(picture.save(QStringLiteral(MV_SCREENSHOTS "/") + name));
 }
 
 void SkinPictures::everyState_data()
@@ -165,7 +180,7 @@ void SkinPictures::everyState()
     bringAbout(list, rows);
     if (QTest::currentTestFailed())
         return;
-    save(list);
+    save(list.window().grab().toImage(), QStringLiteral("states"));
     const SkinFacts facts(list);
     facts.cellsAreAligned();
     facts.overlaysLieInTheirCells();
@@ -196,24 +211,32 @@ void SkinPictures::textsInEveryLanguage()
 {
     QFETCH(QString, skin);
     QFETCH(int, kind);
+    const EUIItemType type = kinds.at(kind).type;
     qApp->setStyleSheet(BrowserSkin::styleSheet(skin));
-    SampleList list(kinds.at(kind).type, kinds.at(kind).window);
-    const MVThemeItemWdg* const applied = list.cell(0);
-    const MVThemeItemWdg* const failed = list.cell(1);
-    click(applied);
+    SampleList list(type, kinds.at(kind).window);
+    const QVector<EMVThemeDownLoadError> errors{eDownLoadError_Internet, eDownLoadError_Path,
+                                                eDownLoadError_Element, eDownLoadError_Unknown};
+    QVector<MVThemeItemWdg*> cells{list.cell(0)};
+    click(cells.first());
+    for (const EMVThemeDownLoadError error : errors) {
+        cells.append(list.cell(cells.size()));
+        faceOf(cells.last())->setDownLoadErrorText(error);
+    }
+    if (type == UIItem_Themes)
+        cells.append(list.cell(list.count() - 1)); // "More>>"
+
+    QVector<QImage> pictures;
+    const QColor ground = list.window().grab().toImage().pixelColor(0, 0);
     const QStringList languages = BrowserLanguage::languages();
     for (const QString& language : languages) {
         QVERIFY(BrowserLanguage::install(language));
         QCoreApplication::sendPostedEvents();
-        SkinFacts::holdsText(applied, "lblCur", language);
-        if (kinds.at(kind).type == UIItem_Themes)
-            SkinFacts::holdsText(list.cell(list.count() - 1), "lblMore", language);
-        for (const auto error : {eDownLoadError_Internet, eDownLoadError_Path,
-                                 eDownLoadError_Element, eDownLoadError_Unknown}) {
-            faceOf(failed)->setDownLoadErrorText(error);
-            QCoreApplication::sendPostedEvents();
-            SkinFacts::holdsText(failed, "lblNetErrorTitle", language);
-            SkinFacts::holdsText(failed, "lblNetError", language);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest); // by the former
+
+        for (MVThemeItemWdg* cell : qAsConst(cells)) {
+            SkinFacts::holdsItsTexts(cell, language);
+            pictures.append(drawnOn(*cell, ground));
         }
     }
+    save(sheetOf(pictures, cells.size()), QStringLiteral("texts"));
 }

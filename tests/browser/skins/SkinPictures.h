@@ -6,6 +6,7 @@
 
 #include <memory>
 
+class QImage;
 struct SCfg_Item;
 
 /// The rows of a list by the state that a picture shows them in.
@@ -41,7 +42,7 @@ private slots:
 private:
     static ShownStates choose(EUIItemType type);
     void bringAbout(SampleList& list, const ShownStates& rows);
-    void save(SampleList& list) const;
+    void save(const QImage& picture, const QString& what) const;
 
     QString m_scale;
     std::unique_ptr<SampleWorld> m_world;

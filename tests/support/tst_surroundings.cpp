@@ -1,0 +1,146 @@
+#include "support/TestFonts.h"
+#include "support/TestLetters.h"
+#include "support/TestMain.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QLocale>
+#include <QProcess>
+#include <QStyle>
+#include <QTextCodec>
+#include <QTimeZone>
+#include <QXmlStreamReader>
+
+namespace {
+
+constexpr char childVariable[] = "MV_SURROUNDINGS_CHILD";
+
+/// All translated texts of a file.
+QStringList translationsIn(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    QXmlStreamReader reader(&file);
+    QStringList texts;
+    while (!reader.atEnd()) {
+        if (reader.readNext() == QXmlStreamReader::StartElement
+            && reader.name() == QLatin1String("translation"))
+            texts.append(reader.readElementText(QXmlStreamReader::IncludeChildElements));
+    }
+    return reader.hasError() ? QStringList() : texts;
+}
+
+} // namespace
+
+/// What every test can rely on, whatever machine it runs on.
+class tst_surroundings : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void theTestsFontsAreTheOnlyOnes();
+    void everyLetterHasAFont_data();
+    void everyLetterHasAFont();
+    void lettersWithoutFontAreFound();
+    void localeIsFixed();
+    void timeZoneIsFixed();
+    void styleAndScaleAreFixed();
+    void anotherMachineChangesNothing();
+};
+
+void tst_surroundings::theTestsFontsAreTheOnlyOnes()
+{
+    QStringList families = QFontDatabase().families();
+    for (const char* alias : {"Monospace", "Sans Serif", "Serif"})
+        families.removeAll(QString::fromLatin1(alias)); // Qt's own names for one of them
+    QCOMPARE(families,
+             QStringList({QStringLiteral("DejaVu Sans"), QStringLiteral("DejaVu Serif"),
+                          QStringLiteral("Droid Sans Fallback")}));
+    QCOMPARE(QFontInfo(QApplication::font()).family(), QStringLiteral("DejaVu Sans"));
+}
+
+void tst_surroundings::everyLetterHasAFont_data()
+{
+    QTest::addColumn<QString>("path");
+    const QFileInfoList files =
+        QDir(QStringLiteral(MV_TRANSLATIONS)).entryInfoList({QStringLiteral("*.ts")}, QDir::Files);
+    QVERIFY(files.size() > 10);
+    for (const QFileInfo& file : files)
+        QTest::newRow(qPrintable(file.fileName())) << file.filePath();
+}
+
+void tst_surroundings::everyLetterHasAFont()
+{
+    QFETCH(QString, path);
+    const QStringList texts = translationsIn(path);
+    QVERIFY(!texts.isEmpty());
+    for (const QString& text : texts)
+        verifyHasFont(text);
+}
+
+void tst_surroundings::lettersWithoutFontAreFound()
+{
+    QCOMPARE(lettersWithoutFont(QStringLiteral("Grüße, ダウンロード: 下载…\n")), QString());
+    // Outside the basic plane, and a script that no translation has.
+    QCOMPARE(lettersWithoutFont(QStringLiteral("a😀bЖ")), QStringLiteral("😀Ж"));
+}
+
+void tst_surroundings::localeIsFixed()
+{
+    const QLocale system = QLocale::system();
+    QCOMPARE(system.language(), QLocale::C);
+    QCOMPARE(system.uiLanguages().constFirst(), QStringLiteral("C"));
+    QCOMPARE(system.decimalPoint(), QLatin1Char('.'));
+    QCOMPARE(QLocale().decimalPoint(), QLatin1Char('.'));
+    QCOMPARE(std::strtod("0.5", nullptr), 0.5);
+    QCOMPARE(QTextCodec::codecForLocale()->name(), QByteArray("UTF-8"));
+    QCOMPARE(QFile::encodeName(QStringLiteral("Größe")), QByteArray("Größe"));
+}
+
+void tst_surroundings::timeZoneIsFixed()
+{
+    const QDateTime noon(QDate(2020, 7, 1), QTime(12, 0), Qt::LocalTime);
+    QCOMPARE(noon.offsetFromUtc(), 0);
+    QCOMPARE(QTimeZone::systemTimeZoneId(), QByteArray("UTC"));
+}
+
+void tst_surroundings::styleAndScaleAreFixed()
+{
+    QCOMPARE(QApplication::style()->objectName(), QStringLiteral("fusion"));
+    QCOMPARE(qApp->devicePixelRatio(), 1.0);
+    QCOMPARE(QFontInfo(QApplication::font()).pixelSize(), 17); // 12 points at 100 dots per inch
+}
+
+void tst_surroundings::anotherMachineChangesNothing()
+{
+    if (qEnvironmentVariableIsSet(childVariable))
+        QSKIP("this is the other machine");
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    const QMap<QString, QString> machine = {
+        {QStringLiteral("LC_ALL"), QStringLiteral("de_DE.UTF-8")},
+        {QStringLiteral("LANGUAGE"), QStringLiteral("ja")},
+        {QStringLiteral("TZ"), QStringLiteral("XXX-5:30")},
+        {QStringLiteral("FONTCONFIG_FILE"), QStringLiteral("/nothing/fonts.conf")},
+        {QStringLiteral("QT_FONT_DPI"), QStringLiteral("144")},
+        {QStringLiteral("QT_SCALE_FACTOR"), QStringLiteral("2")},
+        {QStringLiteral("QT_STYLE_OVERRIDE"), QStringLiteral("windows")},
+        {QStringLiteral("XDG_CURRENT_DESKTOP"), QStringLiteral("KDE")},
+        {QString::fromLatin1(childVariable), QStringLiteral("1")},
+    };
+    for (auto it = machine.cbegin(); it != machine.cend(); ++it)
+        environment.insert(it.key(), it.value());
+    QProcess child;
+    child.setProcessEnvironment(environment);
+    child.setProcessChannelMode(QProcess::MergedChannels);
+    child.start(QCoreApplication::applicationFilePath(), QStringList());
+    QVERIFY(child.waitForFinished());
+    const QByteArray output = child.readAll();
+    QVERIFY2(child.exitStatus() == QProcess::NormalExit && child.exitCode() == 0,
+             output.constData());
+}
+
+MV_WIDGET_TEST_MAIN(tst_surroundings)
+#include "tst_surroundings.moc"
