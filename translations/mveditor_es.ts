@@ -78,7 +78,7 @@
     </message>
     <message>
         <source>Show files in folder</source>
-        <translation>Mostrar archivos en la carpeta</translation>
+        <translation>Mostrar en la carpeta</translation>
     </message>
     <message>
         <source>Nothing applied yet</source>

@@ -76,7 +76,7 @@
     </message>
     <message>
         <source>Show files in folder</source>
-        <translation>フォルダーでファイルを表示</translation>
+        <translation>フォルダーに表示</translation>
     </message>
     <message>
         <source>Nothing applied yet</source>

@@ -7,8 +7,6 @@
 #include <QDir>
 #include <QTemporaryDir>
 
-#include <clocale>
-
 namespace {
 
 QString homePath;

@@ -19,6 +19,8 @@
 
 namespace {
 
+constexpr int quicklyPacked = 80; // 100 is not at all
+
 struct Kind
 {
     const char* name;
@@ -154,7 +156,7 @@ void SkinPictures::save(const QImage& picture, const QString& what) const
 {
     const QString name = QStringLiteral("%1-%2-%3x.png")
                              .arg(QString::fromLatin1(QTest::currentDataTag()), what, m_scale);
-    QVERIFY(picture.save(QStringLiteral(MV_SCREENSHOTS "/") + name));
+    QVERIFY(picture.save(QStringLiteral(MV_SCREENSHOTS "/") + name, "PNG", quicklyPacked));
 }
 
 void SkinPictures::everyState_data()

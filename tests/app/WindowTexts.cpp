@@ -1,0 +1,219 @@
+#include "WindowTexts.h"
+
+#include "AppLanguage.h"
+#include "AppLook.h"
+#include "BackgroundCheck.h"
+#include "browser/BrowserLanguage.h"
+#include "browser/MVThemeItemWdg.h"
+#include "browser/mvThemelistview.h"
+#include "browser/MVThemeSortFilterProxyModel.h"
+#include "browser/skins/SampleWorld.h"
+#include "catalogue/MVThemeMgr.h"
+#include "FailureBox.h"
+#include "MainWindow.h"
+#include "Preferences.h"
+#include "ResourceList.h"
+#include "ResourceTabs.h"
+#include "support/TestLetters.h"
+#include "support/TestMain.h"
+#include "support/TextRoom.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPushButton>
+#include <QStyle>
+#include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
+
+namespace {
+
+constexpr int quicklyPacked = 80; // 100 is not at all
+
+/// The outcomes of a check, at their longest.
+QStringList statusTexts()
+{
+    const auto text = [](const char* source) {
+        return QCoreApplication::translate("CheckStatus", source);
+    };
+    const auto previews = [](const char* source) {
+        return QCoreApplication::translate("CheckStatus", source, nullptr, 1234);
+    };
+    const QString date = QLocale().toString(QDate(2023, 9, 27), QLocale::LongFormat);
+    const QString catalogue = text("catalogue of %1").arg(date);
+    QStringList texts{text("Checking for new resources…"),
+                      text("%1. Fetching previews…").arg(text("Catalogue updated")),
+                      text("Start the program again to check again"),
+                      text("Catalogue updated") + previews(", %n preview(s) fetched")
+                          + previews(", %n preview(s) could not be fetched"),
+                      text("Up to date")
+                          + text(", but there is no catalogue to fetch previews for"),
+                      text("The server has resources that need a newer application"),
+                      text("The server's catalogue is older than this application"),
+                      text("Check cancelled; %1").arg(catalogue)};
+    for (int cause = eFailure_DiskFull; cause < eFailure_Cancelled; ++cause) {
+        const QString why = STransferFailure::causeText(EFailureCause(cause));
+        texts.append(text("Offline: %1; %2").arg(why, catalogue));
+        texts.append(
+            text("Not updated: %1; %2").arg(why, text("no catalogue has been downloaded yet")));
+    }
+    return texts;
+}
+
+/// The titles of the tree's sections, which are bold, where the facts beside them leave less room.
+QStringList cutOffTitles(const QTreeWidget& tree)
+{
+    QStringList texts;
+    for (int row = 0; row < tree.topLevelItemCount(); ++row) {
+        const QTreeWidgetItem* const title = tree.topLevelItem(row);
+        const int room = tree.visualRect(tree.model()->index(row, 0)).width();
+        const int margins = 2 * (tree.style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1);
+        if (QFontMetrics(title->font(0)).horizontalAdvance(title->text(0)) > room - margins)
+            texts.append(title->text(0));
+    }
+    return texts;
+}
+
+} // namespace
+
+WindowTexts::WindowTexts(const QString& scale)
+    : m_scale(scale)
+{
+}
+
+WindowTexts::~WindowTexts() = default;
+
+void WindowTexts::initTestCase()
+{
+    m_world = std::make_unique<SampleWorld>();
+    m_world->setAnswer(SampleWorld::NotFound);
+    QVERIFY(QDir().mkpath(QStringLiteral(MV_SCREENSHOTS)));
+}
+
+void WindowTexts::cleanupTestCase()
+{
+    m_world.reset();
+}
+
+void WindowTexts::cleanup()
+{
+    m_window.reset();
+    m_check.reset();
+    m_preferences.reset();
+    QFile::remove(TestHome::path() + QStringLiteral("/preferences"));
+}
+
+void WindowTexts::haveRoom_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<bool>("changed");
+    QTest::addColumn<int>("pointSize");
+    const QStringList languages = BrowserLanguage::languages();
+    for (const QString& language : languages) {
+        QTest::addRow("%s", qPrintable(language)) << language << false << 9;
+        QTest::addRow("%s, changed to, larger", qPrintable(language)) << language << true << 12;
+    }
+}
+
+void WindowTexts::haveRoom()
+{
+    QFETCH(QString, language);
+    QFETCH(bool, changed);
+    QFETCH(int, pointSize);
+    QFont font = QApplication::font();
+    font.setPointSize(pointSize);
+    QApplication::setFont(font);
+    AppLanguage::install(changed ? QStringLiteral("en") : language);
+    openWindow();
+    AppLanguage::install(language);
+    m_pictures = changed ? QString() : language;
+
+    verifyRoom("nothing");
+    apply(MVThemeMgr::init()->getThemes_Display().first().m_qsGUID);
+    verifyRoom("applied");
+    part<QPushButton>("favourite")->click();
+    verifyRoom(nullptr);
+    part<QPushButton>("favourite")->click();
+    fail();
+    verifyRoom("failed");
+    m_window->tabs()->setThemeType(MVThemeSortFilterProxyModel::favouriteThemes);
+    verifyRoom(nullptr);
+    part<QLineEdit>("search")->setText(QStringLiteral("no such name"));
+    verifyRoom("nothing-found");
+    const QStringList texts = statusTexts();
+    for (const QString& text : texts) {
+        part<QLabel>("checkStatus")->setText(text);
+        verifyRoom(nullptr);
+    }
+}
+
+void WindowTexts::openWindow()
+{
+    AppLook::apply(QStringLiteral("Classical"));
+    m_preferences =
+        std::make_unique<Preferences>(TestHome::path() + QStringLiteral("/preferences"));
+    m_check = std::make_unique<BackgroundCheck>(nullptr);
+    m_window = std::make_unique<MainWindow>(*m_preferences, *m_check);
+    m_firstSize = m_window->size();
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+}
+
+void WindowTexts::apply(const QString& theme)
+{
+    ResourceTabs* const tabs = m_window->tabs();
+    tabs->reveal(eCfgItem_Theme, theme)->doApplyTheme();
+    QTRY_COMPARE(tabs->appliedItem(eCfgItem_Theme), theme);
+    QVERIFY(part<QTreeWidget>("appliedFiles")->isVisible());
+}
+
+void WindowTexts::fail()
+{
+    STransferFailure failure;
+    failure.m_eCause = eFailure_ConnectionLost;
+    failure.m_qsDetails = QStringLiteral("http://server/theme.zip: connection reset by peer");
+    part<FailureBox>("failure")->showFailure(eCfgItem_Theme, QString(),
+                                             QStringLiteral("Autumn Memories"), failure);
+    part<QPushButton>("failureDetails")->setChecked(true);
+}
+
+template <class Part>
+Part* WindowTexts::part(const char* name) const
+{
+    auto* const found = m_window->findChild<Part*>(QString::fromLatin1(name));
+    if (!found)
+        qFatal("the window has no %s", name);
+    return found;
+}
+
+void WindowTexts::verifyFonts() const
+{
+    const QList<QLabel*> labels = m_window->findChildren<QLabel*>();
+    for (const QLabel* label : labels)
+        verifyHasFont(label->text());
+    for (QTreeWidgetItemIterator it(part<QTreeWidget>("appliedFiles")); *it; ++it)
+        verifyHasFont((*it)->text(0) + (*it)->text(1));
+}
+
+void WindowTexts::verifyRoom(const char* state)
+{
+    if (QTest::currentTestFailed())
+        return; // what is cut off once is cut off in the next states, too
+    const auto cutOff = [this] {
+        const QStringList texts = cutOffTexts(*m_window, QStringLiteral("lblName"))
+            + cutOffTitles(*part<QTreeWidget>("appliedFiles"));
+        return texts.join(QStringLiteral(" | "));
+    };
+    QTRY_COMPARE_WITH_TIMEOUT(cutOff(), QString(), 1000); // laid out step by step
+    verifyFonts();
+    const QSize least = m_window->minimumSizeHint();
+    QVERIFY2(least.width() <= m_firstSize.width() && least.height() <= m_firstSize.height(),
+             qPrintable(QStringLiteral("%1 x %2").arg(least.width()).arg(least.height())));
+    if (!state || m_pictures.isEmpty())
+        return;
+    const QString name = QStringLiteral(MV_SCREENSHOTS "/window-%1-%2-%3x.png")
+                             .arg(QString::fromLatin1(state), m_pictures, m_scale);
+    QVERIFY(m_window->grab().save(name, "PNG", quicklyPacked));
+}
