@@ -25,6 +25,9 @@ void tst_windowTexts::initTestCase()
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
     environment.insert(QStringLiteral("DISPLAY"), m_display.name());
+    // None: otherwise a bus would be started for the display, and outlive the test.
+    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"),
+                       QStringLiteral("unix:path=") + TestHome::path() + QStringLiteral("/bus"));
     m_runs.start(environment);
 }
 
