@@ -43,5 +43,56 @@
         <source>Unknown error!</source>
         <translation>¡Error desconocido!</translation>
     </message>
+    <message>
+        <source>Click to cancel the download</source>
+        <translation>Haga clic para cancelar la descarga</translation>
+    </message>
+</context>
+<context>
+    <name>STransferFailure</name>
+    <message>
+        <source>the disk is full</source>
+        <translation>el disco está lleno</translation>
+    </message>
+    <message>
+        <source>no permission to write the file</source>
+        <translation>no hay permiso para escribir el archivo</translation>
+    </message>
+    <message>
+        <source>the file cannot be written</source>
+        <translation>no se puede escribir el archivo</translation>
+    </message>
+    <message>
+        <source>the server cannot be reached</source>
+        <translation>no se puede conectar con el servidor</translation>
+    </message>
+    <message>
+        <source>the connection to the server was lost</source>
+        <translation>se perdió la conexión con el servidor</translation>
+    </message>
+    <message>
+        <source>the file is not on the server</source>
+        <translation>el archivo no está en el servidor</translation>
+    </message>
+    <message>
+        <source>the server reports an error</source>
+        <translation>el servidor comunica un error</translation>
+    </message>
+    <message>
+        <source>the file has no usable address</source>
+        <translation>el archivo no tiene una dirección válida</translation>
+    </message>
+    <message>
+        <source>the file is too large</source>
+        <translation>el archivo es demasiado grande</translation>
+    </message>
+    <message>
+        <source>the file on the server is damaged</source>
+        <translation>el archivo del servidor está dañado</translation>
+    </message>
+    <message>
+        <source>cancelled</source>
+        <translation>cancelado</translation>
+    </message>
 </context>
 </TS>

@@ -43,5 +43,56 @@
         <source>Unknown error!</source>
         <translation>Erreur inconnue&#xa0;!</translation>
     </message>
+    <message>
+        <source>Click to cancel the download</source>
+        <translation>Cliquez pour annuler le téléchargement</translation>
+    </message>
+</context>
+<context>
+    <name>STransferFailure</name>
+    <message>
+        <source>the disk is full</source>
+        <translation>le disque est plein</translation>
+    </message>
+    <message>
+        <source>no permission to write the file</source>
+        <translation>pas d’autorisation d’écrire le fichier</translation>
+    </message>
+    <message>
+        <source>the file cannot be written</source>
+        <translation>impossible d’écrire le fichier</translation>
+    </message>
+    <message>
+        <source>the server cannot be reached</source>
+        <translation>le serveur est injoignable</translation>
+    </message>
+    <message>
+        <source>the connection to the server was lost</source>
+        <translation>la connexion au serveur a été perdue</translation>
+    </message>
+    <message>
+        <source>the file is not on the server</source>
+        <translation>le fichier n’est pas sur le serveur</translation>
+    </message>
+    <message>
+        <source>the server reports an error</source>
+        <translation>le serveur signale une erreur</translation>
+    </message>
+    <message>
+        <source>the file has no usable address</source>
+        <translation>le fichier n’a pas d’adresse utilisable</translation>
+    </message>
+    <message>
+        <source>the file is too large</source>
+        <translation>le fichier est trop volumineux</translation>
+    </message>
+    <message>
+        <source>the file on the server is damaged</source>
+        <translation>le fichier du serveur est endommagé</translation>
+    </message>
+    <message>
+        <source>cancelled</source>
+        <translation>annulé</translation>
+    </message>
 </context>
 </TS>

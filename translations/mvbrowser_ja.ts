@@ -43,5 +43,56 @@
         <source>Unknown error!</source>
         <translation>不明なエラー</translation>
     </message>
+    <message>
+        <source>Click to cancel the download</source>
+        <translation>クリックするとダウンロードを中止します</translation>
+    </message>
+</context>
+<context>
+    <name>STransferFailure</name>
+    <message>
+        <source>the disk is full</source>
+        <translation>ディスクに空きがありません</translation>
+    </message>
+    <message>
+        <source>no permission to write the file</source>
+        <translation>ファイルに書き込む権限がありません</translation>
+    </message>
+    <message>
+        <source>the file cannot be written</source>
+        <translation>ファイルに書き込めません</translation>
+    </message>
+    <message>
+        <source>the server cannot be reached</source>
+        <translation>サーバーに接続できません</translation>
+    </message>
+    <message>
+        <source>the connection to the server was lost</source>
+        <translation>サーバーとの接続が切れました</translation>
+    </message>
+    <message>
+        <source>the file is not on the server</source>
+        <translation>サーバーにファイルがありません</translation>
+    </message>
+    <message>
+        <source>the server reports an error</source>
+        <translation>サーバーがエラーを返しました</translation>
+    </message>
+    <message>
+        <source>the file has no usable address</source>
+        <translation>ファイルのアドレスが正しくありません</translation>
+    </message>
+    <message>
+        <source>the file is too large</source>
+        <translation>ファイルが大きすぎます</translation>
+    </message>
+    <message>
+        <source>the file on the server is damaged</source>
+        <translation>サーバーのファイルが壊れています</translation>
+    </message>
+    <message>
+        <source>cancelled</source>
+        <translation>中止しました</translation>
+    </message>
 </context>
 </TS>

@@ -43,5 +43,56 @@
         <source>Unknown error!</source>
         <translation>未知错误！</translation>
     </message>
+    <message>
+        <source>Click to cancel the download</source>
+        <translation>单击以取消下载</translation>
+    </message>
+</context>
+<context>
+    <name>STransferFailure</name>
+    <message>
+        <source>the disk is full</source>
+        <translation>磁盘已满</translation>
+    </message>
+    <message>
+        <source>no permission to write the file</source>
+        <translation>没有写入文件的权限</translation>
+    </message>
+    <message>
+        <source>the file cannot be written</source>
+        <translation>无法写入文件</translation>
+    </message>
+    <message>
+        <source>the server cannot be reached</source>
+        <translation>无法连接服务器</translation>
+    </message>
+    <message>
+        <source>the connection to the server was lost</source>
+        <translation>与服务器的连接已中断</translation>
+    </message>
+    <message>
+        <source>the file is not on the server</source>
+        <translation>服务器上没有该文件</translation>
+    </message>
+    <message>
+        <source>the server reports an error</source>
+        <translation>服务器报告了错误</translation>
+    </message>
+    <message>
+        <source>the file has no usable address</source>
+        <translation>文件没有可用的地址</translation>
+    </message>
+    <message>
+        <source>the file is too large</source>
+        <translation>文件过大</translation>
+    </message>
+    <message>
+        <source>the file on the server is damaged</source>
+        <translation>服务器上的文件已损坏</translation>
+    </message>
+    <message>
+        <source>cancelled</source>
+        <translation>已取消</translation>
+    </message>
 </context>
 </TS>

@@ -31,18 +31,6 @@
         <source>The server&apos;s catalogue is older than this application</source>
         <translation>Der Katalog des Servers ist älter als dieses Programm</translation>
     </message>
-    <message>
-        <source>Offline: catalogue of %1</source>
-        <translation>Offline: Katalog vom %1</translation>
-    </message>
-    <message>
-        <source>The server&apos;s catalogue was refused: catalogue of %1</source>
-        <translation>Der Katalog des Servers wurde abgelehnt: Katalog vom %1</translation>
-    </message>
-    <message>
-        <source>Check cancelled: catalogue of %1</source>
-        <translation>Prüfung abgebrochen: Katalog vom %1</translation>
-    </message>
     <message numerus="yes">
         <source>, %n preview(s) fetched</source>
         <translation>
@@ -58,8 +46,28 @@
         </translation>
     </message>
     <message>
-        <source>no date, none is here</source>
-        <translation>keinem Tag, es ist keiner da</translation>
+        <source>Offline: %1; %2</source>
+        <translation>Offline: %1; %2</translation>
+    </message>
+    <message>
+        <source>Not updated: %1; %2</source>
+        <translation>Nicht aktualisiert: %1; %2</translation>
+    </message>
+    <message>
+        <source>Check cancelled; %1</source>
+        <translation>Prüfung abgebrochen; %1</translation>
+    </message>
+    <message>
+        <source>, but there is no catalogue to fetch previews for</source>
+        <translation>, aber es ist kein Katalog da, zu dem Vorschauen gehören</translation>
+    </message>
+    <message>
+        <source>catalogue of %1</source>
+        <translation>Katalog vom %1</translation>
+    </message>
+    <message>
+        <source>no catalogue has been downloaded yet</source>
+        <translation>noch kein Katalog geladen</translation>
     </message>
 </context>
 <context>
@@ -112,10 +120,6 @@
 <context>
     <name>FailureBox</name>
     <message>
-        <source>“%1” could not be downloaded</source>
-        <translation>„%1“ konnte nicht geladen werden</translation>
-    </message>
-    <message>
         <source>Why the download failed</source>
         <translation>Warum der Download fehlschlug</translation>
     </message>
@@ -130,6 +134,14 @@
     <message>
         <source>Close</source>
         <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>“%1” could not be downloaded: %2</source>
+        <translation>„%1“ konnte nicht geladen werden: %2</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>Details</translation>
     </message>
 </context>
 <context>
@@ -272,6 +284,10 @@
             <numerusform>, %n davon zurzeit nicht im Katalog</numerusform>
             <numerusform>, %n davon zurzeit nicht im Katalog</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>The favourites cannot be saved: %1</source>
+        <translation>Die Favoriten können nicht gespeichert werden: %1</translation>
     </message>
 </context>
 <context>

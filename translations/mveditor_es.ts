@@ -31,18 +31,6 @@
         <source>The server&apos;s catalogue is older than this application</source>
         <translation>El catálogo del servidor es anterior a esta aplicación</translation>
     </message>
-    <message>
-        <source>Offline: catalogue of %1</source>
-        <translation>Sin conexión: catálogo del %1</translation>
-    </message>
-    <message>
-        <source>The server&apos;s catalogue was refused: catalogue of %1</source>
-        <translation>Se rechazó el catálogo del servidor: catálogo del %1</translation>
-    </message>
-    <message>
-        <source>Check cancelled: catalogue of %1</source>
-        <translation>Comprobación cancelada: catálogo del %1</translation>
-    </message>
     <message numerus="yes">
         <source>, %n preview(s) fetched</source>
         <translation>
@@ -58,8 +46,28 @@
         </translation>
     </message>
     <message>
-        <source>no date, none is here</source>
-        <translation>ninguna fecha, no hay ninguno</translation>
+        <source>Offline: %1; %2</source>
+        <translation>Sin conexión: %1; %2</translation>
+    </message>
+    <message>
+        <source>Not updated: %1; %2</source>
+        <translation>No actualizado: %1; %2</translation>
+    </message>
+    <message>
+        <source>Check cancelled; %1</source>
+        <translation>Comprobación cancelada; %1</translation>
+    </message>
+    <message>
+        <source>, but there is no catalogue to fetch previews for</source>
+        <translation>, pero no hay ningún catálogo del que obtener vistas previas</translation>
+    </message>
+    <message>
+        <source>catalogue of %1</source>
+        <translation>catálogo del %1</translation>
+    </message>
+    <message>
+        <source>no catalogue has been downloaded yet</source>
+        <translation>todavía no se ha descargado ningún catálogo</translation>
     </message>
 </context>
 <context>
@@ -112,10 +120,6 @@
 <context>
     <name>FailureBox</name>
     <message>
-        <source>“%1” could not be downloaded</source>
-        <translation>No se pudo descargar «%1»</translation>
-    </message>
-    <message>
         <source>Why the download failed</source>
         <translation>Por qué falló la descarga</translation>
     </message>
@@ -130,6 +134,14 @@
     <message>
         <source>Close</source>
         <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>“%1” could not be downloaded: %2</source>
+        <translation>No se pudo descargar «%1»: %2</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>Detalles</translation>
     </message>
 </context>
 <context>
@@ -272,6 +284,10 @@
             <numerusform>, %n no está ahora en el catálogo</numerusform>
             <numerusform>, %n no están ahora en el catálogo</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>The favourites cannot be saved: %1</source>
+        <translation>No se pueden guardar los favoritos: %1</translation>
     </message>
 </context>
 <context>

@@ -31,18 +31,6 @@
         <source>The server&apos;s catalogue is older than this application</source>
         <translation>Le catalogue du serveur est plus ancien que cette application</translation>
     </message>
-    <message>
-        <source>Offline: catalogue of %1</source>
-        <translation>Hors ligne&#xa0;: catalogue du %1</translation>
-    </message>
-    <message>
-        <source>The server&apos;s catalogue was refused: catalogue of %1</source>
-        <translation>Le catalogue du serveur a été refusé&#xa0;: catalogue du %1</translation>
-    </message>
-    <message>
-        <source>Check cancelled: catalogue of %1</source>
-        <translation>Vérification annulée&#xa0;: catalogue du %1</translation>
-    </message>
     <message numerus="yes">
         <source>, %n preview(s) fetched</source>
         <translation>
@@ -58,8 +46,28 @@
         </translation>
     </message>
     <message>
-        <source>no date, none is here</source>
-        <translation>aucune date, il n’y en a pas</translation>
+        <source>Offline: %1; %2</source>
+        <translation>Hors ligne&#xa0;: %1&#xa0;; %2</translation>
+    </message>
+    <message>
+        <source>Not updated: %1; %2</source>
+        <translation>Pas de mise à jour&#xa0;: %1&#xa0;; %2</translation>
+    </message>
+    <message>
+        <source>Check cancelled; %1</source>
+        <translation>Vérification annulée&#xa0;; %1</translation>
+    </message>
+    <message>
+        <source>, but there is no catalogue to fetch previews for</source>
+        <translation>, mais il n’y a aucun catalogue dont récupérer les aperçus</translation>
+    </message>
+    <message>
+        <source>catalogue of %1</source>
+        <translation>catalogue du %1</translation>
+    </message>
+    <message>
+        <source>no catalogue has been downloaded yet</source>
+        <translation>aucun catalogue téléchargé pour l’instant</translation>
     </message>
 </context>
 <context>
@@ -112,10 +120,6 @@
 <context>
     <name>FailureBox</name>
     <message>
-        <source>“%1” could not be downloaded</source>
-        <translation>«&#xa0;%1&#xa0;» n’a pas pu être téléchargé</translation>
-    </message>
-    <message>
         <source>Why the download failed</source>
         <translation>Raison de l’échec</translation>
     </message>
@@ -130,6 +134,14 @@
     <message>
         <source>Close</source>
         <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>“%1” could not be downloaded: %2</source>
+        <translation>«&#xa0;%1&#xa0;» n’a pas pu être téléchargé&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>Détails</translation>
     </message>
 </context>
 <context>
@@ -272,6 +284,10 @@
             <numerusform>, dont %n absent du catalogue actuel</numerusform>
             <numerusform>, dont %n absents du catalogue actuel</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>The favourites cannot be saved: %1</source>
+        <translation>Impossible d’enregistrer les favoris&#xa0;: %1</translation>
     </message>
 </context>
 <context>

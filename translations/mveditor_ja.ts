@@ -31,18 +31,6 @@
         <source>The server&apos;s catalogue is older than this application</source>
         <translation>サーバーのカタログはこのアプリケーションより古いものです</translation>
     </message>
-    <message>
-        <source>Offline: catalogue of %1</source>
-        <translation>オフライン: %1 のカタログ</translation>
-    </message>
-    <message>
-        <source>The server&apos;s catalogue was refused: catalogue of %1</source>
-        <translation>サーバーのカタログは拒否されました: %1 のカタログ</translation>
-    </message>
-    <message>
-        <source>Check cancelled: catalogue of %1</source>
-        <translation>確認を中止しました: %1 のカタログ</translation>
-    </message>
     <message numerus="yes">
         <source>, %n preview(s) fetched</source>
         <translation>
@@ -56,8 +44,28 @@
         </translation>
     </message>
     <message>
-        <source>no date, none is here</source>
-        <translation>日付なし（まだありません）</translation>
+        <source>Offline: %1; %2</source>
+        <translation>オフライン: %1（%2）</translation>
+    </message>
+    <message>
+        <source>Not updated: %1; %2</source>
+        <translation>更新できませんでした: %1（%2）</translation>
+    </message>
+    <message>
+        <source>Check cancelled; %1</source>
+        <translation>確認を中止しました（%1）</translation>
+    </message>
+    <message>
+        <source>, but there is no catalogue to fetch previews for</source>
+        <translation>。ただし、プレビューを取得するカタログがありません</translation>
+    </message>
+    <message>
+        <source>catalogue of %1</source>
+        <translation>%1 のカタログ</translation>
+    </message>
+    <message>
+        <source>no catalogue has been downloaded yet</source>
+        <translation>カタログはまだダウンロードされていません</translation>
     </message>
 </context>
 <context>
@@ -110,10 +118,6 @@
 <context>
     <name>FailureBox</name>
     <message>
-        <source>“%1” could not be downloaded</source>
-        <translation>「%1」をダウンロードできませんでした</translation>
-    </message>
-    <message>
         <source>Why the download failed</source>
         <translation>ダウンロードに失敗した理由</translation>
     </message>
@@ -128,6 +132,14 @@
     <message>
         <source>Close</source>
         <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>“%1” could not be downloaded: %2</source>
+        <translation>「%1」をダウンロードできませんでした: %2</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>詳細</translation>
     </message>
 </context>
 <context>
@@ -267,6 +279,10 @@
         <translation>
             <numerusform>（うち %n 件は現在のカタログにありません）</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>The favourites cannot be saved: %1</source>
+        <translation>お気に入りを保存できません: %1</translation>
     </message>
 </context>
 <context>

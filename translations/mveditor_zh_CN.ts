@@ -31,18 +31,6 @@
         <source>The server&apos;s catalogue is older than this application</source>
         <translation>服务器目录比此应用程序旧</translation>
     </message>
-    <message>
-        <source>Offline: catalogue of %1</source>
-        <translation>离线：%1 的目录</translation>
-    </message>
-    <message>
-        <source>The server&apos;s catalogue was refused: catalogue of %1</source>
-        <translation>服务器目录被拒绝：%1 的目录</translation>
-    </message>
-    <message>
-        <source>Check cancelled: catalogue of %1</source>
-        <translation>检查已取消：%1 的目录</translation>
-    </message>
     <message numerus="yes">
         <source>, %n preview(s) fetched</source>
         <translation>
@@ -56,8 +44,28 @@
         </translation>
     </message>
     <message>
-        <source>no date, none is here</source>
-        <translation>无日期（尚无目录）</translation>
+        <source>Offline: %1; %2</source>
+        <translation>离线：%1；%2</translation>
+    </message>
+    <message>
+        <source>Not updated: %1; %2</source>
+        <translation>未更新：%1；%2</translation>
+    </message>
+    <message>
+        <source>Check cancelled; %1</source>
+        <translation>检查已取消；%1</translation>
+    </message>
+    <message>
+        <source>, but there is no catalogue to fetch previews for</source>
+        <translation>，但没有可获取预览的目录</translation>
+    </message>
+    <message>
+        <source>catalogue of %1</source>
+        <translation>%1 的目录</translation>
+    </message>
+    <message>
+        <source>no catalogue has been downloaded yet</source>
+        <translation>尚未下载目录</translation>
     </message>
 </context>
 <context>
@@ -110,10 +118,6 @@
 <context>
     <name>FailureBox</name>
     <message>
-        <source>“%1” could not be downloaded</source>
-        <translation>无法下载“%1”</translation>
-    </message>
-    <message>
         <source>Why the download failed</source>
         <translation>下载失败的原因</translation>
     </message>
@@ -128,6 +132,14 @@
     <message>
         <source>Close</source>
         <translation>关闭</translation>
+    </message>
+    <message>
+        <source>“%1” could not be downloaded: %2</source>
+        <translation>无法下载“%1”：%2</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>详细信息</translation>
     </message>
 </context>
 <context>
@@ -267,6 +279,10 @@
         <translation>
             <numerusform>，其中 %n 个目前不在目录中</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>The favourites cannot be saved: %1</source>
+        <translation>无法保存收藏：%1</translation>
     </message>
 </context>
 <context>

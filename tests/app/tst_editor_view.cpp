@@ -49,9 +49,10 @@ void tst_editor_view::languageChangesOpenCellsAndStays()
         wait text check "Jetzt prüfen"
     )"),
                                            false));
-    VERIFY_ENDED_WELL(Editor(*m_world).run(QStringLiteral("wait text check \"Jetzt prüfen\"\n"
-                                                          "wait status \"Offline: Katalog\"\n"),
-                                           false));
+    VERIFY_ENDED_WELL(Editor(*m_world).run(
+        QStringLiteral("wait text check \"Jetzt prüfen\"\n"
+                       "wait status \"Offline: der Server ist nicht erreichbar; Katalog\"\n"),
+        false));
 }
 
 void tst_editor_view::skinChangesOpenCellsAndStays()

@@ -1,9 +1,9 @@
-#include "support/TestFonts.h"
 #include "support/TestLetters.h"
 #include "support/TestMain.h"
 
 #include <QApplication>
-#include <QDir>
+#include <QDateTime>
+#include <QFile>
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QLocale>
@@ -11,27 +11,10 @@
 #include <QStyle>
 #include <QTextCodec>
 #include <QTimeZone>
-#include <QXmlStreamReader>
 
 namespace {
 
 constexpr char childVariable[] = "MV_SURROUNDINGS_CHILD";
-
-/// All translated texts of a file.
-QStringList translationsIn(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    QXmlStreamReader reader(&file);
-    QStringList texts;
-    while (!reader.atEnd()) {
-        if (reader.readNext() == QXmlStreamReader::StartElement
-            && reader.name() == QLatin1String("translation"))
-            texts.append(reader.readElementText(QXmlStreamReader::IncludeChildElements));
-    }
-    return reader.hasError() ? QStringList() : texts;
-}
 
 } // namespace
 
@@ -42,8 +25,6 @@ class tst_surroundings : public QObject
 
 private slots:
     void theTestsFontsAreTheOnlyOnes();
-    void everyLetterHasAFont_data();
-    void everyLetterHasAFont();
     void lettersWithoutFontAreFound();
     void localeIsFixed();
     void timeZoneIsFixed();
@@ -60,25 +41,6 @@ void tst_surroundings::theTestsFontsAreTheOnlyOnes()
              QStringList({QStringLiteral("DejaVu Sans"), QStringLiteral("DejaVu Serif"),
                           QStringLiteral("Droid Sans Fallback")}));
     QCOMPARE(QFontInfo(QApplication::font()).family(), QStringLiteral("DejaVu Sans"));
-}
-
-void tst_surroundings::everyLetterHasAFont_data()
-{
-    QTest::addColumn<QString>("path");
-    const QFileInfoList files =
-        QDir(QStringLiteral(MV_TRANSLATIONS)).entryInfoList({QStringLiteral("*.ts")}, QDir::Files);
-    QVERIFY(files.size() > 10);
-    for (const QFileInfo& file : files)
-        QTest::newRow(qPrintable(file.fileName())) << file.filePath();
-}
-
-void tst_surroundings::everyLetterHasAFont()
-{
-    QFETCH(QString, path);
-    const QStringList texts = translationsIn(path);
-    QVERIFY(!texts.isEmpty());
-    for (const QString& text : texts)
-        verifyHasFont(text);
 }
 
 void tst_surroundings::lettersWithoutFontAreFound()
