@@ -3,6 +3,7 @@
 #include "browser/BrowserLanguage.h"
 #include "browser/BrowserSkin.h"
 #include "browser/MVThemeSortFilterProxyModel.h"
+#include "host/FileLock.h"
 #include "host/HostSettings.h"
 
 #include <QDir>
@@ -11,11 +12,11 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QLocale>
-#include <QLockFile>
 #include <QSaveFile>
 #include <QWidget>
 
 #include <algorithm>
+#include <chrono>
 
 namespace {
 
@@ -33,7 +34,7 @@ constexpr int lastType = 4;
 constexpr int smallestScale = 50;
 constexpr int largestScale = 400;
 constexpr qint64 maxBytes = 1024 * 1024;
-constexpr int longestLockMs = 1000;
+constexpr std::chrono::seconds maxLockWait(1);
 
 QString systemLanguage()
 {
@@ -106,8 +107,8 @@ void Preferences::store(const QString& key, const QJsonValue& value)
     if (m_file.isEmpty())
         return;
     QDir().mkpath(QFileInfo(m_file).path());
-    QLockFile lock(m_file + QStringLiteral(".lock"));
-    if (!lock.tryLock(longestLockMs))
+    FileLock lock(m_file + QStringLiteral(".lock"));
+    if (lock.lock(maxLockWait) != FileLock::Result::Locked)
         return;
     // Another process may have stored something since.
     QJsonObject all = m_values;

@@ -1,5 +1,6 @@
 #include "catalogue/CollectFile.h"
 
+#include "host/FileLock.h"
 #include "host/LogL.h"
 #include "host/RegularFile.h"
 #include "host/Utils.h"
@@ -9,14 +10,14 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
-#include <QLockFile>
 
 #include <algorithm>
+#include <chrono>
 
 namespace {
 
 constexpr int logWarning = 3;
-constexpr int lockWaitMs = 5000;
+constexpr std::chrono::seconds maxLockWait(5);
 constexpr int maxDamaged = 1000; // copies that are kept
 constexpr qint64 maxBytes = 64 * 1024 * 1024;
 constexpr int leftoverAgeSeconds = 3600;
@@ -80,14 +81,12 @@ STransferFailure CollectFile::save(const QString& path, QJsonObject& marks)
 {
     if (!isInUse())
         return {};
-    QLockFile lock(path + QStringLiteral(".lock"));
-    lock.setStaleLockTime(0); // only the lock of a dead process is stale, however long one takes
-    if (!lock.tryLock(lockWaitMs)) {
-        if (lock.error() == QLockFile::LockFailedError)
-            return failed(eFailure_LocalFile, path,
-                          QStringLiteral("another program is writing it"));
+    FileLock lock(path + QStringLiteral(".lock"));
+    const FileLock::Result locked = lock.lock(maxLockWait);
+    if (locked == FileLock::Result::Busy)
+        return failed(eFailure_LocalFile, path, QStringLiteral("another program is writing it"));
+    if (locked == FileLock::Result::CannotCreate)
         return failed(eFailure_NoPermission, path, QStringLiteral("its folder cannot be written"));
-    }
     removeLeftovers(path);
     OnDisk disk;
     STransferFailure failure = readDisk(path, disk);

@@ -4,13 +4,13 @@
 #include "catalogue/XmlGuard.h"
 #include "download/CheckTransfer.h"
 #include "host/AppOptions.h"
+#include "host/FileLock.h"
 #include "host/HostSettings.h"
 #include "host/LogL.h"
 #include "host/Utils.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QLockFile>
 
 #include <algorithm>
 #include <limits>
@@ -80,7 +80,7 @@ void CheckWorker_CfgAndDisplayXML::cancel()
 void CheckWorker_CfgAndDisplayXML::onStartDownloadXML(const QString&)
 {
     m_result = SCatalogueCheckResult();
-    QLockFile lock(lockPath());
+    FileLock lock(lockPath());
     if (lockFolder(lock))
         Utils::rmDir(getDownLoadTemp(), true);
 
@@ -115,16 +115,10 @@ QString CheckWorker_CfgAndDisplayXML::lockPath()
 
 /// Waits until no other check uses the temporary folder. False if this one was cancelled meanwhile.
 /// Where no lock can be made, nothing can be stored in the folder either, which the transfer tells.
-bool CheckWorker_CfgAndDisplayXML::lockFolder(QLockFile& lock)
+bool CheckWorker_CfgAndDisplayXML::lockFolder(FileLock& lock)
 {
-    constexpr std::chrono::milliseconds pause(50);
     AppOptions::instance()->ensureDirExists(QFileInfo(lockPath()).path());
-    lock.setStaleLockTime(0); // only the lock of a dead process is stale, however long one takes
-    while (!lock.tryLock(0) && lock.error() == QLockFile::LockFailedError) {
-        if (m_bWillCancel.waitFor(pause))
-            return false;
-    }
-    return true;
+    return lock.lock(m_bWillCancel) != FileLock::Result::Cancelled;
 }
 
 bool CheckWorker_CfgAndDisplayXML::fetchVersion(CheckTransfer& transfer)

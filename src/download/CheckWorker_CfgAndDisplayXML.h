@@ -12,7 +12,7 @@
 #include <functional>
 
 class CheckTransfer;
-class QLockFile;
+class FileLock;
 
 /// Keeps the downloaded catalogue files current: one object does one check.
 ///
@@ -112,7 +112,7 @@ private:
     };
 
     QString lockPath();
-    bool lockFolder(QLockFile& lock);
+    bool lockFolder(FileLock& lock);
     bool fetchVersion(CheckTransfer& transfer);
     bool readVersions();
     bool isSameFormat();

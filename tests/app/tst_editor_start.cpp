@@ -41,7 +41,7 @@ void tst_editor_start::firstStartFetchesTheCatalogueAndApplies()
         wait opened /root/Themes/config/PQD/Download/Themes
     )")));
     QCOMPARE(CatalogueFiles::read(world.themeFile(QStringLiteral("Beta"))),
-             QByteArray("archive of Beta"));
+             QByteArray("PK\x03\x04 archive of Beta"));
 }
 
 void tst_editor_start::aCurrentCatalogueIsNotReadAgain()

@@ -78,7 +78,7 @@ void tst_editor_update::aDownloadGoesOnOverTheReload()
                                             .arg(begun)));
     QCOMPARE(attempts->load(), 2);
     QCOMPARE(CatalogueFiles::read(world.themeFile(QStringLiteral("Alpha"))),
-             QByteArray("archive of Alpha"));
+             QByteArray("PK\x03\x04 archive of Alpha"));
 }
 
 void tst_editor_update::whatTheUserSeesIsKept()
