@@ -102,12 +102,11 @@ void TestCurWrapperFaults::connectionThatNeverStands()
 {
     const SilentPort silent;
     hostSettings().connectTimeoutMs = 300;
-    QElapsedTimer timer;
-    timer.start();
     Download download;
     QCOMPARE(download.run(silent.url(QStringLiteral("/file"))), 3);
-    QVERIFY(timer.elapsed() >= 300);
-    QVERIFY(timer.elapsed() < 10000);
+    QVERIFY2(download.errorText().contains(QStringLiteral("timeout"), Qt::CaseInsensitive)
+                 || download.errorText().contains(QStringLiteral("timed out"), Qt::CaseInsensitive),
+             qPrintable(download.errorText()));
 }
 
 void TestCurWrapperFaults::brokenAnswer_data()
