@@ -1,9 +1,7 @@
 #include "PreviewPane.h"
 
-#include "host/widgets/ImageLimit.h"
+#include "host/widgets/PictureDecoder.h"
 
-#include <QFile>
-#include <QImageReader>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyle>
@@ -13,13 +11,6 @@ namespace {
 constexpr int aspectWidth = 16;
 constexpr int aspectHeight = 9;
 constexpr int widthHint = 320;
-
-/// A few bytes from a server can announce a picture that fills the memory.
-bool isShowable(const QString& path)
-{
-    QFile file(path);
-    return !path.isEmpty() && file.open(QIODevice::ReadOnly) && ImageLimit::admits(file);
-}
 
 } // namespace
 
@@ -39,12 +30,9 @@ void PreviewPane::show(const QString& thumbnail, const QString& animation, bool 
     m_movie.stop();
     m_animated = false;
     m_hasFrame = false;
-    if (isShowable(animation)) {
-        m_movie.setFileName(animation);
-        m_animated = m_movie.isValid();
-    }
-    m_still =
-        isShowable(thumbnail) ? QPixmap::fromImage(QImageReader(thumbnail).read()) : QPixmap();
+    m_movie.setFileName(animation);
+    m_animated = PictureDecoder::prepare(m_movie);
+    m_still = QPixmap::fromImage(PictureDecoder::read(thumbnail));
     setPlaying(play);
     if (m_animated && !play && m_still.isNull())
         m_movie.jumpToFrame(0);

@@ -14,7 +14,7 @@ public:
 
     /// Paths of the files. Without an animation the thumbnail shows, without both nothing; without
     /// a thumbnail an animation that does not play shows its first frame. A file that announces
-    /// more than 64 Mi pixels counts as none.
+    /// more than PictureFormat::maxPixels counts as none.
     void show(const QString& thumbnail, const QString& animation, bool play);
     void setPlaying(bool playing);
     bool isPlaying() const { return m_movie.state() == QMovie::Running; }

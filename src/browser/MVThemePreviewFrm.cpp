@@ -3,11 +3,10 @@
 #include "catalogue/MVThemeMgr.h"
 #include "host/LogL.h"
 #include "host/TzResourceMgr.h"
-#include "host/widgets/ImageLimit.h"
+#include "host/widgets/PictureDecoder.h"
 #include "ui_MVThemePreviewFrm.h"
 
 #include <QFile>
-#include <QImageReader>
 #include <QMutexLocker>
 #include <QStyle>
 
@@ -21,14 +20,6 @@ QString localPath(const SFileInfo& info)
     // A download thread may be resolving the record.
     const QMutexLocker lock(info.m_pMutex.get());
     return info.m_qsFile;
-}
-
-QSize sizeOfFirstImage(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) || !ImageLimit::admits(file))
-        return {0, 0};
-    return QImageReader(&file).read().size();
 }
 
 } // namespace
@@ -77,7 +68,7 @@ void MVThemePreviewFrm::setMoviePath(QString path)
     QSize scaled; // invalid: the animation's own size
     const double zoom = TzResourceMgr::getZoomDPI();
     if (zoom > largestUnscaledZoom) {
-        const QSize size = sizeOfFirstImage(path);
+        const QSize size = PictureDecoder::announcedSize(path).expandedTo(QSize(0, 0));
         scaled = {qRound(size.width() * zoom), qRound(size.height() * zoom)};
     }
     m_movie.setScaledSize(scaled);
@@ -164,9 +155,9 @@ void MVThemePreviewFrm::closeMovieFile()
     m_movie.setFileName(m_qsMoviePath);
 }
 
-bool MVThemePreviewFrm::isPlayable() const
+bool MVThemePreviewFrm::isPlayable()
 {
-    return m_movie.isValid() && ImageLimit::admits(*m_movie.device());
+    return PictureDecoder::prepare(m_movie);
 }
 
 bool MVThemePreviewFrm::isAnimated() const

@@ -1,9 +1,10 @@
 #include "host/ContentCheck.h"
 
+#include "host/PictureFormat.h"
+
 #include <QByteArray>
 #include <QFile>
 #include <QFileInfo>
-#include <QStringList>
 #include <QXmlStreamReader>
 
 #include <algorithm>
@@ -11,16 +12,13 @@
 
 namespace {
 
-constexpr int signatureBytes = 8;
-
-const char* const pictureSignatures[] = {"\x89PNG\r\n\x1a\n", "\xff\xd8\xff", "GIF87a", "GIF89a"};
+constexpr int archiveSignatureBytes = 4;
 /// Of a file with entries, and of an empty one.
 const char* const archiveSignatures[] = {"PK\x03\x04", "PK\x05\x06"};
 
-template <class Signatures>
-bool beginsWithOneOf(const QByteArray& beginning, const Signatures& signatures)
+bool isArchiveBeginning(const QByteArray& beginning)
 {
-    return std::any_of(std::begin(signatures), std::end(signatures),
+    return std::any_of(std::begin(archiveSignatures), std::end(archiveSignatures),
                        [&](const char* signature) { return beginning.startsWith(signature); });
 }
 
@@ -76,9 +74,7 @@ bool ContentCheck::isPageName(const QString& name)
 QString ContentCheck::fault(const QString& file, const QString& name)
 {
     const QString suffix = QFileInfo(name).suffix().toLower();
-    const bool isPicture = QStringList{QStringLiteral("png"), QStringLiteral("jpg"),
-                                       QStringLiteral("jpeg"), QStringLiteral("gif")}
-                               .contains(suffix);
+    const bool isPicture = PictureFormat::isPictureName(name);
     const bool isXml = suffix == QLatin1String("xml");
     const bool isArchive = suffix == QLatin1String("zip");
     if (!isPicture && !isXml && !isArchive)
@@ -88,10 +84,11 @@ QString ContentCheck::fault(const QString& file, const QString& name)
         return QStringLiteral("it cannot be read: %1").arg(content.errorString());
     if (isXml)
         return xmlFault(content);
-    const QByteArray beginning = content.read(signatureBytes);
-    if (isPicture && !beginsWithOneOf(beginning, pictureSignatures))
-        return QStringLiteral("no PNG, JPEG or GIF picture");
-    if (isArchive && !beginsWithOneOf(beginning, archiveSignatures))
+    if (isPicture)
+        return PictureFormat::ofFile(file) == PictureFormat::Kind::None
+            ? QStringLiteral("no PNG, JPEG or GIF picture")
+            : QString();
+    if (!isArchiveBeginning(content.read(archiveSignatureBytes)))
         return QStringLiteral("no ZIP archive");
     return {};
 }

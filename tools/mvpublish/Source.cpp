@@ -3,10 +3,11 @@
 #include "Editions.h"
 #include "FileNames.h"
 #include "Guids.h"
+#include "host/PictureFormat.h"
 #include "JsonFields.h"
 #include "Kinds.h"
 #include "Manifest.h"
-#include "PictureFormat.h"
+#include "PictureFault.h"
 #include "Placeholders.h"
 #include "PublishedNames.h"
 
@@ -94,9 +95,9 @@ void Source::findNonePictures()
             hasOwn ? own.filePath(name) : QStringLiteral(":/placeholders/none/") + name;
         if (hasOwn && !FileNames::isFileBelow(m_folder, file))
             m_faults.append(QStringLiteral("%1/%2: is missing").arg(noneFolder, name));
-        else if (hasOwn && !PictureFormat::fault(file).isEmpty())
+        else if (hasOwn && !PictureFault::of(file).isEmpty())
             m_faults.append(
-                QStringLiteral("%1/%2: %3").arg(noneFolder, name, PictureFormat::fault(file)));
+                QStringLiteral("%1/%2: %3").arg(noneFolder, name, PictureFault::of(file)));
         m_nonePictures.insert(name, file);
     }
 }
@@ -205,7 +206,8 @@ void Source::checkPreviews(const SourceItem& item)
             m_faults.append(QStringLiteral("%1: %2: a preview lies in the item's own folder")
                                 .arg(item.path, name));
         if (isThere && name == item.animation
-            && !PictureFormat::isGif(item.folder + QLatin1Char('/') + name))
+            && PictureFormat::ofFile(item.folder + QLatin1Char('/') + name)
+                != PictureFormat::Kind::Gif)
             m_faults.append(
                 QStringLiteral("%1: %2 is no GIF, as an animation has to be").arg(item.path, name));
         else if (isThere)
@@ -227,7 +229,7 @@ bool Source::checkFile(const SourceItem& item, const QString& folder, const QStr
 void Source::checkPicture(const SourceItem& item, const QString& folder, const QString& name)
 {
     const QString file = folder + QLatin1Char('/') + name;
-    const QString fault = PictureFormat::fault(file);
+    const QString fault = PictureFault::of(file);
     if (!fault.isEmpty())
         m_faults.append(QStringLiteral("%1: %2 %3").arg(item.path, name, fault));
     else if (Placeholders::isUntouched(file))

@@ -1,11 +1,9 @@
 #include "host/widgets/ThumbFrame.h"
 
-#include "host/widgets/ImageLimit.h"
+#include "host/widgets/PictureDecoder.h"
 
 #include <QDateTime>
-#include <QFile>
 #include <QFileInfo>
-#include <QImageReader>
 #include <QPainter>
 #include <QPixmapCache>
 
@@ -76,16 +74,10 @@ void ThumbFrame::decode(const QSize& pixels, qreal ratio)
     const QString key = cacheKey(m_path, pixels, ratio);
     if (QPixmapCache::find(key, &m_pixmap))
         return;
-    QFile file(m_path);
-    if (!file.open(QIODevice::ReadOnly) || !ImageLimit::admits(file))
-        return;
-    QImageReader reader(&file);
-    reader.setAutoTransform(true);
-    const QImage image = reader.read();
+    const QImage image = PictureDecoder::read(m_path, pixels);
     if (image.isNull())
         return;
-    m_pixmap =
-        QPixmap::fromImage(image.scaled(pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    m_pixmap = QPixmap::fromImage(image);
     m_pixmap.setDevicePixelRatio(ratio);
     QPixmapCache::insert(key, m_pixmap);
 }

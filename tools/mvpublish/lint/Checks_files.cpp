@@ -3,12 +3,12 @@
 #include "Archive.h"
 #include "catalogue/MVThemeMgr.h"
 #include "Guids.h"
+#include "host/PictureFormat.h"
 #include "Kinds.h"
 #include "lint/Checks.h"
 #include "lint/LintContext.h"
 #include "lint/NamedFiles.h"
 #include "lint/PictureChecks.h"
-#include "PictureFormat.h"
 
 using NamedFiles::NamedBy;
 

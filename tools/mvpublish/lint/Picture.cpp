@@ -1,5 +1,7 @@
 #include "lint/Picture.h"
 
+#include "host/PictureFormat.h"
+
 #include <QFile>
 #include <QImage>
 #include <QImageReader>
@@ -104,7 +106,9 @@ bool isCutJpeg(const QByteArray& content)
 /// Asks for the size before the pixels: a hostile picture could fill the memory.
 bool begin(QImageReader& reader, Verdict& verdict)
 {
-    reader.setDecideFormatFromContent(true);
+    const PictureFormat::Kind kind = PictureFormat::ofFile(reader.fileName());
+    reader.setAutoDetectImageFormat(false);
+    reader.setFormat(PictureFormat::decoderName(kind));
     const QSize size = reader.size();
     if (!reader.canRead() || !size.isValid()) {
         verdict.broken = reader.errorString();

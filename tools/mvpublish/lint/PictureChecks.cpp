@@ -1,14 +1,14 @@
 #include "lint/PictureChecks.h"
 
 #include "lint/LintContext.h"
-#include "PictureFormat.h"
+#include "PictureFault.h"
 #include "Placeholders.h"
 
 namespace PictureChecks {
 
 bool isPicture(LintContext& context, const QString& file, const QString& item)
 {
-    const QString fault = PictureFormat::fault(context.tree().absolute(file));
+    const QString fault = PictureFault::of(context.tree().absolute(file));
     // Several entries may name it.
     if (!fault.isEmpty() && context.isFirstLook(file + QStringLiteral("\nformat")))
         context.report("picture", file, 0, item, fault,
