@@ -32,7 +32,8 @@ public:
     void setItemData(const SCfg_Item* item);
     /// The GIF to play. Where there is no such file, the host's placeholder is taken:
     /// "testskin/Simple.gif" in TzResourceMgr::testOutputDir(). Above a screen scale of 1.25 the
-    /// animation is enlarged by that factor. An animation of more than PictureFormat::maxPixels counts as none.
+    /// animation is enlarged by that factor. An animation of more than PictureFormat::maxPixels
+    /// counts as none.
     void setMoviePath(QString path);
 
     /// Plays from the beginning; a file that is no animation leaves the thumbnail, and a log line.

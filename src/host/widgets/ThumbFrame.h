@@ -10,8 +10,8 @@
 ///
 /// The file is decoded when the frame is first painted, and once per size and screen scale after
 /// that: a hidden frame costs nothing, a repaint reads no file. An image that cannot be decoded,
-/// or has more than PictureFormat::maxPixels, leaves the frame empty and is not tried again at the same size.
-/// GUI thread only.
+/// or has more than PictureFormat::maxPixels, leaves the frame empty and is not tried again at the
+/// same size. GUI thread only.
 class MVHOSTUI_EXPORT ThumbFrame : public QFrame
 {
     Q_OBJECT
