@@ -4,10 +4,12 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
+#include <sys/time.h>
 #include <unistd.h>
 
 RawClient::RawClient(quint16 port)
@@ -17,6 +19,9 @@ RawClient::RawClient(quint16 port)
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     address.sin_port = htons(port);
+    const timeval longest = {20, 0};
+    ::setsockopt(m_socket, SOL_SOCKET, SO_RCVTIMEO, &longest, sizeof longest);
+    ::setsockopt(m_socket, SOL_SOCKET, SO_SNDTIMEO, &longest, sizeof longest);
     m_connected = ::connect(m_socket, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
 }
 
@@ -29,9 +34,7 @@ QByteArray RawClient::get(const QByteArray& target, const QByteArray& fields,
                           const QByteArray& method)
 {
     ask(method, target, "Connection: close\r\n" + fields);
-    QByteArray answer;
-    while (receive(answer)) { }
-    return answer;
+    return receiveAll();
 }
 
 QByteArray RawClient::begin(const QByteArray& target)
@@ -65,17 +68,33 @@ QByteArray RawClient::body(const QByteArray& answer)
 void RawClient::ask(const QByteArray& method, const QByteArray& target,
                     const QByteArray& fields) const
 {
-    const QByteArray request =
-        method + ' ' + target + " HTTP/1.1\r\nHost: 127.0.0.1\r\n" + fields + "\r\n";
-    const ssize_t sent =
-        ::send(m_socket, request.constData(), static_cast<size_t>(request.size()), MSG_NOSIGNAL);
-    Q_UNUSED(sent)
+    send(method + ' ' + target + " HTTP/1.1\r\nHost: 127.0.0.1\r\n" + fields + "\r\n");
+}
+
+bool RawClient::send(const QByteArray& bytes) const
+{
+    const auto size = static_cast<size_t>(bytes.size());
+    return ::send(m_socket, bytes.constData(), size, MSG_NOSIGNAL) == bytes.size();
 }
 
 bool RawClient::receive(QByteArray& answer) const
 {
-    std::array<char, 4096> part = {};
+    std::array<char, 65536> part = {};
     const ssize_t count = ::recv(m_socket, part.data(), part.size(), 0);
     answer.append(part.data(), static_cast<int>(std::max<ssize_t>(count, 0)));
     return count > 0;
+}
+
+QByteArray RawClient::receiveAll() const
+{
+    QByteArray answer;
+    while (receive(answer)) { }
+    return answer;
+}
+
+bool RawClient::isEnded() const
+{
+    char byte = 0;
+    const ssize_t count = ::recv(m_socket, &byte, 1, MSG_PEEK | MSG_DONTWAIT);
+    return count == 0 || (count < 0 && errno != EAGAIN && errno != EWOULDBLOCK && errno != EINTR);
 }

@@ -20,6 +20,15 @@ public:
     /// The beginning of the answer; the connection stays open.
     QByteArray begin(const QByteArray& target);
 
+    /// Sends bytes as they are. False: the connection has ended.
+    bool send(const QByteArray& bytes) const;
+    /// Waits for bytes and appends them. False: the connection has ended, or nothing came for 20 s.
+    bool receive(QByteArray& answer) const;
+    /// Everything until the server ends the connection.
+    QByteArray receiveAll() const;
+    /// Whether the server has ended the connection, and nothing it sent is left to receive.
+    bool isEnded() const;
+
     static int status(const QByteArray& answer);
     /// Value of a header field; empty if it is not there.
     static QByteArray field(const QByteArray& answer, const QByteArray& name);
@@ -27,7 +36,6 @@ public:
 
 private:
     void ask(const QByteArray& method, const QByteArray& target, const QByteArray& fields) const;
-    bool receive(QByteArray& answer) const;
 
     int m_socket;
     bool m_connected = false;

@@ -1,15 +1,21 @@
 #include "ConsoleProgram.h"
 #include "RawClient.h"
+#include "server/OpenFiles.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
 
 #include <QDir>
+#include <QFile>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <csignal>
 #include <memory>
+#include <vector>
 
 namespace {
+
+using Clients = std::vector<std::unique_ptr<RawClient>>;
 
 constexpr int longestMs = 20000;
 
@@ -42,6 +48,8 @@ private slots:
     void quietPrintsOneLine();
     void takesThePortItIsTold();
     void busyPortIsAFailure();
+    void servesBesideManyQuietClients();
+    void servesWithFewOpenFiles();
     void endsOnASignal_data();
     void endsOnASignal();
     void failsForWhatIsNoFolder_data();
@@ -52,6 +60,9 @@ private slots:
 
 private:
     void start(const QStringList& options = {});
+    void startWithOpenFiles(const char* limit);
+    void startProgram(const QString& program, const QStringList& arguments);
+    void connectClients(Clients& clients, int count, const QByteArray& bytes) const;
     QByteArray get(const QByteArray& target) const { return RawClient(m_port).get(target); }
 
     QString m_tree;
@@ -87,7 +98,19 @@ void TestMvserve::cleanup()
 /// Starts the server on the tree and reads its port from the line that it prints.
 void TestMvserve::start(const QStringList& options)
 {
-    m_process->start(text(MVSERVE_PROGRAM), QStringList{m_tree} + options);
+    startProgram(text(MVSERVE_PROGRAM), QStringList{m_tree} + options);
+}
+
+/// Starts the server under a limit of open files, given as options of the shell's ulimit.
+void TestMvserve::startWithOpenFiles(const char* limit)
+{
+    const QString command = text("ulimit %1 && exec \"$@\"").arg(text(limit));
+    startProgram(text("sh"), {text("-c"), command, text("sh"), text(MVSERVE_PROGRAM), m_tree});
+}
+
+void TestMvserve::startProgram(const QString& program, const QStringList& arguments)
+{
+    m_process->start(program, arguments);
     QTRY_VERIFY_WITH_TIMEOUT(m_process->canReadLine(), longestMs);
     m_firstLine = m_process->readLine();
     const QRegularExpression form(text("^serving (.*) at http://127\\.0\\.0\\.1:(\\d+)/\n$"));
@@ -96,6 +119,15 @@ void TestMvserve::start(const QStringList& options)
     QCOMPARE(match.captured(1), m_tree);
     m_port = match.captured(2).toUShort();
     QVERIFY(m_port != 0);
+}
+
+/// Adds clients that send some bytes and stay connected.
+void TestMvserve::connectClients(Clients& clients, int count, const QByteArray& bytes) const
+{
+    for (int i = 0; i < count; ++i) {
+        clients.push_back(std::make_unique<RawClient>(m_port));
+        QVERIFY(clients.back()->isConnected() && clients.back()->send(bytes));
+    }
 }
 
 void TestMvserve::servesFiles_data()
@@ -228,6 +260,39 @@ void TestMvserve::busyPortIsAFailure()
     QCOMPARE(outcome.out, QByteArray());
     QCOMPARE(outcome.status, 1);
     QCOMPARE(RawClient::status(get("/a.txt")), 200);
+}
+
+/// Others are served although none of the quiet clients is cut off, and few of these occupy a
+/// thread. The usual limit of open files is too low for them all: the server raises it.
+void TestMvserve::servesBesideManyQuietClients()
+{
+    constexpr int usualLimit = 1024;
+    OpenFiles::raiseLimit(2 * usualLimit);
+    QVERIFY(OpenFiles::limit() >= 2 * usualLimit);
+    QFile big(m_tree + text("/big.zip"));
+    QVERIFY(big.open(QIODevice::WriteOnly) && big.resize(32 * 1024 * 1024));
+    startWithOpenFiles("-S -n 1024");
+
+    Clients clients;
+    connectClients(clients, 1000, QByteArray());
+    connectClients(clients, 64, "GET /a.txt HTTP/1.1\r\nHost: ");
+    connectClients(clients, 64, "GET /big.zip HTTP/1.1\r\n\r\n");
+    for (int i = 0; i < 5; ++i)
+        QCOMPARE(RawClient::body(get("/a.txt")), QByteArray("content of a"));
+    const auto isEnded = [](const auto& client) { return client->isEnded(); };
+    QVERIFY(std::none_of(clients.begin(), clients.end(), isEnded));
+    QVERIFY(QDir(text("/proc/%1/task").arg(m_process->processId())).count() < 300);
+}
+
+/// Where the limit of open files cannot be raised, connections that are idle make room.
+void TestMvserve::servesWithFewOpenFiles()
+{
+    startWithOpenFiles("-n 100");
+    Clients clients;
+    connectClients(clients, 200, QByteArray());
+    QCOMPARE(RawClient::body(get("/a.txt")), QByteArray("content of a"));
+    QVERIFY(clients.front()->isEnded());
+    QVERIFY(!clients.back()->isEnded());
 }
 
 void TestMvserve::endsOnASignal_data()

@@ -1,5 +1,7 @@
 #include "server/ServeLoop.h"
 
+#include "server/OpenFiles.h"
+#include "server/ServerLimits.h"
 #include "server/TreeServer.h"
 
 #include <csignal>
@@ -33,6 +35,7 @@ bool run(const QString& folder, quint16 port, bool quiet, QString* error)
     // Before the server's threads start, which inherit it: none of them takes the signals.
     const sigset_t ends = endSignals();
     pthread_sigmask(SIG_BLOCK, &ends, nullptr);
+    OpenFiles::raiseLimit(ServerLimits().connections * OpenFiles::perConnection);
     TreeServer server;
     if (!quiet)
         server.setAccessLog(&print);

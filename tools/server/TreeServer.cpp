@@ -1,5 +1,7 @@
 #include "server/TreeServer.h"
 
+#include "server/HttpServer.h"
+#include "server/OpenFiles.h"
 #include "server/TreeFile.h"
 
 #include <QFile>
@@ -10,17 +12,7 @@
 
 #include <httplib.h>
 
-#include <sys/socket.h>
-
 namespace {
-
-/// httplib's own options let a second server bind the same port, and each would get a part of the
-/// requests.
-void keepPortToOneself(int socket)
-{
-    const int on = 1;
-    ::setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
-}
 
 QByteArray header(const httplib::Request& request, const char* name)
 {
@@ -65,13 +57,19 @@ void sendFile(const TreeFile& file, const httplib::Request& request, httplib::Re
     response.set_content_provider(
         static_cast<size_t>(file.size()), type,
         [opened = file.file()](size_t offset, size_t length, httplib::DataSink& sink) {
-            constexpr size_t piece = 1 << 18;
+            constexpr size_t piece = 1 << 16;
             if (!opened->seek(static_cast<qint64>(offset)))
                 return false;
             const QByteArray part = opened->read(static_cast<qint64>(std::min(length, piece)));
             return !part.isEmpty()
                 && sink.write(part.constData(), static_cast<size_t>(part.size()));
         });
+}
+
+void refuseMethod(httplib::Response& response)
+{
+    response.status = 405;
+    response.set_header("Allow", "GET, HEAD");
 }
 
 /// Addresses come from anyone: a line of the log stays one line, and says what it seems to say.
@@ -108,12 +106,44 @@ void answer(const QString& folder, const httplib::Request& request, httplib::Res
 class TreeServer::Private
 {
 public:
-    std::unique_ptr<httplib::Server> server; // null while stopped
+    std::unique_ptr<HttpServer> makeServer(const QString& folder) const;
+
+    std::unique_ptr<HttpServer> server; // null while stopped
     std::thread thread;
     AccessLog log;
+    ServerLimits limits;
     QString errorText;
     int port = 0;
 };
+
+std::unique_ptr<HttpServer> TreeServer::Private::makeServer(const QString& folder) const
+{
+    ServerLimits possible = limits;
+    possible.connections =
+        std::clamp(OpenFiles::limit() / OpenFiles::perConnection, 1, limits.connections);
+    auto made = std::make_unique<HttpServer>(possible);
+    // Before httplib's routing, which would read whole bodies, unpacked, into memory, and match
+    // paths by a recursive regular expression.
+    made->set_pre_routing_handler(
+        [root = QFileInfo(folder).absoluteFilePath()](const httplib::Request& request,
+                                                      httplib::Response& response) {
+            if (request.method == "GET" || request.method == "HEAD")
+                answer(root, request, response);
+            else
+                refuseMethod(response);
+            return httplib::Server::HandlerResponse::Handled;
+        });
+    if (!log)
+        return made;
+    made->set_logger(
+        [log = log](const httplib::Request& request, const httplib::Response& response) {
+            log(oneLine(QStringLiteral("%1 %2 %3")
+                            .arg(QString::fromStdString(request.method),
+                                 QString::fromStdString(request.path),
+                                 QString::number(response.status))));
+        });
+    return made;
+}
 
 TreeServer::TreeServer()
     : d(std::make_unique<Private>())
@@ -130,40 +160,28 @@ void TreeServer::setAccessLog(AccessLog log)
     d->log = std::move(log);
 }
 
+void TreeServer::setLimits(const ServerLimits& limits)
+{
+    d->limits = limits;
+}
+
 bool TreeServer::start(const QString& folder, quint16 port)
 {
     stop();
-    const QByteArray address = "127.0.0.1";
-    auto server = std::make_unique<httplib::Server>();
     if (!QFileInfo(folder).isDir()) {
         d->errorText = QStringLiteral("%1 is not a folder").arg(folder);
         return false;
     }
-    server->set_socket_options(&keepPortToOneself);
-    server->set_keep_alive_max_count(1000000);
-    server->set_keep_alive_timeout(1); // seconds; stop() waits that long for idle connections
-    server->Get(".*",
-                [root = QFileInfo(folder).absoluteFilePath()](const httplib::Request& request,
-                                                              httplib::Response& response) {
-                    answer(root, request, response);
-                });
-    if (d->log) {
-        server->set_logger(
-            [log = d->log](const httplib::Request& request, const httplib::Response& response) {
-                log(oneLine(QStringLiteral("%1 %2 %3")
-                                .arg(QString::fromStdString(request.method),
-                                     QString::fromStdString(request.path),
-                                     QString::number(response.status))));
-            });
+    auto server = d->makeServer(folder);
+    if (!server->is_valid()) {
+        d->errorText = QStringLiteral("the process may not open more files");
+        return false;
     }
-    const bool bound = port == 0 ? (d->port = server->bind_to_any_port(address.constData())) > 0
-                                 : server->bind_to_port(address.constData(), port);
-    if (!bound) {
+    d->port = server->bind(port);
+    if (d->port == 0) {
         d->errorText = QStringLiteral("port %1 of 127.0.0.1 is not free").arg(port);
         return false;
     }
-    if (port != 0)
-        d->port = port;
     d->server = std::move(server);
     d->thread = std::thread([listening = d->server.get()] { listening->listen_after_bind(); });
     // stop() has no effect before the server listens.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "server/ServerLimits.h"
+
 #include <QString>
 
 #include <functional>
@@ -12,6 +14,8 @@
 /// in an address count as one, so a server root may end in "/" or not. Nothing outside the folder
 /// is served, neither by ".." nor through a link. All calls on one thread, except that the access
 /// log is called on the server's threads.
+///
+/// Slow, stalled and idle clients do not hold up others: see ServerLimits.
 class TreeServer
 {
 public:
@@ -25,10 +29,13 @@ public:
     Q_DISABLE_COPY_MOVE(TreeServer)
 
     void setAccessLog(AccessLog log);
+    /// Sets the limits that apply from the next start(). Connections are also limited to half of
+    /// the file descriptors that the process may open.
+    void setLimits(const ServerLimits& limits);
 
     /// Starts to serve `folder` on 127.0.0.1; port 0 takes a free one. False: errorText() says why.
     bool start(const QString& folder, quint16 port = 0);
-    /// Ends open connections, idle ones within a second, and joins the threads.
+    /// Ends all connections at once, and joins the threads.
     void stop();
 
     QString errorText() const;

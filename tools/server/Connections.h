@@ -1,0 +1,72 @@
+#pragma once
+
+#include "server/ClientStream.h"
+#include "server/ServerLimits.h"
+#include "server/WorkerPool.h"
+
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <thread>
+#include <unordered_map>
+#include <utility>
+
+/// The open connections of a server. One thread watches all that are idle; a connection occupies a
+/// thread of the pool only from the first byte of a request to the end of its answer.
+class Connections
+{
+public:
+    /// Reads a request and answers it, on a thread of the pool. Returns whether the connection can
+    /// carry another request.
+    using Answer = std::function<bool(ClientStream& client)>;
+
+    Connections(const ServerLimits& limits, Answer answer);
+    /// Ends all connections at once and joins the threads.
+    ~Connections();
+    Q_DISABLE_COPY_MOVE(Connections)
+
+    /// Returns whether the system had the descriptors to watch connections; without them none is
+    /// served.
+    bool isValid() const;
+
+    /// Takes ownership of a connected socket. Closes it if there are too many connections and none
+    /// of them is idle. On any thread.
+    void add(int socket);
+
+private:
+    using Clock = ClientStream::Clock;
+    using Id = quint64;
+
+    enum class State {
+        Idle,    ///< watched, until a request begins
+        Waiting, ///< for a thread
+        Served,  ///< by a thread, which may use it without the mutex
+    };
+    struct Connection
+    {
+        std::unique_ptr<ClientStream> client;
+        Clock::time_point idleSince;
+        State state = State::Idle;
+    };
+
+    void watch();
+    void beginRequest(Id id);
+    void serve(Id id);
+    bool watchForRequest(const std::pair<const Id, Connection>& place, int operation) const;
+    Clock::time_point closeIdle(Clock::time_point now);
+    Clock::time_point makeWay(Clock::time_point now);
+    bool closeLongestIdle();
+
+    const ServerLimits m_limits;
+    const Answer m_answer;
+    const int m_events; // epoll descriptor
+    const int m_end;    // eventfd, written to end the watching thread
+    std::mutex m_mutex; // guards the next four
+    std::unordered_map<Id, Connection> m_connections;
+    Id m_lastId = 0;
+    int m_waiting = 0; // connections in these states
+    int m_served = 0;
+    bool m_isEnding = false;
+    WorkerPool m_workers; // joins its threads before the rest is destroyed
+    std::thread m_watcher;
+};
