@@ -178,10 +178,8 @@ void Source::checkFiles()
     for (const SourceItem& item : m_items) {
         checkPreviews(item);
         for (const QString& name : item.files) {
-            const QString folder = FileNames::packedFolder(item.folder + QLatin1Char('/') + name);
-            const bool isPacked = !QFileInfo::exists(item.folder + QLatin1Char('/') + name)
-                && FileNames::isFolderBelow(m_folder, folder);
-            if (isPacked && FileNames::fault(name).isEmpty())
+            const QString folder = folderToPack(item, name);
+            if (!folder.isEmpty())
                 checkPacked(item, folder);
             else if (checkFile(item, item.folder, name) && PictureFormat::isPictureName(name))
                 checkPicture(item, item.folder, name);
@@ -193,6 +191,17 @@ void Source::checkFiles()
         if (!item.definition.isEmpty())
             checkFile(item, item.folder, item.definition);
     }
+}
+
+/// The folder that is packed into the archive of that name; empty if there is none, or a file.
+QString Source::folderToPack(const SourceItem& item, const QString& name) const
+{
+    if (!FileNames::fault(name).isEmpty())
+        return QString(); // Qt warns of some names when it looks for them on disk
+    const QString file = item.folder + QLatin1Char('/') + name;
+    const QString folder = FileNames::packedFolder(file);
+    const bool isPacked = !QFileInfo::exists(file) && FileNames::isFolderBelow(m_folder, folder);
+    return isPacked ? folder : QString();
 }
 
 void Source::checkPreviews(const SourceItem& item)

@@ -44,6 +44,7 @@ private:
     void resolvePart(const SourceItem& item, SourceSlots& part,
                      const QHash<QString, const SourceItem*>& known);
     void checkFiles();
+    QString folderToPack(const SourceItem& item, const QString& name) const;
     bool checkFile(const SourceItem& item, const QString& folder, const QString& name);
     void checkPicture(const SourceItem& item, const QString& folder, const QString& name);
     void checkPreviews(const SourceItem& item);
