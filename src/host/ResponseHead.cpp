@@ -2,16 +2,43 @@
 
 #include <QList>
 
+#include <algorithm>
+
+namespace {
+
+/// The three digits of a status line; 0 if it has none.
+int statusOf(const QByteArray& line)
+{
+    constexpr int length = 3;
+    const QByteArray code = line.mid(line.indexOf(' ') + 1, length);
+    const bool isNumber = code.size() == length
+        && std::all_of(code.cbegin(), code.cend(), [](char c) { return c >= '0' && c <= '9'; });
+    return isNumber ? code.toInt() : 0;
+}
+
+/// A field's value may be sent back, so control characters become blanks (RFC 9110, 5.5).
+QByteArray plain(QByteArray value)
+{
+    constexpr char deleteCharacter = 0x7f;
+    const auto isControl = [](char c) {
+        return static_cast<unsigned char>(c) < ' ' || c == deleteCharacter;
+    };
+    std::replace_if(value.begin(), value.end(), isControl, ' ');
+    return value.trimmed();
+}
+
+} // namespace
+
 void ResponseHead::addLine(const QByteArray& line)
 {
     if (line.startsWith("HTTP/")) {
         *this = ResponseHead();
-        status = line.mid(line.indexOf(' ') + 1, 3).toInt();
+        status = statusOf(line);
         return;
     }
     const int colon = line.indexOf(':');
     if (colon > 0)
-        addField(line.left(colon).toLower(), line.mid(colon + 1).trimmed());
+        addField(line.left(colon).toLower(), plain(line.mid(colon + 1)));
 }
 
 void ResponseHead::addField(const QByteArray& name, const QByteArray& value)
