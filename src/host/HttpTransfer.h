@@ -104,11 +104,8 @@ private:
     };
 
     std::unique_ptr<CURLM, FreeMulti> m_multi; // owns the connections; outlives m_easy
-    std::unique_ptr<CURL, FreeEasy> m_easy;
+    std::unique_ptr<CURL, FreeEasy> m_easy;    // of the present or last request
     std::unique_ptr<curl_slist, FreeList> m_fields;
-    bool m_prepared = false; // for the proxy and the authorities that follow
-    QString m_proxy;
-    QString m_caFile;
     char m_curlError[CURL_ERROR_SIZE] = {};
 
     PartFile* m_file = nullptr; // the caller's, during perform()

@@ -91,6 +91,7 @@ private slots:
     void keepsTheConnectionAcross();
     void reconnectsWhenTheServerHasClosed();
     void nextDownloadAsksForNoRange();
+    void continuationLineBelongsToNoEarlierAnswer();
 
 private:
     const HostSettings m_settings = hostSettings();
@@ -255,6 +256,20 @@ void TestCurWrapperReuse::nextDownloadAsksForNoRange()
     QCOMPARE(download.run(server.url(QStringLiteral("/second"))), 0);
     QVERIFY(!server.requests().at(2).fields.contains("range"));
     QVERIFY(!server.requests().at(2).fields.contains("if-range"));
+    QCOMPARE(download.content(), QByteArray("good"));
+}
+
+/// With a handle that has served before, libcurl 7.88 continues a line of the former answer, whose
+/// memory it has freed.
+void TestCurWrapperReuse::continuationLineBelongsToNoEarlierAnswer()
+{
+    const QByteArray continued = "HTTP/1.1 200 OK\r\n Continued: " + QByteArray(3000, 'x')
+        + "\r\nContent-Length: 4\r\n\r\nevil";
+    FaultServer server(inTurn({answering(redirectTo("/there")), answeringAndClosing(continued),
+                               answering(HttpAnswer(200).body("good"))}));
+    Download download;
+    QCOMPARE(download.run(server.url(QStringLiteral("/first"))), 3);
+    QCOMPARE(download.run(server.url(QStringLiteral("/second"))), 0);
     QCOMPARE(download.content(), QByteArray("good"));
 }
 
