@@ -89,12 +89,12 @@ bool MVThemeMgr::resolve(SFileInfo& info, ECfgItemType k, EDirTag t, const QStri
         setFile(info, downloaded); // from where no download will fetch it
         return false;
     }
-    if (QFile::exists(downloaded)) {
+    if (PathGuard::isReallyInside(m_qsSaveRoot, downloaded)) {
         setFile(info, downloaded);
         return true;
     }
     const QString installed = candidate(eLoadDir_Local);
-    if (QFile::exists(installed)) {
+    if (PathGuard::isReallyInside(Path_resource_RootDir(eLoadDir_Local), installed)) {
         setFile(info, installed);
         return true;
     }

@@ -34,9 +34,12 @@ bool PathGuard::hasPlainName(const QString& path)
 
 bool PathGuard::isReallyInside(const QString& root, const QString& path)
 {
+    const QFileInfo file(path);
+    // For a missing file Qt may call the name itself canonical, as for one that is too long.
+    if (!file.exists())
+        return false;
     const QString realRoot = QFileInfo(root).canonicalFilePath();
-    return !realRoot.isEmpty()
-        && QFileInfo(path).canonicalFilePath().startsWith(realRoot + QLatin1Char('/'));
+    return !realRoot.isEmpty() && file.canonicalFilePath().startsWith(realRoot + QLatin1Char('/'));
 }
 
 bool PathGuard::isInside(const QString& root, const QString& path)

@@ -11,7 +11,7 @@ public:
 
     /// False for a name that leads elsewhere: a part of it is "..", or it holds a NUL.
     static bool hasPlainName(const QString& path);
-    /// True if the existing file `path` is below the existing folder `root`, all links followed.
+    /// True if `path` exists and is below the existing folder `root`, all links followed.
     static bool isReallyInside(const QString& root, const QString& path);
 
     /// True if creating, writing or deleting `path` can only touch what lies below `root`: the path

@@ -13,6 +13,10 @@ private slots:
     void init();
     void namesCreateNothingOutside_data();
     void namesCreateNothingOutside();
+    void linksOutOfTheTreesCountForNothing_data();
+    void linksOutOfTheTreesCountForNothing();
+    void linksWithinATreeCount();
+    void longNameIsMissingEveryTime();
     void tenThousandItems();
 
 private:
@@ -164,6 +168,60 @@ void tst_hostileNames::namesCreateNothingOutside()
             QVERIFY2(QDir::cleanPath(file->m_qsFile).startsWith(inside),
                      qPrintable(file->m_qsFile));
     }
+}
+
+void tst_hostileNames::linksOutOfTheTreesCountForNothing_data()
+{
+    QTest::addColumn<bool>("isInstalled");
+    QTest::newRow("download root") << false;
+    QTest::newRow("installed tree") << true;
+}
+
+/// Somebody may have put the links there in order that a file of the user is shown, or overwritten.
+void tst_hostileNames::linksOutOfTheTreesCountForNothing()
+{
+    QFETCH(bool, isInstalled);
+    const QString folder = isInstalled ? m_fixture.installedFile("display", "Themes", QString())
+                                       : m_fixture.downloaded("display", "Themes", QString());
+    const QString outside = m_fixture.base() + QStringLiteral("/outside");
+    Files::write(outside + QStringLiteral("/a.png"), "secret");
+    QVERIFY(QDir().mkpath(folder));
+    QVERIFY(QFile::link(outside, folder + QStringLiteral("/folder")));
+    QVERIFY(QFile::link(outside + QStringLiteral("/a.png"), folder + QStringLiteral("/file.png")));
+    for (const char* name : {"/file.png", "/folder/a.png"}) {
+        SCfg_Item theme;
+        theme.m_eType = eCfgItem_Theme;
+        theme.m_qsGUID = Files::guid(1);
+        theme.m_info_Gif.m_qsUrl = QString::fromLatin1(name);
+        QVERIFY2(!mgr().doItem_Info_Gif(theme), name);
+        QVERIFY(theme.m_info_Gif.m_qsFile.startsWith(m_fixture.root()));
+    }
+}
+
+void tst_hostileNames::linksWithinATreeCount()
+{
+    const QString folder = m_fixture.installedFile("display", "Themes", QString());
+    Files::write(folder + QStringLiteral("/a.gif"), "animation");
+    QVERIFY(QFile::link(folder + QStringLiteral("/a.gif"), folder + QStringLiteral("/link.gif")));
+    SCfg_Item theme;
+    theme.m_eType = eCfgItem_Theme;
+    theme.m_qsGUID = Files::guid(1);
+    theme.m_info_Gif.m_qsUrl = QStringLiteral("/link.gif");
+    QVERIFY(mgr().doItem_Info_Gif(theme));
+    QCOMPARE(QFileInfo(theme.m_info_Gif.m_qsFile).canonicalFilePath(),
+             QFileInfo(folder + QStringLiteral("/a.gif")).canonicalFilePath());
+}
+
+/// The first look makes the folders that can be made.
+void tst_hostileNames::longNameIsMissingEveryTime()
+{
+    SCfg_Item filter;
+    filter.m_eType = eCfgItem_Filter;
+    filter.m_qsGUID = Files::guid(1);
+    filter.m_vecResource.resize(1);
+    filter.m_vecResource[0].m_qsUrl = QString(300, QLatin1Char('x')) + QStringLiteral("/a.zip");
+    for (int look = 1; look <= 3; ++look)
+        QVERIFY2(!mgr().doItem_Info_DependRes(filter), qPrintable(QString::number(look)));
 }
 
 void tst_hostileNames::tenThousandItems()
