@@ -31,7 +31,11 @@ if(MV_SANITIZE)
         add_compile_options(-fno-sanitize-recover=all)
     endif()
     # GCC's sanitizer instrumentation hides facts that this warning needs.
-    add_compile_options(-Wno-maybe-uninitialized)
+    add_compile_options($<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
+endif()
+if(MV_FUZZ)
+    # The libraries, too, count what an input reaches.
+    add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
 
 # mv_add_library(NAME EXPORT_DEFINE INSTALL_FOLDER <dir> SOURCES ... HEADERS ...)

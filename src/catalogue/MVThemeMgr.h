@@ -191,7 +191,8 @@ public:
     /// @name Files of an item
     /// Each sets the local path of the item's files (the downloaded one if it exists, else the
     /// installed one, else where a download will put it) and returns whether they are on disk, or
-    /// there is nothing to fetch. All but the first create the folder of a missing file.
+    /// there is nothing to fetch. A file that links lead out of these two trees is missing. All but
+    /// the first create the folder of a missing file.
     /// @{
     bool doItem_Info_CfgXML(SCfg_Item& item);
     bool doItem_Info_Thumb(SCfg_Item& item);

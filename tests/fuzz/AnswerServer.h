@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+
+#include <mutex>
+#include <thread>
+
+/// A server on loopback that answers with bytes as they stand, whatever it is asked for: each
+/// connection with the next answer, and closes it. Behind the last answer it sends nothing.
+class AnswerServer
+{
+public:
+    AnswerServer();
+    ~AnswerServer();
+    Q_DISABLE_COPY_MOVE(AnswerServer)
+
+    int port() const { return m_port; }
+    void setAnswers(const QList<QByteArray>& answers);
+
+private:
+    void serve() const;
+    void answer(int connection) const;
+    QByteArray next() const;
+
+    int m_listener = -1;
+    int m_port = 0;
+    mutable std::mutex m_mutex; // guards m_answers
+    mutable QList<QByteArray> m_answers;
+    std::thread m_thread;
+};

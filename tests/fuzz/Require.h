@@ -1,0 +1,7 @@
+#pragma once
+
+#include <QString>
+
+/// Ends the process, with `property` and `details` on standard error, unless the property holds.
+/// The fuzzer then keeps the input. Describe what must hold: "a failure has a reason".
+void require(bool holds, const char* property, const QString& details = QString());
