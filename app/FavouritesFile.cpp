@@ -1,6 +1,7 @@
 #include "FavouritesFile.h"
 
 #include "catalogue/MVThemeMgr.h"
+#include "host/RegularFile.h"
 
 #include <QFile>
 #include <QJsonArray>
@@ -96,8 +97,9 @@ bool FavouritesFile::write(const QString& path)
 bool FavouritesFile::read(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return fail(tr("%1 cannot be read: %2").arg(path, file.errorString()));
+    QString reason;
+    if (!RegularFile::open(file, QIODevice::ReadOnly, &reason))
+        return fail(tr("%1 cannot be read: %2").arg(path, reason));
     const QJsonDocument document = QJsonDocument::fromJson(file.read(mostBytes));
     const QJsonValue list = document.object().value(listKey);
     if (document.object().value(formatKey).toInt() != format || !list.isArray())

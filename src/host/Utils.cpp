@@ -2,6 +2,7 @@
 
 #include "host/HostSettings.h"
 #include "host/PartFile.h"
+#include "host/RegularFile.h"
 #include "host/STransferFailure.h"
 
 #include <QCryptographicHash>
@@ -28,7 +29,7 @@ QString realFolder(const QString& path)
 QString Utils::getMD5(const QString& file)
 {
     QFile source(file);
-    if (file.isEmpty() || !source.open(QIODevice::ReadOnly))
+    if (file.isEmpty() || !RegularFile::open(source))
         return QString();
     QCryptographicHash hash(QCryptographicHash::Md5);
     QByteArray chunk(copyChunk, Qt::Uninitialized);

@@ -16,8 +16,8 @@ class MVHOST_EXPORT Utils
 public:
     Utils() = delete;
 
-    /// MD5 sum (RFC 1321) of the file as 32 lower-case hexadecimal digits; empty if it cannot be
-    /// read to its end.
+    /// MD5 sum (RFC 1321) of the file as 32 lower-case hexadecimal digits; empty if it is not a
+    /// regular file or cannot be read to its end.
     static QString getMD5(const QString& file);
 
     /// Copies `sourceFile` to `fileName` in the existing folder `targetDir`, replacing what is

@@ -11,6 +11,8 @@
 #include <atomic>
 #include <thread>
 
+#include <sys/stat.h>
+
 namespace {
 
 /// A file that can be opened, but not read.
@@ -97,6 +99,10 @@ void tst_Utils::hasNoSumOfWhatCannotBeRead_data()
     QTest::newRow("folder") << TestHome::path();
     QTest::newRow("no name") << QString();
     QTest::newRow("reading fails") << unreadable;
+    QTest::newRow("device without an end") << QStringLiteral("/dev/zero");
+    const QString pipe = TestHome::path() + QStringLiteral("/pipe");
+    QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), S_IRUSR | S_IWUSR), 0);
+    QTest::newRow("pipe that nobody writes") << pipe;
 }
 
 void tst_Utils::hasNoSumOfWhatCannotBeRead()

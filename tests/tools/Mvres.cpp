@@ -7,6 +7,12 @@
 
 namespace {
 
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+const QString limits = QStringLiteral("ulimit -t 30");
+#else
+const QString limits = QStringLiteral("ulimit -t 30; ulimit -v 1000000"); // seconds, KiB
+#endif
+
 int runs = 0;
 
 } // namespace
@@ -43,6 +49,17 @@ Outcome Mvres::run(const QStringList& own) const
 {
     QProcess process;
     start(process, own);
+    return ConsoleProgram::end(process);
+}
+
+Outcome Mvres::runLimited(const QStringList& own) const
+{
+    writeSettings();
+    QProcess process;
+    process.start(QStringLiteral("/bin/sh"),
+                  QStringList{QStringLiteral("-c"), limits + QStringLiteral("; exec \"$0\" \"$@\""),
+                              program()}
+                      + arguments(own));
     return ConsoleProgram::end(process);
 }
 

@@ -29,6 +29,9 @@ public:
     /// --settings, --root and these.
     QStringList arguments(const QStringList& own) const;
     Outcome run(const QStringList& own) const;
+    /// The same with a limit on processor time and, where no sanitizer needs it all, on memory: for
+    /// what could be read without an end.
+    Outcome runLimited(const QStringList& own) const;
     void start(QProcess& process, const QStringList& own) const;
 
     /// The files of the download tree, relative to the root.
