@@ -1,5 +1,6 @@
 #include "download/CheckFixture.h"
 #include "download/CheckLines.h"
+#include "host/HostSettings.h"
 #include "support/TestMain.h"
 
 #include <QDir>
@@ -22,6 +23,7 @@ private slots:
     void failedPreviewLeavesNothing();
     void nextRunFetchesWhatFailed();
     void unreachableServer();
+    void rootWithoutASlashNamesNoOtherHost();
     void folderIsMissingOrAFile();
     void namesThatLeadOutside_data();
     void namesThatLeadOutside();
@@ -142,6 +144,23 @@ void tst_CheckWorker_ThumbAndGif_faults::unreachableServer()
     QVERIFY(m_entries.contains(QStringLiteral("result 0 0 4 1 0")));
 }
 
+/// The folder's name would become the end of the host's. Behind a proxy every host can be asked
+/// for.
+void tst_CheckWorker_ThumbAndGif_faults::rootWithoutASlashNamesNoOtherHost()
+{
+    serveTwoThemes();
+    hostSettings().proxy = m_world.server().url(QString());
+    CheckWorld::setParam("url_themeRootDir", "http://files.example");
+    run();
+    QVERIFY(m_ok);
+    QVERIFY(m_entries.contains(QStringLiteral("result 0 0 4 1 0")));
+    QCOMPARE(m_world.targets(), QByteArrayList());
+
+    CheckWorld::setParam("url_themeRootDir", "http://files.example/");
+    run();
+    QCOMPARE(m_world.targets().value(0), QByteArray("http://files.example/display/Themes/t1.jpg"));
+}
+
 void tst_CheckWorker_ThumbAndGif_faults::folderIsMissingOrAFile()
 {
     serveTwoThemes();
@@ -159,18 +178,24 @@ void tst_CheckWorker_ThumbAndGif_faults::folderIsMissingOrAFile()
 void tst_CheckWorker_ThumbAndGif_faults::namesThatLeadOutside_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::newRow("up") << QStringLiteral("../../../../../../precious.txt");
-    QTest::newRow("up, absolute") << QStringLiteral("/../../../../../precious.txt");
-    QTest::newRow("up, encoded") << QStringLiteral("/%2e%2e/%2e%2e/../../%2E%2E/precious.txt");
-    QTest::newRow("up to a new folder") << QStringLiteral("../../../../../../new/file.jpg");
-    QTest::newRow("backslashes") << QStringLiteral("..\\..\\precious.txt");
-    QTest::newRow("just up") << QStringLiteral("..");
+    QTest::addColumn<int>("status");
+    const auto row = [](const char* title, const char* name) {
+        for (const int status : {200, 404})
+            QTest::addRow("%s, %d", title, status) << QString::fromLatin1(name) << status;
+    };
+    row("up", "../../../../../../precious.txt");
+    row("up, absolute", "/../../../../../precious.txt");
+    row("up, encoded", "/%2e%2e/%2e%2e/../../%2E%2E/precious.txt");
+    row("up to a new folder", "../../../../../../new/file.jpg");
+    row("backslashes", "..\\..\\precious.txt");
+    row("just up", "..");
 }
 
 /// Neither created nor written, and what is there is not removed.
 void tst_CheckWorker_ThumbAndGif_faults::namesThatLeadOutside()
 {
     QFETCH(QString, name);
+    QFETCH(int, status);
     const QString precious = m_world.base() + QStringLiteral("/precious.txt");
     Files::write(precious, "precious");
     MVThemeMgr* const manager = MVThemeMgr::init();
@@ -187,8 +212,8 @@ void tst_CheckWorker_ThumbAndGif_faults::namesThatLeadOutside()
             + Files::displayThemes(
                 {{QStringLiteral("others"), {{theme, QStringLiteral("t"), name, name, {}}}}})));
     const QStringList before = Files::filesBelow(m_world.base());
-    m_world.setFault([](HttpExchange& exchange, int) {
-        exchange.answer(HttpAnswer(200).body("hostile"));
+    m_world.setFault([status](HttpExchange& exchange, int) {
+        exchange.answer(HttpAnswer(status).body("hostile"));
         return true;
     });
     run();
