@@ -30,6 +30,8 @@ private slots:
     void foldersAreCreatedKindByKindConfigFirst();
     void rootIsTakenAsItStands();
     void rootThatCannotBeCreatedIsTakenAllTheSame();
+    void noFolderIsCreatedBehindALink_data();
+    void noFolderIsCreatedBehindALink();
     void settingAnotherRootMovesEveryPath();
 
     void typeNames_data();
@@ -291,6 +293,37 @@ void tst_MVThemeMgr_paths::rootThatCannotBeCreatedIsTakenAllTheSame()
     mgr().setResourceSaveRootPath(file + QStringLiteral("/below"));
     QCOMPARE(mgr().saveThemePath(), file + QStringLiteral("/below/Themes/config"));
     QCOMPARE(log.lines().size(), 1);
+}
+
+void tst_MVThemeMgr_paths::noFolderIsCreatedBehindALink_data()
+{
+    QTest::addColumn<QString>("link");
+    QTest::addColumn<QString>("other"); // a folder that is not behind it
+    const QString config = QStringLiteral("Themes/config/PQD/Download/Motions");
+    const QString display = QStringLiteral("Themes/display/PQD/Download/Motions");
+    const auto row = [](const char* link, const QString& other) {
+        QTest::newRow(link) << QString::fromLatin1(link) << other;
+    };
+    row("Themes", QStringLiteral("imgThumb"));
+    row("Themes/config", display);
+    row("Themes/display", config);
+    row("Themes/config/PQD", display);
+    row("Themes/display/PQD/Download", config);
+}
+
+void tst_MVThemeMgr_paths::noFolderIsCreatedBehindALink()
+{
+    QFETCH(QString, link);
+    QFETCH(QString, other);
+    const QString root = m_fixture.base() + QStringLiteral("/planted");
+    const QString outside = m_fixture.base() + QStringLiteral("/outside");
+    const QString path = root + QLatin1Char('/') + link;
+    QVERIFY(QDir().mkpath(outside) && QDir().mkpath(QFileInfo(path).path()));
+    QVERIFY(QFile::link(outside, path));
+    mgr().setResourceSaveRootPath(root);
+    QCOMPARE(CatalogueFixture::entriesBelow(outside), QStringList());
+    QVERIFY(QFileInfo(path).isSymLink());
+    QVERIFY(QFileInfo(root + QLatin1Char('/') + other).isDir());
 }
 
 void tst_MVThemeMgr_paths::settingAnotherRootMovesEveryPath()

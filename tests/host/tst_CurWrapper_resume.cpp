@@ -133,6 +133,12 @@ void TestCurWrapperResume::takesTheWholeAgain_data()
     QTest::newRow("another part") << rest(half + 1).field("Last-Modified",
                                                           httpDate(downloaded.addYears(-1)))
                                   << 2;
+    QTest::newRow("another part, the length as asked")
+        << HttpAnswer(206)
+               .field("Content-Range", "bytes 300-899/1000")
+               .field("Last-Modified", httpDate(downloaded.addYears(-1)))
+               .body(pattern(whole).mid(300, 600))
+        << 2;
     QTest::newRow("shorter than the beginning")
         << HttpAnswer(416).field("Content-Range", "bytes */100").body("gone") << 2;
     QTest::newRow("server without ranges") << wholeNewVersion() << 1;

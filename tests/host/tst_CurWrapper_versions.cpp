@@ -107,6 +107,12 @@ void TestCurWrapperVersions::neverMixesVersions_data()
                                           .field("ETag", tag)
                                           .field("Content-Range", contentRange(half + 1))
                                           .body(after.mid(1));
+    QTest::newRow("another start, the length as asked")
+        << byTag
+        << HttpAnswer(206)
+               .field("ETag", tag)
+               .field("Content-Range", contentRange(300, "1000", 899))
+               .body(oldVersion().mid(300, 600));
     QTest::newRow("from the beginning") << byTag
                                         << HttpAnswer(206)
                                                .field("ETag", tag)

@@ -25,6 +25,8 @@ QImage plainPicture(const QLabel& label, const QString& text)
     plain.setTextFormat(Qt::PlainText);
     plain.setAlignment(label.alignment());
     plain.setFont(label.font());
+    plain.setFrameStyle(label.frameStyle());
+    plain.setLineWidth(label.lineWidth());
     plain.setGeometry(label.geometry());
     plain.setText(text);
     return plain.grab().toImage();
@@ -45,6 +47,7 @@ private slots:
     void showsTheNameAsItStands();
     void aLongNameEndsInAnEllipsis();
     void aNameThatFitsIsWhole();
+    void aLongNameKeepsTheFrame();
     void tellsALongNameAsItStands_data();
     void tellsALongNameAsItStands();
     void aNameThatFitsHasNoToolTip();
@@ -110,6 +113,21 @@ void tst_nameLabel::aNameThatFitsIsWhole()
     QLabel* label = show(stage, longName, 700);
     QVERIFY(label->fontMetrics().horizontalAdvance(longName) < label->width());
     QCOMPARE(label->grab().toImage(), plainPicture(*label, longName));
+}
+
+/// A skin may draw one around the name.
+void tst_nameLabel::aLongNameKeepsTheFrame()
+{
+    Stage stage;
+    QLabel* label = show(stage, longName);
+    const QImage frameless = label->grab().toImage();
+    label->setFrameStyle(QFrame::Box | QFrame::Plain);
+    label->setLineWidth(2);
+    const QString shortened =
+        label->fontMetrics().elidedText(longName, Qt::ElideRight, label->contentsRect().width());
+    const QImage framed = label->grab().toImage();
+    QCOMPARE(framed, plainPicture(*label, shortened));
+    QVERIFY(framed.pixelColor(0, 0) != frameless.pixelColor(0, 0));
 }
 
 void tst_nameLabel::tellsALongNameAsItStands_data()
