@@ -17,6 +17,7 @@ private slots:
     void linksOutOfTheTreesCountForNothing();
     void linksWithinATreeCount();
     void longNameIsMissingEveryTime();
+    void aConfigBehindALinkIsNotRead();
     void tenThousandItems();
 
 private:
@@ -222,6 +223,33 @@ void tst_hostileNames::longNameIsMissingEveryTime()
     filter.m_vecResource[0].m_qsUrl = QString(300, QLatin1Char('x')) + QStringLiteral("/a.zip");
     for (int look = 1; look <= 3; ++look)
         QVERIFY2(!mgr().doItem_Info_DependRes(filter), qPrintable(QString::number(look)));
+    }
+}
+
+/// Also where nothing is installed, so that there is no second tree to look into.
+void tst_hostileNames::aConfigBehindALinkIsNotRead()
+{
+    QVERIFY(!QFileInfo::exists(mgr().Path_resource_RootDir(Mgr::eLoadDir_Local)));
+    const QString users = m_fixture.base() + QStringLiteral("/users.xml");
+    const QString link = m_fixture.downloaded("config", "Themes", QStringLiteral("t.xml"));
+    Files::write(users, Files::document("<Name>of the user</Name>"));
+    QVERIFY(QFile::link(users, link));
+    const QString guid = Files::guid(1);
+    Files::write(m_fixture.configXml(),
+                 Files::document(Files::cfgGroup(QStringLiteral("Theme"),
+                                                 {{guid, QStringLiteral("/Themes/t.xml"), {}}})));
+    Files::write(m_fixture.displayXml(),
+                 Files::document(Files::displayThemes(
+                     {{QStringLiteral("travel"), {{guid, QStringLiteral("Theme"), QString()}}}})));
+    mgr().load(true);
+    SCfg_Item* const theme = mgr().findItemByIDFromDisplay(eCfgItem_Theme, guid);
+    QVERIFY(theme);
+    QVERIFY(!mgr().ensureThemeParsed(*theme));
+    QVERIFY(!theme->parsedTheme());
+
+    QVERIFY(QFile::remove(link) && QFile::copy(users, link));
+    QVERIFY(mgr().ensureThemeParsed(*theme));
+    QCOMPARE(theme->parsedTheme()->m_qsName, QStringLiteral("of the user"));
 }
 
 void tst_hostileNames::tenThousandItems()

@@ -8,9 +8,9 @@
 namespace {
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-const QString limits = QStringLiteral("ulimit -t 30");
+const QString memoryLimit = QStringLiteral("ulimit -v unlimited");
 #else
-const QString limits = QStringLiteral("ulimit -t 30; ulimit -v 1000000"); // seconds, KiB
+const QString memoryLimit = QStringLiteral("ulimit -v 1000000"); // KiB
 #endif
 
 int runs = 0;
@@ -56,10 +56,9 @@ Outcome Mvres::runLimited(const QStringList& own) const
 {
     writeSettings();
     QProcess process;
+    const QString command = memoryLimit + QStringLiteral(" && exec timeout 40 \"$0\" \"$@\"");
     process.start(QStringLiteral("/bin/sh"),
-                  QStringList{QStringLiteral("-c"), limits + QStringLiteral("; exec \"$0\" \"$@\""),
-                              program()}
-                      + arguments(own));
+                  QStringList{QStringLiteral("-c"), command, program()} + arguments(own));
     return ConsoleProgram::end(process);
 }
 

@@ -29,8 +29,8 @@ public:
     /// --settings, --root and these.
     QStringList arguments(const QStringList& own) const;
     Outcome run(const QStringList& own) const;
-    /// The same with a limit on processor time and, where no sanitizer needs it all, on memory: for
-    /// what could be read without an end.
+    /// The same within 40 seconds and, where no sanitizer needs it all, a gigabyte of memory: for
+    /// what could be waited for or read without an end. Status 124: the time was over.
     Outcome runLimited(const QStringList& own) const;
     void start(QProcess& process, const QStringList& own) const;
 

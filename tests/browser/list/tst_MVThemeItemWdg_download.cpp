@@ -3,6 +3,7 @@
 #include "browser/MVThemeItemSubwdgt_Preview.h"
 #include "browser/MVThemeItemWdg.h"
 #include "catalogue/MVThemeMgr.h"
+#include "host/HostSettings.h"
 #include "support/HttpAnswer.h"
 #include "support/TestMain.h"
 
@@ -37,6 +38,8 @@ private slots:
     void stoppingWithoutADownload();
     void clearingStopsDownloads();
     void itemIsDownloadedByAnotherList();
+    void damagedConfig_data();
+    void damagedConfig();
 
 private:
     MVThemeItemWdg* cell(const char* name) const { return m_list->cell(QString::fromLatin1(name)); }
@@ -356,6 +359,32 @@ void tst_MVThemeItemWdg_download::itemIsDownloadedByAnotherList()
     QVERIFY(isMarked(other.cell(QStringLiteral("One"))));
     QCOMPARE(m_world->requests(configOf1), 1);
     QCOMPARE(m_world->requests(filesOf1), 1);
+}
+
+void tst_MVThemeItemWdg_download::damagedConfig_data()
+{
+    QTest::addColumn<bool>("isChecked");
+    QTest::newRow("content is checked") << true;
+    QTest::newRow("content is not checked") << false;
+}
+
+/// Where content is checked a click mends the item, otherwise it is used as it is.
+void tst_MVThemeItemWdg_download::damagedConfig()
+{
+    QFETCH(bool, isChecked);
+    BrowserWorld::setParam("hasMV", QStringLiteral("1"));
+    hostSettings().checkContent = isChecked;
+    const QString file =
+        m_world->root() + QStringLiteral("/Themes/config/PQD/Download/Themes/4.xml");
+    CatalogueFiles::write(file, "<html><br>");
+    const HostTrace trace;
+    ListWindow list(UIItem_Themes);
+    list.fill();
+    list.click(frameOf(list.cell(QStringLiteral("Ready"))));
+    QTRY_COMPARE(trace.count(QStringLiteral("clicked Ready")), 1);
+    QCOMPARE(trace.count(QStringLiteral("downloaded Ready")), int(isChecked));
+    QCOMPARE(m_world->requests(), int(isChecked));
+    QCOMPARE(CatalogueFiles::read(file) == "<html><br>", !isChecked);
 }
 
 MV_WIDGET_TEST_MAIN(tst_MVThemeItemWdg_download)
