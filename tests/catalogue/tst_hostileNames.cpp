@@ -223,7 +223,6 @@ void tst_hostileNames::longNameIsMissingEveryTime()
     filter.m_vecResource[0].m_qsUrl = QString(300, QLatin1Char('x')) + QStringLiteral("/a.zip");
     for (int look = 1; look <= 3; ++look)
         QVERIFY2(!mgr().doItem_Info_DependRes(filter), qPrintable(QString::number(look)));
-    }
 }
 
 /// Also where nothing is installed, so that there is no second tree to look into.
