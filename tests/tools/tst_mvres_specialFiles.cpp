@@ -126,12 +126,12 @@ void TestMvresSpecialFiles::themeConfigs_data()
     QTest::newRow("file of the user") << up + text("BASE/user.xml") << QString() << missing;
     QTest::newRow("file of the user, encoded")
         << text("/%2e%2e").repeated(40) + text("BASE/user.xml") << QString() << missing;
-    QTest::newRow("link to a device") << text("/Themes/t.xml") << text("/dev/zero") << unknown;
-    QTest::newRow("link to a pipe") << text("/Themes/t.xml") << text("BASE/pipe") << unknown;
+    QTest::newRow("link to a device") << text("/Themes/t.xml") << text("/dev/zero") << missing;
+    QTest::newRow("link to a pipe") << text("/Themes/t.xml") << text("BASE/pipe") << missing;
     QTest::newRow("link to a file of the user")
-        << text("/Themes/t.xml") << text("BASE/user.xml") << unknown;
+        << text("/Themes/t.xml") << text("BASE/user.xml") << missing;
     QTest::newRow("in a linked folder")
-        << text("/Themes/t.xml/user.xml") << text("BASE") << unknown;
+        << text("/Themes/t.xml/user.xml") << text("BASE") << missing;
     QTest::newRow("pipe in the tree") << text("/Themes/t.xml") << text("pipe") << unknown;
 }
 
