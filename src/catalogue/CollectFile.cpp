@@ -12,7 +12,9 @@
 #include <QJsonDocument>
 
 #include <algorithm>
+#include <cerrno>
 #include <chrono>
+#include <cstring>
 
 namespace {
 
@@ -25,6 +27,22 @@ constexpr int leftoverAgeSeconds = 3600;
 STransferFailure failed(EFailureCause cause, const QString& path, const QString& reason)
 {
     return {cause, QString(), path, QStringLiteral("%1: %2").arg(path, reason)};
+}
+
+STransferFailure notLocked(const QString& path, int error)
+{
+    const QString reason = QString::fromLocal8Bit(std::strerror(error));
+    switch (error) {
+    case ENOSPC:
+    case EDQUOT:
+        return failed(eFailure_DiskFull, path, reason);
+    case EMFILE:
+    case ENFILE:
+    case EIO:
+        return failed(eFailure_LocalFile, path, reason);
+    default:
+        return failed(eFailure_NoPermission, path, QStringLiteral("its folder cannot be written"));
+    }
 }
 
 bool parse(const QByteArray& bytes, QJsonDocument& document)
@@ -86,7 +104,7 @@ STransferFailure CollectFile::save(const QString& path, QJsonObject& marks)
     if (locked == FileLock::Result::Busy)
         return failed(eFailure_LocalFile, path, QStringLiteral("another program is writing it"));
     if (locked == FileLock::Result::CannotCreate)
-        return failed(eFailure_NoPermission, path, QStringLiteral("its folder cannot be written"));
+        return notLocked(path, lock.error());
     removeLeftovers(path);
     OnDisk disk;
     STransferFailure failure = readDisk(path, disk);

@@ -1,31 +1,81 @@
 #include "host/FileLock.h"
 
 #include <QDeadlineTimer>
+#include <QFile>
 
-FileLock::FileLock(const QString& path)
-    : m_file(path)
+#include <cerrno>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+/// False once the file has been removed, also if another one has its name by now.
+bool hasName(int handle, const char* name)
 {
-    m_file.setStaleLockTime(0);
+    struct stat opened = {};
+    struct stat named = {};
+    return ::fstat(handle, &opened) == 0 && ::lstat(name, &named) == 0
+        && opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
 }
 
-/// QLockFile doubles its pauses up to seconds when it waits by itself, which starves those that
-/// came early.
+} // namespace
+
+FileLock::FileLock(const QString& path)
+    : m_name(QFile::encodeName(path))
+{
+}
+
+FileLock::~FileLock()
+{
+    if (!isLocked())
+        return;
+    ::unlink(m_name.constData()); // before the release: afterwards it may be the next holder's
+    ::close(m_handle);
+}
+
+/// The kernel could wait by itself, but cannot be cancelled then.
 FileLock::Result FileLock::lock(std::chrono::milliseconds longest, const CancelToken& cancel)
 {
     constexpr std::chrono::milliseconds pause(20);
     const QDeadlineTimer deadline(longest);
-    while (!m_file.tryLock(0)) {
-        if (m_file.error() != QLockFile::LockFailedError)
-            return Result::CannotCreate;
+    Result result = tryLock();
+    while (result == Result::Busy) {
         if (deadline.hasExpired())
             return Result::Busy;
         if (cancel.waitFor(pause))
             return Result::Cancelled;
+        result = tryLock();
     }
-    return Result::Locked;
+    return result;
 }
 
 FileLock::Result FileLock::lock(const CancelToken& cancel)
 {
     return lock(std::chrono::milliseconds::max(), cancel);
+}
+
+FileLock::Result FileLock::tryLock()
+{
+    constexpr mode_t newFileMode = 0666; // less the umask
+    while (!isLocked()) {
+        const int handle =
+            ::open(m_name.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, newFileMode);
+        if (handle < 0) {
+            m_error = errno;
+            return Result::CannotCreate;
+        }
+        if (::flock(handle, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+            ::close(handle);
+            return Result::Busy;
+        }
+        // Its last holder may have removed it between the two calls.
+        if (hasName(handle, m_name.constData()))
+            m_handle = handle;
+        else
+            ::close(handle);
+    }
+    return Result::Locked;
 }

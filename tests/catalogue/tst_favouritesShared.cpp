@@ -33,6 +33,8 @@ private slots:
     void fileThatCannotBeReadIsNotReplaced_data();
     void fileThatCannotBeReadIsNotReplaced();
     void lockOfADeadProcessIsBroken();
+    void lockFileWithoutAnOwnerBarsNobody_data();
+    void lockFileWithoutAnOwnerBarsNobody();
     void lockOfALivingProcessIsRespected();
     void failedSaveIsMadeUpFor();
     void leftoversOfEarlierVersionsAreRemoved();
@@ -234,6 +236,30 @@ void tst_favouritesShared::lockOfADeadProcessIsBroken()
     mgr().saveThemeCollect();
     QVERIFY(onDisk().contains(Files::guid(1)));
     QVERIFY(!QFile::exists(file() + QStringLiteral(".lock")));
+}
+
+void tst_favouritesShared::lockFileWithoutAnOwnerBarsNobody_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::newRow("killed before it was written") << QByteArray();
+    QTest::newRow("killed while it was written") << QByteArray("12");
+    // As if the number of a dead process had been given to another one.
+    QTest::newRow("number of a living process")
+        << QByteArray::number(QCoreApplication::applicationPid()) + '\n'
+            + QCoreApplication::applicationName().toUtf8() + '\n'
+            + QSysInfo::machineHostName().toUtf8() + '\n';
+}
+
+void tst_favouritesShared::lockFileWithoutAnOwnerBarsNobody()
+{
+    QFETCH(QByteArray, content);
+    const QString lock = file() + QStringLiteral(".lock");
+    Files::write(lock, content);
+    mark(1);
+    QString error;
+    QVERIFY2(mgr().saveFavourites(&error), qPrintable(error));
+    QVERIFY(onDisk().contains(Files::guid(1)));
+    QVERIFY(!QFile::exists(lock));
 }
 
 void tst_favouritesShared::lockOfALivingProcessIsRespected()

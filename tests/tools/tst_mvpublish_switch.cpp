@@ -1,4 +1,3 @@
-#include "FolderLock.h"
 #include "FolderSwitch.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
@@ -6,10 +5,6 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
-
-#include <array>
-#include <atomic>
-#include <thread>
 
 #include <sys/stat.h>
 
@@ -41,7 +36,6 @@ private slots:
     void oldFolderIsPutBackWhereThereIsNone();
     void oldFolderGoesWhereTheNewOneIsInPlace();
     void placeBelongsToOneAtATime();
-    void locksExcludeEachOtherWhileTheirFileComesAndGoes();
     void folderTakesTheModeOfThePlace();
     void changedFileOfTheSameLengthIsLater_data();
     void changedFileOfTheSameLengthIsLater();
@@ -131,35 +125,6 @@ void TestMvpublishSwitch::placeBelongsToOneAtATime()
     }
     QVERIFY2(second.begin(), qPrintable(second.errorText()));
     QCOMPARE(CatalogueFiles::read(place() + text("/a.txt")), QByteArray("first"));
-}
-
-/// Whoever releases a lock removes its file, which another may have opened just before.
-void TestMvpublishSwitch::locksExcludeEachOtherWhileTheirFileComesAndGoes()
-{
-    constexpr int rounds = 5000;
-    std::atomic<int> owners{0};
-    std::atomic<int> taken{0};
-    std::atomic<bool> isShared{false};
-    const auto work = [&] {
-        for (int i = 0; i < rounds; ++i) {
-            FolderLock lock(m_folder + text("/.lock"));
-            if (lock.take() != FolderLock::Result::Taken)
-                continue;
-            ++taken;
-            if (++owners > 1)
-                isShared = true;
-            std::this_thread::yield();
-            --owners;
-        }
-    };
-    std::array<std::thread, 4> threads;
-    for (std::thread& thread : threads)
-        thread = std::thread(work);
-    for (std::thread& thread : threads)
-        thread.join();
-    QVERIFY(!isShared);
-    QVERIFY(taken > 0);
-    QCOMPARE(entries(), QStringList());
 }
 
 void TestMvpublishSwitch::folderTakesTheModeOfThePlace()

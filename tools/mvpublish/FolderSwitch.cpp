@@ -8,6 +8,7 @@
 #include <QFileInfo>
 
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <cstring>
 
@@ -17,9 +18,14 @@
 
 namespace {
 
+QString textOf(int error)
+{
+    return QString::fromLocal8Bit(std::strerror(error));
+}
+
 QString systemError()
 {
-    return QString::fromLocal8Bit(std::strerror(errno));
+    return textOf(errno);
 }
 
 bool sameBytes(const QString& a, const QString& b)
@@ -136,14 +142,14 @@ QString FolderSwitch::beside(const QString& suffix) const
 
 bool FolderSwitch::lock()
 {
-    if (m_lock.isTaken())
+    if (m_lock.isLocked())
         return true;
-    const FolderLock::Result result = m_lock.take();
-    if (result == FolderLock::Result::Held)
+    const FileLock::Result result = m_lock.lock(std::chrono::milliseconds::zero());
+    if (result == FileLock::Result::Busy)
         return fail(QStringLiteral("%1 is being written by another run").arg(m_target));
-    if (result == FolderLock::Result::Failed)
-        return fail(
-            QStringLiteral("nothing can be written beside %1: %2").arg(m_target, systemError()));
+    if (result != FileLock::Result::Locked)
+        return fail(QStringLiteral("nothing can be written beside %1: %2")
+                        .arg(m_target, textOf(m_lock.error())));
     return putBack()
         || fail(QStringLiteral("%1 cannot be put back: %2").arg(oldFolder(), systemError()));
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FolderLock.h"
+#include "host/FileLock.h"
 
 #include <QString>
 
@@ -51,7 +51,7 @@ private:
 
     QString m_target;
     QString m_folder;
-    FolderLock m_lock;
+    FileLock m_lock;
     QString m_error;
     bool m_canExchange = true;
     bool m_begun = false;
