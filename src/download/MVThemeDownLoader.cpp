@@ -110,8 +110,8 @@ void MVThemeDownLoader::run()
     LogL("MVThemeDownLoader", 1, "MVThemeDownLoader::run() end!");
 }
 
-/// Whether the theme's own config has to be fetched: it is missing, or damaged where the host wants
-/// content checked.
+/// Whether the theme's own config has to be fetched: it is missing or, where the host wants content
+/// checked, cannot be read or parsed.
 bool MVThemeDownLoader::needsConfig()
 {
     MVThemeMgr* const manager = MVThemeMgr::init();
@@ -119,9 +119,9 @@ bool MVThemeDownLoader::needsConfig()
         return false;
     if (!manager->doItem_Info_CfgXML(*m_pItem))
         return true;
-    m_bConfigDamaged = hostSettings().checkContent && !manager->ensureThemeParsed(*m_pItem)
+    m_bReplacesConfig = hostSettings().checkContent && !manager->ensureThemeParsed(*m_pItem)
         && manager->isDownloadPath(FileRecord(m_pItem->m_info_CfgXML).file());
-    return m_bConfigDamaged;
+    return m_bReplacesConfig;
 }
 
 MVThemeDownLoader::Step MVThemeDownLoader::end(EMVThemeDownLoadError result)
@@ -196,7 +196,7 @@ MVThemeDownLoader::Step MVThemeDownLoader::transferThemeConfig(SFileInfo& info)
     if (stopIfCancelled(pointBeforeConfig))
         return Step::Ended;
 
-    if (QFile::exists(file) && !m_bConfigDamaged) {
+    if (QFile::exists(file) && !m_bReplacesConfig) {
         doProgress(firstPhase); // another download has brought it meanwhile
     } else {
         m_CurWrapper.setDownloadProgressCallback(&downloadProgressCallback, this);
@@ -207,8 +207,12 @@ MVThemeDownLoader::Step MVThemeDownLoader::transferThemeConfig(SFileInfo& info)
                  "download template is error!(theme cfg xml),m_strUrl = %s, m_strFile = %s, "
                  "m_CurWrapper.result() = %d",
                  urlText.constData(), fileText.constData(), result);
+            // What was there may be whole, and have been unreadable for a moment only.
+            if (m_bReplacesConfig && MVThemeMgr::init()->ensureThemeParsed(*m_pItem))
+                return Step::Continue;
             noteFailure(m_CurWrapper.failure());
-            QFile::remove(file);
+            if (!m_bReplacesConfig)
+                QFile::remove(file);
             return end(result == eTransfer_Network ? eDownLoadError_Internet
                                                    : eDownLoadError_Unknown);
         }

@@ -118,6 +118,6 @@ private:
     STransferFailure m_failure;
     EMVThemeDownLoadError m_eEnd = eDownLoadError_None;
     mutable QMutex m_mutexCurrent;     // guards m_strUrl, m_strFile, m_failure, m_eEnd
-    bool m_bConfigDamaged = false;     // the config file is there but is to be replaced
+    bool m_bReplacesConfig = false;    // the config file is there but cannot be used
     std::atomic<bool> m_bEnded{false}; // the end signal of this download has been sent
 };

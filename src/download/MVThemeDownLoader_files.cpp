@@ -7,6 +7,7 @@
 #include "download/FileRecord.h"
 #include "host/AppOptions.h"
 #include "host/CoreContext.h"
+#include "host/HostSettings.h"
 #include "host/LogL.h"
 #include "host/VString.h"
 
@@ -67,7 +68,12 @@ MVThemeDownLoader::Step MVThemeDownLoader::fetchFiles(bool& anyFailed)
 {
     m_vecFiles.clear();
     m_nIndex = -1;
-    MVThemeMgr::init()->ensureThemeParsed(*m_pItem);
+    if (!MVThemeMgr::init()->ensureThemeParsed(*m_pItem) && hostSettings().checkContent) {
+        const QString file = FileRecord(m_pItem->m_info_CfgXML).file();
+        noteFailure({eFailure_Damaged, QString(), file,
+                     QStringLiteral("%1 cannot be read as a theme's config").arg(file)});
+        anyFailed = true;
+    }
     if (!MVThemeMgr::init()->listNeededFiles(m_pItem, m_vecFiles)) {
         noteFailure({eFailure_Damaged, QString(), QString(),
                      QStringLiteral("%1 needs more than %2 files")

@@ -12,7 +12,6 @@
 
 namespace {
 
-constexpr int archiveSignatureBytes = 4;
 /// Of a file with entries, and of an empty one.
 const char* const archiveSignatures[] = {"PK\x03\x04", "PK\x05\x06"};
 
@@ -44,11 +43,21 @@ QByteArray withoutProlog(QByteArray text)
 QString xmlFault(QFile& file)
 {
     QXmlStreamReader reader(&file);
-    while (!reader.atEnd())
+    // Where reading fails, the end never comes.
+    while (!reader.atEnd() && !reader.hasError())
         reader.readNext();
     return reader.hasError() ? QStringLiteral("no well-formed XML (line %1: %2)")
                                    .arg(QString::number(reader.lineNumber()), reader.errorString())
                              : QString();
+}
+
+QString signatureFault(const QByteArray& beginning, bool isPicture)
+{
+    if (isPicture)
+        return PictureFormat::ofContent(beginning) == PictureFormat::Kind::None
+            ? QStringLiteral("no PNG, JPEG or GIF picture")
+            : QString();
+    return isArchiveBeginning(beginning) ? QString() : QStringLiteral("no ZIP archive");
 }
 
 } // namespace
@@ -71,7 +80,7 @@ bool ContentCheck::isPageName(const QString& name)
         || suffix == QLatin1String("xhtml");
 }
 
-QString ContentCheck::fault(const QString& file, const QString& name)
+QString ContentCheck::fault(const QString& file, const QString& name, bool* isUnreadable)
 {
     const QString suffix = QFileInfo(name).suffix().toLower();
     const bool isPicture = PictureFormat::isPictureName(name);
@@ -80,15 +89,15 @@ QString ContentCheck::fault(const QString& file, const QString& name)
     if (!isPicture && !isXml && !isArchive)
         return {};
     QFile content(file);
+    QString fault;
     if (!content.open(QIODevice::ReadOnly))
-        return QStringLiteral("it cannot be read: %1").arg(content.errorString());
-    if (isXml)
-        return xmlFault(content);
-    if (isPicture)
-        return PictureFormat::ofFile(file) == PictureFormat::Kind::None
-            ? QStringLiteral("no PNG, JPEG or GIF picture")
-            : QString();
-    if (!isArchiveBeginning(content.read(archiveSignatureBytes)))
-        return QStringLiteral("no ZIP archive");
-    return {};
+        fault = content.errorString();
+    else if (isXml)
+        fault = xmlFault(content);
+    else
+        fault = signatureFault(content.read(PictureFormat::signatureBytes), isPicture);
+    const bool hasFailed = content.error() != QFileDevice::NoError;
+    if (isUnreadable)
+        *isUnreadable = hasFailed;
+    return hasFailed ? QStringLiteral("it cannot be read: %1").arg(content.errorString()) : fault;
 }

@@ -23,6 +23,7 @@ public:
     /// Why the content of `file` cannot be what the suffix of `name` promises; empty if it can be,
     /// and for suffixes that promise nothing. XML must be well-formed; .png, .jpg, .jpeg and .gif
     /// must be one of these formats, as clients choose the decoder by content; .zip must begin as
-    /// an archive.
-    static QString fault(const QString& file, const QString& name);
+    /// an archive. `isUnreadable`, unless null, is set to whether the file cannot be read, in which
+    /// case that is why.
+    static QString fault(const QString& file, const QString& name, bool* isUnreadable = nullptr);
 };

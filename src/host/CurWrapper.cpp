@@ -153,9 +153,12 @@ ETransferResult CurWrapper::Private::fetch()
                     QStringLiteral("a web page came instead of the file, as from a network that "
                                    "asks for a login"));
     }
+    bool isUnreadable = false;
     const QString fault = hostSettings().checkContent
-        ? ContentCheck::fault(m_file.temporaryPath(), m_target)
+        ? ContentCheck::fault(m_file.temporaryPath(), m_target, &isUnreadable)
         : QString();
+    if (isUnreadable)
+        return fail(eTransfer_LocalFile, eFailure_LocalFile, fault);
     if (!fault.isEmpty())
         return fail(eTransfer_NotPublished, eFailure_Damaged,
                     QStringLiteral("the content is not plausible: %1").arg(fault));

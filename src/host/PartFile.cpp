@@ -91,6 +91,14 @@ void flushFolder(const QString& folder)
     ::close(handle);
 }
 
+/// Whether the system took all bytes: file systems that write late, such as NFS, tell of a failure
+/// only when a handle is closed. It is a second handle, since the first one keeps the lock.
+bool tookAllBytes(int handle)
+{
+    const int second = ::fcntl(handle, F_DUPFD_CLOEXEC, 0);
+    return second >= 0 && ::close(second) == 0;
+}
+
 /// False once somebody has removed the name of the open file.
 bool stillHasName(int handle)
 {
@@ -177,7 +185,8 @@ bool PartFile::restart()
 
 bool PartFile::commit(Flush flush)
 {
-    if (flush == Flush::Yes && ::fsync(m_handle) != 0)
+    const bool isStored = flush == Flush::Yes ? ::fsync(m_handle) == 0 : tookAllBytes(m_handle);
+    if (!isStored)
         return failWith(errno);
     const QByteArray to = QFile::encodeName(m_target);
     // The POSIX rename replaces the target in one step; QFile::rename refuses to.

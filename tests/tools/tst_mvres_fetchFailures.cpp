@@ -40,6 +40,8 @@ private slots:
     void goesOnAfterAFailure_data();
     void goesOnAfterAFailure();
     void fetchesWhatIsMissingTheNextTime();
+    void configThatCannotBeParsedIsNoSuccess_data();
+    void configThatCannotBeParsedIsNoSuccess();
     void jsonTellsTheResult();
 
 private:
@@ -199,6 +201,34 @@ void TestMvresFetchFailures::fetchesWhatIsMissingTheNextTime()
     QCOMPARE(outcome.err, QByteArray());
     QCOMPARE(outcome.status, 0);
     QCOMPARE(repaired.requestCount(), 1);
+}
+
+void TestMvresFetchFailures::configThatCannotBeParsedIsNoSuccess_data()
+{
+    QTest::addColumn<bool>("isInstalled");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("downloaded, but not on the server any more")
+        << false << 36 << text("the file is not on the server");
+    QTest::newRow("came with the application") << true << 40 << text("cannot be read as a theme's");
+}
+
+/// What else the theme needs is in that file, which stays: it may only be unreadable for a while.
+void TestMvresFetchFailures::configThatCannotBeParsedIsNoSuccess()
+{
+    QFETCH(bool, isInstalled);
+    QFETCH(int, status);
+    QFETCH(QString, message);
+    const QString config = isInstalled ? m_mvres.installed() + text("/Resource/Themes/none.xml")
+                                       : m_mvres.downloadedFile(text("/Themes/none.xml"));
+    CatalogueFiles::write(config, "<T>");
+    const Outcome outcome = m_mvres.run(fetch({NoConfig}));
+    QCOMPARE(outcome.status, status);
+    QVERIFY2(outcome.err.contains(message.toUtf8()), outcome.err.constData());
+    QCOMPARE(CatalogueFiles::read(config), QByteArray("<T>"));
+
+    CatalogueFiles::write(config, SmallCatalogue::themeConfig({}));
+    QCOMPARE(m_mvres.run(fetch({NoConfig})).status, 0);
 }
 
 void TestMvresFetchFailures::jsonTellsTheResult()

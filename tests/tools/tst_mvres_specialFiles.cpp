@@ -120,7 +120,7 @@ void TestMvresSpecialFiles::themeConfigs_data()
     QTest::addColumn<QString>("link");   // in the download tree: what it points to, or "pipe"
     QTest::addColumn<QString>("state");
     const QString missing = text("1 missing"); // the config
-    const QString unknown = text("ready");     // there, but it says nothing
+    const QString unknown = missing;           // there, but it says nothing
     QTest::newRow("device") << up + text("/dev/zero") << QString() << missing;
     QTest::newRow("pipe") << up + text("BASE/pipe") << QString() << missing;
     QTest::newRow("file of the user") << up + text("BASE/user.xml") << QString() << missing;

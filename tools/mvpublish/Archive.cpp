@@ -1,7 +1,9 @@
 #include "Archive.h"
 
-#include <QDir>
-#include <QDirIterator>
+#include "FolderContent.h"
+
+#include <QFile>
+#include <QFileInfo>
 #include <QStringList>
 
 #include <array>
@@ -31,16 +33,17 @@ QString openError(int code)
     return text;
 }
 
-QStringList filesBelow(const QString& folder)
+bool filesBelow(const QString& folder, QStringList& files, QString* error)
 {
-    QStringList files;
-    const QDir root(folder);
-    QDirIterator it(folder, QDir::Files | QDir::NoSymLinks | QDir::Hidden,
-                    QDirIterator::Subdirectories);
-    while (it.hasNext())
-        files.append(root.relativeFilePath(it.next()));
-    files.sort();
-    return files;
+    QStringList paths;
+    if (!FolderContent::paths(folder, paths, error))
+        return false;
+    for (const QString& path : qAsConst(paths)) {
+        const QFileInfo entry(folder + QLatin1Char('/') + path);
+        if (entry.isFile() && !entry.isSymLink())
+            files.append(path);
+    }
+    return true;
 }
 
 bool add(zip_t* archive, const QString& file, const QString& name)
@@ -80,7 +83,9 @@ bool canUnpack(zip_t* archive, zip_uint64_t index)
 
 bool pack(const QString& folder, const QString& target, QString* error)
 {
-    const QStringList files = filesBelow(folder);
+    QStringList files;
+    if (!filesBelow(folder, files, error))
+        return false;
     if (files.isEmpty()) {
         *error = QStringLiteral("%1 holds no files").arg(folder);
         return false;
@@ -92,7 +97,7 @@ bool pack(const QString& folder, const QString& target, QString* error)
         return false;
     }
     bool ok = true;
-    for (const QString& file : files)
+    for (const QString& file : qAsConst(files))
         ok = ok && add(archive.get(), folder + QLatin1Char('/') + file, file);
     if (ok && zip_close(archive.get()) == 0) {
         Q_UNUSED(archive.release()) // closing has freed it

@@ -29,12 +29,7 @@ QString placeFault(const QString& folder, const FolderSwitch& place, bool instal
         return QString();
     if (!QDir(folder).exists(Editions::catalogueFolder))
         return QStringLiteral("%1 is there and holds no tree").arg(folder) + treeAside(place);
-    const QString foreign = ReplacedTree::foreignEntry(folder, installed);
-    if (foreign.isEmpty())
-        return QString();
-    return QStringLiteral("%1 holds %2, which is no part of %3")
-        .arg(folder, foreign,
-             installed ? QStringLiteral("an installation") : QStringLiteral("a server's tree"));
+    return ReplacedTree::fault(folder, installed);
 }
 
 bool contains(const QString& outer, const QString& inner)

@@ -1,5 +1,6 @@
 #include "FolderSwitch.h"
 
+#include "FolderContent.h"
 #include "host/Utils.h"
 
 #include <QDateTime>
@@ -159,9 +160,9 @@ bool FolderSwitch::isFree() const
     const QFileInfo place(m_target);
     if (!place.exists())
         return !place.isSymLink();
-    return place.isDir()
-        && QDir(m_target).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::System
-                                  | QDir::NoDotAndDotDot);
+    QStringList names;
+    QString error;
+    return place.isDir() && FolderContent::names(m_target, names, &error) && names.isEmpty();
 }
 
 /// A run that was killed between its two renames has left nothing in the place. Since then a server

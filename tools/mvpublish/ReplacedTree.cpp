@@ -1,9 +1,9 @@
 #include "ReplacedTree.h"
 
 #include "Editions.h"
+#include "FolderContent.h"
 #include "Kinds.h"
 
-#include <QDir>
 #include <QFile>
 #include <QSet>
 #include <QUrl>
@@ -20,7 +20,7 @@ QSet<QString> sharedNames(const QString& folder)
     if (!file.open(QIODevice::ReadOnly))
         return names;
     QXmlStreamReader reader(&file);
-    while (!reader.atEnd()) {
+    while (!reader.atEnd() && !reader.hasError()) { // where reading fails, the end never comes
         if (reader.readNext() != QXmlStreamReader::StartElement
             || reader.name() != QLatin1String("Url"))
             continue;
@@ -42,16 +42,21 @@ QSet<QString> namesOfInstallation(const QString& folder)
 
 } // namespace
 
-QString ReplacedTree::foreignEntry(const QString& folder, bool installed)
+QString ReplacedTree::fault(const QString& folder, bool installed)
 {
     QSet<QString> names =
         installed ? namesOfInstallation(folder) : QSet<QString>{QStringLiteral("config")};
     names += {Editions::catalogueFolder, QStringLiteral("display")};
-    const QStringList entries = QDir(folder).entryList(QDir::AllEntries | QDir::Hidden
-                                                       | QDir::System | QDir::NoDotAndDotDot);
-    for (const QString& entry : entries) {
+    QStringList entries;
+    QString error;
+    if (!FolderContent::names(folder, entries, &error))
+        return error;
+    for (const QString& entry : qAsConst(entries)) {
         if (!names.contains(entry))
-            return entry;
+            return QStringLiteral("%1 holds %2, which is no part of %3")
+                .arg(folder, entry,
+                     installed ? QStringLiteral("an installation")
+                               : QStringLiteral("a server's tree"));
     }
     return QString();
 }

@@ -2,6 +2,7 @@
 
 #include "Editions.h"
 #include "FileNames.h"
+#include "FolderContent.h"
 #include "Guids.h"
 #include "host/PictureFormat.h"
 #include "JsonFields.h"
@@ -12,7 +13,6 @@
 #include "PublishedNames.h"
 
 #include <QDir>
-#include <QDirIterator>
 #include <QRegularExpression>
 #include <QSet>
 
@@ -117,10 +117,15 @@ void Source::findItems(const QString& relative)
         m_items.push_back(std::move(item));
         return;
     }
-    const QStringList names =
-        folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks);
-    for (const QString& name : names) {
-        if (!relative.isEmpty() || !isSpecialFolder(name))
+    QStringList names;
+    QString error;
+    if (!FolderContent::names(folder.path(), names, &error))
+        m_faults.append(error);
+    for (const QString& name : qAsConst(names)) {
+        const QFileInfo entry(folder.filePath(name));
+        const bool isSearched = entry.isDir() && !entry.isSymLink() && !entry.isHidden()
+            && (!relative.isEmpty() || !isSpecialFolder(name));
+        if (isSearched)
             findItems(relative.isEmpty() ? name : relative + QLatin1Char('/') + name);
     }
 }
@@ -249,11 +254,12 @@ void Source::checkPicture(const SourceItem& item, const QString& folder, const Q
 /// Archives hold files only; nothing else is left out in silence.
 void Source::checkPacked(const SourceItem& item, const QString& folder)
 {
-    QDirIterator it(folder, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
-                    QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        it.next();
-        const QFileInfo entry = it.fileInfo();
+    QStringList paths;
+    QString error;
+    if (!FolderContent::paths(folder, paths, &error))
+        m_faults.append(QStringLiteral("%1: %2").arg(item.path, error));
+    for (const QString& path : qAsConst(paths)) {
+        const QFileInfo entry(folder + QLatin1Char('/') + path);
         if (entry.isSymLink() || !(entry.isFile() || entry.isDir()))
             m_faults.append(
                 QStringLiteral("%1: %2 is neither a file nor a folder, so it cannot be packed")

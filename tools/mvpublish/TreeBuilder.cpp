@@ -20,6 +20,14 @@ constexpr QFileDevice::Permissions served = QFileDevice::ReadOwner | QFileDevice
 constexpr QFileDevice::Permissions entered =
     served | QFileDevice::ExeOwner | QFileDevice::ExeGroup | QFileDevice::ExeOther;
 
+/// Closes a file that was written. False, with an error text, also where the file system tells only
+/// then that it could not store everything.
+bool close(QFile& file)
+{
+    file.close();
+    return file.error() == QFileDevice::NoError;
+}
+
 /// The folder of a file or folder of the tree; empty for the tree itself.
 QString parentOf(const QString& name)
 {
@@ -179,7 +187,8 @@ bool TreeBuilder::write(const QString& name, const QByteArray& content)
         return false;
     QFile file(m_folder + QLatin1Char('/') + name);
     const bool ok = file.open(QIODevice::WriteOnly | QIODevice::NewOnly)
-        && file.write(content) == content.size() && file.flush() && file.setPermissions(served);
+        && file.write(content) == content.size() && file.flush() && file.setPermissions(served)
+        && close(file);
     m_bytes += content.size();
     return ok || fail(QStringLiteral("%1: %2").arg(file.fileName(), file.errorString()));
 }
@@ -212,8 +221,8 @@ bool TreeBuilder::copy(const QString& from, const QString& name)
         read += part.size();
         ok = file.write(part) == part.size();
     }
-    m_bytes += file.size();
-    return (ok && file.flush())
+    m_bytes += size;
+    return (ok && file.flush() && close(file))
         || fail(QStringLiteral("%1: %2").arg(file.fileName(), file.errorString()));
 }
 

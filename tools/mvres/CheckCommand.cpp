@@ -157,13 +157,22 @@ QString CheckCommand::errorText() const
     }
 }
 
+/// The reason for people: what they can do something about comes first.
+QString CheckCommand::catalogueReason() const
+{
+    if (m_check.m_eEnd != eCatalogueCheck_NotStored)
+        return m_check.m_qsReason;
+    return QStringLiteral("catalogue: %1: %2")
+        .arg(STransferFailure::causeText(m_check.m_eCause), m_check.m_qsReason);
+}
+
 int CheckCommand::report() const
 {
     if (m_json)
         Console::print(QJsonDocument(toJson()));
     else
         print();
-    for (const QString& reason : {m_check.m_qsReason, m_previews.m_qsReason}) {
+    for (const QString& reason : {catalogueReason(), m_previews.m_qsReason}) {
         if (!reason.isEmpty())
             Console::note(reason);
     }

@@ -29,6 +29,7 @@ private:
     bool havePreviewsFailed() const;
     int status() const;
     QString errorText() const;
+    QString catalogueReason() const;
     int report() const;
     void print() const;
     QJsonObject toJson() const;

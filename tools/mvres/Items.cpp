@@ -1,6 +1,7 @@
 #include "Items.h"
 
 #include "catalogue/MVThemeMgr.h"
+#include "host/HostSettings.h"
 
 #include <QSet>
 #include <QUuid>
@@ -120,10 +121,12 @@ QString nameOf(const SCfg_Item& item)
 
 int missingFiles(SCfg_Item& item)
 {
-    MVThemeMgr::init()->ensureThemeParsed(item);
+    QSet<QString> files;
+    // What else is missing is not known before the config has been fetched anew.
+    if (!MVThemeMgr::init()->ensureThemeParsed(item) && hostSettings().checkContent)
+        files.insert(item.m_info_CfgXML.m_qsFile);
     QVector<SFileInfo*> missing;
     MVThemeMgr::init()->getNeedDownLoadFiles(&item, missing);
-    QSet<QString> files;
     for (const SFileInfo* info : qAsConst(missing))
         files.insert(info->m_qsFile);
     return files.size();

@@ -110,7 +110,7 @@ bool Checks::isReadable(LintContext& context, const QString& file, const QString
     QFile in(path);
     const bool open = in.open(QIODevice::ReadOnly);
     QXmlStreamReader reader(&in);
-    while (open && !reader.atEnd())
+    while (open && !reader.atEnd() && !reader.hasError())
         reader.readNext();
     const bool malformed = !open || reader.hasError();
     context.report(
