@@ -1,0 +1,32 @@
+#pragma once
+
+#include "MvresScenario.h"
+#include "server/TreeServer.h"
+
+/// `mvres check` against a server that has another catalogue than the client, and more previews.
+class CheckScenario : public MvresScenario
+{
+public:
+    enum class Before {
+        Installed,  ///< only the catalogue that came with the application
+        Downloaded, ///< one that an earlier check brought
+    };
+    explicit CheckScenario(Before before);
+
+    QString prepare() override;
+    QStringList temporaryPlaces() const override { return {QStringLiteral("appdata")}; }
+    bool isSuccess(int status) const override;
+    QString brokenPromise(const States& states, const FaultyOutcome& outcome) const override;
+    bool isTold(const FaultyOutcome& outcome) const override;
+    QString wrongCause(const Fault& fault, const FaultyOutcome& outcome) const override;
+
+protected:
+    QStringList command() const override { return {QStringLiteral("check")}; }
+
+private:
+    void publish(const QVector<int>& filters, bool withTheme) const;
+
+    Before m_before;
+    QString m_tree;
+    TreeServer m_server;
+};

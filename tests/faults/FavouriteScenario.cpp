@@ -1,0 +1,32 @@
+#include "FavouriteScenario.h"
+
+#include "tools/SmallCatalogue.h"
+
+namespace {
+
+enum Item { Look = 1, Paper, Film };
+
+QStringList favourite(Item item)
+{
+    return {QStringLiteral("favourite"), CatalogueFiles::guid(item)};
+}
+
+} // namespace
+
+QString FavouriteScenario::prepare()
+{
+    SmallCatalogue catalogue;
+    catalogue.addFilter(Look, QStringLiteral("Look"), QString());
+    catalogue.addFilter(Paper, QStringLiteral("Paper"), QString());
+    catalogue.addTheme(Film, QStringLiteral("Film"), QString());
+    catalogue.writeTo(mvres().installed());
+    if (m_before == Favourites::None)
+        return run({QStringLiteral("--version")}); // writes the settings, too
+    const QString trouble = run(favourite(Look));
+    return trouble.isEmpty() ? run(favourite(Film)) : trouble;
+}
+
+QStringList FavouriteScenario::command() const
+{
+    return favourite(Paper);
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "host/STransferFailure.h"
+#include "Scenario.h"
+#include "tools/Mvres.h"
+
+/// A command of `mvres`, whose world is the base folder of the Mvres.
+class MvresScenario : public Scenario
+{
+public:
+    MvresScenario()
+        : MvresScenario(Mvres())
+    {
+    }
+
+    QString program() const override { return Mvres::program(); }
+    QStringList arguments() const override { return m_mvres.arguments(command()); }
+    QStringList places() const override;
+    /// The library makes folders wherever it looks for files, and goes on without them.
+    bool needsFolders() const override { return false; }
+
+protected:
+    /// The command and its operands.
+    virtual QStringList command() const = 0;
+
+    /// Runs `mvres` undisturbed. Empty, or what went wrong.
+    QString run(const QStringList& command, int expectedStatus = 0) const;
+    Mvres& mvres() { return m_mvres; }
+
+    /// Favourites files are alike if they mark the same items.
+    bool isAlike(const WorldState& a, const WorldState& b, const QString& path) const override;
+    /// What a failure has to be told as that hit the storing of a file in one of `storage`,
+    /// relative to the world; eFailure_None where nothing particular can be expected.
+    EFailureCause causeToTell(const Fault& fault, const CountedOperation& hit,
+                              const QStringList& storage) const;
+
+private:
+    explicit MvresScenario(const Mvres& mvres)
+        : Scenario(mvres.base())
+        , m_mvres(mvres)
+    {
+    }
+
+    Mvres m_mvres;
+};

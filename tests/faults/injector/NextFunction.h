@@ -1,0 +1,31 @@
+#pragma once
+
+#include <atomic>
+
+#include <dlfcn.h>
+
+/// The C library's function behind one of these, found when it is first called.
+template <class Function>
+class NextFunction
+{
+public:
+    explicit constexpr NextFunction(const char* name)
+        : m_name(name)
+    {
+    }
+
+    template <class... Arguments>
+    auto operator()(Arguments... arguments)
+    {
+        Function* function = m_function;
+        if (!function) {
+            function = reinterpret_cast<Function*>(::dlsym(RTLD_NEXT, m_name));
+            m_function = function;
+        }
+        return function(arguments...);
+    }
+
+private:
+    const char* m_name;
+    std::atomic<Function*> m_function{nullptr};
+};
