@@ -47,6 +47,7 @@ function(mv_add_library name export_define)
     target_compile_definitions(${name} PRIVATE ${export_define})
     target_link_libraries(${name} PUBLIC ${ARG_LIBRARIES}
                           PRIVATE $<BUILD_INTERFACE:mv_options> ${ARG_PRIVATE_LIBRARIES})
+    mv_precompile(${name})
     if(NOT MV_SANITIZE) # a sanitizer's own symbols come with the program
         target_link_options(${name} PRIVATE -Wl,--no-undefined)
     endif()

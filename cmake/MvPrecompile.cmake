@@ -1,0 +1,71 @@
+# Precompiled headers: what most sources include of Qt and of the standard library, compiled once for
+# each set of Qt libraries, since those change what the headers declare. None of the project's own
+# headers is among them, so that changing one compiles what includes it and nothing else.
+#
+# They save time and must not hide a missing include: script/lint compiles every source without them.
+# CMAKE_DISABLE_PRECOMPILE_HEADERS=ON turns them off.
+
+set(MV_HEADERS_CORE
+    <QByteArray> <QCoreApplication> <QDateTime> <QDir> <QDirIterator> <QFile> <QFileInfo>
+    <QJsonArray> <QJsonDocument> <QJsonObject> <QMap> <QMutexLocker> <QRegularExpression> <QSet>
+    <QStringList> <QThread> <QUrl> <QUuid> <QVector>
+    <algorithm> <array> <atomic> <chrono> <functional> <memory> <mutex>)
+set(MV_HEADERS_WIDGETS
+    <QApplication> <QImage> <QLabel> <QListView> <QMovie> <QPainter> <QPushButton> <QStandardItemModel>
+    <QToolButton>)
+set(MV_HEADERS_TEST <QElapsedTimer> <QProcess> <QSignalSpy> <QTemporaryDir> <QTest>)
+
+# Puts into MODULES which of Qt's Widgets, Gui and Test the target is compiled with.
+function(mv_qt_modules target modules)
+    set(found)
+    set(seen)
+    get_target_property(waiting ${target} LINK_LIBRARIES)
+    while(waiting)
+        list(POP_FRONT waiting library)
+        if(library IN_LIST seen OR NOT TARGET ${library})
+            continue()
+        endif()
+        list(APPEND seen ${library})
+        if(library MATCHES "^Qt5::(Widgets|Gui|Test)$")
+            list(APPEND found ${CMAKE_MATCH_1})
+        endif()
+        get_target_property(further ${library} INTERFACE_LINK_LIBRARIES)
+        if(further)
+            list(APPEND waiting ${further})
+        endif()
+    endwhile()
+    set(${modules} ${found} PARENT_SCOPE)
+endfunction()
+
+# Compiles the target with the precompiled headers of its Qt libraries; call it when they are linked.
+function(mv_precompile target)
+    mv_qt_modules(${target} modules)
+    set(name mv_precompiled)
+    set(headers ${MV_HEADERS_CORE})
+    set(libraries Qt5::Core)
+    if("Widgets" IN_LIST modules)
+        string(APPEND name _widgets)
+        list(APPEND headers ${MV_HEADERS_WIDGETS})
+        list(APPEND libraries Qt5::Widgets)
+    elseif("Gui" IN_LIST modules AND "Test" IN_LIST modules) # Qt Test has more where there is Gui
+        string(APPEND name _gui)
+        list(APPEND libraries Qt5::Gui)
+    endif()
+    if("Test" IN_LIST modules)
+        string(APPEND name _test)
+        list(APPEND headers ${MV_HEADERS_TEST})
+        list(APPEND libraries Qt5::Test)
+    endif()
+    if(NOT TARGET ${name})
+        file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/${name}.cpp CONTENT "")
+        add_library(${name} OBJECT EXCLUDE_FROM_ALL ${CMAKE_BINARY_DIR}/${name}.cpp)
+        set_target_properties(${name} PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF)
+        target_link_libraries(${name} PRIVATE mv_options ${libraries})
+        target_precompile_headers(${name} PRIVATE ${headers})
+    endif()
+    target_precompile_headers(${target} REUSE_FROM ${name})
+    # The sources that AUTOMOC writes are small: they compile faster without.
+    get_target_property(folder ${target} BINARY_DIR)
+    set_source_files_properties(${folder}/${target}_autogen/mocs_compilation.cpp PROPERTIES
+        SKIP_PRECOMPILE_HEADERS ON)
+endfunction()
