@@ -9,6 +9,8 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_AUTOMOC ON)
 set(CMAKE_AUTORCC ON)
 set(CMAKE_AUTOUIC ON)
+# Nothing that moc, rcc and uic read is made by another target, so they wait for none.
+set(CMAKE_AUTOGEN_ORIGIN_DEPENDS OFF)
 # One place for what is loaded at run time, so that a program runs from the build tree as it stands.
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
