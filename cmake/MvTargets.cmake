@@ -27,7 +27,8 @@ target_compile_definitions(mv_options INTERFACE
     QT_DEPRECATED_WARNINGS QT_STRICT_ITERATORS)
 
 if(MV_SANITIZE)
-    add_compile_options(-fsanitize=${MV_SANITIZE} -fno-omit-frame-pointer -O1)
+    # Reports need the lines of code and nothing of the variables, which take most of the time to compile.
+    add_compile_options(-fsanitize=${MV_SANITIZE} -fno-omit-frame-pointer -Og -g1)
     add_link_options(-fsanitize=${MV_SANITIZE})
     if(MV_SANITIZE MATCHES "undefined")
         add_compile_options(-fno-sanitize-recover=all)
