@@ -1,7 +1,7 @@
 #include "CheckStatus.h"
 
-#include "BackgroundCheck.h"
 #include "catalogue/MVThemeMgr.h"
+#include "download/CatalogueUpdate.h"
 
 #include <QDateTime>
 #include <QEvent>
@@ -11,7 +11,7 @@
 #include <QLocale>
 #include <QProgressBar>
 
-CheckStatus::CheckStatus(const BackgroundCheck& check, QWidget* parent)
+CheckStatus::CheckStatus(const CatalogueUpdate& check, QWidget* parent)
     : QWidget(parent)
     , m_check(check)
     , m_label(new QLabel(this))
@@ -27,7 +27,8 @@ CheckStatus::CheckStatus(const BackgroundCheck& check, QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_busy);
     layout->addWidget(m_label);
-    connect(&check, &BackgroundCheck::changed, this, &CheckStatus::refresh);
+    connect(&check, &CatalogueUpdate::phaseChanged, this, &CheckStatus::refresh);
+    connect(&check, &CatalogueUpdate::progressed, this, &CheckStatus::showProgress);
     refresh();
 }
 
@@ -38,28 +39,37 @@ QString CheckStatus::text() const
 
 void CheckStatus::refresh()
 {
-    const bool busy = m_check.phase() != BackgroundCheck::Phase::Idle;
-    m_busy->setVisible(busy);
+    m_busy->setVisible(m_check.isRunning());
+    m_busy->setRange(0, 0);
     QString text;
-    if (m_check.phase() == BackgroundCheck::Phase::Catalogue)
+    if (m_check.phase() == CatalogueUpdate::Phase::Catalogue)
         text = tr("Checking for new resources…");
-    else if (m_check.phase() == BackgroundCheck::Phase::Previews)
+    else if (m_check.phase() == CatalogueUpdate::Phase::Previews)
         text = tr("%1. Fetching previews…").arg(outcome());
     else if (m_check.isRefused())
         text = tr("Start the program again to check again");
     else if (m_check.hasResult())
         text = outcome();
     m_label->setText(text);
-    const QString reasons = m_check.hasResult() ? details() : QString();
+    const QString reasons = details();
     m_label->setToolTip(reasons);
     m_label->setAccessibleDescription(reasons);
     m_busy->setAccessibleName(text);
 }
 
+void CheckStatus::showProgress(const SUpdateProgress& progress)
+{
+    if (m_check.phase() != CatalogueUpdate::Phase::Previews)
+        return; // two or three small files are not worth a number
+    m_busy->setRange(0, progress.m_nFiles);
+    m_busy->setValue(progress.m_nFilesDone);
+}
+
 QString CheckStatus::outcome() const
 {
-    const QString cause = STransferFailure::causeText(m_check.result().m_eCause);
-    switch (m_check.result().m_eEnd) {
+    const SCatalogueCheckResult& check = m_check.result().m_check;
+    const QString cause = STransferFailure::causeText(check.m_eCause);
+    switch (check.m_eEnd) {
     case eCatalogueCheck_Changed:
         return tr("Catalogue updated") + previewsText();
     case eCatalogueCheck_Current:
@@ -81,7 +91,7 @@ QString CheckStatus::outcome() const
 
 QString CheckStatus::previewsText() const
 {
-    const SPreviewRunResult& previews = m_check.previews();
+    const SPreviewRunResult& previews = m_check.result().m_previews;
     QString text;
     if (previews.m_nFetched > 0)
         text += tr(", %n preview(s) fetched", nullptr, previews.m_nFetched);
@@ -96,8 +106,9 @@ QString CheckStatus::previewsText() const
 QString CheckStatus::details() const
 {
     constexpr int maxLines = 10;
-    QStringList lines{m_check.result().m_qsReason, m_check.previews().m_qsReason};
-    for (const STransferFailure& failure : m_check.previews().m_vecFailures)
+    const SPreviewRunResult& previews = m_check.result().m_previews;
+    QStringList lines{m_check.result().m_check.m_qsReason, previews.m_qsReason};
+    for (const STransferFailure& failure : previews.m_vecFailures)
         lines.append(failure.m_qsDetails);
     lines.removeAll(QString());
     return lines.mid(0, maxLines).join(QLatin1Char('\n'));

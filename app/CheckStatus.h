@@ -2,9 +2,10 @@
 
 #include <QWidget>
 
-class BackgroundCheck;
+class CatalogueUpdate;
 class QLabel;
 class QProgressBar;
+struct SUpdateProgress;
 
 /// Says in the status bar what the background check does, and how the last one ended.
 class CheckStatus : public QWidget
@@ -13,7 +14,7 @@ class CheckStatus : public QWidget
 
 public:
     /// `check` must live as long as this widget.
-    CheckStatus(const BackgroundCheck& check, QWidget* parent);
+    CheckStatus(const CatalogueUpdate& check, QWidget* parent);
 
     QString text() const;
 
@@ -22,12 +23,13 @@ protected:
 
 private:
     void refresh();
+    void showProgress(const SUpdateProgress& progress);
     QString outcome() const;
     QString previewsText() const;
     QString details() const;
     static QString catalogueText();
 
-    const BackgroundCheck& m_check;
+    const CatalogueUpdate& m_check;
     QLabel* m_label;
     QProgressBar* m_busy;
 };

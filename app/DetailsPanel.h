@@ -28,7 +28,7 @@ public:
     void setMotionReduced(bool reduced);
 
 signals:
-    void favouriteWanted(int kind, const QString& guid);
+    void favouriteWanted(ECfgItemType kind, const QString& guid);
     void folderWanted(const QString& folder);
 
 protected:

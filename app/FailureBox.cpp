@@ -63,7 +63,7 @@ void FailureBox::retranslate()
     m_close->setText(tr("Close"));
 }
 
-void FailureBox::showFailure(int kind, const QString& guid, const QString& name,
+void FailureBox::showFailure(ECfgItemType kind, const QString& guid, const QString& name,
                              const STransferFailure& failure)
 {
     m_kind = kind;
@@ -75,7 +75,7 @@ void FailureBox::showFailure(int kind, const QString& guid, const QString& name,
     show();
 }
 
-void FailureBox::forget(int kind, const QString& guid)
+void FailureBox::forget(ECfgItemType kind, const QString& guid)
 {
     if (kind == m_kind && guid == m_guid)
         hide();

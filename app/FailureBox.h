@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/STransferFailure.h"
+#include "records/ECfgItemType.h"
 
 #include <QFrame>
 #include <QString>
@@ -19,13 +20,13 @@ class FailureBox : public QFrame
 public:
     explicit FailureBox(QWidget* parent);
 
-    void showFailure(int kind, const QString& guid, const QString& name,
+    void showFailure(ECfgItemType kind, const QString& guid, const QString& name,
                      const STransferFailure& failure);
     /// Hides it if it tells of this item.
-    void forget(int kind, const QString& guid);
+    void forget(ECfgItemType kind, const QString& guid);
 
 signals:
-    void retryWanted(int kind, const QString& guid);
+    void retryWanted(ECfgItemType kind, const QString& guid);
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -43,5 +44,5 @@ private:
     QString m_name;
     QString m_guid;
     STransferFailure m_failure;
-    int m_kind = 0;
+    ECfgItemType m_kind = eCfgItem_Filter;
 };

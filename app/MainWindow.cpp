@@ -1,13 +1,13 @@
 #include "MainWindow.h"
 
 #include "AppLanguage.h"
-#include "BackgroundCheck.h"
+#include "browser/CellEvents.h"
 #include "catalogue/MVThemeMgr.h"
 #include "CheckStatus.h"
 #include "DetailsPanel.h"
+#include "download/CatalogueUpdate.h"
 #include "FailureBox.h"
 #include "host/LogL.h"
-#include "HostSignals.h"
 #include "Preferences.h"
 #include "ResourceList.h"
 #include "ResourceTabs.h"
@@ -29,10 +29,9 @@ constexpr int firstListWidth = 772; // four themes, or six filters, beside each 
 
 } // namespace
 
-MainWindow::MainWindow(Preferences& preferences, BackgroundCheck& check)
+MainWindow::MainWindow(Preferences& preferences, CatalogueUpdate& check)
     : m_preferences(preferences)
     , m_check(check)
-    , m_cells(new HostSignals(this))
     , m_splitter(new QSplitter(this))
     , m_tabs(new ResourceTabs(m_splitter))
     , m_details(new DetailsPanel(m_splitter))
@@ -112,13 +111,17 @@ void MainWindow::connectParts()
     connect(m_tabs, &ResourceTabs::themeTypeChanged, this,
             [this](int type) { m_preferences.setThemeType(type); });
     connect(m_tabs->checkButton(), &QPushButton::clicked, this, &MainWindow::toggleCheck);
-    connect(&m_check, &BackgroundCheck::changed, this, &MainWindow::refreshCheckButton);
-    connect(&m_check, &BackgroundCheck::contentArrived, this, &MainWindow::reloadCatalogue);
+    connect(&m_check, &CatalogueUpdate::phaseChanged, this, &MainWindow::refreshCheckButton);
+    connect(&m_check, &CatalogueUpdate::finished, this,
+            [this](const SCatalogueUpdateResult& result) {
+                if (result.m_bContentArrived)
+                    reloadCatalogue();
+            });
     connect(m_details, &DetailsPanel::folderWanted, this, &MainWindow::openFolder);
     connect(m_details, &DetailsPanel::favouriteWanted, this,
-            [this](int kind, const QString& guid) { toggleFavourite(ECfgItemType(kind), guid); });
+            [this](ECfgItemType kind, const QString& guid) { toggleFavourite(kind, guid); });
     connect(m_failure, &FailureBox::retryWanted, this,
-            [this](int kind, const QString& guid) { retry(ECfgItemType(kind), guid); });
+            [this](ECfgItemType kind, const QString& guid) { retry(kind, guid); });
 }
 
 void MainWindow::connectView()
@@ -147,12 +150,14 @@ void MainWindow::connectCells()
     const auto favouritesChanged = [this] { m_favouritesChanged->start(0); };
     connect(catalogue, &MVThemeMgr::sigThemesCollected, this, favouritesChanged);
     connect(catalogue, &MVThemeMgr::sigFilterCollected, this, favouritesChanged);
-    connect(m_cells, &HostSignals::moreWanted, this, &MainWindow::openMore);
-    connect(m_cells, &HostSignals::downloadStarted, m_failure, &FailureBox::forget);
-    connect(m_cells, &HostSignals::downloadEnded, m_details, &DetailsPanel::refresh);
-    connect(m_cells, &HostSignals::downloadFailed, this,
-            [this](int kind, const QString& guid, const STransferFailure& failure) {
-                showFailure(ECfgItemType(kind), guid, failure);
+    const CellEvents* const cells = CellEvents::instance();
+    connect(cells, &CellEvents::moreWanted, this, &MainWindow::openMore);
+    connect(cells, &CellEvents::downloadStarted, m_failure, &FailureBox::forget);
+    connect(cells, &CellEvents::downloadEnded, this,
+            [this](ECfgItemType kind, const QString& guid, const SItemDownloadResult& result) {
+                if (result.m_eEnd == eItemDownload_Failed)
+                    showFailure(kind, guid, result.m_failure);
+                m_details->refresh();
             });
 }
 

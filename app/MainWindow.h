@@ -4,11 +4,10 @@
 
 #include <QMainWindow>
 
-class BackgroundCheck;
+class CatalogueUpdate;
 class CheckStatus;
 class DetailsPanel;
 class FailureBox;
-class HostSignals;
 class Preferences;
 class QAction;
 class QMenu;
@@ -25,7 +24,7 @@ class MainWindow : public QMainWindow
 
 public:
     /// Both must live as long as the window.
-    MainWindow(Preferences& preferences, BackgroundCheck& check);
+    MainWindow(Preferences& preferences, CatalogueUpdate& check);
     ~MainWindow() override;
 
     ResourceTabs* tabs() const { return m_tabs; }
@@ -64,8 +63,7 @@ private:
     void say(const QString& text);
 
     Preferences& m_preferences;
-    BackgroundCheck& m_check;
-    HostSignals* m_cells;
+    CatalogueUpdate& m_check;
     QSplitter* m_splitter;
     ResourceTabs* m_tabs;
     DetailsPanel* m_details;

@@ -1,10 +1,10 @@
 // MainWindow: what its parts ask for.
 
 #include "AppLook.h"
-#include "BackgroundCheck.h"
 #include "browser/MVThemeItemWdg.h"
 #include "catalogue/MVThemeMgr.h"
 #include "DetailsPanel.h"
+#include "download/CatalogueUpdate.h"
 #include "FailureBox.h"
 #include "FavouritesFile.h"
 #include "host/HostSettings.h"
@@ -59,15 +59,15 @@ void MainWindow::reloadCatalogue()
 
 void MainWindow::toggleCheck()
 {
-    if (m_check.phase() == BackgroundCheck::Phase::Idle)
-        m_check.start();
-    else
+    if (m_check.isRunning())
         m_check.cancel();
+    else
+        m_check.start();
 }
 
 void MainWindow::refreshCheckButton()
 {
-    const bool idle = m_check.phase() == BackgroundCheck::Phase::Idle;
+    const bool idle = !m_check.isRunning();
     const QString start = tr("Check now");
     const QString cancel = tr("Cancel check");
     const QString& text = idle ? start : cancel;

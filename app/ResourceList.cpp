@@ -6,11 +6,9 @@
 #include "browser/mvThemelistview.h"
 #include "records/SCfg_Item.h"
 
-#include <QAbstractProxyModel>
 #include <QEvent>
 #include <QLabel>
 #include <QRegExp>
-#include <QScrollBar>
 #include <QUuid>
 #include <QVBoxLayout>
 
@@ -34,11 +32,7 @@ ResourceList::ResourceList(EUIItemType type, QWidget* parent)
 
     m_view->setObjectName(QStringLiteral("list%1").arg(type));
     m_view->setUIItemType(type);
-    connect(m_view, &mvThemelistview::sigThemeItemClicked, this, [this](SCfg_Item* item) {
-        m_applied = item->m_qsGUID;
-        if (!m_marking)
-            emit applied(item);
-    });
+    connect(m_view, &mvThemelistview::sigThemeItemClicked, this, &ResourceList::applied);
     nameList();
     showItems();
 }
@@ -101,10 +95,6 @@ void ResourceList::refilter()
 void ResourceList::applyFilter(int themeType, const QString& text)
 {
     m_view->reapplyFilter(themeType, QRegExp::escape(text));
-    // It may have been applied elsewhere while a filter hid it here.
-    const MVThemeItemWdg* const applied = m_applied.isEmpty() ? nullptr : cell(m_applied);
-    if (applied && !applied->isChecked())
-        markApplied(m_applied);
     showWhyEmpty();
 }
 
@@ -113,45 +103,9 @@ int ResourceList::shownItems() const
     return m_view->model()->rowCount();
 }
 
-QVector<MVThemeItemWdg*> ResourceList::cells() const
-{
-    // The rows that a filter hides can have cells too: those that still download.
-    const auto* const proxy = qobject_cast<const QAbstractProxyModel*>(m_view->model());
-    const QAbstractItemModel* const rows = proxy->sourceModel();
-    QVector<MVThemeItemWdg*> found;
-    for (int row = 0; row < rows->rowCount(); ++row) {
-        const QVariant widget = rows->index(row, 0).data(UIItemRole_Widget);
-        auto* const cell = qobject_cast<MVThemeItemWdg*>(widget.value<QObject*>());
-        if (cell && cell->getItem())
-            found.append(cell);
-    }
-    return found;
-}
-
-MVThemeItemWdg* ResourceList::cell(const QString& guid) const
-{
-    const QVector<MVThemeItemWdg*> all = cells();
-    const auto it = std::find_if(all.cbegin(), all.cend(), [&](const MVThemeItemWdg* cell) {
-        return cell->getItem()->m_qsGUID == guid;
-    });
-    return it == all.cend() ? nullptr : *it;
-}
-
-void ResourceList::markApplied(const QString& guid)
-{
-    m_applied = guid;
-    const MVThemeItemWdg* const wanted = guid.isEmpty() ? nullptr : cell(guid);
-    m_marking = true;
-    if (wanted)
-        m_view->selThemeItem(wanted->getItem());
-    else
-        m_view->onClearSelect();
-    m_marking = false;
-}
-
 void ResourceList::refreshFavourites()
 {
-    const QVector<MVThemeItemWdg*> all = cells();
+    const QVector<MVThemeItemWdg*> all = m_view->cells();
     for (MVThemeItemWdg* cell : all) {
         auto* const face = cell->findChild<MVThemeItemSubwdgt_Preview*>();
         if (face && !cell->underMouse())
@@ -161,82 +115,19 @@ void ResourceList::refreshFavourites()
         refilter();
 }
 
-void ResourceList::release()
+bool ResourceList::isShown(const QString& guid) const
 {
-    m_kept = Kept();
-    m_kept.scroll = m_view->verticalScrollBar()->value();
-    m_kept.current = m_view->currentIndex().data(UIItemRole_GUID).toString();
-    const QVector<MVThemeItemWdg*> all = cells();
-    for (const MVThemeItemWdg* cell : all) {
-        if (!cell->isDownloading())
-            continue;
-        m_kept.downloads.append(cell->getItem()->m_qsGUID);
-        if (cell->isLastChoice())
-            m_kept.lastChoice = cell->getItem()->m_qsGUID;
-    }
-    m_view->clear();
-}
-
-void ResourceList::refill()
-{
-    // All rows first: a cell that goes on downloading does so behind a filter too.
-    m_view->reapplyFilter(MVThemeSortFilterProxyModel::allThemes, QString());
-    m_view->initData(QUuid(), false);
-    for (const QString& guid : qAsConst(m_kept.downloads)) {
-        MVThemeItemWdg* const downloading = cell(guid);
-        if (downloading && guid == m_kept.lastChoice)
-            downloading->doApplyTheme();
-        else if (downloading)
-            downloading->resumeDownload();
-    }
-    markApplied(m_applied);
-    refilter();
-    makeCurrent(m_kept.current);
-    m_view->doItemsLayout();
-    m_view->verticalScrollBar()->setValue(m_kept.scroll);
-}
-
-/// Without scrolling to it: also a list that is not visible keeps its place.
-void ResourceList::makeCurrent(const QString& guid)
-{
-    const QModelIndex row = shownRow(guid);
-    if (!row.isValid())
-        return;
-    m_view->setAutoScroll(false);
-    m_view->setCurrentIndex(row);
-    m_view->setAutoScroll(true);
-}
-
-QModelIndex ResourceList::shownRow(const QString& guid) const
-{
-    const QAbstractItemModel* const rows = m_view->model();
-    const QModelIndexList found =
-        rows->match(rows->index(0, 0), UIItemRole_GUID, guid, 1, Qt::MatchExactly);
-    return guid.isEmpty() || found.isEmpty() ? QModelIndex() : found.constFirst();
+    return m_view->shownRow(guid).isValid();
 }
 
 MVThemeItemWdg* ResourceList::reveal(const QString& guid)
 {
-    const QModelIndex row = shownRow(guid);
+    const QModelIndex row = m_view->shownRow(guid);
     if (!row.isValid())
         return nullptr;
     m_view->setCurrentIndex(row);
     m_view->scrollTo(row);
-    return cell(guid);
-}
-
-void ResourceList::cancelDownloads()
-{
-    const QVector<MVThemeItemWdg*> all = cells();
-    for (MVThemeItemWdg* cell : all)
-        cell->cancelDownload();
-}
-
-bool ResourceList::isDownloading() const
-{
-    const QVector<MVThemeItemWdg*> all = cells();
-    return std::any_of(all.cbegin(), all.cend(),
-                       [](const MVThemeItemWdg* cell) { return cell->isDownloading(); });
+    return m_view->cell(guid);
 }
 
 QString ResourceList::whyEmpty() const

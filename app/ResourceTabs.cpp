@@ -144,7 +144,7 @@ void ResourceTabs::noteApplied(const ResourceList* from, SCfg_Item* item)
     // Both lists of filters show which one it is.
     for (ResourceList* list : qAsConst(m_lists)) {
         if (list != from && list->kind() == from->kind())
-            list->markApplied(item->m_qsGUID);
+            list->view()->setAppliedItem(item->m_qsGUID);
     }
     emit applied(item);
 }
@@ -180,13 +180,15 @@ void ResourceTabs::reloadCatalogue()
 {
     cancelDownloads(); // all at once, so that release() waits for the slowest only
     for (ResourceList* list : qAsConst(m_lists))
-        list->release();
+        list->view()->release();
     MVThemeMgr* const catalogue = MVThemeMgr::init();
     catalogue->load(true);
     catalogue->setCurApplyTheme(
         catalogue->findItemByIDFromDisplay(eCfgItem_Theme, appliedItem(eCfgItem_Theme)));
-    for (ResourceList* list : qAsConst(m_lists))
-        list->refill();
+    for (ResourceList* list : qAsConst(m_lists)) {
+        list->view()->refill();
+        list->refilter();
+    }
 }
 
 void ResourceTabs::updateItemSizes()
@@ -198,7 +200,7 @@ void ResourceTabs::updateItemSizes()
 void ResourceTabs::cancelDownloads()
 {
     for (ResourceList* list : qAsConst(m_lists))
-        list->cancelDownloads();
+        list->view()->cancelDownloads();
 }
 
 void ResourceTabs::changeEvent(QEvent* event)

@@ -3,8 +3,8 @@
 
 #include "AppLanguage.h"
 #include "AppLook.h"
-#include "BackgroundCheck.h"
 #include "CommandLine.h"
+#include "download/CatalogueUpdate.h"
 #include "MainWindow.h"
 #include "Preferences.h"
 #include "script/ScriptRun.h"
@@ -71,7 +71,7 @@ int run(int& argc, char** argv, const CommandLine& commandLine, Startup& startup
     AppLanguage::install(preferences.language());
     AppLook::apply(preferences.skin());
 
-    BackgroundCheck check(nullptr);
+    CatalogueUpdate check;
     int status = 0;
     {
         MainWindow window(preferences, check);

@@ -1,12 +1,12 @@
 #include "script/ScriptConditions.h"
 
-#include "BackgroundCheck.h"
 #include "browser/EUIItemRole.h"
 #include "browser/MVThemeItemSubwdgt_Preview.h"
 #include "browser/MVThemeItemWdg.h"
 #include "browser/mvThemelistview.h"
 #include "catalogue/MVThemeMgr.h"
 #include "CheckStatus.h"
+#include "download/CatalogueUpdate.h"
 #include "MainWindow.h"
 #include "PreviewPane.h"
 #include "ResourceList.h"
@@ -22,14 +22,14 @@
 
 namespace {
 
-QString phaseName(BackgroundCheck::Phase phase)
+QString phaseName(CatalogueUpdate::Phase phase)
 {
     switch (phase) {
-    case BackgroundCheck::Phase::Idle:
+    case CatalogueUpdate::Phase::Idle:
         return QStringLiteral("idle");
-    case BackgroundCheck::Phase::Catalogue:
+    case CatalogueUpdate::Phase::Catalogue:
         return QStringLiteral("catalogue");
-    case BackgroundCheck::Phase::Previews:
+    case CatalogueUpdate::Phase::Previews:
         return QStringLiteral("previews");
     }
     return {};
@@ -72,7 +72,7 @@ QString spokenName(QWidget* widget)
 
 } // namespace
 
-ScriptConditions::ScriptConditions(MainWindow& window, const BackgroundCheck& check)
+ScriptConditions::ScriptConditions(MainWindow& window, const CatalogueUpdate& check)
     : m_window(window)
     , m_check(check)
     , m_targets(window)
@@ -111,7 +111,7 @@ bool ScriptConditions::holdsForWindow(const QString& what, const QString& value)
     if (what == QLatin1String("phase"))
         return equals(phaseName(m_check.phase()), value);
     if (what == QLatin1String("quiet"))
-        return equals(yesNo(m_check.isQuiet()), QStringLiteral("yes"));
+        return equals(yesNo(!m_check.isRunning()), QStringLiteral("yes"));
     if (what == QLatin1String("status"))
         return contains(m_window.checkStatus()->text(), value);
     if (what == QLatin1String("message"))
@@ -132,7 +132,7 @@ bool ScriptConditions::holdsForWindow(const QString& what, const QString& value)
         return false;
     const QVector<ResourceList*>& lists = m_window.tabs()->lists();
     const bool any = std::any_of(lists.cbegin(), lists.cend(),
-                                 [](const ResourceList* list) { return list->isDownloading(); });
+                                 [](const ResourceList* list) { return list->view()->isDownloading(); });
     return equals(any ? QStringLiteral("some") : QStringLiteral("none"), value);
 }
 

@@ -7,7 +7,7 @@
 #include <QStringList>
 #include <QUrl>
 
-class BackgroundCheck;
+class CatalogueUpdate;
 class MainWindow;
 
 /// What a script waits for.
@@ -35,7 +35,7 @@ class ScriptConditions : public QObject
     Q_OBJECT
 
 public:
-    ScriptConditions(MainWindow& window, const BackgroundCheck& check);
+    ScriptConditions(MainWindow& window, const CatalogueUpdate& check);
     ~ScriptConditions() override;
 
     /// Takes the place of the desktop's programs, for "opened". While no script runs, addresses are
@@ -56,7 +56,7 @@ private:
     bool equals(const QString& actual, const QString& wanted);
 
     MainWindow& m_window;
-    const BackgroundCheck& m_check;
+    const CatalogueUpdate& m_check;
     ScriptTargets m_targets;
     QStringList m_opened;
     QString m_error;

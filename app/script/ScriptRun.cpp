@@ -31,7 +31,7 @@ void print(const QString& text)
 
 } // namespace
 
-ScriptRun::ScriptRun(MainWindow& window, BackgroundCheck& check, const CommandLine& commandLine)
+ScriptRun::ScriptRun(MainWindow& window, CatalogueUpdate& check, const CommandLine& commandLine)
     : m_window(window)
     , m_conditions(window, check)
     , m_targets(window)

@@ -10,7 +10,7 @@
 #include <QTimer>
 #include <QVector>
 
-class BackgroundCheck;
+class CatalogueUpdate;
 class CommandLine;
 class MainWindow;
 
@@ -35,7 +35,7 @@ class ScriptRun : public QObject
 
 public:
     /// Without a script it does nothing, or takes one picture if the command line asks for one.
-    ScriptRun(MainWindow& window, BackgroundCheck& check, const CommandLine& commandLine);
+    ScriptRun(MainWindow& window, CatalogueUpdate& check, const CommandLine& commandLine);
 
     /// False: errorText() says why the script cannot run.
     bool isReady() const { return m_error.isEmpty(); }

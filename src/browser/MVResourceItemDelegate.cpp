@@ -59,6 +59,25 @@ void MVResourceItemDelegate::onClearSelect()
         showChecked(m_pCurSel, false);
 }
 
+QString MVResourceItemDelegate::selectedItem() const
+{
+    const auto* const widget = qobject_cast<const MVThemeItemWdg*>(m_pCurSel);
+    if (!widget)
+        return m_qsHiddenSelection;
+    return widget->getItem() && widget->isChecked() ? widget->getItem()->m_qsGUID : QString();
+}
+
+void MVResourceItemDelegate::select(const QString& guid, MVThemeItemWdg* widget)
+{
+    onClearSelect();
+    if (widget) {
+        widget->setSel(widget);
+        return;
+    }
+    m_pCurSel = nullptr;
+    m_qsHiddenSelection = guid;
+}
+
 void MVResourceItemDelegate::forgetSelection()
 {
     m_qsHiddenSelection.clear();

@@ -34,6 +34,11 @@ public:
 
     /// Takes the look of the selected item off it; it stays the selected one.
     void onClearSelect();
+    /// Returns the GUID of the selected item if it has its look, also while a filter hides it.
+    QString selectedItem() const;
+    /// Selects the item that `widget` shows, announcing nothing. Null: the item with this GUID is
+    /// selected once it gets a widget; an empty GUID selects none.
+    void select(const QString& guid, MVThemeItemWdg* widget);
     /// No item is the selected one any more; for when all rows go.
     void forgetSelection();
 

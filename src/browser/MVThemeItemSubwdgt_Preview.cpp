@@ -1,5 +1,6 @@
 #include "browser/MVThemeItemSubwdgt_Preview.h"
 
+#include "browser/CellEvents.h"
 #include "browser/NeededFiles.h"
 #include "browser/ProgressRing.h"
 #include "browser/SharedImage.h"
@@ -284,6 +285,7 @@ void MVThemeItemSubwdgt_Preview::onBtnCollect()
     item->m_bCollected = !favourite;
     m_pUi->btnCollect->setVisible(!favourite);
     m_pUi->btnCollect_No->setVisible(favourite);
+    CellEvents::post(&CellEvents::favouriteToggled, item);
     MVThemeMgr::init()->setItemCollected(item);
     if (callback)
         callback(item);
@@ -298,6 +300,7 @@ void MVThemeItemSubwdgt_Preview::onBtnDownload()
     m_pUi->lblIcon->repaint();
     SCfg_Item* const item = m_pItem;
     const ItemCallback callback = m_cbBtnDownload;
+    CellEvents::post(&CellEvents::downloadStarted, item);
     emit sigDownLoad(item);
     if (callback)
         callback(item);
@@ -306,6 +309,7 @@ void MVThemeItemSubwdgt_Preview::onBtnDownload()
 void MVThemeItemSubwdgt_Preview::onBtnMore()
 {
     const ItemCallback callback = m_cbBtnMore;
+    CellEvents::postMore();
     if (callback)
         callback(m_pItem);
 }

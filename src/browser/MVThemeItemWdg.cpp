@@ -1,5 +1,6 @@
 #include "browser/MVThemeItemWdg.h"
 
+#include "browser/CellEvents.h"
 #include "browser/CheckedMark.h"
 #include "browser/LastChoice.h"
 #include "browser/NeededFiles.h"
@@ -116,6 +117,7 @@ void MVThemeItemWdg::doApplyTheme()
     SCfg_Item* const item = m_pItem;
     const ItemCallback callback = m_cbItemClicked;
     setSel(this);
+    CellEvents::post(&CellEvents::itemApplied, item);
     emit sigThemeItemClicked(item);
     if (callback)
         callback(item);
@@ -147,6 +149,7 @@ void MVThemeItemWdg::onDownloadFinish(EMVThemeDownLoadError result)
     const ItemCallback downloaded = m_cbItemDownloaded;
     const FailureCallback failed = m_cbItemFailed;
     const EndCallback ended = m_cbItemEnded;
+    CellEvents::postEnd(*item, outcome);
     if (m_bDeletedAfterDownload)
         deleteLater();
     const bool isCancelled = outcome.m_eEnd == eItemDownload_Cancelled;

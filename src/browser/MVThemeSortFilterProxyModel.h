@@ -20,6 +20,7 @@ public:
 
     /// Shows the rows of this type (MVThemeMgr::Themetype), all (999) or the favourite themes (1).
     void setThemeType(int themeType);
+    int themeType() const { return m_nThemeType; }
 
     bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
 

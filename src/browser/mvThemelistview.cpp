@@ -58,11 +58,7 @@ mvThemelistview::mvThemelistview(QWidget* parent)
 
 mvThemelistview::~mvThemelistview()
 {
-    // All at once, so that waiting for the last takes no longer than for the first.
-    for (int row = 0; row < rowCount(); ++row) {
-        if (MVThemeItemWdg* widget = itemWidget(row))
-            widget->cancelDownload();
-    }
+    cancelDownloads(); // all at once, so that waiting for the last takes no longer
 }
 
 void mvThemelistview::setUIItemType(EUIItemType type)
@@ -231,10 +227,7 @@ void mvThemelistview::reapplyFilter(int themeType, QString text)
 
 void mvThemelistview::clear()
 {
-    for (int row = 0; row < rowCount(); ++row) {
-        if (MVThemeItemWdg* widget = itemWidget(row))
-            widget->cancelDownload(); // all at once, then wait
-    }
+    cancelDownloads(); // all at once, then wait
     for (int row = 0; row < rowCount(); ++row) {
         if (MVThemeItemWdg* widget = itemWidget(row))
             widget->tryStopDownloadThread();

@@ -7,9 +7,11 @@
 #include <QMap>
 #include <QRect>
 #include <QSize>
+#include <QStringList>
 #include <QUuid>
 
 #include <memory>
+#include <optional>
 
 class CellFocusMark;
 class MVResourceItemDelegate;
@@ -60,12 +62,42 @@ public:
     /// Opens the cells of all rows that are shown.
     void updateItemState();
 
+    /// @name A reload of the catalogue
+    /// @{
+    /// Removes all rows, as clear() does, and remembers filter, place, current cell, applied item
+    /// and the downloads that it stops, until refill().
+    void release();
+    /// Appends the items of the catalogue as it is now, and brings back what release() remembered:
+    /// downloads start again, the filter applies, the applied item has its mark. What the catalogue
+    /// does not hold any more is left out.
+    void refill();
+    /// @}
+
     /// Removes all rows. Stops the cells' downloads and waits for them, up to a second each.
     void clear();
     /// Looks anew where the thumbnail of the first cell lies.
     void resetItemData();
     /// Decodes the thumbnail of the first cell anew.
     void adjustItem();
+
+    /// Returns the cells of items, those included that a filter hides and that still download.
+    QVector<MVThemeItemWdg*> cells() const;
+    /// Returns the cell of an item, GUIDs exactly compared; null for one that has none now.
+    MVThemeItemWdg* cell(const QString& guid) const;
+    /// Returns the row, of the model that the list shows, of an item; invalid for one that a filter
+    /// hides.
+    QModelIndex shownRow(const QString& guid) const;
+
+    /// Whether a cell downloads.
+    bool isDownloading() const;
+    /// Cancels all downloads and does not wait.
+    void cancelDownloads();
+
+    /// Returns the GUID of the applied item, also while a filter hides it; empty if there is none.
+    QString appliedItem() const;
+    /// Marks an item as the applied one and emits nothing, for an item that was applied elsewhere;
+    /// one that a filter hides gets its mark when it is shown. An empty GUID marks none.
+    void setAppliedItem(const QString& guid);
 
     /// Takes the look of the selected item off it.
     void onClearSelect();
@@ -98,7 +130,20 @@ protected slots:
     void updateGeometries() override;
 
 private:
+    struct Kept
+    {
+        int themeType = 0;
+        QString text;
+        QString current;
+        QString applied;
+        QStringList downloads;
+        QString lastChoice; // the download that the user has chosen nothing else since
+        int scroll = 0;
+    };
+
     static const QVector<SCfg_Item>& getItems(EUIItemType type);
+    void restartDownloads(const Kept& kept);
+    void makeCurrent(const QString& guid);
     void setUpView();
     void readItemSize();
     bool actOnCurrentCell(int key);
@@ -123,4 +168,5 @@ private:
     CellFocusMark* m_pFocusMark;
     bool m_bKeyboard = false;               // the keyboard was used last, not the mouse
     QMap<QUuid, QStandardItem*> m_mapItems; // the items belong to the model
+    std::optional<Kept> m_kept;             // from release() to refill()
 };

@@ -1,11 +1,13 @@
 #include "download/CheckTransfer.h"
 
+#include "download/ProgressReport.h"
 #include "host/CurWrapper.h"
 
 #include <utility>
 
-CheckTransfer::CheckTransfer(CurWrapper& wrapper, CancelToken cancel)
+CheckTransfer::CheckTransfer(CurWrapper& wrapper, ProgressReport& progress, CancelToken cancel)
     : m_wrapper(wrapper)
+    , m_progress(progress)
     , m_cancel(std::move(cancel))
 {
 }
@@ -19,6 +21,7 @@ ETransferResult CheckTransfer::fetch(const QString& url, const QString& file, qi
     m_wrapper.setDownloadProgressCallback(&CheckTransfer::goOn, this);
     m_wrapper.download(url, file, false);
     m_wrapper.setDownloadProgressCallback(nullptr, nullptr);
+    m_progress.endTransfer();
     m_failure = m_wrapper.failure();
     if (m_isTooLarge) {
         m_failure.m_eCause = eFailure_TooLarge;
@@ -42,6 +45,7 @@ bool CheckTransfer::goOn(qint64 received, qint64 total, void* user)
     auto* const self = static_cast<CheckTransfer*>(user);
     if (self->m_cancel.isCancelled())
         return false;
+    self->m_progress.noteReceived(received);
     const bool hasLimit = self->m_timeLimit.count() > 0;
     self->m_isTooLarge = self->m_isTooLarge || received > self->m_maxBytes;
     self->m_isLate = hasLimit && std::chrono::steady_clock::now() > self->m_deadline;

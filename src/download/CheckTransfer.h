@@ -10,14 +10,15 @@
 #include <chrono>
 
 class CurWrapper;
+class ProgressReport;
 
 /// The transfers of a check's worker, bounded in size, which end as soon as the token is cancelled.
 /// Internal to the library; the worker's thread only.
 class CheckTransfer
 {
 public:
-    /// The wrapper belongs to the worker and outlives this object.
-    CheckTransfer(CurWrapper& wrapper, CancelToken cancel);
+    /// Wrapper and report belong to the worker and outlive this object.
+    CheckTransfer(CurWrapper& wrapper, ProgressReport& progress, CancelToken cancel);
 
     /// Gives the transfers that follow this long each, retries included; zero, as at first: no
     /// limit.
@@ -33,6 +34,7 @@ private:
     static bool goOn(qint64 received, qint64 total, void* user);
 
     CurWrapper& m_wrapper;
+    ProgressReport& m_progress;
     CancelToken m_cancel;
     std::chrono::milliseconds m_timeLimit{0};
     std::chrono::steady_clock::time_point m_deadline;

@@ -19,6 +19,7 @@ namespace {
 
 constexpr char category[] = "CheckCfgWorker";
 constexpr qint64 largestVersionFile = 64 * 1024;
+constexpr int filesOfACheck = 3; // version file and two catalogue files
 
 /// A format version without its dots, as a number. One that exceeds the range is the largest
 /// number, so that it counts as newer than any real one.
@@ -71,6 +72,11 @@ void CheckWorker_CfgAndDisplayXML::setResultCallback(ResultCallback callback)
     m_resultCallback = std::move(callback);
 }
 
+void CheckWorker_CfgAndDisplayXML::setProgressCallback(ProgressReport::Callback callback)
+{
+    m_progress.setCallback(std::move(callback));
+}
+
 void CheckWorker_CfgAndDisplayXML::cancel()
 {
     m_bWillCancel.cancel(); // first, so that no transfer begins behind the one that ends
@@ -84,11 +90,13 @@ void CheckWorker_CfgAndDisplayXML::onStartDownloadXML(const QString&)
     if (lockFolder(lock))
         Utils::rmDir(getDownLoadTemp(), true);
 
-    CheckTransfer transfer(m_CurWrapper, m_bWillCancel);
+    CheckTransfer transfer(m_CurWrapper, m_progress, m_bWillCancel);
+    m_progress.begin(filesOfACheck);
     if (!fetchVersion(transfer)) {
         end();
         return;
     }
+    m_progress.countFiles(1);
     if (!readVersions()) {
         m_result.m_bPreviewsFollow = false;
         report(); // and no end signal, which is what hosts are used to
@@ -237,6 +245,7 @@ void CheckWorker_CfgAndDisplayXML::fetchCatalogue(CheckTransfer& transfer, bool 
     for (const CatalogueFile& file : files) {
         if (file.needed && !fetchFile(transfer, file, hasError))
             return;
+        m_progress.countFiles(1);
     }
     LogL("MVThemeDownLoader_DisplayXML", 1, "hasError = %d", hasError ? 1 : 0);
     if (!hasError)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "download/EType_XML.h"
+#include "download/ProgressReport.h"
 #include "download/SCatalogueCheckResult.h"
 #include "host/CancelToken.h"
 #include "host/CurWrapper.h"
@@ -49,6 +50,9 @@ public:
     /// Sets the callback invoked once per check with its outcome, on the worker's thread, before
     /// the last end signal; also by the check that sends none. Call it before the check starts.
     void setResultCallback(ResultCallback callback);
+    /// Sets the callback invoked with the numbers of the run, on the worker's thread. Call it
+    /// before the run starts.
+    void setProgressCallback(ProgressReport::Callback callback);
 
     /// Cancels the check, also one that has not begun yet. The transfer in progress ends as a
     /// failed one, no other begins: in its place the check ends. What has been fetched and verified
@@ -139,4 +143,5 @@ private:
 
     SCatalogueCheckResult m_result; // the first failure stays
     ResultCallback m_resultCallback;
+    ProgressReport m_progress;
 };

@@ -74,6 +74,11 @@ void CheckWorker_ThumbAndGif::setResultCallback(ResultCallback callback)
     m_resultCallback = std::move(callback);
 }
 
+void CheckWorker_ThumbAndGif::setProgressCallback(ProgressReport::Callback callback)
+{
+    m_progress.setCallback(std::move(callback));
+}
+
 void CheckWorker_ThumbAndGif::cancel()
 {
     m_bWillCancel.cancel(); // first, so that no transfer begins behind the one that ends
@@ -92,16 +97,19 @@ bool CheckWorker_ThumbAndGif::onStartDownload_ThumbAndGif()
     }
 
     MVThemeMgr* const manager = MVThemeMgr::init();
-    CheckTransfer transfer(m_CurWrapper, m_bWillCancel);
+    CheckTransfer transfer(m_CurWrapper, m_progress, m_bWillCancel);
     QVector<SCfg_Item> items = m_vecDisplay_Themes + m_vecDisplay_Filters;
+    m_progress.begin(2 * items.size()); // a thumbnail and a preview each
     for (int i = 0; i < items.size(); ++i) {
         SCfg_Item& item = items[i];
         const bool hasThumb = manager->doItem_Info_Thumb(item);
         if (!fetchFile(transfer, thumb, i, item.m_info_Thumb, hasThumb))
             return end(false);
+        m_progress.countFiles(1);
         const bool hasGif = manager->doItem_Info_Gif(item);
         if (!fetchFile(transfer, gif, i, item.m_info_Gif, hasGif))
             return end(false);
+        m_progress.countFiles(1);
     }
     LogL(category, 1, "onStartDownload_ThumbAndGif end!");
     return end(true);

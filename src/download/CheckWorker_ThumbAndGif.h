@@ -1,5 +1,6 @@
 #pragma once
 
+#include "download/ProgressReport.h"
 #include "download/SPreviewRunResult.h"
 #include "host/CancelToken.h"
 #include "host/CurWrapper.h"
@@ -37,6 +38,9 @@ public:
     /// Sets the callback invoked once per run with its outcome, on the worker's thread, before the
     /// end signal. Call it before the run starts.
     void setResultCallback(ResultCallback callback);
+    /// Sets the callback invoked with the numbers of the run, on the worker's thread. Call it
+    /// before the run starts.
+    void setProgressCallback(ProgressReport::Callback callback);
 
     /// Cancels the run, also one that has not begun yet. The transfer in progress ends as a failed
     /// one, no other begins: in its place the run ends.
@@ -82,4 +86,5 @@ private:
 
     SPreviewRunResult m_result;
     ResultCallback m_resultCallback;
+    ProgressReport m_progress;
 };

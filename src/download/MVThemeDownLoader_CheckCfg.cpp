@@ -116,12 +116,17 @@ void MVThemeDownLoader_CheckCfg::connectWorker(CheckWorker_CfgAndDisplayXML* wor
     worker->setResultCallback([this](const SCatalogueCheckResult& result) {
         QMetaObject::invokeMethod(
             this,
-            [result] {
+            [this, result] {
                 // A copy: the host may replace the function while it runs.
                 if (const CatalogueCheckCallback callback = m_funCatalogueCheckEnded)
                     callback(result);
+                emit sig_catalogueChecked(result);
             },
             Qt::QueuedConnection);
+    });
+    worker->setProgressCallback([this](const SUpdateProgress& progress) {
+        QMetaObject::invokeMethod(
+            this, [this, progress] { emit sig_checkProgress(progress); }, Qt::QueuedConnection);
     });
 }
 
@@ -154,7 +159,12 @@ void MVThemeDownLoader_CheckCfg::connectWorker(CheckWorker_ThumbAndGif* worker)
                 // A copy: the host may replace the function while it runs.
                 if (const PreviewRunCallback callback = m_funPreviewRunEnded)
                     callback(*result);
+                emit sig_previewsFetched(*result);
             });
+    worker->setProgressCallback([this](const SUpdateProgress& progress) {
+        QMetaObject::invokeMethod(
+            this, [this, progress] { emit sig_previewsProgress(progress); }, Qt::QueuedConnection);
+    });
 }
 
 void MVThemeDownLoader_CheckCfg::onEndDownloadXML(bool)

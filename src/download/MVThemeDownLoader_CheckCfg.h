@@ -2,6 +2,7 @@
 
 #include "download/SCatalogueCheckResult.h"
 #include "download/SPreviewRunResult.h"
+#include "download/SUpdateProgress.h"
 #include "host/CancelToken.h"
 #include "records/MvResourceExport.h"
 
@@ -16,7 +17,8 @@ class CheckWorker_CfgAndDisplayXML;
 class CheckWorker_ThumbAndGif;
 
 /// Runs the background work on the catalogue: the check that keeps the catalogue files current, and
-/// behind every check a run that fetches missing thumbnails and animated previews.
+/// behind every check a run that fetches missing thumbnails and animated previews. CatalogueUpdate
+/// makes one operation with one outcome of both, which is what most hosts want.
 ///
 /// The host calls startDownloadXML() once its catalogue is loaded. Nothing here loads the catalogue
 /// again: when a check has brought new files, the host calls MVThemeMgr::load(true), once no
@@ -53,6 +55,10 @@ public:
     /// Starts a preview run; false while one is in progress.
     bool startDownloadThumbAndGif();
 
+    /// Whether a check, or a preview run, is in progress.
+    bool isChecking() const { return m_pWorker; }
+    bool isFetchingPreviews() const { return m_pWorker_ThumbAndGif; }
+
     /// Ask the run in progress to stop; its end tells when it has, within 200 ms unless it is
     /// reading or copying files. To end a check together with the previews behind it, also call
     /// cancelThumbAndGif() when sig_startDownloadThumbAndGif() comes.
@@ -77,6 +83,14 @@ signals:
     void sig_NeedUpdateApp();
     /// Starts the worker of a preview run.
     void sig_startDownloadThumbAndGif(const QString&);
+
+    /// Tell the same as the callbacks, after them.
+    void sig_catalogueChecked(const SCatalogueCheckResult&);
+    void sig_previewsFetched(const SPreviewRunResult&);
+    /// Tell how far the check, or the preview run, has come; at most every 50 ms. A check counts
+    /// the version file and the two catalogue files, a preview run the pictures of all items.
+    void sig_checkProgress(const SUpdateProgress&);
+    void sig_previewsProgress(const SUpdateProgress&);
 
 private:
     /// A worker that was told to go, and what cancels it: after an early end signal it may still be

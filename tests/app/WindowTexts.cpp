@@ -2,13 +2,13 @@
 
 #include "AppLanguage.h"
 #include "AppLook.h"
-#include "BackgroundCheck.h"
 #include "browser/BrowserLanguage.h"
 #include "browser/MVThemeItemWdg.h"
 #include "browser/mvThemelistview.h"
 #include "browser/MVThemeSortFilterProxyModel.h"
 #include "browser/skins/SampleWorld.h"
 #include "catalogue/MVThemeMgr.h"
+#include "download/CatalogueUpdate.h"
 #include "FailureBox.h"
 #include "MainWindow.h"
 #include "Preferences.h"
@@ -154,7 +154,7 @@ void WindowTexts::openWindow()
     AppLook::apply(QStringLiteral("Classical"));
     m_preferences =
         std::make_unique<Preferences>(TestHome::path() + QStringLiteral("/preferences"));
-    m_check = std::make_unique<BackgroundCheck>(nullptr);
+    m_check = std::make_unique<CatalogueUpdate>();
     m_window = std::make_unique<MainWindow>(*m_preferences, *m_check);
     m_firstSize = m_window->size();
     m_window->show();

@@ -5,7 +5,7 @@
 
 #include <memory>
 
-class BackgroundCheck;
+class CatalogueUpdate;
 class MainWindow;
 class Preferences;
 class SampleWorld;
@@ -44,6 +44,6 @@ private:
     QSize m_firstSize;
     std::unique_ptr<SampleWorld> m_world;
     std::unique_ptr<Preferences> m_preferences;
-    std::unique_ptr<BackgroundCheck> m_check;
+    std::unique_ptr<CatalogueUpdate> m_check;
     std::unique_ptr<MainWindow> m_window;
 };

@@ -1,10 +1,10 @@
 #include "download/CheckFixture.h"
 #include "download/CheckLines.h"
 #include "download/CoordinatorTrace.h"
+#include "download/HeldAnswer.h"
 #include "support/TestMain.h"
 
 #include <QFile>
-#include <QSemaphore>
 #include <QSignalSpy>
 
 using namespace CheckLines;
@@ -54,29 +54,6 @@ private:
 namespace {
 
 const QByteArray sum = "00112233445566778899aabbccddeeff";
-
-/// A server's answer that waits for the test.
-class HeldAnswer
-{
-public:
-    ~HeldAnswer() { release(); }
-
-    FaultServer::Handler handler(const HttpAnswer& answer)
-    {
-        return [this, answer](HttpExchange& exchange) {
-            m_arrived.release();
-            m_released.acquire();
-            m_released.release();
-            exchange.answer(answer);
-        };
-    }
-    bool hasArrived() { return m_arrived.tryAcquire(1, 30000); }
-    void release() { m_released.release(); }
-
-private:
-    QSemaphore m_arrived;
-    QSemaphore m_released;
-};
 
 } // namespace
 

@@ -8,13 +8,12 @@
 #include "host/TzProductInfo.h"
 #include "Interrupt.h"
 
+#include <QEventLoop>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
 namespace {
-
-using Coordinator = MVThemeDownLoader_CheckCfg;
 
 struct End
 {
@@ -60,37 +59,25 @@ int CheckCommand::run(const Arguments& arguments)
     CheckCommand command(arguments.json);
     command.check();
     if (arguments.wait)
-        Coordinator::instance()->waitThreadFinished();
+        MVThemeDownLoader_CheckCfg::instance()->waitThreadFinished();
     return command.report();
 }
 
 void CheckCommand::check()
 {
-    Coordinator* const coordinator = Coordinator::instance();
     Interrupt interrupt;
-    QObject::connect(&interrupt, &Interrupt::requested, &m_loop, [&] {
-        m_interrupted = true;
+    QEventLoop loop;
+    QObject::connect(&interrupt, &Interrupt::requested, &m_update, [this] {
         say(QStringLiteral("cancelling"));
-        coordinator->cancelCfgAndDisplayXML();
-        coordinator->cancelThumbAndGif();
+        m_update.cancel();
     });
-    QObject::connect(coordinator, &Coordinator::sig_startDownloadXML, &m_loop,
-                     [this] { say(QStringLiteral("checking the catalogue at %1").arg(server())); });
-    QObject::connect(coordinator, &Coordinator::sig_NeedUpdateApp, &m_loop,
+    QObject::connect(&m_update, &CatalogueUpdate::appUpdateNeeded, &m_update,
                      [this] { say(QStringLiteral("the application has to be updated")); });
-    QObject::connect(coordinator, &Coordinator::sig_startDownloadThumbAndGif, &m_loop, [this] {
-        say(QStringLiteral("fetching previews"));
-        if (m_interrupted) // while the check went on
-            Coordinator::instance()->cancelThumbAndGif();
-    });
-    Coordinator::setCatalogueCheckCallback(
-        [this](const SCatalogueCheckResult& result) { onCatalogueChecked(result); });
-    Coordinator::setPreviewRunCallback(
-        [this](const SPreviewRunResult& result) { onPreviewsFetched(result); });
-    coordinator->startDownloadXML();
-    m_loop.exec();
-    Coordinator::setCatalogueCheckCallback({});
-    Coordinator::setPreviewRunCallback({});
+    QObject::connect(&m_update, &CatalogueUpdate::phaseChanged, &m_update,
+                     [this](CatalogueUpdate::Phase phase) { announce(phase); });
+    QObject::connect(&m_update, &CatalogueUpdate::finished, &loop, &QEventLoop::quit);
+    m_update.start();
+    loop.exec();
 }
 
 void CheckCommand::say(const QString& line) const
@@ -99,47 +86,37 @@ void CheckCommand::say(const QString& line) const
         Console::print(line);
 }
 
-void CheckCommand::onCatalogueChecked(const SCatalogueCheckResult& result)
+void CheckCommand::announce(CatalogueUpdate::Phase phase) const
 {
-    m_check = result;
-    m_checkTold = true;
-    say(QStringLiteral("the catalogue has been checked"));
-    if (!result.m_bPreviewsFollow)
-        Coordinator::instance()->startDownloadThumbAndGif();
-    endIfTold();
-}
-
-void CheckCommand::onPreviewsFetched(const SPreviewRunResult& result)
-{
-    m_previews = result;
-    m_previewsTold = true;
-    say(QStringLiteral("the previews have been looked through"));
-    endIfTold();
-}
-
-void CheckCommand::endIfTold()
-{
-    if (m_checkTold && m_previewsTold)
-        m_loop.quit();
-}
-
-bool CheckCommand::havePreviewsFailed() const
-{
-    return m_previews.m_eEnd == ePreviewRun_NoCatalogue || m_previews.m_nFailed > 0;
+    switch (phase) {
+    case CatalogueUpdate::Phase::Catalogue:
+        say(QStringLiteral("checking the catalogue at %1").arg(server()));
+        return;
+    case CatalogueUpdate::Phase::Previews:
+        say(QStringLiteral("the catalogue has been checked"));
+        say(QStringLiteral("fetching previews"));
+        return;
+    case CatalogueUpdate::Phase::Idle:
+        say(QStringLiteral("the previews have been looked through"));
+        return;
+    }
 }
 
 int CheckCommand::status() const
 {
-    if (m_interrupted)
+    const SCatalogueUpdateResult& result = m_update.result();
+    if (result.m_eEnd == eCatalogueUpdate_Cancelled)
         return ExitStatus::cancelled;
-    const int catalogue = endOf(m_check.m_eEnd).status;
-    const bool inOrder = catalogue == ExitStatus::success || catalogue == ExitStatus::changed;
-    return inOrder && havePreviewsFailed() ? ExitStatus::previewsFailed : catalogue;
+    if (result.m_eEnd == eCatalogueUpdate_PreviewsMissing)
+        return ExitStatus::previewsFailed;
+    return endOf(result.m_check.m_eEnd).status;
 }
 
 /// Why the exit status is one of failure; empty if it is not.
 QString CheckCommand::errorText() const
 {
+    const SCatalogueCheckResult& check = m_update.result().m_check;
+    const SPreviewRunResult& previews = m_update.result().m_previews;
     switch (status()) {
     case ExitStatus::success:
     case ExitStatus::changed:
@@ -147,74 +124,79 @@ QString CheckCommand::errorText() const
     case ExitStatus::cancelled:
         return QStringLiteral("cancelled");
     case ExitStatus::previewsFailed:
-        return m_previews.m_eEnd == ePreviewRun_NoCatalogue
-            ? m_previews.m_qsReason
+        return previews.m_eEnd == ePreviewRun_NoCatalogue
+            ? previews.m_qsReason
             : QStringLiteral("%1 could not be fetched")
-                  .arg(Console::counted(m_previews.m_nFailed, QStringLiteral("preview")));
+                  .arg(Console::counted(previews.m_nFailed, QStringLiteral("preview")));
     default:
-        return m_check.m_qsReason.isEmpty() ? QString::fromLatin1(endOf(m_check.m_eEnd).text)
-                                            : m_check.m_qsReason;
+        return check.m_qsReason.isEmpty() ? QString::fromLatin1(endOf(check.m_eEnd).text)
+                                          : check.m_qsReason;
     }
 }
 
 /// The reason for people: what they can do something about comes first.
 QString CheckCommand::catalogueReason() const
 {
-    if (m_check.m_eEnd != eCatalogueCheck_NotStored)
-        return m_check.m_qsReason;
+    const SCatalogueCheckResult& check = m_update.result().m_check;
+    if (check.m_eEnd != eCatalogueCheck_NotStored)
+        return check.m_qsReason;
     return QStringLiteral("catalogue: %1: %2")
-        .arg(STransferFailure::causeText(m_check.m_eCause), m_check.m_qsReason);
+        .arg(STransferFailure::causeText(check.m_eCause), check.m_qsReason);
 }
 
 int CheckCommand::report() const
 {
+    const SPreviewRunResult& previews = m_update.result().m_previews;
     if (m_json)
         Console::print(QJsonDocument(toJson()));
     else
         print();
-    for (const QString& reason : {catalogueReason(), m_previews.m_qsReason}) {
+    for (const QString& reason : {catalogueReason(), previews.m_qsReason}) {
         if (!reason.isEmpty())
             Console::note(reason);
     }
-    for (const STransferFailure& failure : m_previews.m_vecFailures)
+    for (const STransferFailure& failure : previews.m_vecFailures)
         Console::note(
             QStringLiteral("preview: %1: %2").arg(failure.causeText(), failure.m_qsDetails));
-    const int untold = m_previews.m_nFailed - m_previews.m_vecFailures.size();
-    if (untold > 0 && !m_interrupted)
+    const int untold = previews.m_nFailed - previews.m_vecFailures.size();
+    if (untold > 0 && m_update.result().m_eEnd != eCatalogueUpdate_Cancelled)
         Console::note(QStringLiteral("and %1 more").arg(untold));
     return status();
 }
 
 void CheckCommand::print() const
 {
-    say(QStringLiteral("catalogue: %1").arg(QString::fromLatin1(endOf(m_check.m_eEnd).text)));
-    if (m_previews.m_eEnd == ePreviewRun_NoCatalogue) {
+    const SCatalogueCheckResult& check = m_update.result().m_check;
+    const SPreviewRunResult& previews = m_update.result().m_previews;
+    say(QStringLiteral("catalogue: %1").arg(QString::fromLatin1(endOf(check.m_eEnd).text)));
+    if (previews.m_eEnd == ePreviewRun_NoCatalogue) {
         say(QStringLiteral("previews: there is no catalogue to fetch them for"));
         return;
     }
     say(QStringLiteral("previews: %1 fetched, %2 present, %3 failed")
-            .arg(m_previews.m_nFetched)
-            .arg(m_previews.m_nPresent)
-            .arg(m_previews.m_nFailed));
+            .arg(previews.m_nFetched)
+            .arg(previews.m_nPresent)
+            .arg(previews.m_nFailed));
 }
 
 QJsonObject CheckCommand::toJson() const
 {
+    const SCatalogueCheckResult& check = m_update.result().m_check;
+    const SPreviewRunResult& previews = m_update.result().m_previews;
     static const char* const previewEnds[] = {"complete", "noCatalogue", "cancelled"};
     QJsonArray failures;
-    for (const STransferFailure& failure : m_previews.m_vecFailures)
+    for (const STransferFailure& failure : previews.m_vecFailures)
         failures.append(Causes::toJson(failure));
-    const QJsonObject previews{
-        {QStringLiteral("end"), QString::fromLatin1(previewEnds[m_previews.m_eEnd])},
-        {QStringLiteral("fetched"), m_previews.m_nFetched},
-        {QStringLiteral("present"), m_previews.m_nPresent},
-        {QStringLiteral("failed"), m_previews.m_nFailed},
+    const QJsonObject previewsObject{
+        {QStringLiteral("end"), QString::fromLatin1(previewEnds[previews.m_eEnd])},
+        {QStringLiteral("fetched"), previews.m_nFetched},
+        {QStringLiteral("present"), previews.m_nPresent},
+        {QStringLiteral("failed"), previews.m_nFailed},
         {QStringLiteral("failures"), failures}};
-    QJsonObject object{
-        {QStringLiteral("catalogue"), QString::fromLatin1(endOf(m_check.m_eEnd).word)},
-        {QStringLiteral("cause"), Causes::word(m_check.m_eCause)},
-        {QStringLiteral("reason"), m_check.m_qsReason},
-        {QStringLiteral("previews"), previews}};
+    QJsonObject object{{QStringLiteral("catalogue"), QString::fromLatin1(endOf(check.m_eEnd).word)},
+                       {QStringLiteral("cause"), Causes::word(check.m_eCause)},
+                       {QStringLiteral("reason"), check.m_qsReason},
+                       {QStringLiteral("previews"), previewsObject}};
     const QString error = errorText();
     if (!error.isEmpty()) {
         object.insert(

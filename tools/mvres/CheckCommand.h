@@ -1,9 +1,7 @@
 #pragma once
 
-#include "download/SCatalogueCheckResult.h"
-#include "download/SPreviewRunResult.h"
+#include "download/CatalogueUpdate.h"
 
-#include <QEventLoop>
 #include <QJsonObject>
 
 class Arguments;
@@ -23,10 +21,7 @@ private:
 
     void check();
     void say(const QString& line) const;
-    void onCatalogueChecked(const SCatalogueCheckResult& result);
-    void onPreviewsFetched(const SPreviewRunResult& result);
-    void endIfTold();
-    bool havePreviewsFailed() const;
+    void announce(CatalogueUpdate::Phase phase) const;
     int status() const;
     QString errorText() const;
     QString catalogueReason() const;
@@ -35,10 +30,5 @@ private:
     QJsonObject toJson() const;
 
     bool m_json;
-    bool m_interrupted = false;
-    bool m_checkTold = false;
-    bool m_previewsTold = false;
-    SCatalogueCheckResult m_check;
-    SPreviewRunResult m_previews;
-    QEventLoop m_loop;
+    CatalogueUpdate m_update;
 };

@@ -1,0 +1,130 @@
+// mvThemelistview: its cells by item, and what it keeps over a reload of the catalogue.
+
+#include "browser/EUIItemRole.h"
+#include "browser/MVResourceItemDelegate.h"
+#include "browser/MVThemeItemWdg.h"
+#include "browser/mvThemelistview.h"
+#include "browser/MVThemeSortFilterProxyModel.h"
+#include "records/SCfg_Item.h"
+
+#include <QRegExp>
+#include <QScrollBar>
+
+#include <algorithm>
+
+QVector<MVThemeItemWdg*> mvThemelistview::cells() const
+{
+    QVector<MVThemeItemWdg*> found;
+    for (int row = 0; row < rowCount(); ++row) {
+        MVThemeItemWdg* const widget = itemWidget(row);
+        if (widget && widget->getItem())
+            found.append(widget);
+    }
+    return found;
+}
+
+MVThemeItemWdg* mvThemelistview::cell(const QString& guid) const
+{
+    const QVector<MVThemeItemWdg*> all = cells();
+    const auto it = std::find_if(all.cbegin(), all.cend(), [&](const MVThemeItemWdg* cell) {
+        return cell->getItem()->m_qsGUID == guid;
+    });
+    return it == all.cend() ? nullptr : *it;
+}
+
+QModelIndex mvThemelistview::shownRow(const QString& guid) const
+{
+    if (!m_pProxy || guid.isEmpty())
+        return {};
+    const QModelIndexList found =
+        m_pProxy->match(m_pProxy->index(0, 0), UIItemRole_GUID, guid, 1, Qt::MatchExactly);
+    return found.isEmpty() ? QModelIndex() : found.constFirst();
+}
+
+bool mvThemelistview::isDownloading() const
+{
+    const QVector<MVThemeItemWdg*> all = cells();
+    return std::any_of(all.cbegin(), all.cend(),
+                       [](const MVThemeItemWdg* cell) { return cell->isDownloading(); });
+}
+
+void mvThemelistview::cancelDownloads()
+{
+    const QVector<MVThemeItemWdg*> all = cells();
+    for (MVThemeItemWdg* const cell : all)
+        cell->cancelDownload();
+}
+
+QString mvThemelistview::appliedItem() const
+{
+    return m_pDelegate ? m_pDelegate->selectedItem() : QString();
+}
+
+void mvThemelistview::setAppliedItem(const QString& guid)
+{
+    if (m_pDelegate)
+        m_pDelegate->select(guid, guid.isEmpty() ? nullptr : cell(guid));
+}
+
+void mvThemelistview::release()
+{
+    if (!m_pProxy)
+        return;
+    Kept kept;
+    kept.themeType = m_pProxy->themeType();
+    kept.text = m_pProxy->filterRegExp().pattern();
+    kept.scroll = verticalScrollBar()->value();
+    kept.current = currentIndex().data(UIItemRole_GUID).toString();
+    kept.applied = appliedItem();
+    const QVector<MVThemeItemWdg*> all = cells();
+    for (const MVThemeItemWdg* const cell : all) {
+        if (!cell->isDownloading())
+            continue;
+        kept.downloads.append(cell->getItem()->m_qsGUID);
+        if (cell->isLastChoice())
+            kept.lastChoice = cell->getItem()->m_qsGUID;
+    }
+    clear();
+    m_kept = kept;
+}
+
+void mvThemelistview::refill()
+{
+    if (!m_kept)
+        return;
+    const Kept kept = *m_kept;
+    m_kept.reset();
+    // All rows first: a cell that goes on downloading does so behind a filter, too.
+    reapplyFilter(MVThemeSortFilterProxyModel::allThemes, QString());
+    initData(QUuid(), false);
+    restartDownloads(kept);
+    if (appliedItem().isEmpty()) // else one of them was complete, and has applied its item
+        setAppliedItem(kept.applied);
+    reapplyFilter(kept.themeType, kept.text);
+    makeCurrent(kept.current);
+    doItemsLayout();
+    verticalScrollBar()->setValue(kept.scroll);
+}
+
+void mvThemelistview::restartDownloads(const Kept& kept)
+{
+    for (const QString& guid : kept.downloads) {
+        MVThemeItemWdg* const downloading = cell(guid);
+        if (downloading && guid == kept.lastChoice)
+            downloading->doApplyTheme();
+        else if (downloading)
+            downloading->resumeDownload();
+    }
+}
+
+/// Without scrolling to it: also a list that is not visible keeps its place.
+void mvThemelistview::makeCurrent(const QString& guid)
+{
+    const QModelIndex row = shownRow(guid);
+    if (!row.isValid())
+        return;
+    const bool isScrolling = hasAutoScroll();
+    setAutoScroll(false);
+    setCurrentIndex(row);
+    setAutoScroll(isScrolling);
+}

@@ -1,0 +1,162 @@
+#include "download/CatalogueUpdate.h"
+
+#include "download/MVThemeDownLoader_CheckCfg.h"
+
+#include <QEventLoop>
+#include <QTimer>
+
+#include <chrono>
+
+namespace {
+
+using Coordinator = MVThemeDownLoader_CheckCfg;
+
+// Together with what else a host does at its end, below the two seconds that people wait for.
+constexpr std::chrono::milliseconds maxShutDown{1700};
+
+} // namespace
+
+CatalogueUpdate::CatalogueUpdate(QObject* parent)
+    : QObject(parent)
+{
+    Coordinator* const coordinator = Coordinator::instance();
+    connect(coordinator, &Coordinator::sig_NeedUpdateApp, this, [this] {
+        if (isRunning() && !m_isShutDown)
+            emit appUpdateNeeded();
+    });
+    connect(coordinator, &Coordinator::sig_checkProgress, this,
+            [this](const auto& progress) { noteProgress(Phase::Catalogue, progress); });
+    connect(coordinator, &Coordinator::sig_previewsProgress, this,
+            [this](const auto& progress) { noteProgress(Phase::Previews, progress); });
+    connect(coordinator, &Coordinator::sig_catalogueChecked, this, &CatalogueUpdate::noteCheck);
+    connect(coordinator, &Coordinator::sig_startDownloadThumbAndGif, this,
+            &CatalogueUpdate::notePreviewsStarted);
+    connect(coordinator, &Coordinator::sig_previewsFetched, this, &CatalogueUpdate::notePreviews);
+}
+
+bool CatalogueUpdate::start()
+{
+    if (isRunning() || m_isShutDown)
+        return false;
+    // Set up before the coordinator's signals come.
+    m_isCancelled = false;
+    m_hasResult = false;
+    m_wantsPreviews = true;
+    m_result = SCatalogueUpdateResult();
+    m_phase = Phase::Catalogue;
+    m_progress = SUpdateProgress();
+    m_isRefused = !Coordinator::instance()->startDownloadXML();
+    if (m_isRefused)
+        m_phase = Phase::Idle;
+    emit phaseChanged(m_phase);
+    return !m_isRefused;
+}
+
+void CatalogueUpdate::cancel()
+{
+    if (!isRunning())
+        return;
+    m_isCancelled = true;
+    Coordinator::instance()->cancelCfgAndDisplayXML();
+    Coordinator::instance()->cancelThumbAndGif();
+}
+
+bool CatalogueUpdate::shutDown()
+{
+    m_isShutDown = true;
+    cancel();
+    if (!isRunning())
+        return true;
+    QEventLoop loop;
+    QTimer::singleShot(maxShutDown, &loop, &QEventLoop::quit);
+    connect(Coordinator::instance(), &Coordinator::sig_catalogueChecked, &loop, [this, &loop] {
+        if (!isRunning())
+            loop.quit();
+    });
+    connect(Coordinator::instance(), &Coordinator::sig_previewsFetched, &loop, [this, &loop] {
+        if (!isRunning())
+            loop.quit();
+    });
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    return !isRunning();
+}
+
+void CatalogueUpdate::enter(Phase phase)
+{
+    m_phase = phase;
+    m_progress = SUpdateProgress();
+    if (!m_isShutDown)
+        emit phaseChanged(phase);
+}
+
+void CatalogueUpdate::noteProgress(Phase phase, const SUpdateProgress& progress)
+{
+    if (phase != m_phase || m_isShutDown)
+        return;
+    m_progress = progress;
+    emit progressed(m_progress);
+}
+
+void CatalogueUpdate::noteCheck(const SCatalogueCheckResult& check)
+{
+    if (m_phase != Phase::Catalogue)
+        return;
+    m_result.m_check = check;
+    m_result.m_bContentArrived |= check.m_eEnd == eCatalogueCheck_Changed;
+    enter(Phase::Previews);
+    // The coordinator leaves them out where a check sends no end signal.
+    if (!check.m_bPreviewsFollow) {
+        if (m_isCancelled)
+            m_wantsPreviews = false;
+        else
+            Coordinator::instance()->startDownloadThumbAndGif();
+    }
+    finishIfOver();
+}
+
+/// Previews can begin before the check has ended: where one catalogue file fails, the check tries
+/// the other one meanwhile.
+void CatalogueUpdate::notePreviewsStarted()
+{
+    if (isRunning() && m_isCancelled)
+        Coordinator::instance()->cancelThumbAndGif();
+}
+
+void CatalogueUpdate::notePreviews(const SPreviewRunResult& previews)
+{
+    if (!isRunning())
+        return;
+    const int fetchedBefore = m_result.m_previews.m_nFetched; // by a run beside the check
+    m_result.m_previews = previews;
+    m_result.m_previews.m_nFetched += fetchedBefore;
+    m_result.m_bContentArrived |= previews.m_nFetched > 0;
+    m_wantsPreviews = false;
+    finishIfOver();
+}
+
+void CatalogueUpdate::finishIfOver()
+{
+    const Coordinator& coordinator = *Coordinator::instance();
+    const bool isChecking = m_result.m_check.m_bPreviewsFollow && coordinator.isChecking();
+    if (m_phase != Phase::Previews || m_wantsPreviews || isChecking
+        || coordinator.isFetchingPreviews())
+        return;
+    m_result.m_eEnd = end();
+    m_hasResult = true;
+    enter(Phase::Idle);
+    if (!m_isShutDown)
+        emit finished(SCatalogueUpdateResult(m_result)); // a receiver may start the next update
+}
+
+ECatalogueUpdateEnd CatalogueUpdate::end() const
+{
+    const ECatalogueCheckEnd check = m_result.m_check.m_eEnd;
+    if (m_isCancelled || check == eCatalogueCheck_Cancelled
+        || m_result.m_previews.m_eEnd == ePreviewRun_Cancelled)
+        return eCatalogueUpdate_Cancelled;
+    if (check != eCatalogueCheck_Changed && check != eCatalogueCheck_Current)
+        return eCatalogueUpdate_Failed;
+    const bool isMissing =
+        m_result.m_previews.m_nFailed > 0 || m_result.m_previews.m_eEnd == ePreviewRun_NoCatalogue;
+    return isMissing ? eCatalogueUpdate_PreviewsMissing : eCatalogueUpdate_Complete;
+}

@@ -1,0 +1,285 @@
+#include "download/CheckFixture.h"
+#include "download/HeldAnswer.h"
+#include "download/MVThemeDownLoader_CheckCfg.h"
+#include "download/UpdateTrace.h"
+#include "support/TestMain.h"
+
+#include <QFile>
+
+/// Updates that run to their end.
+class tst_CatalogueUpdate_run : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void checkAndPreviewsAreOneOperation();
+    void nothingNewIsComplete();
+    void ends_data();
+    void ends();
+    void reasonOfAFailedCheckIsTheChecks();
+    void previewsBesideTheCheckCount();
+    void numbersGrowToTheWhole();
+    void secondStartIsRefusedMeanwhile();
+    void nextUpdateMayStartWhereOneFinishes();
+    void destroyedUpdateTellsNothing();
+    void hostMayStillUseTheCallbacks();
+
+private:
+    void publishAll();
+
+    CheckWorld m_world;
+};
+
+namespace {
+
+const QByteArray sum = "00112233445566778899aabbccddeeff";
+
+void refuse(HttpExchange& exchange)
+{
+    exchange.answer(HttpAnswer(404).body("no"));
+}
+
+} // namespace
+
+void tst_CatalogueUpdate_run::init()
+{
+    m_world.fresh();
+    CheckWorld::setParam("hasMV", "1");
+}
+
+void tst_CatalogueUpdate_run::cleanup()
+{
+    MVThemeDownLoader_CheckCfg::instance()->waitThreadFinished();
+}
+
+void tst_CatalogueUpdate_run::publishAll()
+{
+    m_world.publish("1.0.2", CheckWorld::displayCatalogue({1}, {2}),
+                    CheckWorld::configCatalogue({1}, {2}));
+    m_world.install("1.0.2", sum, sum);
+    m_world.serve("/display/Themes/t1.jpg", "image");
+    m_world.serve("/display/Themes/t1.gif", "image");
+    m_world.serve("/display/VideoFilters/f2.jpg", "image");
+}
+
+void tst_CatalogueUpdate_run::checkAndPreviewsAreOneOperation()
+{
+    publishAll();
+    CatalogueUpdate update;
+    const UpdateTrace trace(update);
+    QVERIFY(!update.isRunning());
+    QVERIFY(update.start());
+    QVERIFY(update.isRunning());
+    QVERIFY(trace.hasFinished());
+
+    QCOMPARE(trace.entries(), UpdateTrace::whole());
+    const SCatalogueUpdateResult& result = trace.results().constFirst();
+    QCOMPARE(result.m_eEnd, eCatalogueUpdate_Complete);
+    QVERIFY(result.m_bContentArrived);
+    QCOMPARE(result.m_check.m_eEnd, eCatalogueCheck_Changed);
+    QCOMPARE(result.m_previews.m_nFetched, 3);
+    QCOMPARE(result.reason(), QString());
+    QCOMPARE(result.cause(), eFailure_None);
+    QVERIFY(update.hasResult());
+    QVERIFY(!update.isRunning());
+    QVERIFY(QFile::exists(m_world.preview("VideoFilters", "f2.jpg")));
+}
+
+void tst_CatalogueUpdate_run::nothingNewIsComplete()
+{
+    publishAll();
+    CatalogueUpdate update;
+    const UpdateTrace trace(update);
+    QVERIFY(update.start());
+    QVERIFY(trace.hasFinished());
+    QVERIFY(update.start());
+    QVERIFY(trace.hasFinished(2));
+    const SCatalogueUpdateResult& result = trace.results().constLast();
+    QCOMPARE(result.m_eEnd, eCatalogueUpdate_Complete);
+    QVERIFY(!result.m_bContentArrived);
+    QCOMPARE(result.m_check.m_eEnd, eCatalogueCheck_Current);
+    QCOMPARE(result.m_previews.m_nPresent, 3);
+}
+
+void tst_CatalogueUpdate_run::ends_data()
+{
+    QTest::addColumn<QByteArray>("missing");
+    QTest::addColumn<QByteArray>("installed");
+    QTest::addColumn<int>("end");
+    QTest::addColumn<int>("cause");
+    QTest::addColumn<bool>("contentArrived");
+    QTest::addColumn<QString>("reason");
+
+    const QByteArray nothing;
+    QTest::newRow("a preview") << QByteArray("/display/Themes/t1.gif") << QByteArray("1.0.2")
+                               << int(eCatalogueUpdate_PreviewsMissing) << int(eFailure_NotOnServer)
+                               << true << QStringLiteral("t1.gif");
+    QTest::newRow("the version file, with a catalogue on disk")
+        << QByteArray(CheckWorld::versionTarget) << QByteArray("1.0.2")
+        << int(eCatalogueUpdate_Failed) << int(eFailure_NotOnServer) << true
+        << QStringLiteral("resource_version_v3.xml");
+    QTest::newRow("a catalogue file") << QByteArray(CheckWorld::configTarget) << QByteArray("1.0.2")
+                                      << int(eCatalogueUpdate_Failed) << int(eFailure_NotOnServer)
+                                      << true << QStringLiteral("resource_config.xml");
+    QTest::newRow("newer server") << nothing << QByteArray("1.0.1") << int(eCatalogueUpdate_Failed)
+                                  << int(eFailure_None) << true
+                                  << QStringLiteral("needs a newer application");
+    QTest::newRow("older server") << nothing << QByteArray("1.0.3") << int(eCatalogueUpdate_Failed)
+                                  << int(eFailure_None) << true
+                                  << QStringLiteral("older than the application");
+}
+
+void tst_CatalogueUpdate_run::ends()
+{
+    QFETCH(QByteArray, missing);
+    QFETCH(QByteArray, installed);
+    publishAll();
+    m_world.install(installed, sum, sum);
+    m_world.writeCatalogue(MVThemeMgr::eLoadDir_Local, {1}, {2});
+    if (!missing.isEmpty())
+        m_world.route(missing, refuse);
+    CatalogueUpdate update;
+    const UpdateTrace trace(update);
+    QVERIFY(update.start());
+    QVERIFY(trace.hasFinished());
+    const SCatalogueUpdateResult& result = trace.results().constFirst();
+    QTEST(int(result.m_eEnd), "end");
+    QTEST(int(result.cause()), "cause");
+    QTEST(result.m_bContentArrived, "contentArrived");
+    QFETCH(QString, reason);
+    QVERIFY2(result.reason().contains(reason), qPrintable(result.reason()));
+    QCOMPARE(trace.entries().contains(QStringLiteral("newer application")),
+             result.m_check.m_eEnd == eCatalogueCheck_ServerNewer);
+}
+
+void tst_CatalogueUpdate_run::reasonOfAFailedCheckIsTheChecks()
+{
+    publishAll();
+    m_world.route(CheckWorld::versionTarget, refuse); // and there is no catalogue on disk
+    CatalogueUpdate update;
+    const UpdateTrace trace(update);
+    QVERIFY(update.start());
+    QVERIFY(trace.hasFinished());
+    const SCatalogueUpdateResult& result = trace.results().constFirst();
+    QCOMPARE(result.m_eEnd, eCatalogueUpdate_Failed);
+    QCOMPARE(result.m_previews.m_eEnd, ePreviewRun_NoCatalogue);
+    QCOMPARE(result.reason(), result.m_check.m_qsReason);
+    QVERIFY(!result.m_bContentArrived);
+}
+
+/// The first of two failing catalogue files starts the previews while the check tries the other.
+void tst_CatalogueUpdate_run::previewsBesideTheCheckCount()
+{
+    publishAll();
+    m_world.writeCatalogue(MVThemeMgr::eLoadDir_Local, {}, {2});
+    HeldAnswer held;
+    m_world.route(CheckWorld::displayTarget, refuse);
+    m_world.route(CheckWorld::configTarget, held.handler(HttpAnswer(404).body("no")));
+    CatalogueUpdate update;
+    const UpdateTrace trace(update);
+    QVERIFY(update.start());
+    QVERIFY(held.hasArrived());
+    QTRY_VERIFY(QFile::exists(m_world.preview("VideoFilters", "f2.jpg")));
+    QTRY_VERIFY(!MVThemeDownLoader_CheckCfg::instance()->isFetchingPreviews());
+    QCOMPARE(update.phase(), CatalogueUpdate::Phase::Catalogue);
+    held.release();
+    QVERIFY(trace.hasFinished());
+    QCOMPARE(trace.entries(), UpdateTrace::whole());
+    QCOMPARE(trace.results().constFirst().m_previews.m_nFetched, 1);
+    QVERIFY(trace.results().constFirst().m_bContentArrived);
+    QCOMPARE(trace.results().constFirst().m_eEnd, eCatalogueUpdate_Failed);
+}
+
+void tst_CatalogueUpdate_run::numbersGrowToTheWhole()
+{
+    publishAll();
+    CatalogueUpdate update;
+    const UpdateTrace trace(update);
+    QVERIFY(update.start());
+    QVERIFY(trace.hasFinished());
+    const QVector<SUpdateProgress>& progress = trace.progress();
+    SUpdateProgress last;
+    for (int i = 0; i < progress.size(); ++i) {
+        const bool isFirst = i == 0 || trace.progressPhases()[i] != trace.progressPhases()[i - 1];
+        QCOMPARE(progress[i].m_nFiles,
+                 trace.progressPhases()[i] == CatalogueUpdate::Phase::Catalogue ? 3 : 4);
+        QVERIFY(isFirst || progress[i].m_nFilesDone >= last.m_nFilesDone);
+        QVERIFY(isFirst || progress[i].m_nBytes >= last.m_nBytes);
+        last = progress[i];
+    }
+    QCOMPARE(trace.progressPhases().first(), CatalogueUpdate::Phase::Catalogue);
+    QCOMPARE(trace.progressPhases().last(), CatalogueUpdate::Phase::Previews);
+    QCOMPARE(last.m_nFilesDone, 4);
+    QCOMPARE(last.m_nBytes, qint64(3 * 5)); // "image"
+    QCOMPARE(update.progress().m_nFiles, 0);
+}
+
+void tst_CatalogueUpdate_run::secondStartIsRefusedMeanwhile()
+{
+    publishAll();
+    HeldAnswer held;
+    m_world.route("/display/Themes/t1.gif", held.handler(HttpAnswer(200).body("image")));
+    CatalogueUpdate update;
+    const UpdateTrace trace(update);
+    QVERIFY(update.start());
+    QVERIFY(!update.start());
+    QTRY_COMPARE(update.phase(), CatalogueUpdate::Phase::Previews);
+    QVERIFY(held.hasArrived());
+    QVERIFY(!update.start());
+    QVERIFY(!update.isRefused());
+    QVERIFY(!update.hasResult());
+    QCOMPARE(update.result().m_check.m_eEnd, eCatalogueCheck_Changed);
+    held.release();
+    QVERIFY(trace.hasFinished());
+    QCOMPARE(trace.entries(), UpdateTrace::whole());
+}
+
+void tst_CatalogueUpdate_run::nextUpdateMayStartWhereOneFinishes()
+{
+    publishAll();
+    CatalogueUpdate update;
+    const UpdateTrace trace(update);
+    bool started = false;
+    connect(&update, &CatalogueUpdate::finished, &update, [&] {
+        if (!started)
+            started = update.start();
+    });
+    QVERIFY(update.start());
+    QVERIFY(trace.hasFinished(2));
+    QVERIFY(started);
+    QCOMPARE(trace.entries(), UpdateTrace::whole() + UpdateTrace::whole());
+}
+
+void tst_CatalogueUpdate_run::destroyedUpdateTellsNothing()
+{
+    publishAll();
+    {
+        CatalogueUpdate update;
+        QVERIFY(update.start());
+    }
+    CatalogueUpdate other; // which has nothing to do with the run that goes on
+    const UpdateTrace trace(other);
+    QTRY_VERIFY(!MVThemeDownLoader_CheckCfg::instance()->isChecking());
+    QTRY_VERIFY(!MVThemeDownLoader_CheckCfg::instance()->isFetchingPreviews());
+    QCOMPARE(trace.entries(), QStringList());
+    QVERIFY(!other.hasResult());
+}
+
+void tst_CatalogueUpdate_run::hostMayStillUseTheCallbacks()
+{
+    publishAll();
+    int told = 0;
+    MVThemeDownLoader_CheckCfg::setPreviewRunCallback([&](const SPreviewRunResult&) { ++told; });
+    CatalogueUpdate update;
+    const UpdateTrace trace(update);
+    QVERIFY(update.start());
+    QVERIFY(trace.hasFinished());
+    MVThemeDownLoader_CheckCfg::setPreviewRunCallback({});
+    QCOMPARE(told, 1);
+}
+
+MV_TEST_MAIN(tst_CatalogueUpdate_run)
+
+#include "tst_CatalogueUpdate_run.moc"

@@ -1,0 +1,41 @@
+#include "download/CheckFixture.h"
+#include "download/UpdateTrace.h"
+#include "support/TestMain.h"
+
+/// An update whose check sends no end signal. The coordinator takes no other check afterwards, so
+/// this has a program of its own, and its steps one order.
+class tst_CatalogueUpdate_silent : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void updateComesToItsEndAllTheSame();
+};
+
+void tst_CatalogueUpdate_silent::updateComesToItsEndAllTheSame()
+{
+    CheckWorld world;
+    world.fresh();
+    world.serve(CheckWorld::versionTarget, CheckWorld::version("1.0.2", "", ""));
+    world.install("1.0.2", "1", "1");
+    world.writeCatalogue(MVThemeMgr::eLoadDir_Local, {}, {1});
+    world.serve("/display/VideoFilters/f1.jpg", "image");
+    CatalogueUpdate update;
+    const UpdateTrace trace(update);
+
+    QVERIFY(update.start());
+    QVERIFY(trace.hasFinished());
+    QCOMPARE(trace.entries(), UpdateTrace::whole());
+    QCOMPARE(trace.results().constFirst().m_eEnd, eCatalogueUpdate_Failed);
+    QCOMPARE(trace.results().constFirst().m_check.m_eEnd, eCatalogueCheck_Rejected);
+    QCOMPARE(trace.results().constFirst().m_previews.m_nFetched, 1);
+
+    QVERIFY(!update.start());
+    QVERIFY(update.isRefused());
+    QVERIFY(!update.isRunning());
+    QVERIFY(update.shutDown());
+}
+
+MV_TEST_MAIN(tst_CatalogueUpdate_silent)
+
+#include "tst_CatalogueUpdate_silent.moc"
