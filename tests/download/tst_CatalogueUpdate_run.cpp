@@ -16,6 +16,8 @@ private slots:
     void cleanup();
     void checkAndPreviewsAreOneOperation();
     void nothingNewIsComplete();
+    void previewsAloneAreContent();
+    void aCatalogueThatIsNotThePublishedOneIsRefused();
     void ends_data();
     void ends();
     void reasonOfAFailedCheckIsTheChecks();
@@ -101,6 +103,36 @@ void tst_CatalogueUpdate_run::nothingNewIsComplete()
     QVERIFY(!result.m_bContentArrived);
     QCOMPARE(result.m_check.m_eEnd, eCatalogueCheck_Current);
     QCOMPARE(result.m_previews.m_nPresent, 3);
+}
+
+void tst_CatalogueUpdate_run::previewsAloneAreContent()
+{
+    publishAll();
+    CatalogueUpdate update;
+    const UpdateTrace trace(update);
+    QVERIFY(update.start());
+    QVERIFY(trace.hasFinished());
+    QVERIFY(QFile::remove(m_world.preview("Themes", "t1.gif")));
+    QVERIFY(update.start());
+    QVERIFY(trace.hasFinished(2));
+    QCOMPARE(trace.results().constLast().m_check.m_eEnd, eCatalogueCheck_Current);
+    QCOMPARE(trace.results().constLast().m_previews.m_nFetched, 1);
+    QVERIFY(trace.results().constLast().m_bContentArrived);
+}
+
+void tst_CatalogueUpdate_run::aCatalogueThatIsNotThePublishedOneIsRefused()
+{
+    publishAll();
+    m_world.serve(CheckWorld::displayTarget, "<other/>");
+    CatalogueUpdate update;
+    const UpdateTrace trace(update);
+    QVERIFY(update.start());
+    QVERIFY(trace.hasFinished());
+    const SCatalogueUpdateResult& result = trace.results().constFirst();
+    QCOMPARE(result.m_eEnd, eCatalogueUpdate_Failed);
+    QCOMPARE(result.m_check.m_eEnd, eCatalogueCheck_Rejected);
+    QCOMPARE(result.cause(), eFailure_Damaged);
+    QVERIFY(!result.m_bContentArrived);
 }
 
 void tst_CatalogueUpdate_run::ends_data()
