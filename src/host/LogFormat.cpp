@@ -132,7 +132,9 @@ QByteArray convert(const Conversion& c, Arguments& from)
         return print(c, stars, "", va_arg(from.list, int));
     case 's': {
         const char* text = va_arg(from.list, const char*);
-        return print(c, stars, "", text ? text : "(null)");
+        if (!text)
+            text = "(null)";
+        return c.flags.isEmpty() ? QByteArray(text) : print(c, stars, "", text);
     }
     case 'p':
         return print(c, stars, "", va_arg(from.list, void*));

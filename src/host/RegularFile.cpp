@@ -14,7 +14,7 @@
 namespace {
 
 constexpr mode_t newFileMode = 0666; // less the umask
-constexpr qint64 chunkSize = 256 * 1024;
+constexpr int chunkSize = 256 * 1024;
 
 } // namespace
 
@@ -43,12 +43,13 @@ bool RegularFile::readAll(QFile& file, qint64 maxBytes, QByteArray& bytes)
 {
     bytes.clear();
     bytes.reserve(static_cast<int>(qMin(file.size(), maxBytes)));
+    QByteArray chunk(chunkSize, Qt::Uninitialized);
     for (;;) {
-        const QByteArray chunk = file.read(chunkSize);
-        if (chunk.isEmpty())
+        const qint64 length = file.read(chunk.data(), chunk.size());
+        if (length <= 0)
             return file.error() == QFileDevice::NoError;
-        if (bytes.size() + chunk.size() > maxBytes)
+        if (bytes.size() + length > maxBytes)
             return false;
-        bytes += chunk;
+        bytes.append(chunk.constData(), static_cast<int>(length));
     }
 }
