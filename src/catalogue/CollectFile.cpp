@@ -10,6 +10,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
+#include <QMap>
 
 #include <algorithm>
 #include <cerrno>
@@ -90,7 +91,7 @@ CollectFile::Read CollectFile::read(const QString& path, QJsonObject& marks)
     if (!parse(bytes, document))
         return Read::CannotParse;
     m_loaded = true;
-    m_changed.clear();
+    forget();
     marks = document.object();
     return Read::Done;
 }
@@ -121,7 +122,7 @@ STransferFailure CollectFile::save(const QString& path, QJsonObject& marks)
         return failure;
     marks = all;
     m_loaded = true;
-    m_changed.clear();
+    forget();
     return {};
 }
 
@@ -163,13 +164,61 @@ STransferFailure CollectFile::keepAside(const QString& path)
 
 QJsonObject CollectFile::merged(const QJsonObject& marks, const OnDisk& disk) const
 {
-    if (!disk.isParsed)
-        return marks;
-    QJsonObject all = disk.marks;
-    for (auto mark = marks.constBegin(); mark != marks.constEnd(); ++mark) {
-        const bool isAsked = mark.value() == QJsonValue(false) && !all.contains(mark.key());
-        if (isAsked || m_changed.contains(mark.key()))
-            all.insert(mark.key(), mark.value());
+    QMap<QString, QJsonValue> sorted; // in whose order insertions move nothing
+    if (disk.isParsed) {
+        for (auto mark = disk.marks.constBegin(); mark != disk.marks.constEnd(); ++mark)
+            sorted.insert(mark.key(), mark.value());
     }
+    for (auto mark = marks.constBegin(); mark != marks.constEnd(); ++mark) {
+        const bool isAsked = mark.value() == QJsonValue(false) && !sorted.contains(mark.key());
+        if (isAsked || !disk.isParsed)
+            sorted.insert(mark.key(), mark.value());
+    }
+    for (auto mark = m_own.cbegin(); mark != m_own.cend(); ++mark) {
+        if (mark->isChanged || !sorted.contains(mark.key()))
+            sorted.insert(mark.key(), mark->isMarked);
+    }
+    QJsonObject all;
+    for (auto mark = sorted.cbegin(); mark != sorted.cend(); ++mark)
+        all.insert(mark.key(), mark.value());
     return all;
+}
+
+void CollectFile::forget()
+{
+    m_own.clear();
+    m_isChanged = false;
+}
+
+void CollectFile::setMarked(const QString& guid, bool isMarked)
+{
+    m_own.insert(guid, {isMarked, true});
+    m_isChanged = true;
+}
+
+bool CollectFile::isMarked(const QString& guid, const QJsonObject& marks)
+{
+    const auto own = m_own.constFind(guid);
+    if (own != m_own.constEnd())
+        return own->isMarked;
+    const auto mark = marks.constFind(guid);
+    if (mark != marks.constEnd())
+        return mark->toBool(false);
+    m_own.insert(guid, {false, false});
+    return false;
+}
+
+QStringList CollectFile::marked(const QJsonObject& marks) const
+{
+    QStringList guids;
+    for (auto mark = marks.constBegin(); mark != marks.constEnd(); ++mark) {
+        if (mark->toBool(false) && !m_own.contains(mark.key()))
+            guids.append(mark.key());
+    }
+    for (auto own = m_own.cbegin(); own != m_own.cend(); ++own) {
+        if (own->isMarked)
+            guids.append(own.key());
+    }
+    guids.sort();
+    return guids;
 }

@@ -2,9 +2,10 @@
 
 #include "host/STransferFailure.h"
 
+#include <QHash>
 #include <QJsonObject>
-#include <QSet>
 #include <QString>
+#include <QStringList>
 
 /// One favourites file, as one process reads and writes it: a JSON object with a boolean for each
 /// GUID.
@@ -26,16 +27,23 @@ public:
     /// empty. Unless the result is Done, `marks` stays as it is.
     Read read(const QString& path, QJsonObject& marks);
 
-    /// Notes that this process has changed the mark of a GUID.
-    void noteChange(const QString& guid) { m_changed.insert(guid); }
+    /// Changes the mark of a GUID.
+    void setMarked(const QString& guid, bool isMarked);
+
+    /// Whether a GUID is marked, by this process or else in `marks`, which read() or save() has
+    /// filled. One that neither knows is noted as asked about: save() writes it as not marked.
+    bool isMarked(const QString& guid, const QJsonObject& marks);
+
+    /// The GUIDs that are marked, sorted.
+    QStringList marked(const QJsonObject& marks) const;
 
     /// Whether save() has something to write: the file was read, or a mark was changed.
-    bool isInUse() const { return m_loaded || !m_changed.isEmpty(); }
+    bool isInUse() const { return m_loaded || m_isChanged; }
 
-    /// Replaces the file, atomically and durably, by what is on disk, with the marks of `marks`
-    /// that this process has changed and the GUIDs it has asked about; `marks` becomes what the
-    /// file holds. Returns no failure if there was nothing to write. After a failure the file is as
-    /// it was, and the changes wait for the next call.
+    /// Replaces the file, atomically and durably, by what is on disk, with the marks that this
+    /// process has changed and the GUIDs it has asked about; `marks` becomes what the file holds.
+    /// Returns no failure if there was nothing to write. After a failure the file is as it was, and
+    /// the changes wait for the next call.
     STransferFailure save(const QString& path, QJsonObject& marks);
 
 private:
@@ -47,10 +55,20 @@ private:
         bool isParsed = false; ///< it is a JSON object
     };
 
+    struct Mark
+    {
+        bool isMarked;
+        bool isChanged; ///< else asked about
+    };
+
     static STransferFailure readDisk(const QString& path, OnDisk& disk);
     static STransferFailure keepAside(const QString& path);
     QJsonObject merged(const QJsonObject& marks, const OnDisk& disk) const;
+    void forget();
 
     bool m_loaded = false;
-    QSet<QString> m_changed; // GUIDs, since the last read or save
+    bool m_isChanged = false; // a mark was changed since the last read or save
+    // By GUID, since the last read or save. Not in the JSON object: each insertion moves what is
+    // behind it, so that asking for a whole catalogue would take the square of its size.
+    QHash<QString, Mark> m_own;
 };

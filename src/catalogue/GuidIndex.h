@@ -6,22 +6,59 @@
 #include <QString>
 #include <QVector>
 
-/// Finds items by GUID while a reader works on a vector, so that reading stays linear in its size:
-/// the first in vector order, exactly compared. Internal to the library; the vector must not change
-/// while the index is in use.
+#include <algorithm>
+
+/// Finds items of one vector by GUID, many at a time: the first in vector order, exactly compared,
+/// like MVThemeMgr::findItemByID.
+///
+/// A few searches scan the vector; further ones use a hash, so that any number of them stays linear
+/// in the vector. The vector is not copied: it must outlive the index and not change while the
+/// index is in use. One thread at a time.
 class GuidIndex
 {
 public:
     explicit GuidIndex(const QVector<SCfg_Item>& items)
+        : m_items(items)
     {
-        m_first.reserve(items.size());
-        for (int i = items.size() - 1; i >= 0; --i)
-            m_first.insert(items.at(i).m_qsGUID, i); // backwards: the first of equal GUIDs stays
     }
 
     /// Index of the first item with that GUID, -1 if there is none.
-    int find(const QString& guid) const { return m_first.value(guid, -1); }
+    int find(const QString& guid)
+    {
+        constexpr int maxScans = 8;
+        if (m_scans < maxScans) {
+            ++m_scans;
+            return scan(guid);
+        }
+        if (m_first.isEmpty())
+            build();
+        return m_first.value(guid, -1);
+    }
+
+    /// The first item with that GUID, null if there is none. Owned by the vector.
+    const SCfg_Item* findItem(const QString& guid)
+    {
+        const int found = find(guid);
+        return found < 0 ? nullptr : &m_items.at(found);
+    }
 
 private:
+    int scan(const QString& guid) const
+    {
+        const auto found =
+            std::find_if(m_items.cbegin(), m_items.cend(),
+                         [&guid](const SCfg_Item& item) { return item.m_qsGUID == guid; });
+        return found == m_items.cend() ? -1 : static_cast<int>(found - m_items.cbegin());
+    }
+
+    void build()
+    {
+        m_first.reserve(m_items.size());
+        for (int i = m_items.size() - 1; i >= 0; --i)
+            m_first.insert(m_items.at(i).m_qsGUID, i); // backwards: the first of equal GUIDs stays
+    }
+
+    const QVector<SCfg_Item>& m_items;
+    int m_scans = 0;
     QHash<QString, int> m_first;
 };

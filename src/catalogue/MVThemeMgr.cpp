@@ -95,15 +95,6 @@ bool MVThemeMgr::hasThemes()
     return TzProductInfo::instance()->extendParam(QStringLiteral("hasMV"), QString()).toInt() != 0;
 }
 
-void MVThemeMgr::parseThemes()
-{
-    for (SCfg_Item& item : m_sDisplayXML.vecTheme) {
-        item.m_eType = eCfgItem_Theme;
-        if (doItem_Info_CfgXML(item) && isReadable(item.m_info_CfgXML.m_qsFile))
-            read_resource_config_Themes_a(item.m_info_CfgXML.m_qsFile, item.m_pThemes_a);
-    }
-}
-
 /// Whether a file of an item is really below the download root or in the installed tree, which its
 /// name and the links on the way decide. One without a path needs no reading, as given.
 bool MVThemeMgr::isReadable(const QString& file)

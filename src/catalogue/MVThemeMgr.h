@@ -21,6 +21,7 @@
 class CollectFile;
 class QDomDocument;
 class QDomElement;
+class ThemeDependencies;
 
 /// The catalogue of resources: what exists, what the user is shown, where every file lies on disk
 /// and on the server, which items are favourites.
@@ -269,6 +270,7 @@ private:
     bool isReadable(const QString& file);
     QVector<SFileInfo*> ownNeededFiles(SCfg_Item& item);
     void clearVectors();
+    void readTheme(const QString& path, ThemeDependencies& dependencies, SThemes_a*& out);
     bool resolve(SFileInfo& info, ECfgItemType k, EDirTag t, const QString& relative,
                  bool absoluteNames, bool makeFolder);
     static void readCollect(CollectFile& file, const QString& path, const char* openError,

@@ -7,6 +7,7 @@
 #include "host/Utils.h"
 
 #include <QFileInfo>
+#include <QSet>
 #include <QStringList>
 #include <QUuid>
 
@@ -43,14 +44,15 @@ public:
 
     void add(int slot, const QString& guid)
     {
-        if (QUuid(guid).isNull())
+        if (m_guids.at(slot).contains(guid) || QUuid(guid).isNull())
             return;
+        m_guids.at(slot).insert(guid);
         const QString folder = m_root + slotFolder(slot) + guid;
         // A GUID may have a tail that leads elsewhere.
         if (!PathGuard::isInside(m_root + QStringLiteral("/config"), folder))
             return;
-        addOnce(m_folders.at(slot), folder);
-        addOnce(m_files.at(slot), folder + QStringLiteral(".xml"));
+        m_folders.at(slot).append(folder);
+        m_files.at(slot).append(folder + QStringLiteral(".xml"));
     }
 
     void write() const
@@ -73,12 +75,6 @@ public:
     }
 
 private:
-    static void addOnce(QStringList& list, const QString& path)
-    {
-        if (!list.contains(path))
-            list.append(path);
-    }
-
     static QString twin(QString path)
     {
         return path.replace(QLatin1String("config"), QLatin1String("config_local"));
@@ -99,7 +95,8 @@ private:
     }
 
     QString m_root;
-    std::array<QStringList, slotCount> m_folders;
+    std::array<QSet<QString>, slotCount> m_guids; // that have been looked at
+    std::array<QStringList, slotCount> m_folders; // in the order of the catalogue
     std::array<QStringList, slotCount> m_files;
 };
 

@@ -21,9 +21,11 @@ void MVThemeMgr::read_resource_config_xml()
         LogL("MVThemeMgr", 1, "read_resource_config_xml is error!");
         return;
     }
-    const QDomElement root = doc.documentElement();
+    QDomElement root = doc.documentElement();
     const auto read = [&](ECfgItemType k, QVector<SCfg_Item>& out) {
-        read_resource_config_xml_a(root, k, getCfgItemTypeStr(k), out);
+        const QString tag = getCfgItemTypeStr(k);
+        read_resource_config_xml_a(root, k, tag, out);
+        XmlFile::release(root, tag);
     };
     read(eCfgItem_Filter, m_sCfgXML.vecFilter);
     read(eCfgItem_Transition, m_sCfgXML.vecTransition);

@@ -3,6 +3,7 @@
 #include "catalogue/GuidIndex.h"
 #include "catalogue/MVThemeMgr.h"
 #include "catalogue/NoneEntry.h"
+#include "catalogue/XmlFile.h"
 #include "host/LogL.h"
 #include "host/TzProductInfo.h"
 
@@ -18,7 +19,7 @@ QString childText(const QDomElement& parent, const QString& tag)
 }
 
 /// Index of the config item of a shown one, -1 with a line in the log if there is none.
-int findConfig(const GuidIndex& index, const QString& guid)
+int findConfig(GuidIndex& index, const QString& guid)
 {
     const int found = index.find(guid);
     if (found < 0)
@@ -44,15 +45,18 @@ void MVThemeMgr::read_resource_display_xml()
         LogL("MVThemeMgr", 1, "read_resource_display_xml is error!");
         return;
     }
-    const QDomElement root = doc.documentElement();
+    QDomElement root = doc.documentElement();
     const auto readFlat = [&](ECfgItemType k, QVector<SCfg_Item>& cfg, QVector<SCfg_Item>& out) {
-        read_resource_display_xml_a(root, k, getCfgItemTypeStr(k), cfg, out, false);
+        const QString tag = getCfgItemTypeStr(k);
+        read_resource_display_xml_a(root, k, tag, cfg, out, false);
+        XmlFile::release(root, tag);
     };
     readFlat(eCfgItem_Filter, m_sCfgXML.vecFilter, m_sDisplayXML.vecFilter);
     readFlat(eCfgItem_Transition, m_sCfgXML.vecTransition, m_sDisplayXML.vecTransition);
     readFlat(eCfgItem_Motion, m_sCfgXML.vecMotion, m_sDisplayXML.vecMotion);
     read_resource_display_xml_a_theme(root, eCfgItem_Theme, getCfgItemTypeStr(eCfgItem_Theme),
                                       m_sCfgXML.vecTheme, m_sDisplayXML.vecTheme, false);
+    XmlFile::release(root, getCfgItemTypeStr(eCfgItem_Theme));
     readFlat(eCfgItem_BgMaterial, m_sCfgXML.vecBgMaterial, m_sDisplayXML.vecBgMaterial);
 
     const QString fewer =
@@ -66,7 +70,7 @@ void MVThemeMgr::read_resource_display_xml_a(const QDomElement& root, ECfgItemTy
                                              QVector<SCfg_Item>& displayItems, bool keepAll)
 {
     const QString itemTag = QStringLiteral("Item");
-    const GuidIndex index(cfgItems);
+    GuidIndex index(cfgItems);
     displayItems.reserve(displayItems.size() + cfgItems.size());
     const QDomElement category = root.firstChildElement(tagName);
     for (QDomElement element = category.firstChildElement(itemTag); !element.isNull();
@@ -99,7 +103,7 @@ void MVThemeMgr::read_resource_display_xml_a_theme(const QDomElement& root, ECfg
 {
     const QString groupTag = QStringLiteral("Group");
     const QString itemTag = QStringLiteral("Item");
-    const GuidIndex index(cfgItems);
+    GuidIndex index(cfgItems);
     displayItems.reserve(displayItems.size() + cfgItems.size());
     const QDomElement category = root.firstChildElement(tagName);
     for (QDomElement group = category.firstChildElement(groupTag); !group.isNull();

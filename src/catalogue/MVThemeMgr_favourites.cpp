@@ -41,15 +41,6 @@ bool parseJson(const QByteArray& bytes, QJsonObject& out)
     return true;
 }
 
-bool isCollected(const SCfg_Item* item, QJsonObject& marks)
-{
-    const auto found = marks.constFind(item->m_qsGUID);
-    if (found != marks.constEnd())
-        return found->toBool(false);
-    marks.insert(item->m_qsGUID, false);
-    return false;
-}
-
 } // namespace
 
 QString MVThemeMgr::Path_ThemeCollect()
@@ -145,28 +136,23 @@ QStringList MVThemeMgr::favourites(ECfgItemType k) const
     const bool isTheme = k == eCfgItem_Theme;
     if (!isTheme && k != eCfgItem_Filter && k != eCfgItem_BgMaterial)
         return {};
-    const QJsonObject& marks = isTheme ? m_jsonThemeCollect : m_jsonFilterCollect;
-    QStringList guids;
-    for (auto mark = marks.constBegin(); mark != marks.constEnd(); ++mark) {
-        if (mark->toBool(false))
-            guids.append(mark.key());
-    }
-    return guids;
+    return isTheme ? m_pThemeCollect->marked(m_jsonThemeCollect)
+                   : m_pFilterCollect->marked(m_jsonFilterCollect);
 }
 
 bool MVThemeMgr::isThemeCollect(const SCfg_Item* item)
 {
-    return isCollected(item, m_jsonThemeCollect);
+    return m_pThemeCollect->isMarked(item->m_qsGUID, m_jsonThemeCollect);
 }
 
 bool MVThemeMgr::isFilterCollect(const SCfg_Item* item)
 {
-    return isCollected(item, m_jsonFilterCollect);
+    return m_pFilterCollect->isMarked(item->m_qsGUID, m_jsonFilterCollect);
 }
 
 bool MVThemeMgr::isBgMaterialCollect(const SCfg_Item* item)
 {
-    return isCollected(item, m_jsonBgMaterialCollect);
+    return m_pBgMaterialCollect->isMarked(item->m_qsGUID, m_jsonBgMaterialCollect);
 }
 
 bool MVThemeMgr::isItemCollect(const SCfg_Item* item)
@@ -187,22 +173,19 @@ bool MVThemeMgr::isItemCollect(const SCfg_Item* item)
 
 void MVThemeMgr::setThemesCollected(const SCfg_Item* item)
 {
-    m_jsonThemeCollect.insert(item->m_qsGUID, item->m_bCollected);
-    m_pThemeCollect->noteChange(item->m_qsGUID);
+    m_pThemeCollect->setMarked(item->m_qsGUID, item->m_bCollected);
     emit sigThemesCollected(item);
 }
 
 void MVThemeMgr::setFilterCollected(const SCfg_Item* item)
 {
-    m_jsonFilterCollect.insert(item->m_qsGUID, item->m_bCollected);
-    m_pFilterCollect->noteChange(item->m_qsGUID);
+    m_pFilterCollect->setMarked(item->m_qsGUID, item->m_bCollected);
     emit sigFilterCollected(item);
 }
 
 void MVThemeMgr::setBgMaterialCollected(const SCfg_Item* item)
 {
-    m_jsonBgMaterialCollect.insert(item->m_qsGUID, item->m_bCollected);
-    m_pBgMaterialCollect->noteChange(item->m_qsGUID);
+    m_pBgMaterialCollect->setMarked(item->m_qsGUID, item->m_bCollected);
     emit sigBgMaterialCollected(item);
 }
 

@@ -1,14 +1,13 @@
 // MVThemeMgr: reading a theme's own config file.
 
-#include "catalogue/GuidIndex.h"
 #include "catalogue/MVThemeMgr.h"
+#include "catalogue/ThemeDependencies.h"
 #include "host/LogL.h"
 
 #include <QDomDocument>
 #include <QMutexLocker>
 #include <QUuid>
 
-#include <array>
 #include <memory>
 
 namespace {
@@ -27,68 +26,8 @@ const Slot allSlots[] = {
     {eDependType_ImageMotion, "ImageMotion"},
 };
 
-/// The kind in which the GUID of a slot is looked up; eCfgItem_Resource: it is not.
-ECfgItemType kindOf(EDependType type)
-{
-    switch (type) {
-    case eDependType_Text:
-    case eDependType_Filter:
-    case eDependType_Element:
-        return eCfgItem_Filter;
-    case eDependType_Transition:
-        return eCfgItem_Transition;
-    case eDependType_ImageMotion:
-        return eCfgItem_Motion;
-    }
-    return eCfgItem_Resource;
-}
-
-/// Finds the items that one theme uses. Few look-ups scan the catalogue; a theme with many gets an
-/// index, so that reading stays linear in theme and catalogue.
-class Dependencies
-{
-public:
-    explicit Dependencies(MVThemeMgr& manager)
-        : m_manager(manager)
-    {
-    }
-
-    SCfg_Item* find(ECfgItemType kind, const QString& guid)
-    {
-        constexpr int maxScans = 64; // of one kind
-        Kind& known = m_kinds.at(kind);
-        if (known.scans < maxScans) {
-            ++known.scans;
-            return m_manager.findItemByIDFromConfig(kind, guid);
-        }
-        const QVector<SCfg_Item>& items = itemsOf(kind);
-        if (!known.index)
-            known.index = std::make_unique<GuidIndex>(items);
-        const int found = known.index->find(guid);
-        return found < 0 ? nullptr : const_cast<SCfg_Item*>(&items.at(found));
-    }
-
-private:
-    struct Kind
-    {
-        int scans = 0;
-        std::unique_ptr<GuidIndex> index;
-    };
-
-    const QVector<SCfg_Item>& itemsOf(ECfgItemType kind) const
-    {
-        const MVThemeMgr::SResourceXML& config = m_manager.getCfgXML();
-        if (kind == eCfgItem_Transition)
-            return config.vecTransition;
-        return kind == eCfgItem_Motion ? config.vecMotion : config.vecFilter;
-    }
-
-    MVThemeMgr& m_manager;
-    std::array<Kind, eCfgItem_Motion + 1> m_kinds;
-};
-
 void readSlot(const QDomElement& parent, const QString& slotName, EDependType type,
-              Dependencies& dependencies, SThemes_a::SDependInfo& out)
+              ThemeDependencies& dependencies, SThemes_a::SDependInfo& out)
 {
     const QDomElement slot = parent.firstChildElement(slotName);
     if (slot.isNull())
@@ -100,10 +39,9 @@ void readSlot(const QDomElement& parent, const QString& slotName, EDependType ty
         const QDomAttr attribute = attributes.item(i).toAttr();
         out.m_mapAttr.insert(attribute.name(), attribute.value());
     }
-    const ECfgItemType kind = kindOf(type);
-    if (kind == eCfgItem_Resource || QUuid(out.m_qsGUID).isNull())
+    if (!ThemeDependencies::isSlot(type) || QUuid(out.m_qsGUID).isNull())
         return;
-    out.m_pItem = dependencies.find(kind, out.m_qsGUID);
+    out.m_pItem = dependencies.find(type, out.m_qsGUID);
     if (!out.m_pItem) {
         LogL("MVThemeMgr", 1, "not find, eDependType = %d, m_qsGUID = %s", static_cast<int>(type),
              out.m_qsGUID.toUtf8().constData());
@@ -112,7 +50,23 @@ void readSlot(const QDomElement& parent, const QString& slotName, EDependType ty
 
 } // namespace
 
+void MVThemeMgr::parseThemes()
+{
+    ThemeDependencies dependencies(m_sCfgXML);
+    for (SCfg_Item& item : m_sDisplayXML.vecTheme) {
+        item.m_eType = eCfgItem_Theme;
+        if (doItem_Info_CfgXML(item) && isReadable(item.m_info_CfgXML.m_qsFile))
+            readTheme(item.m_info_CfgXML.m_qsFile, dependencies, item.m_pThemes_a);
+    }
+}
+
 void MVThemeMgr::read_resource_config_Themes_a(QString path, SThemes_a*& out)
+{
+    ThemeDependencies dependencies(m_sCfgXML);
+    readTheme(path, dependencies, out);
+}
+
+void MVThemeMgr::readTheme(const QString& path, ThemeDependencies& dependencies, SThemes_a*& out)
 {
     QDomDocument doc;
     if (!checkXml(path, doc)) {
@@ -124,7 +78,6 @@ void MVThemeMgr::read_resource_config_Themes_a(QString path, SThemes_a*& out)
     theme->m_qsGUID = root.firstChildElement(QStringLiteral("GUID")).text();
     theme->m_qsName = root.firstChildElement(QStringLiteral("Name")).text();
 
-    Dependencies dependencies(*this);
     const QString itemTag = QStringLiteral("Item");
     for (QDomElement item = root.firstChildElement(itemTag); !item.isNull();
          item = item.nextSiblingElement(itemTag)) {
@@ -173,6 +126,6 @@ bool MVThemeMgr::ensureThemeParsed(SCfg_Item& item)
 void MVThemeMgr::read_resource_config_Themes_a_Sub(const QDomElement& parent, QString slotName,
                                                    EDependType t, SThemes_a::SDependInfo& out)
 {
-    Dependencies dependencies(*this);
+    ThemeDependencies dependencies(m_sCfgXML);
     readSlot(parent, slotName, t, dependencies, out);
 }

@@ -18,9 +18,8 @@ bool refuse(const QString& path, const QString& fault)
     return false;
 }
 
-} // namespace
-
-bool XmlFile::parse(const QString& path, QDomDocument& doc)
+/// The bytes are gone when the document is made, which takes many times as much.
+bool read(const QString& path, QString& text)
 {
     QFile file(path);
     if (path.isEmpty() || !RegularFile::open(file))
@@ -31,9 +30,24 @@ bool XmlFile::parse(const QString& path, QDomDocument& doc)
     if (!RegularFile::readAll(file, XmlGuard::maxBytes, bytes))
         return false;
     // With the length: without it, decoding stops at a NUL and hides what follows.
-    const QString text = QString::fromUtf8(bytes.constData(), bytes.size());
+    text = QString::fromUtf8(bytes.constData(), bytes.size());
+    return true;
+}
+
+} // namespace
+
+bool XmlFile::parse(const QString& path, QDomDocument& doc)
+{
+    QString text;
+    if (!read(path, text))
+        return false;
     if (text.contains(QChar(QChar::Null)))
         return false;
     const QString fault = XmlGuard::fault(text);
     return fault.isEmpty() ? doc.setContent(text) : refuse(path, fault);
+}
+
+void XmlFile::release(QDomElement& root, const QString& tag)
+{
+    root.removeChild(root.firstChildElement(tag));
 }

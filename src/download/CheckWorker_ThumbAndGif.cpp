@@ -1,6 +1,7 @@
 #include "download/CheckWorker_ThumbAndGif.h"
 
 #include "catalogue/MVThemeMgr.h"
+#include "catalogue/XmlFile.h"
 #include "download/CheckTransfer.h"
 #include "host/ETransferResult.h"
 #include "host/HostSettings.h"
@@ -96,23 +97,33 @@ bool CheckWorker_ThumbAndGif::onStartDownload_ThumbAndGif()
         return end(false);
     }
 
-    MVThemeMgr* const manager = MVThemeMgr::init();
     CheckTransfer transfer(m_CurWrapper, m_progress, m_bWillCancel);
-    QVector<SCfg_Item> items = m_vecDisplay_Themes + m_vecDisplay_Filters;
-    m_progress.begin(2 * items.size()); // a thumbnail and a preview each
-    for (int i = 0; i < items.size(); ++i) {
-        SCfg_Item& item = items[i];
-        const bool hasThumb = manager->doItem_Info_Thumb(item);
-        if (!fetchFile(transfer, thumb, i, item.m_info_Thumb, hasThumb))
-            return end(false);
-        m_progress.countFiles(1);
-        const bool hasGif = manager->doItem_Info_Gif(item);
-        if (!fetchFile(transfer, gif, i, item.m_info_Gif, hasGif))
-            return end(false);
-        m_progress.countFiles(1);
+    // A thumbnail and a preview each.
+    m_progress.begin(2 * (m_vecDisplay_Themes.size() + m_vecDisplay_Filters.size()));
+    int index = 0;
+    for (QVector<SCfg_Item>* const items : {&m_vecDisplay_Themes, &m_vecDisplay_Filters}) {
+        for (SCfg_Item& item : *items) {
+            if (!fetchPreviews(transfer, index++, item))
+                return end(false);
+        }
     }
     LogL(category, 1, "onStartDownload_ThumbAndGif end!");
     return end(true);
+}
+
+/// False if the run ends here.
+bool CheckWorker_ThumbAndGif::fetchPreviews(CheckTransfer& transfer, int index, SCfg_Item& item)
+{
+    MVThemeMgr* const manager = MVThemeMgr::init();
+    const bool hasThumb = manager->doItem_Info_Thumb(item);
+    if (!fetchFile(transfer, thumb, index, item.m_info_Thumb, hasThumb))
+        return false;
+    m_progress.countFiles(1);
+    const bool hasGif = manager->doItem_Info_Gif(item);
+    if (!fetchFile(transfer, gif, index, item.m_info_Gif, hasGif))
+        return false;
+    m_progress.countFiles(1);
+    return true;
 }
 
 bool CheckWorker_ThumbAndGif::readConfig(bool hasMV, bool hasSplit)
@@ -121,11 +132,13 @@ bool CheckWorker_ThumbAndGif::readConfig(bool hasMV, bool hasSplit)
     if (!readCatalogue(MVThemeMgr::eDirTag_Config, "path_Cfg_Download checkXml [%s],is error!",
                        "path_Cfg_local checkXml[%s],is error!", doc, m_result.m_qsReason))
         return false;
-    const QDomElement root = doc.documentElement();
+    QDomElement root = doc.documentElement();
     const auto read = [&](ECfgItemType kind, QVector<SCfg_Item>& items) {
         MVThemeMgr* const manager = MVThemeMgr::init();
+        const QString tag = manager->getCfgItemTypeStr(kind);
         items.clear();
-        manager->read_resource_config_xml_a(root, kind, manager->getCfgItemTypeStr(kind), items);
+        manager->read_resource_config_xml_a(root, kind, tag, items);
+        XmlFile::release(root, tag);
     };
     if (hasMV)
         read(eCfgItem_Theme, m_vecCfg_Themes);
@@ -142,14 +155,16 @@ bool CheckWorker_ThumbAndGif::readDisplay(bool hasMV, bool hasSplit)
                        "path_display_Download checkXml[%s],is error!,will return!",
                        "path_display_local checkXml[%s],is error!", doc, m_result.m_qsReason))
         return false;
-    const QDomElement root = doc.documentElement();
+    QDomElement root = doc.documentElement();
     using Reader = void (MVThemeMgr::*)(const QDomElement&, ECfgItemType, QString,
                                         QVector<SCfg_Item>&, QVector<SCfg_Item>&, bool);
     const auto read = [&](Reader reader, ECfgItemType kind, QVector<SCfg_Item>& config,
                           QVector<SCfg_Item>& display) {
         MVThemeMgr* const manager = MVThemeMgr::init();
+        const QString tag = manager->getCfgItemTypeStr(kind);
         display.clear();
-        (manager->*reader)(root, kind, manager->getCfgItemTypeStr(kind), config, display, true);
+        (manager->*reader)(root, kind, tag, config, display, true);
+        XmlFile::release(root, tag);
     };
     if (hasMV) {
         read(&MVThemeMgr::read_resource_display_xml_a_theme, eCfgItem_Theme, m_vecCfg_Themes,

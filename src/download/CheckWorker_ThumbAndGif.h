@@ -69,6 +69,7 @@ private:
 
     bool readConfig(bool hasMV, bool hasSplit);
     bool readDisplay(bool hasMV, bool hasSplit);
+    bool fetchPreviews(CheckTransfer& transfer, int index, SCfg_Item& item);
     bool fetchFile(CheckTransfer& transfer, const Kind& kind, int index, const SFileInfo& info,
                    bool present);
     void noteFailure(const STransferFailure& failure);

@@ -1,4 +1,5 @@
 #include "CatalogueFixture.h"
+#include "support/ProcessorTime.h"
 
 using Files = CatalogueFiles;
 using Mgr = MVThemeMgr;
@@ -23,6 +24,10 @@ private slots:
     void unparsedThemeHasNoDependencies();
     void itemThatCannotBeResolvedIsListed();
     void nothingIsLogged();
+    void moreFilesThanTheLimitMakeItUnusable_data();
+    void moreFilesThanTheLimitMakeItUnusable();
+    void itemUsedOftenIsLookedForOnce_data();
+    void itemUsedOftenIsLookedForOnce();
 
 private:
     static Mgr& mgr() { return CatalogueFixture::manager(); }
@@ -32,6 +37,9 @@ private:
         mgr().getNeedDownLoadFiles(&item, files);
         return files;
     }
+
+    /// The theme uses the first filter that often; the filter has that many files of this name.
+    void useOften(int uses, int files, const QString& url);
 
     CatalogueFixture m_fixture;
     SCfg_Item m_theme;
@@ -230,6 +238,72 @@ void tst_MVThemeMgr_needed::nothingIsLogged()
     const LogCapture log;
     needed(m_theme);
     QVERIFY(log.lines().isEmpty());
+}
+
+void tst_MVThemeMgr_needed::useOften(int uses, int files, const QString& url)
+{
+    m_theme.m_info_Thumb.m_qsUrl = QString(); // leaves no files of the theme's own
+    m_theme.m_info_Gif.m_qsUrl = QString();
+    m_theme.m_info_CfgXML.m_qsUrl = QString();
+    m_theme.m_vecResource.clear();
+    m_filters[0].m_vecResource.clear();
+    for (int file = 0; file < files; ++file)
+        m_filters[0].m_vecResource.append(resource(url));
+    m_parsed.m_vecItems.resize(uses);
+    for (SThemes_a::SDependArray& element : m_parsed.m_vecItems)
+        element[eDependType_Filter].m_pItem = &m_filters[0];
+    m_theme.m_pThemes_a = &m_parsed;
+}
+
+void tst_MVThemeMgr_needed::moreFilesThanTheLimitMakeItUnusable_data()
+{
+    QTest::addColumn<int>("uses");
+    QTest::addColumn<int>("files");
+    QTest::addColumn<int>("listed");
+    QTest::newRow("as many as allowed") << 5 << 2000 << 10000;
+    QTest::newRow("one more, of one item") << 1 << 10001 << 0;
+    QTest::newRow("one more, of the last use") << 3334 << 3 << 9999;
+    QTest::newRow("far more") << 2000 << 2000 << 10000;
+}
+
+void tst_MVThemeMgr_needed::moreFilesThanTheLimitMakeItUnusable()
+{
+    QFETCH(int, uses);
+    QFETCH(int, files);
+    QFETCH(int, listed);
+    useOften(uses, files, QStringLiteral("/missing"));
+    const bool isUsable = uses * files <= Mgr::maxNeededFiles;
+    QVector<SFileInfo*> out;
+    LogCapture log;
+    const ProcessorTime time;
+    QCOMPARE(mgr().listNeededFiles(&m_theme, out), isUsable);
+    QVERIFY2(time.seconds() < 1, qPrintable(QString::number(time.seconds())));
+    QCOMPARE(out.size(), listed);
+    const QByteArray line = CatalogueFixture::line(
+        3,
+        "item [" + m_theme.m_qsGUID.toUtf8() + "] needs more than 10000 files and cannot be used");
+    QCOMPARE(CatalogueFixture::described(log), isUsable ? QByteArrayList() : QByteArrayList{line});
+    QCOMPARE(needed(m_theme), out);
+}
+
+void tst_MVThemeMgr_needed::itemUsedOftenIsLookedForOnce_data()
+{
+    QTest::addColumn<bool>("present");
+    QTest::newRow("files present") << true;
+    QTest::newRow("files missing") << false;
+}
+
+void tst_MVThemeMgr_needed::itemUsedOftenIsLookedForOnce()
+{
+    QFETCH(bool, present);
+    const QString file = m_fixture.root() + QStringLiteral("/Themes/config/PQD/Download/file");
+    if (present)
+        Files::write(file, "x");
+    useOften(2000, 2000, QStringLiteral("/file"));
+    const ProcessorTime time;
+    QCOMPARE(needed(m_theme).isEmpty(), present);
+    // Looking for four million files takes many times as long.
+    QVERIFY2(time.seconds() < 1, qPrintable(QString::number(time.seconds())));
 }
 
 MV_TEST_MAIN(tst_MVThemeMgr_needed)

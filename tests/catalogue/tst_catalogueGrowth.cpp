@@ -1,0 +1,219 @@
+#include "catalogue/BuiltinThemes.h"
+#include "catalogue/GuidIndex.h"
+#include "CatalogueFixture.h"
+#include "support/ProcessorTime.h"
+
+using Files = CatalogueFiles;
+using Mgr = MVThemeMgr;
+
+/// What a catalogue costs grows with its size, not with the square of its size.
+class tst_catalogueGrowth : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void askingAndSavingFavourites();
+    void markingFavourites();
+    void parsingThemes();
+    void extractingBuiltinItems();
+    void findingItems();
+    void indexFindsTheFirstOfEqualGuids();
+
+private:
+    static Mgr& mgr() { return CatalogueFixture::manager(); }
+    /// Seconds for `count` favourites, which one call asks about or marks.
+    double favouriteTime(int count, bool isMarking);
+    /// Seconds that parsing 100 themes takes, which use the last item of so many filters.
+    double parseTime(int filters);
+    double extractTime(int elements);
+    void writeCatalogue(int filters, int themes) const;
+    void writeThemeConfig(int elements, const QString& filter) const;
+
+    CatalogueFixture m_fixture;
+};
+
+namespace {
+
+constexpr int times = 4;
+// Linear work takes four times as long for four times as much, quadratic work sixteen times.
+constexpr double highestGrowth = 9;
+
+QString described(double few, double many)
+{
+    return QStringLiteral("%1 s, then %2 s").arg(few).arg(many);
+}
+
+/// Items with the GUIDs 0 to count - 1, in no order.
+QVector<SCfg_Item> shuffledThemes(int count)
+{
+    constexpr qint64 step = 7919; // a prime
+    QVector<SCfg_Item> items(count);
+    for (int i = 0; i < count; ++i) {
+        items[i].m_eType = eCfgItem_Theme;
+        items[i].m_qsGUID = Files::guid(static_cast<int>(i * step % count));
+    }
+    return items;
+}
+
+} // namespace
+
+void tst_catalogueGrowth::init()
+{
+    m_fixture.fresh();
+    CatalogueFixture::setParam("hasMV", "1");
+}
+
+double tst_catalogueGrowth::favouriteTime(int count, bool isMarking)
+{
+    QVector<SCfg_Item> items = shuffledThemes(count);
+    return ProcessorTime::least([&] {
+        Files::write(m_fixture.collectFile("ThemeCollect"), "{}");
+        mgr().readThemeCollect();
+        for (SCfg_Item& item : items) {
+            item.m_bCollected = isMarking;
+            if (isMarking)
+                mgr().setThemesCollected(&item);
+            else
+                mgr().isThemeCollect(&item);
+        }
+        mgr().saveThemeCollect();
+    });
+}
+
+void tst_catalogueGrowth::askingAndSavingFavourites()
+{
+    constexpr int few = 20000;
+    const double fewTime = favouriteTime(few, false);
+    const double manyTime = favouriteTime(times * few, false);
+    QVERIFY2(manyTime < fewTime * highestGrowth, qPrintable(described(fewTime, manyTime)));
+    const QByteArray saved = Files::read(m_fixture.collectFile("ThemeCollect"));
+    QCOMPARE(saved.count(": false"), times * few);
+}
+
+void tst_catalogueGrowth::markingFavourites()
+{
+    constexpr int few = 20000;
+    const double fewTime = favouriteTime(few, true);
+    const double manyTime = favouriteTime(times * few, true);
+    QVERIFY2(manyTime < fewTime * highestGrowth, qPrintable(described(fewTime, manyTime)));
+    QCOMPARE(mgr().favourites(eCfgItem_Theme).size(), times * few);
+}
+
+void tst_catalogueGrowth::writeCatalogue(int filters, int themes) const
+{
+    QVector<Files::CfgItem> items;
+    QVector<Files::CfgItem> themeItems;
+    QVector<Files::DisplayItem> shown;
+    for (int i = 0; i < filters; ++i)
+        items.append({Files::guid(i), QString(), {}});
+    for (int i = 0; i < themes; ++i) {
+        themeItems.append({Files::guid(i), QStringLiteral("/theme.xml"), {}});
+        shown.append({Files::guid(i), QStringLiteral("Theme"), QString()});
+    }
+    QVector<Files::DisplayItem> shownFilters;
+    for (int i = 0; i < filters; ++i)
+        shownFilters.append({Files::guid(i), QString(), QString()});
+    Files::write(m_fixture.configXml(),
+                 Files::document(Files::cfgGroup(QStringLiteral("Filter"), items)
+                                 + Files::cfgGroup(QStringLiteral("Theme"), themeItems)));
+    Files::write(m_fixture.displayXml(),
+                 Files::document(Files::displayCategory(QStringLiteral("Filter"), shownFilters)
+                                 + Files::displayThemes({{QStringLiteral("travel"), shown}})));
+}
+
+void tst_catalogueGrowth::writeThemeConfig(int elements, const QString& filter) const
+{
+    const QByteArray element =
+        "<Item><Filter><GUID>" + filter.toLatin1() + "</GUID></Filter></Item>";
+    Files::write(m_fixture.root() + QStringLiteral("/Themes/config/PQD/Download/theme.xml"),
+                 "<Theme>" + element.repeated(elements) + "</Theme>");
+}
+
+double tst_catalogueGrowth::parseTime(int filters)
+{
+    constexpr int themes = 100;
+    constexpr int elements = 10;
+    writeCatalogue(filters, themes);
+    writeThemeConfig(elements, Files::guid(filters - 1));
+    mgr().load(true);
+    return ProcessorTime::least([] { mgr().parseThemes(); });
+}
+
+void tst_catalogueGrowth::parsingThemes()
+{
+    constexpr int few = 100;
+    constexpr int many = 20000;
+    constexpr double highest = 4; // the index is made once, a search for each theme took longer
+    const double fewTime = parseTime(few);
+    const double manyTime = parseTime(many);
+    const SThemes_a* const parsed = mgr().getThemes_Display().last().parsedTheme();
+    QVERIFY(parsed);
+    QCOMPARE(parsed->m_vecItems.last().at(eDependType_Filter).m_pItem,
+             mgr().findItemByIDFromConfig(eCfgItem_Filter, Files::guid(many - 1)));
+    QVERIFY2(manyTime < fewTime * highest, qPrintable(described(fewTime, manyTime)));
+}
+
+double tst_catalogueGrowth::extractTime(int elements)
+{
+    constexpr int filters = 300;
+    writeCatalogue(filters, 2);
+    writeThemeConfig(elements, Files::guid(filters - 1));
+    mgr().load(true);
+    hostSettings().developerResourceRoot = m_fixture.base() + QStringLiteral("/full");
+    QDir().mkpath(hostSettings().developerResourceRoot + QStringLiteral("/config"));
+    bool isMade = true;
+    const double seconds = ProcessorTime::least([&] {
+        QString error;
+        isMade = BuiltinThemes::create(&error) && isMade;
+    });
+    return isMade ? seconds : -1;
+}
+
+void tst_catalogueGrowth::extractingBuiltinItems()
+{
+    constexpr int few = 10;
+    constexpr int many = 20000;
+    constexpr double highest = 4; // an item that is used often is copied once
+    const double fewTime = extractTime(few);
+    const double manyTime = extractTime(many);
+    QVERIFY(fewTime > 0);
+    QVERIFY(manyTime > 0);
+    QVERIFY2(manyTime < fewTime * highest, qPrintable(described(fewTime, manyTime)));
+}
+
+void tst_catalogueGrowth::findingItems()
+{
+    constexpr int few = 4000;
+    const auto findAll = [](int count) {
+        const QVector<SCfg_Item> items = shuffledThemes(count);
+        int found = 0;
+        const double seconds = ProcessorTime::least([&] {
+            GuidIndex index(items);
+            found = 0;
+            for (const SCfg_Item& item : items)
+                found += index.findItem(item.m_qsGUID) == &item ? 1 : 0;
+        });
+        return found == count ? seconds : -1;
+    };
+    const double fewTime = findAll(few);
+    const double manyTime = findAll(times * few);
+    QVERIFY(fewTime > 0);
+    QVERIFY(manyTime > 0);
+    QVERIFY2(manyTime < fewTime * highestGrowth, qPrintable(described(fewTime, manyTime)));
+}
+
+void tst_catalogueGrowth::indexFindsTheFirstOfEqualGuids()
+{
+    QVector<SCfg_Item> items = shuffledThemes(3) + shuffledThemes(3);
+    GuidIndex index(items);
+    for (int search = 0; search < 100; ++search) { // scanned first, then indexed
+        QCOMPARE(index.find(items.at(search % 3).m_qsGUID), search % 3);
+        QCOMPARE(index.find(Files::guid(3)), -1);
+        QCOMPARE(index.find(items.at(0).m_qsGUID.toLower()), -1);
+        QVERIFY(!index.findItem(QString()));
+    }
+}
+
+MV_TEST_MAIN(tst_catalogueGrowth)
+#include "tst_catalogueGrowth.moc"
