@@ -4,6 +4,7 @@
 #include "catalogue/MVThemeMgr.h"
 #include "Console.h"
 #include "ExitStatus.h"
+#include "ItemIndex.h"
 #include "Items.h"
 
 #include <QJsonDocument>
@@ -12,7 +13,8 @@
 int FavouriteCommand::run(const Arguments& arguments)
 {
     const QString guid = arguments.operands.constFirst();
-    SCfg_Item* const item = Items::find(guid);
+    ItemIndex index;
+    SCfg_Item* const item = index.find(guid);
     if (!item)
         return Console::fail(ExitStatus::failure, QStringLiteral("unknown GUID %1").arg(guid));
     if (item->m_eType == eCfgItem_Transition || item->m_eType == eCfgItem_Motion) {
@@ -31,7 +33,7 @@ int FavouriteCommand::run(const Arguments& arguments)
         Console::print(QJsonDocument(Items::toJson(*item)));
     else
         Console::print(QStringLiteral("%1 %2 %3")
-                           .arg(item->m_qsGUID, Items::nameOf(*item),
+                           .arg(item->m_qsGUID, index.nameOf(*item),
                                 arguments.off ? QStringLiteral("is no favourite")
                                               : QStringLiteral("is a favourite")));
     return ExitStatus::success;

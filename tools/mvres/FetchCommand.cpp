@@ -14,6 +14,7 @@
 
 #include <QEventLoop>
 #include <QJsonDocument>
+#include <QSet>
 #include <QVector>
 
 #include <algorithm>
@@ -53,14 +54,11 @@ FetchCommand::FetchCommand(bool json)
 
 int FetchCommand::run(const Arguments& arguments)
 {
-    QVector<SCfg_Item*> items;
-    for (const QString& guid : arguments.operands) {
-        SCfg_Item* const item = Items::find(guid);
-        if (!item)
-            return Console::fail(ExitStatus::failure, QStringLiteral("unknown GUID %1").arg(guid));
-        if (!items.contains(item))
-            items.append(item);
-    }
+    FetchCommand command(arguments.json);
+    QString unknown;
+    const QVector<SCfg_Item*> items = command.itemsOf(arguments.operands, unknown);
+    if (!unknown.isNull())
+        return Console::fail(ExitStatus::failure, QStringLiteral("unknown GUID %1").arg(unknown));
     const bool complete = std::all_of(items.cbegin(), items.cend(), [](SCfg_Item* item) {
         return Items::missingFiles(*item) == 0;
     });
@@ -71,7 +69,6 @@ int FetchCommand::run(const Arguments& arguments)
                              QStringLiteral("no server to fetch from: give --server, or "
                                             "url_themeRootDir in the settings"));
     }
-    FetchCommand command(arguments.json);
     int status = ExitStatus::success;
     for (SCfg_Item* item : items) {
         const SItemDownloadResult result = command.fetch(*item);
@@ -85,6 +82,25 @@ int FetchCommand::run(const Arguments& arguments)
     return status;
 }
 
+/// The items named, each once; `unknown` becomes the first GUID that names none.
+QVector<SCfg_Item*> FetchCommand::itemsOf(const QStringList& guids, QString& unknown)
+{
+    QVector<SCfg_Item*> items;
+    QSet<SCfg_Item*> known;
+    for (const QString& guid : guids) {
+        SCfg_Item* const item = m_index.find(guid);
+        if (!item) {
+            unknown = guid;
+            return {};
+        }
+        if (known.contains(item))
+            continue;
+        known.insert(item);
+        items.append(item);
+    }
+    return items;
+}
+
 SItemDownloadResult FetchCommand::fetch(SCfg_Item& item)
 {
     const SItemDownloadResult result =
@@ -95,7 +111,7 @@ SItemDownloadResult FetchCommand::fetch(SCfg_Item& item)
 
 SItemDownloadResult FetchCommand::download(SCfg_Item& item)
 {
-    const QString name = Items::nameOf(item);
+    const QString name = m_index.nameOf(item);
     ProgressDisplay display(name.isEmpty() ? item.m_qsGUID : name,
                             m_json ? ProgressDisplay::Style::None
                                    : ProgressDisplay::Style::Automatic);
@@ -158,7 +174,7 @@ void FetchCommand::printFiles(const SCfg_Item& item, const ItemFiles& files,
     }
     Console::print(
         QStringLiteral("%1 %2: %3, %4, %5")
-            .arg(item.m_qsGUID, Items::nameOf(item), textOf(result),
+            .arg(item.m_qsGUID, m_index.nameOf(item), textOf(result),
                  Console::counted(files.entries().size() - files.missing(), QStringLiteral("file")),
                  Console::size(files.totalSize())));
 }

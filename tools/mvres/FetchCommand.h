@@ -1,12 +1,12 @@
 #pragma once
 
 #include "download/SItemDownloadResult.h"
+#include "ItemIndex.h"
 
 #include <QJsonArray>
 
 class Arguments;
 class ItemFiles;
-struct SCfg_Item;
 
 /// mvres fetch GUID...
 ///
@@ -20,14 +20,17 @@ public:
 private:
     explicit FetchCommand(bool json);
 
+    QVector<SCfg_Item*> itemsOf(const QStringList& guids, QString& unknown);
+
     SItemDownloadResult fetch(SCfg_Item& item);
     SItemDownloadResult download(SCfg_Item& item);
     void report(SCfg_Item& item, const SItemDownloadResult& result);
     void appendJson(SCfg_Item& item, const ItemFiles& files, const SItemDownloadResult& result);
-    static void printFiles(const SCfg_Item& item, const ItemFiles& files,
-                           const SItemDownloadResult& result);
+    void printFiles(const SCfg_Item& item, const ItemFiles& files,
+                    const SItemDownloadResult& result);
 
     bool m_json;
     bool m_interrupted = false;
+    ItemIndex m_index;
     QJsonArray m_results;
 };

@@ -16,11 +16,13 @@ ItemFiles::ItemFiles(SCfg_Item& item)
     const SThemes_a* const theme = item.parsedTheme();
     if (!theme)
         return;
-    const auto addDependency = [this](const SThemes_a::SDependInfo& slot) {
-        if (slot.m_pItem && !m_dependencies.contains(slot.m_pItem)) {
-            m_dependencies.append(slot.m_pItem);
-            add(*slot.m_pItem);
-        }
+    QSet<SCfg_Item*> known;
+    const auto addDependency = [&](const SThemes_a::SDependInfo& slot) {
+        if (!slot.m_pItem || known.contains(slot.m_pItem))
+            return;
+        known.insert(slot.m_pItem);
+        m_dependencies.append(slot.m_pItem);
+        add(*slot.m_pItem);
     };
     for (const SThemes_a::SDependArray& element : theme->m_vecItems)
         std::for_each(element.cbegin(), element.cend(), addDependency);
@@ -47,15 +49,13 @@ void ItemFiles::add(const QString& what, const SFileInfo& info)
 {
     if (info.m_qsFile.isEmpty() || info.m_qsUrl.isEmpty())
         return;
-    const auto same = [&](const Entry& entry) {
-        return entry.path == QDir::cleanPath(info.m_qsFile);
-    };
-    if (std::any_of(m_entries.cbegin(), m_entries.cend(), same))
-        return;
-    MVThemeMgr* const manager = MVThemeMgr::init();
     Entry entry;
     entry.what = what;
     entry.path = QDir::cleanPath(info.m_qsFile); // the installed tree has doubled slashes
+    if (m_paths.contains(entry.path))
+        return;
+    m_paths.insert(entry.path);
+    MVThemeMgr* const manager = MVThemeMgr::init();
     entry.url = info.m_bThumbDir
         ? manager->downLoadUrl_Thumb(MVThemeMgr::eDirTag_Display, info.m_eType, info.m_qsUrl)
         : manager->downLoadUrl(MVThemeMgr::eDirTag_Config, info.m_qsUrl);

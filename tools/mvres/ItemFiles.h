@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QJsonArray>
+#include <QSet>
 #include <QString>
 #include <QVector>
 
@@ -34,5 +35,6 @@ private:
     void add(const QString& what, const SFileInfo& info);
 
     QVector<Entry> m_entries;
+    QSet<QString> m_paths;              // of the entries
     QVector<SCfg_Item*> m_dependencies; // owned by the catalogue
 };

@@ -1,57 +1,8 @@
 #include "Items.h"
 
-#include "catalogue/MVThemeMgr.h"
 #include "host/HostSettings.h"
 
 #include <QSet>
-#include <QUuid>
-
-namespace {
-
-const QVector<SCfg_Item>& displayVector(ECfgItemType kind)
-{
-    const MVThemeMgr::SResourceXML& display = MVThemeMgr::init()->getDisplayXML();
-    switch (kind) {
-    case eCfgItem_Transition:
-        return display.vecTransition;
-    case eCfgItem_Motion:
-        return display.vecMotion;
-    case eCfgItem_Theme:
-        return display.vecTheme;
-    case eCfgItem_BgMaterial:
-        return display.vecBgMaterial;
-    case eCfgItem_Filter:
-    case eCfgItem_Resource:
-        break;
-    }
-    return display.vecFilter;
-}
-
-SCfg_Item* findExactly(const QString& guid)
-{
-    MVThemeMgr* const manager = MVThemeMgr::init();
-    for (const ECfgItemType kind : Items::allKinds()) {
-        if (SCfg_Item* const item = manager->findItemByIDFromDisplay(kind, guid))
-            return item;
-    }
-    for (const ECfgItemType kind : Items::allKinds()) {
-        if (SCfg_Item* const item = manager->findItemByIDFromConfig(kind, guid))
-            return item;
-    }
-    return nullptr;
-}
-
-/// A GUID as catalogues write it, from one in any case, with or without braces; empty for any other
-/// text. QUuid alone would overlook what follows a GUID.
-QString canonical(const QString& guid)
-{
-    const QUuid id(guid);
-    const bool whole = guid.compare(id.toString(QUuid::WithBraces), Qt::CaseInsensitive) == 0
-        || guid.compare(id.toString(QUuid::WithoutBraces), Qt::CaseInsensitive) == 0;
-    return whole ? id.toString().toUpper() : QString();
-}
-
-} // namespace
 
 namespace Items {
 
@@ -92,31 +43,34 @@ QString themeTypeName(const SCfg_Item& item)
     return QStringLiteral("others");
 }
 
+const QVector<SCfg_Item>& ofKind(const MVThemeMgr::SResourceXML& catalogue, ECfgItemType kind)
+{
+    switch (kind) {
+    case eCfgItem_Transition:
+        return catalogue.vecTransition;
+    case eCfgItem_Motion:
+        return catalogue.vecMotion;
+    case eCfgItem_Theme:
+        return catalogue.vecTheme;
+    case eCfgItem_BgMaterial:
+        return catalogue.vecBgMaterial;
+    case eCfgItem_Filter:
+    case eCfgItem_Resource:
+        break;
+    }
+    return catalogue.vecFilter;
+}
+
 QVector<SCfg_Item*> displayed(ECfgItemType kind)
 {
+    const QVector<SCfg_Item>& shown = ofKind(MVThemeMgr::init()->getDisplayXML(), kind);
     QVector<SCfg_Item*> items;
-    for (const SCfg_Item& item : displayVector(kind)) {
+    items.reserve(shown.size());
+    for (const SCfg_Item& item : shown) {
         // Found by position, not by GUID: a catalogue can list an item twice.
         items.append(const_cast<SCfg_Item*>(&item));
     }
     return items;
-}
-
-SCfg_Item* find(const QString& guid)
-{
-    if (SCfg_Item* const item = findExactly(guid))
-        return item;
-    const QString written = canonical(guid);
-    return written.isEmpty() ? nullptr : findExactly(written);
-}
-
-QString nameOf(const SCfg_Item& item)
-{
-    if (!item.m_qsName.isEmpty())
-        return item.m_qsName;
-    const SCfg_Item* const shown =
-        MVThemeMgr::init()->findItemByIDFromDisplay(item.m_eType, item.m_qsGUID);
-    return shown ? shown->m_qsName : QString();
 }
 
 int missingFiles(SCfg_Item& item)

@@ -1,12 +1,10 @@
 #pragma once
 
-#include "records/ECfgItemType.h"
+#include "catalogue/MVThemeMgr.h"
 
 #include <QJsonObject>
 #include <QString>
 #include <QVector>
-
-struct SCfg_Item;
 
 /// The catalogue's items as mvres names, finds and describes them.
 namespace Items {
@@ -20,14 +18,10 @@ bool kindOf(const QString& name, ECfgItemType& kind);
 /// "others", "festivals", "travel", "banquets"; "-" for what is no theme.
 QString themeTypeName(const SCfg_Item& item);
 
+/// The items of a kind, one of allKinds().
+const QVector<SCfg_Item>& ofKind(const MVThemeMgr::SResourceXML& catalogue, ECfgItemType kind);
 /// The shown items of a kind; owned by the catalogue.
 QVector<SCfg_Item*> displayed(ECfgItemType kind);
-/// The item with that GUID, shown ones first, or null. Braces may be missing, case may differ.
-SCfg_Item* find(const QString& guid);
-
-/// The item's display name; items of the config catalogue have it from their shown twin, if any.
-QString nameOf(const SCfg_Item& item);
-
 /// How many different files of the item are missing on disk.
 int missingFiles(SCfg_Item& item);
 

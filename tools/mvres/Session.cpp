@@ -27,7 +27,10 @@ bool Session::open(const Arguments& arguments)
     setLogSink(arguments.verbose ? &writeLog : &dropLog);
     if (!applySettings(arguments) || !checkFolders(arguments))
         return false;
-    loadCatalogue();
+    MVThemeMgr::init()->setResourceSaveRootPath(m_root);
+    // A check reads the catalogue files by itself, once more would take as long and as much memory.
+    if (arguments.command != QLatin1String("check"))
+        loadCatalogue();
     return true;
 }
 
@@ -68,7 +71,6 @@ bool Session::checkFolders(const Arguments& arguments)
 void Session::loadCatalogue()
 {
     MVThemeMgr* const manager = MVThemeMgr::init();
-    manager->setResourceSaveRootPath(m_root);
     manager->load(false);
     const MVThemeMgr::SResourceXML& catalogue = manager->getCfgXML();
     const bool isEmpty = catalogue.vecFilter.isEmpty() && catalogue.vecTransition.isEmpty()

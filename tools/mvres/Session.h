@@ -9,13 +9,14 @@ class Arguments;
 class Session
 {
 public:
-    /// Applies the arguments and loads the catalogue. False: errorText() says why.
+    /// Applies the arguments and loads the catalogue, unless the command is a check. False:
+    /// errorText() says why.
     bool open(const Arguments& arguments);
     QString errorText() const { return m_error; }
 
     /// The download root in use.
     QString root() const { return m_root; }
-    /// Why the catalogue has no items, for people; empty if it has.
+    /// Why the catalogue has no items, for people; empty if it has, or was not loaded.
     QString emptyText() const { return m_emptyText; }
 
 private:

@@ -5,13 +5,14 @@
 #include "Console.h"
 #include "ExitStatus.h"
 #include "ItemFiles.h"
+#include "ItemIndex.h"
 #include "Items.h"
 
 #include <QJsonDocument>
 
 namespace {
 
-void printText(SCfg_Item& item, const ItemFiles& files)
+void printText(SCfg_Item& item, const ItemFiles& files, ItemIndex& index)
 {
     const bool favourite = MVThemeMgr::init()->isItemCollect(&item);
     Console::print(QStringLiteral("GUID        %1").arg(item.m_qsGUID));
@@ -24,7 +25,7 @@ void printText(SCfg_Item& item, const ItemFiles& files)
     for (const SCfg_Item* dependency : files.dependencies()) {
         Console::print(QStringLiteral("uses        %1 %2 %3")
                            .arg(Items::kindName(dependency->m_eType), dependency->m_qsGUID,
-                                Items::nameOf(*dependency)));
+                                index.nameOf(*dependency)));
     }
     for (const ItemFiles::Entry& entry : files.entries()) {
         Console::print(QStringLiteral("%1 %2 (%3)")
@@ -40,12 +41,13 @@ void printText(SCfg_Item& item, const ItemFiles& files)
 int ShowCommand::run(const Arguments& arguments)
 {
     const QString guid = arguments.operands.constFirst();
-    SCfg_Item* const item = Items::find(guid);
+    ItemIndex index;
+    SCfg_Item* const item = index.find(guid);
     if (!item)
         return Console::fail(ExitStatus::failure, QStringLiteral("unknown GUID %1").arg(guid));
     const ItemFiles files(*item);
     if (!arguments.json) {
-        printText(*item, files);
+        printText(*item, files, index);
         return ExitStatus::success;
     }
     QJsonObject object = Items::toJson(*item);
@@ -54,7 +56,7 @@ int ShowCommand::run(const Arguments& arguments)
         uses.append(QJsonObject{
             {QStringLiteral("guid"), dependency->m_qsGUID},
             {QStringLiteral("kind"), Items::kindName(dependency->m_eType)},
-            {QStringLiteral("name"), Items::nameOf(*dependency)},
+            {QStringLiteral("name"), index.nameOf(*dependency)},
         });
     }
     object.insert(QStringLiteral("uses"), uses);

@@ -49,7 +49,7 @@ int main(int argc, char** argv)
     Session session;
     if (!session.open(arguments))
         return Console::fail(ExitStatus::failure, session.errorText());
-    if (!session.emptyText().isEmpty() && arguments.command != QLatin1String("check"))
+    if (!session.emptyText().isEmpty())
         Console::note(session.emptyText());
     return Console::finished(dispatch(arguments, session), ExitStatus::failure);
 }
