@@ -2,12 +2,14 @@
 
 #include "catalogue/MVThemeMgr.h"
 #include "host/RegularFile.h"
+#include "ShownItems.h"
 
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSaveFile>
+#include <QSet>
 #include <QUuid>
 
 #include <algorithm>
@@ -69,22 +71,27 @@ QJsonObject entryOf(ECfgItemType type, const QString& guid, const QString& name)
 bool FavouritesFile::write(const QString& path)
 {
     MVThemeMgr* const catalogue = MVThemeMgr::init();
-    QStringList themesLeft = catalogue->favourites(eCfgItem_Theme);
-    QStringList othersLeft = catalogue->favourites(eCfgItem_Filter);
+    QSet<QString> themes; // that are written by their items
+    QSet<QString> others;
     QJsonArray list;
     for (const Kind& kind : kinds) {
         for (const SCfg_Item& item : itemsOf(kind.type)) {
             if (!catalogue->isItemCollect(&item))
                 continue;
             list.append(entryOf(kind.type, item.m_qsGUID, item.m_qsName));
-            (kind.type == eCfgItem_Theme ? themesLeft : othersLeft).removeAll(item.m_qsGUID);
+            (kind.type == eCfgItem_Theme ? themes : others).insert(item.m_qsGUID);
         }
     }
-    for (const QString& guid : qAsConst(themesLeft))
-        list.append(entryOf(eCfgItem_Theme, guid, QString()));
+    const auto appendLeft = [&](ECfgItemType type, const QSet<QString>& written) {
+        const QStringList marked = catalogue->favourites(type);
+        for (const QString& guid : marked) {
+            if (!written.contains(guid))
+                list.append(entryOf(type, guid, QString()));
+        }
+    };
+    appendLeft(eCfgItem_Theme, themes);
     // Filters and backgrounds share their marks: what the catalogue does not hold may be either.
-    for (const QString& guid : qAsConst(othersLeft))
-        list.append(entryOf(eCfgItem_Filter, guid, QString()));
+    appendLeft(eCfgItem_Filter, others);
     m_count = list.size();
     QSaveFile file(path);
     const QByteArray bytes =
@@ -113,8 +120,9 @@ bool FavouritesFile::read(const QString& path)
         items.append(item);
     }
     MVThemeMgr* const catalogue = MVThemeMgr::init();
+    ShownItems shownItems;
     for (const SCfg_Item& mark : qAsConst(items)) {
-        SCfg_Item* const item = catalogue->findItemByIDFromDisplay(mark.m_eType, mark.m_qsGUID);
+        SCfg_Item* const item = shownItems.find(mark.m_eType, mark.m_qsGUID);
         if (item)
             item->m_bCollected = true;
         else

@@ -1,6 +1,7 @@
 #include "ItemFacts.h"
 
 #include "catalogue/MVThemeMgr.h"
+#include "ShownItems.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -43,10 +44,11 @@ void ItemFacts::addUsedBy(const SCfg_Item& theme)
     const SThemes_a* const parsed = theme.parsedTheme();
     if (!parsed)
         return;
-    const auto add = [this](const SThemes_a::SDependArray& element) {
+    ShownItems shownItems;
+    const auto add = [&](const SThemes_a::SDependArray& element) {
         for (const SThemes_a::SDependInfo& slot : element) {
             if (slot.m_pItem)
-                addUsed(*slot.m_pItem);
+                addUsed(*slot.m_pItem, shownItems);
         }
     };
     std::for_each(parsed->m_vecItems.cbegin(), parsed->m_vecItems.cend(), add);
@@ -55,14 +57,13 @@ void ItemFacts::addUsedBy(const SCfg_Item& theme)
     add(parsed->m_aMask);
 }
 
-void ItemFacts::addUsed(SCfg_Item& item)
+void ItemFacts::addUsed(SCfg_Item& item, ShownItems& shownItems)
 {
     if (m_usedItems.contains(&item))
         return;
-    m_usedItems.append(&item);
+    m_usedItems.insert(&item);
     // The config catalogue, which dependencies point into, has no names.
-    const SCfg_Item* const shown =
-        MVThemeMgr::init()->findItemByIDFromDisplay(item.m_eType, item.m_qsGUID);
+    const SCfg_Item* const shown = shownItems.find(item.m_eType, item.m_qsGUID);
     const QString name = shown ? shown->m_qsName : item.m_qsName;
     m_used.append({name.isEmpty() ? item.m_qsGUID : name, kindName(item.m_eType)});
     addFiles(item);
@@ -84,11 +85,10 @@ void ItemFacts::addFiles(SCfg_Item& item)
         if (path.isEmpty())
             continue;
         const QFileInfo info(QDir::cleanPath(path)); // the installed tree has doubled slashes
-        const bool known = std::any_of(m_files.cbegin(), m_files.cend(), [&](const File& file) {
-            return file.path == info.filePath();
-        });
-        if (!known)
-            m_files.append({info.fileName(), info.filePath(), info.exists(), info.size()});
+        if (m_paths.contains(info.filePath()))
+            continue;
+        m_paths.insert(info.filePath());
+        m_files.append({info.fileName(), info.filePath(), info.exists(), info.size()});
     }
 }
 

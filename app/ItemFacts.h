@@ -3,9 +3,11 @@
 #include "records/ECfgItemType.h"
 
 #include <QCoreApplication>
+#include <QSet>
 #include <QString>
 #include <QVector>
 
+class ShownItems;
 struct SCfg_Item;
 
 /// What a person wants to know of one item: what it is, what it uses, which files it has. Looks at
@@ -43,7 +45,7 @@ public:
 private:
     static QString kindName(ECfgItemType kind);
     static QString themeTypeName(int type);
-    void addUsed(SCfg_Item& item);
+    void addUsed(SCfg_Item& item, ShownItems& shownItems);
     void addUsedBy(const SCfg_Item& theme);
     void addFiles(SCfg_Item& item);
 
@@ -52,6 +54,7 @@ private:
     QString m_thumbnail;
     QString m_animation;
     QVector<Used> m_used;
-    QVector<SCfg_Item*> m_usedItems; // owned by the catalogue
+    QSet<SCfg_Item*> m_usedItems; // owned by the catalogue
     QVector<File> m_files;
+    QSet<QString> m_paths; // of the files
 };

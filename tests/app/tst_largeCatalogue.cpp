@@ -1,0 +1,129 @@
+#include "catalogue/MVThemeMgr.h"
+#include "FavouritesFile.h"
+#include "ItemFacts.h"
+#include "support/CatalogueFiles.h"
+#include "support/ProcessorTime.h"
+#include "support/TestMain.h"
+
+using Files = CatalogueFiles;
+
+/// What the editor looks up in a large catalogue takes time in proportion to its size.
+class tst_largeCatalogue : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void factsOfAnItemThatUsesMany();
+    void favouritesWrittenAndRead();
+
+private:
+    static void load(int transitions, int filters);
+    static double factsTime(int used);
+    static double favouritesTime(int count);
+};
+
+namespace {
+
+constexpr int times = 4;
+// Linear work takes four times as long for four times as much, quadratic work sixteen times.
+constexpr double highestGrowth = 9;
+
+QString described(double few, double many)
+{
+    return QStringLiteral("%1 s, then %2 s").arg(few).arg(many);
+}
+
+} // namespace
+
+void tst_largeCatalogue::initTestCase()
+{
+    MVThemeMgr::init()->setResourceSaveRootPath(TestHome::path() + QStringLiteral("/root"));
+}
+
+/// Neither kind has files to look for.
+void tst_largeCatalogue::load(int transitions, int filters)
+{
+    MVThemeMgr* const manager = MVThemeMgr::init();
+    QByteArray config;
+    QByteArray display;
+    const auto add = [&](ECfgItemType kind, int count) {
+        QVector<Files::CfgItem> items;
+        QVector<Files::DisplayItem> shown;
+        for (int number = 0; number < count; ++number) {
+            items.append({Files::guid(number), QString(), {}});
+            shown.append({Files::guid(number), QString::number(number), QString()});
+        }
+        config += Files::cfgGroup(manager->getCfgItemTypeStr(kind), items);
+        display += Files::displayCategory(manager->getCfgItemTypeStr(kind), shown);
+    };
+    add(eCfgItem_Transition, transitions);
+    add(eCfgItem_Filter, filters);
+    Files::write(
+        manager->Path_resource_xml(MVThemeMgr::eLoadDir_Download, MVThemeMgr::eDirTag_Config),
+        Files::document(config));
+    Files::write(
+        manager->Path_resource_xml(MVThemeMgr::eLoadDir_Download, MVThemeMgr::eDirTag_Display),
+        Files::document(display));
+    manager->load(true);
+}
+
+double tst_largeCatalogue::factsTime(int used)
+{
+    load(used, 0);
+    SThemes_a parsed;
+    for (int number = 0; number < used; ++number) {
+        SThemes_a::SDependArray element;
+        element[eDependType_Transition].m_pItem =
+            const_cast<SCfg_Item*>(&MVThemeMgr::init()->getCfgXML().vecTransition.at(number));
+        parsed.m_vecItems.append(element);
+    }
+    SCfg_Item theme;
+    theme.m_eType = eCfgItem_Theme;
+    theme.m_pThemes_a = &parsed;
+    QString last;
+    const double seconds =
+        ProcessorTime::least([&] { last = ItemFacts(theme).used().last().name; });
+    return last == QString::number(used - 1) ? seconds : -1;
+}
+
+void tst_largeCatalogue::factsOfAnItemThatUsesMany()
+{
+    constexpr int few = 8000;
+    const double fewTime = factsTime(few);
+    const double manyTime = factsTime(times * few);
+    QVERIFY(fewTime > 0);
+    QVERIFY(manyTime > 0);
+    QVERIFY2(manyTime < fewTime * highestGrowth, qPrintable(described(fewTime, manyTime)));
+}
+
+double tst_largeCatalogue::favouritesTime(int count)
+{
+    load(0, count);
+    MVThemeMgr* const manager = MVThemeMgr::init();
+    for (SCfg_Item& item : manager->getFilters_Display()) {
+        item.m_bCollected = true;
+        manager->setItemCollected(&item);
+    }
+    const QString path = TestHome::path() + QStringLiteral("/favourites.json");
+    bool isDone = true;
+    const double seconds = ProcessorTime::least([&] {
+        FavouritesFile file;
+        isDone = file.write(path) && file.read(path) && file.count() == count && file.unknown() == 0
+            && isDone;
+    });
+    return isDone ? seconds : -1;
+}
+
+void tst_largeCatalogue::favouritesWrittenAndRead()
+{
+    constexpr int few = 8000;
+    const double fewTime = favouritesTime(few);
+    const double manyTime = favouritesTime(times * few);
+    QVERIFY(fewTime > 0);
+    QVERIFY(manyTime > 0);
+    QVERIFY2(manyTime < fewTime * highestGrowth, qPrintable(described(fewTime, manyTime)));
+}
+
+MV_TEST_MAIN(tst_largeCatalogue)
+#include "tst_largeCatalogue.moc"
