@@ -37,6 +37,14 @@ int CatalogueFloor::read()
     return readDisplay();
 }
 
+void CatalogueFloor::parseOnly() const
+{
+    for (const QString& file : {m_configFile, m_displayFile}) {
+        QDomDocument doc;
+        parse(file, doc);
+    }
+}
+
 void CatalogueFloor::readConfig()
 {
     QDomDocument doc;

@@ -14,6 +14,9 @@ public:
     /// Reads both files; returns how many previews are on disk.
     int read();
 
+    /// Parses both files, one after the other, and reads nothing out of them.
+    void parseOnly() const;
+
 private:
     void readConfig();
     int readDisplay();

@@ -46,6 +46,25 @@ void CatalogueWorld::write(int themes) const
                           CatalogueFiles::document(CatalogueFiles::displayThemes(groups)));
 }
 
+void CatalogueWorld::writeFilters(int filters) const
+{
+    const QString kind = MVThemeMgr::init()->getCfgItemTypeStr(eCfgItem_Filter);
+    QVector<CatalogueFiles::CfgItem> config;
+    QByteArray display;
+    for (int i = 0; i < filters; ++i) {
+        const QString guid = CatalogueFiles::guid(i);
+        config.append({guid, QStringLiteral("/VideoFilters/%1.xml").arg(guid), {}});
+        // No name of a thumbnail: that many items with one have more markup than is read.
+        display += "<Item><GUID>" + guid.toLatin1() + "</GUID><Name>Filter " + number(i).toLatin1()
+            + "</Name></Item>\n";
+    }
+    CatalogueFiles::write(configFile(),
+                          CatalogueFiles::document(CatalogueFiles::cfgGroup(kind, config)));
+    CatalogueFiles::write(displayFile(),
+                          CatalogueFiles::document('<' + kind.toLatin1() + ">\n" + display + "</"
+                                                   + kind.toLatin1() + ">\n"));
+}
+
 void CatalogueWorld::use() const
 {
     MVThemeMgr::init()->setResourceSaveRootPath(m_folder);

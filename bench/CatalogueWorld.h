@@ -2,15 +2,17 @@
 
 #include <QString>
 
-/// A downloaded catalogue of many themes with all their previews on disk.
+/// A downloaded catalogue of many items.
 class CatalogueWorld
 {
 public:
     /// The catalogue below `folder`, which becomes the download root.
     explicit CatalogueWorld(const QString& folder);
 
-    /// Writes its files.
+    /// Writes themes with all their previews on disk.
     void write(int themes) const;
+    /// Writes filters that need no files: as many as a catalogue can hold.
+    void writeFilters(int filters) const;
 
     QString configFile() const;
     QString displayFile() const;

@@ -1,8 +1,8 @@
 // What loading a catalogue costs beside the least it can cost.
 //
 //     bench_catalogue               times, peak memory, and one line per limit
-//     bench_catalogue --peak WHAT   loads once ("load" or "floor"), for the peak memory of a
-//     process
+//     bench_catalogue --peak WHAT FOLDER   loads once ("load", "floor" or "parse"), for the peak
+//     memory of a process
 
 #include "BenchHome.h"
 #include "catalogue/MVThemeMgr.h"
@@ -24,6 +24,8 @@ namespace {
 
 constexpr int sizes[] = {500, 2000, 10000};
 constexpr int largest = 10000;
+constexpr int manyFilters = 300000;   // as many as the limits on markup allow
+constexpr double highestManyTime = 4; // times parsing both files
 constexpr int repetitions = 7;
 constexpr double highestTime = 1.5;   // times the floor
 constexpr double highestGrowth = 5.5; // from 2,000 to 10,000 themes
@@ -56,6 +58,45 @@ void measureFloor(benchmark::State& state, const Worlds& worlds)
         state.SkipWithError("not every preview was found");
 }
 
+void measureLoadMany(benchmark::State& state, const CatalogueWorld& world)
+{
+    world.use();
+    for (auto iteration : state) {
+        Q_UNUSED(iteration)
+        MVThemeMgr::init()->load(true);
+    }
+    if (MVThemeMgr::init()->getFilters_Display().size() != manyFilters)
+        state.SkipWithError("not every filter was loaded");
+}
+
+void measureParseMany(benchmark::State& state, const CatalogueWorld& world)
+{
+    world.use();
+    const CatalogueFloor floor(world);
+    for (auto iteration : state) {
+        Q_UNUSED(iteration)
+        floor.parseOnly();
+    }
+}
+
+/// One load of each, since it takes seconds.
+void addMany(Ratios& ratios, const CatalogueWorld& world)
+{
+    const auto add = [&world](const char* name, auto measure) {
+        benchmark::RegisterBenchmark(
+            name, [&world, measure](benchmark::State& state) { measure(state, world); })
+            ->Arg(manyFilters)
+            ->Unit(benchmark::kMillisecond)
+            ->Iterations(1)
+            ->Repetitions(repetitions)
+            ->UseRealTime();
+    };
+    add("load_filters", &measureLoadMany);
+    add("floor_parse", &measureParseMany);
+    const std::string size = "/" + std::to_string(manyFilters);
+    ratios.limit("load" + size, "load_filters" + size, "floor_parse" + size, highestManyTime);
+}
+
 /// The high-water mark of this program; getrusage() would count its parent in.
 long peakKilobytes()
 {
@@ -73,6 +114,8 @@ void reportOwnPeak(const QString& what, const QString& folder)
     const long before = peakKilobytes();
     if (what == QLatin1String("load"))
         MVThemeMgr::init()->load(true);
+    else if (what == QLatin1String("parse"))
+        CatalogueFloor(world).parseOnly();
     else
         CatalogueFloor(world).read();
     std::printf("%ld", peakKilobytes() - before);
@@ -125,6 +168,9 @@ int main(int argc, char** argv)
         const std::string size = "/" + std::to_string(themes);
         ratios.limit("load" + size, "load" + size, "floor" + size, highestTime);
     }
+    const CatalogueWorld many(folderOf(manyFilters));
+    many.writeFilters(manyFilters);
+    addMany(ratios, many);
     ratios.limit("load/10000 to load/2000", "load/10000", "load/2000", highestGrowth);
 
     benchmark::Initialize(&argc, argv);
@@ -132,5 +178,8 @@ int main(int argc, char** argv)
     std::printf("peak memory of loading %d themes: %.1f MB, of the floor: %.1f MB\n", largest,
                 peakMegabytes(QStringLiteral("load"), folderOf(largest)),
                 peakMegabytes(QStringLiteral("floor"), folderOf(largest)));
+    std::printf("peak memory of loading %d filters: %.1f MB, of parsing them: %.1f MB\n",
+                manyFilters, peakMegabytes(QStringLiteral("load"), folderOf(manyFilters)),
+                peakMegabytes(QStringLiteral("parse"), folderOf(manyFilters)));
     return ratios.finish();
 }
