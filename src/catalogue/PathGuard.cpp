@@ -36,10 +36,15 @@ bool PathGuard::isReallyInside(const QString& root, const QString& path)
 {
     const QFileInfo file(path);
     // For a missing file Qt may call the name itself canonical, as for one that is too long.
-    if (!file.exists())
+    if (root.isEmpty() || !file.exists())
         return false;
+    const QString real = file.canonicalFilePath();
+    const bool hasLinks = path != real && path != real + QLatin1Char('/');
+    // A path without links has a root without links, whose real path is costly to ask for.
+    if (!hasLinks && path.startsWith(root + QLatin1Char('/')))
+        return true;
     const QString realRoot = QFileInfo(root).canonicalFilePath();
-    return !realRoot.isEmpty() && file.canonicalFilePath().startsWith(realRoot + QLatin1Char('/'));
+    return !realRoot.isEmpty() && real.startsWith(realRoot + QLatin1Char('/'));
 }
 
 bool PathGuard::isInside(const QString& root, const QString& path)

@@ -103,7 +103,7 @@ QVector<SCfg_Item*> FetchCommand::itemsOf(const QStringList& guids, QString& unk
 
 SItemDownloadResult FetchCommand::fetch(SCfg_Item& item)
 {
-    const SItemDownloadResult result =
+    SItemDownloadResult result =
         Items::missingFiles(item) == 0 ? SItemDownloadResult() : download(item);
     report(item, result);
     return result;
