@@ -101,6 +101,8 @@ void measureBareLibcurl(benchmark::State& state, const ServerProcess& server, co
         for (int i = 0; i < load.files; ++i) {
             const QByteArray url = server.url(load.size, i).toUtf8();
             std::FILE* const file = std::fopen(fileName(folder, i).toLocal8Bit().constData(), "wb");
+            if (file == nullptr)
+                qFatal("no file to write to");
             curl_easy_setopt(easy.get(), CURLOPT_URL, url.constData());
             curl_easy_setopt(easy.get(), CURLOPT_WRITEDATA, file); // libcurl's own fwrite
             const bool ok = curl_easy_perform(easy.get()) == CURLE_OK;

@@ -44,6 +44,6 @@ private:
 /// Fails the test with all that the editor printed, unless it ended well.
 #define VERIFY_ENDED_WELL(editorRun)                                                               \
     do {                                                                                           \
-        const Outcome ended = (editorRun);                                                         \
+        const Outcome& ended = (editorRun);                                                        \
         QVERIFY2(ended.status == 0, (ended.out + ended.err).constData());                          \
     } while (false)
