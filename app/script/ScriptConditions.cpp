@@ -131,8 +131,9 @@ bool ScriptConditions::holdsForWindow(const QString& what, const QString& value)
     if (what != QLatin1String("downloads"))
         return false;
     const QVector<ResourceList*>& lists = m_window.tabs()->lists();
-    const bool any = std::any_of(lists.cbegin(), lists.cend(),
-                                 [](const ResourceList* list) { return list->view()->isDownloading(); });
+    const bool any = std::any_of(lists.cbegin(), lists.cend(), [](const ResourceList* list) {
+        return list->view()->isDownloading();
+    });
     return equals(any ? QStringLiteral("some") : QStringLiteral("none"), value);
 }
 
