@@ -157,7 +157,8 @@ void MVThemePreviewFrm::closeMovieFile()
 
 bool MVThemePreviewFrm::isPlayable()
 {
-    return PictureDecoder::prepare(m_movie);
+    // One that plays has its decoder, and stops as it should when its file has gone meanwhile.
+    return isPlaying() || PictureDecoder::prepare(m_movie);
 }
 
 bool MVThemePreviewFrm::isAnimated() const

@@ -93,6 +93,7 @@ private slots:
 
     void playsTheFramesOneAfterTheOther();
     void stoppingShowsTheThumbnail();
+    void stoppingShowsTheThumbnailWhenTheFileHasGone();
     void beginsAnewEachTime();
     void hoveringAnotherStopsTheFirstBeforeItStarts();
     void aStoppedMovieIsStoppedOnceMore();
@@ -139,6 +140,17 @@ void tst_MVThemePreviewFrm_play::stoppingShowsTheThumbnail()
     cell.frame.stopPlayGif();
     QCOMPARE(cell.page(), normal);
     QCOMPARE(trace.entries, QByteArrayList());
+}
+
+void tst_MVThemePreviewFrm_play::stoppingShowsTheThumbnailWhenTheFileHasGone()
+{
+    Cell cell(m_world.completeItem());
+    cell.frame.startPlayGif();
+    QVERIFY(cell.isPlaying());
+    QVERIFY(QFile::remove(cell.movie()->fileName()));
+    cell.frame.stopPlayGif();
+    QCOMPARE(cell.page(), normal);
+    QVERIFY(!cell.isPlaying());
 }
 
 void tst_MVThemePreviewFrm_play::beginsAnewEachTime()
