@@ -96,7 +96,7 @@ QVector<Fault> FaultLab::everyFault() const
 
 QVector<Fault> FaultLab::chosenFaults() const
 {
-    const QVector<Fault> all = everyFault();
+    QVector<Fault> all = everyFault();
     if (qgetenv("MV_FAULTS") == "every")
         return all;
     const int stride = all.size() / rowsOfShortForm + 1;

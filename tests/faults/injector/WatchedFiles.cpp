@@ -23,7 +23,10 @@ void simplify(char* path)
         const std::size_t length = std::strcspn(from, "/");
         const bool isParent = length == 2 && from[0] == '.' && from[1] == '.';
         if (isParent) {
-            while (end > path && *--end != '/') { }
+            if (end > path)
+                --end;
+            while (end > path && *end != '/')
+                --end;
         } else if (length > 0 && !(length == 1 && *from == '.')) {
             *end++ = '/';
             std::memmove(end, from, length);
