@@ -8,7 +8,7 @@
 
 struct SCfg_Item;
 
-/// What happens in the cells of all lists of the process, as signals.
+/// Tells what happens in the cells of all lists of the process, as signals.
 ///
 /// They come from the event loop, after the cell has finished with what it was doing: a receiver
 /// may do anything, also reload the catalogue. Items are therefore named by kind and GUID; look

@@ -1,6 +1,6 @@
 #pragma once
 
-/// What an mvThemelistview shows and how its cells are built.
+/// Contents of an mvThemelistview, and with them the look of its cells.
 enum EUIItemType : int {
     UIItem_Themes = 0,       ///< themes in theme cells, with "More>>" at the end
     UIItem_Filters = 1,      ///< video filters in filter cells

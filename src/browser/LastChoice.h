@@ -4,8 +4,8 @@
 
 #include <QtGlobal>
 
-/// Which choice of the user's is the last one of a kind, over all lists: a download that ends later
-/// than another choice must not take its place. Internal to the library; GUI thread only.
+/// Knows the user's last choice of each kind, over all lists, so that a download that ends later
+/// does not replace it. Internal to the library; GUI thread only.
 class LastChoice
 {
 public:
@@ -13,6 +13,6 @@ public:
 
     /// Notes that the user has chosen an item of this kind. Returns the number of the choice.
     static quint64 note(ECfgItemType kind);
-    /// Whether nothing of this kind has been chosen since the choice with that number.
+    /// Returns whether nothing of this kind has been chosen since the choice with that number.
     static bool isLast(ECfgItemType kind, quint64 choice);
 };

@@ -24,7 +24,7 @@ class MVBROWSER_EXPORT MVResourceItemDelegate : public QStyledItemDelegate
 public:
     explicit MVResourceItemDelegate(QObject* parent);
 
-    /// What the list shows; UIItem_None at first.
+    /// Sets what the list shows; UIItem_None at first.
     void setUIItemType(EUIItemType type) { m_eType = type; }
     /// Size of an item in pixels, without padding.
     void setItemSize(const QSize& size) { m_itemSize = size; }

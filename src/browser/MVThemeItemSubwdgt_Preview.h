@@ -30,9 +30,10 @@ class MVThemeItemSubwdgt_Preview;
 class MVBROWSER_EXPORT MVThemeItemSubwdgt_Preview : public QFrame
 {
     Q_OBJECT
-    /// What the ring uncovers, clockwise from twelve o'clock, stretched over the whole ring.
+    /// The picture that progress uncovers, clockwise from twelve o'clock, stretched over the whole
+    /// ring.
     Q_PROPERTY(QImage progressImage READ progressImage WRITE setProgressImage)
-    /// What lies under the ring.
+    /// The picture under the ring.
     Q_PROPERTY(QImage progressMask READ progressMask WRITE setProgressMask)
     /// Colour of the per cent text; invalid at first, which paints black.
     Q_PROPERTY(QColor progressColor READ progressColor WRITE setProgressColor)
@@ -87,7 +88,7 @@ public:
     void stopPlayGif();
     bool isPlaying() const;
     /// @}
-    /// Whether this is the "More>>" cell.
+    /// Returns whether this is the "More>>" cell.
     bool isMore() const;
 
     QImage progressImage() const { return m_progressImage; }

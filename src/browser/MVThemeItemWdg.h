@@ -59,14 +59,15 @@ public:
     /// Null in the "More>>" cell, and after a download that was stopped for good.
     SCfg_Item* getItem() const { return m_pItem; }
 
-    /// Where the list keeps its selected cell; `slot` must outlive this widget's use.
+    /// Sets the variable in which the list keeps its selected cell; `slot` must outlive this
+    /// widget.
     void setListviewCurSel(QWidget** slot) { m_ppCurSel = slot; }
     /// Makes `w` the list's selected cell instead of the one before.
     void setSel(MVThemeItemWdg* w);
     /// Shows or hides the "Current" mark.
     void setCurText(bool cur);
-    /// Whether the item is the list's applied one: the dynamic property "IsChecked", which the list
-    /// sets and style sheets test.
+    /// Returns whether the item is the list's applied one: the dynamic property "IsChecked", which
+    /// the list sets and style sheets test.
     bool isChecked() const;
 
     void adjustItem();
@@ -89,8 +90,8 @@ public:
     void togglePreview();
     /// @}
 
-    /// Whether the mouse over a cell plays its preview, for all cells; true at first. Turn it off
-    /// for people who want less motion: togglePreview() still plays.
+    /// Sets whether the mouse over a cell plays its preview, for all cells; true at first. Turn it
+    /// off for people who want less motion: togglePreview() still plays.
     static void setPlayedByHover(bool played) { s_bPlayedByHover = played; }
     static bool isPlayedByHover() { return s_bPlayedByHover; }
 
@@ -100,7 +101,7 @@ public:
     /// Starts the download of what the item lacks without counting as a choice of the user's: for a
     /// list that goes on with downloads after a reload.
     void resumeDownload();
-    /// Whether the user has chosen no other item of this kind since this one.
+    /// Returns whether the user has chosen no other item of this kind since this one.
     bool isLastChoice() const;
     /// Stops a running download and waits for its thread. The cell ignores the mouse from then on.
     /// Without a running download nothing happens.
@@ -108,8 +109,8 @@ public:
     /// For a cell that has left its list and will be deleted: it lets go of the item, which may end
     /// sooner, and ignores the mouse from then on.
     void releaseItem();
-    /// Whether the widget deletes itself at the end of the download that runs: a cell that was
-    /// filtered out of the list finishes its download in hiding.
+    /// Returns whether the widget deletes itself at the end of the download that runs: a cell that
+    /// was filtered out of the list finishes its download in hiding.
     bool isDeletedAfterDownload() const { return m_bDeletedAfterDownload; }
     void setDeletedAfterDownload(bool deleted) { m_bDeletedAfterDownload = deleted; }
 

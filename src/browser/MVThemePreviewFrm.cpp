@@ -157,7 +157,7 @@ void MVThemePreviewFrm::closeMovieFile()
 
 bool MVThemePreviewFrm::isPlayable()
 {
-    // One that plays has its decoder, and stops as it should when its file has gone meanwhile.
+    // A movie that plays has its decoder already; it must also stop when its file has been deleted.
     return isPlaying() || PictureDecoder::prepare(m_movie);
 }
 

@@ -4,7 +4,7 @@
 
 #include <QSortFilterProxyModel>
 
-/// Which rows of a resource list are shown: by theme type, or favourites, and by name.
+/// Filters the rows of a resource list by theme type, or favourites, and by name.
 ///
 /// The name is matched by filterRegExp(), anywhere in the name. Favourites are asked from the
 /// catalogue when the filter is applied. GUI thread only.

@@ -3,7 +3,7 @@
 #include "catalogue/MVThemeMgr.h"
 #include "host/HostSettings.h"
 
-/// Whether files of the item are still to be downloaded. Looks at the disk for every file.
+/// Returns whether files of the item are still to be downloaded. Looks at the disk for every file.
 inline bool needsFiles(SCfg_Item* item)
 {
     MVThemeMgr* const manager = MVThemeMgr::init();

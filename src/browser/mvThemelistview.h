@@ -42,7 +42,8 @@ public:
     explicit mvThemelistview(QWidget* parent = nullptr);
     ~mvThemelistview() override;
 
-    /// What the list shows; reads the size of its cells from the skin. Once, before any data.
+    /// Sets what the list shows, and reads the size of its cells from the skin. Call it once,
+    /// before any data.
     void setUIItemType(EUIItemType type);
     /// Appends all items of the catalogue's list, and "More>>" to the themes if the product
     /// parameter "url_slidershow" says where that leads. The arguments are not used.
@@ -88,7 +89,7 @@ public:
     /// hides.
     QModelIndex shownRow(const QString& guid) const;
 
-    /// Whether a cell downloads.
+    /// Returns whether a cell downloads.
     bool isDownloading() const;
     /// Cancels all downloads and does not wait.
     void cancelDownloads();

@@ -36,7 +36,7 @@ void mvThemelistview::keyPressEvent(QKeyEvent* event)
     QListView::keyPressEvent(event);
 }
 
-/// Whether the key was one of a cell's. The cell may be gone after it.
+/// Acts on a cell's key and returns whether it was one. The cell may be destroyed afterwards.
 bool mvThemelistview::actOnCurrentCell(int key)
 {
     MVThemeItemWdg* const widget = itemWidget(currentIndex());

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int builtinThemes = 2;
 
-/// Why nothing can be extracted; empty if it can.
+/// Returns why nothing can be extracted; empty if it can.
 QString obstacle(MVThemeMgr& manager)
 {
     const QString root = hostSettings().developerResourceRoot;

@@ -53,7 +53,7 @@ bool parse(const QByteArray& bytes, QJsonDocument& document)
     return error.error == QJsonParseError::NoError;
 }
 
-/// Whether an earlier version, when it was killed while it saved, may have left a file of that
+/// Returns whether an earlier version that was killed while it saved may have left a file of that
 /// name: "NAME.abcdef".
 bool isLeftover(const QString& name, const QString& fileName)
 {

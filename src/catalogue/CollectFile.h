@@ -30,14 +30,14 @@ public:
     /// Changes the mark of a GUID.
     void setMarked(const QString& guid, bool isMarked);
 
-    /// Whether a GUID is marked, by this process or else in `marks`, which read() or save() has
-    /// filled. One that neither knows is noted as asked about: save() writes it as not marked.
+    /// Returns whether a GUID is marked, by this process or else in `marks`, which read() or save()
+    /// has filled. One that neither knows is noted as asked about: save() writes it as not marked.
     bool isMarked(const QString& guid, const QJsonObject& marks);
 
     /// The GUIDs that are marked, sorted.
     QStringList marked(const QJsonObject& marks) const;
 
-    /// Whether save() has something to write: the file was read, or a mark was changed.
+    /// Returns whether save() has something to write: the file was read, or a mark was changed.
     bool isInUse() const { return m_loaded || m_isChanged; }
 
     /// Replaces the file, atomically and durably, by what is on disk, with the marks that this

@@ -89,14 +89,14 @@ void MVThemeMgr::load(bool bReload)
     m_bLoaded = true;
 }
 
-/// Whether the product uses themes, so that their own configs count.
+/// Returns whether the product uses themes, so that their own configs count.
 bool MVThemeMgr::hasThemes()
 {
     return TzProductInfo::instance()->extendParam(QStringLiteral("hasMV"), QString()).toInt() != 0;
 }
 
-/// Whether a file of an item is really below the download root or in the installed tree, which its
-/// name and the links on the way decide. One without a path needs no reading, as given.
+/// Returns whether a file of an item is really below the download root or in the installed tree, by
+/// its name and by the links on the way. A file without a path is never read.
 bool MVThemeMgr::isReadable(const QString& file)
 {
     return file.isEmpty() || PathGuard::isReallyInside(m_qsSaveRoot, file)

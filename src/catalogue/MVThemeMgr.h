@@ -143,13 +143,13 @@ public:
     QString Path_resource_version_xml(ELoadDir d);
     QString saveResourcePath() const;
     QString saveThemePath() const;
-    /// Whether a download may create, write and delete `path`: it lies below the download root, by
-    /// its name and by what is on disk (no "..", no link on the way).
+    /// Returns whether a download may create, write and delete `path`: it is below the download
+    /// root, by its name and by what is on disk (no "..", no link on the way).
     bool isDownloadPath(const QString& path) const;
     /// Address of a config-half file, or of any file named relative to the server root. Blanks are
     /// encoded only in names that contain "ThemesBgm"; the name brings its own leading "/".
     QString downLoadUrl(EDirTag t, QString name);
-    /// Whether an address made by the two operations around leads to the server that
+    /// Returns whether an address made by the two operations around leads to the server that
     /// "url_themeRootDir" names. A root without a slash at its end, or a name such as
     /// "@elsewhere/x", makes one that leads to another.
     bool isServerAddress(const QString& url) const;
@@ -231,7 +231,7 @@ public:
     /// The GUIDs that are marked, also those that the catalogue does not hold at present, sorted.
     /// Filters and background materials share theirs. Empty for kinds that have no favourites.
     QStringList favourites(ECfgItemType k) const;
-    /// Whether the item is marked. Asking enters an unknown GUID with the value false.
+    /// Returns whether the item is marked. Asking enters an unknown GUID with the value false.
     bool isThemeCollect(const SCfg_Item* item);
     bool isFilterCollect(const SCfg_Item* item);
     bool isBgMaterialCollect(const SCfg_Item* item);
@@ -248,7 +248,7 @@ public:
     /// Reads ThemeType.json into the three lists; the downloaded file, else the installed one.
     void readThemeType();
     bool readThemeType_a(QString path, QJsonObject& out);
-    /// What readThemeType() has read.
+    /// Return what readThemeType() has read.
     const QVariantList& festivals() const { return m_lstFestivals; }
     const QVariantList& travel() const { return m_lstTravel; }
     const QVariantList& banquets() const { return m_lstBanquets; }

@@ -27,7 +27,7 @@ int findConfig(GuidIndex& index, const QString& guid)
     return found;
 }
 
-/// What the display catalogue says of an item in either form.
+/// Reads what both forms of the display catalogue say of an item.
 void readPresentation(const QDomElement& element, ECfgItemType type, SCfg_Item& item)
 {
     item.m_eType = type;

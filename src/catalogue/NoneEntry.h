@@ -8,7 +8,7 @@
 /// filter and background-material lists. It stands in no config catalogue and needs no files.
 constexpr QLatin1String noneEntryGuid("{25DA2554-DB68-4026-ACE1-3EDDA71DA6D4}", 38);
 
-/// Whether the item is that entry. Only filters and background materials have one.
+/// Returns whether the item is that entry. Only filters and background materials have one.
 inline bool isNoneEntry(const SCfg_Item& item)
 {
     return (item.m_eType == eCfgItem_Filter || item.m_eType == eCfgItem_BgMaterial)

@@ -13,7 +13,7 @@ public:
     {
     }
 
-    /// Why the walk stopped before the end; empty if it did not.
+    /// Walks the document and returns why it stopped before the end; empty if it did not.
     QString walk()
     {
         for (;;) {

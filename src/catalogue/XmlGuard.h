@@ -22,7 +22,8 @@ public:
 
     XmlGuard() = delete;
 
-    /// Why the document asks for too much, for people; empty if it does not: a document type with
-    /// an internal subset (which declares entities), or more than one of the limits above.
+    /// Returns why the document asks for too much, for people; empty if it does not: a document
+    /// type with an internal subset (which declares entities), or more than one of the limits
+    /// above.
     static QString fault(const QString& text);
 };

@@ -44,7 +44,7 @@ public:
     bool isRefused() const { return m_isRefused; }
     /// Returns how far the phase has come; zeros while nothing runs.
     const SUpdateProgress& progress() const { return m_progress; }
-    /// Whether an update has finished; false again while the next one runs.
+    /// Returns whether an update has finished; false again while the next one runs.
     bool hasResult() const { return m_hasResult; }
     /// Returns the outcome of the update that finished last. Its check is known from the phase
     /// Previews on.

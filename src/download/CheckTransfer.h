@@ -27,7 +27,7 @@ public:
     /// Fetches `url` into `file`. A body larger than `maxBytes` is refused: nothing of it stays on
     /// disk.
     ETransferResult fetch(const QString& url, const QString& file, qint64 maxBytes);
-    /// Why the last transfer failed; no failure after a success.
+    /// Returns why the last transfer failed; no failure after a success.
     const STransferFailure& failure() const { return m_failure; }
 
 private:

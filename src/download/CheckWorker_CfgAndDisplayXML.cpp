@@ -122,7 +122,7 @@ QString CheckWorker_CfgAndDisplayXML::lockPath()
 }
 
 /// Waits until no other check uses the temporary folder. False if this one was cancelled meanwhile.
-/// Where no lock can be made, nothing can be stored in the folder either, which the transfer tells.
+/// If no lock can be created, nothing can be stored in the folder either, and the transfer says so.
 bool CheckWorker_CfgAndDisplayXML::lockFolder(FileLock& lock)
 {
     AppOptions::instance()->ensureDirExists(QFileInfo(lockPath()).path());

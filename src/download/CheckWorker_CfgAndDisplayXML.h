@@ -32,7 +32,7 @@ class MVRESOURCE_EXPORT CheckWorker_CfgAndDisplayXML : public QObject
     Q_OBJECT
 
 public:
-    /// What one version file says.
+    /// Content of one version file.
     struct SVersion
     {
         QString m_qsVersion;     ///< dotted decimal, such as "1.0.2"
@@ -80,8 +80,9 @@ public:
     QString getDownLoadTemp();
     /// A folder in it, which is created if it is missing.
     QString getSerDownLoadTemp_ThemeImgGif();
-    /// Where a catalogue file lies in the temporary folder or the download tree, whose folder is
-    /// created if it is missing; empty if that fails or it would lie outside the download root.
+    /// Returns the path of a catalogue file in the temporary folder or the download tree, and
+    /// creates its folder if it is missing; empty if that fails or it would be outside the download
+    /// root.
     QString getDownLoad_XML_Temp(EType_XML type, bool temp);
     /// Root of the server: the product parameter "url_themeRootDir", once it is not empty the same
     /// for the rest of the process. Any thread.

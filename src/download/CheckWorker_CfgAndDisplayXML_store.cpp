@@ -14,8 +14,8 @@
 #include <QFile>
 #include <QFileInfo>
 
-/// Whether a catalogue file that came is what the version file announces, and one that clients can
-/// read: the present catalogue must not give way to one that is none.
+/// Returns whether a fetched catalogue file has the announced sum and can be read by clients: an
+/// unreadable one must not replace the present catalogue.
 bool CheckWorker_CfgAndDisplayXML::isPublished(const CatalogueFile& file, const QString& url,
                                                const QString& fetched)
 {

@@ -2,7 +2,7 @@
 
 #include <QMetaType>
 
-/// How the download of an item ended.
+/// Outcomes of an item download.
 enum EMVThemeDownLoadError : int {
     /// The theme's config file could not be fetched: network failure (CurWrapper::result() 3).
     eDownLoadError_Internet = 0,
@@ -14,7 +14,7 @@ enum EMVThemeDownLoadError : int {
     eDownLoadError_Unknown = 3,
     /// The download was cancelled.
     eDownLoadError_Cancel = 4,
-    /// Everything is in place.
+    /// All files are in place.
     eDownLoadError_None = 5,
 };
 Q_DECLARE_METATYPE(EMVThemeDownLoadError)

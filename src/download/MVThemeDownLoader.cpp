@@ -110,8 +110,8 @@ void MVThemeDownLoader::run()
     LogL("MVThemeDownLoader", 1, "MVThemeDownLoader::run() end!");
 }
 
-/// Whether the theme's own config has to be fetched: it is missing or, where the host wants content
-/// checked, cannot be read or parsed.
+/// Returns whether the theme's own config has to be fetched: it is missing or, where the host wants
+/// content checked, cannot be read or parsed.
 bool MVThemeDownLoader::needsConfig()
 {
     MVThemeMgr* const manager = MVThemeMgr::init();
@@ -207,7 +207,7 @@ MVThemeDownLoader::Step MVThemeDownLoader::transferThemeConfig(SFileInfo& info)
                  "download template is error!(theme cfg xml),m_strUrl = %s, m_strFile = %s, "
                  "m_CurWrapper.result() = %d",
                  urlText.constData(), fileText.constData(), result);
-            // What was there may be whole, and have been unreadable for a moment only.
+            // The old file may be whole and have been unreadable for a moment only.
             if (m_bReplacesConfig && MVThemeMgr::init()->ensureThemeParsed(*m_pItem))
                 return Step::Continue;
             noteFailure(m_CurWrapper.failure());

@@ -52,10 +52,10 @@ public:
     /// Address and local path of the file being fetched now; empty before the first.
     QString downloadedUrl() const;
     QString downloadedFile() const;
-    /// Why the first file that this download could not fetch failed; no failure while nothing has
-    /// failed, and after a cancellation.
+    /// Returns why the first file that this download could not fetch failed; no failure while
+    /// nothing has failed, and after a cancellation.
     STransferFailure failure() const;
-    /// How the last download ended; valid from its end signal until the next download().
+    /// Returns how the last download ended; valid from its end signal until the next download().
     SItemDownloadResult outcome() const;
     /// The failure's details: address, reason or status, bytes received and local path.
     QString errorText() const { return failure().m_qsDetails; }

@@ -55,7 +55,7 @@ public:
     /// Starts a preview run; false while one is in progress.
     bool startDownloadThumbAndGif();
 
-    /// Whether a check, or a preview run, is in progress.
+    /// Return whether a check, or a preview run, is in progress.
     bool isChecking() const { return m_pWorker; }
     bool isFetchingPreviews() const { return m_pWorker_ThumbAndGif; }
 
@@ -70,7 +70,7 @@ public:
     /// that its thread has not begun yet stays in progress until its thread is started again.
     void waitThreadFinished();
 
-    /// What happens at the end of a check and of a run, whatever the value.
+    /// Act on the end of a check and of a run, whatever the value.
     void onEndDownloadXML(bool);
     void onEndDownloadThumbAndGif(bool);
 

@@ -4,7 +4,7 @@
 
 #include <QString>
 
-/// How the check of the catalogue ended.
+/// Outcomes of a catalogue check.
 enum ECatalogueCheckEnd : int {
     /// New catalogue files are in the download tree; the host loads the catalogue again once no
     /// download or check runs.
@@ -17,22 +17,22 @@ enum ECatalogueCheckEnd : int {
     eCatalogueCheck_ServerOlder = 3,
     /// The server, or its version file, could not be reached.
     eCatalogueCheck_Unreachable = 4,
-    /// What came from the server is incomplete or wrong.
+    /// The server's files are incomplete or wrong.
     eCatalogueCheck_Rejected = 5,
     /// The check was cancelled.
     eCatalogueCheck_Cancelled = 6,
-    /// What came could not be stored on this computer.
+    /// The server's files could not be stored on this computer.
     eCatalogueCheck_NotStored = 7,
 };
 
-/// What a host learns of one catalogue check.
+/// Result of one catalogue check.
 struct SCatalogueCheckResult
 {
     ECatalogueCheckEnd m_eEnd = eCatalogueCheck_Current;
     /// Details for people, in English, when the server was unreachable, or the catalogue rejected
     /// or not stored; otherwise empty.
     QString m_qsReason;
-    /// Whether the coordinator starts a preview run behind the check. It does, except when the
+    /// True if the coordinator starts a preview run behind the check. It does, except when the
     /// server's version file announces no checksums: such a check sends no end signal.
     bool m_bPreviewsFollow = true;
     /// The reason as a cause that programs can tell apart; eFailure_None where there is none.

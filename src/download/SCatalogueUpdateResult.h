@@ -4,7 +4,7 @@
 #include "download/SPreviewRunResult.h"
 #include "records/MvResourceExport.h"
 
-/// How an update ended, the previews behind the check included.
+/// Outcomes of an update, the previews behind the check included.
 enum ECatalogueUpdateEnd : int {
     /// The catalogue on disk is the server's, and so are all previews.
     eCatalogueUpdate_Complete = 0,

@@ -3,14 +3,14 @@
 #include "download/EMVThemeDownLoadError.h"
 #include "host/STransferFailure.h"
 
-/// How the download of an item ended, for a host that acts on it.
+/// Outcomes of an item download, for a host that acts on them.
 enum EItemDownloadEnd : int {
     eItemDownload_Complete = 0,  ///< every file is in place
     eItemDownload_Failed = 1,    ///< at least one file could not be fetched
     eItemDownload_Cancelled = 2, ///< stopped before every file was in place
 };
 
-/// What a host learns of one item download.
+/// Result of one item download.
 struct SItemDownloadResult
 {
     EItemDownloadEnd m_eEnd = eItemDownload_Complete;

@@ -5,7 +5,7 @@
 #include <QString>
 #include <QVector>
 
-/// How a run that fetches thumbnails and animated previews ended.
+/// Outcomes of a run that fetches thumbnails and animated previews.
 enum EPreviewRunEnd : int {
     /// The whole list was worked through; single files may have failed.
     ePreviewRun_Complete = 0,
@@ -15,14 +15,14 @@ enum EPreviewRunEnd : int {
     ePreviewRun_Cancelled = 2,
 };
 
-/// What a host learns of one preview run. A file counts once per use.
+/// Result of one preview run. A file counts once per use.
 struct SPreviewRunResult
 {
     /// So many failures are told; the rest is only counted.
     static constexpr int maxFailures = 100;
 
     EPreviewRunEnd m_eEnd = ePreviewRun_Complete;
-    /// Which catalogue files could not be read, for people; empty unless m_eEnd says so.
+    /// Names the catalogue files that could not be read, for people; empty for other outcomes.
     QString m_qsReason;
     int m_nFetched = 0;
     int m_nPresent = 0; ///< were on disk already

@@ -2,7 +2,7 @@
 
 #include <QtGlobal>
 
-/// How far a catalogue check or a preview run has come.
+/// Progress of a catalogue check or a preview run.
 struct SUpdateProgress
 {
     /// Files that have been fetched, found present or failed; a file counts once per use.

@@ -20,7 +20,8 @@ public:
     /// and where a part of the path is a file or cannot be created.
     bool ensureDirExists(const QString& path) const;
 
-    /// Which partner edition this product is; none of them is the standard edition.
+    /// Return whether the product is that partner edition; if it is none, it is the standard
+    /// edition.
     bool isPartnerEdition1() const;
     bool isPartnerEdition2() const;
     bool isPartnerEdition3() const;

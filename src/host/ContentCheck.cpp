@@ -21,8 +21,8 @@ bool isArchiveBeginning(const QByteArray& beginning)
                        [&](const char* signature) { return beginning.startsWith(signature); });
 }
 
-/// What comes before a page's document type or root element: a byte order mark, blanks, comments
-/// and an XML declaration.
+/// Returns the length of what precedes a page's document type or root element: a byte order mark,
+/// blanks, comments and an XML declaration.
 QByteArray withoutProlog(QByteArray text)
 {
     if (text.startsWith("\xEF\xBB\xBF"))
@@ -43,7 +43,7 @@ QByteArray withoutProlog(QByteArray text)
 QString xmlFault(QFile& file)
 {
     QXmlStreamReader reader(&file);
-    // Where reading fails, the end never comes.
+    // A device that fails never reports its end.
     while (!reader.atEnd() && !reader.hasError())
         reader.readNext();
     return reader.hasError() ? QStringLiteral("no well-formed XML (line %1: %2)")

@@ -12,8 +12,7 @@
 ///
 /// One object serves one thread; only cancel() may come from another. It keeps one connection per
 /// server open between downloads, so a list of files from one server should go through one object.
-/// What it may and may not do (limits, proxy, trusted authorities) is read from hostSettings() at
-/// every download.
+/// Limits, proxy and trusted authorities come from hostSettings(), read anew at every download.
 ///
 /// The bytes are written beside the target under a unique temporary name and renamed over the
 /// target at the end: the target name never holds a partial file, also after a kill, and a failure
@@ -48,10 +47,10 @@ public:
     /// does not say when it did. The target is replaced only by a complete file.
     void download(const QString& url, const QString& file, bool resume);
 
-    /// How the last download ended, as an ETransferResult; 0 before the first.
+    /// Returns how the last download ended, as an ETransferResult; 0 before the first.
     int result() const;
 
-    /// Why the last download failed; no failure after a success.
+    /// Returns why the last download failed; no failure after a success.
     STransferFailure failure() const;
     /// The failure's details: URL, reason, bytes received and local path. Empty after a success.
     QString errorText() const;

@@ -1,6 +1,6 @@
 #pragma once
 
-/// How a transfer ended: the values of CurWrapper::result().
+/// Outcome of a transfer: the values of CurWrapper::result().
 enum ETransferResult : int {
     eTransfer_Success = 0,
     /// The URL, or a redirect, is not an http or https address; more than 5 redirects; a redirect

@@ -6,7 +6,7 @@
 #include <QSet>
 #include <QString>
 
-/// Everything that the embedding application tells the platform.
+/// Settings by which the embedding application configures the platform.
 ///
 /// One instance per process, see hostSettings(). Write it on the GUI thread before the catalogue
 /// (MVThemeMgr::init()) is created; from then on every thread reads it without a lock, so it must
@@ -66,7 +66,7 @@ struct MVHOST_EXPORT HostSettings
     int versionTimeoutMs = 60000;
     /// Largest body that is accepted, in bytes.
     qint64 maxDownloadBytes = Q_INT64_C(2) * 1024 * 1024 * 1024;
-    /// How often a transient failure is tried again; 0 turns it off.
+    /// Number of retries after a transient failure; 0 turns them off.
     int downloadRetries = 2;
     /// Milliseconds before the first retry; each further pause is twice as long.
     int retryPauseMs = 500;

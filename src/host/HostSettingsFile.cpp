@@ -40,7 +40,7 @@ bool HostSettingsFile::readInto(HostSettings& settings)
     return true;
 }
 
-/// How each setting is read, by section and key.
+/// Describes how each setting is read, by section and key.
 struct HostSettingsFile::Setting
 {
     const char* key;

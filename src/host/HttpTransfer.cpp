@@ -77,7 +77,7 @@ void HttpTransfer::prepare()
     curl_easy_setopt(easy, CURLOPT_BUFFERSIZE, receiveBuffer);
     curl_easy_setopt(easy, CURLOPT_USERAGENT, "mvresource");
     curl_easy_setopt(easy, CURLOPT_ERRORBUFFER, m_curlError);
-    // What a proxy says to a tunnel is not the answer about the file.
+    // A proxy's answer to the tunnel request is not the answer about the file.
     curl_easy_setopt(easy, CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
     curl_easy_setopt(easy, CURLOPT_HEADERFUNCTION, &HttpTransfer::onHeader);
     curl_easy_setopt(easy, CURLOPT_HEADERDATA, this);

@@ -9,8 +9,8 @@
 /// An object that is constructed where it is declared and never destroyed.
 ///
 /// The catalogue saves the user's favourites from its destructor, after `main` has returned.
-/// What it calls in the platform must still be alive then, whatever the order in which the
-/// static objects of several libraries are destroyed. The memory is static, so nothing leaks.
+/// The parts of the platform that it calls must still exist then, in whatever order the static
+/// objects of several libraries are destroyed. The memory is static, so nothing leaks.
 template <class T>
 class Immortal
 {

@@ -52,7 +52,7 @@ EFailureCause causeOf(int error)
     }
 }
 
-/// Why a folder that somebody tried to create is missing; ENOENT where nothing explains it.
+/// Returns the errno that explains why a folder could not be created; ENOENT where nothing does.
 int obstacleTo(const QString& folder)
 {
     QFileInfo ancestor(folder);
@@ -91,8 +91,8 @@ void flushFolder(const QString& folder)
     ::close(handle);
 }
 
-/// Whether the system took all bytes: file systems that write late, such as NFS, tell of a failure
-/// only when a handle is closed. It is a second handle, since the first one keeps the lock.
+/// Returns whether the system took all bytes: file systems that write late, such as NFS, report a
+/// failure only when a handle is closed. Closes a second handle, as the first one keeps the lock.
 bool tookAllBytes(int handle)
 {
     const int second = ::fcntl(handle, F_DUPFD_CLOEXEC, 0);

@@ -32,11 +32,11 @@ public:
 
     /// Path of the temporary file, for a look at its content before commit().
     QString temporaryPath() const { return QFile::decodeName(m_name); }
-    /// What has been written so far, but at most `maxBytes` from the beginning.
+    /// Returns the first bytes written so far, `maxBytes` at most.
     QByteArray beginning(int maxBytes) const;
 
-    /// Whether commit() waits until data and name are on the disk, so that a power cut leaves the
-    /// old file or the new one.
+    /// Sets whether commit() waits until data and name are on the disk, so that a power cut leaves
+    /// the old file or the new one.
     enum class Flush { No, Yes };
 
     /// Renames over the target; every write was checked. False: the target is as it was, the file
@@ -47,7 +47,8 @@ public:
     void discard();
 
     QString errorText() const { return m_error; }
-    /// Why the last operation failed: no space, no permission, or anything else about the file.
+    /// Returns why the last operation failed: no space, no permission, or anything else about the
+    /// file.
     EFailureCause cause() const { return m_eCause; }
 
     /// Removes the part files in `folder` that no living writer holds.

@@ -30,7 +30,7 @@ public:
 
     /// Returns the format that the suffix of `name` promises, without regard to case.
     static Kind ofName(const QString& name);
-    /// Whether the suffix of `name` promises a picture.
+    /// Returns whether the suffix of `name` promises a picture.
     static bool isPictureName(const QString& name) { return ofName(name) != Kind::None; }
     /// Returns the suffixes of a format, each with its dot; none for None.
     static QStringList suffixes(Kind kind);

@@ -28,7 +28,7 @@ public:
     bool isInterim() const { return status >= 100 && status < 200; }
     bool isRedirect() const;
 
-    /// What makes sure that a later range belongs to the same version: the entity tag if it is
+    /// Returns the validator for a later range request: the entity tag if it is
     /// strong; the modification date where there is no tag (RFC 9110, 13.1.5); else empty.
     QByteArray validator() const;
 

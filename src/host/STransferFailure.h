@@ -7,7 +7,8 @@
 
 class QDebug;
 
-/// Why files could not be fetched or stored: what a person can do something about.
+/// Reasons why a file could not be fetched or stored, told apart by what a person can do about
+/// them.
 enum EFailureCause : int {
     eFailure_None = 0,
     eFailure_DiskFull = 1,       ///< no space, or no quota, left for the local file

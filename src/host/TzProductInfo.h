@@ -4,7 +4,7 @@
 
 #include <QString>
 
-/// What the product is configured to be: its named parameters.
+/// Reads the named parameters of the product.
 ///
 /// Reads hostSettings(); every operation may be called from every thread. The instance is alive
 /// until the process is gone. Keys in use:

@@ -4,7 +4,7 @@
 
 #include <QString>
 
-/// Where the application's installed resources lie and how they are shown.
+/// Locates the application's installed resources and names the active skin.
 ///
 /// Reads hostSettings(); every operation may be called from every thread. The instance is alive
 /// until the process is gone.

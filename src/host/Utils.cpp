@@ -14,7 +14,7 @@ namespace {
 
 constexpr int copyChunk = 256 * 1024;
 
-/// Where a path really leads, as far as it exists, with a slash behind it.
+/// Resolves all links of a path, as far as it exists, and appends a slash.
 QString realFolder(const QString& path)
 {
     QFileInfo info(QDir::cleanPath(QDir::current().absoluteFilePath(path)));

@@ -17,7 +17,8 @@
 /// Sizes need their unit; a single length stands for both. Rectangles are whole numbers without a
 /// unit, parted by blanks: Qt reads "rect(4, 6, 4, 6)" and "rect(4px 6px 4px 6px)" as zeros.
 /// Paddings travel in a rectangle whose x, y, width and height are top, right, bottom and left.
-/// What no style sheet and no setter has set is QSize(-1, -1) and a null QRect. GUI thread only.
+/// Metrics that neither a style sheet nor a setter has set are QSize(-1, -1) and a null QRect. GUI
+/// thread only.
 class MVHOSTUI_EXPORT SkinWidget : public QWidget
 {
     Q_OBJECT

@@ -26,7 +26,7 @@ public:
     /// True drops the decoded image; the next paint reads the file again, which ends the state.
     /// Use it when the file behind the path has changed. False does nothing.
     void setIsEmpty(bool empty);
-    /// Whether there is no decoded image at present.
+    /// Returns whether there is no decoded image at present.
     bool isEmpty() const { return m_pixmap.isNull(); }
 
 protected:
