@@ -102,7 +102,7 @@ QString CheckStatus::previewsText() const
     return text;
 }
 
-/// Why the check, or previews behind it, failed, one reason per line.
+/// Returns why the check, or previews behind it, failed, one reason per line.
 QString CheckStatus::details() const
 {
     constexpr int maxLines = 10;
@@ -114,7 +114,7 @@ QString CheckStatus::details() const
     return lines.mid(0, maxLines).join(QLatin1Char('\n'));
 }
 
-/// Which catalogue is in use: that of the file which it was read from.
+/// Names the catalogue in use by the date of the file from which it was read.
 QString CheckStatus::catalogueText()
 {
     MVThemeMgr* const catalogue = MVThemeMgr::init();

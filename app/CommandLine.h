@@ -3,7 +3,7 @@
 #include <QString>
 #include <QStringList>
 
-/// What the program was started with.
+/// The options of the program's command line.
 class CommandLine
 {
 public:

@@ -12,7 +12,7 @@ class QPushButton;
 class QTreeWidget;
 struct SCfg_Item;
 
-/// What is applied now: a large preview, what it is, what it uses and which files it has. Keeps no
+/// Shows the applied item: a large preview, its kind, the items it uses and its files. Keeps no
 /// pointer into the catalogue.
 class DetailsPanel : public QWidget
 {

@@ -20,9 +20,9 @@ public:
     /// hold at present. False, and nothing is changed: errorText().
     bool read(const QString& path);
 
-    /// How many favourites have been written or read.
+    /// Returns how many favourites have been written or read.
     int count() const { return m_count; }
-    /// How many of those read the catalogue does not hold.
+    /// Returns how many of those read the catalogue does not hold.
     int unknown() const { return m_unknown; }
     QString errorText() const { return m_error; }
 

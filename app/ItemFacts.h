@@ -10,8 +10,8 @@
 class ShownItems;
 struct SCfg_Item;
 
-/// What a person wants to know of one item: what it is, what it uses, which files it has. Looks at
-/// the disk when it is made; the texts are in the language of that moment.
+/// Describes one item for a person: its kind, the items it uses, its files. The constructor looks
+/// at the disk; texts are in the language of that moment.
 class ItemFacts
 {
     Q_DECLARE_TR_FUNCTIONS(ItemFacts)
@@ -38,7 +38,7 @@ public:
     QString thumbnail() const { return m_thumbnail; } ///< path; empty: none on disk
     QString animation() const { return m_animation; } ///< path; empty: none on disk
     const QVector<Used>& used() const { return m_used; }
-    /// Those of the item first, then those of what it uses; each once.
+    /// Returns the item's files, then those of the items it uses; each once.
     const QVector<File>& files() const { return m_files; }
     qint64 totalSize() const;
 

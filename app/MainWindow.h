@@ -29,7 +29,7 @@ public:
 
     ResourceTabs* tabs() const { return m_tabs; }
     CheckStatus* checkStatus() const { return m_status; }
-    /// How often the catalogue was read again.
+    /// Returns how often the catalogue was read again.
     int reloads() const { return m_reloads; }
 
 protected:

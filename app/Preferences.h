@@ -5,7 +5,7 @@
 #include <QList>
 #include <QString>
 
-/// What the program remembers of its user from one start to the next, in a JSON file of its own.
+/// The user's preferences, kept in a JSON file from one start to the next.
 /// Values that do not make sense read as the defaults. A change is stored at once and leaves alone
 /// what other processes have changed. GUI thread only; needs no application object.
 class Preferences

@@ -32,7 +32,7 @@ public:
     /// Rows, "More>>" among them.
     int shownItems() const;
 
-    /// Whether the item has a row that no filter hides.
+    /// Returns whether the item has a row that no filter hides.
     bool isShown(const QString& guid) const;
     /// Makes a shown item the current one, in view; null for one that is not shown.
     MVThemeItemWdg* reveal(const QString& guid);

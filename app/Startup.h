@@ -17,13 +17,13 @@ public:
     ~Startup();
     Q_DISABLE_COPY_MOVE(Startup)
 
-    /// Everything that must be known before there is a window. False: errorText().
+    /// Reads what must be known before a window is created. False: errorText() says why.
     bool readSettings(const CommandLine& commandLine);
     /// Opens the catalogue, for which the skin must be known. False: errorText().
     bool openCatalogue(const QString& skin);
     QString errorText() const { return m_error; }
 
-    /// Where the user's preferences are kept.
+    /// Returns the path of the user's preferences.
     QString preferencesFile() const;
 
 private:

@@ -41,7 +41,7 @@ void applyScale(int percent)
         qputenv(scaleVariable, QByteArray::number(percent / whole));
 }
 
-/// What needs no window, and must be known before there can be one.
+/// Reads command line and settings, which must be known before a window can be created.
 int prepare(int& argc, char** argv, CommandLine& commandLine, Startup& startup)
 {
     const QCoreApplication early(argc, argv);
@@ -57,7 +57,7 @@ int run(int& argc, char** argv, const CommandLine& commandLine, Startup& startup
     Preferences preferences(startup.preferencesFile());
     if (!preferences.problem().isEmpty())
         say(preferences.problem());
-    // One that the environment gives counts more.
+    // QT_SCALE_FACTOR in the environment takes precedence.
     const bool ownScale = !qEnvironmentVariableIsSet(scaleVariable);
     if (ownScale)
         applyScale(preferences.scale());

@@ -10,7 +10,7 @@
 class CatalogueUpdate;
 class MainWindow;
 
-/// What a script waits for.
+/// The conditions that a script can wait for.
 ///
 ///     phase idle|catalogue|previews   of the background check
 ///     quiet              no check goes on, and what one brought has been read

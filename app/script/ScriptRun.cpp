@@ -180,7 +180,8 @@ bool ScriptRun::pictured(const QString& name)
         return true;
     const QString file = m_pictures + QLatin1Char('/') + name + QStringLiteral(".png");
     const QRect frame = m_window.geometry();
-    // What the display shows, with menus that are open; other platforms only draw the window.
+    // Takes the picture from the display, open menus included; other platforms only draw the
+    // window.
     const QPixmap picture = QGuiApplication::platformName() == QLatin1String("xcb")
         ? m_window.screen()->grabWindow(0, frame.x(), frame.y(), frame.width(), frame.height())
         : m_window.grab();

@@ -8,7 +8,7 @@ class MVThemeItemWdg;
 class MainWindow;
 class QWidget;
 
-/// Where on the screen a script's words point to.
+/// Finds the places on the screen that a script's words name.
 ///
 ///     cell NAME      the middle of an item's cell
 ///     heart NAME     the favourite button of a cell, while it can be seen
@@ -31,7 +31,8 @@ public:
     MVThemeItemWdg* cell(const QString& name) const;
     /// A visible widget of any window; null if there is none.
     static QWidget* widget(const QString& name);
-    /// Whether a cell lies above, in (0) or below the part of the list that is seen.
+    /// Returns whether a cell is above (negative), in (0) or below (positive) the visible part of
+    /// the list.
     int place(const QString& name) const;
 
 private:

@@ -4,7 +4,7 @@
 
 class QJsonDocument;
 
-/// What the console programs print. They have set QCoreApplication's application name.
+/// Prints the output of the console programs, which have set QCoreApplication's application name.
 namespace Console {
 
 /// Names come from files and servers: control characters become blanks, so that a text stays on its

@@ -9,7 +9,7 @@ namespace Archive {
 /// files give the same bytes. False: `error` says why.
 bool pack(const QString& folder, const QString& target, QString* error);
 
-/// Whether every file of an archive can be unpacked. False: `error` says why.
+/// Returns whether every file of an archive can be unpacked. False: `error` says why.
 bool isWhole(const QString& file, QString* error);
 
 } // namespace Archive

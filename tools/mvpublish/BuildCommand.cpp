@@ -21,7 +21,7 @@ QString treeAside(const FolderSwitch& place)
         : QString();
 }
 
-/// Why the folder is not replaced; empty if it holds a tree, or nothing.
+/// Returns why the folder is not replaced; empty if it holds a tree, or nothing.
 QString placeFault(const QString& folder, const FolderSwitch& place, bool installed)
 {
     // A link to a folder that is not there may wait for a mount or for a copy of another tree.

@@ -14,15 +14,15 @@ namespace Documents {
 
 using Items = QVector<const SourceItem*>;
 
-/// What every item is and which files it needs.
+/// Returns the config catalogue: kind and needed files of every item.
 QByteArray config(const Items& items);
-/// What the user is shown, under the names for that audience.
+/// Returns the display catalogue, with the names for that audience.
 QByteArray display(const Items& items, const Source& source, const QString& audience);
-/// Which catalogues belong together.
+/// Returns the version file, which ties catalogues together by their checksums.
 QByteArray version(const QString& version, const QByteArray& display, const QByteArray& config);
 /// The definitions that a kind's folder holds.
 QByteArray kindList(const Kind& kind, const Items& items);
-/// What the editor needs to know of an item: what its manifest says.
+/// Returns the definition of an item as its manifest describes it.
 QByteArray definition(const SourceItem& item);
 /// Themes by type, for an installation.
 QByteArray themeTypes(const Items& items);

@@ -1,6 +1,6 @@
 #pragma once
 
-/// What mvpublish ends with.
+/// Exit statuses of mvpublish.
 namespace ExitStatus {
 
 constexpr int success = 0;

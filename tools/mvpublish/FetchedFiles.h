@@ -5,7 +5,7 @@
 
 class ReadTree;
 
-/// Which files of a server's tree clients fetch, apart from the catalogues.
+/// The files of a server's tree that clients fetch, apart from the catalogues.
 class FetchedFiles
 {
 public:
@@ -13,7 +13,7 @@ public:
 
     /// `name` is relative to the tree.
     bool contains(const QString& name) const;
-    /// Whether it is the definition of an item, whose name follows from the item's GUID.
+    /// Returns whether it is the definition of an item, whose name follows from the item's GUID.
     static bool isDefinition(const QString& name);
 
 private:

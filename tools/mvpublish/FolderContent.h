@@ -3,8 +3,8 @@
 #include <QString>
 #include <QStringList>
 
-/// What lies in folders. QDir and QDirIterator take a folder that cannot be read for an empty one;
-/// whoever publishes or replaces what they list must not. Stateless, any thread.
+/// Lists folders. QDir and QDirIterator report an unreadable folder as an empty one, which would
+/// lose data where folders are published or replaced. Stateless, any thread.
 namespace FolderContent {
 
 /// The names of everything in `folder`, hidden entries and links too, sorted. False: `error` says

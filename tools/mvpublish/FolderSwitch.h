@@ -27,7 +27,7 @@ public:
     /// puts the old folder back if a run was killed between its two renames and the place is still
     /// free. False: errorText().
     bool lock();
-    /// Whether the place holds nothing, or an empty folder.
+    /// Returns whether the place holds nothing, or an empty folder.
     bool isFree() const;
     /// Makes the folder to write to, with the mode of the one that it replaces, and removes what
     /// else runs that were killed have left. Locks the place if lock() has not. False: errorText().
@@ -35,7 +35,7 @@ public:
     /// The place, without links.
     QString target() const { return m_target; }
     QString folder() const { return m_folder; }
-    /// Where the old folder waits while it is replaced by renames.
+    /// Returns the name of the old folder while it is replaced by renames.
     QString oldFolder() const { return m_folder + QStringLiteral(".old"); }
     /// Puts the folder in place, once it is on disk, and removes the old one.
     bool commit();

@@ -18,7 +18,7 @@ void append(QString& text, uint code)
     text.append(QString::fromUcs4(&character, 1));
 }
 
-/// What of the name can be read in a folder name; joiners and marks of direction leave no trace.
+/// Returns the readable part of a name for a folder name; drops joiners and marks of direction.
 QString readablePart(const QString& name)
 {
     constexpr uint lastAscii = 0x7f;

@@ -6,7 +6,7 @@
 #include <QStringList>
 #include <QVector>
 
-/// What publishing needs to know of a kind of items.
+/// Properties of a kind of items that matter to publishing.
 struct Kind
 {
     ECfgItemType type;
@@ -32,11 +32,11 @@ const QStringList& themeTypes();
 /// The last of them; a type that nobody knows counts as this one.
 inline const QString otherThemes = QStringLiteral("others");
 
-/// Whether items of the kind are shown with a thumbnail file.
+/// Returns whether items of the kind are shown with a thumbnail file.
 bool needsThumbnail(ECfgItemType type);
-/// Whether items of the kind are shown only with an animated preview.
+/// Returns whether items of the kind are shown only with an animated preview.
 bool needsAnimation(ECfgItemType type);
-/// Whether the kind's list begins with the "none" entry.
+/// Returns whether the kind's list begins with the "none" entry.
 bool hasNoneEntry(ECfgItemType type);
 
 } // namespace Kinds

@@ -38,7 +38,7 @@ bool ensureCatalogue(const QString& source)
         || writeJson(file, {{QStringLiteral("version"), QStringLiteral("1.0.0")}});
 }
 
-/// Everything that a catalogue needs of an item, to be replaced piece by piece.
+/// Writes all files that a catalogue needs of an item, as placeholders to be replaced.
 bool writeItem(const QString& folder, const QString& slug, const Kind& kind, const QString& name)
 {
     const bool isPicture = kind.type == eCfgItem_BgMaterial;

@@ -11,7 +11,7 @@ inline const QString animation = QStringLiteral("animation.gif");
 /// Writes a placeholder to a new file.
 bool copy(const QString& placeholder, const QString& to);
 
-/// Whether a file is a placeholder that nobody has replaced, under whatever name.
+/// Returns whether a file is a placeholder that nobody has replaced, under whatever name.
 bool isUntouched(const QString& file);
 
 } // namespace Placeholders

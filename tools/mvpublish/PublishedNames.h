@@ -9,7 +9,7 @@
 class PublishedNames
 {
 public:
-    /// What the tree has whatever its items are.
+    /// Reserves a name that every tree has.
     void reserve(const QString& name, const QString& owner);
     /// A fault if somebody else publishes something under that name. `source` is the file that is
     /// published, if several items may publish the same one.

@@ -82,11 +82,11 @@ public:
     /// The records come from items that the doItem_Info_* operations have resolved.
     /// @{
 
-    /// Where the file lies, relative to the tree; empty if its name leads out of the tree.
+    /// Returns the path of the file relative to the tree; empty if its name leads out of the tree.
     QString fileOf(const SFileInfo& info) const;
     /// The address by which the library fetches it, without the server's root.
     static QString addressOf(const SFileInfo& info);
-    /// Whether that address leads to that file.
+    /// Returns whether that address leads to that file.
     bool addressLeadsToFile(const SFileInfo& info) const;
 
     /// @}

@@ -6,7 +6,7 @@
 
 #include <vector>
 
-/// What a publisher writes and mvpublish reads: a folder with a manifest "catalogue.json" and, at
+/// A publisher's source, as mvpublish reads it: a folder with a manifest "catalogue.json" and, at
 /// any depth, one folder per item.
 ///
 ///     catalogue.json      version, names of the "none" entry
@@ -19,7 +19,7 @@ public:
     /// Reads and checks everything. False: faults() says what to put right, a line for each fault.
     bool read(const QString& folder);
     const QStringList& faults() const { return m_faults; }
-    /// What can be published and should not be: a line for each.
+    /// Returns a line for each thing that can be published and should not be.
     const QStringList& warnings() const { return m_warnings; }
 
     QString folder() const { return m_folder; }
@@ -32,7 +32,8 @@ public:
 
     static QString manifestName() { return QStringLiteral("catalogue.json"); }
     static QString sharedFolder() { return QStringLiteral("shared"); }
-    /// Whether a folder of that name directly below the source holds something else than items.
+    /// Returns whether a folder of that name directly below the source holds something else than
+    /// items.
     static bool isSpecialFolder(const QString& name);
 
 private:

@@ -7,7 +7,7 @@ namespace Texts {
 
 namespace {
 
-/// Whether the test holds for every code point; half a pair stands for itself.
+/// Returns whether the test holds for every code point; half a surrogate pair counts as one.
 template <typename Test>
 bool holdsForAll(const QString& text, const Test& test)
 {

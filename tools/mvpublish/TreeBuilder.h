@@ -13,14 +13,14 @@ class TreeBuilder
 public:
     explicit TreeBuilder(const Source& source);
 
-    /// What a resource server publishes, for these editions.
+    /// Writes the tree that a resource server publishes, for these editions.
     bool writeServer(const QString& folder, const QVector<Edition>& editions);
-    /// What the application brings along: a catalogue of the items marked as installed and of those
-    /// that they use, the previews of the former, and the files of built-in items. It is the
-    /// application's folder "Resource".
+    /// Writes the tree that the application installs: a catalogue of the items marked as installed
+    /// and of those that they use, the previews of the former, and the files of built-in items. It
+    /// is the application's folder "Resource".
     bool writeInstallation(const QString& folder);
 
-    /// Why it failed.
+    /// Returns why it failed.
     QString errorText() const { return m_error; }
     int fileCount() const { return m_files; }
     qint64 byteCount() const { return m_bytes; }

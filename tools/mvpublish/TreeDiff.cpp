@@ -16,7 +16,7 @@ namespace {
 
 using ItemKey = QPair<int, QString>; // kind and GUID
 
-/// What users see of a tree in one display catalogue.
+/// The part of a tree that users see by one display catalogue.
 struct Shown
 {
     QVector<ItemKey> order;
@@ -63,7 +63,7 @@ TreeDiff compareItems(const Shown& before, const Shown& after)
     return diff;
 }
 
-/// What all catalogues have in common stands once; the rest names its catalogue.
+/// Merges lists: a line that all catalogues share appears once, others name their catalogue.
 QStringList merged(const QMap<QString, TreeDiff>& diffs, QStringList TreeDiff::*list)
 {
     QHash<QString, int> counts;
@@ -167,7 +167,7 @@ void compareFiles(const ReadTree& before, const ReadTree& after, TreeDiff& diff,
     }
 }
 
-/// What changes for the users of every edition that the first tree serves.
+/// Adds the changes for the users of every edition that the first tree serves.
 void compareEditions(const ReadTree& before, const ReadTree& after, TreeDiff& diff,
                      const QMap<QString, qint64>& changedCatalogues)
 {

@@ -6,8 +6,8 @@
 
 class ReadTree;
 
-/// What changes for users who have everything of one server's tree when another replaces it: for
-/// those of every edition that the first one serves.
+/// The changes for users who have all files of one server's tree when another replaces it, over all
+/// editions that the first tree serves.
 struct TreeDiff
 {
     struct File
@@ -37,7 +37,7 @@ struct TreeDiff
     QVector<File> unfetchedFiles;
     QVector<File> removedFiles;
 
-    /// What one user transfers: one of the edition for which it is most.
+    /// Bytes that one user transfers, in the edition with the largest transfer.
     qint64 catalogueBytes = 0;
     qint64 fileBytes = 0;
 

@@ -112,7 +112,7 @@ int CheckCommand::status() const
     return endOf(result.m_check.m_eEnd).status;
 }
 
-/// Why the exit status is one of failure; empty if it is not.
+/// Returns why the exit status is one of failure; empty if it is not.
 QString CheckCommand::errorText() const
 {
     const SCatalogueCheckResult& check = m_update.result().m_check;

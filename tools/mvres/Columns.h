@@ -5,7 +5,7 @@
 /// Texts in the columns of a terminal, where some characters take two and some none.
 namespace Columns {
 
-/// How many columns the text takes.
+/// Returns how many columns the text takes.
 int width(const QString& text);
 /// The text with blanks behind it, up to that width.
 QString padded(const QString& text, int width);

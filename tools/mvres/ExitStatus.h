@@ -1,6 +1,6 @@
 #pragma once
 
-/// What mvres ends with.
+/// Exit statuses of mvres.
 namespace ExitStatus {
 
 constexpr int success = 0;

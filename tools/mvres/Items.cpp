@@ -76,7 +76,7 @@ QVector<SCfg_Item*> displayed(ECfgItemType kind)
 int missingFiles(SCfg_Item& item)
 {
     QSet<QString> files;
-    // What else is missing is not known before the config has been fetched anew.
+    // Other missing files are unknown until the config has been fetched anew.
     if (!MVThemeMgr::init()->ensureThemeParsed(item) && hostSettings().checkContent)
         files.insert(item.m_info_CfgXML.m_qsFile);
     QVector<SFileInfo*> missing;

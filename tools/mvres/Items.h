@@ -22,7 +22,7 @@ QString themeTypeName(const SCfg_Item& item);
 const QVector<SCfg_Item>& ofKind(const MVThemeMgr::SResourceXML& catalogue, ECfgItemType kind);
 /// The shown items of a kind; owned by the catalogue.
 QVector<SCfg_Item*> displayed(ECfgItemType kind);
-/// How many different files of the item are missing on disk.
+/// Returns how many different files of the item are missing on disk.
 int missingFiles(SCfg_Item& item);
 
 /// GUID, kind, name, theme type, favourite and missing files.

@@ -16,7 +16,7 @@ public:
 
     /// The download root in use.
     QString root() const { return m_root; }
-    /// Why the catalogue has no items, for people; empty if it has, or was not loaded.
+    /// Returns why the catalogue has no items, for people; empty if it has, or was not loaded.
     QString emptyText() const { return m_emptyText; }
 
 private:

@@ -82,7 +82,8 @@ void Connections::watch()
         for (int i = 0; i < count; ++i)
             beginRequest(events.at(static_cast<size_t>(i)).data.u64);
         const Clock::time_point now = Clock::now();
-        // What becomes idle meanwhile is not due before the time that closeIdle() returned.
+        // A connection that becomes idle meanwhile is not due before the time that closeIdle()
+        // returned.
         if (now >= closing)
             closing = closeIdle(now);
         next = std::min(closing, makeWay(now));

@@ -43,7 +43,7 @@ QDateTime parsedDate(const QByteArray& text)
 TreeFile::TreeFile(const QString& folder, const QByteArray& address)
 {
     const QString path = below(address);
-    // What is a part of a name here parts names elsewhere.
+    // A backslash is legal in file names here but a separator on Windows, so refuse it.
     if (path.isEmpty() || path.contains(QLatin1Char('\\')) || path.contains(QChar(QChar::Null)))
         return;
     const QFileInfo file(folder + path);

@@ -25,12 +25,13 @@ public:
     /// Changes whenever the file does.
     QByteArray entityTag() const { return m_entityTag; }
     QByteArray lastModified() const { return m_lastModified; }
-    /// How long a cache may keep it: a version file not at all, the rest until the server is asked.
+    /// Returns the Cache-Control value: version files are not stored, all others are revalidated.
     QByteArray cacheControl() const;
 
-    /// Whether a client that has what these headers say needs no body. Empty: no such header.
+    /// Returns whether a client whose copy has these validators needs no body. Empty: no such
+    /// header.
     bool isKnown(const QByteArray& ifNoneMatch, const QByteArray& ifModifiedSince) const;
-    /// Whether a part may be sent to a client that has what this header says.
+    /// Returns whether a part may be sent to a client whose copy has this validator.
     bool isSameAs(const QByteArray& ifRange) const;
 
 private:

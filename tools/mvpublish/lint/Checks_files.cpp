@@ -26,7 +26,7 @@ void checkContent(LintContext& context, const QString& file, const QString& item
                        QStringLiteral("pack it anew"));
 }
 
-/// Where the definition of an item lies whose definition is not looked for: it is built in.
+/// Returns the path of a built-in item's definition, which is not looked for.
 QString definitionPath(const SCfg_Item& item)
 {
     return ReadTree::library().Path_resource_Dir(MVThemeMgr::eLoadDir_Download,

@@ -143,7 +143,8 @@ void checkTypes(LintContext& context, const DisplayCatalogue& display)
     }
 }
 
-/// Whether two catalogues say the same of an item, apart from its name, which editions translate.
+/// Returns whether two catalogues say the same of an item, apart from its name, which editions
+/// translate.
 bool saySame(const DisplayEntry& a, const DisplayEntry& b)
 {
     const bool typesAgree =

@@ -14,7 +14,7 @@ using NamedFiles::NamedBy;
 
 namespace {
 
-/// What an entry names a picture as; its name says nothing.
+/// The use that an entry makes of a picture, whatever its name.
 enum class Role { Thumbnail, Animation };
 
 void checkPicture(LintContext& context, const QString& file, const QString& item, Role role)

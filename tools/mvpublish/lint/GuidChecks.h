@@ -6,10 +6,10 @@
 
 class LintContext;
 
-/// What checks of catalogues and of themes share.
+/// Helpers of the checks of catalogues and of themes.
 namespace GuidChecks {
 
-/// Where a GUID stands.
+/// Place at which a GUID was found.
 struct Place
 {
     QString file;

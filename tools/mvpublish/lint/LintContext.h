@@ -5,7 +5,7 @@
 
 #include <QSet>
 
-/// What the checks of one tree share: the tree, what they found, which files they met.
+/// State shared by the checks of one tree: the tree, the findings, the files they met.
 class LintContext
 {
 public:

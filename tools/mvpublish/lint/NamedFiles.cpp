@@ -20,7 +20,7 @@ bool isAddress(const QString& text)
     return form.match(text).hasMatch();
 }
 
-/// Why no client can make the path of a file from a name.
+/// A reason why no client can make the path of a file from a name.
 struct NameFault
 {
     const char* code = nullptr; ///< null where they can

@@ -6,7 +6,7 @@
 
 class LintContext;
 
-/// What checks of all files share that catalogues name.
+/// Helpers of the checks of files that catalogues name.
 namespace NamedFiles {
 
 /// The catalogue entry that names a file.
@@ -26,8 +26,8 @@ bool isUsable(LintContext& context, const SFileInfo& info, const NamedBy& by, bo
 QString existing(LintContext& context, const SFileInfo& info, const NamedBy& by, bool needed,
                  bool fetched);
 
-/// Whether the tree has the file. If what stands there is a link out of the tree, that is a
-/// finding and the answer is no.
+/// Returns whether the tree has the file. A link out of the tree is a finding, and the
+/// answer is no.
 bool isThere(LintContext& context, const QString& file, const NamedBy& by);
 
 } // namespace NamedFiles

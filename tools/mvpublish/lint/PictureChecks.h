@@ -4,7 +4,7 @@
 
 class LintContext;
 
-/// What checks of previews and of items' own files share.
+/// Helpers of the checks of previews and of items' own files.
 namespace PictureChecks {
 
 /// Reports a file that clients do not decode, or that has the suffix of another format; false if it
