@@ -11,8 +11,7 @@ int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
     hostSettings() = HostSettings::recommended();
-    QString error;
-    if (argc != 3 || !loadHostSettings(QString::fromLocal8Bit(argv[1]), &error)) {
+    if (QString error; argc != 3 || !loadHostSettings(QString::fromLocal8Bit(argv[1]), &error)) {
         qCritical("usage: embed SETTINGS.ini DOWNLOAD_ROOT %s", qPrintable(error));
         return 2;
     }
@@ -28,7 +27,7 @@ int main(int argc, char** argv)
     QObject::connect(&themes, &mvThemelistview::sigThemeItemClicked, // here an editor applies it
                      [&](auto* theme) { themes.setWindowTitle(theme->m_qsName); });
     CatalogueUpdate update;
-    QObject::connect(&update, &CatalogueUpdate::finished, [&](const auto& result) {
+    QObject::connect(&update, &CatalogueUpdate::finished, &themes, [&](const auto& result) {
         if (!result.m_bContentArrived)
             return;
         themes.release();

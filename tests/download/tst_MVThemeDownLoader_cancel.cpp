@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QMutexLocker>
+#include <QSemaphore>
 
 #include <memory>
 
@@ -237,10 +238,12 @@ void tst_MVThemeDownLoader_cancel::duringTheConfig()
 {
     SCfg_Item theme = m_world->themeWithConfig();
     DownloadTrace trace;
+    QSemaphore isCancelled;
     MVThemeDownLoader downloader(nullptr);
     trace.watch(downloader);
-    m_world->route(QStringLiteral("/config/Themes/t.xml"), [&downloader](HttpExchange& exchange) {
+    m_world->route(QStringLiteral("/config/Themes/t.xml"), [&](HttpExchange& exchange) {
         downloader.cancel();
+        isCancelled.release();
         exchange.stall();
     });
     QElapsedTimer timer;
@@ -249,6 +252,7 @@ void tst_MVThemeDownLoader_cancel::duringTheConfig()
     QVERIFY(DownloadWorld::run(downloader, theme));
 
     QVERIFY(timer.elapsed() < promptMs);
+    isCancelled.acquire(); // the server's thread still uses the downloader until then
     const QString url = downloader.downloadedUrl();
     const QString file = downloader.downloadedFile();
     const QStringList expected = {start(), QStringLiteral("progress 0"), configStart(url, file),
@@ -273,6 +277,7 @@ void tst_MVThemeDownLoader_cancel::duringAFile()
     SCfg_Item filter =
         DownloadWorld::item(eCfgItem_Filter, 1, {QStringLiteral("/VideoFilters/a.zip")});
     DownloadTrace trace;
+    QSemaphore isCancelled;
     MVThemeDownLoader downloader(nullptr);
     trace.watch(downloader);
     m_world->route(QStringLiteral("/config/VideoFilters/a.zip"), [&](HttpExchange& exchange) {
@@ -280,6 +285,7 @@ void tst_MVThemeDownLoader_cancel::duringAFile()
         if (!sent.isEmpty())
             trace.waitFor(QStringLiteral("progress 32.5"));
         downloader.cancel();
+        isCancelled.release();
         exchange.stall();
     });
     QElapsedTimer timer;
@@ -288,6 +294,7 @@ void tst_MVThemeDownLoader_cancel::duringAFile()
     QVERIFY(DownloadWorld::run(downloader, filter));
 
     QVERIFY(timer.elapsed() < promptMs);
+    isCancelled.acquire(); // the server's thread still uses the downloader until then
     QVERIFY(
         trace.contains(fileError(0, downloader.downloadedUrl(), downloader.downloadedFile(), 5)));
     QCOMPARE(trace.results(), QVector<int>{eDownLoadError_Element});

@@ -144,7 +144,11 @@ Acts openingActs()
         {"mkstemp", [=] { return opened(::mkstemp(in("XXXXXX").data())); }},
         {"mkstemp64", [=] { return opened(::mkstemp64(in("XXXXXX").data())); }},
         {"mkostemp", [=] { return opened(::mkostemp(in("XXXXXX").data(), O_CLOEXEC)); }},
-        {"opendir", [] { return status(::opendir(in("full").c_str()) != nullptr); }},
+        {"opendir",
+         [] {
+             DIR* const folder = ::opendir(in("full").c_str());
+             return status(folder && ::closedir(folder) == 0);
+         }},
         {"openfolder", [=] { return opened(::open(in("full").c_str(), O_RDONLY | O_DIRECTORY)); }},
         {"relative",
          [=] {

@@ -19,7 +19,7 @@ class tst_MVThemeItemWdg_choices : public QObject
 
 private slots:
     void init();
-    void cleanup() { hostSettings() = m_settings; }
+    void cleanup();
 
     void recommendedSettings();
     void buttonsThatAct_data();
@@ -50,9 +50,14 @@ const QString downloadedSlow = QStringLiteral("downloaded Slow");
 
 } // namespace
 
+void tst_MVThemeItemWdg_choices::cleanup()
+{
+    m_list.reset(); // its downloads read the settings
+    hostSettings() = m_settings;
+}
+
 void tst_MVThemeItemWdg_choices::init()
 {
-    m_list.reset();
     m_world = std::make_unique<BrowserWorld>();
     m_world->addTheme(1, QStringLiteral("Slow"), BrowserWorld::OnServer);
     m_world->addTheme(2, QStringLiteral("Ready"));

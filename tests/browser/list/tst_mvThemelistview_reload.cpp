@@ -20,7 +20,7 @@ class tst_mvThemelistview_reload : public QObject
 
 private slots:
     void init();
-    void cleanup() { hostSettings() = m_settings; }
+    void cleanup();
 
     void releasedListIsEmpty();
     void filterIsKept();
@@ -66,10 +66,15 @@ QString guidOf(int theme)
 
 } // namespace
 
+void tst_mvThemelistview_reload::cleanup()
+{
+    m_list.reset(); // its downloads read the settings
+    hostSettings() = m_settings;
+}
+
 /// The files of the first two are on the server.
 void tst_mvThemelistview_reload::init()
 {
-    m_list.reset();
     m_world = std::make_unique<BrowserWorld>();
     for (int theme = 1; theme <= themes; ++theme) {
         m_world->addTheme(theme, nameOf(theme),
