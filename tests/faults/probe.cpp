@@ -146,8 +146,8 @@ Acts openingActs()
         {"mkostemp", [=] { return opened(::mkostemp(in("XXXXXX").data(), O_CLOEXEC)); }},
         {"opendir",
          [] {
-             DIR* const folder = ::opendir(in("full").c_str());
-             return status(folder && ::closedir(folder) == 0);
+             DIR* const opened = ::opendir(in("full").c_str());
+             return status(opened && ::closedir(opened) == 0);
          }},
         {"openfolder", [=] { return opened(::open(in("full").c_str(), O_RDONLY | O_DIRECTORY)); }},
         {"relative",
