@@ -146,8 +146,8 @@ Acts openingActs()
         {"mkostemp", [=] { return opened(::mkostemp(in("XXXXXX").data(), O_CLOEXEC)); }},
         {"opendir",
          [] {
-             DIR* const opened = ::opendir(in("full").c_str());
-             return status(opened && ::closedir(opened) == 0);
+             DIR* const entries = ::opendir(in("full").c_str());
+             return status(entries && ::closedir(entries) == 0);
          }},
         {"openfolder", [=] { return opened(::open(in("full").c_str(), O_RDONLY | O_DIRECTORY)); }},
         {"relative",
