@@ -71,7 +71,7 @@ int main(int argc, char** argv)
     limitMemory();
     LLVMFuzzerInitialize(&argc, &argv);
     bool allRead = true;
-    for (const QString& input : inputs)
+    for (const QString& input : qAsConst(inputs))
         allRead = feed(input) && allRead;
     return allRead ? 0 : 1;
 }

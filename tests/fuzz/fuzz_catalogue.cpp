@@ -64,7 +64,7 @@ QStringList CatalogueTarget::needed(SCfg_Item& item)
     manager().getNeedDownLoadFiles(&item, records);
     require(records.size() <= maxNeeded, "an item needs at most 10,000 files", item.m_qsGUID);
     QStringList files;
-    for (const SFileInfo* record : records) {
+    for (const SFileInfo* record : qAsConst(records)) {
         require(!record->m_qsFile.isEmpty(), "a file that is needed has a place", record->m_qsUrl);
         files.append(record->m_qsFile);
     }
