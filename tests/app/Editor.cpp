@@ -46,16 +46,19 @@ void Editor::setVariable(const QString& name, const QString& value)
     m_environment.insert(name, value);
 }
 
-void Editor::start(const QString& script, bool online)
+QStringList Editor::scriptArguments(const QString& script, bool online) const
 {
     const QString file = m_world.folder() + QStringLiteral("/script.txt");
     CatalogueFiles::write(file, "pace 1\n" + script.toUtf8());
+    return m_world.arguments(online)
+        + QStringList{QStringLiteral("--script"), file, QStringLiteral("--screenshot"),
+                      m_world.folder() + QStringLiteral("/pictures")};
+}
+
+void Editor::start(const QString& script, bool online)
+{
     m_process.setProcessEnvironment(m_environment);
-    m_process.start(QStringLiteral(MVEDITOR_PROGRAM),
-                    m_world.arguments(online)
-                        + QStringList{QStringLiteral("--script"), file,
-                                      QStringLiteral("--screenshot"),
-                                      m_world.folder() + QStringLiteral("/pictures")});
+    m_process.start(QStringLiteral(MVEDITOR_PROGRAM), scriptArguments(script, online));
 }
 
 Outcome Editor::outcome()
@@ -63,10 +66,17 @@ Outcome Editor::outcome()
     return ConsoleProgram::end(m_process);
 }
 
-void Editor::closeOutput()
+void Editor::startWithoutReader(const QString& script)
 {
-    m_process.closeReadChannel(QProcess::StandardOutput);
-    m_process.closeReadChannel(QProcess::StandardError);
+    // The status is the editor's; a pipe's would be that of its last program.
+    const QString pipe =
+        QStringLiteral("{ \"$0\" \"$@\"; echo $? >\"$STATUS\"; } 2>&1 | head -n 1 >/dev/null; "
+                       "exit \"$(cat \"$STATUS\")\"");
+    m_environment.insert(QStringLiteral("STATUS"), m_world.folder() + QStringLiteral("/status"));
+    m_process.setProcessEnvironment(m_environment);
+    m_process.start(QStringLiteral("/bin/sh"),
+                    QStringList{QStringLiteral("-c"), pipe, QStringLiteral(MVEDITOR_PROGRAM)}
+                        + scriptArguments(script, true));
 }
 
 void Editor::kill()

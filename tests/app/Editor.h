@@ -26,8 +26,8 @@ public:
     /// Starts a script; outcome() waits for its end.
     void start(const QString& script, bool online = true);
     Outcome outcome();
-    /// Nobody reads what it prints any more.
-    void closeOutput();
+    /// Starts a script; whoever reads the output ends after the first line of it.
+    void startWithoutReader(const QString& script);
     /// Starts it with these options and no script, for `input()`.
     void startBare(const QStringList& options);
     /// Mouse and keyboard of its display.
@@ -36,6 +36,8 @@ public:
     void kill();
 
 private:
+    QStringList scriptArguments(const QString& script, bool online) const;
+
     const EditorWorld& m_world;
     QProcess m_process;
     QProcessEnvironment m_environment;
