@@ -17,7 +17,7 @@ void ProgressReport::begin(int files)
 
 void ProgressReport::noteReceived(qint64 bytes)
 {
-    // A retry may begin anew, but what has come has come.
+    // A retry may start from zero; the total must not decrease.
     m_progress.m_nBytes = std::max(m_progress.m_nBytes, m_bytesBefore + bytes);
     tell(false);
 }

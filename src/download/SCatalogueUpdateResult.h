@@ -23,7 +23,7 @@ struct MVRESOURCE_EXPORT SCatalogueUpdateResult
     /// runs. May be true whatever the end.
     bool m_bContentArrived = false;
     SCatalogueCheckResult m_check;
-    /// Of all preview runs of this update together.
+    /// Result of the preview runs; files fetched beside the check are included.
     SPreviewRunResult m_previews;
 
     /// Returns why the update is neither complete nor cancelled, in one English line; else empty.

@@ -12,7 +12,7 @@
 
 namespace {
 
-/// Of a file with entries, and of an empty one.
+/// Signatures of a ZIP archive with entries, and of an empty one.
 const char* const archiveSignatures[] = {"PK\x03\x04", "PK\x05\x06"};
 
 bool isArchiveBeginning(const QByteArray& beginning)

@@ -12,7 +12,7 @@
 ///
 /// One object serves one thread; only cancel() may come from another. It keeps one connection per
 /// server open between downloads, so a list of files from one server should go through one object.
-/// Limits, proxy and trusted authorities come from hostSettings(), read anew at every download.
+/// Limits, proxy and trusted authorities come from hostSettings(), read again at every download.
 ///
 /// The bytes are written beside the target under a unique temporary name and renamed over the
 /// target at the end: the target name never holds a partial file, also after a kill, and a failure

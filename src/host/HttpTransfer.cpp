@@ -9,7 +9,7 @@ namespace {
 
 using namespace std::chrono;
 
-/// Of a transfer, over the time for which it may bring nothing at all.
+/// Lowest rate of a transfer, averaged over the stall timeout.
 constexpr qint64 minBytesPerSecond = 1000;
 constexpr int tickMs = 50; // a cancel is noticed within two of them
 /// Below the size from which the allocator gives memory back to the system after every request.

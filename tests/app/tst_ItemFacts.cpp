@@ -4,7 +4,7 @@
 using Files = CatalogueFiles;
 using Mgr = MVThemeMgr;
 
-/// What the details of an item say: its kind, what it uses, its files.
+/// The details of an item: its kind, the items it uses, its files.
 class tst_ItemFacts : public QObject
 {
     Q_OBJECT

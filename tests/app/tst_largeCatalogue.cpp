@@ -7,7 +7,7 @@
 
 using Files = CatalogueFiles;
 
-/// What the editor looks up in a large catalogue takes time in proportion to its size.
+/// Look-ups of the editor take time in proportion to the size of the catalogue.
 class tst_largeCatalogue : public QObject
 {
     Q_OBJECT

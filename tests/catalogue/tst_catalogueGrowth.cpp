@@ -6,7 +6,7 @@
 using Files = CatalogueFiles;
 using Mgr = MVThemeMgr;
 
-/// What a catalogue costs grows with its size, not with the square of its size.
+/// The cost of a catalogue grows with its size, not with the square of its size.
 class tst_catalogueGrowth : public QObject
 {
     Q_OBJECT

@@ -7,7 +7,7 @@
 #include <QTest>
 #include <QVector>
 
-/// What an update tells, in the order in which it comes.
+/// Records the signals of an update in their order.
 class UpdateTrace
 {
 public:
@@ -36,7 +36,7 @@ public:
     const QVector<CatalogueUpdate::Phase>& progressPhases() const { return m_progressPhases; }
     const QVector<SCatalogueUpdateResult>& results() const { return m_results; }
 
-    /// What a whole update tells.
+    /// Returns the entries of a whole update.
     static QStringList whole()
     {
         return {QStringLiteral("Catalogue"), QStringLiteral("Previews"), QStringLiteral("Idle"),

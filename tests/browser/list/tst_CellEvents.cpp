@@ -12,7 +12,7 @@
 
 #include <memory>
 
-/// What cells tell a host as signals.
+/// The signals by which cells tell a host what happens in them.
 class tst_CellEvents : public QObject
 {
     Q_OBJECT

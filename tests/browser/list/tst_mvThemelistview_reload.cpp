@@ -13,7 +13,7 @@
 
 #include <memory>
 
-/// What a list keeps while the catalogue is read again.
+/// State of a list that survives a reload of the catalogue.
 class tst_mvThemelistview_reload : public QObject
 {
     Q_OBJECT
