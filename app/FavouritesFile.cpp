@@ -121,6 +121,7 @@ bool FavouritesFile::read(const QString& path)
     }
     MVThemeMgr* const catalogue = MVThemeMgr::init();
     ShownItems shownItems;
+    m_unknown = 0;
     for (const SCfg_Item& mark : qAsConst(items)) {
         SCfg_Item* const item = shownItems.find(mark.m_eType, mark.m_qsGUID);
         if (item)
