@@ -1,27 +1,39 @@
 #include "ItemFacts.h"
 
+#include "catalogue/CatalogueIndex.h"
+#include "catalogue/ItemFiles.h"
 #include "catalogue/MVThemeMgr.h"
-#include "ShownItems.h"
+#include "records/FileView.h"
+#include "records/ThemeTypes.h"
 
-#include <QDir>
 #include <QFileInfo>
-#include <QMutexLocker>
 
 #include <algorithm>
 #include <numeric>
 
 namespace {
 
-/// Download threads write the records.
-QString localPath(const SFileInfo& info)
+/// Returns the rank of a file among those of its item: the files that a user fetched come first.
+int rank(const ItemFiles::Entry& entry)
 {
-    const QMutexLocker lock(info.m_pMutex.get());
-    return info.m_qsUrl.isEmpty() ? QString() : info.m_qsFile;
+    switch (entry.role) {
+    case ItemFiles::Role::Config:
+        return 0;
+    case ItemFiles::Role::Resource:
+        return 1;
+    case ItemFiles::Role::Thumbnail:
+        return 2;
+    case ItemFiles::Role::Preview:
+        break;
+    }
+    return 3;
 }
 
-QString existing(const QString& path)
+/// Returns the path of an item's own picture, or nothing if it has none on disk.
+QString existing(const SFileInfo& info)
 {
-    return QFileInfo(path).isFile() ? path : QString();
+    const FileView view(info);
+    return !view.name().isEmpty() && QFileInfo(view.file()).isFile() ? view.file() : QString();
 }
 
 } // namespace
@@ -33,63 +45,39 @@ ItemFacts::ItemFacts(SCfg_Item& item)
     if (item.m_eType == eCfgItem_Theme)
         m_kind += QStringLiteral(" · ") + themeTypeName(item.m_nThemeType);
     MVThemeMgr::init()->ensureThemeParsed(item);
-    addFiles(item);
-    m_thumbnail = existing(localPath(item.m_info_Thumb));
-    m_animation = existing(localPath(item.m_info_Gif));
-    addUsedBy(item);
+    const ItemFiles files(item);
+    addFiles(files);
+    addUsed(files);
+    m_thumbnail = existing(item.m_info_Thumb);
+    m_animation = existing(item.m_info_Gif);
 }
 
-void ItemFacts::addUsedBy(const SCfg_Item& theme)
+void ItemFacts::addUsed(const ItemFiles& files)
 {
-    const SThemes_a* const parsed = theme.parsedTheme();
-    if (!parsed)
-        return;
-    ShownItems shownItems;
-    const auto add = [&](const SThemes_a::SDependArray& element) {
-        for (const SThemes_a::SDependInfo& slot : element) {
-            if (slot.m_pItem)
-                addUsed(*slot.m_pItem, shownItems);
-        }
-    };
-    std::for_each(parsed->m_vecItems.cbegin(), parsed->m_vecItems.cend(), add);
-    add(parsed->m_aStart);
-    add(parsed->m_aEnd);
-    add(parsed->m_aMask);
-}
-
-void ItemFacts::addUsed(SCfg_Item& item, ShownItems& shownItems)
-{
-    if (m_usedItems.contains(&item))
-        return;
-    m_usedItems.insert(&item);
-    // The config catalogue, which dependencies point into, has no names.
-    const SCfg_Item* const shown = shownItems.find(item.m_eType, item.m_qsGUID);
-    const QString name = shown ? shown->m_qsName : item.m_qsName;
-    m_used.append({name.isEmpty() ? item.m_qsGUID : name, kindName(item.m_eType)});
-    addFiles(item);
-}
-
-void ItemFacts::addFiles(SCfg_Item& item)
-{
-    MVThemeMgr* const catalogue = MVThemeMgr::init();
-    catalogue->doItem_Info_Thumb(item);
-    catalogue->doItem_Info_Gif(item);
-    catalogue->doItem_Info_CfgXML(item);
-    catalogue->doItem_Info_DependRes(item);
-    QStringList paths{localPath(item.m_info_CfgXML)};
-    for (const SFileInfo& resource : qAsConst(item.m_vecResource))
-        paths.append(localPath(resource));
-    paths.append(localPath(item.m_info_Thumb));
-    paths.append(localPath(item.m_info_Gif));
-    for (const QString& path : qAsConst(paths)) {
-        if (path.isEmpty())
-            continue;
-        const QFileInfo info(QDir::cleanPath(path)); // the installed tree has doubled slashes
-        if (m_paths.contains(info.filePath()))
-            continue;
-        m_paths.insert(info.filePath());
-        m_files.append({info.fileName(), info.filePath(), info.exists(), info.size()});
+    CatalogueIndex shownItems(MVThemeMgr::init()->getDisplayXML());
+    for (const SCfg_Item* const item : files.uses()) {
+        // The config catalogue, which dependencies point into, has no names.
+        const SCfg_Item* const shown = shownItems.find(item->m_eType, item->m_qsGUID);
+        const QString name = shown ? shown->m_qsName : item->m_qsName;
+        m_used.append({name.isEmpty() ? item->m_qsGUID : name, kindName(item->m_eType)});
     }
+}
+
+void ItemFacts::addFiles(const ItemFiles& files)
+{
+    QVector<ItemFiles::Entry> entries = files.entries();
+    for (auto first = entries.begin(); first != entries.end();) {
+        const auto last = std::find_if(first, entries.end(), [&](const ItemFiles::Entry& entry) {
+            return entry.item != first->item;
+        });
+        std::stable_sort(first, last, [](const ItemFiles::Entry& a, const ItemFiles::Entry& b) {
+            return rank(a) < rank(b);
+        });
+        first = last;
+    }
+    for (const ItemFiles::Entry& entry : qAsConst(entries))
+        m_files.append(
+            {QFileInfo(entry.path).fileName(), entry.path, entry.isPresent, entry.sizeBytes});
 }
 
 QString ItemFacts::kindName(ECfgItemType kind)
@@ -113,12 +101,12 @@ QString ItemFacts::kindName(ECfgItemType kind)
 
 QString ItemFacts::themeTypeName(int type)
 {
-    MVThemeMgr* const catalogue = MVThemeMgr::init();
-    if (type == catalogue->Themetype(QStringLiteral("festivals")))
+    const QString name = ThemeTypes::name(type);
+    if (name == QLatin1String("festivals"))
         return tr("Festivals");
-    if (type == catalogue->Themetype(QStringLiteral("travel")))
+    if (name == QLatin1String("travel"))
         return tr("Travel");
-    if (type == catalogue->Themetype(QStringLiteral("banquets")))
+    if (name == QLatin1String("banquets"))
         return tr("Banquets");
     return tr("Others");
 }

@@ -3,11 +3,10 @@
 #include "records/ECfgItemType.h"
 
 #include <QCoreApplication>
-#include <QSet>
 #include <QString>
 #include <QVector>
 
-class ShownItems;
+class ItemFiles;
 struct SCfg_Item;
 
 /// Describes one item for a person: its kind, the items it uses, its files. The constructor looks
@@ -45,16 +44,13 @@ public:
 private:
     static QString kindName(ECfgItemType kind);
     static QString themeTypeName(int type);
-    void addUsed(SCfg_Item& item, ShownItems& shownItems);
-    void addUsedBy(const SCfg_Item& theme);
-    void addFiles(SCfg_Item& item);
+    void addUsed(const ItemFiles& files);
+    void addFiles(const ItemFiles& files);
 
     QString m_name;
     QString m_kind;
     QString m_thumbnail;
     QString m_animation;
     QVector<Used> m_used;
-    QSet<SCfg_Item*> m_usedItems; // owned by the catalogue
     QVector<File> m_files;
-    QSet<QString> m_paths; // of the files
 };

@@ -2,11 +2,11 @@
 
 #include "AppLook.h"
 #include "browser/MVThemeItemWdg.h"
+#include "catalogue/FavouritesFile.h"
 #include "catalogue/MVThemeMgr.h"
 #include "DetailsPanel.h"
 #include "download/CatalogueUpdate.h"
 #include "FailureBox.h"
-#include "FavouritesFile.h"
 #include "host/HostSettings.h"
 #include "host/TzProductInfo.h"
 #include "MainWindow.h"
@@ -15,6 +15,7 @@
 #include "ResourceTabs.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QMessageBox>
@@ -26,6 +27,28 @@ namespace {
 
 constexpr int messageTime = 6000; // ms
 const QString favouritesFilter = QStringLiteral("JSON (*.json)");
+
+QString textOf(const FavouritesFile& file, const QString& path)
+{
+    switch (file.error()) {
+    case FavouritesFile::Error::None:
+        break;
+    case FavouritesFile::Error::CannotWrite:
+        return QCoreApplication::translate("FavouritesFile", "%1 cannot be written: %2")
+            .arg(path, file.reason());
+    case FavouritesFile::Error::CannotRead:
+        return QCoreApplication::translate("FavouritesFile", "%1 cannot be read: %2")
+            .arg(path, file.reason());
+    case FavouritesFile::Error::NotFavourites:
+        return QCoreApplication::translate("FavouritesFile", "%1 is no file of favourites")
+            .arg(path);
+    case FavouritesFile::Error::BadEntry:
+        return QCoreApplication::translate("FavouritesFile",
+                                           "%1 holds an entry that is no favourite")
+            .arg(path);
+    }
+    return {};
+}
 
 } // namespace
 
@@ -142,11 +165,12 @@ void MainWindow::exportFavourites()
     if (dialog.exec() != QDialog::Accepted)
         return;
     saveFavourites();
+    const QString path = dialog.selectedFiles().constFirst();
     FavouritesFile file;
-    if (file.write(dialog.selectedFiles().constFirst()))
+    if (file.write(path))
         say(tr("%n favourite(s) written", nullptr, file.count()));
     else
-        QMessageBox::warning(this, tr("Export favourites"), file.errorText());
+        QMessageBox::warning(this, tr("Export favourites"), textOf(file, path));
 }
 
 void MainWindow::importFavourites()
@@ -157,7 +181,7 @@ void MainWindow::importFavourites()
         return;
     FavouritesFile file;
     if (!file.read(path)) {
-        QMessageBox::warning(this, tr("Import favourites"), file.errorText());
+        QMessageBox::warning(this, tr("Import favourites"), textOf(file, path));
         return;
     }
     QString text = tr("%n favourite(s) added", nullptr, file.count());

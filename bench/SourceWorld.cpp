@@ -1,7 +1,7 @@
 #include "SourceWorld.h"
 
-#include "Kinds.h"
 #include "Manifest.h"
+#include "records/KindTable.h"
 #include "Source.h"
 #include "support/CatalogueFiles.h"
 
@@ -79,7 +79,7 @@ void SourceWorld::write(int items) const
     for (int i = 0; i < items; ++i) {
         const QString folder = source() + QLatin1Char('/') + pathOf(i) + QLatin1Char('/');
         QJsonObject item{{QStringLiteral("guid"), CatalogueFiles::guid(i + 1)},
-                         {QStringLiteral("kind"), Kinds::of(kindOf(i)).word},
+                         {QStringLiteral("kind"), KindTable::of(kindOf(i)).word()},
                          {QStringLiteral("name"), QStringLiteral("Item %1").arg(i)},
                          {QStringLiteral("thumbnail"), QStringLiteral("%1.png").arg(i)},
                          {QStringLiteral("files"), QJsonArray{QStringLiteral("data.bin")}}};

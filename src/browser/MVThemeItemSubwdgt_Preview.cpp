@@ -1,9 +1,10 @@
 #include "browser/MVThemeItemSubwdgt_Preview.h"
 
 #include "browser/CellEvents.h"
-#include "browser/NeededFiles.h"
 #include "browser/ProgressRing.h"
 #include "browser/SharedImage.h"
+#include "catalogue/ItemFiles.h"
+#include "catalogue/MVThemeMgr.h"
 #include "host/widgets/UIHelper.h"
 #include "ui_MVThemeItemSubwdgt_Preview.h"
 
@@ -101,7 +102,7 @@ void MVThemeItemSubwdgt_Preview::setItem(SCfg_Item* item)
         m_pUi->stackedWidget->setCurrentWidget(m_pUi->pageMore);
         return;
     }
-    showItem(item, needsFiles(item));
+    showItem(item, ItemFiles::needsAny(*item));
 }
 
 void MVThemeItemSubwdgt_Preview::setItemDownload(SCfg_Item* item)
@@ -110,7 +111,7 @@ void MVThemeItemSubwdgt_Preview::setItemDownload(SCfg_Item* item)
         setItem(item);
         return;
     }
-    const bool needed = needsFiles(item);
+    const bool needed = ItemFiles::needsAny(*item);
     showItem(item, needed);
     m_pUi->btnDownload->setVisible(needed);
     arrangeOverlay();
@@ -185,7 +186,7 @@ void MVThemeItemSubwdgt_Preview::doEvent_Enter()
 {
     if (!m_pItem)
         return;
-    const bool needed = needsFiles(m_pItem);
+    const bool needed = ItemFiles::needsAny(*m_pItem);
     const bool favourite = !needed && isFavourite(m_pItem); // asking enters it in the favourites
     m_pUi->btnDownload->setVisible(needed);
     m_pUi->btnCollect->setVisible(favourite);
@@ -199,7 +200,7 @@ void MVThemeItemSubwdgt_Preview::doEvent_Leave()
         return;
     m_pUi->btnDownload->hide();
     m_pUi->btnCollect_No->hide();
-    if (!needsFiles(m_pItem))
+    if (!ItemFiles::needsAny(*m_pItem))
         m_pUi->btnCollect->setVisible(isFavourite(m_pItem));
 }
 

@@ -3,7 +3,8 @@
 #include "browser/CellEvents.h"
 #include "browser/CheckedMark.h"
 #include "browser/LastChoice.h"
-#include "browser/NeededFiles.h"
+#include "catalogue/ItemFiles.h"
+#include "catalogue/MVThemeMgr.h"
 #include "download/MVThemeDownLoader.h"
 #include "host/HostSettings.h"
 #include "ui_MVThemeItemWdg.h"
@@ -107,7 +108,7 @@ void MVThemeItemWdg::doApplyTheme()
     if (!m_pItem)
         return;
     m_nChoice = LastChoice::note(m_pItem->m_eType);
-    if (needsFiles(m_pItem)) {
+    if (ItemFiles::needsAny(*m_pItem)) {
         m_pUi->frmShow->startDownLoad();
         return;
     }
@@ -161,7 +162,7 @@ void MVThemeItemWdg::onDownloadFinish(EMVThemeDownLoadError result)
             m_pUi->frmShow->startPlayGif();
         m_pUi->frmShow->doEvent_Enter();
     }
-    if ((!hostSettings().lastChoiceWins || isLastChoice()) && !needsFiles(item))
+    if ((!hostSettings().lastChoiceWins || isLastChoice()) && !ItemFiles::needsAny(*item))
         doApplyTheme();
     // From here on a callback may have destroyed this cell.
     if (ended)
@@ -187,7 +188,7 @@ void MVThemeItemWdg::activate()
 
 void MVThemeItemWdg::toggleFavourite()
 {
-    if (m_pItem && !needsFiles(m_pItem))
+    if (m_pItem && !ItemFiles::needsAny(*m_pItem))
         m_pUi->frmShow->onBtnCollect();
 }
 
@@ -209,7 +210,7 @@ void MVThemeItemWdg::cancelDownload()
 
 void MVThemeItemWdg::resumeDownload()
 {
-    if (m_pItem && needsFiles(m_pItem))
+    if (m_pItem && ItemFiles::needsAny(*m_pItem))
         m_pUi->frmShow->startDownLoad();
 }
 
@@ -253,7 +254,7 @@ bool MVThemeItemWdg::eventFilter(QObject* watched, QEvent* event)
         return true;
     case QEvent::Enter: {
         // Brings the item's paths up to date with the disk.
-        needsFiles(m_pItem);
+        ItemFiles::needsAny(*m_pItem);
         if (s_bPlayedByHover)
             m_pUi->frmShow->startPlayGif();
         m_pUi->frmShow->doEvent_Enter();

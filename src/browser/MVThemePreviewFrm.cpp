@@ -4,23 +4,16 @@
 #include "host/LogL.h"
 #include "host/TzResourceMgr.h"
 #include "host/widgets/PictureDecoder.h"
+#include "records/FileView.h"
 #include "ui_MVThemePreviewFrm.h"
 
 #include <QFile>
-#include <QMutexLocker>
 #include <QStyle>
 
 namespace {
 
 constexpr const char* logCategory = "MVThemePreviewFrm";
 constexpr double largestUnscaledZoom = 1.25;
-
-QString localPath(const SFileInfo& info)
-{
-    // A download thread may be resolving the record.
-    const QMutexLocker lock(info.m_pMutex.get());
-    return info.m_qsFile;
-}
 
 } // namespace
 
@@ -47,11 +40,11 @@ void MVThemePreviewFrm::setItemData(const SCfg_Item* item)
     m_pItem = item;
     if (!m_pItem)
         return;
-    m_pUi->frmPic->setImagePath(localPath(m_pItem->m_info_Thumb));
+    m_pUi->frmPic->setImagePath(FileView(m_pItem->m_info_Thumb).file());
     // A download may have put the file where it was looked for in vain.
     if (m_pUi->frmPic->isEmpty())
         m_pUi->frmPic->setIsEmpty(true);
-    setMoviePath(localPath(m_pItem->m_info_Gif));
+    setMoviePath(FileView(m_pItem->m_info_Gif).file());
 }
 
 void MVThemePreviewFrm::setMoviePath(QString path)
@@ -129,7 +122,7 @@ void MVThemePreviewFrm::resetItemData()
     // The record belongs to the catalogue, which alone changes it.
     auto& item = const_cast<SCfg_Item&>(*m_pItem);
     MVThemeMgr::init()->doItem_Info_Thumb(item);
-    m_pUi->frmPic->setImagePath(localPath(item.m_info_Thumb));
+    m_pUi->frmPic->setImagePath(FileView(item.m_info_Thumb).file());
     // The path stays the same when the download puts the file where it was looked for in vain.
     m_pUi->frmPic->setIsEmpty(true);
     m_pUi->frmPic->repaint();

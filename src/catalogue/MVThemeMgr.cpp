@@ -7,50 +7,43 @@
 #include "host/HostSettings.h"
 #include "host/LogL.h"
 #include "host/TzProductInfo.h"
+#include "records/FileView.h"
+#include "records/KindTable.h"
 
 #include <QHash>
 #include <QMutexLocker>
 
 #include <algorithm>
+#include <array>
 #include <functional>
 
 namespace {
 
-QVector<SCfg_Item>* vectorOf(MVThemeMgr::SResourceXML& catalogue, ECfgItemType k)
-{
-    switch (k) {
-    case eCfgItem_Filter:
-        return &catalogue.vecFilter;
-    case eCfgItem_Transition:
-        return &catalogue.vecTransition;
-    case eCfgItem_Motion:
-        return &catalogue.vecMotion;
-    case eCfgItem_Theme:
-        return &catalogue.vecTheme;
-    case eCfgItem_BgMaterial:
-        return &catalogue.vecBgMaterial;
-    case eCfgItem_Resource:
-        break;
-    }
-    return nullptr;
-}
+using Items = QVector<SCfg_Item> MVThemeMgr::SResourceXML::*;
 
-/// Calls `visit` for the item of every slot that a theme uses, in the order of its elements, then
-/// opening, end and mask; stops at the first that returns false, and returns that.
-bool forEachDependency(const SThemes_a& theme, const std::function<bool(SCfg_Item*)>& visit)
-{
-    const auto visitSlot = [&visit](const SThemes_a::SDependInfo& dependency) {
-        return !dependency.m_pItem || visit(dependency.m_pItem);
-    };
-    for (const SThemes_a::SDependArray& element : theme.m_vecItems) {
-        if (!std::all_of(element.cbegin(), element.cend(), visitSlot))
-            return false;
-    }
-    return visitSlot(theme.m_aStart[eDependType_Text]) && visitSlot(theme.m_aEnd[eDependType_Text])
-        && visitSlot(theme.m_aMask[eDependType_Filter]);
-}
+// In the order of ECfgItemType.
+constexpr std::array<Items, KindTable::count> vectors{
+    &MVThemeMgr::SResourceXML::vecFilter, &MVThemeMgr::SResourceXML::vecTransition,
+    &MVThemeMgr::SResourceXML::vecMotion, &MVThemeMgr::SResourceXML::vecTheme,
+    &MVThemeMgr::SResourceXML::vecBgMaterial};
 
 } // namespace
+
+const QVector<SCfg_Item>* MVThemeMgr::SResourceXML::ofKind(ECfgItemType k) const
+{
+    return KindTable::find(k) ? &(this->*vectors.at(k)) : nullptr;
+}
+
+QVector<SCfg_Item>* MVThemeMgr::SResourceXML::ofKind(ECfgItemType k)
+{
+    return KindTable::find(k) ? &(this->*vectors.at(k)) : nullptr;
+}
+
+bool MVThemeMgr::SResourceXML::isEmpty() const
+{
+    return std::all_of(vectors.begin(), vectors.end(),
+                       [this](Items items) { return (this->*items).isEmpty(); });
+}
 
 MVThemeMgr* MVThemeMgr::init()
 {
@@ -128,13 +121,13 @@ SCfg_Item* MVThemeMgr::findItemByID(const QVector<SCfg_Item>& vec, QString id)
 
 SCfg_Item* MVThemeMgr::findItemByIDFromConfig(ECfgItemType k, QString id)
 {
-    const QVector<SCfg_Item>* items = vectorOf(m_sCfgXML, k);
+    const QVector<SCfg_Item>* items = getCfgXML().ofKind(k);
     return items ? findItemByID(*items, id) : nullptr;
 }
 
 SCfg_Item* MVThemeMgr::findItemByIDFromDisplay(ECfgItemType k, QString id)
 {
-    const QVector<SCfg_Item>* items = vectorOf(m_sDisplayXML, k);
+    const QVector<SCfg_Item>* items = getDisplayXML().ofKind(k);
     return items ? findItemByID(*items, id) : nullptr;
 }
 
@@ -145,8 +138,8 @@ bool MVThemeMgr::isEditFilter(QVector<SCfg_Item>& vec, QString id)
 
 MVThemeMgr::ELoadDir MVThemeMgr::isLocal_Theme(const SCfg_Item& item)
 {
-    return item.m_info_CfgXML.m_qsUrl.startsWith(QLatin1Char('/')) ? eLoadDir_Download
-                                                                   : eLoadDir_Local;
+    const QString name = FileView(item.m_info_CfgXML).name();
+    return name.startsWith(QLatin1Char('/')) ? eLoadDir_Download : eLoadDir_Local;
 }
 
 void MVThemeMgr::getNeedDownLoadFiles(SCfg_Item* item, QVector<SFileInfo*>& out)
@@ -185,7 +178,9 @@ bool MVThemeMgr::listNeededFiles(SCfg_Item* item, QVector<SFileInfo*>& out)
             return false;
         out += own;
         const SThemes_a* const theme = needed->parsedTheme();
-        return !theme || forEachDependency(*theme, add);
+        return !theme || theme->forEachDependency([&](const SThemes_a::SDependInfo& dependency) {
+            return !dependency.m_pItem || add(dependency.m_pItem);
+        });
     };
     if (add(item))
         return true;

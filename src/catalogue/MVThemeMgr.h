@@ -21,7 +21,7 @@
 class CollectFile;
 class QDomDocument;
 class QDomElement;
-class ThemeDependencies;
+class CatalogueIndex;
 
 /// The catalogue of resources: what exists, what the user is shown, where every file lies on disk
 /// and on the server, which items are favourites.
@@ -59,8 +59,13 @@ public:
     };
 
     /// The items of one catalogue file; the order is that of ECfgItemType.
-    struct SResourceXML
+    struct MVRESOURCE_EXPORT SResourceXML
     {
+        /// Returns the items of a kind; null for eCfgItem_Resource and other values that name none.
+        QVector<SCfg_Item>* ofKind(ECfgItemType k);
+        const QVector<SCfg_Item>* ofKind(ECfgItemType k) const;
+        bool isEmpty() const;
+
         QVector<SCfg_Item> vecFilter;
         QVector<SCfg_Item> vecTransition;
         QVector<SCfg_Item> vecMotion;
@@ -155,6 +160,8 @@ public:
     bool isServerAddress(const QString& url) const;
     /// Address of a thumbnail or GIF: `name` is one file name, percent-encoded whole.
     QString downLoadUrl_Thumb(EDirTag t, ECfgItemType k, QString name);
+    /// Address of a file on the server, by its record.
+    QString addressOf(const SFileInfo& info);
     /// The kind's name in the catalogue files; "error" for a kind outside 0 to 4.
     QString getCfgItemTypeStr(ECfgItemType k);
 
@@ -270,7 +277,7 @@ private:
     bool isReadable(const QString& file);
     QVector<SFileInfo*> ownNeededFiles(SCfg_Item& item);
     void clearVectors();
-    void readTheme(const QString& path, ThemeDependencies& dependencies, SThemes_a*& out);
+    void readTheme(const QString& path, CatalogueIndex& dependencies, SThemes_a*& out);
     bool resolve(SFileInfo& info, ECfgItemType k, EDirTag t, const QString& relative,
                  bool absoluteNames, bool makeFolder);
     static void readCollect(CollectFile& file, const QString& path, const char* openError,

@@ -5,6 +5,8 @@
 #include "host/AppOptions.h"
 #include "host/HostSettings.h"
 #include "host/Utils.h"
+#include "records/DependencySlots.h"
+#include "records/KindTable.h"
 
 #include <QFileInfo>
 #include <QSet>
@@ -16,21 +18,14 @@
 
 namespace {
 
-constexpr int slotCount = 5;
-constexpr int copiedSlots = 4; // motions, the last slot, are copied as a whole
+constexpr int slotCount = DependencySlots::count;
+constexpr int copiedSlots = slotCount - 1; // motions, the last slot, are copied as a whole
 constexpr int builtinThemes = 2;
 
-/// Folder of a dependency slot below the root.
-QString slotFolder(int slot)
+/// Folder of a kind below the root.
+QString kindFolder(ECfgItemType kind)
 {
-    switch (slot) {
-    case eDependType_Transition:
-        return QStringLiteral("/config/Transitions/");
-    case eDependType_ImageMotion:
-        return QStringLiteral("/config/Motions/");
-    default:
-        return QStringLiteral("/config/VideoFilters/");
-    }
+    return QStringLiteral("/config/") + KindTable::of(kind).folder;
 }
 
 /// Copies parts of a resource tree into its "config_local" twin, whatever fails.
@@ -47,7 +42,8 @@ public:
         if (m_guids.at(slot).contains(guid) || QUuid(guid).isNull())
             return;
         m_guids.at(slot).insert(guid);
-        const QString folder = m_root + slotFolder(slot) + guid;
+        const ECfgItemType kind = DependencySlots::all().at(slot).kind;
+        const QString folder = m_root + kindFolder(kind) + QLatin1Char('/') + guid;
         // A GUID may have a tail that leads elsewhere.
         if (!PathGuard::isInside(m_root + QStringLiteral("/config"), folder))
             return;
@@ -58,8 +54,8 @@ public:
     void write() const
     {
         Utils::rmDir(m_root + QStringLiteral("/config_local"), true);
-        copyFolder(m_root + QStringLiteral("/config/Themes"));
-        copyFolder(m_root + QStringLiteral("/config/Motions"));
+        copyFolder(m_root + kindFolder(eCfgItem_Theme));
+        copyFolder(m_root + kindFolder(eCfgItem_Motion));
         for (int slot = 0; slot < copiedSlots; ++slot) {
             for (const QString& folder : m_folders.at(slot))
                 copyFolder(folder);
@@ -68,10 +64,11 @@ public:
             for (const QString& file : m_files.at(slot))
                 copyFile(file);
         }
-        for (const char* name :
-             {"/config/VideoFilters/VideoFilters.xml", "/config/Transitions/Transitions.xml",
-              "/config/Motions/Motions.xml"})
-            copyFile(m_root + QString::fromLatin1(name));
+        for (const SKindInfo& kind : KindTable::all()) {
+            if (kind.hasDefinitionList)
+                copyFile(m_root + kindFolder(kind.type) + QLatin1Char('/') + kind.folder
+                         + QStringLiteral(".xml"));
+        }
     }
 
 private:

@@ -3,6 +3,7 @@
 #include "catalogue/MVThemeMgr.h"
 #include "catalogue/XmlFile.h"
 #include "host/LogL.h"
+#include "records/KindTable.h"
 
 #include <QDomDocument>
 
@@ -22,16 +23,10 @@ void MVThemeMgr::read_resource_config_xml()
         return;
     }
     QDomElement root = doc.documentElement();
-    const auto read = [&](ECfgItemType k, QVector<SCfg_Item>& out) {
-        const QString tag = getCfgItemTypeStr(k);
-        read_resource_config_xml_a(root, k, tag, out);
-        XmlFile::release(root, tag);
-    };
-    read(eCfgItem_Filter, m_sCfgXML.vecFilter);
-    read(eCfgItem_Transition, m_sCfgXML.vecTransition);
-    read(eCfgItem_Motion, m_sCfgXML.vecMotion);
-    read(eCfgItem_Theme, m_sCfgXML.vecTheme);
-    read(eCfgItem_BgMaterial, m_sCfgXML.vecBgMaterial);
+    for (const SKindInfo& kind : KindTable::all()) {
+        read_resource_config_xml_a(root, kind.type, kind.name, *m_sCfgXML.ofKind(kind.type));
+        XmlFile::release(root, kind.name);
+    }
 }
 
 void MVThemeMgr::read_resource_config_xml_a(const QDomElement& root, ECfgItemType k,

@@ -6,6 +6,7 @@
 #include "catalogue/XmlFile.h"
 #include "host/LogL.h"
 #include "host/TzProductInfo.h"
+#include "records/KindTable.h"
 
 #include <QDomDocument>
 
@@ -46,18 +47,15 @@ void MVThemeMgr::read_resource_display_xml()
         return;
     }
     QDomElement root = doc.documentElement();
-    const auto readFlat = [&](ECfgItemType k, QVector<SCfg_Item>& cfg, QVector<SCfg_Item>& out) {
-        const QString tag = getCfgItemTypeStr(k);
-        read_resource_display_xml_a(root, k, tag, cfg, out, false);
-        XmlFile::release(root, tag);
-    };
-    readFlat(eCfgItem_Filter, m_sCfgXML.vecFilter, m_sDisplayXML.vecFilter);
-    readFlat(eCfgItem_Transition, m_sCfgXML.vecTransition, m_sDisplayXML.vecTransition);
-    readFlat(eCfgItem_Motion, m_sCfgXML.vecMotion, m_sDisplayXML.vecMotion);
-    read_resource_display_xml_a_theme(root, eCfgItem_Theme, getCfgItemTypeStr(eCfgItem_Theme),
-                                      m_sCfgXML.vecTheme, m_sDisplayXML.vecTheme, false);
-    XmlFile::release(root, getCfgItemTypeStr(eCfgItem_Theme));
-    readFlat(eCfgItem_BgMaterial, m_sCfgXML.vecBgMaterial, m_sDisplayXML.vecBgMaterial);
+    for (const SKindInfo& kind : KindTable::all()) {
+        QVector<SCfg_Item>& config = *m_sCfgXML.ofKind(kind.type);
+        QVector<SCfg_Item>& shown = *m_sDisplayXML.ofKind(kind.type);
+        if (kind.isGrouped)
+            read_resource_display_xml_a_theme(root, kind.type, kind.name, config, shown, false);
+        else
+            read_resource_display_xml_a(root, kind.type, kind.name, config, shown, false);
+        XmlFile::release(root, kind.name);
+    }
 
     const QString fewer =
         TzProductInfo::instance()->extendParam(QStringLiteral("disableDownloadFiter"), QString());
@@ -82,11 +80,11 @@ void MVThemeMgr::read_resource_display_xml_a(const QDomElement& root, ECfgItemTy
             const bool isText = childText(element, QStringLiteral("IsText")).toInt() != 0;
             cfgItems[found].m_bIsText = isText;
             item = cfgItems.at(found);
-        } else if (guid != noneEntryGuid
-                   || (type != eCfgItem_Filter && type != eCfgItem_BgMaterial)) {
-            continue;
         } else {
+            item.m_eType = type;
             item.m_qsGUID = guid;
+            if (!isNoneEntry(item))
+                continue;
         }
         readPresentation(element, type, item);
         const bool hasThumb = doItem_Info_Thumb(item);

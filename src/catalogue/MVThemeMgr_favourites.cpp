@@ -5,6 +5,8 @@
 #include "host/LogL.h"
 #include "host/RegularFile.h"
 #include "host/Utils.h"
+#include "records/KindTable.h"
+#include "records/ThemeTypes.h"
 
 #include <QDir>
 #include <QFile>
@@ -29,6 +31,12 @@ bool openAndRead(const QString& path, QByteArray& bytes)
     QFile file(path);
     return RegularFile::open(file, QIODevice::ReadWrite)
         && RegularFile::readAll(file, maxBytes, bytes);
+}
+
+EFavouritesFile favouritesOf(ECfgItemType k)
+{
+    const SKindInfo* const kind = KindTable::find(k);
+    return kind ? kind->favourites : EFavouritesFile::None;
 }
 
 bool parseJson(const QByteArray& bytes, QJsonObject& out)
@@ -133,11 +141,15 @@ bool MVThemeMgr::saveFavourites(QString* error)
 
 QStringList MVThemeMgr::favourites(ECfgItemType k) const
 {
-    const bool isTheme = k == eCfgItem_Theme;
-    if (!isTheme && k != eCfgItem_Filter && k != eCfgItem_BgMaterial)
-        return {};
-    return isTheme ? m_pThemeCollect->marked(m_jsonThemeCollect)
-                   : m_pFilterCollect->marked(m_jsonFilterCollect);
+    switch (favouritesOf(k)) {
+    case EFavouritesFile::Themes:
+        return m_pThemeCollect->marked(m_jsonThemeCollect);
+    case EFavouritesFile::Filters:
+        return m_pFilterCollect->marked(m_jsonFilterCollect);
+    case EFavouritesFile::None:
+        break;
+    }
+    return {};
 }
 
 bool MVThemeMgr::isThemeCollect(const SCfg_Item* item)
@@ -157,15 +169,12 @@ bool MVThemeMgr::isBgMaterialCollect(const SCfg_Item* item)
 
 bool MVThemeMgr::isItemCollect(const SCfg_Item* item)
 {
-    switch (item->m_eType) {
-    case eCfgItem_Theme:
+    switch (favouritesOf(item->m_eType)) {
+    case EFavouritesFile::Themes:
         return isThemeCollect(item);
-    case eCfgItem_Filter:
-    case eCfgItem_BgMaterial:
+    case EFavouritesFile::Filters:
         return isFilterCollect(item);
-    case eCfgItem_Transition:
-    case eCfgItem_Motion:
-    case eCfgItem_Resource:
+    case EFavouritesFile::None:
         break;
     }
     return false;
@@ -191,35 +200,21 @@ void MVThemeMgr::setBgMaterialCollected(const SCfg_Item* item)
 
 void MVThemeMgr::setItemCollected(const SCfg_Item* item)
 {
-    switch (item->m_eType) {
-    case eCfgItem_Theme:
+    switch (favouritesOf(item->m_eType)) {
+    case EFavouritesFile::Themes:
         setThemesCollected(item);
         break;
-    case eCfgItem_Filter:
-    case eCfgItem_BgMaterial:
+    case EFavouritesFile::Filters:
         setFilterCollected(item);
         break;
-    case eCfgItem_Transition:
-    case eCfgItem_Motion:
-    case eCfgItem_Resource:
+    case EFavouritesFile::None:
         break;
     }
 }
 
 int MVThemeMgr::Themetype(QString key)
 {
-    struct ThemeKey
-    {
-        const char* name;
-        int code;
-    };
-    static const ThemeKey keys[] = {
-        {"festivals", 2}, {"travel", 3}, {"banquets", 4}, {"others", 0}};
-    for (const ThemeKey& known : keys) {
-        if (key == QLatin1String(known.name))
-            return known.code;
-    }
-    return 0;
+    return ThemeTypes::code(key);
 }
 
 void MVThemeMgr::readThemeType()

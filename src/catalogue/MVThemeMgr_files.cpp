@@ -4,45 +4,18 @@
 #include "catalogue/NoneEntry.h"
 #include "catalogue/PathGuard.h"
 #include "host/TzResourceMgr.h"
+#include "records/FileRecord.h"
+#include "records/KindTable.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QMutexLocker>
 #include <QUuid>
 
 namespace {
 
-/// Other threads read these fields while an item is resolved again, so only what changes is
-/// written, under the record's mutex.
-template <class T>
-void setIfChanged(T& field, const T& value)
-{
-    if (field != value)
-        field = value;
-}
-
-void setKind(SFileInfo& info, ECfgItemType kind, bool thumbDir)
-{
-    const QMutexLocker lock(info.m_pMutex.get());
-    setIfChanged(info.m_eType, kind);
-    setIfChanged(info.m_bThumbDir, thumbDir);
-}
-
-void setFile(SFileInfo& info, const QString& file)
-{
-    const QMutexLocker lock(info.m_pMutex.get());
-    setIfChanged(info.m_qsFile, file);
-}
-
-QString urlOf(const SFileInfo& info)
-{
-    const QMutexLocker lock(info.m_pMutex.get());
-    return info.m_qsUrl;
-}
-
 bool nothingToFetch(SFileInfo& info)
 {
-    setFile(info, QString());
+    FileRecord(info).setFile(QString());
     return true;
 }
 
@@ -76,7 +49,8 @@ QString noneImage()
 bool MVThemeMgr::resolve(SFileInfo& info, ECfgItemType k, EDirTag t, const QString& relative,
                          bool absoluteNames, bool makeFolder)
 {
-    const QString url = urlOf(info);
+    FileRecord record(info);
+    const QString url = record.name();
     const bool absolute = absoluteNames && url.startsWith(QLatin1Char('/'));
     const QString decoded = absolute ? percentDecoded(url) : QString();
     const auto candidate = [&](ELoadDir d) {
@@ -86,19 +60,19 @@ bool MVThemeMgr::resolve(SFileInfo& info, ECfgItemType k, EDirTag t, const QStri
 
     const QString downloaded = candidate(eLoadDir_Download);
     if (!PathGuard::hasPlainName(absolute ? decoded : relative)) {
-        setFile(info, downloaded); // from where no download will fetch it
+        record.setFile(downloaded); // from where no download will fetch it
         return false;
     }
     if (PathGuard::isReallyInside(m_qsSaveRoot, downloaded)) {
-        setFile(info, downloaded);
+        record.setFile(downloaded);
         return true;
     }
     const QString installed = candidate(eLoadDir_Local);
     if (PathGuard::isReallyInside(Path_resource_RootDir(eLoadDir_Local), installed)) {
-        setFile(info, installed);
+        record.setFile(installed);
         return true;
     }
-    setFile(info, downloaded);
+    record.setFile(downloaded);
     const QString folder = QFileInfo(downloaded).path();
     if (makeFolder && !QFile::exists(folder))
         PathGuard::ensureDir(m_qsSaveRoot, folder);
@@ -108,8 +82,8 @@ bool MVThemeMgr::resolve(SFileInfo& info, ECfgItemType k, EDirTag t, const QStri
 bool MVThemeMgr::doItem_Info_CfgXML(SCfg_Item& item)
 {
     SFileInfo& info = item.m_info_CfgXML;
-    setKind(info, item.m_eType, false);
-    if (!hasGuid(item) || m_lstFixedGUID.contains(item.m_qsGUID) || urlOf(info).isEmpty())
+    FileRecord(info).setKind(item.m_eType, false);
+    if (!hasGuid(item) || m_lstFixedGUID.contains(item.m_qsGUID) || FileView(info).name().isEmpty())
         return nothingToFetch(info);
     return resolve(info, item.m_eType, eDirTag_Config, item.m_qsGUID + QStringLiteral(".xml"), true,
                    false);
@@ -118,26 +92,26 @@ bool MVThemeMgr::doItem_Info_CfgXML(SCfg_Item& item)
 bool MVThemeMgr::doItem_Info_Thumb(SCfg_Item& item)
 {
     SFileInfo& info = item.m_info_Thumb;
-    setKind(info, item.m_eType, true);
+    FileRecord(info).setKind(item.m_eType, true);
     const QString image = isNoneEntry(item) ? noneImage() : QString();
-    if (!image.isEmpty()) {
-        const QMutexLocker lock(info.m_pMutex.get());
-        setIfChanged(info.m_qsUrl, image);
-    }
-    if (item.m_eType == eCfgItem_Transition || item.m_eType == eCfgItem_Motion || !hasGuid(item))
+    if (!image.isEmpty())
+        FileRecord(info).setName(image);
+    const SKindInfo* const kind = KindTable::find(item.m_eType);
+    if ((kind && !kind->hasThumbnail) || !hasGuid(item))
         return nothingToFetch(info);
-    return resolve(info, item.m_eType, eDirTag_Display, urlOf(info), true, true);
+    return resolve(info, item.m_eType, eDirTag_Display, FileView(info).name(), true, true);
 }
 
 bool MVThemeMgr::doItem_Info_Gif(SCfg_Item& item)
 {
     SFileInfo& info = item.m_info_Gif;
-    if (item.m_eType != eCfgItem_Theme)
+    const SKindInfo* const kind = KindTable::find(item.m_eType);
+    if (!kind || !kind->hasPreview)
         return nothingToFetch(info);
-    setKind(info, eCfgItem_Theme, true);
+    FileRecord(info).setKind(eCfgItem_Theme, true);
     if (!hasGuid(item))
         return nothingToFetch(info);
-    return resolve(info, eCfgItem_Theme, eDirTag_Display, urlOf(info), false, true);
+    return resolve(info, eCfgItem_Theme, eDirTag_Display, FileView(info).name(), false, true);
 }
 
 bool MVThemeMgr::doItem_Info_DependRes(SCfg_Item& item, QVector<SFileInfo*>& missing)
@@ -146,10 +120,11 @@ bool MVThemeMgr::doItem_Info_DependRes(SCfg_Item& item, QVector<SFileInfo*>& mis
     const QString folder = item.m_qsGUID + QLatin1Char('/');
     bool allPresent = true;
     for (SFileInfo& info : item.m_vecResource) {
-        setKind(info, item.m_eType, false);
+        FileRecord(info).setKind(item.m_eType, false);
         if (!known) {
             nothingToFetch(info);
-        } else if (!resolve(info, item.m_eType, eDirTag_Config, folder + urlOf(info), true, true)) {
+        } else if (!resolve(info, item.m_eType, eDirTag_Config, folder + FileView(info).name(),
+                            true, true)) {
             missing.append(&info);
             allPresent = false;
         }

@@ -5,6 +5,8 @@
 #include "host/LogL.h"
 #include "host/TzProductInfo.h"
 #include "host/TzResourceMgr.h"
+#include "records/FileView.h"
+#include "records/KindTable.h"
 
 #include <QUrl>
 
@@ -12,9 +14,6 @@ namespace {
 
 /// Name of the product's folder in both halves of the download tree.
 const QString downloadFolder = QStringLiteral("/PQD/Download");
-
-const ECfgItemType allKinds[] = {eCfgItem_Filter, eCfgItem_Transition, eCfgItem_Motion,
-                                 eCfgItem_Theme, eCfgItem_BgMaterial};
 
 QString tagWord(MVThemeMgr::EDirTag t)
 {
@@ -30,21 +29,8 @@ QString tagWord(MVThemeMgr::EDirTag t)
 /// Folder of a kind, to be filled with the half it lies in; empty for what is no kind.
 QString kindPattern(ECfgItemType k)
 {
-    switch (k) {
-    case eCfgItem_Filter:
-        return QStringLiteral("/%1/VideoFilters");
-    case eCfgItem_Transition:
-        return QStringLiteral("/%1/Transitions");
-    case eCfgItem_Motion:
-        return QStringLiteral("/%1/Motions");
-    case eCfgItem_Theme:
-        return QStringLiteral("/%1/Themes");
-    case eCfgItem_BgMaterial:
-        return QStringLiteral("/%1/BgMaterial");
-    case eCfgItem_Resource:
-        break;
-    }
-    return QString();
+    const SKindInfo* const kind = KindTable::find(k);
+    return kind ? QStringLiteral("/%1/") + kind->folder : QString();
 }
 
 QString serverRoot()
@@ -59,9 +45,9 @@ void MVThemeMgr::setResourceSaveRootPath(const QString& path)
     LogL("MVThemeMgr", 2, "Resource root path: %s", path.toUtf8().constData());
     m_qsSaveRoot = path;
     // A link below the root would make folders somewhere else.
-    for (const ECfgItemType k : allKinds) {
-        PathGuard::ensureDir(path, Path_resource_Dir(eLoadDir_Download, eDirTag_Config, k));
-        PathGuard::ensureDir(path, Path_resource_Dir(eLoadDir_Download, eDirTag_Display, k));
+    for (const SKindInfo& kind : KindTable::all()) {
+        for (const EDirTag half : {eDirTag_Config, eDirTag_Display})
+            PathGuard::ensureDir(path, Path_resource_Dir(eLoadDir_Download, half, kind.type));
     }
     PathGuard::ensureDir(path, path + QStringLiteral("/imgThumb"));
 }
@@ -159,21 +145,15 @@ QString MVThemeMgr::downLoadUrl_Thumb(EDirTag t, ECfgItemType k, QString name)
         + QString::fromLatin1(QUrl::toPercentEncoding(name, QByteArray(), " "));
 }
 
+QString MVThemeMgr::addressOf(const SFileInfo& info)
+{
+    const FileView view(info);
+    return view.isDisplayHalf() ? downLoadUrl_Thumb(eDirTag_Display, view.kind(), view.name())
+                                : downLoadUrl(eDirTag_Config, view.name());
+}
+
 QString MVThemeMgr::getCfgItemTypeStr(ECfgItemType k)
 {
-    switch (k) {
-    case eCfgItem_Filter:
-        return QStringLiteral("Filter");
-    case eCfgItem_Transition:
-        return QStringLiteral("Transition");
-    case eCfgItem_Motion:
-        return QStringLiteral("Motion");
-    case eCfgItem_Theme:
-        return QStringLiteral("Theme");
-    case eCfgItem_BgMaterial:
-        return QStringLiteral("BgMaterial");
-    case eCfgItem_Resource:
-        break;
-    }
-    return QStringLiteral("error");
+    const SKindInfo* const kind = KindTable::find(k);
+    return kind ? QString(kind->name) : QStringLiteral("error");
 }

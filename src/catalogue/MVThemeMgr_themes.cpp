@@ -1,8 +1,10 @@
 // MVThemeMgr: reading a theme's own config file.
 
+#include "catalogue/CatalogueIndex.h"
 #include "catalogue/MVThemeMgr.h"
-#include "catalogue/ThemeDependencies.h"
 #include "host/LogL.h"
+#include "records/DependencySlots.h"
+#include "records/FileView.h"
 
 #include <QDomDocument>
 #include <QMutexLocker>
@@ -12,22 +14,8 @@
 
 namespace {
 
-struct Slot
-{
-    EDependType type;
-    const char* name;
-};
-
-const Slot allSlots[] = {
-    {eDependType_Text, "Text"},
-    {eDependType_Filter, "Filter"},
-    {eDependType_Element, "Element"},
-    {eDependType_Transition, "Transition"},
-    {eDependType_ImageMotion, "ImageMotion"},
-};
-
 void readSlot(const QDomElement& parent, const QString& slotName, EDependType type,
-              ThemeDependencies& dependencies, SThemes_a::SDependInfo& out)
+              CatalogueIndex& dependencies, SThemes_a::SDependInfo& out)
 {
     const QDomElement slot = parent.firstChildElement(slotName);
     if (slot.isNull())
@@ -39,9 +27,10 @@ void readSlot(const QDomElement& parent, const QString& slotName, EDependType ty
         const QDomAttr attribute = attributes.item(i).toAttr();
         out.m_mapAttr.insert(attribute.name(), attribute.value());
     }
-    if (!ThemeDependencies::isSlot(type) || QUuid(out.m_qsGUID).isNull())
+    const DependencySlots::Slot* const known = DependencySlots::find(type);
+    if (!known || QUuid(out.m_qsGUID).isNull())
         return;
-    out.m_pItem = dependencies.find(type, out.m_qsGUID);
+    out.m_pItem = dependencies.find(known->kind, out.m_qsGUID);
     if (!out.m_pItem) {
         LogL("MVThemeMgr", 1, "not find, eDependType = %d, m_qsGUID = %s", static_cast<int>(type),
              out.m_qsGUID.toUtf8().constData());
@@ -52,21 +41,23 @@ void readSlot(const QDomElement& parent, const QString& slotName, EDependType ty
 
 void MVThemeMgr::parseThemes()
 {
-    ThemeDependencies dependencies(m_sCfgXML);
+    CatalogueIndex dependencies(m_sCfgXML);
     for (SCfg_Item& item : m_sDisplayXML.vecTheme) {
         item.m_eType = eCfgItem_Theme;
-        if (doItem_Info_CfgXML(item) && isReadable(item.m_info_CfgXML.m_qsFile))
-            readTheme(item.m_info_CfgXML.m_qsFile, dependencies, item.m_pThemes_a);
+        const bool isThere = doItem_Info_CfgXML(item);
+        const QString file = FileView(item.m_info_CfgXML).file();
+        if (isThere && isReadable(file))
+            readTheme(file, dependencies, item.m_pThemes_a);
     }
 }
 
 void MVThemeMgr::read_resource_config_Themes_a(QString path, SThemes_a*& out)
 {
-    ThemeDependencies dependencies(m_sCfgXML);
+    CatalogueIndex dependencies(m_sCfgXML);
     readTheme(path, dependencies, out);
 }
 
-void MVThemeMgr::readTheme(const QString& path, ThemeDependencies& dependencies, SThemes_a*& out)
+void MVThemeMgr::readTheme(const QString& path, CatalogueIndex& dependencies, SThemes_a*& out)
 {
     QDomDocument doc;
     if (!checkXml(path, doc)) {
@@ -82,21 +73,17 @@ void MVThemeMgr::readTheme(const QString& path, ThemeDependencies& dependencies,
     for (QDomElement item = root.firstChildElement(itemTag); !item.isNull();
          item = item.nextSiblingElement(itemTag)) {
         SThemes_a::SDependArray element;
-        for (const Slot& slot : allSlots) {
-            readSlot(item, QString::fromLatin1(slot.name), slot.type, dependencies,
-                     element.at(slot.type));
-        }
+        for (const DependencySlots::Slot& slot : DependencySlots::all())
+            readSlot(item, slot.name, slot.type, dependencies, element.at(slot.type));
         theme->m_vecItems.append(std::move(element));
     }
-    const auto readEdge = [&](const QString& tag, const QString& slotName, EDependType type,
-                              SThemes_a::SDependArray& edge) {
-        readSlot(root.firstChildElement(tag), slotName, type, dependencies, edge.at(type));
+    const auto readEdge = [&](const QString& tag, EDependType type, SThemes_a::SDependArray& edge) {
+        readSlot(root.firstChildElement(tag), DependencySlots::find(type)->name, type, dependencies,
+                 edge.at(type));
     };
-    readEdge(QStringLiteral("Item_start"), QStringLiteral("Text"), eDependType_Text,
-             theme->m_aStart);
-    readEdge(QStringLiteral("Item_end"), QStringLiteral("Text"), eDependType_Text, theme->m_aEnd);
-    readEdge(QStringLiteral("Item_Mask"), QStringLiteral("Filter"), eDependType_Filter,
-             theme->m_aMask);
+    readEdge(QStringLiteral("Item_start"), eDependType_Text, theme->m_aStart);
+    readEdge(QStringLiteral("Item_end"), eDependType_Text, theme->m_aEnd);
+    readEdge(QStringLiteral("Item_Mask"), eDependType_Filter, theme->m_aMask);
 
     // Items point to the theme until the next load, so all that were ever read are kept till then.
     {
@@ -112,7 +99,7 @@ bool MVThemeMgr::ensureThemeParsed(SCfg_Item& item)
     if (item.m_eType != eCfgItem_Theme || item.parsedTheme() || !hasThemes()
         || !doItem_Info_CfgXML(item))
         return true;
-    const QString file = SFileInfo(item.m_info_CfgXML).m_qsFile;
+    const QString file = FileView(item.m_info_CfgXML).file();
     if (file.isEmpty())
         return true;
     SThemes_a* parsed = nullptr;
@@ -126,6 +113,6 @@ bool MVThemeMgr::ensureThemeParsed(SCfg_Item& item)
 void MVThemeMgr::read_resource_config_Themes_a_Sub(const QDomElement& parent, QString slotName,
                                                    EDependType t, SThemes_a::SDependInfo& out)
 {
-    ThemeDependencies dependencies(m_sCfgXML);
+    CatalogueIndex dependencies(m_sCfgXML);
     readSlot(parent, slotName, t, dependencies, out);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/KindTable.h"
 #include "records/SCfg_Item.h"
 
 #include <QLatin1String>
@@ -11,6 +12,6 @@ constexpr QLatin1String noneEntryGuid("{25DA2554-DB68-4026-ACE1-3EDDA71DA6D4}", 
 /// Returns whether the item is that entry. Only filters and background materials have one.
 inline bool isNoneEntry(const SCfg_Item& item)
 {
-    return (item.m_eType == eCfgItem_Filter || item.m_eType == eCfgItem_BgMaterial)
-        && item.m_qsGUID == noneEntryGuid;
+    const SKindInfo* const kind = KindTable::find(item.m_eType);
+    return kind && kind->hasNoneEntry && item.m_qsGUID == noneEntryGuid;
 }

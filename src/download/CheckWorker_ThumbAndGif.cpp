@@ -7,6 +7,7 @@
 #include "host/HostSettings.h"
 #include "host/LogL.h"
 #include "host/TzProductInfo.h"
+#include "records/FileView.h"
 
 #include <QDomDocument>
 #include <QFile>
@@ -184,9 +185,10 @@ bool CheckWorker_ThumbAndGif::fetchFile(CheckTransfer& transfer, const Kind& kin
                                         const SFileInfo& info, bool present)
 {
     MVThemeMgr* const manager = MVThemeMgr::init();
+    const FileView view(info);
     const QString url =
-        manager->downLoadUrl_Thumb(MVThemeMgr::eDirTag_Display, info.m_eType, info.m_qsUrl);
-    const QString& file = info.m_qsFile;
+        manager->downLoadUrl_Thumb(MVThemeMgr::eDirTag_Display, view.kind(), view.name());
+    const QString file = view.file();
     const auto log = [&](const char* format) {
         LogL(fileCategory, 1, format, index, url.toUtf8().constData(), file.toUtf8().constData());
     };

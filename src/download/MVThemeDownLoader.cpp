@@ -2,9 +2,9 @@
 
 #include "catalogue/MVThemeMgr.h"
 #include "download/DownloadPacing.h"
-#include "download/FileRecord.h"
 #include "host/HostSettings.h"
 #include "host/LogL.h"
+#include "records/FileRecord.h"
 
 #include <QFile>
 #include <QMutexLocker>
@@ -120,7 +120,7 @@ bool MVThemeDownLoader::needsConfig()
     if (!manager->doItem_Info_CfgXML(*m_pItem))
         return true;
     m_bReplacesConfig = hostSettings().checkContent && !manager->ensureThemeParsed(*m_pItem)
-        && manager->isDownloadPath(FileRecord(m_pItem->m_info_CfgXML).file());
+        && manager->isDownloadPath(FileView(m_pItem->m_info_CfgXML).file());
     return m_bReplacesConfig;
 }
 
@@ -168,13 +168,16 @@ MVThemeDownLoader::Step MVThemeDownLoader::simulateFirstPhase()
 MVThemeDownLoader::Step MVThemeDownLoader::fetchThemeConfig()
 {
     SFileInfo& info = m_pItem->m_info_CfgXML;
-    while (!FileRecord(info).take()) {
+    Step step = Step::Continue;
+    for (;;) {
+        if (const FileRecord::Taken taken = FileRecord(info).take()) {
+            step = transferThemeConfig(info);
+            break;
+        }
         if (stopIfCancelled(pointBeforeConfig))
             return Step::Ended;
         DownloadPacing::pause(m_bWillCancel);
     }
-    const Step step = transferThemeConfig(info);
-    FileRecord(info).release();
     if (step == Step::Ended || stopIfCancelled(pointAfterConfig))
         return Step::Ended;
     return Step::Continue;
@@ -182,7 +185,7 @@ MVThemeDownLoader::Step MVThemeDownLoader::fetchThemeConfig()
 
 MVThemeDownLoader::Step MVThemeDownLoader::transferThemeConfig(SFileInfo& info)
 {
-    const FileRecord record(info);
+    const FileView record(info);
     const QString url = MVThemeMgr::init()->downLoadUrl(MVThemeMgr::eDirTag_Config, record.name());
     const QString file = record.file();
     setCurrent(url, file);

@@ -5,6 +5,7 @@
 #include "host/CBasePtr.h"
 #include "host/CurWrapper.h"
 #include "host/STransferFailure.h"
+#include "records/FileRecord.h"
 #include "records/MvResourceExport.h"
 
 #include <QMutex>
@@ -90,7 +91,7 @@ private:
     Step simulateFirstPhase();
     Step fetchFiles(bool& anyFailed);
     Step waitForOther(SFileInfo& info);
-    bool fetchFile(SFileInfo& info);
+    bool fetchFile(const SFileInfo& info, FileRecord::Taken& taken);
     bool transferFile(const QString& url, const QString& file);
     void passOn(const QString& file) const;
     bool checkPlaces(const QString& url, const QString& file);

@@ -4,12 +4,12 @@
 
 #include "catalogue/MVThemeMgr.h"
 #include "download/DownloadPacing.h"
-#include "download/FileRecord.h"
 #include "host/AppOptions.h"
 #include "host/CoreContext.h"
 #include "host/HostSettings.h"
 #include "host/LogL.h"
 #include "host/VString.h"
+#include "records/FileRecord.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -69,7 +69,7 @@ MVThemeDownLoader::Step MVThemeDownLoader::fetchFiles(bool& anyFailed)
     m_vecFiles.clear();
     m_nIndex = -1;
     if (!MVThemeMgr::init()->ensureThemeParsed(*m_pItem) && hostSettings().checkContent) {
-        const QString file = FileRecord(m_pItem->m_info_CfgXML).file();
+        const QString file = FileView(m_pItem->m_info_CfgXML).file();
         noteFailure({eFailure_Damaged, QString(), file,
                      QStringLiteral("%1 cannot be read as a theme's config").arg(file)});
         anyFailed = true;
@@ -90,8 +90,9 @@ MVThemeDownLoader::Step MVThemeDownLoader::fetchFiles(bool& anyFailed)
         }
         m_nIndex = i;
         SFileInfo& info = *m_vecFiles.at(i);
-        if (FileRecord(info).take())
-            anyFailed = !fetchFile(info) || anyFailed;
+        FileRecord::Taken taken = FileRecord(info).take();
+        if (taken)
+            anyFailed = !fetchFile(info, taken) || anyFailed;
         else
             step = waitForOther(info);
     }
@@ -100,25 +101,23 @@ MVThemeDownLoader::Step MVThemeDownLoader::fetchFiles(bool& anyFailed)
     return step;
 }
 
-/// Fetches a file that this thread has taken, and gives it back.
-bool MVThemeDownLoader::fetchFile(SFileInfo& info)
+/// Fetches a file that this thread has taken, and gives it back before the log says so.
+bool MVThemeDownLoader::fetchFile(const SFileInfo& info, FileRecord::Taken& taken)
 {
-    FileRecord record(info);
+    const FileView record(info);
     const QString file = record.file();
     logTurn(QStringLiteral("thread id = [%1], index = [%2], download file = [%3], start Download!"),
             m_nIndex, file);
-    const QString url = record.url();
+    const QString url = MVThemeMgr::init()->addressOf(info);
     setCurrent(url, file);
     if (MVThemeMgr::init()->isDownloadPath(file))
         AppOptions::instance()->ensureDirExists(QFileInfo(file).path());
     LogL("MVThemeDownLoader", 1, "start download template, i = %d, m_strUrl = %s, m_strFile = %s",
          m_nIndex, url.toUtf8().constData(), file.toUtf8().constData());
-    if (!checkPlaces(url, file)) {
-        record.release();
+    if (!checkPlaces(url, file))
         return false;
-    }
     const bool ok = transferFile(url, file);
-    record.release();
+    taken.release();
     logTurn(QStringLiteral("thread id = [%1], index = [%2], download file = [%3], end Download!"),
             m_nIndex, file);
     return ok;
@@ -180,7 +179,7 @@ void MVThemeDownLoader::passOn(const QString& file) const
 /// the next download.
 MVThemeDownLoader::Step MVThemeDownLoader::waitForOther(SFileInfo& info)
 {
-    const FileRecord record(info);
+    const FileView record(info);
     do {
         if (stopIfCancelled(pointWaiting))
             return Step::Ended;
@@ -201,7 +200,7 @@ bool MVThemeDownLoader::downloadProgressCallback_a(qint64 received, qint64 total
     auto* const self = static_cast<MVThemeDownLoader*>(user);
     if (!self)
         return true;
-    FileRecord(*self->m_vecFiles.at(self->m_nIndex)).setCounts(received, total);
+    FileRecord(*self->m_vecFiles.at(self->m_nIndex)).setCounts({received, total});
     if (total > 0) {
         const double part = static_cast<double>(received) / static_cast<double>(total);
         self->doProgress(self->shareStart() + part * self->share());
@@ -214,17 +213,18 @@ bool MVThemeDownLoader::downloadProgressCallback_a_downloading(SFileInfo* info, 
     auto* const self = static_cast<MVThemeDownLoader*>(user);
     if (!self)
         return true;
-    const FileRecord record(*info);
-    const FileRecord::Counts counts = record.counts();
-    if (counts.received == 0 || counts.total == 0)
+    const FileView record(*info);
+    const FileView::Counts counts = record.counts();
+    if (counts.receivedBytes == 0 || counts.totalBytes == 0)
         return true;
     const double value = self->shareStart()
-        + static_cast<double>(counts.received) / static_cast<double>(counts.total) * self->share();
+        + static_cast<double>(counts.receivedBytes) / static_cast<double>(counts.totalBytes)
+            * self->share();
     const QString text =
         QStringLiteral("thread id = [%1], index = [%2], download file = [%3], nDownloaded = "
                        "[%4], nAll = [%5], progress = [%6]!,and it is downloading!")
             .arg(QString::number(0), QString::number(self->m_nIndex), record.file(),
-                 QString::number(counts.received), QString::number(counts.total),
+                 QString::number(counts.receivedBytes), QString::number(counts.totalBytes),
                  QStringLiteral("%1").arg(value));
     LogL("MVThemeDownLoader", 1, "downloadProgressCallback_a_downloading, %s",
          text.toUtf8().constData());

@@ -2,6 +2,8 @@
 
 #include <QDebug>
 
+#include <algorithm>
+
 namespace {
 
 void print(QDebug& debug, const char* what, const SThemes_a::SDependArray& dependencies)
@@ -13,6 +15,16 @@ void print(QDebug& debug, const char* what, const SThemes_a::SDependArray& depen
 }
 
 } // namespace
+
+bool SThemes_a::forEachDependency(const std::function<bool(const SDependInfo&)>& visit) const
+{
+    for (const SDependArray& element : m_vecItems) {
+        if (!std::all_of(element.cbegin(), element.cend(), visit))
+            return false;
+    }
+    return visit(m_aStart[eDependType_Text]) && visit(m_aEnd[eDependType_Text])
+        && visit(m_aMask[eDependType_Filter]);
+}
 
 QDebug operator<<(QDebug debug, const SThemes_a& theme)
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/DependencySlots.h"
 #include "records/EDependType.h"
 #include "records/MvResourceExport.h"
 
@@ -8,6 +9,7 @@
 #include <QVector>
 
 #include <array>
+#include <functional>
 
 class QDebug;
 struct SCfg_Item;
@@ -29,7 +31,7 @@ struct MVRESOURCE_EXPORT SThemes_a
         QMap<QString, QString> m_mapAttr;
     };
     /// One slot per EDependType.
-    using SDependArray = std::array<SDependInfo, 5>;
+    using SDependArray = std::array<SDependInfo, DependencySlots::count>;
 
     QString m_qsGUID;
     QString m_qsName;
@@ -37,6 +39,10 @@ struct MVRESOURCE_EXPORT SThemes_a
     SDependArray m_aStart; ///< opening element; only the text slot is filled
     SDependArray m_aEnd;   ///< closing element; only the text slot is filled
     SDependArray m_aMask;  ///< mask; only the filter slot is filled
+
+    /// Calls `visit` for every slot that can be filled, in the order of the elements, then of
+    /// opening, end and mask. Stops at the first call that returns false, and returns that.
+    bool forEachDependency(const std::function<bool(const SDependInfo&)>& visit) const;
 };
 
 /// Prints the theme's GUIDs for log output and test failures.

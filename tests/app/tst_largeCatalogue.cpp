@@ -1,5 +1,5 @@
+#include "catalogue/FavouritesFile.h"
 #include "catalogue/MVThemeMgr.h"
-#include "FavouritesFile.h"
 #include "ItemFacts.h"
 #include "support/CatalogueFiles.h"
 #include "support/Growth.h"

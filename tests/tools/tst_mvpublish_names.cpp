@@ -3,6 +3,7 @@
 #include "Editions.h"
 #include "host/HostSettings.h"
 #include "Kinds.h"
+#include "records/KindTable.h"
 #include "SourceItem.h"
 #include "support/TestMain.h"
 
@@ -24,11 +25,11 @@ private slots:
 void TestMvpublishNames::kindsAreTheLibrarys()
 {
     MVThemeMgr& library = *MVThemeMgr::init();
-    QCOMPARE(Kinds::all().size(), int(eCfgItem_Resource));
-    for (int i = 0; i < Kinds::all().size(); ++i) {
-        const Kind& kind = Kinds::all().at(i);
+    QCOMPARE(KindTable::all().size(), int(eCfgItem_Resource));
+    for (int i = 0; i < KindTable::all().size(); ++i) {
+        const SKindInfo& kind = KindTable::all().at(i);
         QCOMPARE(int(kind.type), i);
-        QCOMPARE(kind.group, library.getCfgItemTypeStr(kind.type));
+        QCOMPARE(kind.name, library.getCfgItemTypeStr(kind.type));
         for (const MVThemeMgr::EDirTag half :
              {MVThemeMgr::eDirTag_Config, MVThemeMgr::eDirTag_Display}) {
             const QString folder =
@@ -40,8 +41,8 @@ void TestMvpublishNames::kindsAreTheLibrarys()
         item.m_qsGUID = QStringLiteral("{ABCDEF01-2345-4789-ABCD-000000000001}");
         item.m_info_Thumb.m_qsUrl = QStringLiteral("a.png");
         item.m_info_Gif.m_qsUrl = QStringLiteral("a.gif");
-        QCOMPARE(Kinds::needsThumbnail(kind.type), !library.doItem_Info_Thumb(item));
-        QCOMPARE(Kinds::needsAnimation(kind.type), !library.doItem_Info_Gif(item));
+        QCOMPARE(KindTable::of(kind.type).hasThumbnail, !library.doItem_Info_Thumb(item));
+        QCOMPARE(KindTable::of(kind.type).hasPreview, !library.doItem_Info_Gif(item));
     }
 }
 
@@ -52,7 +53,7 @@ void TestMvpublishNames::themeTypesAreTheLibrarys()
     for (const QString& type : Kinds::themeTypes())
         codes.append(library.Themetype(type));
     QCOMPARE(codes, (QVector<int>{2, 3, 4, 0}));
-    QCOMPARE(Kinds::themeTypes().constLast(), Kinds::otherThemes);
+    QCOMPARE(Kinds::themeTypes().constLast(), Kinds::otherThemes());
 }
 
 void TestMvpublishNames::editionsAskForTheirFiles()
@@ -97,13 +98,13 @@ void TestMvpublishNames::kindListsLieWhereTheLibraryNamesThem()
         {eCfgItem_Transition, EType_XML_Transitions_xml},
         {eCfgItem_Motion, EType_XML_Motions_xml}};
     for (const auto& list : lists) {
-        const Kind& kind = Kinds::of(list.first);
-        QVERIFY(kind.hasList);
+        const SKindInfo& kind = KindTable::of(list.first);
+        QVERIFY(kind.hasDefinitionList);
         QVERIFY(worker.getSerThemeXMLPath(list.second)
                     .endsWith(QStringLiteral("/config/%1/%1.xml").arg(kind.folder)));
     }
-    QVERIFY(!Kinds::of(eCfgItem_Theme).hasList);
-    QVERIFY(!Kinds::of(eCfgItem_BgMaterial).hasList);
+    QVERIFY(!KindTable::of(eCfgItem_Theme).hasDefinitionList);
+    QVERIFY(!KindTable::of(eCfgItem_BgMaterial).hasDefinitionList);
 }
 
 MV_TEST_MAIN(TestMvpublishNames)

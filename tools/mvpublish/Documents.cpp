@@ -1,7 +1,10 @@
 #include "Documents.h"
+#include "records/KindTable.h"
 
 #include "Editions.h"
 #include "Guids.h"
+#include "Kinds.h"
+#include "records/DependencySlots.h"
 #include "Source.h"
 
 #include <QCryptographicHash>
@@ -39,14 +42,14 @@ QString address(const QString& path)
 QString definitionName(const SourceItem& item)
 {
     const QString name = item.guid + QStringLiteral(".xml");
-    return item.builtIn ? name : address(Kinds::of(item.type).folder + QLatin1Char('/') + name);
+    return item.builtIn ? name : address(KindTable::of(item.type).folder + QLatin1Char('/') + name);
 }
 
 QString fileName(const SourceItem& item, const QString& file)
 {
     if (item.builtIn)
         return file;
-    return address(Kinds::of(item.type).folder + QLatin1Char('/') + item.guid + QLatin1Char('/')
+    return address(KindTable::of(item.type).folder + QLatin1Char('/') + item.guid + QLatin1Char('/')
                    + file);
 }
 
@@ -104,11 +107,11 @@ void writeThemes(Document& out, const Documents::Items& items, const QString& au
 
 void writeSlots(Document& out, const SourceSlots& part)
 {
-    for (const auto& slot : Slots::all()) {
-        const auto use = part.constFind(slot.first);
+    for (const auto& slot : DependencySlots::all()) {
+        const auto use = part.constFind(slot.type);
         if (use == part.constEnd())
             continue;
-        out.writeStartElement(slot.second);
+        out.writeStartElement(slot.name);
         out.writeStartElement(QStringLiteral("GUID"));
         for (auto it = use->attributes.cbegin(); it != use->attributes.cend(); ++it)
             out.writeAttribute(it.key(), it.value());
@@ -160,8 +163,8 @@ namespace Documents {
 QByteArray config(const Items& items)
 {
     return documentOf(QStringLiteral("ResourceConfig"), [&](Document& out) {
-        for (const Kind& kind : Kinds::all()) {
-            out.writeStartElement(kind.group);
+        for (const SKindInfo& kind : KindTable::all()) {
+            out.writeStartElement(kind.name);
             for (const SourceItem* item : items) {
                 if (item->type == kind.type)
                     writeConfigItem(out, *item);
@@ -174,9 +177,9 @@ QByteArray config(const Items& items)
 QByteArray display(const Items& items, const Source& source, const QString& audience)
 {
     return documentOf(QStringLiteral("ResourceDisplay"), [&](Document& out) {
-        for (const Kind& kind : Kinds::all()) {
-            out.writeStartElement(kind.group);
-            if (Kinds::hasNoneEntry(kind.type))
+        for (const SKindInfo& kind : KindTable::all()) {
+            out.writeStartElement(kind.name);
+            if (kind.hasNoneEntry)
                 writeNone(out, source.noneName(audience));
             if (kind.type == eCfgItem_Theme)
                 writeThemes(out, items, audience);
@@ -198,7 +201,7 @@ QByteArray version(const QString& version, const QByteArray& display, const QByt
     });
 }
 
-QByteArray kindList(const Kind& kind, const Items& items)
+QByteArray kindList(const SKindInfo& kind, const Items& items)
 {
     return documentOf(kind.folder, [&](Document& out) {
         for (const SourceItem* item : items) {
@@ -215,7 +218,7 @@ QByteArray kindList(const Kind& kind, const Items& items)
 
 QByteArray definition(const SourceItem& item)
 {
-    return documentOf(Kinds::of(item.type).definition, [&](Document& out) {
+    return documentOf(KindTable::of(item.type).definition, [&](Document& out) {
         out.writeTextElement(QStringLiteral("GUID"), item.guid);
         out.writeTextElement(QStringLiteral("Name"), item.name);
         if (item.type != eCfgItem_Theme)
@@ -240,7 +243,7 @@ QByteArray themeTypes(const Items& items)
             if (item->type == eCfgItem_Theme && item->themeType == name)
                 guids.append(item->guid);
         }
-        if (name != Kinds::otherThemes)
+        if (name != Kinds::otherThemes())
             types.insert(name, guids);
     }
     return QJsonDocument(types).toJson();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Kinds.h"
+#include "records/KindTable.h"
 #include "SourceItem.h"
 
 #include <QByteArray>
@@ -21,7 +21,7 @@ QByteArray display(const Items& items, const Source& source, const QString& audi
 /// Returns the version file, which ties catalogues together by their checksums.
 QByteArray version(const QString& version, const QByteArray& display, const QByteArray& config);
 /// The definitions that a kind's folder holds.
-QByteArray kindList(const Kind& kind, const Items& items);
+QByteArray kindList(const SKindInfo& kind, const Items& items);
 /// Returns the definition of an item as its manifest describes it.
 QByteArray definition(const SourceItem& item);
 /// Themes by type, for an installation.

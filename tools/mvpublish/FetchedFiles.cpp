@@ -1,7 +1,7 @@
 #include "FetchedFiles.h"
 
-#include "Kinds.h"
 #include "ReadTree.h"
+#include "records/KindTable.h"
 
 #include <QRegularExpression>
 
@@ -9,10 +9,10 @@ FetchedFiles::FetchedFiles(const ReadTree& tree)
 {
     const QString config = QStringLiteral("config/");
     const QString display = QStringLiteral("display/");
-    for (const Kind& kind : Kinds::all()) {
+    for (const SKindInfo& kind : KindTable::all()) {
         const QString folder = kind.folder + QLatin1Char('/');
         // The editor's own lists come with the installation.
-        if (kind.hasList)
+        if (kind.hasDefinitionList)
             m_kept.insert(config + folder + kind.folder + QStringLiteral(".xml"));
         // Other kinds are shown with what is installed, or without pictures.
         if (kind.type != eCfgItem_Filter && kind.type != eCfgItem_Theme)
@@ -26,7 +26,7 @@ FetchedFiles::FetchedFiles(const ReadTree& tree)
     for (const DisplayCatalogue& catalogue : tree.displays()) {
         for (const DisplayEntry& entry : catalogue.entries) {
             if (entry.type == eCfgItem_Filter && !entry.animation.isEmpty())
-                m_kept.insert(display + Kinds::of(entry.type).folder + QLatin1Char('/')
+                m_kept.insert(display + KindTable::of(entry.type).folder + QLatin1Char('/')
                               + entry.animation);
         }
     }

@@ -1,6 +1,6 @@
 #include "ItemFolder.h"
 
-#include "Kinds.h"
+#include "records/KindTable.h"
 #include "Source.h"
 
 #include <QCryptographicHash>
@@ -63,13 +63,13 @@ QString cut(QString text, int bytes)
 
 } // namespace
 
-QString nameFor(const QString& itemName, const Kind& kind)
+QString nameFor(const QString& itemName, const SKindInfo& kind)
 {
     QString readable = readablePart(itemName);
     if (readable.isEmpty())
-        return kind.word + QLatin1Char('-') + digest(itemName);
+        return kind.word() + QLatin1Char('-') + digest(itemName);
     if (Source::isSpecialFolder(readable))
-        return readable + QLatin1Char('-') + kind.word;
+        return readable + QLatin1Char('-') + kind.word();
     if (readable.toUtf8().size() <= maxBytes)
         return readable;
     const QString tail = QLatin1Char('-') + digest(itemName);

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-struct Kind;
+struct SKindInfo;
 
 /// The folder of an item that a publisher starts.
 namespace ItemFolder {
@@ -12,6 +12,6 @@ namespace ItemFolder {
 /// are. At most 120 bytes of UTF-8, so that suffixes fit. The same name always gives the same
 /// folder. A name that leaves nothing, or too much, gets a part of its digest, so that different
 /// ones have different folders.
-QString nameFor(const QString& itemName, const Kind& kind);
+QString nameFor(const QString& itemName, const SKindInfo& kind);
 
 } // namespace ItemFolder

@@ -1,66 +1,39 @@
 #include "Kinds.h"
 
+#include "records/KindTable.h"
+#include "records/ThemeTypes.h"
+
 #include <algorithm>
 
 namespace Kinds {
 
-const QVector<Kind>& all()
+const SKindInfo* byWord(const QString& word)
 {
-    static const QVector<Kind> kinds{
-        {eCfgItem_Filter, QStringLiteral("filter"), QStringLiteral("Filter"),
-         QStringLiteral("VideoFilters"), QStringLiteral("VideoFilter"), true},
-        {eCfgItem_Transition, QStringLiteral("transition"), QStringLiteral("Transition"),
-         QStringLiteral("Transitions"), QStringLiteral("Transition"), true},
-        {eCfgItem_Motion, QStringLiteral("motion"), QStringLiteral("Motion"),
-         QStringLiteral("Motions"), QStringLiteral("Motion"), true},
-        {eCfgItem_Theme, QStringLiteral("theme"), QStringLiteral("Theme"), QStringLiteral("Themes"),
-         QStringLiteral("Theme"), false},
-        {eCfgItem_BgMaterial, QStringLiteral("bgmaterial"), QStringLiteral("BgMaterial"),
-         QStringLiteral("BgMaterial"), QStringLiteral("BgMaterial"), false},
-    };
-    return kinds;
-}
-
-const Kind& of(ECfgItemType type)
-{
-    return all().at(type);
-}
-
-const Kind* byWord(const QString& word)
-{
-    const auto found = std::find_if(all().cbegin(), all().cend(),
-                                    [&word](const Kind& kind) { return kind.word == word; });
-    return found == all().cend() ? nullptr : &*found;
+    const KindTable::Rows& kinds = KindTable::all();
+    const auto* const found = std::find_if(
+        kinds.begin(), kinds.end(), [&word](const SKindInfo& kind) { return kind.word() == word; });
+    return found == kinds.end() ? nullptr : found;
 }
 
 QString words()
 {
     QStringList words;
-    for (const Kind& kind : all())
-        words.append(kind.word);
+    for (const SKindInfo& kind : KindTable::all())
+        words.append(kind.word());
     return words.join(QStringLiteral(", "));
 }
 
-const QStringList& themeTypes()
+QStringList themeTypes()
 {
-    static const QStringList types{QStringLiteral("festivals"), QStringLiteral("travel"),
-                                   QStringLiteral("banquets"), otherThemes};
-    return types;
+    QStringList names;
+    for (const ThemeTypes::Type& type : ThemeTypes::all())
+        names.append(type.name);
+    return names;
 }
 
-bool needsThumbnail(ECfgItemType type)
+QString otherThemes()
 {
-    return type != eCfgItem_Transition && type != eCfgItem_Motion;
-}
-
-bool needsAnimation(ECfgItemType type)
-{
-    return type == eCfgItem_Theme;
-}
-
-bool hasNoneEntry(ECfgItemType type)
-{
-    return type == eCfgItem_Filter || type == eCfgItem_BgMaterial;
+    return ThemeTypes::others().name;
 }
 
 } // namespace Kinds

@@ -4,6 +4,8 @@
 #include "Guids.h"
 #include "JsonFields.h"
 #include "Kinds.h"
+#include "records/DependencySlots.h"
+#include "records/KindTable.h"
 #include "Texts.h"
 
 #include <algorithm>
@@ -34,13 +36,13 @@ SourceSlots readSlots(const QJsonObject& object, const QString& where, QStringLi
 {
     SourceSlots result;
     JsonFields part(object, where, faults);
-    for (const auto& slot : Slots::all()) {
-        const QByteArray key = slot.second.toLatin1();
+    for (const auto& slot : DependencySlots::all()) {
+        const QByteArray key(slot.name.data(), slot.name.size());
         if (!part.has(key.constData()))
             continue;
-        JsonFields use(part.object(key.constData()), where + QStringLiteral(": ") + slot.second,
+        JsonFields use(part.object(key.constData()), where + QStringLiteral(": ") + slot.name,
                        faults);
-        result.insert(slot.first, readUse(use));
+        result.insert(slot.type, readUse(use));
     }
     part.finish();
     return result;
@@ -63,7 +65,7 @@ SourceSlots readEdge(JsonFields& fields, const char* key, EDependType only, cons
 void readTheme(JsonFields& fields, const QString& where, SourceItem& item, QStringList& faults)
 {
     item.themeType = fields.needed("type");
-    const QStringList& types = Kinds::themeTypes();
+    const QStringList types = Kinds::themeTypes();
     if (!item.themeType.isEmpty() && !types.contains(item.themeType))
         fields.fault(
             QStringLiteral("\"type\" is none of %1").arg(types.join(QStringLiteral(", "))));
@@ -104,10 +106,10 @@ void readNames(JsonFields& fields, SourceItem& item)
 
 void readFiles(JsonFields& fields, SourceItem& item)
 {
-    item.thumbnail =
-        Kinds::needsThumbnail(item.type) ? fields.needed("thumbnail") : fields.text("thumbnail");
+    item.thumbnail = KindTable::of(item.type).hasThumbnail ? fields.needed("thumbnail")
+                                                           : fields.text("thumbnail");
     item.animation =
-        Kinds::needsAnimation(item.type) ? fields.needed("animation") : fields.text("animation");
+        KindTable::of(item.type).hasPreview ? fields.needed("animation") : fields.text("animation");
     item.files = fields.texts("files");
     item.shared = fields.texts("shared");
     item.definition = fields.text("definition");
@@ -163,7 +165,7 @@ void Manifest::read(SourceItem& item, QStringList& faults)
     if (!item.guid.isEmpty() && !Guids::isProper(item.guid))
         fields.fault(QStringLiteral("\"guid\" is not a GUID in braces and capitals"));
     const QString word = fields.needed("kind");
-    const Kind* const kind = Kinds::byWord(word);
+    const SKindInfo* const kind = Kinds::byWord(word);
     if (!kind) {
         if (!word.isEmpty())
             fields.fault(QStringLiteral("\"kind\" is none of %1").arg(Kinds::words()));

@@ -8,6 +8,7 @@
 #include "Kinds.h"
 #include "Manifest.h"
 #include "Placeholders.h"
+#include "records/KindTable.h"
 #include "Source.h"
 #include "Texts.h"
 
@@ -39,13 +40,14 @@ bool ensureCatalogue(const QString& source)
 }
 
 /// Writes all files that a catalogue needs of an item, as placeholders to be replaced.
-bool writeItem(const QString& folder, const QString& slug, const Kind& kind, const QString& name)
+bool writeItem(const QString& folder, const QString& slug, const SKindInfo& kind,
+               const QString& name)
 {
     const bool isPicture = kind.type == eCfgItem_BgMaterial;
     const QString thumbnail = slug + QStringLiteral(".png");
-    const QString content = isPicture ? QStringLiteral("background.png") : kind.word;
+    const QString content = isPicture ? QStringLiteral("background.png") : kind.word();
     QJsonObject item{{QStringLiteral("guid"), Guids::fresh()},
-                     {QStringLiteral("kind"), kind.word},
+                     {QStringLiteral("kind"), kind.word()},
                      {QStringLiteral("name"), name},
                      {QStringLiteral("thumbnail"), thumbnail},
                      {QStringLiteral("files"),
@@ -63,7 +65,7 @@ bool writeItem(const QString& folder, const QString& slug, const Kind& kind, con
         const QString animation = slug + QStringLiteral(".gif");
         ok = ok && Placeholders::copy(Placeholders::animation, folder + animation);
         item.insert(QStringLiteral("animation"), animation);
-        item.insert(QStringLiteral("type"), Kinds::otherThemes);
+        item.insert(QStringLiteral("type"), Kinds::otherThemes());
         item.insert(QStringLiteral("scenes"), QJsonArray());
     }
     return ok && writeJson(folder + Manifest::fileName(), item);
@@ -73,7 +75,7 @@ bool writeItem(const QString& folder, const QString& slug, const Kind& kind, con
 
 int NewCommand::run(const Arguments& arguments)
 {
-    const Kind* const kind = Kinds::byWord(arguments.operands.at(0));
+    const SKindInfo* const kind = Kinds::byWord(arguments.operands.at(0));
     if (!kind)
         return Console::fail(
             ExitStatus::failure,

@@ -4,7 +4,7 @@
 #include "download/CheckWorker_CfgAndDisplayXML.h"
 #include "host/HostSettings.h"
 #include "host/LogL.h"
-#include "Kinds.h"
+#include "records/KindTable.h"
 
 #include <QDir>
 #include <QDomDocument>
@@ -97,7 +97,7 @@ void ReadTree::readConfig()
     m_configReadable = library().checkXml(absolute(catalogue(Editions::configFile)), doc);
     if (!m_configReadable)
         return;
-    for (const Kind& kind : Kinds::all()) {
+    for (const SKindInfo& kind : KindTable::all()) {
         const QString group = library().getCfgItemTypeStr(kind.type);
         QVector<SCfg_Item> items;
         library().read_resource_config_xml_a(doc.documentElement(), kind.type, group, items);
@@ -164,7 +164,7 @@ void ReadTree::readDisplay(const QString& name)
     QDomDocument doc;
     display.readable = library().checkXml(absolute(name), doc);
     if (display.readable) {
-        for (const Kind& kind : Kinds::all())
+        for (const SKindInfo& kind : KindTable::all())
             readCategory(doc.documentElement(), kind.type, display);
     }
     m_displays.append(std::move(display));

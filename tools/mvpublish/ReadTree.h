@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Editions.h"
+#include "records/KindTable.h"
 #include "records/SCfg_Item.h"
 
 #include <QHash>
@@ -104,8 +105,8 @@ private:
     QString m_folder;
     bool m_installation = false;
     bool m_configReadable = false;
-    std::array<QVector<ConfigEntry>, 5> m_config;
-    std::array<QHash<QString, int>, 5> m_index; // first entry by GUID
+    std::array<QVector<ConfigEntry>, KindTable::count> m_config;
+    std::array<QHash<QString, int>, KindTable::count> m_index; // first entry by GUID
     QVector<DisplayCatalogue> m_displays;
     QVector<VersionFile> m_versions;
 };

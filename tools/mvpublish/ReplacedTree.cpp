@@ -2,7 +2,7 @@
 
 #include "Editions.h"
 #include "FolderContent.h"
-#include "Kinds.h"
+#include "records/KindTable.h"
 
 #include <QFile>
 #include <QSet>
@@ -35,7 +35,7 @@ QSet<QString> sharedNames(const QString& folder)
 QSet<QString> namesOfInstallation(const QString& folder)
 {
     QSet<QString> names = sharedNames(folder);
-    for (const Kind& kind : Kinds::all())
+    for (const SKindInfo& kind : KindTable::all())
         names.insert(kind.folder);
     return names;
 }

@@ -6,11 +6,12 @@
 #include "Guids.h"
 #include "host/PictureFormat.h"
 #include "JsonFields.h"
-#include "Kinds.h"
 #include "Manifest.h"
 #include "PictureFault.h"
 #include "Placeholders.h"
 #include "PublishedNames.h"
+#include "records/DependencySlots.h"
+#include "records/KindTable.h"
 
 #include <QDir>
 #include <QRegularExpression>
@@ -164,14 +165,14 @@ void Source::resolvePart(const SourceItem& item, SourceSlots& part,
 {
     for (auto use = part.begin(); use != part.end(); ++use) {
         const SourceItem* const used = known.value(use->item);
-        const Kind& wanted = Kinds::of(Slots::kind(use.key()));
+        const SKindInfo& wanted = KindTable::of(DependencySlots::find(use.key())->kind);
         if (!used)
             m_faults.append(
                 QStringLiteral("%1: uses \"%2\", which is no item").arg(item.path, use->item));
         else if (used->type != wanted.type)
             m_faults.append(
                 QStringLiteral("%1: uses \"%2\" as a %3, but it is a %4")
-                    .arg(item.path, use->item, wanted.word, Kinds::of(used->type).word));
+                    .arg(item.path, use->item, wanted.word(), KindTable::of(used->type).word()));
         else
             use->item = used->guid;
     }
@@ -273,17 +274,17 @@ void Source::checkPublishedNames()
     const QString config = QStringLiteral("config/");
     const QString display = QStringLiteral("display/");
     PublishedNames names;
-    for (const Kind& kind : Kinds::all()) {
+    for (const SKindInfo& kind : KindTable::all()) {
         const QString folder = kind.folder + QLatin1Char('/');
-        if (kind.hasList)
+        if (kind.hasDefinitionList)
             names.reserve(config + folder + kind.folder + QStringLiteral(".xml"),
                           QStringLiteral("the list of definitions"));
         for (auto it = m_nonePictures.keyBegin();
-             Kinds::hasNoneEntry(kind.type) && it != m_nonePictures.keyEnd(); ++it)
+             kind.hasNoneEntry && it != m_nonePictures.keyEnd(); ++it)
             names.reserve(display + folder + *it, QStringLiteral("the \"none\" entry"));
     }
     for (const SourceItem& item : m_items) {
-        const QString folder = Kinds::of(item.type).folder + QLatin1Char('/');
+        const QString folder = KindTable::of(item.type).folder + QLatin1Char('/');
         const QString own = config + folder + item.guid;
         names.claim(own + QStringLiteral(".xml"), item.path, QString());
         for (const QString& name : item.files)

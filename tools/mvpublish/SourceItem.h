@@ -47,12 +47,3 @@ struct SourceItem
     QString nameFor(const QString& audience) const { return names.value(audience, name); }
     QStringList uses() const;
 };
-
-/// The names of the five slots in manifests and theme files.
-namespace Slots {
-
-const QVector<QPair<EDependType, QString>>& all();
-/// The kind among which the library looks a slot's GUID up.
-ECfgItemType kind(EDependType slot);
-
-} // namespace Slots

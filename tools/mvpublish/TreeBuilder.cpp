@@ -1,4 +1,5 @@
 #include "TreeBuilder.h"
+#include "records/KindTable.h"
 
 #include "Archive.h"
 #include "FileNames.h"
@@ -92,7 +93,7 @@ bool TreeBuilder::writeInstallation(const QString& folder)
 
 bool TreeBuilder::writeItem(const SourceItem& item)
 {
-    const QString folder = m_configHalf + Kinds::of(item.type).folder + QLatin1Char('/');
+    const QString folder = m_configHalf + KindTable::of(item.type).folder + QLatin1Char('/');
     const QString definition = folder + item.guid + QStringLiteral(".xml");
     const bool defined = item.definition.isEmpty()
         ? writeDocument(definition, Documents::definition(item))
@@ -114,7 +115,7 @@ bool TreeBuilder::writeItem(const SourceItem& item)
 bool TreeBuilder::writePreviews(const SourceItem& item)
 {
     const QString folder =
-        QStringLiteral("display/") + Kinds::of(item.type).folder + QLatin1Char('/');
+        QStringLiteral("display/") + KindTable::of(item.type).folder + QLatin1Char('/');
     const QStringList previews{item.thumbnail, item.animation};
     return std::all_of(previews.cbegin(), previews.cend(), [&](const QString& name) {
         return name.isEmpty() || copy(item.folder + QLatin1Char('/') + name, folder + name);
@@ -130,9 +131,9 @@ bool TreeBuilder::writeFile(const SourceItem& item, const QString& name, const Q
 
 bool TreeBuilder::writeKindLists(const Documents::Items& items)
 {
-    const QVector<Kind>& kinds = Kinds::all();
-    return std::all_of(kinds.cbegin(), kinds.cend(), [&](const Kind& kind) {
-        return !kind.hasList
+    const KindTable::Rows& kinds = KindTable::all();
+    return std::all_of(kinds.cbegin(), kinds.cend(), [&](const SKindInfo& kind) {
+        return !kind.hasDefinitionList
             || writeDocument(m_configHalf + kind.folder + QLatin1Char('/') + kind.folder
                                  + QStringLiteral(".xml"),
                              Documents::kindList(kind, items));
@@ -141,8 +142,8 @@ bool TreeBuilder::writeKindLists(const Documents::Items& items)
 
 bool TreeBuilder::writeNonePictures()
 {
-    for (const Kind& kind : Kinds::all()) {
-        if (!Kinds::hasNoneEntry(kind.type))
+    for (const SKindInfo& kind : KindTable::all()) {
+        if (!kind.hasNoneEntry)
             continue;
         const QMap<QString, QString>& pictures = m_source.nonePictures();
         for (auto it = pictures.cbegin(); it != pictures.cend(); ++it) {

@@ -2,8 +2,8 @@
 
 #include "FetchedFiles.h"
 #include "host/Utils.h"
-#include "Kinds.h"
 #include "ReadTree.h"
+#include "records/KindTable.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -42,7 +42,7 @@ Shown shownBy(const ReadTree& tree, const QString& displayFile)
 
 QString label(const ItemKey& key, const QString& name)
 {
-    return QStringLiteral("%1 %2 %3").arg(Kinds::all().at(key.first).word, key.second, name);
+    return QStringLiteral("%1 %2 %3").arg(KindTable::all().at(key.first).word(), key.second, name);
 }
 
 TreeDiff compareItems(const Shown& before, const Shown& after)

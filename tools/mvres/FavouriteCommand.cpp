@@ -6,6 +6,7 @@
 #include "ExitStatus.h"
 #include "ItemIndex.h"
 #include "Items.h"
+#include "records/KindTable.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -17,7 +18,7 @@ int FavouriteCommand::run(const Arguments& arguments)
     SCfg_Item* const item = index.find(guid);
     if (!item)
         return Console::fail(ExitStatus::failure, QStringLiteral("unknown GUID %1").arg(guid));
-    if (item->m_eType == eCfgItem_Transition || item->m_eType == eCfgItem_Motion) {
+    if (KindTable::of(item->m_eType).favourites == EFavouritesFile::None) {
         return Console::fail(ExitStatus::failure,
                              QStringLiteral("%1 is a %2, which cannot be a favourite")
                                  .arg(guid, Items::kindName(item->m_eType)));

@@ -1,13 +1,13 @@
 #include "FetchCommand.h"
 
 #include "Arguments.h"
+#include "catalogue/ItemFiles.h"
 #include "Causes.h"
 #include "Console.h"
 #include "download/MVThemeDownLoader.h"
 #include "ExitStatus.h"
 #include "host/TzProductInfo.h"
 #include "Interrupt.h"
-#include "ItemFiles.h"
 #include "Items.h"
 #include "ProgressDisplay.h"
 #include "records/SCfg_Item.h"
@@ -60,7 +60,7 @@ int FetchCommand::run(const Arguments& arguments)
     if (!unknown.isNull())
         return Console::fail(ExitStatus::failure, QStringLiteral("unknown GUID %1").arg(unknown));
     const bool complete = std::all_of(items.cbegin(), items.cend(), [](SCfg_Item* item) {
-        return Items::missingFiles(*item) == 0;
+        return ItemFiles::countNeeded(*item) == 0;
     });
     const QString server =
         TzProductInfo::instance()->extendParam(QStringLiteral("url_themeRootDir"), QString());
@@ -104,7 +104,7 @@ QVector<SCfg_Item*> FetchCommand::itemsOf(const QStringList& guids, QString& unk
 SItemDownloadResult FetchCommand::fetch(SCfg_Item& item)
 {
     SItemDownloadResult result =
-        Items::missingFiles(item) == 0 ? SItemDownloadResult() : download(item);
+        ItemFiles::countNeeded(item) == 0 ? SItemDownloadResult() : download(item);
     report(item, result);
     return result;
 }
@@ -144,7 +144,7 @@ void FetchCommand::report(SCfg_Item& item, const SItemDownloadResult& result)
     if (result.m_failure.isFailure())
         Console::note(result.m_failure.m_qsDetails);
     for (const ItemFiles::Entry& entry : files.entries()) {
-        if (!entry.present)
+        if (!entry.isPresent)
             Console::note(QStringLiteral("missing: %1").arg(entry.url));
     }
 }
@@ -160,7 +160,7 @@ void FetchCommand::appendJson(SCfg_Item& item, const ItemFiles& files,
     object.insert(QStringLiteral("resultText"), textOf(result));
     if (result.m_failure.isFailure())
         object.insert(QStringLiteral("error"), Causes::toJson(result.m_failure));
-    object.insert(QStringLiteral("files"), files.toJson());
+    object.insert(QStringLiteral("files"), Items::toJson(files));
     m_results.append(object);
 }
 
@@ -168,13 +168,13 @@ void FetchCommand::printFiles(const SCfg_Item& item, const ItemFiles& files,
                               const SItemDownloadResult& result)
 {
     for (const ItemFiles::Entry& entry : files.entries()) {
-        if (entry.present)
+        if (entry.isPresent)
             Console::print(
-                QStringLiteral("%1  %2").arg(Console::size(entry.size), 12).arg(entry.path));
+                QStringLiteral("%1  %2").arg(Console::size(entry.sizeBytes), 12).arg(entry.path));
     }
-    Console::print(
-        QStringLiteral("%1 %2: %3, %4, %5")
-            .arg(item.m_qsGUID, m_index.nameOf(item), textOf(result),
-                 Console::counted(files.entries().size() - files.missing(), QStringLiteral("file")),
-                 Console::size(files.totalSize())));
+    Console::print(QStringLiteral("%1 %2: %3, %4, %5")
+                       .arg(item.m_qsGUID, m_index.nameOf(item), textOf(result),
+                            Console::counted(files.entries().size() - files.missingCount(),
+                                             QStringLiteral("file")),
+                            Console::size(files.totalBytes())));
 }

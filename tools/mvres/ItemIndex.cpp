@@ -1,7 +1,6 @@
 #include "ItemIndex.h"
 
-#include "catalogue/MVThemeMgr.h"
-#include "Items.h"
+#include "records/KindTable.h"
 
 #include <QUuid>
 
@@ -20,12 +19,9 @@ QString canonical(const QString& guid)
 } // namespace
 
 ItemIndex::ItemIndex()
+    : m_shown(MVThemeMgr::init()->getDisplayXML())
+    , m_config(MVThemeMgr::init()->getCfgXML())
 {
-    MVThemeMgr* const manager = MVThemeMgr::init();
-    for (const ECfgItemType kind : Items::allKinds()) {
-        m_shown.emplace_back(Items::ofKind(manager->getDisplayXML(), kind));
-        m_config.emplace_back(Items::ofKind(manager->getCfgXML(), kind));
-    }
 }
 
 SCfg_Item* ItemIndex::find(const QString& guid)
@@ -38,11 +34,10 @@ SCfg_Item* ItemIndex::find(const QString& guid)
 
 SCfg_Item* ItemIndex::findExactly(const QString& guid)
 {
-    for (std::vector<GuidIndex>* const lists : {&m_shown, &m_config}) {
-        for (GuidIndex& items : *lists) {
-            // The lists are const here only so that looking does not move their items.
-            if (const SCfg_Item* const item = items.findItem(guid))
-                return const_cast<SCfg_Item*>(item);
+    for (CatalogueIndex* const index : {&m_shown, &m_config}) {
+        for (const SKindInfo& kind : KindTable::all()) {
+            if (SCfg_Item* const item = index->find(kind.type, guid))
+                return item;
         }
     }
     return nullptr;
@@ -50,9 +45,8 @@ SCfg_Item* ItemIndex::findExactly(const QString& guid)
 
 QString ItemIndex::nameOf(const SCfg_Item& item)
 {
-    const auto kind = static_cast<std::size_t>(item.m_eType);
-    if (!item.m_qsName.isEmpty() || kind >= m_shown.size())
+    if (!item.m_qsName.isEmpty())
         return item.m_qsName;
-    const SCfg_Item* const shown = m_shown.at(kind).findItem(item.m_qsGUID);
+    const SCfg_Item* const shown = m_shown.find(item.m_eType, item.m_qsGUID);
     return shown ? shown->m_qsName : QString();
 }

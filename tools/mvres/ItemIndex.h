@@ -1,8 +1,6 @@
 #pragma once
 
-#include "catalogue/GuidIndex.h"
-
-#include <vector>
+#include "catalogue/CatalogueIndex.h"
 
 /// Finds the catalogue's items by GUID, for commands that look for many: any number of searches
 /// stays linear in the catalogue, which must not be loaded again meanwhile.
@@ -22,6 +20,6 @@ public:
 private:
     SCfg_Item* findExactly(const QString& guid);
 
-    std::vector<GuidIndex> m_shown; // by kind
-    std::vector<GuidIndex> m_config;
+    CatalogueIndex m_shown;
+    CatalogueIndex m_config;
 };

@@ -1,30 +1,22 @@
 #include "Items.h"
 
-#include "host/HostSettings.h"
-
-#include <QSet>
+#include "catalogue/MVThemeMgr.h"
+#include "records/KindTable.h"
+#include "records/ThemeTypes.h"
 
 namespace Items {
 
-const QVector<ECfgItemType>& allKinds()
-{
-    static const QVector<ECfgItemType> kinds = {
-        eCfgItem_Filter, eCfgItem_Transition, eCfgItem_Motion, eCfgItem_Theme, eCfgItem_BgMaterial};
-    return kinds;
-}
-
 QString kindName(ECfgItemType kind)
 {
-    return MVThemeMgr::init()->getCfgItemTypeStr(kind).toLower();
+    return KindTable::of(kind).word();
 }
 
 bool kindOf(const QString& name, ECfgItemType& kind)
 {
-    for (const ECfgItemType candidate : allKinds()) {
-        const QString known = kindName(candidate);
-        if (name.compare(known, Qt::CaseInsensitive) == 0
-            || name.compare(known + QLatin1Char('s'), Qt::CaseInsensitive) == 0) {
-            kind = candidate;
+    for (const SKindInfo& known : KindTable::all()) {
+        if (name.compare(known.name, Qt::CaseInsensitive) == 0
+            || name.compare(known.name + QLatin1Char('s'), Qt::CaseInsensitive) == 0) {
+            kind = known.type;
             return true;
         }
     }
@@ -33,37 +25,13 @@ bool kindOf(const QString& name, ECfgItemType& kind)
 
 QString themeTypeName(const SCfg_Item& item)
 {
-    if (item.m_eType != eCfgItem_Theme)
-        return QStringLiteral("-");
-    for (const char* key : {"festivals", "travel", "banquets"}) {
-        QString name = QString::fromLatin1(key);
-        if (MVThemeMgr::init()->Themetype(name) == item.m_nThemeType)
-            return name;
-    }
-    return QStringLiteral("others");
-}
-
-const QVector<SCfg_Item>& ofKind(const MVThemeMgr::SResourceXML& catalogue, ECfgItemType kind)
-{
-    switch (kind) {
-    case eCfgItem_Transition:
-        return catalogue.vecTransition;
-    case eCfgItem_Motion:
-        return catalogue.vecMotion;
-    case eCfgItem_Theme:
-        return catalogue.vecTheme;
-    case eCfgItem_BgMaterial:
-        return catalogue.vecBgMaterial;
-    case eCfgItem_Filter:
-    case eCfgItem_Resource:
-        break;
-    }
-    return catalogue.vecFilter;
+    const bool isTheme = item.m_eType == eCfgItem_Theme;
+    return isTheme ? ThemeTypes::name(item.m_nThemeType) : QStringLiteral("-");
 }
 
 QVector<SCfg_Item*> displayed(ECfgItemType kind)
 {
-    const QVector<SCfg_Item>& shown = ofKind(MVThemeMgr::init()->getDisplayXML(), kind);
+    const QVector<SCfg_Item>& shown = *MVThemeMgr::init()->getDisplayXML().ofKind(kind);
     QVector<SCfg_Item*> items;
     items.reserve(shown.size());
     for (const SCfg_Item& item : shown) {
@@ -73,22 +41,9 @@ QVector<SCfg_Item*> displayed(ECfgItemType kind)
     return items;
 }
 
-int missingFiles(SCfg_Item& item)
-{
-    QSet<QString> files;
-    // Other missing files are unknown until the config has been fetched anew.
-    if (!MVThemeMgr::init()->ensureThemeParsed(item) && hostSettings().checkContent)
-        files.insert(item.m_info_CfgXML.m_qsFile);
-    QVector<SFileInfo*> missing;
-    MVThemeMgr::init()->getNeedDownLoadFiles(&item, missing);
-    for (const SFileInfo* info : qAsConst(missing))
-        files.insert(info->m_qsFile);
-    return files.size();
-}
-
 QJsonObject toJson(SCfg_Item& item)
 {
-    const int missing = missingFiles(item);
+    const int missing = ItemFiles::countNeeded(item);
     return {
         {QStringLiteral("guid"), item.m_qsGUID},
         {QStringLiteral("kind"), kindName(item.m_eType)},
@@ -98,6 +53,36 @@ QJsonObject toJson(SCfg_Item& item)
         {QStringLiteral("ready"), missing == 0},
         {QStringLiteral("missing"), missing},
     };
+}
+
+QString roleName(ItemFiles::Role role)
+{
+    switch (role) {
+    case ItemFiles::Role::Thumbnail:
+        return QStringLiteral("thumbnail");
+    case ItemFiles::Role::Preview:
+        return QStringLiteral("preview");
+    case ItemFiles::Role::Config:
+        return QStringLiteral("config");
+    case ItemFiles::Role::Resource:
+        break;
+    }
+    return QStringLiteral("resource");
+}
+
+QJsonArray toJson(const ItemFiles& files)
+{
+    QJsonArray array;
+    for (const ItemFiles::Entry& entry : files.entries()) {
+        array.append(QJsonObject{
+            {QStringLiteral("what"), roleName(entry.role)},
+            {QStringLiteral("path"), entry.path},
+            {QStringLiteral("url"), entry.url},
+            {QStringLiteral("present"), entry.isPresent},
+            {QStringLiteral("size"), static_cast<double>(entry.sizeBytes)},
+        });
+    }
+    return array;
 }
 
 } // namespace Items

@@ -6,6 +6,7 @@
 #include "Console.h"
 #include "ExitStatus.h"
 #include "Items.h"
+#include "records/KindTable.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -20,7 +21,7 @@ void printTable(const QVector<SCfg_Item*>& items)
     for (const SCfg_Item* item : items)
         nameWidth = std::max(nameWidth, Columns::width(item->m_qsName));
     for (SCfg_Item* item : items) {
-        const int missing = Items::missingFiles(*item);
+        const int missing = ItemFiles::countNeeded(*item);
         const QString state =
             missing == 0 ? QStringLiteral("ready") : QStringLiteral("%1 missing").arg(missing);
         const bool favourite = MVThemeMgr::init()->isItemCollect(item);
@@ -40,7 +41,9 @@ void printTable(const QVector<SCfg_Item*>& items)
 
 int ListCommand::run(const Arguments& arguments)
 {
-    QVector<ECfgItemType> kinds = Items::allKinds();
+    QVector<ECfgItemType> kinds;
+    for (const SKindInfo& kind : KindTable::all())
+        kinds.append(kind.type);
     if (!arguments.operands.isEmpty()) {
         ECfgItemType kind = eCfgItem_Filter;
         if (!Items::kindOf(arguments.operands.constFirst(), kind)) {

@@ -72,11 +72,7 @@ void Session::loadCatalogue()
 {
     MVThemeMgr* const manager = MVThemeMgr::init();
     manager->load(false);
-    const MVThemeMgr::SResourceXML& catalogue = manager->getCfgXML();
-    const bool isEmpty = catalogue.vecFilter.isEmpty() && catalogue.vecTransition.isEmpty()
-        && catalogue.vecMotion.isEmpty() && catalogue.vecTheme.isEmpty()
-        && catalogue.vecBgMaterial.isEmpty();
-    if (!isEmpty)
+    if (!manager->getCfgXML().isEmpty())
         return;
     m_emptyText = QStringLiteral("the catalogue is empty: neither %1 nor %2 has items")
                       .arg(manager->Path_resource_xml(MVThemeMgr::eLoadDir_Download,

@@ -1,10 +1,10 @@
 #include "ShowCommand.h"
 
 #include "Arguments.h"
+#include "catalogue/ItemFiles.h"
 #include "catalogue/MVThemeMgr.h"
 #include "Console.h"
 #include "ExitStatus.h"
-#include "ItemFiles.h"
 #include "ItemIndex.h"
 #include "Items.h"
 
@@ -21,18 +21,19 @@ void printText(SCfg_Item& item, const ItemFiles& files, ItemIndex& index)
     Console::print(QStringLiteral("theme type  %1").arg(Items::themeTypeName(item)));
     Console::print(QStringLiteral("favourite   %1")
                        .arg(favourite ? QStringLiteral("yes") : QStringLiteral("no")));
-    Console::print(QStringLiteral("missing     %1").arg(Items::missingFiles(item)));
-    for (const SCfg_Item* dependency : files.dependencies()) {
+    Console::print(QStringLiteral("missing     %1").arg(ItemFiles::countNeeded(item)));
+    for (const SCfg_Item* dependency : files.uses()) {
         Console::print(QStringLiteral("uses        %1 %2 %3")
                            .arg(Items::kindName(dependency->m_eType), dependency->m_qsGUID,
                                 index.nameOf(*dependency)));
     }
     for (const ItemFiles::Entry& entry : files.entries()) {
         Console::print(QStringLiteral("%1 %2 (%3)")
-                           .arg(entry.what, -11)
+                           .arg(Items::roleName(entry.role), -11)
                            .arg(entry.path,
-                                entry.present ? Console::size(entry.size)
-                                              : QStringLiteral("missing, from %1").arg(entry.url)));
+                                entry.isPresent
+                                    ? Console::size(entry.sizeBytes)
+                                    : QStringLiteral("missing, from %1").arg(entry.url)));
     }
 }
 
@@ -52,7 +53,7 @@ int ShowCommand::run(const Arguments& arguments)
     }
     QJsonObject object = Items::toJson(*item);
     QJsonArray uses;
-    for (const SCfg_Item* dependency : files.dependencies()) {
+    for (const SCfg_Item* dependency : files.uses()) {
         uses.append(QJsonObject{
             {QStringLiteral("guid"), dependency->m_qsGUID},
             {QStringLiteral("kind"), Items::kindName(dependency->m_eType)},
@@ -60,7 +61,7 @@ int ShowCommand::run(const Arguments& arguments)
         });
     }
     object.insert(QStringLiteral("uses"), uses);
-    object.insert(QStringLiteral("files"), files.toJson());
+    object.insert(QStringLiteral("files"), Items::toJson(files));
     Console::print(QJsonDocument(object));
     return ExitStatus::success;
 }

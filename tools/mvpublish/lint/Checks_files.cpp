@@ -4,11 +4,11 @@
 #include "catalogue/MVThemeMgr.h"
 #include "Guids.h"
 #include "host/PictureFormat.h"
-#include "Kinds.h"
 #include "lint/Checks.h"
 #include "lint/LintContext.h"
 #include "lint/NamedFiles.h"
 #include "lint/PictureChecks.h"
+#include "records/KindTable.h"
 
 using NamedFiles::NamedBy;
 
@@ -111,7 +111,7 @@ void checkItem(LintContext& context, const ConfigEntry& entry)
 
 void Checks::itemFiles(LintContext& context)
 {
-    for (const Kind& kind : Kinds::all()) {
+    for (const SKindInfo& kind : KindTable::all()) {
         for (const ConfigEntry& entry : context.tree().config(kind.type))
             checkItem(context, entry);
     }

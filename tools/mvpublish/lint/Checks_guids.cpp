@@ -5,6 +5,7 @@
 #include "lint/Checks.h"
 #include "lint/GuidChecks.h"
 #include "lint/LintContext.h"
+#include "records/KindTable.h"
 #include "Texts.h"
 
 namespace {
@@ -39,12 +40,12 @@ void GuidChecks::reportUnknown(LintContext& context, const Place& place, ECfgIte
 {
     if (!isWellFormed(context, guid, place.file, place.line))
         return;
-    for (const Kind& kind : Kinds::all()) {
+    for (const SKindInfo& kind : KindTable::all()) {
         if (!context.tree().find(kind.type, guid))
             continue;
         context.report("guid-wrong-kind", place.file, place.line, place.item,
                        QStringLiteral("%1 is a %2 and stands where a %3 should")
-                           .arg(context.label(guid), kind.word, Kinds::of(wanted).word),
+                           .arg(context.label(guid), kind.word(), KindTable::of(wanted).word()),
                        QStringLiteral("name an item of the right kind"));
         return;
     }
@@ -57,7 +58,7 @@ void Checks::configGuids(LintContext& context)
 {
     const QString file = ReadTree::catalogue(Editions::configFile);
     QHash<QString, int> seen;
-    for (const Kind& kind : Kinds::all()) {
+    for (const SKindInfo& kind : KindTable::all()) {
         for (const ConfigEntry& entry : context.tree().config(kind.type)) {
             const QString& guid = entry.item.m_qsGUID;
             if (guid == Guids::none) {
@@ -97,11 +98,11 @@ void checkName(LintContext& context, const DisplayCatalogue& display, const Disp
 void checkEntry(LintContext& context, const DisplayCatalogue& display, const DisplayEntry& entry,
                 QSet<QString>& seen)
 {
-    const bool mayBeNone = Kinds::hasNoneEntry(entry.type);
+    const bool mayBeNone = KindTable::of(entry.type).hasNoneEntry;
     if (entry.guid == Guids::none && !mayBeNone) {
         context.report("none-misplaced", display.file, entry.line, entry.guid,
                        QStringLiteral("the \"none\" entry stands in the %1 list")
-                           .arg(Kinds::of(entry.type).group),
+                           .arg(KindTable::of(entry.type).name),
                        noneAdvice);
         return;
     }
@@ -118,12 +119,12 @@ void checkEntry(LintContext& context, const DisplayCatalogue& display, const Dis
     checkName(context, display, entry);
 }
 
-void checkNone(LintContext& context, const DisplayCatalogue& display, const Kind& kind,
+void checkNone(LintContext& context, const DisplayCatalogue& display, const SKindInfo& kind,
                const QSet<QString>& listed)
 {
-    if (Kinds::hasNoneEntry(kind.type) && !listed.contains(Guids::none))
+    if (kind.hasNoneEntry && !listed.contains(Guids::none))
         context.report("none-missing", display.file, 0, Guids::none,
-                       QStringLiteral("the %1 list has no \"none\" entry").arg(kind.group),
+                       QStringLiteral("the %1 list has no \"none\" entry").arg(kind.name),
                        QStringLiteral("without it users cannot take a choice back; list it first"));
 }
 
@@ -206,7 +207,7 @@ void Checks::displays(LintContext& context)
     for (const DisplayCatalogue& display : context.tree().displays()) {
         if (!display.readable)
             continue;
-        for (const Kind& kind : Kinds::all()) {
+        for (const SKindInfo& kind : KindTable::all()) {
             QSet<QString> seen;
             for (const DisplayEntry& entry : display.entries) {
                 if (entry.type == kind.type && context.tree().configReadable())

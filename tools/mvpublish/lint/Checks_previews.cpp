@@ -3,12 +3,12 @@
 #include "catalogue/MVThemeMgr.h"
 #include "Guids.h"
 #include "host/HostSettings.h"
-#include "Kinds.h"
 #include "lint/Checks.h"
 #include "lint/LintContext.h"
 #include "lint/NamedFiles.h"
 #include "lint/Picture.h"
 #include "lint/PictureChecks.h"
+#include "records/KindTable.h"
 
 using NamedFiles::NamedBy;
 
@@ -90,12 +90,12 @@ void checkEntry(LintContext& context, const DisplayCatalogue& display, const Dis
         checkNonePictures(context, entry, by);
     ReadTree::library().doItem_Info_Thumb(item);
     ReadTree::library().doItem_Info_Gif(item);
-    if (Kinds::needsThumbnail(entry.type))
+    if (KindTable::of(entry.type).hasThumbnail)
         checkPreview(context, item.m_info_Thumb, by, Role::Thumbnail, true);
     else
         checkPreview(context, spareRecord(entry, item.m_info_Thumb.m_qsUrl), by, Role::Thumbnail,
                      false);
-    if (Kinds::needsAnimation(entry.type))
+    if (KindTable::of(entry.type).hasPreview)
         checkPreview(context, item.m_info_Gif, by, Role::Animation, true);
     else
         checkPreview(context, spareRecord(entry, entry.animation), by, Role::Animation, false);

@@ -6,7 +6,7 @@
 #include "lint/Checks.h"
 #include "lint/GuidChecks.h"
 #include "lint/LintContext.h"
-#include "SourceItem.h"
+#include "records/DependencySlots.h"
 
 #include <QDomDocument>
 
@@ -34,14 +34,15 @@ struct Theme
 
 void checkSlot(LintContext& context, const Theme& theme, EDependType slot, const QString& guid)
 {
-    const ECfgItemType wanted = Slots::kind(slot);
+    const ECfgItemType wanted = DependencySlots::find(slot)->kind;
     if (guid.isEmpty())
         return;
     context.dependencies.insert(guid);
     if (context.tree().find(wanted, guid))
         return;
     const QString path = context.tree().absolute(theme.file);
-    const GuidChecks::Place place{theme.file, lineOf(path, Slots::all().at(slot).second, guid),
+    const GuidChecks::Place place{theme.file,
+                                  lineOf(path, DependencySlots::all().at(slot).name, guid),
                                   context.label(theme.guid), "dependency-unknown"};
     if (guid == theme.guid)
         context.report("theme-self", place.file, place.line, place.item,
@@ -58,8 +59,8 @@ void checkContent(LintContext& context, const Theme& theme, const SThemes_a& con
                        QStringLiteral("the file says it is the theme %1").arg(content.m_qsGUID),
                        QStringLiteral("write the GUID that its catalogue entry has"));
     const auto checkPart = [&](const SThemes_a::SDependArray& part) {
-        for (const auto& slot : Slots::all())
-            checkSlot(context, theme, slot.first, part.at(slot.first).m_qsGUID);
+        for (const auto& slot : DependencySlots::all())
+            checkSlot(context, theme, slot.type, part.at(slot.type).m_qsGUID);
     };
     for (const SThemes_a::SDependArray& part : content.m_vecItems)
         checkPart(part);

@@ -1,10 +1,10 @@
 // Checks: items and files that nobody names.
 
 #include "Guids.h"
-#include "Kinds.h"
 #include "lint/Checks.h"
 #include "lint/LintContext.h"
 #include "lint/NamedFiles.h"
+#include "records/KindTable.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -16,10 +16,10 @@ namespace {
 void useKindLists(LintContext& context)
 {
     const ReadTree& tree = context.tree();
-    for (const Kind& kind : Kinds::all()) {
+    for (const SKindInfo& kind : KindTable::all()) {
         const QString list = (tree.isInstallation() ? QString() : QStringLiteral("config/"))
             + kind.folder + QLatin1Char('/') + kind.folder + QStringLiteral(".xml");
-        if (!kind.hasList)
+        if (!kind.hasDefinitionList)
             continue;
         context.use(list);
         if (NamedFiles::isThere(context, list, {list, 0, QString()}))
@@ -36,7 +36,7 @@ void reportUnusedItems(LintContext& context)
         for (const DisplayEntry& entry : display.entries)
             shown.insert(entry.guid.toUpper());
     }
-    for (const Kind& kind : Kinds::all()) {
+    for (const SKindInfo& kind : KindTable::all()) {
         for (const ConfigEntry& entry : context.tree().config(kind.type)) {
             const QString& guid = entry.item.m_qsGUID;
             if (Guids::isProper(guid) && guid != Guids::none && !shown.contains(guid)
@@ -45,7 +45,7 @@ void reportUnusedItems(LintContext& context)
                                guid,
                                QStringLiteral("no display catalogue shows the %1 and no theme uses "
                                               "it")
-                                   .arg(kind.word),
+                                   .arg(kind.word()),
                                QStringLiteral("show it, or take it away"));
         }
     }

@@ -1,6 +1,6 @@
-#include "catalogue/CatalogueFixture.h"
-#include "catalogue/FavouriteSignals.h"
-#include "FavouritesFile.h"
+#include "catalogue/FavouritesFile.h"
+#include "CatalogueFixture.h"
+#include "FavouriteSignals.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "catalogue/GuidIndex.h"
+#include "catalogue/MVThemeMgr.h"
+#include "records/MvResourceExport.h"
+
+#include <vector>
+
+/// Finds the items of one catalogue file by kind and GUID, many at a time: any number of searches
+/// stays linear in the catalogue.
+///
+/// The catalogue must outlive the index and not change while the index is in use: neither
+/// MVThemeMgr::load(true) nor clear(). One thread at a time.
+class MVRESOURCE_EXPORT CatalogueIndex
+{
+public:
+    explicit CatalogueIndex(const MVThemeMgr::SResourceXML& catalogue);
+
+    /// Returns the first item of the kind with exactly that GUID, or null. Owned by the catalogue.
+    SCfg_Item* find(ECfgItemType kind, const QString& guid);
+
+private:
+    std::vector<GuidIndex> m_kinds; // in the order of ECfgItemType
+};

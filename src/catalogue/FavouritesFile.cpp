@@ -1,0 +1,164 @@
+#include "catalogue/FavouritesFile.h"
+
+#include "catalogue/CatalogueIndex.h"
+#include "catalogue/MVThemeMgr.h"
+#include "host/RegularFile.h"
+#include "records/KindTable.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSaveFile>
+#include <QSet>
+#include <QUuid>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int format = 1;
+constexpr qint64 maxBytes = 16 * 1024 * 1024;
+
+const QString formatKey = QStringLiteral("format");
+const QString listKey = QStringLiteral("favourites");
+const QString kindKey = QStringLiteral("kind");
+const QString guidKey = QStringLiteral("guid");
+const QString nameKey = QStringLiteral("name");
+
+/// An item that has what a mark needs; false for an entry that is none.
+bool readEntry(const QJsonObject& entry, SCfg_Item& item)
+{
+    const QString name = entry.value(kindKey).toString();
+    item.m_qsGUID = entry.value(guidKey).toString();
+    item.m_bCollected = true;
+    if (QUuid(item.m_qsGUID).isNull())
+        return false;
+    for (const SKindInfo& kind : KindTable::all()) {
+        item.m_eType = kind.type;
+        if (kind.favourites != EFavouritesFile::None && kind.exportName == name)
+            return true;
+    }
+    return false;
+}
+
+QJsonObject entryOf(ECfgItemType kind, const QString& guid, const QString& name)
+{
+    return {{kindKey, QString(KindTable::of(kind).exportName)}, {guidKey, guid}, {nameKey, name}};
+}
+
+/// Returns the favourites of a kind that the catalogue shows, and enters their GUIDs.
+QJsonArray shownFavourites(ECfgItemType kind, QSet<QString>& guids)
+{
+    MVThemeMgr* const catalogue = MVThemeMgr::init();
+    QJsonArray list;
+    for (const SCfg_Item& item : *catalogue->getDisplayXML().ofKind(kind)) {
+        if (!catalogue->isItemCollect(&item))
+            continue;
+        list.append(entryOf(kind, item.m_qsGUID, item.m_qsName));
+        guids.insert(item.m_qsGUID);
+    }
+    return list;
+}
+
+void append(QJsonArray& list, const QJsonArray& more)
+{
+    for (const QJsonValue& entry : more)
+        list.append(entry);
+}
+
+QJsonArray allFavourites()
+{
+    // In the order of the file; filters and backgrounds share their marks, so those that the
+    // catalogue does not hold may be either.
+    QSet<QString> themes;
+    QSet<QString> others;
+    QJsonArray list;
+    append(list, shownFavourites(eCfgItem_Theme, themes));
+    append(list, shownFavourites(eCfgItem_Filter, others));
+    append(list, shownFavourites(eCfgItem_BgMaterial, others));
+    const auto appendRest = [&list](ECfgItemType kind, const QSet<QString>& written) {
+        const QStringList marked = MVThemeMgr::init()->favourites(kind);
+        for (const QString& guid : marked) {
+            if (!written.contains(guid))
+                list.append(entryOf(kind, guid, QString()));
+        }
+    };
+    appendRest(eCfgItem_Theme, themes);
+    appendRest(eCfgItem_Filter, others);
+    return list;
+}
+
+} // namespace
+
+bool FavouritesFile::write(const QString& path)
+{
+    m_error = Error::None;
+    const QJsonArray list = allFavourites();
+    m_count = list.size();
+    QSaveFile file(path);
+    const QByteArray bytes =
+        QJsonDocument(QJsonObject{{formatKey, format}, {listKey, list}}).toJson();
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+        return fail(Error::CannotWrite, path, file.errorString());
+    return true;
+}
+
+bool FavouritesFile::read(const QString& path)
+{
+    m_error = Error::None;
+    QFile file(path);
+    QString reason;
+    if (!RegularFile::open(file, QIODevice::ReadOnly, &reason))
+        return fail(Error::CannotRead, path, reason);
+    const QJsonDocument document = QJsonDocument::fromJson(file.read(maxBytes));
+    const QJsonValue list = document.object().value(listKey);
+    if (document.object().value(formatKey).toInt() != format || !list.isArray())
+        return fail(Error::NotFavourites, path);
+    QVector<SCfg_Item> items;
+    const QJsonArray entries = list.toArray();
+    for (int entry = 0; entry < entries.size(); ++entry) {
+        SCfg_Item item;
+        if (!readEntry(entries.at(entry).toObject(), item))
+            return fail(Error::BadEntry, path);
+        items.append(item);
+    }
+    MVThemeMgr* const catalogue = MVThemeMgr::init();
+    CatalogueIndex shownItems(catalogue->getDisplayXML());
+    m_unknown = 0;
+    for (const SCfg_Item& mark : qAsConst(items)) {
+        SCfg_Item* const item = shownItems.find(mark.m_eType, mark.m_qsGUID);
+        if (item)
+            item->m_bCollected = true;
+        else
+            ++m_unknown;
+        catalogue->setItemCollected(item ? item : &mark);
+    }
+    m_count = items.size();
+    return true;
+}
+
+QString FavouritesFile::errorText() const
+{
+    switch (m_error) {
+    case Error::None:
+        break;
+    case Error::CannotWrite:
+        return QStringLiteral("%1 cannot be written: %2").arg(m_path, m_reason);
+    case Error::CannotRead:
+        return QStringLiteral("%1 cannot be read: %2").arg(m_path, m_reason);
+    case Error::NotFavourites:
+        return QStringLiteral("%1 is no file of favourites").arg(m_path);
+    case Error::BadEntry:
+        return QStringLiteral("%1 holds an entry that is no favourite").arg(m_path);
+    }
+    return {};
+}
+
+bool FavouritesFile::fail(Error error, const QString& path, const QString& reason)
+{
+    m_error = error;
+    m_path = path;
+    m_reason = reason;
+    return false;
+}

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "records/MvResourceExport.h"
+
+#include <QSet>
+#include <QString>
+#include <QVector>
+
+struct SCfg_Item;
+struct SFileInfo;
+
+/// The files of one item and of everything that it uses, each file once, as they were on disk when
+/// the object was made.
+///
+/// Items that it names belong to the catalogue: the object must not be used after
+/// MVThemeMgr::load(true) or clear(). Call on any thread that may use the catalogue; making the
+/// object looks at the disk once per file.
+class MVRESOURCE_EXPORT ItemFiles
+{
+public:
+    enum class Role {
+        Thumbnail,
+        Preview, ///< animated
+        Config,  ///< the item's own definition
+        Resource,
+    };
+
+    struct Entry
+    {
+        Role role;
+        const SCfg_Item* item; ///< the first that needs the file
+        QString path;          ///< absolute, without doubled slashes
+        QString url;
+        bool isPresent;
+        qint64 sizeBytes; ///< on disk; 0 for a missing file
+    };
+
+    /// Looks up the files of an item whose theme config, if any, has been parsed already, see
+    /// MVThemeMgr::ensureThemeParsed(). Sets the local paths of all records on the way.
+    explicit ItemFiles(SCfg_Item& item);
+
+    /// Returns the files of the item, then those of the items it uses, in the order of uses().
+    const QVector<Entry>& entries() const { return m_entries; }
+    /// Returns the items that a theme uses, each once, in the order of its config.
+    const QVector<SCfg_Item*>& uses() const { return m_uses; }
+    int missingCount() const;
+    qint64 totalBytes() const;
+
+    /// Returns how many different files must be fetched before the item can be used. Parses a
+    /// theme's config if that has not happened. Where the host checks content, a config that cannot
+    /// be parsed counts as missing.
+    static int countNeeded(SCfg_Item& item);
+    /// Returns whether there are any.
+    static bool needsAny(SCfg_Item& item);
+
+private:
+    void add(SCfg_Item& item);
+    void add(Role role, const SCfg_Item& item, const SFileInfo& info);
+
+    QVector<Entry> m_entries;
+    QSet<QString> m_paths; // of the entries
+    QVector<SCfg_Item*> m_uses;
+};

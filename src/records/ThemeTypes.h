@@ -1,0 +1,32 @@
+#pragma once
+
+#include "records/MvResourceExport.h"
+
+#include <QLatin1String>
+#include <QString>
+
+#include <array>
+
+/// The types of themes: their names in the catalogue files and their codes in
+/// SCfg_Item::m_nThemeType. Constant; any thread.
+class MVRESOURCE_EXPORT ThemeTypes
+{
+public:
+    struct Type
+    {
+        QLatin1String name;
+        int code;
+    };
+    using Types = std::array<Type, 4>;
+
+    ThemeTypes() = delete;
+
+    /// Returns the types in the order in which catalogues list their groups; others() is the last.
+    static const Types& all();
+    /// Returns the type that any unknown name or code counts as.
+    static const Type& others() { return all().back(); }
+    /// Returns the code of a name, compared exactly.
+    static int code(const QString& name);
+    /// Returns the name of a code.
+    static QString name(int code);
+};
