@@ -1,6 +1,7 @@
 #include "DemoWorld.h"
 
 #include "host/HostSettings.h"
+#include "host/ProductParam.h"
 
 #include <QFileInfo>
 
@@ -35,6 +36,6 @@ void DemoWorld::describe(HostSettings& settings) const
     settings.testOutputDir = sample("testoutput");
     settings.dataLocation = folder() + QStringLiteral("/data");
     settings.appDataPath = folder() + QStringLiteral("/work");
-    settings.productParams.insert(QStringLiteral("url_themeRootDir"), m_server.url());
-    settings.productParams.insert(QStringLiteral("url_slidershow"), m_server.url());
+    settings.productParams.insert(ProductParam::serverRoot, m_server.url());
+    settings.productParams.insert(ProductParam::moreAddress, m_server.url());
 }

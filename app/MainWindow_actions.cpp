@@ -8,7 +8,7 @@
 #include "download/CatalogueUpdate.h"
 #include "FailureBox.h"
 #include "host/HostSettings.h"
-#include "host/TzProductInfo.h"
+#include "host/ProductParam.h"
 #include "MainWindow.h"
 #include "Preferences.h"
 #include "ResourceList.h"
@@ -150,8 +150,7 @@ void MainWindow::openFolder(const QString& folder)
 
 void MainWindow::openMore()
 {
-    const QUrl address(
-        TzProductInfo::instance()->extendParam(QStringLiteral("url_slidershow"), QString()));
+    const QUrl address(ProductParam::text(ProductParam::moreAddress));
     if (!QDesktopServices::openUrl(address))
         say(tr("No program opens the address %1").arg(address.toDisplayString()));
 }

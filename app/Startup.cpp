@@ -6,6 +6,7 @@
 #include "host/AppOptions.h"
 #include "host/HostSettings.h"
 #include "host/LogL.h"
+#include "host/ProductParam.h"
 
 #include <QDir>
 #include <QStandardPaths>
@@ -31,7 +32,7 @@ bool Startup::readSettings(const CommandLine& commandLine)
     setLogSink(commandLine.verbose ? &writeLog : &dropLog);
     HostSettings& settings = hostSettings();
     settings = HostSettings::recommended();
-    for (const char* shown : {"hasMV", "hasSplit"})
+    for (const QLatin1String shown : {ProductParam::hasThemes, ProductParam::hasBackgrounds})
         settings.productParams.insert(QLatin1String(shown), QStringLiteral("1"));
     if (commandLine.demo) {
         m_demo = std::make_unique<DemoWorld>();
@@ -45,7 +46,7 @@ bool Startup::readSettings(const CommandLine& commandLine)
     if (!commandLine.resources.isEmpty())
         settings.resourcesPath = QDir::cleanPath(QDir().absoluteFilePath(commandLine.resources));
     if (!commandLine.server.isEmpty())
-        settings.productParams.insert(QStringLiteral("url_themeRootDir"), commandLine.server);
+        settings.productParams.insert(ProductParam::serverRoot, commandLine.server);
 
     const QString root = commandLine.root.isEmpty()
         ? settings.dataLocation + QStringLiteral("/download")

@@ -7,7 +7,7 @@
 #include "browser/MVThemeSortFilterProxyModel.h"
 #include "catalogue/MVThemeMgr.h"
 #include "catalogue/NoneEntry.h"
-#include "host/TzProductInfo.h"
+#include "host/ProductParam.h"
 #include "host/widgets/SkinWidget.h"
 
 #include <QCoreApplication>
@@ -154,10 +154,7 @@ void mvThemelistview::initData(const QUuid& /*unused*/, bool /*unused*/)
         return;
     for (const SCfg_Item& item : getItems(m_eType))
         appendItem(item);
-    if (m_eType == UIItem_Themes
-        && !TzProductInfo::instance()
-                ->extendParam(QStringLiteral("url_slidershow"), QString())
-                .isEmpty())
+    if (m_eType == UIItem_Themes && !ProductParam::text(ProductParam::moreAddress).isEmpty())
         appendRow(QString(), 0, QString());
     nameMoreRow();
     updateItemState();

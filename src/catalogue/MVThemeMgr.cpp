@@ -1,12 +1,13 @@
 #include "catalogue/MVThemeMgr.h"
 
+#include "catalogue/CatalogueUse.h"
 #include "catalogue/CollectFile.h"
 #include "catalogue/FixedGuids.h"
 #include "catalogue/NoneEntry.h"
 #include "catalogue/PathGuard.h"
 #include "host/HostSettings.h"
 #include "host/LogL.h"
-#include "host/TzProductInfo.h"
+#include "host/ProductParam.h"
 #include "records/FileView.h"
 #include "records/KindTable.h"
 
@@ -70,8 +71,14 @@ MVThemeMgr::~MVThemeMgr()
 
 void MVThemeMgr::load(bool bReload)
 {
-    if (m_bLoaded && !bReload)
-        return;
+    if (!m_bLoaded || bReload)
+        tryReload();
+}
+
+bool MVThemeMgr::tryReload()
+{
+    if (isInUse("load"))
+        return false;
     clearVectors();
     readThemeCollect();
     readFilterCollect();
@@ -80,12 +87,13 @@ void MVThemeMgr::load(bool bReload)
     if (hasThemes())
         parseThemes();
     m_bLoaded = true;
+    return true;
 }
 
 /// Returns whether the product uses themes, so that their own configs count.
 bool MVThemeMgr::hasThemes()
 {
-    return TzProductInfo::instance()->extendParam(QStringLiteral("hasMV"), QString()).toInt() != 0;
+    return ProductParam::isOn(ProductParam::hasThemes);
 }
 
 /// Returns whether a file of an item is really below the download root or in the installed tree, by
@@ -96,11 +104,29 @@ bool MVThemeMgr::isReadable(const QString& file)
         || PathGuard::isReallyInside(Path_resource_RootDir(eLoadDir_Local), file);
 }
 
+/// Returns, with a line in the log, whether the items have to stay where they are.
+bool MVThemeMgr::isInUse(const char* operation)
+{
+    const int uses = CatalogueUse::count();
+    if (uses == 0)
+        return false;
+    LogL("MVThemeMgr", 3, "%s does nothing: %d downloads use the catalogue", operation, uses);
+    return true;
+}
+
 void MVThemeMgr::clear()
 {
+    tryClear();
+}
+
+bool MVThemeMgr::tryClear()
+{
+    if (isInUse("clear"))
+        return false;
     m_bLoaded = false;
     m_pCurApplyTheme = nullptr;
     clearVectors();
+    return true;
 }
 
 void MVThemeMgr::clearVectors()

@@ -36,8 +36,8 @@ class CatalogueIndex;
 /// GUI thread neither loads nor clears; and the read_resource_*_a readers on vectors of their own.
 ///
 /// Ownership. The manager owns all items and parsed themes. Pointers to items, to their file
-/// records and to parsed themes are valid until the next load(true) or clear(), so do neither while
-/// a download or a check runs. Do not keep a copy of one of the item vectors: changing a shared
+/// records and to parsed themes are valid until the next load(true) or clear(), which are refused
+/// while a download runs. Do not keep a copy of one of the item vectors: changing a shared
 /// vector moves its items.
 ///
 /// Failures are log lines (category "MVThemeMgr") and empty results; nothing is thrown.
@@ -85,8 +85,14 @@ public:
     /// Reads favourites and both catalogue files; with the product parameter "hasMV" (a non-zero
     /// integer) every theme's own config too. Does nothing if it has been read and `bReload` is
     /// false. Invalidates every pointer into the catalogue, except the theme applied last, which
-    /// the host sets again.
+    /// the host sets again. While downloads work on items, it does nothing but log a warning.
     void load(bool bReload);
+
+    /// The same as load(true) and clear() for hosts that want to know: false, and nothing has
+    /// changed, while downloads work on items, see CatalogueUse. Cancel these or wait for their
+    /// end, and call again.
+    bool tryReload();
+    bool tryClear();
 
     /// Parses the config of every displayed theme that has its config file on disk.
     void parseThemes();
@@ -98,7 +104,8 @@ public:
     /// parsed.
     bool ensureThemeParsed(SCfg_Item& item);
 
-    /// Forgets all items and the theme applied last; favourites and the root stay.
+    /// Forgets all items and the theme applied last; favourites and the root stay. Refused like
+    /// load().
     void clear();
 
     /// @}
@@ -275,6 +282,7 @@ private:
     bool isEditFilter(QVector<SCfg_Item>& vec, QString id);
     static bool hasThemes();
     bool isReadable(const QString& file);
+    static bool isInUse(const char* operation);
     QVector<SFileInfo*> ownNeededFiles(SCfg_Item& item);
     void clearVectors();
     void readTheme(const QString& path, CatalogueIndex& dependencies, SThemes_a*& out);

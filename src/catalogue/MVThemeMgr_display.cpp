@@ -5,7 +5,7 @@
 #include "catalogue/NoneEntry.h"
 #include "catalogue/XmlFile.h"
 #include "host/LogL.h"
-#include "host/TzProductInfo.h"
+#include "host/ProductParam.h"
 #include "records/KindTable.h"
 
 #include <QDomDocument>
@@ -57,9 +57,8 @@ void MVThemeMgr::read_resource_display_xml()
         XmlFile::release(root, kind.name);
     }
 
-    const QString fewer =
-        TzProductInfo::instance()->extendParam(QStringLiteral("disableDownloadFiter"), QString());
-    if (fewer == QLatin1String("1") && m_sDisplayXML.vecFilter.size() > fewFilters)
+    if (ProductParam::text(ProductParam::fewFilters) == QLatin1String("1")
+        && m_sDisplayXML.vecFilter.size() > fewFilters)
         m_sDisplayXML.vecFilter.resize(fewFilters);
 }
 

@@ -3,7 +3,7 @@
 #include "catalogue/MVThemeMgr.h"
 #include "catalogue/PathGuard.h"
 #include "host/LogL.h"
-#include "host/TzProductInfo.h"
+#include "host/ProductParam.h"
 #include "host/TzResourceMgr.h"
 #include "records/FileView.h"
 #include "records/KindTable.h"
@@ -35,7 +35,7 @@ QString kindPattern(ECfgItemType k)
 
 QString serverRoot()
 {
-    return TzProductInfo::instance()->extendParam(QStringLiteral("url_themeRootDir"), QString());
+    return ProductParam::text(ProductParam::serverRoot);
 }
 
 } // namespace
@@ -129,8 +129,7 @@ QString MVThemeMgr::downLoadUrl(EDirTag t, QString name)
 
 bool MVThemeMgr::isServerAddress(const QString& url) const
 {
-    const QUrl root(
-        TzProductInfo::instance()->extendParam(QStringLiteral("url_themeRootDir"), QString()));
+    const QUrl root(serverRoot());
     const QUrl address(url);
     return address.isValid() && address.scheme() == root.scheme()
         && address.authority(QUrl::FullyEncoded) == root.authority(QUrl::FullyEncoded);

@@ -3,6 +3,7 @@
 #include "catalogue/MVThemeMgr.h"
 #include "catalogue/XmlGuard.h"
 #include "download/CheckTransfer.h"
+#include "download/VersionFile.h"
 #include "host/AppOptions.h"
 #include "host/FileLock.h"
 #include "host/HostSettings.h"
@@ -12,50 +13,26 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <algorithm>
-#include <limits>
-
 namespace {
 
 constexpr char category[] = "CheckCfgWorker";
-constexpr qint64 largestVersionFile = 64 * 1024;
 constexpr int filesOfACheck = 3; // version file and two catalogue files
-
-/// A format version without its dots, as a number. One that exceeds the range is the largest
-/// number, so that it counts as newer than any real one.
-int numberOf(const QString& version)
-{
-    const QString digits = QString(version).remove(QLatin1Char('.'));
-    bool isNumber = false;
-    const int number = digits.toInt(&isNumber);
-    const bool isTooLarge = !isNumber && digits.toDouble(&isNumber) > 0 && isNumber
-        && std::all_of(digits.cbegin(), digits.cend(), [](QChar c) { return c.isDigit(); });
-    return isTooLarge ? std::numeric_limits<int>::max() : number;
-}
 
 void logFile(int level, const char* format, const QString& url, const QString& file)
 {
     LogL(category, level, format, url.toUtf8().constData(), file.toUtf8().constData());
 }
 
-void logChecksums(int level, const char* format,
-                  const CheckWorker_CfgAndDisplayXML::SVersion& version)
+void logChecksums(int level, const char* format, const SCatalogueVersion& version)
 {
     LogL(category, level, format, version.m_qsVer_config.toUtf8().constData(),
          version.m_qsVer_Display.toUtf8().constData());
 }
 
-void logNumber(const char* format, const CheckWorker_CfgAndDisplayXML::SVersion& version)
+void logNumber(const char* format, const SCatalogueVersion& version)
 {
-    LogL("MVThemeMgr", 2, format, numberOf(version.m_qsVersion), version.bLoadXMLOK ? 1 : 0,
+    LogL("MVThemeMgr", 2, format, version.number(), version.bLoadXMLOK ? 1 : 0,
          version.m_hasVersion ? 1 : 0);
-}
-
-CheckWorker_CfgAndDisplayXML::SVersion noVersion()
-{
-    CheckWorker_CfgAndDisplayXML::SVersion version;
-    version.m_hasVersion = false;
-    return version;
 }
 
 } // namespace
@@ -136,7 +113,7 @@ bool CheckWorker_CfgAndDisplayXML::fetchVersion(CheckTransfer& transfer)
     if (stopIfCancelled(2, url, file))
         return false;
     transfer.setTimeLimit(std::chrono::milliseconds(hostSettings().versionTimeoutMs));
-    const ETransferResult result = transfer.fetch(url, file, largestVersionFile);
+    const ETransferResult result = transfer.fetch(url, file, VersionFile::maxBytes);
     transfer.setTimeLimit(std::chrono::milliseconds::zero());
     if (result != eTransfer_Success) {
         noteFailure(result, transfer.failure(), true);
@@ -157,15 +134,15 @@ bool CheckWorker_CfgAndDisplayXML::fetchVersion(CheckTransfer& transfer)
 
 bool CheckWorker_CfgAndDisplayXML::readVersions()
 {
-    m_sVer_Ser = noVersion();
-    m_sVer_Download = noVersion();
-    m_sVer_Local = noVersion();
+    m_sVer_Ser = SVersion::none();
+    m_sVer_Download = SVersion::none();
+    m_sVer_Local = SVersion::none();
 
     const QString fetched = getDownLoad_XML_Temp(EType_XML_resource_version_xml, true);
     m_qsVersionSum = Utils::getMD5(fetched);
     getVersionInfo(fetched, m_sVer_Ser);
     logChecksums(2, "m_sVer_Ser, m_qsVer_config = %s, m_qsVer_Display = %s", m_sVer_Ser);
-    if (m_sVer_Ser.m_qsVer_config.isEmpty() || m_sVer_Ser.m_qsVer_Display.isEmpty()) {
+    if (!m_sVer_Ser.isComplete()) {
         note(eCatalogueCheck_Rejected,
              m_sVer_Ser.bLoadXMLOK
                  ? QStringLiteral("the server's version file announces no checksums")
@@ -188,8 +165,8 @@ bool CheckWorker_CfgAndDisplayXML::readVersions()
 /// Only catalogues of the installed format version are fetched.
 bool CheckWorker_CfgAndDisplayXML::isSameFormat()
 {
-    const int server = numberOf(m_sVer_Ser.m_qsVersion);
-    const int installed = numberOf(m_sVer_Local.m_qsVersion);
+    const int server = m_sVer_Ser.number();
+    const int installed = m_sVer_Local.number();
     logNumber("nVer_ser [%d] ,bLoadXMLOK [%d], m_hasVersion [%d].", m_sVer_Ser);
     logNumber("nVer_Download [%d],bLoadXMLOK [%d], m_hasVersion [%d].", m_sVer_Download);
     logNumber("nVer_Local [%d],bLoadXMLOK [%d], m_hasVersion [%d].", m_sVer_Local);
@@ -210,11 +187,8 @@ bool CheckWorker_CfgAndDisplayXML::isSameFormat()
 
 void CheckWorker_CfgAndDisplayXML::checkNeedUpdate(bool& needConfig, bool& needDisplay)
 {
-    const auto isComplete = [](const SVersion& version) {
-        return !version.m_qsVer_config.isEmpty() && !version.m_qsVer_Display.isEmpty();
-    };
-    const bool downloaded = isComplete(m_sVer_Download);
-    const bool known = downloaded || isComplete(m_sVer_Local);
+    const bool downloaded = m_sVer_Download.isComplete();
+    const bool known = downloaded || m_sVer_Local.isComplete();
     const SVersion& own = downloaded ? m_sVer_Download : m_sVer_Local;
     // Whatever the version files say, the files that clients read count: they may be damaged or
     // missing, or be what a check that was killed between two files has left.

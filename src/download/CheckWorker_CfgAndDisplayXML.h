@@ -3,6 +3,7 @@
 #include "download/EType_XML.h"
 #include "download/ProgressReport.h"
 #include "download/SCatalogueCheckResult.h"
+#include "download/SCatalogueVersion.h"
 #include "host/CancelToken.h"
 #include "host/CurWrapper.h"
 #include "records/MvResourceExport.h"
@@ -32,15 +33,7 @@ class MVRESOURCE_EXPORT CheckWorker_CfgAndDisplayXML : public QObject
     Q_OBJECT
 
 public:
-    /// Content of one version file.
-    struct SVersion
-    {
-        QString m_qsVersion;     ///< dotted decimal, such as "1.0.2"
-        QString m_qsVer_Display; ///< MD5 of the display catalogue, lower case
-        QString m_qsVer_config;  ///< MD5 of the config catalogue, lower case
-        bool bLoadXMLOK = false; ///< the file was read and well-formed
-        bool m_hasVersion = true;
-    };
+    using SVersion = SCatalogueVersion;
     using ResultCallback = std::function<void(const SCatalogueCheckResult&)>;
 
     /// `cancel` belongs to whoever starts the operation, who may cancel it by the token, too.
@@ -64,8 +57,7 @@ public:
 
     /// Sets, never clears, what has to be fetched, by the version files read so far.
     void checkNeedUpdate(bool& needConfig, bool& needDisplay);
-    /// Reads a version file; at most 64 KiB. One that cannot be read empties `out`; a checksum
-    /// that is missing leaves that of `out` as it is.
+    /// Reads a version file, see VersionFile.
     void getVersionInfo(const QString& file, SVersion& out);
     /// The "Version" of the first theme in a file, three parts a.b.c as a number of three digits;
     /// 0 if there is none.

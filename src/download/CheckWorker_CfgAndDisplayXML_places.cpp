@@ -1,10 +1,11 @@
-// CheckWorker_CfgAndDisplayXML: where the catalogue files lie, and reading version files.
+// CheckWorker_CfgAndDisplayXML: the places of the catalogue files.
 
 #include "catalogue/MVThemeMgr.h"
 #include "download/CheckWorker_CfgAndDisplayXML.h"
+#include "download/VersionFile.h"
 #include "host/AppOptions.h"
 #include "host/LogL.h"
-#include "host/TzProductInfo.h"
+#include "host/ProductParam.h"
 
 #include <QDir>
 #include <QDomDocument>
@@ -15,7 +16,6 @@
 
 namespace {
 
-constexpr qint64 largestVersionFile = 64 * 1024;
 constexpr int versionParts = 3;
 
 // Objects of the library's, not of the function's: a check may outlive what main has created.
@@ -94,10 +94,8 @@ QString CheckWorker_CfgAndDisplayXML::EType_XML2Str(EType_XML type)
 QString CheckWorker_CfgAndDisplayXML::getSerThemeRootDir()
 {
     const std::lock_guard<std::mutex> lock(rootMutex);
-    if (rootInUse.isEmpty()) {
-        rootInUse =
-            TzProductInfo::instance()->extendParam(QStringLiteral("url_themeRootDir"), QString());
-    }
+    if (rootInUse.isEmpty())
+        rootInUse = ProductParam::text(ProductParam::serverRoot);
     return rootInUse;
 }
 
@@ -140,25 +138,7 @@ QString CheckWorker_CfgAndDisplayXML::getDownLoad_XML_Temp(EType_XML type, bool 
 
 void CheckWorker_CfgAndDisplayXML::getVersionInfo(const QString& file, SVersion& out)
 {
-    QDomDocument doc;
-    if (QFileInfo(file).size() > largestVersionFile || !MVThemeMgr::init()->checkXml(file, doc)) {
-        LogL("MVThemeMgr", 1, "getVersionInfo strFile = [%s],is error!", file.toUtf8().constData());
-        out = SVersion();
-        out.m_hasVersion = false;
-        return;
-    }
-    const QString value = QStringLiteral("value");
-    const QDomElement root = doc.documentElement();
-    out.bLoadXMLOK = true;
-    out.m_hasVersion = root.hasAttribute(value);
-    out.m_qsVersion = root.attribute(value);
-    const auto read = [&](const QString& tag, QString& checksum) {
-        const QDomElement element = root.firstChildElement(tag);
-        if (!element.isNull())
-            checksum = element.attribute(value).toLower();
-    };
-    read(QStringLiteral("dislplay"), out.m_qsVer_Display);
-    read(QStringLiteral("config"), out.m_qsVer_config);
+    VersionFile::read(file, out);
 }
 
 int CheckWorker_CfgAndDisplayXML::readVersionFromXML(QString file)

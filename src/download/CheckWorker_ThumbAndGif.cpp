@@ -6,7 +6,7 @@
 #include "host/ETransferResult.h"
 #include "host/HostSettings.h"
 #include "host/LogL.h"
-#include "host/TzProductInfo.h"
+#include "host/ProductParam.h"
 #include "records/FileView.h"
 
 #include <QDomDocument>
@@ -20,12 +20,6 @@ constexpr char fileCategory[] = "MVThemeDownLoader";
 // Numbers of the cancellation points, as they stand in the log.
 constexpr int pointAfterThumb = 1119;
 constexpr int pointAfterGif = 1151;
-
-bool isOn(const char* param)
-{
-    return TzProductInfo::instance()->extendParam(QString::fromLatin1(param), QString()).toInt()
-        != 0;
-}
 
 /// Reads the downloaded catalogue file, or the installed one if that is unusable. False, with the
 /// paths of both in `reason`, if neither can be read.
@@ -91,8 +85,8 @@ bool CheckWorker_ThumbAndGif::onStartDownload_ThumbAndGif()
 {
     LogL(category, 1, "onStartDownload_ThumbAndGif start!");
     m_result = SPreviewRunResult();
-    const bool hasMV = isOn("hasMV");
-    const bool hasSplit = isOn("hasSplit");
+    const bool hasMV = ProductParam::isOn(ProductParam::hasThemes);
+    const bool hasSplit = ProductParam::isOn(ProductParam::hasBackgrounds);
     if (!readConfig(hasMV, hasSplit) || !readDisplay(hasMV, hasSplit)) {
         m_result.m_eEnd = ePreviewRun_NoCatalogue;
         return end(false);

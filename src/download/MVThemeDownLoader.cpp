@@ -41,6 +41,7 @@ void MVThemeDownLoader::download(SCfg_Item* item)
             return;
         wait(); // the end signal is out, only the thread's last steps are left
     }
+    m_use.emplace();
     m_bEnded = false;
     m_failure = STransferFailure(); // no thread is there yet
     m_pItem = item;
@@ -132,6 +133,7 @@ MVThemeDownLoader::Step MVThemeDownLoader::end(EMVThemeDownLoadError result)
         if (isCancelled())
             m_failure = STransferFailure(); // whoever stopped it wants no reason
     }
+    m_use.reset(); // whoever receives the signal may load the catalogue
     m_bEnded = true;
     emit sigDownloadFinish(result);
     return Step::Ended;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalogue/CatalogueUse.h"
 #include "download/SItemDownloadResult.h"
 #include "host/CancelToken.h"
 #include "host/CBasePtr.h"
@@ -14,6 +15,7 @@
 #include <QVector>
 
 #include <atomic>
+#include <optional>
 
 class CoreContext;
 struct SCfg_Item;
@@ -26,8 +28,8 @@ struct SFileInfo;
 /// sigDownloadFinish(). Then destroy it or download the next item. A downloader that was cancelled
 /// stays cancelled: take a new one.
 ///
-/// The item and its file records belong to the catalogue (MVThemeMgr), which must neither be loaded
-/// nor cleared before the end. Downloads that need the same file share the work: the record's mutex
+/// The item and its file records belong to the catalogue (MVThemeMgr), which refuses to be loaded
+/// or cleared before the end. Downloads that need the same file share the work: the record's mutex
 /// decides who fetches it, the others wait. Nothing is written outside the download root.
 ///
 /// The constructor, download(), cancel(), the accessors and the destructor are called on one
@@ -119,6 +121,7 @@ private:
     STransferFailure m_failure;
     EMVThemeDownLoadError m_eEnd = eDownLoadError_None;
     mutable QMutex m_mutexCurrent;     // guards m_strUrl, m_strFile, m_failure, m_eEnd
+    std::optional<CatalogueUse> m_use; // from download() to the end signal
     bool m_bReplacesConfig = false;    // the config file is there but cannot be used
     std::atomic<bool> m_bEnded{false}; // the end signal of this download has been sent
 };

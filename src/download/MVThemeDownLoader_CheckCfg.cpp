@@ -82,17 +82,64 @@ void MVThemeDownLoader_CheckCfg::setPreviewRunCallback(PreviewRunCallback callba
     m_funPreviewRunEnded = std::move(callback);
 }
 
-bool MVThemeDownLoader_CheckCfg::startDownloadXML()
+/// Makes the worker of a run and starts its thread; false, with a line in the log, while one runs.
+template <class Worker>
+bool MVThemeDownLoader_CheckCfg::begin(Worker*& worker, QThread& thread, CancelToken& cancel,
+                                       int level, const char* busy)
 {
-    if (m_pWorker) {
-        LogL(category, 2, "MVThemeDownLoader_CheckCfg startDownloadXML, but it is downloading!");
+    if (worker) {
+        LogL(category, level, busy);
         return false;
     }
-    m_cancelCheck = CancelToken();
-    m_pWorker = new CheckWorker_CfgAndDisplayXML(m_cancelCheck);
-    m_pWorker->moveToThread(&m_thread_CfgAndDisplayXML);
-    connectWorker(m_pWorker);
-    startThread(m_thread_CfgAndDisplayXML);
+    cancel = CancelToken();
+    worker = new Worker(cancel);
+    worker->moveToThread(&thread);
+    connectWorker(worker);
+    startThread(thread);
+    return true;
+}
+
+/// Parts with the worker of a run that has ended. Its thread deletes it, unless that has ended,
+/// too.
+template <class Worker>
+void MVThemeDownLoader_CheckCfg::leave(Worker*& worker, const CancelToken& cancel, const char* text)
+{
+    if (!worker)
+        return;
+    disconnect(worker);
+    m_vecLeaving.erase(std::remove_if(m_vecLeaving.begin(), m_vecLeaving.end(),
+                                      [](const Leaving& other) { return !other.worker; }),
+                       m_vecLeaving.end());
+    m_vecLeaving.append({worker, cancel}); // before the thread may delete it
+    worker->deleteLater();
+    worker = nullptr;
+    LogL(category, 1, text);
+}
+
+template <class Worker>
+void MVThemeDownLoader_CheckCfg::cancel(Worker* worker, const char* text)
+{
+    if (!worker)
+        return;
+    LogL(category, 1, text);
+    worker->cancel();
+}
+
+template <class Worker>
+void MVThemeDownLoader_CheckCfg::passProgressOn(Worker* worker, ProgressSignal signal)
+{
+    worker->setProgressCallback([this, signal](const SUpdateProgress& progress) {
+        QMetaObject::invokeMethod(
+            this, [this, signal, progress] { emit(this->*signal)(progress); },
+            Qt::QueuedConnection);
+    });
+}
+
+bool MVThemeDownLoader_CheckCfg::startDownloadXML()
+{
+    if (!begin(m_pWorker, m_thread_CfgAndDisplayXML, m_cancelCheck, 2,
+               "MVThemeDownLoader_CheckCfg startDownloadXML, but it is downloading!"))
+        return false;
     emit sig_startDownloadXML(QStringLiteral("start!"));
     LogL(category, 2, "MVThemeDownLoader_CheckCfg startDownloadXML, download start!");
     return true;
@@ -124,23 +171,14 @@ void MVThemeDownLoader_CheckCfg::connectWorker(CheckWorker_CfgAndDisplayXML* wor
             },
             Qt::QueuedConnection);
     });
-    worker->setProgressCallback([this](const SUpdateProgress& progress) {
-        QMetaObject::invokeMethod(
-            this, [this, progress] { emit sig_checkProgress(progress); }, Qt::QueuedConnection);
-    });
+    passProgressOn(worker, &MVThemeDownLoader_CheckCfg::sig_checkProgress);
 }
 
 bool MVThemeDownLoader_CheckCfg::startDownloadThumbAndGif()
 {
-    if (m_pWorker_ThumbAndGif) {
-        LogL(category, 1, "m_pWorker_ThumbAndGif startDownloadThumbAndGif, but it is downloading!");
+    if (!begin(m_pWorker_ThumbAndGif, m_thread_ThumbAndGif, m_cancelPreviews, 1,
+               "m_pWorker_ThumbAndGif startDownloadThumbAndGif, but it is downloading!"))
         return false;
-    }
-    m_cancelPreviews = CancelToken();
-    m_pWorker_ThumbAndGif = new CheckWorker_ThumbAndGif(m_cancelPreviews);
-    m_pWorker_ThumbAndGif->moveToThread(&m_thread_ThumbAndGif);
-    connectWorker(m_pWorker_ThumbAndGif);
-    startThread(m_thread_ThumbAndGif);
     emit sig_startDownloadThumbAndGif(QStringLiteral("start!"));
     LogL(category, 1, "MVThemeDownLoader_CheckCfg sig_startDownloadThumbAndGif, download start!");
     return true;
@@ -161,10 +199,7 @@ void MVThemeDownLoader_CheckCfg::connectWorker(CheckWorker_ThumbAndGif* worker)
                     callback(*result);
                 emit sig_previewsFetched(*result);
             });
-    worker->setProgressCallback([this](const SUpdateProgress& progress) {
-        QMetaObject::invokeMethod(
-            this, [this, progress] { emit sig_previewsProgress(progress); }, Qt::QueuedConnection);
-    });
+    passProgressOn(worker, &MVThemeDownLoader_CheckCfg::sig_previewsProgress);
 }
 
 void MVThemeDownLoader_CheckCfg::onEndDownloadXML(bool)
@@ -173,12 +208,8 @@ void MVThemeDownLoader_CheckCfg::onEndDownloadXML(bool)
         m_bQuitting = true;
         m_thread_CfgAndDisplayXML.quit();
     }
-    if (m_pWorker) {
-        leave(m_pWorker, m_cancelCheck);
-        m_pWorker = nullptr;
-        LogL(category, 1,
-             "MVThemeDownLoader_CheckCfg CheckCfgWorker onFinished! m_pWorker->deleteLater();");
-    }
+    leave(m_pWorker, m_cancelCheck,
+          "MVThemeDownLoader_CheckCfg CheckCfgWorker onFinished! m_pWorker->deleteLater();");
     startDownloadThumbAndGif();
 }
 
@@ -193,44 +224,23 @@ void MVThemeDownLoader_CheckCfg::onCatalogueThreadFinished()
 
 void MVThemeDownLoader_CheckCfg::onEndDownloadThumbAndGif(bool)
 {
-    if (!m_pWorker_ThumbAndGif)
-        return;
-    leave(m_pWorker_ThumbAndGif, m_cancelPreviews);
-    m_pWorker_ThumbAndGif = nullptr;
-    LogL(category, 1,
-         "MVThemeDownLoader_CheckCfg onEndDownloadThumbAndGif onFinished! "
-         "m_pWorker_ThumbAndGif->deleteLater();");
-}
-
-/// The worker's thread deletes it, unless it has ended meanwhile.
-void MVThemeDownLoader_CheckCfg::leave(QObject* worker, const CancelToken& cancel)
-{
-    disconnect(worker);
-    m_vecLeaving.erase(std::remove_if(m_vecLeaving.begin(), m_vecLeaving.end(),
-                                      [](const Leaving& other) { return !other.worker; }),
-                       m_vecLeaving.end());
-    m_vecLeaving.append({worker, cancel}); // before the thread may delete it
-    worker->deleteLater();
+    leave(m_pWorker_ThumbAndGif, m_cancelPreviews,
+          "MVThemeDownLoader_CheckCfg onEndDownloadThumbAndGif onFinished! "
+          "m_pWorker_ThumbAndGif->deleteLater();");
 }
 
 void MVThemeDownLoader_CheckCfg::cancelCfgAndDisplayXML()
 {
-    if (m_pWorker) {
-        LogL(category, 1,
-             "MVThemeDownLoader_CheckCfg start call "
-             "MVThemeDownLoader_CheckCfg::cancelCfgAndDisplayXML()");
-        m_pWorker->cancel();
-    }
+    cancel(m_pWorker,
+           "MVThemeDownLoader_CheckCfg start call "
+           "MVThemeDownLoader_CheckCfg::cancelCfgAndDisplayXML()");
     m_cancelCheck.cancel(); // a check that has announced a failed file may still fetch the other
 }
 
 void MVThemeDownLoader_CheckCfg::cancelThumbAndGif()
 {
-    if (!m_pWorker_ThumbAndGif)
-        return;
-    LogL(category, 1,
-         "MVThemeDownLoader_CheckCfg start call MVThemeDownLoader_CheckCfg::cancelThumbAndGif()");
-    m_pWorker_ThumbAndGif->cancel();
+    cancel(m_pWorker_ThumbAndGif,
+           "MVThemeDownLoader_CheckCfg start call MVThemeDownLoader_CheckCfg::cancelThumbAndGif()");
 }
 
 void MVThemeDownLoader_CheckCfg::waitThreadFinished()

@@ -103,10 +103,21 @@ private:
 
     MVThemeDownLoader_CheckCfg();
 
+    using ProgressSignal = void (MVThemeDownLoader_CheckCfg::*)(const SUpdateProgress&);
+
+    // The life of a run is the same for both kinds.
+    template <class Worker>
+    bool begin(Worker*& worker, QThread& thread, CancelToken& cancel, int level, const char* busy);
+    template <class Worker>
+    void passProgressOn(Worker* worker, ProgressSignal signal);
+    template <class Worker>
+    static void cancel(Worker* worker, const char* text);
+    template <class Worker>
+    void leave(Worker*& worker, const CancelToken& cancel, const char* text);
+
     void connectWorker(CheckWorker_CfgAndDisplayXML* worker);
     void connectWorker(CheckWorker_ThumbAndGif* worker);
     void onCatalogueThreadFinished();
-    void leave(QObject* worker, const CancelToken& cancel);
     void startThread(QThread& thread);
     void endThreads();
     static void beforeApplicationGoes();

@@ -1,0 +1,24 @@
+#include "catalogue/CatalogueUse.h"
+
+#include <atomic>
+
+namespace {
+
+std::atomic<int> uses{0};
+
+} // namespace
+
+CatalogueUse::CatalogueUse()
+{
+    ++uses;
+}
+
+CatalogueUse::~CatalogueUse()
+{
+    --uses;
+}
+
+int CatalogueUse::count()
+{
+    return uses;
+}

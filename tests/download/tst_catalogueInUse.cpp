@@ -1,0 +1,127 @@
+#include "catalogue/CatalogueUse.h"
+#include "catalogue/MVThemeMgr.h"
+#include "download/DownloadFixture.h"
+#include "download/HeldAnswer.h"
+#include "support/LogCapture.h"
+#include "support/TestMain.h"
+
+#include <memory>
+
+/// The catalogue keeps its items while downloads work on them.
+class tst_catalogueInUse : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void refusesToMoveItems_data();
+    void refusesToMoveItems();
+    void firstLoadIsRefusedAsWell();
+    void obeysOnceTheEndIsTold();
+    void destroyedDownloaderLeavesNoUse();
+
+private:
+    static MVThemeMgr& manager() { return *MVThemeMgr::init(); }
+    SCfg_Item* heldItem();
+
+    std::unique_ptr<DownloadWorld> m_world;
+    std::unique_ptr<HeldAnswer> m_held;
+};
+
+void tst_catalogueInUse::init()
+{
+    m_held.reset();
+    m_world.reset();
+    manager().clear();
+    m_world = std::make_unique<DownloadWorld>();
+    m_held = std::make_unique<HeldAnswer>();
+    QCOMPARE(CatalogueUse::count(), 0);
+}
+
+/// An item of the catalogue whose file is held back by the server.
+SCfg_Item* tst_catalogueInUse::heldItem()
+{
+    const QString name = QStringLiteral("/VideoFilters/held.zip");
+    m_world->route(QStringLiteral("/config") + name,
+                   m_held->handler(HttpAnswer(200).body("archive")));
+    return m_world->catalogueFilter(1, {name});
+}
+
+void tst_catalogueInUse::refusesToMoveItems_data()
+{
+    QTest::addColumn<bool>("clears");
+    QTest::addColumn<QByteArray>("line");
+    QTest::newRow("load") << false
+                          << QByteArray("load does nothing: 1 downloads use the catalogue");
+    QTest::newRow("clear") << true
+                           << QByteArray("clear does nothing: 1 downloads use the catalogue");
+}
+
+void tst_catalogueInUse::refusesToMoveItems()
+{
+    QFETCH(bool, clears);
+    QFETCH(QByteArray, line);
+    SCfg_Item* const item = heldItem();
+    QVERIFY(item);
+    const QString guid = item->m_qsGUID;
+    MVThemeDownLoader downloader(nullptr);
+    downloader.download(item);
+    QVERIFY(m_held->hasArrived());
+    QCOMPARE(CatalogueUse::count(), 1);
+
+    const LogCapture log;
+    QVERIFY(clears ? !manager().tryClear() : !manager().tryReload());
+    if (clears)
+        manager().clear();
+    else
+        manager().load(true);
+    QCOMPARE(log.count(line), 2);
+    QVERIFY(log.contains("MVThemeMgr", 3, line));
+    QCOMPARE(manager().findItemByIDFromConfig(eCfgItem_Filter, guid), item);
+
+    m_held->release();
+    QVERIFY(DownloadWorld::ends(downloader));
+    QCOMPARE(downloader.outcome().m_eEnd, eItemDownload_Complete);
+}
+
+void tst_catalogueInUse::firstLoadIsRefusedAsWell()
+{
+    const CatalogueUse use;
+    const LogCapture log;
+    manager().load(false);
+    QCOMPARE(log.texts(), QByteArrayList{"load does nothing: 1 downloads use the catalogue"});
+}
+
+/// A host loads the catalogue in the slot that receives the end.
+void tst_catalogueInUse::obeysOnceTheEndIsTold()
+{
+    SCfg_Item* const item = heldItem();
+    MVThemeDownLoader downloader(nullptr);
+    bool isLoaded = false;
+    QEventLoop loop;
+    connect(&downloader, &MVThemeDownLoader::sigDownloadFinish, &loop, [&] {
+        isLoaded = manager().tryReload();
+        loop.quit();
+    });
+    downloader.download(item);
+    QVERIFY(m_held->hasArrived());
+    m_held->release();
+    loop.exec();
+    QVERIFY(isLoaded);
+    QCOMPARE(CatalogueUse::count(), 0);
+    QVERIFY(manager().tryClear());
+}
+
+void tst_catalogueInUse::destroyedDownloaderLeavesNoUse()
+{
+    {
+        MVThemeDownLoader downloader(nullptr);
+        downloader.download(heldItem());
+        QVERIFY(m_held->hasArrived());
+    }
+    QCOMPARE(CatalogueUse::count(), 0);
+    QVERIFY(manager().tryReload());
+}
+
+MV_TEST_MAIN(tst_catalogueInUse)
+#include "tst_catalogueInUse.moc"
