@@ -5,9 +5,9 @@
 #include "FolderSwitch.h"
 #include "lint/Lint.h"
 #include "Ratios.h"
-#include "ReadTree.h"
 #include "Source.h"
 #include "SourceWorld.h"
+#include "tree/ReadTree.h"
 #include "TreeBuilder.h"
 
 #include <QCoreApplication>

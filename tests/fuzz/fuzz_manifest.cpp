@@ -5,9 +5,9 @@
 #include "FuzzTarget.h"
 #include "lint/Lint.h"
 #include "Parts.h"
-#include "ReadTree.h"
 #include "Require.h"
 #include "Source.h"
+#include "tree/ReadTree.h"
 #include "TreeBuilder.h"
 #include "WriteGuard.h"
 

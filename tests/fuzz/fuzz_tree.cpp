@@ -5,10 +5,10 @@
 #include "FuzzTarget.h"
 #include "lint/Lint.h"
 #include "Parts.h"
-#include "ReadTree.h"
 #include "Require.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
+#include "tree/ReadTree.h"
 #include "WriteGuard.h"
 
 #include <QDir>

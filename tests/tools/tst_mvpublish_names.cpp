@@ -1,11 +1,11 @@
 #include "catalogue/MVThemeMgr.h"
 #include "download/CheckWorker_CfgAndDisplayXML.h"
-#include "Editions.h"
 #include "host/HostSettings.h"
-#include "Kinds.h"
 #include "records/KindTable.h"
 #include "SourceItem.h"
 #include "support/TestMain.h"
+#include "tree/Editions.h"
+#include "tree/Kinds.h"
 
 #include <QDir>
 
@@ -25,8 +25,8 @@ private slots:
 void TestMvpublishNames::kindsAreTheLibrarys()
 {
     MVThemeMgr& library = *MVThemeMgr::init();
-    QCOMPARE(KindTable::all().size(), int(eCfgItem_Resource));
-    for (int i = 0; i < KindTable::all().size(); ++i) {
+    QCOMPARE(int(KindTable::count), int(eCfgItem_Resource));
+    for (int i = 0; i < int(KindTable::count); ++i) {
         const SKindInfo& kind = KindTable::all().at(i);
         QCOMPARE(int(kind.type), i);
         QCOMPARE(kind.name, library.getCfgItemTypeStr(kind.type));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Editions.h"
+#include "tree/Editions.h"
 
 #include <QString>
 #include <QStringList>

@@ -3,7 +3,7 @@
 #include "Arguments.h"
 #include "Console.h"
 #include "ExitStatus.h"
-#include "ReadTree.h"
+#include "tree/ReadTree.h"
 #include "TreeDiff.h"
 
 namespace {

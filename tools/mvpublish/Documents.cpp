@@ -1,11 +1,11 @@
 #include "Documents.h"
 #include "records/KindTable.h"
 
-#include "Editions.h"
-#include "Guids.h"
-#include "Kinds.h"
 #include "records/DependencySlots.h"
 #include "Source.h"
+#include "tree/Editions.h"
+#include "tree/Guids.h"
+#include "tree/Kinds.h"
 
 #include <QCryptographicHash>
 #include <QJsonArray>

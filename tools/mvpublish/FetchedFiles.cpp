@@ -1,7 +1,7 @@
 #include "FetchedFiles.h"
 
-#include "ReadTree.h"
 #include "records/KindTable.h"
+#include "tree/ReadTree.h"
 
 #include <QRegularExpression>
 

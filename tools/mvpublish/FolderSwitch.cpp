@@ -1,7 +1,7 @@
 #include "FolderSwitch.h"
 
-#include "FolderContent.h"
 #include "host/Utils.h"
+#include "tree/FolderContent.h"
 
 #include <QDateTime>
 #include <QDir>

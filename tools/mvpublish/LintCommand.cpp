@@ -4,7 +4,7 @@
 #include "Console.h"
 #include "ExitStatus.h"
 #include "lint/Lint.h"
-#include "ReadTree.h"
+#include "tree/ReadTree.h"
 
 #include <QJsonDocument>
 #include <QStringList>

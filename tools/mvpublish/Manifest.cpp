@@ -1,12 +1,12 @@
 #include "Manifest.h"
 
-#include "Editions.h"
-#include "Guids.h"
 #include "JsonFields.h"
-#include "Kinds.h"
 #include "records/DependencySlots.h"
 #include "records/KindTable.h"
-#include "Texts.h"
+#include "tree/Editions.h"
+#include "tree/Guids.h"
+#include "tree/Kinds.h"
+#include "tree/Texts.h"
 
 #include <algorithm>
 

@@ -3,14 +3,14 @@
 #include "Arguments.h"
 #include "Console.h"
 #include "ExitStatus.h"
-#include "Guids.h"
 #include "ItemFolder.h"
-#include "Kinds.h"
 #include "Manifest.h"
-#include "Placeholders.h"
 #include "records/KindTable.h"
 #include "Source.h"
-#include "Texts.h"
+#include "tree/Guids.h"
+#include "tree/Kinds.h"
+#include "tree/Placeholders.h"
+#include "tree/Texts.h"
 
 #include <QDir>
 #include <QJsonArray>

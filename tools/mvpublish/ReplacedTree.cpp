@@ -1,8 +1,8 @@
 #include "ReplacedTree.h"
 
-#include "Editions.h"
-#include "FolderContent.h"
 #include "records/KindTable.h"
+#include "tree/Editions.h"
+#include "tree/FolderContent.h"
 
 #include <QFile>
 #include <QSet>

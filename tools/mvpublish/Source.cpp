@@ -1,17 +1,17 @@
 #include "Source.h"
 
-#include "Editions.h"
-#include "FileNames.h"
-#include "FolderContent.h"
-#include "Guids.h"
 #include "host/PictureFormat.h"
 #include "JsonFields.h"
 #include "Manifest.h"
-#include "PictureFault.h"
-#include "Placeholders.h"
 #include "PublishedNames.h"
 #include "records/DependencySlots.h"
 #include "records/KindTable.h"
+#include "tree/Editions.h"
+#include "tree/FileNames.h"
+#include "tree/FolderContent.h"
+#include "tree/Guids.h"
+#include "tree/PictureFault.h"
+#include "tree/Placeholders.h"
 
 #include <QDir>
 #include <QRegularExpression>

@@ -1,9 +1,9 @@
 #include "TreeBuilder.h"
 #include "records/KindTable.h"
 
-#include "Archive.h"
-#include "FileNames.h"
 #include "Source.h"
+#include "tree/Archive.h"
+#include "tree/FileNames.h"
 
 #include <QDir>
 #include <QFile>

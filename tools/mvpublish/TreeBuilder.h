@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Documents.h"
-#include "Editions.h"
+#include "tree/Editions.h"
 
 #include <QSet>
 

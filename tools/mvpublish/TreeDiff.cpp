@@ -2,8 +2,8 @@
 
 #include "FetchedFiles.h"
 #include "host/Utils.h"
-#include "ReadTree.h"
 #include "records/KindTable.h"
+#include "tree/ReadTree.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -85,15 +85,15 @@ QStringList merged(const QMap<QString, TreeDiff>& diffs, QStringList TreeDiff::*
 }
 
 /// The edition's version file in the other tree, or null.
-const VersionFile* sameEdition(const ReadTree& tree, const VersionFile& version)
+const PublishedVersion* sameEdition(const ReadTree& tree, const PublishedVersion& version)
 {
-    const auto found =
-        std::find_if(tree.versions().cbegin(), tree.versions().cend(),
-                     [&version](const VersionFile& other) { return other.file == version.file; });
+    const auto found = std::find_if(
+        tree.versions().cbegin(), tree.versions().cend(),
+        [&version](const PublishedVersion& other) { return other.file == version.file; });
     return found == tree.versions().cend() ? nullptr : &*found;
 }
 
-QString editionsOf(const VersionFile& version)
+QString editionsOf(const PublishedVersion& version)
 {
     QStringList names;
     for (const Edition& edition : Editions::all()) {
@@ -104,10 +104,10 @@ QString editionsOf(const VersionFile& version)
 }
 
 /// Versions are compared without their dots.
-bool haveSameVersion(const VersionFile& a, const VersionFile& b)
+bool haveSameVersion(const PublishedVersion& a, const PublishedVersion& b)
 {
     const auto digits = [](QString version) { return version.remove(QLatin1Char('.')); };
-    return digits(a.version) == digits(b.version);
+    return digits(a.content.m_qsVersion) == digits(b.content.m_qsVersion);
 }
 
 /// Sizes by name.
@@ -173,8 +173,8 @@ void compareEditions(const ReadTree& before, const ReadTree& after, TreeDiff& di
 {
     QMap<QString, TreeDiff> items; // by display catalogue
     QMap<QString, qint64> fetched;
-    for (const VersionFile& version : before.versions()) {
-        const VersionFile* const next = sameEdition(after, version);
+    for (const PublishedVersion& version : before.versions()) {
+        const PublishedVersion* const next = sameEdition(after, version);
         if (!next) {
             diff.lostEditions.append(
                 QStringLiteral("%1 (%2)").arg(editionsOf(version), version.file));
@@ -186,7 +186,8 @@ void compareEditions(const ReadTree& before, const ReadTree& after, TreeDiff& di
             diff.fileBytes = bytesOf(diff.newFiles);
         } else {
             diff.versions.append(
-                QStringLiteral("%1 %2 -> %3").arg(version.file, version.version, next->version));
+                QStringLiteral("%1 %2 -> %3")
+                    .arg(version.file, version.content.m_qsVersion, next->content.m_qsVersion));
         }
         qint64 bytes = 0;
         for (const QString& file : qAsConst(files)) {

@@ -5,7 +5,7 @@
 #include "Console.h"
 #include "download/MVThemeDownLoader_CheckCfg.h"
 #include "ExitStatus.h"
-#include "host/TzProductInfo.h"
+#include "host/ProductParam.h"
 #include "Interrupt.h"
 
 #include <QEventLoop>
@@ -39,7 +39,7 @@ const End& endOf(ECatalogueCheckEnd end)
 
 QString server()
 {
-    return TzProductInfo::instance()->extendParam(QStringLiteral("url_themeRootDir"), QString());
+    return ProductParam::text(ProductParam::serverRoot);
 }
 
 } // namespace

@@ -6,7 +6,7 @@
 #include "Console.h"
 #include "download/MVThemeDownLoader.h"
 #include "ExitStatus.h"
-#include "host/TzProductInfo.h"
+#include "host/ProductParam.h"
 #include "Interrupt.h"
 #include "Items.h"
 #include "ProgressDisplay.h"
@@ -62,8 +62,7 @@ int FetchCommand::run(const Arguments& arguments)
     const bool complete = std::all_of(items.cbegin(), items.cend(), [](SCfg_Item* item) {
         return ItemFiles::countNeeded(*item) == 0;
     });
-    const QString server =
-        TzProductInfo::instance()->extendParam(QStringLiteral("url_themeRootDir"), QString());
+    const QString server = ProductParam::text(ProductParam::serverRoot);
     if (!complete && server.isEmpty()) {
         return Console::fail(ExitStatus::failure,
                              QStringLiteral("no server to fetch from: give --server, or "

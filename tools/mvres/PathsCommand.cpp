@@ -4,7 +4,7 @@
 #include "catalogue/MVThemeMgr.h"
 #include "Console.h"
 #include "ExitStatus.h"
-#include "host/TzProductInfo.h"
+#include "host/ProductParam.h"
 #include "host/TzResourceMgr.h"
 #include "Session.h"
 
@@ -21,8 +21,7 @@ QVector<Row> rows(const Session& session)
 {
     MVThemeMgr* const manager = MVThemeMgr::init();
     QVector<Row> all = {
-        {QStringLiteral("server"),
-         TzProductInfo::instance()->extendParam(QStringLiteral("url_themeRootDir"), QString())},
+        {QStringLiteral("server"), ProductParam::text(ProductParam::serverRoot)},
         {QStringLiteral("resources"), TzResourceMgr::instance()->resourcesPath()},
         {QStringLiteral("root"), session.root()},
         {QStringLiteral("themeFavourites"), manager->Path_ThemeCollect()},

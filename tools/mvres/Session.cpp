@@ -5,6 +5,7 @@
 #include "host/AppOptions.h"
 #include "host/HostSettings.h"
 #include "host/LogL.h"
+#include "host/ProductParam.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -39,13 +40,13 @@ bool Session::applySettings(const Arguments& arguments)
     HostSettings& settings = hostSettings();
     settings = HostSettings::recommended();
     // This tool shows themes with what they depend on, unless it is told otherwise.
-    settings.productParams.insert(QStringLiteral("hasMV"), QStringLiteral("1"));
+    settings.productParams.insert(ProductParam::hasThemes, QStringLiteral("1"));
     if (!arguments.settingsFile.isEmpty() && !loadHostSettings(arguments.settingsFile, &m_error))
         return false;
     if (!arguments.resources.isEmpty())
         settings.resourcesPath = QDir::cleanPath(QDir().absoluteFilePath(arguments.resources));
     if (!arguments.server.isEmpty())
-        settings.productParams.insert(QStringLiteral("url_themeRootDir"), arguments.server);
+        settings.productParams.insert(ProductParam::serverRoot, arguments.server);
     for (auto it = arguments.params.cbegin(); it != arguments.params.cend(); ++it)
         settings.productParams.insert(it.key(), it.value());
     return true;

@@ -1,7 +1,6 @@
 #pragma once
 
 class LintContext;
-class QString;
 
 /// The checks of a tree. Each reports through the context and reads nothing that another reports as
 /// unreadable, so that one fault gives one finding.
@@ -25,8 +24,5 @@ void themes(LintContext& context);
 void themeTypes(LintContext& context);
 /// Items and files that nothing uses. The last check: it needs to know what the others met.
 void unused(LintContext& context);
-
-/// Reports an XML file that the library cannot read; true if it can. `file` exists.
-bool isReadable(LintContext& context, const QString& file, const QString& item);
 
 } // namespace Checks

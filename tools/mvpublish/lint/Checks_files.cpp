@@ -1,14 +1,15 @@
 // Checks: definitions and resource files of items.
 
-#include "Archive.h"
 #include "catalogue/MVThemeMgr.h"
-#include "Guids.h"
 #include "host/PictureFormat.h"
 #include "lint/Checks.h"
 #include "lint/LintContext.h"
 #include "lint/NamedFiles.h"
 #include "lint/PictureChecks.h"
+#include "lint/XmlChecks.h"
 #include "records/KindTable.h"
+#include "tree/Archive.h"
+#include "tree/Guids.h"
 
 using NamedFiles::NamedBy;
 
@@ -64,7 +65,7 @@ void checkDefinition(LintContext& context, SCfg_Item& item, const NamedBy& by, b
     const QString file = NamedFiles::existing(context, definition, by, needed, fetched);
     // Themes are looked at as themes.
     if (!file.isEmpty() && item.m_eType != eCfgItem_Theme && context.isFirstLook(file))
-        Checks::isReadable(context, file, by.item);
+        XmlChecks::isReadable(context, file, by.item);
 }
 
 /// An item without a GUID has no files for the library; its own are not called unused as well.

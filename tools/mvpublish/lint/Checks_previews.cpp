@@ -1,7 +1,6 @@
 // Checks: thumbnails and animations.
 
 #include "catalogue/MVThemeMgr.h"
-#include "Guids.h"
 #include "host/HostSettings.h"
 #include "lint/Checks.h"
 #include "lint/LintContext.h"
@@ -9,6 +8,7 @@
 #include "lint/Picture.h"
 #include "lint/PictureChecks.h"
 #include "records/KindTable.h"
+#include "tree/Guids.h"
 
 using NamedFiles::NamedBy;
 

@@ -1,10 +1,10 @@
 // Checks: the list of an installation's themes by type.
 
-#include "Kinds.h"
 #include "lint/Checks.h"
 #include "lint/GuidChecks.h"
 #include "lint/LintContext.h"
 #include "lint/NamedFiles.h"
+#include "tree/Kinds.h"
 
 #include <QFile>
 #include <QJsonArray>

@@ -1,12 +1,13 @@
 // Checks: theme configs and what they depend on.
 
 #include "catalogue/MVThemeMgr.h"
-#include "FileNames.h"
-#include "Guids.h"
 #include "lint/Checks.h"
 #include "lint/GuidChecks.h"
 #include "lint/LintContext.h"
+#include "lint/XmlChecks.h"
 #include "records/DependencySlots.h"
+#include "tree/FileNames.h"
+#include "tree/Guids.h"
 
 #include <QDomDocument>
 
@@ -93,7 +94,7 @@ void Checks::themes(LintContext& context)
         if (!context.isFirstLook(theme.file))
             continue;
         SThemes_a* content = nullptr;
-        if (isReadable(context, theme.file, context.label(theme.guid)))
+        if (XmlChecks::isReadable(context, theme.file, context.label(theme.guid)))
             ReadTree::library().read_resource_config_Themes_a(context.tree().absolute(theme.file),
                                                               content);
         if (content)

@@ -1,10 +1,11 @@
 // Checks: items and files that nobody names.
 
-#include "Guids.h"
 #include "lint/Checks.h"
 #include "lint/LintContext.h"
 #include "lint/NamedFiles.h"
+#include "lint/XmlChecks.h"
 #include "records/KindTable.h"
+#include "tree/Guids.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -23,7 +24,7 @@ void useKindLists(LintContext& context)
             continue;
         context.use(list);
         if (NamedFiles::isThere(context, list, {list, 0, QString()}))
-            Checks::isReadable(context, list, QString());
+            XmlChecks::isReadable(context, list, QString());
     }
 }
 

@@ -18,6 +18,9 @@ struct Place
     const char* unknownCode; ///< code of the finding when nothing has that GUID
 };
 
+/// Tells where the "none" entry belongs.
+extern const QString noneAdvice;
+
 /// Reports a GUID that is malformed or not in capitals; true if it is neither.
 bool isWellFormed(LintContext& context, const QString& guid, const QString& file, int line);
 

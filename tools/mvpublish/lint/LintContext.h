@@ -1,7 +1,7 @@
 #pragma once
 
 #include "lint/Finding.h"
-#include "ReadTree.h"
+#include "tree/ReadTree.h"
 
 #include <QSet>
 

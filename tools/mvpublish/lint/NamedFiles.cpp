@@ -1,9 +1,9 @@
 #include "lint/NamedFiles.h"
 
 #include "catalogue/MVThemeMgr.h"
-#include "FileNames.h"
 #include "lint/LintContext.h"
-#include "Texts.h"
+#include "tree/FileNames.h"
+#include "tree/Texts.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>

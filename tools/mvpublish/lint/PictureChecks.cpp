@@ -1,8 +1,8 @@
 #include "lint/PictureChecks.h"
 
 #include "lint/LintContext.h"
-#include "PictureFault.h"
-#include "Placeholders.h"
+#include "tree/PictureFault.h"
+#include "tree/Placeholders.h"
 
 namespace PictureChecks {
 

@@ -1,6 +1,6 @@
-#include "Archive.h"
+#include "tree/Archive.h"
 
-#include "FolderContent.h"
+#include "tree/FolderContent.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,4 +1,4 @@
-#include "Editions.h"
+#include "tree/Editions.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
-#include "FileNames.h"
+#include "tree/FileNames.h"
 
-#include "Texts.h"
+#include "tree/Texts.h"
 
 #include <QFileInfo>
 #include <QStringList>

@@ -1,4 +1,4 @@
-#include "FolderContent.h"
+#include "tree/FolderContent.h"
 
 #include <QFile>
 #include <QFileInfo>

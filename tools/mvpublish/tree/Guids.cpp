@@ -1,4 +1,4 @@
-#include "Guids.h"
+#include "tree/Guids.h"
 
 #include "catalogue/NoneEntry.h"
 

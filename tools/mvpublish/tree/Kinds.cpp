@@ -1,4 +1,4 @@
-#include "Kinds.h"
+#include "tree/Kinds.h"
 
 #include "records/KindTable.h"
 #include "records/ThemeTypes.h"
@@ -29,6 +29,11 @@ QStringList themeTypes()
     for (const ThemeTypes::Type& type : ThemeTypes::all())
         names.append(type.name);
     return names;
+}
+
+bool isThemeType(const QString& type)
+{
+    return themeTypes().contains(type);
 }
 
 QString otherThemes()

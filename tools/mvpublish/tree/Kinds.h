@@ -15,6 +15,7 @@ QString words();
 
 /// Returns the types of themes, in the order in which catalogues list their groups.
 QStringList themeTypes();
+bool isThemeType(const QString& type);
 /// Returns the last of them; a type that nobody knows counts as this one.
 QString otherThemes();
 

@@ -1,4 +1,4 @@
-#include "PictureFault.h"
+#include "tree/PictureFault.h"
 
 #include "host/PictureFormat.h"
 

@@ -1,4 +1,4 @@
-#include "Placeholders.h"
+#include "tree/Placeholders.h"
 
 #include <QFile>
 

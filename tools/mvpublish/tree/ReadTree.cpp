@@ -1,9 +1,10 @@
-#include "ReadTree.h"
+#include "tree/ReadTree.h"
 
 #include "catalogue/MVThemeMgr.h"
-#include "download/CheckWorker_CfgAndDisplayXML.h"
+#include "download/VersionFile.h"
 #include "host/HostSettings.h"
 #include "host/LogL.h"
+#include "host/ProductParam.h"
 #include "records/KindTable.h"
 
 #include <QDir>
@@ -12,6 +13,7 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <mutex>
 
 namespace {
 
@@ -21,7 +23,8 @@ const QString server = QStringLiteral("http://server/");
 
 void dropLog(const QByteArray&, int, const QByteArray&) { }
 
-MVThemeMgr& makeLibrary()
+/// Writes the settings with which the library names files and does nothing else.
+void prepareLibrary()
 {
     setLogSink(&dropLog);
     HostSettings& settings = hostSettings();
@@ -29,10 +32,8 @@ MVThemeMgr& makeLibrary()
     settings.appDataPath = nowhere;
     settings.resourcesPath = nowhere;
     settings.currentSkin.clear();
-    settings.productParams.insert(QStringLiteral("url_themeRootDir"), server);
-    MVThemeMgr* const manager = MVThemeMgr::init();
-    manager->setResourceSaveRootPath(nowhere);
-    return *manager;
+    settings.productParams.insert(ProductParam::serverRoot, server);
+    MVThemeMgr::init()->setResourceSaveRootPath(nowhere);
 }
 
 QVector<QDomElement> children(const QDomElement& parent, const QString& tag)
@@ -51,10 +52,15 @@ QString childText(const QDomElement& parent, const QString& tag)
 
 } // namespace
 
+ReadTree::ReadTree()
+{
+    static std::once_flag isPrepared;
+    std::call_once(isPrepared, prepareLibrary);
+}
+
 MVThemeMgr& ReadTree::library()
 {
-    static MVThemeMgr& manager = makeLibrary();
-    return manager;
+    return *MVThemeMgr::init();
 }
 
 QString ReadTree::catalogue(const QString& name)
@@ -139,16 +145,10 @@ void ReadTree::readVersions()
 
 void ReadTree::readVersion(const QString& name, const QString& displayName)
 {
-    VersionFile version;
+    PublishedVersion version;
     version.file = catalogue(name);
     version.displayFile = catalogue(displayName);
-    library(); // the check's reader is a part of it
-    CheckWorker_CfgAndDisplayXML::SVersion read;
-    CheckWorker_CfgAndDisplayXML().getVersionInfo(absolute(version.file), read);
-    version.readable = read.bLoadXMLOK;
-    version.version = read.m_qsVersion;
-    version.displaySum = read.m_qsVer_Display;
-    version.configSum = read.m_qsVer_config;
+    VersionFile::read(absolute(version.file), version.content);
     m_versions.append(version);
     for (const DisplayCatalogue& display : qAsConst(m_displays)) {
         if (display.file == version.displayFile)
@@ -231,10 +231,7 @@ QString ReadTree::fileOf(const SFileInfo& info) const
 
 QString ReadTree::addressOf(const SFileInfo& info)
 {
-    const QString address = info.m_bThumbDir
-        ? library().downLoadUrl_Thumb(MVThemeMgr::eDirTag_Display, info.m_eType, info.m_qsUrl)
-        : library().downLoadUrl(MVThemeMgr::eDirTag_Config, info.m_qsUrl);
-    return address.mid(server.size());
+    return library().addressOf(info).mid(server.size());
 }
 
 bool ReadTree::addressLeadsToFile(const SFileInfo& info) const

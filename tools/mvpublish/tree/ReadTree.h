@@ -1,8 +1,9 @@
 #pragma once
 
-#include "Editions.h"
+#include "download/SCatalogueVersion.h"
 #include "records/KindTable.h"
 #include "records/SCfg_Item.h"
+#include "tree/Editions.h"
 
 #include <QHash>
 #include <QString>
@@ -43,14 +44,11 @@ struct DisplayCatalogue
 };
 
 /// A version file.
-struct VersionFile
+struct PublishedVersion
 {
     QString file; ///< relative to the tree
     QString displayFile;
-    bool readable = false;
-    QString version;
-    QString displaySum;
-    QString configSum;
+    SCatalogueVersion content;
 };
 
 /// A resource tree as the library reads it: with its own readers, and with the names that its own
@@ -61,6 +59,10 @@ struct VersionFile
 class ReadTree
 {
 public:
+    /// The first object of a process points the library's settings to no place at all, so that it
+    /// reads and names files of trees only.
+    ReadTree();
+
     /// Reads the catalogues of a server's tree or of an installation (the application's folder
     /// "Resource", or the folder that holds it). False: `error` says why that is no tree.
     bool open(const QString& folder, QString* error);
@@ -74,7 +76,7 @@ public:
     /// By kind, in document order.
     const QVector<ConfigEntry>& config(ECfgItemType kind) const { return m_config.at(kind); }
     const QVector<DisplayCatalogue>& displays() const { return m_displays; }
-    const QVector<VersionFile>& versions() const { return m_versions; }
+    const QVector<PublishedVersion>& versions() const { return m_versions; }
 
     /// The first item of a kind with exactly that GUID, or null.
     const ConfigEntry* find(ECfgItemType kind, const QString& guid) const;
@@ -92,6 +94,7 @@ public:
 
     /// @}
 
+    /// Returns the library, which an object of this class has prepared.
     static MVThemeMgr& library();
 
 private:
@@ -108,5 +111,5 @@ private:
     std::array<QVector<ConfigEntry>, KindTable::count> m_config;
     std::array<QHash<QString, int>, KindTable::count> m_index; // first entry by GUID
     QVector<DisplayCatalogue> m_displays;
-    QVector<VersionFile> m_versions;
+    QVector<PublishedVersion> m_versions;
 };

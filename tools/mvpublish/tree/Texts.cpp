@@ -1,4 +1,4 @@
-#include "Texts.h"
+#include "tree/Texts.h"
 
 #include <QRegularExpression>
 #include <QVector>
