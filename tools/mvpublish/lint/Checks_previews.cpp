@@ -3,6 +3,7 @@
 #include "catalogue/MVThemeMgr.h"
 #include "Guids.h"
 #include "host/HostSettings.h"
+#include "host/Skins.h"
 #include "Kinds.h"
 #include "lint/Checks.h"
 #include "lint/LintContext.h"
@@ -68,8 +69,8 @@ SFileInfo spareRecord(const DisplayEntry& entry, const QString& name)
 /// The picture of the "none" entry is the active skin's.
 void checkNonePictures(LintContext& context, const DisplayEntry& entry, const NamedBy& by)
 {
-    for (const char* skin : {"Classical", "Elegance", "Simplicity", "Calm"}) {
-        hostSettings().currentSkin = QString::fromLatin1(skin);
+    for (const SSkin& skin : allSkins) {
+        hostSettings().currentSkin = QString::fromLatin1(skin.name);
         SCfg_Item item = entry.item;
         ReadTree::library().doItem_Info_Thumb(item);
         checkPreview(context, item.m_info_Thumb, by, Role::Thumbnail, true);
