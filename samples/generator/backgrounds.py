@@ -101,8 +101,8 @@ PICTURES = {
     "rose-hearts": rose_hearts,
 }
 
-# The colours of the "none" picture: background from top to bottom, then the sign.
-SKINS = {
+# The colours of the "none" pictures: background from top to bottom, then the sign.
+NONE_PICTURES = {
     "Classical": ("#f4f5f7", "#dfe3e9", "#8a94a3"),
     "Elegance": ("#3a3d46", "#25272e", "#9aa3b5"),
     "Calm": ("#dcebf2", "#bcd6e4", "#5a8ba6"),
@@ -110,9 +110,9 @@ SKINS = {
 }
 
 
-def none_picture(skin, target):
-    """A crossed circle in the colours of a skin."""
-    top, bottom, sign = SKINS[skin]
+def none_picture(name, target):
+    """A crossed circle, in the colours of the skins that show it."""
+    top, bottom, sign = NONE_PICTURES[name]
     target.parent.mkdir(parents=True, exist_ok=True)
     reach = 38 / math.sqrt(2)
     magick("-size", "320x180", "gradient:%s-%s" % (top, bottom), "-fill", "none", "-stroke", sign, "-strokewidth", "7",

@@ -51,8 +51,8 @@ class Previews:
             self._in_work_folder(self._theme, theme)
         for item in BACKGROUNDS:
             save_thumb(self._pictures[item.slug], self._target(item, item.thumb))
-        for skin in backgrounds.SKINS:
-            backgrounds.none_picture(skin, self._source / "none" / (skin + ".png"))
+        for name in backgrounds.NONE_PICTURES:
+            backgrounds.none_picture(name, self._source / "none" / (name + ".png"))
 
     @staticmethod
     def _in_work_folder(job, *arguments):

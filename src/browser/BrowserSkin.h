@@ -1,6 +1,7 @@
 #pragma once
 
 #include "browser/MvBrowserExport.h"
+#include "browser/SSkinColors.h"
 
 #include <QString>
 #include <QStringList>
@@ -8,17 +9,19 @@
 /// The style sheets that come with the library, one per skin. A host adds one to its application's
 /// style sheet (QApplication::setStyleSheet) before it makes resource lists, changes parts of it by
 /// rules of its own behind it, or uses none. They style the browser's widgets and SkinWidget only.
-/// Their icons need Qt's SVG plugin. Stateless; every thread.
+/// Their icons need Qt's SVG plugin. Every thread.
 class MVBROWSER_EXPORT BrowserSkin
 {
 public:
     BrowserSkin() = delete;
 
-    /// "Classical", "Elegance", "Simplicity", "Calm": the names that HostSettings::currentSkin
-    /// knows.
+    /// Returns the names of the skins (host/Skins.h), the default one first.
     static QStringList names();
 
-    /// The style sheet of a skin; empty for a name that is not among names(). It lies in the
-    /// resource ":/mvbrowser/skins/NAME.qss".
+    /// Returns the style sheet of a skin; an empty string for a name that is not among names().
     static QString styleSheet(const QString& name);
+
+    /// Returns the colours that a host may give the widgets around its lists; those of the default
+    /// skin for a name that is not among names().
+    static SSkinColors windowColors(const QString& name);
 };

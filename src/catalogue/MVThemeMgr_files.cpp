@@ -3,6 +3,7 @@
 #include "catalogue/MVThemeMgr.h"
 #include "catalogue/NoneEntry.h"
 #include "catalogue/PathGuard.h"
+#include "host/Skins.h"
 #include "host/TzResourceMgr.h"
 #include "records/FileRecord.h"
 #include "records/KindTable.h"
@@ -34,13 +35,11 @@ bool hasGuid(const SCfg_Item& item)
 /// Image of the "none" entry in the active skin; empty for a skin that has none of its own.
 QString noneImage()
 {
-    const QString skin = TzResourceMgr::instance()->currentSkin();
-    if (skin == QLatin1String("Classical"))
-        return QStringLiteral("Classical.png");
-    if (skin == QLatin1String("Elegance") || skin == QLatin1String("Simplicity"))
-        return QStringLiteral("Elegance.png");
-    if (skin == QLatin1String("Calm"))
-        return QStringLiteral("Calm.png");
+    const QString active = TzResourceMgr::instance()->currentSkin();
+    for (const SSkin& skin : allSkins) {
+        if (active == QLatin1String(skin.name))
+            return QString::fromLatin1(skin.nonePicture);
+    }
     return QString();
 }
 

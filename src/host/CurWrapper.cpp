@@ -4,6 +4,7 @@
 #include "host/HostSettings.h"
 #include "host/HttpTransfer.h"
 #include "host/PartFile.h"
+#include "host/RegularFile.h"
 
 #include <QDateTime>
 #include <QFileInfo>
@@ -128,14 +129,14 @@ bool CurWrapper::Private::openTarget(bool resume)
 bool CurWrapper::Private::copyBeginning()
 {
     QFile beginning(m_target);
-    if (!beginning.open(QIODevice::ReadOnly) || beginning.size() == 0)
+    if (!RegularFile::open(beginning) || beginning.size() == 0)
         return true;
     for (QByteArray chunk = beginning.read(copyChunk); !chunk.isEmpty();
          chunk = beginning.read(copyChunk)) {
         if (!m_file.write(chunk.constData(), chunk.size()))
             return false;
     }
-    m_request.notAfter = QFileInfo(beginning).lastModified();
+    m_request.notAfter = beginning.fileTime(QFileDevice::FileModificationTime);
     m_request.rangeStart = m_file.size();
     return true;
 }

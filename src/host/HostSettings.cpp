@@ -2,6 +2,7 @@
 
 #include "host/HostSettingsFile.h"
 #include "host/Immortal.h"
+#include "host/Skins.h"
 
 #include <QStandardPaths>
 
@@ -11,7 +12,7 @@ HostSettings::HostSettings()
     , dataLocation(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation))
     , appDataPath(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation))
     , testOutputDir(resourcesPath)
-    , currentSkin(QStringLiteral("Classical"))
+    , currentSkin(QString::fromLatin1(allSkins.front().name))
 {
 }
 

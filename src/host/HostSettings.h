@@ -35,8 +35,7 @@ struct MVHOST_EXPORT HostSettings
     /// Full tree of resources ("config/Themes", ...) out of which the built-in themes are extracted
     /// (BuiltinThemes); its last component is "Resource". Empty, the default: there is none.
     QString developerResourceRoot;
-    /// Name of the active skin: "Classical", "Elegance", "Simplicity" or "Calm"; others are
-    /// allowed.
+    /// Name of the active skin: one of Skins.h, by default the first; others are allowed.
     QString currentSkin;
     /// Screen scale factor, above 0. Leave it at 1.0 where Qt itself scales the user interface.
     double zoomDPI = 1.0;

@@ -4,13 +4,13 @@
 #include "host/PartFile.h"
 
 #include <algorithm>
+#include <chrono>
 
 namespace {
 
 using namespace std::chrono;
+using Clock = steady_clock;
 
-/// Lowest rate of a transfer, averaged over the stall timeout.
-constexpr qint64 minBytesPerSecond = 1000;
 constexpr int tickMs = 50; // a cancel is noticed within two of them
 /// Below the size from which the allocator gives memory back to the system after every request.
 constexpr long receiveBuffer = 64 * 1024;
@@ -46,9 +46,7 @@ HttpTransfer::End HttpTransfer::perform(const Request& request, PartFile& file,
     m_discarded = 0;
     m_reason.clear();
     m_curlError[0] = '\0';
-    m_lastByte = Clock::now();
-    m_windowStart = m_lastByte;
-    m_windowBytes = 0;
+    m_stall.restart();
 
     configure(request);
     curl_multi_add_handle(m_multi.get(), m_easy.get());
@@ -112,7 +110,7 @@ void HttpTransfer::configure(const Request& request)
 
 CURLcode HttpTransfer::transfer(const KeepGoing& keepGoing)
 {
-    const milliseconds stall(hostSettings().stallTimeoutMs);
+    const milliseconds limit(hostSettings().stallTimeoutMs);
     for (;;) {
         int running = 0;
         curl_multi_perform(m_multi.get(), &running);
@@ -126,9 +124,12 @@ CURLcode HttpTransfer::transfer(const KeepGoing& keepGoing)
         // Until it stands, a connection has a limit of its own, which libcurl watches.
         noteConnection();
         if (!m_connected)
-            m_lastByte = Clock::now();
-        if (isStalled(stall))
+            m_stall.restart();
+        const QString fault = m_stall.fault(limit);
+        if (!fault.isEmpty()) {
+            refuse(End::Network, fault);
             return CURLE_OPERATION_TIMEDOUT;
+        }
         curl_multi_poll(m_multi.get(), nullptr, 0, tickMs, nullptr);
     }
     noteConnection();
@@ -138,32 +139,6 @@ CURLcode HttpTransfer::transfer(const KeepGoing& keepGoing)
             return message->data.result;
     }
     return CURLE_FAILED_INIT;
-}
-
-/// True if nothing came for too long, or so little that the transfer would take for ever.
-bool HttpTransfer::isStalled(milliseconds limit)
-{
-    const Clock::time_point now = Clock::now();
-    if (!m_connected)
-        m_windowStart = now;
-    const auto silence = now - m_lastByte;
-    const auto window = duration_cast<milliseconds>(now - m_windowStart);
-    if (silence > limit) {
-        refuse(End::Network, QStringLiteral("no byte came for %1 ms").arg(limit.count()));
-        return true;
-    }
-    // While nothing comes, it is the silence that will be judged.
-    if (window < limit || silence > limit / 2)
-        return false;
-    if (m_windowBytes < minBytesPerSecond * window.count() / 1000) {
-        refuse(
-            End::Network,
-            QStringLiteral("only %1 bytes came in %2 ms").arg(m_windowBytes).arg(window.count()));
-        return true;
-    }
-    m_windowStart = now;
-    m_windowBytes = 0;
-    return false;
 }
 
 void HttpTransfer::noteConnection()
@@ -241,15 +216,9 @@ bool HttpTransfer::refuse(End end, const QString& reason)
     return false;
 }
 
-void HttpTransfer::noteBytes(std::size_t length)
-{
-    m_lastByte = Clock::now();
-    m_windowBytes += static_cast<qint64>(length);
-}
-
 std::size_t HttpTransfer::takeHeader(const char* data, std::size_t length)
 {
-    noteBytes(length);
+    m_stall.add(length);
     const QByteArray line(data, static_cast<int>(length));
     m_head.addLine(line);
     const bool last = line == "\r\n" || line == "\n";
@@ -333,7 +302,7 @@ bool HttpTransfer::acceptSize()
 
 std::size_t HttpTransfer::takeBody(const char* data, std::size_t length)
 {
-    noteBytes(length);
+    m_stall.add(length);
     const qint64 count = static_cast<qint64>(length);
     if (m_discarding) {
         m_discarded += count;

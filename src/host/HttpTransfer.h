@@ -1,12 +1,12 @@
 #pragma once
 
 #include "host/ResponseHead.h"
+#include "host/StallWatch.h"
 #include "host/STransferFailure.h"
 
 #include <QDateTime>
 #include <QString>
 
-#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -68,14 +68,10 @@ public:
     EFailureCause causeOf(End end) const;
 
 private:
-    using Clock = std::chrono::steady_clock;
-
     void prepare();
     void configure(const Request& request);
     CURLcode transfer(const KeepGoing& keepGoing);
-    bool isStalled(std::chrono::milliseconds limit);
     void noteConnection();
-    void noteBytes(std::size_t length);
     End judge(CURLcode code, const PartFile& file);
     bool headerEnded();
     bool acceptStatus();
@@ -118,7 +114,5 @@ private:
     qint64 m_discarded = 0;
     End m_end = End::Network;
     QString m_reason;
-    Clock::time_point m_lastByte;
-    Clock::time_point m_windowStart; // of the time over which the rate is measured
-    qint64 m_windowBytes = 0;        // that came since then, header and trailer included
+    StallWatch m_stall;
 };

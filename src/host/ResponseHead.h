@@ -4,6 +4,10 @@
 
 /// The header of one HTTP answer (RFC 9110, RFC 9112), as far as a file download needs it.
 /// Internal to the library; a value.
+///
+/// curl_easy_header() would split the lines only: what the values mean, and that two lengths
+/// differ, is judged here in any case, and without a transfer, as tests and fuzzers have bytes
+/// only.
 class ResponseHead
 {
 public:

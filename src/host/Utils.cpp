@@ -52,7 +52,7 @@ bool Utils::copyFileToPath(const QString& from, const QString& to, bool overwrit
     if (!overwrite && QFile::exists(to))
         return false;
     QFile source(from);
-    if (from.isEmpty() || !source.open(QIODevice::ReadOnly))
+    if (from.isEmpty() || !RegularFile::open(source))
         return false;
     PartFile target;
     if (!target.open(to))

@@ -25,8 +25,8 @@ public:
     /// folder.
     static bool copyFile(const QString& sourceFile, const QDir& targetDir, const QString& fileName);
 
-    /// Copies the file `from` to the path `to`, whose folder must exist. Without `overwrite` an
-    /// existing target is kept and the result is false.
+    /// Copies the regular file `from` to the path `to`, whose folder must exist. Without
+    /// `overwrite` an existing target is kept and the result is false.
     static bool copyFileToPath(const QString& from, const QString& to, bool overwrite);
 
     /// Replaces the file `path`, whose folder must exist, by `content`, atomically; data and name

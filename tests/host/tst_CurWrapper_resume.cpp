@@ -6,6 +6,8 @@
 
 #include <ctime>
 
+#include <sys/stat.h>
+
 namespace {
 
 constexpr int whole = 1000;
@@ -64,6 +66,7 @@ private slots:
     void goesOnWhenTheRestBreaks();
     void goesOnWhenTheServerWasUnavailable();
     void withoutResumeTheBeginningDoesNotCount();
+    void aPipeIsNoBeginning();
     void datesAreInGreenwichTime_data();
     void datesAreInGreenwichTime();
 
@@ -249,6 +252,17 @@ void TestCurWrapperResume::withoutResumeTheBeginningDoesNotCount()
     Download download;
     putBeginning(download);
     QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 0);
+    QCOMPARE(download.content(), pattern(whole, 2));
+    QVERIFY(!server.requests().at(0).fields.contains("range"));
+}
+
+void TestCurWrapperResume::aPipeIsNoBeginning()
+{
+    FaultServer server(answering(wholeNewVersion()));
+    Download download;
+    QCOMPARE(::mkfifo(QFile::encodeName(download.target()).constData(), S_IRUSR | S_IWUSR), 0);
+    download.wrapper().download(server.url(QStringLiteral("/file")), download.target(), true);
+    QCOMPARE(download.wrapper().result(), 0);
     QCOMPARE(download.content(), pattern(whole, 2));
     QVERIFY(!server.requests().at(0).fields.contains("range"));
 }

@@ -47,6 +47,8 @@ private slots:
     void copyToPathReplacesOnlyOnDemand_data();
     void copyToPathReplacesOnlyOnDemand();
     void copyToPathFailsWithoutASource();
+    void copiesRegularFilesOnly_data();
+    void copiesRegularFilesOnly();
 
     void aReaderSeesOneOfTheTwoFiles();
     void dataLocationFollowsTheSettings();
@@ -256,6 +258,22 @@ void tst_Utils::copyToPathFailsWithoutASource()
     for (const bool overwrite : {false, true})
         QVERIFY(!Utils::copyFileToPath(path(QStringLiteral("none")), path(QStringLiteral("b")),
                                        overwrite));
+    QVERIFY(files().isEmpty());
+}
+
+void tst_Utils::copiesRegularFilesOnly_data()
+{
+    QTest::addColumn<QString>("source");
+    QTest::newRow("device") << QStringLiteral("/dev/null");
+    const QString pipe = TestHome::path() + QStringLiteral("/source-pipe");
+    QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), S_IRUSR | S_IWUSR), 0);
+    QTest::newRow("pipe that nobody writes") << pipe;
+}
+
+void tst_Utils::copiesRegularFilesOnly()
+{
+    QFETCH(QString, source);
+    QVERIFY(!Utils::copyFileToPath(source, path(QStringLiteral("b")), true)); // and returns
     QVERIFY(files().isEmpty());
 }
 

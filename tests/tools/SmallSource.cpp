@@ -1,5 +1,6 @@
 #include "SmallSource.h"
 
+#include "host/Skins.h"
 #include "support/CatalogueFiles.h"
 
 #include <QDataStream>
@@ -162,4 +163,21 @@ QByteArray SmallSource::bitmap()
     for (int unused = 0; unused < 6; ++unused)
         out << quint32(0);
     return bytes + QByteArray(pixels, 'p');
+}
+
+QStringList SmallSource::nonePictures()
+{
+    QStringList names{QStringLiteral("None.png")};
+    for (const SSkin& skin : allSkins)
+        names.append(QString::fromLatin1(skin.nonePicture));
+    names.removeDuplicates();
+    return names;
+}
+
+void SmallSource::addNonePicturesBut(const QString& name) const
+{
+    QStringList names = nonePictures();
+    names.removeAll(name);
+    for (const QString& other : std::as_const(names))
+        CatalogueFiles::write(file(QStringLiteral("none/") + other), thumbnail());
 }

@@ -2,6 +2,7 @@
 
 #include <QJsonObject>
 #include <QString>
+#include <QStringList>
 
 /// A publisher's source with one item of every kind, a second filter, and a theme that uses them.
 class SmallSource
@@ -30,6 +31,10 @@ public:
     static QByteArray jpeg();
     /// A BMP of the size of a preview.
     static QByteArray bitmap();
+    /// The files of the folder "none" of a source that has one.
+    static QStringList nonePictures();
+    /// Writes all of them but one.
+    void addNonePicturesBut(const QString& name) const;
 
 private:
     QString manifestFile(const QString& item) const;

@@ -101,10 +101,9 @@ void TestMvpublishBuild::writesEveryFile()
                  << own + text("/notes/read me.txt")
                  << text("display/") + item.second + QLatin1Char('/') + item.first + text(" 1.png");
     }
-    for (const char* name : {"None", "Classical", "Elegance", "Calm"}) {
-        expected << text("display/VideoFilters/") + text(name) + text(".png")
-                 << text("display/BgMaterial/") + text(name) + text(".png");
-    }
+    const QStringList nonePictures = SmallSource::nonePictures();
+    for (const QString& name : nonePictures)
+        expected << text("display/VideoFilters/") + name << text("display/BgMaterial/") + name;
     expected.sort();
     QCOMPARE(CatalogueFiles::filesBelow(m_out), expected);
     QCOMPARE(CatalogueFiles::read(m_out + text("/config/ThemesBgm/Slow Song.mp3")),
@@ -355,8 +354,9 @@ void TestMvpublishBuild::ownNonePicturesArePublished()
 {
     const SmallSource source(home("source"));
     const QByteArray picture = SmallSource::thumbnail();
-    for (const char* name : {"None.png", "Classical.png", "Elegance.png", "Calm.png"})
-        CatalogueFiles::write(source.file(text("none/") + text(name)), picture + name);
+    const QStringList nonePictures = SmallSource::nonePictures();
+    for (const QString& name : nonePictures)
+        CatalogueFiles::write(source.file(text("none/") + name), picture + name.toLatin1());
     QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
     QCOMPARE(CatalogueFiles::read(m_out + text("/display/VideoFilters/Calm.png")),
              picture + "Calm.png");

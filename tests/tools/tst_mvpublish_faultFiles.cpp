@@ -111,11 +111,7 @@ void TestMvpublishFaultFiles::fileRows()
         "name");
     row(
         "own none pictures, one missing",
-        [](const SmallSource& source) {
-            for (const char* name : {"None.png", "Classical.png", "Elegance.png"})
-                CatalogueFiles::write(source.file(text("none/") + text(name)),
-                                      SmallSource::thumbnail());
-        },
+        [](const SmallSource& source) { source.addNonePicturesBut(text("Calm.png")); },
         "none/Calm.png: is missing");
 }
 
@@ -154,11 +150,7 @@ void TestMvpublishFaultFiles::pictureRows()
         "paper: a.png is no PNG, JPEG or GIF, and clients show no other pictures");
     row(
         "own none picture that is a JPEG", "none/Calm.png", SmallSource::jpeg(),
-        [](const SmallSource& source) {
-            for (const char* name : {"None.png", "Classical.png", "Elegance.png"})
-                CatalogueFiles::write(source.file(text("none/") + text(name)),
-                                      SmallSource::thumbnail());
-        },
+        [](const SmallSource& source) { source.addNonePicturesBut(text("Calm.png")); },
         "none/Calm.png: is a JPEG, but its name does not end in .jpg or .jpeg");
 }
 
@@ -204,9 +196,7 @@ void TestMvpublishFaultFiles::linkRows()
     row(
         "own none picture out of the source",
         [](const SmallSource& source) {
-            for (const char* name : {"None.png", "Classical.png", "Elegance.png"})
-                CatalogueFiles::write(source.file(text("none/") + text(name)),
-                                      SmallSource::thumbnail());
+            source.addNonePicturesBut(text("Calm.png"));
             QFile::link(home("secrets/secret.txt"), source.file(text("none/Calm.png")));
         },
         "none/Calm.png: is missing");

@@ -138,8 +138,9 @@ void TestMvpublishRoundTrip::everythingArrivesAsItWasPublished()
     // are installed.
     QStringList notFetched{text("Transitions/fade 1.png"), text("Motions/zoom 1.png"),
                            text("BgMaterial/paper 1.png")};
-    for (const char* name : {"None.png", "Classical.png", "Elegance.png", "Calm.png"})
-        notFetched << text("VideoFilters/") + text(name) << text("BgMaterial/") + text(name);
+    const QStringList nonePictures = SmallSource::nonePictures();
+    for (const QString& name : nonePictures)
+        notFetched << text("VideoFilters/") + name << text("BgMaterial/") + name;
     compareHalf(*mvres, "display", notFetched);
     QCOMPARE(mvres->run(check).status, checkCurrent);
     QVERIFY(

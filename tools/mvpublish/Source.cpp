@@ -1,6 +1,7 @@
 #include "Source.h"
 
 #include "host/PictureFormat.h"
+#include "host/Skins.h"
 #include "JsonFields.h"
 #include "Manifest.h"
 #include "PublishedNames.h"
@@ -90,8 +91,11 @@ void Source::findNonePictures()
 {
     const QDir own(m_folder + QLatin1Char('/') + noneFolder);
     const bool hasOwn = own.exists();
-    for (const char* skin : {"None.png", "Classical.png", "Elegance.png", "Calm.png"}) {
-        const QString name = QString::fromLatin1(skin);
+    QStringList names{QStringLiteral("None.png")};
+    for (const SSkin& skin : allSkins)
+        names.append(QString::fromLatin1(skin.nonePicture));
+    names.removeDuplicates();
+    for (const QString& name : std::as_const(names)) {
         const QString file =
             hasOwn ? own.filePath(name) : QStringLiteral(":/placeholders/none/") + name;
         if (hasOwn && !FileNames::isFileBelow(m_folder, file))
@@ -122,7 +126,7 @@ void Source::findItems(const QString& relative)
     QString error;
     if (!FolderContent::names(folder.path(), names, &error))
         m_faults.append(error);
-    for (const QString& name : qAsConst(names)) {
+    for (const QString& name : std::as_const(names)) {
         const QFileInfo entry(folder.filePath(name));
         const bool isSearched = entry.isDir() && !entry.isSymLink() && !entry.isHidden()
             && (!relative.isEmpty() || !isSpecialFolder(name));
@@ -259,7 +263,7 @@ void Source::checkPacked(const SourceItem& item, const QString& folder)
     QString error;
     if (!FolderContent::paths(folder, paths, &error))
         m_faults.append(QStringLiteral("%1: %2").arg(item.path, error));
-    for (const QString& path : qAsConst(paths)) {
+    for (const QString& path : std::as_const(paths)) {
         const QFileInfo entry(folder + QLatin1Char('/') + path);
         if (entry.isSymLink() || !(entry.isFile() || entry.isDir()))
             m_faults.append(

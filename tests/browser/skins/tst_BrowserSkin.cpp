@@ -3,8 +3,8 @@
 #include "support/TestMain.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QDirIterator>
-#include <QFile>
 #include <QImage>
 #include <QLabel>
 #include <QListWidget>
@@ -14,12 +14,6 @@
 namespace {
 
 const QString folder = QStringLiteral(":/mvbrowser/skins/");
-
-QString readAll(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
 
 QStringList urlsIn(const QString& sheet)
 {
@@ -83,8 +77,12 @@ private slots:
     void cleanup() { qApp->setStyleSheet({}); }
 
     void namesTheSkins();
-    void givesTheResource_data() { skins(); }
-    void givesTheResource();
+    void hasAFileForEachName();
+    void describesTheSkin_data() { skins(); }
+    void describesTheSkin();
+    void givesWindowColors_data() { skins(); }
+    void givesWindowColors();
+    void givesDefaultColorsToOthers();
     void knowsNoOther_data();
     void knowsNoOther();
     void isUnderstood_data() { skins(); }
@@ -117,12 +115,44 @@ void tst_BrowserSkin::namesTheSkins()
                           QStringLiteral("Simplicity"), QStringLiteral("Calm")}));
 }
 
-void tst_BrowserSkin::givesTheResource()
+void tst_BrowserSkin::hasAFileForEachName()
+{
+    QStringList expected;
+    const QStringList names = BrowserSkin::names();
+    for (const QString& name : names)
+        expected.append(name + QStringLiteral(".json"));
+    expected.sort();
+    QCOMPARE(QDir(folder).entryList({QStringLiteral("*.json")}, QDir::Files, QDir::Name), expected);
+}
+
+/// A placeholder without a value, or a value without a placeholder, would be an unexpected warning.
+void tst_BrowserSkin::describesTheSkin()
 {
     QFETCH(QString, skin);
     const QString sheet = BrowserSkin::styleSheet(skin);
-    QVERIFY(!sheet.isEmpty());
-    QCOMPARE(sheet, readAll(folder + skin + QStringLiteral(".qss")));
+    static const QRegularExpression head(QStringLiteral("^/\\* (\\w+)\\. [A-Z][^*]+\\. \\*/\n"));
+    QCOMPARE(head.match(sheet).captured(1), skin);
+    QVERIFY(!sheet.contains(QLatin1Char('@')));
+}
+
+void tst_BrowserSkin::givesWindowColors()
+{
+    QFETCH(QString, skin);
+    const SSkinColors colors = BrowserSkin::windowColors(skin);
+    for (const QColor& color : {colors.window, colors.base, colors.text, colors.dimText,
+                                colors.button, colors.accent, colors.onAccent, colors.border})
+        QVERIFY(color.isValid());
+    QVERIFY(colors.window != colors.text);
+    QVERIFY(colors.accent != colors.onAccent);
+}
+
+void tst_BrowserSkin::givesDefaultColorsToOthers()
+{
+    const QString first = BrowserSkin::names().constFirst();
+    const QString last = BrowserSkin::names().constLast();
+    const QColor expected = BrowserSkin::windowColors(first).window;
+    QCOMPARE(BrowserSkin::windowColors(QStringLiteral("Loud")).window, expected);
+    QVERIFY(BrowserSkin::windowColors(last).window != expected);
 }
 
 void tst_BrowserSkin::knowsNoOther_data()
@@ -131,7 +161,8 @@ void tst_BrowserSkin::knowsNoOther_data()
     QTest::newRow("none") << QString();
     QTest::newRow("another") << QStringLiteral("Loud");
     QTest::newRow("another case") << QStringLiteral("calm");
-    QTest::newRow("a file") << QStringLiteral("Calm.qss");
+    QTest::newRow("a file") << QStringLiteral("Calm.json");
+    QTest::newRow("the template") << QStringLiteral("skin");
     QTest::newRow("a path") << QStringLiteral("../skins/Calm");
 }
 
@@ -175,7 +206,7 @@ void tst_BrowserSkin::bringsNoPictureInVain()
     for (const QString& name : names)
         all += BrowserSkin::styleSheet(name);
     const QStringList urls = urlsIn(all);
-    QDirIterator icons(folder + QStringLiteral("icons"), QDir::Files);
+    QDirIterator icons(folder + QStringLiteral("icons"), QDir::Files, QDirIterator::Subdirectories);
     QVERIFY(icons.hasNext());
     while (icons.hasNext()) {
         const QString icon = icons.next();

@@ -1,7 +1,7 @@
 // Checks: thumbnails and animations.
 
 #include "catalogue/MVThemeMgr.h"
-#include "host/HostSettings.h"
+#include "host/Skins.h"
 #include "lint/Checks.h"
 #include "lint/LintContext.h"
 #include "lint/NamedFiles.h"
@@ -65,16 +65,15 @@ SFileInfo spareRecord(const DisplayEntry& entry, const QString& name)
     return info;
 }
 
-/// The picture of the "none" entry is the active skin's.
+/// Checks the pictures that the "none" entry has in the skins.
 void checkNonePictures(LintContext& context, const DisplayEntry& entry, const NamedBy& by)
 {
-    for (const char* skin : {"Classical", "Elegance", "Simplicity", "Calm"}) {
-        hostSettings().currentSkin = QString::fromLatin1(skin);
+    for (const SSkin& skin : allSkins) {
         SCfg_Item item = entry.item;
+        item.m_info_Thumb.m_qsUrl = QString::fromLatin1(skin.nonePicture);
         ReadTree::library().doItem_Info_Thumb(item);
         checkPreview(context, item.m_info_Thumb, by, Role::Thumbnail, true);
     }
-    hostSettings().currentSkin.clear();
 }
 
 void checkEntry(LintContext& context, const DisplayCatalogue& display, const DisplayEntry& entry)

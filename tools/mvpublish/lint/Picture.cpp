@@ -34,7 +34,8 @@ QByteArray contentOf(const QString& file)
     return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray();
 }
 
-/// A GIF block by block; the decoder plays what there is of a cut one.
+/// A GIF block by block; the decoder plays what there is of a cut one. giflib would step over the
+/// blocks as well, but keeps a record of every image: 257 MB for 60 MB of the smallest images.
 class GifBlocks
 {
 public:
@@ -80,8 +81,9 @@ private:
     int m_at = 0;
 };
 
-/// A JPEG marker by marker; the decoder fills what a cut file lacks and does not complain. Segments
-/// are stepped over: they may hold a picture of their own, which has an end as well.
+/// A JPEG marker by marker; the decoder fills what a cut file lacks and does not complain, and
+/// libjpeg warns of it only while it decodes every pixel. Segments are stepped over: they may hold
+/// a picture of their own, which has an end as well.
 bool isCutJpeg(const QByteArray& content)
 {
     constexpr int endMarker = 0xd9;

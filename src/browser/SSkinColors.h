@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QColor>
+
+/// Colours for the widgets around a list, which suit the list's skin.
+struct SSkinColors
+{
+    QColor window;
+    QColor base; ///< below lists and in fields
+    QColor text;
+    QColor dimText; ///< less important text, and disabled
+    QColor button;
+    QColor accent;
+    QColor onAccent; ///< text on the accent
+    QColor border;
+};

@@ -1,0 +1,41 @@
+#include "host/StallWatch.h"
+
+using namespace std::chrono;
+
+namespace {
+
+/// Lowest rate of a transfer, averaged over the limit.
+constexpr qint64 minBytesPerSecond = 1000;
+
+} // namespace
+
+void StallWatch::restart()
+{
+    m_lastByte = Clock::now();
+    m_windowStart = m_lastByte;
+    m_windowBytes = 0;
+}
+
+void StallWatch::add(std::size_t bytes)
+{
+    m_lastByte = Clock::now();
+    m_windowBytes += static_cast<qint64>(bytes);
+}
+
+QString StallWatch::fault(milliseconds limit)
+{
+    const Clock::time_point now = Clock::now();
+    const auto silence = now - m_lastByte;
+    const auto window = duration_cast<milliseconds>(now - m_windowStart);
+    if (silence > limit)
+        return QStringLiteral("no byte came for %1 ms").arg(limit.count());
+    // While nothing comes, it is the silence that will be judged.
+    if (window < limit || silence > limit / 2)
+        return {};
+    if (m_windowBytes < minBytesPerSecond * window.count() / 1000) {
+        return QStringLiteral("only %1 bytes came in %2 ms").arg(m_windowBytes).arg(window.count());
+    }
+    m_windowStart = now;
+    m_windowBytes = 0;
+    return {};
+}
