@@ -36,6 +36,17 @@ FailureBox::FailureBox(QWidget* parent)
     m_copy->setObjectName(QStringLiteral("failureCopy"));
     m_close->setObjectName(QStringLiteral("failureClose"));
 
+    createLayout();
+    connect(m_retry, &QPushButton::clicked, this, [this] { emit retryWanted(m_kind, m_guid); });
+    connect(m_details, &QPushButton::toggled, m_text, &QWidget::setVisible);
+    connect(m_copy, &QPushButton::clicked, this, &FailureBox::copy);
+    connect(m_close, &QPushButton::clicked, this, &QWidget::hide);
+    retranslate();
+    hide();
+}
+
+void FailureBox::createLayout()
+{
     auto* const buttons = new QHBoxLayout;
     buttons->addWidget(m_retry);
     buttons->addWidget(m_details);
@@ -45,12 +56,6 @@ FailureBox::FailureBox(QWidget* parent)
     layout->addWidget(m_title);
     layout->addWidget(m_text);
     layout->addLayout(buttons);
-    connect(m_retry, &QPushButton::clicked, this, [this] { emit retryWanted(m_kind, m_guid); });
-    connect(m_details, &QPushButton::toggled, m_text, &QWidget::setVisible);
-    connect(m_copy, &QPushButton::clicked, this, &FailureBox::copy);
-    connect(m_close, &QPushButton::clicked, this, &QWidget::hide);
-    retranslate();
-    hide();
 }
 
 void FailureBox::retranslate()

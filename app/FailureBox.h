@@ -32,6 +32,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void createLayout();
     void retranslate();
     void copy() const;
 

@@ -39,17 +39,7 @@ ResourceList::ResourceList(EUIItemType type, QWidget* parent)
 
 ECfgItemType ResourceList::kind() const
 {
-    switch (m_type) {
-    case UIItem_Filters:
-    case UIItem_FiltersLarge:
-        return eCfgItem_Filter;
-    case UIItem_BgMaterial:
-        return eCfgItem_BgMaterial;
-    case UIItem_Themes:
-    case UIItem_None:
-        break;
-    }
-    return eCfgItem_Theme;
+    return kindShownBy(m_type);
 }
 
 void ResourceList::nameList()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "records/ECfgItemType.h"
+
 /// Contents of an mvThemelistview, and with them the look of its cells.
 enum EUIItemType : int {
     UIItem_Themes = 0,       ///< themes in theme cells, with "More>>" at the end
@@ -8,3 +10,26 @@ enum EUIItemType : int {
     UIItem_BgMaterial = 3,   ///< background materials in filter cells
     UIItem_None = 4,         ///< nothing yet
 };
+
+/// Returns the kind of the items that a list shows; eCfgItem_Resource for one that shows nothing.
+constexpr ECfgItemType kindShownBy(EUIItemType type)
+{
+    switch (type) {
+    case UIItem_Themes:
+        return eCfgItem_Theme;
+    case UIItem_Filters:
+    case UIItem_FiltersLarge:
+        return eCfgItem_Filter;
+    case UIItem_BgMaterial:
+        return eCfgItem_BgMaterial;
+    case UIItem_None:
+        break;
+    }
+    return eCfgItem_Resource;
+}
+
+/// Returns whether a list has filter cells, the smaller ones.
+constexpr bool hasFilterCells(EUIItemType type)
+{
+    return type == UIItem_Filters || type == UIItem_BgMaterial;
+}

@@ -111,27 +111,13 @@ QWidget* MVResourceItemDelegate::createEditor(QWidget* parent, const QStyleOptio
 
 MVThemeItemWdg* MVResourceItemDelegate::createItemWidget(QWidget* parent, const QString& guid) const
 {
-    MVThemeMgr* const manager = MVThemeMgr::init();
     const bool isMore = QUuid(guid).isNull();
-    SCfg_Item* item = nullptr;
-    switch (m_eType) {
-    case UIItem_Themes:
-        item = isMore ? nullptr : manager->findItemByIDFromDisplay(eCfgItem_Theme, guid);
-        break;
-    case UIItem_Filters:
-    case UIItem_FiltersLarge:
-        item = isMore ? nullptr : manager->findItemByIDFromDisplay(eCfgItem_Filter, guid);
-        break;
-    case UIItem_BgMaterial:
-        item = isMore ? nullptr : manager->findItemByIDFromDisplay(eCfgItem_BgMaterial, guid);
-        break;
-    case UIItem_None:
-        break;
-    }
+    SCfg_Item* const item =
+        isMore ? nullptr : MVThemeMgr::init()->findItemByIDFromDisplay(kindShownBy(m_eType), guid);
     if (!item && !(isMore && m_eType == UIItem_Themes))
         return nullptr;
-    const bool isSmall = m_eType == UIItem_Filters || m_eType == UIItem_BgMaterial;
-    MVThemeItemWdg* const widget = isSmall ? new FiterItemWdg(parent) : new MVThemeItemWdg(parent);
+    MVThemeItemWdg* const widget =
+        hasFilterCells(m_eType) ? new FiterItemWdg(parent) : new MVThemeItemWdg(parent);
     widget->setItem(item);
     return widget;
 }

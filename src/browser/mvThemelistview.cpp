@@ -114,38 +114,19 @@ void mvThemelistview::setUpView()
 void mvThemelistview::getItemSIze(QSize& size, QRect& padding)
 {
     const SkinWidget* const skin = SkinWidget::instance();
-    switch (m_eType) {
-    case UIItem_Themes:
-    case UIItem_FiltersLarge:
-        size = skin->themeItemSize();
-        padding = skin->themeItemPadding();
+    if (m_eType == UIItem_None)
         return;
-    case UIItem_Filters:
-    case UIItem_BgMaterial:
-        size = skin->filterItemSize();
-        padding = skin->filterItemPadding();
-        return;
-    case UIItem_None:
-        return;
-    }
+    const bool isSmall = hasFilterCells(m_eType);
+    size = isSmall ? skin->filterItemSize() : skin->themeItemSize();
+    padding = isSmall ? skin->filterItemPadding() : skin->themeItemPadding();
 }
 
 const QVector<SCfg_Item>& mvThemelistview::getItems(EUIItemType type)
 {
     static const QVector<SCfg_Item> none;
-    MVThemeMgr* const manager = MVThemeMgr::init();
-    switch (type) {
-    case UIItem_Themes:
-        return manager->getThemes_Display();
-    case UIItem_Filters:
-    case UIItem_FiltersLarge:
-        return manager->getDisplayXML().vecFilter;
-    case UIItem_BgMaterial:
-        return manager->getBgMaterial_Display();
-    case UIItem_None:
-        break;
-    }
-    return none;
+    const QVector<SCfg_Item>* const items =
+        MVThemeMgr::init()->getDisplayXML().ofKind(kindShownBy(type));
+    return items ? *items : none;
 }
 
 void mvThemelistview::initData(const QUuid& /*unused*/, bool /*unused*/)

@@ -185,7 +185,7 @@ MVThemeDownLoader::Step MVThemeDownLoader::fetchThemeConfig()
     return Step::Continue;
 }
 
-MVThemeDownLoader::Step MVThemeDownLoader::transferThemeConfig(SFileInfo& info)
+MVThemeDownLoader::Step MVThemeDownLoader::transferThemeConfig(const SFileInfo& info)
 {
     const FileView record(info);
     const QString url = MVThemeMgr::init()->downLoadUrl(MVThemeMgr::eDirTag_Config, record.name());
@@ -206,27 +206,34 @@ MVThemeDownLoader::Step MVThemeDownLoader::transferThemeConfig(SFileInfo& info)
     } else {
         m_CurWrapper.setDownloadProgressCallback(&downloadProgressCallback, this);
         m_CurWrapper.download(url, file, false);
-        const int result = m_CurWrapper.result();
-        if (result != eTransfer_Success) {
-            LogL("MVThemeDownLoader", 1,
-                 "download template is error!(theme cfg xml),m_strUrl = %s, m_strFile = %s, "
-                 "m_CurWrapper.result() = %d",
-                 urlText.constData(), fileText.constData(), result);
-            // The old file may be whole and have been unreadable for a moment only.
-            if (m_bReplacesConfig && MVThemeMgr::init()->ensureThemeParsed(*m_pItem))
-                return Step::Continue;
-            noteFailure(m_CurWrapper.failure());
-            if (!m_bReplacesConfig)
-                QFile::remove(file);
-            return end(result == eTransfer_Network ? eDownLoadError_Internet
-                                                   : eDownLoadError_Unknown);
-        }
+        if (m_CurWrapper.result() != eTransfer_Success)
+            return configFailed(url, file);
     }
     LogL("MVThemeDownLoader", 1,
          "download template is ok!(theme cfg xml), m_strUrl = %s, m_strFile = %s",
          urlText.constData(), fileText.constData());
+    return takeConfig(url, file);
+}
 
-    // Others may look at the item meanwhile: they see no config or the whole of it.
+MVThemeDownLoader::Step MVThemeDownLoader::configFailed(const QString& url, const QString& file)
+{
+    const int result = m_CurWrapper.result();
+    LogL("MVThemeDownLoader", 1,
+         "download template is error!(theme cfg xml),m_strUrl = %s, m_strFile = %s, "
+         "m_CurWrapper.result() = %d",
+         url.toUtf8().constData(), file.toUtf8().constData(), result);
+    // The old file may be whole and have been unreadable for a moment only.
+    if (m_bReplacesConfig && MVThemeMgr::init()->ensureThemeParsed(*m_pItem))
+        return Step::Continue;
+    noteFailure(m_CurWrapper.failure());
+    if (!m_bReplacesConfig)
+        QFile::remove(file);
+    return end(result == eTransfer_Network ? eDownLoadError_Internet : eDownLoadError_Unknown);
+}
+
+/// Others may look at the item meanwhile: they see no config or the whole of it.
+MVThemeDownLoader::Step MVThemeDownLoader::takeConfig(const QString& url, const QString& file)
+{
     SThemes_a* parsed = nullptr;
     MVThemeMgr::init()->read_resource_config_Themes_a(file, parsed);
     if (parsed)

@@ -89,7 +89,9 @@ private:
 
     bool needsConfig();
     Step fetchThemeConfig();
-    Step transferThemeConfig(SFileInfo& info);
+    Step transferThemeConfig(const SFileInfo& info);
+    Step configFailed(const QString& url, const QString& file);
+    Step takeConfig(const QString& url, const QString& file);
     Step simulateFirstPhase();
     Step fetchFiles(bool& anyFailed);
     Step waitForOther(SFileInfo& info);

@@ -1,5 +1,6 @@
 #include "Arguments.h"
 
+#include <QCommandLineOption>
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QUrl>
@@ -35,8 +36,8 @@ catalogue itself is in order: 27 previews could not be fetched.)";
 struct Command
 {
     const char* name;
-    int fewest; // operands
-    int most;   // -1: any number
+    int minOperands;
+    int maxOperands; // -1: any number
     const char* usage;
 };
 
@@ -50,41 +51,51 @@ const Command commands[] = {
     {"paths", 0, 0, "paths takes no arguments"},
 };
 
+QCommandLineOption valueOption(const char* name, const char* help, const char* value)
+{
+    return {QString::fromLatin1(name), QString::fromLatin1(help), QString::fromLatin1(value)};
+}
+
+QCommandLineOption switchOption(const char* name, const char* help)
+{
+    return {QString::fromLatin1(name), QString::fromLatin1(help)};
+}
+
+struct Options
+{
+    QCommandLineOption settings = valueOption("settings", "host settings (INI file)", "FILE");
+    QCommandLineOption server = valueOption("server", "root address of the resource server", "URL");
+    QCommandLineOption root = valueOption("root", "download root; created if it is missing", "DIR");
+    QCommandLineOption resources =
+        valueOption("resources", "the application's installed resources", "DIR");
+    QCommandLineOption param =
+        valueOption("param", "product parameter; can be repeated", "KEY=VALUE");
+    QCommandLineOption json = switchOption("json", "print one JSON document, on failure too");
+    QCommandLineOption verbose =
+        switchOption("verbose", "write the library's log to standard error");
+    QCommandLineOption off = switchOption("off", "favourite: take the mark away");
+    QCommandLineOption wait = switchOption("wait", "check: return when its threads have ended");
+    // Not addHelpOption(): it also offers a help on options of Qt's, which are not read here.
+    QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")},
+                            QStringLiteral("print this help")};
+    QCommandLineOption version = switchOption("version", "print the version");
+
+    void addTo(QCommandLineParser& parser)
+    {
+        version = parser.addVersionOption();
+        parser.addOptions(
+            {help, settings, server, root, resources, param, json, verbose, off, wait});
+    }
+};
+
 } // namespace
 
 bool Arguments::parse(const QCoreApplication& application)
 {
-    const QString file = QStringLiteral("FILE");
-    const QString dir = QStringLiteral("DIR");
-    const QCommandLineOption settingsOption(QStringLiteral("settings"),
-                                            QStringLiteral("host settings (INI file)"), file);
-    const QCommandLineOption serverOption(QStringLiteral("server"),
-                                          QStringLiteral("root address of the resource server"),
-                                          QStringLiteral("URL"));
-    const QCommandLineOption rootOption(
-        QStringLiteral("root"), QStringLiteral("download root; created if it is missing"), dir);
-    const QCommandLineOption resourcesOption(
-        QStringLiteral("resources"), QStringLiteral("the application's installed resources"), dir);
-    const QCommandLineOption paramOption(QStringLiteral("param"),
-                                         QStringLiteral("product parameter; can be repeated"),
-                                         QStringLiteral("KEY=VALUE"));
-    const QCommandLineOption jsonOption(QStringLiteral("json"),
-                                        QStringLiteral("print one JSON document, on failure too"));
-    const QCommandLineOption verboseOption(
-        QStringLiteral("verbose"), QStringLiteral("write the library's log to standard error"));
-    const QCommandLineOption offOption(QStringLiteral("off"),
-                                       QStringLiteral("favourite: take the mark away"));
-    const QCommandLineOption waitOption(
-        QStringLiteral("wait"), QStringLiteral("check: return when its threads have ended"));
-
     QCommandLineParser parser;
     parser.setApplicationDescription(QString::fromLatin1(description));
-    // Not addHelpOption(): it also offers a help on options of Qt's, which are not read here.
-    const QCommandLineOption helpOption({QStringLiteral("h"), QStringLiteral("help")},
-                                        QStringLiteral("print this help"));
-    const QCommandLineOption versionOption = parser.addVersionOption();
-    parser.addOptions({helpOption, settingsOption, serverOption, rootOption, resourcesOption,
-                       paramOption, jsonOption, verboseOption, offOption, waitOption});
+    Options options;
+    options.addTo(parser);
     parser.addPositionalArgument(
         QStringLiteral("COMMAND"),
         QStringLiteral("list, show, fetch, favourite, check, builtin or paths"));
@@ -92,28 +103,28 @@ bool Arguments::parse(const QCoreApplication& application)
                                  QStringLiteral("[ARGUMENTS...]"));
     if (!parser.parse(application.arguments()))
         return fail(parser.errorText());
-    if (parser.isSet(helpOption))
+    if (parser.isSet(options.help))
         parser.showHelp();
-    if (parser.isSet(versionOption))
+    if (parser.isSet(options.version))
         parser.showVersion();
-    for (const QCommandLineOption& option : {settingsOption, rootOption, resourcesOption}) {
+    for (const QCommandLineOption& option : {options.settings, options.root, options.resources}) {
         if (parser.isSet(option) && parser.value(option).isEmpty())
             return fail(QStringLiteral("--%1 is empty").arg(option.names().constFirst()));
     }
 
-    settingsFile = parser.value(settingsOption);
-    root = parser.value(rootOption);
-    resources = parser.value(resourcesOption);
-    json = parser.isSet(jsonOption);
-    verbose = parser.isSet(verboseOption);
-    off = parser.isSet(offOption);
-    wait = parser.isSet(waitOption);
+    settingsFile = parser.value(options.settings);
+    root = parser.value(options.root);
+    resources = parser.value(options.resources);
+    json = parser.isSet(options.json);
+    verbose = parser.isSet(options.verbose);
+    off = parser.isSet(options.off);
+    wait = parser.isSet(options.wait);
     operands = parser.positionalArguments();
     if (operands.isEmpty())
         return fail(QStringLiteral("no command; see mvres --help"));
     command = operands.takeFirst();
-    return checkOperands() && readParams(parser.values(paramOption))
-        && (!parser.isSet(serverOption) || readServer(parser.value(serverOption)));
+    return checkOperands() && readParams(parser.values(options.param))
+        && (!parser.isSet(options.server) || readServer(parser.value(options.server)));
 }
 
 bool Arguments::checkOperands()
@@ -122,7 +133,7 @@ bool Arguments::checkOperands()
         if (command != QLatin1String(known.name))
             continue;
         const int count = operands.size();
-        if (count < known.fewest || (known.most >= 0 && count > known.most))
+        if (count < known.minOperands || (known.maxOperands >= 0 && count > known.maxOperands))
             return fail(QString::fromLatin1(known.usage));
         if (off && command != QLatin1String("favourite"))
             return fail(QStringLiteral("--off goes with favourite"));
