@@ -25,7 +25,7 @@
 
 namespace {
 
-constexpr int messageTime = 6000; // ms
+constexpr int messageMs = 6000; // ms
 const QString favouritesFilter = QStringLiteral("JSON (*.json)");
 
 QString textOf(const FavouritesFile& file, const QString& path)
@@ -191,5 +191,5 @@ void MainWindow::importFavourites()
 
 void MainWindow::say(const QString& text)
 {
-    statusBar()->showMessage(text, messageTime);
+    statusBar()->showMessage(text, messageMs);
 }

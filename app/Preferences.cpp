@@ -31,8 +31,8 @@ const QLatin1String motionKey("reduceMotion");
 
 constexpr int lastTab = 3;
 constexpr int lastType = 4;
-constexpr int smallestScale = 50;
-constexpr int largestScale = 400;
+constexpr int minScale = 50;
+constexpr int maxScale = 400;
 constexpr qint64 maxBytes = 1024 * 1024;
 constexpr std::chrono::seconds maxLockWait(1);
 
@@ -202,7 +202,7 @@ void Preferences::setLanguage(const QString& language)
 int Preferences::scale() const
 {
     const int scale = m_values.value(scaleKey).toInt();
-    return scale >= smallestScale && scale <= largestScale ? scale : 0;
+    return scale >= minScale && scale <= maxScale ? scale : 0;
 }
 
 void Preferences::setScale(int percent)

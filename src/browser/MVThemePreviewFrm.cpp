@@ -13,7 +13,7 @@
 namespace {
 
 constexpr const char* logCategory = "MVThemePreviewFrm";
-constexpr double largestUnscaledZoom = 1.25;
+constexpr double maxUnscaledZoom = 1.25;
 
 } // namespace
 
@@ -60,7 +60,7 @@ void MVThemePreviewFrm::setMoviePath(QString path)
     m_movie.setCacheMode(QMovie::CacheNone);
     QSize scaled; // invalid: the animation's own size
     const double zoom = TzResourceMgr::getZoomDPI();
-    if (zoom > largestUnscaledZoom) {
+    if (zoom > maxUnscaledZoom) {
         const QSize size = PictureDecoder::announcedSize(path).expandedTo(QSize(0, 0));
         scaled = {qRound(size.width() * zoom), qRound(size.height() * zoom)};
     }

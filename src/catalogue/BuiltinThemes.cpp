@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr int builtinThemes = 2;
-
 /// Returns why nothing can be extracted; empty if it can.
 QString obstacle(MVThemeMgr& manager)
 {
@@ -23,11 +21,11 @@ QString obstacle(MVThemeMgr& manager)
     if (root.contains(QLatin1String("config")))
         return QStringLiteral("the path of the developer resource root contains \"config\": %1")
             .arg(root);
-    if (manager.getThemes_Display().size() < builtinThemes)
+    if (manager.getThemes_Display().size() < BuiltinThemes::themeCount)
         return QStringLiteral("the catalogue shows fewer than two themes");
     const QVector<SCfg_Item>& themes = manager.getThemes_Display();
     const bool isAnyParsed =
-        std::any_of(themes.cbegin(), themes.cbegin() + builtinThemes,
+        std::any_of(themes.cbegin(), themes.cbegin() + BuiltinThemes::themeCount,
                     [](const SCfg_Item& theme) { return theme.parsedTheme() != nullptr; });
     if (!isAnyParsed) {
         return QStringLiteral(

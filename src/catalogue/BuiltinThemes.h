@@ -14,6 +14,9 @@ class MVRESOURCE_EXPORT BuiltinThemes
 public:
     BuiltinThemes() = delete;
 
+    /// The themes that ship with the application: so many from the beginning of the list.
+    static constexpr int themeCount = 2;
+
     /// Needs a loaded catalogue that shows at least two themes, with the product parameter "hasMV",
     /// since it reads what they depend on. Called on the GUI thread while no download runs. Files
     /// missing in the tree are left out. False, with the reason in `error` (may be null), if there

@@ -19,7 +19,6 @@
 
 namespace {
 
-constexpr int logWarning = 3;
 constexpr std::chrono::seconds maxLockWait(5);
 constexpr int maxDamaged = 1000; // copies that are kept
 constexpr qint64 maxBytes = 64 * 1024 * 1024;
@@ -154,7 +153,7 @@ STransferFailure CollectFile::keepAside(const QString& path)
         if (!QFile::rename(path, aside))
             return failed(eFailure_LocalFile, path,
                           QStringLiteral("cannot be kept as %1").arg(aside));
-        LogL("MVThemeMgr", logWarning, "favourites file [%s] cannot be parsed, kept as [%s]",
+        LogL("MVThemeMgr", LogLevel::warning, "favourites file [%s] cannot be parsed, kept as [%s]",
              path.toUtf8().constData(), aside.toUtf8().constData());
         return {};
     }

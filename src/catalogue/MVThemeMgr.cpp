@@ -110,7 +110,8 @@ bool MVThemeMgr::isInUse(const char* operation)
     const int uses = CatalogueUse::count();
     if (uses == 0)
         return false;
-    LogL("MVThemeMgr", 3, "%s does nothing: %d downloads use the catalogue", operation, uses);
+    LogL("MVThemeMgr", LogLevel::warning, "%s does nothing: %d downloads use the catalogue",
+         operation, uses);
     return true;
 }
 
@@ -210,7 +211,7 @@ bool MVThemeMgr::listNeededFiles(SCfg_Item* item, QVector<SFileInfo*>& out)
     };
     if (add(item))
         return true;
-    LogL("MVThemeMgr", 3, "item [%s] needs more than %d files and cannot be used",
+    LogL("MVThemeMgr", LogLevel::warning, "item [%s] needs more than %d files and cannot be used",
          item->m_qsGUID.toUtf8().constData(), maxNeededFiles);
     return false;
 }

@@ -1,5 +1,6 @@
 // MVThemeMgr: extracting the built-in items out of a full resource tree.
 
+#include "catalogue/BuiltinThemes.h"
 #include "catalogue/MVThemeMgr.h"
 #include "catalogue/PathGuard.h"
 #include "host/AppOptions.h"
@@ -20,7 +21,6 @@ namespace {
 
 constexpr int slotCount = DependencySlots::count;
 constexpr int copiedSlots = slotCount - 1; // motions, the last slot, are copied as a whole
-constexpr int builtinThemes = 2;
 
 /// Folder of a kind below the root.
 QString kindFolder(ECfgItemType kind)
@@ -108,7 +108,7 @@ void MVThemeMgr::createLocalThemeRes()
     for (const SCfg_Item& filter : std::as_const(m_sDisplayXML.vecFilter))
         tree.add(eDependType_Filter, filter.m_qsGUID);
 
-    const int themes = std::min(builtinThemes, m_sDisplayXML.vecTheme.size());
+    const int themes = std::min<int>(BuiltinThemes::themeCount, m_sDisplayXML.vecTheme.size());
     for (int i = 0; i < themes; ++i) {
         const SThemes_a* const theme = m_sDisplayXML.vecTheme.at(i).parsedTheme();
         if (!theme)

@@ -9,11 +9,9 @@
 
 namespace {
 
-constexpr int logWarning = 3;
-
 bool refuse(const QString& path, const QString& fault)
 {
-    LogL("MVThemeMgr", logWarning, "XML file [%s] is refused: %s", path.toUtf8().constData(),
+    LogL("MVThemeMgr", LogLevel::warning, "XML file [%s] is refused: %s", path.toUtf8().constData(),
          fault.toUtf8().constData());
     return false;
 }

@@ -19,9 +19,8 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr int highestRedirects = 5;
+constexpr int maxRedirects = 5;
 constexpr std::chrono::milliseconds callbackPause(100);
-constexpr qint64 copyChunk = 256 * 1024;
 
 bool isHttp(const QUrl& url)
 {
@@ -131,11 +130,14 @@ bool CurWrapper::Private::copyBeginning()
     QFile beginning(m_target);
     if (!RegularFile::open(beginning) || beginning.size() == 0)
         return true;
-    for (QByteArray chunk = beginning.read(copyChunk); !chunk.isEmpty();
-         chunk = beginning.read(copyChunk)) {
-        if (!m_file.write(chunk.constData(), chunk.size()))
-            return false;
-    }
+    // Where reading ends early, the transfer goes on from there.
+    bool isStored = true;
+    RegularFile::readChunks(beginning, [&](const char* bytes, int length) {
+        isStored = m_file.write(bytes, length);
+        return isStored;
+    });
+    if (!isStored)
+        return false;
     m_request.notAfter = beginning.fileTime(QFileDevice::FileModificationTime);
     m_request.rangeStart = m_file.size();
     return true;
@@ -212,8 +214,8 @@ HttpTransfer::End CurWrapper::Private::followRedirects()
             return end;
 
         const QUrl next = url.resolved(QUrl::fromEncoded(transfer.head().location));
-        if (redirects == highestRedirects)
-            m_redirectError = QStringLiteral("more than %1 redirects").arg(highestRedirects);
+        if (redirects == maxRedirects)
+            m_redirectError = QStringLiteral("more than %1 redirects").arg(maxRedirects);
         else if (!next.isValid() || !isHttp(next))
             m_redirectError =
                 QStringLiteral("redirected to %1, which is not an http or https address")

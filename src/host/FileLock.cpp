@@ -1,5 +1,7 @@
 #include "host/FileLock.h"
 
+#include "host/NewFileMode.h"
+
 #include <QDeadlineTimer>
 #include <QFile>
 
@@ -59,7 +61,6 @@ FileLock::Result FileLock::lock(const CancelToken& cancel)
 
 FileLock::Result FileLock::tryLock()
 {
-    constexpr mode_t newFileMode = 0666; // less the umask
     while (!isLocked()) {
         const int handle =
             ::open(m_name.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, newFileMode);

@@ -15,7 +15,7 @@ constexpr int tickMs = 50; // a cancel is noticed within two of them
 /// Below the size from which the allocator gives memory back to the system after every request.
 constexpr long receiveBuffer = 64 * 1024;
 /// An error page up to this size is read past, so that its connection serves the next file too.
-constexpr qint64 longestDiscard = 64 * 1024;
+constexpr qint64 maxDiscardBytes = 64 * 1024;
 
 void initialiseLibrary()
 {
@@ -306,7 +306,7 @@ std::size_t HttpTransfer::takeBody(const char* data, std::size_t length)
     const qint64 count = static_cast<qint64>(length);
     if (m_discarding) {
         m_discarded += count;
-        return m_discarded > longestDiscard ? 0 : length;
+        return m_discarded > maxDiscardBytes ? 0 : length;
     }
     const qint64 allowed = hostSettings().maxDownloadBytes;
     if (m_file->size() + count > allowed) {

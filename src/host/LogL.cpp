@@ -12,9 +12,6 @@
 
 namespace {
 
-constexpr int levelInfo = 2;
-constexpr int levelWarning = 3;
-
 /// A category and the storage of its name, which QLoggingCategory only points to.
 struct Category
 {
@@ -53,10 +50,10 @@ void writeToQt(const QByteArray& name, int level, const QByteArray& text)
 {
     const QLoggingCategory& category = categoryOf(name);
     const QMessageLogger logger(nullptr, 0, nullptr, category.categoryName());
-    if (level >= levelWarning) {
+    if (level >= LogLevel::warning) {
         if (category.isWarningEnabled())
             logger.warning("%s", text.constData());
-    } else if (level >= levelInfo) {
+    } else if (level >= LogLevel::event) {
         if (category.isInfoEnabled())
             logger.info("%s", text.constData());
     } else if (category.isDebugEnabled()) {

@@ -6,6 +6,13 @@
 
 #include <functional>
 
+/// Levels of LogL().
+namespace LogLevel {
+constexpr int detail = 1;
+constexpr int event = 2;
+constexpr int warning = 3;
+} // namespace LogLevel
+
 /// Writes one line to the host's log. Callable from every thread.
 ///
 /// `category` names the part that speaks ("MVThemeMgr", "CheckCfgWorker", ...). `level` is 1 for

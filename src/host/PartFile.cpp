@@ -1,5 +1,7 @@
 #include "host/PartFile.h"
 
+#include "host/NewFileMode.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -19,7 +21,6 @@
 namespace {
 
 constexpr int createAttempts = 16;
-constexpr mode_t newFileMode = 0666; // less the umask
 
 const QLatin1String partPrefix(".mv-");
 const QLatin1String partSuffix(".part");

@@ -1,5 +1,7 @@
 #include "host/RegularFile.h"
 
+#include "host/NewFileMode.h"
+
 #include <QByteArray>
 #include <QFile>
 #include <QString>
@@ -13,8 +15,7 @@
 
 namespace {
 
-constexpr mode_t newFileMode = 0666; // less the umask
-constexpr int chunkSize = 256 * 1024;
+constexpr int chunkBytes = 256 * 1024;
 
 } // namespace
 
@@ -39,17 +40,26 @@ bool RegularFile::open(QFile& file, QIODevice::OpenMode mode, QString* error)
     return fail(QStringLiteral("not a regular file"));
 }
 
+bool RegularFile::readChunks(QFile& file, const ChunkHandler& handler)
+{
+    QByteArray chunk(chunkBytes, Qt::Uninitialized);
+    for (;;) {
+        const auto length = static_cast<int>(file.read(chunk.data(), chunk.size()));
+        if (length <= 0)
+            return length == 0 && file.error() == QFileDevice::NoError;
+        if (!handler(chunk.constData(), length))
+            return false;
+    }
+}
+
 bool RegularFile::readAll(QFile& file, qint64 maxBytes, QByteArray& bytes)
 {
     bytes.clear();
     bytes.reserve(static_cast<int>(qMin(file.size(), maxBytes)));
-    QByteArray chunk(chunkSize, Qt::Uninitialized);
-    for (;;) {
-        const qint64 length = file.read(chunk.data(), chunk.size());
-        if (length <= 0)
-            return file.error() == QFileDevice::NoError;
+    return readChunks(file, [&](const char* chunk, int length) {
         if (bytes.size() + length > maxBytes)
             return false;
-        bytes.append(chunk.constData(), static_cast<int>(length));
-    }
+        bytes.append(chunk, length);
+        return true;
+    });
 }

@@ -4,6 +4,8 @@
 
 #include <QIODevice>
 
+#include <functional>
+
 class QByteArray;
 class QFile;
 class QString;
@@ -20,6 +22,12 @@ public:
     /// and for what the system refuses.
     static bool open(QFile& file, QIODevice::OpenMode mode = QIODevice::ReadOnly,
                      QString* error = nullptr);
+
+    /// Takes the next bytes of a file; false ends the reading.
+    using ChunkHandler = std::function<bool(const char* bytes, int length)>;
+    /// Reads an open file from its position to its end, in chunks. False if reading fails or the
+    /// handler returns false.
+    static bool readChunks(QFile& file, const ChunkHandler& handler);
 
     /// Reads an open file to its end. False, with what came so far in `bytes`, if reading fails or
     /// there are more than `maxBytes`.

@@ -12,8 +12,6 @@
 
 namespace {
 
-constexpr int copyChunk = 256 * 1024;
-
 /// Resolves all links of a path, as far as it exists, and appends a slash.
 QString realFolder(const QString& path)
 {
@@ -32,13 +30,11 @@ QString Utils::getMD5(const QString& file)
     if (file.isEmpty() || !RegularFile::open(source))
         return QString();
     QCryptographicHash hash(QCryptographicHash::Md5);
-    QByteArray chunk(copyChunk, Qt::Uninitialized);
-    qint64 length = 0;
-    while ((length = source.read(chunk.data(), chunk.size())) > 0)
-        hash.addData(chunk.constData(), static_cast<int>(length));
-    if (length < 0)
-        return QString();
-    return QString::fromLatin1(hash.result().toHex());
+    const bool isRead = RegularFile::readChunks(source, [&hash](const char* bytes, int length) {
+        hash.addData(bytes, length);
+        return true;
+    });
+    return isRead ? QString::fromLatin1(hash.result().toHex()) : QString();
 }
 
 bool Utils::copyFile(const QString& sourceFile, const QDir& targetDir, const QString& fileName)
@@ -57,14 +53,10 @@ bool Utils::copyFileToPath(const QString& from, const QString& to, bool overwrit
     PartFile target;
     if (!target.open(to))
         return false;
-    QByteArray chunk(copyChunk, Qt::Uninitialized);
-    for (;;) {
-        const qint64 length = source.read(chunk.data(), chunk.size());
-        if (length < 0 || (length > 0 && !target.write(chunk.constData(), length)))
-            return false;
-        if (length == 0)
-            return target.commit();
-    }
+    return RegularFile::readChunks(
+               source,
+               [&target](const char* bytes, int length) { return target.write(bytes, length); })
+        && target.commit();
 }
 
 bool Utils::writeFile(const QString& path, const QByteArray& content, STransferFailure* failure)

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr size_t largestRequestBytes = 64 * 1024;
+constexpr size_t maxRequestBytes = 64 * 1024;
 
 bool isTemporary(int error)
 {
@@ -95,7 +95,7 @@ void ClientStream::get_local_ip_and_port(std::string& /*ip*/, int& /*port*/) con
 /// Receives more of the request. False: nothing more can be read.
 bool ClientStream::fill()
 {
-    const size_t room = std::min(m_buffer.size(), largestRequestBytes - m_received);
+    const size_t room = std::min(m_buffer.size(), maxRequestBytes - m_received);
     while (room > 0 && !m_isExhausted) {
         const ssize_t count = ::recv(m_socket, m_buffer.data(), room, MSG_DONTWAIT);
         if (count > 0) {
