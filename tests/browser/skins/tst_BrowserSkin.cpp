@@ -5,7 +5,11 @@
 #include <QApplication>
 #include <QDir>
 #include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
 #include <QImage>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
@@ -80,6 +84,8 @@ private slots:
     void hasAFileForEachName();
     void describesTheSkin_data() { skins(); }
     void describesTheSkin();
+    void hasNoColorInVain_data() { skins(); }
+    void hasNoColorInVain();
     void givesWindowColors_data() { skins(); }
     void givesWindowColors();
     void givesDefaultColorsToOthers();
@@ -133,6 +139,27 @@ void tst_BrowserSkin::describesTheSkin()
     static const QRegularExpression head(QStringLiteral("^/\\* (\\w+)\\. [A-Z][^*]+\\. \\*/\n"));
     QCOMPARE(head.match(sheet).captured(1), skin);
     QVERIFY(!sheet.contains(QLatin1Char('@')));
+}
+
+/// What the sheet needs is told by warnings; each colour of an icon tints one, and those of a
+/// window are all that windowColors() gives.
+void tst_BrowserSkin::hasNoColorInVain()
+{
+    QFETCH(QString, skin);
+    QFile file(folder + skin + QStringLiteral(".json"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QJsonObject content = QJsonDocument::fromJson(file.readAll()).object();
+    QStringList tinted;
+    const QStringList icons = QDir(folder + QStringLiteral("icons/") + skin).entryList(QDir::Files);
+    for (const QString& icon : icons)
+        tinted.append(QFileInfo(icon).completeBaseName());
+    tinted.sort();
+    QVERIFY(!tinted.isEmpty());
+    QCOMPARE(content.value(QStringLiteral("icons")).toObject().keys(), tinted);
+    QCOMPARE(content.value(QStringLiteral("window")).toObject().size(), 8);
+    QCOMPARE(content.keys(),
+             (QStringList{QStringLiteral("description"), QStringLiteral("icons"),
+                          QStringLiteral("sheet"), QStringLiteral("window")}));
 }
 
 void tst_BrowserSkin::givesWindowColors()
