@@ -1,0 +1,6 @@
+#pragma once
+
+#include <sys/types.h>
+
+/// Permissions of every file that is created; the umask takes away what the user does not want.
+constexpr mode_t newFileMode = 0666;
