@@ -15,7 +15,7 @@ namespace {
 constexpr int levelInfo = 2;
 constexpr int levelWarning = 3;
 
-/// A category and the storage of its name, which QLoggingCategory only points to.
+/// A category and the storage of its name, to which QLoggingCategory only points.
 struct Category
 {
     explicit Category(const QByteArray& categoryName)

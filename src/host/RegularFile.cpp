@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr mode_t newFileMode = 0666; // less the umask
+constexpr mode_t newFileMode = 0666; // reduced by the umask
 constexpr int chunkSize = 256 * 1024;
 
 } // namespace
