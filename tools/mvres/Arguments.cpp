@@ -79,7 +79,7 @@ bool Arguments::parse(const QCoreApplication& application)
 
     QCommandLineParser parser;
     parser.setApplicationDescription(QString::fromLatin1(description));
-    // Not addHelpOption(): it also offers a help on options of Qt's, which are not read here.
+    // Not addHelpOption(): it also offers help on Qt's own options, which are not parsed here.
     const QCommandLineOption helpOption({QStringLiteral("h"), QStringLiteral("help")},
                                         QStringLiteral("print this help"));
     const QCommandLineOption versionOption = parser.addVersionOption();
@@ -144,7 +144,7 @@ bool Arguments::readParams(const QStringList& texts)
     return true;
 }
 
-/// Names of files are appended to the root as they are, so it ends where a name can follow.
+/// File names are appended unchanged to the root, so it must end where a name can follow.
 bool Arguments::readServer(const QString& text)
 {
     const QUrl url(text);
