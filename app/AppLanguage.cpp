@@ -9,7 +9,7 @@
 
 namespace {
 
-/// Replaces what this call installed before. The application owns it.
+/// Replaces the translator that this call installed before. The application owns it.
 void installTranslator(QTranslator*& current, const QString& file, const QString& folder)
 {
     delete current;

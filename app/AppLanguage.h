@@ -2,15 +2,15 @@
 
 #include <QString>
 
-/// The language of all that the program shows: its own texts, the library's and Qt's, and the way
-/// numbers and dates are written.
+/// The language of everything the program shows: its own texts, the library's and Qt's, and the
+/// format of numbers and dates.
 class AppLanguage
 {
 public:
     AppLanguage() = delete;
 
-    /// One of BrowserLanguage::languages(). Open windows change at once.
+    /// Installs one of BrowserLanguage::languages(). Open windows change at once.
     static void install(const QString& language);
-    /// The language's name in itself, for menus.
+    /// Returns the language's own name for itself, for menus.
     static QString ownName(const QString& language);
 };

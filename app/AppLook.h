@@ -9,6 +9,6 @@ class AppLook
 public:
     AppLook() = delete;
 
-    /// One of BrowserSkin::names(). Needs a QApplication; open windows change at once.
+    /// Applies one of BrowserSkin::names(). Needs a QApplication; open windows change at once.
     static void apply(const QString& skin);
 };

@@ -60,7 +60,7 @@ void CheckStatus::refresh()
 void CheckStatus::showProgress(const SUpdateProgress& progress)
 {
     if (m_check.phase() != CatalogueUpdate::Phase::Previews)
-        return; // two or three small files are not worth a number
+        return; // two or three small files need no number
     m_busy->setRange(0, progress.m_nFiles);
     m_busy->setValue(progress.m_nFilesDone);
 }
@@ -102,7 +102,7 @@ QString CheckStatus::previewsText() const
     return text;
 }
 
-/// Returns why the check, or previews behind it, failed, one reason per line.
+/// Returns why the check, or the previews that followed it, failed, one reason per line.
 QString CheckStatus::details() const
 {
     constexpr int maxLines = 10;
@@ -114,7 +114,7 @@ QString CheckStatus::details() const
     return lines.mid(0, maxLines).join(QLatin1Char('\n'));
 }
 
-/// Names the catalogue in use by the date of the file from which it was read.
+/// Identifies the catalogue in use by the date of the file from which it was read.
 QString CheckStatus::catalogueText()
 {
     MVThemeMgr* const catalogue = MVThemeMgr::init();

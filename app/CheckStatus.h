@@ -7,13 +7,13 @@ class QLabel;
 class QProgressBar;
 struct SUpdateProgress;
 
-/// Says in the status bar what the background check does, and how the last one ended.
+/// Shows in the status bar what the background check is doing, and how the last one ended.
 class CheckStatus : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// `check` must live as long as this widget.
+    /// `check` must outlive this widget.
     CheckStatus(const CatalogueUpdate& check, QWidget* parent);
 
     QString text() const;

@@ -37,7 +37,7 @@ bool CommandLine::parse(const QStringList& arguments)
         text("where pictures go; without a script: one of the window, then end"), text("DIR"));
     const QCommandLineOption verboseOption(text("verbose"),
                                            text("write the library's log to standard error"));
-    // Not addHelpOption(): it also offers a help on options of Qt's, which are not read here.
+    // Not addHelpOption(): it also offers help on Qt's own options, which are not parsed here.
     const QCommandLineOption helpOption({text("h"), text("help")}, text("print this help"));
 
     QCommandLineParser parser;

@@ -7,17 +7,17 @@
 
 struct HostSettings;
 
-/// The samples, served by this process, and a temporary folder for all that is written.
+/// The samples, served by this process, and a temporary folder for all output.
 class DemoWorld
 {
 public:
-    /// Starts the server. False: errorText().
+    /// Starts the server. On false see errorText().
     bool start();
     QString errorText() const { return m_error; }
 
-    /// Lets the host work on the samples.
+    /// Configures the host for the samples.
     void describe(HostSettings& settings) const;
-    /// The temporary folder, which goes with this object.
+    /// Returns the temporary folder, which is removed with this object.
     QString folder() const { return m_folder.path(); }
 
 private:

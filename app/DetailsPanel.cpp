@@ -16,7 +16,7 @@
 
 namespace {
 
-/// Changes when the file does, also from missing to there.
+/// Returns a text that changes with the file, including from missing to present.
 QString stateOf(const QString& file)
 {
     const QFileInfo info(file);
@@ -46,7 +46,7 @@ DetailsPanel::DetailsPanel(QWidget* parent)
     m_tree->setObjectName(QStringLiteral("appliedFiles"));
     m_tree->setColumnCount(2);
     m_tree->setHeaderHidden(true);
-    m_tree->setTextElideMode(Qt::ElideMiddle); // both ends of a file's name tell something
+    m_tree->setTextElideMode(Qt::ElideMiddle); // both ends of a file name are informative
     m_tree->setUniformRowHeights(true);
     m_tree->setSelectionMode(QAbstractItemView::NoSelection);
     m_tree->header()->setStretchLastSection(false);
@@ -78,7 +78,7 @@ void DetailsPanel::arrange()
     layout->addWidget(m_name);
     layout->addWidget(m_kind);
     layout->addWidget(m_tree, 1);
-    layout->addStretch(0); // while there is no tree
+    layout->addStretch(0); // fills the space while there is no tree
     layout->addLayout(buttons);
     setTabOrder(m_preview, m_tree);
     setTabOrder(m_tree, m_favourite);

@@ -21,9 +21,9 @@ class DetailsPanel : public QWidget
 public:
     explicit DetailsPanel(QWidget* parent);
 
-    /// The item of this GUID; an empty one says that nothing is applied.
+    /// Shows the item with this GUID; an empty GUID shows that nothing is applied.
     void showItem(ECfgItemType kind, const QString& guid);
-    /// Looks the item up anew: the catalogue was read again, or a file or a favourite has changed.
+    /// Looks the item up again, after a reload of the catalogue or a change of a file or favourite.
     void refresh();
     void setMotionReduced(bool reduced);
 
@@ -51,7 +51,7 @@ private:
     QTreeWidget* m_tree;
     ECfgItemType m_eKind = eCfgItem_Theme;
     QString m_guid;
-    QString m_shownPreview; // which files, as they were when they were opened
+    QString m_shownPreview; // the files shown, with their state when opened
     QString m_folderPath;
     bool m_motionReduced = false;
 };

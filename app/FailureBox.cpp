@@ -25,7 +25,7 @@ FailureBox::FailureBox(QWidget* parent)
     m_text->setObjectName(QStringLiteral("failureText"));
     m_text->setReadOnly(true);
     m_text->setTabChangesFocus(true);
-    // An address has no place to break at.
+    // An address contains no place for a line break.
     m_text->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     constexpr int lines = 6;
     m_text->setFixedHeight(m_text->fontMetrics().lineSpacing() * lines);

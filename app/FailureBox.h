@@ -10,9 +10,9 @@ class QLabel;
 class QPlainTextEdit;
 class QPushButton;
 
-/// Tells why the last download that failed did: the cause in the user's language, and behind a
-/// button the details (address, reason, bytes and local path) to be read and copied. Hidden while
-/// there is nothing to tell.
+/// Shows why the most recent failed download failed: the cause in the user's language and, behind a
+/// button, the details (address, reason, bytes and local path), which can be copied. Hidden while
+/// there is no failure.
 class FailureBox : public QFrame
 {
     Q_OBJECT
@@ -22,7 +22,7 @@ public:
 
     void showFailure(ECfgItemType kind, const QString& guid, const QString& name,
                      const STransferFailure& failure);
-    /// Hides it if it tells of this item.
+    /// Hides the box if it shows this item's failure.
     void forget(ECfgItemType kind, const QString& guid);
 
 signals:

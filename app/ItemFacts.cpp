@@ -13,7 +13,8 @@
 
 namespace {
 
-/// Returns the rank of a file among those of its item: the files that a user fetched come first.
+/// Returns the rank of a file among those of its item: the files that a user has fetched come
+/// first.
 int rank(const ItemFiles::Entry& entry)
 {
     switch (entry.role) {
@@ -29,7 +30,7 @@ int rank(const ItemFiles::Entry& entry)
     return 3;
 }
 
-/// Returns the path of an item's own picture, or nothing if it has none on disk.
+/// Returns the path of an item's own picture; empty if it is not on disk.
 QString existing(const SFileInfo& info)
 {
     const FileView view(info);
@@ -56,7 +57,7 @@ void ItemFacts::addUsed(const ItemFiles& files)
 {
     CatalogueIndex shownItems(MVThemeMgr::init()->getDisplayXML());
     for (const SCfg_Item* const item : files.uses()) {
-        // The config catalogue, which dependencies point into, has no names.
+        // Dependencies point into the config catalogue, which has no names.
         const SCfg_Item* const shown = shownItems.find(item->m_eType, item->m_qsGUID);
         const QString name = shown ? shown->m_qsName : item->m_qsName;
         m_used.append({name.isEmpty() ? item->m_qsGUID : name, kindName(item->m_eType)});

@@ -9,8 +9,8 @@
 class ItemFiles;
 struct SCfg_Item;
 
-/// Describes one item for a person: its kind, the items it uses, its files. The constructor looks
-/// at the disk; texts are in the language of that moment.
+/// Describes one item for display: its kind, the items it uses, its files. The constructor reads
+/// the disk; texts are in the language current at construction.
 class ItemFacts
 {
     Q_DECLARE_TR_FUNCTIONS(ItemFacts)
@@ -32,7 +32,7 @@ public:
     explicit ItemFacts(SCfg_Item& item);
 
     QString name() const { return m_name; }
-    /// "Theme · Travel"
+    /// Returns a text such as "Theme · Travel".
     QString kind() const { return m_kind; }
     QString thumbnail() const { return m_thumbnail; } ///< path; empty: none on disk
     QString animation() const { return m_animation; } ///< path; empty: none on disk

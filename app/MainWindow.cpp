@@ -25,7 +25,7 @@
 namespace {
 
 constexpr QSize firstSize(1150, 750);
-constexpr int firstListWidth = 772; // four themes, or six filters, beside each other
+constexpr int firstListWidth = 772; // four themes, or six filters, side by side
 
 } // namespace
 
@@ -144,7 +144,7 @@ void MainWindow::connectView()
 void MainWindow::connectCells()
 {
     MVThemeMgr* const catalogue = MVThemeMgr::init();
-    // Later, since the cell that was pressed is still at work; and once for many.
+    // Deferred, since the clicked cell is still busy; once for several changes.
     m_favouritesChanged->setSingleShot(true);
     connect(m_favouritesChanged, &QTimer::timeout, this, &MainWindow::refreshFavourites);
     const auto favouritesChanged = [this] { m_favouritesChanged->start(0); };
@@ -167,7 +167,7 @@ void MainWindow::restore()
     restoreGeometry(m_preferences.geometry());
     const QSize largest = screen()->availableVirtualSize();
     if (size().boundedTo(largest) != size())
-        resize(size().boundedTo(largest)); // a window system may not survive a damaged value
+        resize(size().boundedTo(largest)); // a damaged value could crash a window system
     const QList<int> sizes = m_preferences.splitterSizes();
     if (sizes.size() == m_splitter->count())
         m_splitter->setSizes(sizes);
@@ -203,7 +203,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
     m_preferences.setGeometry(saveGeometry());
     m_preferences.setSplitterSizes(m_splitter->sizes());
     disconnect(&m_check, nullptr, this, nullptr);
-    hide(); // ending downloads and the check may take a second that nobody should watch
+    hide(); // ending downloads and the check may take a second, which nobody should have to watch
     m_tabs->cancelDownloads();
     event->accept();
 }

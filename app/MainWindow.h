@@ -17,19 +17,19 @@ class ResourceTabs;
 class ViewMenu;
 struct STransferFailure;
 
-/// The window: lists on the left, what is applied on the right, the check in the status bar.
+/// The window: lists on the left, the applied item on the right, the check in the status bar.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
 
 public:
-    /// Both must live as long as the window.
+    /// Both must outlive the window.
     MainWindow(Preferences& preferences, CatalogueUpdate& check);
     ~MainWindow() override;
 
     ResourceTabs* tabs() const { return m_tabs; }
     CheckStatus* checkStatus() const { return m_status; }
-    /// Returns how often the catalogue was read again.
+    /// Returns how many times the catalogue was reloaded.
     int reloads() const { return m_reloads; }
 
 protected:

@@ -1,4 +1,4 @@
-// MainWindow: what its parts ask for.
+// MainWindow: handling of its parts' requests.
 
 #include "AppLook.h"
 #include "browser/MVThemeItemWdg.h"
@@ -73,8 +73,8 @@ void MainWindow::applyMotion(bool reduced)
 
 void MainWindow::reloadCatalogue()
 {
-    saveFavourites();                                  // they are read again, too
-    hostSettings().currentSkin = m_preferences.skin(); // nothing reads it in a thread now
+    saveFavourites();                                  // they are reloaded, too
+    hostSettings().currentSkin = m_preferences.skin(); // no thread reads it now
     m_tabs->reloadCatalogue();
     m_details->refresh();
     ++m_reloads;
@@ -96,7 +96,7 @@ void MainWindow::refreshCheckButton()
     const QString& text = idle ? start : cancel;
     QPushButton* const button = m_tabs->checkButton();
     button->setText(text);
-    // Room for both, so that nothing moves when a check begins or ends.
+    // Room for both texts, so that nothing moves when a check begins or ends.
     const QFontMetrics metrics = button->fontMetrics();
     button->setMinimumWidth(
         qMax(metrics.horizontalAdvance(start), metrics.horizontalAdvance(cancel))
@@ -106,7 +106,7 @@ void MainWindow::refreshCheckButton()
 
 void MainWindow::refreshFavourites()
 {
-    // The catalogue saves them when the process ends in order; a crash must not lose them.
+    // The catalogue saves them at a normal exit of the process; a crash must not lose them.
     saveFavourites();
     m_tabs->refreshFavourites();
     m_details->refresh();

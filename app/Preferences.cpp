@@ -46,7 +46,7 @@ QString systemLanguage()
     return languages.contains(language) ? language : languages.constFirst();
 }
 
-/// False: not an object. An empty file is one without values.
+/// Returns false for anything except an object. An empty file counts as an empty object.
 bool parse(const QByteArray& content, QJsonObject& values)
 {
     const QJsonDocument document = QJsonDocument::fromJson(content);
@@ -68,7 +68,7 @@ Preferences::Preferences(const QString& file)
 void Preferences::read()
 {
     QFile file(m_file);
-    const bool isRegular = QFileInfo(m_file).isFile(); // opening a pipe would wait
+    const bool isRegular = QFileInfo(m_file).isFile(); // opening a pipe would block
     if (!isRegular || !file.open(QIODevice::ReadOnly)) {
         m_problem =
             QStringLiteral("preferences are not stored: %1: %2")
@@ -110,7 +110,7 @@ void Preferences::store(const QString& key, const QJsonValue& value)
     FileLock lock(m_file + QStringLiteral(".lock"));
     if (lock.lock(maxLockWait) != FileLock::Result::Locked)
         return;
-    // Another process may have stored something since.
+    // Another process may have stored changes meanwhile.
     QJsonObject all = m_values;
     QFile present(m_file);
     if (present.open(QIODevice::ReadOnly) && parse(present.read(maxBytes + 1), all))

@@ -5,17 +5,17 @@
 #include <QList>
 #include <QString>
 
-/// The user's preferences, kept in a JSON file from one start to the next.
-/// Values that do not make sense read as the defaults. A change is stored at once and leaves alone
-/// what other processes have changed. GUI thread only; needs no application object.
+/// The user's preferences, kept in a JSON file between starts. Invalid values read as the defaults.
+/// A change is stored at once and preserves the changes of other processes. GUI thread only; needs
+/// no application object.
 class Preferences
 {
 public:
-    /// Reads the file. One that cannot be understood is renamed to "NAME.damaged-1" or the next
-    /// free number, and all values are the defaults. One that cannot be read, or that is not a
-    /// regular file, stays as it is, and changes are not stored.
+    /// Reads the file. A malformed file is renamed to "NAME.damaged-1" or the next free number, and
+    /// all values are the defaults. A file that is unreadable or not a regular file is left alone,
+    /// and changes are not stored.
     explicit Preferences(const QString& file);
-    /// Says which of that has happened; empty: neither.
+    /// Returns a message if either has happened; empty otherwise.
     QString problem() const { return m_problem; }
 
     int tab() const; ///< 0 to 3
@@ -24,16 +24,16 @@ public:
     void setThemeType(int type);
     QByteArray geometry() const;
     void setGeometry(const QByteArray& geometry);
-    /// Each 0 to QWIDGETSIZE_MAX; empty: not known.
+    /// Each is 0 to QWIDGETSIZE_MAX; empty if unknown.
     QList<int> splitterSizes() const;
     void setSplitterSizes(const QList<int>& sizes);
-    /// One of BrowserSkin::names().
+    /// Returns one of BrowserSkin::names().
     QString skin() const;
     void setSkin(const QString& skin);
-    /// One of BrowserLanguage::languages(); that of the user's system at first, if it is there.
+    /// Returns one of BrowserLanguage::languages(); by default the system's, if available.
     QString language() const;
     void setLanguage(const QString& language);
-    /// Per cent; 0: as the screen says. Read when the program starts.
+    /// Returns the percentage; 0: the screen's own. Read when the program starts.
     int scale() const;
     void setScale(int percent);
     bool isMotionReduced() const;

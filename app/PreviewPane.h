@@ -4,7 +4,7 @@
 #include <QPixmap>
 #include <QWidget>
 
-/// A large picture of the applied item: its animation, or its thumbnail. Space plays and stops it.
+/// A large picture of the applied item: its animation or its thumbnail. Space plays and stops it.
 class PreviewPane : public QWidget
 {
     Q_OBJECT
@@ -12,9 +12,9 @@ class PreviewPane : public QWidget
 public:
     explicit PreviewPane(QWidget* parent);
 
-    /// Paths of the files. Without an animation the thumbnail shows, without both nothing; without
-    /// a thumbnail an animation that does not play shows its first frame. A file that announces
-    /// more than PictureFormat::maxPixels counts as none.
+    /// Shows files by their paths. Without an animation it shows the thumbnail; without a
+    /// thumbnail, an animation that is not playing shows its first frame; without either, nothing.
+    /// A file that announces more than PictureFormat::maxPixels is ignored.
     void show(const QString& thumbnail, const QString& animation, bool play);
     void setPlaying(bool playing);
     bool isPlaying() const { return m_movie.state() == QMovie::Running; }
@@ -31,5 +31,5 @@ private:
     QPixmap m_still;
     QMovie m_movie;
     bool m_animated = false;
-    bool m_hasFrame = false; // until then the movie's picture is that of the file before
+    bool m_hasFrame = false; // until then the movie's picture is that of the previous file
 };

@@ -133,7 +133,7 @@ QString ResourceList::whyEmpty() const
 
 void ResourceList::showWhyEmpty()
 {
-    // The "More>>" row, which has no GUID, is the last.
+    // The "More>>" row, which has no GUID, is the last one.
     const bool anyItem = !m_view->model()->index(0, 0).data(UIItemRole_GUID).toString().isEmpty();
     m_whyEmpty->setVisible(!anyItem);
     m_whyEmpty->setText(whyEmpty());

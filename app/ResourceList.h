@@ -13,7 +13,7 @@ class mvThemelistview;
 class QLabel;
 struct SCfg_Item;
 
-/// One list of resources with its filter, and what it says where it has nothing to show.
+/// One list of resources with its filter, and a message if it is empty.
 class ResourceList : public QWidget
 {
     Q_OBJECT
@@ -29,14 +29,14 @@ public:
     void setFilter(int themeType, const QString& text);
     /// Applies the filter again, after favourites have changed.
     void refilter();
-    /// Rows, "More>>" among them.
+    /// Returns the number of rows, including "More>>".
     int shownItems() const;
 
-    /// Returns whether the item has a row that no filter hides.
+    /// Returns whether the item has a row that passes the filter.
     bool isShown(const QString& guid) const;
-    /// Makes a shown item the current one, in view; null for one that is not shown.
+    /// Makes a shown item the current one and scrolls to it; returns null if it is not shown.
     MVThemeItemWdg* reveal(const QString& guid);
-    /// Shows favourites as they are now.
+    /// Updates the marks of the favourites.
     void refreshFavourites();
 
 signals:

@@ -141,7 +141,7 @@ void ResourceTabs::noteApplied(const ResourceList* from, SCfg_Item* item)
     m_applied.insert(from->kind(), item->m_qsGUID);
     if (from->kind() == eCfgItem_Theme)
         MVThemeMgr::init()->setCurApplyTheme(item);
-    // Both lists of filters show which one it is.
+    // Both filter lists mark it.
     for (ResourceList* list : qAsConst(m_lists)) {
         if (list != from && list->kind() == from->kind())
             list->view()->setAppliedItem(item->m_qsGUID);
@@ -178,7 +178,7 @@ void ResourceTabs::refreshFavourites()
 
 void ResourceTabs::reloadCatalogue()
 {
-    cancelDownloads(); // all at once, so that release() waits for the slowest only
+    cancelDownloads(); // all at once, so that release() waits only for the slowest
     for (ResourceList* list : qAsConst(m_lists))
         list->view()->release();
     MVThemeMgr* const catalogue = MVThemeMgr::init();

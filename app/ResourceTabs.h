@@ -15,7 +15,7 @@ class ResourceList;
 class MVThemeItemWdg;
 struct SCfg_Item;
 
-/// The four lists behind tabs, and above them what chooses among their items.
+/// The four lists as tabs, and above them the controls that filter their items.
 class ResourceTabs : public QWidget
 {
     Q_OBJECT
@@ -31,20 +31,21 @@ public:
     const QVector<ResourceList*>& lists() const { return m_lists; }
     QPushButton* checkButton() const { return m_check; }
 
-    /// The GUID of the item that is applied now; empty: none.
+    /// Returns the GUID of the currently applied item; empty if there is none.
     QString appliedItem(ECfgItemType kind) const { return m_applied.value(kind); }
 
-    /// Shows the cell of an item, if need be on another tab and without the present filter; null if
-    /// there is none. It is valid until the filter changes or the catalogue is read again.
+    /// Shows the cell of an item, if necessary on another tab and without the current filter;
+    /// returns null if there is none. The cell is valid until the filter changes or the catalogue
+    /// is reloaded.
     MVThemeItemWdg* reveal(ECfgItemType kind, const QString& guid);
 
-    /// Moves the keyboard to the search field.
+    /// Moves the keyboard focus to the search field.
     void startSearch();
     void refreshFavourites();
-    /// Reads the catalogue again with what the user sees kept. Neither a check nor the previews'
-    /// run may be on their way; downloads stop, and begin again afterwards.
+    /// Reloads the catalogue and keeps the user's view. Neither a check nor a preview run may be in
+    /// progress; downloads are stopped and restarted.
     void reloadCatalogue();
-    /// Gives the cells the size that the skin has now.
+    /// Applies the skin's current cell sizes.
     void updateItemSizes();
     void cancelDownloads();
 

@@ -7,9 +7,9 @@
 class CommandLine;
 class DemoWorld;
 
-/// The library's start, in the order that it asks for: host settings, catalogue, download root,
-/// loading. One object per process. It must outlive the catalogue, which writes into a demo's
-/// folder when the process ends: a static object, made before MVThemeMgr::init() is called first.
+/// Starts the library in the required order: host settings, catalogue, download root, loading. One
+/// object per process. It must outlive the catalogue, which writes into a demo's folder when the
+/// process ends: make it a static object, created before the first call of MVThemeMgr::init().
 class Startup
 {
 public:
@@ -17,9 +17,9 @@ public:
     ~Startup();
     Q_DISABLE_COPY_MOVE(Startup)
 
-    /// Reads what must be known before a window is created. False: errorText() says why.
+    /// Reads the settings needed before a window is created. On false see errorText().
     bool readSettings(const CommandLine& commandLine);
-    /// Opens the catalogue, for which the skin must be known. False: errorText().
+    /// Opens the catalogue, for which the skin must be known. On false see errorText().
     bool openCatalogue(const QString& skin);
     QString errorText() const { return m_error; }
 

@@ -5,7 +5,7 @@
 class Preferences;
 class QActionGroup;
 
-/// Skin, language, scale and motion, with marks at what the preferences say.
+/// The menu of skin, language, scale and motion, with check marks at the current preferences.
 class ViewMenu : public QMenu
 {
     Q_OBJECT
@@ -16,7 +16,7 @@ public:
 signals:
     void skinChosen(const QString& skin);
     void languageChosen(const QString& language);
-    /// Per cent; 0: as the screen says.
+    /// A percentage; 0: the screen's own.
     void scaleChosen(int percent);
     void motionReducedChosen(bool reduced);
 

@@ -1,5 +1,5 @@
-// mveditor: a slideshow editor in small. It embeds the resource lists as an editor would, and is
-// what a host developer copies from.
+// mveditor: a miniature slideshow editor. It embeds the resource lists as an editor would, and
+// serves host developers as a template.
 
 #include "AppLanguage.h"
 #include "AppLook.h"
@@ -33,7 +33,7 @@ int fail(int status, const QString& text)
     return status;
 }
 
-/// Qt reads the scale only while an application starts.
+/// Sets the scale, which Qt reads only while an application starts.
 void applyScale(int percent)
 {
     constexpr double whole = 100.0;
@@ -41,7 +41,7 @@ void applyScale(int percent)
         qputenv(scaleVariable, QByteArray::number(percent / whole));
 }
 
-/// Reads command line and settings, which must be known before a window can be created.
+/// Reads command line and settings, which are needed before a window can be created.
 int prepare(int& argc, char** argv, CommandLine& commandLine, Startup& startup)
 {
     const QCoreApplication early(argc, argv);
@@ -63,8 +63,8 @@ int run(int& argc, char** argv, const CommandLine& commandLine, Startup& startup
         applyScale(preferences.scale());
     QApplication application(argc, argv);
     if (ownScale)
-        qunsetenv(scaleVariable); // programs that the window opens have a scale of their own
-    // The same everywhere, and it takes all its colours from the palette.
+        qunsetenv(scaleVariable); // programs opened by the window have their own scale
+    // The same on every platform, with all colours from the palette.
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     if (!startup.openCatalogue(preferences.skin()))
         return fail(exitFailure, startup.errorText());
@@ -93,7 +93,7 @@ int run(int& argc, char** argv, const CommandLine& commandLine, Startup& startup
 
 int main(int argc, char** argv)
 {
-    // Whoever reads its output may end first, which must not end a window.
+    // A reader of the output that quits first must not end the window.
     std::signal(SIGPIPE, SIG_IGN);
     QCoreApplication::setApplicationName(QStringLiteral("mveditor"));
     QCoreApplication::setApplicationVersion(QStringLiteral(MV_VERSION));

@@ -2,7 +2,7 @@
 
 #include <QTemporaryDir>
 
-/// The temporary folder of one benchmark, to which hostSettings() points; log lines go nowhere.
+/// The temporary folder of one benchmark, set in hostSettings(); log lines are discarded.
 class BenchHome
 {
 public:

@@ -2,8 +2,8 @@
 
 #include <QtGlobal>
 
-/// Answers every request for "/SIZE/..." with SIZE bytes, over connections that stay open. Runs in
-/// a process of its own, so that its work does not count as the client's.
+/// Answers every request for "/SIZE/..." with SIZE bytes, over persistent connections. Runs in a
+/// separate process, so that its work does not count as the client's.
 class BodyServer
 {
 public:

@@ -5,9 +5,9 @@
 #include <QImage>
 #include <QLabel>
 
-/// The forms of the browser's cells without the code behind them, under the class names that
-/// BrowserFloor::styleSheet() gives to the rules. Their trees come from the library's own forms,
-/// see CMakeLists.txt; the properties take what a style sheet sets, and nobody asks for it.
+/// The forms of the browser's cells without their code, under the class names that
+/// BrowserFloor::styleSheet() uses in its rules. Their trees come from the library's own forms, see
+/// CMakeLists.txt; the properties accept what a style sheet sets and are never read.
 
 class BareThumbFrame : public QFrame
 {
@@ -52,7 +52,7 @@ class BareMVThemeItemSubwdgt_Preview : public QFrame
     Q_PROPERTY(int nMarginTop_frmNetError MEMBER m_marginTopNetError)
 
 public:
-    /// Hides what a cell at rest hides: a hidden widget costs less.
+    /// Hides what a cell at rest hides, since a hidden widget costs less.
     explicit BareMVThemeItemSubwdgt_Preview(QWidget* parent);
 
 private:

@@ -4,13 +4,13 @@
 #include <QSet>
 #include <QStringList>
 
-/// Counts which files of some folders this program opens.
+/// Counts the files in some folders that this program opens.
 class BrowserFileWatch
 {
 public:
     struct Tally
     {
-        int files = 0; ///< opened
+        int files = 0; ///< files opened
         int again = 0; ///< of these, opened before, in this tally or an earlier one
     };
 
@@ -18,7 +18,7 @@ public:
     ~BrowserFileWatch();
     Q_DISABLE_COPY_MOVE(BrowserFileWatch)
 
-    /// What was opened since the last call. Takes as long as the list of events is.
+    /// Returns what was opened since the last call, in time proportional to the list of events.
     Tally take();
 
 private:

@@ -104,7 +104,8 @@ void BaremvThemelistview::fill()
 
 QString BrowserFloor::styleSheet(const QString& skin)
 {
-    // Names of classes, not of objects such as "#MVThemeItemWdgBg" nor parts of a path.
+    // Matches class names, but neither object names such as "#MVThemeItemWdgBg" nor parts of a
+    // path.
     static const QRegularExpression classNames(
         QStringLiteral("(?<![#/.\\w-])(mvThemelistview|MVThemeItemWdg|MVThemeItemSubwdgt_Preview|"
                        "MVThemePreviewFrm|ThumbFrame|ElidedLabel|MovieLabel)\\b"));

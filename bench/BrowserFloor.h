@@ -5,8 +5,8 @@
 
 class QSortFilterProxyModel;
 
-/// The least that a list of live cells can cost: the same rows in the same kind of view, and on
-/// each a persistent editor that is a bare form.
+/// The minimum cost of a list of live cells: the same rows in the same kind of view, each with a
+/// persistent editor that is a bare form.
 class BaremvThemelistview : public QListView
 {
     Q_OBJECT
@@ -24,11 +24,11 @@ private:
 
 namespace BrowserFloor {
 
-/// A skin with its rules' class names replaced by those of the bare forms.
+/// Returns a skin whose rules name the classes of the bare forms.
 QString styleSheet(const QString& skin);
 
-/// What can be seen of a cell, a line for each visible widget: its name, place and font. What
-/// floats over the picture is left out, for its place is behaviour.
+/// Describes the visible part of a cell, one line per visible widget: name, place and font.
+/// Overlays on the picture are omitted, since their placement is behaviour.
 QStringList layoutOf(const QWidget& cell);
 
 } // namespace BrowserFloor

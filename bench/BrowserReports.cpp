@@ -21,7 +21,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-/// A resource server that never answers, but knows how often it was asked.
+/// A resource server that never answers but counts its requests.
 class SilentServer
 {
 public:
@@ -44,7 +44,7 @@ public:
     ~SilentServer() { ::close(m_listener); }
     Q_DISABLE_COPY_MOVE(SilentServer)
 
-    /// Connections since the last call.
+    /// Returns the number of connections since the last call.
     int take()
     {
         int connections = 0;
@@ -160,7 +160,7 @@ void BrowserReports::reportRing()
 
 void BrowserReports::reportQueuedFilling()
 {
-    // While Qt delivers a posted event it keeps all of them in its queue, which new ones join.
+    // While Qt delivers a posted event it keeps the whole queue, which new events join.
     const auto list = BrowserStage::openList();
     report(
         "initData, called by a queued slot",

@@ -13,17 +13,17 @@ class MVThemeItemWdg;
 class QWidget;
 class SilentServer;
 
-/// What single actions of the user cost in a list of many cells: the time until the result can be
-/// seen, the files that were opened for it, and whether the server was asked.
+/// Reports the cost of single user actions in a list of many cells: the time until the result is
+/// visible, the files opened for it, and whether the server was contacted.
 class BrowserReports
 {
 public:
-    /// `world` is the one that is loaded.
+    /// `world` must be the loaded one.
     BrowserReports(const BrowserWorld& world, const QString& styleSheet);
     ~BrowserReports();
 
-    /// Prints a line per action. False if one asked the server, or opened a file again that had
-    /// been opened already. A second list and an animation that is played again may do the latter.
+    /// Prints a line per action. Returns false if one contacted the server, or reopened a file.
+    /// Only a second list and replaying an animation may do the latter.
     bool print();
 
 private:

@@ -7,18 +7,18 @@ class mvThemelistview;
 class QString;
 class QWidget;
 
-/// Shows lists the way both sides are measured: under a skin, in a window of the same size, with
-/// nothing left to do before the measurement and after it.
+/// Shows lists the way both sides are measured: with a skin, in a window of the same size, with no
+/// work pending before or after the measurement.
 namespace BrowserStage {
 
-/// Puts a skin on the application, for the code or for the floor; one that is on stays.
+/// Applies a skin to the application, for the code or for the floor; an active one is kept.
 void dress(const QString& styleSheet);
 
-/// An empty list that is shown.
+/// Opens an empty, visible list.
 std::unique_ptr<mvThemelistview> openList();
 std::unique_ptr<BaremvThemelistview> openFloor();
 
-/// Handles events until everything is polished, laid out and painted.
+/// Processes events until everything is polished, laid out and painted.
 void settle();
 
 } // namespace BrowserStage

@@ -22,7 +22,7 @@ QStringList samplePictures(const char* pattern)
     return paths;
 }
 
-/// Gives the files of a folder these contents in turn, each stored once.
+/// Replaces the files of a folder by these contents in turn, storing each content once.
 void replaceFiles(const QDir& folder, const char* pattern, const QStringList& contents)
 {
     QStringList stored;

@@ -4,20 +4,20 @@
 
 #include <QStringList>
 
-/// A catalogue of many themes that lack no file, with pictures and animations that can be decoded:
-/// those of the sample server in turn.
+/// A catalogue of many complete themes with decodable pictures and animations: those of the sample
+/// server in turn.
 class BrowserWorld
 {
 public:
-    /// Writes it below `folder`.
+    /// Writes the catalogue below `folder`.
     BrowserWorld(const QString& folder, int themes);
-    /// Takes what was written below `folder`.
+    /// Uses an existing catalogue below `folder`.
     explicit BrowserWorld(const QString& folder);
 
-    /// Makes it the catalogue and loads it.
+    /// Makes it the process's catalogue and loads it.
     void load() const;
 
-    /// Where the themes' pictures, config files and archives lie.
+    /// Returns the folders of the themes' pictures, config files and archives.
     QStringList folders() const;
 
 private:

@@ -4,8 +4,8 @@
 
 class CatalogueWorld;
 
-/// The least that loading a catalogue can cost: parsing the same two files into documents, reading
-/// the same texts out of them, and looking for every preview in both trees.
+/// The minimum cost of loading a catalogue: parsing the same two files into documents, reading the
+/// same texts from them, and looking for every preview in both trees.
 class CatalogueFloor
 {
 public:
@@ -14,7 +14,7 @@ public:
     /// Reads both files; returns how many previews are on disk.
     int read();
 
-    /// Parses both files, one after the other, and reads nothing out of them.
+    /// Parses both files, one after the other, without reading their content.
     void parseOnly() const;
 
 private:
@@ -25,5 +25,5 @@ private:
     QString m_displayFile;
     QString m_downloaded;
     QString m_installed;
-    QStringList m_texts; // keeps what was read, as a catalogue does
+    QStringList m_texts; // keeps the texts, as a catalogue does
 };

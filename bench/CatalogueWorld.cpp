@@ -54,7 +54,7 @@ void CatalogueWorld::writeFilters(int filters) const
     for (int i = 0; i < filters; ++i) {
         const QString guid = CatalogueFiles::guid(i);
         config.append({guid, QStringLiteral("/VideoFilters/%1.xml").arg(guid), {}});
-        // No name of a thumbnail: that many items with one have more markup than is read.
+        // Thumbnail names are omitted: with them, this many items would exceed the limit on markup.
         display += "<Item><GUID>" + guid.toLatin1() + "</GUID><Name>Filter " + number(i).toLatin1()
             + "</Name></Item>\n";
     }

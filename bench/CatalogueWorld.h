@@ -6,17 +6,17 @@
 class CatalogueWorld
 {
 public:
-    /// The catalogue below `folder`, which becomes the download root.
+    /// Creates the catalogue below `folder`, which becomes the download root.
     explicit CatalogueWorld(const QString& folder);
 
     /// Writes themes with all their previews on disk.
     void write(int themes) const;
-    /// Writes filters that need no files: as many as a catalogue can hold.
+    /// Writes filters that need no files, as many as a catalogue can hold.
     void writeFilters(int filters) const;
 
     QString configFile() const;
     QString displayFile() const;
-    /// Folder of the themes' previews, in the download and in the installed tree.
+    /// Return the folder of the themes' previews in the download and in the installed tree.
     QString downloadedPreviews() const;
     QString installedPreviews() const;
 

@@ -10,7 +10,7 @@ void Ratios::ReportRuns(const std::vector<Run>& runs)
         if (run.run_type != Run::RT_Iteration || run.error_occurred || run.iterations == 0)
             continue;
         const double seconds = run.real_accumulated_time / static_cast<double>(run.iterations);
-        // Without the suffixes of modifiers such as "/real_time".
+        // Strips the suffixes of modifiers such as "/real_time".
         const std::string name = run.run_name.function_name
             + (run.run_name.args.empty() ? std::string() : "/" + run.run_name.args);
         const auto entry = m_best.emplace(name, seconds).first;

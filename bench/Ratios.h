@@ -7,7 +7,7 @@
 #include <vector>
 
 /// Prints the usual table, keeps the best time of every benchmark over its repetitions, and
-/// compares them at the end. The best time is what the machine's other work disturbs least.
+/// compares them at the end. The best time is the one least disturbed by other work.
 class Ratios : public benchmark::ConsoleReporter
 {
 public:
@@ -18,12 +18,12 @@ public:
 
     void ReportRuns(const std::vector<Run>& runs) override;
 
-    /// Compares two benchmarks by name: value / floor must not be above the limit.
+    /// Adds a limit on the ratio of two benchmarks: value / floor must not exceed it.
     void limit(const std::string& name, const std::string& value, const std::string& floor,
                double highest);
 
-    /// Prints a line "NAME ratio VALUE limit LIMIT" per limit; exit status 1 if one is over or
-    /// was not measured.
+    /// Prints a line "NAME ratio VALUE limit LIMIT" per limit; returns exit status 1 if one is
+    /// exceeded or was not measured.
     int finish() const;
 
 private:

@@ -24,7 +24,7 @@ QByteArray thumbnail()
     return bytes;
 }
 
-/// Of ten items in a row: four filters, two transitions, a motion, a background, two themes.
+/// Every ten items are four filters, two transitions, a motion, a background and two themes.
 ECfgItemType kindOf(int number)
 {
     static const ECfgItemType kinds[] = {eCfgItem_Filter, eCfgItem_Filter,     eCfgItem_Filter,
@@ -46,7 +46,7 @@ QJsonObject use(int number)
              QJsonObject{{QStringLiteral("Duration"), QStringLiteral("1.5")}}}};
 }
 
-/// Uses the items of its own ten.
+/// Adds a theme that uses items of its own group of ten.
 void addTheme(QJsonObject& item, int number)
 {
     const int first = number / 10 * 10;
@@ -71,7 +71,7 @@ SourceWorld::SourceWorld(const QString& folder)
 void SourceWorld::write(int items) const
 {
     const QByteArray picture = thumbnail();
-    // Not the placeholder as it is, of which lint would warn.
+    // Lint would warn about the unchanged placeholder.
     const QByteArray animation =
         CatalogueFiles::read(QStringLiteral(":/placeholders/animation.gif")) + '\0';
     CatalogueFiles::write(source() + QLatin1Char('/') + Source::manifestName(),

@@ -1,4 +1,4 @@
-// What a list of live cells costs beside the same number of bare forms under the same style sheet.
+// Compares a list of live cells with the same number of bare forms under the same style sheet.
 //
 //     bench_browser                        times, memory, one line per limit, and what it costs to
 //                                          filter, to repaint a ring and to hover
@@ -51,7 +51,7 @@ void fillFloor(BaremvThemelistview& list)
 
 using Worlds = std::map<int, std::unique_ptr<BrowserWorld>>;
 
-/// Of this process, whose one thread does all the work: what else the machine does is not counted.
+/// Returns the processor time of this single-threaded process, unaffected by other work.
 double processorSeconds()
 {
     timespec now = {};
@@ -59,7 +59,7 @@ double processorSeconds()
     return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) / 1e9;
 }
 
-/// Times `fill` on lists that `open` makes; both belong to one side.
+/// Times `fill` on lists created by `open`; both belong to one side.
 template <class Open, class Fill>
 void measure(benchmark::State& state, const Worlds& worlds, const QString& skin, Open open,
              Fill fill)
@@ -123,7 +123,7 @@ void reportOwnMemory(const QString& what, const QString& folder, const Skins& sk
     std::printf("%f", heapMegabytes() - before);
 }
 
-/// In a process of its own, where no list has been before.
+/// Measures in a separate process that has created no list before.
 double megabytes(const char* what, const QString& folder)
 {
     QProcess child;
@@ -140,7 +140,7 @@ QStringList layoutOfFirstCell(const List& list)
     return BrowserFloor::layoutOf(*cell);
 }
 
-/// Whether both sides lay out the same: a floor that shows less would be no floor.
+/// Returns whether both sides lay out the same: a floor that shows less would prove nothing.
 bool comparesLikeWithLike(const Skins& skins)
 {
     BrowserStage::dress(skins.code);
@@ -183,7 +183,7 @@ bool reportMemory(const std::map<int, QString>& folders)
 
 int main(int argc, char** argv)
 {
-    // No window system is needed to measure.
+    // Measuring needs no window system.
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);

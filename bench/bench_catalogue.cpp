@@ -1,4 +1,4 @@
-// What loading a catalogue costs beside the least it can cost.
+// Compares loading a catalogue with its minimum cost.
 //
 //     bench_catalogue               times, peak memory, and one line per limit
 //     bench_catalogue --peak WHAT FOLDER   loads once ("load", "floor" or "parse"), for the peak
@@ -79,7 +79,7 @@ void measureParseMany(benchmark::State& state, const CatalogueWorld& world)
     }
 }
 
-/// One load of each, since it takes seconds.
+/// Loads each once, since one load takes seconds.
 void addMany(Ratios& ratios, const CatalogueWorld& world)
 {
     const auto add = [&world](const char* name, auto measure) {
@@ -97,7 +97,7 @@ void addMany(Ratios& ratios, const CatalogueWorld& world)
     ratios.limit("load" + size, "load_filters" + size, "floor_parse" + size, highestManyTime);
 }
 
-/// The high-water mark of this program; getrusage() would count its parent in.
+/// Returns the peak memory of this program; getrusage() would include its parent's.
 long peakKilobytes()
 {
     QFile status(QStringLiteral("/proc/self/status"));
@@ -121,7 +121,7 @@ void reportOwnPeak(const QString& what, const QString& folder)
     std::printf("%ld", peakKilobytes() - before);
 }
 
-/// In a process of its own, since a high-water mark never goes down again.
+/// Measures in a separate process, since the peak never decreases.
 double peakMegabytes(const QString& what, const QString& folder)
 {
     QProcess child;
@@ -134,8 +134,8 @@ double peakMegabytes(const QString& what, const QString& folder)
 
 int main(int argc, char** argv)
 {
-    // The C library's fast bins are merged in steps whose cost outgrows the data: with them the
-    // floor alone, Qt's parser, takes six times as long for five times the themes. Off for both.
+    // The C library merges its fast bins in steps whose cost outgrows the data: with them even the
+    // floor, Qt's parser, takes six times as long for five times the themes. Off for both.
     mallopt(M_MXFAST, 0);
 
     const QCoreApplication application(argc, argv);

@@ -1,5 +1,5 @@
-// What a check costs: a first one, which fetches everything, beside the curl program that fetches
-// the same list over one connection, and a second one, which finds nothing to do.
+// Measures a check: a first one, which fetches everything, against the curl program fetching the
+// same list over one connection, and a second one, which finds nothing to do.
 
 #include "BenchHome.h"
 #include "CheckWorld.h"
@@ -22,7 +22,7 @@ namespace {
 constexpr int themes = 1000;
 constexpr int repetitions = 5;
 constexpr double highestRatio = 1.25;
-constexpr int settleMs = 200; // the server writes its log behind its answers
+constexpr int settleMs = 200; // the server writes its log after its answers
 
 struct Check
 {
@@ -30,7 +30,7 @@ struct Check
     SPreviewRunResult previews;
 };
 
-/// A check and the preview run behind it.
+/// Runs a check and the preview run that follows it.
 Check checkOnce()
 {
     using Coordinator = MVThemeDownLoader_CheckCfg;
@@ -40,7 +40,7 @@ Check checkOnce()
         [&](const SCatalogueCheckResult& told) { result.end = told.m_eEnd; });
     Coordinator::setPreviewRunCallback([&](const SPreviewRunResult& told) {
         result.previews = told;
-        // Behind the event that frees the coordinator for the next run.
+        // Quits after the event that frees the coordinator for the next run.
         QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
     });
     Coordinator::instance()->startDownloadXML();
@@ -48,7 +48,7 @@ Check checkOnce()
     return result;
 }
 
-/// Both sides start from an empty folder, and on a file system that has nothing left to do.
+/// Gives both sides an empty folder and a file system without pending work.
 void beginAgain(benchmark::State& state, const CheckWorld& world)
 {
     state.PauseTiming();
@@ -92,7 +92,7 @@ void measureCurl(benchmark::State& state, const CheckWorld& world, const QString
     }
 }
 
-/// What the curl program is to fetch, and where to.
+/// Writes the list of addresses and files for the curl program.
 bool writeList(const QString& file, const CheckWorld& world)
 {
     QFile list(file);
@@ -108,10 +108,10 @@ bool writeList(const QString& file, const CheckWorld& world)
     return list.flush();
 }
 
-/// Exactly the version file is asked for when there is nothing to do.
+/// Requires a check with nothing to do to request exactly the version file.
 bool secondCheckAsksOnce(const CheckWorld& world)
 {
-    checkOnce(); // whatever was measured last
+    checkOnce(); // whichever was measured last
     QThread::msleep(settleMs);
     const int before = world.requests();
     checkOnce();
@@ -153,7 +153,7 @@ int main(int argc, char** argv)
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks(&ratios);
 
-    // Not among the others, whose turns are random: it needs what a first check has fetched.
+    // Kept apart from the randomly ordered ones: it needs what a first check has fetched.
     world.forget();
     checkOnce();
     benchmark::ClearRegisteredBenchmarks();

@@ -1,4 +1,4 @@
-// What a download costs beside the same transfers through a bare libcurl handle.
+// Compares downloads with the same transfers through a bare libcurl handle.
 
 #include "BenchHome.h"
 #include "BodyServer.h"
@@ -25,7 +25,7 @@ constexpr int smallRepetitions = 9;
 constexpr int largeRepetitions = 3;
 constexpr double highestRatio = 1.15;
 
-/// The server's process; ends with this object.
+/// Runs the server's process, which ends with this object.
 class ServerProcess
 {
 public:
@@ -65,8 +65,8 @@ QString fileName(const QString& folder, int number)
     return QStringLiteral("%1/%2.bin").arg(folder).arg(number);
 }
 
-/// Downloads bring files that were not there: both sides start from an empty folder, and on a file
-/// system that has nothing left to do for the run before.
+/// Gives both sides an empty folder, since downloads store new files, and a file system without
+/// work pending from the previous run.
 void empty(benchmark::State& state, const QString& folder)
 {
     state.PauseTiming();

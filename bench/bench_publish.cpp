@@ -1,4 +1,4 @@
-// What building and checking a server's tree cost, and how that grows with the number of items.
+// Measures building and checking a server's tree, and how the cost grows with the number of items.
 
 #include "BenchHome.h"
 #include "catalogue/MVThemeMgr.h"
@@ -22,7 +22,7 @@ namespace {
 
 constexpr int sizes[] = {2000, 10000};
 constexpr int repetitions = 5;
-// Five times the items; the rest is for caches that no longer hold the whole tree.
+// Five times the items, plus an allowance for caches that no longer hold the whole tree.
 constexpr double highestGrowth = 6.5;
 
 using Worlds = std::map<int, std::unique_ptr<SourceWorld>>;
@@ -71,10 +71,10 @@ void measureLint(benchmark::State& state, const SourceWorld& world)
 
 int main(int argc, char** argv)
 {
-    // The C library's fast bins are merged in steps whose cost outgrows the data.
+    // The C library merges its fast bins in steps whose cost outgrows the data.
     mallopt(M_MXFAST, 0);
 
-    // Tens of thousands of small files: on a disk, its other work is all that shows.
+    // Tens of thousands of small files: on a disk, its other work would dominate the result.
     if (qEnvironmentVariableIsEmpty("TMPDIR") && QFileInfo(QStringLiteral("/dev/shm")).isWritable())
         qputenv("TMPDIR", "/dev/shm");
 

@@ -1,9 +1,9 @@
-# Precompiled headers: what most sources include of Qt and of the standard library, compiled once for
-# each set of Qt libraries, since those change what the headers declare. None of the project's own
-# headers is among them, so that changing one compiles what includes it and nothing else.
+# Precompiled headers: those of Qt and of the standard library that most sources include, compiled
+# once for each set of Qt libraries, since those change what the headers declare. They contain none
+# of the project's own headers, so that changing one recompiles only the sources that include it.
 #
-# They save time and must not hide a missing include: script/lint compiles every source without them.
-# CMAKE_DISABLE_PRECOMPILE_HEADERS=ON turns them off.
+# They save time and must not hide a missing include: script/lint compiles every source without
+# them. CMAKE_DISABLE_PRECOMPILE_HEADERS=ON turns them off.
 
 set(MV_HEADERS_CORE
     <QByteArray> <QCoreApplication> <QDateTime> <QDir> <QDirIterator> <QFile> <QFileInfo>
@@ -15,7 +15,7 @@ set(MV_HEADERS_WIDGETS
     <QToolButton>)
 set(MV_HEADERS_TEST <QElapsedTimer> <QProcess> <QSignalSpy> <QTemporaryDir> <QTest>)
 
-# Puts into MODULES which of Qt's Widgets, Gui and Test the target is compiled with.
+# Stores in MODULES which of Qt's Widgets, Gui and Test the target is compiled with.
 function(mv_qt_modules target modules)
     set(found)
     set(seen)
@@ -37,7 +37,7 @@ function(mv_qt_modules target modules)
     set(${modules} ${found} PARENT_SCOPE)
 endfunction()
 
-# Compiles the target with the precompiled headers of its Qt libraries; call it when they are linked.
+# Compiles the target with the precompiled headers of its Qt libraries; call it after linking them.
 function(mv_precompile target)
     mv_qt_modules(${target} modules)
     set(name mv_precompiled)
@@ -64,7 +64,7 @@ function(mv_precompile target)
         target_precompile_headers(${name} PRIVATE ${headers})
     endif()
     target_precompile_headers(${target} REUSE_FROM ${name})
-    # The sources that AUTOMOC writes are small: they compile faster without.
+    # The sources that AUTOMOC writes are small and compile faster without.
     get_target_property(folder ${target} BINARY_DIR)
     set_source_files_properties(${folder}/${target}_autogen/mocs_compilation.cpp PROPERTIES
         SKIP_PRECOMPILE_HEADERS ON)

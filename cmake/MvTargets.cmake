@@ -1,4 +1,4 @@
-# What every target of this project has in common.
+# Settings shared by all targets of this project.
 
 set(CMAKE_CXX_STANDARD 17)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -9,9 +9,9 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_AUTOMOC ON)
 set(CMAKE_AUTORCC ON)
 set(CMAKE_AUTOUIC ON)
-# Nothing that moc, rcc and uic read is made by another target, so they wait for none.
+# The input of moc, rcc and uic is never generated, so they need not wait for other targets.
 set(CMAKE_AUTOGEN_ORIGIN_DEPENDS OFF)
-# One place for what is loaded at run time, so that a program runs from the build tree as it stands.
+# One folder for all programs and one for all libraries, so that programs run from the build tree.
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
 set(CMAKE_INSTALL_RPATH $ORIGIN/../${CMAKE_INSTALL_LIBDIR})
@@ -21,13 +21,13 @@ target_compile_options(mv_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
     -Wold-style-cast -Wcast-align -Wunused -Wimplicit-fallthrough
     $<$<BOOL:${MV_WARNINGS_AS_ERRORS}>:-Werror>)
-# Texts are QStrings on purpose or not at all, and connections are checked by the compiler.
+# Conversions to QString are explicit, and the compiler checks connections.
 target_compile_definitions(mv_options INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING
     QT_DEPRECATED_WARNINGS QT_STRICT_ITERATORS)
 
 if(MV_SANITIZE)
-    # Reports need the lines of code and nothing of the variables, which take most of the time to compile.
+    # Reports need line numbers but no variables, which take most of the compile time.
     add_compile_options(-fsanitize=${MV_SANITIZE} -fno-omit-frame-pointer -Og -g1)
     add_link_options(-fsanitize=${MV_SANITIZE})
     if(MV_SANITIZE MATCHES "undefined")
@@ -37,12 +37,12 @@ if(MV_SANITIZE)
     add_compile_options($<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 endif()
 if(MV_FUZZ)
-    # The libraries, too, count what an input reaches.
+    # Instruments the libraries, too, for the coverage that guides the fuzzers.
     add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
 
 # mv_add_library(NAME EXPORT_DEFINE INSTALL_FOLDER <dir> SOURCES ... HEADERS ...)
-# A shared library whose public headers are installed as they are included here.
+# Adds a shared library whose public headers are installed under their include paths.
 function(mv_add_library name export_define)
     cmake_parse_arguments(ARG "" "" "SOURCES;HEADERS;LIBRARIES;PRIVATE_LIBRARIES" ${ARGN})
     add_library(${name} SHARED ${ARG_SOURCES} ${ARG_HEADERS})

@@ -3,7 +3,7 @@
 #include <QStringList>
 #include <QVector>
 
-// Last: these headers define macros with everyday names.
+// Last, since these headers define macros with common names.
 #include <X11/extensions/XTest.h>
 #include <X11/keysym.h>
 #include <X11/XKBlib.h>
@@ -14,7 +14,7 @@ namespace {
 constexpr unsigned wheelUp = 4;
 constexpr unsigned wheelDown = 5;
 
-/// X's name of a key, where that differs from the usual one.
+/// Returns X's name of a key, if it differs from the usual one.
 QString keysymName(const QString& key)
 {
     static const QVector<QPair<QString, QString>> names = {
@@ -116,7 +116,7 @@ bool RealInput::type(const QString& text)
 {
     const KeyCode shift = XKeysymToKeycode(d->display, XK_Shift_L);
     for (const QChar letter : text) {
-        const KeySym symbol = letter.unicode(); // the same number for Latin 1
+        const KeySym symbol = letter.unicode(); // identical for Latin-1
         const KeyCode code = XKeysymToKeycode(d->display, symbol);
         if (letter.unicode() > 0xff || code == 0)
             return false;

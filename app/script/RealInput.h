@@ -5,29 +5,30 @@
 
 #include <memory>
 
-/// Mouse and keyboard of the X display, as if a person used them: the events go through the display
-/// server to whichever window is there. Points are in the display's own pixels.
+/// Mouse and keyboard of the X display, as if used by a person: the display server sends the events
+/// to whichever window is there. Points are in the display's own pixels.
 class RealInput
 {
 public:
-    /// The buttons of an X mouse, by their numbers.
+    /// The buttons of an X mouse, by number.
     enum class Button : unsigned { Left = 1, Middle = 2, Right = 3 };
 
-    /// `display` is a name like ":7"; without one it is that of the environment.
+    /// `display` is a name such as ":7"; by default that of the environment.
     explicit RealInput(const QString& display = QString());
     ~RealInput();
     Q_DISABLE_COPY_MOVE(RealInput)
 
-    /// False without an X display that takes such events.
+    /// Returns false without an X display that accepts such events.
     bool isAvailable() const;
 
     void moveTo(const QPoint& point);
     void click(Button button = Button::Left);
-    /// Steps of the wheel; below 0 is down.
+    /// Turns the wheel by `steps`; negative values turn it down.
     void wheel(int steps);
-    /// "Ctrl+F", "Tab", "Down", ... False for keys that the keyboard does not have.
+    /// Presses keys such as "Ctrl+F", "Tab", "Down". Returns false for keys that the keyboard
+    /// lacks.
     bool press(const QString& keys);
-    /// Latin letters, digits and signs. False for others.
+    /// Types Latin letters, digits and punctuation. Returns false for other characters.
     bool type(const QString& text);
 
 private:

@@ -13,22 +13,22 @@ class MainWindow;
 /// The conditions that a script can wait for.
 ///
 ///     phase idle|catalogue|previews   of the background check
-///     quiet              no check goes on, and what one brought has been read
-///     status TEXT        the check's line in the status bar contains it
-///     message TEXT       the status bar's message contains it
-///     reloads N          the catalogue was read again so often, neither more nor less
-///     shown N            rows in the current list
-///     scrolled yes|no    the current list is not at its top, or is
-///     current NAME       the keyboard's cell
-///     applied NAME       the cell is marked, and the details tell of it
+///     quiet              no check is running, and its new files have been loaded
+///     status TEXT        the check's line in the status bar contains TEXT
+///     message TEXT       the status bar's message contains TEXT
+///     reloads N          the catalogue was reloaded exactly N times
+///     shown N            the current list has N rows
+///     scrolled yes|no    whether the current list is scrolled away from its top
+///     current NAME       the cell has the keyboard focus
+///     applied NAME       the cell is marked, and the details show the item
 ///     downloading NAME   failed NAME   ready NAME   lacking NAME   favourite NAME   plain NAME
-///     playing NAME       still NAME   seen NAME   unseen NAME: in view, or not
-///     preview playing|still           of what is applied
-///     downloads none     no cell of any list downloads
-///     text WIDGET TEXT   the widget's text contains it
-///     spoken WIDGET TEXT what a screen reader is told contains it
+///     playing NAME       still NAME   seen NAME   unseen NAME: whether in view
+///     preview playing|still           of the applied item
+///     downloads none     no cell of any list is downloading
+///     text WIDGET TEXT   the widget's text contains TEXT
+///     spoken WIDGET TEXT the text for screen readers contains TEXT
 ///     focus WIDGET       gone WIDGET
-///     opened TEXT        an address that was opened contains it
+///     opened TEXT        an opened address contains TEXT
 ///     clipboard TEXT
 class ScriptConditions : public QObject
 {
@@ -38,10 +38,10 @@ public:
     ScriptConditions(MainWindow& window, const CatalogueUpdate& check);
     ~ScriptConditions() override;
 
-    /// Takes the place of the desktop's programs, for "opened". While no script runs, addresses are
-    /// the user's.
+    /// Intercepts addresses that would be opened in desktop programs, for "opened". Without a
+    /// running script they are opened normally.
     void takeAddresses();
-    /// False while it does not hold: errorText() says what there is instead.
+    /// Returns whether the condition holds; if not, errorText() describes the actual state.
     bool holds(const QStringList& words);
     QString errorText() const { return m_error; }
 

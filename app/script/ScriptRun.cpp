@@ -20,7 +20,7 @@
 namespace {
 
 constexpr int tryEvery = 25;           // ms
-constexpr int shortWay = 24;           // pixels that the mouse goes at once
+constexpr int shortWay = 24;           // pixels per movement of the mouse
 constexpr int longestStep = 30 * 1000; // ms
 
 void print(const QString& text)
@@ -60,7 +60,7 @@ void ScriptRun::start()
             QMetaObject::invokeMethod(this, &ScriptRun::finish, Qt::QueuedConnection);
         return;
     }
-    m_window.activateWindow(); // where no window manager does it
+    m_window.activateWindow(); // in case no window manager does it
     m_stepTime.start();
     m_timer.start(tryEvery);
 }
@@ -128,13 +128,13 @@ bool ScriptRun::pointed(const ScriptStep& step)
         m_missing = m_targets.errorText();
         return false;
     }
-    // Not while it moves, since a filter or a scroll bar is still at work.
+    // Not while it moves, since a filter or a scroll bar is still active.
     m_missing = QStringLiteral("it does not stand still");
     const bool still = point == m_lastPoint;
     m_lastPoint = point;
     if (!still)
         return false;
-    // A hand does not jump: widgets on the way notice that the mouse comes and goes.
+    // The mouse must not jump: widgets on the way see it enter and leave.
     const QPoint here = QCursor::pos();
     if ((point - here).manhattanLength() > shortWay) {
         m_input.moveTo(nativePoint((here + point) / 2));
@@ -180,7 +180,7 @@ bool ScriptRun::pictured(const QString& name)
         return true;
     const QString file = m_pictures + QLatin1Char('/') + name + QStringLiteral(".png");
     const QRect frame = m_window.geometry();
-    // Takes the picture from the display, open menus included; other platforms only draw the
+    // Takes the picture from the display, including open menus; other platforms only render the
     // window.
     const QPixmap picture = QGuiApplication::platformName() == QLatin1String("xcb")
         ? m_window.screen()->grabWindow(0, frame.x(), frame.y(), frame.width(), frame.height())

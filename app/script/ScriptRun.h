@@ -14,33 +14,33 @@ class CatalogueUpdate;
 class CommandLine;
 class MainWindow;
 
-/// Drives the window by the steps of a script, with the mouse and the keyboard of the X display,
-/// prints each step, and closes the window behind the last one or the first that fails. A step
-/// waits until what it needs is there, for 30 seconds.
+/// Runs a script's steps on the window, with the mouse and the keyboard of the X display, prints
+/// each step, and closes the window after the last step or the first failure. A step waits up to 30
+/// seconds until it can be performed.
 ///
 ///     hover TARGET, click TARGET     see ScriptTargets
-///     reveal NAME                    turns the wheel over the list until the cell can be seen
-///     wheel STEPS                    over the list; below 0 is down
+///     reveal NAME                    turns the wheel over the list until the cell is visible
+///     wheel STEPS                    over the list; negative values turn it down
 ///     press KEYS, type TEXT
 ///     wait CONDITION                 see ScriptConditions
 ///     screenshot NAME                of the window, into the folder of --screenshot; without one
 ///                                    the step does nothing
 ///     pace MILLISECONDS              of downloads, see DownloadPacing
 ///     say TEXT                       prints it
-///     touch FILE                     makes an empty file, for whoever watches from outside
-///     awaitfile FILE                 waits until there is one
+///     touch FILE                     creates an empty file, to signal an observer
+///     awaitfile FILE                 waits until the file exists
 class ScriptRun : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Without a script it does nothing, or takes one picture if the command line asks for one.
+    /// Without a script it does nothing, or takes one picture if requested on the command line.
     ScriptRun(MainWindow& window, CatalogueUpdate& check, const CommandLine& commandLine);
 
-    /// False: errorText() says why the script cannot run.
+    /// Returns false if the script cannot run; see errorText().
     bool isReady() const { return m_error.isEmpty(); }
     QString errorText() const { return m_error; }
-    /// Once the window is shown.
+    /// Call it once the window is shown.
     void start();
     bool hasFailed() const { return m_failed; }
 
@@ -65,9 +65,9 @@ private:
     bool m_scripted;
     QTimer m_timer;
     QElapsedTimer m_stepTime;
-    QPoint m_lastPoint; // where the present step's target was at the last look
+    QPoint m_lastPoint; // position of the current step's target when last checked
     int m_next = 0;
     bool m_failed = false;
     QString m_error;
-    QString m_missing; // what the present step waits for
+    QString m_missing; // the condition for which the current step waits
 };

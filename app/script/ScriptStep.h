@@ -4,17 +4,17 @@
 #include <QStringList>
 #include <QVector>
 
-/// One line of a script: a word that says what to do, and what to do it with.
+/// One line of a script: a command word and its arguments.
 struct ScriptStep
 {
     int line = 0;
     QString verb;
     QStringList words;
 
-    /// As it stands in the script.
+    /// Returns the text as written in the script.
     QString text() const;
 
-    /// Reads a script: a step per line, words parted by blanks, words with blanks in double quotes,
-    /// comments behind "#". False: `error` says what is wrong.
+    /// Reads a script: one step per line, words separated by blanks, words with blanks in double
+    /// quotes, comments after "#". Returns false with the reason in `error`.
     static bool readAll(const QString& file, QVector<ScriptStep>& steps, QString& error);
 };

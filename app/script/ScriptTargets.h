@@ -8,28 +8,28 @@ class MVThemeItemWdg;
 class MainWindow;
 class QWidget;
 
-/// Finds the places on the screen that a script's words name.
+/// Finds the places on the screen to which a script's words refer.
 ///
 ///     cell NAME      the middle of an item's cell
-///     heart NAME     the favourite button of a cell, while it can be seen
-///     arrow NAME     the download button of a cell, while it can be seen
+///     heart NAME     the favourite button of a cell, while visible
+///     arrow NAME     the download button of a cell, while visible
 ///     more           the button of "More>>"
 ///     tab NUMBER     a tab, from 0
 ///     action NAME    an entry of an open menu or of the menu bar
 ///     widget NAME    the middle of a widget
-///     away           a place where nothing is
+///     away           an empty place
 class ScriptTargets
 {
 public:
     explicit ScriptTargets(MainWindow& window);
 
-    /// False while it is not there, or not in view: errorText().
+    /// Returns false, see errorText(), while the target does not exist or is not in view.
     bool find(const QStringList& words, QPoint& global);
     QString errorText() const { return m_error; }
 
-    /// The cell of the current list; null if there is none.
+    /// Returns the cell of the current list, or null.
     MVThemeItemWdg* cell(const QString& name) const;
-    /// A visible widget of any window; null if there is none.
+    /// Returns a visible widget of any window, or null.
     static QWidget* widget(const QString& name);
     /// Returns whether a cell is above (negative), in (0) or below (positive) the visible part of
     /// the list.

@@ -1,4 +1,4 @@
-"""The resource files of the items: what is packed into their archives, and background pictures."""
+"""The resource files of the items: the content of their archives, and background pictures."""
 
 import json
 

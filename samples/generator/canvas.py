@@ -29,7 +29,7 @@ def rectangle(x, y, width, height):
 
 
 def ridge(seed, base, height, roughness=0.55, steps=96, smooth=False):
-    """The outline of a range of hills, closed along the lower edge of the canvas."""
+    """Returns the outline of a range of hills, closed along the lower edge of the canvas."""
     rng = random.Random(seed)
     waves = [(rng.uniform(0.6, 1.4) * 2 ** octave, rng.uniform(0, 6.3), roughness ** octave)
              for octave in range(2 if smooth else 6)]
@@ -47,12 +47,12 @@ def land(outline):
 
 
 def scattered(rng, count, heights, radii, colours):
-    """Discs (x, y, radius, colour) at random places between two heights."""
+    """Returns discs (x, y, radius, colour) at random places between two heights."""
     return [(rng.uniform(0, WIDTH), rng.uniform(*heights), rng.uniform(*radii), rng.choice(colours)) for _ in range(count)]
 
 
 def pine(x, base, height):
-    """A conifer of four tiers."""
+    """Returns a conifer of four tiers."""
     width = height * 0.42
     parts = [polygon([(x - width * 0.05, base), (x + width * 0.05, base), (x, base - height)])]
     for tier in range(4):
@@ -77,7 +77,7 @@ class Canvas:
         self._arguments += ["(", *layer, ")", "-geometry", "+0+0", "-compose", method, "-composite"]
 
     def fill(self, drawing, *stops, blur=0, band=None):
-        """A shape filled with a vertical gradient; band (top, bottom) stretches the gradient to these heights."""
+        """Draws a shape filled with a vertical gradient; band (top, bottom) stretches the gradient to these heights."""
         mask = ["(", "-size", SIZE, "xc:black", "-stroke", "none", "-fill", "white", "-draw", drawing]
         mask += ["-blur", "0x%s" % blur] if blur else []
         mask += ["-alpha", "off"]
@@ -93,7 +93,7 @@ class Canvas:
                 "-geometry", "+0%+d" % top, "-compose", "Over", "-composite", ")"]
 
     def paint(self, drawing, colour, blur=0, method="Over"):
-        """A flat shape; a blurred one is drawn at a quarter of the size, which looks the same."""
+        """Draws a flat shape; a blurred one is drawn at a quarter of the size, which looks the same."""
         if not blur:
             self._compose(["-size", SIZE, "xc:none", "-stroke", "none", "-fill", colour, "-draw", drawing], method)
             return
@@ -106,19 +106,19 @@ class Canvas:
         self._compose(layer + (["-blur", "0x%s" % blur] if blur else []), method)
 
     def glow(self, x, y, radius, colour):
-        """Light that falls off around a point."""
+        """Draws light that falls off around a point."""
         side = int(radius * 2)
         self._arguments += ["(", "-size", "%dx%d" % (side, side), "radial-gradient:%s-black" % colour, ")",
                             "-geometry", "%+d%+d" % (x - radius, y - radius), "-compose", "Screen", "-composite"]
 
     def lights(self, spots, blur=3):
-        """Many soft discs of light (x, y, radius, colour), the bokeh of a lens."""
+        """Draws many soft discs of light (x, y, radius, colour), the bokeh of a lens."""
         for colour in sorted({spot[3] for spot in spots}):
             discs = " ".join(circle(*spot[:3]) for spot in spots if spot[3] == colour)
             self.paint(discs, colour, blur=blur, method="Screen")
 
     def reflect(self, horizon, blur=2, shade="#0a1530", strength=35):
-        """Mirrors what lies above the horizon into water below it, a little darker and rippled."""
+        """Mirrors the picture above the horizon into water below it, slightly darker and rippled."""
         depth = HEIGHT - horizon
         source = "%dx%d+0+%d" % (WIDTH, depth + 8, horizon - depth - 8)
         self._arguments += ["(", "+clone", "-crop", source, "+repage", "-flip", "-wave", "1.6x23",

@@ -1,4 +1,4 @@
-"""What every filter does to a picture."""
+"""The effect of every filter on a picture."""
 
 import math
 import random
@@ -77,7 +77,7 @@ def _bokeh(step):
 
 
 def _falling(seed, count, step, speed):
-    """Positions that fall and come round again at the top."""
+    """Yields positions that fall and reappear at the top."""
     rng = random.Random(seed)
     for _ in range(count):
         x, y, pace = rng.uniform(0, WORK_WIDTH), rng.uniform(0, WORK_HEIGHT), rng.uniform(0.6, 1.3)
@@ -134,7 +134,7 @@ SCREENED = {"bokeh", "light-leak"}
 
 
 def _words(text, font, size, colour, shadow, blur, weight, position, width=440):
-    """Centred words over their blurred shadow or glow, made to fit the width."""
+    """Draws centred words over their blurred shadow or glow, fitted to the width."""
     size = min(size, int(width / (max(len(text), 6) * 0.66)))
     gravity, offset = ("south", 36) if position == "Bottom" else ("center", 0)
     place = ["-gravity", gravity, "-font", font, "-pointsize", size, "-stroke", "none"]
@@ -153,7 +153,7 @@ def _banner(text, position):
 
 
 def title(slug, text, position="Center"):
-    """The arguments that draw a text filter's words on a transparent layer."""
+    """Returns the arguments that draw a text filter's words on a transparent layer."""
     if slug == "title-banner":
         return _banner(text, position)
     style = {"title-classic": (SERIF_ITALIC, 50, "#fff6df", "rgba(40,16,0,1)", 5, 1.8),
@@ -163,14 +163,14 @@ def title(slug, text, position="Center"):
 
 
 def overlay(item, step, attributes):
-    """The arguments that draw a filter's own layer, or an empty list for a look."""
+    """Returns the arguments that draw a filter's own layer, or an empty list for a look."""
     if item.is_text:
         return title(item.slug, attributes["Content"], attributes["Position"])
     return OVERLAYS[item.slug](step) if item.slug in OVERLAYS else []
 
 
 def write_overlay(item, target):
-    """The layer of an overlay, mask or title as a transparent picture; false for a look."""
+    """Writes the layer of an overlay, mask or title as a transparent picture; returns False for a look."""
     layer = overlay(item, 3, {"Content": item.name, "Position": "Center"})
     if layer:
         magick(*layer, "-strip", "-depth", "8", "-define", "png:exclude-chunks=date,time", target)
@@ -178,7 +178,7 @@ def write_overlay(item, target):
 
 
 def write_grade(item, target):
-    """A colour table with the look applied; false when the filter is more than a change of colour."""
+    """Writes a colour table with the look applied; returns False if the filter changes more than colours."""
     colour_only = item.slug in {"vivid", "cross-process"}
     if colour_only:
         magick("hald:5", *LOOKS[item.slug], "-strip", "-depth", "8", "-define", "png:exclude-chunks=date,time", target)

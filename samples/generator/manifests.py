@@ -29,7 +29,7 @@ def _theme(theme):
 
 
 def item(item, order, installed):
-    """An item's manifest; installed says whether the older catalogue shows it."""
+    """Returns an item's manifest; installed says whether the older catalogue shows it."""
     content = {"guid": item.guid, "kind": item.kind.word, "name": item.name, "order": order,
                "thumbnail": item.thumb, "files": [item.kind.resource]}
     if item.gif:

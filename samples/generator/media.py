@@ -1,4 +1,4 @@
-"""The two external programs that make the media: ImageMagick and ffmpeg."""
+"""The two external programs that generate the media: ImageMagick and ffmpeg."""
 
 import subprocess
 
@@ -15,11 +15,11 @@ SANS_BOLD = "DejaVu-Sans-Bold"
 
 
 class MediaError(RuntimeError):
-    """An external program refused its work."""
+    """An external program failed."""
 
 
 def run(command):
-    """Runs one program quietly and raises MediaError with its words on failure."""
+    """Runs one program quietly and raises MediaError with its output on failure."""
     result = subprocess.run([str(part) for part in command], stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
     if result.returncode != 0:
         raise MediaError("%s failed: %s" % (command[0], result.stdout.decode("utf-8", "replace").strip()))
@@ -48,7 +48,7 @@ def save_thumb(source, target):
 
 
 def save_gif(frames, target, delay=14, colours=56):
-    """Joins frame files to a looping GIF that stores only what changes."""
+    """Joins frame files into a looping GIF that stores only changes."""
     target.parent.mkdir(parents=True, exist_ok=True)
     magick("-delay", delay, "-loop", 0, *frames, "-alpha", "off", "-dither", "None", "-colors", colours,
            "-fuzz", "2%", "-layers", "OptimizeTransparency", "-strip", "+set", "date:create", "+set", "date:modify",

@@ -69,7 +69,7 @@ class Use:
 
 @dataclass
 class Scene:
-    """One element of a theme: the picture it is previewed with and its slots by element name."""
+    """One element of a theme: its preview picture and its slots by element name."""
     picture: str
     slots: dict
 

@@ -1,4 +1,4 @@
-"""What every motion and every transition does, frame by frame."""
+"""The frames of every motion and every transition."""
 
 import math
 import shutil
@@ -48,7 +48,7 @@ MOTIONS = {
 
 
 def pose(motion, share, source, target):
-    """The picture as the motion shows it at a share (0 to 1) of its time."""
+    """Returns the motion's picture at a share (0 to 1) of its time."""
     scale, angle, across, down = MOTIONS[motion](share)
     middle_x, middle_y = WORK_WIDTH / 2, WORK_HEIGHT / 2
     place = "%.2f,%.2f %.4f %.3f %.2f,%.2f" % (middle_x, middle_y, scale, angle, middle_x + across * WORK_WIDTH,

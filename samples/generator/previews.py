@@ -9,7 +9,7 @@ from .media import save_gif, save_thumb
 from .slideshow import Slideshow
 from .themes import THEMES
 
-# The picture on which each filter is shown best.
+# The picture that shows each filter best.
 FILTER_PICTURES = {
     "sepia": "autumn-forest", "noir": "banquet-table", "soft-glow": "flower-meadow", "vignette": "palm-beach",
     "vivid": "balloons", "bokeh": "city-night", "title-classic": "lanterns", "faded": "palm-beach",
@@ -21,14 +21,14 @@ FILTER_PICTURES = {
 }
 TRANSITION_PAIRS = (("balloons", "sunset-sea"), ("mountain-lake", "autumn-forest"), ("palm-beach", "fireworks"),
                     ("flower-meadow", "lanterns"))
-# Which of eight moments of a transition makes its thumbnail.
+# Which of the eight frames of a transition becomes its thumbnail.
 USUAL_MOMENT = 3
 MOMENTS = {"dip-to-black": 0, "zoom-through": 1, "blur-through": 0}
 MOTION_PICTURES = ("mountain-lake", "balloons", "palm-beach", "sunset-sea", "autumn-forest")
 
 
 def paint_pictures(folder):
-    """Paints all scenes and backgrounds; gives name to file."""
+    """Paints all scenes and backgrounds; returns a dictionary of names and files."""
     paintings = {**scenes_nature.SCENES, **scenes_festive.SCENES, **backgrounds.PICTURES}
     pictures = {name: folder / (name + ".png") for name in paintings}
     for name, paint in paintings.items():

@@ -13,7 +13,7 @@ class Slideshow:
         self._step = 0
 
     def _title(self, index):
-        """The words over one element: its own, or the opening and closing words."""
+        """Returns the words over one element: its own, or the opening and closing words."""
         if index == 0:
             return self._theme.start
         if index == len(self._theme.scenes) - 1 and "Text" not in self._theme.scenes[index].slots:
@@ -26,7 +26,7 @@ class Slideshow:
         return [(use.item, use.attributes) for use in uses if use]
 
     def still(self, index, share, target):
-        """One element as it looks at a share of its time, in the working size."""
+        """Renders one element at a share of its time, in the working size."""
         scene = self._theme.scenes[index]
         posed = self._folder / "posed.png"
         moves.pose(scene.slots["ImageMotion"].item.slug, share, self._pictures[scene.picture], posed)

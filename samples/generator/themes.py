@@ -16,7 +16,7 @@ def _text(slug, words, position="Center"):
 
 
 def _scene(picture, look, transition, motion, element="", text=None):
-    """One element; the slots stand in the order in which the editor applies them."""
+    """One element; the slots are in the order in which the editor applies them."""
     slots = {"Text": text} if text else {}
     slots["Filter"] = Use(_FILTERS[look], {"Strength": "1.0"})
     if element:

@@ -13,7 +13,7 @@ from .themes import THEMES
 
 ALL_ITEMS = FILTERS + TRANSITIONS + MOTIONS + THEMES + BACKGROUNDS
 
-# What the installed, older catalogue shows beside the built-in items.
+# The items that the older, installed catalogue shows beside the built-in ones.
 INSTALLED_SLUGS = {
     FILTER: {"faded", "golden-hour", "pencil-sketch", "confetti", "title-light"},
     TRANSITION: {"clock", "pixelate"},
@@ -34,7 +34,7 @@ class World:
         self._placeholder = samples / "testoutput" / "testskin" / "Simple.gif"
 
     def paint(self):
-        """Makes the source anew."""
+        """Regenerates the source."""
         for tree in (self._source, self._placeholder.parent.parent):
             shutil.rmtree(tree, ignore_errors=True)
         with tempfile.TemporaryDirectory(prefix="make-samples-") as name:
@@ -56,7 +56,7 @@ class World:
             manifests.write(manifests.item(item, number * 10, installed), self._source / item.path / "item.json")
 
     def build(self):
-        """Makes both trees anew from the source."""
+        """Rebuilds both trees from the source."""
         resource = self._samples / "installed" / "Resource"
         resource.parent.mkdir(parents=True, exist_ok=True)
         self._run("build", self._source, self._samples / "server")

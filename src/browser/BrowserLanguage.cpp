@@ -42,7 +42,7 @@ bool BrowserLanguage::install(const QString& language)
         translator.reset();
     else
         QCoreApplication::installTranslator(translator.get());
-    // The application forgets the former one when that is destroyed.
+    // When destroyed, the previous translator removes itself from the application.
     std::swap(theTranslator(), translator);
     return found || locale.language() == QLocale::English;
 }

@@ -13,10 +13,10 @@ class MVBROWSER_EXPORT BrowserLanguage
 public:
     BrowserLanguage() = delete;
 
-    /// Names as QLocale writes them: "en" (built in), "de", "es", "fr", "ja", "zh_CN".
+    /// Returns the languages as QLocale names: "en" (built in), "de", "es", "fr", "ja", "zh_CN".
     static QStringList languages();
 
     /// Shows the texts in `language`, a locale name such as "de" or "de_AT". Returns false, and
-    /// shows English, where there is no translation.
+    /// shows English, if there is no translation.
     static bool install(const QString& language);
 };

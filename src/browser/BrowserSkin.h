@@ -7,9 +7,9 @@
 #include <QStringList>
 
 /// The style sheets that come with the library, one per skin. A host adds one to its application's
-/// style sheet (QApplication::setStyleSheet) before it makes resource lists, changes parts of it by
-/// rules of its own behind it, or uses none. They style the browser's widgets and SkinWidget only.
-/// Their icons need Qt's SVG plugin. Every thread.
+/// style sheet (QApplication::setStyleSheet) before it creates resource lists and may append rules
+/// that override parts of it, or uses none. They style the browser's widgets and SkinWidget only.
+/// Their icons need Qt's SVG plugin. Any thread.
 class MVBROWSER_EXPORT BrowserSkin
 {
 public:
@@ -21,7 +21,7 @@ public:
     /// Returns the style sheet of a skin; an empty string for a name that is not among names().
     static QString styleSheet(const QString& name);
 
-    /// Returns the colours that a host may give the widgets around its lists; those of the default
-    /// skin for a name that is not among names().
+    /// Returns colours for the host's widgets around a list; those of the default skin for a name
+    /// that is not among names().
     static SSkinColors windowColors(const QString& name);
 };

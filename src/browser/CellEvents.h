@@ -8,12 +8,13 @@
 
 struct SCfg_Item;
 
-/// Tells what happens in the cells of all lists of the process, as signals.
+/// Reports the events in the cells of all lists of the process, as signals.
 ///
-/// They come from the event loop, after the cell has finished with what it was doing: a receiver
-/// may do anything, also reload the catalogue. Items are therefore named by kind and GUID; look
-/// them up with MVThemeMgr::findItemByIDFromDisplay(), which returns null for one that has gone
-/// meanwhile. The callbacks of MVThemeItemWdg and MVThemeItemSubwdgt_Preview tell the same at once.
+/// They are emitted from the event loop, after the cell has finished its work: a receiver may do
+/// anything, including reloading the catalogue. Items are therefore identified by kind and GUID;
+/// look them up with MVThemeMgr::findItemByIDFromDisplay(), which returns null if the item no
+/// longer exists. The callbacks of MVThemeItemWdg and MVThemeItemSubwdgt_Preview report the same
+/// synchronously.
 ///
 /// One object per process, owned by the library. GUI thread only.
 class MVBROWSER_EXPORT CellEvents : public QObject
@@ -24,14 +25,14 @@ public:
     static CellEvents* instance();
 
 signals:
-    /// The user applied an item, or its download has ended and applied it.
+    /// The user has applied an item, or its finished download has.
     void itemApplied(ECfgItemType kind, const QString& guid);
-    /// The user made an item a favourite or no longer.
+    /// The user has added an item to the favourites or removed it.
     void favouriteToggled(ECfgItemType kind, const QString& guid);
     void downloadStarted(ECfgItemType kind, const QString& guid);
-    /// Once per download, with its outcome: complete, failed with its cause, or cancelled.
+    /// Emitted once per download, with its outcome: complete, failed with a cause, or cancelled.
     void downloadEnded(ECfgItemType kind, const QString& guid, const SItemDownloadResult& result);
-    /// The user activated "More>>".
+    /// The user has activated "More>>".
     void moreWanted();
 
 private:
@@ -41,7 +42,7 @@ private:
 
     CellEvents() = default;
 
-    /// Emit a signal later; without an item there is nothing to tell.
+    /// Emit a signal from the event loop; without an item they do nothing.
     static void post(ItemSignal signal, const SCfg_Item* item);
     static void postEnd(const SCfg_Item& item, const SItemDownloadResult& result);
     static void postMore();

@@ -3,14 +3,14 @@
 #include <QColor>
 #include <QWidget>
 
-/// The outline around the cell that the keyboard is on. It lies above the cell, which covers all
-/// that its list paints, and lets the mouse through. A style sheet sets its colour:
+/// The outline around the cell that has the keyboard focus. It is placed above the cell, which
+/// covers whatever its list paints, and is transparent to the mouse. A style sheet sets its colour:
 ///
 ///     CellFocusMark { qproperty-color: #2060c0; }
 class CellFocusMark : public QWidget
 {
     Q_OBJECT
-    /// Not valid at first: the palette's highlight.
+    /// Invalid by default, which selects the palette's highlight.
     Q_PROPERTY(QColor color READ color WRITE setColor)
 
 public:
@@ -19,7 +19,7 @@ public:
     QColor color() const { return m_color; }
     void setColor(const QColor& color);
 
-    /// Around this rectangle of the viewport; an empty one hides the mark.
+    /// Outlines this rectangle of the viewport; an empty one hides the mark.
     void mark(const QRect& cell);
 
 protected:

@@ -2,6 +2,6 @@
 
 class QWidget;
 
-/// Sets the dynamic property "IsChecked" of an item widget, lets the style sheet rules that test it
-/// apply, shows or hides its "Current" mark, and repaints it.
+/// Sets the dynamic property "IsChecked" of an item widget, applies the style sheet rules that test
+/// it, shows or hides the "Current" mark, and repaints the widget.
 void showChecked(QWidget* itemWidget, bool checked);

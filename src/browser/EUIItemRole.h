@@ -6,7 +6,7 @@
 enum EUIItemRole : int {
     UIItemRole_GUID = Qt::UserRole,          ///< QString: SCfg_Item::m_qsGUID; empty for "More>>"
     UIItemRole_ThemeType = Qt::UserRole + 1, ///< int: SCfg_Item::m_nThemeType
-    UIItemRole_Name = Qt::UserRole + 2,      ///< QString: the name that the filter looks at
+    UIItemRole_Name = Qt::UserRole + 2,      ///< QString: the name that the filter matches
     /// QObject*: the row's MVThemeItemWdg, not owned; null while the row has none.
     UIItemRole_Widget = Qt::UserRole + 5,
 };

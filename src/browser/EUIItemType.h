@@ -2,7 +2,7 @@
 
 #include "records/ECfgItemType.h"
 
-/// Contents of an mvThemelistview, and with them the look of its cells.
+/// The content of an mvThemelistview, which also determines the look of its cells.
 enum EUIItemType : int {
     UIItem_Themes = 0,       ///< themes in theme cells, with "More>>" at the end
     UIItem_Filters = 1,      ///< video filters in filter cells

@@ -21,7 +21,7 @@ bool ElidedLabel::event(QEvent* event)
     if (event->type() != QEvent::ToolTip || shownText() == text())
         return QLabel::event(event);
     const auto* help = static_cast<QHelpEvent*>(event);
-    // As mark-up in any case: a tool tip takes text for mark-up or not by what it looks like.
+    // Always escaped as mark-up: a tool tip guesses from its text whether it is mark-up.
     QToolTip::showText(help->globalPos(), Qt::convertFromPlainText(text()), this);
     return true;
 }

@@ -2,9 +2,9 @@
 
 #include <QLabel>
 
-/// A label for one line of plain text that may be longer than its cell: it shortens what it shows
-/// with an ellipsis, never asks for more width than it gets, and tells the whole text as a tool
-/// tip. text() is always the whole text.
+/// A label for one line of plain text that may be longer than its cell: it elides the displayed
+/// text, never asks for more width than it gets, and shows the full text as a tool tip. text()
+/// always returns the full text.
 class ElidedLabel : public QLabel
 {
     Q_OBJECT

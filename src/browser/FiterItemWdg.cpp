@@ -7,7 +7,7 @@
 FiterItemWdg::FiterItemWdg(QWidget* parent)
     : MVThemeItemWdg(parent)
 {
-    // The style sheet has seen them as parts of an MVThemeItemWdg, which this was until now.
+    // The style sheet has matched them as parts of an MVThemeItemWdg, the class until now.
     const QList<QWidget*> parts = findChildren<QWidget*>();
     for (QWidget* const part : parts) {
         part->style()->unpolish(part);

@@ -2,8 +2,8 @@
 
 #include "browser/MVThemeItemWdg.h"
 
-/// An MVThemeItemWdg under another class name, for video filters and background materials: style
-/// sheets draw those cells differently.
+/// An MVThemeItemWdg under another class name, for video filters and background materials, so that
+/// style sheets can draw those cells differently.
 class MVBROWSER_EXPORT FiterItemWdg : public MVThemeItemWdg
 {
     Q_OBJECT

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// The row as its source model has it, where it outlives filtering.
+/// Returns the row's index in the source model, which survives filtering.
 QPersistentModelIndex sourceRow(const QModelIndex& index)
 {
     const auto* proxy = qobject_cast<const QAbstractProxyModel*>(index.model());
@@ -25,12 +25,12 @@ QVariant rowWidget(QObject* widget)
 
 void writeRowWidget(const QModelIndex& index, QObject* widget)
 {
-    // An editor is made for a const index, but the model is the view's own.
+    // The interface passes a const index, but the model is the view's own.
     auto* model = const_cast<QAbstractItemModel*>(index.model());
     model->setData(index, rowWidget(widget), UIItemRole_Widget);
 }
 
-/// The widget of a row that was filtered out while it downloaded, or null.
+/// Returns the widget of a row that was filtered out while downloading, or null.
 MVThemeItemWdg* hiddenWidget(const QModelIndex& index)
 {
     auto* widget = qobject_cast<MVThemeItemWdg*>(index.data(UIItemRole_Widget).value<QObject*>());
@@ -137,7 +137,7 @@ void MVResourceItemDelegate::destroyEditor(QWidget* editor, const QModelIndex& i
     editor->deleteLater();
 }
 
-/// The row of the selected widget may come back, with another widget.
+/// The row of the selected widget may reappear with another widget.
 void MVResourceItemDelegate::rememberSelection(const MVThemeItemWdg* widget) const
 {
     if (widget != m_pCurSel)
@@ -153,7 +153,7 @@ void MVResourceItemDelegate::adoptSelection(MVThemeItemWdg* widget) const
     const SCfg_Item* const item = widget->getItem();
     if (!item)
         return;
-    // The widget that a filter took away may not be gone yet.
+    // A widget hidden by a filter may not be deleted yet.
     const auto* selected = qobject_cast<MVThemeItemWdg*>(m_pCurSel);
     const bool isSelected = selected && selected->getItem()
         && selected->getItem()->m_qsGUID == item->m_qsGUID
@@ -197,7 +197,7 @@ QSize MVResourceItemDelegate::sizeHint(const QStyleOptionViewItem& option,
             m_itemSize.height() + m_nPaddingTop + m_nPaddingBottom};
 }
 
-/// Cells hold nothing to commit: Escape and a lost focus mean what they mean outside of editors.
+/// Cells have no data to commit: Escape and focus loss keep their usual meaning.
 bool MVResourceItemDelegate::eventFilter(QObject* editor, QEvent* event)
 {
     if (qobject_cast<MVThemeItemWdg*>(editor))

@@ -11,12 +11,12 @@ class MVThemeItemWdg;
 class QPersistentModelIndex;
 struct SCfg_Item;
 
-/// Sizes the cells of a resource list and builds the live widget of each; paints nothing of an
-/// item itself.
+/// Sets the size of a resource list's cells and creates the live widget of each; paints no items
+/// itself.
 ///
-/// It also keeps which widget is the selected one: every widget it makes gets the address of that
-/// member. A row's widget stands in the model under UIItemRole_Widget for as long as it lives.
-/// GUI thread only.
+/// It also tracks the selected widget: every widget it creates gets the address of that member. The
+/// model holds a row's widget under UIItemRole_Widget for as long as the widget exists. GUI thread
+/// only.
 class MVBROWSER_EXPORT MVResourceItemDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -26,28 +26,30 @@ public:
 
     /// Sets what the list shows; UIItem_None at first.
     void setUIItemType(EUIItemType type) { m_eType = type; }
-    /// Size of an item in pixels, without padding.
+    /// Sets the size of an item in pixels, without padding.
     void setItemSize(const QSize& size) { m_itemSize = size; }
-    /// Pixels around an item. Negative ones mean what they mean in a style sheet's short forms:
-    /// right and bottom are then like top, left is like right.
+    /// Sets the pixels around an item. Negative values follow the short forms of style sheets:
+    /// right and bottom then equal top, left equals right.
     void setItemPadding(const QMargins& m);
 
-    /// Takes the look of the selected item off it; it stays the selected one.
+    /// Removes the selected look from the selected item, which remains selected.
     void onClearSelect();
-    /// Returns the GUID of the selected item if it has its look, also while a filter hides it.
+    /// Returns the GUID of the selected item if it has the selected look, even while a filter hides
+    /// it.
     QString selectedItem() const;
-    /// Selects the item that `widget` shows, announcing nothing. Null: the item with this GUID is
-    /// selected once it gets a widget; an empty GUID selects none.
+    /// Selects the item shown by `widget` without emitting a signal. If `widget` is null, the item
+    /// with this GUID is selected once it gets a widget; an empty GUID selects none.
     void select(const QString& guid, MVThemeItemWdg* widget);
-    /// No item is the selected one any more; for when all rows go.
+    /// Clears the selection; for use when all rows are removed.
     void forgetSelection();
 
-    /// The widget for a row, owned by `parent`; Qt's default editor, a line edit, for a GUID that
-    /// the catalogue does not know. A cell that was filtered out and still downloads is given back
-    /// to its row.
+    /// Returns a row's widget, owned by `parent`; Qt's default editor, a line edit, for a GUID that
+    /// the catalogue does not know. A filtered-out cell that is still downloading is reused for its
+    /// row.
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const override;
-    /// Deletes the widget after the present event; one that downloads hides and ends that first.
+    /// Deletes the widget after the current event; one that is downloading is hidden until it has
+    /// finished.
     void destroyEditor(QWidget* editor, const QModelIndex& index) const override;
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
@@ -57,7 +59,7 @@ public:
 signals:
     /// The user has applied an item.
     void sigThemeItemClicked(SCfg_Item*);
-    /// The user asks for an item's context menu.
+    /// The user has requested an item's context menu.
     void contextMenuWanted(SCfg_Item* item, const QPoint& globalPos);
 
 protected:

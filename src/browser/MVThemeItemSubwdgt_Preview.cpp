@@ -71,7 +71,7 @@ void MVThemeItemSubwdgt_Preview::createUI()
     m_eDownloadErr = eDownLoadError_None;
 }
 
-/// The buttons show icons only; a screen reader needs their names. Nothing else tells that the ring
+/// The buttons show icons only, so a screen reader needs names. No other text says that the ring
 /// can be clicked.
 void MVThemeItemSubwdgt_Preview::nameButtons()
 {
@@ -172,7 +172,7 @@ void MVThemeItemSubwdgt_Preview::doEvent_Enter()
     if (!m_pItem)
         return;
     const bool needed = ItemFiles::needsAny(*m_pItem);
-    const bool favourite = !needed && isFavourite(m_pItem); // asking enters it in the favourites
+    const bool favourite = !needed && isFavourite(m_pItem); // asking adds an entry for it
     m_pUi->btnDownload->setVisible(needed);
     m_pUi->btnCollect->setVisible(favourite);
     m_pUi->btnCollect_No->setVisible(!needed && !favourite);
@@ -228,7 +228,7 @@ void MVThemeItemSubwdgt_Preview::onBtnCollect()
 {
     if (!m_pItem)
         return;
-    // Whoever is told may clear the list, and with it this cell.
+    // A receiver may clear the list, and with it this cell.
     SCfg_Item* const item = m_pItem;
     const ItemCallback callback = m_cbBtnCollect;
     const bool favourite = isFavourite(item);
@@ -267,7 +267,7 @@ void MVThemeItemSubwdgt_Preview::onBtnMore()
 void MVThemeItemSubwdgt_Preview::changeEvent(QEvent* event)
 {
     QFrame::changeEvent(event);
-    // The name's label holds a style of its own, so it would miss that the application's changed.
+    // The name's label has its own style, so it misses changes of the application's.
     if (event->type() == QEvent::StyleChange && m_pUi->lblName->style() != QApplication::style())
         m_pUi->lblName->setStyle(QApplication::style());
     if (event->type() != QEvent::LanguageChange)

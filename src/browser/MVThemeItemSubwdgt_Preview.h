@@ -18,26 +18,26 @@ namespace Ui {
 class MVThemeItemSubwdgt_Preview;
 }
 
-/// The face of one catalogue item in a list: preview, hover buttons, progress ring of a download,
-/// the text of a failed one, the mark of the item that is applied, or the "More>>" cell.
+/// The face of one catalogue item in a list: preview, hover buttons, a download's progress ring,
+/// the error text of a failed one, the mark of the applied item, or the "More>>" cell.
 ///
-/// Its owner feeds it the item, the mouse's coming and going, progress and results; it asks the
-/// catalogue which files are missing and whether the item is a favourite. The item belongs to the
-/// catalogue and must outlive the use of this widget. GUI thread only.
+/// Its owner passes on the item, the mouse's entering and leaving, progress and results; the face
+/// asks the catalogue which files are missing and whether the item is a favourite. The item belongs
+/// to the catalogue and must outlive its use by this widget. GUI thread only.
 ///
-/// Looks come from the style sheet: by object names, by the properties below (qproperty-...), and
-/// by "IsChecked" on the name label, which is true while the item is the applied one.
+/// The style sheet sets the appearance: by object names, by the properties below (qproperty-...),
+/// and by "IsChecked" on the name label, which is true while the item is the applied one.
 class MVBROWSER_EXPORT MVThemeItemSubwdgt_Preview : public QFrame
 {
     Q_OBJECT
-    /// The picture that progress uncovers, clockwise from twelve o'clock, stretched over the whole
+    /// The picture uncovered by progress, clockwise from twelve o'clock, stretched over the whole
     /// ring.
     Q_PROPERTY(QImage progressImage READ progressImage WRITE setProgressImage)
     /// The picture under the ring.
     Q_PROPERTY(QImage progressMask READ progressMask WRITE setProgressMask)
-    /// Colour of the per cent text; invalid at first, which paints black.
+    /// Colour of the percentage text; invalid by default, which paints black.
     Q_PROPERTY(QColor progressColor READ progressColor WRITE setProgressColor)
-    /// Point size of that text before the screen's scaling; 0 and below: the widget's own font.
+    /// Point size of that text before screen scaling; the widget's own font if 0 or less.
     Q_PROPERTY(int progressFontSize READ progressFontSize WRITE setProgressFontSize)
     /// Distance of the "Current" mark from the upper edge, in pixels.
     Q_PROPERTY(int nMarginTop_lblCur READ marginTopCur WRITE setMarginTopCur)
@@ -51,8 +51,8 @@ public:
     ~MVThemeItemSubwdgt_Preview() override;
 
     /// @name Host callbacks
-    /// Shared by all cells and called on the GUI thread; an empty one is not called. They get the
-    /// item of the cell, null from the "More>>" cell.
+    /// Shared by all cells and called on the GUI thread; empty ones are skipped. They receive the
+    /// cell's item, or null from the "More>>" cell.
     /// @{
     static void setCbBtnCollect(ItemCallback callback);
     static void setCbBtnDownload(ItemCallback callback);
@@ -61,22 +61,22 @@ public:
 
     /// Shows an item; null makes this the "More>>" cell.
     void setItem(SCfg_Item* item);
-    /// The same after a download has ended: what is still missing can be asked for again.
+    /// Shows an item after its download has ended and offers to fetch what is still missing.
     void setItemDownload(SCfg_Item* item);
-    /// Lets go of the item, which may end from now on; what is shown stays.
+    /// Releases the item, which may be destroyed afterwards; the displayed content stays.
     void releaseItem();
-    /// Shows or hides that this item is the applied one.
+    /// Shows or hides the mark of the applied item.
     void setCurText(bool cur);
     /// Shows why a download failed; success (5) hides the text.
     void setDownLoadErrorText(EMVThemeDownLoadError e);
-    /// Per cent; the ring shows 0 to 100, the text any value. Fractions are cut; what is not a
-    /// number changes nothing.
+    /// Sets the percentage; the ring shows 0 to 100, the text any value. Fractions are truncated,
+    /// and NaN and infinity are ignored.
     void onProgress(double p);
-    /// As if the download button had been pressed: once until the download's end.
+    /// Starts the download as the download button does; ignored until the current one ends.
     void startDownLoad();
-    /// The mouse is over the cell: shows the buttons that apply to the item.
+    /// Handles the mouse entering the cell: shows the buttons that apply to the item.
     void doEvent_Enter();
-    /// The mouse has left; a favourite keeps its heart.
+    /// Handles the mouse leaving the cell; a favourite keeps its heart.
     void doEvent_Leave();
     QToolButton* getBtnDownload() const;
 
@@ -107,7 +107,7 @@ public:
     bool eventFilter(QObject* obj, QEvent* event) override;
 
 public slots:
-    /// Makes the item a favourite, or no longer.
+    /// Adds the item to the favourites or removes it.
     void onBtnCollect();
     void onBtnDownload();
     void onBtnMore();
@@ -115,10 +115,10 @@ public slots:
 signals:
     /// Declared for hosts; never emitted here.
     void sigCollect(SCfg_Item*);
-    /// The item's files are wanted: whoever owns this cell starts the download. Null in a cell
+    /// The item's files are wanted: the owner of this cell starts the download. Null in a cell
     /// without an item.
     void sigDownLoad(SCfg_Item*);
-    /// The user has clicked the progress ring: whoever owns this cell cancels the download.
+    /// The user has clicked the progress ring: the owner of this cell cancels the download.
     void sigCancelDownLoad();
     /// Declared for hosts; never emitted here.
     void sigBtnMore();
@@ -142,7 +142,7 @@ private:
 
     EMVThemeDownLoadError m_eDownloadErr;
     std::unique_ptr<Ui::MVThemeItemSubwdgt_Preview> m_pUi;
-    std::unique_ptr<QVBoxLayout> m_pOverlay; // arranges what floats over the picture
+    std::unique_ptr<QVBoxLayout> m_pOverlay; // positions the overlays on the picture
     SCfg_Item* m_pItem = nullptr;
     double m_dProgress = 0.0;
     bool m_bRingPressed = false; // the left button went down on the ring, not as a double click

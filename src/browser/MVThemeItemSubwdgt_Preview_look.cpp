@@ -1,5 +1,5 @@
-// MVThemeItemSubwdgt_Preview: the progress ring, and what floats over the picture, as the style
-// sheet sets them.
+// MVThemeItemSubwdgt_Preview: the progress ring and the overlays on the picture, as set by the
+// style sheet.
 
 #include "browser/MVThemeItemSubwdgt_Preview.h"
 #include "browser/ProgressRing.h"
@@ -17,7 +17,7 @@
 
 namespace {
 
-/// Truncated towards zero, within what an int can hold.
+/// Truncates towards zero, clamped to the range of int.
 int wholePercent(double percent)
 {
     constexpr double largest = std::numeric_limits<int>::max();
@@ -75,8 +75,8 @@ bool MVThemeItemSubwdgt_Preview::eventFilter(QObject* obj, QEvent* event)
     return QFrame::eventFilter(obj, event);
 }
 
-/// A click that begins and ends on the ring. The second half of a double click is none: its first
-/// half has just started the download.
+/// Returns whether the event completes a click that began on the ring. The second half of a double
+/// click does not count: its first half has just started the download.
 bool MVThemeItemSubwdgt_Preview::isRingClick(const QEvent& event)
 {
     if (event.type() != QEvent::MouseButtonPress && event.type() != QEvent::MouseButtonDblClick
@@ -113,8 +113,8 @@ void MVThemeItemSubwdgt_Preview::showEvent(QShowEvent* event)
 
 void MVThemeItemSubwdgt_Preview::createOverlay()
 {
-    // Not the layout of a widget: the picture fills its frame by a layout of its own, and this one
-    // only says how high the things above it are.
+    // Not installed on a widget: the picture has its own layout that fills the frame, and this one
+    // only positions the overlays.
     m_pOverlay = std::make_unique<QVBoxLayout>();
     m_pOverlay->setObjectName(QStringLiteral("verticalLayout_2"));
     m_pOverlay->setSpacing(0);
@@ -127,8 +127,8 @@ void MVThemeItemSubwdgt_Preview::createOverlay()
 
 void MVThemeItemSubwdgt_Preview::arrangeOverlay()
 {
-    // Asking for sizes makes a widget take its looks from the style sheet for good, which must wait
-    // until it stands in its list.
+    // Querying size hints fixes a widget's appearance from the style sheet, which must wait until
+    // the widget is in its list.
     if (isVisible())
         placeOverlay(width());
 }

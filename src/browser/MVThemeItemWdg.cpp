@@ -61,7 +61,7 @@ void MVThemeItemWdg::setCbItemEnded(EndCallback callback)
 
 void MVThemeItemWdg::setItem(const SCfg_Item* item)
 {
-    // The record belongs to the catalogue, which is asked to change it on the user's behalf.
+    // The record belongs to the catalogue, which modifies it on the user's behalf.
     m_pItem = const_cast<SCfg_Item*>(item);
     if (m_pItem)
         setAccessibleName(m_pItem->m_qsName);
@@ -156,7 +156,7 @@ void MVThemeItemWdg::onDownloadFinish(EMVThemeDownLoadError result)
     const bool isCancelled = outcome.m_eEnd == eItemDownload_Cancelled;
     m_pUi->frmShow->setDownLoadErrorText(isCancelled ? eDownLoadError_None : result);
     m_pUi->frmShow->setItemDownload(item);
-    // A mouse that stayed here all the time does not enter again.
+    // A mouse that has stayed over the cell causes no enter event.
     if (m_pUi->MVThemeItemWdgBg->underMouse()) {
         if (s_bPlayedByHover)
             m_pUi->frmShow->startPlayGif();
@@ -253,7 +253,7 @@ bool MVThemeItemWdg::eventFilter(QObject* watched, QEvent* event)
         emit contextMenuWanted(m_pItem, static_cast<QContextMenuEvent*>(event)->globalPos());
         return true;
     case QEvent::Enter: {
-        // Brings the item's paths up to date with the disk.
+        // Updates the item's paths from the disk.
         ItemFiles::needsAny(*m_pItem);
         if (s_bPlayedByHover)
             m_pUi->frmShow->startPlayGif();

@@ -18,15 +18,15 @@ class MVThemeItemWdg;
 
 /// One live cell of a resource list: turns the user's mouse into actions on one catalogue item.
 ///
-/// Hovering plays the preview and shows the buttons. A click applies the item; where files are
-/// missing it downloads them first and applies the item when they have arrived, if the cell can
-/// still be seen. A click on the progress ring cancels the download. HostSettings::leftButtonOnly
-/// and HostSettings::lastChoiceWins say which mouse buttons count, and whether a download still
-/// applies its item after the user has chosen another.
+/// Hovering plays the preview and shows the buttons. A click applies the item; if files are
+/// missing, it downloads them first and applies the item when they have arrived, if the cell is
+/// still visible. A click on the progress ring cancels the download. HostSettings::leftButtonOnly
+/// and HostSettings::lastChoiceWins determine which mouse buttons count, and whether a download
+/// still applies its item after the user has chosen another.
 ///
 /// The item belongs to the catalogue and must outlive this widget, which keeps a plain pointer. A
 /// running download belongs to this widget: destroying it cancels the download and waits for its
-/// thread, which takes up to a second. GUI thread only.
+/// thread, up to 200 ms. GUI thread only.
 class MVBROWSER_EXPORT MVThemeItemWdg : public QFrame
 {
     Q_OBJECT
@@ -40,23 +40,23 @@ public:
     ~MVThemeItemWdg() override;
 
     /// @name Host callbacks
-    /// Shared by all cells and called on the GUI thread; an empty one is not called. A callback may
-    /// clear the list that the cell stands in, or destroy it, but must leave reloading the
-    /// catalogue to a later event: another callback may get the same item.
+    /// Shared by all cells and called on the GUI thread; empty ones are skipped. A callback may
+    /// clear or destroy the list that contains the cell, but must leave reloading the catalogue to
+    /// a later event: another callback may get the same item.
     /// @{
-    /// After an item was applied.
+    /// Called after an item was applied.
     static void setCbItemClicked(ItemCallback callback);
-    /// After a download has ended, whatever its outcome.
+    /// Called after a download has ended, whatever its outcome.
     static void setCbItemDownloaded(ItemCallback callback);
-    /// Before that, if files could not be fetched: with the text of MVThemeDownLoader::errorText().
+    /// Called before that if files could not be fetched, with MVThemeDownLoader::errorText().
     static void setCbItemFailed(FailureCallback callback);
-    /// Before both, with the outcome: complete, failed with its cause, or cancelled.
+    /// Called before both, with the outcome: complete, failed with a cause, or cancelled.
     static void setCbItemEnded(EndCallback callback);
     /// @}
 
     /// Call it once. Null makes this the "More>>" cell, which ignores the mouse.
     void setItem(const SCfg_Item* item);
-    /// Null in the "More>>" cell, and after a download that was stopped for good.
+    /// Returns null in the "More>>" cell, and after tryStopDownloadThread().
     SCfg_Item* getItem() const { return m_pItem; }
 
     /// Sets the variable in which the list keeps its selected cell; `slot` must outlive this
@@ -75,42 +75,42 @@ public:
 
     /// Applies the item, or starts its download. Only a visible cell applies.
     void doApplyTheme();
-    /// Hides an error and starts the download of `item`, unless one runs. Null starts none.
+    /// Hides an error and starts the download of `item`, unless one is running. Ignores null.
     void onDownLoad(SCfg_Item* item);
     void onDownloadFinish(EMVThemeDownLoadError result);
     void onCollect(SCfg_Item* item);
 
-    /// @name What a keyboard does in the cell
+    /// @name Keyboard actions
     /// @{
-    /// As a click: applies or downloads the item; opens what "More>>" stands for.
+    /// Acts like a click: applies or downloads the item, or opens the target of "More>>".
     void activate();
-    /// Makes the item a favourite or no longer, if all its files are there.
+    /// Adds the item to the favourites or removes it, if all its files are present.
     void toggleFavourite();
     /// Starts the animated preview, or stops it if it plays.
     void togglePreview();
     /// @}
 
-    /// Sets whether the mouse over a cell plays its preview, for all cells; true at first. Turn it
-    /// off for people who want less motion: togglePreview() still plays.
+    /// Sets whether hovering plays the previews, for all cells; true by default. Turn it off for
+    /// people who want less motion: togglePreview() still plays.
     static void setPlayedByHover(bool played) { s_bPlayedByHover = played; }
     static bool isPlayedByHover() { return s_bPlayedByHover; }
 
     bool isDownloading() const { return !m_pDownLoader.isNull(); }
-    /// Cancels a running download and does not wait; the cell shows no error at its end.
+    /// Cancels a running download without waiting; the cell then shows no error.
     void cancelDownload();
-    /// Starts the download of what the item lacks without counting as a choice of the user's: for a
-    /// list that goes on with downloads after a reload.
+    /// Starts the download of missing files without recording a user's choice, for a list that
+    /// resumes its downloads after a reload.
     void resumeDownload();
-    /// Returns whether the user has chosen no other item of this kind since this one.
+    /// Returns whether the user has chosen no other item of this kind since.
     bool isLastChoice() const;
-    /// Stops a running download and waits for its thread. The cell ignores the mouse from then on.
-    /// Without a running download nothing happens.
+    /// Stops a running download and waits for its thread; from then on the cell ignores the mouse.
+    /// Does nothing without a running download.
     void tryStopDownloadThread();
-    /// For a cell that has left its list and will be deleted: it lets go of the item, which may end
-    /// sooner, and ignores the mouse from then on.
+    /// Releases the item, which may be destroyed before the cell, and ignores the mouse from then
+    /// on; for a cell that has left its list and will be deleted.
     void releaseItem();
-    /// Returns whether the widget deletes itself at the end of the download that runs: a cell that
-    /// was filtered out of the list finishes its download in hiding.
+    /// Returns whether the widget deletes itself at the end of its download: a cell that was
+    /// filtered out of the list finishes the download while hidden.
     bool isDeletedAfterDownload() const { return m_bDeletedAfterDownload; }
     void setDeletedAfterDownload(bool deleted) { m_bDeletedAfterDownload = deleted; }
 
@@ -119,7 +119,7 @@ public:
 signals:
     /// The item was applied.
     void sigThemeItemClicked(SCfg_Item*);
-    /// The user asks for a context menu of the item, at this place of the screen; only with
+    /// The user has requested the item's context menu at this screen position; only with
     /// HostSettings::leftButtonOnly.
     void contextMenuWanted(SCfg_Item* item, const QPoint& globalPos);
 

@@ -41,7 +41,7 @@ void MVThemePreviewFrm::setItemData(const SCfg_Item* item)
     if (!m_pItem)
         return;
     m_pUi->frmPic->setImagePath(FileView(m_pItem->m_info_Thumb).file());
-    // A download may have put the file where it was looked for in vain.
+    // A download may have created the file since it was last looked for.
     if (m_pUi->frmPic->isEmpty())
         m_pUi->frmPic->setIsEmpty(true);
     setMoviePath(FileView(m_pItem->m_info_Gif).file());
@@ -52,7 +52,7 @@ void MVThemePreviewFrm::setMoviePath(QString path)
     if (!QFile::exists(path))
         path = TzResourceMgr::instance()->testOutputDir() + QLatin1String("/testskin")
             + QLatin1String("/Simple.gif");
-    // A movie that is given a file while it plays stands still for ever.
+    // A movie that gets a new file while playing stops for good.
     const bool wasPlaying = isPlaying();
     m_movie.stop();
     m_qsMoviePath = path;
@@ -119,11 +119,11 @@ void MVThemePreviewFrm::resetItemData()
 {
     if (!m_pItem)
         return;
-    // The record belongs to the catalogue, which alone changes it.
+    // The record belongs to the catalogue, which alone modifies it.
     auto& item = const_cast<SCfg_Item&>(*m_pItem);
     MVThemeMgr::init()->doItem_Info_Thumb(item);
     m_pUi->frmPic->setImagePath(FileView(item.m_info_Thumb).file());
-    // The path stays the same when the download puts the file where it was looked for in vain.
+    // The path stays the same if a download creates the file where it was missing.
     m_pUi->frmPic->setIsEmpty(true);
     m_pUi->frmPic->repaint();
 }
@@ -131,7 +131,7 @@ void MVThemePreviewFrm::resetItemData()
 void MVThemePreviewFrm::hideEvent(QHideEvent* event)
 {
     QFrame::hideEvent(event);
-    // No mouse leaves what is hidden, and nobody sees it play.
+    // A hidden frame gets no leave event, and nobody sees it play.
     if (isPlaying())
         stopPlayGif();
 }
@@ -143,14 +143,14 @@ bool MVThemePreviewFrm::event(QEvent* event)
 
 void MVThemePreviewFrm::closeMovieFile()
 {
-    // A movie that was looked at keeps its file open until it is given another: a list of a
-    // thousand cells would use up what a process may have open.
+    // A movie that has been read keeps its file open until it gets another one: a list of a
+    // thousand cells would exhaust the process's limit of open files.
     m_movie.setFileName(m_qsMoviePath);
 }
 
 bool MVThemePreviewFrm::isPlayable()
 {
-    // A movie that plays has its decoder already; it must also stop when its file has been deleted.
+    // A playing movie already has its decoder; it must stop even if its file has been deleted.
     return isPlaying() || PictureDecoder::prepare(m_movie);
 }
 

@@ -28,28 +28,28 @@ public:
     ~MVThemePreviewFrm() override;
 
     /// Shows the thumbnail of `item`, which belongs to the catalogue and must outlive its use here,
-    /// and makes its GIF the one to play.
+    /// and sets its GIF as the one to play.
     void setItemData(const SCfg_Item* item);
-    /// The GIF to play. Where there is no such file, the host's placeholder is taken:
+    /// Sets the GIF to play. If the file does not exist, the host's placeholder is used:
     /// "testskin/Simple.gif" in TzResourceMgr::testOutputDir(). Above a screen scale of 1.25 the
-    /// animation is enlarged by that factor. An animation of more than PictureFormat::maxPixels
-    /// counts as none.
+    /// animation is enlarged by that factor. An animation of more than PictureFormat::maxPixels is
+    /// ignored.
     void setMoviePath(QString path);
 
-    /// Plays from the beginning; a file that is no animation leaves the thumbnail, and a log line.
+    /// Plays from the beginning; a file that is not an animation keeps the thumbnail and is logged.
     void startPlayGif();
-    /// Back to the thumbnail. Closes the file.
+    /// Returns to the thumbnail and closes the file.
     void stopPlayGif();
     bool isPlaying() const;
 
-    /// Decodes the thumbnail anew for the present size, at once.
+    /// Decodes the thumbnail again for the current size, immediately.
     void adjustItem();
-    /// Looks where the item's thumbnail lies now, after a download, and paints it at once.
+    /// Locates the item's thumbnail again, after a download, and paints it immediately.
     void resetItemData();
 
 protected:
     bool event(QEvent* event) override;
-    /// A frame that nobody sees stops playing.
+    /// Stops playing, since nobody sees the frame.
     void hideEvent(QHideEvent* event) override;
 
 private:
@@ -62,5 +62,5 @@ private:
     QMovie m_movie;
     QString m_qsMoviePath;
 
-    static QMovie* s_pMovie; // that of the frame that played last; null once that is destroyed
+    static QMovie* s_pMovie; // the movie of the frame that played last; null once that is destroyed
 };

@@ -6,8 +6,8 @@
 
 /// Filters the rows of a resource list by theme type, or favourites, and by name.
 ///
-/// The name is matched by filterRegExp(), anywhere in the name. Favourites are asked from the
-/// catalogue when the filter is applied. GUI thread only.
+/// The name is matched by filterRegExp(), anywhere in the name. The catalogue is queried for
+/// favourites when the filter is applied. GUI thread only.
 class MVBROWSER_EXPORT MVThemeSortFilterProxyModel : public QSortFilterProxyModel
 {
     Q_OBJECT

@@ -2,8 +2,8 @@
 
 #include <QLabel>
 
-/// A label that shows a movie whole: one that is larger than the label is scaled down smoothly, its
-/// aspect kept. A label alone would show the middle of it.
+/// A label that shows a complete movie: one larger than the label is scaled down smoothly, keeping
+/// its aspect ratio. A plain label would show only the middle of it.
 class MovieLabel : public QLabel
 {
 public:

@@ -2,7 +2,7 @@
 
 #include <QtGlobal>
 
-/// Marks what callers of the library mvbrowser may use; everything else is hidden.
+/// Exports the public symbols of the library mvbrowser; all others are hidden.
 #if defined(MVBROWSER_LIBRARY)
 #define MVBROWSER_EXPORT Q_DECL_EXPORT
 #else

@@ -63,7 +63,7 @@ void ProgressRing::paintSector(QPainter* p, const QRect& rect, int percent) cons
     }
     const QRegion clip(sector.createMaskFromColor(Qt::red, Qt::MaskOutColor));
 
-    // The region counts device pixels, so the painter has to do so too.
+    // The region is in device pixels, so the painter must be, too.
     p->save();
     p->translate(rect.topLeft());
     p->scale(1 / scale, 1 / scale);

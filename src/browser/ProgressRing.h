@@ -6,16 +6,17 @@
 
 class QPainter;
 
-/// The progress ring of a download: a sector of one picture over another, and the per cent as text.
+/// The progress ring of a download: a sector of one picture over another, and the percentage as
+/// text.
 struct ProgressRing
 {
     QImage image; ///< uncovered by the sector
-    QImage mask;  ///< always there, below
+    QImage mask;  ///< always visible, below
     QColor color; ///< of the text
     QFont font;   ///< of the text
 
-    /// Paints the ring over `rect`, sharp at every screen scale. The sector shows `value` per cent
-    /// cut to 0 to 100, clockwise from twelve o'clock; the text shows `value` as it is.
+    /// Paints the ring over `rect`, sharp at every screen scale. The sector shows `value` percent,
+    /// clamped to 0 to 100, clockwise from twelve o'clock; the text shows `value` unclamped.
     void paint(QPainter* p, const QRect& rect, int value) const;
 
 private:

@@ -2,13 +2,13 @@
 
 #include <QColor>
 
-/// Colours for the widgets around a list, which suit the list's skin.
+/// Colours for the widgets around a list, matching the list's skin.
 struct SSkinColors
 {
     QColor window;
     QColor base; ///< below lists and in fields
     QColor text;
-    QColor dimText; ///< less important text, and disabled
+    QColor dimText; ///< secondary and disabled text
     QColor button;
     QColor accent;
     QColor onAccent; ///< text on the accent

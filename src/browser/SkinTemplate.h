@@ -4,17 +4,16 @@
 #include <QString>
 #include <QStringList>
 
-/// The style sheet that all skins share, with placeholders for what they differ in.
+/// The style sheet shared by all skins, with placeholders for their differences.
 ///
-/// A placeholder is `@name@`, or `@name|value@`, which brings the value of the skins that name
-/// none.
+/// A placeholder is `@name@`, or `@name|value@`, which provides the default value.
 class SkinTemplate
 {
 public:
     SkinTemplate() = delete;
 
-    /// Returns `text` with values in place of its placeholders. Appends to `faults` a description
-    /// of each placeholder that has no value, and of each value that has no placeholder.
+    /// Returns `text` with its placeholders replaced by values. Appends to `faults` a description
+    /// of each placeholder without a value, and of each value without a placeholder.
     static QString fill(const QString& text, const QMap<QString, QString>& values,
                         QStringList& faults);
 };

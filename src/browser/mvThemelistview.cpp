@@ -25,8 +25,8 @@ constexpr QSize fallbackItemSize(136, 110);
 constexpr int maxShownOneByOne = 8; // cells
 constexpr int maxLosses = 4;        // cells in succession
 
-/// Does at once what the parts of a new cell have asked Qt to do later, and takes the requests
-/// back. Qt compares each with all that wait already, so those of a thousand cells would take
+/// Performs at once what the parts of a new cell have asked Qt to do later, and removes the
+/// requests. Qt compares each one with all pending ones, so those of a thousand cells would take
 /// longer than the cells themselves.
 void settleRequests(QWidget* cell)
 {
@@ -49,7 +49,7 @@ mvThemelistview::mvThemelistview(QWidget* parent)
     : QListView(parent)
     , m_pFocusMark(new CellFocusMark(viewport()))
 {
-    // The style sheet has seen them as parts of a QListView, which this was until now.
+    // The style sheet has matched them as parts of a QListView, the class until now.
     for (QScrollBar* const bar : {verticalScrollBar(), horizontalScrollBar()}) {
         style()->unpolish(bar);
         style()->polish(bar);
@@ -67,7 +67,7 @@ void mvThemelistview::setUIItemType(EUIItemType type)
     m_pModel = std::make_unique<QStandardItemModel>();
     m_pProxy = new MVThemeSortFilterProxyModel(this);
     m_pProxy->setSourceModel(m_pModel.get());
-    // A row that came to light by itself would have no widget.
+    // A row that reappeared by itself would have no widget.
     m_pProxy->setDynamicSortFilter(false);
 
     m_pDelegate = new MVResourceItemDelegate(this);
@@ -184,9 +184,9 @@ void mvThemelistview::updateItemState()
         if (losses == maxLosses || !cell)
             continue;
         // Settling saves three quarters of the time of 2,000 cells. But while Qt delivers a posted
-        // event, as to a queued slot that calls this, requests that are taken back stay in its
-        // queue, and looking for them makes the same cells take four times as long. Nothing public
-        // tells whether Qt is doing that, except that settling takes longer than making the cell.
+        // event, such as to a queued slot that calls this, removed requests stay in its queue, and
+        // searching for them makes the same cells take four times as long. No public function tells
+        // whether Qt is doing that, but settling then takes longer than creating the cell.
         const qint64 opened = clock.nsecsElapsed();
         clock.start();
         settleRequests(cell);
@@ -207,7 +207,7 @@ void mvThemelistview::reapplyFilter(int themeType, QString text)
 
 void mvThemelistview::clear()
 {
-    cancelDownloads(); // all at once, then wait
+    cancelDownloads(); // all at once before waiting
     for (int row = 0; row < rowCount(); ++row) {
         if (MVThemeItemWdg* widget = itemWidget(row))
             widget->tryStopDownloadThread();
@@ -215,7 +215,7 @@ void mvThemelistview::clear()
     m_mapItems.clear();
     if (!m_pModel)
         return;
-    // The selected widget lives until the present event is over, its item perhaps not as long.
+    // The selected widget exists until the current event is over; its item may not.
     m_pDelegate->forgetSelection();
     m_pModel->clear();
     m_pProxy->invalidate();

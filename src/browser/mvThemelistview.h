@@ -23,17 +23,17 @@ struct SCfg_Item;
 
 /// A scrolling grid of live cells that shows one kind of the catalogue's resources.
 ///
-/// Construct it, call setUIItemType() once, then initData(); reapplyFilter() as often as the user
-/// likes. The cells point into the catalogue: call clear() before MVThemeMgr::load(true) or
-/// MVThemeMgr::clear(), and initData() again afterwards. Destroying the view stops the downloads
+/// Construct it, call setUIItemType() once, then initData(), and reapplyFilter() whenever the
+/// filter changes. The cells point into the catalogue: call clear() before MVThemeMgr::load(true)
+/// or MVThemeMgr::clear(), and initData() again afterwards. Destroying the view stops the downloads
 /// that its cells have started; do that before the process ends. GUI thread only.
 ///
-/// The keyboard: arrows move between the cells, Enter applies or downloads the current one (or
-/// opens what "More>>" stands for), Escape cancels its download, F makes it a favourite or no
-/// longer, Space plays or stops its preview. An outline shows the current cell while the keyboard
-/// is used. Screen readers are told the names.
+/// Keyboard: arrows move between the cells, Enter applies or downloads the current one (or opens
+/// the target of "More>>"), Escape cancels its download, F adds it to the favourites or removes it,
+/// Space plays or stops its preview. An outline shows the current cell while the keyboard is in
+/// use. The names are exposed to screen readers.
 ///
-/// The rows carry the data that EUIItemRole names.
+/// EUIItemRole lists the data of the rows.
 class MVBROWSER_EXPORT mvThemelistview : public QListView
 {
     Q_OBJECT
@@ -46,77 +46,76 @@ public:
     /// before any data.
     void setUIItemType(EUIItemType type);
     /// Appends all items of the catalogue's list, and "More>>" to the themes if the product
-    /// parameter "url_slidershow" says where that leads. The arguments are not used.
+    /// parameter "url_slidershow" sets its target. The arguments are not used.
     void initData(const QUuid&, bool);
-    /// Appends an item, which must stand in the catalogue, and opens its cell; many items belong
-    /// into the catalogue's list and initData(), which lays the cells out once.
+    /// Appends an item, which must be in the catalogue, and opens its cell. For many items use the
+    /// catalogue's list and initData(), which lays out the cells once.
     void addItem(const SCfg_Item& item);
-    /// The size and padding (top, right, bottom, left in x, y, width, height) that the skin gives
-    /// to this list's cells; a list of no type leaves both as they are.
+    /// Returns the size and padding (top, right, bottom, left in x, y, width, height) that the skin
+    /// gives this list's cells; a list without a type leaves both unchanged.
     void getItemSIze(QSize& size, QRect& padding);
-    /// Gives the cells the size that the skin has now, after it was changed.
+    /// Applies the skin's cell size after a change of skin.
     void updateItemSize();
 
     /// Shows the items of a theme type (see MVThemeSortFilterProxyModel) whose names contain a
-    /// match of `text`, a QRegExp pattern without regard to case.
+    /// match of `text`, a case-insensitive QRegExp pattern.
     void reapplyFilter(int themeType, QString text);
-    /// Opens the cells of all rows that are shown.
+    /// Opens the cells of all visible rows.
     void updateItemState();
 
     /// @name A reload of the catalogue
     /// @{
-    /// Removes all rows, as clear() does, and remembers filter, place, current cell, applied item
-    /// and the downloads that it stops, until refill().
+    /// Removes all rows, as clear() does, and remembers filter, scroll position, current cell,
+    /// applied item and the stopped downloads until refill().
     void release();
-    /// Appends the items of the catalogue as it is now, and brings back what release() remembered:
-    /// downloads start again, the filter applies, the applied item has its mark. What the catalogue
-    /// does not hold any more is left out.
+    /// Appends the catalogue's current items and restores what release() remembered: downloads
+    /// restart, the filter applies, the applied item is marked. Items that the catalogue no longer
+    /// contains are skipped.
     void refill();
     /// @}
 
-    /// Removes all rows. Stops the cells' downloads and waits for them, up to a second each.
+    /// Removes all rows. Stops the cells' downloads and waits for them, up to 200 ms each.
     void clear();
-    /// Looks anew where the thumbnail of the first cell lies.
+    /// Locates the thumbnail of the first cell again.
     void resetItemData();
-    /// Decodes the thumbnail of the first cell anew.
+    /// Decodes the thumbnail of the first cell again.
     void adjustItem();
 
-    /// Returns the cells of items, those included that a filter hides and that still download.
+    /// Returns the cells of items, including those that a filter hides while they download.
     QVector<MVThemeItemWdg*> cells() const;
-    /// Returns the cell of an item, GUIDs exactly compared; null for one that has none now.
+    /// Returns the cell of an item by exact GUID; null if it currently has none.
     MVThemeItemWdg* cell(const QString& guid) const;
-    /// Returns the row, of the model that the list shows, of an item; invalid for one that a filter
-    /// hides.
+    /// Returns an item's row in the displayed model; invalid if a filter hides it.
     QModelIndex shownRow(const QString& guid) const;
 
-    /// Returns whether a cell downloads.
+    /// Returns whether any cell is downloading.
     bool isDownloading() const;
-    /// Cancels all downloads and does not wait.
+    /// Cancels all downloads without waiting.
     void cancelDownloads();
 
-    /// Returns the GUID of the applied item, also while a filter hides it; empty if there is none.
+    /// Returns the GUID of the applied item, even while a filter hides it; empty if there is none.
     QString appliedItem() const;
-    /// Marks an item as the applied one and emits nothing, for an item that was applied elsewhere;
-    /// one that a filter hides gets its mark when it is shown. An empty GUID marks none.
+    /// Marks an item that was applied elsewhere as the applied one, without emitting a signal; a
+    /// hidden one gets its mark when it is shown. An empty GUID clears the mark.
     void setAppliedItem(const QString& guid);
 
-    /// Takes the look of the selected item off it.
+    /// Removes the selected look from the selected item.
     void onClearSelect();
-    /// Selects the item with this GUID, in any case, and emits sigThemeItemClicked(). Without
-    /// such an item nothing changes.
+    /// Selects the item with this GUID, ignoring case, and emits sigThemeItemClicked(). Does
+    /// nothing if there is no such item.
     void selFilterItemByGUID(const QUuid& uuid);
-    /// The same with the GUID of `item`, exactly compared; null does nothing.
+    /// Selects the item with the exact GUID of `item`; null does nothing.
     void selThemeItem(const SCfg_Item* item);
 
 signals:
-    /// An item was applied by the user, or selected by one of the operations above.
+    /// The user has applied an item, or one of the operations above has selected it.
     void sigThemeItemClicked(SCfg_Item*);
-    /// The user asks for the context menu of an item, by the right mouse button or the menu key;
-    /// only with HostSettings::leftButtonOnly. The position is the screen's.
+    /// The user has requested an item's context menu, with the right mouse button or the menu key;
+    /// only with HostSettings::leftButtonOnly. The position is in screen coordinates.
     void contextMenuWanted(SCfg_Item* item, const QPoint& globalPos);
 
 protected:
-    /// One cell up or down, however far the wheel was turned.
+    /// Scrolls one cell up or down, however far the wheel was turned.
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -138,7 +137,7 @@ private:
         QString current;
         QString applied;
         QStringList downloads;
-        QString lastChoice; // the download that the user has chosen nothing else since
+        QString lastChoice; // the download of the user's last choice
         int scroll = 0;
     };
 
@@ -167,7 +166,7 @@ private:
     QSize m_itemSize;
     QRect m_itemPadding;
     CellFocusMark* m_pFocusMark;
-    bool m_bKeyboard = false;               // the keyboard was used last, not the mouse
+    bool m_bKeyboard = false;               // the keyboard was used after the mouse
     QMap<QUuid, QStandardItem*> m_mapItems; // the items belong to the model
     std::optional<Kept> m_kept;             // from release() to refill()
 };

@@ -1,4 +1,4 @@
-// mvThemelistview: the keyboard, where it stands, and what a screen reader is told.
+// mvThemelistview: keyboard control, focus, and accessibility.
 
 #include "browser/CellFocusMark.h"
 #include "browser/EUIItemRole.h"
@@ -27,7 +27,7 @@ void mvThemelistview::keyPressEvent(QKeyEvent* event)
 {
     showFocus(true);
     const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-    // A key that is held acts once; its repeats would apply, or turn a favourite, again and again.
+    // A held key acts once; its repeats would apply, or toggle the favourite, repeatedly.
     const bool held = event->isAutoRepeat() && isCellKey(event->key());
     if (plain && (held || actOnCurrentCell(event->key()))) {
         event->accept();
@@ -36,7 +36,7 @@ void mvThemelistview::keyPressEvent(QKeyEvent* event)
     QListView::keyPressEvent(event);
 }
 
-/// Acts on a cell's key and returns whether it was one. The cell may be destroyed afterwards.
+/// Handles a cell's key and returns whether it was one. The cell may be destroyed afterwards.
 bool mvThemelistview::actOnCurrentCell(int key)
 {
     MVThemeItemWdg* const widget = itemWidget(currentIndex());
@@ -69,7 +69,7 @@ void mvThemelistview::mousePressEvent(QMouseEvent* event)
     QListView::mousePressEvent(event);
 }
 
-/// The cells take the mouse's; the menu key means the current cell.
+/// Cells handle the mouse's events; the menu key refers to the current cell.
 void mvThemelistview::contextMenuEvent(QContextMenuEvent* event)
 {
     MVThemeItemWdg* const widget = itemWidget(currentIndex());
@@ -135,7 +135,7 @@ void mvThemelistview::placeFocusMark()
     m_pFocusMark->mark(shown ? visualRect(currentIndex()) : QRect());
 }
 
-/// The "More>>" row has no name, which the filter relies on.
+/// The "More>>" row has no name, on which the filter relies.
 void mvThemelistview::nameMoreRow()
 {
     const int last = rowCount() - 1;

@@ -1,4 +1,4 @@
-// mvThemelistview: its cells by item, and what it keeps over a reload of the catalogue.
+// mvThemelistview: look-up of cells by item, and state kept over a reload of the catalogue.
 
 #include "browser/EUIItemRole.h"
 #include "browser/MVResourceItemDelegate.h"
@@ -94,11 +94,11 @@ void mvThemelistview::refill()
         return;
     const Kept kept = *m_kept;
     m_kept.reset();
-    // All rows first: a cell that goes on downloading does so behind a filter, too.
+    // All rows first: a cell resumes its download even if a filter hides it.
     reapplyFilter(MVThemeSortFilterProxyModel::allThemes, QString());
     initData(QUuid(), false);
     restartDownloads(kept);
-    if (appliedItem().isEmpty()) // else one of them was complete, and has applied its item
+    if (appliedItem().isEmpty()) // otherwise a completed download has applied its item
         setAppliedItem(kept.applied);
     reapplyFilter(kept.themeType, kept.text);
     makeCurrent(kept.current);
@@ -117,7 +117,7 @@ void mvThemelistview::restartDownloads(const Kept& kept)
     }
 }
 
-/// Without scrolling to it: also a list that is not visible keeps its place.
+/// Does not scroll: even an invisible list keeps its position.
 void mvThemelistview::makeCurrent(const QString& guid)
 {
     const QModelIndex row = shownRow(guid);

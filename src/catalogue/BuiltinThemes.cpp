@@ -9,7 +9,7 @@
 
 namespace {
 
-/// Returns why nothing can be extracted; empty if it can.
+/// Returns the reason why extraction is impossible; empty if it is possible.
 QString obstacle(MVThemeMgr& manager)
 {
     const QString root = hostSettings().developerResourceRoot;
@@ -17,7 +17,7 @@ QString obstacle(MVThemeMgr& manager)
         return QStringLiteral("no developer resource root is set");
     if (!QFileInfo(root + QStringLiteral("/config")).isDir())
         return QStringLiteral("no such folder: %1/config").arg(root);
-    // Every "config" in a path becomes "config_local", so the copy would lie somewhere else.
+    // Every "config" in a path becomes "config_local", so the copy would end up elsewhere.
     if (root.contains(QLatin1String("config")))
         return QStringLiteral("the path of the developer resource root contains \"config\": %1")
             .arg(root);

@@ -4,11 +4,11 @@
 
 #include <QString>
 
-/// Extracts what ships with the application out of a full resource tree: the shown filters, what
-/// the first two shown themes need, all themes and all motions.
+/// Extracts the items that ship with the application from a full resource tree: the shown filters,
+/// everything that the first two shown themes need, all themes and all motions.
 ///
-/// A tool for those who build the application. Below the developer's resource root
-/// (HostSettings::developerResourceRoot) it makes "config_local" anew, with the form of "config".
+/// A tool for the application's developers. Below the developer's resource root
+/// (HostSettings::developerResourceRoot) it recreates "config_local", structured like "config".
 class MVRESOURCE_EXPORT BuiltinThemes
 {
 public:
@@ -18,9 +18,9 @@ public:
     static constexpr int themeCount = 2;
 
     /// Needs a loaded catalogue that shows at least two themes, with the product parameter "hasMV",
-    /// since it reads what they depend on. Called on the GUI thread while no download runs. Files
-    /// missing in the tree are left out. False, with the reason in `error` (may be null), if there
-    /// is nothing to extract from, or the config of neither theme has been read; then nothing has
-    /// changed.
+    /// since it reads their dependencies. Call it on the GUI thread while no download runs. Files
+    /// missing in the tree are skipped. Returns false without changing anything, with the reason in
+    /// `error` (may be null), if there is nothing to extract from or neither theme's config has
+    /// been read.
     static bool create(QString* error);
 };

@@ -12,6 +12,6 @@ SCfg_Item* CatalogueIndex::find(ECfgItemType kind, const QString& guid)
 {
     if (!KindTable::find(kind))
         return nullptr;
-    // The vectors are const in the index only so that looking does not move their items.
+    // The vectors are const in the index only so that the search does not detach them.
     return const_cast<SCfg_Item*>(m_kinds.at(kind).findItem(guid));
 }

@@ -6,10 +6,10 @@
 
 #include <vector>
 
-/// Finds the items of one catalogue file by kind and GUID, many at a time: any number of searches
-/// stays linear in the catalogue.
+/// Finds many items of one catalogue file by kind and GUID: any number of searches takes time
+/// linear in the catalogue.
 ///
-/// The catalogue must outlive the index and not change while the index is in use: neither
+/// The catalogue must outlive the index and must not change while the index is in use: call neither
 /// MVThemeMgr::load(true) nor clear(). One thread at a time.
 class MVRESOURCE_EXPORT CatalogueIndex
 {

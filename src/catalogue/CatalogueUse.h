@@ -2,12 +2,12 @@
 
 #include "records/MvResourceExport.h"
 
-/// Keeps the items of the catalogue where they are: while an object of this class exists,
+/// Keeps the catalogue's items in place: while an object of this class exists,
 /// MVThemeMgr::load(true) and clear() do nothing. MVThemeDownLoader holds one while it works on an
-/// item; a host's own thread that uses items holds one likewise.
+/// item; a host's own thread that uses items should do the same.
 ///
-/// Make it on the thread that loads the catalogue, before the thread that needs it starts; destroy
-/// it on any thread.
+/// Create it on the thread that loads the catalogue, before starting the thread that needs it;
+/// destroy it on any thread.
 class MVRESOURCE_EXPORT CatalogueUse
 {
 public:
@@ -16,6 +16,6 @@ public:
     CatalogueUse(const CatalogueUse&) = delete;
     CatalogueUse& operator=(const CatalogueUse&) = delete;
 
-    /// Returns how many objects exist in this process.
+    /// Returns the number of these objects in the process.
     static int count();
 };

@@ -20,7 +20,7 @@
 namespace {
 
 constexpr std::chrono::seconds maxLockWait(5);
-constexpr int maxDamaged = 1000; // copies that are kept
+constexpr int maxDamaged = 1000; // number of copies kept
 constexpr qint64 maxBytes = 64 * 1024 * 1024;
 constexpr int leftoverAgeSeconds = 3600;
 
@@ -52,8 +52,8 @@ bool parse(const QByteArray& bytes, QJsonDocument& document)
     return error.error == QJsonParseError::NoError;
 }
 
-/// Returns whether an earlier version that was killed while it saved may have left a file of that
-/// name: "NAME.abcdef".
+/// Returns whether a file of that name, "NAME.abcdef", may be the remains of an earlier version
+/// killed while saving.
 bool isLeftover(const QString& name, const QString& fileName)
 {
     constexpr int letters = 6;
@@ -63,7 +63,7 @@ bool isLeftover(const QString& name, const QString& fileName)
                        [](QChar c) { return c.isLetter(); });
 }
 
-/// No patterns: saving also happens after main, when Qt can no longer match them.
+/// Uses no patterns: saving also happens after main(), when Qt can no longer match them.
 void removeLeftovers(const QString& path)
 {
     const QFileInfo file(path);
@@ -85,7 +85,7 @@ CollectFile::Read CollectFile::read(const QString& path, QJsonObject& marks)
         || !RegularFile::readAll(file, maxBytes, bytes))
         return Read::CannotOpen;
     if (bytes.isEmpty())
-        m_loaded = true; // it was created by this, or by a process that has not written it yet
+        m_loaded = true; // created by this process, or by one that has not written it yet
     QJsonDocument document;
     if (!parse(bytes, document))
         return Read::CannotParse;
@@ -115,7 +115,7 @@ STransferFailure CollectFile::save(const QString& path, QJsonObject& marks)
 
     QJsonObject all = merged(marks, disk);
     const QByteArray bytes = QJsonDocument(all).toJson();
-    // A link stays one.
+    // A link stays a link.
     const QString target = QFileInfo(path).isSymLink() ? QFileInfo(path).symLinkTarget() : path;
     if ((!disk.isParsed || bytes != disk.bytes) && !Utils::writeFile(target, bytes, &failure))
         return failure;
@@ -125,7 +125,7 @@ STransferFailure CollectFile::save(const QString& path, QJsonObject& marks)
     return {};
 }
 
-/// A file that is missing or empty holds no marks; one that cannot be read must not be replaced.
+/// A missing or empty file contains no marks; an unreadable one must not be replaced.
 STransferFailure CollectFile::readDisk(const QString& path, OnDisk& disk)
 {
     QFile file(path);
@@ -163,7 +163,7 @@ STransferFailure CollectFile::keepAside(const QString& path)
 
 QJsonObject CollectFile::merged(const QJsonObject& marks, const OnDisk& disk) const
 {
-    QMap<QString, QJsonValue> sorted; // in whose order insertions move nothing
+    QMap<QString, QJsonValue> sorted; // sorted, so that insertions move nothing
     if (disk.isParsed) {
         for (auto mark = disk.marks.constBegin(); mark != disk.marks.constEnd(); ++mark)
             sorted.insert(mark.key(), mark.value());

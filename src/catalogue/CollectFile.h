@@ -7,43 +7,42 @@
 #include <QString>
 #include <QStringList>
 
-/// One favourites file, as one process reads and writes it: a JSON object with a boolean for each
+/// One favourites file as a process reads and writes it: a JSON object with a boolean for each
 /// GUID.
 ///
-/// Several processes share the file, so saving merges what this process has changed into what is on
-/// disk by then, under a lock file. A process that has neither read the file nor changed a mark
-/// writes nothing. A file that cannot be parsed is never overwritten: it is kept aside under
-/// "NAME.damaged-N". Internal to the library; GUI thread only.
+/// Several processes share the file, so saving merges this process's changes into the current file,
+/// under a lock file. A process that has neither read the file nor changed a mark writes nothing. A
+/// file that cannot be parsed is never overwritten: it is kept aside under "NAME.damaged-N".
+/// Internal to the library; GUI thread only.
 class CollectFile
 {
 public:
     enum class Read {
         Done,
-        CannotOpen,  ///< or cannot be read to its end
-        CannotParse, ///< also a file that has just been created, which is empty
+        CannotOpen,  ///< or cannot be read to the end
+        CannotParse, ///< includes a newly created, empty file
     };
 
-    /// Replaces `marks` by the file's, and forgets unsaved changes. A missing file is created
-    /// empty. Unless the result is Done, `marks` stays as it is.
+    /// Replaces `marks` by the file's content and discards unsaved changes. A missing file is
+    /// created empty. Unless the result is Done, `marks` is left unchanged.
     Read read(const QString& path, QJsonObject& marks);
 
     /// Changes the mark of a GUID.
     void setMarked(const QString& guid, bool isMarked);
 
-    /// Returns whether a GUID is marked, by this process or else in `marks`, which read() or save()
-    /// has filled. One that neither knows is noted as asked about: save() writes it as not marked.
+    /// Returns whether a GUID is marked, by this process or else in `marks`, as filled by read() or
+    /// save(). An unknown GUID is recorded as queried: save() writes it as not marked.
     bool isMarked(const QString& guid, const QJsonObject& marks);
 
-    /// The GUIDs that are marked, sorted.
+    /// Returns the marked GUIDs, sorted.
     QStringList marked(const QJsonObject& marks) const;
 
     /// Returns whether save() has something to write: the file was read, or a mark was changed.
     bool isInUse() const { return m_loaded || m_isChanged; }
 
-    /// Replaces the file, atomically and durably, by what is on disk, with the marks that this
-    /// process has changed and the GUIDs it has asked about; `marks` becomes what the file holds.
-    /// Returns no failure if there was nothing to write. After a failure the file is as it was, and
-    /// the changes wait for the next call.
+    /// Merges this process's changed marks and queried GUIDs into the file, atomically and durably,
+    /// and sets `marks` to the file's new content. Returns no failure if there was nothing to
+    /// write. After a failure the file is unchanged, and the changes are kept for the next call.
     STransferFailure save(const QString& path, QJsonObject& marks);
 
 private:
@@ -58,7 +57,7 @@ private:
     struct Mark
     {
         bool isMarked;
-        bool isChanged; ///< else asked about
+        bool isChanged; ///< otherwise queried
     };
 
     static STransferFailure readDisk(const QString& path, OnDisk& disk);
@@ -68,7 +67,7 @@ private:
 
     bool m_loaded = false;
     bool m_isChanged = false; // a mark was changed since the last read or save
-    // By GUID, since the last read or save. Not in the JSON object: each insertion moves what is
-    // behind it, so that asking for a whole catalogue would take the square of its size.
+    // By GUID, since the last read or save. Not in the JSON object, where each insertion moves all
+    // entries behind it, so that querying a whole catalogue would take quadratic time.
     QHash<QString, Mark> m_own;
 };

@@ -26,7 +26,7 @@ const QString kindKey = QStringLiteral("kind");
 const QString guidKey = QStringLiteral("guid");
 const QString nameKey = QStringLiteral("name");
 
-/// An item that has what a mark needs; false for an entry that is none.
+/// Returns in `item` the fields that a mark needs; returns false for an invalid entry.
 bool readEntry(const QJsonObject& entry, SCfg_Item& item)
 {
     const QString name = entry.value(kindKey).toString();
@@ -47,7 +47,7 @@ QJsonObject entryOf(ECfgItemType kind, const QString& guid, const QString& name)
     return {{kindKey, QString(KindTable::of(kind).exportName)}, {guidKey, guid}, {nameKey, name}};
 }
 
-/// Returns the favourites of a kind that the catalogue shows, and enters their GUIDs.
+/// Returns a kind's favourites among the shown items, and adds their GUIDs to `guids`.
 QJsonArray shownFavourites(ECfgItemType kind, QSet<QString>& guids)
 {
     MVThemeMgr* const catalogue = MVThemeMgr::init();
@@ -69,8 +69,8 @@ void append(QJsonArray& list, const QJsonArray& more)
 
 QJsonArray allFavourites()
 {
-    // In the order of the file; filters and backgrounds share their marks, so those that the
-    // catalogue does not hold may be either.
+    // In the order of the file; filters and backgrounds share their marks, so an unknown item may
+    // be either.
     QSet<QString> themes;
     QSet<QString> others;
     QJsonArray list;

@@ -4,40 +4,40 @@
 
 #include <QString>
 
-/// Exports and imports the favourites of the catalogue as one JSON file, to be carried to another
+/// Exports and imports the catalogue's favourites as one JSON file, for moving them to another
 /// computer:
 ///
 ///     {"format": 1, "favourites": [{"kind": "theme", "guid": "{...}", "name": "White Christmas"}]}
 ///
-/// The kinds are "theme", "filter" and "background". Names are for people; they are not read. GUI
+/// The kinds are "theme", "filter" and "background". Names are for people and are not read. GUI
 /// thread only.
 class MVRESOURCE_EXPORT FavouritesFile
 {
 public:
     enum class Error {
         None,
-        CannotWrite,   ///< reason() says why
-        CannotRead,    ///< reason() says why
+        CannotWrite,   ///< see reason()
+        CannotRead,    ///< see reason()
         NotFavourites, ///< the file has another format
-        BadEntry,      ///< it holds an entry that is no favourite
+        BadEntry,      ///< it contains an entry that is not a favourite
     };
 
-    /// Writes the favourites, also such as the catalogue does not hold at present, atomically.
-    /// Save them first, see MVThemeMgr::saveFavourites(). False: see error().
+    /// Writes the favourites atomically, including those that the catalogue does not currently
+    /// contain. Save them first, see MVThemeMgr::saveFavourites(). On false see error().
     bool write(const QString& path);
-    /// Adds the favourites of a file to those of the catalogue, also such as the catalogue does not
-    /// hold at present. False, and nothing is changed: see error(). At most 16 MiB are read.
+    /// Adds the favourites in a file to the catalogue's, including those that it does not currently
+    /// contain. On false, see error(); nothing is changed. Reads at most 16 MiB.
     bool read(const QString& path);
 
-    /// Returns how many favourites have been written or read.
+    /// Returns how many favourites were written or read.
     int count() const { return m_count; }
-    /// Returns how many of those read the catalogue does not hold.
+    /// Returns how many of the favourites read are not in the catalogue.
     int unknown() const { return m_unknown; }
 
     /// Returns why the last call failed, and the system's reason if there is one.
     Error error() const { return m_error; }
     QString reason() const { return m_reason; }
-    /// Returns the same as a sentence in English; empty after a call that succeeded.
+    /// Returns the same as an English sentence; empty after a successful call.
     QString errorText() const;
 
 private:

@@ -8,12 +8,12 @@
 
 #include <algorithm>
 
-/// Finds items of one vector by GUID, many at a time: the first in vector order, exactly compared,
-/// like MVThemeMgr::findItemByID.
+/// Finds many items of one vector by GUID: the first exact match in vector order, like
+/// MVThemeMgr::findItemByID.
 ///
-/// A few searches scan the vector; further ones use a hash, so that any number of them stays linear
-/// in the vector. The vector is not copied: it must outlive the index and not change while the
-/// index is in use. One thread at a time.
+/// The first few searches scan the vector; further ones use a hash, so that any number of searches
+/// takes linear time. The vector is not copied: it must outlive the index and must not change while
+/// the index is in use. One thread at a time.
 class GuidIndex
 {
 public:
@@ -22,7 +22,7 @@ public:
     {
     }
 
-    /// Index of the first item with that GUID, -1 if there is none.
+    /// Returns the index of the first item with that GUID, or -1.
     int find(const QString& guid)
     {
         constexpr int maxScans = 8;
@@ -35,7 +35,7 @@ public:
         return m_first.value(guid, -1);
     }
 
-    /// The first item with that GUID, null if there is none. Owned by the vector.
+    /// Returns the first item with that GUID, or null. Owned by the vector.
     const SCfg_Item* findItem(const QString& guid)
     {
         const int found = find(guid);
@@ -55,7 +55,7 @@ private:
     {
         m_first.reserve(m_items.size());
         for (int i = m_items.size() - 1; i >= 0; --i)
-            m_first.insert(m_items.at(i).m_qsGUID, i); // backwards: the first of equal GUIDs stays
+            m_first.insert(m_items.at(i).m_qsGUID, i); // backwards: the first of equal ones wins
     }
 
     const QVector<SCfg_Item>& m_items;

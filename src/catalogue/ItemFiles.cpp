@@ -12,8 +12,8 @@
 
 namespace {
 
-/// Returns whether the config must be fetched again: which other files are missing is unknown until
-/// then.
+/// Returns whether the config must be fetched again; until then the other missing files are
+/// unknown.
 bool isConfigDamaged(SCfg_Item& item)
 {
     return !MVThemeMgr::init()->ensureThemeParsed(item) && hostSettings().checkContent;

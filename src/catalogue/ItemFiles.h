@@ -10,11 +10,10 @@ struct SCfg_Item;
 struct SFileInfo;
 
 /// The files of one item and of everything that it uses, each file once, as they were on disk when
-/// the object was made.
+/// the object was created.
 ///
-/// Items that it names belong to the catalogue: the object must not be used after
-/// MVThemeMgr::load(true) or clear(). Call on any thread that may use the catalogue; making the
-/// object looks at the disk once per file.
+/// The items belong to the catalogue: do not use the object after MVThemeMgr::load(true) or
+/// clear(). Any thread that may use the catalogue; the constructor accesses the disk once per file.
 class MVRESOURCE_EXPORT ItemFiles
 {
 public:
@@ -35,8 +34,8 @@ public:
         qint64 sizeBytes; ///< on disk; 0 for a missing file
     };
 
-    /// Looks up the files of an item whose theme config, if any, has been parsed already, see
-    /// MVThemeMgr::ensureThemeParsed(). Sets the local paths of all records on the way.
+    /// Looks up the files of an item whose theme config, if any, has already been parsed, see
+    /// MVThemeMgr::ensureThemeParsed(). Also sets the local paths of all records.
     explicit ItemFiles(SCfg_Item& item);
 
     /// Returns the files of the item, then those of the items it uses, in the order of uses().
@@ -47,10 +46,10 @@ public:
     qint64 totalBytes() const;
 
     /// Returns how many different files must be fetched before the item can be used. Parses a
-    /// theme's config if that has not happened. Where the host checks content, a config that cannot
-    /// be parsed counts as missing.
+    /// theme's config if necessary. If the host checks content, a config that cannot be parsed
+    /// counts as missing.
     static int countNeeded(SCfg_Item& item);
-    /// Returns whether there are any.
+    /// Returns whether any file must be fetched.
     static bool needsAny(SCfg_Item& item);
 
 private:

@@ -58,8 +58,8 @@ MVThemeMgr::MVThemeMgr()
     , m_pFilterCollect(std::make_unique<CollectFile>())
     , m_pBgMaterialCollect(std::make_unique<CollectFile>())
 {
-    // Settings that live longer than this object are there from the start: the destructor, which
-    // runs after main, needs the data folder.
+    // The destructor runs after main() and needs the data folder, so the settings, which live
+    // longer, must exist from the start.
     hostSettings();
 }
 
@@ -97,14 +97,14 @@ bool MVThemeMgr::hasThemes()
 }
 
 /// Returns whether a file of an item is really below the download root or in the installed tree, by
-/// its name and by the links on the way. A file without a path is never read.
+/// its name and after resolving links. A file without a path is never read.
 bool MVThemeMgr::isReadable(const QString& file)
 {
     return file.isEmpty() || PathGuard::isReallyInside(m_qsSaveRoot, file)
         || PathGuard::isReallyInside(Path_resource_RootDir(eLoadDir_Local), file);
 }
 
-/// Returns, with a line in the log, whether the items have to stay where they are.
+/// Returns whether the items must stay in place; if so, logs a warning.
 bool MVThemeMgr::isInUse(const char* operation)
 {
     const int uses = CatalogueUse::count();
@@ -142,7 +142,7 @@ SCfg_Item* MVThemeMgr::findItemByID(const QVector<SCfg_Item>& vec, QString id)
 {
     const auto found = std::find_if(vec.cbegin(), vec.cend(),
                                     [&id](const SCfg_Item& item) { return item.m_qsGUID == id; });
-    // The vectors are const here only so that looking does not move their items.
+    // The vectors are const here only so that the search does not detach them.
     return found == vec.cend() ? nullptr : const_cast<SCfg_Item*>(&*found);
 }
 
@@ -174,7 +174,7 @@ void MVThemeMgr::getNeedDownLoadFiles(SCfg_Item* item, QVector<SFileInfo*>& out)
     listNeededFiles(item, out);
 }
 
-/// The records of the files that the item itself lacks.
+/// Returns the records of the item's own missing files.
 QVector<SFileInfo*> MVThemeMgr::ownNeededFiles(SCfg_Item& item)
 {
     QVector<SFileInfo*> missing;
@@ -190,7 +190,7 @@ QVector<SFileInfo*> MVThemeMgr::ownNeededFiles(SCfg_Item& item)
 
 bool MVThemeMgr::listNeededFiles(SCfg_Item* item, QVector<SFileInfo*>& out)
 {
-    // An item that is used again is not looked for on disk again.
+    // An item that is used repeatedly is looked up on disk once.
     QHash<SCfg_Item*, QVector<SFileInfo*>> known;
     const std::function<bool(SCfg_Item*)> add = [&](SCfg_Item* needed) {
         if (isNoneEntry(*needed)) {

@@ -23,22 +23,22 @@ class QDomDocument;
 class QDomElement;
 class CatalogueIndex;
 
-/// The catalogue of resources: what exists, what the user is shown, where every file lies on disk
-/// and on the server, which items are favourites.
+/// The catalogue of resources: existing and shown items, the place of every file on disk and on the
+/// server, and favourites.
 ///
-/// The host creates it with init(), calls setResourceSaveRootPath() and load(false), and from then
-/// on reads its lists. It is one object per process and lives until the process ends; its
-/// destructor saves the favourites of themes and filters.
+/// The host creates it with init(), calls setResourceSaveRootPath() and load(false), and then reads
+/// its lists. It is one object per process and exists until the process ends; its destructor saves
+/// the favourites of themes and filters.
 ///
 /// Threads. The GUI thread creates it, loads it and changes favourites. Other threads may call the
 /// lookups, paths and addresses, isLocal_Theme(), ensureThemeParsed(), getNeedDownLoadFiles(), the
-/// doItem_Info_* operations and checkXml(), also on the same item at the same time, as long as the
-/// GUI thread neither loads nor clears; and the read_resource_*_a readers on vectors of their own.
+/// doItem_Info_* operations and checkXml(), even concurrently on one item, as long as the GUI
+/// thread neither loads nor clears; and the read_resource_*_a readers on their own vectors.
 ///
 /// Ownership. The manager owns all items and parsed themes. Pointers to items, to their file
 /// records and to parsed themes are valid until the next load(true) or clear(), which are refused
-/// while a download runs. Do not keep a copy of one of the item vectors: changing a shared
-/// vector moves its items.
+/// while a download runs. Do not keep a copy of one of the item vectors: changing a shared vector
+/// moves its items.
 ///
 /// Failures are log lines (category "MVThemeMgr") and empty results; nothing is thrown.
 class MVRESOURCE_EXPORT MVThemeMgr : public QObject
@@ -46,7 +46,7 @@ class MVRESOURCE_EXPORT MVThemeMgr : public QObject
     Q_OBJECT
 
 public:
-    /// The two trees in which a file of an item can lie.
+    /// The two trees that can contain a file of an item.
     enum ELoadDir : int {
         eLoadDir_Local = 0,    ///< the application's installed resources
         eLoadDir_Download = 1, ///< the download root
@@ -61,7 +61,7 @@ public:
     /// The items of one catalogue file; the order is that of ECfgItemType.
     struct MVRESOURCE_EXPORT SResourceXML
     {
-        /// Returns the items of a kind; null for eCfgItem_Resource and other values that name none.
+        /// Returns the items of a kind; null for eCfgItem_Resource and other invalid values.
         QVector<SCfg_Item>* ofKind(ECfgItemType k);
         const QVector<SCfg_Item>* ofKind(ECfgItemType k) const;
         bool isEmpty() const;
@@ -73,8 +73,8 @@ public:
         QVector<SCfg_Item> vecBgMaterial;
     };
 
-    /// The catalogue of this process. The first call creates it and must come from the GUI thread
-    /// before any other thread can call; hostSettings() must be complete by then.
+    /// Returns the catalogue of this process. The first call creates it and must be made on the GUI
+    /// thread before any other thread can call; hostSettings() must be complete by then.
     static MVThemeMgr* init();
 
     ~MVThemeMgr() override;
@@ -82,40 +82,42 @@ public:
     /// @name Loading
     /// @{
 
-    /// Reads favourites and both catalogue files; with the product parameter "hasMV" (a non-zero
-    /// integer) every theme's own config too. Does nothing if it has been read and `bReload` is
-    /// false. Invalidates every pointer into the catalogue, except the theme applied last, which
-    /// the host sets again. While downloads work on items, it does nothing but log a warning.
+    /// Reads favourites and both catalogue files and, with the product parameter "hasMV" (a
+    /// non-zero integer), every theme's own config. Does nothing if the catalogue has already been
+    /// read and `bReload` is false. Invalidates every pointer into the catalogue, except the theme
+    /// applied last, which the host sets again. While downloads work on items, it only logs a
+    /// warning.
     void load(bool bReload);
 
-    /// The same as load(true) and clear() for hosts that want to know: false, and nothing has
-    /// changed, while downloads work on items, see CatalogueUse. Cancel these or wait for their
-    /// end, and call again.
+    /// Do the same as load(true) and clear(), but return false without changing anything while
+    /// downloads work on items, see CatalogueUse. Cancel these or wait for their end, and call
+    /// again.
     bool tryReload();
     bool tryClear();
 
     /// Parses the config of every displayed theme that has its config file on disk.
     void parseThemes();
 
-    /// Parses the config of a theme whose config file is on disk, wherever it came from, unless it
-    /// is parsed already. Call it before asking what a theme needs: a second program or a copy may
-    /// have brought the file after load(). As in load(), only with the product parameter "hasMV";
-    /// items of other kinds are left alone. False if the config file is there but cannot be read or
-    /// parsed.
+    /// Parses the config of a theme whose config file is on disk, whatever its origin, unless
+    /// already parsed. Call it before asking what a theme needs: a second program or a copy may
+    /// have added the file after load(). As in load(), only with the product parameter "hasMV";
+    /// items of other kinds are ignored. Returns false if the config file exists but cannot be read
+    /// or parsed.
     bool ensureThemeParsed(SCfg_Item& item);
 
-    /// Forgets all items and the theme applied last; favourites and the root stay. Refused like
+    /// Removes all items and the theme applied last; favourites and the root stay. Refused like
     /// load().
     void clear();
 
     /// @}
     /// @name Lookup
-    /// The first item in vector order whose GUID equals `id` exactly, or null. Owned by the vector.
+    /// Return the first item in vector order whose GUID equals `id` exactly, or null. Owned by the
+    /// vector.
     /// @{
     SCfg_Item* findItemByID(const QVector<SCfg_Item>& vec, QString id);
-    /// In the config catalogue; null for a kind outside 0 to 4.
+    /// Searches the config catalogue; null for a kind outside 0 to 4.
     SCfg_Item* findItemByIDFromConfig(ECfgItemType k, QString id);
-    /// In the display catalogue; null for a kind outside 0 to 4.
+    /// Searches the display catalogue; null for a kind outside 0 to 4.
     SCfg_Item* findItemByIDFromDisplay(ECfgItemType k, QString id);
     /// @}
 
@@ -125,28 +127,29 @@ public:
     QVector<SCfg_Item>& getThemes_Display() { return m_sDisplayXML.vecTheme; }
     QVector<SCfg_Item>& getBgMaterial_Display() { return m_sDisplayXML.vecBgMaterial; }
 
-    /// The theme the user applied last, or null; not owned.
+    /// Returns the theme the user applied last, or null; not owned.
     SCfg_Item* getCurApplyTheme() { return m_pCurApplyTheme; }
     void setCurApplyTheme(SCfg_Item* item) { m_pCurApplyTheme = item; }
 
-    /// Server items have config names that begin with "/": eLoadDir_Download. Others are built in.
+    /// Returns eLoadDir_Download for server items, whose config names begin with "/"; others are
+    /// built in.
     ELoadDir isLocal_Theme(const SCfg_Item& item);
 
     /// Appends to `out` the records of all files that `item`, and every item it depends on, still
-    /// lacks on disk; a file that several elements use is in it several times. The "none" entry of
-    /// filters and background materials needs nothing and empties `out`. At most maxNeededFiles
-    /// records, see listNeededFiles().
+    /// lacks on disk; a file used by several elements occurs several times. The "none" entry of
+    /// filters and background materials needs nothing and empties `out`. Appends at most
+    /// maxNeededFiles records, see listNeededFiles().
     void getNeedDownLoadFiles(SCfg_Item* item, QVector<SFileInfo*>& out);
-    /// The same with at most maxNeededFiles records. False, with a warning in the log, if there are
-    /// more: the item cannot be used.
+    /// Does the same, but returns false, with a warning in the log, if there are more than
+    /// maxNeededFiles records: the item cannot be used.
     bool listNeededFiles(SCfg_Item* item, QVector<SFileInfo*>& out);
     static constexpr int maxNeededFiles = 10000;
 
     /// @name Paths and addresses
-    /// Plain concatenations with forward slashes; empty where there is no such place.
+    /// Plain concatenations with forward slashes; empty if there is no such place.
     /// @{
 
-    /// Sets the download root as it stands and creates the folders below it.
+    /// Sets the download root, without normalising it, and creates the folders below it.
     void setResourceSaveRootPath(const QString& path);
     QString Path_resource_RootDir(ELoadDir d);
     QString Path_resource_Dir(ELoadDir d, EDirTag t);
@@ -158,46 +161,50 @@ public:
     /// Returns whether a download may create, write and delete `path`: it is below the download
     /// root, by its name and by what is on disk (no "..", no link on the way).
     bool isDownloadPath(const QString& path) const;
-    /// Address of a config-half file, or of any file named relative to the server root. Blanks are
-    /// encoded only in names that contain "ThemesBgm"; the name brings its own leading "/".
+    /// Returns the address of a config-half file, or of any file named relative to the server root.
+    /// Blanks are encoded only in names that contain "ThemesBgm"; the name includes its leading
+    /// "/".
     QString downLoadUrl(EDirTag t, QString name);
-    /// Returns whether an address made by the two operations around leads to the server that
-    /// "url_themeRootDir" names. A root without a slash at its end, or a name such as
-    /// "@elsewhere/x", makes one that leads to another.
+    /// Returns whether an address made by downLoadUrl() or downLoadUrl_Thumb() points to the server
+    /// of "url_themeRootDir". A root without a trailing slash, or a name such as "@elsewhere/x",
+    /// can make one that points to another server.
     bool isServerAddress(const QString& url) const;
-    /// Address of a thumbnail or GIF: `name` is one file name, percent-encoded whole.
+    /// Returns the address of a thumbnail or GIF: `name` is one file name, fully percent-encoded.
     QString downLoadUrl_Thumb(EDirTag t, ECfgItemType k, QString name);
-    /// Address of a file on the server, by its record.
+    /// Returns the address of a file on the server, by its record.
     QString addressOf(const SFileInfo& info);
-    /// The kind's name in the catalogue files; "error" for a kind outside 0 to 4.
+    /// Returns the kind's name in the catalogue files; "error" for a kind outside 0 to 4.
     QString getCfgItemTypeStr(ECfgItemType k);
 
     /// @}
     /// @name Catalogue files
     /// @{
 
-    /// Reads and parses one XML file (UTF-8). False for a file that is missing, malformed, larger
-    /// than 64 MiB, nested deeper than 64 elements, or that declares entities.
+    /// Reads and parses one XML file (UTF-8). Returns false for a file that is missing, malformed,
+    /// larger than 64 MiB, nested deeper than 64 elements, or that declares entities.
     bool checkXml(const QString& path, QDomDocument& doc);
-    /// Appends the config catalogue to its vectors: the downloaded file, else the installed one.
+    /// Appends the config catalogue to its vectors, from the downloaded file or else the installed
+    /// one.
     void read_resource_config_xml();
     /// Appends the items of one group element of a config catalogue to `out`.
     void read_resource_config_xml_a(const QDomElement& root, ECfgItemType k, QString groupName,
                                     QVector<SCfg_Item>& out);
-    /// Parses a theme's own config file and stores the finished result in `out`, which the
-    /// manager owns; on failure `out` is left as it was.
+    /// Parses a theme's own config file and stores the finished result, owned by the manager, in
+    /// `out`; on failure `out` is unchanged.
     void read_resource_config_Themes_a(QString path, SThemes_a*& out);
-    /// Reads the dependency slot `slotName` below `parent`; an absent slot leaves `out` as it is.
+    /// Reads the dependency slot `slotName` below `parent`; an absent slot leaves `out` unchanged.
     void read_resource_config_Themes_a_Sub(const QDomElement& parent, QString slotName,
                                            EDependType t, SThemes_a::SDependInfo& out);
-    /// Appends the display catalogue to its vectors: the downloaded file, else the installed one.
+    /// Appends the display catalogue to its vectors, from the downloaded file or else the installed
+    /// one.
     void read_resource_display_xml();
-    /// Appends the shown items of a flat category to `displayItems`: copies of those in `cfgItems`,
-    /// which learn whether they are texts. Items without previews on disk only with `keepAll`.
+    /// Appends the shown items of a flat category to `displayItems`, as copies of those in
+    /// `cfgItems`, whose text flag it sets. Items without previews on disk are included only with
+    /// `keepAll`.
     void read_resource_display_xml_a(const QDomElement& root, ECfgItemType type, QString tagName,
                                      QVector<SCfg_Item>& cfgItems, QVector<SCfg_Item>& displayItems,
                                      bool keepAll);
-    /// The same for the grouped category of the themes.
+    /// Does the same for the grouped category of the themes.
     void read_resource_display_xml_a_theme(const QDomElement& root, ECfgItemType type,
                                            QString tagName, QVector<SCfg_Item>& cfgItems,
                                            QVector<SCfg_Item>& displayItems, bool keepAll);
@@ -205,9 +212,9 @@ public:
     /// @}
     /// @name Files of an item
     /// Each sets the local path of the item's files (the downloaded one if it exists, else the
-    /// installed one, else where a download will put it) and returns whether they are on disk, or
-    /// there is nothing to fetch. A file that links lead out of these two trees is missing. All but
-    /// the first create the folder of a missing file.
+    /// installed one, else the download target) and returns whether they are on disk or nothing is
+    /// to be fetched. A file that is outside these two trees once links are resolved counts as
+    /// missing. All but the first create the folder of a missing file.
     /// @{
     bool doItem_Info_CfgXML(SCfg_Item& item);
     bool doItem_Info_Thumb(SCfg_Item& item);
@@ -219,57 +226,57 @@ public:
 
     /// @name Favourites and theme types
     /// GUI thread only. Favourites are kept per GUID in JSON files below Utils::strDataLocation();
-    /// those of background materials share the filters' file, except through the operations that
-    /// name them.
+    /// background materials share the filters' file, except in the operations that name them.
     /// @{
     QString Path_ThemeCollect();
     QString Path_FilterCollect();
     QString Path_BgMaterialCollect();
-    /// Always empty: the theme-type file is looked for in both resource trees.
+    /// Always returns an empty path: the theme-type file is searched for in both resource trees.
     QString Path_ThemeType();
-    /// Replace the marks by the file's; a file that is missing is created, one that is not JSON
-    /// changes nothing.
+    /// Replace the marks by the file's; a missing file is created, a file that is not JSON changes
+    /// nothing.
     void readThemeCollect();
     void readFilterCollect();
     void readBgMaterialCollect();
-    /// Write what this process has changed into the files, atomically and under a lock: marks of
-    /// other processes stay. A file that cannot be parsed is kept aside under "NAME.damaged-N".
-    /// A process that has neither read a file nor changed a mark leaves it alone. Failures are
+    /// Write this process's changes into the files, atomically and under a lock: marks of other
+    /// processes are kept. A file that cannot be parsed is kept aside under "NAME.damaged-N". A
+    /// process that has neither read a file nor changed a mark leaves it alone. Failures are
     /// silent.
     void saveThemeCollect();
     void saveFilterCollect();
     void saveBgMaterialCollect();
-    /// All three at once. False, with the reason in `error` (may be null), if one could not be
-    /// written; what was changed is written by the next call that can.
+    /// Saves all three. Returns false, with the reason in `error` (may be null), if one could not
+    /// be written; the next successful call writes the changes.
     bool saveFavourites(QString* error);
-    /// The GUIDs that are marked, also those that the catalogue does not hold at present, sorted.
-    /// Filters and background materials share theirs. Empty for kinds that have no favourites.
+    /// Returns the marked GUIDs, sorted, including those that the catalogue does not currently
+    /// contain. Filters and background materials share theirs. Empty for kinds without favourites.
     QStringList favourites(ECfgItemType k) const;
-    /// Returns whether the item is marked. Asking enters an unknown GUID with the value false.
+    /// Returns whether the item is marked. The query adds an unknown GUID with the value false.
     bool isThemeCollect(const SCfg_Item* item);
     bool isFilterCollect(const SCfg_Item* item);
     bool isBgMaterialCollect(const SCfg_Item* item);
-    /// By the item's kind; false for kinds that have no favourites.
+    /// Queries by the item's kind; false for kinds without favourites.
     bool isItemCollect(const SCfg_Item* item);
-    /// Take over the item's m_bCollected and emit the matching signal; saved at the process's end.
+    /// Adopt the item's m_bCollected and emit the matching signal; saved when the process ends.
     void setThemesCollected(const SCfg_Item* item);
     void setFilterCollected(const SCfg_Item* item);
     void setBgMaterialCollected(const SCfg_Item* item);
-    /// By the item's kind; nothing for kinds that have no favourites.
+    /// Sets by the item's kind; does nothing for kinds without favourites.
     void setItemCollected(const SCfg_Item* item);
-    /// "festivals" 2, "travel" 3, "banquets" 4, anything else 0.
+    /// Returns 2 for "festivals", 3 for "travel", 4 for "banquets", 0 for anything else.
     int Themetype(QString key);
-    /// Reads ThemeType.json into the three lists; the downloaded file, else the installed one.
+    /// Reads ThemeType.json into the three lists, from the downloaded file or else the installed
+    /// one.
     void readThemeType();
     bool readThemeType_a(QString path, QJsonObject& out);
-    /// Return what readThemeType() has read.
+    /// Return the lists read by readThemeType().
     const QVariantList& festivals() const { return m_lstFestivals; }
     const QVariantList& travel() const { return m_lstTravel; }
     const QVariantList& banquets() const { return m_lstBanquets; }
     /// @}
 
 signals:
-    /// The user has marked or unmarked an item; the argument is that item.
+    /// The user has marked or unmarked the item passed as the argument.
     void sigThemesCollected(const SCfg_Item* pSCfg_Item);
     void sigFilterCollected(const SCfg_Item* pSCfg_Item);
     void sigBgMaterialCollected(const SCfg_Item* pSCfg_Item);

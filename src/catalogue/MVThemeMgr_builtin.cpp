@@ -1,4 +1,4 @@
-// MVThemeMgr: extracting the built-in items out of a full resource tree.
+// MVThemeMgr: extracting the built-in items from a full resource tree.
 
 #include "catalogue/BuiltinThemes.h"
 #include "catalogue/MVThemeMgr.h"
@@ -20,15 +20,15 @@
 namespace {
 
 constexpr int slotCount = DependencySlots::count;
-constexpr int copiedSlots = slotCount - 1; // motions, the last slot, are copied as a whole
+constexpr int copiedSlots = slotCount - 1; // motions, the last slot, are copied wholesale
 
-/// Folder of a kind below the root.
+/// Returns the folder of a kind below the root.
 QString kindFolder(ECfgItemType kind)
 {
     return QStringLiteral("/config/") + KindTable::of(kind).folder;
 }
 
-/// Copies parts of a resource tree into its "config_local" twin, whatever fails.
+/// Copies parts of a resource tree into its "config_local" twin and continues after failures.
 class LocalTree
 {
 public:
@@ -44,7 +44,7 @@ public:
         m_guids.at(slot).insert(guid);
         const ECfgItemType kind = DependencySlots::all().at(slot).kind;
         const QString folder = m_root + kindFolder(kind) + QLatin1Char('/') + guid;
-        // A GUID may have a tail that leads elsewhere.
+        // A GUID may have a suffix that leads elsewhere.
         if (!PathGuard::isInside(m_root + QStringLiteral("/config"), folder))
             return;
         m_folders.at(slot).append(folder);
@@ -92,7 +92,7 @@ private:
     }
 
     QString m_root;
-    std::array<QSet<QString>, slotCount> m_guids; // that have been looked at
+    std::array<QSet<QString>, slotCount> m_guids; // those already visited
     std::array<QStringList, slotCount> m_folders; // in the order of the catalogue
     std::array<QStringList, slotCount> m_files;
 };
@@ -103,7 +103,7 @@ void MVThemeMgr::createLocalThemeRes()
 {
     const QString root = hostSettings().developerResourceRoot;
     if (root.isEmpty())
-        return; // else the tree would begin at the root of the disk
+        return; // otherwise the tree would start at the root of the disk
     LocalTree tree(root);
     for (const SCfg_Item& filter : std::as_const(m_sDisplayXML.vecFilter))
         tree.add(eDependType_Filter, filter.m_qsGUID);

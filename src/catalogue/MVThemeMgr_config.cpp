@@ -1,4 +1,4 @@
-// MVThemeMgr: reading the config catalogue, and the one way in which XML files are opened.
+// MVThemeMgr: reading the config catalogue, and the single function that opens XML files.
 
 #include "catalogue/MVThemeMgr.h"
 #include "catalogue/XmlFile.h"

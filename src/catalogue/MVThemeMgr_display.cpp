@@ -19,7 +19,7 @@ QString childText(const QDomElement& parent, const QString& tag)
     return parent.firstChildElement(tag).text();
 }
 
-/// Index of the config item of a shown one, -1 with a line in the log if there is none.
+/// Returns the index of a shown item's config item; logs and returns -1 if there is none.
 int findConfig(GuidIndex& index, const QString& guid)
 {
     const int found = index.find(guid);
@@ -28,7 +28,7 @@ int findConfig(GuidIndex& index, const QString& guid)
     return found;
 }
 
-/// Reads what both forms of the display catalogue say of an item.
+/// Reads the parts that both forms of the display catalogue have in common.
 void readPresentation(const QDomElement& element, ECfgItemType type, SCfg_Item& item)
 {
     item.m_eType = type;

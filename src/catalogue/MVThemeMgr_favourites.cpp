@@ -15,7 +15,7 @@
 
 namespace {
 
-/// Path of a favourites file below the user's data folder; its folder exists afterwards.
+/// Returns the path of a favourites file below the user's data folder, creating its folder.
 QString collectPath(const QString& folderName, const QString& fileName)
 {
     const QString folder = Utils::strDataLocation() + folderName;
@@ -24,7 +24,7 @@ QString collectPath(const QString& folderName, const QString& fileName)
     return folder + fileName;
 }
 
-/// Opening for reading and writing creates a file that is missing.
+/// Opening for reading and writing creates a missing file.
 bool openAndRead(const QString& path, QByteArray& bytes)
 {
     constexpr qint64 maxBytes = 64 * 1024 * 1024;
@@ -126,7 +126,7 @@ bool MVThemeMgr::saveFavourites(QString* error)
     STransferFailure first;
     const auto save = [&](CollectFile& file, QString (MVThemeMgr::*path)(), QJsonObject& marks) {
         if (!file.isInUse())
-            return; // asking for the path would create its folder
+            return; // the path query would create its folder
         const STransferFailure failure = file.save((this->*path)(), marks);
         if (!first.isFailure())
             first = failure;

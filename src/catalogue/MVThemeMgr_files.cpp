@@ -1,4 +1,4 @@
-// MVThemeMgr: where the files of an item lie on disk.
+// MVThemeMgr: locating the files of an item on disk.
 
 #include "catalogue/MVThemeMgr.h"
 #include "catalogue/NoneEntry.h"
@@ -23,7 +23,7 @@ bool nothingToFetch(SFileInfo& info)
 QString percentDecoded(const QString& url)
 {
     const QByteArray bytes = QByteArray::fromPercentEncoding(url.toUtf8());
-    // With the length: without it, decoding stops at a NUL and names another file.
+    // With an explicit length: otherwise decoding stops at a NUL and names another file.
     return QString::fromUtf8(bytes.constData(), bytes.size());
 }
 
@@ -32,7 +32,7 @@ bool hasGuid(const SCfg_Item& item)
     return !QUuid(item.m_qsGUID).isNull();
 }
 
-/// Image of the "none" entry in the active skin; empty for a skin that has none of its own.
+/// Returns the active skin's image of the "none" entry; empty for a skin without one.
 QString noneImage()
 {
     const QString active = TzResourceMgr::instance()->currentSkin();
@@ -59,7 +59,7 @@ bool MVThemeMgr::resolve(SFileInfo& info, ECfgItemType k, EDirTag t, const QStri
 
     const QString downloaded = candidate(eLoadDir_Download);
     if (!PathGuard::hasPlainName(absolute ? decoded : relative)) {
-        record.setFile(downloaded); // from where no download will fetch it
+        record.setFile(downloaded); // no download will fetch it to there
         return false;
     }
     if (PathGuard::isReallyInside(m_qsSaveRoot, downloaded)) {

@@ -26,7 +26,8 @@ QString tagWord(MVThemeMgr::EDirTag t)
     return QString();
 }
 
-/// Folder of a kind, to be filled with the half it lies in; empty for what is no kind.
+/// Returns the pattern of a kind's folder, with a placeholder for the half; empty for an invalid
+/// kind.
 QString kindPattern(ECfgItemType k)
 {
     const SKindInfo* const kind = KindTable::find(k);
@@ -44,7 +45,7 @@ void MVThemeMgr::setResourceSaveRootPath(const QString& path)
 {
     LogL("MVThemeMgr", 2, "Resource root path: %s", path.toUtf8().constData());
     m_qsSaveRoot = path;
-    // A link below the root would make folders somewhere else.
+    // A link below the root would create folders elsewhere.
     for (const SKindInfo& kind : KindTable::all()) {
         for (const EDirTag half : {eDirTag_Config, eDirTag_Display})
             PathGuard::ensureDir(path, Path_resource_Dir(eLoadDir_Download, half, kind.type));
@@ -137,7 +138,7 @@ bool MVThemeMgr::isServerAddress(const QString& url) const
 
 QString MVThemeMgr::downLoadUrl_Thumb(EDirTag t, ECfgItemType k, QString name)
 {
-    // The server root brings its own slash.
+    // The server root includes its slash.
     const QString pattern = kindPattern(k).mid(1);
     const QString folder = pattern.isEmpty() ? QString() : serverRoot() + pattern.arg(tagWord(t));
     return folder + QLatin1Char('/')

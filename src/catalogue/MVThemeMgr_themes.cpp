@@ -85,7 +85,7 @@ void MVThemeMgr::readTheme(const QString& path, CatalogueIndex& dependencies, ST
     readEdge(QStringLiteral("Item_end"), eDependType_Text, theme->m_aEnd);
     readEdge(QStringLiteral("Item_Mask"), eDependType_Filter, theme->m_aMask);
 
-    // Items point to the theme until the next load, so all that were ever read are kept till then.
+    // Items point to the theme until the next load, so every theme read is kept until then.
     {
         const QMutexLocker lock(&m_mutexParsed);
         m_vecParsed.push_back(std::move(theme));

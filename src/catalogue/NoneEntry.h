@@ -5,8 +5,8 @@
 
 #include <QLatin1String>
 
-/// GUID of the built-in entry that stands for "no filter" or "no background" at the head of the
-/// filter and background-material lists. It stands in no config catalogue and needs no files.
+/// GUID of the built-in "no filter" or "no background" entry at the head of the filter and
+/// background-material lists. It occurs in no config catalogue and needs no files.
 constexpr QLatin1String noneEntryGuid("{25DA2554-DB68-4026-ACE1-3EDDA71DA6D4}", 38);
 
 /// Returns whether the item is that entry. Only filters and background materials have one.

@@ -12,7 +12,7 @@ bool isSeparator(QChar c)
     return c == QLatin1Char('/') || c == QLatin1Char('\\');
 }
 
-/// True if a part between separators, of either kind, is "..".
+/// Returns whether a component, between separators of either kind, is "..".
 bool goesUp(const QString& path)
 {
     for (int at = path.indexOf(QLatin1String("..")); at >= 0;
@@ -35,12 +35,12 @@ bool PathGuard::hasPlainName(const QString& path)
 bool PathGuard::isReallyInside(const QString& root, const QString& path)
 {
     const QFileInfo file(path);
-    // For a missing file Qt may call the name itself canonical, as for one that is too long.
+    // For a missing file, or a name that is too long, Qt may return the name itself as canonical.
     if (root.isEmpty() || !file.exists())
         return false;
     const QString real = file.canonicalFilePath();
     const bool hasLinks = path != real && path != real + QLatin1Char('/');
-    // A path without links has a root without links, whose real path is costly to ask for.
+    // A path without links has a root without links, whose real path is costly to determine.
     if (!hasLinks && path.startsWith(root + QLatin1Char('/')))
         return true;
     const QString realRoot = QFileInfo(root).canonicalFilePath();

@@ -16,7 +16,7 @@ bool refuse(const QString& path, const QString& fault)
     return false;
 }
 
-/// The bytes are gone when the document is made, which takes many times as much.
+/// Reads the text and frees the bytes before the document, many times their size, is built.
 bool read(const QString& path, QString& text)
 {
     QFile file(path);
@@ -27,7 +27,7 @@ bool read(const QString& path, QString& text)
     QByteArray bytes;
     if (!RegularFile::readAll(file, XmlGuard::maxBytes, bytes))
         return false;
-    // With the length: without it, decoding stops at a NUL and hides what follows.
+    // With an explicit length: otherwise decoding stops at a NUL and hides the rest.
     text = QString::fromUtf8(bytes.constData(), bytes.size());
     return true;
 }

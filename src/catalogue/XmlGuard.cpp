@@ -4,7 +4,7 @@
 
 namespace {
 
-/// Walks over the markup of one document.
+/// Scans the markup of one document.
 class Walker
 {
 public:
@@ -13,13 +13,13 @@ public:
     {
     }
 
-    /// Walks the document and returns why it stopped before the end; empty if it did not.
+    /// Scans the document and returns why it stopped before the end; empty if it did not.
     QString walk()
     {
         for (;;) {
             m_at = m_text.indexOf(QLatin1Char('<'), m_at);
             if (m_at < 0)
-                return {}; // whether it is well-formed up to here is the parser's business
+                return {}; // the parser judges whether it is well-formed up to here
             step();
             if (++m_pieces > XmlGuard::maxPieces)
                 refuse(QStringLiteral("more than %1 pieces of markup").arg(XmlGuard::maxPieces));
@@ -64,7 +64,7 @@ private:
         return QStringView(m_text).mid(m_at).startsWith(QLatin1String(markup));
     }
 
-    /// An end that is missing ends the walk: the parser finds the document malformed there.
+    /// A missing end ends the scan: the parser reports the document as malformed there.
     void skipPast(const char* end, int opening)
     {
         const QLatin1String text(end);

@@ -11,7 +11,7 @@ namespace {
 
 using Coordinator = MVThemeDownLoader_CheckCfg;
 
-// Together with what else a host does at its end, below the two seconds that people wait for.
+// With the host's other work at exit, this stays below the two seconds that people accept.
 constexpr std::chrono::milliseconds maxShutDown{1700};
 
 } // namespace
@@ -38,7 +38,7 @@ bool CatalogueUpdate::start()
 {
     if (isRunning() || m_isShutDown)
         return false;
-    // Set up before the coordinator's signals come.
+    // Set before the coordinator emits signals.
     m_isCancelled = false;
     m_hasResult = false;
     m_wantsPreviews = true;
@@ -104,7 +104,7 @@ void CatalogueUpdate::noteCheck(const SCatalogueCheckResult& check)
     m_result.m_check = check;
     m_result.m_bContentArrived |= check.m_eEnd == eCatalogueCheck_Changed;
     enter(Phase::Previews);
-    // The coordinator leaves them out where a check sends no end signal.
+    // The coordinator skips the previews after a check without an end signal.
     if (!check.m_bPreviewsFollow) {
         if (m_isCancelled)
             m_wantsPreviews = false;
@@ -114,8 +114,8 @@ void CatalogueUpdate::noteCheck(const SCatalogueCheckResult& check)
     finishIfOver();
 }
 
-/// Previews can begin before the check has ended: where one catalogue file fails, the check tries
-/// the other one meanwhile.
+/// Previews can begin before the check has ended: after one catalogue file fails, the check still
+/// tries the other one.
 void CatalogueUpdate::notePreviewsStarted()
 {
     if (isRunning() && m_isCancelled)
@@ -126,7 +126,7 @@ void CatalogueUpdate::notePreviews(const SPreviewRunResult& previews)
 {
     if (!isRunning())
         return;
-    const int fetchedBefore = m_result.m_previews.m_nFetched; // by a run beside the check
+    const int fetchedBefore = m_result.m_previews.m_nFetched; // by a run during the check
     m_result.m_previews = previews;
     m_result.m_previews.m_nFetched += fetchedBefore;
     m_result.m_bContentArrived |= previews.m_nFetched > 0;

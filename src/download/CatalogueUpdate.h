@@ -7,7 +7,7 @@
 #include <QObject>
 
 /// Brings the catalogue and its previews up to date, as one operation with a phase, numbers and one
-/// outcome. It drives MVThemeDownLoader_CheckCfg, which a host then need not know.
+/// outcome. It drives MVThemeDownLoader_CheckCfg, so a host need not know that class.
 ///
 ///     connect(&update, &CatalogueUpdate::finished, this, [this](const auto& result) {
 ///         if (result.m_bContentArrived)
@@ -15,9 +15,10 @@
 ///     });
 ///     update.start();
 ///
-/// The thread of MVThemeDownLoader_CheckCfg, usually the GUI's, owns the object, makes all calls
-/// and receives all signals; it needs an event loop. Nothing works on the catalogue files when
-/// finished() comes. Destroying the object lets what runs go on, untold; shutDown() ends it.
+/// The object belongs to the thread of MVThemeDownLoader_CheckCfg, usually the GUI's, which makes
+/// all calls and receives all signals; it needs an event loop. When finished() is emitted, nothing
+/// uses the catalogue files any more. Destroying the object lets a running update continue without
+/// reports; shutDown() ends it.
 class MVRESOURCE_EXPORT CatalogueUpdate : public QObject
 {
     Q_OBJECT
@@ -29,34 +30,35 @@ public:
 
     explicit CatalogueUpdate(QObject* parent = nullptr);
 
-    /// Starts an update. False, and nothing happens, while one runs, after shutDown(), and where
-    /// the coordinator refuses another check: then isRefused() is true until the process ends.
+    /// Starts an update. Returns false and does nothing while one is running, after shutDown(), and
+    /// if the coordinator refuses another check: then isRefused() is true until the process ends.
     bool start();
-    /// Cancels the update that runs, the phase that has not begun included. finished() comes within
-    /// 200 ms, unless files are just being read or copied.
+    /// Cancels the running update, including a phase that has not begun. finished() follows within
+    /// 200 ms, unless files are being read or copied.
     void cancel();
     /// Cancels and waits for the end, for at most 1.7 s, in an event loop without user input. No
-    /// signal comes any more and no update can be started. Returns whether nothing runs.
+    /// signals are emitted afterwards and no update can be started. Returns whether nothing is
+    /// running.
     bool shutDown();
 
     Phase phase() const { return m_phase; }
     bool isRunning() const { return m_phase != Phase::Idle; }
     bool isRefused() const { return m_isRefused; }
-    /// Returns how far the phase has come; zeros while nothing runs.
+    /// Returns the progress of the phase; zeros while no update is running.
     const SUpdateProgress& progress() const { return m_progress; }
-    /// Returns whether an update has finished; false again while the next one runs.
+    /// Returns whether an update has finished; false again while the next one is running.
     bool hasResult() const { return m_hasResult; }
-    /// Returns the outcome of the update that finished last. Its check is known from the phase
+    /// Returns the outcome of the last finished update. The check's result is valid from the phase
     /// Previews on.
     const SCatalogueUpdateResult& result() const { return m_result; }
 
 signals:
     void phaseChanged(CatalogueUpdate::Phase phase);
-    /// The numbers of the phase have changed; at most every 50 ms.
+    /// The numbers of the phase have changed; emitted at most every 50 ms.
     void progressed(const SUpdateProgress& progress);
-    /// The server's catalogue needs a newer application; nothing of it was fetched.
+    /// The server's catalogue needs a newer application; none of it was fetched.
     void appUpdateNeeded();
-    /// The update has come to its end. Last signal of an update, once per start() that was true.
+    /// The update has ended. The last signal of an update, emitted once per successful start().
     void finished(const SCatalogueUpdateResult& result);
 
 private:
@@ -73,7 +75,7 @@ private:
     bool m_hasResult = false;
     bool m_isCancelled = false; // since start(): previews that begin later are cancelled, too
     bool m_isShutDown = false;
-    bool m_wantsPreviews = true; // a run has still to come
+    bool m_wantsPreviews = true; // a preview run is still due
     SUpdateProgress m_progress;
     SCatalogueUpdateResult m_result;
 };

@@ -37,8 +37,8 @@ ETransferResult CheckTransfer::fetch(const QString& url, const QString& file, qi
     return static_cast<ETransferResult>(m_wrapper.result());
 }
 
-/// Also asked once when all bytes are there and the file has not got its name yet, so no file that
-/// is too large ever gets it.
+/// Also called when all bytes have arrived but the file is not yet renamed, so a file that is too
+/// large is never stored.
 bool CheckTransfer::goOn(qint64 received, qint64 total, void* user)
 {
     Q_UNUSED(total)

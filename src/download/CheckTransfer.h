@@ -12,20 +12,20 @@
 class CurWrapper;
 class ProgressReport;
 
-/// The transfers of a check's worker, bounded in size, which end as soon as the token is cancelled.
+/// The transfers of a check's worker, limited in size, which end as soon as the token is cancelled.
 /// Internal to the library; the worker's thread only.
 class CheckTransfer
 {
 public:
-    /// Wrapper and report belong to the worker and outlive this object.
+    /// Wrapper and report belong to the worker and must outlive this object.
     CheckTransfer(CurWrapper& wrapper, ProgressReport& progress, CancelToken cancel);
 
-    /// Gives the transfers that follow this long each, retries included; zero, as at first: no
-    /// limit.
+    /// Limits the total time of each following transfer, retries included; zero, the default, means
+    /// no limit.
     void setTimeLimit(std::chrono::milliseconds limit) { m_timeLimit = limit; }
 
-    /// Fetches `url` into `file`. A body larger than `maxBytes` is refused: nothing of it stays on
-    /// disk.
+    /// Fetches `url` into `file`. Refuses a body larger than `maxBytes`, of which nothing is kept
+    /// on disk.
     ETransferResult fetch(const QString& url, const QString& file, qint64 maxBytes);
     /// Returns why the last transfer failed; no failure after a success.
     const STransferFailure& failure() const { return m_failure; }

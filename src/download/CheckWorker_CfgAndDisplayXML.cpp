@@ -56,7 +56,7 @@ void CheckWorker_CfgAndDisplayXML::setProgressCallback(ProgressReport::Callback 
 
 void CheckWorker_CfgAndDisplayXML::cancel()
 {
-    m_bWillCancel.cancel(); // first, so that no transfer begins behind the one that ends
+    m_bWillCancel.cancel(); // first, so that no transfer begins after the one that ends
     m_CurWrapper.cancel();
 }
 
@@ -76,7 +76,7 @@ void CheckWorker_CfgAndDisplayXML::onStartDownloadXML(const QString&)
     m_progress.countFiles(1);
     if (!readVersions()) {
         m_result.m_bPreviewsFollow = false;
-        report(); // and no end signal, which is what hosts are used to
+        report(); // no end signal, as hosts expect
         return;
     }
     bool needConfig = false;
@@ -98,8 +98,9 @@ QString CheckWorker_CfgAndDisplayXML::lockPath()
     return folder + QStringLiteral(".lock");
 }
 
-/// Waits until no other check uses the temporary folder. False if this one was cancelled meanwhile.
-/// If no lock can be created, nothing can be stored in the folder either, and the transfer says so.
+/// Waits until no other check uses the temporary folder. Returns false if this one was cancelled
+/// meanwhile. If no lock can be created, the folder is not writable either, and the transfer
+/// reports that.
 bool CheckWorker_CfgAndDisplayXML::lockFolder(FileLock& lock)
 {
     AppOptions::instance()->ensureDirExists(QFileInfo(lockPath()).path());
@@ -162,7 +163,7 @@ bool CheckWorker_CfgAndDisplayXML::readVersions()
     return true;
 }
 
-/// Only catalogues of the installed format version are fetched.
+/// Returns whether the server has the installed format version: only such catalogues are fetched.
 bool CheckWorker_CfgAndDisplayXML::isSameFormat()
 {
     const int server = m_sVer_Ser.number();
@@ -190,8 +191,8 @@ void CheckWorker_CfgAndDisplayXML::checkNeedUpdate(bool& needConfig, bool& needD
     const bool downloaded = m_sVer_Download.isComplete();
     const bool known = downloaded || m_sVer_Local.isComplete();
     const SVersion& own = downloaded ? m_sVer_Download : m_sVer_Local;
-    // Whatever the version files say, the files that clients read count: they may be damaged or
-    // missing, or be what a check that was killed between two files has left.
+    // The files that clients read count, whatever the version files say: they may be damaged or
+    // missing, or left by a check that was killed between two files.
     const auto isOther = [downloaded](MVThemeMgr::EDirTag tag, const QString& sum) {
         MVThemeMgr* const manager = MVThemeMgr::init();
         const QString file = manager->Path_resource_xml(MVThemeMgr::eLoadDir_Download, tag);
@@ -226,7 +227,7 @@ void CheckWorker_CfgAndDisplayXML::fetchCatalogue(CheckTransfer& transfer, bool 
         copyToDownload(needConfig, needDisplay);
 }
 
-/// False if the check ends here.
+/// Returns false if the check ends here.
 bool CheckWorker_CfgAndDisplayXML::fetchFile(CheckTransfer& transfer, const CatalogueFile& file,
                                              bool& hasError)
 {
@@ -257,7 +258,7 @@ bool CheckWorker_CfgAndDisplayXML::fetchFile(CheckTransfer& transfer, const Cata
     return true;
 }
 
-/// True, with a line in the log, if the check was cancelled and therefore ends at this file.
+/// Returns true, and logs a line, if the check was cancelled and therefore ends at this file.
 bool CheckWorker_CfgAndDisplayXML::stopIfCancelled(int level, const QString& url,
                                                    const QString& file)
 {

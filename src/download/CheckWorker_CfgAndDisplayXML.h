@@ -18,15 +18,15 @@ class FileLock;
 
 /// Keeps the downloaded catalogue files current: one object does one check.
 ///
-/// It fetches the server's version file, compares it with those on disk, fetches what has changed
+/// It fetches the server's version file, compares it with those on disk, fetches the changed files
 /// into a temporary folder, verifies the announced checksums, and only then replaces the files of
 /// the download tree, each atomically and the version file last. A check that fails, is cancelled
 /// or killed leaves files that the next one compares and replaces; catalogue files of the download
-/// tree that are missing or not the server's are fetched again. Checks of several processes or
-/// roots that share the temporary folder wait for each other.
+/// tree that are missing or differ from the server's are fetched again. Checks of several processes
+/// or roots that share the temporary folder wait for each other.
 ///
 /// The object lives on a thread with an event loop; the slot runs there and blocks until the check
-/// is over. cancel() may come from any thread, as long as the object lives. Usually
+/// is over. cancel() may be called from any thread, as long as the object exists. Usually
 /// MVThemeDownLoader_CheckCfg does all this.
 class MVRESOURCE_EXPORT CheckWorker_CfgAndDisplayXML : public QObject
 {
@@ -36,7 +36,7 @@ public:
     using SVersion = SCatalogueVersion;
     using ResultCallback = std::function<void(const SCatalogueCheckResult&)>;
 
-    /// `cancel` belongs to whoever starts the operation, who may cancel it by the token, too.
+    /// `cancel` belongs to the initiator of the operation, who may also cancel it by the token.
     explicit CheckWorker_CfgAndDisplayXML(CancelToken cancel = CancelToken());
     ~CheckWorker_CfgAndDisplayXML() override;
 
@@ -47,20 +47,20 @@ public:
     /// before the run starts.
     void setProgressCallback(ProgressReport::Callback callback);
 
-    /// Cancels the check, also one that has not begun yet. The transfer in progress ends as a
-    /// failed one, no other begins: in its place the check ends. What has been fetched and verified
-    /// by then is still stored if nothing was left to fetch.
+    /// Cancels the check, even before it has begun. The transfer in progress ends as a failed one,
+    /// and no other begins: the check ends instead. Files fetched and verified by then are still
+    /// stored if nothing was left to fetch.
     void cancel();
 
     /// @name Steps of the check, on the worker's thread
     /// @{
 
-    /// Sets, never clears, what has to be fetched, by the version files read so far.
+    /// Sets, but never clears, the flags of files to fetch, by the version files read so far.
     void checkNeedUpdate(bool& needConfig, bool& needDisplay);
     /// Reads a version file, see VersionFile.
     void getVersionInfo(const QString& file, SVersion& out);
-    /// The "Version" of the first theme in a file, three parts a.b.c as a number of three digits;
-    /// 0 if there is none.
+    /// Returns the "Version" of the first theme in a file, with its three parts a.b.c as a number
+    /// of three digits; 0 if there is none.
     int readVersionFromXML(QString file);
 
     /// @}
@@ -68,32 +68,32 @@ public:
     /// Folders end in "/".
     /// @{
 
-    /// Temporary folder of the check; removed when the next one begins.
+    /// Returns the temporary folder of the check, which the next check removes when it begins.
     QString getDownLoadTemp();
-    /// A folder in it, which is created if it is missing.
+    /// Returns a folder in it, creating it if missing.
     QString getSerDownLoadTemp_ThemeImgGif();
     /// Returns the path of a catalogue file in the temporary folder or the download tree, and
-    /// creates its folder if it is missing; empty if that fails or it would be outside the download
-    /// root.
+    /// creates its folder if it is missing; empty if that fails or the path would be outside the
+    /// download root.
     QString getDownLoad_XML_Temp(EType_XML type, bool temp);
-    /// Root of the server: the product parameter "url_themeRootDir", once it is not empty the same
-    /// for the rest of the process. Any thread.
+    /// Returns the root of the server: the product parameter "url_themeRootDir", which is fixed for
+    /// the rest of the process once it is not empty. Any thread.
     static QString getSerThemeRootDir();
-    /// Address of a catalogue file for the edition of the product.
+    /// Returns the address of a catalogue file for the edition of the product.
     QString getSerThemeXMLPath(EType_XML type);
-    /// Name of a catalogue file; empty for an unknown type.
+    /// Returns the name of a catalogue file; empty for an unknown type.
     static QString EType_XML2Str(EType_XML type);
 
     /// @}
 
 public slots:
-    /// The whole check; the text is ignored. Ends with sig_endDownloadXML, except when the server's
-    /// version file announces no checksums.
+    /// Runs the whole check; the text is ignored. Ends with sig_endDownloadXML, except if the
+    /// server's version file announces no checksums.
     void onStartDownloadXML(const QString&);
 
 signals:
-    /// Once at the end, and once more for each catalogue file that could not be fetched. Always
-    /// true.
+    /// Emitted once at the end, and once more for each catalogue file that could not be fetched.
+    /// Always true.
     void sig_endDownloadXML(bool);
     /// Declared for hosts; never emitted here.
     void sig_startDownloadThumbAndGif(QString);
@@ -130,11 +130,11 @@ private:
     SVersion m_sVer_Ser;
     SVersion m_sVer_Download;
     SVersion m_sVer_Local;
-    QString m_qsVersionSum; // of the server's version file as it came
+    QString m_qsVersionSum; // MD5 of the server's version file as received
     CancelToken m_bWillCancel;
     CurWrapper m_CurWrapper;
 
-    SCatalogueCheckResult m_result; // the first failure stays
+    SCatalogueCheckResult m_result; // keeps the first failure
     ResultCallback m_resultCallback;
     ProgressReport m_progress;
 };

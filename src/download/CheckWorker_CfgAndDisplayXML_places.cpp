@@ -1,4 +1,4 @@
-// CheckWorker_CfgAndDisplayXML: the places of the catalogue files.
+// CheckWorker_CfgAndDisplayXML: paths of the catalogue files.
 
 #include "catalogue/MVThemeMgr.h"
 #include "download/CheckWorker_CfgAndDisplayXML.h"
@@ -18,7 +18,7 @@ namespace {
 
 constexpr int versionParts = 3;
 
-// Objects of the library's, not of the function's: a check may outlive what main has created.
+// Static objects of the library, not of the function: a check may outlive what main() has created.
 std::mutex rootMutex; // guards rootInUse
 QString rootInUse;
 
@@ -28,7 +28,7 @@ struct ServerNames
     const char* display;
 };
 
-/// The catalogue files of a partner edition; null names in the standard edition.
+/// Returns the catalogue file names of a partner edition; null names for the standard edition.
 ServerNames namesOfEdition()
 {
     const AppOptions* const options = AppOptions::instance();

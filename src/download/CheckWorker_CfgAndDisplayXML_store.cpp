@@ -1,4 +1,4 @@
-// CheckWorker_CfgAndDisplayXML: verifying what came, and putting it into the download tree.
+// CheckWorker_CfgAndDisplayXML: verifying the fetched files and storing them in the download tree.
 
 #include "catalogue/MVThemeMgr.h"
 #include "catalogue/XmlFile.h"
@@ -14,7 +14,7 @@
 #include <QFile>
 #include <QFileInfo>
 
-/// Returns whether a fetched catalogue file has the announced sum and can be read by clients: an
+/// Returns whether a fetched catalogue file has the announced checksum and is readable: an
 /// unreadable one must not replace the present catalogue.
 bool CheckWorker_CfgAndDisplayXML::isPublished(const CatalogueFile& file, const QString& url,
                                                const QString& fetched)
@@ -59,8 +59,8 @@ void CheckWorker_CfgAndDisplayXML::copyToDownload(bool needConfig, bool needDisp
         note(eCatalogueCheck_Changed);
 }
 
-/// After a copy that failed nothing more is replaced, or tried: a version file must not speak for
-/// catalogue files that are not there, or no later check would fetch them.
+/// After a failed copy no further file is replaced or tried: a version file must not announce
+/// catalogue files that are missing, or no later check would fetch them.
 void CheckWorker_CfgAndDisplayXML::copyFile(const CatalogueFile& file, const QString& to,
                                             const char* format, bool& allCopied)
 {
@@ -71,8 +71,8 @@ void CheckWorker_CfgAndDisplayXML::copyFile(const CatalogueFile& file, const QSt
     LogL("profileDownLoader", 1, format, from.toUtf8().constData(), allCopied ? 1 : 0);
 }
 
-/// Replaces a file of the download tree by the content that was verified, whatever has become of
-/// the temporary file since.
+/// Replaces a file of the download tree by the verified content, even if the temporary file has
+/// changed since.
 bool CheckWorker_CfgAndDisplayXML::storeFile(const QString& from, const QString& checksum,
                                              const QString& to)
 {

@@ -17,12 +17,12 @@ namespace {
 constexpr char category[] = "CheckWorker_ThumbAndGif";
 constexpr char fileCategory[] = "MVThemeDownLoader";
 
-// Numbers of the cancellation points, as they stand in the log.
+// Numbers of the cancellation points, as they appear in the log.
 constexpr int pointAfterThumb = 1119;
 constexpr int pointAfterGif = 1151;
 
-/// Reads the downloaded catalogue file, or the installed one if that is unusable. False, with the
-/// paths of both in `reason`, if neither can be read.
+/// Reads the downloaded catalogue file, or the installed one if that is unusable. Returns false,
+/// with both paths in `reason`, if neither can be read.
 bool readCatalogue(MVThemeMgr::EDirTag tag, const char* downloadError, const char* localError,
                    QDomDocument& doc, QString& reason)
 {
@@ -77,7 +77,7 @@ void CheckWorker_ThumbAndGif::setProgressCallback(ProgressReport::Callback callb
 
 void CheckWorker_ThumbAndGif::cancel()
 {
-    m_bWillCancel.cancel(); // first, so that no transfer begins behind the one that ends
+    m_bWillCancel.cancel(); // first, so that no transfer begins after the one that ends
     m_CurWrapper.cancel();
 }
 
@@ -93,7 +93,7 @@ bool CheckWorker_ThumbAndGif::onStartDownload_ThumbAndGif()
     }
 
     CheckTransfer transfer(m_CurWrapper, m_progress, m_bWillCancel);
-    // A thumbnail and a preview each.
+    // One thumbnail and one preview each.
     m_progress.begin(2 * (m_vecDisplay_Themes.size() + m_vecDisplay_Filters.size()));
     int index = 0;
     for (QVector<SCfg_Item>* const items : {&m_vecDisplay_Themes, &m_vecDisplay_Filters}) {
@@ -106,7 +106,7 @@ bool CheckWorker_ThumbAndGif::onStartDownload_ThumbAndGif()
     return end(true);
 }
 
-/// False if the run ends here.
+/// Returns false if the run ends here.
 bool CheckWorker_ThumbAndGif::fetchPreviews(CheckTransfer& transfer, int index, SCfg_Item& item)
 {
     MVThemeMgr* const manager = MVThemeMgr::init();
@@ -174,7 +174,7 @@ bool CheckWorker_ThumbAndGif::readDisplay(bool hasMV, bool hasSplit)
     return true;
 }
 
-/// False if the run ends here.
+/// Returns false if the run ends here.
 bool CheckWorker_ThumbAndGif::fetchFile(CheckTransfer& transfer, const Kind& kind, int index,
                                         const SFileInfo& info, bool present)
 {
@@ -223,7 +223,7 @@ void CheckWorker_ThumbAndGif::noteFailure(const STransferFailure& failure)
         m_result.m_vecFailures.append(failure);
 }
 
-/// True, with a line in the log, if the run was cancelled and therefore ends at this file.
+/// Returns true, and logs a line, if the run was cancelled and therefore ends at this file.
 bool CheckWorker_ThumbAndGif::stopIfCancelled(const Kind& kind) const
 {
     if (!m_bWillCancel.isCancelled())

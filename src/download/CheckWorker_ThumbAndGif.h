@@ -14,15 +14,15 @@
 
 class CheckTransfer;
 
-/// Fetches the thumbnails and animated previews of themes and filters that are missing on disk: one
-/// object does one run.
+/// Fetches the missing thumbnails and animated previews of themes and filters: one object does one
+/// run.
 ///
-/// It reads the catalogue files by itself, the downloaded ones or else the installed ones, into
-/// lists of its own, so the catalogue of MVThemeMgr is neither needed nor touched. Nothing is
-/// written outside the download root.
+/// It reads the catalogue files itself, the downloaded ones or else the installed ones, into its
+/// own lists, so it neither needs nor touches the catalogue of MVThemeMgr. Nothing is written
+/// outside the download root.
 ///
 /// The object lives on a thread with an event loop; the slot runs there and blocks until the run is
-/// over. cancel() may come from any thread, as long as the object lives. Usually
+/// over. cancel() may be called from any thread, as long as the object exists. Usually
 /// MVThemeDownLoader_CheckCfg does all this.
 class MVRESOURCE_EXPORT CheckWorker_ThumbAndGif : public QObject
 {
@@ -31,7 +31,7 @@ class MVRESOURCE_EXPORT CheckWorker_ThumbAndGif : public QObject
 public:
     using ResultCallback = std::function<void(const SPreviewRunResult&)>;
 
-    /// `cancel` belongs to whoever starts the operation, who may cancel it by the token, too.
+    /// `cancel` belongs to the initiator of the operation, who may also cancel it by the token.
     explicit CheckWorker_ThumbAndGif(CancelToken cancel = CancelToken());
     ~CheckWorker_ThumbAndGif() override;
 
@@ -42,21 +42,21 @@ public:
     /// before the run starts.
     void setProgressCallback(ProgressReport::Callback callback);
 
-    /// Cancels the run, also one that has not begun yet. The transfer in progress ends as a failed
-    /// one, no other begins: in its place the run ends.
+    /// Cancels the run, even before it has begun. The transfer in progress ends as a failed one,
+    /// and no other begins: the run ends instead.
     void cancel();
 
 public slots:
-    /// The whole run; returns what the end signal says.
+    /// Runs the whole operation; returns the value of the end signal.
     bool onStartDownload_ThumbAndGif();
 
 signals:
-    /// True if the whole list was worked through, failures included; false if no catalogue could be
+    /// True if the whole list was processed, failures included; false if no catalogue could be
     /// read, or a cancellation kept a transfer from beginning.
     void sig_endDownload_ThumbAndGif(bool);
 
 private:
-    /// The two kinds of files and what the log says of them.
+    /// The two kinds of files, with their log lines.
     struct Kind
     {
         const char* present;

@@ -11,7 +11,7 @@
 
 namespace {
 
-// The numbers of the cancellation points, as they stand in the log.
+// The numbers of the cancellation points, as they appear in the log.
 constexpr int pointBeforeConfig = 179;
 constexpr int pointAfterConfig = 202;
 constexpr int pointSimulation = 208;
@@ -39,18 +39,18 @@ void MVThemeDownLoader::download(SCfg_Item* item)
     if (isRunning()) {
         if (!m_bEnded)
             return;
-        wait(); // the end signal is out, only the thread's last steps are left
+        wait(); // the end signal has been sent; only the thread's last steps are left
     }
     m_use.emplace();
     m_bEnded = false;
-    m_failure = STransferFailure(); // no thread is there yet
+    m_failure = STransferFailure(); // no thread is running yet
     m_pItem = item;
     start();
 }
 
 void MVThemeDownLoader::cancel()
 {
-    m_bWillCancel.cancel(); // first, so that no transfer begins behind the one that ends
+    m_bWillCancel.cancel(); // first, so that no transfer begins after the one that ends
     m_CurWrapper.cancel();
 }
 
@@ -80,7 +80,7 @@ SItemDownloadResult MVThemeDownLoader::outcome() const
     return {isCancelled() ? eItemDownload_Cancelled : eItemDownload_Failed, m_eEnd, m_failure};
 }
 
-/// The first failure tells most: what follows often fails for the same reason.
+/// Keeps the first failure: later ones often have the same cause.
 void MVThemeDownLoader::noteFailure(const STransferFailure& failure)
 {
     const QMutexLocker lock(&m_mutexCurrent);
@@ -111,8 +111,8 @@ void MVThemeDownLoader::run()
     LogL("MVThemeDownLoader", 1, "MVThemeDownLoader::run() end!");
 }
 
-/// Returns whether the theme's own config has to be fetched: it is missing or, where the host wants
-/// content checked, cannot be read or parsed.
+/// Returns whether the theme's own config must be fetched: it is missing or, if the host checks
+/// content, cannot be read or parsed.
 bool MVThemeDownLoader::needsConfig()
 {
     MVThemeMgr* const manager = MVThemeMgr::init();
@@ -131,9 +131,9 @@ MVThemeDownLoader::Step MVThemeDownLoader::end(EMVThemeDownLoadError result)
         const QMutexLocker lock(&m_mutexCurrent);
         m_eEnd = result;
         if (isCancelled())
-            m_failure = STransferFailure(); // whoever stopped it wants no reason
+            m_failure = STransferFailure(); // a cancelled download reports no cause
     }
-    m_use.reset(); // whoever receives the signal may load the catalogue
+    m_use.reset(); // a receiver of the signal may load the catalogue
     m_bEnded = true;
     emit sigDownloadFinish(result);
     return Step::Ended;
@@ -202,7 +202,7 @@ MVThemeDownLoader::Step MVThemeDownLoader::transferThemeConfig(const SFileInfo& 
         return Step::Ended;
 
     if (QFile::exists(file) && !m_bReplacesConfig) {
-        doProgress(firstPhase); // another download has brought it meanwhile
+        doProgress(firstPhase); // another download has fetched it meanwhile
     } else {
         m_CurWrapper.setDownloadProgressCallback(&downloadProgressCallback, this);
         m_CurWrapper.download(url, file, false);
@@ -222,7 +222,7 @@ MVThemeDownLoader::Step MVThemeDownLoader::configFailed(const QString& url, cons
          "download template is error!(theme cfg xml),m_strUrl = %s, m_strFile = %s, "
          "m_CurWrapper.result() = %d",
          url.toUtf8().constData(), file.toUtf8().constData(), result);
-    // The old file may be whole and have been unreadable for a moment only.
+    // The old file may be intact and was only temporarily unreadable.
     if (m_bReplacesConfig && MVThemeMgr::init()->ensureThemeParsed(*m_pItem))
         return Step::Continue;
     noteFailure(m_CurWrapper.failure());
@@ -231,7 +231,7 @@ MVThemeDownLoader::Step MVThemeDownLoader::configFailed(const QString& url, cons
     return end(result == eTransfer_Network ? eDownLoadError_Internet : eDownLoadError_Unknown);
 }
 
-/// Others may look at the item meanwhile: they see no config or the whole of it.
+/// Other threads may look at the item meanwhile: they see no config or a complete one.
 MVThemeDownLoader::Step MVThemeDownLoader::takeConfig(const QString& url, const QString& file)
 {
     SThemes_a* parsed = nullptr;
@@ -246,7 +246,7 @@ MVThemeDownLoader::Step MVThemeDownLoader::takeConfig(const QString& url, const 
     return end(eDownLoadError_Unknown);
 }
 
-/// False, with a line in the log, if no file can be fetched from there to here. A path outside the
+/// Returns false, and logs a line, if the address or the path is unusable. A path outside the
 /// download root counts as none.
 bool MVThemeDownLoader::checkPlaces(const QString& url, const QString& file)
 {

@@ -21,16 +21,16 @@ class CoreContext;
 struct SCfg_Item;
 struct SFileInfo;
 
-/// Fetches everything that one catalogue item needs before it can be used, on a thread of its own.
+/// Fetches everything that a catalogue item needs before it can be used, on a separate thread.
 ///
 /// Create it, connect progress() and sigDownloadFinish() (both are emitted on the download thread,
-/// so receivers elsewhere get them queued), call download(), and receive exactly one
-/// sigDownloadFinish(). Then destroy it or download the next item. A downloader that was cancelled
-/// stays cancelled: take a new one.
+/// so they are queued to receivers elsewhere), call download(), and receive exactly one
+/// sigDownloadFinish(). Then destroy it or download the next item. A cancelled downloader stays
+/// cancelled: create a new one.
 ///
 /// The item and its file records belong to the catalogue (MVThemeMgr), which refuses to be loaded
 /// or cleared before the end. Downloads that need the same file share the work: the record's mutex
-/// decides who fetches it, the others wait. Nothing is written outside the download root.
+/// decides which one fetches it, and the others wait. Nothing is written outside the download root.
 ///
 /// The constructor, download(), cancel(), the accessors and the destructor are called on one
 /// thread, usually the GUI's.
@@ -43,8 +43,8 @@ public:
     /// Cancels and waits until the thread has returned, which it does within 200 ms.
     ~MVThemeDownLoader() override;
 
-    /// Starts fetching what `item` (not owned) lacks, and returns at once. Does nothing while a
-    /// download runs.
+    /// Starts fetching the missing files of `item` (not owned), and returns at once. Does nothing
+    /// while a download is running.
     void download(SCfg_Item* item);
 
     /// Cancels this download and all later ones; the end signal follows within 200 ms. A transfer
@@ -52,36 +52,37 @@ public:
     void cancel();
     bool isCancelled() const { return m_bWillCancel.isCancelled(); }
 
-    /// Address and local path of the file being fetched now; empty before the first.
+    /// Return address and local path of the file being fetched; empty before the first.
     QString downloadedUrl() const;
     QString downloadedFile() const;
-    /// Returns why the first file that this download could not fetch failed; no failure while
-    /// nothing has failed, and after a cancellation.
+    /// Returns the failure of the first file that could not be fetched; no failure if there was
+    /// none, and after a cancellation.
     STransferFailure failure() const;
-    /// Returns how the last download ended; valid from its end signal until the next download().
+    /// Returns the outcome of the last download; valid from its end signal until the next
+    /// download().
     SItemDownloadResult outcome() const;
-    /// The failure's details: address, reason or status, bytes received and local path.
+    /// Returns the failure's details: address, reason or status, bytes received and local path.
     QString errorText() const { return failure().m_qsDetails; }
 
-    /// A value of the caller's, null at first; never looked at here.
+    /// Stores a value for the caller, which is not interpreted here; null by default.
     void setUserData(void* data) { m_pUserData = data; }
     void* userData() const { return m_pUserData; }
 
-    /// Sets what all downloaders tell of downloaded filter, transition and motion definitions; may
-    /// be null. Any thread.
+    /// Sets the object that all downloaders notify of downloaded filter, transition and motion
+    /// definitions; may be null. Any thread.
     static void setCoreContextPtr(CBasePtr<CoreContext> context);
 
 signals:
-    /// Per cent, 0 to 100: up to 10 while the first phase runs, then in equal shares per file.
+    /// Percentage, 0 to 100: up to 10 during the first phase, then in equal shares per file.
     void progress(double);
     /// Declared for hosts; never emitted here.
     void queryOperator();
-    /// The one end of a download, whatever its outcome.
+    /// The single end of a download, whatever its outcome.
     void sigDownloadFinish(EMVThemeDownLoadError);
 
 protected:
     void run() override;
-    /// Emits progress(); false if the download is to stop.
+    /// Emits progress(); returns false if the download is to stop.
     bool doProgress(double value);
 
 private:
@@ -124,6 +125,6 @@ private:
     EMVThemeDownLoadError m_eEnd = eDownLoadError_None;
     mutable QMutex m_mutexCurrent;     // guards m_strUrl, m_strFile, m_failure, m_eEnd
     std::optional<CatalogueUse> m_use; // from download() to the end signal
-    bool m_bReplacesConfig = false;    // the config file is there but cannot be used
+    bool m_bReplacesConfig = false;    // the config file exists but is unusable
     std::atomic<bool> m_bEnded{false}; // the end signal of this download has been sent
 };

@@ -29,8 +29,8 @@ MVThemeDownLoader_CheckCfg* MVThemeDownLoader_CheckCfg::instance()
 
 MVThemeDownLoader_CheckCfg::MVThemeDownLoader_CheckCfg()
 {
-    // Created first, so destroyed last: the threads use the catalogue until they are joined, and
-    // what the transfers initialise for the whole process.
+    // Created first, so destroyed last: until they are joined, the threads use the catalogue and
+    // the process-wide state of the transfers.
     MVThemeMgr::init();
     const CurWrapper firstTransfer;
     connect(&m_thread_CfgAndDisplayXML, &QThread::finished, this,
@@ -44,7 +44,7 @@ MVThemeDownLoader_CheckCfg::~MVThemeDownLoader_CheckCfg()
     delete m_pWorker;
     delete m_pWorker_ThumbAndGif;
     for (const Leaving& leaving : std::as_const(m_vecLeaving))
-        delete leaving.worker.data(); // one whose thread was not there any more to delete it
+        delete leaving.worker.data(); // whose thread could no longer delete it
 }
 
 void MVThemeDownLoader_CheckCfg::endThreads()
@@ -59,10 +59,10 @@ void MVThemeDownLoader_CheckCfg::endThreads()
     m_thread_ThumbAndGif.wait();
 }
 
-/// A thread of Qt's cannot come up once the application object has gone, so both are joined before.
+/// Qt cannot start a thread once the application object is destroyed, so both are joined before.
 void MVThemeDownLoader_CheckCfg::startThread(QThread& thread)
 {
-    qRemovePostRoutine(&MVThemeDownLoader_CheckCfg::beforeApplicationGoes); // called once only
+    qRemovePostRoutine(&MVThemeDownLoader_CheckCfg::beforeApplicationGoes); // registered only once
     qAddPostRoutine(&MVThemeDownLoader_CheckCfg::beforeApplicationGoes);
     thread.start();
 }
@@ -82,7 +82,7 @@ void MVThemeDownLoader_CheckCfg::setPreviewRunCallback(PreviewRunCallback callba
     m_funPreviewRunEnded = std::move(callback);
 }
 
-/// Makes the worker of a run and starts its thread; false, with a line in the log, while one runs.
+/// Creates the worker of a run and starts its thread; logs and returns false while one is running.
 template <class Worker>
 bool MVThemeDownLoader_CheckCfg::begin(Worker*& worker, QThread& thread, CancelToken& cancel,
                                        int level, const char* busy)
@@ -99,8 +99,7 @@ bool MVThemeDownLoader_CheckCfg::begin(Worker*& worker, QThread& thread, CancelT
     return true;
 }
 
-/// Parts with the worker of a run that has ended. Its thread deletes it, unless that has ended,
-/// too.
+/// Releases the worker of an ended run. Its thread deletes it, unless that has ended, too.
 template <class Worker>
 void MVThemeDownLoader_CheckCfg::leave(Worker*& worker, const CancelToken& cancel, const char* text)
 {
@@ -149,8 +148,7 @@ void MVThemeDownLoader_CheckCfg::connectWorker(CheckWorker_CfgAndDisplayXML* wor
 {
     connect(this, &MVThemeDownLoader_CheckCfg::sig_startDownloadXML, worker,
             &CheckWorker_CfgAndDisplayXML::onStartDownloadXML);
-    // A check can send several end signals. One that is still under way when the next check has
-    // started must not end that one.
+    // A check can send several end signals. A late one must not end the next check.
     connect(worker, &CheckWorker_CfgAndDisplayXML::sig_endDownloadXML, this,
             [this, check = ++m_nCheck](bool ok) {
                 if (check == m_nCheck)
@@ -188,7 +186,7 @@ void MVThemeDownLoader_CheckCfg::connectWorker(CheckWorker_ThumbAndGif* worker)
 {
     connect(this, &MVThemeDownLoader_CheckCfg::sig_startDownloadThumbAndGif, worker,
             &CheckWorker_ThumbAndGif::onStartDownload_ThumbAndGif);
-    // Written before the end signal is posted, read when it has come.
+    // Written before the end signal is posted, read when it arrives.
     const auto result = std::make_shared<SPreviewRunResult>();
     worker->setResultCallback([result](const SPreviewRunResult& ended) { *result = ended; });
     connect(worker, &CheckWorker_ThumbAndGif::sig_endDownload_ThumbAndGif, this,
@@ -213,8 +211,7 @@ void MVThemeDownLoader_CheckCfg::onEndDownloadXML(bool)
     startDownloadThumbAndGif();
 }
 
-/// A check that was started while the thread was on its way out found it running, so it could not
-/// start it.
+/// A check that started while the thread was finishing found it running, so it could not start it.
 void MVThemeDownLoader_CheckCfg::onCatalogueThreadFinished()
 {
     if (m_bQuitting && m_pWorker)
@@ -247,7 +244,7 @@ void MVThemeDownLoader_CheckCfg::waitThreadFinished()
 {
     LogL(category, 1,
          "MVThemeDownLoader_CheckCfg start call MVThemeDownLoader_CheckCfg::waitThreadFinished()");
-    m_bQuitting = false; // nor does a thread that was on its way out come back
+    m_bQuitting = false; // a thread that was finishing is not restarted either
     for (QThread* const thread : {&m_thread_CfgAndDisplayXML, &m_thread_ThumbAndGif}) {
         if (thread->isRunning()) {
             thread->quit();

@@ -17,18 +17,18 @@ class CheckWorker_CfgAndDisplayXML;
 class CheckWorker_ThumbAndGif;
 
 /// Runs the background work on the catalogue: the check that keeps the catalogue files current, and
-/// behind every check a run that fetches missing thumbnails and animated previews. CatalogueUpdate
-/// makes one operation with one outcome of both, which is what most hosts want.
+/// after every check a run that fetches missing thumbnails and animated previews. Most hosts use
+/// CatalogueUpdate, which combines both into one operation with one outcome.
 ///
-/// The host calls startDownloadXML() once its catalogue is loaded. Nothing here loads the catalogue
-/// again: when a check has brought new files, the host calls MVThemeMgr::load(true), once no
-/// download, check or preview run goes on.
+/// The host calls startDownloadXML() once its catalogue is loaded. This class never reloads the
+/// catalogue: when a check has brought new files, the host calls MVThemeMgr::load(true) once no
+/// download, check or preview run is in progress.
 ///
-/// One object per process. It belongs to the thread that calls instance() first, usually the GUI's:
-/// that thread needs an event loop, makes all calls and receives all signals and callbacks. Work is
-/// done on two threads of its own. When the QCoreApplication goes it cancels what runs and joins
-/// both, within a second; so it does at the process's end, where exit() leaves the application
-/// standing.
+/// One object per process. It belongs to the thread that first calls instance(), usually the GUI's:
+/// that thread needs an event loop, makes all calls and receives all signals and callbacks. The
+/// work is done on two separate threads. When the QCoreApplication is destroyed it cancels the work
+/// and joins both, within a second; it does so again at the end of the process, for exit() with a
+/// living application object.
 class MVRESOURCE_EXPORT MVThemeDownLoader_CheckCfg : public QObject
 {
     Q_OBJECT
@@ -41,33 +41,33 @@ public:
 
     ~MVThemeDownLoader_CheckCfg() override;
 
-    /// Sets the callback invoked once per check with its outcome: also by one that sends no end
-    /// signal, since the server's version file announces no checksums. An empty function removes
-    /// it.
+    /// Sets the callback invoked once per check with its outcome, including a check that sends no
+    /// end signal because the server's version file announces no checksums. An empty function
+    /// removes it.
     static void setCatalogueCheckCallback(CatalogueCheckCallback callback);
-    /// Sets the callback invoked once per preview run with its outcome. The run counts as ended by
-    /// then: the callback may start the next. An empty function removes it.
+    /// Sets the callback invoked once per preview run with its outcome. The run has ended by then:
+    /// the callback may start the next. An empty function removes it.
     static void setPreviewRunCallback(PreviewRunCallback callback);
 
-    /// Starts a catalogue check; false while one is in progress. A check that sends no end signal
-    /// counts as in progress for the rest of the process.
+    /// Starts a catalogue check; returns false while one is in progress. A check that sends no end
+    /// signal counts as in progress for the rest of the process.
     bool startDownloadXML();
-    /// Starts a preview run; false while one is in progress.
+    /// Starts a preview run; returns false while one is in progress.
     bool startDownloadThumbAndGif();
 
     /// Return whether a check, or a preview run, is in progress.
     bool isChecking() const { return m_pWorker; }
     bool isFetchingPreviews() const { return m_pWorker_ThumbAndGif; }
 
-    /// Ask the run in progress to stop; its end tells when it has, within 200 ms unless it is
-    /// reading or copying files. To end a check together with the previews behind it, also call
-    /// cancelThumbAndGif() when sig_startDownloadThumbAndGif() comes.
+    /// Ask the run in progress to stop; it reports its end within 200 ms, unless it is reading or
+    /// copying files. To end a check together with the previews that follow it, also call
+    /// cancelThumbAndGif() on sig_startDownloadThumbAndGif().
     void cancelCfgAndDisplayXML();
     void cancelThumbAndGif();
 
-    /// Ends both threads and waits, without a limit, until their runs have come to their end.
-    /// Cancel them first to shorten that. The ends are told afterwards, by the event loop; a run
-    /// that its thread has not begun yet stays in progress until its thread is started again.
+    /// Ends both threads and waits, without a limit, until their runs have ended. Cancel them first
+    /// to shorten the wait. The event loop delivers the ends afterwards; a run that its thread has
+    /// not begun stays in progress until its thread is started again.
     void waitThreadFinished();
 
     /// Act on the end of a check and of a run, whatever the value.
@@ -84,17 +84,17 @@ signals:
     /// Starts the worker of a preview run.
     void sig_startDownloadThumbAndGif(const QString&);
 
-    /// Tell the same as the callbacks, after them.
+    /// Report the same as the callbacks, after them.
     void sig_catalogueChecked(const SCatalogueCheckResult&);
     void sig_previewsFetched(const SPreviewRunResult&);
-    /// Tell how far the check, or the preview run, has come; at most every 50 ms. A check counts
-    /// the version file and the two catalogue files, a preview run the pictures of all items.
+    /// Report the progress of the check or the preview run, at most every 50 ms. A check counts the
+    /// version file and the two catalogue files, a preview run the pictures of all items.
     void sig_checkProgress(const SUpdateProgress&);
     void sig_previewsProgress(const SUpdateProgress&);
 
 private:
-    /// A worker that was told to go, and what cancels it: after an early end signal it may still be
-    /// at work.
+    /// A worker that was told to end, and its token: after an early end signal it may still be
+    /// working.
     struct Leaving
     {
         QPointer<QObject> worker;
@@ -105,7 +105,7 @@ private:
 
     using ProgressSignal = void (MVThemeDownLoader_CheckCfg::*)(const SUpdateProgress&);
 
-    // The life of a run is the same for both kinds.
+    // Both kinds of runs have the same life cycle.
     template <class Worker>
     bool begin(Worker*& worker, QThread& thread, CancelToken& cancel, int level, const char* busy);
     template <class Worker>
@@ -130,9 +130,9 @@ private:
     static CatalogueCheckCallback m_funCatalogueCheckEnded;
     static PreviewRunCallback m_funPreviewRunEnded;
 
-    CancelToken m_cancelCheck;    // of the check that was started last
-    CancelToken m_cancelPreviews; // of the preview run that was started last
+    CancelToken m_cancelCheck;    // of the last check started
+    CancelToken m_cancelPreviews; // of the last preview run started
     quint64 m_nCheck = 0;     // number of the current check: signals of earlier ones may be late
-    bool m_bQuitting = false; // the catalogue thread was told to end and has not reported it
+    bool m_bQuitting = false; // the catalogue thread was told to end but has not yet done so
     QVector<Leaving> m_vecLeaving;
 };

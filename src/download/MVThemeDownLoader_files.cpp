@@ -1,4 +1,4 @@
-// MVThemeDownLoader: the second phase, one file after another.
+// MVThemeDownLoader: the second phase, one file after the other.
 
 #include "download/MVThemeDownLoader.h"
 
@@ -26,20 +26,20 @@ constexpr double secondPhase = 90.0;
 
 std::mutex contextMutex; // guards MVThemeDownLoader::m_pqdCoreContext
 
-/// Lines about a file's turn share their form; the thread's number is always given as 0.
+/// Logs a line about a file's turn; the thread's number is always given as 0.
 void logTurn(const QString& form, int index, const QString& file)
 {
     const QString text = form.arg(QString::number(0), QString::number(index), file);
     LogL("MVThemeDownLoader", 1, "%s", text.toUtf8().constData());
 }
 
-/// A folder named after the definition or archive stands beside it: its content is unpacked there.
+/// Creates the folder named after the definition or archive beside it, for its unpacked content.
 void ensureFolderBeside(const QString& file)
 {
     const QFileInfo info(file);
     const QString baseName = info.completeBaseName();
     const QString folder = info.path() + QLatin1Char('/') + baseName;
-    // A file without a suffix would find its own name taken by the folder at the next attempt.
+    // For a file without a suffix, the folder would take the file's own name.
     if (baseName != info.fileName() && MVThemeMgr::init()->isDownloadPath(folder))
         AppOptions::instance()->ensureDirExists(folder);
 }
@@ -101,7 +101,7 @@ MVThemeDownLoader::Step MVThemeDownLoader::fetchFiles(bool& anyFailed)
     return step;
 }
 
-/// Fetches a file that this thread has taken, and gives it back before the log says so.
+/// Fetches a file that this thread has taken, and releases it before logging that.
 bool MVThemeDownLoader::fetchFile(const SFileInfo& info, FileRecord::Taken& taken)
 {
     const FileView record(info);
@@ -125,8 +125,7 @@ bool MVThemeDownLoader::fetchFile(const SFileInfo& info, FileRecord::Taken& take
 
 bool MVThemeDownLoader::transferFile(const QString& url, const QString& file)
 {
-    // Since the list was made, another download, or an earlier entry of the list, may have brought
-    // the file.
+    // Another download, or an earlier entry of the list, may have fetched the file meanwhile.
     const bool present = QFile::exists(file);
     int result = eTransfer_Success;
     if (present) {
@@ -153,7 +152,7 @@ bool MVThemeDownLoader::transferFile(const QString& url, const QString& file)
     return true;
 }
 
-/// Tells the host's editing core of a definition that has arrived.
+/// Notifies the host's editing core of a new definition.
 void MVThemeDownLoader::passOn(const QString& file) const
 {
     const QFileInfo info(file);
@@ -175,8 +174,8 @@ void MVThemeDownLoader::passOn(const QString& file) const
         context->addMotion(name);
 }
 
-/// The other thread's outcome is not examined: whoever lacks the file afterwards fetches it with
-/// the next download.
+/// The other thread's outcome is ignored: if the file is still missing, the next download fetches
+/// it.
 MVThemeDownLoader::Step MVThemeDownLoader::waitForOther(SFileInfo& info)
 {
     const FileView record(info);

@@ -6,21 +6,21 @@
 #include <chrono>
 #include <functional>
 
-/// Counts what a worker of the background check does, and tells it at most every 50 ms; the
-/// beginning and the last file are always told. The worker's thread only.
+/// Counts the work of the background check and reports it at most every 50 ms, but always at the
+/// beginning and after the last file. The worker's thread only.
 class MVRESOURCE_EXPORT ProgressReport
 {
 public:
     using Callback = std::function<void(const SUpdateProgress&)>;
 
-    /// Sets the callback invoked on the worker's thread; an empty function turns it off.
+    /// Sets the callback invoked on the worker's thread; an empty function removes it.
     void setCallback(Callback callback) { m_callback = std::move(callback); }
 
-    /// Starts to count from zero.
+    /// Starts counting from zero.
     void begin(int files);
-    /// Notes the bytes that the file on its way has brought so far.
+    /// Records the bytes received so far for the current file.
     void noteReceived(qint64 bytes);
-    /// Notes that nothing more comes of the file on its way.
+    /// Records that the current file's transfer has ended.
     void endTransfer();
     /// Counts files as done.
     void countFiles(int files);
@@ -30,6 +30,6 @@ private:
 
     Callback m_callback;
     SUpdateProgress m_progress;
-    qint64 m_bytesBefore = 0; // of the files that came before the one on its way
+    qint64 m_bytesBefore = 0; // of the files before the current one
     std::chrono::steady_clock::time_point m_toldLast;
 };

@@ -29,12 +29,12 @@ enum ECatalogueCheckEnd : int {
 struct SCatalogueCheckResult
 {
     ECatalogueCheckEnd m_eEnd = eCatalogueCheck_Current;
-    /// Details for people, in English, when the server was unreachable, or the catalogue rejected
-    /// or not stored; otherwise empty.
+    /// Readable details, in English, if the server was unreachable or the catalogue was rejected or
+    /// not stored; otherwise empty.
     QString m_qsReason;
-    /// True if the coordinator starts a preview run behind the check. It does, except when the
-    /// server's version file announces no checksums: such a check sends no end signal.
+    /// True if the coordinator starts a preview run after the check. It does, unless the server's
+    /// version file announces no checksums: such a check sends no end signal.
     bool m_bPreviewsFollow = true;
-    /// The reason as a cause that programs can tell apart; eFailure_None where there is none.
+    /// The reason as a cause for programs; eFailure_None if there is none.
     EFailureCause m_eCause = eFailure_None;
 };

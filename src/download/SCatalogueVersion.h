@@ -13,11 +13,11 @@ struct MVRESOURCE_EXPORT SCatalogueVersion
     bool bLoadXMLOK = false; ///< the file was read and well-formed
     bool m_hasVersion = true;
 
-    /// Returns the version without its dots, as a number; 0 for a text that is none. A number
-    /// beyond the range of int is the largest one, so that it counts as newer than any real one.
+    /// Returns the version without its dots, as a number; 0 for an invalid text. Out-of-range
+    /// versions yield the largest int, so that they count as newer than any real one.
     int number() const;
     /// Returns whether both checksums are known.
     bool isComplete() const { return !m_qsVer_config.isEmpty() && !m_qsVer_Display.isEmpty(); }
-    /// Returns what stands for a version file that is missing or cannot be read.
+    /// Returns the value for a version file that is missing or unreadable.
     static SCatalogueVersion none();
 };

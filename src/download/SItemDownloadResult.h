@@ -3,7 +3,7 @@
 #include "download/EMVThemeDownLoadError.h"
 #include "host/STransferFailure.h"
 
-/// Outcomes of an item download, for a host that acts on them.
+/// Outcomes of an item download, for hosts that act on them.
 enum EItemDownloadEnd : int {
     eItemDownload_Complete = 0,  ///< every file is in place
     eItemDownload_Failed = 1,    ///< at least one file could not be fetched
@@ -16,6 +16,6 @@ struct SItemDownloadResult
     EItemDownloadEnd m_eEnd = eItemDownload_Complete;
     /// The code of MVThemeDownLoader::sigDownloadFinish().
     EMVThemeDownLoadError m_eError = eDownLoadError_None;
-    /// The first failure; no failure unless m_eEnd says so.
+    /// The first failure; set only if m_eEnd is eItemDownload_Failed.
     STransferFailure m_failure;
 };

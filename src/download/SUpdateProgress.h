@@ -5,9 +5,9 @@
 /// Progress of a catalogue check or a preview run.
 struct SUpdateProgress
 {
-    /// Files that have been fetched, found present or failed; a file counts once per use.
+    /// Number of files fetched, found present or failed; a file counts once per use.
     int m_nFilesDone = 0;
-    int m_nFiles = 0; ///< in all; 0 while that is not known
-    /// Bytes that have come so far, those of the file on its way included. Never decreases.
+    int m_nFiles = 0; ///< in total; 0 while unknown
+    /// Bytes received so far, including the current file's. Never decreases.
     qint64 m_nBytes = 0;
 };

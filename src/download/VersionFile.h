@@ -5,8 +5,8 @@
 
 #include <QString>
 
-/// Reads the files in which a resource server and an installation announce their catalogue. Any
-/// thread.
+/// Reads the version files with which a resource server and an installation announce their
+/// catalogue. Any thread.
 class MVRESOURCE_EXPORT VersionFile
 {
 public:
@@ -14,7 +14,7 @@ public:
 
     static constexpr qint64 maxBytes = 64 * 1024;
 
-    /// Reads a version file of at most maxBytes. One that cannot be read makes `out`
-    /// SCatalogueVersion::none(); a checksum that is missing leaves that of `out` as it is.
+    /// Reads a version file of at most maxBytes. An unreadable one sets `out` to
+    /// SCatalogueVersion::none(); a missing checksum leaves that of `out` unchanged.
     static void read(const QString& file, SCatalogueVersion& out);
 };

@@ -4,23 +4,23 @@
 
 #include <QString>
 
-/// The application's options: its working folder and the edition it is.
+/// The application's options: its working folder and its edition.
 ///
-/// Reads hostSettings(); every operation may be called from every thread. The instance is alive
-/// until the process is gone.
+/// Reads hostSettings(); all functions may be called from any thread. The instance exists until the
+/// process ends.
 class MVHOST_EXPORT AppOptions
 {
 public:
     static AppOptions* instance();
 
-    /// Folder for the application's working data, without a trailing slash.
+    /// Returns the folder for the application's working data, without a trailing slash.
     QString appDataPath() const;
 
-    /// Creates the folder and its missing parents. True if it exists now; false for an empty path
-    /// and where a part of the path is a file or cannot be created.
+    /// Creates the folder and its missing parents. Returns whether it now exists; false for an
+    /// empty path and if a component of the path is a file or cannot be created.
     bool ensureDirExists(const QString& path) const;
 
-    /// Return whether the product is that partner edition; if it is none, it is the standard
+    /// Return whether the product is that partner edition; if it is neither, it is the standard
     /// edition.
     bool isPartnerEdition1() const;
     bool isPartnerEdition2() const;

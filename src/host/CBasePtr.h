@@ -2,6 +2,6 @@
 
 #include <memory>
 
-/// Shared ownership of an object of the host's: a copy retains it, the last one frees it.
+/// Shared ownership of one of the host's objects: a copy retains it, the last one releases it.
 template <class T>
 using CBasePtr = std::shared_ptr<T>;

@@ -7,7 +7,7 @@
 struct CancelToken::State
 {
     std::atomic<bool> cancelled{false};
-    std::mutex mutex; // orders a change of `cancelled` and the beginning of a wait for it
+    std::mutex mutex; // makes changing `cancelled` and starting to wait for it atomic
     std::condition_variable changed;
 };
 

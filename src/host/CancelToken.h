@@ -5,18 +5,17 @@
 #include <chrono>
 #include <memory>
 
-/// Tells everybody who works on one operation (a check, a preview run, an item download) that it
-/// is to stop.
+/// Tells all workers of one operation (a check, a preview run, an item download) to stop.
 ///
-/// A value with shared state: copies are the same token. Whoever starts the operation creates the
-/// token and hands copies to those who work on it; a token that is cancelled stays cancelled, so no
-/// cancel is lost, whenever it comes. Every operation may be called from every thread.
+/// A value with shared state: copies are the same token. The initiator of the operation creates the
+/// token and hands copies to the workers; a cancelled token stays cancelled, so no cancel is lost,
+/// however early or late. All functions may be called from any thread.
 class MVHOST_EXPORT CancelToken
 {
 public:
     CancelToken();
 
-    /// Cancels the operation and ends all waiting. Calling it again does nothing.
+    /// Cancels the operation and ends all waiting. Idempotent.
     void cancel();
     bool isCancelled() const;
 

@@ -4,26 +4,26 @@
 
 class QByteArray;
 
-/// Looks at fetched content before it gets its name. Internal to the library; stateless, any
-/// thread.
+/// Inspects fetched content before the file is renamed into place. Internal to the library;
+/// stateless, any thread.
 class ContentCheck
 {
 public:
     ContentCheck() = delete;
 
-    /// Bytes from the beginning that isPage() wants to see.
+    /// Number of leading bytes that isPage() needs.
     static constexpr int pageBytes = 1024;
 
-    /// Returns whether content that begins so is an HTML page (WHATWG MIME Sniffing, by its
-    /// document type or root element), as sent by networks that ask for a login.
+    /// Returns whether content with this beginning is an HTML page (WHATWG MIME Sniffing, by its
+    /// document type or root element), as sent by networks that require a login.
     static bool isPage(const QByteArray& beginning);
-    /// Returns whether a file of that name, or at that address, is expected to be a page.
+    /// Returns whether a file of that name, or at that address, is expected to be an HTML page.
     static bool isPageName(const QString& name);
 
-    /// Returns why the content of `file` cannot be what the suffix of `name` promises; empty if it
-    /// can, and for suffixes that promise nothing. XML must be well-formed; .png, .jpg, .jpeg and
-    /// .gif must be one of these formats, as clients choose the decoder by content; .zip must begin
-    /// as an archive. `isUnreadable`, unless null, is set to whether the file cannot be read, in
-    /// which case that is why.
+    /// Returns why the content of `file` contradicts the suffix of `name`; empty if it does not,
+    /// and for suffixes without requirements. XML must be well-formed; .png, .jpg, .jpeg and .gif
+    /// must have one of these formats, as clients choose the decoder by content; .zip must begin
+    /// like an archive. `isUnreadable`, unless null, is set to whether the file cannot be read, in
+    /// which case that is the reason returned.
     static QString fault(const QString& file, const QString& name, bool* isUnreadable = nullptr);
 };

@@ -5,12 +5,12 @@
 
 #include <string>
 
-/// The host's editing core, as far as downloads touch it: it learns of every definition that has
-/// arrived, so that the effect can be used without a restart.
+/// The part of the host's editing core that downloads use: it is notified of every new definition,
+/// so that the effect can be used without a restart.
 ///
-/// The host derives from it and hands it over with MVThemeDownLoader::setCoreContextPtr. The
-/// operations are called on download threads, several at a time if several downloads run. `name`
-/// is the definition file's complete base name, usually the item's GUID in braces.
+/// The host derives from it and registers it with MVThemeDownLoader::setCoreContextPtr. The
+/// functions are called on download threads, concurrently if several downloads run. `name` is the
+/// definition file's complete base name, usually the item's GUID in braces.
 class MVHOST_EXPORT CoreContext
 {
 public:

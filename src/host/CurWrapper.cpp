@@ -83,7 +83,7 @@ private:
     ETransferResult failAsCancelled();
     ETransferResult fail(ETransferResult code, EFailureCause cause, const QString& reason);
 
-    QString m_asked; // the address as the caller gave it
+    QString m_asked; // the address as given by the caller
     QUrl m_url;
     QString m_target;
     PartFile m_file;
@@ -91,7 +91,7 @@ private:
     QString m_redirectError; // why a redirect must not be followed; empty if there was none
     qint64 m_received = 0;
     Clock::time_point m_nextCallback;
-    QSet<QString> m_sweptFolders; // looked through once for what a kill left
+    QSet<QString> m_sweptFolders; // already searched for the remains of a kill
 };
 
 ETransferResult CurWrapper::Private::download(const QString& url, const QString& file, bool resume)
@@ -185,7 +185,7 @@ ETransferResult CurWrapper::Private::fetchWithRetries()
         if (!m_redirectError.isEmpty())
             return fail(eTransfer_BadUrl, eFailure_BadAddress, m_redirectError);
         if (end == HttpTransfer::End::StaleRange) {
-            // Not a retry: the server is well, and a second answer cannot be stale again.
+            // Not a retry: the server works, and a second answer cannot be stale again.
             if (!beginAgain())
                 return failAtFile();
             continue;
@@ -229,12 +229,12 @@ HttpTransfer::End CurWrapper::Private::followRedirects()
     }
 }
 
-/// Notes by what the rest of a broken body can be asked for, if it can.
+/// Stores the validator for requesting the rest of a broken body, if there is one.
 void CurWrapper::Private::rememberVersion()
 {
     const ResponseHead& head = transfer.head();
     if (head.status != 200 && head.status != 206)
-        return; // not about the file; what was known of it still holds
+        return; // not an answer about the file; what is known of it remains valid
     const bool known = m_request.rangeStart > 0 && head.status == 206;
     const QByteArray validator = head.validator();
     if (!validator.isEmpty())

@@ -14,7 +14,7 @@
 
 namespace {
 
-/// False once the file has been removed, also if another one has its name by now.
+/// Returns false once the file has been removed, even if another one now has its name.
 bool hasName(int handle, const char* name)
 {
     struct stat opened = {};
@@ -34,11 +34,11 @@ FileLock::~FileLock()
 {
     if (!isLocked())
         return;
-    ::unlink(m_name.constData()); // before the release: afterwards it may be the next holder's
+    ::unlink(m_name.constData()); // before the release: afterwards it may belong to the next holder
     ::close(m_handle);
 }
 
-/// The kernel could wait by itself, but cannot be cancelled then.
+/// Polls, since waiting in the kernel could not be cancelled.
 FileLock::Result FileLock::lock(std::chrono::milliseconds longest, const CancelToken& cancel)
 {
     constexpr std::chrono::milliseconds pause(20);
@@ -72,7 +72,7 @@ FileLock::Result FileLock::tryLock()
             ::close(handle);
             return Result::Busy;
         }
-        // Its last holder may have removed it between the two calls.
+        // The last holder may have removed it between the two calls.
         if (hasName(handle, m_name.constData()))
             m_handle = handle;
         else

@@ -8,18 +8,18 @@
 
 #include <chrono>
 
-/// Lock file that keeps processes apart which work on one file or folder.
+/// A lock file that excludes other processes from working on the same file or folder.
 ///
-/// Only the kernel's lock on the file counts, which ends with the process that holds it: a process
-/// that was killed bars nobody, whatever it left in the file, and a living one is respected however
-/// long it works. A file system that knows no locks keeps nobody apart. Objects belong to one
-/// thread; those of different threads keep each other out.
+/// Only the kernel's lock on the file counts, which ends with its process: a killed process blocks
+/// nobody, whatever it left in the file, and a living one is respected however long it works. A
+/// file system without locks excludes nobody. Objects belong to one thread; those of different
+/// threads exclude each other.
 class MVHOST_EXPORT FileLock
 {
 public:
     enum class Result {
         Locked,
-        Busy,         // another process, or another object of this one, has it
+        Busy,         // held by another process, or another object of this one
         CannotCreate, // error() tells why
         Cancelled
     };
@@ -30,8 +30,8 @@ public:
     ~FileLock();
     Q_DISABLE_COPY_MOVE(FileLock)
 
-    /// Waits for the lock, but at most for `longest` and only until `cancel` is cancelled. Asks
-    /// often enough to get its turn among many that wait. Does nothing where it is locked already.
+    /// Waits for the lock, for at most `longest` and until `cancel` is cancelled. Polls often
+    /// enough to succeed among many waiters. Does nothing if it is already locked.
     Result lock(std::chrono::milliseconds longest, const CancelToken& cancel = CancelToken());
 
     /// Waits for the lock until `cancel` is cancelled.
@@ -39,13 +39,13 @@ public:
 
     bool isLocked() const { return m_handle >= 0; }
 
-    /// Returns the errno that the last Result::CannotCreate had, or 0.
+    /// Returns the errno of the last Result::CannotCreate, or 0.
     int error() const { return m_error; }
 
 private:
     Result tryLock();
 
-    QByteArray m_name; // as the file system takes it
+    QByteArray m_name; // in the encoding of the file system
     int m_handle = -1; // open while the lock is held
     int m_error = 0;
 };

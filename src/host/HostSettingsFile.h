@@ -14,7 +14,7 @@ class HostSettingsFile
 public:
     explicit HostSettingsFile(const QString& iniFile);
 
-    /// Sets what the file names. False: `settings` may be half changed, errorText() says why.
+    /// Sets the values in the file. On false `settings` may be partly changed; see errorText().
     bool readInto(HostSettings& settings);
     QString errorText() const { return m_ini.errorText(); }
 

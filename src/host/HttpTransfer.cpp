@@ -11,10 +11,10 @@ namespace {
 using namespace std::chrono;
 using Clock = steady_clock;
 
-constexpr int tickMs = 50; // a cancel is noticed within two of them
-/// Below the size from which the allocator gives memory back to the system after every request.
+constexpr int tickMs = 50; // a cancel is noticed within two ticks
+/// Below the size at which the allocator returns memory to the system after every request.
 constexpr long receiveBuffer = 64 * 1024;
-/// An error page up to this size is read past, so that its connection serves the next file too.
+/// An error page up to this size is read to its end, so that the connection can be reused.
 constexpr qint64 maxDiscardBytes = 64 * 1024;
 
 void initialiseLibrary()
@@ -56,9 +56,9 @@ HttpTransfer::End HttpTransfer::perform(const Request& request, PartFile& file,
     return judge(code, file);
 }
 
-/// Makes the handle of one request. Libcurl 7.88 takes a header line that begins with a blank for
-/// the rest of the last line of the handle's former answer, whose memory it has freed. The
-/// connections belong to m_multi and are kept.
+/// Creates the handle of one request. A reused handle would be unsafe: libcurl 7.88 treats a header
+/// line that begins with a blank as the continuation of the previous answer's last line, whose
+/// memory it has freed. The connections belong to m_multi and are kept.
 void HttpTransfer::prepare()
 {
     m_easy.reset(curl_easy_init());
@@ -70,12 +70,12 @@ void HttpTransfer::prepare()
     curl_easy_setopt(easy, CURLOPT_HTTP_VERSION, long{CURL_HTTP_VERSION_1_1});
     curl_easy_setopt(easy, CURLOPT_FOLLOWLOCATION, 0L);
     curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
-    curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L); // a cancel does not wait for a name look-up
+    curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L); // a cancel does not wait for name look-up
     curl_easy_setopt(easy, CURLOPT_NOPROGRESS, 1L);
     curl_easy_setopt(easy, CURLOPT_BUFFERSIZE, receiveBuffer);
     curl_easy_setopt(easy, CURLOPT_USERAGENT, "mvresource");
     curl_easy_setopt(easy, CURLOPT_ERRORBUFFER, m_curlError);
-    // A proxy's answer to the tunnel request is not the answer about the file.
+    // A proxy's answer to the tunnel request is not an answer about the file.
     curl_easy_setopt(easy, CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
     curl_easy_setopt(easy, CURLOPT_HEADERFUNCTION, &HttpTransfer::onHeader);
     curl_easy_setopt(easy, CURLOPT_HEADERDATA, this);
@@ -85,7 +85,7 @@ void HttpTransfer::prepare()
         curl_easy_setopt(easy, CURLOPT_PROXY, proxy.constData());
     if (!caFile.isEmpty()) {
         curl_easy_setopt(easy, CURLOPT_CAINFO, caFile.constData());
-        curl_easy_setopt(easy, CURLOPT_CAPATH, nullptr); // holds the system's authorities
+        curl_easy_setopt(easy, CURLOPT_CAPATH, nullptr); // has the system's authorities
     }
 }
 
@@ -117,11 +117,11 @@ CURLcode HttpTransfer::transfer(const KeepGoing& keepGoing)
         if (running == 0)
             break;
         if (!keepGoing(m_file->size(), announcedTotal())) {
-            m_refused = false; // a cancel wins over what the answer was
+            m_refused = false; // a cancel takes precedence over the answer
             refuse(End::Cancelled, QStringLiteral("cancelled"));
             return CURLE_ABORTED_BY_CALLBACK;
         }
-        // Until it stands, a connection has a limit of its own, which libcurl watches.
+        // Until it is established, a connection has its own limit, which libcurl enforces.
         noteConnection();
         if (!m_connected)
             m_stall.restart();
@@ -199,7 +199,7 @@ HttpTransfer::End HttpTransfer::judge(CURLcode code, const PartFile& file)
     }
 }
 
-/// libcurl has checked the length of the answer itself; with a part, the whole counts.
+/// libcurl has checked the length of the answer itself; for a part, the total counts.
 bool HttpTransfer::isWhole(qint64 size) const
 {
     const qint64 total = announcedTotal();
@@ -264,7 +264,7 @@ bool HttpTransfer::acceptRange()
 {
     if (m_request.rangeStart == 0)
         return true;
-    if (m_head.status == 200) // another version, or a server without ranges: from the beginning
+    if (m_head.status == 200) // another version, or a server without ranges: starts over
         return m_file->restart() || refuse(End::LocalFile, m_file->errorText());
 
     if (isSameVersion())
@@ -272,7 +272,7 @@ bool HttpTransfer::acceptRange()
     return refuse(End::StaleRange, QStringLiteral("the server sent a part of another version"));
 }
 
-/// A 206 repeats the entity tag; the date it may leave out when it was asked for with If-Range.
+/// A 206 repeats the entity tag, but may omit the date if it was requested with If-Range.
 bool HttpTransfer::isSameVersion() const
 {
     if (m_head.rangeStart != m_request.rangeStart)

@@ -16,35 +16,35 @@ class PartFile;
 
 /// One HTTP request into a PartFile, and the connection that the next request reuses.
 ///
-/// It follows no redirect and tries nothing twice: CurWrapper decides on both. Internal to the
-/// library. Everything but wake() belongs to the thread that calls perform().
+/// It follows no redirects and retries nothing: CurWrapper decides on both. Internal to the
+/// library. All functions except wake() belong to the thread that calls perform().
 class HttpTransfer
 {
 public:
     enum class End {
-        Complete,   ///< the whole body stands in the file
-        Redirect,   ///< the answer points elsewhere: head().location
+        Complete,   ///< the whole body is in the file
+        Redirect,   ///< the answer redirects: head().location
         Status,     ///< an answer whose status or coding is not acceptable
-        Broken,     ///< the connection stood and broke before the body was whole
-        Network,    ///< no usable connection, or nothing came for too long
+        Broken,     ///< the connection was established and broke before the body was complete
+        Network,    ///< no usable connection, or silence for too long
         BadUrl,     ///< libcurl does not understand the address
         LocalFile,  ///< the file could not be written
         TooLarge,   ///< more bytes than allowed
-        StaleRange, ///< the rest that was asked for does not fit what is there: begin again
-        Cancelled,  ///< keepGoing said no
+        StaleRange, ///< the requested rest does not fit the present part: start over
+        Cancelled,  ///< keepGoing returned false
     };
 
     struct Request
     {
         QByteArray url;         ///< percent-encoded
-        qint64 rangeStart = 0;  ///< above 0: ask for the rest of the body from this byte on
-        QByteArray validator;   ///< goes with a range: the rest only if it is still this version
-        qint64 rangeTotal = -1; ///< what the whole had, -1 if not known
+        qint64 rangeStart = 0;  ///< above 0: request the rest of the body from this byte on
+        QByteArray validator;   ///< for a range: the rest only if it is still this version
+        qint64 rangeTotal = -1; ///< the total of the whole, -1 if unknown
         QDateTime notAfter;     ///< without a validator: the rest only if unchanged since then
     };
 
-    /// Called at least every 50 ms, and whenever bytes have come; false ends the request.
-    /// `total` is 0 while it is not known.
+    /// Called at least every 50 ms, and whenever bytes have arrived; false ends the request.
+    /// `total` is 0 while unknown.
     using KeepGoing = std::function<bool(qint64 received, qint64 total)>;
 
     HttpTransfer();
@@ -53,18 +53,18 @@ public:
 
     End perform(const Request& request, PartFile& file, const KeepGoing& keepGoing);
 
-    /// Waits, calling keepGoing(0, 0) all the while; false as soon as that says no.
+    /// Waits while calling keepGoing(0, 0); returns false as soon as that does.
     bool pause(int milliseconds, const std::function<bool()>& keepGoing);
 
     /// Ends the waiting of perform() or pause() early. Any thread.
     void wake();
 
     const ResponseHead& head() const { return m_head; }
-    /// Bytes of the whole file as the last answer announced it, 0 if it did not.
+    /// Returns the size of the whole file as announced by the last answer, 0 if it was not.
     qint64 announcedTotal() const;
-    /// A text for people: why the last request did not complete.
+    /// Returns a readable reason why the last request did not complete.
     QString reason() const { return m_reason; }
-    /// The cause of an end of the last request that was not a failure of the local file.
+    /// Returns the cause of how the last request ended, unless the local file failed.
     EFailureCause causeOf(End end) const;
 
 private:
@@ -100,17 +100,17 @@ private:
     };
 
     std::unique_ptr<CURLM, FreeMulti> m_multi; // owns the connections; outlives m_easy
-    std::unique_ptr<CURL, FreeEasy> m_easy;    // of the present or last request
+    std::unique_ptr<CURL, FreeEasy> m_easy;    // of the current or last request
     std::unique_ptr<curl_slist, FreeList> m_fields;
     char m_curlError[CURL_ERROR_SIZE] = {};
 
-    PartFile* m_file = nullptr; // the caller's, during perform()
+    PartFile* m_file = nullptr; // the caller's, while perform() runs
     Request m_request;
     ResponseHead m_head;
-    bool m_connected = false;  // a connection stood
-    bool m_accepted = false;   // the header is whole, and its body is to be the file
-    bool m_refused = false;    // m_end and m_reason are decided, whatever libcurl says
-    bool m_discarding = false; // the body is an error page: read past it, to keep the connection
+    bool m_connected = false;  // a connection was established
+    bool m_accepted = false;   // the header is complete, and the body is to be stored
+    bool m_refused = false;    // m_end and m_reason are final, whatever libcurl reports
+    bool m_discarding = false; // the body is an error page, read only to keep the connection
     qint64 m_discarded = 0;
     End m_end = End::Network;
     QString m_reason;

@@ -6,10 +6,10 @@
 #include <new>
 #include <utility>
 
-/// An object that is constructed where it is declared and never destroyed.
+/// An object that is constructed at its declaration and never destroyed.
 ///
-/// The catalogue saves the user's favourites from its destructor, after `main` has returned.
-/// The parts of the platform that it calls must still exist then, in whatever order the static
+/// The catalogue saves the user's favourites from its destructor, after main() has returned. The
+/// platform objects that it uses must still exist then, whatever the order in which the static
 /// objects of several libraries are destroyed. The memory is static, so nothing leaks.
 template <class T>
 class Immortal

@@ -20,7 +20,7 @@ bool isBlank(QChar c)
     return c == QLatin1Char(' ') || c == QLatin1Char('\t');
 }
 
-/// QString::trimmed() would take every kind of space that Unicode knows.
+/// Removes blanks and tabs only; QString::trimmed() would remove every Unicode space.
 QString trimmed(const QString& text)
 {
     const auto* const first = std::find_if_not(text.cbegin(), text.cend(), isBlank);
@@ -70,7 +70,7 @@ bool IniReader::readLine(QByteArray bytes)
     if (bytes.endsWith('\r'))
         bytes.chop(1);
     const QString text = QString::fromUtf8(bytes.constData(), bytes.size());
-    if (text.toUtf8() != bytes) // what is not UTF-8 has become replacement characters
+    if (text.toUtf8() != bytes) // invalid UTF-8 has become replacement characters
         return failHere(QStringLiteral("expected UTF-8"));
     const auto* const control = std::find_if(text.cbegin(), text.cend(), isControl);
     if (control != text.cend()) {
@@ -115,7 +115,7 @@ bool IniReader::readEntry(const QString& line)
     return true;
 }
 
-/// `quoted` begins behind the opening quote.
+/// `quoted` begins after the opening quote.
 bool IniReader::readQuoted(const QString& quoted, QString& value)
 {
     QString text;

@@ -6,7 +6,7 @@
 #include <QString>
 #include <QVector>
 
-/// Reads a settings file, strictly; loadHostSettings() documents the dialect. Internal to the
+/// Reads a settings file strictly; loadHostSettings() documents the syntax. Internal to the
 /// library; one object per reading.
 class IniReader
 {
@@ -23,14 +23,14 @@ public:
 
     explicit IniReader(const QString& file);
 
-    /// Reads the whole file. False: errorText() names the file, the line and what was expected.
+    /// Reads the whole file. On false errorText() names the file, the line and what was expected.
     bool read();
-    /// In the order of the file; no two have both section and key in common.
+    /// Returns the entries in the order of the file; no two have the same section and key.
     QVector<Entry> entries() const { return m_entries; }
     QString errorText() const { return m_error; }
 
-    /// Makes errorText() name the file and this line, for what only the caller can judge. Returns
-    /// false.
+    /// Makes errorText() name the file and this line, for errors that only the caller can detect.
+    /// Returns false.
     bool fail(int line, const QString& reason);
 
 private:

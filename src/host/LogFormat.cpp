@@ -7,7 +7,7 @@
 
 namespace {
 
-/// A va_list that functions can pass on by reference: on some ABIs the type itself is an array.
+/// A va_list that functions can pass by reference: on some ABIs the type itself is an array.
 struct Arguments
 {
     va_list list;
@@ -16,11 +16,11 @@ struct Arguments
 /// One conversion, from its '%' to its letter.
 struct Conversion
 {
-    QByteArray flags; // flags, width and precision as they stand, "*" included
+    QByteArray flags; // flags, width and precision verbatim, including "*"
     QByteArray length;
     char letter = 0; // 0: not a conversion
     int stars = 0;
-    const char* end = nullptr; // behind the letter
+    const char* end = nullptr; // after the letter
 };
 
 const char* skipAny(const char* at, const char* set)
@@ -53,7 +53,7 @@ Conversion parse(const char* percent)
     // Wide texts and characters are not passed to the log.
     if (std::strchr("csp", *lengthEnd) && !result.length.isEmpty())
         return result;
-    // "%%" only: in "%1%2" two placeholders follow each other.
+    // "%%" only: in "%1%2" two placeholders are adjacent.
     if (*lengthEnd == '%' && lengthEnd != percent + 1)
         return result;
     result.letter = *lengthEnd;

@@ -6,11 +6,11 @@
 
 /// Fills a printf-style format, see LogL(). Internal to the library.
 ///
-/// Other than the C library's, this has no undefined behaviour on a format that is not one: an
-/// unknown conversion is copied as it stands and takes no argument.
+/// Unlike the C library's functions, this has no undefined behaviour for an invalid format: an
+/// unknown conversion is copied verbatim and takes no argument.
 class LogFormat
 {
 public:
-    /// `arguments` must hold what the known conversions of `format` ask for.
+    /// `arguments` must match the known conversions of `format`.
     static QByteArray fill(const char* format, va_list arguments);
 };

@@ -12,7 +12,7 @@
 
 namespace {
 
-/// A category and the storage of its name, which QLoggingCategory only points to.
+/// A category and the storage of its name, to which QLoggingCategory only points.
 struct Category
 {
     explicit Category(const QByteArray& categoryName)

@@ -2,7 +2,7 @@
 
 #include <QtGlobal>
 
-/// Marks what callers of the library mvhost may use; everything else is hidden.
+/// Exports the public symbols of the library mvhost; all others are hidden.
 #if defined(MVHOST_LIBRARY)
 #define MVHOST_EXPORT Q_DECL_EXPORT
 #else

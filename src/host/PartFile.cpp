@@ -53,7 +53,7 @@ EFailureCause causeOf(int error)
     }
 }
 
-/// Returns the errno that explains why a folder could not be created; ENOENT where nothing does.
+/// Returns the errno that explains why a folder could not be created, ENOENT by default.
 int obstacleTo(const QString& folder)
 {
     QFileInfo ancestor(folder);
@@ -71,7 +71,7 @@ int obstacleTo(const QString& folder)
 enum class Lock {
     Taken,      ///< by this call
     Held,       ///< by another writer
-    Impossible, ///< on this file system: then nothing counts as a leftover
+    Impossible, ///< on this file system: then nothing counts as a remainder
 };
 
 Lock lock(int handle)
@@ -81,7 +81,7 @@ Lock lock(int handle)
     return errno == EWOULDBLOCK ? Lock::Held : Lock::Impossible;
 }
 
-/// The new name is there already: file systems that cannot flush a folder are left at that.
+/// The new name already exists, so failures are ignored: some file systems cannot flush a folder.
 void flushFolder(const QString& folder)
 {
     const QByteArray path = QFile::encodeName(folder);
@@ -92,15 +92,16 @@ void flushFolder(const QString& folder)
     ::close(handle);
 }
 
-/// Returns whether the system took all bytes: file systems that write late, such as NFS, report a
-/// failure only when a handle is closed. Closes a second handle, as the first one keeps the lock.
+/// Returns whether the system has accepted all bytes: file systems that write late, such as NFS,
+/// report a failure only when a handle is closed. Closes a duplicate, as the original keeps the
+/// lock.
 bool tookAllBytes(int handle)
 {
     const int second = ::fcntl(handle, F_DUPFD_CLOEXEC, 0);
     return second >= 0 && ::close(second) == 0;
 }
 
-/// False once somebody has removed the name of the open file.
+/// Returns false once the name of the open file has been removed.
 bool stillHasName(int handle)
 {
     struct stat status = {};
@@ -143,8 +144,8 @@ bool PartFile::createLocked()
         }
         if (m_handle < 0)
             return failWith(errno);
-        // Between creation and lock a sweep may have taken the file for a leftover, which it then
-        // removes.
+        // Between creation and lock, a sweep may have mistaken the file for a remainder and removed
+        // it.
         if (lock(m_handle) != Lock::Held && stillHasName(m_handle))
             return true;
         close();
@@ -190,7 +191,7 @@ bool PartFile::commit(Flush flush)
     if (!isStored)
         return failWith(errno);
     const QByteArray to = QFile::encodeName(m_target);
-    // The POSIX rename replaces the target in one step; QFile::rename refuses to.
+    // The POSIX rename replaces the target atomically; QFile::rename refuses to.
     if (std::rename(m_name.constData(), to.constData()) != 0)
         return failWith(errno);
     close();
@@ -228,14 +229,14 @@ bool PartFile::fail(EFailureCause cause, const QString& reason)
 
 void PartFile::removeLeftovers(const QString& folder)
 {
-    // No pattern: favourites are saved after main, too, when Qt can no longer match one.
+    // No pattern: favourites are also saved after main(), when Qt can no longer match one.
     const QStringList names =
         QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::NoSymLinks, QDir::Unsorted);
     for (const QString& name : names) {
         if (!isPartName(name))
             continue;
         QFile leftover(folder + QLatin1Char('/') + name);
-        // Removed under the lock: QFile::remove() of its own would close, and so unlock, it first.
+        // Removed under the lock: QFile::remove() would first close, and so unlock, the file.
         if (leftover.open(QIODevice::ReadOnly) && lock(leftover.handle()) == Lock::Taken)
             QFile::remove(leftover.fileName());
     }

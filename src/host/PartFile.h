@@ -5,12 +5,12 @@
 #include <QFile>
 #include <QString>
 
-/// A file that is being written beside its target and takes the target's name when it is complete.
+/// A file that is written beside its target and renamed to the target when it is complete.
 ///
-/// Until commit() the target name keeps what it held; after a kill too, since the bytes stand under
-/// a name of their own. That file is locked while its writer lives, so removeLeftovers() can tell
-/// the remains of a killed process from a transfer that another thread or process is busy with.
-/// Internal to the library; one thread at a time.
+/// Until commit() the target keeps its content, even after a kill, since the bytes are in a file
+/// with another name. That file is locked while its writer exists, so removeLeftovers() can tell
+/// the remains of a killed process from a transfer by another thread or process. Internal to the
+/// library; one thread at a time.
 class PartFile
 {
 public:
@@ -18,40 +18,40 @@ public:
     ~PartFile();
     Q_DISABLE_COPY_MOVE(PartFile)
 
-    /// Starts a file for `target`, whose folder must exist. False: errorText() says why.
+    /// Starts a file for `target`, whose folder must exist. On false see errorText().
     bool open(const QString& target);
 
-    /// Appends; false if not every byte could be written.
+    /// Appends; returns false if not every byte could be written.
     bool write(const char* data, qint64 length);
 
-    /// Empties the file, to begin again.
+    /// Empties the file, to start over.
     bool restart();
 
-    /// Bytes written since open() or restart().
+    /// Returns the bytes written since open() or restart().
     qint64 size() const { return m_size; }
 
-    /// Path of the temporary file, for a look at its content before commit().
+    /// Returns the path of the temporary file, for inspecting its content before commit().
     QString temporaryPath() const { return QFile::decodeName(m_name); }
-    /// Returns the first bytes written so far, `maxBytes` at most.
+    /// Returns the first bytes written so far, at most `maxBytes`.
     QByteArray beginning(int maxBytes) const;
 
-    /// Sets whether commit() waits until data and name are on the disk, so that a power cut leaves
-    /// the old file or the new one.
+    /// Sets whether commit() waits until data and name are on the disk, so that a power failure
+    /// leaves either the old file or the new one.
     enum class Flush { No, Yes };
 
-    /// Renames over the target; every write was checked. False: the target is as it was, the file
-    /// is removed.
+    /// Renames over the target; every write was checked. On false the target is unchanged and the
+    /// file is removed.
     bool commit(Flush flush = Flush::No);
 
-    /// Removes the file; the destructor does the same with one that was not committed.
+    /// Removes the file; the destructor does so for an uncommitted one.
     void discard();
 
     QString errorText() const { return m_error; }
-    /// Returns why the last operation failed: no space, no permission, or anything else about the
+    /// Returns why the last operation failed: no space, no permission, or another problem with the
     /// file.
     EFailureCause cause() const { return m_eCause; }
 
-    /// Removes the part files in `folder` that no living writer holds.
+    /// Removes the part files in `folder` that no living writer has locked.
     static void removeLeftovers(const QString& folder);
 
 private:
@@ -61,8 +61,8 @@ private:
     bool fail(EFailureCause cause, const QString& reason);
 
     QString m_target;
-    QByteArray m_name; // of the temporary file, as the file system takes it
-    int m_handle = -1; // open for writing; -1: there is no temporary file
+    QByteArray m_name; // of the temporary file, in the encoding of the file system
+    int m_handle = -1; // open for writing; -1: no temporary file
     qint64 m_size = 0;
     EFailureCause m_eCause = eFailure_None;
     QString m_error;

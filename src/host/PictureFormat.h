@@ -6,10 +6,10 @@
 #include <QString>
 #include <QStringList>
 
-/// The formats of pictures that clients decode, told by content and never by name: a file that
-/// calls itself PNG may hold a format whose decoder follows links or fills the memory.
+/// The picture formats that clients decode, recognised by content and never by name: a file named
+/// as PNG may have a format whose decoder follows links or exhausts the memory.
 ///
-/// Stateless; every function may be called from every thread.
+/// Stateless; all functions may be called from any thread.
 class MVHOST_EXPORT PictureFormat
 {
 public:
@@ -17,24 +17,24 @@ public:
 
     PictureFormat() = delete;
 
-    /// Bytes from the beginning that ofContent() wants to see.
+    /// Number of leading bytes that ofContent() needs.
     static constexpr int signatureBytes = 8;
     /// The largest picture, or canvas of an animation, that clients decode: 16 Mi pixels.
     static constexpr qint64 maxPixels = 16 * 1024 * 1024;
 
-    /// Returns the format of content that begins so: the PNG signature (ISO/IEC 15948), the start
-    /// of image marker and another one (ITU-T T.81), or GIF87a and GIF89a.
+    /// Returns the format of content with this beginning: the PNG signature (ISO/IEC 15948), the
+    /// start of image marker and another one (ITU-T T.81), or GIF87a and GIF89a.
     static Kind ofContent(const QByteArray& beginning);
-    /// Returns the format of the regular file `path`; None also for what cannot be read.
+    /// Returns the format of the regular file `path`; None also if it cannot be read.
     static Kind ofFile(const QString& path);
 
-    /// Returns the format that the suffix of `name` promises, without regard to case.
+    /// Returns the format of the suffix of `name`, ignoring case.
     static Kind ofName(const QString& name);
-    /// Returns whether the suffix of `name` promises a picture.
+    /// Returns whether the suffix of `name` is that of a picture.
     static bool isPictureName(const QString& name) { return ofName(name) != Kind::None; }
-    /// Returns the suffixes of a format, each with its dot; none for None.
+    /// Returns the suffixes of a format, each with its dot; empty for None.
     static QStringList suffixes(Kind kind);
 
-    /// Returns the name under which Qt knows the decoder ("png"); empty for None.
+    /// Returns Qt's name of the decoder ("png"); empty for None.
     static QByteArray decoderName(Kind kind);
 };

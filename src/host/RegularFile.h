@@ -10,16 +10,16 @@ class QByteArray;
 class QFile;
 class QString;
 
-/// Reads files whose names come from elsewhere. A name can lead to a device that never ends or to a
-/// pipe that nobody writes: only regular files are opened, without waiting. Stateless, any thread.
+/// Reads files whose names are untrusted. A name can lead to an endless device or to a pipe without
+/// a writer: only regular files are opened, without waiting. Stateless, any thread.
 class MVHOST_EXPORT RegularFile
 {
 public:
     RegularFile() = delete;
 
     /// Opens `file` by its name, following links. With QIODevice::ReadWrite a missing file is
-    /// created. False, with the reason in `error` (may be null), for anything but a regular file
-    /// and for what the system refuses.
+    /// created. Returns false, with the reason in `error` (may be null), for anything except a
+    /// regular file and if the system refuses.
     static bool open(QFile& file, QIODevice::OpenMode mode = QIODevice::ReadOnly,
                      QString* error = nullptr);
 
@@ -29,7 +29,7 @@ public:
     /// handler returns false.
     static bool readChunks(QFile& file, const ChunkHandler& handler);
 
-    /// Reads an open file to its end. False, with what came so far in `bytes`, if reading fails or
-    /// there are more than `maxBytes`.
+    /// Reads an open file to its end. Returns false, with the data read so far in `bytes`, if
+    /// reading fails or there are more than `maxBytes`.
     static bool readAll(QFile& file, qint64 maxBytes, QByteArray& bytes);
 };

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// The three digits of a status line; 0 if it has none.
+/// Returns the three-digit status of a status line; 0 if there is none.
 int statusOf(const QByteArray& line)
 {
     constexpr int length = 3;
@@ -16,7 +16,7 @@ int statusOf(const QByteArray& line)
     return isNumber ? code.toInt() : 0;
 }
 
-/// A field's value may be sent back, so control characters become blanks (RFC 9110, 5.5).
+/// Replaces control characters by blanks, since a field's value may be sent back (RFC 9110, 5.5).
 QByteArray plain(QByteArray value)
 {
     constexpr char deleteCharacter = 0x7f;
@@ -71,7 +71,7 @@ void ResponseHead::addField(const QByteArray& name, const QByteArray& value)
     }
 }
 
-/// Equal lengths may be repeated, in one field or several (RFC 9110, 8.6).
+/// Accepts equal lengths repeated in one field or several (RFC 9110, 8.6).
 void ResponseHead::addLength(const QByteArray& value)
 {
     const QList<QByteArray> parts = value.split(',');
@@ -85,7 +85,7 @@ void ResponseHead::addLength(const QByteArray& value)
     }
 }
 
-/// "bytes FIRST-LAST/TOTAL", where TOTAL may be "*" (RFC 9110, 14.4).
+/// Parses "bytes FIRST-LAST/TOTAL", where TOTAL may be "*" (RFC 9110, 14.4).
 void ResponseHead::readContentRange(const QByteArray& value)
 {
     if (!value.startsWith("bytes "))

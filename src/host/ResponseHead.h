@@ -2,24 +2,23 @@
 
 #include <QByteArray>
 
-/// The header of one HTTP answer (RFC 9110, RFC 9112), as far as a file download needs it.
-/// Internal to the library; a value.
+/// The header of one HTTP answer (RFC 9110, RFC 9112), as far as a file download needs it. Internal
+/// to the library; a value type.
 ///
-/// curl_easy_header() would split the lines only: what the values mean, and that two lengths
-/// differ, is judged here in any case, and without a transfer, as tests and fuzzers have bytes
-/// only.
+/// curl_easy_header() would only split the lines: the values, and differing lengths, are evaluated
+/// here in any case, without a transfer, since tests and fuzzers have only bytes.
 class ResponseHead
 {
 public:
-    /// Takes one line as it came, line end included. A status line starts a new header, so what
-    /// stands here in the end is the last answer's, not that of an interim one (status 1xx).
+    /// Adds one raw line, line end included. A status line starts a new header, so the result is
+    /// the last answer's, not that of an interim one (status 1xx).
     void addLine(const QByteArray& line);
 
     int status = 0;
     qint64 contentLength = -1;          ///< announced bytes of the body, -1 if not announced
-    bool hasTwoLengths = false;         ///< fields that announce different lengths
-    bool chunked = false;               ///< the body is sent in chunks, so its end can be told
-    bool strangeTransferCoding = false; ///< a transfer coding other than chunked
+    bool hasTwoLengths = false;         ///< several fields announce different lengths
+    bool chunked = false;               ///< the body is chunked, so its end is known
+    bool strangeTransferCoding = false; ///< has a transfer coding other than chunked
     QByteArray contentEncoding;         ///< lower case; empty for identity
     QByteArray location;
     QByteArray etag;
@@ -32,8 +31,8 @@ public:
     bool isInterim() const { return status >= 100 && status < 200; }
     bool isRedirect() const;
 
-    /// Returns the validator for a later range request: the entity tag if it is
-    /// strong; the modification date where there is no tag (RFC 9110, 13.1.5); else empty.
+    /// Returns the validator for a later range request: the entity tag if it is strong, or the
+    /// modification date if there is no tag (RFC 9110, 13.1.5); otherwise empty.
     QByteArray validator() const;
 
 private:
@@ -41,5 +40,5 @@ private:
     void addLength(const QByteArray& value);
     void readContentRange(const QByteArray& value);
 
-    bool m_hasLength = false; // a length field has come
+    bool m_hasLength = false; // a length field has been added
 };

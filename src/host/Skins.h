@@ -2,17 +2,17 @@
 
 #include <array>
 
-/// A look of the lists.
+/// A look for lists.
 struct SSkin
 {
-    /// The name that HostSettings::currentSkin gives it.
+    /// The name used in HostSettings::currentSkin.
     const char* name;
-    /// File name of the picture that the "none" entry has in this skin; skins may share one.
+    /// File name of the skin's picture for the "none" entry; skins may share one.
     const char* nonePicture;
 };
 
-/// The skins that come with the libraries, the default one first. Each has a file of its name in
-/// src/browser/skins.
+/// The skins that come with the libraries, the default one first. Each has a file of the same name
+/// in src/browser/skins.
 inline constexpr std::array<SSkin, 4> allSkins{{
     {"Classical", "Classical.png"},
     {"Elegance", "Elegance.png"},

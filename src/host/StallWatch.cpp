@@ -4,7 +4,7 @@ using namespace std::chrono;
 
 namespace {
 
-/// Lowest rate of a transfer, averaged over the limit.
+/// Minimum rate of a transfer, averaged over the limit.
 constexpr qint64 minBytesPerSecond = 1000;
 
 } // namespace
@@ -29,7 +29,7 @@ QString StallWatch::fault(milliseconds limit)
     const auto window = duration_cast<milliseconds>(now - m_windowStart);
     if (silence > limit)
         return QStringLiteral("no byte came for %1 ms").arg(limit.count());
-    // While nothing comes, it is the silence that will be judged.
+    // During silence, the silence limit decides.
     if (window < limit || silence > limit / 2)
         return {};
     if (m_windowBytes < minBytesPerSecond * window.count() / 1000) {

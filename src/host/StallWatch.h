@@ -5,24 +5,23 @@
 #include <chrono>
 #include <cstddef>
 
-/// Tells when so little comes from a server that a transfer would never end. Internal to the
-/// library; a value.
+/// Detects a transfer too slow ever to end. Internal to the library; a value type.
 class StallWatch
 {
 public:
-    /// Begins with no byte received, now.
+    /// Starts over from zero bytes, now.
     void restart();
-    /// Notes bytes that have come, those of header and trailer included.
+    /// Records received bytes, including header and trailer.
     void add(std::size_t bytes);
 
-    /// Returns why the transfer counts as stalled, for people; empty if it does not: no byte came
-    /// for longer than `limit`, or over that time fewer than 1,000 a second.
+    /// Returns a readable reason why the transfer counts as stalled; empty if it does not: no byte
+    /// for longer than `limit`, or fewer than 1,000 bytes a second over that time.
     QString fault(std::chrono::milliseconds limit);
 
 private:
     using Clock = std::chrono::steady_clock;
 
     Clock::time_point m_lastByte;
-    Clock::time_point m_windowStart; // of the time over which the rate is measured
-    qint64 m_windowBytes = 0;        // that came since then
+    Clock::time_point m_windowStart; // of the period over which the rate is measured
+    qint64 m_windowBytes = 0;        // received since then
 };

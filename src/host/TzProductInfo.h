@@ -6,14 +6,14 @@
 
 /// Reads the named parameters of the product.
 ///
-/// Reads hostSettings(); every operation may be called from every thread. The instance is alive
-/// until the process is gone. ProductParam.h lists the keys in use.
+/// Reads hostSettings(); all functions may be called from any thread. The instance exists until the
+/// process ends. ProductParam.h lists the keys in use.
 class MVHOST_EXPORT TzProductInfo
 {
 public:
     static TzProductInfo* instance();
 
-    /// The value configured for `key`, or `defaultValue` where there is none.
+    /// Returns the value configured for `key`, or `defaultValue` if there is none.
     QString extendParam(const QString& key, const QString& defaultValue) const;
 
 private:

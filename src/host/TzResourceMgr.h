@@ -6,23 +6,23 @@
 
 /// Locates the application's installed resources and names the active skin.
 ///
-/// Reads hostSettings(); every operation may be called from every thread. The instance is alive
-/// until the process is gone.
+/// Reads hostSettings(); all functions may be called from any thread. The instance exists until the
+/// process ends.
 class MVHOST_EXPORT TzResourceMgr
 {
 public:
     static TzResourceMgr* instance();
 
-    /// The application's resource folder, without a trailing slash.
+    /// Returns the application's resource folder, without a trailing slash.
     QString resourcesPath() const;
 
-    /// Name of the active skin.
+    /// Returns the name of the active skin.
     QString currentSkin() const;
 
-    /// Folder that holds "testskin/Simple.gif", the placeholder animation.
+    /// Returns the folder that contains "testskin/Simple.gif", the placeholder animation.
     QString testOutputDir() const;
 
-    /// Screen scale factor, above 0.
+    /// Returns the screen scale factor, above 0.
     static double getZoomDPI();
 
 private:

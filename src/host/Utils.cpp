@@ -74,7 +74,7 @@ bool Utils::writeFile(const QString& path, const QByteArray& content, STransferF
 bool Utils::copyDirectoryFiles(const QString& from, const QString& to, bool overwrite)
 {
     const QDir source(from);
-    // Without a name QDir means the current folder.
+    // An empty QDir name means the current folder.
     if (from.isEmpty() || to.isEmpty() || !source.exists()
         || realFolder(to).startsWith(realFolder(from)) || !QDir().mkpath(to))
         return false;
@@ -96,13 +96,13 @@ bool Utils::rmDir(const QString& path, bool recursive)
 {
     if (path.isEmpty())
         return false;
-    // QDir would remove what a link points to; a trailing slash hides that it is one.
+    // QDir would remove the target of a link; a trailing slash hides that it is one.
     const QFileInfo info(QDir::cleanPath(path));
     if (info.isSymLink())
         return QFile::remove(info.filePath());
     if (!info.exists())
         return true;
-    // Canonical, since "/.." is the root too, and "." may be.
+    // Canonical, since "/.." is the root, too, and "." may be.
     if (!info.isDir() || QDir(info.canonicalFilePath()).isRoot())
         return false;
     return recursive ? QDir(info.filePath()).removeRecursively() : QDir().rmdir(info.filePath());

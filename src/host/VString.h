@@ -6,14 +6,14 @@
 
 #include <string>
 
-/// A text in the form that the host's editing core takes. A value; any thread.
+/// A text in the form that the host's editing core accepts. A value type; any thread.
 class MVHOST_EXPORT VString
 {
 public:
     VString() = default;
     explicit VString(const QString& text);
 
-    /// The text as a wide string with the platform's own directory separators.
+    /// Returns the text as a wide string with the platform's own directory separators.
     std::wstring toPath() const;
 
 private:

@@ -10,7 +10,7 @@
 #include <cstddef>
 
 /// The dependency slots of a theme element: their names in theme configs and manifests, and the
-/// kind of the items they hold. Constant; any thread.
+/// kind of the items in them. Constant; any thread.
 class MVRESOURCE_EXPORT DependencySlots
 {
 public:
@@ -18,7 +18,7 @@ public:
     {
         EDependType type;
         QLatin1String name;
-        ECfgItemType kind; ///< whose items the slot's GUID is looked up among
+        ECfgItemType kind; ///< among whose items the slot's GUID is looked up
     };
     static constexpr std::size_t count = 5;
     using Slots = std::array<Slot, count>;

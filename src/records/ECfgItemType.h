@@ -1,12 +1,12 @@
 #pragma once
 
-/// Kinds of catalogue items. The values index the vectors of a catalogue and stand in log lines;
-/// MVThemeMgr::getCfgItemTypeStr gives the name that the catalogue files use.
+/// Kinds of catalogue items. The values index the vectors of a catalogue and appear in log lines;
+/// MVThemeMgr::getCfgItemTypeStr returns the name used in the catalogue files.
 enum ECfgItemType : int {
     eCfgItem_Filter = 0,     ///< video filter; folder "VideoFilters"
     eCfgItem_Transition = 1, ///< transition; folder "Transitions"
     eCfgItem_Motion = 2,     ///< motion; folder "Motions"
     eCfgItem_Theme = 3,      ///< theme; folder "Themes"
     eCfgItem_BgMaterial = 4, ///< background material; folder "BgMaterial"
-    eCfgItem_Resource = 5,   ///< a resource file of an item; no kind of its own, no folder
+    eCfgItem_Resource = 5,   ///< a resource file of an item; not a kind, no folder
 };

@@ -6,7 +6,7 @@
 class MVRESOURCE_EXPORT FileRecord : public FileView
 {
 public:
-    /// The claim of one thread to fetch a file. Gives the file back when it is destroyed.
+    /// One thread's claim to fetch a file. The destructor releases the file.
     class MVRESOURCE_EXPORT Taken
     {
     public:
@@ -16,9 +16,9 @@ public:
         Taken& operator=(Taken&&) = delete;
         ~Taken();
 
-        /// True if this object holds the file; false if another thread had it.
+        /// Returns whether this object holds the file; if not, another thread does.
         explicit operator bool() const { return m_info != nullptr; }
-        /// Gives the file back now.
+        /// Releases the file now.
         void release();
 
     private:
@@ -28,16 +28,16 @@ public:
         {
         }
 
-        SFileInfo* m_info; // not owned; null once given back
+        SFileInfo* m_info; // not owned; null once released
     };
 
     explicit FileRecord(SFileInfo& info);
 
-    /// Takes the file for the calling thread and sets its counters to zero, in one step. The claim
-    /// must not outlive the record.
+    /// Atomically takes the file for the calling thread and resets its counters. The claim must not
+    /// outlive the record.
     Taken take();
 
-    /// Setters write only what changes, so threads that read other fields are not disturbed.
+    /// Setters write only changed values, so threads that read other fields are not disturbed.
     void setKind(ECfgItemType kind, bool isDisplayHalf);
     void setName(const QString& name);
     void setFile(const QString& file);

@@ -7,16 +7,16 @@
 
 struct SFileInfo;
 
-/// Reads a file record that other threads may be changing: every access is made under the record's
-/// mutex, if it has one. Any thread; the view must not outlive the record, nor be used by a thread
-/// that holds its mutex.
+/// Reads a file record that other threads may be changing: every access locks the record's mutex,
+/// if there is one. Any thread; the view must not outlive the record, and a thread must not use it
+/// while holding the mutex.
 class MVRESOURCE_EXPORT FileView
 {
 public:
     struct Counts
     {
         qint64 receivedBytes = 0;
-        qint64 totalBytes = 0; ///< 0 while that is not known
+        qint64 totalBytes = 0; ///< 0 while unknown
     };
 
     explicit FileView(const SFileInfo& info);
@@ -26,8 +26,7 @@ public:
     bool isDisplayHalf() const;
     /// Returns the name on the server.
     QString name() const;
-    /// Returns the absolute path on disk; empty until it is resolved, and when there is nothing to
-    /// fetch.
+    /// Returns the absolute path on disk; empty until resolved, and if nothing is to be fetched.
     QString file() const;
     /// Returns whether a download thread has taken the file, see FileRecord::take().
     bool isTaken() const;

@@ -9,33 +9,33 @@
 #include <array>
 #include <cstddef>
 
-/// The file that keeps the favourites of a kind.
+/// The file that stores the favourites of a kind.
 enum class EFavouritesFile {
     None,    ///< items of the kind cannot be favourites
     Themes,  ///< MVThemeMgr::Path_ThemeCollect()
     Filters, ///< MVThemeMgr::Path_FilterCollect()
 };
 
-/// Everything that the system knows of one kind of catalogue items.
+/// The properties of one kind of catalogue items.
 struct SKindInfo
 {
     ECfgItemType type;
     QLatin1String name;   ///< the kind's element in both catalogue files
     QLatin1String folder; ///< its folder in both halves of a tree
-    bool hasThumbnail;    ///< its items are shown with a thumbnail file
-    bool hasPreview;      ///< its items are shown with an animated preview
+    bool hasThumbnail;    ///< its items need a thumbnail to be shown
+    bool hasPreview;      ///< its items need an animated preview to be shown
     bool hasNoneEntry;    ///< its list begins with the "none" entry, see NoneEntry.h
     bool isGrouped;       ///< its display category has a group for each theme type
     EFavouritesFile favourites;
-    QLatin1String exportName; ///< in exported favourites; empty for kinds that have none
-    QLatin1String definition; ///< root element of a definition that a publisher's tool writes
-    bool hasDefinitionList;   ///< its folder holds a list of its definitions
+    QLatin1String exportName; ///< in exported favourites; empty for kinds without favourites
+    QLatin1String definition; ///< root element of a generated definition
+    bool hasDefinitionList;   ///< its folder contains a list of its definitions
 
-    /// The name in small letters, as manifests and command lines give it.
+    /// Returns the name in lower case, as used in manifests and on command lines.
     QString word() const { return QString(name).toLower(); }
 };
 
-/// The kinds of catalogue items, one row each: adding a kind begins here. Constant; any thread.
+/// The kinds of catalogue items, one row each: to add a kind, start here. Constant; any thread.
 class MVRESOURCE_EXPORT KindTable
 {
 public:
@@ -48,6 +48,6 @@ public:
     static const Rows& all();
     /// Returns the row of a kind; null for eCfgItem_Resource and other values outside the table.
     static const SKindInfo* find(ECfgItemType type);
-    /// Returns the row of a kind that is known to be in the table.
+    /// Returns the row of a kind that must be in the table.
     static const SKindInfo& of(ECfgItemType type);
 };

@@ -2,7 +2,7 @@
 
 #include <QtGlobal>
 
-/// Marks what callers of the library mvresource may use; everything else is hidden.
+/// Exports the public symbols of the library mvresource; all others are hidden.
 #if defined(MVRESOURCE_LIBRARY)
 #define MVRESOURCE_EXPORT Q_DECL_EXPORT
 #else

@@ -14,7 +14,7 @@ SCfg_Item::SCfg_Item(const SCfg_Item& other)
     , m_bIsText(other.m_bIsText)
     , m_nThemeType(other.m_nThemeType)
 {
-    // Sharing the vector would make its next writer, perhaps a download thread, move the records.
+    // With a shared vector, the next writer, perhaps a download thread, would move the records.
     m_vecResource.reserve(other.m_vecResource.size());
     for (const SFileInfo& resource : other.m_vecResource)
         m_vecResource.append(resource);

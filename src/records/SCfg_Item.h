@@ -13,14 +13,14 @@ struct SThemes_a;
 
 /// One item of the catalogue: a video filter, transition, motion, theme or background material.
 ///
-/// The catalogue owns its items; everybody else holds plain pointers into its vectors, which are
-/// invalid after MVThemeMgr::load(true) and MVThemeMgr::clear(). Apart from the file records (see
-/// SFileInfo) and m_pThemes_a, the fields are written by the loading thread only.
+/// The catalogue owns its items; all other code holds plain pointers into its vectors, which become
+/// invalid in MVThemeMgr::load(true) and MVThemeMgr::clear(). Apart from the file records (see
+/// SFileInfo) and m_pThemes_a, only the loading thread writes the fields.
 struct MVRESOURCE_EXPORT SCfg_Item
 {
     SCfg_Item() = default;
     /// Copies every field; the copy shares the parsed theme config and the mutexes with its source.
-    /// The resource records get storage of their own, so pointers into either vector stay valid.
+    /// The resource records get their own storage, so pointers into either vector stay valid.
     SCfg_Item(const SCfg_Item& other);
     SCfg_Item& operator=(const SCfg_Item& other);
     SCfg_Item(SCfg_Item&& other) noexcept = default;
@@ -28,7 +28,7 @@ struct MVRESOURCE_EXPORT SCfg_Item
     ~SCfg_Item() = default;
 
     ECfgItemType m_eType = eCfgItem_Filter;
-    /// Identity: the GUID in braces as the catalogue writes it. Compared exactly, case included.
+    /// Identity: the GUID in braces as written in the catalogue. Compared exactly, including case.
     QString m_qsGUID;
     QString m_qsName;                 ///< display name
     SFileInfo m_info_Thumb;           ///< thumbnail image
@@ -38,9 +38,9 @@ struct MVRESOURCE_EXPORT SCfg_Item
     bool m_bCollected = false;        ///< the user has marked the item as a favourite
     bool m_bIsText = false;           ///< a text item
     /// Parsed config of a theme, not owned; null for other kinds and until parsed. Guarded by the
-    /// mutex of m_info_CfgXML: a download thread sets it while others look.
+    /// mutex of m_info_CfgXML: a download thread sets it while others read it.
     SThemes_a* m_pThemes_a = nullptr;
-    /// m_pThemes_a, read under that mutex.
+    /// Returns m_pThemes_a, read under that mutex.
     const SThemes_a* parsedTheme() const;
     /// Sets m_pThemes_a under that mutex.
     void setParsedTheme(SThemes_a* theme);

@@ -12,11 +12,11 @@ class QDebug;
 
 /// One file that a catalogue item needs, with the state of its download.
 ///
-/// Every record is created with a mutex, and copies share it. The mutex guards all fields of the
-/// record once more than one thread can reach it: the resolvers of MVThemeMgr, the download threads
-/// and copying take it, so whoever reads or writes a field besides them takes it too
-/// (`QMutexLocker lock(info.m_pMutex.get())`). A record without a mutex (null) is not locked: it
-/// must stay on one thread. The record must not be copied while its mutex is held by the copier.
+/// Every record is created with a mutex, which its copies share. The mutex guards all fields once
+/// more than one thread can reach the record: the resolvers of MVThemeMgr, the download threads and
+/// copying lock it, so any other code that reads or writes a field must lock it, too (`QMutexLocker
+/// lock(info.m_pMutex.get())`). A record without a mutex (null) is not locked and must stay on one
+/// thread. A thread must not copy a record while holding its mutex.
 struct MVRESOURCE_EXPORT SFileInfo
 {
     SFileInfo();
@@ -32,16 +32,16 @@ struct MVRESOURCE_EXPORT SFileInfo
     /// True: the display half (thumbnail, GIF), addressed by MVThemeMgr::downLoadUrl_Thumb.
     /// False: the config half, addressed by MVThemeMgr::downLoadUrl.
     bool m_bThumbDir = false;
-    /// Name of the file as the catalogue gives it; relative to the server root.
+    /// Name of the file as given in the catalogue; relative to the server root.
     QString m_qsUrl;
-    /// Absolute local path where the file is or will be; empty until resolved, and when there is
-    /// nothing to fetch.
+    /// Absolute local path of the file, present or future; empty until resolved, and if nothing is
+    /// to be fetched.
     QString m_qsFile;
-    /// A download thread has taken this file and has not finished it.
+    /// A download thread has taken this file and has not released it.
     bool m_bDownloaded = false;
     /// Bytes received by the download in progress.
     qint64 m_nReceived = 0;
-    /// Bytes that the download in progress will bring; 0 while that is not known.
+    /// Total bytes of the download in progress; 0 while unknown.
     qint64 m_nTotal = 0;
     /// Guards the fields above; not recursive. Shared with all copies.
     std::shared_ptr<QMutex> m_pMutex;

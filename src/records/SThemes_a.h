@@ -14,10 +14,10 @@
 class QDebug;
 struct SCfg_Item;
 
-/// The parsed config file of one theme: what each of its elements is made of.
+/// The parsed config file of one theme: the items that make up each of its elements.
 ///
-/// Read by MVThemeMgr::read_resource_config_Themes_a and never changed afterwards, so every thread
-/// may read it. The catalogue owns it; it is gone after the next load(true) or clear().
+/// Created by MVThemeMgr::read_resource_config_Themes_a and immutable afterwards, so every thread
+/// may read it. The catalogue owns it and deletes it in the next load(true) or clear().
 struct MVRESOURCE_EXPORT SThemes_a
 {
     /// One dependency slot.
@@ -25,7 +25,7 @@ struct MVRESOURCE_EXPORT SThemes_a
     {
         /// GUID of the catalogue item used; empty when the slot is absent.
         QString m_qsGUID;
-        /// That item in the config catalogue, which owns it; null when absent or not found.
+        /// That item in the config catalogue, which owns it; null if absent or not found.
         SCfg_Item* m_pItem = nullptr;
         /// All attributes of the slot's "GUID" element, for the editor that applies the theme.
         QMap<QString, QString> m_mapAttr;
@@ -40,8 +40,8 @@ struct MVRESOURCE_EXPORT SThemes_a
     SDependArray m_aEnd;   ///< closing element; only the text slot is filled
     SDependArray m_aMask;  ///< mask; only the filter slot is filled
 
-    /// Calls `visit` for every slot that can be filled, in the order of the elements, then of
-    /// opening, end and mask. Stops at the first call that returns false, and returns that.
+    /// Calls `visit` for every slot that can be filled, in the order of the elements, then opening,
+    /// end and mask. Stops at the first call that returns false, and returns that.
     bool forEachDependency(const std::function<bool(const SDependInfo&)>& visit) const;
 };
 

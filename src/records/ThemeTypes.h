@@ -21,9 +21,9 @@ public:
 
     ThemeTypes() = delete;
 
-    /// Returns the types in the order in which catalogues list their groups; others() is the last.
+    /// Returns the types in the order of the catalogues' groups; others() is the last.
     static const Types& all();
-    /// Returns the type that any unknown name or code counts as.
+    /// Returns the type for unknown names and codes.
     static const Type& others() { return all().back(); }
     /// Returns the code of a name, compared exactly.
     static int code(const QString& name);

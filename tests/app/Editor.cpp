@@ -33,7 +33,7 @@ QProcessEnvironment Editor::environment(const EditorWorld& world)
     variables.insert(QStringLiteral("HOME"), home);
     variables.insert(QStringLiteral("XDG_CONFIG_HOME"), home + QStringLiteral("/.config"));
     variables.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtime);
-    // None: otherwise a bus would be started for the display, and outlive the test.
+    // Without this a session bus would be started for the display and outlive the test.
     variables.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"),
                      QStringLiteral("unix:path=") + runtime + QStringLiteral("/bus"));
     variables.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
@@ -68,7 +68,7 @@ Outcome Editor::outcome()
 
 void Editor::startWithoutReader(const QString& script)
 {
-    // The status is the editor's; a pipe's would be that of its last program.
+    // Report the editor's exit status; a shell pipeline's would be that of its last program.
     const QString pipe =
         QStringLiteral("{ \"$0\" \"$@\"; echo $? >\"$STATUS\"; } 2>&1 | head -n 1 >/dev/null; "
                        "exit \"$(cat \"$STATUS\")\"");

@@ -10,29 +10,29 @@
 class EditorWorld;
 class RealInput;
 
-/// The editor as a process of its own, on a virtual display and driven by a script.
+/// The editor as a separate process on a virtual display, driven by a script.
 class Editor
 {
 public:
     explicit Editor(const EditorWorld& world);
 
-    /// That of a user's session with a home of its own, on the virtual display.
+    /// Returns the environment of a user session with its own home, on the virtual display.
     static QProcessEnvironment environment(const EditorWorld& world);
     void setVariable(const QString& name, const QString& value);
-    /// Runs a script to its end. The pace of downloads is that of tests.
+    /// Runs a script to its end, with downloads paced for tests.
     Outcome run(const QString& script, bool online = true);
-    /// Runs with these options and no script.
+    /// Runs the editor with these options and no script.
     Outcome runBare(const QStringList& options);
     /// Starts a script; outcome() waits for its end.
     void start(const QString& script, bool online = true);
     Outcome outcome();
-    /// Starts a script; whoever reads the output ends after the first line of it.
+    /// Starts a script with its output piped to a reader that quits after the first line.
     void startWithoutReader(const QString& script);
-    /// Starts it with these options and no script, for `input()`.
+    /// Starts the editor with these options and no script, to be driven by `input()`.
     void startBare(const QStringList& options);
-    /// Mouse and keyboard of its display.
+    /// Returns the mouse and keyboard of the editor's display.
     static RealInput& input();
-    /// Ends it as a crash would.
+    /// Kills the editor, as a crash would.
     void kill();
 
 private:
@@ -43,7 +43,7 @@ private:
     QProcessEnvironment m_environment;
 };
 
-/// Fails the test with all that the editor printed, unless it ended well.
+/// Fails the test with everything the editor printed, unless it exited successfully.
 #define VERIFY_ENDED_WELL(editorRun)                                                               \
     do {                                                                                           \
         const Outcome& ended = (editorRun);                                                        \

@@ -11,44 +11,45 @@
 #include <functional>
 #include <mutex>
 
-/// A server, an installation, a download root and a home for the editor, new for every test.
+/// A server, an installation, a download root and a home for the editor, recreated for every test.
 ///
-/// A theme is known by its name alone. Each uses the filter "Sepia" and has a thumbnail, an
-/// animated preview, a config file and one resource.
+/// Themes are identified by name. Each uses the filter "Sepia" and has a thumbnail, an animated
+/// preview, a config file and one resource.
 class EditorWorld
 {
 public:
-    /// Called for every request, with its number from 1; true: it has answered.
+    /// Called for every request with its number, starting at 1; returns true if it has answered.
     using Fault = std::function<bool(HttpExchange&, int number)>;
 
     EditorWorld();
     ~EditorWorld();
     Q_DISABLE_COPY_MOVE(EditorWorld)
 
-    /// What the server publishes: these themes, the filter and a background.
+    /// Sets what the server publishes: these themes, the filter and a background.
     void publish(const QStringList& themes);
-    /// Publishes a server's tree.
+    /// Publishes an existing server tree.
     void publishTree(const QString& folder);
-    /// What is installed: the catalogue of these themes, with their previews, but not the files
-    /// that applying one needs.
+    /// Installs the catalogue of these themes with their previews, but without the files needed to
+    /// apply them.
     void install(const QStringList& themes) const;
-    /// The files of the download tree, as if these themes had been published, checked and fetched.
+    /// Fills the download tree as if these themes had been published, checked and fetched.
     void fillRoot(const QStringList& themes);
-    /// Takes previews out of the download tree.
+    /// Deletes previews from the download tree.
     void removePreviews(const QStringList& themes) const;
     void setFault(const Fault& fault);
 
     FaultServer& server() { return m_server; }
     QString folder() const { return m_folder.path(); }
     QString root() const { return folder() + QStringLiteral("/root"); }
-    /// Folder of the editor's favourites.
+    /// Returns the folder that holds the editor's favourites.
     QString data() const { return folder() + QStringLiteral("/data"); }
     QString preferencesFile() const;
-    /// The file that applying a theme needs, below root().
+    /// Returns the path, below root(), of the file needed to apply a theme.
     QString themeFile(const QString& theme) const;
     static QString themeGuid(const QString& theme);
 
-    /// Options that let the editor work here. Without a server's address it is refused.
+    /// Returns the options for running the editor here; when offline, the server refuses
+    /// connections.
     QStringList arguments(bool online = true) const;
     void writeSettings(int stallTimeoutMs = 10000) const;
 

@@ -10,7 +10,7 @@ constexpr int longestMs = 20000;
 
 VirtualDisplay::VirtualDisplay(const QSize& size)
 {
-    // It finds a free number itself and writes it when clients may come.
+    // The server picks a free display number and prints it once it accepts clients.
     m_server.setStandardErrorFile(QProcess::nullDevice());
     m_server.start(QStringLiteral("Xvfb"),
                    {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),

@@ -4,7 +4,7 @@
 #include <QSize>
 #include <QString>
 
-/// An X display without a screen, for the life of this object.
+/// A headless X display that runs for the lifetime of this object.
 class VirtualDisplay
 {
 public:
@@ -12,7 +12,7 @@ public:
     ~VirtualDisplay();
     Q_DISABLE_COPY_MOVE(VirtualDisplay)
 
-    /// ":7"; empty if it could not be started.
+    /// Returns the display name, such as ":7"; empty if the server could not be started.
     QString name() const { return m_name; }
 
 private:

@@ -30,9 +30,9 @@
 
 namespace {
 
-constexpr int quicklyPacked = 80; // 100 is not at all
+constexpr int quicklyPacked = 80; // 100 disables compression
 
-/// The outcomes of a check, at their longest.
+/// Returns the check outcomes in their longest form.
 QStringList statusTexts()
 {
     const auto text = [](const char* source) {
@@ -62,7 +62,8 @@ QStringList statusTexts()
     return texts;
 }
 
-/// The titles of the tree's sections, which are bold, where the facts beside them leave less room.
+/// Returns the bold section titles that the tree cuts off because the facts beside them need the
+/// room.
 QStringList cutOffTitles(const QTreeWidget& tree)
 {
     QStringList texts;
@@ -200,13 +201,13 @@ void WindowTexts::verifyFonts() const
 void WindowTexts::verifyRoom(const char* state)
 {
     if (QTest::currentTestFailed())
-        return; // what is cut off once is cut off in the next states, too
+        return; // a text cut off in one state is also cut off in the next ones
     const auto cutOff = [this] {
         const QStringList texts = cutOffTexts(*m_window, QStringLiteral("lblName"))
             + cutOffTitles(*part<QTreeWidget>("appliedFiles"));
         return texts.join(QStringLiteral(" | "));
     };
-    QTRY_COMPARE_WITH_TIMEOUT(cutOff(), QString(), 1000); // laid out step by step
+    QTRY_COMPARE_WITH_TIMEOUT(cutOff(), QString(), 1000); // layout takes several event loop passes
     verifyFonts();
     const QSize least = m_window->minimumSizeHint();
     QVERIFY2(least.width() <= m_firstSize.width() && least.height() <= m_firstSize.height(),

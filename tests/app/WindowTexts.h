@@ -10,15 +10,15 @@ class MainWindow;
 class Preferences;
 class SampleWorld;
 
-/// The window in every language, made in it or changed to it, with letters of the usual size and
-/// larger: no text is cut off, and the window needs no more than its first size. Keeps pictures of
-/// that in the folder MV_SCREENSHOTS. The scale factor is that of the process.
+/// Verifies that the window cuts off no text and fits its initial size, in every language, whether
+/// created in that language or switched to it, at the usual and at larger font sizes. Saves
+/// pictures to the folder MV_SCREENSHOTS. The process determines the scale factor.
 class WindowTexts : public QObject
 {
     Q_OBJECT
 
 public:
-    /// `scale` ends the pictures' names.
+    /// `scale` is appended to the pictures' names.
     explicit WindowTexts(const QString& scale);
     ~WindowTexts() override;
 
@@ -36,11 +36,11 @@ private:
     template <class Part>
     Part* part(const char* name) const;
     void verifyFonts() const;
-    /// A picture is named after the state; null takes none.
+    /// Verifies the current state and saves a picture named after it; null saves none.
     void verifyRoom(const char* state);
 
     QString m_scale;
-    QString m_pictures; // language to take pictures of; empty: none
+    QString m_pictures; // language to save pictures of; empty: none
     QSize m_firstSize;
     std::unique_ptr<SampleWorld> m_world;
     std::unique_ptr<Preferences> m_preferences;

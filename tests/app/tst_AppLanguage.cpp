@@ -7,7 +7,7 @@
 #include <QLibraryInfo>
 #include <QPushButton>
 
-/// The language of what Qt itself writes, as on the buttons of dialogs.
+/// Tests the language of Qt's own texts, such as dialog buttons.
 class tst_AppLanguage : public QObject
 {
     Q_OBJECT
@@ -38,7 +38,7 @@ void tst_AppLanguage::buttonsSpeakIt_data()
     row("fr", "Annuler");
     row("ja", "キャンセル");
     row("zh_CN", "取消");
-    QCOMPARE(BrowserLanguage::languages().size(), 6); // and English
+    QCOMPARE(BrowserLanguage::languages().size(), 6); // five translations and English
 }
 
 void tst_AppLanguage::buttonsSpeakIt()

@@ -4,7 +4,7 @@
 using Files = CatalogueFiles;
 using Mgr = MVThemeMgr;
 
-/// The details of an item: its kind, the items it uses, its files.
+/// Tests the details of an item: its kind, the items it uses, its files.
 class tst_ItemFacts : public QObject
 {
     Q_OBJECT
@@ -51,8 +51,8 @@ QByteArray slot(const char* name, int number)
 
 } // namespace
 
-/// The theme 1 of the group "travel" with a thumbnail and an animation, its config not on disk, and
-/// what it may use: the filters 2 "Sepia" and 5, which is not shown, the transition 3, the
+/// Provides theme 1 of the group "travel" with a thumbnail and an animation but no config on disk,
+/// and the items it may use: filter 2 "Sepia", filter 5, which is not shown, transition 3 and
 /// motion 4.
 void tst_ItemFacts::init()
 {
@@ -94,7 +94,7 @@ void tst_ItemFacts::writeFile(const char* half, const char* kind, const char* na
                  QByteArray(size, 'x'));
 }
 
-/// Uses every item, some several times.
+/// Writes a config that uses every item, some of them several times.
 void tst_ItemFacts::writeThemeConfig() const
 {
     Files::write(m_fixture.downloaded("config", "Themes", QStringLiteral("1.xml")),
@@ -210,7 +210,7 @@ void tst_ItemFacts::aFileIsListedOnce()
     QCOMPARE(namesOf(facts).count(QStringLiteral("b.zip")), 1);
 }
 
-/// Paths of the installed tree have two slashes where the name of the config half would be.
+/// Paths in the installed tree have two slashes where the config folder's name would be.
 void tst_ItemFacts::pathsAreClean()
 {
     const QString installed = m_fixture.installedFile("config", "Themes", QStringLiteral("a.zip"));
@@ -243,7 +243,7 @@ void tst_ItemFacts::previewsCountOnlyOnDisk()
         QCOMPARE(facts.animation(), animation);
     }
     QVERIFY(QFile::remove(thumbnail) && QFile::remove(animation));
-    QVERIFY(QDir().mkpath(animation)); // a folder is no preview either
+    QVERIFY(QDir().mkpath(animation)); // nor does a folder count as a preview
     const ItemFacts facts(theme());
     QCOMPARE(facts.thumbnail(), QString());
     QCOMPARE(facts.animation(), QString());
@@ -260,7 +260,7 @@ void tst_ItemFacts::anItemWithoutAGuidHasNoFiles()
     QCOMPARE(facts.thumbnail(), QString());
 }
 
-/// In the order of the theme's config, each once; names are those of the display catalogue.
+/// Expects each used item once, in the order of the theme's config, under its display name.
 void tst_ItemFacts::usedItems()
 {
     writeThemeConfig();
@@ -280,7 +280,7 @@ void tst_ItemFacts::filesOfUsedItemsFollow()
              (QStringList{QStringLiteral("2.zip"), QStringLiteral("3.zip"), QStringLiteral("4.zip"),
                           QStringLiteral("5.zip")}));
     QCOMPARE(facts.files().at(7).size, qint64{7000});
-    QVERIFY(facts.totalSize() > 7210); // with the config
+    QVERIFY(facts.totalSize() > 7210); // the config included
 }
 
 void tst_ItemFacts::withoutThemesNothingIsUsed()

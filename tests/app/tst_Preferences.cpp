@@ -12,14 +12,14 @@
 
 namespace {
 
-/// A path that nothing has, in a folder that is not there yet.
+/// Returns an unused path in a folder that does not exist yet.
 QString freshPath()
 {
     static int number = 0;
     return TestHome::path() + QStringLiteral("/preferences%1/file.json").arg(++number);
 }
 
-/// Every value as text, to compare two states.
+/// Returns every value as text, to compare two states.
 QStringList everything(const Preferences& preferences)
 {
     QStringList result{QString::number(preferences.tab()),
@@ -42,7 +42,7 @@ QStringList defaults()
 
 } // namespace
 
-/// What the editor remembers, and what it makes of a file that somebody or something has damaged.
+/// Tests the editor's preferences, including recovery from damaged files.
 class tst_Preferences : public QObject
 {
     Q_OBJECT
@@ -56,8 +56,8 @@ private slots:
     void aFileThatIsKeptAsideReplacesNone();
     void senselessValuesReadAsDefaults_data();
     void senselessValuesReadAsDefaults();
-    void whatIsNotAFileStaysAsItIs_data();
-    void whatIsNotAFileStaysAsItIs();
+    void anythingButAFileIsLeftAlone_data();
+    void anythingButAFileIsLeftAlone();
 };
 
 void tst_Preferences::valuesStay()
@@ -196,14 +196,14 @@ void tst_Preferences::senselessValuesReadAsDefaults()
     QCOMPARE(CatalogueFiles::read(path), content);
 }
 
-void tst_Preferences::whatIsNotAFileStaysAsItIs_data()
+void tst_Preferences::anythingButAFileIsLeftAlone_data()
 {
     QTest::addColumn<bool>("isFolder");
     QTest::newRow("folder") << true;
     QTest::newRow("pipe") << false;
 }
 
-void tst_Preferences::whatIsNotAFileStaysAsItIs()
+void tst_Preferences::anythingButAFileIsLeftAlone()
 {
     QFETCH(bool, isFolder);
     const QString path = freshPath();

@@ -5,7 +5,7 @@
 #include <QImage>
 #include <QTemporaryDir>
 
-/// The large picture: what it shows of which file.
+/// Tests which files the large preview shows, and how.
 class tst_PreviewPane : public QObject
 {
     Q_OBJECT
@@ -13,7 +13,7 @@ class tst_PreviewPane : public QObject
 private slots:
     void init();
     void showsTheThumbnailUntilItPlays();
-    void withoutAThumbnailTheFirstFrameStands();
+    void withoutAThumbnailTheFirstFrameIsShown();
     void anItemWithoutFilesShowsNothing();
     void hugeAnimationsCountAsNone_data();
     void hugeAnimationsCountAsNone();
@@ -36,7 +36,7 @@ QByteArray number(int value)
     return QByteArray(1, char(value & 0xff)) + QByteArray(1, char(value >> 8));
 }
 
-/// A GIF with one frame of one colour, whose pixels need not be all there.
+/// Returns a GIF with one frame of a single colour, whose pixel data may be truncated.
 QByteArray gif(const QColor& color, const QSize& canvas, const QSize& frame)
 {
     const QByteArray colors = QByteArray(1, char(color.red())) + char(color.green())
@@ -90,7 +90,7 @@ void tst_PreviewPane::showsTheThumbnailUntilItPlays()
     QTRY_COMPARE(middle(), QColor(Qt::red));
 }
 
-void tst_PreviewPane::withoutAThumbnailTheFirstFrameStands()
+void tst_PreviewPane::withoutAThumbnailTheFirstFrameIsShown()
 {
     m_pane->show(QString(), animation(Qt::red), true);
     QTRY_COMPARE(middle(), QColor(Qt::red));

@@ -9,7 +9,7 @@
 #include <atomic>
 #include <memory>
 
-/// What the user decides about downloads: which item is applied in the end, and cancelling.
+/// Tests the user's choices about downloads: which item ends up applied, and cancelling.
 class tst_editor_choices : public QObject
 {
     Q_OBJECT
@@ -29,7 +29,7 @@ namespace {
 const QString alpha = QStringLiteral("Alpha");
 const QString beta = QStringLiteral("Beta");
 
-/// Lets the file of a theme come only when another file, which a script touches, is there.
+/// Holds back a theme's file until a script has created another file.
 EditorWorld::Fault holding(const QByteArray& target, const QString& until)
 {
     return [target, until](HttpExchange& exchange, int) {
@@ -119,7 +119,7 @@ void tst_editor_choices::lateDownloadLeavesTheChoice()
                                             .arg(goOn)));
 }
 
-/// The list is filled again while the download runs.
+/// The list is refilled while the download runs.
 void tst_editor_choices::lateDownloadLeavesTheChoiceOverAReload()
 {
     EditorWorld world;
@@ -170,8 +170,8 @@ void tst_editor_choices::onlyTheLeftButtonActs()
     )")));
 }
 
-/// A second editor on the same root, or a copy, has brought the theme's own files: what the theme
-/// uses is still missing.
+/// A second editor on the same root, or a copy, has brought the theme's own files; the items that
+/// the theme uses are still missing.
 void tst_editor_choices::configThatCameByOtherMeans()
 {
     EditorWorld fetched;

@@ -6,7 +6,7 @@
 #include <QDir>
 #include <QFile>
 
-/// The demonstration, which serves the samples itself, and an installation named by an option.
+/// Tests the demonstration, which serves the samples itself, and an installation set by an option.
 class tst_editor_demo : public QObject
 {
     Q_OBJECT
@@ -34,7 +34,7 @@ void tst_editor_demo::showsTheSamplesAndLeavesNothing()
     QVERIFY(QDir().mkpath(temporary));
     Editor editor(world);
     editor.setVariable(QStringLiteral("TMPDIR"), temporary);
-    // A favourite is what the catalogue saves last.
+    // The catalogue saves favourites last, when the process exits.
     VERIFY_ENDED_WELL(editor.runBare({QStringLiteral("--demo"), QStringLiteral("--script"),
                                       scriptFile(world,
                                                  "pace 1\n"

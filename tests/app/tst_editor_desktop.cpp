@@ -8,7 +8,7 @@
 #include <QFile>
 #include <QPoint>
 
-/// What the window opens with the programs of the user's desktop, when no script drives it.
+/// Tests what the window opens in other desktop programs when no script drives it.
 class tst_editor_desktop : public QObject
 {
     Q_OBJECT
@@ -20,10 +20,10 @@ private slots:
 
 namespace {
 
-/// Where an empty list has "More>>", in a window at the corner of the display.
+/// Position of "More>>" in an empty list, with the window in the corner of the display.
 constexpr QPoint more(95, 158);
 
-/// A desktop that writes down what it is to open, and with which scale.
+/// Installs a desktop handler that records what it is asked to open, and at which scale.
 QString installDesktop(const EditorWorld& world)
 {
     QString folder = world.folder() + QStringLiteral("/bin");
@@ -70,7 +70,7 @@ void tst_editor_desktop::moreOpensItsAddress()
     editor.startBare(world.arguments(false));
     const auto isOpened = [&] {
         Editor::input().moveTo((QPointF(more) * scale).toPoint());
-        Editor::input().click(); // in vain until the window is there
+        Editor::input().click(); // has no effect until the window is shown
         return QFile::exists(opened);
     };
     QTRY_VERIFY_WITH_TIMEOUT(isOpened(), 20000);

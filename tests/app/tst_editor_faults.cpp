@@ -5,7 +5,7 @@
 
 #include <QFile>
 
-/// A server that fails once, at each of its requests in turn.
+/// Tests a server that fails once, at each of its requests in turn.
 class tst_editor_faults : public QObject
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ namespace {
 
 const QString theme = QStringLiteral("Alpha");
 
-/// Lets one request fail, by a status or by a broken connection.
+/// Makes one request fail, with an error status or a dropped connection.
 EditorWorld::Fault failing(int request)
 {
     return [request](HttpExchange& exchange, int number) {
@@ -108,7 +108,7 @@ void tst_editor_faults::aFailedDownloadIsTriedAgain()
 
 namespace {
 
-/// Lets the first request for a file fail.
+/// Makes the first request for a file fail.
 EditorWorld::Fault failingOnce(const QByteArray& target)
 {
     auto failed = std::make_shared<std::atomic<bool>>(false);
@@ -144,7 +144,7 @@ void tst_editor_faults::tryingAgainFindsWhatAFilterHides()
     )")));
 }
 
-/// Both lists of filters have a cell for it.
+/// The item has a cell in both filter lists.
 void tst_editor_faults::tryingAgainStaysInTheListThatIsShown()
 {
     EditorWorld world;

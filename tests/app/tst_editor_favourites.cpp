@@ -5,7 +5,7 @@
 
 #include <QFile>
 
-/// Favourites: by key and by button, over a restart, and from one computer to another.
+/// Tests favourites: set by key and by button, kept over restarts, moved between computers.
 class tst_editor_favourites : public QObject
 {
     Q_OBJECT
@@ -15,7 +15,7 @@ private slots:
     void surviveAKill();
     void aRemovedFavouriteLeavesTheirList();
     void travelInAFile();
-    void whatTheCatalogueLacksTravelsToo();
+    void unknownFavouritesAreExportedToo();
     void wrongFilesAreRefused_data();
     void wrongFilesAreRefused();
 };
@@ -24,7 +24,7 @@ namespace {
 
 const QStringList themes{QStringLiteral("Alpha"), QStringLiteral("Beta")};
 
-/// Names a file in the dialog that a menu entry opens.
+/// Returns the script steps that choose a file in the dialog opened by a menu entry.
 QString chosen(const char* entry, const QString& file)
 {
     return QStringLiteral("click action file\n"
@@ -129,8 +129,8 @@ void tst_editor_favourites::travelInAFile()
                                      false));
 }
 
-/// Favourites of a catalogue that another computer does not have yet are passed on by it.
-void tst_editor_favourites::whatTheCatalogueLacksTravelsToo()
+/// An export passes on favourites that this computer's catalogue lacks.
+void tst_editor_favourites::unknownFavouritesAreExportedToo()
 {
     const QByteArray other = "{ABCDEF01-2345-4678-9ABC-DEF012345678}";
     EditorWorld world;

@@ -2,7 +2,7 @@
 #include "EditorWorld.h"
 #include "support/TestMain.h"
 
-/// Everything by keyboard alone, and what a screen reader is told.
+/// Tests keyboard-only operation and what screen readers are told.
 class tst_editor_keyboard : public QObject
 {
     Q_OBJECT

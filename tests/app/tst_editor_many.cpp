@@ -2,7 +2,7 @@
 #include "EditorWorld.h"
 #include "support/TestMain.h"
 
-/// Five hundred themes.
+/// Tests the window with five hundred themes.
 class tst_editor_many : public QObject
 {
     Q_OBJECT

@@ -14,7 +14,7 @@ namespace {
 
 const QByteArray serialized = "[view]\nskin=@Variant(\\0\\0\\0\\v\\x7f\\xff\\xff\\xf0)\n";
 
-/// A window's place as Qt stores it.
+/// Returns a window geometry in Qt's storage format.
 QByteArray storedGeometry(const QRect& place)
 {
     constexpr quint32 magic = 0x1D9D0CB;
@@ -29,27 +29,27 @@ QByteArray storedGeometry(const QRect& place)
 
 } // namespace
 
-/// A preferences file that makes no sense keeps nobody from starting the editor.
+/// Tests that an invalid preferences file does not keep the editor from starting.
 class tst_editor_preferences : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void aDamagedFileIsKeptAsideAndTold_data();
-    void aDamagedFileIsKeptAsideAndTold();
+    void aDamagedFileIsKeptAsideAndReported_data();
+    void aDamagedFileIsKeptAsideAndReported();
     void senselessValuesDoNoHarm_data();
     void senselessValuesDoNoHarm();
     void theSplitterStays();
 };
 
-void tst_editor_preferences::aDamagedFileIsKeptAsideAndTold_data()
+void tst_editor_preferences::aDamagedFileIsKeptAsideAndReported_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::newRow("serialized value") << serialized;
     QTest::newRow("cut") << QByteArray("{\"skin\": \"Eleg");
 }
 
-void tst_editor_preferences::aDamagedFileIsKeptAsideAndTold()
+void tst_editor_preferences::aDamagedFileIsKeptAsideAndReported()
 {
     QFETCH(QByteArray, content);
     const EditorWorld world;

@@ -4,7 +4,7 @@
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
 
-/// From a publisher's first command to the user's window.
+/// Tests the whole way from a publisher's first command to the user's window.
 class tst_editor_published : public QObject
 {
     Q_OBJECT

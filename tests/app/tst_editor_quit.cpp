@@ -9,7 +9,7 @@
 
 #include <functional>
 
-/// Quitting asks nothing, cancels what goes on, and is over within two seconds.
+/// Tests that quitting asks nothing, cancels running work and takes at most two seconds.
 class tst_editor_quit : public QObject
 {
     Q_OBJECT
@@ -28,7 +28,7 @@ private:
 namespace {
 
 #ifdef __SANITIZE_ADDRESS__
-constexpr int longestMs = 8000; // the leak check takes its time
+constexpr int longestMs = 8000; // the leak check takes time
 #else
 constexpr int longestMs = 2000;
 #endif
@@ -51,7 +51,7 @@ void tst_editor_quit::whileATransferStalls_data()
                                                                 "wait downloading Beta\n"
                                                                 "press Ctrl+F\n"
                                                                 "type alpha\n"
-                                                                // Qt's clear button fades in.
+                                                                // Qt fades in its clear button.
                                                                 "hover away\n"
                                                                 "hover cell Alpha\n"
                                                                 "wait shown 1\n");
@@ -81,7 +81,7 @@ void tst_editor_quit::whileATransferStalls()
     QVERIFY(!QFile::exists(world.themeFile(QStringLiteral("Beta"))));
 }
 
-/// Quits after the script `before` has run and the server has been reached.
+/// Runs the script `before`, waits for a request to the server, quits and measures the time.
 void tst_editor_quit::quitIsShort(EditorWorld& world, const QString& before,
                                   const std::function<bool()>& reached)
 {
@@ -117,7 +117,7 @@ void tst_editor_quit::whileManyPreviewsStall()
                 [stalled] { return stalled->load(); });
 }
 
-/// The first has failed, so that previews are fetched at the same time.
+/// The first file has failed, so previews are fetched at the same time.
 void tst_editor_quit::whileTheSecondCatalogueFileStalls()
 {
     EditorWorld world;

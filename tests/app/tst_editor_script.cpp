@@ -6,7 +6,7 @@
 #include <QFile>
 #include <QUuid>
 
-/// Scripts at their edges: without steps, without a folder for pictures.
+/// Tests edge cases of scripts: no steps, no folder for pictures.
 class tst_editor_script : public QObject
 {
     Q_OBJECT
@@ -44,7 +44,7 @@ void tst_editor_script::withoutAFolderThereAreNoPictures()
     const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces);
     VERIFY_ENDED_WELL(run(EditorWorld(), "wait phase idle\nscreenshot " + name.toLatin1() + '\n'));
     const QString inTheRoot = QStringLiteral("/%1.png").arg(name);
-    const bool written = QFile::remove(inTheRoot); // which only root can
+    const bool written = QFile::remove(inTheRoot); // only root can write there
     QVERIFY(!written);
 }
 

@@ -6,7 +6,7 @@
 
 #include <QFile>
 
-/// How the editor comes up: with an empty download root, without a server, with nothing at all.
+/// Tests how the editor starts: with an empty download root, without a server, with no data at all.
 class tst_editor_start : public QObject
 {
     Q_OBJECT
@@ -17,7 +17,7 @@ private slots:
     void offlineWorksWithWhatIsThere();
     void offlineSaysWhyADownloadFails();
     void emptyEverywhere();
-    void newerServerIsTold();
+    void newerServerIsReported();
     void wrongArguments_data();
     void wrongArguments();
     void onePictureWithoutAScript();
@@ -117,7 +117,7 @@ void tst_editor_start::emptyEverywhere()
                                         false));
 }
 
-void tst_editor_start::newerServerIsTold()
+void tst_editor_start::newerServerIsReported()
 {
     EditorWorld world;
     world.setFault([](HttpExchange& exchange, int) {

@@ -6,14 +6,14 @@
 
 #include <functional>
 
-/// A new catalogue that arrives while the editor is used.
+/// Tests a new catalogue that arrives while the editor is in use.
 class tst_editor_update : public QObject
 {
     Q_OBJECT
 
 private slots:
     void aDownloadGoesOnOverTheReload();
-    void whatTheUserSeesIsKept();
+    void viewOfTheUserIsKept();
     void aPressedCheckFindsWhatIsNew();
     void aHiddenListKeepsItsPlace();
     void theOutcomeIsShownWhilePreviewsCome();
@@ -32,7 +32,7 @@ QStringList manyThemes(int count)
     return themes;
 }
 
-/// Holds an answer back until something is the case.
+/// Holds an answer back until a condition is met.
 void waitUntil(HttpExchange& exchange, const std::function<bool()>& isCase)
 {
     constexpr int mostTurns = 2000;
@@ -40,7 +40,7 @@ void waitUntil(HttpExchange& exchange, const std::function<bool()>& isCase)
         exchange.pause(std::chrono::milliseconds(10));
 }
 
-/// The same until the script has made a file.
+/// Holds an answer back until the script has created a file.
 void waitFor(HttpExchange& exchange, const QString& file)
 {
     waitUntil(exchange, [&] { return QFile::exists(file); });
@@ -81,7 +81,7 @@ void tst_editor_update::aDownloadGoesOnOverTheReload()
              QByteArray("PK\x03\x04 archive of Alpha"));
 }
 
-void tst_editor_update::whatTheUserSeesIsKept()
+void tst_editor_update::viewOfTheUserIsKept()
 {
     EditorWorld world;
     const QStringList themes = manyThemes(60);
@@ -164,7 +164,7 @@ void tst_editor_update::aCheckCanBeCancelled()
     )")));
 }
 
-/// The run behind a check counts as part of it: nothing is fetched for one who has cancelled.
+/// The preview run counts as part of its check, so cancelling the check must fetch no previews.
 void tst_editor_update::oneCancelEndsThePreviewsToo()
 {
     EditorWorld world;
@@ -185,7 +185,7 @@ void tst_editor_update::oneCancelEndsThePreviewsToo()
     )")));
 }
 
-/// The previews come while the second catalogue file is still on its way.
+/// The previews arrive while the second catalogue file is still being transferred.
 void tst_editor_update::aFailedFileAndASlowOneAreOneCheck()
 {
     EditorWorld world;

@@ -4,7 +4,7 @@
 
 #include <QImage>
 
-/// Skin, language, scale and motion: at once, with cells open, and still there at the next start.
+/// Tests that skin, language, scale and motion apply at once to open cells and persist.
 class tst_editor_view : public QObject
 {
     Q_OBJECT
@@ -104,7 +104,7 @@ void tst_editor_view::scaleAppliesAtTheNextStart()
     const QImage before(pictures + QStringLiteral("before.png"));
     const QImage after(pictures + QStringLiteral("after.png"));
     QCOMPARE(before.devicePixelRatio(), 1.0);
-    // The window keeps its size in the units that the scale enlarges, as far as the screen allows.
+    // The window keeps its size in scaled units, as far as the screen allows.
     QVERIFY2(after.height() > before.height() * 5 / 4 - 10,
              qPrintable(QString::number(after.height())));
 }
@@ -139,7 +139,7 @@ void tst_editor_view::reducedMotionPlaysOnlyOnDemand()
 
 void tst_editor_view::tabAndTypeStay()
 {
-    // Alpha is a festival.
+    // Alpha belongs to the festivals.
     VERIFY_ENDED_WELL(Editor(*m_world).run(QStringLiteral(R"(
         wait shown 3
         click widget themeType

@@ -10,7 +10,7 @@
 #include <atomic>
 #include <functional>
 
-/// The smallest host, examples/embed.
+/// Tests examples/embed, the smallest host.
 class tst_embed : public QObject
 {
     Q_OBJECT
@@ -28,7 +28,7 @@ namespace {
 const QString program = QStringLiteral(EMBED_PROGRAM);
 const QString alpha = QStringLiteral("Alpha");
 
-/// The editor's settings, and the server's address.
+/// Returns the editor's settings with the server's address.
 QString settingsFor(const EditorWorld& world)
 {
     QString file = world.folder() + QStringLiteral("/host.ini");
@@ -38,7 +38,7 @@ QString settingsFor(const EditorWorld& world)
     return file;
 }
 
-/// What the program prints until `isDone`; it ends in "not done" when that takes too long.
+/// Returns the program's output up to `isDone`, or ending in "not done" on a timeout.
 QByteArray printedUntil(const std::function<bool()>& isDone, const EditorWorld& world,
                         const QString& settings, const QString& loggingRules)
 {
@@ -56,7 +56,8 @@ QByteArray printedUntil(const std::function<bool()>& isDone, const EditorWorld& 
     return embed.readAll() + (hasDone ? "" : "not done");
 }
 
-/// What two starts print: one that fetches the catalogue and its previews, one that finds them.
+/// Returns the output of two starts: the first fetches catalogue and previews, the second finds
+/// them.
 QByteArray printedByTwoStarts(const QString& loggingRules = QString())
 {
     EditorWorld world;
@@ -104,7 +105,7 @@ void tst_embed::favouritesSurviveAReload()
     const QByteArray guid = EditorWorld::themeGuid(alpha).toUtf8();
     const QString favourites = world.data() + QStringLiteral("/ThemeCollect/ThemeCollect.json");
     CatalogueFiles::write(favourites, "{\"" + guid + "\": true}");
-    // From then on the program alone has the mark, as it has one that the user makes.
+    // From here on only the program has the mark, as with one that the user sets.
     world.setFault([&](const HttpExchange&, int) {
         if (!removed.exchange(true))
             QFile::remove(favourites);

@@ -8,7 +8,7 @@
 
 using Files = CatalogueFiles;
 
-/// Look-ups of the editor take time in proportion to the size of the catalogue.
+/// Tests that the editor's look-ups take time in proportion to the size of the catalogue.
 class tst_largeCatalogue : public QObject
 {
     Q_OBJECT
@@ -29,7 +29,7 @@ void tst_largeCatalogue::initTestCase()
     MVThemeMgr::init()->setResourceSaveRootPath(TestHome::path() + QStringLiteral("/root"));
 }
 
-/// Neither kind has files to look for.
+/// Loads kinds that have no preview files to look for.
 void tst_largeCatalogue::load(int transitions, int filters)
 {
     MVThemeMgr* const manager = MVThemeMgr::init();

@@ -5,7 +5,7 @@
 
 #include <QApplication>
 
-/// The texts of the window at every scale, on a display that has a user's resolution.
+/// Tests the window's texts at every scale, on a display with a typical resolution.
 class tst_windowTexts : public QObject
 {
     Q_OBJECT
@@ -25,7 +25,7 @@ void tst_windowTexts::initTestCase()
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
     environment.insert(QStringLiteral("DISPLAY"), m_display.name());
-    // None: otherwise a bus would be started for the display, and outlive the test.
+    // Without this a session bus would be started for the display and outlive the test.
     environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"),
                        QStringLiteral("unix:path=") + TestHome::path() + QStringLiteral("/bus"));
     m_runs.start(environment);

@@ -9,16 +9,16 @@
 #include <QDir>
 #include <QDirIterator>
 
-/// The catalogue of the test program with folders of its own for every test function.
+/// The test program's catalogue, with separate folders for every test function.
 ///
-/// The catalogue is one object per process, so what it keeps is emptied: its items, the favourites
-/// (their files hold an empty object) and the host's settings. Call fresh() from init().
+/// The catalogue is a singleton, so its state is reset: its items, the favourites (their files hold
+/// an empty object) and the host's settings. Call fresh() from init().
 class CatalogueFixture
 {
 public:
     using Manager = MVThemeMgr;
 
-    /// New folders, an empty catalogue, the root set and its folders created.
+    /// Creates new folders and an empty catalogue, and sets and populates the root.
     void fresh()
     {
         m_base = TestHome::path() + QStringLiteral("/run%1").arg(++m_run);
@@ -39,13 +39,13 @@ public:
 
     static MVThemeMgr& manager() { return *MVThemeMgr::init(); }
 
-    /// Holds everything of the current test function.
+    /// Returns the folder that holds everything of the current test function.
     QString base() const { return m_base; }
     QString root() const { return m_base + QStringLiteral("/root"); }
     QString installed() const { return m_base + QStringLiteral("/installed"); }
     QString data() const { return m_base + QStringLiteral("/data"); }
 
-    /// The favourites file in the folder of the same name.
+    /// Returns the favourites file in the folder of the same name.
     QString collectFile(const char* name) const
     {
         const QString folder = QString::fromLatin1(name);
@@ -71,20 +71,22 @@ public:
         return catalogueFile(d, "ThemeType.json");
     }
 
-    /// Path of an item file in the download tree: "config" or "display", folder of the kind, name.
+    /// Returns an item file's path in the download tree from half ("config" or "display"), kind and
+    /// name.
     QString downloaded(const char* half, const char* kind, const QString& name) const
     {
         return root() + QStringLiteral("/Themes/%1/PQD/Download/%2/").arg(text(half), text(kind))
             + name;
     }
-    /// The same in the installed tree, with the two slashes of its config half.
+    /// Returns the same path in the installed tree, with the two slashes of its config half.
     QString installedFile(const char* half, const char* kind, const QString& name) const
     {
         const QString tag = text(half) == QLatin1String("config") ? QString() : text(half);
         return installed() + QStringLiteral("/Resource/%1/%2/").arg(tag, text(kind)) + name;
     }
 
-    /// All folders and files below `folder`, relative to it, sorted; folders end with "/".
+    /// Returns all folders and files below `folder`, relative to it and sorted; folders end with
+    /// "/".
     static QStringList entriesBelow(const QString& folder)
     {
         QStringList entries;
@@ -100,7 +102,7 @@ public:
         return entries;
     }
 
-    /// What lies beside the root: the part of the disk that no catalogue may touch.
+    /// Returns everything beside the root: the part of the disk that no catalogue may touch.
     QStringList entriesOutsideRoot() const
     {
         QStringList entries = entriesBelow(base());
@@ -112,13 +114,13 @@ public:
         return entries;
     }
 
-    /// One log line as described() prints it.
+    /// Formats a log line as described() does.
     static QByteArray line(int level, const QByteArray& text,
                            const QByteArray& category = QByteArrayLiteral("MVThemeMgr"))
     {
         return category + ' ' + QByteArray::number(level) + ": " + text;
     }
-    /// All captured lines, in order, with category and level.
+    /// Returns all captured lines, in order, with category and level.
     static QByteArrayList described(const LogCapture& log)
     {
         QByteArrayList result;
@@ -127,7 +129,7 @@ public:
             result.append(line(captured.level, captured.text, captured.category));
         return result;
     }
-    /// The line of one attempt to read an XML file.
+    /// Returns the log line of one attempt to read an XML file.
     static QByteArray checked(const QString& path, int ok)
     {
         return line(1, "checkXml [" + path.toUtf8() + "] is [" + QByteArray::number(ok) + "]!");
@@ -147,7 +149,7 @@ private:
     int m_run = 0;
 };
 
-/// The catalogue records in the order of their GUIDs, for comparisons.
+/// Returns the GUIDs of catalogue records in order, for comparison.
 inline QStringList guidsOf(const QVector<SCfg_Item>& items)
 {
     QStringList guids;

@@ -4,7 +4,7 @@
 
 #include <QDomDocument>
 
-/// Every reader of files that come from a server or from the disk, behind one call.
+/// Offers every reader of files from a server or from disk through one call.
 class CatalogueReaders
 {
 public:
@@ -52,7 +52,7 @@ public:
         }
     }
 
-    /// Reads the file as it is; true if the reader takes it.
+    /// Reads the file as it is; returns true if the reader accepts it.
     bool takesFile(int reader) const
     {
         MVThemeMgr& manager = *MVThemeMgr::init();
@@ -90,14 +90,14 @@ public:
             : log.countContaining("error!") == 0;
     }
 
-    /// Writes the file, then reads it.
+    /// Writes the file, then reads it; returns true if the reader accepts it.
     bool takes(int reader, const QByteArray& content) const
     {
         CatalogueFiles::write(path(reader), content);
         return takesFile(reader);
     }
 
-    /// A file of several hundred bytes that the reader takes.
+    /// Returns a file of several hundred bytes that the reader accepts.
     static QByteArray valid(int reader)
     {
         const QByteArray guid = CatalogueFiles::guid(1).toLatin1();

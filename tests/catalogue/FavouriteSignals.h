@@ -6,13 +6,13 @@
 
 #include <functional>
 
-/// Collects what the catalogue's three signals carry while it lives.
+/// Records the arguments of the catalogue's three favourites signals during its lifetime.
 class FavouriteSignals
 {
 public:
     using Observer = std::function<void(const SCfg_Item*)>;
 
-    /// The observer is called while a signal is being emitted.
+    /// Calls the observer while a signal is being emitted.
     explicit FavouriteSignals(Observer observer = {})
         : m_observer(std::move(observer))
     {
@@ -26,7 +26,7 @@ public:
     }
     Q_DISABLE_COPY_MOVE(FavouriteSignals)
 
-    /// Arguments of one signal: 0 themes, 1 filters, 2 background materials.
+    /// Returns the arguments of one signal: 0 themes, 1 filters, 2 background materials.
     const QVector<const SCfg_Item*>& of(int signal) const { return m_items[signal]; }
 
 private:
@@ -39,5 +39,5 @@ private:
 
     Observer m_observer;
     QVector<const SCfg_Item*> m_items[3];
-    QObject m_context; // ends the connections
+    QObject m_context; // its destruction ends the connections
 };

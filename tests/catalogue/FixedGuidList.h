@@ -1,6 +1,7 @@
 #pragma once
 
-/// What the catalogue must take for installed, in order. A copy, so that a slip in either shows.
+/// The GUIDs that the catalogue must treat as installed, in order; a copy, to catch a slip in
+/// either list.
 inline constexpr const char* expectedFixedGuids[] = {
     "{05424433-FB6F-41CD-96E4-ECD6D1C2C841}", "{B2F3012D-6D28-4EC1-9C46-9D6631F07FF9}",
     "{1A6094B7-8297-4047-9701-4D3B3B11455C}", "{E6D5EF1E-1AD3-49EE-9A9E-B6703413C8AC}",

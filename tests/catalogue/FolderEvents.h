@@ -9,7 +9,7 @@
 #include <sys/inotify.h>
 #include <unistd.h>
 
-/// Records what appears in some folders, over all of them in the order in which it happened.
+/// Records the entries that appear in several folders, in the order of their appearance.
 class FolderEvents
 {
 public:
@@ -20,7 +20,7 @@ public:
     ~FolderEvents() { close(m_fd); }
     Q_DISABLE_COPY_MOVE(FolderEvents)
 
-    /// `label` stands for the folder in appeared(). False if the folder cannot be watched.
+    /// Watches a folder, called `label` in appeared(). Returns false if it cannot be watched.
     bool watch(const QString& folder, const QString& label)
     {
         const int id =
@@ -29,7 +29,7 @@ public:
         return id >= 0;
     }
 
-    /// "label/name" of everything that has appeared since the last call.
+    /// Returns "label/name" of every entry that has appeared since the last call.
     QStringList appeared()
     {
         QStringList names;

@@ -11,7 +11,7 @@
 using Files = CatalogueFiles;
 using Mgr = MVThemeMgr;
 
-/// Favourites in a file: what is written, what is read, and what is refused without a change.
+/// Tests exporting and importing favourites, and that a refused file changes nothing.
 class tst_FavouritesFile : public QObject
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ private slots:
     void init();
     void holdsWhatIsMarked();
     void holdsMarksOfUnknownItems();
-    void holdsNothingWhereNothingIsMarked();
+    void isEmptyWithoutFavourites();
     void replacesAFile();
     void readingMarks_data();
     void readingMarks();
@@ -29,8 +29,8 @@ private slots:
     void whatIsWrittenCanBeRead();
     void refusedContent_data();
     void refusedContent();
-    void whatIsNoFileIsRefused_data();
-    void whatIsNoFileIsRefused();
+    void anythingButAFileIsRefused_data();
+    void anythingButAFileIsRefused();
     void whereNoFileCanBeWritten_data();
     void whereNoFileCanBeWritten();
 
@@ -62,7 +62,7 @@ QByteArray document(const QJsonArray& entries)
 
 } // namespace
 
-/// Themes 1 and 2, the filter 3 and the background 4.
+/// Provides themes 1 and 2, filter 3 and background 4.
 void tst_FavouritesFile::init()
 {
     m_fixture.fresh();
@@ -104,7 +104,7 @@ QStringList tst_FavouritesFile::marks()
     + mgr().favourites(eCfgItem_Filter);
 }
 
-/// The list of a file that has just been written; the rest of the document is as it must be.
+/// Returns the list in a newly written file after verifying the rest of the document.
 QJsonArray tst_FavouritesFile::written()
 {
     FavouritesFile favourites;
@@ -127,7 +127,7 @@ void tst_FavouritesFile::holdsWhatIsMarked()
                          entry("background", 4, "Blue")}));
 }
 
-/// Filters and backgrounds share their marks, so one of either kind counts as a filter.
+/// Filters and backgrounds share their marks, so either kind counts as a filter.
 void tst_FavouritesFile::holdsMarksOfUnknownItems()
 {
     mark(eCfgItem_Theme, 11);
@@ -138,12 +138,12 @@ void tst_FavouritesFile::holdsMarksOfUnknownItems()
         (QJsonArray{entry("theme", 2, "Two"), entry("theme", 11, ""), entry("filter", 14, "")}));
 }
 
-void tst_FavouritesFile::holdsNothingWhereNothingIsMarked()
+void tst_FavouritesFile::isEmptyWithoutFavourites()
 {
     SCfg_Item item;
     item.m_eType = eCfgItem_Theme;
     item.m_qsGUID = Files::guid(11);
-    mgr().setItemCollected(&item); // as one that was a favourite once
+    mgr().setItemCollected(&item); // as an item that was once a favourite
     QCOMPARE(written(), QJsonArray());
 }
 
@@ -184,7 +184,7 @@ void tst_FavouritesFile::readingMarks()
     QFETCH(int, unknown);
     Files::write(file(), document(entries));
     FavouritesFile favourites;
-    for (int time = 0; time < 2; ++time) // the counts are those of one reading
+    for (int time = 0; time < 2; ++time) // each reading counts from zero
         QVERIFY2(favourites.read(file()), qPrintable(favourites.errorText()));
     QCOMPARE(favourites.count(), entries.size());
     QCOMPARE(favourites.unknown(), unknown);
@@ -281,16 +281,16 @@ void tst_FavouritesFile::refusedContent()
     QCOMPARE(Files::read(file()), content);
 }
 
-void tst_FavouritesFile::whatIsNoFileIsRefused_data()
+void tst_FavouritesFile::anythingButAFileIsRefused_data()
 {
-    QTest::addColumn<QString>("path"); // BASE stands for the test's folder
+    QTest::addColumn<QString>("path"); // BASE is replaced by the test's folder
     QTest::newRow("missing") << QStringLiteral("BASE/none.json");
     QTest::newRow("folder") << QStringLiteral("BASE");
     QTest::newRow("device without an end") << QStringLiteral("/dev/zero");
     QTest::newRow("pipe that nobody writes") << QStringLiteral("BASE/pipe");
 }
 
-void tst_FavouritesFile::whatIsNoFileIsRefused()
+void tst_FavouritesFile::anythingButAFileIsRefused()
 {
     QFETCH(QString, path);
     path.replace(QStringLiteral("BASE"), m_fixture.base());

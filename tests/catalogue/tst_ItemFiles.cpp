@@ -7,7 +7,7 @@
 
 using Files = CatalogueFiles;
 
-/// Lists the files of an item and of what it uses, in time proportional to their number.
+/// Tests listing the files of an item and its dependencies, in time proportional to their number.
 class tst_ItemFiles : public QObject
 {
     Q_OBJECT
@@ -33,7 +33,7 @@ SCfg_Item filter(int number)
     return item;
 }
 
-/// A theme that uses these filters and nothing else, and has no files of its own.
+/// Returns a theme that uses these filters and has no files of its own.
 SCfg_Item themeOf(QVector<SCfg_Item>& filters, SThemes_a& parsed)
 {
     SCfg_Item theme;

@@ -3,7 +3,7 @@
 
 using Files = CatalogueFiles;
 
-/// Extracting what ships with the application out of a full resource tree.
+/// Tests extracting the items that ship with the application from a full resource tree.
 class tst_MVThemeMgr_builtin : public QObject
 {
     Q_OBJECT
@@ -18,7 +18,7 @@ private slots:
     void missingFilesAreLeftOut();
     void oldTreeIsRemovedFirst();
     void sourceStaysAsItIs();
-    void whatIsNoGuidIsSkipped();
+    void malformedGuidIsSkipped();
     void guidThatLeadsElsewhereIsSkipped();
     void refusals_data();
     void refusals();
@@ -31,9 +31,9 @@ private:
     {
         Files::write(dev() + QStringLiteral("/config/") + name, name.toUtf8());
     }
-    /// Folder and definition of an item in the full tree.
+    /// Creates the folder and definition of an item in the full tree.
     void putItem(const char* kind, const QString& guid) const;
-    /// The catalogue shows these filters, and themes with these configs.
+    /// Makes the catalogue show these filters, and themes with these configs.
     void show(const QStringList& filters, const QVector<QByteArray>& themeConfigs) const;
     QStringList local() const { return Files::filesBelow(dev() + QStringLiteral("/config_local")); }
     static QStringList itemFiles(const char* kind, const QString& guid);
@@ -150,7 +150,7 @@ void tst_MVThemeMgr_builtin::wholeTree()
 void tst_MVThemeMgr_builtin::slotsDecideTheFolder_data()
 {
     QTest::addColumn<QByteArray>("slot");
-    QTest::addColumn<QByteArray>("kind"); // empty: nothing of its own
+    QTest::addColumn<QByteArray>("kind"); // empty: no files of its own
     QTest::newRow("Text") << QByteArray("Text") << QByteArray("VideoFilters");
     QTest::newRow("Filter") << QByteArray("Filter") << QByteArray("VideoFilters");
     QTest::newRow("Element") << QByteArray("Element") << QByteArray("VideoFilters");
@@ -229,7 +229,7 @@ void tst_MVThemeMgr_builtin::sourceStaysAsItIs()
     QCOMPARE(Files::filesBelow(dev()), before);
 }
 
-void tst_MVThemeMgr_builtin::whatIsNoGuidIsSkipped()
+void tst_MVThemeMgr_builtin::malformedGuidIsSkipped()
 {
     const QString name = QStringLiteral("no GUID");
     putItem("VideoFilters", name);
@@ -258,7 +258,7 @@ void tst_MVThemeMgr_builtin::guidThatLeadsElsewhereIsSkipped()
 
 void tst_MVThemeMgr_builtin::refusals_data()
 {
-    QTest::addColumn<QString>("root"); // below the test's folder; null: none
+    QTest::addColumn<QString>("root"); // below the test's folder; null: not set
     QTest::addColumn<int>("themes");
     QTest::addColumn<QString>("reason"); // %1: the root
     QTest::newRow("no root") << QString() << 2
@@ -306,7 +306,7 @@ void tst_MVThemeMgr_builtin::themesWithoutConfig_data()
     QTest::newRow("one malformed") << QByteArray("1") << QByteArray("<") << whole << true;
 }
 
-/// Without a parsed config it is not known what ships: the tree that is there stays.
+/// Without a parsed config the built-in items are unknown, so the existing tree is kept.
 void tst_MVThemeMgr_builtin::themesWithoutConfig()
 {
     QFETCH(QByteArray, hasMV);

@@ -2,7 +2,7 @@
 
 #include <QDomDocument>
 
-/// The one way in which XML files are opened.
+/// Tests the single function that opens XML files.
 class tst_MVThemeMgr_checkXml : public QObject
 {
     Q_OBJECT
@@ -35,7 +35,7 @@ private:
 
 namespace {
 
-/// Reads the file, and compares the result with the one log line that says it.
+/// Reads the file, and compares the result with the one log line that reports it.
 bool check(const QString& path, QDomDocument& doc)
 {
     const LogCapture log;

@@ -7,7 +7,7 @@
 using Files = CatalogueFiles;
 using Mgr = MVThemeMgr;
 
-/// Reading the config catalogue.
+/// Tests reading the config catalogue.
 class tst_MVThemeMgr_config : public QObject
 {
     Q_OBJECT
@@ -21,7 +21,7 @@ private slots:
     void orderOfGroupsInTheFileDoesNotMatter();
     void onlyTheFirstGroupOfANameIsRead();
     void namesAreCaseSensitive();
-    void whatIsNotListedIsIgnored();
+    void unknownElementsAreIgnored();
     void missingElementsAreEmpty();
     void onlyTheFirstElementOfANameCounts();
     void textIsTakenAsWritten();
@@ -154,7 +154,7 @@ void tst_MVThemeMgr_config::namesAreCaseSensitive()
     QCOMPARE(cfg().vecTheme.first().m_info_CfgXML.m_qsUrl, QString());
 }
 
-void tst_MVThemeMgr_config::whatIsNotListedIsIgnored()
+void tst_MVThemeMgr_config::unknownElementsAreIgnored()
 {
     Files::write(m_fixture.configXml(),
                  "<Anything x=\"1\"><Other><Item/></Other><Theme y=\"2\">"

@@ -5,7 +5,7 @@
 using Files = CatalogueFiles;
 using Mgr = MVThemeMgr;
 
-/// Reading the flat categories of the display catalogue.
+/// Tests reading the flat categories of the display catalogue.
 class tst_MVThemeMgr_display : public QObject
 {
     Q_OBJECT
@@ -160,7 +160,7 @@ void tst_MVThemeMgr_display::isTextOfTheConfigItemIsOverwritten()
     QCOMPARE(cfg.at(0).m_bIsText, false);
     QVERIFY2(cfg.at(1).m_bIsText, "an item that is not listed stays");
 
-    // Also of an item that is not shown for want of its thumbnail.
+    // This also holds for an item that is hidden for lack of a thumbnail.
     QVERIFY(readFlat(filters({{Files::guid(1), QString(), QStringLiteral("missing.png"), QString(),
                                QStringLiteral("1")}}),
                      eCfgItem_Filter, cfg, false)
@@ -220,7 +220,7 @@ void tst_MVThemeMgr_display::previewsDecideWhatIsShown()
     QCOMPARE(guidsOf(items), (QStringList{Files::guid(1), Files::guid(3)}));
     QVERIFY2(log.lines().isEmpty(), "an item without previews is left out silently");
 
-    // The flat form looks at the GIF of what is a theme by its kind.
+    // The flat form checks the GIF of every item whose kind is theme.
     QVector<SCfg_Item> themes{cfgItem(1, eCfgItem_Theme)};
     themes[0].m_info_Gif.m_qsUrl = QStringLiteral("missing.gif");
     QVERIFY(readFlat("<Theme><Item><GUID>" + Files::guid(1).toLatin1() + "</GUID></Item></Theme>",
@@ -245,7 +245,7 @@ void tst_MVThemeMgr_display::everyFileIsResolved()
     cfg[0].m_info_Gif.m_qsUrl = QStringLiteral("missing.gif");
     cfg[0].m_vecResource.resize(1);
     cfg[0].m_vecResource[0].m_qsUrl = QStringLiteral("a.zip");
-    // The thumbnail is missing; the GIF and the resources are looked at all the same.
+    // The thumbnail is missing; the GIF and the resources are resolved all the same.
     const auto items = readFlat("<Theme><Item><GUID>" + Files::guid(1).toLatin1()
                                     + "</GUID><UrlThumb>missing.png</UrlThumb></Item></Theme>",
                                 eCfgItem_Theme, cfg, true);

@@ -3,7 +3,7 @@
 using Files = CatalogueFiles;
 using Mgr = MVThemeMgr;
 
-/// Reading the display catalogue as a whole.
+/// Tests reading the display catalogue as a whole.
 class tst_MVThemeMgr_displayFile : public QObject
 {
     Q_OBJECT
@@ -28,7 +28,7 @@ private:
 
 namespace {
 
-/// A config and a display document with `count` items, numbered from `first`, in every category.
+/// Returns a config and a display document with `count` items, numbered from `first`, per category.
 QByteArray config(int first, int count)
 {
     QVector<Files::CfgItem> items;

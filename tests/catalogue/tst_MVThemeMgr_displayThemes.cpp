@@ -5,7 +5,7 @@
 using Files = CatalogueFiles;
 using Mgr = MVThemeMgr;
 
-/// Reading the grouped category of the display catalogue.
+/// Tests reading the grouped category of the display catalogue.
 class tst_MVThemeMgr_displayThemes : public QObject
 {
     Q_OBJECT
@@ -86,7 +86,7 @@ void tst_MVThemeMgr_displayThemes::presentation()
     QCOMPARE(cfg.at(0).m_qsName, QStringLiteral("config name"));
     QCOMPARE(cfg.at(0).m_info_Gif.m_qsUrl, QStringLiteral("config.gif"));
 
-    // What the file does not give is empty.
+    // Whatever the file omits is empty.
     const auto bare = readGrouped("<Theme><Group><Item><GUID>" + Files::guid(1).toLatin1()
                                       + "</GUID></Item></Group></Theme>",
                                   cfg, true);

@@ -2,7 +2,7 @@
 
 using Mgr = MVThemeMgr;
 
-/// Which paths a download may touch.
+/// Tests which paths a download may touch.
 class tst_MVThemeMgr_downloadPath : public QObject
 {
     Q_OBJECT
@@ -36,7 +36,7 @@ bool allowed(const QString& path)
 
 } // namespace
 
-/// Before anything has set a root: an empty one holds nothing.
+/// Runs before a root is set: an empty root contains no path.
 void tst_MVThemeMgr_downloadPath::initTestCase()
 {
     for (const char* path : {"/Themes/config/PQD/Download/Themes/a.zip", "/Themes", "/", "", "a"})
@@ -45,7 +45,7 @@ void tst_MVThemeMgr_downloadPath::initTestCase()
 
 void tst_MVThemeMgr_downloadPath::names_data()
 {
-    QTest::addColumn<QString>("path"); // R stands for the root
+    QTest::addColumn<QString>("path"); // R is replaced by the root
     QTest::addColumn<bool>("expected");
     const auto row = [](const char* title, const char* path, bool expected) {
         QTest::newRow(title) << QString::fromUtf8(path) << expected;
@@ -152,7 +152,7 @@ void tst_MVThemeMgr_downloadPath::rootMayBeALink()
     QVERIFY(!allowed(link + QStringLiteral("/Themes/../a.zip")));
     QVERIFY2(!allowed(m_fixture.root() + QStringLiteral("/Themes/a.zip")), "the name decides");
 
-    // Folders are created through it.
+    // Folders are created through the link.
     SCfg_Item theme;
     theme.m_eType = eCfgItem_Theme;
     theme.m_qsGUID = CatalogueFiles::guid(1);

@@ -5,7 +5,7 @@
 
 using Files = CatalogueFiles;
 
-/// Theme configs that come after the catalogue was loaded, by a second program or a copy.
+/// Tests theme configs that a second program or a copy adds after the catalogue was loaded.
 class tst_MVThemeMgr_ensureParsed : public QObject
 {
     Q_OBJECT
@@ -143,7 +143,7 @@ void tst_MVThemeMgr_ensureParsed::neededFilesFollow()
     QCOMPARE(needed.first()->m_qsUrl, QStringLiteral("/VideoFilters/f.zip"));
 }
 
-/// A cell asks while the download thread does.
+/// A cell and the download thread ask at the same time.
 void tst_MVThemeMgr_ensureParsed::manyThreadsAtATime()
 {
     bringConfig();

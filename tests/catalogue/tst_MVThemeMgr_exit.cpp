@@ -9,8 +9,8 @@
 
 using Files = CatalogueFiles;
 
-/// What the end of the process leaves of the favourites. The program runs itself as a host that
-/// ends in one way or another.
+/// Tests which favourites are saved at the end of the process. The program runs itself as a host
+/// that ends in various ways.
 class tst_MVThemeMgr_exit : public QObject
 {
     Q_OBJECT
@@ -43,7 +43,7 @@ SCfg_Item item(ECfgItemType kind, int number)
     return result;
 }
 
-/// Tells the test that the host has come this far.
+/// Tells the test that the host has reached this point.
 void say(const char* word)
 {
     std::puts(word);
@@ -75,13 +75,13 @@ void mark()
     say("saved");
     SCfg_Item turned = item(eCfgItem_Theme, 0);
     for (;;) {
-        turned.m_bCollected = !turned.m_bCollected; // what has not changed is not written
+        turned.m_bCollected = !turned.m_bCollected; // unchanged marks are not written
         manager.setThemesCollected(&turned);
         manager.saveThemeCollect();
     }
 }
 
-/// The host: what it does before it ends, or is ended.
+/// Runs the host up to its end, which it chooses itself or the test forces.
 int runHost(const QString& data, const QString& ending)
 {
     hostSettings().dataLocation = data;
@@ -228,7 +228,7 @@ void tst_MVThemeMgr_exit::killWhileSavingLeavesAWholeFile()
         QCOMPARE(host.exitStatus(), QProcess::CrashExit);
         const QJsonObject marks = readObject(file(m_data, "ThemeCollect"));
         QCOMPARE(marks.size(), manyMarks + 1);
-        QVERIFY(marks.value(QStringLiteral("old")).toBool()); // not this process's to change
+        QVERIFY(marks.value(QStringLiteral("old")).toBool()); // this process must not change it
     }
 }
 

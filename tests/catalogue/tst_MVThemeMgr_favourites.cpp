@@ -6,7 +6,7 @@
 using Files = CatalogueFiles;
 using Mgr = MVThemeMgr;
 
-/// Favourites: the files, the questions, the marks and their signals.
+/// Tests favourites: their files, queries, marks and signals.
 class tst_MVThemeMgr_favourites : public QObject
 {
     Q_OBJECT
@@ -23,8 +23,8 @@ private slots:
     void malformedFileChangesNothing();
     void readingReplacesTheMarks_data() { addFiles(); }
     void readingReplacesTheMarks();
-    void documentThatIsNoObjectIsEmpty_data() { addFiles(); }
-    void documentThatIsNoObjectIsEmpty();
+    void documentThatIsNotAnObjectIsEmpty_data() { addFiles(); }
+    void documentThatIsNotAnObjectIsEmpty();
     void fileIsWrittenIndented_data() { addFiles(); }
     void fileIsWrittenIndented();
     void emptyMarksAreAnEmptyObject_data() { addFiles(); }
@@ -53,7 +53,7 @@ private:
 
 namespace {
 
-/// What the three favourites files have in common, one row each.
+/// Describes one of the three favourites files.
 struct Favourites
 {
     const char* name;
@@ -78,7 +78,7 @@ const Favourites all[] = {
      &Mgr::isBgMaterialCollect, &Mgr::setBgMaterialCollected},
 };
 
-/// The kind does not matter to the operations that name their file.
+/// The operations name their file, so the item's kind does not matter.
 SCfg_Item item(int number, bool collected = false)
 {
     SCfg_Item result;
@@ -108,7 +108,7 @@ void tst_MVThemeMgr_favourites::addFiles()
         QTest::newRow(all[file].name) << file;
 }
 
-/// What saving all of them now writes into one.
+/// Saves all favourites and returns the content of one file.
 QJsonObject tst_MVThemeMgr_favourites::saved(int file) const
 {
     for (const Favourites& each : all)
@@ -195,7 +195,7 @@ void tst_MVThemeMgr_favourites::readingReplacesTheMarks()
     QVERIFY(!(mgr().*f.isMarked)(&before));
 }
 
-void tst_MVThemeMgr_favourites::documentThatIsNoObjectIsEmpty()
+void tst_MVThemeMgr_favourites::documentThatIsNotAnObjectIsEmpty()
 {
     QFETCH(int, file);
     const Favourites& f = all[file];
@@ -236,7 +236,7 @@ void tst_MVThemeMgr_favourites::savingReplacesTheFile()
     const QString path = m_fixture.collectFile(f.name);
     Files::write(path, "{\"" + QByteArray(100000, 'x') + "\": \"x\"}");
     (mgr().*f.read)();
-    Files::write(path, "{}"); // somebody has emptied it
+    Files::write(path, "{}"); // another program has emptied it
     const SCfg_Item one = item(1, true);
     (mgr().*f.mark)(&one);
     (mgr().*f.save)();
@@ -244,7 +244,7 @@ void tst_MVThemeMgr_favourites::savingReplacesTheFile()
     QCOMPARE(QJsonDocument::fromJson(Files::read(path)).object(), marks({{1, true}}));
     QCOMPARE(Files::filesBelow(QFileInfo(path).path()), QStringList{QFileInfo(path).fileName()});
 
-    // A folder that has gone meanwhile is created again.
+    // A folder that has disappeared meanwhile is created again.
     QVERIFY(QDir(m_fixture.data()).removeRecursively());
     (mgr().*f.save)();
     QCOMPARE(QJsonDocument::fromJson(Files::read(path)).object(), marks({{1, true}}));
@@ -272,7 +272,7 @@ void tst_MVThemeMgr_favourites::askingEntersTheGuid()
 {
     QFETCH(int, file);
     const Favourites& f = all[file];
-    const SCfg_Item asked = item(1, true); // the record's own flag is not the answer
+    const SCfg_Item asked = item(1, true); // the answer does not come from the record's own flag
     QVERIFY(!(mgr().*f.isMarked)(&asked));
     for (int other = 0; other < 3; ++other)
         QCOMPARE(saved(other), other == file ? marks({{1, false}}) : QJsonObject());

@@ -3,7 +3,7 @@
 using Files = CatalogueFiles;
 using Mgr = MVThemeMgr;
 
-/// Where the files of an item lie: the rules that each kind of file has for itself.
+/// Tests the rules by which each kind of file of an item is located.
 class tst_MVThemeMgr_files : public QObject
 {
     Q_OBJECT
@@ -67,7 +67,7 @@ void addKinds()
         QTest::newRow(folders[kind]) << kind;
 }
 
-/// GUID texts for which there is nothing to fetch.
+/// GUID texts for which nothing can be fetched.
 const QString noGuids[] = {QString(), QStringLiteral("text"),
                            QStringLiteral("{00000000-0000-0000-0000-000000000000}")};
 

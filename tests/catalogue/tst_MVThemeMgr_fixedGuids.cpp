@@ -7,7 +7,7 @@
 
 #include <iterator>
 
-/// The items that every installation carries with it.
+/// Tests the items that every installation contains.
 class tst_MVThemeMgr_fixedGuids : public QObject
 {
     Q_OBJECT

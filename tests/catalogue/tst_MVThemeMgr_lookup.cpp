@@ -3,7 +3,7 @@
 using Files = CatalogueFiles;
 using Mgr = MVThemeMgr;
 
-/// Where the files of an item lie: the look-up in the two trees that all rules share, and names
+/// Tests locating an item's files: the look-up in the two trees that all rules share, and names
 /// that lead out of them.
 class tst_MVThemeMgr_lookup : public QObject
 {
@@ -211,7 +211,7 @@ void tst_MVThemeMgr_lookup::unsafeNames()
     QFETCH(QString, guid);
     QFETCH(QString, url);
     const QStringList before = CatalogueFixture::entriesBelow(m_fixture.base());
-    // The GIF rule decodes nothing, so what is encoded is a harmless name there.
+    // The GIF rule does not decode, so an encoded name is harmless there.
     for (const Rule rule : {config, thumb, resource}) {
         if (guid != Files::guid(1) && rule == thumb)
             continue; // the name of a thumbnail does not contain the GUID

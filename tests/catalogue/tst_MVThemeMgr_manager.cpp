@@ -6,7 +6,7 @@
 using Files = CatalogueFiles;
 using Mgr = MVThemeMgr;
 
-/// The catalogue as a whole: loading, clearing, looking up.
+/// Tests the catalogue as a whole: loading, clearing, looking up.
 class tst_MVThemeMgr_manager : public QObject
 {
     Q_OBJECT
@@ -63,7 +63,7 @@ QVector<const QVector<SCfg_Item>*> allVectors()
 
 } // namespace
 
-/// One item of that number in every kind of both catalogues; the theme's config is downloaded.
+/// Writes one item of that number per kind to both catalogues, and downloads the theme's config.
 void tst_MVThemeMgr_manager::writeCatalogue(int number) const
 {
     QByteArray config;
@@ -82,7 +82,7 @@ void tst_MVThemeMgr_manager::writeCatalogue(int number) const
                  "<Theme><Name>Sea</Name></Theme>");
 }
 
-/// The log of load(false).
+/// Returns the log of load(false).
 QByteArrayList tst_MVThemeMgr_manager::loaded() const
 {
     const LogCapture log;
@@ -90,7 +90,7 @@ QByteArrayList tst_MVThemeMgr_manager::loaded() const
     return CatalogueFixture::described(log);
 }
 
-/// Before anything is set: a new manager is empty and reads no file.
+/// Runs before anything is set: a new manager is empty and reads no file.
 void tst_MVThemeMgr_manager::initTestCase()
 {
     const LogCapture log;
@@ -130,7 +130,7 @@ void tst_MVThemeMgr_manager::loadReadsInItsOrder()
 {
     writeCatalogue(1);
     CatalogueFixture::setParam("hasMV", "1");
-    // Favourites that cannot be opened tell when they are read.
+    // Unreadable favourites are reported when they are read.
     for (const char* name : {"ThemeCollect", "FilterCollect"}) {
         QVERIFY(QFile::remove(m_fixture.collectFile(name)));
         QVERIFY(QDir().mkpath(m_fixture.collectFile(name)));
@@ -159,7 +159,7 @@ void tst_MVThemeMgr_manager::secondLoadDoesNothing()
 void tst_MVThemeMgr_manager::reloadRereadsEverything()
 {
     writeCatalogue(1);
-    mgr().load(true); // also the first time
+    mgr().load(true); // it also works as the first call
     QCOMPARE(guidsOf(mgr().getThemes_Display()), QStringList{Files::guid(1)});
     writeCatalogue(2);
     Files::write(m_fixture.collectFile("ThemeCollect"),
@@ -246,7 +246,7 @@ void tst_MVThemeMgr_manager::parseThemesSetsTheKind()
     QCOMPARE(theme.m_eType, eCfgItem_Theme);
     QVERIFY(theme.m_pThemes_a);
 
-    // Without its config on disk a theme stays as it is, and nothing is tried.
+    // Without its config on disk a theme is left unchanged, without an attempt to read it.
     theme.m_pThemes_a = nullptr;
     QVERIFY(QFile::remove(theme.m_info_CfgXML.m_qsFile));
     const LogCapture log;
@@ -254,7 +254,7 @@ void tst_MVThemeMgr_manager::parseThemesSetsTheKind()
     QVERIFY(!theme.m_pThemes_a);
     QVERIFY(log.lines().isEmpty());
 
-    // A config that is no XML leaves it too.
+    // A malformed config leaves it unchanged, too.
     Files::write(theme.m_info_CfgXML.m_qsFile, "<");
     mgr().parseThemes();
     QVERIFY(!theme.m_pThemes_a);

@@ -4,7 +4,7 @@
 using Files = CatalogueFiles;
 using Mgr = MVThemeMgr;
 
-/// Which files an item, and what it depends on, still lacks.
+/// Tests which files an item and its dependencies still lack.
 class tst_MVThemeMgr_needed : public QObject
 {
     Q_OBJECT
@@ -37,7 +37,8 @@ private:
         return files;
     }
 
-    /// The theme uses the first filter that often; the filter has that many files of this name.
+    /// Makes the theme use the first filter `uses` times; the filter has `files` files of this
+    /// name.
     void useOften(int uses, int files, const QString& url);
 
     CatalogueFixture m_fixture;
@@ -220,7 +221,7 @@ void tst_MVThemeMgr_needed::unparsedThemeHasNoDependencies()
 {
     QVERIFY(!m_theme.m_pThemes_a);
     QCOMPARE(needed(m_theme).size(), 5);
-    m_theme.m_pThemes_a = &m_parsed; // parsed, and empty
+    m_theme.m_pThemes_a = &m_parsed; // parsed but empty
     QCOMPARE(needed(m_theme).size(), 5);
 }
 
@@ -291,7 +292,7 @@ void tst_MVThemeMgr_needed::itemUsedOftenIsLookedForOnce()
     useOften(2000, 2000, QStringLiteral("/file"));
     const ProcessorTime time;
     QVERIFY(needed(m_theme).isEmpty());
-    // Looking for four million files takes many times as long.
+    // Looking for all four million files would take many times as long.
     QVERIFY2(time.seconds() < 1, qPrintable(QString::number(time.seconds())));
 }
 

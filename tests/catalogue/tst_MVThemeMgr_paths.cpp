@@ -3,7 +3,7 @@
 
 using Mgr = MVThemeMgr;
 
-/// Every place of the two trees, by its full text.
+/// Tests every path in the two trees, by its full text.
 class tst_MVThemeMgr_paths : public QObject
 {
     Q_OBJECT
@@ -28,7 +28,7 @@ private slots:
     void settingTheRootIsLogged();
     void settingTheRootCreatesItsFolders();
     void foldersAreCreatedKindByKindConfigFirst();
-    void rootIsTakenAsItStands();
+    void rootIsUsedUnchanged();
     void rootThatCannotBeCreatedIsTakenAllTheSame();
     void noFolderIsCreatedBehindALink_data();
     void noFolderIsCreatedBehindALink();
@@ -38,7 +38,7 @@ private slots:
     void typeNames();
 
 private:
-    /// A path whose first letter stands for the installed resources (A) or the root (R).
+    /// Expands the first letter of a path: installed resources (A) or root (R).
     QString placed(const QString& path) const
     {
         if (path.startsWith(QLatin1String("A/")))
@@ -61,7 +61,7 @@ const char* const kindFolders[] = {"VideoFilters", "Transitions", "Motions", "Th
 
 } // namespace
 
-/// Before anything has set a root.
+/// Runs before a root is set.
 void tst_MVThemeMgr_paths::initTestCase()
 {
     const auto download = Mgr::eLoadDir_Download;
@@ -276,7 +276,7 @@ void tst_MVThemeMgr_paths::foldersAreCreatedKindByKindConfigFirst()
     QCOMPARE(events.appeared(), expected);
 }
 
-void tst_MVThemeMgr_paths::rootIsTakenAsItStands()
+void tst_MVThemeMgr_paths::rootIsUsedUnchanged()
 {
     const QString root = m_fixture.base() + QStringLiteral("/slash/");
     mgr().setResourceSaveRootPath(root);
@@ -298,7 +298,7 @@ void tst_MVThemeMgr_paths::rootThatCannotBeCreatedIsTakenAllTheSame()
 void tst_MVThemeMgr_paths::noFolderIsCreatedBehindALink_data()
 {
     QTest::addColumn<QString>("link");
-    QTest::addColumn<QString>("other"); // a folder that is not behind it
+    QTest::addColumn<QString>("other"); // a folder that is not behind the link
     const QString config = QStringLiteral("Themes/config/PQD/Download/Motions");
     const QString display = QStringLiteral("Themes/display/PQD/Download/Motions");
     const auto row = [](const char* link, const QString& other) {

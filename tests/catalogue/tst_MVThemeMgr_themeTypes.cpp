@@ -6,7 +6,7 @@
 using Files = CatalogueFiles;
 using Mgr = MVThemeMgr;
 
-/// The favourites of an item by its kind, and the theme types.
+/// Tests favourites by an item's kind, and the theme types.
 class tst_MVThemeMgr_themeTypes : public QObject
 {
     Q_OBJECT
@@ -42,7 +42,7 @@ private:
 
 namespace {
 
-/// The file that holds the favourites of each kind; null: there are none.
+/// The favourites file of each kind; null for kinds without favourites.
 const char* const fileOfKind[] = {"FilterCollect", nullptr, nullptr, "ThemeCollect",
                                   "FilterCollect", nullptr, nullptr};
 

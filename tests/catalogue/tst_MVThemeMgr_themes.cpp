@@ -5,7 +5,7 @@
 using Files = CatalogueFiles;
 using Mgr = MVThemeMgr;
 
-/// Reading a theme's own config file.
+/// Tests reading a theme's own config file.
 class tst_MVThemeMgr_themes : public QObject
 {
     Q_OBJECT
@@ -28,8 +28,8 @@ private slots:
     void slotsResolveAmongTheirKind();
     void guidsAreComparedExactly();
     void firstOfEqualGuidsIsTaken();
-    void whatIsNoGuidIsNotLookedUp_data();
-    void whatIsNoGuidIsNotLookedUp();
+    void malformedGuidIsNotLookedUp_data();
+    void malformedGuidIsNotLookedUp();
     void absentSlotLeavesTheTarget();
     void unknownDependencyTypeIsNotLookedUp();
 
@@ -108,7 +108,7 @@ void tst_MVThemeMgr_themes::guidAndName()
 
 void tst_MVThemeMgr_themes::slotsOfAnElement()
 {
-    // Written backwards: the name decides, not the order.
+    // Reversed order: elements are found by name, not by position.
     const SThemes_a* theme =
         read("<T><Item>" + slot("ImageMotion", guidBytes(motion))
              + slot("Transition", guidBytes(transition)) + slot("Element", guidBytes(twins))
@@ -289,7 +289,7 @@ void tst_MVThemeMgr_themes::firstOfEqualGuidsIsTaken()
     QCOMPARE(theme->m_vecItems.first()[1].m_pItem->m_info_CfgXML.m_qsUrl, QStringLiteral("/first"));
 }
 
-void tst_MVThemeMgr_themes::whatIsNoGuidIsNotLookedUp_data()
+void tst_MVThemeMgr_themes::malformedGuidIsNotLookedUp_data()
 {
     QTest::addColumn<QByteArray>("guid");
     QTest::newRow("empty") << QByteArray();
@@ -298,7 +298,7 @@ void tst_MVThemeMgr_themes::whatIsNoGuidIsNotLookedUp_data()
     QTest::newRow("cut") << guidBytes(filter).left(30);
 }
 
-void tst_MVThemeMgr_themes::whatIsNoGuidIsNotLookedUp()
+void tst_MVThemeMgr_themes::malformedGuidIsNotLookedUp()
 {
     QFETCH(QByteArray, guid);
     const LogCapture log;
@@ -358,7 +358,7 @@ void tst_MVThemeMgr_themes::failureLeavesTheTarget()
         const LogCapture log;
         mgr().read_resource_config_Themes_a(path(), theme);
         QCOMPARE(theme, &own);
-        // Before them, what refuses entities is named.
+        // The line before them names the reason for refusing entities.
         QCOMPARE(m_fixture.described(log).mid(log.lines().size() - 2),
                  (QByteArrayList{m_fixture.checked(path(), 0),
                                  m_fixture.line(1, "read [" + path().toUtf8() + "] is error!")}));

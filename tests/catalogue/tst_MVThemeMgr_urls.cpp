@@ -2,7 +2,7 @@
 
 using Mgr = MVThemeMgr;
 
-/// Addresses on the server.
+/// Tests addresses on the server.
 class tst_MVThemeMgr_urls : public QObject
 {
     Q_OBJECT

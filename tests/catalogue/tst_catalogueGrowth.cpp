@@ -7,7 +7,7 @@
 using Files = CatalogueFiles;
 using Mgr = MVThemeMgr;
 
-/// The cost of a catalogue grows with its size, not with the square of its size.
+/// Tests that a catalogue's cost grows linearly with its size, not quadratically.
 class tst_catalogueGrowth : public QObject
 {
     Q_OBJECT
@@ -23,9 +23,9 @@ private slots:
 
 private:
     static Mgr& mgr() { return CatalogueFixture::manager(); }
-    /// Seconds for `count` favourites, which one call asks about or marks.
+    /// Returns the seconds that one call takes to query or mark `count` favourites.
     double favouriteTime(int count, bool isMarking);
-    /// Seconds that parsing 100 themes takes, which use the last item of so many filters.
+    /// Returns the seconds to parse 100 themes that each use the last of `filters` filters.
     double parseTime(int filters);
     double extractTime(int elements);
     void writeCatalogue(int filters, int themes) const;
@@ -36,7 +36,7 @@ private:
 
 namespace {
 
-/// Items with the GUIDs 0 to count - 1, in no order.
+/// Returns items with the GUIDs 0 to count - 1 in scrambled order.
 QVector<SCfg_Item> shuffledThemes(int count)
 {
     constexpr qint64 step = 7919; // a prime
@@ -134,7 +134,7 @@ void tst_catalogueGrowth::parsingThemes()
 {
     constexpr int few = 100;
     constexpr int many = 20000;
-    constexpr double max = 4; // the index is made once, a search for each theme took longer
+    constexpr double max = 4; // the index is built once; a search per theme took longer
     const auto measure = [this](int filters) { return parseTime(filters); };
     QCOMPARE(Growth::excess(measure, few, many, max), QString());
     const SThemes_a* const parsed = mgr().getThemes_Display().last().parsedTheme();
@@ -171,7 +171,7 @@ void tst_catalogueGrowth::extractingBuiltinItems()
 void tst_catalogueGrowth::findingItems()
 {
     constexpr int few = 2000;
-    constexpr double max = 120; // there is no other work than searching
+    constexpr double max = 120; // searching is the only work here
     const auto findAll = [](int count) {
         const QVector<SCfg_Item> items = shuffledThemes(count);
         int found = 0;

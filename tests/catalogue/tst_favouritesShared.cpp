@@ -13,7 +13,7 @@
 
 using Files = CatalogueFiles;
 
-/// Favourites that several processes change, and files that are damaged. The program runs itself as
+/// Tests favourites changed by several processes, and damaged files. The program runs itself as
 /// another host, which marks one theme.
 class tst_favouritesShared : public QObject
 {
@@ -33,13 +33,13 @@ private slots:
     void fileThatCannotBeReadIsNotReplaced_data();
     void fileThatCannotBeReadIsNotReplaced();
     void lockOfADeadProcessIsBroken();
-    void lockFileWithoutAnOwnerBarsNobody_data();
-    void lockFileWithoutAnOwnerBarsNobody();
+    void lockFileWithoutAnOwnerBlocksNobody_data();
+    void lockFileWithoutAnOwnerBlocksNobody();
     void lockOfALivingProcessIsRespected();
     void failedSaveIsMadeUpFor();
     void leftoversOfEarlierVersionsAreRemoved();
     void linkStaysALink();
-    void savingAllTellsTheFirstFailure();
+    void savingAllReportsTheFirstFailure();
     void markedGuids();
 
 private:
@@ -67,7 +67,7 @@ SCfg_Item theme(int number, bool marked)
     return item;
 }
 
-/// A host that reads the favourites, marks a theme and ends.
+/// Runs a host that reads the favourites, marks a theme and exits.
 int runHost(const QString& data, int number)
 {
     hostSettings().dataLocation = data;
@@ -186,7 +186,7 @@ void tst_favouritesShared::nothingChangedWritesNothing_data()
 void tst_favouritesShared::nothingChangedWritesNothing()
 {
     QFETCH(bool, reads);
-    // The process of this test has read a file; another one starts afresh.
+    // This process has already read a file; another process starts afresh.
     Files::write(file(), damaged);
     QProcess host;
     host.start(QCoreApplication::applicationFilePath(),
@@ -220,7 +220,7 @@ void tst_favouritesShared::fileThatCannotBeReadIsNotReplaced()
     QCOMPARE(::stat(path.constData(), &status), 0);
     QCOMPARE(bool(S_ISFIFO(status.st_mode)), isPipe);
     QCOMPARE(bool(S_ISDIR(status.st_mode)), !isPipe);
-    mgr().readThemeCollect(); // and returns
+    mgr().readThemeCollect(); // it must return
 }
 
 void tst_favouritesShared::lockOfADeadProcessIsBroken()
@@ -238,19 +238,19 @@ void tst_favouritesShared::lockOfADeadProcessIsBroken()
     QVERIFY(!QFile::exists(file() + QStringLiteral(".lock")));
 }
 
-void tst_favouritesShared::lockFileWithoutAnOwnerBarsNobody_data()
+void tst_favouritesShared::lockFileWithoutAnOwnerBlocksNobody_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::newRow("killed before it was written") << QByteArray();
     QTest::newRow("killed while it was written") << QByteArray("12");
-    // As if the number of a dead process had been given to another one.
+    // As if the process ID of a dead process had been reused.
     QTest::newRow("number of a living process")
         << QByteArray::number(QCoreApplication::applicationPid()) + '\n'
             + QCoreApplication::applicationName().toUtf8() + '\n'
             + QSysInfo::machineHostName().toUtf8() + '\n';
 }
 
-void tst_favouritesShared::lockFileWithoutAnOwnerBarsNobody()
+void tst_favouritesShared::lockFileWithoutAnOwnerBlocksNobody()
 {
     QFETCH(QByteArray, content);
     const QString lock = file() + QStringLiteral(".lock");
@@ -323,7 +323,7 @@ void tst_favouritesShared::linkStaysALink()
              (QJsonObject{{Files::guid(1), true}}));
 }
 
-void tst_favouritesShared::savingAllTellsTheFirstFailure()
+void tst_favouritesShared::savingAllReportsTheFirstFailure()
 {
     const QString filters = m_fixture.collectFile("FilterCollect");
     QVERIFY(QFile::remove(filters) && QDir().mkpath(filters));
@@ -334,7 +334,7 @@ void tst_favouritesShared::savingAllTellsTheFirstFailure()
     QString error;
     QVERIFY(!mgr().saveFavourites(&error));
     QVERIFY2(error.startsWith(filters + QStringLiteral(": cannot be read")), qPrintable(error));
-    QCOMPARE(onDisk(), (QJsonObject{{Files::guid(1), true}})); // the others are written
+    QCOMPARE(onDisk(), (QJsonObject{{Files::guid(1), true}})); // the other marks are written
 }
 
 void tst_favouritesShared::markedGuids()

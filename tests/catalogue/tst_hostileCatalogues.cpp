@@ -6,13 +6,13 @@ using Files = CatalogueFiles;
 using Readers = CatalogueReaders;
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr bool sanitized = true; // memory counts for more than was asked for
+constexpr bool sanitized = true; // measured memory exceeds what was allocated
 #else
 constexpr bool sanitized = false;
 #endif
 
-/// What no honest server publishes: every reader refuses it, or takes it for what it is, and
-/// neither the process nor its memory suffers.
+/// Tests content that no honest server publishes: every reader refuses it or reads it correctly,
+/// without harm to the process or its memory.
 class tst_hostileCatalogues : public QObject
 {
     Q_OBJECT
@@ -55,7 +55,7 @@ QByteArray attributes(int count)
     return all;
 }
 
-/// Most bytes that this process has had in memory.
+/// Returns the peak resident memory of this process in bytes.
 qint64 peakBytes()
 {
     const QList<QByteArray> lines = Files::read(QStringLiteral("/proc/self/status")).split('\n');
@@ -82,21 +82,21 @@ QByteArray utf16(const QByteArray& utf8, bool bigEndian)
     return bytes;
 }
 
-/// `valid` with a text at the end of its root element.
+/// Inserts a text at the end of the root element of `valid`.
 QByteArray inside(const QByteArray& valid, const QByteArray& text)
 {
     const int end = valid.lastIndexOf("</");
     return valid.left(end) + text + valid.mid(end);
 }
 
-/// `valid` with a text between its declaration and its root element.
+/// Inserts a text between the declaration and the root element of `valid`.
 QByteArray before(const QByteArray& valid, const QByteArray& text)
 {
     const int end = valid.indexOf("?>") + 2;
     return valid.left(end) + text + valid.mid(end);
 }
 
-/// `levels` elements in each other, below the root element that makes them one more.
+/// Returns `levels` nested elements; the root element around them adds one level.
 QByteArray nested(int levels)
 {
     return repeated("<n>", levels) + repeated("</n>", levels);
@@ -158,13 +158,13 @@ void tst_hostileCatalogues::encodings_data()
         row("byte-order mark", "\xef\xbb\xbf" + valid, true);
         row("UTF-16, little-endian", utf16(valid, false), false);
         row("UTF-16, big-endian", utf16(valid, true), false);
-        // Between the tokens; inside a text JSON takes it for a character.
+        // Between the tokens; inside a string, JSON accepts it as a character.
         row("NUL in the middle",
             QByteArray(valid).insert(valid.indexOf(isJson ? ',' : '<', valid.size() / 2), '\0'),
             false);
         row("NUL first", QByteArray(valid).prepend('\0'), false);
         row("NUL last", QByteArray(valid).append('\0'), false);
-        // A byte that is no UTF-8 is a replacement character in XML and an error in JSON.
+        // An invalid UTF-8 byte is a replacement character in XML and an error in JSON.
         row("Latin-1", isJson ? "{\"\xe9\": true}" : inside(valid, "<Name>\xe9t\xe9</Name>"),
             !isJson);
     }

@@ -3,7 +3,7 @@
 using Files = CatalogueFiles;
 using Mgr = MVThemeMgr;
 
-/// Whole catalogues whose names lead out of the root, and catalogues that are merely large.
+/// Tests whole catalogues whose names lead out of the root, and very large catalogues.
 class tst_hostileNames : public QObject
 {
     Q_OBJECT
@@ -26,7 +26,7 @@ private:
     QVector<SFileInfo*> needed() const;
 
     CatalogueFixture m_fixture;
-    QString m_outside; ///< a name that nobody else uses
+    QString m_outside; ///< a unique name
 };
 
 namespace {
@@ -52,7 +52,7 @@ void tst_hostileNames::init()
     CatalogueFixture::setParam("hasMV", "1");
 }
 
-/// One item of every kind that uses the name for each of its files.
+/// Writes one item of every kind that uses the name for each of its files.
 void tst_hostileNames::writeCatalogue(const QString& guid, const QString& name) const
 {
     QByteArray config;
@@ -68,7 +68,7 @@ void tst_hostileNames::writeCatalogue(const QString& guid, const QString& name) 
     Files::write(m_fixture.displayXml(), Files::document(display));
 }
 
-/// What the items of both catalogues lack.
+/// Returns the files that the items of both catalogues lack.
 QVector<SFileInfo*> tst_hostileNames::needed() const
 {
     QVector<SFileInfo*> files;
@@ -83,7 +83,7 @@ QVector<SFileInfo*> tst_hostileNames::needed() const
 void tst_hostileNames::namesCreateNothingOutside_data()
 {
     QTest::addColumn<QString>("guid");
-    QTest::addColumn<QString>("name"); // OUT stands for a name that nobody else uses
+    QTest::addColumn<QString>("name"); // OUT is replaced by a unique name
     const QString guid = Files::guid(1);
     for (int levels = 1; levels <= 14; ++levels) {
         for (const char* up : {"../", "/..", "/%2e%2e", "/.%2E", "..\\", "/..%2f", "/..%5c"}) {
@@ -158,11 +158,11 @@ void tst_hostileNames::namesCreateNothingOutside()
     QCOMPARE(QDir(TestHome::path()).entryList(), home);
     for (const char* folder : {"/", "/tmp/", "/etc/"})
         QVERIFY(!QFileInfo::exists(QString::fromLatin1(folder) + m_outside));
-    // Beside the trees there is nothing new in the root either.
+    // Nothing new has appeared in the root except the trees.
     QCOMPARE(
         QDir(m_fixture.root()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
         (QStringList{QStringLiteral("imgThumb"), QStringLiteral("Themes")}));
-    // What a download may write lies in the root by its clean name, too.
+    // Whatever a download may write is also in the root by its clean name.
     const QString inside = m_fixture.root() + QLatin1Char('/');
     for (const SFileInfo* file : files) {
         if (mgr().isDownloadPath(file->m_qsFile))
@@ -178,7 +178,7 @@ void tst_hostileNames::linksOutOfTheTreesCountForNothing_data()
     QTest::newRow("installed tree") << true;
 }
 
-/// Somebody may have put the links there in order that a file of the user is shown, or overwritten.
+/// An attacker may have placed the links to have a user's file shown or overwritten.
 void tst_hostileNames::linksOutOfTheTreesCountForNothing()
 {
     QFETCH(bool, isInstalled);
@@ -213,7 +213,7 @@ void tst_hostileNames::linksWithinATreeCount()
              QFileInfo(folder + QStringLiteral("/a.gif")).canonicalFilePath());
 }
 
-/// The first look makes the folders that can be made.
+/// The first look-up creates those folders that it can.
 void tst_hostileNames::longNameIsMissingEveryTime()
 {
     SCfg_Item filter;
@@ -225,7 +225,7 @@ void tst_hostileNames::longNameIsMissingEveryTime()
         QVERIFY2(!mgr().doItem_Info_DependRes(filter), qPrintable(QString::number(look)));
 }
 
-/// Also where nothing is installed, so that there is no second tree to look into.
+/// This must hold even without an installation, where there is no second tree to search.
 void tst_hostileNames::aConfigBehindALinkIsNotRead()
 {
     QVERIFY(!QFileInfo::exists(mgr().Path_resource_RootDir(Mgr::eLoadDir_Local)));
@@ -257,7 +257,7 @@ void tst_hostileNames::tenThousandItems()
     QVector<Files::CfgItem> config;
     QVector<Files::DisplayItem> display;
     for (int i = 0; i < count; ++i) {
-        // Every third GUID stands there twice, every hundredth is empty.
+        // Every third GUID occurs twice, every hundredth is empty.
         const QString guid = i % 100 == 0 ? QString() : Files::guid(i % 3 == 0 ? i + 1 : i);
         config.append({guid, QString(), {}});
         display.append({guid, QString::number(i), QString()});

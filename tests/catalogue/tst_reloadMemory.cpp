@@ -11,7 +11,7 @@ constexpr bool sanitized = true; // freed memory stays in quarantine
 constexpr bool sanitized = false;
 #endif
 
-/// A host that rereads the catalogue for days does not grow.
+/// Tests that a host that rereads the catalogue for days does not grow.
 class tst_reloadMemory : public QObject
 {
     Q_OBJECT
@@ -29,7 +29,7 @@ namespace {
 constexpr int items = 8;
 constexpr qint64 tolerated = 4 * 1024 * 1024;
 
-/// Bytes of this process in memory.
+/// Returns this process's resident memory in bytes.
 qint64 residentBytes()
 {
     const QList<QByteArray> pages = Files::read(QStringLiteral("/proc/self/statm")).split(' ');

@@ -3,8 +3,8 @@
 #include <QString>
 #include <QStringList>
 
-/// The log lines of catalogue checks and preview runs, as they must stand, in the form of
-/// DownloadTrace's entries.
+/// The expected log lines of catalogue checks and preview runs, in the form of DownloadTrace's
+/// entries.
 namespace CheckLines {
 
 inline QString line(const char* category, int level, const QString& text)
@@ -77,7 +77,7 @@ inline QString noSums()
                                 "m_sVer_Ser.m_qsVer_Display.isEmpty(), will return!"));
 }
 
-/// The three numbers; each record with its flags.
+/// One of the three version numbers in a log line, with its flags.
 struct Number
 {
     int value;
@@ -150,13 +150,13 @@ inline QString configCopied(const QString& file, int ok)
                     .arg(file, QString::number(ok)));
 }
 
-/// A preview run.
+/// Returns a line of a preview run.
 inline QString previews(const QString& text)
 {
     return line("CheckWorker_ThumbAndGif", 1, text);
 }
 
-/// `what` is "Thumb" or "Gif".
+/// Returns the line for a preview on disk; `what` is "Thumb" or "Gif".
 inline QString previewPresent(const char* what, int i, const QString& url, const QString& file)
 {
     return QStringLiteral("sCfg_Item.m_info_%1.m_bDownloaded = true! not need download!, i = %2, "

@@ -6,10 +6,10 @@
 #include <QObject>
 #include <QThread>
 
-/// What the coordinator says and tells, in order: the entries of DownloadTrace, and "start XML
-/// TEXT", "start previews TEXT", "update", "end XML" for its signals, "check N" and "previews
-/// FETCHED PRESENT FAILED 0|1" for its callbacks, which count as foreign if another thread makes
-/// them.
+/// Records what the coordinator logs and reports, in order: the entries of DownloadTrace; "start
+/// XML TEXT", "start previews TEXT", "update" and "end XML" for its signals; "check N" and
+/// "previews FETCHED PRESENT FAILED 0|1" for its callbacks, marked as foreign if called on another
+/// thread.
 class CoordinatorTrace : public DownloadTrace
 {
 public:
@@ -46,7 +46,7 @@ public:
 
     int checks() const { return countContaining(QStringLiteral("check ")); }
 
-    /// Whether every check and every run that has been started has ended.
+    /// Returns whether every check and every run that was started has ended.
     bool isIdle() const
     {
         return count(checkEnded()) == count(QStringLiteral("start XML start!"))
@@ -98,5 +98,5 @@ private:
         add(own ? entry : QStringLiteral("foreign ") + entry);
     }
 
-    QObject m_context; // ends the connections
+    QObject m_context; // its destruction ends the connections
 };

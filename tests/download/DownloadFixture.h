@@ -15,8 +15,8 @@
 #include <functional>
 #include <mutex>
 
-/// A server, a download root and a catalogue for item downloads, new for every test; the pace of
-/// downloads is 1 ms.
+/// A server, a download root and a catalogue for item downloads, recreated for every test;
+/// downloads pause for 1 ms per step.
 class DownloadWorld
 {
 public:
@@ -24,41 +24,42 @@ public:
     ~DownloadWorld();
     Q_DISABLE_COPY_MOVE(DownloadWorld)
 
-    /// The download root.
+    /// Returns the download root.
     QString root() const { return m_root; }
-    /// Folder of a kind in the config half of the download tree.
+    /// Returns the folder of a kind in the config half of the download tree.
     QString folder(ECfgItemType kind) const;
-    /// Folder of a kind in the display half.
+    /// Returns the folder of a kind in the display half.
     QString displayFolder(ECfgItemType kind) const;
 
     FaultServer& server() { return m_server; }
-    /// Answers a target with 200 and a body; unknown ones get 404.
+    /// Answers a target with 200 and a body; unknown targets get 404.
     void serve(const QString& target, const QByteArray& body);
-    /// Lets `handler` answer a target, on the connection's thread.
+    /// Makes `handler` answer a target, on the connection's thread.
     void route(const QString& target, const FaultServer::Handler& handler);
     int requests(const QString& target) const;
 
-    /// Items without any file.
+    /// Returns an item without any file.
     static SCfg_Item item(ECfgItemType kind, int number);
-    /// An item with resource files, which are named from the root of the config half.
+    /// Returns an item with resource files, which are named relative to the root of the config
+    /// half.
     static SCfg_Item item(ECfgItemType kind, int number, const QStringList& resources);
-    /// A resource file of an item.
+    /// Returns a resource file of an item.
     static SFileInfo resource(const QString& url);
 
-    /// A theme that lacks its config file and one resource; only the config is served.
+    /// Returns a theme that lacks its config file and one resource; only the config is served.
     SCfg_Item themeWithConfig();
-    /// A filter that lacks two resources, both served.
+    /// Returns a filter that lacks two resources, both served.
     SCfg_Item filterWithTwoFiles();
 
-    /// Fills the config catalogue with one filter and the given resource files; it can then be a
-    /// theme's dependency.
+    /// Fills the config catalogue with one filter and the given resource files, so that a theme can
+    /// depend on it.
     SCfg_Item* catalogueFilter(int number, const QStringList& resources) const;
-    /// A theme's config file; each element depends on the filter with that number.
+    /// Returns a theme's config file whose elements each depend on the filter with that number.
     static QByteArray themeConfig(const QVector<int>& filters);
 
-    /// Whether the thread ends within a generous time.
+    /// Returns whether the thread ends within a generous time.
     static bool ends(MVThemeDownLoader& downloader);
-    /// Downloads the item; false if that takes too long.
+    /// Downloads the item; returns false if that takes too long.
     static bool run(MVThemeDownLoader& downloader, SCfg_Item& item);
 
 private:
@@ -70,10 +71,10 @@ private:
     FaultServer m_server;
 };
 
-/// What downloads do, in order and on the thread where they do it: log lines and signals.
+/// Records log lines and signals of downloads, in order and on the thread where they occur.
 ///
-/// Entries read as the lines of the category "MVThemeDownLoader" stand, lines of other categories
-/// and levels behind "CATEGORY LEVEL: ", and signals as "progress VALUE" and "finish CODE".
+/// Entries are the lines of the category "MVThemeDownLoader" verbatim, lines of other categories
+/// and levels prefixed with "CATEGORY LEVEL: ", and signals as "progress VALUE" and "finish CODE".
 class DownloadTrace
 {
 public:
@@ -83,13 +84,13 @@ public:
     ~DownloadTrace();
     Q_DISABLE_COPY_MOVE(DownloadTrace)
 
-    /// Records the downloader's signals too.
+    /// Also records the downloader's signals.
     void watch(MVThemeDownLoader& downloader);
-    /// Runs `action` once, on the thread that writes the first line that contains `part`, before
-    /// that thread goes on.
+    /// Runs `action` once, on the thread that writes the first line containing `part`, before that
+    /// thread continues.
     void onLine(const QString& part, const Action& action);
 
-    /// Records what a test observes itself.
+    /// Records an observation of the test itself.
     void add(const QString& entry);
 
     QStringList entries() const;
@@ -97,11 +98,11 @@ public:
     int count(const QString& entry) const { return entries().count(entry); }
     int countContaining(const QString& part) const;
     QVector<double> progress() const;
-    /// The codes of sigDownloadFinish.
+    /// Returns the codes of sigDownloadFinish.
     QVector<int> results() const;
     void clear();
 
-    /// Waits, without events, until an entry stands there.
+    /// Waits, without processing events, until an entry is recorded.
     bool waitFor(const QString& entry) const;
     /// Waits until an entry contains `part`.
     bool waitForPart(const QString& part) const;

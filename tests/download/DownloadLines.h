@@ -3,7 +3,7 @@
 #include <QString>
 #include <QStringList>
 
-/// The log lines of item downloads, as they must stand.
+/// The expected log lines of item downloads.
 namespace DownloadLines {
 
 inline QString start()
@@ -105,7 +105,7 @@ inline QString mirrored(int index, const QString& file, qint64 received, qint64 
              progress);
 }
 
-/// The beginning of a download that has no theme config to fetch, up to its first file.
+/// Returns the lines of a download without a theme config to fetch, up to its first file.
 inline QStringList simulatedPhase()
 {
     QStringList lines(start());
@@ -114,7 +114,7 @@ inline QStringList simulatedPhase()
     return lines;
 }
 
-/// A whole download that has nothing to fetch.
+/// Returns the lines of a whole download that has nothing to fetch.
 inline QStringList emptyRun()
 {
     return simulatedPhase() << QStringLiteral("finish 5") << end();

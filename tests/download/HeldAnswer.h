@@ -5,7 +5,7 @@
 
 #include <QSemaphore>
 
-/// A server's answer that waits for the test.
+/// A server's answer that is held back until the test releases it.
 class HeldAnswer
 {
 public:

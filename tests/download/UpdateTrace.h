@@ -7,7 +7,7 @@
 #include <QTest>
 #include <QVector>
 
-/// Records the signals of an update in their order.
+/// Records the signals of an update in order.
 class UpdateTrace
 {
 public:
@@ -42,7 +42,7 @@ public:
         return {QStringLiteral("Catalogue"), QStringLiteral("Previews"), QStringLiteral("Idle"),
                 QStringLiteral("finished")};
     }
-    /// Waits until so many updates have finished.
+    /// Waits until this many updates have finished.
     bool hasFinished(int updates = 1) const
     {
         return QTest::qWaitFor([&] { return m_results.size() >= updates; }, 30000);
@@ -53,5 +53,5 @@ private:
     QVector<SUpdateProgress> m_progress;
     QVector<CatalogueUpdate::Phase> m_progressPhases;
     QVector<SCatalogueUpdateResult> m_results;
-    QObject m_context; // destroyed first, and the connections with it
+    QObject m_context; // destroyed first, which disconnects everything
 };

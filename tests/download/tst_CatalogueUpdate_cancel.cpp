@@ -4,7 +4,7 @@
 #include "download/UpdateTrace.h"
 #include "support/TestMain.h"
 
-/// Updates that are cancelled or shut down.
+/// Tests updates that are cancelled or shut down.
 class tst_CatalogueUpdate_cancel : public QObject
 {
     Q_OBJECT
@@ -17,7 +17,7 @@ private slots:
     void cancelBeforeAnythingCameHolds();
     void cancelWithoutAnUpdateDoesNothing();
     void updateAfterACancelledOneIsWhole();
-    void shutDownTellsNothing();
+    void shutDownReportsNothing();
     void shutDownWithoutAnUpdate();
 
 private:
@@ -73,7 +73,7 @@ void tst_CatalogueUpdate_cancel::cancelEndsBothPhases()
     QCOMPARE(trace.results().constFirst().m_eEnd, eCatalogueUpdate_Cancelled);
     QCOMPARE(trace.results().constFirst().cause(), eFailure_Cancelled);
     QTEST(trace.results().constFirst().m_bContentArrived, "contentArrived");
-    QCOMPARE(m_world.targets().constLast(), stalling); // nothing has begun since
+    QCOMPARE(m_world.targets().constLast(), stalling); // no request has begun since
 }
 
 void tst_CatalogueUpdate_cancel::cancelBeforeAnythingCameHolds()
@@ -110,7 +110,7 @@ void tst_CatalogueUpdate_cancel::updateAfterACancelledOneIsWhole()
     QCOMPARE(trace.results().constLast().m_previews.m_nFetched, 2);
 }
 
-void tst_CatalogueUpdate_cancel::shutDownTellsNothing()
+void tst_CatalogueUpdate_cancel::shutDownReportsNothing()
 {
     m_world.route("/display/Themes/t1.jpg", stall);
     CatalogueUpdate update;

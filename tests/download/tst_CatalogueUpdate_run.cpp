@@ -6,7 +6,7 @@
 
 #include <QFile>
 
-/// Updates that run to their end.
+/// Tests updates that run to their end.
 class tst_CatalogueUpdate_run : public QObject
 {
     Q_OBJECT
@@ -24,8 +24,8 @@ private slots:
     void previewsBesideTheCheckCount();
     void numbersGrowToTheWhole();
     void secondStartIsRefusedMeanwhile();
-    void nextUpdateMayStartWhereOneFinishes();
-    void destroyedUpdateTellsNothing();
+    void nextUpdateMayStartInFinished();
+    void destroyedUpdateReportsNothing();
     void hostMayStillUseTheCallbacks();
 
 private:
@@ -189,7 +189,7 @@ void tst_CatalogueUpdate_run::ends()
 void tst_CatalogueUpdate_run::reasonOfAFailedCheckIsTheChecks()
 {
     publishAll();
-    m_world.route(CheckWorld::versionTarget, refuse); // and there is no catalogue on disk
+    m_world.route(CheckWorld::versionTarget, refuse); // nor is there a catalogue on disk
     CatalogueUpdate update;
     const UpdateTrace trace(update);
     QVERIFY(update.start());
@@ -268,7 +268,7 @@ void tst_CatalogueUpdate_run::secondStartIsRefusedMeanwhile()
     QCOMPARE(trace.entries(), UpdateTrace::whole());
 }
 
-void tst_CatalogueUpdate_run::nextUpdateMayStartWhereOneFinishes()
+void tst_CatalogueUpdate_run::nextUpdateMayStartInFinished()
 {
     publishAll();
     CatalogueUpdate update;
@@ -284,14 +284,14 @@ void tst_CatalogueUpdate_run::nextUpdateMayStartWhereOneFinishes()
     QCOMPARE(trace.entries(), UpdateTrace::whole() + UpdateTrace::whole());
 }
 
-void tst_CatalogueUpdate_run::destroyedUpdateTellsNothing()
+void tst_CatalogueUpdate_run::destroyedUpdateReportsNothing()
 {
     publishAll();
     {
         CatalogueUpdate update;
         QVERIFY(update.start());
     }
-    CatalogueUpdate other; // which has nothing to do with the run that goes on
+    CatalogueUpdate other; // it has nothing to do with the run in progress
     const UpdateTrace trace(other);
     QTRY_VERIFY(!MVThemeDownLoader_CheckCfg::instance()->isChecking());
     QTRY_VERIFY(!MVThemeDownLoader_CheckCfg::instance()->isFetchingPreviews());

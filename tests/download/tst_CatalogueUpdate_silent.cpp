@@ -2,8 +2,8 @@
 #include "download/UpdateTrace.h"
 #include "support/TestMain.h"
 
-/// An update whose check sends no end signal. The coordinator takes no other check afterwards, so
-/// this has a program of its own, and its steps one order.
+/// Tests an update whose check sends no end signal. The coordinator accepts no other check
+/// afterwards, so this has a program of its own, and its steps have a fixed order.
 class tst_CatalogueUpdate_silent : public QObject
 {
     Q_OBJECT

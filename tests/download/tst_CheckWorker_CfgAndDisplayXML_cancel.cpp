@@ -10,7 +10,7 @@ using namespace CheckLines;
 
 using Files = CatalogueFiles;
 
-/// Cancelling a check before, during and after each of its transfers.
+/// Tests cancelling a check before, during and after each of its transfers.
 class tst_CheckWorker_CfgAndDisplayXML_cancel : public QObject
 {
     Q_OBJECT
@@ -36,7 +36,7 @@ private:
         return m_world.temp() + QStringLiteral("//") + QLatin1String(name);
     }
     void publishAll();
-    /// Nothing has arrived in the download tree.
+    /// Returns whether the download tree has received no file.
     bool treeIsEmpty() const
     {
         return Files::filesBelow(m_world.root() + QStringLiteral("/Themes/ResourceConfig"))
@@ -50,7 +50,7 @@ namespace {
 
 constexpr qint64 prompt = 200; // ms, from the cancellation to the end
 
-/// How long ending takes under a sanitizer, or on a busy machine, beyond that.
+/// Extra time granted on a busy machine or under a sanitizer.
 constexpr qint64 slack = 800; // ms
 
 const QByteArray display = "<Resource>display</Resource>";
@@ -93,8 +93,7 @@ void tst_CheckWorker_CfgAndDisplayXML_cancel::duringAStalledTransfer_data()
     QTest::newRow("config") << 3;
 }
 
-/// The transfer ends at once, as a failed one. The next does not begin: in its place the check
-/// ends.
+/// The transfer ends at once, as a failed one. The check ends instead of starting the next one.
 void tst_CheckWorker_CfgAndDisplayXML_cancel::duringAStalledTransfer()
 {
     QFETCH(int, stalling);
@@ -142,14 +141,14 @@ void tst_CheckWorker_CfgAndDisplayXML_cancel::duringAStalledTransfer()
 
 void tst_CheckWorker_CfgAndDisplayXML_cancel::justBeforeATransfer_data()
 {
-    QTest::addColumn<QString>("line"); // the last one before the transfer
+    QTest::addColumn<QString>("line"); // the last line before the transfer
     QTest::addColumn<int>("transfer");
     QTest::newRow("version") << QStringLiteral("url_path = [") << 1;
     QTest::newRow("display") << QStringLiteral("bNeedUpdate_display = 1") << 2;
     QTest::newRow("config") << QStringLiteral("sType_XML_Info.eType_XML = 1") << 3;
 }
 
-/// No transfer begins after the cancellation: in its place the check ends, with one end signal.
+/// No transfer begins after the cancellation: the check ends instead, with one end signal.
 void tst_CheckWorker_CfgAndDisplayXML_cancel::justBeforeATransfer()
 {
     QFETCH(QString, line);
@@ -172,7 +171,7 @@ void tst_CheckWorker_CfgAndDisplayXML_cancel::justBeforeATransfer()
     QVERIFY(treeIsEmpty());
 }
 
-/// What has been verified by then is still stored: the tree is whole either way.
+/// Files verified by then are still stored: the tree is consistent either way.
 void tst_CheckWorker_CfgAndDisplayXML_cancel::afterTheLastTransfer()
 {
     publishAll();
@@ -185,7 +184,7 @@ void tst_CheckWorker_CfgAndDisplayXML_cancel::afterTheLastTransfer()
     QCOMPARE(Files::read(m_world.downloadedFile("resource_config.xml")), config);
 }
 
-/// Whoever holds the token needs no pointer to a worker, which may be gone.
+/// A token's holder needs no pointer to a worker, which may no longer exist.
 void tst_CheckWorker_CfgAndDisplayXML_cancel::byTheTokenAlone()
 {
     publishAll();

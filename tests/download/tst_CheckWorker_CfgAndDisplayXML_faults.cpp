@@ -10,7 +10,7 @@ using namespace CheckLines;
 
 using Files = CatalogueFiles;
 
-/// Servers, files and folders that fail a check: what is logged, told and left on disk.
+/// Tests servers, files and folders that fail a check: what is logged, reported and left on disk.
 class tst_CheckWorker_CfgAndDisplayXML_faults : public QObject
 {
     Q_OBJECT
@@ -28,8 +28,8 @@ private slots:
     void reasonsAreThoseOfTheFirstFailure();
     void catalogueChangesBehindTheVersionFile_data();
     void catalogueChangesBehindTheVersionFile();
-    void catalogueThatIsNone_data();
-    void catalogueThatIsNone();
+    void malformedCatalogueIsRejected_data();
+    void malformedCatalogueIsRejected();
     void emptyCatalogueReplacesTheOther();
     void failedCopyKeepsTheVersionFile();
     void linkInTheTreeIsNotFollowed();
@@ -47,11 +47,11 @@ private:
     }
     void publishAll();
     SCatalogueCheckResult check();
-    /// The three files of the download tree.
+    /// Returns the content of the three files in the download tree.
     QByteArrayList stored() const;
 
     mutable CheckWorld m_world;
-    QStringList m_entries; // of the last check()
+    QStringList m_entries; // entries of the last check()
 };
 
 namespace {
@@ -224,7 +224,7 @@ void tst_CheckWorker_CfgAndDisplayXML_faults::everyRequestFailsOnce()
         QCOMPARE(m_entries.at(m_entries.size() - 2), hasError(1));
         QVERIFY(!QFile::exists(temp(name)));
     }
-    // The server is well again, and so is the catalogue.
+    // The server has recovered, and so does the catalogue.
     QCOMPARE(check().m_eEnd, eCatalogueCheck_Changed);
     QCOMPARE(stored().at(1), display);
     QCOMPARE(stored().at(2), config);
@@ -301,7 +301,7 @@ void tst_CheckWorker_CfgAndDisplayXML_faults::catalogueChangesBehindTheVersionFi
     QVERIFY(QFile::exists(temp("resource_config.xml")));
 }
 
-void tst_CheckWorker_CfgAndDisplayXML_faults::catalogueThatIsNone_data()
+void tst_CheckWorker_CfgAndDisplayXML_faults::malformedCatalogueIsRejected_data()
 {
     QTest::addColumn<bool>("isDisplay");
     QTest::addColumn<QByteArray>("content");
@@ -316,9 +316,9 @@ void tst_CheckWorker_CfgAndDisplayXML_faults::catalogueThatIsNone_data()
     }
 }
 
-/// The publisher's checksum is right, but no client could read the file: the present catalogue
-/// stays.
-void tst_CheckWorker_CfgAndDisplayXML_faults::catalogueThatIsNone()
+/// The published checksum is right, but no client could read the file: the present catalogue is
+/// kept.
+void tst_CheckWorker_CfgAndDisplayXML_faults::malformedCatalogueIsRejected()
 {
     QFETCH(bool, isDisplay);
     QFETCH(QByteArray, content);
@@ -336,7 +336,7 @@ void tst_CheckWorker_CfgAndDisplayXML_faults::catalogueThatIsNone()
     QCOMPARE(stored(), oldFiles);
 }
 
-/// Everything was withdrawn.
+/// An empty catalogue is valid: the publisher has withdrawn everything.
 void tst_CheckWorker_CfgAndDisplayXML_faults::emptyCatalogueReplacesTheOther()
 {
     publishAll();
@@ -345,8 +345,7 @@ void tst_CheckWorker_CfgAndDisplayXML_faults::emptyCatalogueReplacesTheOther()
     QCOMPARE(stored().at(1), QByteArray("<Resource/>"));
 }
 
-/// A version file that spoke for a catalogue that is not there would keep later checks from
-/// fetching it.
+/// A version file that names a catalogue not on disk would keep later checks from fetching it.
 void tst_CheckWorker_CfgAndDisplayXML_faults::failedCopyKeepsTheVersionFile()
 {
     publishAll();

@@ -12,8 +12,8 @@
 
 using namespace CheckLines;
 
-/// Where catalogue files lie on the server and on disk. The program's first question for the
-/// server's root comes from here, so this test has a program of its own.
+/// Tests the locations of catalogue files on the server and on disk. This program must be the first
+/// to ask for the server's root here, so the test has a program of its own.
 class tst_CheckWorker_CfgAndDisplayXML_places : public QObject
 {
     Q_OBJECT

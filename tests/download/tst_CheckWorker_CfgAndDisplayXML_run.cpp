@@ -16,7 +16,7 @@ const QByteArray otherSum = "00112233445566778899aabbccddeeff";
 
 } // namespace
 
-/// The course of a check: order of steps, every log line, every signal, what lies on disk.
+/// Tests the course of a check: order of steps, every log line, every signal, files on disk.
 class tst_CheckWorker_CfgAndDisplayXML_run : public QObject
 {
     Q_OBJECT
@@ -48,7 +48,7 @@ private:
     {
         return m_world.temp() + QStringLiteral("//") + QLatin1String(name);
     }
-    /// All lines up to the comparison of the numbers.
+    /// Returns all lines up to the comparison of the version numbers.
     QStringList beginning(const QByteArray& downloadSums, const QByteArray& localSums,
                           const QStringList& numbers) const;
     QByteArray stored(const char* name) const { return Files::read(m_world.downloadedFile(name)); }
@@ -234,8 +234,8 @@ void tst_CheckWorker_CfgAndDisplayXML_run::everyMixOfChecksums_data()
     QTest::addColumn<bool>("needsConfig");
     QTest::addColumn<bool>("needsDisplay");
 
-    // Of each file: config and display, of the download tree and the installation; "-" no
-    // checksum, "=" the server's, "#" another one.
+    // State of each checksum, config and display of the download tree and the installation: "-"
+    // none, "=" the server's, "#" a different one.
     const QString states = QStringLiteral("-=#");
     for (int mix = 0; mix < 81; ++mix) {
         const QString sums = QString() + states.at(mix / 27) + states.at(mix / 9 % 3)
@@ -263,7 +263,7 @@ void tst_CheckWorker_CfgAndDisplayXML_run::everyMixOfChecksums()
     m_world.publish("1.0.2", display, config);
     m_world.download("1.0.2", sum(1, display), sum(0, config));
     m_world.install("1.0.2", sum(3, display), sum(2, config));
-    // What is on disk is what its version file says.
+    // The file on disk matches its version file.
     const bool isDownloaded = !sums.startsWith(QLatin1Char('-')) && sums.at(1) != QLatin1Char('-');
     if (isDownloaded && sums.at(0) == QLatin1Char('='))
         Files::write(m_world.downloadedFile("resource_config.xml"), config);

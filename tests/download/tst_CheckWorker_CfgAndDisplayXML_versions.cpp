@@ -7,7 +7,7 @@ using namespace CheckLines;
 using Files = CatalogueFiles;
 using SVersion = CheckWorker_CfgAndDisplayXML::SVersion;
 
-/// Reading version files, and what a check makes of their numbers.
+/// Tests reading version files, and how a check compares their numbers.
 class tst_CheckWorker_CfgAndDisplayXML_versions : public QObject
 {
     Q_OBJECT
@@ -166,7 +166,7 @@ void tst_CheckWorker_CfgAndDisplayXML_versions::unreadableFileEmptiesTheRecord()
     QVERIFY(version.m_qsVer_config.isEmpty());
     QVERIFY(!version.bLoadXMLOK);
     QVERIFY(!version.m_hasVersion);
-    // Before them, what refuses a limit is named.
+    // The line before them names the limit exceeded.
     QCOMPARE(trace.entries().filter(QRegularExpression(QStringLiteral("^MVThemeMgr 1"))),
              (QStringList{checkXml(file, 0), versionFileError(file)}));
 }
@@ -177,7 +177,7 @@ void tst_CheckWorker_CfgAndDisplayXML_versions::missingElementLeavesTheChecksum(
     SVersion version = filled();
     worker.getVersionInfo(write("<x value='1'><config/></x>"), version);
     QCOMPARE(version.m_qsVer_Display, QStringLiteral("display"));
-    QVERIFY(version.m_qsVer_config.isEmpty()); // there is an element, but it says nothing
+    QVERIFY(version.m_qsVer_config.isEmpty()); // the element exists but has no value
     QCOMPARE(version.m_qsVersion, QStringLiteral("1"));
 }
 

@@ -8,7 +8,7 @@
 
 using namespace CheckLines;
 
-/// Cancelling a preview run before, between, during and after its transfers.
+/// Tests cancelling a preview run before, between, during and after its transfers.
 class tst_CheckWorker_ThumbAndGif_cancel : public QObject
 {
     Q_OBJECT
@@ -36,7 +36,7 @@ const char* const files[] = {"t1.jpg", "t1.gif", "t2.jpg", "t2.gif"};
 
 constexpr qint64 prompt = 200; // ms, from the cancellation to the end
 
-/// How long ending takes under a sanitizer, or on a busy machine, beyond that.
+/// Extra time granted on a busy machine or under a sanitizer.
 constexpr qint64 slack = 800; // ms
 
 bool stallEverything(HttpExchange& exchange, int)
@@ -73,7 +73,7 @@ void tst_CheckWorker_ThumbAndGif_cancel::beforeTheRun()
 void tst_CheckWorker_ThumbAndGif_cancel::betweenTransfers_data()
 {
     QTest::addColumn<QStringList>("present");
-    QTest::addColumn<QString>("line"); // the last one before the transfer that does not begin
+    QTest::addColumn<QString>("line"); // the last line before the transfer that does not begin
     QTest::addColumn<int>("point");
     const QString have =
         QStringLiteral("m_info_%1.m_bDownloaded = true! not need download!, i = %2");
@@ -86,7 +86,7 @@ void tst_CheckWorker_ThumbAndGif_cancel::betweenTransfers_data()
         << 1119;
 }
 
-/// A run that is cancelled while nothing is being transferred begins no other transfer.
+/// A run cancelled between transfers begins no other transfer.
 void tst_CheckWorker_ThumbAndGif_cancel::betweenTransfers()
 {
     QFETCH(QStringList, present);
@@ -106,7 +106,7 @@ void tst_CheckWorker_ThumbAndGif_cancel::betweenTransfers()
 
 void tst_CheckWorker_ThumbAndGif_cancel::afterATransfer_data()
 {
-    QTest::addColumn<QString>("line"); // that of the transfer's success
+    QTest::addColumn<QString>("line"); // the line that reports the transfer's success
     QTest::addColumn<int>("transfer");
     QTest::addColumn<int>("point");
     const QString ok = QStringLiteral("%1 download template is ok!, i = %2");
@@ -139,7 +139,7 @@ void tst_CheckWorker_ThumbAndGif_cancel::afterATransfer()
 void tst_CheckWorker_ThumbAndGif_cancel::duringATransfer_data()
 {
     QTest::addColumn<int>("stalling"); // number of the request
-    QTest::addColumn<int>("point");    // where the next one ends the run; 0: there is none
+    QTest::addColumn<int>("point");    // next cancellation point, which ends the run; 0: none
     QTest::newRow("first thumbnail") << 1 << 1151;
     QTest::newRow("first preview") << 2 << 1119;
     QTest::newRow("second thumbnail") << 3 << 1151;
@@ -178,7 +178,7 @@ void tst_CheckWorker_ThumbAndGif_cancel::duringATransfer()
     QVERIFY(!QFile::exists(m_world.preview("Themes", files[stalling - 1])));
 }
 
-/// Only the transfer in progress counts as failed; nothing else is asked for.
+/// Only the transfer in progress counts as failed; nothing else is requested.
 void tst_CheckWorker_ThumbAndGif_cancel::whenTheServerIsSilent()
 {
     QVector<int> many;
@@ -220,7 +220,7 @@ void tst_CheckWorker_ThumbAndGif_cancel::whenEverythingIsPresent()
     QCOMPARE(trace.count(QStringLiteral("result 0 4 0 1 0")), 1);
 }
 
-/// Whoever holds the token needs no pointer to a worker, which may be gone.
+/// A token's holder needs no pointer to a worker, which may no longer exist.
 void tst_CheckWorker_ThumbAndGif_cancel::byTheTokenAlone()
 {
     CancelToken token;

@@ -10,7 +10,7 @@ using namespace CheckLines;
 
 using Files = CatalogueFiles;
 
-/// Previews that cannot be fetched, and catalogues that name files where none may be.
+/// Tests previews that cannot be fetched, and catalogues with file names that are not allowed.
 class tst_CheckWorker_ThumbAndGif_faults : public QObject
 {
     Q_OBJECT
@@ -144,8 +144,7 @@ void tst_CheckWorker_ThumbAndGif_faults::unreachableServer()
     QVERIFY(m_entries.contains(QStringLiteral("result 0 0 4 1 0")));
 }
 
-/// The folder's name would become the end of the host's. Behind a proxy every host can be asked
-/// for.
+/// The folder's name would be appended to the host's, and a proxy would resolve any host.
 void tst_CheckWorker_ThumbAndGif_faults::rootWithoutASlashNamesNoOtherHost()
 {
     serveTwoThemes();
@@ -191,7 +190,7 @@ void tst_CheckWorker_ThumbAndGif_faults::namesThatLeadOutside_data()
     row("just up", "..");
 }
 
-/// Neither created nor written, and what is there is not removed.
+/// Nothing is created or written outside, and existing files there are not removed.
 void tst_CheckWorker_ThumbAndGif_faults::namesThatLeadOutside()
 {
     QFETCH(QString, name);

@@ -11,7 +11,7 @@ using namespace CheckLines;
 
 using Files = CatalogueFiles;
 
-/// The course of a preview run: what it reads, fetches, logs and tells.
+/// Tests the course of a preview run: what it reads, fetches, logs and reports.
 class tst_CheckWorker_ThumbAndGif_run : public QObject
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ private slots:
     void init();
     void itemsAreAMetaType();
     void themesThenFilters();
-    void whatIsPresentIsNotFetched();
+    void presentFilesAreNotFetched();
     void installedPreviewsArePresent();
     void kindsByProductParameter_data();
     void kindsByProductParameter();
@@ -116,7 +116,7 @@ void tst_CheckWorker_ThumbAndGif_run::themesThenFilters()
              QByteArray("content of f3.jpg"));
 }
 
-void tst_CheckWorker_ThumbAndGif_run::whatIsPresentIsNotFetched()
+void tst_CheckWorker_ThumbAndGif_run::presentFilesAreNotFetched()
 {
     m_world.writeCatalogue(download, {1}, {});
     Files::write(m_world.preview("Themes", "t1.jpg"), "here");
@@ -182,8 +182,8 @@ void tst_CheckWorker_ThumbAndGif_run::backgroundMaterialsAreNeverFetched()
     const QString group = QStringLiteral("BgMaterial");
     const QString guid = Files::guid(7);
     Files::write(config(download), Files::document(Files::cfgGroup(group, {{guid, {}, {}}})));
-    // What is not in the config catalogue is missed loudly, so both catalogues have been read; in
-    // groups, as those of themes.
+    // Items missing from the config catalogue are logged as warnings, which proves that both
+    // catalogues were read, in groups as for themes.
     const QString unknown = Files::guid(8);
     const QByteArray grouped =
         Files::displayThemes({{QStringLiteral("others"),
@@ -310,7 +310,7 @@ void tst_CheckWorker_ThumbAndGif_run::catalogueOfTheHostIsNotTouched()
     QVERIFY(run());
     QVERIFY(MVThemeMgr::init()->getThemes_Display().isEmpty());
     QVERIFY(MVThemeMgr::init()->getCfgXML().vecTheme.isEmpty());
-    // What has arrived is what a loaded catalogue shows.
+    // A loaded catalogue shows what has arrived.
     MVThemeMgr::init()->load(true);
     QCOMPARE(MVThemeMgr::init()->getThemes_Display().size(), 1);
 }

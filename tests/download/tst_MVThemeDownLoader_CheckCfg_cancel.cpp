@@ -4,7 +4,7 @@
 
 #include <QElapsedTimer>
 
-/// Cancelling through the coordinator, while transfers stall.
+/// Tests cancelling through the coordinator while transfers stall.
 class tst_MVThemeDownLoader_CheckCfg_cancel : public QObject
 {
     Q_OBJECT
@@ -103,7 +103,7 @@ void tst_MVThemeDownLoader_CheckCfg_cancel::stalledPreview()
              1);
 }
 
-/// The thread may take its time to come up: the cancellation is not lost meanwhile.
+/// The cancellation is not lost, however late the thread starts.
 void tst_MVThemeDownLoader_CheckCfg_cancel::checkThatHasNotBegun()
 {
     const CoordinatorTrace trace;
@@ -115,7 +115,7 @@ void tst_MVThemeDownLoader_CheckCfg_cancel::checkThatHasNotBegun()
     QCOMPARE(m_world.targets().size(), 0);
 }
 
-/// A host that ends a check together with the previews behind it.
+/// A host ends a check together with the previews that follow it.
 void tst_MVThemeDownLoader_CheckCfg_cancel::previewsThatHaveNotBegun()
 {
     m_world.writeCatalogue(MVThemeMgr::eLoadDir_Download, {}, {1});
@@ -130,8 +130,8 @@ void tst_MVThemeDownLoader_CheckCfg_cancel::previewsThatHaveNotBegun()
     QCOMPARE(m_world.targets().size(), 0);
 }
 
-/// A failed display catalogue ends the check for the coordinator, while the worker still fetches
-/// the config catalogue.
+/// A failed display catalogue ends the check for the coordinator while the worker still fetches the
+/// config catalogue.
 void tst_MVThemeDownLoader_CheckCfg_cancel::behindAnEarlyEndSignal()
 {
     m_world.setFault([](HttpExchange& exchange, int number) {

@@ -12,8 +12,8 @@
 
 #include <unistd.h>
 
-/// A process that ends while a check or a preview run goes on. The program runs itself as the
-/// host, which ends when the test closes its input.
+/// Tests a process that exits during a check or a preview run. The program runs itself as the host,
+/// which exits when the test closes its input.
 class tst_MVThemeDownLoader_CheckCfg_exit : public QObject
 {
     Q_OBJECT
@@ -37,7 +37,7 @@ namespace {
 constexpr int longWait = 60000;       // ms
 constexpr qint64 shortEnough = 10000; // ms, far below the host's time limit for stalls
 
-/// What a host does that has never heard of the end of the process.
+/// Runs a host that makes no provision for the end of the process.
 int runHost(const QCoreApplication& application, const QStringList& arguments)
 {
     const QString& base = arguments.at(2);
@@ -49,7 +49,8 @@ int runHost(const QCoreApplication& application, const QStringList& arguments)
     hostSettings().downloadRetries = 0;
     hostSettings().productParams.insert(QStringLiteral("url_themeRootDir"), arguments.at(3));
     setLogSink([](const QByteArray&, int, const QByteArray&) {});
-    // The coordinator comes first, so nothing but its own care keeps the catalogue alive for it.
+    // The coordinator is created first, so only its own precautions keep the catalogue alive for
+    // it.
     MVThemeDownLoader_CheckCfg* const coordinator = MVThemeDownLoader_CheckCfg::instance();
     MVThemeMgr::init()->setResourceSaveRootPath(base + QStringLiteral("/root"));
     coordinator->startDownloadXML();
@@ -137,7 +138,7 @@ void tst_MVThemeDownLoader_CheckCfg_exit::rightAfterTheStart_data()
     QTest::newRow("exit is called") << QByteArray("exit at once");
 }
 
-/// Many times, as threads come up at different speeds.
+/// Repeats often, as threads start at different speeds.
 void tst_MVThemeDownLoader_CheckCfg_exit::rightAfterTheStart()
 {
     QFETCH(QByteArray, ending);

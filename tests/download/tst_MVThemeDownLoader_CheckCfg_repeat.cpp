@@ -5,7 +5,7 @@
 #include <QDir>
 #include <QFile>
 
-/// Many checks in a row: each one runs, and nothing piles up.
+/// Tests many checks in a row: each one runs, and nothing accumulates.
 class tst_MVThemeDownLoader_CheckCfg_repeat : public QObject
 {
     Q_OBJECT
@@ -73,7 +73,7 @@ void tst_MVThemeDownLoader_CheckCfg_repeat::twentyChecksInARow()
         return true;
     });
     const CoordinatorTrace trace;
-    // The first ones fill what is kept: buffers, connections, pools.
+    // The first checks fill what is retained: buffers, connections, pools.
     for (int number = 0; number < 6; ++number)
         QVERIFY(checkOnce(trace, number));
     const int serverThreads = m_world.server().connectionCount();
@@ -85,14 +85,14 @@ void tst_MVThemeDownLoader_CheckCfg_repeat::twentyChecksInARow()
     QCOMPARE(trace.checks(), 26);
     QCOMPARE(trace.count(QStringLiteral("check 0")), 13);
     QCOMPARE(trace.count(QStringLiteral("check 1")), 13);
-    // The server's own threads end when their connection does.
+    // The server's own threads end with their connections.
     QVERIFY(m_world.server().connectionCount() > serverThreads);
     QTRY_VERIFY(threads() <= threadsBefore + workers);
     const qint64 growth = residentKilobytes() - memoryBefore;
     QVERIFY2(sanitized || growth < allowedGrowth, qPrintable(QString::number(growth)));
 }
 
-/// As soon as the coordinator accepts it, which is when the last one's end signal has come.
+/// The coordinator accepts a check as soon as the previous one's end signal has arrived.
 void tst_MVThemeDownLoader_CheckCfg_repeat::startNext()
 {
     if (MVThemeDownLoader_CheckCfg::instance()->startDownloadXML())
@@ -101,7 +101,7 @@ void tst_MVThemeDownLoader_CheckCfg_repeat::startNext()
         this, [this] { startNext(); }, Qt::QueuedConnection);
 }
 
-/// The catalogue thread is still on its way out then.
+/// The catalogue thread is still finishing then.
 void tst_MVThemeDownLoader_CheckCfg_repeat::nextCheckFromTheEndOfTheLast()
 {
     m_world.fresh();

@@ -11,7 +11,7 @@ using namespace CheckLines;
 
 using Files = CatalogueFiles;
 
-/// How the coordinator runs checks and preview runs.
+/// Tests how the coordinator runs checks and preview runs.
 class tst_MVThemeDownLoader_CheckCfg_run : public QObject
 {
     Q_OBJECT
@@ -32,7 +32,7 @@ private slots:
     void endHandlersWithoutARun();
     void withoutCallbacks();
     void callbackCanReplaceItself();
-    void nextRunMayStartWhereARunIsTold();
+    void nextRunMayStartInTheCallback();
     void waitingForRunsThatGoOn();
     void checkAfterWaiting();
     void hostAsksTheCatalogueMeanwhile();
@@ -103,7 +103,7 @@ void tst_MVThemeDownLoader_CheckCfg_run::checkIsFollowedByPreviews()
     QVERIFY(coordinator().startDownloadXML());
     QVERIFY(endsIdle(trace));
 
-    QStringList own; // without what the threads say
+    QStringList own; // without the entries of the threads
     const QStringList entries = trace.entries();
     for (const QString& entry : entries) {
         if (entry.contains(QLatin1String("CheckCfg ")) || entry.startsWith(QLatin1String("start "))
@@ -198,7 +198,7 @@ void tst_MVThemeDownLoader_CheckCfg_run::severalEndSignalsStartOneRun()
 {
     publishAll();
     m_world.writeCatalogue(MVThemeMgr::eLoadDir_Local, {}, {2});
-    HeldAnswer held; // the run goes on until the check has sent all its signals
+    HeldAnswer held; // the run continues until the check has sent all its signals
     m_world.route("/display/VideoFilters/f2.jpg", held.handler(HttpAnswer(200).body("image")));
     m_world.route(CheckWorld::displayTarget,
                   [](HttpExchange& exchange) { exchange.answer(HttpAnswer(404).body("no")); });
@@ -212,8 +212,8 @@ void tst_MVThemeDownLoader_CheckCfg_run::severalEndSignalsStartOneRun()
     QCOMPARE(trace.count(QStringLiteral("check 5")), 1);
 }
 
-/// The first of two failing files ends a check for the coordinator; the other is still under way
-/// when the host starts the next check.
+/// The first of two failing files ends a check for the coordinator; the other is still being
+/// transferred when the host starts the next check.
 void tst_MVThemeDownLoader_CheckCfg_run::lateEndSignalLeavesTheNextCheckAlone()
 {
     publishAll();
@@ -275,7 +275,7 @@ void tst_MVThemeDownLoader_CheckCfg_run::callbackCanReplaceItself()
     QCOMPARE(told, 1);
 }
 
-void tst_MVThemeDownLoader_CheckCfg_run::nextRunMayStartWhereARunIsTold()
+void tst_MVThemeDownLoader_CheckCfg_run::nextRunMayStartInTheCallback()
 {
     publishAll();
     const CoordinatorTrace trace;
@@ -300,7 +300,7 @@ void tst_MVThemeDownLoader_CheckCfg_run::waitingForRunsThatGoOn()
     QVERIFY(held.hasArrived());
     held.release();
     coordinator().waitThreadFinished();
-    // The thread has come to its end; that is told by the event loop.
+    // The thread has ended, which the event loop reports.
     QVERIFY(trace.contains(hasError(0)));
     QCOMPARE(trace.checks(), 0);
     QVERIFY(endsIdle(trace));

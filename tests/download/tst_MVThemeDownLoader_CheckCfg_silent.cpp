@@ -5,8 +5,8 @@
 
 using namespace CheckLines;
 
-/// A check that sends no end signal. It counts as in progress for the rest of the process, so it
-/// has a program of its own, and its steps one order.
+/// Tests a check that sends no end signal. It counts as in progress for the rest of the process, so
+/// it has a program of its own, and its steps have a fixed order.
 class tst_MVThemeDownLoader_CheckCfg_silent : public QObject
 {
     Q_OBJECT
@@ -30,19 +30,19 @@ void tst_MVThemeDownLoader_CheckCfg_silent::hostIsToldOnce()
     QTRY_COMPARE(trace.checks(), 1);
     QVERIFY(trace.contains(noSums()));
     QVERIFY(trace.contains(QStringLiteral("check 5")));
-    // Everything the worker's thread has sent is here once the thread is joined.
+    // Once the thread is joined, everything it has sent has arrived.
     coordinator.waitThreadFinished();
     QCoreApplication::processEvents();
     QVERIFY(!trace.contains(trace.checkEnded()));
     QVERIFY(!trace.contains(trace.runStarted()));
 
-    // No further check is accepted, though the server has recovered.
+    // No further check is accepted, although the server has recovered.
     world.publish("1.0.2", "<d/>", "<c/>");
     QVERIFY(!coordinator.startDownloadXML());
     QVERIFY(trace.contains(trace.checkRefused()));
-    // Cancelling finds a worker, and does no harm.
+    // Cancelling finds a worker and does no harm.
     coordinator.cancelCfgAndDisplayXML();
-    // Previews can be fetched all the same.
+    // Previews can still be fetched.
     QVERIFY(coordinator.startDownloadThumbAndGif());
     QTRY_COMPARE(trace.count(trace.runEnded()), 1);
     QVERIFY(trace.contains(QStringLiteral("previews 1 0 0 1")));

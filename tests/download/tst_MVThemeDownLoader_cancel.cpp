@@ -14,7 +14,8 @@ using namespace DownloadLines;
 
 namespace {
 
-/// A second, and room for a busy machine and a sanitizer. Nothing below ends by itself before ten.
+/// A second plus a margin for a busy machine and a sanitizer. No operation below ends by itself in
+/// under ten.
 constexpr qint64 promptMs = 3000;
 
 bool isTaken(const SFileInfo& info)
@@ -25,7 +26,7 @@ bool isTaken(const SFileInfo& info)
 
 } // namespace
 
-/// Every cancellation point by its number, and what a cancelled download leaves behind.
+/// Tests every cancellation point by its number, and what a cancelled download leaves behind.
 class tst_MVThemeDownLoader_cancel : public QObject
 {
     Q_OBJECT
@@ -91,7 +92,7 @@ void tst_MVThemeDownLoader_cancel::waitingForAnothersConfig()
     const QStringList expected = {start(), QStringLiteral("progress 0"), cancelled(179),
                                   QStringLiteral("finish 4")};
     QCOMPARE(trace.entries(), expected);
-    QVERIFY(isTaken(theme.m_info_CfgXML)); // it is the other one's still
+    QVERIFY(isTaken(theme.m_info_CfgXML)); // the other download still holds it
 }
 
 void tst_MVThemeDownLoader_cancel::afterTheConfig()
@@ -171,7 +172,7 @@ void tst_MVThemeDownLoader_cancel::beforeTheList()
     const QStringList expected = DownloadLines::simulatedPhase()
         << cancelled(218) << QStringLiteral("finish 4");
     QCOMPARE(trace.entries(), expected);
-    QVERIFY(filter.m_vecResource.first().m_qsFile.isEmpty()); // nobody has looked
+    QVERIFY(filter.m_vecResource.first().m_qsFile.isEmpty()); // it was never resolved
 }
 
 void tst_MVThemeDownLoader_cancel::beforeAFile_data()
@@ -230,7 +231,7 @@ void tst_MVThemeDownLoader_cancel::waitingForAnothersFile()
     const QStringList expected = DownloadLines::simulatedPhase()
         << waiting(0, file) << cancelled(240) << QStringLiteral("finish 4");
     QCOMPARE(trace.entries(), expected);
-    QVERIFY(isTaken(filter.m_vecResource.first())); // it is the other one's still
+    QVERIFY(isTaken(filter.m_vecResource.first())); // the other download still holds it
 }
 
 /// The transfer ends as a failed one, and a failed config ends the download before point 202.
@@ -270,7 +271,7 @@ void tst_MVThemeDownLoader_cancel::duringAFile_data()
         << HttpAnswer(200).field("Content-Length", "1000").bareBody(QByteArray(250, 'x')).bytes();
 }
 
-/// The transfer ends as a failed one; behind the last file there is no further point.
+/// The transfer ends as a failed one; no cancellation point follows the last file.
 void tst_MVThemeDownLoader_cancel::duringAFile()
 {
     QFETCH(QByteArray, sent);

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// Notes what it is told, as "OPERATION NAME".
+/// Records its calls as "OPERATION NAME".
 class RecordingContext : public CoreContext
 {
 public:
@@ -37,7 +37,7 @@ private:
 
 } // namespace
 
-/// Which downloaded files the host's editing core is told of, and as what.
+/// Tests which downloaded files the host's editing core is told about, and as what.
 class tst_MVThemeDownLoader_coreContext : public QObject
 {
     Q_OBJECT
@@ -92,7 +92,7 @@ void tst_MVThemeDownLoader_coreContext::definitionsArePassedOn()
     DownloadWorld world;
     const auto context = std::make_shared<RecordingContext>();
     MVThemeDownLoader::setCoreContextPtr(context);
-    // A theme's own folder is in no file's way here: the names are absolute.
+    // A theme's own folder does not affect the path: the names are absolute.
     SCfg_Item theme = DownloadWorld::item(eCfgItem_Theme, 1, {name});
     world.serve(QString::fromLatin1(QUrl::toPercentEncoding(QStringLiteral("/config") + name, "/")),
                 "content");
@@ -117,7 +117,7 @@ void tst_MVThemeDownLoader_coreContext::kindFolderDecides_data()
     QTest::newRow("theme") << int(eCfgItem_Theme) << QString();
 }
 
-/// A relative name lies in the folder of its item's kind.
+/// A relative name resolves to the folder of its item's kind.
 void tst_MVThemeDownLoader_coreContext::kindFolderDecides()
 {
     QFETCH(int, kind);
@@ -165,7 +165,7 @@ void tst_MVThemeDownLoader_coreContext::failedFileIsNot()
     QCOMPARE(context->calls(), QStringList());
 }
 
-/// Whoever has brought the file has passed it on.
+/// The download that fetched the file has already passed it on.
 void tst_MVThemeDownLoader_coreContext::presentFileIsNot()
 {
     DownloadWorld world;

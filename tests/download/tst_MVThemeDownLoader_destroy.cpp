@@ -11,10 +11,11 @@ using namespace DownloadLines;
 
 namespace {
 
-/// A second, and room for a busy machine and a sanitizer. Nothing below ends by itself before ten.
+/// A second plus a margin for a busy machine and a sanitizer. No operation below ends by itself in
+/// under ten.
 constexpr qint64 promptMs = 3000;
 
-/// What a download is in the middle of.
+/// The state in which a download is interrupted.
 enum class State {
     WaitingForConfig,
     StalledConfig,
@@ -27,7 +28,7 @@ enum class State {
 
 } // namespace
 
-/// Downloaders that are cancelled for good, and those that are destroyed at work.
+/// Tests downloaders that are cancelled for good, and those destroyed while working.
 class tst_MVThemeDownLoader_destroy : public QObject
 {
     Q_OBJECT
@@ -85,7 +86,7 @@ void tst_MVThemeDownLoader_destroy::staysCancelled()
 void tst_MVThemeDownLoader_destroy::destroyedWhileRunning_data()
 {
     QTest::addColumn<int>("state");
-    QTest::addColumn<QString>("seen"); // the sign that the download has got there
+    QTest::addColumn<QString>("seen"); // the entry that shows that the download has got there
     QTest::addColumn<int>("code");
 
     const auto row = [](const char* name, State state, const char* seen, int code) {
@@ -124,7 +125,7 @@ void tst_MVThemeDownLoader_destroy::destroyedWhileRunning()
     DownloadTrace trace;
     auto downloader = std::make_unique<MVThemeDownLoader>(nullptr);
     trace.watch(*downloader);
-    // Far longer than the end may take: pauses are cut short.
+    // Far longer than ending may take: pauses are cut short.
     const auto slowDown = [] { DownloadPacing::setStep(std::chrono::seconds(30)); };
     if (is(State::Simulating))
         slowDown();

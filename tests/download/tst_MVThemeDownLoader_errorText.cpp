@@ -2,7 +2,7 @@
 #include "host/HostSettings.h"
 #include "support/TestMain.h"
 
-/// What a downloader tells of its first failure.
+/// Tests what a downloader reports about its first failure.
 class tst_MVThemeDownLoader_errorText : public QObject
 {
     Q_OBJECT

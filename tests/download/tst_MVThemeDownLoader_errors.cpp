@@ -11,7 +11,7 @@ using namespace DownloadLines;
 
 namespace {
 
-/// Ways in which a transfer fails.
+/// The ways in which a transfer fails.
 enum class Fault { Status, Refused, Reset, Truncated, Stalled, TooLarge, NotHttp, NoFolder };
 
 bool isTaken(const SFileInfo& info)
@@ -20,7 +20,7 @@ bool isTaken(const SFileInfo& info)
     return info.m_bDownloaded;
 }
 
-/// Lets a transfer of `target` fail.
+/// Makes a transfer of `target` fail.
 void fail(DownloadWorld& world, const QString& target, Fault fault)
 {
     HostSettings& settings = hostSettings();
@@ -59,7 +59,7 @@ void fail(DownloadWorld& world, const QString& target, Fault fault)
 
 } // namespace
 
-/// What fails, how it is told, and what stays behind.
+/// Tests failures, how they are reported, and what they leave behind.
 class tst_MVThemeDownLoader_errors : public QObject
 {
     Q_OBJECT
@@ -72,8 +72,8 @@ private slots:
     void configWithoutPath();
     void fileTransferFails_data();
     void fileTransferFails();
-    void whatStandsAtAFailedFilesPlaceIsDeleted_data();
-    void whatStandsAtAFailedFilesPlaceIsDeleted();
+    void fileInPlaceOfAFailedOneIsDeleted_data();
+    void fileInPlaceOfAFailedOneIsDeleted();
     void failedFileWithoutSuffix();
     void theOthersAreStillFetched();
     void aSecondDownloadFetchesWhatFailed();
@@ -129,7 +129,7 @@ void tst_MVThemeDownLoader_errors::configTransferFails()
                             configError(url, file, transferResult),
                             QStringLiteral("finish %1").arg(code)};
     QStringList entries = trace.entries();
-    entries.removeAll(QStringLiteral("progress 0.2")); // of a truncated file, if it came in time
+    entries.removeAll(QStringLiteral("progress 0.2")); // of a truncated file, if it arrived
     QCOMPARE(entries, expected);
     QVERIFY(url.endsWith(QStringLiteral("config") + name));
     QVERIFY(!QFileInfo::exists(file));
@@ -158,14 +158,14 @@ void tst_MVThemeDownLoader_errors::configOutsideTheRoot()
     QVERIFY(!isTaken(theme.m_info_CfgXML));
 }
 
-/// The item is resolved anew between this download's look at it and its turn.
+/// The item is resolved again between this download's first look and its turn.
 void tst_MVThemeDownLoader_errors::configWithoutPath()
 {
     DownloadWorld world;
     SCfg_Item theme = DownloadWorld::item(eCfgItem_Theme, 1);
     SFileInfo& config = theme.m_info_CfgXML;
     config.m_qsUrl = QStringLiteral("/Themes/t.xml");
-    config.m_bDownloaded = true; // another download has it
+    config.m_bDownloaded = true; // another download holds it
     DownloadTrace trace;
     MVThemeDownLoader downloader(nullptr);
     trace.watch(downloader);
@@ -228,14 +228,14 @@ void tst_MVThemeDownLoader_errors::fileTransferFails()
     expected << taken(0, file) << fileStart(0, url, file) << fileError(0, url, file, transferResult)
              << released(0, file) << QStringLiteral("finish 2") << end();
     QStringList entries = trace.entries();
-    entries.removeAll(QStringLiteral("progress 11.8")); // of a truncated file, if it came in time
+    entries.removeAll(QStringLiteral("progress 11.8")); // of a truncated file, if it arrived
     QCOMPARE(entries, expected);
     QVERIFY(!isTaken(filter.m_vecResource.first()));
     QVERIFY(QFileInfo(world.folder(eCfgItem_Filter) + QStringLiteral("/a")).isDir());
     QCOMPARE(CatalogueFiles::filesBelow(world.root()), QStringList());
 }
 
-void tst_MVThemeDownLoader_errors::whatStandsAtAFailedFilesPlaceIsDeleted_data()
+void tst_MVThemeDownLoader_errors::fileInPlaceOfAFailedOneIsDeleted_data()
 {
     QTest::addColumn<int>("kind");
     QTest::addColumn<int>("code");
@@ -243,8 +243,8 @@ void tst_MVThemeDownLoader_errors::whatStandsAtAFailedFilesPlaceIsDeleted_data()
     QTest::newRow("filter's config") << int(eCfgItem_Filter) << int(eDownLoadError_Element);
 }
 
-/// Somebody else writes there meanwhile: nobody could tell it from a partial file.
-void tst_MVThemeDownLoader_errors::whatStandsAtAFailedFilesPlaceIsDeleted()
+/// Another program writes there meanwhile: its file cannot be told from a partial one.
+void tst_MVThemeDownLoader_errors::fileInPlaceOfAFailedOneIsDeleted()
 {
     QFETCH(int, kind);
     QFETCH(int, code);
@@ -266,7 +266,7 @@ void tst_MVThemeDownLoader_errors::whatStandsAtAFailedFilesPlaceIsDeleted()
     QVERIFY(!QFileInfo::exists(file));
 }
 
-/// The folder beside it would take its name, and the file would count as present from then on.
+/// A folder beside it would take its name, and the file would count as present from then on.
 void tst_MVThemeDownLoader_errors::failedFileWithoutSuffix()
 {
     DownloadWorld world;

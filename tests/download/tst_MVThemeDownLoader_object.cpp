@@ -11,7 +11,7 @@ using namespace DownloadLines;
 
 namespace {
 
-/// Makes the protected operation reachable.
+/// Makes the protected operation accessible.
 class OpenDownLoader : public MVThemeDownLoader
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ public:
 
 } // namespace
 
-/// The downloader as an object: its values, its signals, one download after the other, its pace.
+/// Tests the downloader object: its values, its signals, reuse, its pace.
 class tst_MVThemeDownLoader_object : public QObject
 {
     Q_OBJECT
@@ -161,7 +161,7 @@ void tst_MVThemeDownLoader_object::downloadIsIgnoredWhileOneRuns()
     QCOMPARE(trace.count(start()), 1);
 }
 
-/// One pause after each of the ten steps and one before each file.
+/// Expects one pause after each of the ten steps and one before each file.
 void tst_MVThemeDownLoader_object::paceIsKept()
 {
     DownloadWorld world;

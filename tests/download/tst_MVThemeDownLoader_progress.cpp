@@ -13,7 +13,7 @@ namespace {
 
 constexpr int bodySize = 1000;
 
-/// Sends a part of the body, waits until the download has told of it, and sends the rest.
+/// Sends part of the body, waits until the download has reported it, and sends the rest.
 FaultServer::Handler inTwoParts(const DownloadTrace& trace, int firstPart, const QString& entry)
 {
     return [&trace, firstPart, entry](HttpExchange& exchange) {
@@ -31,14 +31,14 @@ QString progressEntry(double value)
     return QStringLiteral("progress %1").arg(value);
 }
 
-/// A transfer that waits tells the same value again.
+/// Removes repetitions, since a waiting transfer reports the same value again.
 QVector<double> withoutRepetitions(QVector<double> values)
 {
     values.erase(std::unique(values.begin(), values.end()), values.end());
     return values;
 }
 
-/// The values behind the ten steps of the first phase.
+/// Returns the values that follow the ten steps of the first phase.
 QVector<double> ofSecondPhase(const DownloadTrace& trace)
 {
     return withoutRepetitions(trace.progress().mid(11));
@@ -46,7 +46,7 @@ QVector<double> ofSecondPhase(const DownloadTrace& trace)
 
 } // namespace
 
-/// The numbers that a download shows while it runs.
+/// Tests the progress values of a running download.
 class tst_MVThemeDownLoader_progress : public QObject
 {
     Q_OBJECT
@@ -138,7 +138,7 @@ void tst_MVThemeDownLoader_progress::countsStandInTheRecord()
     SCfg_Item filter =
         DownloadWorld::item(eCfgItem_Filter, 1, {QStringLiteral("/VideoFilters/a.zip")});
     SFileInfo& info = filter.m_vecResource.first();
-    info.m_nReceived = 7; // of an earlier download
+    info.m_nReceived = 7; // from an earlier download
     info.m_nTotal = 8;
     DownloadTrace trace;
     MVThemeDownLoader downloader(nullptr);
@@ -168,7 +168,7 @@ void tst_MVThemeDownLoader_progress::countsStandInTheRecord()
     QCOMPARE(info.m_nTotal, qint64{1000});
 }
 
-/// Until the last byte a chunked body shows nothing; then its length is known.
+/// A chunked body shows no progress until its last byte, when its length is known.
 void tst_MVThemeDownLoader_progress::unknownTotal()
 {
     DownloadWorld world;
@@ -216,7 +216,7 @@ void tst_MVThemeDownLoader_progress::emptyFile()
     QCOMPARE(trace.progress(), QVector<double>{0.0});
 }
 
-/// Whatever a server does: a body longer than announced, a broken one, an error page.
+/// Progress stays in range for a body longer than announced, a broken one or an error page.
 void tst_MVThemeDownLoader_progress::staysWithinBounds()
 {
     DownloadWorld world;

@@ -29,7 +29,7 @@ bool isFolder(const QString& path)
 
 } // namespace
 
-/// The normal course of a download: its order, its log lines, its results on disk.
+/// Tests the normal course of a download: its order, its log lines, its results on disk.
 class tst_MVThemeDownLoader_run : public QObject
 {
     Q_OBJECT
@@ -98,7 +98,7 @@ void tst_MVThemeDownLoader_run::presentConfigCountsWithThemesOnly()
     QVERIFY(!theme.m_pThemes_a);
 }
 
-/// A second program, or a copy, may have brought the config after the catalogue was loaded.
+/// A second program, or a copy, may have added the config after the catalogue was loaded.
 void tst_MVThemeDownLoader_run::configThatCameByOtherMeansIsParsed()
 {
     DownloadWorld world;
@@ -176,7 +176,7 @@ void tst_MVThemeDownLoader_run::themeConfigComesFirst()
     QCOMPARE(theme.m_pThemes_a->m_vecItems.first()[eDependType_Filter].m_pItem, filter);
     QCOMPARE(CatalogueFiles::read(file1), QByteArray("filter"));
     QCOMPARE(operatorQueries.load(), 0);
-    // The config file has no folder beside it: nothing is unpacked from it.
+    // The config file gets no folder beside it: nothing is unpacked from it.
     QVERIFY(!QFileInfo::exists(world.folder(eCfgItem_Theme) + QStringLiteral("/t")));
     QVERIFY(!theme.m_info_CfgXML.m_bDownloaded);
 }
@@ -294,7 +294,7 @@ void tst_MVThemeDownLoader_run::foldersBesideTheFiles()
     QCOMPARE(CatalogueFiles::read(place.filePath(name)), QByteArray("content"));
 }
 
-/// The resolver makes no folder for an item's own config file.
+/// The resolver creates no folder for an item's own config file.
 void tst_MVThemeDownLoader_run::folderOfAFileIsCreated()
 {
     DownloadWorld world;

@@ -14,7 +14,7 @@ using namespace DownloadLines;
 
 namespace {
 
-/// Everything below the test's home except one folder: names, kinds, link targets, contents.
+/// Lists everything below the test's home except one folder: names, kinds, link targets, contents.
 QStringList everythingBut(const QString& excluded)
 {
     QStringList entries;
@@ -40,7 +40,7 @@ QStringList everythingBut(const QString& excluded)
 
 } // namespace
 
-/// Whatever a catalogue says, a download touches nothing outside the download root.
+/// Tests that a download touches nothing outside the download root, whatever a catalogue says.
 class tst_MVThemeDownLoader_safety : public QObject
 {
     Q_OBJECT
@@ -100,8 +100,8 @@ void tst_MVThemeDownLoader_safety::resourceNames()
     QCOMPARE(trace.results(), QVector<int>{eDownLoadError_Element});
 }
 
-/// A name that leads out of the root does not count as present, whatever is there; it is neither
-/// read nor touched.
+/// A name that leads out of the root never counts as present; the file there is neither read nor
+/// changed.
 void tst_MVThemeDownLoader_safety::presentOutside()
 {
     DownloadWorld world;

@@ -25,7 +25,7 @@ FaultServer::Handler after(const DownloadTrace& trace, const QString& part,
 
 } // namespace
 
-/// Downloads that need the same file at the same time.
+/// Tests downloads that need the same file at the same time.
 class tst_MVThemeDownLoader_shared : public QObject
 {
     Q_OBJECT
@@ -43,7 +43,7 @@ private slots:
     void recordWithoutMutex();
 
 private:
-    /// Downloads the filter twice at once: `second` starts when `first` is at the file.
+    /// Downloads the filter twice at once: `second` starts when `first` reaches the file.
     void runBoth(DownloadTrace& trace, MVThemeDownLoader& first, MVThemeDownLoader& second,
                  SCfg_Item& item);
 };
@@ -141,7 +141,7 @@ void tst_MVThemeDownLoader_shared::nothingToMirrorYet()
     QCOMPARE(world.server().connectionCount(), 0);
 }
 
-/// Whoever waited does not ask how it ended.
+/// A waiting download does not ask how the other one ended.
 void tst_MVThemeDownLoader_shared::theFirstFails()
 {
     DownloadWorld world;
@@ -182,7 +182,7 @@ void tst_MVThemeDownLoader_shared::dependencyOfTwoThemes()
     MVThemeDownLoader second(nullptr);
     trace.watch(first);
     trace.watch(second);
-    // The file is the second of one list and the first of the other.
+    // The file is second in one list and first in the other.
     world.route(sharedTarget, after(trace, waiting(0, file), HttpAnswer(200).body("filter")));
 
     first.download(&one);
@@ -277,7 +277,7 @@ void tst_MVThemeDownLoader_shared::configOfOneTheme()
     QCOMPARE(trace.count(end()), 2);
 }
 
-/// A config is needed: who waited for it in vain tries again.
+/// A config is required: a download that has waited for it in vain tries again itself.
 void tst_MVThemeDownLoader_shared::configFailsForTheFirst()
 {
     DownloadWorld world;

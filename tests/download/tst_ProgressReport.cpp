@@ -4,21 +4,21 @@
 #include <QThread>
 #include <QVector>
 
-/// What a worker tells of its progress, and how often.
+/// Tests what a worker reports of its progress, and how often.
 class tst_ProgressReport : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void beginningAndEndAreTold();
+    void beginningAndEndAreReported();
     void bytesNeverDecrease();
-    void quickFilesAreToldTogether();
-    void slowFilesAreToldEach();
+    void quickFilesAreReportedTogether();
+    void slowFilesAreReportedSeparately();
     void everyRunStartsFromZero();
     void worksWithoutACallback();
 };
 
-void tst_ProgressReport::beginningAndEndAreTold()
+void tst_ProgressReport::beginningAndEndAreReported()
 {
     QVector<int> done;
     ProgressReport report;
@@ -48,7 +48,7 @@ void tst_ProgressReport::bytesNeverDecrease()
     QCOMPARE(last.m_nFiles, 2);
 }
 
-void tst_ProgressReport::quickFilesAreToldTogether()
+void tst_ProgressReport::quickFilesAreReportedTogether()
 {
     constexpr int files = 100000;
     int told = 0;
@@ -60,7 +60,7 @@ void tst_ProgressReport::quickFilesAreToldTogether()
     QVERIFY2(told < files / 100, qPrintable(QString::number(told)));
 }
 
-void tst_ProgressReport::slowFilesAreToldEach()
+void tst_ProgressReport::slowFilesAreReportedSeparately()
 {
     QVector<int> done;
     ProgressReport report;

@@ -7,7 +7,7 @@
 
 #include <memory>
 
-/// The catalogue keeps its items while downloads work on them.
+/// Tests that the catalogue keeps its items while downloads work on them.
 class tst_catalogueInUse : public QObject
 {
     Q_OBJECT
@@ -38,7 +38,7 @@ void tst_catalogueInUse::init()
     QCOMPARE(CatalogueUse::count(), 0);
 }
 
-/// An item of the catalogue whose file is held back by the server.
+/// Returns an item of the catalogue whose file the server holds back.
 SCfg_Item* tst_catalogueInUse::heldItem()
 {
     const QString name = QStringLiteral("/VideoFilters/held.zip");
@@ -92,7 +92,7 @@ void tst_catalogueInUse::firstLoadIsRefusedAsWell()
     QCOMPARE(log.texts(), QByteArrayList{"load does nothing: 1 downloads use the catalogue"});
 }
 
-/// A host loads the catalogue in the slot that receives the end.
+/// A host loads the catalogue in the slot connected to the end signal.
 void tst_catalogueInUse::obeysOnceTheEndIsTold()
 {
     SCfg_Item* const item = heldItem();

@@ -7,8 +7,8 @@
 
 using Files = CatalogueFiles;
 
-/// What the next check makes good: catalogue files that were damaged or deleted, and the remains of
-/// a check that was killed between two files; and a version file that takes for ever.
+/// Tests what the next check repairs: catalogue files that were damaged or deleted, and the remains
+/// of a check killed between two files; and a version file that never ends.
 class tst_checkHeals : public QObject
 {
     Q_OBJECT
@@ -85,18 +85,18 @@ void tst_checkHeals::damagedFile()
     const int requests = m_world.targets().size();
     QCOMPARE(check(), int(eCatalogueCheck_Changed));
     QCOMPARE(Files::read(file), name.contains("display") ? display : config);
-    QCOMPARE(m_world.targets().size(), requests + 2); // the version file, and the damaged one only
+    QCOMPARE(m_world.targets().size(), requests + 2); // only the version file and the damaged one
     QCOMPARE(check(), int(eCatalogueCheck_Current));
 }
 
 void tst_checkHeals::serverGoesBackAfterAKill_data()
 {
-    QTest::addColumn<bool>("isDownloaded"); // the catalogue before; else the installed one
+    QTest::addColumn<bool>("isDownloaded"); // the earlier catalogue; else installed
     QTest::newRow("to the downloaded catalogue") << true;
     QTest::newRow("to the installed catalogue") << false;
 }
 
-/// The display catalogue had been replaced, the config catalogue and the version file had not.
+/// The display catalogue had been replaced; the config catalogue and the version file had not.
 void tst_checkHeals::serverGoesBackAfterAKill()
 {
     QFETCH(bool, isDownloaded);
@@ -110,7 +110,7 @@ void tst_checkHeals::serverGoesBackAfterAKill()
     QCOMPARE(check(), int(eCatalogueCheck_Current));
 }
 
-/// Nothing was ever downloaded, and the installed catalogue is the server's.
+/// Nothing was ever downloaded, and the installed catalogue equals the server's.
 void tst_checkHeals::installedCatalogueIsLeftAlone()
 {
     installServersCatalogue();
@@ -123,7 +123,7 @@ void tst_checkHeals::endlessVersionFile()
     hostSettings().versionTimeoutMs = 500;
     m_world.setFault([](HttpExchange& exchange, int) {
         exchange.send("HTTP/1.1 200 OK\r\nContent-Length: 60000\r\n\r\n");
-        while (exchange.isOpen()) { // fast enough to be no stall
+        while (exchange.isOpen()) { // fast enough not to count as stalled
             exchange.send(QByteArray(200, ' '));
             exchange.pause(std::chrono::milliseconds(20));
         }

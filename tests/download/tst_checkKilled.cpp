@@ -17,7 +17,7 @@
 
 using Files = CatalogueFiles;
 
-/// What a check leaves that is killed, and what the next one makes of it. The program runs itself
+/// Tests what a killed check leaves on disk, and how the next one recovers. The program runs itself
 /// as the host that is killed.
 class tst_checkKilled : public QObject
 {
@@ -33,13 +33,13 @@ private:
     void publish(int number);
     void start(QProcess& host, int killAt) const;
     bool completes() const;
-    /// The files of the download tree by their names.
+    /// Returns the files of the download tree by name.
     QMap<QString, QByteArray> tree() const;
-    /// Whether a killed check has left only whole files: old ones or new ones.
+    /// Returns whether a killed check has left only complete files, old or new.
     bool isWhole(const QMap<QString, QByteArray>& before) const;
 
     CheckWorld m_world;
-    QMap<QString, QByteArray> m_published; // what the tree has to hold
+    QMap<QString, QByteArray> m_published; // the expected content of the tree
 };
 
 namespace {
@@ -49,7 +49,7 @@ constexpr int manySteps = 200;
 const QByteArray sum = "00112233445566778899aabbccddeeff";
 const QVector<int> filters{1, 2, 3};
 
-/// A check and a preview run, ended by a kill when the given number of lines is in the log.
+/// Runs a check and a preview run that kill the process after the given number of log lines.
 int runHost(const QStringList& arguments)
 {
     const QString& base = arguments.at(2);
@@ -86,7 +86,7 @@ void tst_checkKilled::init()
     m_published.clear();
 }
 
-/// Catalogues differ by their number; so do the names of their previews.
+/// Publishes a catalogue whose content and preview names depend on its number.
 void tst_checkKilled::publish(int number)
 {
     QVector<int> own;
@@ -148,7 +148,7 @@ bool tst_checkKilled::isWhole(const QMap<QString, QByteArray>& before) const
     return true;
 }
 
-/// A kill at every line of the log, which is between any two steps.
+/// Kills the check at every line of its log, that is, between any two steps.
 void tst_checkKilled::atEveryStep()
 {
     int killed = 0;
@@ -159,7 +159,7 @@ void tst_checkKilled::atEveryStep()
         start(host, step);
         QVERIFY(host.waitForFinished());
         if (host.exitStatus() == QProcess::NormalExit)
-            break; // it has fewer lines than that
+            break; // the log has fewer lines
         ++killed;
         QVERIFY2(isWhole(before), qPrintable(QString::number(step)));
         QVERIFY(completes());
@@ -182,7 +182,7 @@ void tst_checkKilled::atRandomMoments()
         QProcess host;
         start(host, 0);
         QVERIFY(host.waitForStarted());
-        // It may be through before the kill comes; that is a moment, too.
+        // The check may end before the kill, which is a valid moment, too.
         std::this_thread::sleep_for(std::chrono::milliseconds(random.bounded(whole)));
         host.kill();
         QVERIFY(host.waitForFinished());

@@ -9,7 +9,7 @@
 
 using Files = CatalogueFiles;
 
-/// Checks against a web server as it is deployed.
+/// Tests checks against a web server configured as in deployment.
 class tst_checkNginx : public QObject
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ private:
     void publish(const QByteArray& display, const QByteArray& config) const;
     QString tree() const { return m_world.base() + QStringLiteral("/tree"); }
 
-    CheckWorld m_world; // its trees only
+    CheckWorld m_world; // only for its trees
     CoordinatorTrace m_trace;
 };
 
@@ -51,7 +51,7 @@ void tst_checkNginx::publish(const QByteArray& display, const QByteArray& config
                  CheckWorld::version("1.0.2", CheckWorld::md5(display), CheckWorld::md5(config)));
 }
 
-/// One server, since its address is kept for the life of the process.
+/// All in one test, since the server's address is kept for the life of the process.
 void tst_checkNginx::checksAndPreviews()
 {
     NginxServer nginx;
@@ -66,7 +66,7 @@ void tst_checkNginx::checksAndPreviews()
     QVERIFY(m_trace.contains(QStringLiteral("check 4")));
     QVERIFY(m_trace.contains(QStringLiteral("previews 0 0 0 0")));
 
-    // A first catalogue, with one preview that the server lacks.
+    // The first catalogue, with one preview that the server lacks.
     const QByteArray display = CheckWorld::displayCatalogue({1}, {2, 3});
     const QByteArray config = CheckWorld::configCatalogue({1}, {2, 3});
     publish(display, config);
@@ -82,7 +82,7 @@ void tst_checkNginx::checksAndPreviews()
     QCOMPARE(Files::read(m_world.preview("Themes", "t1.gif")), gif);
     QVERIFY(!QFile::exists(m_world.preview("VideoFilters", "f3.jpg")));
 
-    // Nothing new: the version file, and what is still missing.
+    // Nothing new: only the version file and the missing previews are requested.
     QTRY_COMPARE(nginx.requests().size(), 1 + 3 + 4);
     QVERIFY(check());
     QVERIFY(m_trace.contains(QStringLiteral("check 1")));
@@ -92,7 +92,7 @@ void tst_checkNginx::checksAndPreviews()
              (QByteArrayList{"GET //ResourceConfig/resource_version_v3.xml HTTP/1.1 200",
                              "GET /display/VideoFilters/f3.jpg HTTP/1.1 404"}));
 
-    // Another display catalogue.
+    // A different display catalogue.
     const QByteArray newDisplay = CheckWorld::displayCatalogue({1}, {2});
     publish(newDisplay, config);
     QVERIFY(check());

@@ -17,7 +17,7 @@
 
 using Files = CatalogueFiles;
 
-/// Checks that share the temporary folder: of two roots, or of one, in several processes. The
+/// Tests checks of two roots, or of one in several processes, that share the temporary folder. The
 /// program runs itself as another host, which checks once.
 class tst_checksTogether : public QObject
 {
@@ -43,7 +43,7 @@ namespace {
 constexpr int endMs = 60000;
 constexpr qint64 promptMs = 1000;
 
-/// Exit status: 100 plus the outcome of the check.
+/// Runs the host; its exit status is 100 plus the outcome of the check.
 int runHost(const QStringList& arguments)
 {
     const QString& base = arguments.at(2);
@@ -81,7 +81,7 @@ std::unique_ptr<QProcess> tst_checksTogether::otherHost(const QString& root,
     return host;
 }
 
-/// Each root ends with its own server's catalogue, whole.
+/// Each root ends up with its own server's complete catalogue.
 void tst_checksTogether::rootsOfTwoServers()
 {
     const QByteArray display = "<Resource>first</Resource>";
@@ -139,7 +139,7 @@ void tst_checksTogether::manyChecksOfOneRoot()
                  qPrintable(QString::number(end)));
         changed += end == eCatalogueCheck_Changed ? 1 : 0;
     }
-    QCOMPARE(changed, 1); // the others waited, and found it done
+    QCOMPARE(changed, 1); // the others waited and found it done
 }
 
 void tst_checksTogether::waitingCanBeCancelled()
@@ -154,7 +154,7 @@ void tst_checksTogether::waitingCanBeCancelled()
     DownloadTrace trace;
     QElapsedTimer sinceCancel;
     std::thread canceller([&] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(100)); // into the wait, as a rule
+        std::this_thread::sleep_for(std::chrono::milliseconds(100)); // usually inside the wait
         sinceCancel.start();
         token.cancel();
     });
@@ -184,8 +184,8 @@ void tst_checksTogether::lockOfADeadProcessIsBroken()
     QVERIFY(!QFile::exists(lockFile()));
 }
 
-/// Whatever a program that respects no lock does to the temporary folder, only what was verified is
-/// stored.
+/// Only verified content is stored, even if a program that ignores the lock writes to the temporary
+/// folder.
 void tst_checksTogether::fileThatChangesBehindTheCheckIsNotStored()
 {
     m_world.publish("1.0.2", "<d/>", "<c/>");

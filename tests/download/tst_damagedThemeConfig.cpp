@@ -5,8 +5,8 @@
 
 using Files = CatalogueFiles;
 
-/// A theme whose config file is on disk and is none: a host that has content checked gets it again,
-/// any other keeps what is there.
+/// Tests a theme whose config file on disk is invalid: a host that checks content fetches it again,
+/// any other keeps the file.
 class tst_damagedThemeConfig : public QObject
 {
     Q_OBJECT
@@ -18,7 +18,7 @@ private slots:
     void isKeptWhereContentIsNotChecked_data() { addDamages(); }
     void isKeptWhereContentIsNotChecked();
     void aConfigThatIsWellIsNotFetched();
-    void whatComesDamagedIsNoConfigEither();
+    void damagedDownloadIsNotAConfigEither();
     void theInstallationIsLeftAlone();
 
 private:
@@ -51,7 +51,7 @@ void tst_damagedThemeConfig::addDamages()
     QTest::newRow("zeros") << QByteArray(whole.size(), '\0');
 }
 
-/// A theme that lacks one resource; the server has that and a config.
+/// Returns a theme that lacks one resource; the server has it and a config.
 SCfg_Item tst_damagedThemeConfig::theme(DownloadWorld& world, const QByteArray& config) const
 {
     hostSettings().productParams.insert(QStringLiteral("hasMV"), QStringLiteral("1"));
@@ -60,7 +60,7 @@ SCfg_Item tst_damagedThemeConfig::theme(DownloadWorld& world, const QByteArray& 
     return world.themeWithConfig();
 }
 
-/// The code of the end.
+/// Downloads the theme and returns the result code.
 int tst_damagedThemeConfig::download(SCfg_Item& theme)
 {
     DownloadTrace trace;
@@ -106,8 +106,8 @@ void tst_damagedThemeConfig::aConfigThatIsWellIsNotFetched()
     QCOMPARE(world.requests(configTarget), 0);
 }
 
-/// Nothing is fetched behind it: it is not known what the theme needs.
-void tst_damagedThemeConfig::whatComesDamagedIsNoConfigEither()
+/// Nothing else is fetched: without a valid config the theme's needs are unknown.
+void tst_damagedThemeConfig::damagedDownloadIsNotAConfigEither()
 {
     DownloadWorld world;
     SCfg_Item item = theme(world, "<cut");
@@ -118,7 +118,7 @@ void tst_damagedThemeConfig::whatComesDamagedIsNoConfigEither()
     QCOMPARE(world.server().requestCount(), 1);
 }
 
-/// What the theme needs is not known, so it does not pass for complete.
+/// The theme's needs are unknown, so it does not count as complete.
 void tst_damagedThemeConfig::theInstallationIsLeftAlone()
 {
     DownloadWorld world;

@@ -19,7 +19,7 @@ namespace {
 constexpr int rounds = 8;
 constexpr int downloadsAtOnce = 4;
 
-/// Does something again and again on a thread of its own until it is destroyed.
+/// Repeats an action on a thread of its own until destroyed.
 class Busy : public QThread
 {
     Q_OBJECT
@@ -60,8 +60,8 @@ int missingFiles(SCfg_Item& item)
 
 } // namespace
 
-/// What other threads do with an item while it downloads. Nothing here orders the threads more than
-/// the library does, so that ThreadSanitizer sees what a host's threads would meet.
+/// Tests other threads' use of an item while it downloads. The test synchronizes the threads no
+/// more than the library does, so that ThreadSanitizer sees what a host's threads would meet.
 class tst_downloadRaces : public QObject
 {
     Q_OBJECT
@@ -115,7 +115,7 @@ SCfg_Item tst_downloadRaces::theme(int number) const
     return item;
 }
 
-/// So that the next round fetches everything again.
+/// Makes the next round fetch everything again.
 void tst_downloadRaces::forgetFiles() const
 {
     const QString tree = m_world->root() + QStringLiteral("/Themes/");
@@ -126,7 +126,7 @@ void tst_downloadRaces::forgetFiles() const
     }
 }
 
-/// The mouse over a cell asks what the item lacks, while its config arrives and is parsed.
+/// The mouse over a cell asks what the item lacks while its config arrives and is parsed.
 void tst_downloadRaces::hovering()
 {
     for (int round = 0; round < rounds; ++round) {
@@ -260,7 +260,7 @@ void tst_downloadRaces::cancelling_data()
         QTest::addRow("after %d spins", spins) << spins;
 }
 
-/// At some time, whenever that is: the points one by one are another test's.
+/// Cancels at arbitrary times; tst_MVThemeDownLoader_cancel covers each cancellation point.
 void tst_downloadRaces::cancelling()
 {
     QFETCH(int, spins);
@@ -306,7 +306,7 @@ void tst_downloadRaces::coreContextIsReplaced()
     }
 }
 
-/// The next download begins while the thread of the last one ends.
+/// The next download begins while the previous one's thread ends.
 void tst_downloadRaces::objectIsReused()
 {
     std::vector<SCfg_Item> items;

@@ -2,7 +2,7 @@
 #include "host/HostSettings.h"
 #include "support/TestMain.h"
 
-/// Downloads ask the server that the settings name and no other, whatever a catalogue says and
+/// Tests that downloads ask only the server that the settings name, whatever a catalogue says and
 /// however the root address ends.
 class tst_serverAddress : public QObject
 {
@@ -28,7 +28,7 @@ private:
 
 namespace {
 
-/// Which file of an item has the name: a resource, or a theme's config.
+/// The file of an item that has the name: a resource, or a theme's config.
 enum Part { Resource, Config };
 
 SCfg_Item itemWith(Part part, const QString& name)
@@ -42,7 +42,7 @@ SCfg_Item itemWith(Part part, const QString& name)
 
 } // namespace
 
-/// The code of the end.
+/// Downloads the item and returns the result code.
 int tst_serverAddress::download(SCfg_Item item, QString* error)
 {
     DownloadTrace trace;
@@ -57,7 +57,7 @@ int tst_serverAddress::download(SCfg_Item item, QString* error)
 
 void tst_serverAddress::namesThatContinueTheHost_data()
 {
-    QTest::addColumn<QString>("root"); // OWN and OTHER stand for the ports of the two servers
+    QTest::addColumn<QString>("root"); // OWN and OTHER are replaced by the ports of the two servers
     QTest::addColumn<QString>("name");
     const auto row = [](const char* title, const char* root, const char* name) {
         QTest::newRow(title) << QString::fromLatin1(root) << QString::fromLatin1(name);
@@ -102,7 +102,7 @@ void tst_serverAddress::rootsWithoutASlash_data()
     QTest::newRow("with a slash") << QStringLiteral("http://files.example/") << true;
 }
 
-/// Behind a proxy every host can be asked for, and the proxy sees which.
+/// A proxy would resolve any host and see its name.
 void tst_serverAddress::rootsWithoutASlash()
 {
     QFETCH(QString, root);

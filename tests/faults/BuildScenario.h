@@ -2,14 +2,14 @@
 
 #include "Scenario.h"
 
-/// `mvpublish build`, which replaces a tree by a newer one.
+/// `mvpublish build`, replacing a tree by a newer one.
 class BuildScenario : public Scenario
 {
 public:
     enum class Place {
         Folder,
         Link,    ///< to a folder on a file system that cannot exchange two names
-        Foreign, ///< a folder with something else than a tree, which has to stay
+        Foreign, ///< a folder that is not a tree and must be kept
     };
     BuildScenario(Place place, const QString& world);
 

@@ -90,8 +90,8 @@ bool CheckScenario::isSuccess(int status) const
     return status == 0 || status == changed;
 }
 
-/// Previews are fetched for the installed catalogue where the new one cannot be read; the others
-/// are for the next check.
+/// Previews are fetched for the installed catalogue if the new one cannot be read; the others are
+/// left to the next check.
 QString CheckScenario::brokenPromise(const States& states, const FaultyOutcome& outcome) const
 {
     const bool isCatalogueUnread =
@@ -106,8 +106,8 @@ QString CheckScenario::brokenPromise(const States& states, const FaultyOutcome& 
         outcome);
 }
 
-/// An installed version file that cannot be read counts as the oldest one, and every server as
-/// newer.
+/// An installed version file that cannot be read counts as the oldest one, so that every server
+/// counts as newer.
 bool CheckScenario::isTold(const FaultyOutcome& outcome) const
 {
     return Scenario::isTold(outcome)

@@ -3,13 +3,13 @@
 #include "MvresScenario.h"
 #include "server/TreeServer.h"
 
-/// `mvres check` against a server that has another catalogue than the client, and more previews.
+/// `mvres check` against a server with a different catalogue and more previews than the client.
 class CheckScenario : public MvresScenario
 {
 public:
     enum class Before {
-        Installed,  ///< only the catalogue that came with the application
-        Downloaded, ///< one that an earlier check brought
+        Installed,  ///< only the catalogue installed with the application
+        Downloaded, ///< a catalogue downloaded by an earlier check
     };
     explicit CheckScenario(Before before);
 

@@ -6,26 +6,26 @@
 #include <QMetaType>
 #include <QString>
 
-/// An operation of a program below its world, as the preloaded library has reported it.
+/// A file operation of a program below its world, as reported by the preloaded library.
 struct CountedOperation
 {
     int number = 0; ///< from 1
     Operation operation = Operation::OpenFile;
     QString path; ///< absolute
 
-    /// The operation of a line "NUMBER OPERATION PATH"; number 0: there is none in it.
+    /// Parses a line "NUMBER OPERATION PATH"; number 0: the line reports no operation.
     static CountedOperation fromLine(const QByteArray& line);
 };
 
-/// What is done to a run.
+/// The disturbance of one run.
 struct Fault
 {
     FaultKind kind = FaultKind::None;
     int at = 0;         ///< number of the operation
-    bool stays = false; ///< later operations fail as well that can fail this way
+    bool stays = false; ///< every later operation that can fail this way fails as well
 
     bool isKill() const { return kind == FaultKind::Kill || kind == FaultKind::KillHalfway; }
-    /// "eio from 12 on"
+    /// Returns a description: "eio from 12 on".
     QString text() const;
 };
 Q_DECLARE_METATYPE(Fault)

@@ -26,7 +26,7 @@ QString ended(const FaultyOutcome& outcome)
                                        QString::fromUtf8(outcome.err));
 }
 
-/// Whether the command may have been unable to remove what it used.
+/// Returns whether the fault may have kept the command from removing its temporary files.
 bool couldNotTidyUp(const Fault& fault, const FaultyOutcome& outcome)
 {
     if (outcome.hit.number == 0)
@@ -124,7 +124,7 @@ void FaultLab::addRows(const QVector<Fault>& faults) const
         QTest::newRow(rowName(fault).toUtf8().constData()) << fault;
 }
 
-/// The same in every run: the names of temporary files are not.
+/// Returns a name that is the same in every run, unlike the names of temporary files.
 QString FaultLab::rowName(const Fault& fault) const
 {
     static const QRegularExpression drawn(QStringLiteral("mv-[0-9a-f]{16}"));
@@ -157,7 +157,7 @@ QString FaultLab::troubleWith(const Fault& fault)
     return trouble.isEmpty() ? trouble : trouble + QLatin1Char('\n') + ended(m_outcome);
 }
 
-/// How the process ended.
+/// Describes what was wrong with the way the process ended; empty: nothing.
 QString FaultLab::troubleOfRun(const Fault& fault, const WorldState& now) const
 {
     if (m_outcome.hasHung)
@@ -179,7 +179,7 @@ QString FaultLab::troubleOfRun(const Fault& fault, const WorldState& now) const
     return broken.isEmpty() ? broken : QStringLiteral("claims success: ") + broken;
 }
 
-/// What is on disk.
+/// Describes what is wrong on disk; empty: nothing.
 QString FaultLab::troubleOfState(const Fault& fault, const WorldState& now) const
 {
     QString stray = strayChange(now);
@@ -189,8 +189,8 @@ QString FaultLab::troubleOfState(const Fault& fault, const WorldState& now) cons
                                    couldNotTidyUp(fault, m_outcome)});
 }
 
-/// What the same command makes of it that nothing disturbs. Many faults leave the same world, of
-/// which it is asked once.
+/// Describes what goes wrong when the same command runs again undisturbed; empty: nothing. Many
+/// faults leave the same world, which is tried only once.
 QString FaultLab::troubleOfHealing(const WorldState& left)
 {
     if (m_healing.contains(left.digest()))
@@ -206,7 +206,7 @@ QString FaultLab::troubleOfHealing(const WorldState& left)
     return stray;
 }
 
-/// What has changed that is not the command's business.
+/// Describes a change that the command should not have made; empty: none.
 QString FaultLab::strayChange(const WorldState& now) const
 {
     const QStringList places = m_scenario.places();
@@ -228,7 +228,7 @@ WorldState FaultLab::counted(const WorldState& state) const
     return state.within(m_scenario.places()).without(m_scenario.temporaryPlaces());
 }
 
-/// The state as far as it is compared.
+/// Reduces the state to the parts that are compared.
 WorldState FaultLab::seen(const WorldState& now) const
 {
     return m_scenario.needsFolders() ? counted(now)

@@ -43,7 +43,7 @@ FaultyOutcome FaultyRun::start(const QString& program, const QStringList& argume
     set("MV_FAULT_REPORT", m_reportFile);
     set("MV_FAULT_AT", QString::number(fault.at));
     set("MV_FAULT_KIND", QString::fromLatin1(faultNames[static_cast<std::size_t>(fault.kind)]));
-    // Nobody pulls the plug, so nothing has to wait for the disk.
+    // The power never fails here, so waiting for the disk is unnecessary.
     const QString without = QStringLiteral("flush");
     set("MV_FAULT_WITHOUT", m_withoutExchange ? without + QStringLiteral(",exchange") : without);
     if (fault.stays)

@@ -5,34 +5,34 @@
 #include <QStringList>
 #include <QVector>
 
-/// How a program ended that ran with the preloaded library.
+/// The outcome of a program that ran with the preloaded library.
 struct FaultyOutcome
 {
-    bool hasHung = false; ///< it did not end by itself, and was ended
-    int signal = 0;       ///< that ended it; 0: none
+    bool hasHung = false; ///< it did not end by itself and was killed
+    int signal = 0;       ///< the signal that ended it; 0: none
     int status = -1;      ///< exit status, if it ended by itself
     QByteArray out;
     QByteArray err;
-    CountedOperation hit;                 ///< the first operation that failed; number 0: none did
+    CountedOperation hit;                 ///< the first operation that failed; number 0: none
     QVector<CountedOperation> operations; ///< of a traced run
 };
 
-/// Runs programs whose file operations below one folder are counted, and fail as a test wants.
+/// Runs programs whose file operations below one folder are counted, and fail as a test requests.
 class FaultyRun
 {
 public:
-    /// Operations count below `world`; reports are written to `reportFile`, which lies elsewhere.
+    /// Counts operations below `world`; reports are written to `reportFile`, which is elsewhere.
     FaultyRun(const QString& world, const QString& reportFile);
 
-    /// The file system cannot exchange two names from now on.
+    /// Makes the file system refuse to exchange two names from now on.
     void setWithoutExchange() { m_withoutExchange = true; }
-    /// Libraries to preload, too.
+    /// Sets additional libraries to preload.
     void setPreloads(const QStringList& libraries) { m_preloads = libraries; }
 
-    /// Runs a program to its end, for a minute at most.
+    /// Runs a program to its end, for at most a minute.
     FaultyOutcome run(const QString& program, const QStringList& arguments,
                       const Fault& fault) const;
-    /// The same without a fault; the outcome lists the operations.
+    /// Runs a program without a fault; the outcome lists its operations.
     FaultyOutcome trace(const QString& program, const QStringList& arguments) const;
 
 private:

@@ -21,7 +21,7 @@ QString FavouriteScenario::prepare()
     catalogue.addTheme(Film, QStringLiteral("Film"), QString());
     catalogue.writeTo(mvres().installed());
     if (m_before == Favourites::None)
-        return run({QStringLiteral("--version")}); // writes the settings, too
+        return run({QStringLiteral("--version")}); // also writes the settings
     const QString trouble = run(favourite(Look));
     return trouble.isEmpty() ? run(favourite(Film)) : trouble;
 }

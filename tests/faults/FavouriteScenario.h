@@ -2,7 +2,7 @@
 
 #include "MvresScenario.h"
 
-/// `mvres favourite`: adds a mark to those of earlier runs, or makes the first one.
+/// `mvres favourite`: adds a mark to those of earlier runs, or sets the first one.
 class FavouriteScenario : public MvresScenario
 {
 public:

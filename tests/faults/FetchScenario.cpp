@@ -20,7 +20,7 @@ QString FetchScenario::prepare()
     catalogue.addFilter(Paper, QStringLiteral("Paper"), QString(),
                         {QStringLiteral("/VideoFilters/paper/notes.txt")});
     catalogue.writeTo(mvres().installed());
-    const QByteArray archive = "PK\3\4" + QByteArray(100000, 'z'); // several pieces
+    const QByteArray archive = "PK\3\4" + QByteArray(100000, 'z'); // read in several pieces
     const QByteArray config = SmallCatalogue::themeConfig({Look, Paper});
     if (m_before == Before::Config)
         CatalogueFiles::write(mvres().downloadedFile(QStringLiteral("/Themes/film.xml")), config);

@@ -11,7 +11,7 @@ class FetchScenario : public MvresScenario
 public:
     enum class Before {
         Nothing,
-        Config, ///< the theme's config, which the server has no longer
+        Config, ///< the theme's config, which the server no longer has
     };
     explicit FetchScenario(Before before)
         : m_before(before)

@@ -7,8 +7,8 @@
 
 namespace {
 
-/// The items that a favourites file marks; none if it is missing, or empty as reading creates it.
-/// What is no such file gives something that no file marks.
+/// Returns the items marked in a favourites file; none if the file is missing or empty. Invalid
+/// content yields an entry that no valid file contains.
 QStringList marksOf(const QByteArray& content)
 {
     const QJsonDocument document = QJsonDocument::fromJson(content);
@@ -53,10 +53,10 @@ EFailureCause MvresScenario::causeToTell(const Fault& fault, const CountedOperat
     });
     const bool brings = hit.operation == Operation::CreateFile || hit.operation == Operation::Write
         || hit.operation == Operation::Rename
-        // What came is looked at before it gets its name.
+        // A download is read for inspection before it is renamed.
         || (hit.operation == Operation::Read && hit.path.endsWith(QLatin1String(".part")))
-        // A missing folder is explained only while the reason is there. Then it can be asked for;
-        // but where nothing may be touched any more, reading fails first.
+        // The cause of a missing folder is reported only if it persists and can be queried, as
+        // with a full disk; if every access fails, reading fails first.
         || (hit.operation == Operation::MakeFolder && fault.stays
             && fault.kind == FaultKind::DiskFull);
     if (!isStored || !brings)

@@ -4,7 +4,7 @@
 #include "Scenario.h"
 #include "tools/Mvres.h"
 
-/// A command of `mvres`, whose world is the base folder of the Mvres.
+/// A command of `mvres`, whose world is the base folder of the Mvres object.
 class MvresScenario : public Scenario
 {
 public:
@@ -16,21 +16,22 @@ public:
     QString program() const override { return Mvres::program(); }
     QStringList arguments() const override { return m_mvres.arguments(command()); }
     QStringList places() const override;
-    /// The library makes folders wherever it looks for files, and goes on without them.
+    /// Returns false: the library creates folders wherever it looks for files, and works without
+    /// them.
     bool needsFolders() const override { return false; }
 
 protected:
-    /// The command and its operands.
+    /// Returns the command and its operands.
     virtual QStringList command() const = 0;
 
-    /// Runs `mvres` undisturbed. Empty, or what went wrong.
+    /// Runs `mvres` undisturbed. Returns an error; empty: success.
     QString run(const QStringList& command, int expectedStatus = 0) const;
     Mvres& mvres() { return m_mvres; }
 
-    /// Favourites files are alike if they mark the same items.
+    /// Returns whether the states are alike; favourites files are if they mark the same items.
     bool isAlike(const WorldState& a, const WorldState& b, const QString& path) const override;
-    /// What a failure has to be told as that hit the storing of a file in one of `storage`,
-    /// relative to the world; eFailure_None where nothing particular can be expected.
+    /// Returns the cause to be reported for a failure that hit the storing of a file in one of
+    /// `storage`, relative to the world; eFailure_None if no particular one can be expected.
     EFailureCause causeToTell(const Fault& fault, const CountedOperation& hit,
                               const QStringList& storage) const;
 

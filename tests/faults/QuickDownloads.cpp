@@ -1,4 +1,4 @@
-// Preloaded into a program: its downloads do not pace themselves for people who watch.
+// Preloaded into a program to remove the pauses that pace downloads for human viewers.
 
 #include "download/DownloadPacing.h"
 

@@ -21,7 +21,7 @@ QString Scenario::brokenState(const States& states) const
     return {};
 }
 
-/// The new state, but for what the command could not remove.
+/// Expects the new state, except for what the command could not remove.
 QString Scenario::brokenPromise(const States& states, const FaultyOutcome& outcome) const
 {
     Q_UNUSED(outcome)

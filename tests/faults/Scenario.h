@@ -18,51 +18,51 @@ public:
 
     QString world() const { return m_world; }
 
-    /// Fills the world with what is there before the command. Empty, or what went wrong.
+    /// Fills the world with the state before the command. Returns an error; empty: success.
     virtual QString prepare() = 0;
     virtual QString program() const = 0;
     virtual QStringList arguments() const = 0;
 
-    /// What the command may change, relative to the world.
+    /// Returns the paths that the command may change, relative to the world.
     virtual QStringList places() const = 0;
-    /// Those of them whose content is nobody's business.
+    /// Returns those of the places() whose content does not matter.
     virtual QStringList temporaryPlaces() const { return {}; }
-    /// Whether a folder that is missing matters, be it empty.
+    /// Returns whether a missing folder matters, even an empty one.
     virtual bool needsFolders() const { return true; }
-    /// Libraries to preload into the command.
+    /// Returns the libraries to preload into the command.
     virtual QStringList preloads() const { return {}; }
-    /// Whether the file system can exchange two names.
+    /// Returns whether the file system can exchange two names.
     virtual bool canExchange() const { return true; }
-    /// Whether the command changes anything; else it is one that has to refuse.
+    /// Returns whether the command changes anything; otherwise it has to refuse.
     virtual bool isToChange() const { return true; }
     virtual bool isSuccess(int status) const { return status == 0; }
 
-    /// The three states that matter, of places() without temporaryPlaces().
+    /// The three relevant states of places() without temporaryPlaces().
     struct States
     {
         WorldState before;
-        WorldState after; ///< an undisturbed command
+        WorldState after; ///< after an undisturbed command
         WorldState now;
-        bool mayHaveLeftovers = false; ///< the command could not tidy up
+        bool mayHaveLeftovers = false; ///< the command could not remove its temporary files
     };
 
-    /// Why the state is neither the old one nor the new one; empty if it is one of them. Here:
-    /// every file is its old self or its new one.
+    /// Describes why the state is neither the old nor the new one; empty if it is one of them. The
+    /// default requires every file to be its old or its new self.
     virtual QString brokenState(const States& states) const;
-    /// Why the state is not what a command leaves that claims success; empty if it is.
+    /// Describes why the state contradicts a command's claim of success; empty if it does not.
     virtual QString brokenPromise(const States& states, const FaultyOutcome& outcome) const;
-    /// Whether a command that failed has said why.
+    /// Returns whether a failed command has stated the cause.
     virtual bool isTold(const FaultyOutcome& outcome) const
     {
         return !outcome.err.trimmed().isEmpty();
     }
-    /// Why the command named a wrong cause for its failure; empty if it did not.
+    /// Describes a wrong cause that the command reported for its failure; empty if none.
     virtual QString wrongCause(const Fault& fault, const FaultyOutcome& outcome) const;
 
 protected:
-    /// Whether a path is one that a command uses while it works, and removes.
+    /// Returns whether a path is a temporary one that the command creates and removes.
     virtual bool isLeftover(const QString& path) const;
-    /// Whether two states have the same at that path, as far as it matters.
+    /// Returns whether two states have equivalent entries at that path.
     virtual bool isAlike(const WorldState& a, const WorldState& b, const QString& path) const
     {
         return a.isSameAt(path, b);

@@ -11,7 +11,7 @@ struct WorldEntry
 
     Kind kind = Kind::File;
     unsigned int mode = 0; ///< permissions; 0 for a link
-    QByteArray content;    ///< of a file; for a link, where it leads
+    QByteArray content;    ///< of a file; for a link, its target
 
     bool operator==(const WorldEntry& other) const
     {
@@ -20,7 +20,7 @@ struct WorldEntry
     bool operator!=(const WorldEntry& other) const { return !(*this == other); }
 };
 
-/// Everything below a folder, by paths relative to it. A value.
+/// A snapshot of everything below a folder, by relative path. A value type.
 class WorldState
 {
 public:
@@ -29,24 +29,24 @@ public:
 
     const QMap<QString, WorldEntry>& entries() const { return m_entries; }
     bool contains(const QString& path) const { return m_entries.contains(path); }
-    /// Whether both have the same at that path, or nothing.
+    /// Returns whether both have the same entry at that path, or both have none.
     bool isSameAt(const QString& path, const WorldState& other) const;
 
-    /// What lies in these places (paths and everything below them), or only what does not.
+    /// Returns the entries in these places (paths and everything below them), or all others.
     WorldState within(const QStringList& places) const;
     WorldState without(const QStringList& places) const;
-    /// What lies below that path, relative to it; with the folder itself as ".".
+    /// Returns the entries below that path, relative to it; the folder itself is ".".
     WorldState below(const QString& path) const;
 
-    /// With the folders of another state that this one lacks.
+    /// Returns this state plus the folders that only the other state has.
     WorldState withFoldersOf(const WorldState& other) const;
 
-    /// The same for equal states, and for them only.
+    /// Returns a digest that is equal exactly for equal states.
     QByteArray digest() const;
-    /// The first difference; empty if there is none.
+    /// Describes the first difference; empty if there is none.
     QString differenceFrom(const WorldState& other) const;
 
-    /// Makes `to` a copy of `from`, whatever `to` was. False if that fails.
+    /// Makes `to` a copy of `from`, replacing whatever it was. Returns false on failure.
     static bool copy(const QString& from, const QString& to);
 
 private:

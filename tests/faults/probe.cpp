@@ -1,7 +1,7 @@
-// faultprobe FUNCTION FOLDER: calls one function of the C library on what lies in the folder.
+// faultprobe FUNCTION FOLDER: calls one function of the C library on the folder's content.
 //
-// Exit status: the errno of the call; 0 if it succeeded, 100 and the number of bytes if it moved
-// some.
+// Exit status: the errno of the call; 0 if it succeeded, 100 plus the number of bytes if it
+// transferred some.
 
 #include <array>
 #include <cerrno>
@@ -51,7 +51,7 @@ int openFile(int flags = O_RDWR)
     return ::open(in("file").c_str(), flags | O_CLOEXEC);
 }
 
-/// The file open for writing, with bytes that may still be on their way.
+/// Returns a file open for writing, with bytes not yet flushed.
 int writtenFile()
 {
     const int file = openFile();
@@ -94,7 +94,7 @@ int closingDuplicate()
     return first != 0 ? first : status(::close(file) == 0);
 }
 
-/// The same operation from many threads at a time.
+/// Runs the same operation on many threads at once.
 int manyThreads()
 {
     std::vector<std::thread> threads;
@@ -110,7 +110,7 @@ int manyThreads()
     return 0;
 }
 
-/// What a program finds out about a disk on which writing has failed.
+/// Queries the free space, as a program does after a failed write.
 int freeSpaceAfterFailure()
 {
     struct statvfs space = {};

@@ -1,4 +1,4 @@
-// tst_faults SCENARIO [QTEST ARGUMENTS...]: one command, disturbed at its file operations.
+// tst_faults SCENARIO [QTEST ARGUMENTS...]: disturbs one command at its file operations.
 
 #include "BuildScenario.h"
 #include "CheckScenario.h"

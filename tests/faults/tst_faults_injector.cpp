@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int bytesMoved = 100; // and their number: exit status of the probe
+constexpr int bytesMoved = 100; // plus their number: exit status of the probe
 
 QString text(const char* latin1)
 {
@@ -19,7 +19,7 @@ QString text(const char* latin1)
 
 } // namespace
 
-/// The preloaded library: what it counts, and what it makes of it. A probe calls the functions.
+/// Tests what the preloaded library counts and how it fails calls. A probe makes the calls.
 class TestFaultsInjector : public QObject
 {
     Q_OBJECT
@@ -30,9 +30,9 @@ private slots:
     void everyFunctionIsCounted();
     void everyFunctionCanFail_data() { everyFunctionIsCounted_data(); }
     void everyFunctionCanFail();
-    void whatIsElsewhereIsNotCounted_data();
-    void whatIsElsewhereIsNotCounted();
-    void whatFailsAnywayIsNotCounted();
+    void operationsElsewhereAreNotCounted_data();
+    void operationsElsewhereAreNotCounted();
+    void callsThatFailAnywayAreNotCounted();
     void flushedDataIsNotLost();
     void closingADuplicateStoresEverything();
     void closingThatFailsLosesData_data();
@@ -72,7 +72,7 @@ void TestFaultsInjector::init()
 void TestFaultsInjector::everyFunctionIsCounted_data()
 {
     QTest::addColumn<QString>("operation");
-    QTest::addColumn<QString>("path"); // its end
+    QTest::addColumn<QString>("path"); // its last component
     const auto rows = [](const char* operation, const char* path, const QByteArrayList& functions) {
         for (const QByteArray& function : functions)
             QTest::newRow(function.constData()) << text(operation) << text(path);
@@ -135,7 +135,7 @@ void TestFaultsInjector::everyFunctionCanFail()
     }
 }
 
-void TestFaultsInjector::whatIsElsewhereIsNotCounted_data()
+void TestFaultsInjector::operationsElsewhereAreNotCounted_data()
 {
     QTest::addColumn<QString>("below");
     QTest::newRow("another folder") << m_world + text("/full");
@@ -143,7 +143,7 @@ void TestFaultsInjector::whatIsElsewhereIsNotCounted_data()
     QTest::newRow("no folder") << QString();
 }
 
-void TestFaultsInjector::whatIsElsewhereIsNotCounted()
+void TestFaultsInjector::operationsElsewhereAreNotCounted()
 {
     QFETCH(QString, below);
     const FaultyRun runner(below, TestHome::path() + text("/report"));
@@ -153,7 +153,7 @@ void TestFaultsInjector::whatIsElsewhereIsNotCounted()
     QCOMPARE(outcome.operations.size(), 0);
 }
 
-void TestFaultsInjector::whatFailsAnywayIsNotCounted()
+void TestFaultsInjector::callsThatFailAnywayAreNotCounted()
 {
     const FaultyOutcome outcome = trace(text("mkdir of what is there"));
     QCOMPARE(outcome.status, EEXIST);
@@ -166,7 +166,7 @@ void TestFaultsInjector::flushedDataIsNotLost()
     QCOMPARE(outcome.operations.constLast().operation, Operation::Flush);
 }
 
-/// Two handles were closed, one operation was counted.
+/// Two descriptors were closed, but one operation was counted.
 void TestFaultsInjector::closingADuplicateStoresEverything()
 {
     const FaultyOutcome outcome = trace(text("close of a duplicate"));
@@ -234,7 +234,7 @@ void TestFaultsInjector::threadsAreCountedExactly()
     QCOMPARE(outcome.hit.number, calls);
 }
 
-/// A reading program that is told once that a name cannot be opened fails once.
+/// A reader that learns once that a name cannot be opened fails once.
 void TestFaultsInjector::laterOperationsFailAsWell()
 {
     QCOMPARE(run(text("close"), {FaultKind::Broken, 2, true}).status, EBADF);

@@ -62,7 +62,7 @@ void AnswerServer::answer(int connection) const
     const QByteArray bytes = next();
     ::send(connection, bytes.constData(), static_cast<std::size_t>(bytes.size()), MSG_NOSIGNAL);
     ::shutdown(connection, SHUT_WR);
-    // Closing before the client has read everything would make its connection break.
+    // Closing before the client has sent everything would reset the connection.
     while (::recv(connection, chunk, sizeof chunk, 0) > 0) { }
 }
 

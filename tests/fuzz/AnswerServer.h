@@ -6,8 +6,8 @@
 #include <mutex>
 #include <thread>
 
-/// A server on loopback that answers with bytes as they stand, whatever it is asked for: each
-/// connection with the next answer, and closes it. Behind the last answer it sends nothing.
+/// A loopback server that answers with raw bytes, whatever the request: each connection gets the
+/// next answer and is closed. After the last answer it sends nothing.
 class AnswerServer
 {
 public:

@@ -9,7 +9,7 @@ const char* const favourites[] = {"ThemeCollect", "FilterCollect", "BgMaterialCo
 
 void append(QVector<SCfg_Item*>& items, const MVThemeMgr::SResourceXML& catalogue)
 {
-    // Const only so that looking does not move the items.
+    // The const overload keeps the items from being detached and moved.
     auto& lists = const_cast<MVThemeMgr::SResourceXML&>(catalogue);
     for (QVector<SCfg_Item>* list : {&lists.vecFilter, &lists.vecTransition, &lists.vecMotion,
                                      &lists.vecTheme, &lists.vecBgMaterial}) {

@@ -31,7 +31,7 @@ QStringList inputsIn(const QString& place)
     return files;
 }
 
-/// An input that asks for much memory ends the test and not the machine. With the address
+/// Makes an input that needs too much memory end the test and not the machine. Under the address
 /// sanitizer, whose own memory counts, only libFuzzer sets a limit.
 void limitMemory()
 {
@@ -49,7 +49,7 @@ bool feed(const QString& name)
         std::fprintf(stderr, "%s: cannot be read\n", qPrintable(name));
         return false;
     }
-    std::printf("%s\n", qPrintable(name)); // the last one named is the one that failed
+    std::printf("%s\n", qPrintable(name)); // the last name printed is that of the failing input
     std::fflush(stdout);
     const QByteArray input = file.readAll();
     LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(input.constData()),
@@ -65,7 +65,7 @@ int main(int argc, char** argv)
     for (int i = 1; i < argc; ++i)
         inputs += inputsIn(QFile::decodeName(argv[i]));
     if (inputs.isEmpty()) {
-        std::fprintf(stderr, "no inputs\n"); // a corpus that has been moved proves nothing
+        std::fprintf(stderr, "no inputs\n"); // an empty corpus would prove nothing
         return 1;
     }
     limitMemory();

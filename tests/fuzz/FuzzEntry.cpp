@@ -1,4 +1,4 @@
-// What libFuzzer calls, and CorpusMain in programs without it.
+// Defines the entry points that libFuzzer calls; without libFuzzer, CorpusMain does.
 
 #include "FuzzTarget.h"
 #include "Require.h"

@@ -8,7 +8,7 @@
 #include <memory>
 #include <type_traits>
 
-/// What a fuzzer does with its inputs.
+/// The code that a fuzzer exercises with its inputs.
 ///
 /// One object serves a whole process. Define it in fuzz_NAME.cpp and end that file with
 /// MV_FUZZ_TARGET; libFuzzer, or the main function of the test suite, feeds the inputs. The process
@@ -20,12 +20,12 @@ public:
     virtual ~FuzzTarget() = default;
     Q_DISABLE_COPY_MOVE(FuzzTarget)
 
-    /// Feeds one input to the code, and calls require() with every property that must hold.
-    /// Nothing that an input leaves behind may change what the next one does.
+    /// Feeds one input to the code, and calls require() with every property that must hold. No
+    /// state left by one input may affect the next.
     virtual void run(const QByteArray& input) = 0;
 
-    /// Whether Qt may warn of an input. Otherwise a warning ends the process as a property does
-    /// that does not hold.
+    /// Returns whether Qt may warn about an input. Otherwise a warning ends the process like a
+    /// violated property.
     virtual bool mayWarn() const { return false; }
 };
 
@@ -43,10 +43,10 @@ void makeFuzzApplication()
     static auto* const application = new Application(count, arguments);
     Q_UNUSED(application)
     if constexpr (std::is_same_v<Application, QApplication>)
-        QFontInfo(QApplication::font()).family(); // writes the cache of fonts, once
+        QFontInfo(QApplication::font()).family(); // creates the font cache, once
 }
 
-/// Makes the class the target of this program, with an object of the application class.
+/// Makes the class the target of this program, with an application object of the given class.
 #define MV_FUZZ_TARGET(Target, Application)                                                        \
     std::unique_ptr<FuzzTarget> makeFuzzTarget()                                                   \
     {                                                                                              \

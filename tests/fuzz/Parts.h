@@ -3,14 +3,14 @@
 #include <QByteArray>
 #include <QList>
 
-/// The parts of an input that stands for several files: a line of "=====" parts them.
+/// Splits an input that represents several files at lines of "=====".
 class Parts
 {
 public:
     explicit Parts(const QByteArray& input);
 
     int count() const { return m_parts.size(); }
-    /// Empty behind the last one.
+    /// Returns the part at `index`; empty beyond the last one.
     QByteArray at(int index) const { return m_parts.value(index); }
 
 private:

@@ -20,10 +20,10 @@
 
 namespace {
 
-std::vector<std::string> allowed; // real paths with a slash behind; written while none is watched
+std::vector<std::string> allowed; // real paths with a trailing slash; written while unguarded
 std::atomic<bool> isWatching{false};
 
-/// What a path leads to, empty if there is no such thing.
+/// Resolves a path; returns an empty text if it does not exist.
 std::string realPath(const std::string& path)
 {
     const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr),
@@ -31,7 +31,7 @@ std::string realPath(const std::string& path)
     return real ? std::string(real.get()) : std::string();
 }
 
-/// The place of an entry that may not exist and is not followed; empty if it cannot exist.
+/// Resolves an entry, which may not exist, without following it; empty if it cannot exist.
 std::string entryPath(std::string path)
 {
     while (path.size() > 1 && path.back() == '/')
@@ -52,7 +52,7 @@ void requireAllowed(const std::string& place, const char* path)
             QFile::decodeName(path));
 }
 
-/// Checks an entry that the call creates, replaces or removes.
+/// Checks an entry that the call would create, replace or remove.
 void checkEntry(const char* path)
 {
     if (!isWatching)
@@ -62,7 +62,7 @@ void checkEntry(const char* path)
     errno = error;
 }
 
-/// Checks a file that the call opens for writing, or changes, behind links.
+/// Checks a file that the call would open for writing or change, following links.
 void checkTarget(const char* path)
 {
     if (!isWatching)
@@ -83,7 +83,7 @@ int openFile(const char* path, int flags, mode_t mode)
 {
     const bool isWritten = (flags & (O_CREAT | O_TRUNC)) != 0 || (flags & O_ACCMODE) != O_RDONLY;
     if ((flags & O_TMPFILE) == O_TMPFILE)
-        checkTarget((std::string(path) + "/file").c_str()); // in that folder, without a name
+        checkTarget((std::string(path) + "/file").c_str()); // an unnamed file in that folder
     else if (isWritten && !isFolder(path))                  // a folder cannot be opened for writing
         checkTarget(path);
     return static_cast<int>(::syscall(SYS_openat, AT_FDCWD, path, flags, mode));
@@ -126,7 +126,7 @@ MV_INTERPOSED open64(const char* path, int flags, ...)
 
 MV_INTERPOSED mkdir(const char* path, mode_t mode) noexcept
 {
-    if (isWatching && realPath(path).empty()) // else there is nothing to create
+    if (isWatching && realPath(path).empty()) // otherwise there is nothing to create
         checkEntry(path);
     return static_cast<int>(::syscall(SYS_mkdirat, AT_FDCWD, path, mode));
 }
@@ -153,7 +153,7 @@ MV_INTERPOSED rename(const char* from, const char* to) noexcept
 MV_INTERPOSED renameat2(int fromFolder, const char* from, int toFolder, const char* to,
                         unsigned int flags) noexcept
 {
-    checkEntry(from); // Qt names no folder, only AT_FDCWD
+    checkEntry(from); // Qt passes no folder, only AT_FDCWD
     checkEntry(to);
     return static_cast<int>(::syscall(SYS_renameat2, fromFolder, from, toFolder, to, flags));
 }

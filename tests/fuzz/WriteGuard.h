@@ -2,16 +2,16 @@
 
 #include <QStringList>
 
-/// While it lives, this process may create, change and remove only what lies below some folders.
+/// Restricts what this process may create, change and remove to some folders, during its lifetime.
 ///
-/// The program brings functions of its own in front of the C library's, so Qt's and the library's
-/// calls are seen however they came about, and links on the way count as what they lead to. A call
-/// that would touch anything else ends the process before it is made. Not seen: fopen() and what
-/// the C library calls itself. One object at a time; it counts for all threads.
+/// The program interposes the C library's functions, so all calls of Qt and the library are seen,
+/// and links are resolved to their targets. A call that would touch anything else ends the process
+/// before it takes effect. Not seen: fopen() and the C library's internal calls. Create one object
+/// at a time; it applies to all threads.
 class WriteGuard
 {
 public:
-    /// The folders exist.
+    /// The folders must exist.
     explicit WriteGuard(const QStringList& folders);
     ~WriteGuard();
     Q_DISABLE_COPY_MOVE(WriteGuard)

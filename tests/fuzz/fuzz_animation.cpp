@@ -1,4 +1,4 @@
-// The animated preview of a theme, as a cell of a list plays it, at two scales.
+// Plays the animated preview of a theme as a list's cell does, at two scales.
 
 #include "browser/MVThemePreviewFrm.h"
 #include "FuzzTarget.h"

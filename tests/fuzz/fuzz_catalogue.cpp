@@ -1,5 +1,5 @@
-// A config catalogue, a display catalogue and a theme's config, as a server sends them: reads them,
-// then asks what every item needs. The theme's config is the file "/Themes/t.xml".
+// Reads a config catalogue, a display catalogue and a theme's config, as sent by a server, then
+// asks what every item needs. The theme's config is the file "/Themes/t.xml".
 
 #include "catalogue/NoneEntry.h"
 #include "CatalogueWorld.h"
@@ -40,7 +40,7 @@ void CatalogueTarget::run(const QByteArray& input)
     require(loaded() == first, "a catalogue reads the same every time");
 }
 
-/// What the catalogue holds once it has been read, and what each item needs.
+/// Describes the catalogue after reading, and what each item needs.
 QStringList CatalogueTarget::loaded()
 {
     manager().load(true);
@@ -71,7 +71,7 @@ QStringList CatalogueTarget::needed(SCfg_Item& item)
     return files;
 }
 
-/// Nothing is shown that the config catalogue lacks, but for the "none" entry.
+/// Requires every shown item to be in the config catalogue, except for the "none" entry.
 void CatalogueTarget::checkShownItems()
 {
     const MVThemeMgr::SResourceXML& shown = manager().getDisplayXML();

@@ -1,5 +1,4 @@
-// The three favourites files, then a GUID that the user marks: reads them, marks, saves and reads
-// again.
+// Reads the three favourites files, marks the GUID that follows them, saves and reads again.
 
 #include "CatalogueWorld.h"
 #include "FuzzTarget.h"
@@ -14,7 +13,7 @@ namespace {
 
 const char* const files[] = {"ThemeCollect", "FilterCollect", "BgMaterialCollect"};
 constexpr int fileCount = 3;
-constexpr int listedCount = 2; // the marks of backgrounds are asked for one by one
+constexpr int listedCount = 2; // the marks of backgrounds are queried one by one
 
 class FavouritesTarget : public FuzzTarget
 {
@@ -63,7 +62,7 @@ void FavouritesTarget::run(const QByteArray& input)
     }
 }
 
-/// Sorted, which Qt does not do with keys that hold a NUL; none for what is no JSON object.
+/// Sorted here, since Qt does not sort keys that contain a NUL; empty unless a JSON object.
 QStringList FavouritesTarget::marksIn(const QByteArray& content)
 {
     const QJsonObject object = QJsonDocument::fromJson(content).object();
@@ -93,7 +92,7 @@ void FavouritesTarget::mark(const QString& guid)
     manager().setBgMaterialCollected(&item);
 }
 
-/// What the catalogue has read of one of the first files.
+/// Returns what the catalogue has read from one of the first files.
 QStringList FavouritesTarget::marks(int file)
 {
     QStringList guids = manager().favourites(file == 0 ? eCfgItem_Theme : eCfgItem_Filter);
@@ -101,7 +100,7 @@ QStringList FavouritesTarget::marks(int file)
     return guids;
 }
 
-/// An earlier mark stays, the new one is there, and nothing else is.
+/// Requires the file to hold the earlier marks and the new one, and nothing else.
 void FavouritesTarget::checkSaved(int file, const QByteArray& original, const QString& guid) const
 {
     QStringList expected = marksIn(original);
@@ -114,7 +113,7 @@ void FavouritesTarget::checkSaved(int file, const QByteArray& original, const QS
                 + expected.join(QLatin1Char(' ')));
 }
 
-/// A file that was none is kept, and only that.
+/// Requires an invalid file to be kept aside, and nothing else.
 void FavouritesTarget::checkDamaged(int file, const QByteArray& original) const
 {
     const QString kept = m_world.collectFile(files[file]) + QStringLiteral(".damaged-1");

@@ -1,5 +1,5 @@
-// A log line's format and up to three arguments: compares what LogL() writes with what the C
-// library makes of each conversion.
+// Formats a log line with up to three arguments and compares what LogL() writes with the C
+// library's result for each conversion.
 
 #include "FuzzTarget.h"
 #include "host/LogFormat.h"
@@ -22,7 +22,7 @@ using Argument = std::variant<int, long, long long, double, const char*, const v
 constexpr int maxArguments = 3;
 using Arguments = std::array<Argument, maxArguments>;
 
-/// The documented conversions: flags, width, precision and, with a length, the letter.
+/// The documented conversions: flags, width, precision and a letter, optionally with a length.
 const char grammar[] = "%(?:%|[-+ #0]*(\\*|[0-9]*)(?:\\.(\\*|[0-9]*))?"
                        "(?:[csp]|(hh|h|ll|l|z|j|t)?[diuoxXeEfFgG]))";
 
@@ -35,7 +35,7 @@ QByteArray filled(const char* format, ...)
     return text;
 }
 
-/// One conversion; empty if the C library refuses it.
+/// Formats one conversion; empty if the C library refuses it.
 template <class... Values>
 QByteArray printed(const QByteArray& format, Values... values)
 {
@@ -82,7 +82,7 @@ void LogFormatTarget::run(const QByteArray& input)
         m_expected += format.mid(behind, match.capturedStart() - behind).toLatin1();
         behind = match.capturedEnd();
         if (!take(match, parts)) {
-            format.truncate(match.capturedStart()); // the rest has no arguments
+            format.truncate(match.capturedStart()); // there are no arguments for the rest
             behind = format.size();
             break;
         }
@@ -96,7 +96,8 @@ void LogFormatTarget::run(const QByteArray& input)
             QString::fromLatin1(text + '\n' + m_expected));
 }
 
-/// Takes a conversion's arguments and prints it; false if there are too many, or too much text.
+/// Consumes a conversion's arguments and prints it; returns false if there are too many, or too
+/// much text.
 bool LogFormatTarget::take(const QRegularExpressionMatch& match, const Parts& values)
 {
     if (match.captured() == QLatin1String("%%")) {
@@ -119,7 +120,7 @@ bool LogFormatTarget::take(const QRegularExpressionMatch& match, const Parts& va
     const char letter = format.at(format.size() - 1);
     const QByteArray length = match.captured(3).toLatin1();
     if (QByteArray("eEfFgG").contains(letter))
-        format.remove(format.size() - 1 - length.size(), length.size()); // means nothing
+        format.remove(format.size() - 1 - length.size(), length.size()); // has no effect
     m_texts.append(values.at(m_count + count + 1).constData());          // up to a NUL
     own.at(count) = argument(letter, length, m_texts.constLast());
     for (int i = 0; i <= count; ++i)
@@ -131,7 +132,7 @@ bool LogFormatTarget::take(const QRegularExpressionMatch& match, const Parts& va
     return true;
 }
 
-/// Whether a width needs little memory, or is beyond what there can be.
+/// Returns whether a width needs little memory, or exceeds every possible size.
 bool LogFormatTarget::isModest(const QString& number)
 {
     constexpr int maxModest = 10000;

@@ -1,5 +1,5 @@
-// A publisher's manifests: that of the source, then those of a filter, a transition and a theme.
-// What can be published is built and must be clean.
+// Builds a publisher's manifests: the source's, then those of a filter, a transition and a theme.
+// Whatever can be built must be free of findings.
 
 #include "CatalogueWorld.h"
 #include "FuzzTarget.h"
@@ -91,7 +91,7 @@ void ManifestTarget::checkBuilt(const Source& source) const
     ReadTree built;
     QString error;
     require(built.open(tree(), &error), "what was built can be read", error);
-    bool isAllOurs = true; // a definition of the publisher's own is published as it stands
+    bool isAllOurs = true; // a definition of the publisher's own is published unchanged
     for (const SourceItem& item : source.items()) {
         require(built.find(item.type, item.guid), "every item is published", item.path);
         isAllOurs = isAllOurs && item.definition.isEmpty();

@@ -1,5 +1,5 @@
-// A GUID and two names of files as a catalogue may hold them: resolves items of every kind that are
-// made of them, then writes wherever a download would be allowed to.
+// Resolves items of every kind that use a GUID and two file names, as a catalogue may hold them,
+// then writes wherever a download would be allowed to.
 //
 // Beside the download root is a folder with a file in it; links in the root lead there.
 
@@ -82,7 +82,7 @@ void NamesTarget::resolve(SCfg_Item& item) const
         writeWhereAllowed(file->m_qsFile);
 }
 
-/// A file that is there, and has to be, is one of the catalogue's.
+/// Requires a file that counts as present to exist and to be one of the catalogue's.
 void NamesTarget::checkFile(const SFileInfo& file, bool isPresent) const
 {
     if (!isPresent || file.m_qsFile.isEmpty())
@@ -93,7 +93,7 @@ void NamesTarget::checkFile(const SFileInfo& file, bool isPresent) const
     require(isOurs, "no file outside the two trees counts as present", file.m_qsFile);
 }
 
-/// What is written elsewhere ends the process, see WriteGuard.
+/// WriteGuard ends the process if the write lands elsewhere.
 void NamesTarget::writeWhereAllowed(const QString& path) const
 {
     require(manager().isDownloadPath(path) == PathGuard::isInside(m_world.root(), path),

@@ -1,4 +1,4 @@
-// The editor's preferences: reads them, changes each one, and reads them again.
+// Reads the editor's preferences, changes each one, and reads them again.
 
 #include "browser/BrowserLanguage.h"
 #include "browser/BrowserSkin.h"
@@ -70,7 +70,7 @@ void PreferencesTarget::checkRanges(const Preferences& preferences)
     require(scale == 0 || (scale >= 50 && scale <= 400), "the scale is in its range");
 }
 
-/// A file that cannot be understood is kept aside as it was, and nothing else is.
+/// Requires an unreadable file to be kept aside unchanged, and nothing else.
 void PreferencesTarget::checkKept(const QByteArray& input, const Preferences& preferences) const
 {
     const QString kept = m_file + QStringLiteral(".damaged-1");

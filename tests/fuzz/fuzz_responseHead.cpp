@@ -1,4 +1,4 @@
-// The header of an answer, line by line.
+// Parses the header of an answer, line by line.
 
 #include "FuzzTarget.h"
 #include "host/ResponseHead.h"
@@ -38,7 +38,7 @@ public:
              {head.contentLength, head.rangeStart, head.rangeTotal, qint64{head.retryAfterSeconds}})
             require(number >= -1, "no number is below -1", QString::number(number));
         require(!head.isInterim() || !head.isRedirect(), "an interim answer leads nowhere");
-        // It is sent back in a header of ours.
+        // The validator is sent back in a request header.
         require(!hasControl(head.validator()), "a validator has no control characters",
                 QString::fromLatin1(head.validator()));
         require(!head.etag.startsWith("W/") || head.validator().isEmpty(),

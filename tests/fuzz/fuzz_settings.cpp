@@ -1,4 +1,4 @@
-// A settings file.
+// Reads a settings file.
 
 #include "FuzzTarget.h"
 #include "host/HostSettings.h"
@@ -11,7 +11,7 @@
 
 namespace {
 
-/// A value as a settings file quotes it.
+/// Quotes a value as in a settings file.
 QString quoted(QString value)
 {
     value.replace(QLatin1Char('\\'), QLatin1String("\\\\"));
@@ -43,10 +43,10 @@ QString editions(const QSet<int>& numbers)
     return texts.join(QLatin1Char(','));
 }
 
-/// The settings as a file that says all of them.
+/// Writes the settings to a file that contains all of them.
 QByteArray written(const HostSettings& settings)
 {
-    constexpr int exact = 17; // digits that tell any two numbers apart
+    constexpr int exact = 17; // enough digits to distinguish any two numbers
     QString text = QStringLiteral("[paths]\n") + line("resources", settings.resourcesPath)
         + line("data", settings.dataLocation) + line("appData", settings.appDataPath)
         + line("testOutput", settings.testOutputDir);

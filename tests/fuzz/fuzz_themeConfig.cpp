@@ -1,4 +1,4 @@
-// A theme's own config file, read beside a catalogue with a filter, a transition and a motion.
+// Reads a theme's own config file with a catalogue of a filter, a transition and a motion.
 
 #include "CatalogueWorld.h"
 #include "FuzzTarget.h"
@@ -39,7 +39,7 @@ void ThemeConfigTarget::run(const QByteArray& input)
     const QString file = m_world.base() + QStringLiteral("/theme.xml");
     CatalogueFiles::write(file, input);
     const WriteGuard guard({m_world.data()});
-    manager().load(true); // also forgets the themes that the last input made
+    manager().load(true); // also discards the themes parsed from the previous input
     SThemes_a former;
     SThemes_a* first = &former;
     SThemes_a* second = &former;

@@ -1,4 +1,4 @@
-// ThemeType.json of a download root.
+// Reads the ThemeType.json of a download root.
 
 #include "CatalogueWorld.h"
 #include "FuzzTarget.h"

@@ -1,5 +1,5 @@
-// A thumbnail, as a cell of a list paints it. Qt's decoders are not instrumented: what they take in
-// memory and time is limited from outside.
+// Paints a thumbnail as a list's cell does. Qt's decoders are not instrumented: their memory and
+// time are limited from outside.
 
 #include "FuzzTarget.h"
 #include "host/widgets/ThumbFrame.h"

@@ -1,5 +1,5 @@
-// The target's present content, of which a download is the rest unless it is empty, and the answers
-// that a server sends one after the other: downloads from it.
+// Downloads from a server that sends these answers in turn. The first part is the target's present
+// content; unless it is empty, the download resumes it.
 
 #include "AnswerServer.h"
 #include "FuzzTarget.h"
@@ -37,7 +37,7 @@ private:
 TransferTarget::TransferTarget()
 {
     HostSettings& settings = hostSettings();
-    // Redirects lead to this server, too, wherever they lead.
+    // Redirects reach this server, too, whatever host they name.
     settings.proxy = QStringLiteral("http://127.0.0.1:%1").arg(m_server.port());
     settings.connectTimeoutMs = 2000;
     settings.stallTimeoutMs = 2000;

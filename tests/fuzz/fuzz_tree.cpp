@@ -1,6 +1,5 @@
-// A server's tree that somebody else made, as mvpublish checks it: config catalogue, display
-// catalogue, version file, the theme config "/Themes/t.xml", and a picture that stands for the
-// thumbnails and the animation.
+// Checks a foreign server tree as mvpublish does: config catalogue, display catalogue, version
+// file, the theme config "/Themes/t.xml", and a picture used for all thumbnails and the animation.
 
 #include "FuzzTarget.h"
 #include "lint/Lint.h"
@@ -46,7 +45,7 @@ public:
         require(findings() == first, "a tree has the same findings every time");
     }
 
-    bool mayWarn() const override { return true; } // the decoders of pictures do
+    bool mayWarn() const override { return true; } // the picture decoders do
 
 private:
     void write(const char* file, const QByteArray& content) const

@@ -1,4 +1,4 @@
-// The name of a file as a catalogue may hold it: builds the addresses by which it is fetched.
+// Builds the addresses for a file name as a catalogue may hold it.
 
 #include "CatalogueWorld.h"
 #include "FuzzTarget.h"
@@ -56,7 +56,7 @@ private:
         checkServer(url);
     }
 
-    /// An address leads to the server, whatever is asked for there.
+    /// Requires an address to point at the server, whatever its path.
     static void checkServer(const QString& url)
     {
         const QUrl parsed(url, QUrl::TolerantMode);

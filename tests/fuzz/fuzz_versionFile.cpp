@@ -1,4 +1,4 @@
-// A server's version file, as the check reads it.
+// Reads a server's version file as the check does.
 
 #include "CatalogueWorld.h"
 #include "download/CheckWorker_CfgAndDisplayXML.h"

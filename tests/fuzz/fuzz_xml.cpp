@@ -1,4 +1,4 @@
-// One XML file, as every reader of catalogues opens it.
+// Opens one XML file as every reader of catalogues does.
 
 #include "CatalogueWorld.h"
 #include "FuzzTarget.h"
@@ -39,7 +39,7 @@ void XmlTarget::run(const QByteArray& input)
     checkTree(first.documentElement());
 }
 
-/// Walks without recursion: a tree that is too deep must not end this program.
+/// Walks iteratively: a deeply nested tree must not overflow this program's stack.
 void XmlTarget::checkTree(const QDomElement& root)
 {
     require(!root.isNull(), "a document has a root");
@@ -52,7 +52,7 @@ void XmlTarget::checkTree(const QDomElement& root)
     }
 }
 
-/// In document order; null behind the last one.
+/// Returns the next element in document order; null after the last one.
 QDomElement XmlTarget::nextElement(const QDomElement& root, QDomElement element, int& depth)
 {
     const QDomElement child = element.firstChildElement();

@@ -16,7 +16,7 @@
 using Action = std::function<void()>;
 Q_DECLARE_METATYPE(Action)
 
-/// The guard of the fuzzers sees what would be written elsewhere, before it is.
+/// Tests that the fuzzers' guard catches a forbidden write before it happens.
 class TestWriteGuard : public QObject
 {
     Q_OBJECT
@@ -42,7 +42,7 @@ void TestWriteGuard::initTestCase()
     QVERIFY(QFile::link(outside(), inside() + QStringLiteral("/link")));
 }
 
-/// Of a child that acts while only "inside" may be written; 0 if it ended well.
+/// Returns the signal that ended a child restricted to "inside"; 0 if it succeeded.
 int TestWriteGuard::signalOf(const Action& action) const
 {
     const pid_t child = ::fork();

@@ -15,11 +15,11 @@ function(run)
     set(output "${output}" PARENT_SCOPE)
 endfunction()
 
-# Moved afterwards: the installed tree must not depend on where it was put first.
+# Moved afterwards: the installed tree must be relocatable.
 run(${CMAKE_COMMAND} --install ${BUILD_FOLDER} --prefix ${WORK_FOLDER}/staged)
 file(RENAME ${WORK_FOLDER}/staged ${prefix})
 
-# All public headers and no other.
+# Exactly the public headers are installed.
 file(READ ${HEADER_LIST} expected)
 file(GLOB_RECURSE installed RELATIVE ${prefix}/${INCLUDE_FOLDER} ${prefix}/${INCLUDE_FOLDER}/*)
 list(SORT expected)
@@ -37,7 +37,7 @@ run(${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${consumer} -G ${G
     -D SANITIZE=${SANITIZE})
 run(${CMAKE_COMMAND} --build ${consumer})
 
-# The build tree must not stand in for what is missing in the installed one.
+# The build tree must not provide what the installed one lacks.
 file(READ ${consumer}/CMakeCache.txt cache)
 if(NOT cache MATCHES "MvResource_DIR:PATH=${prefix}/")
     message(FATAL_ERROR "the package was not found below ${prefix}")

@@ -2,7 +2,7 @@
 
 #include "Download.h"
 
-// The pieces of a download that breaks and goes on: a file of 1000 bytes in two versions.
+// Building blocks of a download that breaks and resumes: a file of 1000 bytes in two versions.
 
 constexpr int whole = 1000;
 constexpr int half = 400;
@@ -20,7 +20,7 @@ inline QByteArray newVersion()
     return pattern(whole, 2);
 }
 
-/// The old version, breaking behind its first half, with one field that tells the version.
+/// Sends half of the old version, then breaks; one field identifies the version.
 inline HttpAnswer firstHalf(const QByteArray& field, const QByteArray& value)
 {
     return HttpAnswer(200)
@@ -34,7 +34,7 @@ inline QByteArray contentRange(int from, const QByteArray& total = "1000", int l
     return "bytes " + QByteArray::number(from) + '-' + QByteArray::number(last) + '/' + total;
 }
 
-/// The rest of a version from a byte on, as asked.
+/// Sends the requested rest of a version, from a byte on.
 inline HttpAnswer rest(const QByteArray& version = oldVersion(), int from = half)
 {
     return HttpAnswer(206).field("Content-Range", contentRange(from)).body(version.mid(from));
@@ -45,7 +45,7 @@ inline HttpAnswer wholeNewVersion()
     return HttpAnswer(200).field("ETag", "\"v2\"").body(newVersion());
 }
 
-/// Never needed by a download that can go on: shows one that began again.
+/// Sends the new version. A resumable download never asks for it; if it does, it started over.
 inline FaultServer::Handler newVersionForEverybody()
 {
     return answering(wholeNewVersion());

@@ -33,9 +33,9 @@ public:
     CurWrapper& wrapper() { return m_wrapper; }
     QString errorText() const { return m_wrapper.errorText(); }
 
-    /// Downloads into target() and checks what holds after every download: a failure leaves the
-    /// folder as it was and has a text, a success adds the target at most, and no temporary file
-    /// is left by either. Returns the result.
+    /// Downloads into target() and verifies what holds after every download: a failure leaves the
+    /// folder unchanged and has a text, a success adds at most the target, and neither leaves a
+    /// temporary file. Returns the result.
     int run(const QString& url, bool resume = false)
     {
         const QStringList before = files();
@@ -63,7 +63,7 @@ private:
     CurWrapper m_wrapper;
 };
 
-/// Records the progress calls of one downloader and decides whether the download goes on.
+/// Records the progress calls of one downloader and decides whether the download continues.
 class ProgressWatch
 {
 public:
@@ -94,7 +94,7 @@ private:
     QVector<Call> m_calls;
 };
 
-/// Bytes that differ at every place, and between two seeds, so that no mix-up goes unseen.
+/// Returns bytes that differ at every position and between two seeds, so that every mix-up shows.
 inline QByteArray pattern(int size, quint32 seed = 1)
 {
     QByteArray bytes(size, Qt::Uninitialized);
@@ -106,7 +106,7 @@ inline QByteArray pattern(int size, quint32 seed = 1)
     return bytes;
 }
 
-/// Answers the first request by the first step and so on; the last step answers all that follow.
+/// Answers each request with the next step; the last step answers all further requests.
 inline FaultServer::Handler inTurn(std::vector<FaultServer::Handler> steps)
 {
     auto next = std::make_shared<std::atomic<std::size_t>>(0);
@@ -115,7 +115,7 @@ inline FaultServer::Handler inTurn(std::vector<FaultServer::Handler> steps)
     };
 }
 
-/// A step that sends an answer and keeps the connection.
+/// A step that sends an answer and keeps the connection open.
 inline FaultServer::Handler answering(const QByteArray& answer)
 {
     return [answer](HttpExchange& exchange) { exchange.send(answer); };
@@ -126,7 +126,7 @@ inline FaultServer::Handler answering(const HttpAnswer& answer)
     return answering(answer.bytes());
 }
 
-/// A step that sends an answer and ends the connection in order.
+/// A step that sends an answer and closes the connection properly.
 inline FaultServer::Handler answeringAndClosing(const QByteArray& answer)
 {
     return [answer](HttpExchange& exchange) {

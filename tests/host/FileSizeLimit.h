@@ -6,7 +6,7 @@
 
 #include <sys/resource.h>
 
-/// Lets no file of this process grow beyond a size while it lives, as on a full disk.
+/// Limits the size of every file written by this process during its lifetime, like a full disk.
 class FileSizeLimit
 {
 public:

@@ -3,7 +3,7 @@
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
 
-/// Writes a settings file, a new one for every call, and returns its path.
+/// Writes a new settings file on every call and returns its path.
 inline QString iniFile(const QByteArray& content)
 {
     static int number = 0;

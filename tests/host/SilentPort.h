@@ -12,8 +12,8 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-/// A port on loopback on which a connection neither comes about nor is refused: nobody accepts, and
-/// the queue of those who wait is full.
+/// A loopback port on which a connection is neither established nor refused: nobody accepts, and
+/// the backlog is full.
 class SilentPort
 {
 public:
@@ -45,7 +45,7 @@ public:
 private:
     sockaddr* generic() { return reinterpret_cast<sockaddr*>(&m_address); }
 
-    /// False once the queue is full: a connection that loopback takes stands at once.
+    /// Returns false once the backlog is full: loopback establishes a connection at once, or never.
     bool connectOneMore()
     {
         const int socket = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);

@@ -9,11 +9,11 @@
 
 #include <httplib.h>
 
-/// A certificate that is signed by nobody but itself, with its key, in the home of the test.
+/// A self-signed certificate with its key, in the home of the test.
 class SelfSignedCertificate
 {
 public:
-    /// `name` as in a certificate: "IP:127.0.0.1" or "DNS:files.example".
+    /// `name` is as in a certificate: "IP:127.0.0.1" or "DNS:files.example".
     explicit SelfSignedCertificate(const QString& name)
         : m_folder(TestHome::path() + QStringLiteral("/certificate-")
                    + QString(name).replace(QLatin1Char(':'), QLatin1Char('-')))

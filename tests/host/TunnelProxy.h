@@ -13,12 +13,12 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-/// A proxy for one connection to a port on loopback: answers its CONNECT, then passes bytes on in
-/// both directions, and keeps what the client said first.
+/// A proxy for one connection to a loopback port: answers its CONNECT, then forwards bytes in both
+/// directions, and records the client's first request.
 class TunnelProxy
 {
 public:
-    /// `answer` goes to the client after `delay`; the tunnel stands only behind a status 200.
+    /// Sends `answer` to the client after `delay`; only status 200 opens the tunnel.
     TunnelProxy(int port, QByteArray answer, std::chrono::milliseconds delay = {})
         : m_listener(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
         , m_answer(std::move(answer))
@@ -44,7 +44,7 @@ public:
 
     QString address() const { return QStringLiteral("http://127.0.0.1:%1").arg(m_port); }
 
-    /// The header of the first request, once its answer has arrived.
+    /// Returns the header of the first request, once its answer has arrived.
     QByteArray request() const { return m_request; }
 
 private:

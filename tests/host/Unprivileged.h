@@ -4,8 +4,8 @@
 
 #include <unistd.h>
 
-/// Gives up the administrator's rights while it lives, so that file permissions count in a test
-/// that root runs. Does nothing for other users. Only while the test has a single thread.
+/// Drops root privileges during its lifetime, so that file permissions apply even to a test run by
+/// root. Does nothing for other users. Use it only while the test is single-threaded.
 class Unprivileged
 {
 public:
@@ -21,7 +21,7 @@ public:
     }
     Q_DISABLE_COPY_MOVE(Unprivileged)
 
-    /// False where the system does not allow it.
+    /// Returns false if the system does not allow dropping privileges.
     bool isActive() const { return m_active; }
 
 private:

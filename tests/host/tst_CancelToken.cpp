@@ -9,7 +9,7 @@
 
 using namespace std::chrono_literals;
 
-/// What tells the workers of one operation that it is to stop.
+/// Tests the token that tells an operation's workers to stop.
 class tst_CancelToken : public QObject
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ private slots:
     void waitingEndsWithTheCancellation();
     void waitingForACancelledTokenEndsAtOnce();
     void everyWaitingThreadIsWoken();
-    void outlivesWhoCreatedIt();
+    void outlivesItsCreator();
 };
 
 namespace {
@@ -113,7 +113,7 @@ void tst_CancelToken::everyWaitingThreadIsWoken()
     QCOMPARE(woken.load(), 8);
 }
 
-void tst_CancelToken::outlivesWhoCreatedIt()
+void tst_CancelToken::outlivesItsCreator()
 {
     std::vector<CancelToken> copies;
     {

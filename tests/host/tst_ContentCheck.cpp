@@ -1,8 +1,8 @@
 #include "Download.h"
 #include "host/HostSettings.h"
 
-/// What a download looks at before a file gets its name: web pages in the place of files, and,
-/// where the host asks for it, content that cannot be what the name promises.
+/// Tests what a download checks before it renames a file: web pages in place of files and, if the
+/// host asks for it, content that contradicts the file name.
 class tst_ContentCheck : public QObject
 {
     Q_OBJECT
@@ -59,7 +59,7 @@ void tst_ContentCheck::pageInPlaceOfAFile()
         return;
     QCOMPARE(download.wrapper().failure().m_eCause, eFailure_Unreachable);
     QVERIFY(download.errorText().contains(QStringLiteral("a web page came instead of the file")));
-    QCOMPARE(server.requestCount(), 1); // the next answer would be the same
+    QCOMPARE(server.requestCount(), 1); // retrying would get the same answer
 }
 
 void tst_ContentCheck::pageThatWasAskedFor_data()
@@ -130,7 +130,7 @@ void tst_ContentCheck::plausibleContent()
         download.wrapper().download(server.url(QStringLiteral("/file")), path, false);
         return download.wrapper().result();
     };
-    QCOMPARE(fetch(), 0); // not looked at unless the host asks for it
+    QCOMPARE(fetch(), 0); // not checked unless the host asks for it
     QCOMPARE(CatalogueFiles::read(path), body);
 
     CatalogueFiles::write(path, "older");

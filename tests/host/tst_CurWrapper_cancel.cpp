@@ -32,7 +32,7 @@ public:
     ~Canceller() { join(); }
     Q_DISABLE_COPY_MOVE(Canceller)
 
-    /// Time since cancel() was called.
+    /// Returns the time since cancel() was called.
     std::chrono::milliseconds age()
     {
         const Clock::time_point now = Clock::now();
@@ -49,7 +49,7 @@ private:
     }
 
     std::atomic<bool> m_stopping{false};
-    Clock::time_point m_time; // the thread's until it is joined
+    Clock::time_point m_time; // owned by the thread until it is joined
     std::thread m_thread;
 };
 
@@ -81,7 +81,7 @@ QByteArray firstHalfInChunks()
 
 } // namespace
 
-/// The ways to end a download before its time.
+/// Tests the ways to end a download early.
 class TestCurWrapperCancel : public QObject
 {
     Q_OBJECT
@@ -165,7 +165,7 @@ void TestCurWrapperCancel::cancelEndsAConnectionThatDoesNotStand()
     QFETCH(bool, secure);
 
     const SilentPort silent;
-    // Waits for the end of a request, which a TLS client does not send.
+    // Waits for the end of a request, which a TLS client never sends.
     FaultServer mute([](HttpExchange& exchange) { exchange.stall(); });
     const QString muteUrl = QStringLiteral("https://127.0.0.1:%1/file").arg(mute.port());
     Download download;
@@ -245,12 +245,12 @@ void TestCurWrapperCancel::callbackEndsAStall()
     FaultServer server(handler);
     Download download;
     int callsInTheStall = 0;
-    // Says no once only: that has to do.
+    // Refuses once only, which must suffice.
     ProgressWatch watch(download.wrapper(), [&](const ProgressWatch::Call& call) {
         callsInTheStall += server.requestCount() == 1 && call.received == received;
         return callsInTheStall != 3;
     });
-    // Otherwise a no that goes unheard would wait for the end of the stall.
+    // Otherwise an ignored refusal would wait for the end of the stall.
     Canceller rescue(download.wrapper(), [&, start = Clock::now()] {
         return Clock::now() - start > 5s || server.requestCount() > 1;
     });
@@ -296,7 +296,8 @@ void TestCurWrapperCancel::manyObjectsAtOnce()
     for (int thread = 0; thread < threadCount; ++thread) {
         threads.emplace_back([&, thread] {
             for (int i = 0; i < filesEach; ++i) {
-                // A new object each time, as they look for what a kill left, in the same folder.
+                // A new object each time, since each looks for the remains of a kill in the same
+                // folder.
                 CurWrapper wrapper;
                 const QString name = QStringLiteral("/%1").arg(thread * filesEach + i);
                 wrapper.download(server.url(name), common.folder() + name, false);

@@ -8,7 +8,7 @@
 
 using Handler = FaultServer::Handler;
 
-/// The cause by which programs, and people in their language, learn why a download failed.
+/// Tests the failure cause, for programs and as text in the user's language.
 class tst_CurWrapper_failure : public QObject
 {
     Q_OBJECT
@@ -100,7 +100,7 @@ void tst_CurWrapper_failure::unreachableServer()
     QCOMPARE(download.wrapper().failure().m_eCause, eFailure_Unreachable);
 }
 
-/// A port that takes connections and says nothing.
+/// A port that accepts connections and sends nothing.
 void tst_CurWrapper_failure::silentServer()
 {
     hostSettings().downloadRetries = 0;
@@ -168,9 +168,9 @@ void tst_CurWrapper_failure::localFile()
 
 void tst_CurWrapper_failure::folderWithoutPermission_data()
 {
-    QTest::addColumn<QString>("target"); // below a folder that nobody may write
+    QTest::addColumn<QString>("target"); // below an unwritable folder
     QTest::newRow("in the folder") << QStringLiteral("file.bin");
-    // The folders on the way could not be made for the same reason.
+    // The intermediate folders could not be created for the same reason.
     QTest::newRow("in a folder below") << QStringLiteral("deep/below/file.bin");
 }
 

@@ -38,7 +38,7 @@ Handler sendingAndStalling(const QByteArray& bytes)
 
 } // namespace
 
-/// What can go wrong between the downloader and a server: result 3.
+/// Tests the failures between the downloader and a server: result 3.
 class TestCurWrapperFaults : public QObject
 {
     Q_OBJECT
@@ -49,11 +49,11 @@ private slots:
 
     void refusedConnection();
     void unknownHost();
-    void connectionThatNeverStands();
+    void connectionThatIsNeverEstablished();
     void brokenAnswer_data();
     void brokenAnswer();
-    void bodyWhoseEndCannotBeTold_data();
-    void bodyWhoseEndCannotBeTold();
+    void bodyWithoutAKnownEnd_data();
+    void bodyWithoutAKnownEnd();
     void noAnswerOfHttp_data();
     void noAnswerOfHttp();
     void stall_data();
@@ -98,7 +98,7 @@ void TestCurWrapperFaults::unknownHost()
              qPrintable(download.errorText()));
 }
 
-void TestCurWrapperFaults::connectionThatNeverStands()
+void TestCurWrapperFaults::connectionThatIsNeverEstablished()
 {
     const SilentPort silent;
     hostSettings().connectTimeoutMs = 300;
@@ -159,7 +159,7 @@ void TestCurWrapperFaults::brokenAnswer()
     QCOMPARE(server.requestCount(), 1);
 }
 
-void TestCurWrapperFaults::bodyWhoseEndCannotBeTold_data()
+void TestCurWrapperFaults::bodyWithoutAKnownEnd_data()
 {
     QTest::addColumn<Handler>("handler");
 
@@ -173,11 +173,11 @@ void TestCurWrapperFaults::bodyWhoseEndCannotBeTold_data()
     QTest::newRow("never closed") << sendingAndStalling(whole);
 }
 
-void TestCurWrapperFaults::bodyWhoseEndCannotBeTold()
+void TestCurWrapperFaults::bodyWithoutAKnownEnd()
 {
     QFETCH(Handler, handler);
 
-    hostSettings().downloadRetries = 2; // the server will not do better the next time
+    hostSettings().downloadRetries = 2; // retrying this server would not help
     FaultServer server(handler);
     Download download;
     QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 3);
@@ -287,7 +287,7 @@ void TestCurWrapperFaults::completeFileDoesNotWaitForTheServer()
 
 void TestCurWrapperFaults::slowIsNotStalled()
 {
-    // The whole takes longer than a stall may, but no pause in it does.
+    // The whole transfer takes longer than the stall limit, but no pause in it does.
     hostSettings().stallTimeoutMs = 2000;
     const QByteArray body = pattern(9000);
     FaultServer server([&](HttpExchange& exchange) {
@@ -320,7 +320,7 @@ void TestCurWrapperFaults::slowHeaderIsNotStalled()
 void TestCurWrapperFaults::tricklingIsStalled_data()
 {
     QTest::addColumn<QByteArray>("beginning");
-    QTest::addColumn<QByteArray>("piece"); // again and again
+    QTest::addColumn<QByteArray>("piece"); // sent repeatedly
     QTest::addColumn<int>("result");
 
     QTest::newRow("body") << headAnnouncing(1000000) << QByteArray("x") << 3;
@@ -334,7 +334,7 @@ void TestCurWrapperFaults::tricklingIsStalled_data()
                                 << QByteArray("x") << 4;
 }
 
-/// A byte now and then, so that nothing is ever silent for long, would keep a download for ever.
+/// An occasional byte prevents silence and would keep a download running for ever.
 void TestCurWrapperFaults::tricklingIsStalled()
 {
     QFETCH(QByteArray, beginning);

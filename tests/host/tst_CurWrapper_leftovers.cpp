@@ -10,7 +10,7 @@ namespace {
 
 using Handler = FaultServer::Handler;
 
-/// With this argument the program is the child that downloads an address into a file.
+/// With this argument the program is the child, which downloads an address into a file.
 const char* const childArgument = "--download";
 
 bool isPart(const QString& name)
@@ -25,7 +25,7 @@ void sendHalf(HttpExchange& exchange)
     exchange.stall();
 }
 
-/// A process of its own that is busy with a download into a folder.
+/// A separate process that is downloading into a folder.
 class Child
 {
 public:
@@ -38,7 +38,7 @@ public:
     ~Child() { kill(); }
     Q_DISABLE_COPY_MOVE(Child)
 
-    /// Waits until the child holds the first half; returns the name of its part file.
+    /// Waits until the child has the first half; returns the name of its part file.
     QString part() const
     {
         const auto halfThere = [&] {
@@ -72,7 +72,7 @@ int downloadAsChild(const char* url, const char* file)
 
 } // namespace
 
-/// What a download leaves in the folder of its target: the whole file or nothing.
+/// Tests that a download leaves the whole file or nothing in the target's folder.
 class TestCurWrapperLeftovers : public QObject
 {
     Q_OBJECT
@@ -218,7 +218,7 @@ void TestCurWrapperLeftovers::nextDownloadRemovesWhatAKillLeft()
     QVERIFY(isPart(child.part()));
     child.kill();
 
-    // The folder counts, not the name.
+    // Remains are recognised by folder, not by name.
     const QString other = download.folder() + QStringLiteral("/other.bin");
     download.wrapper().download(server.url(QStringLiteral("/file")), other, false);
     QCOMPARE(download.files(), files);

@@ -23,7 +23,7 @@ QByteArray chunked(const QByteArray& body)
 
 } // namespace
 
-/// How one answer of a server ends a download.
+/// Tests how a single answer of a server ends a download.
 class TestCurWrapperOutcomes : public QObject
 {
     Q_OBJECT
@@ -39,17 +39,17 @@ private slots:
     void asksForTheFileAsItIs();
     void refusesEveryOtherStatus_data();
     void refusesEveryOtherStatus();
-    void refusesAnEncodingThatNobodyAskedFor_data();
-    void refusesAnEncodingThatNobodyAskedFor();
+    void refusesAnUnrequestedEncoding_data();
+    void refusesAnUnrequestedEncoding();
     void keepsToTheAllowedSize_data();
     void keepsToTheAllowedSize();
     void doesNotReadWhatIsAnnouncedTooLarge();
-    void encodesWhatCannotStandInAUrl_data();
-    void encodesWhatCannotStandInAUrl();
-    void refusesWhatIsNoHttpAddress_data();
-    void refusesWhatIsNoHttpAddress();
-    void errorTextTellsWhatHappened_data();
-    void errorTextTellsWhatHappened();
+    void encodesCharactersNotAllowedInUrls_data();
+    void encodesCharactersNotAllowedInUrls();
+    void refusesAnythingButAnHttpAddress_data();
+    void refusesAnythingButAnHttpAddress();
+    void errorTextExplainsTheFailure_data();
+    void errorTextExplainsTheFailure();
     void errorTextKeepsAPasswordSecret();
     void successClearsTheErrorText();
 
@@ -174,7 +174,7 @@ void TestCurWrapperOutcomes::refusesEveryOtherStatus()
     QCOMPARE(server.requestCount(), 1);
 }
 
-void TestCurWrapperOutcomes::refusesAnEncodingThatNobodyAskedFor_data()
+void TestCurWrapperOutcomes::refusesAnUnrequestedEncoding_data()
 {
     QTest::addColumn<QByteArray>("answer");
 
@@ -189,7 +189,7 @@ void TestCurWrapperOutcomes::refusesAnEncodingThatNobodyAskedFor_data()
                .bytes();
 }
 
-void TestCurWrapperOutcomes::refusesAnEncodingThatNobodyAskedFor()
+void TestCurWrapperOutcomes::refusesAnUnrequestedEncoding()
 {
     QFETCH(QByteArray, answer);
 
@@ -240,7 +240,7 @@ void TestCurWrapperOutcomes::keepsToTheAllowedSize()
 
 void TestCurWrapperOutcomes::doesNotReadWhatIsAnnouncedTooLarge()
 {
-    // The body never comes: only the announcement can end this download.
+    // The body never arrives: only its announced length can end this download.
     FaultServer server([](HttpExchange& exchange) {
         exchange.answer(HttpAnswer(200).field("Content-Length", "2147483649"));
         exchange.stall();
@@ -252,7 +252,7 @@ void TestCurWrapperOutcomes::doesNotReadWhatIsAnnouncedTooLarge()
              qPrintable(download.errorText()));
 }
 
-void TestCurWrapperOutcomes::encodesWhatCannotStandInAUrl_data()
+void TestCurWrapperOutcomes::encodesCharactersNotAllowedInUrls_data()
 {
     QTest::addColumn<QString>("path");
     QTest::addColumn<QByteArray>("asked");
@@ -272,7 +272,7 @@ void TestCurWrapperOutcomes::encodesWhatCannotStandInAUrl_data()
     QTest::newRow("a fragment is not sent") << "/a#b" << QByteArray("/a");
 }
 
-void TestCurWrapperOutcomes::encodesWhatCannotStandInAUrl()
+void TestCurWrapperOutcomes::encodesCharactersNotAllowedInUrls()
 {
     QFETCH(QString, path);
     QFETCH(QByteArray, asked);
@@ -283,7 +283,7 @@ void TestCurWrapperOutcomes::encodesWhatCannotStandInAUrl()
     QCOMPARE(server.requests().at(0).target, asked);
 }
 
-void TestCurWrapperOutcomes::refusesWhatIsNoHttpAddress_data()
+void TestCurWrapperOutcomes::refusesAnythingButAnHttpAddress_data()
 {
     QTest::addColumn<QString>("url");
 
@@ -301,7 +301,7 @@ void TestCurWrapperOutcomes::refusesWhatIsNoHttpAddress_data()
     QTest::newRow("port too large") << "http://127.0.0.1:65536/file";
 }
 
-void TestCurWrapperOutcomes::refusesWhatIsNoHttpAddress()
+void TestCurWrapperOutcomes::refusesAnythingButAnHttpAddress()
 {
     QFETCH(QString, url);
 
@@ -312,7 +312,7 @@ void TestCurWrapperOutcomes::refusesWhatIsNoHttpAddress()
              qPrintable(download.errorText()));
 }
 
-void TestCurWrapperOutcomes::errorTextTellsWhatHappened_data()
+void TestCurWrapperOutcomes::errorTextExplainsTheFailure_data()
 {
     QTest::addColumn<QString>("path");
 
@@ -323,7 +323,7 @@ void TestCurWrapperOutcomes::errorTextTellsWhatHappened_data()
     QTest::newRow("query") << "/file?version=%23%24";
 }
 
-void TestCurWrapperOutcomes::errorTextTellsWhatHappened()
+void TestCurWrapperOutcomes::errorTextExplainsTheFailure()
 {
     QFETCH(QString, path);
 

@@ -22,7 +22,7 @@ QByteArray firstHalfInChunks()
 
 } // namespace
 
-/// When the progress callback is called, and with which numbers.
+/// Tests when the progress callback is called, and with which numbers.
 class TestCurWrapperProgress : public QObject
 {
     Q_OBJECT
@@ -66,7 +66,7 @@ void TestCurWrapperProgress::callbackIsCalledWhileNothingArrives()
 
     Download download;
     std::atomic<int> calls{0};
-    // Sends the rest once it has been called ten times, or after far too long.
+    // Sends the rest after ten calls, or after a very long time.
     FaultServer server([&](HttpExchange& exchange) {
         exchange.send(before);
         for (int i = 0; calls < 10 && i < 1000; ++i)

@@ -10,7 +10,7 @@ QString proxyAt(quint16 port)
 
 } // namespace
 
-/// Downloads by way of an HTTP proxy.
+/// Tests downloads through an HTTP proxy.
 class TestCurWrapperProxy : public QObject
 {
     Q_OBJECT
@@ -29,7 +29,7 @@ private slots:
 
 private:
     const HostSettings m_settings = hostSettings();
-    // A name that resolves nowhere: only a proxy can answer for it.
+    // An unresolvable name: only a proxy can answer for it.
     const QString m_url = QStringLiteral("http://files.does-not-exist.invalid/a/b.bin?v=1");
 };
 

@@ -1,7 +1,7 @@
 #include "BrokenDownload.h"
 #include "host/HostSettings.h"
 
-/// A body that broke goes on where it broke.
+/// Tests that an interrupted body resumes where it broke.
 class TestCurWrapperRanges : public QObject
 {
     Q_OBJECT
@@ -193,7 +193,7 @@ void TestCurWrapperRanges::allowedSizeCountsTheWhole()
     QFETCH(int, result);
 
     hostSettings().maxDownloadBytes = allowed;
-    // In chunks first, so that the size shows only in the part.
+    // The first answer is chunked, so that only the partial answer reveals the size.
     const HttpAnswer first = HttpAnswer(200)
                                  .field("ETag", tag)
                                  .field("Transfer-Encoding", "chunked")

@@ -17,7 +17,7 @@ void countDown(HttpExchange& exchange)
 
 } // namespace
 
-/// Which redirects a download follows, and how far.
+/// Tests which redirects a download follows, and how many.
 class TestCurWrapperRedirects : public QObject
 {
     Q_OBJECT
@@ -129,7 +129,7 @@ void TestCurWrapperRedirects::takesNothingFromTheRedirectItself()
 {
     QFETCH(QByteArray, redirect);
 
-    // A redirect without a length ends with its connection.
+    // A redirect without a length ends when its connection closes.
     FaultServer server(
         inTurn({answeringAndClosing(redirect), answering(HttpAnswer(200).body("the file"))}));
     Download download;

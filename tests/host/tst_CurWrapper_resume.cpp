@@ -34,7 +34,7 @@ HttpAnswer wholeNewVersion()
     return HttpAnswer(200).body(pattern(whole, 2));
 }
 
-/// Puts the first half under the target name, as an earlier download would have left it.
+/// Stores the first half under the target name, as an earlier download would have.
 void putBeginning(const Download& download, const QByteArray& content = pattern(whole).left(half))
 {
     CatalogueFiles::write(download.target(), content);
@@ -45,7 +45,7 @@ void putBeginning(const Download& download, const QByteArray& content = pattern(
 
 } // namespace
 
-/// Downloads that start from what stands under the target name.
+/// Tests downloads that resume from the content of the target file.
 class TestCurWrapperResume : public QObject
 {
     Q_OBJECT

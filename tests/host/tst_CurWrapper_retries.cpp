@@ -17,13 +17,13 @@ HttpAnswer unavailable(int status = 503)
     return HttpAnswer(status).body("come back later");
 }
 
-/// A body of 1000 bytes that breaks behind the first 400.
+/// Returns a body of 1000 bytes that breaks after the first 400.
 HttpAnswer brokenBody()
 {
     return HttpAnswer(200).field("Content-Length", "1000").bareBody(pattern(400));
 }
 
-/// Answers like another handler and notes when the requests came.
+/// Answers like another handler and records the times of the requests.
 class Stopwatch
 {
 public:
@@ -44,11 +44,11 @@ public:
         };
     }
 
-    /// Whether so many milliseconds lay between a request and the one before it.
+    /// Returns whether at least this many milliseconds passed between a request and the one before.
     bool pausedBefore(int request, qint64 milliseconds) const
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        // One is lost in counting whole milliseconds here, one in the downloader.
+        // Rounding to whole milliseconds loses one here and one in the downloader.
         return m_times.at(request) - m_times.at(request - 1) >= milliseconds - 2;
     }
 
@@ -67,7 +67,7 @@ bool isNotWaiting(const QElapsedTimer& timer)
 
 } // namespace
 
-/// What is tried again, how often and after which pause.
+/// Tests what is retried, how often and after which pause.
 class TestCurWrapperRetries : public QObject
 {
     Q_OBJECT

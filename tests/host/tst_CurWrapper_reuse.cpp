@@ -12,7 +12,7 @@ struct Failure
     const char* path;
 };
 
-/// One path for every way in which a server makes a download fail.
+/// One path for every way in which a server can fail a download.
 const Failure failures[] = {
     {"redirect to ftp", 1, "/ftp"},
     {"loop", 1, "/loop"},
@@ -72,7 +72,8 @@ void failAsAsked(HttpExchange& exchange)
 
 } // namespace
 
-/// One object serves many downloads: failures do not rub off, and connections stay open.
+/// Tests that one object serves many downloads: failures have no after-effects, connections stay
+/// open.
 class TestCurWrapperReuse : public QObject
 {
     Q_OBJECT
@@ -234,7 +235,7 @@ void TestCurWrapperReuse::keepsTheConnectionAcross()
 
 void TestCurWrapperReuse::reconnectsWhenTheServerHasClosed()
 {
-    hostSettings().downloadRetries = 0; // a kept connection that died is no failure of the server
+    hostSettings().downloadRetries = 0; // a dead idle connection is retried regardless
     FaultServer server(answeringAndClosing(HttpAnswer(200).body("good")));
     Download download;
     for (int i = 0; i < 5; ++i)
@@ -259,8 +260,8 @@ void TestCurWrapperReuse::nextDownloadAsksForNoRange()
     QCOMPARE(download.content(), QByteArray("good"));
 }
 
-/// With a handle that has served before, libcurl 7.88 continues a line of the former answer, whose
-/// memory it has freed.
+/// On a reused handle, libcurl 7.88 continues a line of the previous answer, whose memory it has
+/// freed.
 void TestCurWrapperReuse::continuationLineBelongsToNoEarlierAnswer()
 {
     const QByteArray continued = "HTTP/1.1 200 OK\r\n Continued: " + QByteArray(3000, 'x')

@@ -7,7 +7,7 @@
 
 #include <sys/stat.h>
 
-/// The local side of a download: what may be the target, and what happens to it.
+/// Tests the local side of a download: what may be the target, and what happens to it.
 class TestCurWrapperTarget : public QObject
 {
     Q_OBJECT
@@ -43,7 +43,7 @@ void TestCurWrapperTarget::cannotWrite_data()
     QTest::newRow("in a missing folder") << "missing/file.bin" << 0;
     QTest::newRow("through a file") << "file/file.bin" << 0;
     QTest::newRow("in a folder that takes no files") << "/proc/file.bin" << 0;
-    // Only the file system knows how long a name may be, and says so when the file gets its name.
+    // Only the file system knows the longest name, and refuses when the file gets its name.
     QTest::newRow("a name that is too long") << QString(300, QLatin1Char('x')) << 1;
 }
 

@@ -12,7 +12,7 @@ const QByteArray secretFile = "the secret file";
 
 } // namespace
 
-/// Downloads over TLS: whom a download trusts, and how it gets through a proxy.
+/// Tests downloads over TLS: whom a download trusts, and how it passes through a proxy.
 class TestCurWrapperTls : public QObject
 {
     Q_OBJECT
@@ -22,7 +22,7 @@ private slots:
     void init() { hostSettings().retryPauseMs = 10; }
     void cleanup() { hostSettings() = m_settings; }
 
-    void refusesACertificateThatNobodyVouchesFor();
+    void refusesAnUntrustedCertificate();
     void trustsTheAuthoritiesOfTheSettings();
     void readsTheAuthoritiesAtEveryDownload();
     void refusesWithoutReadableAuthorities_data();
@@ -33,9 +33,9 @@ private slots:
     void followsARedirectBetweenSecureAddresses();
     void followsARedirectFromPlainHttp();
     void goesThroughATunnel();
-    void slowTunnelIsNoStall();
+    void slowTunnelIsNotAStall();
     void tunnelDoesNotReplaceTrust();
-    void tellsWhyThereIsNoTunnel();
+    void reportsWhyThereIsNoTunnel();
 
 private:
     const HostSettings m_settings = hostSettings();
@@ -49,7 +49,7 @@ void TestCurWrapperTls::initTestCase()
     m_certificate = std::make_unique<SelfSignedCertificate>(QStringLiteral("IP:127.0.0.1"));
 }
 
-void TestCurWrapperTls::refusesACertificateThatNobodyVouchesFor()
+void TestCurWrapperTls::refusesAnUntrustedCertificate()
 {
     TlsServer server(*m_certificate);
     Download download;
@@ -78,7 +78,7 @@ void TestCurWrapperTls::readsTheAuthoritiesAtEveryDownload()
     QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 3);
     hostSettings().caFile = m_certificate->file();
     QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 0);
-    // The open connection was trusted for another reason than holds now.
+    // The open connection was trusted on grounds that no longer hold.
     hostSettings().caFile.clear();
     QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 3);
     QCOMPARE(server.requestCount(), 1);
@@ -115,7 +115,7 @@ void TestCurWrapperTls::refusesACertificateForAnotherHost()
 void TestCurWrapperTls::refusesAServerWithoutTls()
 {
     FaultServer server(answering(HttpAnswer(200).body("plain")));
-    hostSettings().connectTimeoutMs = 500; // such a server may just wait for the end of a request
+    hostSettings().connectTimeoutMs = 500; // the server may wait for the end of a request
     Download download;
     QCOMPARE(download.run(QStringLiteral("https://127.0.0.1:%1/file").arg(server.port())), 3);
     QCOMPARE(server.requestCount(), 0);
@@ -168,9 +168,9 @@ void TestCurWrapperTls::goesThroughATunnel()
              proxy.request().constData());
 }
 
-void TestCurWrapperTls::slowTunnelIsNoStall()
+void TestCurWrapperTls::slowTunnelIsNotAStall()
 {
-    // While the connection does not stand, its own limit counts.
+    // Until the connection is established, its own limit applies.
     TlsServer server(*m_certificate);
     TunnelProxy proxy(server.port(), tunnelStands, 1000ms);
     hostSettings().caFile = m_certificate->file();
@@ -194,7 +194,7 @@ void TestCurWrapperTls::tunnelDoesNotReplaceTrust()
     QCOMPARE(server.requestCount(), 0);
 }
 
-void TestCurWrapperTls::tellsWhyThereIsNoTunnel()
+void TestCurWrapperTls::reportsWhyThereIsNoTunnel()
 {
     TlsServer server(*m_certificate);
     TunnelProxy proxy(server.port(), HttpAnswer(407).body("who are you?").bytes());

@@ -1,7 +1,7 @@
 #include "BrokenDownload.h"
 #include "host/HostSettings.h"
 
-/// A body that broke never goes on with another version of the file.
+/// Tests that an interrupted body is never continued with another version of the file.
 class TestCurWrapperVersions : public QObject
 {
     Q_OBJECT
@@ -18,7 +18,7 @@ private slots:
     void neverMixesVersions();
     void neverEndsShort_data();
     void neverEndsShort();
-    void beginningAgainIsNoRetry();
+    void startingOverIsNotARetry();
 
 private:
     const HostSettings m_settings = hostSettings();
@@ -175,14 +175,14 @@ void TestCurWrapperVersions::neverEndsShort()
                                newVersionForEverybody()}));
     Download download;
     const int result = download.run(server.url(QStringLiteral("/file")));
-    // Whether it gives up or begins again, no mixture may come of it.
+    // Whether it gives up or starts over, it must never produce a mixture.
     if (result == 0)
         QCOMPARE(download.content(), newVersion());
     else
         QCOMPARE(result, 3);
 }
 
-void TestCurWrapperVersions::beginningAgainIsNoRetry()
+void TestCurWrapperVersions::startingOverIsNotARetry()
 {
     hostSettings().downloadRetries = 1;
     FaultServer server(inTurn({answeringAndClosing(firstHalf("ETag", tag)),

@@ -15,7 +15,7 @@
 
 using namespace std::chrono_literals;
 
-/// Keeps processes apart, but no longer than they live.
+/// Tests that a lock excludes other processes, but only while its owner lives.
 class tst_FileLock : public QObject
 {
     Q_OBJECT
@@ -27,10 +27,10 @@ private slots:
     void lockingAgainDoesNothing();
     void waitsForItsTurn();
     void waitingCanBeCancelled();
-    void missingFolderIsTold();
-    void leftFileBarsNobody_data();
-    void leftFileBarsNobody();
-    void killedHolderBarsNobody();
+    void missingFolderIsReported();
+    void leftFileBlocksNobody_data();
+    void leftFileBlocksNobody();
+    void killedHolderBlocksNobody();
     void excludesWhileTheFileComesAndGoes();
 
 private:
@@ -104,14 +104,14 @@ void tst_FileLock::waitingCanBeCancelled()
     QVERIFY(QFileInfo::exists(m_file));
 }
 
-void tst_FileLock::missingFolderIsTold()
+void tst_FileLock::missingFolderIsReported()
 {
     FileLock lock(m_folder + QStringLiteral("/missing/.lock"));
     QCOMPARE(lock.lock(60s), FileLock::Result::CannotCreate);
     QCOMPARE(lock.error(), ENOENT);
 }
 
-void tst_FileLock::leftFileBarsNobody_data()
+void tst_FileLock::leftFileBlocksNobody_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::newRow("empty") << QByteArray();
@@ -120,7 +120,7 @@ void tst_FileLock::leftFileBarsNobody_data()
         << QByteArray::number(QCoreApplication::applicationPid()) + "\nprogram\nmachine\n";
 }
 
-void tst_FileLock::leftFileBarsNobody()
+void tst_FileLock::leftFileBlocksNobody()
 {
     QFETCH(QByteArray, content);
     CatalogueFiles::write(m_file, content);
@@ -131,12 +131,12 @@ void tst_FileLock::leftFileBarsNobody()
     QVERIFY(!QFileInfo::exists(m_file));
 }
 
-void tst_FileLock::killedHolderBarsNobody()
+void tst_FileLock::killedHolderBlocksNobody()
 {
     const pid_t child = ::fork();
     if (child == 0) {
         FileLock lock(m_file);
-        ::_exit(lock.lock(0ms) == FileLock::Result::Locked ? 0 : 1); // and no destructor
+        ::_exit(lock.lock(0ms) == FileLock::Result::Locked ? 0 : 1); // and without a destructor
     }
     int status = -1;
     QCOMPARE(::waitpid(child, &status, 0), child);
@@ -145,7 +145,7 @@ void tst_FileLock::killedHolderBarsNobody()
     QCOMPARE(FileLock(m_file).lock(0ms), FileLock::Result::Locked);
 }
 
-/// Whoever releases a lock removes its file, which another may have opened just before.
+/// Releasing a lock removes its file, which another process may have just opened.
 void tst_FileLock::excludesWhileTheFileComesAndGoes()
 {
     constexpr int rounds = 5000;

@@ -205,7 +205,7 @@ void tst_HostSettings::readsPaths()
         + "\nappData=" + value + "\ntestOutput=" + value + "\ndeveloperResource=" + value
         + "\n[network]\ncaFile=" + value + '\n';
     const QString file = iniFile(content);
-    // Relative to the file also where the file itself is named relative to the current folder.
+    // Relative to the file, even if the file itself is named relative to the current folder.
     const QString named = QDir::current().relativeFilePath(file);
     QString error;
     QVERIFY2(loadHostSettings(named, &error), qPrintable(error));

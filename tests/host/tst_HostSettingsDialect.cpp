@@ -3,7 +3,7 @@
 
 #include <QCoreApplication>
 
-/// The form of settings files: what a value is, and which lines are refused.
+/// Tests the syntax of settings files: values, and which lines are refused.
 class tst_HostSettingsDialect : public QObject
 {
     Q_OBJECT

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// Every setting as text, to compare two states.
+/// Returns every setting as text, to compare two states.
 QStringList everything(const HostSettings& s)
 {
     QStringList result{s.resourcesPath,
@@ -36,7 +36,7 @@ QStringList everything(const HostSettings& s)
     return result;
 }
 
-/// Valid values, so that a failure has something to leave half done.
+/// Valid values, which a failure must not apply in part.
 const QByteArray validPart = "[ui]\nskin=Calm\n[network]\nproxy=p\n[params]\na=1\n";
 
 } // namespace
@@ -48,8 +48,8 @@ class tst_HostSettingsErrors : public QObject
 private slots:
     void init() { hostSettings() = HostSettings(); }
 
-    void refusesWhatIsNotAFile_data();
-    void refusesWhatIsNotAFile();
+    void refusesAnythingButAFile_data();
+    void refusesAnythingButAFile();
     void refusesAFileThatCannotBeRead();
     void refusesAFileWhoseReadingFails();
     void refusesAMalformedFile_data();
@@ -60,7 +60,7 @@ private slots:
     void refusesAValueOutOfRange();
 };
 
-void tst_HostSettingsErrors::refusesWhatIsNotAFile_data()
+void tst_HostSettingsErrors::refusesAnythingButAFile_data()
 {
     QTest::addColumn<QString>("path");
     QTest::addColumn<QString>("reason");
@@ -77,7 +77,7 @@ void tst_HostSettingsErrors::refusesWhatIsNotAFile_data()
     QTest::newRow("pipe") << pipe << other;
 }
 
-void tst_HostSettingsErrors::refusesWhatIsNotAFile()
+void tst_HostSettingsErrors::refusesAnythingButAFile()
 {
     QFETCH(QString, path);
     QFETCH(QString, reason);
@@ -92,7 +92,7 @@ void tst_HostSettingsErrors::refusesAFileThatCannotBeRead()
 {
     const QString path = iniFile("[ui]\nskin=Calm\n");
     QVERIFY(QFile::setPermissions(path, QFile::WriteOwner));
-    // The file may be hidden from others by its folders alone.
+    // The permissions of a folder alone may hide the file.
     for (const QString& folder : {TestHome::path(), QFileInfo(path).path()})
         QVERIFY(QFile::setPermissions(folder,
                                       QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner
@@ -111,7 +111,7 @@ void tst_HostSettingsErrors::refusesAFileThatCannotBeRead()
 
 void tst_HostSettingsErrors::refusesAFileWhoseReadingFails()
 {
-    const QString path = QStringLiteral("/proc/self/mem"); // nothing is at its beginning
+    const QString path = QStringLiteral("/proc/self/mem"); // offset 0 cannot be read
     QString error;
     QVERIFY(!loadHostSettings(path, &error));
     QCOMPARE(error, path + QStringLiteral(": the file cannot be read: Input/output error"));

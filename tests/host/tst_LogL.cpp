@@ -10,7 +10,7 @@
 
 namespace {
 
-/// What a line with this format and these arguments reads in the log.
+/// Returns the log text of a line with this format and these arguments.
 template <class... Arguments>
 QByteArray logged(const char* format, Arguments... arguments)
 {

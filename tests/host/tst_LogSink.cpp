@@ -20,7 +20,7 @@ struct Message
 };
 
 std::mutex messagesMutex;  // guards messages
-QVector<Message> messages; // what has reached Qt's message handler
+QVector<Message> messages; // the messages received by Qt's message handler
 
 void keepMessage(QtMsgType type, const QMessageLogContext& context, const QString& text)
 {
@@ -28,7 +28,7 @@ void keepMessage(QtMsgType type, const QMessageLogContext& context, const QStrin
     messages.append({type, context.category, text});
 }
 
-/// Sends what goes to Qt into `messages` while it lives.
+/// Redirects Qt's messages into `messages` during its lifetime.
 class MessageCapture
 {
 public:
@@ -44,7 +44,7 @@ private:
     QtMessageHandler m_previous;
 };
 
-/// Brings the default sink while it lives.
+/// Installs the default sink during its lifetime.
 class DefaultSink
 {
 public:
@@ -183,7 +183,7 @@ void tst_LogSink::theDefaultObeysTheFilterRules()
     QFETCH(QString, rules);
     QFETCH(QString, seen);
     const DefaultSink sink;
-    // The rules reach both a category that there was before them and one that comes later.
+    // The rules apply both to an existing category and to one created later.
     QLoggingCategory::setFilterRules(QString());
     const QByteArray later = QByteArray("Two in ") + QTest::currentDataTag();
     LogL("One", 1, "before");
@@ -204,7 +204,7 @@ void tst_LogSink::theDefaultTakesEveryCategoryName()
     const DefaultSink sink;
     const MessageCapture capture;
     {
-        // The name is copied: a caller's buffer may go.
+        // The name is copied: a caller's buffer may be destroyed.
         QByteArray name("Fleeting");
         LogL(name.constData(), 1, "first");
         name.fill('x');
@@ -271,7 +271,7 @@ void tst_LogSink::aSinkMayReplaceItself()
     QByteArrayList second;
     setLogSink([&](const QByteArray&, int, const QByteArray& text) {
         setLogSink([&](const QByteArray&, int, const QByteArray& later) { second << later; });
-        first << text; // the sink that is running is still whole
+        first << text; // the running sink is still intact
     });
     LogL("Part", 1, "a");
     LogL("Part", 1, "b");
@@ -306,7 +306,7 @@ void tst_LogSink::severalThreadsReachTheDefault()
 {
     const DefaultSink sink;
     const MessageCapture capture;
-    // Every category is met by all threads at once, so that they race to make it.
+    // All threads use every category for the first time together, so they race to create it.
     onSeveralThreads([](int) {
         for (int line = 0; line < linesPerThread; ++line)
             LogL(("New" + QByteArray::number(line)).constData(), 2, "%d", line);

@@ -1,7 +1,7 @@
 #include "host/ResponseHead.h"
 #include "support/TestMain.h"
 
-/// What is made of the header of an answer, whatever a server sends.
+/// Tests the parsing of an answer's header, whatever a server sends.
 class TestResponseHead : public QObject
 {
     Q_OBJECT
@@ -51,7 +51,7 @@ void TestResponseHead::controlCharactersBecomeBlanks_data()
         << QByteArray("\"\xc3\xa4\"") << QByteArray("\"\xc3\xa4\"");
 }
 
-/// What is sent back as a validator must not end its line, nor begin another one.
+/// A validator that is sent back must neither end its line nor start another one.
 void TestResponseHead::controlCharactersBecomeBlanks()
 {
     QFETCH(QByteArray, value);

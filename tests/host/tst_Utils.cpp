@@ -15,7 +15,7 @@
 
 namespace {
 
-/// A file that can be opened, but not read.
+/// A file that can be opened but not read.
 const QString unreadable = QStringLiteral("/proc/self/mem");
 
 } // namespace
@@ -29,8 +29,8 @@ private slots:
 
     void knowsTheSumOfAFile_data();
     void knowsTheSumOfAFile();
-    void hasNoSumOfWhatCannotBeRead_data();
-    void hasNoSumOfWhatCannotBeRead();
+    void unreadableFileHasNoDigest_data();
+    void unreadableFileHasNoDigest();
 
     void copiesAFile_data();
     void copiesAFile();
@@ -60,7 +60,7 @@ private:
         CatalogueFiles::write(path(name), content);
     }
     QByteArray read(const QString& name) const { return CatalogueFiles::read(path(name)); }
-    /// Names of all files, part files included.
+    /// Returns the names of all files, part files included.
     QStringList files() const { return CatalogueFiles::filesBelow(m_folder); }
 
     QString m_folder; // a new one for every test
@@ -94,7 +94,7 @@ void tst_Utils::knowsTheSumOfAFile()
     QCOMPARE(Utils::getMD5(path(QStringLiteral("file"))), sum);
 }
 
-void tst_Utils::hasNoSumOfWhatCannotBeRead_data()
+void tst_Utils::unreadableFileHasNoDigest_data()
 {
     QTest::addColumn<QString>("file");
     QTest::newRow("missing") << TestHome::path() + QStringLiteral("/none");
@@ -107,7 +107,7 @@ void tst_Utils::hasNoSumOfWhatCannotBeRead_data()
     QTest::newRow("pipe that nobody writes") << pipe;
 }
 
-void tst_Utils::hasNoSumOfWhatCannotBeRead()
+void tst_Utils::unreadableFileHasNoDigest()
 {
     QFETCH(QString, file);
     QCOMPARE(Utils::getMD5(file), QString());
@@ -186,7 +186,7 @@ void tst_Utils::fullDiskKeepsTheTarget()
     write(QStringLiteral("a"), QByteArray(1024 * 1024, 'x'));
     write(QStringLiteral("b"), "old");
     {
-        const FileSizeLimit limit(300 * 1024); // ends inside the second chunk
+        const FileSizeLimit limit(300 * 1024); // in the middle of the second chunk
         QVERIFY(limit.isActive());
         QVERIFY(!Utils::copyFile(path(QStringLiteral("a")), QDir(m_folder), QStringLiteral("b")));
         QVERIFY(!Utils::copyFileToPath(path(QStringLiteral("a")), path(QStringLiteral("c")), true));
@@ -273,7 +273,7 @@ void tst_Utils::copiesRegularFilesOnly_data()
 void tst_Utils::copiesRegularFilesOnly()
 {
     QFETCH(QString, source);
-    QVERIFY(!Utils::copyFileToPath(source, path(QStringLiteral("b")), true)); // and returns
+    QVERIFY(!Utils::copyFileToPath(source, path(QStringLiteral("b")), true)); // it must return
     QVERIFY(files().isEmpty());
 }
 

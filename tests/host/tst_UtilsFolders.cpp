@@ -74,7 +74,7 @@ private:
     QByteArray read(const char* name) const { return CatalogueFiles::read(path(name)); }
     QStringList files(const char* folder) const { return CatalogueFiles::filesBelow(path(folder)); }
 
-    QString m_folder; // a new one for every test, with a slash behind it
+    QString m_folder; // a new one for every test, with a trailing slash
     int m_count = 0;
 };
 
@@ -175,7 +175,7 @@ void tst_UtilsFolders::copyGoesOnAfterAFailure()
 {
     for (const char* name : {"from/a", "from/b", "from/c"})
         write(name, "new");
-    QVERIFY(QDir().mkpath(path("to/b"))); // a folder stands where a file should go
+    QVERIFY(QDir().mkpath(path("to/b"))); // a folder where a file should go
     QVERIFY(!Utils::copyDirectoryFiles(path("from"), path("to"), true));
     QCOMPARE(files("to"), (QStringList{QStringLiteral("a"), QStringLiteral("c")}));
     QVERIFY(QFileInfo(path("to/b")).isDir());
@@ -185,7 +185,7 @@ void tst_UtilsFolders::copyGoesOnAfterAFailureInside()
 {
     for (const char* name : {"from/a/1", "from/b/2", "from/c/3", "from/d"})
         write(name, "new");
-    write("to/b", "old"); // a file stands where a folder should go
+    write("to/b", "old"); // a file where a folder should go
     QVERIFY(!Utils::copyDirectoryFiles(path("from"), path("to"), true));
     QCOMPARE(files("to"),
              (QStringList{QStringLiteral("a/1"), QStringLiteral("b"), QStringLiteral("c/3"),
@@ -223,7 +223,7 @@ void tst_UtilsFolders::copyBesideItselfIsAllowed()
     write("from/a", "1");
     QVERIFY(Utils::copyDirectoryFiles(path("from"), path("from2"), true));
     QCOMPARE(read("from2/a"), QByteArray("1"));
-    // The source may lie inside the target.
+    // The source may be inside the target.
     QVERIFY(Utils::copyDirectoryFiles(path("from"), m_folder, true));
     QCOMPARE(read("a"), QByteArray("1"));
 }
@@ -319,7 +319,7 @@ void tst_UtilsFolders::removesLinksInsideNotTheirTargets()
 
 void tst_UtilsFolders::removesNothingWithoutAPath()
 {
-    // The current folder must not stand in for the missing name.
+    // The current folder must not replace the missing name.
     write("a", "kept");
     const QString before = QDir::currentPath();
     QVERIFY(QDir::setCurrent(m_folder));

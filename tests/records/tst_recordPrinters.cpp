@@ -6,7 +6,7 @@
 #include <QDebug>
 #include <QMutexLocker>
 
-/// How records look in log output and in the failures of other tests.
+/// Tests how records appear in log output and in the failures of other tests.
 class tst_recordPrinters : public QObject
 {
     Q_OBJECT

@@ -12,7 +12,7 @@
 #include <initializer_list>
 #include <type_traits>
 
-/// What a new record holds, what copies share with their source, and what they have of their own.
+/// Tests what a new record holds, what copies share with their source, and what is their own.
 class tst_records : public QObject
 {
     Q_OBJECT
@@ -94,7 +94,7 @@ bool ascending(Addresses addresses)
     return std::is_sorted(addresses.begin(), addresses.end());
 }
 
-/// How a second record comes to be; the rows of the tests that hold for each.
+/// The ways to copy a record; the tests that hold for each have a row for each.
 enum Way { copyConstructed, copyAssigned };
 
 void addWays()

@@ -21,7 +21,7 @@ public:
         QString name;
         QString thumb;
         QString gif = QString();
-        QString isText = QString(); ///< empty: no such element
+        QString isText = QString(); ///< empty: omits the element
     };
     struct ThemeGroup
     {
@@ -31,21 +31,22 @@ public:
 
     CatalogueFiles() = delete;
 
-    /// A GUID in braces that differs for every number.
+    /// Returns a GUID in braces, different for every number.
     static QString guid(int number);
 
-    /// One group element of a config catalogue ("Filter", "Theme", ...).
+    /// Returns one group element of a config catalogue ("Filter", "Theme", ...).
     static QByteArray cfgGroup(const QString& name, const QVector<CfgItem>& items);
-    /// One flat category of a display catalogue.
+    /// Returns one flat category of a display catalogue.
     static QByteArray displayCategory(const QString& name, const QVector<DisplayItem>& items);
-    /// The grouped category of the themes.
+    /// Returns the grouped category of the themes.
     static QByteArray displayThemes(const QVector<ThemeGroup>& groups);
-    /// A whole document around group or category elements.
+    /// Returns a whole document around group or category elements.
     static QByteArray document(const QByteArray& content);
 
     /// Writes a file and its missing folders; stops the program if that fails.
     static void write(const QString& path, const QByteArray& content);
     static QByteArray read(const QString& path);
-    /// Paths of all files below a folder, relative to it, sorted; hidden ones too.
+    /// Returns the paths of all files below a folder, relative to it and sorted, including hidden
+    /// ones.
     static QStringList filesBelow(const QString& folder);
 };

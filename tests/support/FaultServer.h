@@ -14,8 +14,8 @@
 /// A real HTTP server on loopback whose answers a test scripts down to the byte: it can refuse,
 /// reset, truncate, stall, redirect and answer with any status.
 ///
-/// The handler runs on the thread of the connection that brought the request; several may run at a
-/// time. The destructor ends stalls and joins all threads.
+/// The handler runs on the thread of the request's connection; several may run at once. The
+/// destructor ends stalls and joins all threads.
 class FaultServer
 {
 public:
@@ -26,17 +26,17 @@ public:
     Q_DISABLE_COPY_MOVE(FaultServer)
 
     quint16 port() const { return m_port; }
-    /// "http://127.0.0.1:PORT" and the target, which brings its own "/".
+    /// Returns "http://127.0.0.1:PORT" plus the target, which starts with "/".
     QString url(const QString& target) const;
 
-    /// What has been asked so far, in order of arrival.
+    /// Returns the requests so far, in order of arrival.
     QVector<HttpRequest> requests() const;
     int requestCount() const;
-    /// How often the target was asked for.
+    /// Returns how many times the target was requested.
     int requestCount(const QByteArray& target) const;
     int connectionCount() const { return m_connections; }
 
-    /// A port on loopback that refuses connections.
+    /// Returns a loopback port that refuses connections.
     static quint16 refusingPort();
 
 private:
@@ -45,7 +45,7 @@ private:
     bool readRequest(int socket, QByteArray& buffer, HttpRequest& request) const;
 
     Handler m_handler;
-    quint16 m_port = 0; // set while m_listener is made, so it stands first
+    quint16 m_port = 0; // initialised before m_listener, which sets it
     int m_listener = -1;
     std::atomic<bool> m_stopping{false};
     std::atomic<int> m_connections{0};

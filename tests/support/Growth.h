@@ -6,8 +6,9 @@
 
 /// Checks that the time some work takes grows no faster than its size allows.
 ///
-/// Other programs share the caches, so one ratio of two short times proves nothing. Only growth
-/// that is too steep in every attempt is reported; work of the wrong order never gets below.
+/// Other programs share the caches, so a single ratio of two short times proves nothing. Only
+/// growth that is too steep in every attempt is reported; work of the wrong order never passes an
+/// attempt.
 class Growth
 {
 public:
@@ -15,12 +16,12 @@ public:
     using Measure = std::function<double(int size)>;
 
     static constexpr int times = 16;
-    /// Linear work takes 16 times as long for 16 times as much, some more where it leaves the
-    /// cache; quadratic work 256 times, less where it has a linear part.
+    /// Linear work takes 16 times as long for 16 times the size, somewhat more once it leaves the
+    /// cache; quadratic work 256 times, less if it has a linear part.
     static constexpr double maxLinear = 60;
 
-    /// Returns a description of what went wrong; an empty string if in one attempt the time at
-    /// size `many` was less than `max` times that at size `few`.
+    /// Returns a description of what went wrong; an empty string if in some attempt the time at
+    /// size `many` was less than `max` times the time at size `few`.
     static QString excess(const Measure& measure, int few, int many, double max)
     {
         constexpr int attempts = 4;
@@ -37,7 +38,7 @@ public:
         return described;
     }
 
-    /// The same for 16 times the size and work in proportion to it.
+    /// Checks linear work at 16 times the size `few`.
     static QString excess(const Measure& measure, int few)
     {
         return excess(measure, few, times * few, maxLinear);

@@ -2,7 +2,7 @@
 
 #include <QByteArray>
 
-/// Builds the bytes of an HTTP/1.1 answer, right or wrong on purpose.
+/// Builds the bytes of an HTTP/1.1 answer, valid or deliberately invalid.
 class HttpAnswer
 {
 public:
@@ -11,13 +11,13 @@ public:
     HttpAnswer& field(const QByteArray& name, const QByteArray& value);
     /// Appends the body and announces its length.
     HttpAnswer& body(const QByteArray& body);
-    /// Appends bytes behind the header and announces nothing.
+    /// Appends bytes after the header without announcing them.
     HttpAnswer& bareBody(const QByteArray& body);
 
-    /// Header, blank line and body.
+    /// Returns header, blank line and body.
     QByteArray bytes() const;
 
-    /// One chunk of a chunked body.
+    /// Returns one chunk of a chunked body.
     static QByteArray chunk(const QByteArray& data);
     static QByteArray lastChunk();
 

@@ -49,7 +49,7 @@ void HttpExchange::close()
 
 void HttpExchange::reset()
 {
-    // The kernel sends what is queued before a reset only if it gets the time to.
+    // The kernel needs a moment to send queued data before a reset.
     std::this_thread::sleep_for(tick * 5);
     const linger abort = {1, 0};
     ::setsockopt(m_socket, SOL_SOCKET, SO_LINGER, &abort, sizeof abort);

@@ -8,16 +8,16 @@
 
 class HttpAnswer;
 
-/// One request as it came.
+/// A request as received.
 struct HttpRequest
 {
     QByteArray method;
     QByteArray target;                   ///< as on the request line, undecoded
     QMap<QByteArray, QByteArray> fields; ///< by lower-case name
-    int connection = 0;                  ///< number of the connection it came over, from 1
+    int connection = 0;                  ///< number of its connection, from 1
 };
 
-/// A request and the way to answer it, well or badly. Lives on the connection's thread.
+/// A request and the means to answer it, properly or not. Used on the connection's thread only.
 class HttpExchange
 {
 public:
@@ -27,15 +27,15 @@ public:
 
     /// Sends an answer; the connection stays open for the next request.
     void answer(const HttpAnswer& answer);
-    /// Sends bytes as they stand.
+    /// Sends raw bytes.
     void send(const QByteArray& bytes);
-    /// Ends the connection in order, as after a complete answer.
+    /// Closes the connection properly, as after a complete answer.
     void close();
-    /// Breaks the connection: the client sees a reset.
+    /// Resets the connection.
     void reset();
-    /// Sends nothing until the client goes away or the server stops.
+    /// Sends nothing until the client disconnects or the server stops.
     void stall();
-    /// Waits, but not longer than the server lives.
+    /// Waits for `time`, or until the server stops.
     void pause(std::chrono::milliseconds time) const;
 
     bool isOpen() const { return m_open; }

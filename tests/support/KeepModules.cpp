@@ -1,6 +1,6 @@
-// Linked into programs of the address sanitizer's preset that are run as processes of their own:
-// what a plugin's static objects hold counts as leaked once the plugin is unloaded, with frames
-// that have no names any more, so that no suppression can tell it from a leak of ours.
+// Linked into programs that run as separate processes in the address sanitizer's preset. A plugin's
+// static objects count as leaked once the plugin is unloaded, with unnamed frames, so that no
+// suppression could tell them from a real leak.
 
 extern "C" __attribute__((visibility("default"))) int dlclose(void* /*module*/)
 {

@@ -7,7 +7,7 @@
 
 #include <mutex>
 
-/// Collects the log lines that are written while it lives, from all threads.
+/// Records the log lines of all threads during its lifetime.
 class LogCapture
 {
 public:
@@ -28,11 +28,11 @@ public:
     Q_DISABLE_COPY_MOVE(LogCapture)
 
     QVector<Line> lines() const;
-    /// The texts alone, in order.
+    /// Returns the texts only, in order.
     QByteArrayList texts() const;
-    /// How many lines have exactly this text.
+    /// Returns how many lines have exactly this text.
     int count(const QByteArray& text) const;
-    /// How many lines contain this text.
+    /// Returns how many lines contain this text.
     int countContaining(const QByteArray& part) const;
     bool contains(const QByteArray& category, int level, const QByteArray& text) const;
     void clear();

@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr int attempts = 5; // somebody else may take a port that was free
+constexpr int attempts = 5; // another program may take a port that was free
 constexpr int longestMs = 20000;
 constexpr std::chrono::milliseconds tick(10);
 
@@ -52,7 +52,7 @@ bool answers(quint16 port)
     return ok;
 }
 
-/// One process in the foreground: it has the id that is ended.
+/// A single foreground process, whose ID is the one to terminate.
 const char configuration[] = R"(daemon off;
 master_process off;
 pid %1/nginx.pid;
@@ -127,7 +127,7 @@ bool NginxServer::startOn(quint16 port, const QString& tree, const QString& work
                      QStringLiteral("-c"), file});
     QElapsedTimer timer;
     timer.start();
-    // Ended, if the port has been taken meanwhile.
+    // nginx exits if the port has been taken meanwhile.
     while (!m_process.waitForFinished(0) && m_process.state() != QProcess::NotRunning
            && timer.elapsed() < longestMs) {
         if (m_process.state() == QProcess::Running && answers(port)) {
@@ -150,6 +150,6 @@ QByteArrayList NginxServer::requests() const
     if (!log.open(QIODevice::ReadOnly))
         return {};
     QByteArrayList lines = log.readAll().split('\n');
-    lines.removeLast(); // what stands behind the last line's end
+    lines.removeLast(); // the empty text after the last newline
     return lines;
 }

@@ -4,8 +4,8 @@
 #include <QProcess>
 #include <QString>
 
-/// A real nginx on a free port of loopback that serves a folder, with a configuration of its own,
-/// run by the user who runs the program, and ended with this object or with the program.
+/// A real nginx on a free loopback port that serves a folder with its own configuration, run as the
+/// current user, and terminated with this object or with the program.
 class NginxServer
 {
 public:
@@ -13,24 +13,24 @@ public:
     ~NginxServer();
     Q_DISABLE_COPY_MOVE(NginxServer)
 
-    /// Where nginx is installed; empty: it is not.
+    /// Returns the path of nginx; empty if it is not installed.
     static QString program();
 
-    /// A file with directives for the server, beside those of its own. Call it before start().
+    /// Adds a file of directives to the server's configuration. Call it before start().
     void include(const QString& file) { m_include = file; }
 
-    /// Serves `tree`; writes its own files into `work`, which is created. False: errorText().
+    /// Serves `tree`; writes its own files into `work`, which is created. On false see errorText().
     bool start(const QString& tree, const QString& work);
     QString errorText() const { return m_error; }
 
-    /// "http://127.0.0.1:PORT/".
+    /// Returns "http://127.0.0.1:PORT/".
     QString url() const;
-    /// The request lines and statuses so far, "GET /a.xml HTTP/1.1 200"; each is written after its
-    /// answer.
+    /// Returns the request lines and statuses so far, "GET /a.xml HTTP/1.1 200"; nginx writes each
+    /// after its answer.
     QByteArrayList requests() const;
 
 private:
-    /// Does not outlive the program, however that ends.
+    /// A process that never outlives the program, however the program ends.
     class Process : public QProcess
     {
     protected:

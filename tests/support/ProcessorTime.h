@@ -2,7 +2,7 @@
 
 #include <ctime>
 
-/// Measures the processor time of the calling thread: unlike the time on the wall, it does not
+/// Measures the processor time of the calling thread, which, unlike wall-clock time, does not
 /// depend on what else the machine does.
 class ProcessorTime
 {
@@ -12,10 +12,11 @@ public:
     {
     }
 
-    /// Seconds of processor time since this object was made.
+    /// Returns the processor time since construction, in seconds.
     double seconds() const { return now() - m_start; }
 
-    /// The least processor time of several calls, in seconds: the one that was disturbed least.
+    /// Returns the least processor time of several calls, in seconds: that of the least disturbed
+    /// one.
     template <class Function>
     static double least(const Function& function)
     {

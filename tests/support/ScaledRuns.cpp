@@ -7,7 +7,7 @@ namespace {
 constexpr const char* variable = "MV_TEST_SCALE";
 constexpr std::chrono::seconds longestRun{280};
 
-/// Without what passed: a message of QVERIFY2 has few lines.
+/// Keeps only failures: a message of QVERIFY2 has few lines.
 QByteArray failuresIn(const QByteArray& output)
 {
     QByteArray failures;

@@ -8,20 +8,20 @@
 
 #include <map>
 
-/// A test at several scales. Qt fixes the scale of a process when it starts, so the program starts
-/// itself again for each.
+/// Runs a test at several scales. Qt fixes the scale of a process when it starts, so the program
+/// starts itself again for each.
 class ScaledRuns
 {
 public:
     static constexpr const char* scales[] = {"1", "2"};
 
-    /// In a process that was started for one: gives it its scale, before there is an application,
-    /// and returns that. Otherwise empty.
+    /// Applies the scale for which this process was started, before an application exists, and
+    /// returns it; empty in the main process.
     static QString enter();
 
-    /// Starts a process for every scale, at the same time.
+    /// Starts a process for every scale, in parallel.
     void start(const QProcessEnvironment& environment);
-    /// Waits for one. Returns what failed; empty: it passed.
+    /// Waits for one process. Returns its failures; empty if it passed.
     QByteArray complaints(const QString& scale);
 
 private:

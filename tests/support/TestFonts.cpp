@@ -4,8 +4,8 @@
 
 namespace {
 
-/// %1 is the folder of the fonts, %2 the one for fontconfig's cache. Hinting and smoothing are
-/// those of most distributions.
+/// %1 is the folder of the fonts, %2 that of fontconfig's cache. Hinting and smoothing are as in
+/// most distributions.
 const char* const configuration = R"(<?xml version="1.0"?>
 <!DOCTYPE fontconfig SYSTEM "fonts.dtd">
 <fontconfig>

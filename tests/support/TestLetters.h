@@ -2,9 +2,9 @@
 
 #include <QString>
 
-/// Letters of a text that no font of the tests has. Qt draws a box in their place, so that whatever
-/// is measured of such a text says nothing.
+/// Returns the letters of a text that none of the tests' fonts has. Qt draws boxes for them, which
+/// makes measurements of the text meaningless.
 QString lettersWithoutFont(const QString& text);
 
-/// Fails the running test when a text has such letters, and says what to do about it.
+/// Fails the running test if a text has such letters, and says what to do about it.
 void verifyHasFont(const QString& text);

@@ -17,7 +17,7 @@ void pointInto(const char* variable, const QString& folder)
     qputenv(variable, QFile::encodeName(folder));
 }
 
-/// Locale, time zone, scale and style that do not depend on whose machine it is.
+/// Sets locale, time zone, scale and style, which must not depend on the machine.
 void settleSurroundings()
 {
     for (const char* variable :
@@ -29,8 +29,8 @@ void settleSurroundings()
     qputenv("LC_ALL", "C.UTF-8");
     qputenv("LANG", "C.UTF-8");
     qputenv("TZ", "UTC");
-    // Now: Qt settles how file names are encoded with the first one, before there is an
-    // application.
+    // Must happen now: the first file name makes Qt fix the encoding of file names, before there is
+    // an application.
     std::setlocale(LC_ALL, "");
 }
 

@@ -11,20 +11,20 @@ template <class Application>
 using TestApplication = Application;
 #endif
 
-/// The home of one test program: a temporary folder that stands for the user's own, so that tests
-/// running in parallel never meet. HOME, TMPDIR and the XDG folders point into it, hostSettings()
-/// too, and log lines go nowhere until a LogCapture wants them. The folder goes at the very end of
-/// the process: the catalogue saves favourites into it after main has returned.
+/// The home of one test program: a temporary folder that replaces the user's own, so that tests
+/// running in parallel never interfere. HOME, TMPDIR, the XDG folders and hostSettings() point into
+/// it, and log lines are discarded unless a LogCapture records them. The folder is removed at the
+/// very end of the process: the catalogue saves favourites into it after main has returned.
 ///
-/// It also makes every machine alike, for the process and for those it starts: the locale C.UTF-8,
-/// the time zone UTC, the fonts of TestFonts and no others, no scale, and Qt's own style.
+/// It also makes every machine alike, for the process and its children: the locale C.UTF-8, the
+/// time zone UTC, only the fonts of TestFonts, no scale, and Qt's own style.
 class TestHome
 {
 public:
     TestHome();
     Q_DISABLE_COPY_MOVE(TestHome)
 
-    /// The folder of the running test program.
+    /// Returns the folder of the running test program.
     static QString path();
 };
 
@@ -38,7 +38,7 @@ public:
         return QTest::qExec(&test, argc, argv);                                                    \
     }
 
-/// The same with a QApplication, for widgets.
+/// Runs a test class in a home of its own, with a QApplication, for widgets.
 #define MV_WIDGET_TEST_MAIN(TestClass)                                                             \
     int main(int argc, char** argv)                                                                \
     {                                                                                              \

@@ -32,7 +32,7 @@ QStringList cutOffChoices(const QComboBox& box)
         box.style()
             ->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &box)
             .width()
-        - 2; // what the style leaves free beside the text
+        - 2; // free space that the style leaves beside the text
     QStringList texts;
     for (int at = 0; at < box.count(); ++at) {
         if (box.fontMetrics().boundingRect(box.itemText(at)).right() >= room)
@@ -46,7 +46,7 @@ bool holdsItsPlaceholder(const QLineEdit& field)
     QStyleOptionFrame option;
     option.initFrom(&field);
     option.lineWidth = field.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, &field);
-    constexpr int margins = 2 * 2; // QLineEdit's own
+    constexpr int margins = 2 * 2; // internal to QLineEdit
     const QRect room = field.style()->subElementRect(QStyle::SE_LineEditContents, &option, &field);
     return field.fontMetrics().horizontalAdvance(field.placeholderText()) <= room.width() - margins;
 }

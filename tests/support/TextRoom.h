@@ -5,11 +5,11 @@
 class QLabel;
 class QWidget;
 
-/// Whether texts have room, as their fonts draw them.
+/// Measures whether texts fit, as their fonts draw them.
 
 bool holdsItsText(const QLabel& label);
 
-/// The texts that the visible parts of a window cut off: labels, buttons, tabs, menu titles, every
-/// choice of a box, and what a field asks for. Labels of this name are left out, as they shorten
-/// their texts on purpose.
+/// Returns the texts that the visible parts of a window cut off: labels, buttons, tabs, menu
+/// titles, every choice of a box, and placeholders. Labels of this name are skipped, since they
+/// elide their texts on purpose.
 QStringList cutOffTexts(const QWidget& window, const QString& shortening);

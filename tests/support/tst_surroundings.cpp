@@ -18,7 +18,7 @@ constexpr char childVariable[] = "MV_SURROUNDINGS_CHILD";
 
 } // namespace
 
-/// What every test can rely on, whatever machine it runs on.
+/// Tests the environment on which every test can rely, whatever the machine.
 class tst_surroundings : public QObject
 {
     Q_OBJECT
@@ -36,7 +36,7 @@ void tst_surroundings::theTestsFontsAreTheOnlyOnes()
 {
     QStringList families = QFontDatabase().families();
     for (const char* alias : {"Monospace", "Sans Serif", "Serif"})
-        families.removeAll(QString::fromLatin1(alias)); // Qt's own names for one of them
+        families.removeAll(QString::fromLatin1(alias)); // Qt's own aliases for one of them
     QCOMPARE(families,
              QStringList({QStringLiteral("DejaVu Sans"), QStringLiteral("DejaVu Serif"),
                           QStringLiteral("Droid Sans Fallback")}));
@@ -46,7 +46,7 @@ void tst_surroundings::theTestsFontsAreTheOnlyOnes()
 void tst_surroundings::lettersWithoutFontAreFound()
 {
     QCOMPARE(lettersWithoutFont(QStringLiteral("Grüße, ダウンロード: 下载…\n")), QString());
-    // Outside the basic plane, and a script that no translation has.
+    // Outside the basic plane, and a script that no translation uses.
     QCOMPARE(lettersWithoutFont(QStringLiteral("a😀bЖ")), QStringLiteral("😀Ж"));
 }
 

@@ -7,15 +7,15 @@
 
 #include <functional>
 
-/// A copy of a clean tree of SmallSource's that a test breaks, and what mvpublish says of it.
+/// A copy of SmallSource's clean tree for a test to break, and mvpublish's findings about it.
 class BrokenTree
 {
 public:
     /// Builds the clean trees: a server's for the editions standard, 1 and 3, and an installation
-    /// that shows the theme and has the motion built in. An empty text, or what went wrong.
+    /// that shows the theme and has the motion built in. Returns an error; empty: success.
     static QString makeClean();
     static QString cleanServer();
-    /// The folder "Resource".
+    /// Returns the folder "Resource".
     static QString cleanInstallation();
 
     explicit BrokenTree(const QString& clean);
@@ -25,16 +25,16 @@ public:
     QByteArray read(const QString& name) const;
     void write(const QString& name, const QByteArray& content) const;
     void remove(const QString& name) const;
-    /// Replaces a text in a file; it must be there.
+    /// Replaces a text in a file; fails if it is not there.
     void replace(const QString& name, const QString& from, const QString& to) const;
-    /// The same in every display catalogue.
+    /// Replaces a text in every display catalogue.
     void replaceShown(const QString& from, const QString& to) const;
-    /// Takes an item's entry out of a display catalogue.
+    /// Removes an item's entry from a display catalogue.
     void removeEntry(const QString& name, const QString& guid) const;
-    /// Lets the version files announce what is there.
+    /// Updates the version files to the catalogues on disk.
     void announce() const;
 
-    /// What lint finds.
+    /// Returns lint's findings.
     static QJsonArray findings(const QString& tree);
 
 private:
@@ -57,25 +57,25 @@ extern const QString none; ///< GUID of the "none" entry
 
 QString text(const char* utf8);
 QString guid(const char* item);
-/// The GUID as it stands in names of the config catalogue.
+/// Returns the GUID as encoded in names of the config catalogue.
 QString encoded(const char* item);
-/// An "Item" of a catalogue.
+/// Returns an "Item" element of a catalogue.
 QString entry(const QString& itemGuid, const char* more);
 
 Break replace(const QString& file, const QString& from, const QString& to);
 Break remove(const QString& file);
 Break write(const QString& file, const QByteArray& content);
 Break cut(const QString& file, int bytes);
-/// The file lies elsewhere, with a link in its place.
+/// Replaces the file by a link to a copy outside the tree.
 Break linkOut(const QString& file);
 
-/// The columns of rows.
+/// Adds the columns of the rows.
 void columns();
-/// One finding, an error: its code, where it stands, and the GUID of the item that it concerns.
+/// Adds a row that expects one error: its code, its place, and the GUID of the item concerned.
 void row(const char* name, const Break& change, const char* code, const QString& file,
          const QString& item = QString());
-/// Breaks a clean tree as the current row says and compares what lint finds. An empty text, or
-/// what is wrong.
+/// Breaks a clean tree as the current row says and compares the findings. Returns a description of
+/// what is wrong; empty: nothing.
 QString check(const QString& clean);
 
 } // namespace Broken

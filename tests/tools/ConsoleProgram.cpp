@@ -28,7 +28,7 @@ Outcome ConsoleProgram::run(const QString& program, const QStringList& arguments
 Outcome ConsoleProgram::end(QProcess& process)
 {
     Outcome outcome;
-    // Waiting for a program that has ended already reports a failure.
+    // Waiting for a program that has already ended reports a failure.
     const bool ended =
         process.state() == QProcess::NotRunning || process.waitForFinished(longestMs);
     outcome.out = process.readAllStandardOutput();
@@ -41,7 +41,7 @@ Outcome ConsoleProgram::end(QProcess& process)
 
 void ConsoleProgram::signal(const QProcess& process, int number)
 {
-    if (process.processId() > 0) // 0, once it has ended, would mean the test's own group
+    if (process.processId() > 0) // 0, once it has ended, is the test's own process group
         ::kill(static_cast<pid_t>(process.processId()), number);
 }
 

@@ -5,18 +5,18 @@
 #include <QString>
 #include <QStringList>
 
-/// What a console program left when it ended.
+/// The outcome of a console program.
 struct Outcome
 {
-    int status = -1; ///< exit status; -1 for a crash or no end
+    int status = -1; ///< exit status; -1 for a crash or a timeout
     QByteArray out;
     QByteArray err;
 
-    /// Lines of standard output, without their ends.
+    /// Returns the lines of standard output, without line ends.
     QStringList lines() const;
 };
 
-/// Runs console programs as processes of their own.
+/// Runs console programs as separate processes.
 class ConsoleProgram
 {
 public:
@@ -24,10 +24,10 @@ public:
 
     static Outcome run(const QString& program, const QStringList& arguments,
                        const QString& workingDirectory = QString());
-    /// Waits for the end of a program that runs.
+    /// Waits for a running program to end.
     static Outcome end(QProcess& process);
     /// Sends a signal.
     static void signal(const QProcess& process, int number);
-    /// The environment with a locale that knows all characters.
+    /// Returns the environment with a locale that covers all characters.
     static QProcessEnvironment utf8Environment();
 };

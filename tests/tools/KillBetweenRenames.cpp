@@ -1,5 +1,5 @@
-// Preloaded into a build: as on a file system that cannot exchange two folders, with a kill between
-// the two renames that replace a folder there.
+// Preloaded into a build to simulate a file system that cannot exchange two folders, and a kill
+// between the two renames that replace a folder there.
 
 #include <cerrno>
 #include <csignal>

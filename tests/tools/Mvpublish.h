@@ -10,7 +10,7 @@ public:
 
     static QString program();
     static Outcome run(const QStringList& arguments);
-    /// Builds a tree; an empty text, or what went wrong.
+    /// Builds a tree. Returns an error; empty: success.
     static QString build(const QString& source, const QString& out,
                          const QStringList& options = {});
 };

@@ -4,39 +4,39 @@
 
 #include <QMap>
 
-/// The console host with folders and settings of its own, new with every object.
+/// The console host with its own folders and settings, new with every object.
 ///
-/// It is run with --settings and --root; the catalogue is what a test puts into installed(), or the
+/// It runs with --settings and --root; the catalogue is what a test puts into installed(), or the
 /// samples' installation.
 class Mvres
 {
 public:
     Mvres();
 
-    /// Holds everything below.
+    /// Returns the folder that holds everything below.
     QString base() const { return m_base; }
     QString root() const { return m_base + QStringLiteral("/root"); }
     QString data() const { return m_base + QStringLiteral("/data"); }
-    /// The application's resources.
+    /// Returns the folder of the application's resources.
     QString installed() const { return m_installed; }
-    /// The samples' installation is the application's resources from now on.
+    /// Makes the samples' installation the application's resources from now on.
     void useSamples();
 
-    /// A line of the settings file: "params/hasMV".
+    /// Sets a value of the settings file by its key: "params/hasMV".
     void set(const char* key, const QString& value);
     void setServer(const QString& url) { set("params/url_themeRootDir", url); }
 
-    /// --settings, --root and these.
+    /// Returns --settings, --root and these arguments.
     QStringList arguments(const QStringList& own) const;
     Outcome run(const QStringList& own) const;
-    /// The same within 40 seconds and, where no sanitizer needs it all, a gigabyte of memory: for
-    /// what could be waited for or read without an end. Status 124: the time was over.
+    /// Runs for at most 40 seconds and, unless a sanitizer needs more, in a gigabyte of memory, so
+    /// that endless waiting or reading is caught. Status 124: the time was exceeded.
     Outcome runLimited(const QStringList& own) const;
     void start(QProcess& process, const QStringList& own) const;
 
-    /// The files of the download tree, relative to the root.
+    /// Returns the files of the download tree, relative to the root.
     QStringList downloaded() const;
-    /// A file of the config half of the download tree; the name begins with "/".
+    /// Returns a file's path in the config half of the download tree; the name begins with "/".
     QString downloadedFile(const QString& name) const;
 
     static QString program();

@@ -3,7 +3,7 @@
 #include <QByteArray>
 #include <QtGlobal>
 
-/// A connection to a port of loopback that asks for addresses as they are given.
+/// A connection to a loopback port that sends request targets verbatim.
 class RawClient
 {
 public:
@@ -13,24 +13,25 @@ public:
 
     bool isConnected() const { return m_connected; }
 
-    /// Header and body of the answer; the server closes the connection behind it. `fields` are
-    /// whole lines, each with its end.
+    /// Returns header and body of the answer, after which the server closes the connection.
+    /// `fields` are whole lines, each with its end.
     QByteArray get(const QByteArray& target, const QByteArray& fields = QByteArray(),
                    const QByteArray& method = "GET");
-    /// The beginning of the answer; the connection stays open.
+    /// Returns the beginning of the answer; the connection stays open.
     QByteArray begin(const QByteArray& target);
 
-    /// Sends bytes as they are. False: the connection has ended.
+    /// Sends raw bytes. Returns false if the connection has ended.
     bool send(const QByteArray& bytes) const;
-    /// Waits for bytes and appends them. False: the connection has ended, or nothing came for 20 s.
+    /// Waits for bytes and appends them. Returns false if the connection has ended or stays silent
+    /// for 20 s.
     bool receive(QByteArray& answer) const;
-    /// Everything until the server ends the connection.
+    /// Returns everything received until the server ends the connection.
     QByteArray receiveAll() const;
-    /// Whether the server has ended the connection, and nothing it sent is left to receive.
+    /// Returns whether the server has ended the connection and all it sent has been received.
     bool isEnded() const;
 
     static int status(const QByteArray& answer);
-    /// Value of a header field; empty if it is not there.
+    /// Returns the value of a header field; empty if there is none.
     static QByteArray field(const QByteArray& answer, const QByteArray& name);
     static QByteArray body(const QByteArray& answer);
 

@@ -58,7 +58,7 @@ FaultServer::Handler Gate::body(const QByteArray& bytes)
         exchange.answer(HttpAnswer(200)
                             .field("Content-Length", QByteArray::number(bytes.size()))
                             .bareBody(bytes.left(half)));
-        // A server that stops does not pause any more, so this ends then, too.
+        // When the server stops, pause() returns at once, so this loop ends as well.
         for (int turn = 0; state->opened < number && turn < longestWait; ++turn)
             exchange.pause(tick);
         exchange.send(bytes.mid(half));

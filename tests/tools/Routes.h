@@ -7,7 +7,7 @@
 #include <atomic>
 #include <memory>
 
-/// What a FaultServer does for each target.
+/// Maps the targets of a FaultServer to answers.
 class Routes
 {
 public:
@@ -15,21 +15,21 @@ public:
 
     using Map = QMap<QByteArray, FaultServer::Handler>;
 
-    /// Answers by target; unknown ones with 404.
+    /// Answers by target; unknown targets get 404.
     static FaultServer::Handler by(const Map& handlers);
-    /// 200 and a body.
+    /// Answers 200 with a body.
     static FaultServer::Handler body(const QByteArray& bytes);
-    /// 200 and what begins as a ZIP archive.
+    /// Answers 200 with the beginning of a ZIP archive.
     static FaultServer::Handler archive(int size = 5) { return body(archiveBytes(size)); }
     static QByteArray archiveBytes(int size = 5)
     {
         return "PK\x03\x04" + QByteArray(size - 4, 'z');
     }
-    /// 200, the beginning of a body, and then nothing more.
+    /// Answers 200 with the beginning of a body, then stalls.
     static FaultServer::Handler stall();
 };
 
-/// Lets every answer wait in its middle until the test goes on, or ends.
+/// Holds every answer halfway until the test calls open() or ends.
 class Gate
 {
 public:
@@ -37,7 +37,7 @@ public:
     ~Gate();
     Q_DISABLE_COPY_MOVE(Gate)
 
-    /// 200, half of the body, and the rest after one more call of open().
+    /// Answers 200 with half of the body, and the rest after one more call of open().
     FaultServer::Handler body(const QByteArray& bytes);
     void open();
 

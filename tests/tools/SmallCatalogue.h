@@ -3,21 +3,21 @@
 #include "support/CatalogueFiles.h"
 
 /// A catalogue of a few filters and themes, for tests that need names, files or faults that the
-/// samples do not have. Previews are installed, so that every item is shown.
+/// samples lack. Previews are installed, so every item is shown.
 class SmallCatalogue
 {
 public:
-    /// Shown under `name`; empty: only in the config catalogue. `config` and `resources` are names
-    /// on the server and begin with "/".
+    /// Adds a filter shown under `name`; empty: only in the config catalogue. `config` and
+    /// `resources` are names on the server and begin with "/".
     void addFilter(int number, const QString& name, const QString& config,
                    const QStringList& resources = {});
     void addTheme(int number, const QString& name, const QString& config,
                   const QStringList& resources = {});
 
-    /// Both catalogue files and the previews, into the application's resources.
+    /// Writes both catalogue files and the previews into the application's resources.
     void writeTo(const QString& installed) const;
 
-    /// A theme's config file with one element that depends on these filters.
+    /// Returns a theme's config file with one element that depends on these filters.
     static QByteArray themeConfig(const QVector<int>& filters);
 
 private:

@@ -83,7 +83,7 @@ QString SmallSource::manifestFile(const QString& item) const
 {
     if (item.isEmpty())
         return file(QStringLiteral("catalogue.json"));
-    // Items may lie at any depth.
+    // Items may be at any depth.
     const QString folder = item == QLatin1String("title") ? QStringLiteral("text/title") : item;
     return file(folder + QStringLiteral("/item.json"));
 }

@@ -8,32 +8,32 @@
 class SmallSource
 {
 public:
-    /// Writes it; `folder` is made anew.
+    /// Writes the source into `folder`, which is recreated.
     explicit SmallSource(const QString& folder);
 
     QString folder() const { return m_folder; }
     QString file(const QString& name) const { return m_folder + QLatin1Char('/') + name; }
 
-    /// The manifest of an item: "look", "title", "fade", "zoom", "paper" or "film"; or, with an
+    /// Returns the manifest of an item: "look", "title", "fade", "zoom", "paper" or "film"; with an
     /// empty name, that of the source.
     QJsonObject manifest(const QString& item) const;
     void setManifest(const QString& item, const QJsonObject& manifest) const;
-    /// Changes one field; an undefined value takes it away.
+    /// Sets one field; an undefined value removes it.
     void set(const QString& item, const char* key, const QJsonValue& value) const;
 
-    /// Adds a file that takes a build a while to pack, and returns its name.
+    /// Adds a file that takes a build some time to pack, and returns its name.
     QString addWork() const;
 
-    /// The item's GUID.
+    /// Returns the item's GUID.
     static QString guid(const QString& item);
     static QByteArray thumbnail();
     static QByteArray animation();
     static QByteArray jpeg();
-    /// A BMP of the size of a preview.
+    /// Returns a BMP of preview size.
     static QByteArray bitmap();
-    /// The files of the folder "none" of a source that has one.
+    /// Returns the files that a complete folder "none" contains.
     static QStringList nonePictures();
-    /// Writes all of them but one.
+    /// Writes all of them except one.
     void addNonePicturesBut(const QString& name) const;
 
 private:

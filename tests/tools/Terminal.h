@@ -4,7 +4,7 @@
 #include <QString>
 #include <QStringList>
 
-/// A pseudo-terminal of a given width, as standard output of a program.
+/// A pseudo-terminal of a given width, to be a program's standard output.
 class Terminal
 {
 public:
@@ -12,16 +12,16 @@ public:
     ~Terminal();
     Q_DISABLE_COPY_MOVE(Terminal)
 
-    /// Its device file, for QProcess::setStandardOutputFile().
+    /// Returns its device file, for QProcess::setStandardOutputFile().
     QString device() const { return m_device; }
-    /// What has been written to it since the last call.
+    /// Returns what has been written to it since the last call.
     QByteArray read();
 
-    /// Its lines as a person sees them at the end: "\r" goes back, "\033[K" clears the rest.
+    /// Returns the final lines as a person sees them: "\r" goes back, "\033[K" clears the rest.
     static QStringList screen(const QByteArray& bytes);
 
 private:
     int m_master = -1;
-    int m_slave = -1; // open all the time, else reading fails when the program ends
+    int m_slave = -1; // kept open, since reading fails once no process has it open
     QString m_device;
 };

@@ -7,7 +7,7 @@
 
 using Files = CatalogueFiles;
 
-/// Finds items for mvres, in time proportional to the size of the catalogue.
+/// Tests finding items for mvres, in time proportional to the size of the catalogue.
 class tst_ItemIndex : public QObject
 {
     Q_OBJECT
@@ -26,7 +26,7 @@ void tst_ItemIndex::initTestCase()
     MVThemeMgr::init()->setResourceSaveRootPath(TestHome::path() + QStringLiteral("/root"));
 }
 
-/// Shown filters; without the name of a thumbnail each counts as having its own.
+/// Loads shown filters; without a thumbnail's name each counts as having its own.
 void tst_ItemIndex::load(int filters) const
 {
     QVector<Files::CfgItem> items;
@@ -65,7 +65,7 @@ double tst_ItemIndex::findingTime(int items) const
 
 void tst_ItemIndex::findingGrowsWithTheCatalogue()
 {
-    // There is no other work than searching, so quadratic work takes 256 times as long.
+    // Searching is the only work here, so quadratic work takes 256 times as long.
     constexpr double max = 120;
     constexpr int few = 2000;
     const auto measure = [this](int items) { return findingTime(items); };

@@ -17,7 +17,7 @@ QString text(const char* latin1)
 
 } // namespace
 
-/// The in-process server: what it sends, to whom it sends less, and what it keeps to itself.
+/// Tests the in-process server: what it sends, to whom it sends less, and what it withholds.
 class TestTreeServer : public QObject
 {
     Q_OBJECT
@@ -201,7 +201,7 @@ void TestTreeServer::malformedPart_data()
         QTest::newRow(range) << QByteArray(range);
 }
 
-/// No part of the file is passed off as what was asked for, and the server goes on.
+/// The server must neither pass off part of the file as the answer nor stop.
 void TestTreeServer::malformedPart()
 {
     QFETCH(QByteArray, range);

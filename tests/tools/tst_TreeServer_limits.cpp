@@ -30,7 +30,7 @@ QString text(const char* latin1)
     return QString::fromLatin1(latin1);
 }
 
-/// Limits that no test reaches.
+/// Returns limits that no test reaches.
 ServerLimits wideLimits()
 {
     ServerLimits limits;
@@ -40,7 +40,7 @@ ServerLimits wideLimits()
     return limits;
 }
 
-/// Whether a connection that has been opened before still has its requests answered.
+/// Returns whether an already open connection still has its requests answered.
 bool isServed(const RawClient& client)
 {
     QByteArray answer;
@@ -51,7 +51,7 @@ bool isServed(const RawClient& client)
 
 } // namespace
 
-/// Slow, stalled and idle clients: when they are cut off, and that others are served beside them.
+/// Tests slow, stalled and idle clients: when they are cut off, and that others are still served.
 class TestTreeServerLimits : public QObject
 {
     Q_OBJECT
@@ -154,7 +154,7 @@ void TestTreeServerLimits::requestInPiecesIsAnswered()
     QVERIFY(client->receiveAll().endsWith("small"));
 }
 
-/// Requests that arrive at once, and one that is split between two packets.
+/// Sends requests that arrive at once, and one that is split between two packets.
 void TestTreeServerLimits::requestsAreAnsweredInTurn()
 {
     start(wideLimits());
@@ -265,7 +265,7 @@ void TestTreeServerLimits::readerIsNotCutOffForOthers()
     QByteArray answer;
     std::thread reader([&] {
         const auto client = connectClient(bigRequest);
-        // Slowly while the others come.
+        // Reads slowly while the others connect.
         while (!isEnough && client->receive(answer)) {
             ++reads;
             QThread::msleep(5);
@@ -296,7 +296,7 @@ void TestTreeServerLimits::longestIdleConnectionIsReplaced()
     Clients clients;
     for (int i = 0; i < limits.connections; ++i)
         clients.push_back(connectClient());
-    QVERIFY(isServed(*clients.front())); // has not been idle for as long as the others now
+    QVERIFY(isServed(*clients.front())); // is now less idle than the others
     clients.push_back(connectClient());
     QVERIFY(isServed(*clients.back()));
     const auto isEnded = [](const auto& client) { return client->isEnded(); };

@@ -10,7 +10,7 @@ QString text(const char* latin1)
 
 } // namespace
 
-/// The command line of mvpublish.
+/// Tests the command line of mvpublish.
 class TestMvpublishArguments : public QObject
 {
     Q_OBJECT

@@ -30,7 +30,7 @@ QDomElement parse(const QString& file)
     return doc.documentElement();
 }
 
-/// Text of the elements of one name below an element, in document order.
+/// Returns the texts of the elements of one name below an element, in document order.
 QStringList texts(const QDomElement& root, const char* tag)
 {
     QStringList result;
@@ -42,7 +42,7 @@ QStringList texts(const QDomElement& root, const char* tag)
 
 } // namespace
 
-/// mvpublish build
+/// Tests mvpublish build.
 class TestMvpublishBuild : public QObject
 {
     Q_OBJECT
@@ -64,7 +64,7 @@ private slots:
     void namesByAudience();
     void themeConfigHoldsItsSlots();
     void definitionComesFromTheManifest();
-    void ownDefinitionIsPublishedAsItStands();
+    void ownDefinitionIsPublishedUnchanged();
     void ownNonePicturesArePublished();
     void reportsWhatItWrote();
     void installation();
@@ -177,7 +177,7 @@ void TestMvpublishBuild::archivesHoldTheFolder()
     const QByteArray archive = CatalogueFiles::read(
         m_out + text("/config/Motions/") + SmallSource::guid(text("zoom")) + text("/pack.zip"));
     QVERIFY(archive.startsWith("PK\x03\x04"));
-    // Sorted, and the first day that the format knows as the date of each.
+    // Sorted, each dated with the first day that the format can express.
     QVERIFY(archive.indexOf("a.txt") > 0);
     QVERIFY(archive.indexOf("a.txt") < archive.indexOf("b/settings.json"));
     QCOMPARE(archive.mid(10, 4).toHex(), QByteArray("00002100"));
@@ -336,7 +336,7 @@ void TestMvpublishBuild::definitionComesFromTheManifest()
                           SmallSource::guid(text("title")) + text(".xml")}));
 }
 
-void TestMvpublishBuild::ownDefinitionIsPublishedAsItStands()
+void TestMvpublishBuild::ownDefinitionIsPublishedUnchanged()
 {
     const SmallSource source(home("source"));
     const QByteArray own = "<Look>\r\n\t<Shader/></Look>";
@@ -388,7 +388,7 @@ void TestMvpublishBuild::installation()
     QCOMPARE(Mvpublish::build(source.folder(), m_out, {text("--installed")}), QString());
     const QString config = m_out + text("/ResourceConfig/resource_config.xml");
     const QString display = m_out + text("/ResourceConfig/resource_display.xml");
-    // Shown: what is marked and what is built in. Known: what that uses, too.
+    // Shown: items that are marked or built in. Known: also the items that those use.
     QCOMPARE(texts(parse(display), "Name"),
              (QStringList{text("None"), text("My zoom"), text("Old film"), text("None")}));
     QCOMPARE(texts(parse(config), "GUID"),

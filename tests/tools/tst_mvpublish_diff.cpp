@@ -23,7 +23,7 @@ QString home(const char* name)
 
 } // namespace
 
-/// mvpublish diff
+/// Tests mvpublish diff.
 class TestMvpublishDiff : public QObject
 {
     Q_OBJECT
@@ -41,23 +41,23 @@ private slots:
     void fileOfABuiltInItemIsNotFetched();
     void catalogueOfAnotherEditionDoesNotCount();
     void changeInOneEditionOnly();
-    void changeInAllEditionsStandsOnce();
+    void changeInAllEditionsIsListedOnce();
     void lostEdition();
     void otherVersion_data();
     void otherVersion();
     void bytesAreThoseOfTheFiles();
-    void whatIsNoTreeIsAFailure();
+    void anythingButATreeIsAFailure();
 
 private:
     static void build(const SmallSource& source, const QStringList& options = {});
-    /// The old tree and its source, for the editions standard and 3.
+    /// Builds the old tree for the editions standard and 3, and returns its source.
     static SmallSource twoEditions();
     static QStringList twoEditionOptions()
     {
         return {text("--edition"), text("standard"), text("--edition"), text("3")};
     }
     static Outcome diff() { return Mvpublish::run({text("diff"), home("old"), home("new")}); }
-    /// The lines that begin so, without what stands in brackets.
+    /// Returns the lines with this beginning, without the text in brackets.
     static QStringList lines(const Outcome& outcome, const char* beginning);
 };
 
@@ -105,7 +105,7 @@ void TestMvpublishDiff::renamedItem()
     QCOMPARE(lines(outcome, "catalogue"),
              (QStringList{text("catalogue ResourceConfig/resource_display.xml"),
                           text("catalogue ResourceConfig/resource_version_v3.xml")}));
-    // Both name the item too.
+    // Both lines name the item, too.
     QCOMPARE(lines(outcome, "changed"),
              QStringList{text("changed definition config/Transitions/")
                          + SmallSource::guid(text("fade")) + text(".xml")});
@@ -149,7 +149,7 @@ void TestMvpublishDiff::removedItem()
     QVERIFY(outcome.lines().constLast().endsWith(text(", 0 bytes of new files)")));
 }
 
-/// Whoever has a file keeps it: only its presence is looked at.
+/// A client keeps a file once it has it: only presence is compared.
 void TestMvpublishDiff::changedFile()
 {
     const SmallSource source(home("source"));
@@ -181,7 +181,7 @@ void TestMvpublishDiff::changedDefinitionNeedsAnotherGuid()
                                "files)")}));
 }
 
-/// Pictures of transitions, motions and backgrounds, animations of filters.
+/// Covers pictures of transitions, motions and backgrounds, and animations of filters.
 void TestMvpublishDiff::unfetchedFilesDoNotCount()
 {
     const SmallSource source(home("source"));
@@ -242,7 +242,7 @@ void TestMvpublishDiff::changeInOneEditionOnly()
     QVERIFY(lines.at(1).startsWith(text("catalogue ") + display));
 }
 
-void TestMvpublishDiff::changeInAllEditionsStandsOnce()
+void TestMvpublishDiff::changeInAllEditionsIsListedOnce()
 {
     const SmallSource source = twoEditions();
     source.set(text("fade"), "name", text("Slow fade"));
@@ -252,7 +252,7 @@ void TestMvpublishDiff::changeInAllEditionsStandsOnce()
              QStringList{text("renamed transition ") + SmallSource::guid(text("fade"))
                          + text(" My fade -> Slow fade")});
     QCOMPARE(lines(outcome, "catalogue").size(), 4);
-    // Nobody fetches the catalogues of two editions.
+    // No client fetches the catalogues of two editions.
     const QString folder = home("new/ResourceConfig/resource_");
     const qint64 most = QFileInfo(folder + text("version_v3.xml")).size()
         + std::max(QFileInfo(folder + text("display.xml")).size(),
@@ -283,7 +283,7 @@ void TestMvpublishDiff::otherVersion_data()
     QTest::newRow("same with other dots") << text("12.0") << false;
 }
 
-/// Clients look only at catalogues of the version that they know.
+/// Clients use only catalogues of the version that they know.
 void TestMvpublishDiff::otherVersion()
 {
     QFETCH(QString, version);
@@ -325,7 +325,7 @@ void TestMvpublishDiff::bytesAreThoseOfTheFiles()
                  .arg(kilo(catalogues + 123), kilo(catalogues)));
 }
 
-void TestMvpublishDiff::whatIsNoTreeIsAFailure()
+void TestMvpublishDiff::anythingButATreeIsAFailure()
 {
     const Outcome outcome = Mvpublish::run({text("diff"), home("old"), home("source")});
     QCOMPARE(QString::fromUtf8(outcome.err),

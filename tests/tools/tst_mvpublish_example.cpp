@@ -23,7 +23,7 @@ QString home(const char* name)
     return TestHome::path() + QLatin1Char('/') + text(name);
 }
 
-/// The code blocks of a section of a document, by language; "" where none is named.
+/// Returns the code blocks of a document's section, by language; "" where none is named.
 QStringList blocks(const QString& document, const QString& section, const char* language)
 {
     const int begin = document.indexOf(text("\n## ") + section);
@@ -47,7 +47,7 @@ QJsonObject parse(const QByteArray& json)
     return error.error == QJsonParseError::NoError ? object : QJsonObject();
 }
 
-/// Words of a command line, with quoted ones.
+/// Splits a command line into words, honouring quotes.
 QStringList wordsOf(const QString& line)
 {
     QStringList words;
@@ -61,7 +61,7 @@ QStringList wordsOf(const QString& line)
 
 } // namespace
 
-/// The worked example of docs/server-format.md does what it says.
+/// Tests that the worked example of docs/server-format.md works.
 class TestMvpublishExample : public QObject
 {
     Q_OBJECT
@@ -126,7 +126,7 @@ void TestMvpublishExample::worksAsItIsWritten()
     CatalogueFiles::write(home("shop/evening-in-town/item.json"), QJsonDocument(theme).toJson());
     CatalogueFiles::write(home("shop/catalogue.json"), json.at(1).toUtf8());
 
-    // The text asks to replace the pictures.
+    // The document asks the reader to replace the pictures.
     for (const char* item : {"soft-dusk", "evening-in-town"})
         CatalogueFiles::write(home("shop/%1/%1.png").arg(text(item)), SmallSource::thumbnail());
     CatalogueFiles::write(home("shop/evening-in-town/evening-in-town.gif"),
@@ -151,7 +151,7 @@ void TestMvpublishExample::worksAsItIsWritten()
     QVERIFY2(said.contains(m_guid.toUtf8() + "  theme       Evening in Town  travel"),
              said.constData());
     QVERIFY2(said.contains(m_guid.toUtf8() + " Evening in Town: complete"), said.constData());
-    // With the filter that it uses.
+    // Includes the filter that the theme uses.
     const QString filter = manifest("soft-dusk").value(text("guid")).toString();
     QVERIFY(QFile::exists(home("root/Themes/config/PQD/Download/VideoFilters/") + filter
                           + text("/filter.zip")));

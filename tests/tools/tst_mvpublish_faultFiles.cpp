@@ -37,7 +37,7 @@ QJsonValue nothing()
 
 Q_DECLARE_METATYPE(Change)
 
-/// mvpublish build, where the source's files or their names are at fault.
+/// Tests mvpublish build with faults in the source's files or their names.
 class TestMvpublishFaultFiles : public QObject
 {
     Q_OBJECT
@@ -77,7 +77,7 @@ void TestMvpublishFaultFiles::fileRows()
         "look: the file name \"/etc/passwd\" is not a plain path below its folder");
     row("backslash", set("look", "files", QJsonArray{text("a\\b")}),
         "look: the file name \"a\\b\" holds characters that not every client can store");
-    // Qt warns of it where it is asked for such a file.
+    // Qt warns when asked for such a file.
     row("NUL", set("look", "files", QJsonArray{QString(QStringLiteral("a\0.bin"))}),
         "look: the file name \"a .bin\" holds characters that not every client can store");
     row(
@@ -115,7 +115,7 @@ void TestMvpublishFaultFiles::fileRows()
         "none/Calm.png: is missing");
 }
 
-/// Pictures that no client shows, or that are not what their names say.
+/// Pictures that no client shows, or whose content does not match their names.
 void TestMvpublishFaultFiles::pictureRows()
 {
     const auto row = [](const char* name, const char* file, const QByteArray& content,
@@ -217,7 +217,7 @@ void TestMvpublishFaultFiles::linkRows()
         "zoom: x.zip is missing");
 }
 
-/// Two files never have one name, be it on clients whose disks do not tell capitals.
+/// No two files may share a name, even on clients with case-insensitive disks.
 void TestMvpublishFaultFiles::collisionRows()
 {
     const auto row = [](const char* name, const QStringList& shared, const QString& message) {

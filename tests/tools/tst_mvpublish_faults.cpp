@@ -42,7 +42,7 @@ QJsonObject slot(const char* name, const QString& item)
 
 Q_DECLARE_METATYPE(Change)
 
-/// mvpublish build, where the source is at fault.
+/// Tests mvpublish build with faults in the source.
 class TestMvpublishFaults : public QObject
 {
     Q_OBJECT
@@ -270,7 +270,7 @@ void TestMvpublishFaults::refusedSourceLeavesTheTree()
     QCOMPARE(CatalogueFiles::filesBelow(out), before);
 }
 
-/// An archive of nothing is found when it is packed: the tree beside goes, the old one stays.
+/// An empty archive is found when it is packed: the new tree is removed, the old one kept.
 void TestMvpublishFaults::failedWriteLeavesTheTree()
 {
     const SmallSource source(home("source"));

@@ -28,7 +28,7 @@ QMap<QString, QByteArray> contentOf(const QString& folder)
 
 } // namespace
 
-/// mvpublish build after builds that were killed, and beside one that lives.
+/// Tests mvpublish build after builds that were killed, and next to a running one.
 class TestMvpublishKilled : public QObject
 {
     Q_OBJECT
@@ -36,15 +36,15 @@ class TestMvpublishKilled : public QObject
 private slots:
     void init();
 
-    void leftLockBarsNobody_data();
-    void leftLockBarsNobody();
-    void lockOfAKilledBuildBarsNobody();
+    void leftLockBlocksNobody_data();
+    void leftLockBlocksNobody();
+    void lockOfAKilledBuildBlocksNobody();
     void buildsExcludeEachOther_data();
     void buildsExcludeEachOther();
     void treeIsPutBackAfterAKillBetweenTheRenames_data();
     void treeIsPutBackAfterAKillBetweenTheRenames();
     void treeIsPutBackInAnEmptyFolder();
-    void treeIsKeptWhereSomethingElseStands();
+    void treeIsKeptIfItsPlaceIsOccupied();
 
 private:
     QString place(const char* name) const { return m_folder + QLatin1Char('/') + text(name); }
@@ -66,11 +66,11 @@ void TestMvpublishKilled::init()
     m_source = std::make_unique<SmallSource>(TestHome::path() + text("/source"));
 }
 
-void TestMvpublishKilled::leftLockBarsNobody_data()
+void TestMvpublishKilled::leftLockBlocksNobody_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::newRow("empty") << QByteArray();
-    // As if the number of a dead process had been given to another one.
+    // As if the process ID of a dead process had been reused.
     const QByteArray number = QByteArray::number(QCoreApplication::applicationPid());
     QTest::newRow("number of a living process") << number + "\nmvpublish\n";
     QTest::newRow("number, program and machine") << number + '\n'
@@ -80,7 +80,7 @@ void TestMvpublishKilled::leftLockBarsNobody_data()
 }
 
 /// Only the kernel's lock counts.
-void TestMvpublishKilled::leftLockBarsNobody()
+void TestMvpublishKilled::leftLockBlocksNobody()
 {
     QFETCH(QByteArray, content);
     CatalogueFiles::write(place(".tree.lock"), content);
@@ -90,7 +90,7 @@ void TestMvpublishKilled::leftLockBarsNobody()
     QVERIFY(!QFileInfo::exists(place(".tree.lock")));
 }
 
-void TestMvpublishKilled::lockOfAKilledBuildBarsNobody()
+void TestMvpublishKilled::lockOfAKilledBuildBlocksNobody()
 {
     const QString work = m_source->addWork();
     QProcess process;
@@ -114,7 +114,7 @@ void TestMvpublishKilled::buildsExcludeEachOther_data()
     QTest::newRow("link and the place") << place("link") << place("tree");
 }
 
-/// The first build is stopped in its work, so that it lives as long as it has to.
+/// The first build is stopped by a signal, so that it lasts as long as needed.
 void TestMvpublishKilled::buildsExcludeEachOther()
 {
     QFETCH(QString, first);
@@ -136,7 +136,8 @@ void TestMvpublishKilled::buildsExcludeEachOther()
     QCOMPARE(build(second).status, 0);
 }
 
-/// Builds into a place that holds a tree, with a kill when the tree is aside and nothing in place.
+/// Builds over an existing tree, with a kill when the old tree is aside and the new one not yet in
+/// place.
 void TestMvpublishKilled::killBetweenTheRenames(const QString& out) const
 {
     QProcess process;
@@ -183,7 +184,7 @@ void TestMvpublishKilled::treeIsPutBackAfterAKillBetweenTheRenames()
     killBetweenTheRenames(out);
     QVERIFY(!QFileInfo::exists(place("trees/tree")));
 
-    // A build that comes to nothing brings the tree back, too.
+    // A build that fails restores the tree, too.
     m_source->set(text("look"), "name", QString());
     QCOMPARE(build(out).status, 1);
     QVERIFY(contentOf(out) == before);
@@ -198,7 +199,7 @@ void TestMvpublishKilled::treeIsPutBackAfterAKillBetweenTheRenames()
              (QStringList{text("room"), text("tree")}));
 }
 
-/// A server's start script may have made the folder that it missed.
+/// A server's start script may have created the missing folder.
 void TestMvpublishKilled::treeIsPutBackInAnEmptyFolder()
 {
     QCOMPARE(build(place("tree")).status, 0);
@@ -210,7 +211,7 @@ void TestMvpublishKilled::treeIsPutBackInAnEmptyFolder()
     QVERIFY(contentOf(place("tree")) == before);
 }
 
-void TestMvpublishKilled::treeIsKeptWhereSomethingElseStands()
+void TestMvpublishKilled::treeIsKeptIfItsPlaceIsOccupied()
 {
     QCOMPARE(build(place("tree")).status, 0);
     const auto before = contentOf(place("tree"));

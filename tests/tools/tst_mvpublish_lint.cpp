@@ -20,7 +20,7 @@ QString home(const char* name)
 
 } // namespace
 
-/// mvpublish lint: every fault gives one finding.
+/// Tests that mvpublish lint gives one finding for every fault.
 class TestMvpublishLint : public QObject
 {
     Q_OBJECT
@@ -38,8 +38,8 @@ private slots:
     void sumInCapitalsIsRight();
     void textNamesPlaceItemAndRemedy();
     void findingsStandInOrder();
-    void jsonSaysWhatTheTreeIs();
-    void whatIsNoTreeIsAFailure();
+    void jsonDescribesTheTree();
+    void anythingButATreeIsAFailure();
     void nothingIsWritten();
 
 private:
@@ -216,7 +216,7 @@ void TestMvpublishLint::wrongSum()
         const BrokenTree tree(BrokenTree::cleanServer());
         tree.write(catalogue.first, tree.read(catalogue.first) + '\n');
         const QJsonArray findings = BrokenTree::findings(tree.folder());
-        QCOMPARE(findings.size(), catalogue.second); // once for every edition that has it
+        QCOMPARE(findings.size(), catalogue.second); // once per edition that has it
         for (const QJsonValue& finding : findings)
             QCOMPARE(finding.toObject().value(text("code")).toString(), text("checksum"));
     }
@@ -268,7 +268,7 @@ void TestMvpublishLint::findingsStandInOrder()
     QCOMPARE(places, (QStringList{display, display, text("config/a.zip"), text("display/z.png")}));
 }
 
-void TestMvpublishLint::jsonSaysWhatTheTreeIs()
+void TestMvpublishLint::jsonDescribesTheTree()
 {
     const auto parse = [](const QString& tree) {
         const Outcome outcome = Mvpublish::run({text("lint"), tree, text("--json")});
@@ -283,7 +283,7 @@ void TestMvpublishLint::jsonSaysWhatTheTreeIs()
     QCOMPARE(parse(home("installed")), expected);
 }
 
-void TestMvpublishLint::whatIsNoTreeIsAFailure()
+void TestMvpublishLint::anythingButATreeIsAFailure()
 {
     const Outcome missing = Mvpublish::run({text("lint"), home("nowhere")});
     QCOMPARE(QString::fromUtf8(missing.err),
@@ -296,7 +296,7 @@ void TestMvpublishLint::whatIsNoTreeIsAFailure()
     QCOMPARE(foreign.out, QByteArray());
 }
 
-/// Neither into the tree nor into the user's folders.
+/// Lint writes neither into the tree nor into the user's folders.
 void TestMvpublishLint::nothingIsWritten()
 {
     const BrokenTree tree(BrokenTree::cleanServer());

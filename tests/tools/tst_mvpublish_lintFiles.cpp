@@ -8,7 +8,7 @@
 
 using namespace Broken;
 
-/// mvpublish lint on names, files and pictures: every fault gives one finding.
+/// Tests that mvpublish lint gives one finding for every fault in names, files and pictures.
 class TestMvpublishLintFiles : public QObject
 {
     Q_OBJECT
@@ -93,7 +93,7 @@ void TestMvpublishLintFiles::nameRows()
     row("item without a thumbnail", thumbnail(QString()), "no-name", display, guid("paper"));
 }
 
-/// Names from which no client can make the path of a file.
+/// Names from which no client can derive a file path.
 void TestMvpublishLintFiles::unusableNameRows()
 {
     const QString zoom = text("/Motions/") + encoded("zoom");
@@ -235,7 +235,7 @@ void TestMvpublishLintFiles::pictureRows()
     const QString photo = text("display/BgMaterial/paper.jpg");
     row("cut JPEG", renamed(thumb, photo, jpeg.left(jpeg.size() / 2)), "picture", photo,
         guid("paper"));
-    // An embedded picture has an end of its own.
+    // An embedded picture has an end marker of its own.
     const QByteArray inner = jpeg.left(2) + "inner picture" + jpeg.right(2);
     const QByteArray segment =
         QByteArray("\xff\xe5\x00", 3) + static_cast<char>(inner.size() + 2) + inner;

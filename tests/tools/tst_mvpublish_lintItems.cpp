@@ -15,7 +15,7 @@ QString themeFile()
 
 } // namespace
 
-/// mvpublish lint on GUIDs and themes: every fault gives one finding.
+/// Tests that mvpublish lint gives one finding for every fault in GUIDs and themes.
 class TestMvpublishLintItems : public QObject
 {
     Q_OBJECT

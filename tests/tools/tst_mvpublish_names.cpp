@@ -9,7 +9,7 @@
 
 #include <QDir>
 
-/// The names that mvpublish writes are those that the library asks for.
+/// Tests that mvpublish writes exactly the names that the library asks for.
 class TestMvpublishNames : public QObject
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ private slots:
     void themeTypesAreTheLibrarys();
     void editionsAskForTheirFiles();
     void standardFilesAreNamedLikeTheLibrarys();
-    void kindListsLieWhereTheLibraryNamesThem();
+    void kindListsAreWhereTheLibraryExpectsThem();
 };
 
 void TestMvpublishNames::kindsAreTheLibrarys()
@@ -90,7 +90,7 @@ void TestMvpublishNames::standardFilesAreNamedLikeTheLibrarys()
              folder + Editions::installedDisplayFile);
 }
 
-void TestMvpublishNames::kindListsLieWhereTheLibraryNamesThem()
+void TestMvpublishNames::kindListsAreWhereTheLibraryExpectsThem()
 {
     CheckWorker_CfgAndDisplayXML worker;
     const QVector<QPair<ECfgItemType, EType_XML>> lists{

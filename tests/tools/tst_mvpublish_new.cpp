@@ -29,7 +29,7 @@ QJsonObject manifest(const QString& folder)
 
 } // namespace
 
-/// mvpublish new
+/// Tests mvpublish new.
 class TestMvpublishNew : public QObject
 {
     Q_OBJECT
@@ -56,7 +56,7 @@ void TestMvpublishNew::itemCanBePublishedAsItIs_data()
         QTest::newRow(kind) << text(kind);
 }
 
-/// What it makes builds, and clients can use it.
+/// The new item can be built, and clients can use it.
 void TestMvpublishNew::itemCanBePublishedAsItIs()
 {
     QFETCH(QString, kind);
@@ -76,7 +76,7 @@ void TestMvpublishNew::itemCanBePublishedAsItIs()
     QCOMPARE(lint.status, 0);
 }
 
-/// Build and lint warn of them; a warning stops nobody.
+/// Build and lint warn about them, but a warning does not fail either.
 void TestMvpublishNew::placeholdersAreNamedUntilTheyAreReplaced()
 {
     const QString source = home(text("replaced"));
@@ -201,7 +201,7 @@ void TestMvpublishNew::namesOfEveryScript()
                 .contains(name.toUtf8()));
 }
 
-/// What a shell in another encoding passes on.
+/// A shell with a different encoding passes on such bytes.
 void TestMvpublishNew::nameInAnotherEncodingIsRefused()
 {
     const QString script =
@@ -215,7 +215,7 @@ void TestMvpublishNew::nameInAnotherEncodingIsRefused()
     QVERIFY(!QFile::exists(source));
 }
 
-/// Each item can be published: the names of its files follow from that of its folder.
+/// Every item must be publishable: its file names follow from its folder's name.
 void TestMvpublishNew::differentNamesHaveDifferentFolders()
 {
     const QString source = home(text("different"));
@@ -229,7 +229,7 @@ void TestMvpublishNew::differentNamesHaveDifferentFolders()
     const QString tree = home(text("different-tree"));
     QCOMPARE(Mvpublish::build(source, tree), QString());
     QCOMPARE(Mvpublish::run({text("lint"), tree}).status, 0);
-    // A name that differs in accents only is told, and changes nothing.
+    // A name that differs in accents only is reported, and changes nothing.
     QCOMPARE(
         Mvpublish::run({text("new"), text("theme"), text("naive"), text("--in"), source}).status,
         0);

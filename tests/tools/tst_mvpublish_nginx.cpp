@@ -21,7 +21,7 @@ QString home(const char* name)
     return TestHome::path() + QLatin1Char('/') + text(name);
 }
 
-/// The theme's archive, as an address.
+/// Returns the address of the theme's archive.
 QByteArray archive()
 {
     return "/config/Themes/%7B" + SmallSource::guid(text("film")).mid(1, 36).toUtf8()
@@ -30,7 +30,7 @@ QByteArray archive()
 
 } // namespace
 
-/// deploy/nginx.conf
+/// Tests deploy/nginx.conf.
 class TestMvpublishNginx : public QObject
 {
     Q_OBJECT
@@ -141,14 +141,14 @@ void TestMvpublishNginx::restIsKeptByItsTag()
     QVERIFY(!RawClient::field(answer, "Last-Modified").isEmpty());
     QCOMPARE(RawClient::status(get(target, "If-None-Match: " + tag + "\r\n")), 304);
     QCOMPARE(RawClient::status(get(target, "If-None-Match: \"other\"\r\n")), 200);
-    // A tree of yesterday may have been put back.
+    // An earlier tree may have been restored.
     const QByteArray date = RawClient::field(answer, "Last-Modified");
     QCOMPARE(RawClient::status(get(target, "If-Modified-Since: " + date + "\r\n")), 304);
     QCOMPARE(RawClient::status(get(target, "If-Modified-Since: Fri, 01 Jan 2100 00:00:00 GMT\r\n")),
              200);
 }
 
-/// Caches keep what is missing no longer than what is there.
+/// Caches must keep a 404 no longer than a file.
 void TestMvpublishNginx::failuresAreNotKept_data()
 {
     QTest::addColumn<QByteArray>("target");
@@ -229,7 +229,7 @@ void TestMvpublishNginx::keepsToItself()
     const QByteArray answer = get(target);
     QVERIFY2(RawClient::status(answer) >= 400, answer.constData());
     QVERIFY(!RawClient::body(answer).contains("secret"));
-    // What is no part of a tree would keep it from being replaced.
+    // A foreign entry would keep the tree from being replaced.
     QVERIFY(QDir(home("tree/.hidden")).removeRecursively());
     QVERIFY(QFile::remove(home("tree/link.txt")));
 }
@@ -243,7 +243,7 @@ void TestMvpublishNginx::otherMethodsAreRefused()
     }
 }
 
-/// A new build under a running server: what is the same stays known to caches.
+/// After a rebuild under a running server, unchanged files stay valid in caches.
 void TestMvpublishNginx::unchangedFilesKeepTheirTag()
 {
     const SmallSource source(home("source"));
@@ -261,7 +261,7 @@ void TestMvpublishNginx::unchangedFilesKeepTheirTag()
     QVERIFY(RawClient::body(get(changed)).contains("Other paper"));
 }
 
-/// The tag is made of the length and of the date in whole seconds.
+/// The tag consists of the length and the date in whole seconds.
 void TestMvpublishNginx::changedFileOfTheSameLengthHasAnotherTag()
 {
     const SmallSource source(home("source"));

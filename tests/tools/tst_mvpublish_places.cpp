@@ -22,7 +22,7 @@ QString home(const char* name)
 
 } // namespace
 
-/// mvpublish build, where the place is not fit: nothing is changed.
+/// Tests mvpublish build into unsuitable places: nothing is changed.
 class TestMvpublishPlaces : public QObject
 {
     Q_OBJECT
@@ -59,7 +59,7 @@ void TestMvpublishPlaces::refusesThePlace_data()
     QTest::newRow("no parent") << source << home("no/where")
                                << text("nothing can be written beside ") + home("no/where")
             + text(": No such file or directory");
-    // Nobody may write there, whoever runs the test.
+    // A parent folder in which nobody can write, not even root.
     QTest::newRow("unwritable parent")
         << source << text("/proc/mvtree")
         << text("nothing can be written beside /proc/mvtree: No such file or "

@@ -44,7 +44,7 @@ QMap<QString, QByteArray> contentOf(const QString& folder)
     return content;
 }
 
-/// One reading of a tree through one handle to its folder, as a server process does it.
+/// Reads a tree through one handle to its folder, as a server process does.
 class OpenTree
 {
 public:
@@ -76,7 +76,7 @@ private:
 
 } // namespace
 
-/// mvpublish build, again and again: what changes, when, and for whom.
+/// Tests repeated builds: what changes, when, and for whom.
 class TestMvpublishReplace : public QObject
 {
     Q_OBJECT
@@ -104,7 +104,8 @@ void TestMvpublishReplace::init()
     QDir().mkpath(QFileInfo(m_out).path());
 }
 
-/// Whatever the clock, the time zone, the place, and the order in which files came into being.
+/// The result must not depend on the clock, time zone, place or the order in which files were
+/// created.
 void TestMvpublishReplace::sameSourceGivesTheSameBytes()
 {
     const SmallSource source(home("source"));
@@ -198,7 +199,7 @@ void TestMvpublishReplace::publishedFoldersAreReadableWhateverTheUmask()
         QVERIFY2((QFile::permissions(it.next()) & needed) == needed, qPrintable(it.filePath()));
 }
 
-/// While trees replace each other, whoever opens the place finds a whole one.
+/// While trees replace each other, every reader finds a complete one.
 void TestMvpublishReplace::readersNeverMeetHalfATree()
 {
     const SmallSource source(home("source"));
@@ -213,7 +214,7 @@ void TestMvpublishReplace::readersNeverMeetHalfATree()
             QVERIFY(tree.isOpen());
             const QByteArray version = tree.read("ResourceConfig/resource_version_v3.xml");
             const QByteArray display = tree.read("ResourceConfig/resource_display.xml");
-            // The old folder is emptied once the new one is in its place.
+            // The old folder is emptied once the new one is in place.
             if (version.isEmpty() || display.isEmpty())
                 QVERIFY(!OpenTree(m_out).read("ResourceConfig/resource_version_v3.xml").isEmpty());
             else
@@ -255,7 +256,7 @@ void TestMvpublishReplace::killedRunLeavesTheTree()
     QVERIFY(!QFileInfo::exists(half));
 }
 
-/// A server's configuration may name a link; it stays one.
+/// A server's configuration may name a link, which must remain one.
 void TestMvpublishReplace::placeThatIsALink()
 {
     const SmallSource source(home("source"));

@@ -27,7 +27,7 @@ QString home(const char* name)
     return TestHome::path() + QLatin1Char('/') + text(name);
 }
 
-/// A user of the installation that came with the application.
+/// Returns a user of the installation that came with the application.
 std::unique_ptr<Mvres> user(const QString& serverRoot)
 {
     auto mvres = std::make_unique<Mvres>();
@@ -41,18 +41,18 @@ std::unique_ptr<Mvres> user(const QString& serverRoot)
 
 const QStringList check{QStringLiteral("check"), QStringLiteral("--wait")};
 
-/// Fetches at the same time: an item takes seconds, most of them pauses.
+/// Fetches in parallel: an item takes seconds, most of them pauses.
 class Fetches
 {
 public:
     void start(const Mvres& mvres, const QString& item)
     {
         m_processes.push_back(std::make_unique<QProcess>());
-        // Not Mvres::start(), which writes the settings anew: another process may be reading them.
+        // Mvres::start() would rewrite the settings, which another process may be reading.
         m_processes.back()->start(Mvres::program(),
                                   mvres.arguments({text("fetch"), SmallSource::guid(item)}));
     }
-    /// What those printed that failed.
+    /// Returns the output of the fetches that failed.
     QByteArray wait()
     {
         QByteArray failures;
@@ -71,7 +71,7 @@ private:
 
 } // namespace
 
-/// From a source to a client's disk: build, lint, serve, check, fetch.
+/// Tests the whole way from a source to a client's disk: build, lint, serve, check, fetch.
 class TestMvpublishRoundTrip : public QObject
 {
     Q_OBJECT
@@ -91,14 +91,15 @@ void TestMvpublishRoundTrip::initTestCase()
     const SmallSource source(home("source"));
     QCOMPARE(Mvpublish::build(source.folder(), home("tree")), QString());
     QCOMPARE(Mvpublish::run({text("lint"), home("tree")}).out, QByteArray("clean\n"));
-    // The application brings an older catalogue with one item, whose files are still to be fetched.
+    // The application ships an older catalogue with one item, whose files are still to be fetched.
     source.set(text("fade"), "installed", true);
     QVERIFY(QDir().mkpath(home("installed")));
     QCOMPARE(Mvpublish::build(source.folder(), home("installed/Resource"), {text("--installed")}),
              QString());
 }
 
-/// What came is what the tree holds, and all that a client asks for came.
+/// Requires every fetched file to equal the tree's, and every file that clients request to be
+/// fetched.
 void TestMvpublishRoundTrip::compareHalf(const Mvres& mvres, const char* half,
                                          const QStringList& notFetched)
 {
@@ -128,13 +129,13 @@ void TestMvpublishRoundTrip::everythingArrivesAsItWasPublished()
     for (const char* item : {"look", "title", "fade", "zoom", "paper"})
         fetches.start(*mvres, text(item));
     QCOMPARE(fetches.wait(), QByteArray());
-    fetches.start(*mvres, text("film")); // uses what is there by now
+    fetches.start(*mvres, text("film")); // uses what has been fetched by now
     QCOMPARE(fetches.wait(), QByteArray());
 
     compareHalf(*mvres, "config",
                 {text("VideoFilters/VideoFilters.xml"), text("Transitions/Transitions.xml"),
                  text("Motions/Motions.xml")});
-    // No client asks for previews of transitions, motions and backgrounds. The pictures of "none"
+    // Clients request no previews of transitions, motions and backgrounds. The pictures of "none"
     // are installed.
     QStringList notFetched{text("Transitions/fade 1.png"), text("Motions/zoom 1.png"),
                            text("BgMaterial/paper 1.png")};
@@ -147,7 +148,7 @@ void TestMvpublishRoundTrip::everythingArrivesAsItWasPublished()
         mvres->run({text("list"), text("theme")}).lines().constFirst().endsWith(text("  ready")));
 }
 
-/// Ending in a slash or not, at the root of a host or below a path.
+/// Covers roots with and without a trailing slash, at the root of a host or below a path.
 void TestMvpublishRoundTrip::everyKindOfRootLeadsToTheTree()
 {
     if (NginxServer::program().isEmpty())

@@ -18,7 +18,7 @@ QString text(const char* latin1)
 
 } // namespace
 
-/// mvpublish serve
+/// Tests mvpublish serve.
 class TestMvpublishServe : public QObject
 {
     Q_OBJECT

@@ -23,7 +23,7 @@ mode_t modeOf(const QString& folder)
 
 } // namespace
 
-/// Puts folders in place, also where two cannot be exchanged, and after a run that was killed.
+/// Tests replacing a folder, also where two cannot be exchanged, and after a killed run.
 class TestMvpublishSwitch : public QObject
 {
     Q_OBJECT

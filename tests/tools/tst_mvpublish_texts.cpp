@@ -28,7 +28,7 @@ QDomElement parse(const QString& file)
     return doc.documentElement();
 }
 
-/// Text of the elements of one name below an element, in document order.
+/// Returns the texts of the elements of one name below an element, in document order.
 QStringList texts(const QDomElement& root, const char* tag)
 {
     QStringList result;
@@ -40,7 +40,7 @@ QStringList texts(const QDomElement& root, const char* tag)
 
 } // namespace
 
-/// mvpublish build: texts of every script, and with what means something to XML.
+/// Tests mvpublish build with texts in every script and with XML's special characters.
 class TestMvpublishTexts : public QObject
 {
     Q_OBJECT

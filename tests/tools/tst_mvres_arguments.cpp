@@ -13,7 +13,7 @@ QString defaultData()
 
 } // namespace
 
-/// The command line of mvres: what it refuses, and how it tells.
+/// Tests the command line of mvres: what it refuses, and how it reports that.
 class TestMvresArguments : public QObject
 {
     Q_OBJECT
@@ -21,12 +21,12 @@ class TestMvresArguments : public QObject
 private slots:
     void refuses_data();
     void refuses();
-    void failsForWhatIsNotThere_data();
-    void failsForWhatIsNotThere();
+    void failsForAMissingFile_data();
+    void failsForAMissingFile();
     void helpNames_data();
     void helpNames();
-    void helpGoesToStandardOutput_data();
-    void helpGoesToStandardOutput();
+    void helpIsPrintedToStandardOutput_data();
+    void helpIsPrintedToStandardOutput();
     void versionIsOneLine_data();
     void versionIsOneLine();
     void optionsMayFollowTheCommand();
@@ -90,7 +90,7 @@ void TestMvresArguments::refuses()
     QFETCH(QStringList, arguments);
     QFETCH(QString, message);
 
-    // An unknown kind is the one thing that needs a catalogue to tell.
+    // Only an unknown kind needs a catalogue to be recognised.
     const bool needsCatalogue = arguments.contains(QStringLiteral("sound"));
     if (needsCatalogue)
         arguments << QStringLiteral("--resources")
@@ -105,7 +105,7 @@ void TestMvresArguments::refuses()
     QDir(defaultData()).removeRecursively();
 }
 
-void TestMvresArguments::failsForWhatIsNotThere_data()
+void TestMvresArguments::failsForAMissingFile_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("message");
@@ -136,7 +136,7 @@ void TestMvresArguments::failsForWhatIsNotThere_data()
         << QStringLiteral("the download root cannot be created: BASE/wrong.ini/root");
 }
 
-void TestMvresArguments::failsForWhatIsNotThere()
+void TestMvresArguments::failsForAMissingFile()
 {
     QFETCH(QStringList, arguments);
     QFETCH(QString, message);
@@ -209,7 +209,7 @@ void TestMvresArguments::helpNames()
     QVERIFY2(outcome.out.contains(text.toUtf8()), outcome.out.constData());
 }
 
-void TestMvresArguments::helpGoesToStandardOutput_data()
+void TestMvresArguments::helpIsPrintedToStandardOutput_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::newRow("long") << QStringList{QStringLiteral("--help")};
@@ -218,7 +218,7 @@ void TestMvresArguments::helpGoesToStandardOutput_data()
         << QStringList{QStringLiteral("--help"), QStringLiteral("steal")};
 }
 
-void TestMvresArguments::helpGoesToStandardOutput()
+void TestMvresArguments::helpIsPrintedToStandardOutput()
 {
     QFETCH(QStringList, arguments);
     const Outcome outcome = ConsoleProgram::run(Mvres::program(), arguments);
@@ -255,7 +255,7 @@ void TestMvresArguments::optionsMayFollowTheCommand()
     QCOMPARE(behind.out, before.out);
 }
 
-/// A downloaded catalogue is enough to work with.
+/// A downloaded catalogue alone is enough to work with.
 void TestMvresArguments::installedResourcesMayBeMissingUnlessNamed()
 {
     const Mvres mvres;

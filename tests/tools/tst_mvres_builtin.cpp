@@ -15,7 +15,7 @@ QString text(const char* latin1)
 
 } // namespace
 
-/// mvres builtin: extracting the built-in items out of the samples' full tree.
+/// Tests mvres builtin: extracting the built-in items from the samples' full tree.
 class TestMvresBuiltin : public QObject
 {
     Q_OBJECT
@@ -42,7 +42,7 @@ void TestMvresBuiltin::init()
         CatalogueFiles::write(dev() + text("/config/") + file, CatalogueFiles::read(from + file));
 }
 
-/// The samples' installation is such an extract, with all of its themes' own needs.
+/// The samples' installation is such an extract, including all that its themes need.
 void TestMvresBuiltin::samples()
 {
     const Outcome outcome = m_mvres.run({text("builtin"), dev()});
@@ -75,7 +75,7 @@ void TestMvresBuiltin::relativeFolder()
 
 void TestMvresBuiltin::failures_data()
 {
-    QTest::addColumn<QString>("folder"); // relative to the test's
+    QTest::addColumn<QString>("folder"); // relative to the test's folder
     QTest::addColumn<QStringList>("options");
     QTest::addColumn<QString>("message");
     QTest::newRow("missing") << text("/none") << QStringList()

@@ -19,7 +19,7 @@
 namespace {
 
 constexpr int longestMs = 20000;
-// Far below the time after which a stalled transfer would end by itself.
+// Far below the time limit of a stalled transfer.
 constexpr int promptMs = 10000;
 
 const QByteArray versionTarget = "//ResourceConfig/resource_version_v3.xml";
@@ -45,7 +45,7 @@ QByteArray version(const QByteArray& value, const QByteArray& display, const QBy
 
 } // namespace
 
-/// mvres check: what it says, fetches, and returns for every end.
+/// Tests the output, downloads and exit status of mvres check for every outcome.
 class TestMvresCheck : public QObject
 {
     Q_OBJECT
@@ -56,7 +56,7 @@ private slots:
     void everyEnd_data();
     void everyEnd();
     void json();
-    void reasonGoesToStandardError();
+    void reasonIsPrintedToStandardError();
     void previewsThatFailAreNamed();
     void withoutAnyCatalogue();
     void emptyCatalogue();
@@ -175,7 +175,7 @@ void TestMvresCheck::json()
                                        {text("failures"), QJsonArray()}}}}));
 }
 
-void TestMvresCheck::reasonGoesToStandardError()
+void TestMvresCheck::reasonIsPrintedToStandardError()
 {
     serve({});
     const QString refusing = text("http://127.0.0.1:%1/").arg(FaultServer::refusingPort());
@@ -225,8 +225,8 @@ void TestMvresCheck::previewsThatFailAreNamed()
     QCOMPARE(failures.at(0)[text("cause")].toString(), text("notOnServer"));
 }
 
-/// Where there is nothing to fetch previews for, "0 failed" would be a lie. An installation without
-/// a catalogue can still check.
+/// Without a catalogue there are no previews to fetch, so "0 failed" would be misleading. An
+/// installation without a catalogue can still be checked.
 void TestMvresCheck::withoutAnyCatalogue()
 {
     serve({{versionTarget, Routes::body(version("1.0.2", md5("x"), md5(config)))}});
@@ -240,10 +240,10 @@ void TestMvresCheck::withoutAnyCatalogue()
     QVERIFY2(outcome.err.contains("can be read"), outcome.err.constData());
 
     serve({});
-    QCOMPARE(m_mvres.run({text("check")}).status, 20); // and a server that is mended helps
+    QCOMPARE(m_mvres.run({text("check")}).status, 20); // it works once the server is repaired
 }
 
-/// Everything was withdrawn: that is a catalogue, too, and every command works.
+/// An empty catalogue, where everything was withdrawn, is valid, and every command works.
 void TestMvresCheck::emptyCatalogue()
 {
     const QByteArray nothing = "<Resource/>";
@@ -261,7 +261,7 @@ void TestMvresCheck::emptyCatalogue()
     QCOMPARE(m_mvres.run({text("check")}).status, 0);
 }
 
-/// A catalogue that no client can read does not replace the present one, whatever its sums say.
+/// A catalogue that no client can read never replaces the present one, whatever its checksums.
 void TestMvresCheck::unreadableCatalogueIsRefused()
 {
     const QByteArray page = "<p>Welcome<br></p>";
@@ -278,7 +278,7 @@ void TestMvresCheck::unreadableCatalogueIsRefused()
 
 void TestMvresCheck::secondCheckIsCurrent()
 {
-    // The catalogue that comes keeps the installed item, so that there is one to load.
+    // The new catalogue keeps the installed item, so that there is one to load.
     const QString filter = text("Filter");
     const QByteArray newConfig = CatalogueFiles::document(
         CatalogueFiles::cfgGroup(filter, {{CatalogueFiles::guid(1), {}, {}}}));

@@ -41,7 +41,7 @@ protected:
 
 } // namespace
 
-/// mvres favourite
+/// Tests mvres favourite.
 class TestMvresFavourite : public QObject
 {
     Q_OBJECT
@@ -186,7 +186,7 @@ void TestMvresFavourite::refusesUnknownGuids()
 
 void TestMvresFavourite::failsIfItCannotBeSaved_data()
 {
-    QTest::addColumn<QString>("inTheWay"); // a file where a folder has to be
+    QTest::addColumn<QString>("inTheWay"); // a file in place of a folder
     QTest::addColumn<QString>("guid");
     QTest::addColumn<QString>("file");
     QTest::newRow("no data folder") << QString() << theme << themeFile;
@@ -212,7 +212,7 @@ void TestMvresFavourite::failsIfItCannotBeSaved()
     QCOMPARE(outcome.status, 1);
 }
 
-/// The file can be read, but not replaced.
+/// The file can be read but not replaced.
 void TestMvresFavourite::fullDiskLeavesTheOldMarks()
 {
     QCOMPARE(m_mvres.run(favourite(filter)).status, 0);

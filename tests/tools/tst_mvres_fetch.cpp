@@ -19,7 +19,7 @@ QString text(const char* latin1)
 
 } // namespace
 
-/// mvres fetch, with themes of a few files: they need no simulated first phase.
+/// Tests mvres fetch with themes of a few files, which skip the simulated first phase.
 class TestMvresFetch : public QObject
 {
     Q_OBJECT
@@ -47,7 +47,8 @@ private:
     std::unique_ptr<FaultServer> m_server;
 };
 
-/// Theme 1 uses filter 3, which has no definition of its own, theme 2 uses nothing.
+/// Creates theme 1, which uses filter 3 (without a definition of its own), and theme 2, which uses
+/// nothing.
 void TestMvresFetch::init()
 {
     m_mvres = Mvres();
@@ -91,7 +92,7 @@ void TestMvresFetch::fetchesEverythingAThemeNeeds()
     QVERIFY(listed.constLast().endsWith(text("  1 missing")));
 }
 
-/// One line for each file while it comes, then the files and their sizes.
+/// Expects one line per file while it arrives, then the files and their sizes.
 void TestMvresFetch::printsPlainLines()
 {
     Gate gate;
@@ -113,7 +114,7 @@ void TestMvresFetch::printsPlainLines()
     QCOMPARE(outcome.status, 0);
 
     QString printed = QString::fromUtf8(out + outcome.out);
-    // Whether there is time for it before the first file is not certain.
+    // This line appears only if there is time before the first file.
     printed.remove(text("One:   0%  preparing\n"));
     printed.replace(QRegularExpression(text(": [ \\d]{3}%  ")), text(": NNN%  "));
     printed.replace(m_mvres.installed(), text("INSTALLED"));

@@ -26,7 +26,7 @@ QByteArray guid(int number)
 
 } // namespace
 
-/// mvres fetch: how failures end, are told and leave the disk.
+/// Tests failures of mvres fetch: exit status, messages and files left on disk.
 class TestMvresFetchFailures : public QObject
 {
     Q_OBJECT
@@ -40,9 +40,9 @@ private slots:
     void goesOnAfterAFailure_data();
     void goesOnAfterAFailure();
     void fetchesWhatIsMissingTheNextTime();
-    void configThatCannotBeParsedIsNoSuccess_data();
-    void configThatCannotBeParsedIsNoSuccess();
-    void jsonTellsTheResult();
+    void configThatCannotBeParsedIsAFailure_data();
+    void configThatCannotBeParsedIsAFailure();
+    void jsonContainsTheResult();
 
 private:
     QStringList fetch(const QVector<int>& items, const QStringList& options = {}) const;
@@ -103,8 +103,8 @@ void TestMvresFetchFailures::endsWith_data()
     QTest::addColumn<int>("status");
     QTest::addColumn<QString>("message");
     QTest::addColumn<QStringList>("missing");
-    QTest::addColumn<QStringList>("left"); // what lies in the download tree
-    QTest::addColumn<QString>("details");  // a part of them
+    QTest::addColumn<QStringList>("left"); // files in the download tree
+    QTest::addColumn<QString>("details");  // one of them
     const QString lost = text("the connection to the server was lost");
     const QString address = text("the file has no usable address");
     const QString notThere = text("the file is not on the server");
@@ -203,7 +203,7 @@ void TestMvresFetchFailures::fetchesWhatIsMissingTheNextTime()
     QCOMPARE(repaired.requestCount(), 1);
 }
 
-void TestMvresFetchFailures::configThatCannotBeParsedIsNoSuccess_data()
+void TestMvresFetchFailures::configThatCannotBeParsedIsAFailure_data()
 {
     QTest::addColumn<bool>("isInstalled");
     QTest::addColumn<int>("status");
@@ -213,8 +213,9 @@ void TestMvresFetchFailures::configThatCannotBeParsedIsNoSuccess_data()
     QTest::newRow("came with the application") << true << 40 << text("cannot be read as a theme's");
 }
 
-/// What else the theme needs is in that file, which stays: it may only be unreadable for a while.
-void TestMvresFetchFailures::configThatCannotBeParsedIsNoSuccess()
+/// The theme's other needs are listed in that file, which is kept: it may only be temporarily
+/// unreadable.
+void TestMvresFetchFailures::configThatCannotBeParsedIsAFailure()
 {
     QFETCH(bool, isInstalled);
     QFETCH(int, status);
@@ -231,7 +232,7 @@ void TestMvresFetchFailures::configThatCannotBeParsedIsNoSuccess()
     QCOMPARE(m_mvres.run(fetch({NoConfig})).status, 0);
 }
 
-void TestMvresFetchFailures::jsonTellsTheResult()
+void TestMvresFetchFailures::jsonContainsTheResult()
 {
     const Outcome outcome = m_mvres.run(fetch({NoConfig, Good, Reset}, {text("--json")}));
     QCOMPARE(outcome.status, 36);

@@ -13,7 +13,7 @@
 namespace {
 
 constexpr int longestMs = 20000;
-// Far below the time after which a stalled transfer would end by itself.
+// Far below the time limit of a stalled transfer.
 constexpr int promptMs = 10000;
 
 QString text(const char* latin1)
@@ -23,7 +23,7 @@ QString text(const char* latin1)
 
 } // namespace
 
-/// mvres fetch, interrupted while a transfer stalls.
+/// Tests interrupting mvres fetch while a transfer stalls.
 class TestMvresFetchInterrupt : public QObject
 {
     Q_OBJECT
@@ -74,7 +74,7 @@ void TestMvresFetchInterrupt::start(QProcess& process, const QStringList& guids,
     m_mvres.start(process, QStringList{text("fetch")} + guids + options);
 }
 
-/// Whether the stalling file has been asked for and a part of it lies on disk.
+/// Returns whether the stalling file has been requested and part of it is on disk.
 bool TestMvresFetchInterrupt::stalls() const
 {
     const int requests = m_server->requestCount("/config/Themes/stalls.xml")
@@ -132,7 +132,7 @@ void TestMvresFetchInterrupt::itemsBehindAreNotTried()
     QCOMPARE(m_server->requestCount("/config/Themes/two.xml"), 0);
 }
 
-/// Items that are no themes begin with a phase without transfers.
+/// Items other than themes begin with a phase without transfers.
 void TestMvresFetchInterrupt::endsInTheSimulatedPhase()
 {
     QProcess process;
@@ -145,10 +145,10 @@ void TestMvresFetchInterrupt::endsInTheSimulatedPhase()
     QCOMPARE(m_server->requestCount(), 0);
 }
 
-/// Whoever cannot wait for the tidy end gets the usual one.
+/// A second interrupt ends the process immediately.
 void TestMvresFetchInterrupt::secondInterruptEndsTheProcess()
 {
-    // The tidy end may come first, but hardly every time.
+    // The clean end may come first, but hardly every time.
     bool killed = false;
     for (int attempt = 0; attempt < 5 && !killed; ++attempt) {
         QProcess process;

@@ -11,7 +11,7 @@ namespace {
 
 const QString theme = QStringLiteral("{C03E1D76-2CEA-5E2A-8517-C805C9A0C695}");
 
-/// What a server has been asked for; called on its threads.
+/// Records requests; called on the server's threads.
 class AccessList
 {
 public:
@@ -33,7 +33,7 @@ private:
 
 } // namespace
 
-/// mvres on the samples: a theme that brings what it depends on.
+/// Tests mvres with the samples: a theme is fetched with its dependencies.
 class TestMvresFetchSamples : public QObject
 {
     Q_OBJECT
@@ -62,7 +62,7 @@ void TestMvresFetchSamples::aThemeComesCompletely()
     QCOMPARE(outcome.status, 0);
     QVERIFY(mvres.run(list).lines().filter(theme).constFirst().endsWith(QStringLiteral("  ready")));
 
-    // Its config file, two files more, and two for each of the six items that are not installed.
+    // Its config file, two more files, and two for each of the six items that are not installed.
     const QDir tree(mvres.downloadedFile(QString()));
     const QStringList files = CatalogueFiles::filesBelow(tree.path());
     QCOMPARE(files.size(), 15);
@@ -77,7 +77,7 @@ void TestMvresFetchSamples::aThemeComesCompletely()
     QCOMPARE(mvres.downloaded().size(), files.size());
 
     // Each was asked for once, and none a second time.
-    QTRY_COMPARE(access.lines().size(), files.size()); // the last line comes behind its answer
+    QTRY_COMPARE(access.lines().size(), files.size()); // the last line is written after its answer
     const QStringList requests = access.lines();
     QCOMPARE(requests.filter(QRegularExpression(QStringLiteral("^GET /config/.* 200$"))).size(),
              files.size());

@@ -28,7 +28,7 @@ int widthOf(const QString& line)
 
 } // namespace
 
-/// mvres fetch on a terminal: the progress bar.
+/// Tests the progress bar of mvres fetch on a terminal.
 class TestMvresFetchTerminal : public QObject
 {
     Q_OBJECT
@@ -51,7 +51,7 @@ private:
     std::unique_ptr<FaultServer> m_server;
 };
 
-/// A theme of that name with a config file and an archive.
+/// Publishes a theme of that name with a config file and an archive.
 void TestMvresFetchTerminal::prepare(const QString& name, const FaultServer::Handler& config,
                                      const FaultServer::Handler& archive)
 {
@@ -74,7 +74,7 @@ void TestMvresFetchTerminal::start(QProcess& process, const Terminal& terminal,
     m_mvres.start(process, QStringList{text("fetch"), CatalogueFiles::guid(1)} + options);
 }
 
-/// The line with the bar as it stands.
+/// Returns the current line with the bar.
 QString TestMvresFetchTerminal::barLine(const QByteArray& written)
 {
     return Terminal::screen(written).constFirst();
@@ -93,7 +93,7 @@ void TestMvresFetchTerminal::drawsABar()
     const QStringList screen = Terminal::screen(terminal.read());
     const QString full = text("One [") + QString(40, QLatin1Char('#')) + text("] 100% theme.zip");
     QCOMPARE(screen.constFirst(), full);
-    // Below it what stands below the plain lines.
+    // The bar is followed by the same lines as plain output.
     QVERIFY(screen.at(1).endsWith(text("/thumb.jpg")));
     QVERIFY(screen.at(screen.size() - 2).contains(text("complete, 4 files")));
     QCOMPARE(screen.constLast(), QString());
@@ -159,7 +159,7 @@ void TestMvresFetchTerminal::followsTheTransfer()
         const QString bar = QString(hashes, QLatin1Char('#')).leftJustified(40);
         return barLine(written += terminal.read()) == text("One [%1] %2").arg(bar, text(rest));
     };
-    // Each is held in its middle. The config file is worth 10 per cent, the archive the rest.
+    // Each answer is held halfway. The config file is worth 10 percent, the archive the rest.
     QTRY_VERIFY_WITH_TIMEOUT(shows(2, "  5% a theme with a long file name.xml"), longestMs);
     gate.open();
     QTRY_VERIFY_WITH_TIMEOUT(shows(22, " 55% theme.zip"), longestMs);
@@ -169,7 +169,7 @@ void TestMvresFetchTerminal::followsTheTransfer()
     QVERIFY(shows(40, "100% theme.zip"));
 }
 
-/// What follows does not stand on the bar's line.
+/// Later output must not continue the bar's line.
 void TestMvresFetchTerminal::interruptLeavesTheLine()
 {
     prepare(text("One"), Routes::stall(), Routes::archive());

@@ -41,7 +41,7 @@ QJsonObject itemOf(const QJsonArray& items, const char* guid)
 
 } // namespace
 
-/// mvres list
+/// Tests mvres list.
 class TestMvresList : public QObject
 {
     Q_OBJECT
@@ -241,7 +241,7 @@ void TestMvresList::alignsNamesByTheirWidthOnScreen()
     SmallCatalogue catalogue;
     catalogue.addFilter(1, QStringLiteral("\u6625\u7bc0"), QString()); // two columns each
     catalogue.addFilter(2, QStringLiteral("F\u00eate"), QString());
-    catalogue.addFilter(3, QStringLiteral("Pa\u0301ques"), QString()); // an accent of no width
+    catalogue.addFilter(3, QStringLiteral("Pa\u0301ques"), QString()); // a combining accent
     catalogue.addFilter(4, QStringLiteral("Longest"), QString());
     catalogue.writeTo(mvres.installed());
     QProcess process;
@@ -268,7 +268,7 @@ void TestMvresList::printsNamesAsTheyStand()
                                           "ready")});
 }
 
-/// A name from a server stays on its line and moves no cursor; JSON has it as it is.
+/// Control characters in a server's name must not move the cursor; JSON has the name unchanged.
 void TestMvresList::controlCharactersBecomeBlanks()
 {
     const Mvres mvres;

@@ -6,7 +6,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-/// mvres paths
+/// Tests mvres paths.
 class TestMvresPaths : public QObject
 {
     Q_OBJECT
@@ -36,7 +36,7 @@ void TestMvresPaths::init()
     m_mvres.useSamples();
 }
 
-/// One value of `mvres paths --json` with these options and no others.
+/// Returns one value of `mvres paths --json` with only these options.
 QString TestMvresPaths::value(const QStringList& arguments, const char* key)
 {
     const Outcome outcome = ConsoleProgram::run(

@@ -11,7 +11,7 @@ namespace {
 
 const QString whiteChristmas = QStringLiteral("{C03E1D76-2CEA-5E2A-8517-C805C9A0C695}");
 const QString newYear = QStringLiteral("{1611435C-464C-5F2E-B9D6-2247770B2131}");
-// A filter that only themes use.
+// A filter used by themes only.
 const QString hidden = QStringLiteral("{92FD4ED9-E67F-5805-9FCC-7B9E4B1A07C2}");
 
 QJsonObject parsed(const Outcome& outcome)
@@ -36,7 +36,7 @@ QStringList kindsOf(const QJsonArray& uses)
 
 } // namespace
 
-/// mvres show
+/// Tests mvres show.
 class TestMvresShow : public QObject
 {
     Q_OBJECT
@@ -170,7 +170,7 @@ void TestMvresShow::jsonHoldsFilesWithAddresses()
     const QJsonObject item = parsed(outcome);
     QCOMPARE(item[QStringLiteral("name")].toString(), QStringLiteral("White Christmas"));
     QCOMPARE(item[QStringLiteral("missing")].toInt(), 3);
-    QCOMPARE(item[QStringLiteral("uses")].toArray().size(), 0); // not known before its config
+    QCOMPARE(item[QStringLiteral("uses")].toArray().size(), 0); // unknown until its config is read
     const QJsonArray files = item[QStringLiteral("files")].toArray();
     QCOMPARE(files.size(), 5);
 

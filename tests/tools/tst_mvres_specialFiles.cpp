@@ -15,7 +15,7 @@
 
 using Files = CatalogueFiles;
 
-/// Catalogues that name devices, pipes and files of the user, and pipes in the place of their own
+/// Tests catalogues that name devices, pipes and files of the user, and pipes in place of catalogue
 /// files: nothing hangs, and nothing outside the trees is read.
 class TestMvresSpecialFiles : public QObject
 {
@@ -44,7 +44,7 @@ private:
 
 namespace {
 
-/// More often than any folder is deep.
+/// Deeper than any folder.
 const QString up = QStringLiteral("/..").repeated(40);
 
 const QString downloadedCatalogue = QStringLiteral("ROOT/Themes/ResourceConfig/resource_");
@@ -73,7 +73,7 @@ void makePipe(const QString& path)
         qFatal("no pipe %s", qPrintable(path));
 }
 
-/// One theme's config that uses the filter of installTheme().
+/// Returns a theme's config that uses the filter of installTheme().
 QByteArray usersXml()
 {
     return SmallCatalogue::themeConfig({1});
@@ -89,7 +89,7 @@ void TestMvresSpecialFiles::init()
     m_mvres.set("params/hasMV", text("1"));
 }
 
-/// The filter lacks two files, so that one who reads a config that names it counts them.
+/// The filter lacks two files, so that reading a config that names it shows in the count.
 void TestMvresSpecialFiles::installTheme(const QString& config) const
 {
     SmallCatalogue catalogue;
@@ -98,7 +98,7 @@ void TestMvresSpecialFiles::installTheme(const QString& config) const
     catalogue.writeTo(m_mvres.installed());
 }
 
-/// What the list says of the theme: "ready" or "N missing"; why there is none, otherwise.
+/// Returns the theme's state in the list, "ready" or "N missing", or why there is none.
 QString TestMvresSpecialFiles::themeState() const
 {
     const Outcome outcome = m_mvres.runLimited({text("list"), text("theme")});
@@ -116,11 +116,11 @@ QString TestMvresSpecialFiles::expanded(QString path) const
 
 void TestMvresSpecialFiles::themeConfigs_data()
 {
-    QTest::addColumn<QString>("config"); // as the catalogue names it
+    QTest::addColumn<QString>("config"); // as named in the catalogue
     QTest::addColumn<QString>("link");   // in the download tree: what it points to, or "pipe"
     QTest::addColumn<QString>("state");
     const QString missing = text("1 missing"); // the config
-    const QString unknown = missing;           // there, but it says nothing
+    const QString unknown = missing;           // present but not read
     QTest::newRow("device") << up + text("/dev/zero") << QString() << missing;
     QTest::newRow("pipe") << up + text("BASE/pipe") << QString() << missing;
     QTest::newRow("file of the user") << up + text("BASE/user.xml") << QString() << missing;
@@ -153,7 +153,7 @@ void TestMvresSpecialFiles::themeConfigs()
     QCOMPARE(themeState(), state);
 }
 
-/// What the rows above would say if the file had been read.
+/// The rows above would show this state if the file had been read.
 void TestMvresSpecialFiles::aThemeConfigInTheTreeIsRead()
 {
     installTheme(text("/Themes/t.xml"));
@@ -203,7 +203,7 @@ void TestMvresSpecialFiles::serveCatalogue()
 void TestMvresSpecialFiles::pipesCountAsMissingForCheck_data()
 {
     QTest::addColumn<QString>("pipe");
-    QTest::addColumn<QStringList>("missing"); // so that the check looks at the pipe
+    QTest::addColumn<QStringList>("missing"); // makes the check look at the pipe
     for (const char* name : {"version.xml", "config.xml", "display.xml"}) {
         const QString downloaded = downloadedCatalogue + text(name);
         QTest::addRow("downloaded %s", name) << downloaded << QStringList();
@@ -212,7 +212,7 @@ void TestMvresSpecialFiles::pipesCountAsMissingForCheck_data()
     }
 }
 
-/// A check where `path` is missing, or a pipe, behind one that has fetched everything.
+/// Runs a check with `path` missing, or a pipe, after one that has fetched everything.
 Outcome TestMvresSpecialFiles::checkWith(const QString& path, const QStringList& missing,
                                          bool isPipe)
 {
@@ -242,7 +242,7 @@ void TestMvresSpecialFiles::pipesCountAsMissingForCheck()
     QVERIFY(without.status >= 0);
     QCOMPARE(with.status, without.status);
     QCOMPARE(with.out, without.out);
-    // What the check may write it has replaced.
+    // The check has replaced what it may write.
     if (missing.isEmpty())
         QVERIFY(QFileInfo(path).isFile());
 }

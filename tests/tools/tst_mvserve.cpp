@@ -26,7 +26,7 @@ QString text(const char* latin1)
 
 } // namespace
 
-/// mvserve
+/// Tests mvserve.
 class TestMvserve : public QObject
 {
     Q_OBJECT
@@ -52,8 +52,8 @@ private slots:
     void servesWithFewOpenFiles();
     void endsOnASignal_data();
     void endsOnASignal();
-    void failsForWhatIsNoFolder_data();
-    void failsForWhatIsNoFolder();
+    void failsForAnythingButAFolder_data();
+    void failsForAnythingButAFolder();
     void refuses_data();
     void refuses();
     void helpNamesTheArguments();
@@ -178,7 +178,7 @@ void TestMvserve::servesNothingOutside()
     const QByteArray answer = get(target);
     QVERIFY(RawClient::status(answer) >= 400);
     QVERIFY2(!RawClient::body(answer).contains("secret"), answer.constData());
-    QCOMPARE(RawClient::status(get("/a.txt")), 200); // and goes on
+    QCOMPARE(RawClient::status(get("/a.txt")), 200); // and keeps serving
 }
 
 void TestMvserve::listensOnLoopbackOnly()
@@ -263,7 +263,7 @@ void TestMvserve::busyPortIsAFailure()
 }
 
 /// Others are served although none of the quiet clients is cut off, and few of these occupy a
-/// thread. The usual limit of open files is too low for them all: the server raises it.
+/// thread. The default limit of open files is too low for them all: the server raises it.
 void TestMvserve::servesBesideManyQuietClients()
 {
     constexpr int usualLimit = 1024;
@@ -284,7 +284,7 @@ void TestMvserve::servesBesideManyQuietClients()
     QVERIFY(QDir(text("/proc/%1/task").arg(m_process->processId())).count() < 300);
 }
 
-/// Where the limit of open files cannot be raised, connections that are idle make room.
+/// If the limit of open files cannot be raised, idle connections are closed to make room.
 void TestMvserve::servesWithFewOpenFiles()
 {
     startWithOpenFiles("-n 100");
@@ -306,7 +306,7 @@ void TestMvserve::endsOnASignal()
 {
     QFETCH(int, signal);
     start();
-    RawClient waiting(m_port); // with a connection that stays open
+    RawClient waiting(m_port); // over a persistent connection
     QCOMPARE(RawClient::status(waiting.begin("/a.txt")), 200);
     ConsoleProgram::signal(*m_process, signal);
     const Outcome outcome = ConsoleProgram::end(*m_process);
@@ -315,7 +315,7 @@ void TestMvserve::endsOnASignal()
     QVERIFY(!RawClient(m_port).isConnected());
 }
 
-void TestMvserve::failsForWhatIsNoFolder_data()
+void TestMvserve::failsForAnythingButAFolder_data()
 {
     QTest::addColumn<QString>("tree");
     QTest::newRow("nothing there") << TestHome::path() + text("/none");
@@ -323,7 +323,7 @@ void TestMvserve::failsForWhatIsNoFolder_data()
     QTest::newRow("empty") << QString();
 }
 
-void TestMvserve::failsForWhatIsNoFolder()
+void TestMvserve::failsForAnythingButAFolder()
 {
     QFETCH(QString, tree);
     const Outcome outcome = ConsoleProgram::run(text(MVSERVE_PROGRAM), {tree});

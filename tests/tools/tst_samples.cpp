@@ -43,7 +43,7 @@ QVector<int> themeTypesOf(const QVector<SCfg_Item>& themes)
     return types;
 }
 
-/// Names of the items that lack files.
+/// Returns the names of the items that lack files.
 QStringList incomplete(const QVector<SCfg_Item>& items)
 {
     QStringList names;
@@ -58,7 +58,7 @@ QStringList incomplete(const QVector<SCfg_Item>& items)
 
 } // namespace
 
-/// The sample trees, as the library reads and fetches them.
+/// Tests the sample trees as the library reads and fetches them.
 class TestSamples : public QObject
 {
     Q_OBJECT
@@ -105,7 +105,7 @@ void TestSamples::installationIsReadAsItStands()
     QCOMPARE(themeTypesOf(display.vecTheme), (QVector<int>{0, 2, 3, 4}));
 }
 
-/// 7 filters, 4 transitions, 3 motions, 2 themes and 2 backgrounds, ready before any download.
+/// Expects 7 filters, 4 transitions, 3 motions, 2 themes and 2 backgrounds without any download.
 void TestSamples::installationHasBuiltInItems()
 {
     manager().load(false);
@@ -141,10 +141,10 @@ void TestSamples::placeholderAnimationIsThere()
     const QByteArray gif =
         CatalogueFiles::read(samples + QStringLiteral("/testoutput/testskin/Simple.gif"));
     QVERIFY(gif.startsWith("GIF89a"));
-    QVERIFY(gif.contains("NETSCAPE2.0")); // it loops
+    QVERIFY(gif.contains("NETSCAPE2.0")); // the animation loops
 }
 
-/// Puts the server's catalogue where a check for news would put it.
+/// Stores the server's catalogue where a check would store it.
 void TestSamples::installServersCatalogue()
 {
     for (const MVThemeMgr::EDirTag tag :
@@ -157,7 +157,7 @@ void TestSamples::installServersCatalogue()
     }
 }
 
-/// All items of a kind that the server's display catalogue names, also without previews on disk.
+/// Returns all items of a kind in the server's display catalogue, even without previews on disk.
 QVector<SCfg_Item> TestSamples::serversItems(ECfgItemType kind)
 {
     QDomDocument doc;
@@ -189,7 +189,7 @@ int TestSamples::fetch(SCfg_Item& item)
     return spy.constFirst().constFirst().value<EMVThemeDownLoadError>();
 }
 
-/// Every item that the server shows can be had, with all that it depends on and its previews.
+/// Every item that the server shows can be fetched, with its dependencies and previews.
 void TestSamples::serversCatalogueCanBeFetchedCompletely()
 {
     TreeServer server;
@@ -210,7 +210,7 @@ void TestSamples::serversCatalogueCanBeFetchedCompletely()
         QCOMPARE(incomplete(items), QStringList());
     }
 
-    // Now everything is shown, and what came is what is published.
+    // Now everything is shown, and the fetched files equal the published ones.
     manager().load(true);
     const MVThemeMgr::SResourceXML& display = manager().getDisplayXML();
     QCOMPARE(countsOf(display), (QVector<int>{1 + 27, 12, 9, 15, 1 + 9}));

@@ -6,7 +6,7 @@
 #include <QProcess>
 #include <QXmlStreamReader>
 
-/// The files of translations/: whole, and of letters that the tests can measure.
+/// Tests that translations/ is complete and uses only letters that the tests can measure.
 class tst_translations : public QObject
 {
     Q_OBJECT

@@ -8,7 +8,7 @@
 #include <dlfcn.h>
 #include <sanitizer/tsan_interface.h>
 
-// Of the sanitizer's run-time library, which declares them nowhere.
+// Part of the sanitizer's run-time library, which does not declare them.
 extern "C" {
 void AnnotateIgnoreSyncBegin(const char* file, int line);
 void AnnotateIgnoreSyncEnd(const char* file, int line);
@@ -22,10 +22,10 @@ void __tsan_write8(void* address);
 // NOLINTEND(bugprone-reserved-identifier)
 }
 
-/// What the definitions that stand in front of Qt's have in common.
+/// Helpers shared by the definitions that interpose Qt's functions.
 namespace Announce {
 
-/// What the calling thread has done is known to whoever observes the address afterwards.
+/// Makes everything the calling thread has done visible to threads that observe the address later.
 inline void publish(const void* address)
 {
     __tsan_release(const_cast<void*>(address));
@@ -36,7 +36,7 @@ inline void observe(const void* address)
     __tsan_acquire(const_cast<void*>(address));
 }
 
-/// Keeps the sanitizer from taking what is done for an order between threads, or for an access.
+/// Hides work from the sanitizer, so that it counts neither as synchronization nor as access.
 class Unwatched
 {
 public:
@@ -55,7 +55,7 @@ public:
     Q_DISABLE_COPY_MOVE(Unwatched)
 };
 
-/// The function that the definition of the same name hides.
+/// Returns the function hidden by the definition of the same name.
 template <class Function>
 Function* original(const char* mangledName)
 {

@@ -1,8 +1,7 @@
-// The definitions here take the place of Qt's own in the whole program, our shared libraries
-// included: the program exports them, and the dynamic linker finds them first. Each does what Qt
-// does, by calling Qt, and announces the order that results: what a thread did before it publishes
-// an address is known to every thread that observes the address afterwards. Calls inside Qt's
-// libraries do not pass here.
+// The definitions here replace Qt's own in the whole program, including our shared libraries: the
+// program exports them, and the dynamic linker finds them first. Each calls Qt's function and
+// announces the resulting order: whatever a thread did before publishing an address is visible to
+// every thread that observes it later. Calls within Qt's libraries are not intercepted.
 
 #include "tsan/QtOrder.h"
 
@@ -21,18 +20,18 @@ using namespace Announce;
 
 namespace {
 
-/// Stands for all queues of signals: who gets a call does not show from outside. Threads that
-/// deliver no events never observe it, so it hides no race between them.
+/// Represents all queued signals, since the recipient of a call cannot be seen from outside.
+/// Threads that deliver no events never observe it, so it hides no race between them.
 char queuedCalls;
 
-/// The event has been made by another thread, whose work is not known here yet.
+/// The event was created by another thread, whose work is not visible here yet.
 QEvent::Type typeOf(const QEvent& event)
 {
     const Unwatched unwatched;
     return event.type();
 }
 
-/// Tells of a read and a write that uninstrumented code will do; both sides are one pointer wide.
+/// Reports a read and a write that uninstrumented code will do; both are one pointer wide.
 void accessForAssignment(void* to, const void* from)
 {
     __tsan_read8(const_cast<void*>(from));
@@ -41,7 +40,7 @@ void accessForAssignment(void* to, const void* from)
 
 void publishCall(const QObject* sender)
 {
-    observe(sender); // connections made meanwhile
+    observe(sender); // for connections made meanwhile
     publish(&queuedCalls);
 }
 
@@ -49,7 +48,7 @@ void publishCall(const QObject* sender)
 
 void QtOrder::delivering(const QObject* receiver, const QEvent* event)
 {
-    observe(QThread::currentThread()); // it may have been told to quit
+    observe(QThread::currentThread()); // another thread may have called quit()
     switch (typeOf(*event)) {
     case QEvent::MetaCall:
         observe(&queuedCalls);
@@ -63,7 +62,7 @@ void QtOrder::delivering(const QObject* receiver, const QEvent* event)
     }
 }
 
-// Assignments of texts happen inside Qt, where no access is seen.
+// Assignments of texts happen inside Qt, where accesses are not seen.
 // NOLINTBEGIN(bugprone-unhandled-self-assignment): Qt's own handle it
 
 QString& QString::operator=(const QString& other) noexcept

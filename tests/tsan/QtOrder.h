@@ -3,12 +3,12 @@
 class QEvent;
 class QObject;
 
-/// What ThreadSanitizer must be told about Qt, whose libraries are not built for it: which calls
-/// order the work of two threads. QtOrder*.cpp tell it of locks, signals and threads by standing in
-/// front of Qt's functions; the delivery of events it learns from WatchedApplication.
+/// Tells ThreadSanitizer which calls order the work of two threads in Qt, whose libraries are not
+/// instrumented. QtOrder*.cpp interpose Qt's functions for locks, signals and threads;
+/// WatchedApplication reports the delivery of events.
 namespace QtOrder {
 
-/// The calling thread is about to deliver `event`: what led to it has happened before.
+/// Reports that the calling thread is about to deliver `event`, after everything that led to it.
 void delivering(const QObject* receiver, const QEvent* event);
 
 } // namespace QtOrder

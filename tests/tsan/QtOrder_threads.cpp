@@ -1,4 +1,4 @@
-// Beginning and end of Qt's threads; see QtOrder.cpp for how this works.
+// Covers the beginning and end of Qt's threads; see QtOrder.cpp for how this works.
 
 #include "tsan/Announce.h"
 
@@ -23,10 +23,10 @@ using namespace Announce;
 
 namespace {
 
-/// Qt's own event loops; what goes on in those of GLib is not seen.
+/// Selects Qt's own event loops; those of GLib cannot be observed.
 const bool withoutGLib = qputenv("QT_NO_GLIB", "1");
 
-/// Qt's threads until their very end: Qt reports it before it has taken its last steps.
+/// Tracks Qt's threads to their very end, since Qt reports the end before its last steps.
 struct Running
 {
     std::mutex mutex; // guards threads
@@ -49,7 +49,7 @@ void publishEnd(const QThread* thread)
     running().changed.notify_all();
 }
 
-/// Not to be waited for by the last steps of `thread` itself.
+/// Must not be called by the last steps of `thread` itself, which would wait for themselves.
 void observeEnd(const QThread* thread)
 {
     if (thread != QThread::currentThread()) {
@@ -62,7 +62,7 @@ void observeEnd(const QThread* thread)
 
 using Routine = void* (*)(void*);
 
-/// What a thread of Qt's is to run, and for whom.
+/// The function that a new Qt thread is to run, and its object.
 struct Start
 {
     const QThread* thread;
@@ -121,7 +121,7 @@ void QThread::start(Priority priority)
 {
     static auto* const next = original<void(QThread*, Priority)>("_ZN7QThread5startENS_8PriorityE");
     if (!isRunning())
-        wait(); // for the last steps of a former run, as Qt itself does
+        wait(); // waits for the last steps of an earlier run, as Qt itself does
     starting = this;
     next(this, priority);
     starting = nullptr;
@@ -163,8 +163,8 @@ void QThread::exit(int code)
     next(this, code);
 }
 
-/// Event loops wake each other by descriptors that they hand around unseen; what such a call is for
-/// (an event, a signal, the end) is announced above.
+/// Event loops wake each other through descriptors in ways that cannot be observed; the reason for
+/// the call (an event, a signal, the end) is announced above.
 extern "C" Q_DECL_EXPORT int eventfd_write(int descriptor, eventfd_t value)
 {
     const long written = ::syscall(SYS_write, descriptor, &value, sizeof value);

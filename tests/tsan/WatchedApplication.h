@@ -2,8 +2,8 @@
 
 #include "tsan/QtOrder.h"
 
-/// The application object of a test program under ThreadSanitizer; every event of every thread
-/// passes it.
+/// The application object of a test program under ThreadSanitizer; it sees every event of every
+/// thread.
 template <class Application>
 class WatchedApplication : public Application
 {

@@ -1,5 +1,5 @@
 // Programs with and without a data race on a file record, one per argument. They keep the
-// ThreadSanitizer gate honest: what is wrong here must be reported, what is right must not.
+// ThreadSanitizer gate honest: races must be reported, correct code must not.
 
 #include "records/SFileInfo.h"
 #include "support/TestMain.h"
@@ -18,7 +18,7 @@ namespace {
 
 using Work = std::function<void()>;
 
-/// Runs a piece of work, signals it, and says so in a way that orders nothing.
+/// Runs a piece of work, signals it, and reports it in a way that orders nothing.
 class Worker : public QThread
 {
     Q_OBJECT
@@ -53,7 +53,7 @@ private:
     std::atomic<bool> m_done{false};
 };
 
-/// Lives on a thread with an event loop; what it does there is given.
+/// An object on a thread with an event loop that runs the given function.
 class Receiver : public QObject
 {
     Q_OBJECT
@@ -122,7 +122,7 @@ void guarded()
     runBoth(work, work);
 }
 
-/// Signals to a third thread order nothing between those that send them.
+/// Signals to a third thread do not order the work of their senders.
 void signalsOfTwo()
 {
     Worker one(count);
@@ -190,7 +190,7 @@ void queuedSignal()
     QCoreApplication::exec();
 }
 
-/// The receiver reads what was written before the event was posted, and after.
+/// The receiver reads data written before and after the event was posted.
 void eventTo(const Work& before, const Work& after)
 {
     QThread thread;

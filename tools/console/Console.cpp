@@ -73,7 +73,7 @@ QString counted(qint64 number, const QString& noun)
 QString size(qint64 bytes)
 {
     constexpr double kilo = 1000.0;
-    constexpr double lastKilo = 999.95; // what is more is printed as 1000.0
+    constexpr double lastKilo = 999.95; // larger values would print as 1000.0
     if (bytes < 1000)
         return counted(bytes, QStringLiteral("byte"));
     const double kB = static_cast<double>(bytes) / kilo;

@@ -24,7 +24,7 @@ struct Command
     const char* name;
     int operands;
     const char* usage;
-    QStringList options; // besides those that all take
+    QStringList options; // in addition to the common ones
 };
 
 const QVector<Command>& commands()
@@ -42,7 +42,7 @@ const QVector<Command>& commands()
     return known;
 }
 
-/// The options and what stands in the help about them.
+/// The options and their help texts.
 struct Options
 {
     QCommandLineOption edition{

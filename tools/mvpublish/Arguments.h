@@ -9,11 +9,11 @@ class QCoreApplication;
 class QCommandLineOption;
 class QCommandLineParser;
 
-/// The command line of mvpublish, checked as far as that is possible without reading anything.
+/// The command line of mvpublish, validated as far as possible without reading files.
 class Arguments
 {
 public:
-    /// Prints help or version and ends the process where that is asked for. False: errorText().
+    /// Prints help or version and ends the process if asked to. On false see errorText().
     bool parse(const QCoreApplication& application);
     QString errorText() const { return m_error; }
 

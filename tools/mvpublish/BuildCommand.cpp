@@ -13,7 +13,7 @@
 
 namespace {
 
-/// The tree that a run that was killed has left where it cannot be put back.
+/// Returns the path of a tree that a killed run has left and that cannot be restored.
 QString treeAside(const FolderSwitch& place)
 {
     return QFileInfo(place.oldFolder()).isDir()
@@ -21,10 +21,10 @@ QString treeAside(const FolderSwitch& place)
         : QString();
 }
 
-/// Returns why the folder is not replaced; empty if it holds a tree, or nothing.
+/// Returns why the folder must not be replaced; empty if it contains a tree, or nothing.
 QString placeFault(const QString& folder, const FolderSwitch& place, bool installed)
 {
-    // A link to a folder that is not there may wait for a mount or for a copy of another tree.
+    // A link to a missing folder may be waiting for a mount or for a copy of another tree.
     if (place.isFree() && (QFileInfo::exists(folder) || !QFileInfo(folder).isSymLink()))
         return QString();
     if (!QDir(folder).exists(Editions::catalogueFolder))
@@ -42,7 +42,7 @@ bool contains(const QString& outer, const QString& inner)
     return !folder.isEmpty() && (path + QLatin1Char('/')).startsWith(folder + QLatin1Char('/'));
 }
 
-/// Nothing that the build writes or removes may lie in the source, nor the other way round.
+/// Returns a fault if the build would write or remove anything in the source, or vice versa.
 QString foldersFault(const QString& source, const FolderSwitch& place)
 {
     if (contains(source, place.target()) || contains(place.target(), source))
@@ -99,7 +99,7 @@ int BuildCommand::run(const Arguments& arguments)
     const QString fault = foldersFault(sourceFolder, place);
     if (!fault.isEmpty())
         return Console::fail(ExitStatus::failure, fault);
-    // Before a look at the place: what a run that was killed has left may have to be put back.
+    // Before examining the place, since the remains of a killed run may have to be restored.
     if (!place.lock())
         return Console::fail(ExitStatus::failure, place.errorText());
     const QString foreign = placeFault(out, place, arguments.installed);

@@ -2,7 +2,7 @@
 
 class Arguments;
 
-/// mvpublish build
+/// Implements "mvpublish build".
 namespace BuildCommand {
 
 int run(const Arguments& arguments);

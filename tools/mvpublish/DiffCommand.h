@@ -2,7 +2,7 @@
 
 class Arguments;
 
-/// mvpublish diff
+/// Implements "mvpublish diff".
 namespace DiffCommand {
 
 int run(const Arguments& arguments);

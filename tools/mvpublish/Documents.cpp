@@ -18,7 +18,7 @@ namespace {
 
 using Document = QXmlStreamWriter;
 
-/// A document with what `fill` writes into its root element; empty if XML cannot hold that.
+/// Returns a document whose root element `fill` writes; empty if XML cannot represent it.
 template <typename Fill>
 QByteArray documentOf(const QString& root, const Fill& fill)
 {
@@ -33,7 +33,7 @@ QByteArray documentOf(const QString& root, const Fill& fill)
     return out.hasError() ? QByteArray() : bytes;
 }
 
-/// A name that the library appends to the server's address as it stands.
+/// Returns a name that the library appends unchanged to the server's address.
 QString address(const QString& path)
 {
     return QLatin1Char('/') + QString::fromLatin1(QUrl::toPercentEncoding(path, "/"));
@@ -196,7 +196,7 @@ QByteArray version(const QString& version, const QByteArray& display, const QByt
 {
     return documentOf(QStringLiteral("ResourceVersion"), [&](Document& out) {
         out.writeAttribute(QStringLiteral("value"), version);
-        writeSum(out, "dislplay", display); // the element is spelled so
+        writeSum(out, "dislplay", display); // the element's actual spelling
         writeSum(out, "config", config);
     });
 }

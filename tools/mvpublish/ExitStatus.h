@@ -4,7 +4,7 @@
 namespace ExitStatus {
 
 constexpr int success = 0;
-/// There is something to put right; diff: the trees differ.
+/// There are findings; diff: the trees differ.
 constexpr int findings = 1;
 /// The work could not be done.
 constexpr int failure = 2;

@@ -11,10 +11,10 @@ FetchedFiles::FetchedFiles(const ReadTree& tree)
     const QString display = QStringLiteral("display/");
     for (const SKindInfo& kind : KindTable::all()) {
         const QString folder = kind.folder + QLatin1Char('/');
-        // The editor's own lists come with the installation.
+        // The editor's own lists are part of the installation.
         if (kind.hasDefinitionList)
             m_kept.insert(config + folder + kind.folder + QStringLiteral(".xml"));
-        // Other kinds are shown with what is installed, or without pictures.
+        // Other kinds are shown with installed pictures, or without any.
         if (kind.type != eCfgItem_Filter && kind.type != eCfgItem_Theme)
             m_kept.insert(display + kind.folder);
         for (const ConfigEntry& entry : tree.config(kind.type)) {

@@ -52,8 +52,8 @@ void setDate(const QString& name, const QDateTime& date)
         file.setFileTime(date, QFileDevice::FileModificationTime);
 }
 
-/// Servers tell caches a file's length and its date in whole seconds: what differs must not have
-/// the date of what it replaces.
+/// Keeps the dates of unchanged files and changes all others: servers tell caches a file's length
+/// and its date in whole seconds, so a changed file must not have its predecessor's date.
 void keepDates(const QString& folder, const QString& before)
 {
     const QDir root(folder);
@@ -71,7 +71,7 @@ void keepDates(const QString& folder, const QString& before)
     }
 }
 
-/// The mode of the folder, or the one that lets every server read it.
+/// Returns the mode of the folder, or by default one that lets every server read it.
 mode_t modeOf(const QString& folder)
 {
     constexpr mode_t readable = 0755;
@@ -81,7 +81,7 @@ mode_t modeOf(const QString& folder)
                                                                      : readable;
 }
 
-/// Writes everything to disk: a break of power must not leave a tree with empty files in place.
+/// Flushes everything to disk: a power failure must not leave a tree with empty files in place.
 bool flushToDisk(const QString& folder)
 {
     const int handle =
@@ -100,11 +100,11 @@ bool rename(const QString& from, const QString& to)
     return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
 }
 
-/// Follows links as the system does, but also to what is not there: a run that was killed may have
-/// left nothing where the link points.
+/// Resolves links as the system does, but also dangling ones: a killed run may have removed the
+/// target of the link.
 QString placeOf(QString path)
 {
-    constexpr int maxLinks = 40; // as many as the system follows
+    constexpr int maxLinks = 40; // the system's own limit
     for (int i = 0; i < maxLinks; ++i) {
         const QFileInfo place(path);
         const QString parent = place.dir().canonicalPath();
@@ -165,8 +165,8 @@ bool FolderSwitch::isFree() const
     return place.isDir() && FolderContent::names(m_target, names, &error) && names.isEmpty();
 }
 
-/// A run that was killed between its two renames has left nothing in the place. Since then a server
-/// or a script may have made an empty folder there.
+/// A run that was killed between its two renames has left the place empty. Since then a server or a
+/// script may have created an empty folder there.
 bool FolderSwitch::putBack()
 {
     return !isFree() || !QFileInfo(oldFolder()).isDir() || rename(oldFolder(), m_target);
@@ -177,7 +177,7 @@ bool FolderSwitch::begin()
     if (!lock())
         return false;
     m_begun = true;
-    // Leftovers of runs that were killed: the place holds a newer tree than the old folder.
+    // Remains of killed runs: the tree in place is newer than the old folder.
     if (!Utils::rmDir(oldFolder(), true))
         return fail(QStringLiteral("%1 cannot be removed").arg(oldFolder()));
     if (!Utils::rmDir(m_folder, true) || !QDir().mkdir(m_folder)
@@ -196,7 +196,7 @@ bool FolderSwitch::commit()
     return true;
 }
 
-/// Swaps the two names; the old folder then goes with the object.
+/// Exchanges the two names; the old folder is then removed with the object.
 bool FolderSwitch::replace()
 {
     const QByteArray fresh = QFile::encodeName(m_folder);

@@ -4,40 +4,40 @@
 
 #include <QString>
 
-/// Writes a folder beside its place and puts it there in one step, so that who reads the place
-/// meets the old folder or the new one and never a mixture.
+/// Writes a folder beside its target and puts it in place atomically, so readers see either the old
+/// or the new folder.
 ///
-/// A file that comes out the same keeps its date, and with it what servers tell caches of it; one
-/// that differs gets a date that is later by a second at least.
+/// An unchanged file keeps its date, and with it the validators that servers send to caches; a
+/// changed one gets a date at least one second later.
 class FolderSwitch
 {
 public:
-    /// `target` need not exist; its parent folder must. Where it is a link, what it points to is
-    /// switched.
+    /// `target` need not exist; its parent folder must. For a link, the folder to which it points
+    /// is replaced.
     explicit FolderSwitch(const QString& target);
-    /// Removes what has not been put in place.
+    /// Removes a folder that has not been put in place.
     ~FolderSwitch();
     Q_DISABLE_COPY_MOVE(FolderSwitch)
 
-    /// As on a file system that cannot exchange two folders: the old one is renamed first, and for
-    /// a moment there is nothing in its place.
+    /// Simulates a file system that cannot exchange two folders: the old one is renamed first, and
+    /// for a moment the target does not exist.
     void useRenames() { m_canExchange = false; }
 
-    /// Takes the place for this object: one switch per target at a time, over all processes. Then
-    /// puts the old folder back if a run was killed between its two renames and the place is still
-    /// free. False: errorText().
+    /// Locks the target, of which there may be one switch at a time across all processes. Then
+    /// restores the old folder if a run was killed between its two renames and the target is still
+    /// free. On false see errorText().
     bool lock();
-    /// Returns whether the place holds nothing, or an empty folder.
+    /// Returns whether the target does not exist or is an empty folder.
     bool isFree() const;
-    /// Makes the folder to write to, with the mode of the one that it replaces, and removes what
-    /// else runs that were killed have left. Locks the place if lock() has not. False: errorText().
+    /// Creates the folder to write to, with the mode of the one that it replaces, and removes other
+    /// remains of killed runs. Locks the target unless lock() has. On false see errorText().
     bool begin();
-    /// The place, without links.
+    /// Returns the target with links resolved.
     QString target() const { return m_target; }
     QString folder() const { return m_folder; }
-    /// Returns the name of the old folder while it is replaced by renames.
+    /// Returns the name of the old folder during a replacement by renames.
     QString oldFolder() const { return m_folder + QStringLiteral(".old"); }
-    /// Puts the folder in place, once it is on disk, and removes the old one.
+    /// Flushes the folder to disk, puts it in place and removes the old one.
     bool commit();
 
     QString errorText() const { return m_error; }

@@ -18,13 +18,13 @@ void append(QString& text, uint code)
     text.append(QString::fromUcs4(&character, 1));
 }
 
-/// Returns the readable part of a name for a folder name; drops joiners and marks of direction.
+/// Returns the readable part of a name for a folder name, without joiners and directional marks.
 QString readablePart(const QString& name)
 {
     constexpr uint lastAscii = 0x7f;
     const QVector<uint> codes = name.normalized(QString::NormalizationForm_KD).toLower().toUcs4();
     QString result;
-    bool takesMarks = false; // of scripts whose marks are more than accents
+    bool takesMarks = false; // of scripts whose combining marks are more than accents
     bool needsDash = false;
     for (const uint code : codes) {
         if (QChar::category(code) == QChar::Other_Format)
@@ -53,7 +53,7 @@ QString digest(const QString& name)
         QCryptographicHash::hash(text, QCryptographicHash::Sha256).toHex().left(digits));
 }
 
-/// Cuts between characters.
+/// Truncates between characters.
 QString cut(QString text, int bytes)
 {
     while (text.toUtf8().size() > bytes)

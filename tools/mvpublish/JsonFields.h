@@ -7,15 +7,15 @@
 #include <QString>
 #include <QStringList>
 
-/// The fields of one JSON object, read with complaints: a field of another type, one that is needed
-/// and missing, and one that nobody asked for are faults.
+/// Reads the fields of one JSON object strictly: a field of the wrong type, a missing required one
+/// and an unknown one are faults.
 class JsonFields
 {
 public:
-    /// `where` stands in front of every fault; `faults` must outlive this object.
+    /// `where` begins every fault; `faults` must outlive this object.
     JsonFields(QJsonObject object, QString where, QStringList& faults);
 
-    /// Reads a file that holds one object; an empty one and a fault if it does not.
+    /// Reads a file that contains one object; returns an empty one and adds a fault if it does not.
     static QJsonObject read(const QString& file, const QString& shownName, QStringList& faults);
 
     QString needed(const char* key);
@@ -29,7 +29,7 @@ public:
 
     bool has(const char* key) const { return m_object.contains(QLatin1String(key)); }
     void fault(const QString& text);
-    /// Complains of the fields that nobody asked for.
+    /// Adds a fault for every field that was not read.
     void finish();
 
 private:

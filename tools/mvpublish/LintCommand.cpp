@@ -11,7 +11,7 @@
 
 namespace {
 
-/// "clean", "1 error", "2 errors, 1 warning", "1 warning".
+/// Returns "clean", "1 error", "2 errors, 1 warning" or "1 warning".
 QString summary(int errors, int warnings)
 {
     QStringList counts;

@@ -2,7 +2,7 @@
 
 class Arguments;
 
-/// mvpublish lint
+/// Implements "mvpublish lint".
 namespace LintCommand {
 
 int run(const Arguments& arguments);

@@ -48,7 +48,7 @@ SourceSlots readSlots(const QJsonObject& object, const QString& where, QStringLi
     return result;
 }
 
-/// The library reads the text slot of the ends and the filter slot of the mask, and no other.
+/// The library reads only the text slot of start and end, and the filter slot of the mask.
 SourceSlots readEdge(JsonFields& fields, const char* key, EDependType only, const QString& where,
                      QStringList& faults)
 {
@@ -115,7 +115,7 @@ void readFiles(JsonFields& fields, SourceItem& item)
     item.definition = fields.text("definition");
 }
 
-/// A definition of the publisher's own is published as it stands.
+/// A definition of the publisher's own is published unchanged.
 void checkDefinition(JsonFields& fields, const SourceItem& item)
 {
     const QVector<QPair<const char*, bool>> written{

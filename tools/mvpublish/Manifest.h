@@ -12,12 +12,12 @@ public:
 
     static QString fileName() { return QStringLiteral("item.json"); }
 
-    /// `item` brings its folder and path. Faults say file and field.
+    /// Reads a manifest; `item` provides its folder and path. Faults name file and field.
     static void read(SourceItem& item, QStringList& faults);
 
-    /// Complains of names for nobody: keys that are no audience.
+    /// Adds a fault for every key that is not an audience.
     static void checkAudiences(JsonFields& fields, const char* key,
                                const QMap<QString, QString>& names);
-    /// Complains of names that users cannot read, or that are too long. `what` begins the fault.
+    /// Adds faults for names that users cannot read, or that are too long. `what` begins the fault.
     static void checkShown(JsonFields& fields, const QString& what, const QStringList& names);
 };

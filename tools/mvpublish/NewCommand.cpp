@@ -31,7 +31,7 @@ bool writeJson(const QString& file, const QJsonObject& object)
     return write(file, QJsonDocument(object).toJson());
 }
 
-/// The first item of a source brings the source's own manifest.
+/// Writes the source's own manifest for its first item.
 bool ensureCatalogue(const QString& source)
 {
     const QString file = source + QLatin1Char('/') + Source::manifestName();
@@ -39,7 +39,7 @@ bool ensureCatalogue(const QString& source)
         || writeJson(file, {{QStringLiteral("version"), QStringLiteral("1.0.0")}});
 }
 
-/// Writes all files that a catalogue needs of an item, as placeholders to be replaced.
+/// Writes placeholders for all files that a catalogue needs of an item.
 bool writeItem(const QString& folder, const QString& slug, const SKindInfo& kind,
                const QString& name)
 {

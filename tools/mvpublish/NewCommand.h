@@ -2,7 +2,7 @@
 
 class Arguments;
 
-/// mvpublish new
+/// Implements "mvpublish new".
 namespace NewCommand {
 
 int run(const Arguments& arguments);

@@ -4,17 +4,17 @@
 #include <QString>
 #include <QStringList>
 
-/// The names under which files are published, relative to the tree, and who publishes each.
-/// Capitals and small letters are not told apart, since some clients' file systems do not.
+/// The names under which files are published, relative to the tree, and the publisher of each.
+/// Names are compared without regard to case, since the file systems of some clients ignore it.
 class PublishedNames
 {
 public:
-    /// Reserves a name that every tree has.
+    /// Reserves a name that every tree contains.
     void reserve(const QString& name, const QString& owner);
-    /// A fault if somebody else publishes something under that name. `source` is the file that is
-    /// published, if several items may publish the same one.
+    /// Claims a name; it is a fault if another owner has claimed it. `source` is the published
+    /// file, if several items may publish it.
     void claim(const QString& name, const QString& owner, const QString& source);
-    /// Faults that show once all names are known, and those met before.
+    /// Returns all faults, including those that show only once all names are known.
     QStringList faults() const;
 
 private:
@@ -25,6 +25,6 @@ private:
         QString source;
     };
 
-    QMap<QString, Claim> m_claims; // by the name in small letters
+    QMap<QString, Claim> m_claims; // by lower-case name
     QStringList m_faults;
 };

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// An installation's shared files may have any name; its catalogue knows them.
+/// Returns the shared names, which only an installation's catalogue knows.
 QSet<QString> sharedNames(const QString& folder)
 {
     QSet<QString> names;
@@ -20,7 +20,7 @@ QSet<QString> sharedNames(const QString& folder)
     if (!file.open(QIODevice::ReadOnly))
         return names;
     QXmlStreamReader reader(&file);
-    while (!reader.atEnd() && !reader.hasError()) { // where reading fails, the end never comes
+    while (!reader.atEnd() && !reader.hasError()) { // after a failed read, the end is never reached
         if (reader.readNext() != QXmlStreamReader::StartElement
             || reader.name() != QLatin1String("Url"))
             continue;

@@ -5,8 +5,8 @@
 /// A folder that a build is about to replace.
 namespace ReplacedTree {
 
-/// Returns why the folder must not go: it cannot be read, or holds an entry that is no part of a
-/// server's tree or, if `installed`, of an installation. Empty if nothing else is lost with it.
+/// Returns why the folder must be kept: it cannot be read, or contains an entry that does not
+/// belong to a server's tree or, if `installed`, to an installation. Empty if it may be replaced.
 QString fault(const QString& folder, bool installed);
 
 } // namespace ReplacedTree

@@ -2,7 +2,7 @@
 
 class Arguments;
 
-/// mvpublish serve
+/// Implements "mvpublish serve".
 namespace ServeCommand {
 
 int run(const Arguments& arguments);

@@ -148,7 +148,7 @@ void Source::checkGuids()
     }
 }
 
-/// Items are named by their folder or by their GUID.
+/// Resolves the items used, which are named by their folder or by their GUID.
 void Source::resolveUses()
 {
     QHash<QString, const SourceItem*> known;
@@ -203,11 +203,11 @@ void Source::checkFiles()
     }
 }
 
-/// The folder that is packed into the archive of that name; empty if there is none, or a file.
+/// Returns the folder to pack into the archive of that name; empty if there is none, or a file.
 QString Source::folderToPack(const SourceItem& item, const QString& name) const
 {
     if (!FileNames::fault(name).isEmpty())
-        return QString(); // Qt warns of some names when it looks for them on disk
+        return QString(); // Qt warns about some names when looking for them on disk
     const QString file = item.folder + QLatin1Char('/') + name;
     const QString folder = FileNames::packedFolder(file);
     const bool isPacked = !QFileInfo::exists(file) && FileNames::isFolderBelow(m_folder, folder);
@@ -256,7 +256,7 @@ void Source::checkPicture(const SourceItem& item, const QString& folder, const Q
                               .arg(item.path, name));
 }
 
-/// Archives hold files only; nothing else is left out in silence.
+/// Archives contain files only; anything else that would be omitted is a fault.
 void Source::checkPacked(const SourceItem& item, const QString& folder)
 {
     QStringList paths;
@@ -272,7 +272,7 @@ void Source::checkPacked(const SourceItem& item, const QString& folder)
     }
 }
 
-/// Items of a kind share the folder of their previews, and all items that of the shared files.
+/// Items of a kind share a folder for their previews, and all items share one for shared files.
 void Source::checkPublishedNames()
 {
     const QString config = QStringLiteral("config/");
@@ -304,7 +304,7 @@ void Source::checkPublishedNames()
     m_faults.append(names.faults());
 }
 
-/// In an installation shared files lie beside the tree's own folders.
+/// In an installation, shared files are next to the tree's own folders.
 void Source::checkSharedFolders(const SourceItem& item)
 {
     for (const QString& name : item.shared) {

@@ -6,7 +6,7 @@
 
 #include <vector>
 
-/// A publisher's source, as mvpublish reads it: a folder with a manifest "catalogue.json" and, at
+/// A publisher's source as mvpublish reads it: a folder with a manifest "catalogue.json" and, at
 /// any depth, one folder per item.
 ///
 ///     catalogue.json      version, names of the "none" entry
@@ -16,23 +16,23 @@
 class Source
 {
 public:
-    /// Reads and checks everything. False: faults() says what to put right, a line for each fault.
+    /// Reads and checks everything. On false faults() has a line for each fault.
     bool read(const QString& folder);
     const QStringList& faults() const { return m_faults; }
-    /// Returns a line for each thing that can be published and should not be.
+    /// Returns a line for each thing that can be published but should not be.
     const QStringList& warnings() const { return m_warnings; }
 
     QString folder() const { return m_folder; }
     QString version() const { return m_version; }
     QString noneName(const QString& audience) const;
-    /// The pictures of the "none" entry by the name under which they are published.
+    /// Returns the pictures of the "none" entry by the names under which they are published.
     const QMap<QString, QString>& nonePictures() const { return m_nonePictures; }
-    /// In the order in which catalogues list them.
+    /// Returns the items in the order of the catalogues' lists.
     const std::vector<SourceItem>& items() const { return m_items; }
 
     static QString manifestName() { return QStringLiteral("catalogue.json"); }
     static QString sharedFolder() { return QStringLiteral("shared"); }
-    /// Returns whether a folder of that name directly below the source holds something else than
+    /// Returns whether a folder of that name directly below the source has a purpose other than
     /// items.
     static bool isSpecialFolder(const QString& name);
 

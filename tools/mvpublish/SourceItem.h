@@ -11,18 +11,18 @@
 /// An item in a slot of a theme, with the attributes that the editor applies.
 struct SourceUse
 {
-    QString item; ///< as the manifest names it; the GUID once the source has been read
+    QString item; ///< as named in the manifest; the GUID once the source has been read
     QMap<QString, QString> attributes;
 };
 
-/// The slots of one part of a theme by their names in the theme's file.
+/// The slots of one part of a theme.
 using SourceSlots = QMap<EDependType, SourceUse>;
 
-/// One item as its manifest describes it. File names are relative to the item's folder.
+/// One item as described by its manifest. File names are relative to the item's folder.
 struct SourceItem
 {
     QString folder; ///< absolute
-    QString path;   ///< the folder relative to the source; the item's name in messages
+    QString path;   ///< the folder relative to the source, which names the item in messages
     ECfgItemType type = eCfgItem_Filter;
     QString guid;
     QString name;
@@ -36,7 +36,7 @@ struct SourceItem
     QString animation;
     QStringList files;  ///< published below the item's GUID
     QStringList shared; ///< relative to the source's folder "shared", published as they are named
-    QString definition; ///< a file to publish as the item's definition; empty: one is written
+    QString definition; ///< a file to publish as the item's definition; if empty, one is generated
     QString family;
     QMap<QString, QString> parameters;
     QVector<SourceSlots> scenes;

@@ -15,13 +15,13 @@ namespace {
 
 const QString catalogues = Editions::catalogueFolder + QLatin1Char('/');
 
-/// Readable by whoever serves the tree, whatever the source was.
+/// Readable by any server, whatever the permissions in the source.
 constexpr QFileDevice::Permissions served = QFileDevice::ReadOwner | QFileDevice::WriteOwner
     | QFileDevice::ReadGroup | QFileDevice::ReadOther;
 constexpr QFileDevice::Permissions entered =
     served | QFileDevice::ExeOwner | QFileDevice::ExeGroup | QFileDevice::ExeOther;
 
-/// Closes a file that was written. False, with an error text, also where the file system tells only
+/// Closes a written file. Returns false, with an error text, even if the file system reports only
 /// then that it could not store everything.
 bool close(QFile& file)
 {
@@ -29,7 +29,7 @@ bool close(QFile& file)
     return file.error() == QFileDevice::NoError;
 }
 
-/// The folder of a file or folder of the tree; empty for the tree itself.
+/// Returns the folder of an entry of the tree; empty for the tree itself.
 QString parentOf(const QString& name)
 {
     return name.left(std::max(0, name.lastIndexOf(QLatin1Char('/'))));
@@ -194,7 +194,7 @@ bool TreeBuilder::write(const QString& name, const QByteArray& content)
     return ok || fail(QStringLiteral("%1: %2").arg(file.fileName(), file.errorString()));
 }
 
-/// Not QFile::copy(), which waits for the disk after every file.
+/// Not QFile::copy(), which flushes every file to disk.
 bool TreeBuilder::copy(const QString& from, const QString& name)
 {
     constexpr qint64 piece = 1 << 20;
@@ -240,7 +240,7 @@ bool TreeBuilder::pack(const QString& folder, const QString& name)
     return true;
 }
 
-/// Makes the folder of a file that is about to be written.
+/// Creates the folder of a file that is about to be written.
 bool TreeBuilder::place(const QString& name)
 {
     m_written.insert(name);
@@ -248,7 +248,7 @@ bool TreeBuilder::place(const QString& name)
     return makeFolder(parentOf(name));
 }
 
-/// Whoever serves the tree can read it, whatever the umask is.
+/// Creates a folder that any server can read, whatever the umask.
 bool TreeBuilder::makeFolder(const QString& name)
 {
     if (name.isEmpty() || m_folders.contains(name))

@@ -7,7 +7,7 @@
 
 class Source;
 
-/// Writes a whole tree from a source into an empty folder. The version files come last.
+/// Writes a whole tree from a source into an empty folder, the version files last.
 class TreeBuilder
 {
 public:
@@ -15,9 +15,9 @@ public:
 
     /// Writes the tree that a resource server publishes, for these editions.
     bool writeServer(const QString& folder, const QVector<Edition>& editions);
-    /// Writes the tree that the application installs: a catalogue of the items marked as installed
-    /// and of those that they use, the previews of the former, and the files of built-in items. It
-    /// is the application's folder "Resource".
+    /// Writes the tree that the application installs, its folder "Resource": a catalogue of the
+    /// items marked as installed and of those that they use, the previews of the former, and the
+    /// files of built-in items.
     bool writeInstallation(const QString& folder);
 
     /// Returns why it failed.

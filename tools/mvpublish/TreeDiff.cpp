@@ -16,7 +16,7 @@ namespace {
 
 using ItemKey = QPair<int, QString>; // kind and GUID
 
-/// The part of a tree that users see by one display catalogue.
+/// The part of a tree that users see through one display catalogue.
 struct Shown
 {
     QVector<ItemKey> order;
@@ -63,7 +63,7 @@ TreeDiff compareItems(const Shown& before, const Shown& after)
     return diff;
 }
 
-/// Merges lists: a line that all catalogues share appears once, others name their catalogue.
+/// Merges lists: a line in all catalogues appears once, other lines name their catalogue.
 QStringList merged(const QMap<QString, TreeDiff>& diffs, QStringList TreeDiff::*list)
 {
     QHash<QString, int> counts;
@@ -84,7 +84,7 @@ QStringList merged(const QMap<QString, TreeDiff>& diffs, QStringList TreeDiff::*
     return result;
 }
 
-/// The edition's version file in the other tree, or null.
+/// Returns the edition's version file in the other tree, or null.
 const PublishedVersion* sameEdition(const ReadTree& tree, const PublishedVersion& version)
 {
     const auto found = std::find_if(
@@ -103,14 +103,14 @@ QString editionsOf(const PublishedVersion& version)
     return names.join(QStringLiteral(", "));
 }
 
-/// Versions are compared without their dots.
+/// Compares versions without their dots.
 bool haveSameVersion(const PublishedVersion& a, const PublishedVersion& b)
 {
     const auto digits = [](QString version) { return version.remove(QLatin1Char('.')); };
     return digits(a.content.m_qsVersion) == digits(b.content.m_qsVersion);
 }
 
-/// Sizes by name.
+/// Returns file sizes by name.
 QMap<QString, qint64> filesOf(const ReadTree& tree)
 {
     QMap<QString, qint64> files;
@@ -136,7 +136,7 @@ qint64 bytesOf(const QVector<TreeDiff::File>& files)
     return sum;
 }
 
-/// New and changed files, sorted into what they mean; catalogues are for the editions.
+/// Classifies new and changed files; catalogues are handled by the editions.
 void compareFiles(const ReadTree& before, const ReadTree& after, TreeDiff& diff,
                   QMap<QString, qint64>& changedCatalogues)
 {

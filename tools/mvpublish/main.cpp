@@ -1,4 +1,4 @@
-// mvpublish: for the people who run a resource server. Makes, checks and serves its tree.
+// mvpublish: creates, checks and serves the tree of a resource server, for its operators.
 
 #include "Arguments.h"
 #include "BuildCommand.h"

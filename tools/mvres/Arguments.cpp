@@ -75,7 +75,7 @@ struct Options
         switchOption("verbose", "write the library's log to standard error");
     QCommandLineOption off = switchOption("off", "favourite: take the mark away");
     QCommandLineOption wait = switchOption("wait", "check: return when its threads have ended");
-    // Not addHelpOption(): it also offers a help on options of Qt's, which are not read here.
+    // Not addHelpOption(): it also offers help on Qt's own options, which are not parsed here.
     QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")},
                             QStringLiteral("print this help")};
     QCommandLineOption version = switchOption("version", "print the version");
@@ -155,7 +155,7 @@ bool Arguments::readParams(const QStringList& texts)
     return true;
 }
 
-/// Names of files are appended to the root as they are, so it ends where a name can follow.
+/// File names are appended unchanged to the root, so it must end where a name can follow.
 bool Arguments::readServer(const QString& text)
 {
     const QUrl url(text);

@@ -6,11 +6,11 @@
 
 class QCoreApplication;
 
-/// The command line of mvres, checked as far as that is possible without reading anything.
+/// The command line of mvres, validated as far as possible without reading files.
 class Arguments
 {
 public:
-    /// Prints help or version and ends the process where that is asked for. False: errorText().
+    /// Prints help or version and ends the process if asked to. On false see errorText().
     bool parse(const QCoreApplication& application);
     QString errorText() const { return m_error; }
 

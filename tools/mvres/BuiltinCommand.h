@@ -2,7 +2,7 @@
 
 class Arguments;
 
-/// mvres builtin DIR
+/// Implements "mvres builtin DIR".
 class BuiltinCommand
 {
 public:

@@ -4,14 +4,14 @@
 
 class QJsonObject;
 
-/// Failures as mvres tells them to programs.
+/// Failures as mvres reports them to programs.
 namespace Causes {
 
-/// "diskFull", "noPermission", "localFile", "unreachable", "connectionLost", "notOnServer",
-/// "serverError", "badAddress", "tooLarge", "damaged", "cancelled"; empty for no failure.
+/// Returns "diskFull", "noPermission", "localFile", "unreachable", "connectionLost", "notOnServer",
+/// "serverError", "badAddress", "tooLarge", "damaged" or "cancelled"; empty for no failure.
 QString word(EFailureCause cause);
 
-/// Cause, text for people, address, local file and details.
+/// Returns cause, readable text, address, local file and details.
 QJsonObject toJson(const STransferFailure& failure);
 
 } // namespace Causes

@@ -112,7 +112,7 @@ int CheckCommand::status() const
     return endOf(result.m_check.m_eEnd).status;
 }
 
-/// Returns why the exit status is one of failure; empty if it is not.
+/// Returns the reason for an exit status that indicates failure; empty otherwise.
 QString CheckCommand::errorText() const
 {
     const SCatalogueCheckResult& check = m_update.result().m_check;
@@ -134,7 +134,7 @@ QString CheckCommand::errorText() const
     }
 }
 
-/// The reason for people: what they can do something about comes first.
+/// Returns a readable reason, actionable information first.
 QString CheckCommand::catalogueReason() const
 {
     const SCatalogueCheckResult& check = m_update.result().m_check;

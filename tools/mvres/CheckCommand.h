@@ -6,11 +6,11 @@
 
 class Arguments;
 
-/// mvres check [--wait]
+/// Implements "mvres check [--wait]".
 ///
-/// Checks the server's catalogue and fetches what is missing of it and of the previews. The exit
-/// status tells how the catalogue's check ended and, where that is in order, whether previews could
-/// not be fetched.
+/// Checks the server's catalogue and fetches the missing parts of it and of the previews. The exit
+/// status tells how the catalogue's check ended and, if that succeeded, whether previews could not
+/// be fetched.
 class CheckCommand
 {
 public:

@@ -18,7 +18,7 @@ int widthOf(uint character)
     return width < 0 ? 1 : width; // printed as "?"
 }
 
-/// As many characters from the front as fit.
+/// Returns as many leading characters as fit.
 QString fitting(const QVector<uint>& characters, int width)
 {
     int count = 0;

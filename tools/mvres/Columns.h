@@ -2,16 +2,16 @@
 
 #include <QString>
 
-/// Texts in the columns of a terminal, where some characters take two and some none.
+/// Lays out texts in terminal columns, where some characters occupy two and some none.
 namespace Columns {
 
-/// Returns how many columns the text takes.
+/// Returns how many columns the text occupies.
 int width(const QString& text);
-/// The text with blanks behind it, up to that width.
+/// Returns the text padded with blanks to that width.
 QString padded(const QString& text, int width);
-/// The text, its middle replaced by "..." if it is wider.
+/// Returns the text, with its middle replaced by "..." if it is wider.
 QString elided(const QString& text, int width);
-/// The width of the terminal on standard output; 80 if it does not tell.
+/// Returns the width of the terminal on standard output; 80 if unknown.
 int ofTerminal();
 
 } // namespace Columns

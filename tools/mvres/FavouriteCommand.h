@@ -2,7 +2,7 @@
 
 class Arguments;
 
-/// mvres favourite GUID [--off]
+/// Implements "mvres favourite GUID [--off]".
 class FavouriteCommand
 {
 public:

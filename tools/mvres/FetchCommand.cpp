@@ -81,7 +81,7 @@ int FetchCommand::run(const Arguments& arguments)
     return status;
 }
 
-/// The items named, each once; `unknown` becomes the first GUID that names none.
+/// Returns the named items, each once; sets `unknown` to the first GUID without an item.
 QVector<SCfg_Item*> FetchCommand::itemsOf(const QStringList& guids, QString& unknown)
 {
     QVector<SCfg_Item*> items;
@@ -152,7 +152,7 @@ void FetchCommand::appendJson(SCfg_Item& item, const ItemFiles& files,
                               const SItemDownloadResult& result)
 {
     QJsonObject object = Items::toJson(item);
-    // A download that is cancelled in its last file ends with that file's code.
+    // A download cancelled during its last file ends with that file's code.
     const bool isCancelled = result.m_eEnd == eItemDownload_Cancelled;
     object.insert(QStringLiteral("result"),
                   static_cast<int>(isCancelled ? eDownLoadError_Cancel : result.m_eError));

@@ -8,10 +8,10 @@
 class Arguments;
 class ItemFiles;
 
-/// mvres fetch GUID...
+/// Implements "mvres fetch GUID...".
 ///
-/// Fetches the items one after another; after one that fails the others are still tried, after an
-/// interrupt they are not. The exit status names the cause of the first failure.
+/// Fetches the items one after the other and continues after a failure, but not after an interrupt.
+/// The exit status is determined by the cause of the first failure.
 class FetchCommand
 {
 public:

@@ -9,7 +9,7 @@
 
 namespace {
 
-int ends[2] = {-1, -1}; // a handler may only write; the event loop reads the other end
+int ends[2] = {-1, -1}; // a signal handler may only write; the event loop reads the other end
 
 void handle(int)
 {
@@ -31,7 +31,7 @@ void install(int number)
 Interrupt::Interrupt()
 {
     if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0)
-        return; // then an interrupt ends the process at once
+        return; // an interrupt then ends the process at once
     m_notifier = std::make_unique<QSocketNotifier>(ends[1], QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this, [this] {
         m_notifier->setEnabled(false);

@@ -6,7 +6,7 @@
 
 class QSocketNotifier;
 
-/// Turns the first SIGINT or SIGTERM into a signal of the event loop; a second one ends the
+/// Delivers the first SIGINT or SIGTERM as a signal of the event loop; a second one ends the
 /// process as usual. One object per process, on the main thread.
 class Interrupt : public QObject
 {

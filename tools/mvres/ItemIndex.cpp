@@ -6,8 +6,8 @@
 
 namespace {
 
-/// A GUID as catalogues write it, from one in any case, with or without braces; empty for any other
-/// text. QUuid alone would overlook what follows a GUID.
+/// Returns a GUID as written in catalogues, from one in any case, with or without braces; empty for
+/// any other text. QUuid alone would ignore a suffix.
 QString canonical(const QString& guid)
 {
     const QUuid id(guid);

@@ -2,19 +2,19 @@
 
 #include "catalogue/CatalogueIndex.h"
 
-/// Finds the catalogue's items by GUID, for commands that look for many: any number of searches
-/// stays linear in the catalogue, which must not be loaded again meanwhile.
+/// Finds many of the catalogue's items by GUID: any number of searches takes time linear in the
+/// catalogue, which must not be reloaded meanwhile.
 class ItemIndex
 {
 public:
     ItemIndex();
 
-    /// The item with that GUID, shown ones first, or null. Braces may be missing, case may differ.
-    /// Owned by the catalogue.
+    /// Returns the item with that GUID, shown ones first, or null. Braces are optional, case is
+    /// ignored. Owned by the catalogue.
     SCfg_Item* find(const QString& guid);
 
-    /// The item's display name; items of the config catalogue have it from their shown twin, if
-    /// any.
+    /// Returns the item's display name; an item of the config catalogue has that of its shown
+    /// counterpart, if any.
     QString nameOf(const SCfg_Item& item);
 
 private:

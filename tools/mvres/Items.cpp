@@ -35,7 +35,7 @@ QVector<SCfg_Item*> displayed(ECfgItemType kind)
     QVector<SCfg_Item*> items;
     items.reserve(shown.size());
     for (const SCfg_Item& item : shown) {
-        // Found by position, not by GUID: a catalogue can list an item twice.
+        // By position, not by GUID: a catalogue can list an item twice.
         items.append(const_cast<SCfg_Item*>(&item));
     }
     return items;

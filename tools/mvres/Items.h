@@ -9,25 +9,26 @@
 #include <QString>
 #include <QVector>
 
-/// The catalogue's items as mvres names, finds and describes them.
+/// Names, finds and describes the catalogue's items for mvres.
 namespace Items {
 
-/// "filter", "transition", "motion", "theme", "bgmaterial".
+/// Returns "filter", "transition", "motion", "theme" or "bgmaterial".
 QString kindName(ECfgItemType kind);
-/// The kind of that name, in any case, with or without a plural s; false if there is none.
+/// Returns the kind of that name, ignoring case, with or without a plural s; false if there is
+/// none.
 bool kindOf(const QString& name, ECfgItemType& kind);
-/// "others", "festivals", "travel", "banquets"; "-" for what is no theme.
+/// Returns "others", "festivals", "travel" or "banquets"; "-" for other kinds.
 QString themeTypeName(const SCfg_Item& item);
 
-/// The shown items of a kind; owned by the catalogue.
+/// Returns the shown items of a kind; owned by the catalogue.
 QVector<SCfg_Item*> displayed(ECfgItemType kind);
 
-/// GUID, kind, name, theme type, favourite and missing files.
+/// Returns GUID, kind, name, theme type, favourite and missing files.
 QJsonObject toJson(SCfg_Item& item);
 
-/// "thumbnail", "preview", "config" or "resource".
+/// Returns "thumbnail", "preview", "config" or "resource".
 QString roleName(ItemFiles::Role role);
-/// Role, path, address, presence and size of each file.
+/// Returns role, path, address, presence and size of each file.
 QJsonArray toJson(const ItemFiles& files);
 
 } // namespace Items

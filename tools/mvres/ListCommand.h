@@ -2,7 +2,7 @@
 
 class Arguments;
 
-/// mvres list [KIND]
+/// Implements "mvres list [KIND]".
 class ListCommand
 {
 public:

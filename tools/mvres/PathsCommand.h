@@ -3,7 +3,7 @@
 class Arguments;
 class Session;
 
-/// mvres paths
+/// Implements "mvres paths".
 class PathsCommand
 {
 public:

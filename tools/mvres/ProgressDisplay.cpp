@@ -14,7 +14,7 @@ namespace {
 
 constexpr int widestBar = 40;
 constexpr int narrowestBar = 10;
-// Brackets, blanks, and the percentage of three digits.
+// Brackets, blanks, and a percentage of three digits.
 constexpr int widthAroundBar = 2 + 3 + 4;
 
 } // namespace
@@ -48,7 +48,7 @@ QString ProgressDisplay::fileName() const
                             : Console::oneLine(QFileInfo(m_file).fileName());
 }
 
-/// The line must fit: "\r" does not lead back over the edge of the terminal.
+/// The line must fit: "\r" does not return across a wrapped line.
 void ProgressDisplay::drawBar(int percent) const
 {
     const int room = Columns::ofTerminal() - 1;
@@ -63,7 +63,7 @@ void ProgressDisplay::drawBar(int percent) const
     const QString line = QStringLiteral("%1 [%2] %3% %4")
                              .arg(title, bar, QString::number(percent).rightJustified(3),
                                   Columns::elided(file, texts - Columns::width(title)));
-    // To the line's start, and clear what an earlier, longer file name left.
+    // Returns to the line's start and clears the rest of an earlier, longer file name.
     std::printf("\r%s\033[K", line.toLocal8Bit().constData());
     std::fflush(stdout);
 }

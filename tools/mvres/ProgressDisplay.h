@@ -3,7 +3,7 @@
 #include <QString>
 
 /// The progress of one download: a bar on a terminal, otherwise a line whenever another file is
-/// being fetched. Prints on standard output.
+/// being fetched. Prints to standard output.
 class ProgressDisplay
 {
 public:
@@ -11,7 +11,7 @@ public:
 
     ProgressDisplay(const QString& title, Style style);
 
-    /// `percent` from 0 to 100; `file` is the local path of the file being fetched, may be empty.
+    /// `percent` is 0 to 100; `file` is the local path of the file being fetched, or empty.
     void update(double percent, const QString& file);
     /// Ends the bar's line.
     void finish();

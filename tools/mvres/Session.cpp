@@ -29,7 +29,7 @@ bool Session::open(const Arguments& arguments)
     if (!applySettings(arguments) || !checkFolders(arguments))
         return false;
     MVThemeMgr::init()->setResourceSaveRootPath(m_root);
-    // A check reads the catalogue files by itself, once more would take as long and as much memory.
+    // A check reads the catalogue files itself; loading them here would double time and memory.
     if (arguments.command != QLatin1String("check"))
         loadCatalogue();
     return true;
@@ -39,7 +39,7 @@ bool Session::applySettings(const Arguments& arguments)
 {
     HostSettings& settings = hostSettings();
     settings = HostSettings::recommended();
-    // This tool shows themes with what they depend on, unless it is told otherwise.
+    // This tool shows themes with their dependencies, unless configured otherwise.
     settings.productParams.insert(ProductParam::hasThemes, QStringLiteral("1"));
     if (!arguments.settingsFile.isEmpty() && !loadHostSettings(arguments.settingsFile, &m_error))
         return false;
@@ -55,7 +55,7 @@ bool Session::applySettings(const Arguments& arguments)
 bool Session::checkFolders(const Arguments& arguments)
 {
     const HostSettings& settings = hostSettings();
-    // The default folder may be missing: a downloaded catalogue is enough.
+    // The default folder is optional: a downloaded catalogue is sufficient.
     const bool resourcesNamed = settings.resourcesPath != HostSettings().resourcesPath;
     if (resourcesNamed && !QFileInfo(settings.resourcesPath).isDir())
         return fail(QStringLiteral("no such resources folder: %1").arg(settings.resourcesPath));

@@ -4,19 +4,20 @@
 
 class Arguments;
 
-/// Makes mvres a host: settings, product parameters, download root, and the loaded catalogue, which
-/// may be empty.
+/// Sets up mvres as a host: settings, product parameters, download root, and the loaded catalogue,
+/// which may be empty.
 class Session
 {
 public:
-    /// Applies the arguments and loads the catalogue, unless the command is a check. False:
-    /// errorText() says why.
+    /// Applies the arguments and loads the catalogue, unless the command is a check. On false see
+    /// errorText().
     bool open(const Arguments& arguments);
     QString errorText() const { return m_error; }
 
-    /// The download root in use.
+    /// Returns the download root in use.
     QString root() const { return m_root; }
-    /// Returns why the catalogue has no items, for people; empty if it has, or was not loaded.
+    /// Returns a readable reason why the catalogue has no items; empty if it has, or was not
+    /// loaded.
     QString emptyText() const { return m_emptyText; }
 
 private:

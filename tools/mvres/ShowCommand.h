@@ -2,7 +2,7 @@
 
 class Arguments;
 
-/// mvres show GUID
+/// Implements "mvres show GUID".
 class ShowCommand
 {
 public:

@@ -1,4 +1,4 @@
-// mvres: a resource manager host without a window, for scripts and for people who run a server.
+// mvres: a resource manager host without a window, for scripts and for server operators.
 
 #include "Arguments.h"
 #include "BuiltinCommand.h"
@@ -42,7 +42,7 @@ int main(int argc, char** argv)
     QCoreApplication::setApplicationVersion(QStringLiteral(MV_VERSION));
 
     if (QCoreApplication::arguments().contains(QStringLiteral("--json")))
-        Console::reportFailuresAsJson(); // also where the other arguments cannot be understood
+        Console::reportFailuresAsJson(); // even if the other arguments are invalid
     Arguments arguments;
     if (!arguments.parse(application))
         return Console::fail(ExitStatus::usage, arguments.errorText());

@@ -92,7 +92,7 @@ void ClientStream::get_remote_ip_and_port(std::string& /*ip*/, int& /*port*/) co
 
 void ClientStream::get_local_ip_and_port(std::string& /*ip*/, int& /*port*/) const { }
 
-/// Receives more of the request. False: nothing more can be read.
+/// Receives more of the request. Returns false if nothing more can be read.
 bool ClientStream::fill()
 {
     const size_t room = std::min(m_buffer.size(), maxRequestBytes - m_received);
@@ -113,7 +113,7 @@ bool ClientStream::fill()
     return false;
 }
 
-/// Waits until the socket is ready for the event or has failed. False: not until then.
+/// Waits until the socket is ready for the event or has failed. Returns false on a timeout.
 bool ClientStream::wait(short event, Clock::time_point end) const
 {
     for (;;) {

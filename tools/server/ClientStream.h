@@ -24,20 +24,20 @@ public:
     ~ClientStream() override;
     Q_DISABLE_COPY_MOVE(ClientStream)
 
-    /// Returns the time until `end` in the form that poll() and epoll_wait() take; 0 once it has
+    /// Returns the time until `end` in the form used by poll() and epoll_wait(); 0 once it has
     /// passed.
     static int timeoutMs(Clock::time_point end);
 
-    /// Starts to count the time and the size of a request. Call it when one begins to arrive.
+    /// Starts counting the time and the size of a request. Call it when one begins to arrive.
     void beginRequest();
-    /// Returns whether the current request did not arrive in time, or its client was given up.
+    /// Returns whether the current request did not arrive in time, or giveUp() was called.
     bool isOverdue() const { return m_isOverdue || m_isGivenUp; }
     /// Returns whether no further request can be read: the connection has ended or failed, a
     /// request was overdue or larger than 64 KiB, or endAfterAnswer() was called.
     bool isExhausted() const { return m_isExhausted || m_isGivenUp; }
     /// Makes the current request the last one of the connection.
     void endAfterAnswer() { m_isExhausted = true; }
-    /// Returns whether a part of the next request has been received already.
+    /// Returns whether part of the next request has already been received.
     bool hasInput() const { return m_next < m_end; }
 
     /// Returns the time when the current request began or, once it is being answered, when the
@@ -51,7 +51,7 @@ public:
     bool is_writable() const override;
     ssize_t read(char* data, size_t size) override;
     ssize_t write(const char* data, size_t size) override;
-    /// Leave their arguments alone: no handler asks for addresses, all clients are on this machine.
+    /// Leave their arguments unset: no handler needs addresses, as all clients are on this machine.
     void get_remote_ip_and_port(std::string& ip, int& port) const override;
     void get_local_ip_and_port(std::string& ip, int& port) const override;
     socket_t socket() const override { return m_socket; }
@@ -63,8 +63,8 @@ private:
     const int m_socket;
     const ServerLimits m_limits;
     std::array<char, 4096> m_buffer = {};
-    size_t m_next = 0;     // received and not yet read: from here
-    size_t m_end = 0;      // to here in the buffer
+    size_t m_next = 0;     // start of the unread data in the buffer
+    size_t m_end = 0;      // end of the unread data
     size_t m_received = 0; // bytes of the current request
     Clock::time_point m_requestEnd;
     bool m_isOverdue = false;

@@ -10,12 +10,12 @@
 
 namespace {
 
-/// A client that has been quiet for less is never cut off, however many others wait.
+/// A client that has been quiet for less time is never cut off, however many others wait.
 constexpr std::chrono::milliseconds patience(200);
-/// Pause between two looks for quiet clients while others wait.
+/// Pause between two checks for quiet clients while others wait.
 constexpr std::chrono::milliseconds lookPause(50);
 
-constexpr quint64 endId = 0; // no connection has it
+constexpr quint64 endId = 0; // not used by any connection
 
 } // namespace
 
@@ -67,7 +67,7 @@ void Connections::add(int socket)
         m_connections.erase(place);
 }
 
-/// Runs on a thread of its own until the connections end.
+/// Runs on a separate thread until the connections end.
 void Connections::watch()
 {
     std::array<epoll_event, 64> events = {};
@@ -82,8 +82,8 @@ void Connections::watch()
         for (int i = 0; i < count; ++i)
             beginRequest(events.at(static_cast<size_t>(i)).data.u64);
         const Clock::time_point now = Clock::now();
-        // A connection that becomes idle meanwhile is not due before the time that closeIdle()
-        // returned.
+        // A connection that becomes idle meanwhile is not due before the time returned by
+        // closeIdle().
         if (now >= closing)
             closing = closeIdle(now);
         next = std::min(closing, makeWay(now));
@@ -94,7 +94,7 @@ void Connections::beginRequest(Id id)
 {
     const auto found = m_connections.find(id);
     if (found == m_connections.end())
-        return; // replaced by another connection since
+        return; // replaced by another connection meanwhile
     found->second.state = State::Waiting;
     ++m_waiting;
     m_workers.start([this, id] { serve(id); });
@@ -124,7 +124,7 @@ void Connections::serve(Id id)
         m_connections.erase(id);
 }
 
-/// Has the next input of a connection reported to the watching thread, once.
+/// Makes the watching thread report the next input of a connection, once.
 bool Connections::watchForRequest(const std::pair<const Id, Connection>& place, int operation) const
 {
     epoll_event event = {};
@@ -133,7 +133,7 @@ bool Connections::watchForRequest(const std::pair<const Id, Connection>& place, 
     return ::epoll_ctl(m_events, operation, place.second.client->socket(), &event) == 0;
 }
 
-/// Closes the connections that have been idle for too long. Returns when to look again.
+/// Closes the connections that have been idle for too long. Returns the time of the next check.
 Connections::Clock::time_point Connections::closeIdle(Clock::time_point now)
 {
     Clock::time_point next = now + m_limits.idle;
@@ -147,8 +147,8 @@ Connections::Clock::time_point Connections::closeIdle(Clock::time_point now)
     return next;
 }
 
-/// Cuts off the clients that have been quiet for longest, one for each that waits for a thread.
-/// Returns when to look again.
+/// Cuts off the clients that have been quiet longest, one for each client waiting for a thread.
+/// Returns the time of the next check.
 Connections::Clock::time_point Connections::makeWay(Clock::time_point now)
 {
     if (m_waiting == 0)

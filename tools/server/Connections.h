@@ -11,12 +11,12 @@
 #include <unordered_map>
 #include <utility>
 
-/// The open connections of a server. One thread watches all that are idle; a connection occupies a
+/// The open connections of a server. One thread watches all idle ones; a connection occupies a
 /// thread of the pool only from the first byte of a request to the end of its answer.
 class Connections
 {
 public:
-    /// Reads a request and answers it, on a thread of the pool. Returns whether the connection can
+    /// Reads and answers a request, on a thread of the pool. Returns whether the connection can
     /// carry another request.
     using Answer = std::function<bool(ClientStream& client)>;
 
@@ -25,12 +25,12 @@ public:
     ~Connections();
     Q_DISABLE_COPY_MOVE(Connections)
 
-    /// Returns whether the system had the descriptors to watch connections; without them none is
-    /// served.
+    /// Returns whether the descriptors for watching connections could be created; without them none
+    /// is served.
     bool isValid() const;
 
     /// Takes ownership of a connected socket. Closes it if there are too many connections and none
-    /// of them is idle. On any thread.
+    /// is idle. Any thread.
     void add(int socket);
 
 private:

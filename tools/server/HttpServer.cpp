@@ -6,11 +6,11 @@ namespace {
 
 constexpr const char* loopback = "127.0.0.1";
 
-/// Send buffer of a connection, which the kernel doubles. Left alone it grows to megabytes, and the
+/// Send buffer of a connection, which the kernel doubles. By default it grows to megabytes, and the
 /// kernel reports room only when a third is free: a slow reader would seem stalled for minutes.
 constexpr int sendBufferBytes = 64 * 1024;
 
-/// Hands sockets on within the thread that accepts them; nothing blocks there.
+/// Runs tasks on the accepting thread, which only passes on sockets and never blocks.
 class DirectTasks final : public httplib::TaskQueue
 {
 public:
@@ -19,7 +19,7 @@ public:
 };
 
 /// Sets the options of the listening socket; accepted ones inherit the buffer size. httplib's own
-/// options would let a second server bind the same port, and each would get a part of the requests.
+/// options would let a second server bind the same port, and each would get some of the requests.
 void setOptions(int socket)
 {
     const int on = 1;
@@ -27,7 +27,7 @@ void setOptions(int socket)
     ::setsockopt(socket, SOL_SOCKET, SO_SNDBUF, &sendBufferBytes, sizeof sendBufferBytes);
 }
 
-/// The client of the request that this thread answers, for the handlers of httplib.
+/// The client whose request this thread is answering, for httplib's handlers.
 thread_local ClientStream* currentClient = nullptr;
 
 /// Corrects the answer that httplib is about to send.
@@ -35,7 +35,7 @@ void finishAnswer(const httplib::Request& request, httplib::Response& response)
 {
     if (response.status == 400 && currentClient->isOverdue())
         response.status = 408;
-    // Otherwise the next request would be looked for in what is left of this one.
+    // Otherwise the rest of this request would be parsed as the next one.
     constexpr int notFound = 404;
     constexpr int noSuchRange = 416;
     const bool isUnderstood =
@@ -57,8 +57,8 @@ HttpServer::HttpServer(const ServerLimits& limits)
 {
     new_task_queue = [] { return new DirectTasks; };
     set_socket_options(&setOptions);
-    // Head and body of an answer are written one after the other: the second is not to wait for
-    // the acknowledgement of the first.
+    // Head and body of an answer are written separately: the second must not wait for the
+    // acknowledgement of the first.
     set_tcp_nodelay(true);
     // These two only fill the Keep-Alive field.
     set_keep_alive_max_count(1000000);
@@ -75,7 +75,7 @@ quint16 HttpServer::bind(quint16 port)
         return 0;
     if (bound <= 0)
         return 0;
-    // httplib lets 5 clients wait to be accepted; a further one would retry only after a second.
+    // httplib sets a backlog of 5; a further client would retry only after a second.
     ::listen(svr_sock_, SOMAXCONN);
     return static_cast<quint16>(bound);
 }

@@ -4,21 +4,21 @@
 
 #include <httplib.h>
 
-/// httplib's server on connections that Connections keeps: httplib parses requests and writes
-/// answers. Left to itself it would keep one of a few threads busy with every open connection, and
-/// it limits neither the time nor the size of a request.
+/// httplib's server on the connections managed by Connections: httplib parses requests and writes
+/// answers. On its own it would block one of a few threads for every open connection, and it limits
+/// neither the time nor the size of a request.
 ///
-/// Answer every request in the handler that httplib calls before its routing: the bodies of
-/// requests are not read. A connection ends after a request that has a body or is malformed.
+/// Answer every request in the handler that httplib calls before its routing: request bodies are
+/// not read. A connection ends after a request that has a body or is malformed.
 class HttpServer final : public httplib::Server
 {
 public:
     explicit HttpServer(const ServerLimits& limits);
 
-    /// Binds to a port of 127.0.0.1 that no other server has; 0 takes a free one. Returns the port,
-    /// or 0 if it is not free.
+    /// Binds to a port of 127.0.0.1 that no other server uses; 0 picks a free one. Returns the
+    /// port, or 0 if it is taken.
     quint16 bind(quint16 port);
-    /// Returns whether the system had the descriptors to serve connections.
+    /// Returns whether the descriptors for serving connections could be created.
     bool is_valid() const override { return m_connections.isValid(); }
 
 private:

@@ -1,12 +1,12 @@
 #pragma once
 
-/// The number of file descriptors that this process may have open.
+/// The maximum number of open file descriptors of this process.
 namespace OpenFiles {
 
 /// Descriptors to allow for every connection of a server: its socket, and the file being sent.
 constexpr int perConnection = 2;
 
-/// Returns the limit that is in force.
+/// Returns the current limit.
 int limit();
 
 /// Raises the limit to `wanted`, or as far as the system permits. Never lowers it.

@@ -32,7 +32,7 @@ void print(const QString& line)
 
 bool run(const QString& folder, quint16 port, bool quiet, QString* error)
 {
-    // Before the server's threads start, which inherit it: none of them takes the signals.
+    // Before the server's threads start, so that they inherit the mask and receive no signals.
     const sigset_t ends = endSignals();
     pthread_sigmask(SIG_BLOCK, &ends, nullptr);
     OpenFiles::raiseLimit(ServerLimits().connections * OpenFiles::perConnection);

@@ -11,14 +11,14 @@ struct ServerLimits
     std::chrono::milliseconds request = std::chrono::seconds(10);
     /// Time after which a connection without a request is closed.
     std::chrono::milliseconds idle = std::chrono::seconds(15);
-    /// Time for the client to make room for the next part of an answer; the answer as a whole may
-    /// take as long as it needs. The system reports room in steps of up to 600 kB, so the default
-    /// suits readers from 2 kB/s.
+    /// Time for the client to make room for the next part of an answer; the whole answer may take
+    /// any time. The system reports room in steps of up to 600 kB, so the default suits readers
+    /// from 2 kB/s.
     std::chrono::milliseconds stalled = std::chrono::minutes(5);
     /// Maximum number of open connections, at least 1. A further one replaces the one that has been
-    /// idle for longest; it is refused if none is idle.
+    /// idle longest; it is refused if none is idle.
     int connections = 2048;
-    /// Maximum number of requests that are served at a time, each by a thread; at least 1. While
-    /// others wait, the clients that have been quiet for longest are cut off.
+    /// Maximum number of requests served at a time, each by a thread; at least 1. While others
+    /// wait, the clients that have been quiet longest are cut off.
     int requests = 256;
 };

@@ -12,7 +12,7 @@ namespace {
 
 const QString httpDate = QStringLiteral("ddd, dd MMM yyyy hh:mm:ss 'GMT'");
 
-/// The path below the folder, with a slash in front of every part; empty if it leads above.
+/// Returns the path below the folder, with a slash before every component; empty if it leads above.
 QString below(const QByteArray& address)
 {
     QStringList parts;
@@ -93,7 +93,7 @@ QByteArray TreeFile::cacheControl() const
 bool TreeFile::isKnown(const QByteArray& ifNoneMatch, const QByteArray& ifModifiedSince) const
 {
     if (ifNoneMatch.isEmpty()) {
-        // Another date is another file, be it an earlier one that was put back.
+        // Any other date means another file, even an earlier one that was restored.
         const QDateTime since = parsedDate(ifModifiedSince);
         return since.isValid() && since.toSecsSinceEpoch() == m_modified;
     }

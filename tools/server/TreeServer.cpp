@@ -19,11 +19,11 @@ QByteArray header(const httplib::Request& request, const char* name)
     return QByteArray::fromStdString(request.get_header_value(name));
 }
 
-/// Fits the asked part to the file: at most one part, within the file. False: there is none.
+/// Reduces the request to at most one range within the file. Returns false if there is none.
 bool fitRange(httplib::Ranges& ranges, qint64 size)
 {
     if (ranges.size() > 1)
-        ranges.clear(); // the whole file is a right answer too
+        ranges.clear(); // sending the whole file is also correct
     if (ranges.empty())
         return true;
     auto& [first, last] = ranges.front();
@@ -38,8 +38,8 @@ bool fitRange(httplib::Ranges& ranges, qint64 size)
 
 void sendFile(const TreeFile& file, const httplib::Request& request, httplib::Response& response)
 {
-    // The request is httplib's own object, handed out as constant; it cuts the body by what it
-    // finds there, also beyond the end of the file.
+    // The request is httplib's own object, passed as const; httplib cuts the body by these ranges,
+    // even beyond the end of the file.
     httplib::Ranges& ranges = const_cast<httplib::Request&>(request).ranges;
     if (request.method != "GET" || !file.isSameAs(header(request, "If-Range")))
         ranges.clear();
@@ -72,7 +72,7 @@ void refuseMethod(httplib::Response& response)
     response.set_header("Allow", "GET, HEAD");
 }
 
-/// Addresses come from anyone: a line of the log stays one line, and says what it seems to say.
+/// Replaces control characters: addresses are untrusted, and a log line must stay one line.
 QString oneLine(QString text)
 {
     for (QChar& character : text) {
@@ -122,8 +122,8 @@ std::unique_ptr<HttpServer> TreeServer::Private::makeServer(const QString& folde
     possible.connections =
         std::clamp(OpenFiles::limit() / OpenFiles::perConnection, 1, limits.connections);
     auto made = std::make_unique<HttpServer>(possible);
-    // Before httplib's routing, which would read whole bodies, unpacked, into memory, and match
-    // paths by a recursive regular expression.
+    // Before httplib's routing, which would read and decompress whole bodies into memory and match
+    // paths with a recursive regular expression.
     made->set_pre_routing_handler(
         [root = QFileInfo(folder).absoluteFilePath()](const httplib::Request& request,
                                                       httplib::Response& response) {

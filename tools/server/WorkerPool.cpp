@@ -34,7 +34,7 @@ void WorkerPool::addThread()
     try {
         m_threads.emplace_back(&WorkerPool::work, this);
     } catch (const std::system_error&) {
-        // The system has none left: the job waits for a present thread, or for the next attempt.
+        // No thread could be created: the job waits for an existing one, or for the next attempt.
     }
 }
 

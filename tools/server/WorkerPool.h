@@ -9,16 +9,16 @@
 #include <thread>
 #include <vector>
 
-/// Runs jobs on threads of its own. Threads are added as jobs wait, up to a bound, and stay.
+/// Runs jobs on its own threads. Threads are added as jobs wait, up to a limit, and are kept.
 class WorkerPool
 {
 public:
     explicit WorkerPool(int maxThreads);
-    /// Runs the jobs that wait, and joins the threads.
+    /// Runs the waiting jobs, and joins the threads.
     ~WorkerPool();
     Q_DISABLE_COPY_MOVE(WorkerPool)
 
-    /// Runs a job as soon as a thread is free; jobs begin in order. Call it on one thread at a
+    /// Runs a job as soon as a thread is free; jobs start in order. Call it on one thread at a
     /// time.
     void start(std::function<void()> job);
 
@@ -27,7 +27,7 @@ private:
     void work();
 
     const size_t m_maxThreads;
-    std::mutex m_mutex; // guards all that follows
+    std::mutex m_mutex; // guards all members below
     std::condition_variable m_changed;
     std::deque<std::function<void()>> m_jobs;
     std::vector<std::thread> m_threads;

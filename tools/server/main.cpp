@@ -1,4 +1,4 @@
-// mvserve: serves a resource server's tree on loopback, to try it out.
+// mvserve: serves a resource server's tree on loopback for testing.
 
 #include "server/ServeLoop.h"
 

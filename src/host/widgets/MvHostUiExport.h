@@ -2,7 +2,7 @@
 
 #include <QtGlobal>
 
-/// Marks what callers of the library mvhostui may use; everything else is hidden.
+/// Exports the public symbols of the library mvhostui; all others are hidden.
 #if defined(MVHOSTUI_LIBRARY)
 #define MVHOSTUI_EXPORT Q_DECL_EXPORT
 #else

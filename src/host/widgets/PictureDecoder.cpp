@@ -9,7 +9,7 @@
 
 namespace {
 
-// Logical screen descriptor of a GIF: two little-endian numbers behind the signature.
+// Logical screen descriptor of a GIF: two little-endian numbers after the signature.
 constexpr int gifHeadBytes = 10;
 constexpr int gifWidthAt = 6;
 constexpr int gifHeightAt = 8;
@@ -39,7 +39,7 @@ QSize fitted(const QSize& size, const QSize& fit)
     return size.scaled(fit, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
 }
 
-/// `fit` is empty for a picture at its own size.
+/// An empty `fit` keeps the picture's own size.
 QImage decode(const QString& path, const QSize& fit)
 {
     QFile file(path);
@@ -54,7 +54,7 @@ QImage decode(const QString& path, const QSize& fit)
     if (fit.isEmpty())
         return reader.read();
 
-    // Decoders scale before the picture is turned upright.
+    // Decoders scale before the picture is rotated upright.
     const bool isTurned = reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
     const QSize wanted = fitted(size, isTurned ? fit.transposed() : fit);
     if (wanted.width() < size.width())

@@ -14,11 +14,10 @@
 ///         qproperty-themeItemPadding: rect(4 6 4 6);
 ///     }
 ///
-/// Sizes need their unit; a single length stands for both. Rectangles are whole numbers without a
-/// unit, parted by blanks: Qt reads "rect(4, 6, 4, 6)" and "rect(4px 6px 4px 6px)" as zeros.
-/// Paddings travel in a rectangle whose x, y, width and height are top, right, bottom and left.
-/// Metrics that neither a style sheet nor a setter has set are QSize(-1, -1) and a null QRect. GUI
-/// thread only.
+/// Sizes need their unit; a single length sets both. Rectangles are whole numbers without a unit,
+/// separated by blanks: Qt reads "rect(4, 6, 4, 6)" and "rect(4px 6px 4px 6px)" as zeros. Paddings
+/// are stored in a rectangle whose x, y, width and height are top, right, bottom and left. Metrics
+/// not set by a style sheet or a setter are QSize(-1, -1) and a null QRect. GUI thread only.
 class MVHOSTUI_EXPORT SkinWidget : public QWidget
 {
     Q_OBJECT
@@ -28,8 +27,9 @@ class MVHOSTUI_EXPORT SkinWidget : public QWidget
     Q_PROPERTY(QRect filterItemPadding READ filterItemPadding WRITE setFilterItemPadding)
 
 public:
-    /// The widget of this application, with the present style sheet applied. Created on the first
-    /// call, which needs a QApplication, and destroyed with that; do not keep the pointer longer.
+    /// Returns the widget of this application, with the current style sheet applied. It is created
+    /// on the first call, which needs a QApplication, and destroyed with that; do not keep the
+    /// pointer longer.
     static SkinWidget* instance();
 
     QSize themeItemSize() const { return m_themeItemSize; }

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// Of a decoded image, in the cache that all frames share; another once the file has changed.
+/// Returns the key of a decoded image in the cache shared by all frames; it changes with the file.
 QString cacheKey(const QString& path, const QSize& pixels, qreal ratio)
 {
     const QFileInfo file(path);

@@ -6,12 +6,12 @@
 #include <QPixmap>
 #include <QString>
 
-/// A frame that paints an image file, scaled smoothly into its contents with its aspect kept.
+/// A frame that paints an image file, scaled smoothly into its contents, keeping its aspect ratio.
 ///
-/// The file is decoded when the frame is first painted, and once per size and screen scale after
-/// that: a hidden frame costs nothing, a repaint reads no file. An image that cannot be decoded,
-/// or has more than PictureFormat::maxPixels, leaves the frame empty and is not tried again at the
-/// same size. GUI thread only.
+/// The file is decoded when the frame is first painted, and then once per size and screen scale: a
+/// hidden frame costs nothing, a repaint reads no file. An image that cannot be decoded, or has
+/// more than PictureFormat::maxPixels, leaves the frame empty and is not retried at the same size.
+/// GUI thread only.
 class MVHOSTUI_EXPORT ThumbFrame : public QFrame
 {
     Q_OBJECT
@@ -19,14 +19,14 @@ class MVHOSTUI_EXPORT ThumbFrame : public QFrame
 public:
     explicit ThumbFrame(QWidget* parent = nullptr);
 
-    /// The image file to show; the same path again changes nothing, see setIsEmpty().
+    /// Sets the image file to show; setting the same path changes nothing, see setIsEmpty().
     void setImagePath(const QString& path);
     QString imagePath() const { return m_path; }
 
-    /// True drops the decoded image; the next paint reads the file again, which ends the state.
+    /// Drops the decoded image if true; the next paint reads the file again, which ends that state.
     /// Use it when the file behind the path has changed. False does nothing.
     void setIsEmpty(bool empty);
-    /// Returns whether there is no decoded image at present.
+    /// Returns whether there is currently no decoded image.
     bool isEmpty() const { return m_pixmap.isNull(); }
 
 protected:
@@ -37,6 +37,6 @@ private:
 
     QString m_path;
     QPixmap m_pixmap;
-    QSize m_decodedFor; // device pixels that were available; invalid: not tried yet
+    QSize m_decodedFor; // available device pixels; invalid: not tried yet
     qreal m_decodedRatio = 0.0;
 };

@@ -8,7 +8,7 @@ class MVHOSTUI_EXPORT UIHelper
 public:
     UIHelper() = delete;
 
-    /// A font's point size for the screen: `pointSize` times HostSettings::zoomDPI. The result is
-    /// not rounded.
+    /// Returns a font's point size for the screen: `pointSize` times HostSettings::zoomDPI, not
+    /// rounded.
     static float changFontSize(int pointSize);
 };

@@ -12,7 +12,7 @@
 #include <QStackedWidget>
 #include <QToolButton>
 
-/// The descendant whose object names, from one child to the next, are `path` ("a/b/c").
+/// Returns the descendant found by following the object names in `path` ("a/b/c").
 template <class T>
 T* part(const QObject& root, const char* path)
 {
@@ -29,13 +29,14 @@ T* part(const QObject& root, const char* path)
     return found;
 }
 
-/// Whether a widget would be seen if all around it were.
+/// Returns whether a widget would be visible if all its ancestors were.
 inline bool isOn(const QWidget* widget)
 {
     return !widget->isHidden();
 }
 
-/// A face in a window, as in a list: a window of its own would take over its size limits.
+/// Puts a face into a window, as a list does: as a window of its own it would impose its size
+/// limits.
 class Stage
 {
 public:
@@ -54,7 +55,7 @@ public:
     MVThemeItemSubwdgt_Preview& face = *new MVThemeItemSubwdgt_Preview(&m_window);
 };
 
-/// The parts of a preview by their names.
+/// The parts of a preview, by name.
 struct FaceParts
 {
     explicit FaceParts(const MVThemeItemSubwdgt_Preview& face)
@@ -97,23 +98,22 @@ struct FaceParts
     QLabel* lblName;
 };
 
-/// A catalogue whose items' thumbnails and animations are files that come and go. Call fresh()
-/// from init().
+/// A catalogue whose items' thumbnails and animations come and go. Call fresh() from init().
 class FaceFixture : public CatalogueFixture
 {
 public:
-    /// A new catalogue; no host callbacks, no style sheet.
+    /// Creates a new catalogue and clears host callbacks and style sheet.
     void fresh()
     {
         CatalogueFixture::fresh();
-        qRegisterMetaType<SCfg_Item*>("SCfg_Item*"); // QSignalSpy asks for it by name
+        qRegisterMetaType<SCfg_Item*>("SCfg_Item*"); // QSignalSpy looks it up by name
         qApp->setStyleSheet(QString());
         MVThemeItemSubwdgt_Preview::setCbBtnCollect({});
         MVThemeItemSubwdgt_Preview::setCbBtnDownload({});
         MVThemeItemSubwdgt_Preview::setCbBtnMore({});
     }
 
-    /// An item that needs a thumbnail and, as a theme, an animation; both are missing.
+    /// Returns an item that needs a thumbnail and, if a theme, an animation; both are missing.
     static SCfg_Item item(ECfgItemType kind = eCfgItem_Theme, int number = 1)
     {
         SCfg_Item result;
@@ -126,7 +126,7 @@ public:
         return result;
     }
 
-    /// The same item with all its files.
+    /// Returns the same item with all its files.
     SCfg_Item completeItem(ECfgItemType kind = eCfgItem_Theme, int number = 1) const
     {
         SCfg_Item result = item(kind, number);
@@ -144,14 +144,14 @@ public:
 
     void removeThumb(const SCfg_Item& item) const { QFile::remove(thumbFile(item)); }
 
-    /// What reading the catalogue does to an item.
+    /// Resolves an item's files, as reading the catalogue does.
     static void resolve(SCfg_Item& item)
     {
         manager().doItem_Info_Thumb(item);
         manager().doItem_Info_Gif(item);
     }
 
-    /// Makes an item a favourite behind the widgets' backs, or no longer.
+    /// Sets or clears an item's favourite mark without telling the widgets.
     static void setFavourite(SCfg_Item& item, bool favourite)
     {
         item.m_bCollected = favourite;
@@ -171,7 +171,7 @@ public:
         return downloaded("display", "Themes", item.m_info_Gif.m_qsUrl);
     }
 
-    /// An image file of one colour.
+    /// Returns a PNG image of one colour.
     static QByteArray png(const QColor& colour, const QSize& size = {40, 30})
     {
         QImage image(size, QImage::Format_RGB32);

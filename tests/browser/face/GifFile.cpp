@@ -2,7 +2,7 @@
 
 namespace {
 
-constexpr int colourBits = 2; // a table of four colours, of which the first is used
+constexpr int colourBits = 2; // a table of four colours, of which only the first is used
 constexpr int clearCode = 1 << colourBits;
 constexpr int endCode = clearCode + 1;
 constexpr int largestBlock = 255;
@@ -22,7 +22,7 @@ QByteArray colourTable(const QColor& colour)
     return table;
 }
 
-/// Codes of a fixed width: the table is cleared before a code would need another bit.
+/// Writes fixed-width codes, clearing the table before a code would need another bit.
 class CodeStream
 {
 public:

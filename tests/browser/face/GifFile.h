@@ -5,10 +5,10 @@
 #include <QSize>
 #include <QVector>
 
-/// Makes animated GIF files, which Qt can read and cannot write.
+/// Makes animated GIF files, which Qt reads but does not write.
 namespace GifFile {
 
-/// One frame of each plain colour, `delayMs` apart (in steps of 10), without an end.
+/// Returns an endless animation of plain colours, `delayMs` apart (a multiple of 10).
 QByteArray plain(const QSize& size, const QVector<QColor>& colours, int delayMs);
 
 } // namespace GifFile

@@ -5,8 +5,8 @@
 #include <QImage>
 #include <QLabel>
 
-/// A face whose ring has a size and pictures of plain colours, and a text that is not seen unless
-/// a test wants it.
+/// A face whose ring has a size and plain-coloured pictures, and whose text is hidden unless a test
+/// shows it.
 class RingFixture
 {
 public:
@@ -18,7 +18,7 @@ public:
         icon->setFixedSize(size);
     }
 
-    /// The ring as it is painted, in device pixels.
+    /// Paints the ring in device pixels.
     QImage paint()
     {
         QImage image = icon->grab().toImage().convertToFormat(QImage::Format_RGB32);
@@ -37,7 +37,7 @@ public:
         image.fill(colour);
         return image;
     }
-    /// Four quarters: red and green above, blue and yellow below.
+    /// Returns four quarters: red and green above, blue and yellow below.
     static QImage quarters(const QSize& size)
     {
         QImage image(size, QImage::Format_RGB32);

@@ -5,7 +5,7 @@
 
 namespace {
 
-/// The texts that a face shows, errors included.
+/// Returns all texts that a face shows, errors included.
 QStringList textsOf(MVThemeItemSubwdgt_Preview& face)
 {
     const FaceParts parts(face);
@@ -45,7 +45,7 @@ const char* const chinese = "从收藏夹中移除|添加到收藏夹|下载|下
 
 } // namespace
 
-/// The library's texts in its languages, and while they change.
+/// Tests the library's texts in its languages, and switching between them.
 class tst_BrowserLanguage : public QObject
 {
     Q_OBJECT
@@ -231,7 +231,7 @@ void tst_BrowserLanguage::keepsTheName()
 
 void tst_BrowserLanguage::keepsAnotherTranslator()
 {
-    /// A host's own translations.
+    /// A translator of the host's own texts.
     class HostTranslator : public QTranslator
     {
     public:

@@ -2,7 +2,7 @@
 
 #include <QSignalSpy>
 
-/// The favourite buttons, the "More>>" button and their callbacks.
+/// Tests the favourite buttons, the "More>>" button and their callbacks.
 class tst_MVThemeItemSubwdgt_Preview_buttons : public QObject
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ private slots:
     void withoutACallbackItStillStores();
     void withoutAnItemNothingIsCollected();
     void moreTellsTheHostWithoutAnItem();
-    void moreTellsNobodyWithoutACallback();
+    void moreWorksWithoutACallback();
     void callbacksDoNotMix();
     void allCellsShareTheCallbacks();
     void aCallbackMayDestroyTheCell_data();
@@ -171,7 +171,7 @@ void tst_MVThemeItemSubwdgt_Preview_buttons::moreTellsTheHostWithoutAnItem()
     QCOMPARE(FaceParts(face).page(), QStringLiteral("pageMore"));
 }
 
-void tst_MVThemeItemSubwdgt_Preview_buttons::moreTellsNobodyWithoutACallback()
+void tst_MVThemeItemSubwdgt_Preview_buttons::moreWorksWithoutACallback()
 {
     Preview face(nullptr);
     face.setItem(nullptr);

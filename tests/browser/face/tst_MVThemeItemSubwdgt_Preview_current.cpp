@@ -4,7 +4,7 @@
 #include <QStyleFactory>
 #include <QVariant>
 
-/// The "Current" mark of the applied item.
+/// Tests the "Current" mark of the applied item.
 class tst_MVThemeItemSubwdgt_Preview_current : public QObject
 {
     Q_OBJECT

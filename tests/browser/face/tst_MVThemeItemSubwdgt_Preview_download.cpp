@@ -21,7 +21,7 @@ public:
 
 } // namespace
 
-/// The beginning of a download, and its progress.
+/// Tests the start and the progress of a download.
 class tst_MVThemeItemSubwdgt_Preview_download : public QObject
 {
     Q_OBJECT

@@ -1,6 +1,6 @@
 #include "FaceFixture.h"
 
-/// The text of a failed download.
+/// Tests the error text of a failed download.
 class tst_MVThemeItemSubwdgt_Preview_errors : public QObject
 {
     Q_OBJECT

@@ -2,7 +2,7 @@
 
 #include <QBoxLayout>
 
-/// What the face of a cell is built of.
+/// Tests the structure of a cell's face.
 class tst_MVThemeItemSubwdgt_Preview_form : public QObject
 {
     Q_OBJECT

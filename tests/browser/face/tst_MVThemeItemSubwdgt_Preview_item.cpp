@@ -5,7 +5,7 @@
 
 namespace {
 
-/// The three hover buttons that are on.
+/// Returns which of the three hover buttons are shown.
 QString buttons(const MVThemeItemSubwdgt_Preview& face)
 {
     const FaceParts parts(face);
@@ -23,7 +23,7 @@ const QString download = QStringLiteral("btnDownload");
 
 } // namespace
 
-/// The item of a face: its page, name, picture and hover buttons.
+/// Tests how a face shows its item: page, name, picture and hover buttons.
 class tst_MVThemeItemSubwdgt_Preview_item : public QObject
 {
     Q_OBJECT

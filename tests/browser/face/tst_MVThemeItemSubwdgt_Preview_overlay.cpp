@@ -4,7 +4,7 @@
 
 Q_DECLARE_METATYPE(QMargins)
 
-/// Where the buttons, the error and the "Current" mark float over the picture.
+/// Tests the placement of buttons, error and "Current" mark over the picture.
 class tst_MVThemeItemSubwdgt_Preview_overlay : public QObject
 {
     Q_OBJECT

@@ -2,7 +2,7 @@
 
 #include <QMetaProperty>
 
-/// The properties by which a style sheet dresses the ring and places the overlay.
+/// Tests the properties with which a style sheet sets up the ring and the overlay.
 class tst_MVThemeItemSubwdgt_Preview_properties : public QObject
 {
     Q_OBJECT

@@ -5,7 +5,7 @@
 #include <QMovie>
 #include <QSignalSpy>
 
-/// What happens to a preview whose files arrive, or that leaves the screen, while it is in use.
+/// Tests previews whose files arrive, or that leave the screen, while in use.
 class tst_MVThemePreviewFrm_arrivals : public QObject
 {
     Q_OBJECT
@@ -102,7 +102,7 @@ void tst_MVThemePreviewFrm_arrivals::refuses_an_animation_that_announces_too_man
     bytes[9] = static_cast<char>(height >> 8);
     CatalogueFiles::write(m_fixture.gifFile(item), bytes);
 
-    hostSettings().zoomDPI = 1.5; // which wants the size of the first image, too
+    hostSettings().zoomDPI = 1.5; // this also needs the size of the first image
     MVThemePreviewFrm frame(nullptr);
     frame.setItemData(&item);
     const LogCapture log;
@@ -122,7 +122,7 @@ void tst_MVThemePreviewFrm_arrivals::shows_a_large_animation_whole()
     frame.setItemData(&item);
     frame.startPlayGif();
     const QImage shown = frame.grab().toImage();
-    // Half as large, and in the middle: a band of 50 pixels.
+    // At half size and centred: a band of 50 pixels.
     QCOMPARE(shown.pixelColor(2, 50), QColor(Qt::green));
     QCOMPARE(shown.pixelColor(97, 50), QColor(Qt::green));
     QCOMPARE(shown.pixelColor(50, 28), QColor(Qt::green));

@@ -4,7 +4,7 @@
 
 #include <QVBoxLayout>
 
-/// What the picture of a cell is built of.
+/// Tests the structure of a cell's picture.
 class tst_MVThemePreviewFrm_form : public QObject
 {
     Q_OBJECT

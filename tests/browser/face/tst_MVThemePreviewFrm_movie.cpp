@@ -6,7 +6,7 @@
 
 namespace {
 
-/// A preview frame with a look at its movie.
+/// A preview frame that gives access to its movie.
 class Screen
 {
 public:
@@ -18,7 +18,7 @@ public:
 
 } // namespace
 
-/// Which file a preview plays, and at what size.
+/// Tests which file a preview plays, and at what size.
 class tst_MVThemePreviewFrm_movie : public QObject
 {
     Q_OBJECT
@@ -33,7 +33,7 @@ private slots:
     void anotherItemBringsAnotherAnimation();
     void aMissingFileBringsThePlaceholder_data();
     void aMissingFileBringsThePlaceholder();
-    void anExistingFileIsTakenWhateverItHolds();
+    void anExistingFileIsUsedWhateverItsContent();
     void enlargesAboveAScale_data();
     void enlargesAboveAScale();
     void enlargesThePlaceholderToo();
@@ -135,7 +135,7 @@ void tst_MVThemePreviewFrm_movie::aMissingFileBringsThePlaceholder()
     QCOMPARE(screen.movie()->isValid(), placeholderExists);
 }
 
-void tst_MVThemePreviewFrm_movie::anExistingFileIsTakenWhateverItHolds()
+void tst_MVThemePreviewFrm_movie::anExistingFileIsUsedWhateverItsContent()
 {
     CatalogueFiles::write(placeholder(), GifFile::plain({8, 8}, {Qt::red}, 50));
     const QString path = m_world.base() + QStringLiteral("/text.gif");

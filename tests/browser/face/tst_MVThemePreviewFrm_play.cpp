@@ -37,7 +37,7 @@ struct Cell
     MVThemePreviewFrm frame{nullptr};
 };
 
-/// Log lines and the movies' states, in order.
+/// Records log lines and movie states, in order.
 class Trace
 {
 public:
@@ -67,7 +67,7 @@ private:
     QObject m_context;
 };
 
-/// How often this process has a file open.
+/// Returns how many times this process has a file open.
 int timesOpen(const QString& path)
 {
     int count = 0;
@@ -83,7 +83,7 @@ const QString preview = QStringLiteral("pagePreview");
 
 } // namespace
 
-/// Playing and stopping previews, one at a time.
+/// Tests that previews play and stop, one at a time.
 class tst_MVThemePreviewFrm_play : public QObject
 {
     Q_OBJECT
@@ -107,7 +107,7 @@ private slots:
     void aFailedStartIsNotRemembered();
     void withoutAnItemNothingPlays();
     void playsThePlaceholder();
-    void aDestroyedOneIsNotStopped();
+    void aDestroyedMovieIsNotStopped();
     void theOtherPlaysOnWhenOneIsDestroyed();
     void closesTheFileWhenItStops();
     void anInvalidFileIsClosedToo();
@@ -321,7 +321,7 @@ void tst_MVThemePreviewFrm_play::playsThePlaceholder()
     QTRY_COMPARE(cell.colour(), QColor(Qt::blue));
 }
 
-void tst_MVThemePreviewFrm_play::aDestroyedOneIsNotStopped()
+void tst_MVThemePreviewFrm_play::aDestroyedMovieIsNotStopped()
 {
     auto destroyed = std::make_unique<Cell>(m_world.completeItem(eCfgItem_Theme, 1));
     Cell next(m_world.completeItem(eCfgItem_Theme, 2));

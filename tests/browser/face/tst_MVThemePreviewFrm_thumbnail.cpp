@@ -4,7 +4,7 @@
 
 namespace {
 
-/// A preview frame that is seen, with a look into its picture.
+/// A visible preview frame that gives access to its picture.
 class Picture
 {
 public:
@@ -28,7 +28,7 @@ public:
 
 } // namespace
 
-/// The thumbnail of a cell, and how it is brought up to date.
+/// Tests a cell's thumbnail and its updates.
 class tst_MVThemePreviewFrm_thumbnail : public QObject
 {
     Q_OBJECT

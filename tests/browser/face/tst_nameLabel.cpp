@@ -9,7 +9,7 @@ namespace {
 
 const QString longName = QStringLiteral("A name much longer than the cell that it stands in");
 
-/// What the tool tip on screen reads; empty while there is none.
+/// Returns the text of the visible tool tip; empty if there is none.
 QString shownToolTip()
 {
     if (!QToolTip::isVisible())
@@ -18,7 +18,7 @@ QString shownToolTip()
     return Qt::mightBeRichText(text) ? QTextDocumentFragment::fromHtml(text).toPlainText() : text;
 }
 
-/// The picture of a plain label with this text in place of `label`.
+/// Renders a plain label with this text in place of `label`.
 QImage plainPicture(const QLabel& label, const QString& text)
 {
     QLabel plain(label.parentWidget());
@@ -34,7 +34,7 @@ QImage plainPicture(const QLabel& label, const QString& text)
 
 } // namespace
 
-/// The name below the picture.
+/// Tests the name below the picture.
 class tst_nameLabel : public QObject
 {
     Q_OBJECT
@@ -43,13 +43,13 @@ private slots:
     void init() { m_world.fresh(); }
     void cleanup() { QToolTip::hideText(); }
 
-    void showsTheNameAsItStands_data();
-    void showsTheNameAsItStands();
+    void showsTheNameVerbatim_data();
+    void showsTheNameVerbatim();
     void aLongNameEndsInAnEllipsis();
     void aNameThatFitsIsWhole();
     void aLongNameKeepsTheFrame();
-    void tellsALongNameAsItStands_data();
-    void tellsALongNameAsItStands();
+    void showsALongNameVerbatimInTheToolTip_data();
+    void showsALongNameVerbatimInTheToolTip();
     void aNameThatFitsHasNoToolTip();
     void aLongNameAsksForNoRoom();
     void followsTheWidthOfTheCell();
@@ -71,7 +71,7 @@ QLabel* tst_nameLabel::show(Stage& stage, const QString& name, int width)
     return FaceParts(stage.face).lblName;
 }
 
-void tst_nameLabel::showsTheNameAsItStands_data()
+void tst_nameLabel::showsTheNameVerbatim_data()
 {
     QTest::addColumn<QString>("name");
     QTest::newRow("plain") << QStringLiteral("Sunny day");
@@ -82,7 +82,7 @@ void tst_nameLabel::showsTheNameAsItStands_data()
     QTest::newRow("empty") << QString();
 }
 
-void tst_nameLabel::showsTheNameAsItStands()
+void tst_nameLabel::showsTheNameVerbatim()
 {
     QFETCH(QString, name);
     Stage stage;
@@ -115,7 +115,7 @@ void tst_nameLabel::aNameThatFitsIsWhole()
     QCOMPARE(label->grab().toImage(), plainPicture(*label, longName));
 }
 
-/// A skin may draw one around the name.
+/// A skin may draw a frame around the name.
 void tst_nameLabel::aLongNameKeepsTheFrame()
 {
     Stage stage;
@@ -130,7 +130,7 @@ void tst_nameLabel::aLongNameKeepsTheFrame()
     QVERIFY(framed.pixelColor(0, 0) != frameless.pixelColor(0, 0));
 }
 
-void tst_nameLabel::tellsALongNameAsItStands_data()
+void tst_nameLabel::showsALongNameVerbatimInTheToolTip_data()
 {
     QTest::addColumn<QString>("name");
     QTest::newRow("plain") << longName;
@@ -140,7 +140,7 @@ void tst_nameLabel::tellsALongNameAsItStands_data()
     QTest::newRow("entity") << QStringLiteral("a &amp; b &lt; c ") + longName;
 }
 
-void tst_nameLabel::tellsALongNameAsItStands()
+void tst_nameLabel::showsALongNameVerbatimInTheToolTip()
 {
     QFETCH(QString, name);
     Stage stage;

@@ -9,9 +9,9 @@ namespace {
 
 const QRgb uncovered = QColor(Qt::blue).rgb();
 const QRgb ground = QColor(Qt::green).rgb();
-constexpr double uncertain = 1.6; // device pixels beside an edge of the sector
+constexpr double uncertain = 1.6; // device pixels on either side of the sector's edge
 
-/// A sector of an ellipse that fills a rectangle, clockwise from twelve o'clock.
+/// A sector of the ellipse that fills a rectangle, clockwise from twelve o'clock.
 class Sector
 {
 public:
@@ -60,11 +60,11 @@ private:
         return std::hypot(from.x() - foot.x(), from.y() - foot.y());
     }
 
-    QPointF m_radius; // also the centre
+    QPointF m_radius; // also the coordinates of the centre
     double m_degrees;
 };
 
-/// Where the painted ring differs from the sector; pixels beside its edges may have either colour.
+/// Describes where the ring differs from the sector, ignoring pixels near the sector's edges.
 QString difference(const QImage& ring, const Sector& sector)
 {
     int sure = 0;
@@ -84,7 +84,7 @@ QString difference(const QImage& ring, const Sector& sector)
 
 } // namespace
 
-/// The pictures of the progress ring.
+/// Tests the pictures of the progress ring.
 class tst_progressRing : public QObject
 {
     Q_OBJECT
@@ -104,8 +104,8 @@ private slots:
     void keepsTheTransparencyOfThePicture();
     void cutsFractions_data();
     void cutsFractions();
-    void ignoresWhatIsNoNumber_data();
-    void ignoresWhatIsNoNumber();
+    void ignoresNonFiniteNumbers_data();
+    void ignoresNonFiniteNumbers();
     void paintsOnlyOnItsLabel();
     void theLabelPaintsItselfToo();
     void newPicturesArePainted();
@@ -290,7 +290,7 @@ void tst_progressRing::cutsFractions()
     QCOMPARE(ring.paint(progress), expected);
 }
 
-void tst_progressRing::ignoresWhatIsNoNumber_data()
+void tst_progressRing::ignoresNonFiniteNumbers_data()
 {
     QTest::addColumn<double>("progress");
     QTest::newRow("nan") << qQNaN();
@@ -298,7 +298,7 @@ void tst_progressRing::ignoresWhatIsNoNumber_data()
     QTest::newRow("-infinity") << -qInf();
 }
 
-void tst_progressRing::ignoresWhatIsNoNumber()
+void tst_progressRing::ignoresNonFiniteNumbers()
 {
     QFETCH(double, progress);
     RingFixture ring;
@@ -356,7 +356,7 @@ void tst_progressRing::usesTheDevicePixels_data()
     QTest::newRow("2") << QByteArray("2");
 }
 
-/// The scale of the screen is that of the process, so the same tests run in one with another.
+/// The screen's scale is set per process, so the same tests run in a process with another scale.
 void tst_progressRing::usesTheDevicePixels()
 {
     QFETCH(QByteArray, scale);

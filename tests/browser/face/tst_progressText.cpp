@@ -4,7 +4,7 @@
 
 namespace {
 
-/// A widget that paints a text over green ground, to compare the ring with.
+/// A widget that paints a text on green, as the reference for the ring.
 class Reference : public QWidget
 {
 public:
@@ -43,7 +43,7 @@ QImage reference(const RingFixture& ring, const QString& text, int pointSize,
 
 } // namespace
 
-/// The per cent text of the progress ring.
+/// Tests the percentage text of the progress ring.
 class tst_progressText : public QObject
 {
     Q_OBJECT

@@ -159,7 +159,7 @@ void BrowserWorld::writePreviews() const
                                                            MVThemeMgr::eDirTag_Display, kind);
         CatalogueFiles::write(folder + QStringLiteral("/thumb.png"), thumbnail());
         CatalogueFiles::write(folder + QStringLiteral("/anim.gif"), animation());
-        // The "none" entry's own, by the skin.
+        // Pictures of the "none" entry, one per skin.
         CatalogueFiles::write(folder + QStringLiteral("/Classical.png"), thumbnail());
     }
 }

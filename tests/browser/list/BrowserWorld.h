@@ -13,16 +13,16 @@
 #include <atomic>
 #include <mutex>
 
-/// A catalogue in a download root of its own, with thumbnails and animations that can be decoded,
-/// and a server that has what its items lack; new for every test, as are the favourites, the skin's
-/// metrics and the host's callbacks. Downloads run at a pace of 1 ms.
+/// A catalogue in its own download root, with decodable thumbnails and animations, and a server
+/// that publishes what its items lack; recreated for every test, as are the favourites, the skin's
+/// metrics and the host's callbacks. Downloads pause for 1 ms per step.
 ///
-/// Add items, then load(). Names of files: theme 7 needs "/Themes/7.xml" and "/Themes/7.zip",
+/// Add items, then call load(). File names: theme 7 needs "/Themes/7.xml" and "/Themes/7.zip",
 /// filter 7 "/VideoFilters/7.zip", background 7 "/BgMaterial/7.zip".
 class BrowserWorld
 {
 public:
-    /// Where the files of an item are, apart from its previews, which are always on disk.
+    /// Location of an item's files, apart from its previews, which are always on disk.
     enum Files { OnDisk, OnServer };
 
     BrowserWorld();
@@ -33,9 +33,9 @@ public:
                   const QString& group = QStringLiteral("others"));
     void addFilter(int number, const QString& name, Files files = OnDisk);
     void addBackground(int number, const QString& name, Files files = OnDisk);
-    /// The entry for "no filter" at the end of the filters.
+    /// Adds the "no filter" entry at the end of the filters.
     void addNoneFilter();
-    /// A theme whose config file has this address instead of its own.
+    /// Adds a theme whose config file has this address instead of the default one.
     void addThemeWithConfig(int number, const QString& name, const QString& configUrl);
     /// Writes the catalogue files and loads them.
     void load();
@@ -47,20 +47,20 @@ public:
     static void setParam(const char* key, const QString& value);
     static void setFavourite(SCfg_Item* item, bool favourite);
 
-    /// Lets `handler` answer a target, on the connection's thread.
+    /// Makes `handler` answer a target, on the connection's thread.
     void route(const QString& target, const FaultServer::Handler& handler);
-    /// What asks for this target waits for release().
+    /// Holds requests for this target until release().
     void hold(const QString& target);
-    /// Answers never come: the connection stays open and silent.
+    /// Stalls requests for this target: the connection stays open and silent.
     void stall(const QString& target);
     void release() { m_held = false; }
-    /// How often the target was asked for.
+    /// Returns how many times the target was requested.
     int requests(const QString& target) const;
-    /// How many requests there were in all.
+    /// Returns the number of all requests.
     int requests() const;
 
     static QByteArray thumbnail();
-    /// Two frames that follow each other for ever.
+    /// Returns an endless animation of two frames.
     static QByteArray animation();
 
 private:
@@ -79,12 +79,12 @@ private:
     std::atomic<bool> m_held{true};
     mutable std::mutex m_mutex; // guards m_routes and m_targets
     QMap<QByteArray, FaultServer::Handler> m_routes;
-    QVector<QByteArray> m_targets; // what was asked for, in order
+    QVector<QByteArray> m_targets; // the requested targets, in order
     FaultServer m_server;
 };
 
-/// What the host's callbacks and other receivers are told, in order: "clicked NAME",
-/// "downloaded NAME" and what note() adds. Takes both callbacks of the item widget.
+/// Records the host's callbacks and other notifications, in order: "clicked NAME", "downloaded
+/// NAME" and what note() adds. Occupies both callbacks of the item widget.
 class HostTrace
 {
 public:

@@ -21,7 +21,7 @@ constexpr int freeSpace = 24;
 constexpr QPoint freeSpot(2, 2);
 constexpr int windowDistance = 1000;
 
-int windows = 0; // that are there at present
+int windows = 0; // number of existing windows
 
 } // namespace
 
@@ -32,7 +32,7 @@ ListWindow::ListWindow(EUIItemType type, const QSize& size)
     m_view->setUIItemType(type);
     m_window->resize(size);
     m_view->setGeometry(m_window->rect().adjusted(freeSpace, freeSpace, -freeSpace, -freeSpace));
-    // Side by side: the cursor finds a window by where it is.
+    // Windows are placed side by side: the cursor finds one by its position.
     m_window->move(windows++ * windowDistance, 0);
     m_window->show();
     if (!QTest::qWaitForWindowExposed(m_window.get()))
@@ -48,7 +48,7 @@ ListWindow::~ListWindow()
 void ListWindow::fill()
 {
     m_view->initData(QUuid(), false);
-    // Cells get their places when the view lays itself out.
+    // The view places cells when it lays itself out.
     QCoreApplication::processEvents();
 }
 
@@ -112,7 +112,7 @@ void ListWindow::moveAway()
 
 void ListWindow::putCursor(const QPoint& position) const
 {
-    // What hides or appears below the cursor asks Qt where that is.
+    // Qt is asked for the cursor's position when something below it hides or appears.
     QCursor::setPos(m_window->mapToGlobal(position));
     QCoreApplication::processEvents();
 }

@@ -20,12 +20,12 @@ class QStandardItemModel;
 class QToolButton;
 class QWidget;
 
-/// A shown window with one list of live cells and free space around it, and a mouse for it: the
-/// events come in as the window system's do.
+/// A visible window with one list of live cells and free space around it, and a mouse whose events
+/// arrive as the window system's do.
 class ListWindow
 {
 public:
-    /// An empty list of that type; fill() it.
+    /// Creates an empty list of that type; populate it with fill().
     explicit ListWindow(EUIItemType type, const QSize& size = {520, 420});
     ~ListWindow();
     Q_DISABLE_COPY_MOVE(ListWindow)
@@ -38,14 +38,14 @@ public:
     MVThemeSortFilterProxyModel* proxy() const;
     QStandardItemModel* rows() const;
     MVResourceItemDelegate* delegate() const;
-    /// The names of the rows that the filter lets through, in order.
+    /// Returns the names of the rows that pass the filter, in order.
     QStringList shownNames() const;
 
-    /// The live cell of a row of the source model, or null.
+    /// Returns the live cell of a source model row, or null.
     MVThemeItemWdg* cell(int row) const;
-    /// The same for the first row with that name.
+    /// Returns the live cell of the first row with that name, or null.
     MVThemeItemWdg* cell(const QString& name) const;
-    /// All cells that hang in the view, also those of no row any more.
+    /// Returns the number of cells in the view, including those whose row has been removed.
     int cellCount() const;
 
     void moveTo(const QWidget* widget);
@@ -62,16 +62,16 @@ private:
     QPointer<mvThemelistview> m_view;
 };
 
-/// The parts of a cell, by the names that style sheets know them by.
+/// Return the parts of a cell by the object names that style sheets use.
 QWidget* frameOf(const MVThemeItemWdg* cell);
 MVThemeItemSubwdgt_Preview* faceOf(const MVThemeItemWdg* cell);
 QToolButton* buttonOf(const MVThemeItemWdg* cell, const char* name);
 QLabel* labelOf(const MVThemeItemWdg* cell, const char* name);
-/// Name of the page that the face shows: "pageShow", "pageDownload", "pageMore".
+/// Returns the name of the page that the face shows: "pageShow", "pageDownload", "pageMore".
 QString pageOf(const MVThemeItemWdg* cell);
-/// Whether the cell has all marks of the applied one, or none: a mixture fails the test.
+/// Returns whether the cell is marked as applied; fails the test if its marks are inconsistent.
 bool isMarked(const MVThemeItemWdg* cell);
-/// The text of the last failed download, empty while none is shown.
+/// Returns the text of the last failed download; empty if none is shown.
 QString errorOf(const MVThemeItemWdg* cell);
-/// Whether the animation is shown.
+/// Returns whether the animation is shown.
 bool playsAnimation(const MVThemeItemWdg* cell);

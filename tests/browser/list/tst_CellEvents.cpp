@@ -12,7 +12,7 @@
 
 #include <memory>
 
-/// The signals by which cells tell a host what happens in them.
+/// Tests the signals with which cells report their events to a host.
 class tst_CellEvents : public QObject
 {
     Q_OBJECT
@@ -38,7 +38,7 @@ namespace {
 
 const QString files = QStringLiteral("/config/Themes/1.zip");
 
-/// The signals in the order in which they come.
+/// Records the signals in order.
 class EventTrace
 {
 public:
@@ -76,7 +76,7 @@ private:
 
     QStringList m_entries;
     EFailureCause m_cause = eFailure_None;
-    QObject m_context; // destroyed first, and the connections with it
+    QObject m_context; // destroyed first, which disconnects everything
 };
 
 QStringList wholeDownload(int end)
@@ -89,7 +89,7 @@ QStringList wholeDownload(int end)
 void tst_CellEvents::init()
 {
     m_list.reset();
-    QCoreApplication::processEvents(); // what the cells of the test before have posted
+    QCoreApplication::processEvents(); // flush what the previous test's cells have posted
     m_world = std::make_unique<BrowserWorld>();
     m_world->addTheme(1, QStringLiteral("One"), BrowserWorld::OnServer);
     m_world->addTheme(2, QStringLiteral("Ready"));

@@ -16,7 +16,7 @@
 
 Q_DECLARE_METATYPE(EUIItemType)
 
-/// The sizes of cells and which widget stands in which.
+/// Tests the sizes of cells and the widgets in them.
 class tst_MVResourceItemDelegate : public QObject
 {
     Q_OBJECT

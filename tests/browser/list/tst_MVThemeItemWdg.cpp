@@ -15,7 +15,7 @@
 
 #include <memory>
 
-/// One cell by itself: its form, its selection, what it applies and which events it takes.
+/// Tests a single cell: its form, its selection, what it applies and which events it handles.
 class tst_MVThemeItemWdg : public QObject
 {
     Q_OBJECT
@@ -56,7 +56,7 @@ private:
 
 namespace {
 
-/// Records what "IsChecked" is set to.
+/// Records the values assigned to "IsChecked".
 class MarkTrace : public QObject
 {
 public:
@@ -185,7 +185,7 @@ void tst_MVThemeItemWdg::selectingMovesTheMark()
     QCOMPARE(second->property("IsChecked"), QVariant(true));
     QVERIFY(!first->isChecked());
     QVERIFY(second->isChecked());
-    second->setSel(first); // any cell may move it
+    second->setSel(first); // any cell may move the selection
     QVERIFY(isMarked(first));
     QVERIFY(!isMarked(second));
 }
@@ -356,7 +356,7 @@ void tst_MVThemeItemWdg::endOfADownload_data()
     QTest::newRow("success") << 5 << QString();
 }
 
-/// Whatever the result: what lacks nothing any more is applied.
+/// Whatever the result, an item that is now complete is applied.
 void tst_MVThemeItemWdg::endOfADownload()
 {
     QFETCH(int, result);

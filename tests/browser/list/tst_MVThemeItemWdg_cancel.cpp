@@ -12,7 +12,7 @@
 
 Q_DECLARE_METATYPE(Qt::MouseButton)
 
-/// The user cancels a download that goes on in a cell.
+/// Tests that the user can cancel a cell's download.
 class tst_MVThemeItemWdg_cancel : public QObject
 {
     Q_OBJECT
@@ -28,7 +28,7 @@ private slots:
     void clickWithAnotherButton_data();
     void clickWithAnotherButton();
     void pressThatEndsElsewhere();
-    void outcomeIsTold();
+    void outcomeIsReported();
     void clickAgainStartsAnew();
 
 private:
@@ -79,7 +79,7 @@ void tst_MVThemeItemWdg_cancel::clickOnTheRing()
     QCOMPARE(errorOf(cell()), QString());
     QVERIFY(!cell()->isDownloading());
     QVERIFY(!isMarked(cell()));
-    QVERIFY(buttonOf(cell(), "btnDownload")->isVisible()); // it can be asked for again
+    QVERIFY(buttonOf(cell(), "btnDownload")->isVisible()); // the download is offered again
 }
 
 void tst_MVThemeItemWdg_cancel::escape()
@@ -93,7 +93,7 @@ void tst_MVThemeItemWdg_cancel::escape()
     QCOMPARE(errorOf(cell()), QString());
 }
 
-/// Escape is the window's again, for example to close a dialog.
+/// Without a download the window receives Escape, for example to close a dialog.
 void tst_MVThemeItemWdg_cancel::escapeWithoutADownload()
 {
     m_list->view()->setFocus();
@@ -109,7 +109,7 @@ void tst_MVThemeItemWdg_cancel::ringTellsThatItCanBeClicked()
     QVERIFY(!ring()->toolTip().isEmpty());
 }
 
-/// Its second half comes down on the ring, which the first half has just brought up.
+/// The second click hits the ring, which the first click has just shown.
 void tst_MVThemeItemWdg_cancel::doubleClickStartsTheDownload()
 {
     const HostTrace trace;
@@ -159,7 +159,7 @@ void tst_MVThemeItemWdg_cancel::pressThatEndsElsewhere()
     QCOMPARE(trace.entries(), QStringList());
 }
 
-void tst_MVThemeItemWdg_cancel::outcomeIsTold()
+void tst_MVThemeItemWdg_cancel::outcomeIsReported()
 {
     HostTrace trace;
     MVThemeItemWdg::setCbItemEnded([&](SCfg_Item* item, const SItemDownloadResult& result) {

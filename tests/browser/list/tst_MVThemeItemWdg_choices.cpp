@@ -12,7 +12,7 @@
 
 Q_DECLARE_METATYPE(Qt::MouseButton)
 
-/// What a host can choose: which mouse buttons act, and whether a late download still applies.
+/// Tests the host's choices: which mouse buttons act, and whether a late download still applies.
 class tst_MVThemeItemWdg_choices : public QObject
 {
     Q_OBJECT
@@ -31,7 +31,7 @@ private slots:
     void lateDownload();
     void lateDownloadOfAnotherKind();
     void anotherListOfTheKindCounts();
-    void resumedDownloadIsNoChoice();
+    void resumedDownloadDoesNotCountAsAChoice();
 
 private:
     void start();
@@ -68,7 +68,7 @@ void tst_MVThemeItemWdg_choices::init()
     m_list->fill();
 }
 
-/// Starts the slow theme's download, whose last file waits for release().
+/// Starts the slow theme's download, whose last file is held until release().
 void tst_MVThemeItemWdg_choices::start()
 {
     m_world->hold(filesOfSlow);
@@ -224,8 +224,8 @@ void tst_MVThemeItemWdg_choices::anotherListOfTheKindCounts()
                               QStringLiteral("downloaded SlowFilter")}));
 }
 
-/// A list that goes on with its downloads after a reload must not undo a later choice.
-void tst_MVThemeItemWdg_choices::resumedDownloadIsNoChoice()
+/// A list that resumes its downloads after a reload must not override a later choice.
+void tst_MVThemeItemWdg_choices::resumedDownloadDoesNotCountAsAChoice()
 {
     hostSettings().lastChoiceWins = true;
     m_world->hold(filesOfSlow);

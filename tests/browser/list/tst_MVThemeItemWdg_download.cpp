@@ -15,7 +15,7 @@
 #include <functional>
 #include <memory>
 
-/// A click on an item that is not on disk.
+/// Tests clicks on items that are not on disk.
 class tst_MVThemeItemWdg_download : public QObject
 {
     Q_OBJECT
@@ -155,7 +155,7 @@ void tst_MVThemeItemWdg_download::clicksDuringADownload()
     const HostTrace trace;
     m_list->click(frameOf(cell("One")));
     for (int i = 0; i < 2; ++i)
-        m_list->click(labelOf(cell("One"), "lblName")); // on the ring it would cancel
+        m_list->click(labelOf(cell("One"), "lblName")); // a click on the ring would cancel
     QTRY_COMPARE(m_world->requests(configOf1), 1);
     m_list->click(frameOf(cell("One")), Qt::RightButton);
     cell("One")->doApplyTheme();
@@ -219,7 +219,7 @@ void tst_MVThemeItemWdg_download::failure()
     QVERIFY(!cell->isDownloading());
     QVERIFY(cell->getItem());
 
-    m_list->click(frameOf(cell)); // it can be asked for again
+    m_list->click(frameOf(cell)); // the download is offered again
     QCOMPARE(errorOf(cell), QString());
     QTRY_COMPARE(trace.count(QStringLiteral("downloaded ") + name), 2);
     QCOMPARE(errorOf(cell), error);
@@ -257,7 +257,7 @@ void tst_MVThemeItemWdg_download::cancelledDownload()
     QTRY_COMPARE(trace.count(QStringLiteral("clicked One")), 1);
 }
 
-/// The one whose files come last is applied last.
+/// The item whose files arrive last is applied last.
 void tst_MVThemeItemWdg_download::twoItemsAtATime()
 {
     m_world->hold(configOf1);
@@ -305,7 +305,7 @@ void tst_MVThemeItemWdg_download::stoppedCellIgnoresTheMouse()
     m_list->moveTo(frameOf(one));
     one->doApplyTheme();
     one->tryStopDownloadThread();
-    QTRY_COMPARE(m_list->cellCount(), 4); // what was posted has been handled
+    QTRY_COMPARE(m_list->cellCount(), 4); // posted events have been handled
     QCOMPARE(applied.size(), 0);
     QCOMPARE(trace.entries(), QStringList());
     QCOMPARE(m_world->requests(configOf1), 1);
@@ -333,7 +333,7 @@ void tst_MVThemeItemWdg_download::clearingStopsDownloads()
     m_list->click(frameOf(cell("Two")));
     QTRY_COMPARE(m_world->requests(configOf1) + m_world->requests(configOf2), 2);
     m_list->view()->clear();
-    MVThemeMgr::init()->load(true); // no thread looks at the catalogue any more
+    MVThemeMgr::init()->load(true); // no thread reads the catalogue any more
     QTRY_COMPARE(m_list->cellCount(), 0);
     QCOMPARE(trace.entries(), QStringList());
 
@@ -368,7 +368,7 @@ void tst_MVThemeItemWdg_download::damagedConfig_data()
     QTest::newRow("content is not checked") << false;
 }
 
-/// Where content is checked a click mends the item, otherwise it is used as it is.
+/// A click repairs the item where content is checked; otherwise the item is used as it is.
 void tst_MVThemeItemWdg_download::damagedConfig()
 {
     QFETCH(bool, isChecked);

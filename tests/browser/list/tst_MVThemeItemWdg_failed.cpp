@@ -8,7 +8,7 @@
 
 #include <memory>
 
-/// The host is told why a download failed.
+/// Tests that the host is told why a download failed.
 class tst_MVThemeItemWdg_failed : public QObject
 {
     Q_OBJECT
@@ -17,8 +17,8 @@ private slots:
     void init();
     void cleanup();
     void toldBeforeTheEnd();
-    void notToldOfASuccess();
-    void notToldOfACancellation();
+    void successIsNotReportedAsFailure();
+    void cancellationIsNotReportedAsFailure();
     void heartComesBackUnderTheMouse();
 
 private:
@@ -63,7 +63,7 @@ void tst_MVThemeItemWdg_failed::toldBeforeTheEnd()
              qPrintable(m_failures.constFirst()));
 }
 
-void tst_MVThemeItemWdg_failed::notToldOfASuccess()
+void tst_MVThemeItemWdg_failed::successIsNotReportedAsFailure()
 {
     const HostTrace trace;
     MVThemeItemWdg::setCbItemFailed(
@@ -73,7 +73,7 @@ void tst_MVThemeItemWdg_failed::notToldOfASuccess()
     QCOMPARE(m_failures, QStringList());
 }
 
-void tst_MVThemeItemWdg_failed::notToldOfACancellation()
+void tst_MVThemeItemWdg_failed::cancellationIsNotReportedAsFailure()
 {
     const HostTrace trace;
     MVThemeItemWdg::setCbItemFailed(

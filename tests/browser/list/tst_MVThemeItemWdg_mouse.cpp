@@ -16,7 +16,7 @@
 
 Q_DECLARE_METATYPE(Qt::MouseButton)
 
-/// The user's mouse over a list.
+/// Tests a user's mouse actions on a list.
 class tst_MVThemeItemWdg_mouse : public QObject
 {
     Q_OBJECT
@@ -26,7 +26,7 @@ private slots:
     void clickApplies_data();
     void clickApplies();
     void orderOfAClick();
-    void everyReceiverIsToldOnce();
+    void everyReceiverIsNotifiedOnce();
     void clickMovesTheMark();
     void clickOnTheSameAgain();
     void clickAnywhereInTheCell_data();
@@ -98,7 +98,7 @@ void tst_MVThemeItemWdg_mouse::orderOfAClick()
              (QStringList{QStringLiteral("signal One, marked"), QStringLiteral("clicked One")}));
 }
 
-void tst_MVThemeItemWdg_mouse::everyReceiverIsToldOnce()
+void tst_MVThemeItemWdg_mouse::everyReceiverIsNotifiedOnce()
 {
     const HostTrace trace;
     const QSignalSpy byItem(cell("One"), &MVThemeItemWdg::sigThemeItemClicked);

@@ -9,7 +9,7 @@
 
 #include <memory>
 
-/// Which rows are let through, by theme type, favourite and name.
+/// Tests which rows pass the filter, by theme type, favourite and name.
 class tst_MVThemeSortFilterProxyModel : public QObject
 {
     Q_OBJECT
@@ -43,7 +43,7 @@ constexpr int travelType = 3;
 constexpr int banquetsType = 4;
 constexpr int allTypes = 999;
 
-/// Names parted by blanks; "-" stands for the empty name.
+/// Splits a text into names at blanks; "-" denotes the empty name.
 QStringList names(const char* text)
 {
     QStringList result = QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);

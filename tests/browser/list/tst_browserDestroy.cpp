@@ -15,7 +15,7 @@
 using Action = std::function<void(ListWindow&)>;
 Q_DECLARE_METATYPE(Action)
 
-/// What is destroyed while it works.
+/// Tests destroying lists and cells while they work.
 class tst_browserDestroy : public QObject
 {
     Q_OBJECT
@@ -123,7 +123,7 @@ void tst_browserDestroy::asSoonAsTheDownloadStarts()
     QCoreApplication::processEvents();
 }
 
-/// Its end signal may be on the way.
+/// Its end signal may already be posted.
 void tst_browserDestroy::whenTheDownloadHasJustEnded()
 {
     const HostTrace trace;
@@ -179,7 +179,7 @@ void tst_browserDestroy::selectedCell()
     delete m_list->cell(0);
     QVERIFY(!m_list->cell(0));
     m_list->view()->onClearSelect();
-    m_list->view()->selThemeItem(BrowserWorld::theme(1)); // has no cell now
+    m_list->view()->selThemeItem(BrowserWorld::theme(1)); // it has no cell now
     m_list->view()->selThemeItem(BrowserWorld::theme(2));
     QVERIFY(isMarked(m_list->cell(1)));
     m_list->view()->resetItemData();

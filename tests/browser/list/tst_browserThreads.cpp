@@ -9,8 +9,8 @@
 
 #include <memory>
 
-/// Lists that are used while the threads of several downloads work on their items. Nothing here
-/// orders the threads more than a user would.
+/// Tests lists in use while the threads of several downloads work on their items. The test
+/// synchronizes the threads no more than a user would.
 class tst_browserThreads : public QObject
 {
     Q_OBJECT
@@ -61,7 +61,7 @@ void tst_browserThreads::init()
     m_world->load();
 }
 
-/// How many of the last files have been asked for.
+/// Returns how many of the last files have been requested.
 int tst_browserThreads::downloads() const
 {
     int count = 0;

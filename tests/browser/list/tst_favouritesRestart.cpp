@@ -15,8 +15,8 @@
 #include <cstdio>
 #include <memory>
 
-/// Favourites that the user marks by mouse, from one start of the host to the next. The program
-/// runs itself as that host.
+/// Tests that favourites marked by mouse survive a restart of the host. The program runs itself as
+/// that host.
 class tst_favouritesRestart : public QObject
 {
     Q_OBJECT
@@ -35,7 +35,7 @@ private:
 
 namespace {
 
-/// Clicks the heart of a cell, if one is named.
+/// Clicks the heart of the named cell; does nothing for an empty name.
 bool clickHeart(ListWindow& list, const QString& name)
 {
     const MVThemeItemWdg* const cell = list.cell(name);
@@ -50,7 +50,7 @@ bool clickHeart(ListWindow& list, const QString& name)
     return true;
 }
 
-/// The host: shows the list, lets the user click, tells which cells carry a heart, and ends.
+/// Runs the host: shows the list, clicks, reports which cells have a heart, and exits.
 int runHost(const QStringList& arguments)
 {
     hostSettings().dataLocation = arguments.value(0);
@@ -81,7 +81,7 @@ void tst_favouritesRestart::init()
     m_world->load();
 }
 
-/// What the host tells; empty if it does not end well.
+/// Runs the host and returns what it reports; empty if it fails.
 QByteArray tst_favouritesRestart::run(EUIItemType type, const QString& clickedCell)
 {
     QProcess host;

@@ -12,7 +12,7 @@
 
 #include <memory>
 
-/// A cell that is filtered out of the list while its item downloads.
+/// Tests cells that a filter hides while their items download.
 class tst_hiddenDownloads : public QObject
 {
     Q_OBJECT
@@ -28,7 +28,7 @@ private slots:
     void isStoppedWithTheList();
     void isStoppedAloneByItsWidget();
     void goesWithTheView();
-    void selectionStaysElsewhere();
+    void selectionMadeMeanwhileIsKept();
 
 private:
     void startDownload();
@@ -127,7 +127,7 @@ void tst_hiddenDownloads::comesBackAsItWas()
     QVERIFY(m_cell->isVisible());
     QCOMPARE(pageOf(m_cell), QStringLiteral("pageDownload"));
     QCOMPARE(m_list->cellCount(), 2);
-    m_list->click(labelOf(m_cell, "lblName")); // still the same download
+    m_list->click(labelOf(m_cell, "lblName")); // the same download is still running
     m_world->release();
     QTRY_COMPARE(trace.entries(),
                  (QStringList{QStringLiteral("clicked One"), QStringLiteral("downloaded One")}));
@@ -173,7 +173,7 @@ void tst_hiddenDownloads::comesBackAfterTheEnd()
     QCOMPARE(m_world->requests(files), 1);
 }
 
-/// The download has ended, its widget not yet.
+/// The download has ended, but its widget still exists.
 void tst_hiddenDownloads::isNotStartedTwice()
 {
     HostTrace trace;
@@ -202,7 +202,7 @@ void tst_hiddenDownloads::isStoppedWithTheList()
     startDownload();
     showOther();
     m_list->view()->clear();
-    MVThemeMgr::init()->load(true); // no thread looks at the catalogue any more
+    MVThemeMgr::init()->load(true); // no thread reads the catalogue any more
     QTRY_VERIFY(!m_cell);
     QTRY_COMPARE(m_list->cellCount(), 0);
     QCOMPARE(trace.entries(), QStringList());
@@ -233,7 +233,7 @@ void tst_hiddenDownloads::goesWithTheView()
     QCOMPARE(trace.entries(), QStringList());
 }
 
-void tst_hiddenDownloads::selectionStaysElsewhere()
+void tst_hiddenDownloads::selectionMadeMeanwhileIsKept()
 {
     startDownload();
     showOther();

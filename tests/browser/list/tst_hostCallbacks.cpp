@@ -15,7 +15,7 @@
 using Callback = std::function<void(ListWindow&)>;
 Q_DECLARE_METATYPE(Callback)
 
-/// Host callbacks that take away what they are called from.
+/// Tests host callbacks that destroy their caller.
 class tst_hostCallbacks : public QObject
 {
     Q_OBJECT
@@ -170,7 +170,7 @@ void tst_hostCallbacks::callbackThatReplacesItself()
     QCOMPARE(m_told.size(), 2);
 }
 
-/// The clicked callback ends the old list, and the end of the download is still told once.
+/// The clicked callback destroys the old list; the end of the download is still reported once.
 void tst_hostCallbacks::callbackOfANewListIsCalledOnce()
 {
     const HostTrace trace;

@@ -19,7 +19,7 @@ constexpr bool sanitized = true; // freed memory stays in quarantine, and everyt
 constexpr bool sanitized = false;
 #endif
 
-/// A list that is filled and filtered for days neither grows nor slows down.
+/// Tests that a list that is filled and filtered for days neither grows nor slows down.
 class tst_listGrowth : public QObject
 {
     Q_OBJECT
@@ -44,9 +44,9 @@ constexpr int page = sanitized ? 100 : 500;
 constexpr int rounds = sanitized ? 3 : 30;
 constexpr qint64 tolerated = 3 * 1024 * 1024;
 constexpr double timesSlower = 3;
-constexpr double leastSeconds = 0.2; // below this, a comparison says nothing
+constexpr double leastSeconds = 0.2; // shorter times are too noisy to compare
 
-/// Bytes of this process in memory.
+/// Returns this process's resident memory in bytes.
 qint64 residentBytes()
 {
     const QList<QByteArray> pages =
@@ -61,7 +61,7 @@ int openFiles()
                                 .size());
 }
 
-/// Deletes what the present event would delete at its end.
+/// Performs the deletions deferred to the end of the current event.
 void endEvent()
 {
     QCoreApplication::processEvents();

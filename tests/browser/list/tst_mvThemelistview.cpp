@@ -16,7 +16,7 @@
 
 Q_DECLARE_METATYPE(EUIItemType)
 
-/// How a list is set up, how large its cells are, how it scrolls.
+/// Tests the setup, cell size and scrolling of a list.
 class tst_mvThemelistview : public QObject
 {
     Q_OBJECT

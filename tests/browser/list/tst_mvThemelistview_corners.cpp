@@ -12,7 +12,7 @@
 #include <QStandardItemModel>
 #include <QToolButton>
 
-/// What hosts and users do at odd moments.
+/// Tests what hosts and users may do at awkward moments.
 class tst_mvThemelistview_corners : public QObject
 {
     Q_OBJECT
@@ -85,7 +85,7 @@ void tst_mvThemelistview_corners::a_host_may_destroy_the_list_when_a_favourite_c
         told = item;
         delete list.view();
     });
-    // Not by the mouse: Qt itself goes on with a button after its click.
+    // Not by mouse: Qt itself still uses a button after its click.
     faceOf(list.cell(0))->onBtnCollect();
     MVThemeItemSubwdgt_Preview::setCbBtnCollect({});
     QVERIFY(!list.view());

@@ -12,7 +12,7 @@
 
 #include <memory>
 
-/// What filtering a list does to its cells.
+/// Tests the effect of filters on a list's cells.
 class tst_mvThemelistview_filter : public QObject
 {
     Q_OBJECT
@@ -158,7 +158,7 @@ void tst_mvThemelistview_filter::filteredOutCellAppliesNothing()
     const QSignalSpy applied(m_list->view(), &mvThemelistview::sigThemeItemClicked);
     const QPointer<MVThemeItemWdg> ape(m_list->cell(QStringLiteral("Ape")));
     m_list->view()->reapplyFilter(3, QString());
-    QVERIFY(ape); // it goes after the present event
+    QVERIFY(ape); // it is deleted after the current event
     QTest::mouseClick(frameOf(ape), Qt::LeftButton);
     ape->doApplyTheme();
     QVERIFY(!isMarked(ape));
@@ -166,7 +166,7 @@ void tst_mvThemelistview_filter::filteredOutCellAppliesNothing()
     QCOMPARE(trace.entries(), QStringList());
 }
 
-/// A favourite that is one no more stays where it is while the user looks at it.
+/// An item that ceases to be a favourite stays visible while the user looks at it.
 void tst_mvThemelistview_filter::rowThatStopsMatchingStaysUntilAsked()
 {
     BrowserWorld::setFavourite(BrowserWorld::theme(2), true);

@@ -16,7 +16,7 @@
 
 #include <memory>
 
-/// The list without a mouse: keys, where the keyboard stands, what a screen reader is told.
+/// Tests the list without a mouse: keys, keyboard focus, and what a screen reader is told.
 class tst_mvThemelistview_keyboard : public QObject
 {
     Q_OBJECT
@@ -50,7 +50,7 @@ private:
     {
         QTest::keyClick(m_list->view(), Qt::Key(key), modifiers);
     }
-    /// The press that a key sends again and again while it is held.
+    /// Sends the auto-repeat presses of a held key.
     void repeat(int key)
     {
         QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
@@ -85,7 +85,7 @@ void tst_mvThemelistview_keyboard::init()
     m_list->fill();
     m_list->moveAway();
     m_list->window().activateWindow();
-    m_list->view()->clearFocus(); // it came while there was no row
+    m_list->view()->clearFocus(); // it received the focus while it had no rows
     m_list->view()->setFocus(Qt::TabFocusReason);
     QTRY_VERIFY(m_list->view()->hasFocus());
 }

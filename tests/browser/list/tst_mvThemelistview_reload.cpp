@@ -13,7 +13,7 @@
 
 #include <memory>
 
-/// State of a list that survives a reload of the catalogue.
+/// Tests that a list's state survives a reload of the catalogue.
 class tst_mvThemelistview_reload : public QObject
 {
     Q_OBJECT
@@ -72,7 +72,7 @@ void tst_mvThemelistview_reload::cleanup()
     hostSettings() = m_settings;
 }
 
-/// The files of the first two are on the server.
+/// Puts the files of the first two items on the server.
 void tst_mvThemelistview_reload::init()
 {
     m_world = std::make_unique<BrowserWorld>();
@@ -249,7 +249,7 @@ void tst_mvThemelistview_reload::markIsSetSilently()
     QVERIFY(!isMarked(m_list->cell(nameOf(3))));
     QVERIFY(isMarked(m_list->cell(nameOf(4))));
     view()->reapplyFilter(MVThemeSortFilterProxyModel::allThemes, nameOf(4));
-    view()->setAppliedItem(guidOf(5)); // which has no cell now
+    view()->setAppliedItem(guidOf(5)); // it has no cell now
     QVERIFY(!isMarked(m_list->cell(nameOf(4))));
     view()->reapplyFilter(MVThemeSortFilterProxyModel::allThemes, QString());
     QVERIFY(isMarked(m_list->cell(nameOf(5))));

@@ -16,7 +16,7 @@
 
 Q_DECLARE_METATYPE(EUIItemType)
 
-/// How a list gets its rows and cells, and loses them.
+/// Tests how a list creates and removes rows and cells.
 class tst_mvThemelistview_rows : public QObject
 {
     Q_OBJECT
@@ -249,7 +249,7 @@ void tst_mvThemelistview_rows::clearing()
     list.view()->clear();
     QCOMPARE(list.rows()->rowCount(), 0);
     QCOMPARE(list.proxy()->rowCount(), 0);
-    QVERIFY(cell); // it may be the one whose event is being handled
+    QVERIFY(cell); // its event may be in progress
     QVERIFY(!cell->isVisible());
     QTRY_COMPARE(list.cellCount(), 0);
     QVERIFY(!cell);
@@ -282,7 +282,7 @@ void tst_mvThemelistview_rows::clearsBeforeACatalogueIsReloaded()
         QCOMPARE(list.cell(row)->getItem(), BrowserWorld::theme(row + 1));
 }
 
-/// The old cells are still there while the new ones are made, but their items are not.
+/// The old cells still exist while the new ones are created, but their items do not.
 void tst_mvThemelistview_rows::clearsASelectionBeforeACatalogueIsReloaded()
 {
     ListWindow list(UIItem_Themes);

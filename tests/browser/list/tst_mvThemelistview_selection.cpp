@@ -14,7 +14,7 @@
 
 #include <memory>
 
-/// The selection that the host makes, and what it asks of all cells.
+/// Tests the host's selection and the operations that address all cells.
 class tst_mvThemelistview_selection : public QObject
 {
     Q_OBJECT
@@ -43,7 +43,7 @@ private:
 
 namespace {
 
-/// Counts how often "IsChecked" is given to a widget.
+/// Counts the assignments of "IsChecked" to a widget.
 class CheckedWrites : public QObject
 {
 public:
@@ -197,7 +197,7 @@ void tst_mvThemelistview_selection::clearedCellStaysTheSelectedOne()
     const CheckedWrites writes(m_themes->cell(1));
     m_themes->cell(1)->setProperty("IsChecked", true);
     m_themes->view()->selThemeItem(BrowserWorld::theme(1));
-    QCOMPARE(writes.count(), 2); // by this test, and taken off with the next selection
+    QCOMPARE(writes.count(), 2); // once by this test, once by the next selection
     QVERIFY(!isMarked(m_themes->cell(1)));
     QVERIFY(isMarked(m_themes->cell(0)));
 }
@@ -235,7 +235,7 @@ void tst_mvThemelistview_selection::redrawsTheFirstCellOnly()
     const QString picture = pictureOf(m_themes->cell(0))->imagePath();
     QVERIFY(QFile::remove(picture));
     m_themes->view()->adjustItem();
-    QVERIFY(pictureOf(m_themes->cell(0))->isEmpty()); // read again, and gone
+    QVERIFY(pictureOf(m_themes->cell(0))->isEmpty()); // read again, and the file is gone
     QVERIFY(!pictureOf(m_themes->cell(1))->isEmpty());
     QVERIFY(!pictureOf(m_themes->cell(2))->isEmpty());
 }

@@ -66,7 +66,7 @@ SampleWorld::SampleWorld()
 
 SampleWorld::~SampleWorld()
 {
-    m_answer = NotFound; // or the server would wait for its stalled connection
+    m_answer = NotFound; // otherwise the server would wait for its stalled connection
 }
 
 void SampleWorld::lose(const SCfg_Item* item)
@@ -100,7 +100,7 @@ void SampleWorld::serve(HttpExchange& exchange) const
         exchange.answer(HttpAnswer(404).body("none"));
         return;
     }
-    // The first 10 per cent of a download are for the item's config, the rest for its one file.
+    // The first 10 percent of a download are for the item's config, the rest for its only file.
     constexpr int size = 9000;
     constexpr int sent = size * (stalledPercent - 10) / 90;
     exchange.send(HttpAnswer(200)
@@ -124,7 +124,7 @@ SampleList::SampleList(EUIItemType type, const QSize& size)
     m_window->show();
     if (!QTest::qWaitForWindowExposed(m_window.get()))
         qFatal("the window does not show");
-    // Beside the window, lest the list opens below it.
+    // Beside the window, so that the list does not open below the cursor.
     QCursor::setPos(m_window->geometry().bottomRight() + QPoint(50, 50));
     QCoreApplication::processEvents();
 }

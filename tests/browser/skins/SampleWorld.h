@@ -15,31 +15,31 @@ class mvThemelistview;
 class QWidget;
 struct SCfg_Item;
 
-/// The samples as a user has them after a while: the whole catalogue, with every preview and most
-/// files on disk, and a server for the rest. One per process.
+/// The samples as a long-time user has them: the whole catalogue, with every preview and most files
+/// on disk, and a server for the rest. One per process.
 ///
-/// The server sends `partlySent` of a body and no more, or answers 404, by what a test asks for.
+/// The server stalls after `partlySent` of a body or answers 404, as the test chooses.
 class SampleWorld
 {
 public:
-    /// What the server does when the files of an item are asked for. Stalled downloads fail when it
-    /// does something else.
+    /// Sets how the server answers requests for an item's files. Stalled downloads fail when the
+    /// answer changes.
     enum Answer { Stalls, NotFound };
 
-    /// Download root, settings and catalogue; downloads run at a pace of 1 ms.
+    /// Sets up download root, settings and catalogue; downloads pause for 1 ms per step.
     SampleWorld();
     ~SampleWorld();
     Q_DISABLE_COPY_MOVE(SampleWorld)
 
     void setAnswer(Answer answer) { m_answer = answer; }
-    /// Takes the item's own files off the disk.
+    /// Removes the item's own files from the disk.
     void lose(const SCfg_Item* item);
-    /// Puts back what was lost.
+    /// Restores the files removed by lose().
     void restore();
-    /// Whether the application brings the item's files, so that they cannot be lost.
+    /// Returns whether the item's files ship with the application and so cannot be removed.
     static bool isBuiltIn(const SCfg_Item* item);
 
-    /// Per cent that a download has reached when the server stalls.
+    /// The percentage that a download has reached when the server stalls.
     static constexpr int stalledPercent = 40;
 
 private:
@@ -47,12 +47,12 @@ private:
     static QString folder(const SCfg_Item* item);
 
     QString m_root;
-    QStringList m_lost; // folders below that of the published files
+    QStringList m_lost; // folders below the root of the published files
     std::atomic<Answer> m_answer{Stalls};
     FaultServer m_server;
 };
 
-/// A shown window that is filled by a list of one kind, with all rows of the catalogue.
+/// A visible window filled by a list of one kind, with all rows of the catalogue.
 class SampleList
 {
 public:
@@ -63,7 +63,7 @@ public:
     QWidget& window() { return *m_window; }
     mvThemelistview& view() { return *m_view; }
     int count() const;
-    /// The live cell of a row.
+    /// Returns the live cell of a row.
     MVThemeItemWdg* cell(int row) const;
     /// Moves the mouse over the cell, as the window system does.
     static void hover(const MVThemeItemWdg* cell);
@@ -73,5 +73,5 @@ private:
     mvThemelistview* m_view; // owned by the window
 };
 
-/// A part of a cell by its object name.
+/// Returns a part of a cell by its object name.
 QWidget* partOf(const MVThemeItemWdg* cell, const char* name);

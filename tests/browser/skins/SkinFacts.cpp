@@ -43,7 +43,7 @@ int colourCount(const QImage& picture)
     return colours.size();
 }
 
-/// Mean difference of two pictures of one size, from 0 to 255.
+/// Returns the mean difference of two pictures of equal size, from 0 to 255.
 double difference(const QImage& a, const QImage& b)
 {
     qint64 sum = 0;
@@ -58,7 +58,7 @@ double difference(const QImage& a, const QImage& b)
     return static_cast<double>(sum) / (3 * a.width() * a.height());
 }
 
-/// A pixel of the cell's frame, halfway down its left side.
+/// Returns a pixel of the cell's frame, halfway down its left side.
 QColor frameColour(QWidget& window, const MVThemeItemWdg* cell)
 {
     const QRect frame = placeOf(partOf(cell, "MVThemeItemWdgBg"));
@@ -152,7 +152,7 @@ void SkinFacts::namesAreLegible() const
         QVERIFY(name.fontInfo().pixelSize() >= legiblePixels);
         QVERIFY2(textContrast(m_list.window(), name) >= legible, qPrintable(name.text()));
         QVERIFY(name.contentsRect().height() >= name.fontMetrics().height());
-        // Centred, and where the mark would not move it.
+        // The text is centred, and the mark must not shift it.
         QVERIFY(qAbs(placeOf(&name).center().x() - placeOf(cell).center().x()) <= 1);
         QCOMPARE(name.pos(), label(m_list.cell(0), "lblName").pos());
     }
@@ -198,7 +198,7 @@ void SkinFacts::buttonsShow(int row, const char* name) const
             for (int x = 0; x < picture.width(); ++x)
                 most = qMax(most, contrast(picture.pixelColor(x, y), middle));
         }
-        // As for graphical objects, which need less than texts.
+        // Graphical objects need less contrast than text.
         QVERIFY2(most >= 3, name);
     }
 }
@@ -226,7 +226,7 @@ void SkinFacts::ringIsCentred(int row) const
     const QPoint onRing(image.width() / 2, image.height() / 16);
     QVERIFY(contrast(image.pixelColor(onRing), page1) >= 3);
     QVERIFY(image.pixelColor(onRing) != mask.pixelColor(onRing));
-    // The sector ends on the circle: nothing is painted in the corners.
+    // The sector ends at the circle: nothing is painted in the corners.
     QCOMPARE(seenPart(m_list.window(), *ring).pixelColor(1, 1), page1);
 
     QFont font = face->font();
@@ -250,7 +250,7 @@ void SkinFacts::animationPlays(int row) const
     const QLabel& animation = label(m_list.cell(row), "lblGif");
     QVERIFY(animation.isVisible());
     QCOMPARE(animation.movie()->state(), QMovie::Running);
-    // Whole, not cut off at the sides.
+    // The picture is complete, not cropped at the sides.
     QLabel& shown = label(m_list.cell(row), "lblGif");
     const QImage frame = animation.movie()->currentPixmap().toImage();
     const QImage picture = shown.grab().toImage().scaled(frame.size(), Qt::IgnoreAspectRatio,

@@ -19,7 +19,7 @@
 
 namespace {
 
-constexpr int quicklyPacked = 80; // 100 is not at all
+constexpr int quicklyPacked = 80; // 100 disables compression
 
 struct Kind
 {
@@ -28,7 +28,7 @@ struct Kind
     QSize window;
 };
 
-// Four theme cells and six filter cells in a row.
+// Four theme cells or six filter cells per row.
 const QVector<Kind> kinds{{"themes", UIItem_Themes, {712, 546}},
                           {"filters", UIItem_Filters, {764, 356}},
                           {"backgrounds", UIItem_BgMaterial, {764, 214}}};
@@ -61,7 +61,7 @@ void click(const MVThemeItemWdg* cell)
     QTest::mouseClick(partOf(cell, "MVThemeItemWdgBg"), Qt::LeftButton);
 }
 
-/// Pictures of one size, so many beside each other.
+/// Arranges pictures of equal size in a grid.
 QImage sheetOf(const QVector<QImage>& pictures, int columns)
 {
     const QSize cell = pictures.first().size();
@@ -199,14 +199,14 @@ void SkinPictures::everyState()
         facts.animationPlays(rows.hovered);
         facts.moreIsLegible(list.count() - 1);
     }
-    // Ended by the server, as cancelling takes a while.
+    // Ended by the server, as cancelling takes time.
     m_world->setAnswer(SampleWorld::NotFound);
     QTRY_VERIFY(!list.cell(rows.downloading)->isDownloading());
 }
 
 void SkinPictures::textsInEveryLanguage_data()
 {
-    skinsAndKinds(2); // backgrounds stand in the same cells as filters
+    skinsAndKinds(2); // backgrounds use the same cells as filters
 }
 
 void SkinPictures::textsInEveryLanguage()
@@ -233,7 +233,7 @@ void SkinPictures::textsInEveryLanguage()
     for (const QString& language : languages) {
         QVERIFY(BrowserLanguage::install(language));
         QCoreApplication::sendPostedEvents();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest); // by the former
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest); // posted by the former
 
         for (MVThemeItemWdg* cell : qAsConst(cells)) {
             SkinFacts::holdsItsTexts(cell, language);

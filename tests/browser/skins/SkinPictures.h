@@ -9,7 +9,7 @@
 class QImage;
 struct SCfg_Item;
 
-/// The rows of a list by the state that a picture shows them in.
+/// The rows of a list, by the state in which a picture shows them.
 struct ShownStates
 {
     int applied = -1;
@@ -20,14 +20,14 @@ struct ShownStates
     int failed = -1;
 };
 
-/// Shows the samples in every skin, keeps pictures of that in the folder MV_SCREENSHOTS, and
-/// verifies what they have to look like. The scale factor is that of the process.
+/// Shows the samples in every skin, saves pictures of them to the folder MV_SCREENSHOTS and
+/// verifies their appearance. The process determines the scale factor.
 class SkinPictures : public QObject
 {
     Q_OBJECT
 
 public:
-    /// `scale` ends the pictures' names.
+    /// `scale` is appended to the pictures' names.
     explicit SkinPictures(const QString& scale);
     ~SkinPictures() override;
 

@@ -28,7 +28,7 @@ QStringList urlsIn(const QString& sheet)
     return urls;
 }
 
-/// Every selector of the sheet, without comments and declarations.
+/// Returns every selector of the sheet, without comments and declarations.
 QStringList selectorsIn(QString sheet)
 {
     sheet.remove(QRegularExpression(QStringLiteral("/\\*.*?\\*/"),
@@ -43,7 +43,7 @@ QStringList selectorsIn(QString sheet)
     return selectors;
 }
 
-/// Widgets as a host has them, some with names that the browser's parts have too.
+/// A host's own widgets, some of which share object names with the browser's parts.
 class HostWindow : public QWidget
 {
 public:
@@ -71,8 +71,8 @@ public:
 
 } // namespace
 
-/// The style sheets as such; what they make of a list is in tst_skinnedLists and
-/// tst_skins_screenshots.
+/// Tests the style sheets themselves; tst_skinnedLists and tst_skins_screenshots test their effect
+/// on a list.
 class tst_BrowserSkin : public QObject
 {
     Q_OBJECT
@@ -131,7 +131,8 @@ void tst_BrowserSkin::hasAFileForEachName()
     QCOMPARE(QDir(folder).entryList({QStringLiteral("*.json")}, QDir::Files, QDir::Name), expected);
 }
 
-/// A placeholder without a value, or a value without a placeholder, would be an unexpected warning.
+/// A placeholder without a value, or a value without a placeholder, would cause an unexpected
+/// warning.
 void tst_BrowserSkin::describesTheSkin()
 {
     QFETCH(QString, skin);
@@ -202,7 +203,7 @@ void tst_BrowserSkin::knowsNoOther()
 void tst_BrowserSkin::isUnderstood()
 {
     QFETCH(QString, skin);
-    QPushButton button; // a sheet is read when the first widget takes its looks from it
+    QPushButton button; // Qt parses a sheet when it first styles a widget
     qApp->setStyleSheet(BrowserSkin::styleSheet(skin));
     button.ensurePolished();
 }
@@ -257,7 +258,7 @@ void tst_BrowserSkin::leavesTheHostAlone()
 {
     QFETCH(QString, skin);
     HostWindow window;
-    // The same machinery, with a rule for nobody.
+    // The same machinery, with a rule that matches nothing.
     qApp->setStyleSheet(QStringLiteral("NoSuchWidget { color: red; }"));
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));

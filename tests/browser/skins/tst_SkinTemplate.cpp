@@ -2,7 +2,7 @@
 
 #include "support/TestMain.h"
 
-/// What becomes of placeholders and values.
+/// Tests how placeholders are replaced by values.
 class tst_SkinTemplate : public QObject
 {
     Q_OBJECT

@@ -21,7 +21,7 @@ QColor captionOf(SampleList& list, int row)
     return mainColour(seenPart(list.window(), *partOf(list.cell(row), "frmInfo")));
 }
 
-/// The cell's corner, beside its frame.
+/// Returns the colour of the cell's corner, outside its frame.
 QColor cornerOf(SampleList& list, int row)
 {
     const QPoint corner = list.cell(row)->mapTo(&list.window(), QPoint(1, 1));
@@ -36,7 +36,7 @@ QColor groundOf(SampleList& list)
 
 } // namespace
 
-/// Lists in the skins, beyond what their pictures show.
+/// Tests skinned lists beyond what their pictures show.
 class tst_skinnedLists : public QObject
 {
     Q_OBJECT
@@ -99,7 +99,7 @@ void tst_skinnedLists::filterCellsHaveTheirOwnRules()
     QVERIFY(face(themes)->marginTopNetError() > face(filters)->marginTopNetError());
     QCOMPARE(partOf(themes.cell(0), "lblIcon")->maximumSize(), QSize(56, 56));
     QCOMPARE(partOf(filters.cell(0), "lblIcon")->maximumSize(), QSize(46, 46));
-    // The picture is 16:9 in both.
+    // The picture is 16:9 in both skins.
     QCOMPARE(partOf(themes.cell(0), "stackedWidget")->size(), QSize(160, 124));
     QCOMPARE(partOf(themes.cell(0), "frmInfo")->height(), 124 - 90);
     QCOMPARE(partOf(filters.cell(0), "stackedWidget")->size(), QSize(112, 92));
@@ -175,7 +175,7 @@ void tst_skinnedLists::changesWhileListsAreShown()
         QCOMPARE(partOf(themes.cell(0), "MVThemeItemWdgBg")->geometry(), QRect(6, 6, 160, 124));
         QCOMPARE(partOf(filters.cell(0), "MVThemeItemWdgBg")->geometry(), QRect(5, 5, 112, 92));
     }
-    // Two of the four have white cells.
+    // Two of the four skins have white cells.
     QCOMPARE(seen.size(), names.size() - 1);
     const QColor dark = captionOf(themes, 0);
     qApp->setStyleSheet({});

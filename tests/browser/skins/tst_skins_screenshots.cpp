@@ -4,7 +4,7 @@
 
 #include <QApplication>
 
-/// Every skin at every scale.
+/// Tests every skin at every scale.
 class tst_skins_screenshots : public QObject
 {
     Q_OBJECT

@@ -16,7 +16,7 @@ namespace FaultPlan {
 
 namespace {
 
-// Written once, before main.
+// Written once, before main().
 std::array<char, PATH_MAX> below = {};
 std::array<char, PATH_MAX> reportFile = {};
 FaultKind kind = FaultKind::None;
@@ -56,10 +56,10 @@ FaultKind kindNamed(const char* name)
         canFlush = std::strstr(lacking, "flush") == nullptr;
     }
     copyVariable("MV_FAULT_REPORT", reportFile);
-    copyVariable("MV_FAULT_BELOW", below); // last: operations count from here on
+    copyVariable("MV_FAULT_BELOW", below); // last, since counting starts here
 }
 
-/// Written by system calls of its own, since the functions are those that count.
+/// Uses direct system calls, since the C library's functions are the counted ones.
 void report(const char* prefix, long number, Operation operation, const Place& place)
 {
     constexpr std::size_t longestLine = PATH_MAX + 64;

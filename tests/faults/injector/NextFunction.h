@@ -4,7 +4,7 @@
 
 #include <dlfcn.h>
 
-/// The C library's function behind one of these, found when it is first called.
+/// Returns the C library's function that this library interposes, looked up on the first call.
 template <class Function>
 class NextFunction
 {

@@ -3,17 +3,17 @@
 #include <cerrno>
 #include <cstddef>
 
-/// What a program does to files, as far as it can fail for the system's reasons. Shared by the
-/// preloaded library and by the tests that read its reports.
+/// The file operations that the system can make fail. Shared by the preloaded library and the tests
+/// that read its reports.
 enum class Operation {
-    OpenFile,   ///< of a file that exists, or for reading
+    OpenFile,   ///< of an existing file, or for reading
     CreateFile, ///< with open(), creat(), mkstemp() or fopen()
-    OpenFolder, ///< to read or to flush it
+    OpenFolder, ///< to read or flush it
     Read,
     Write,
-    Copy,  ///< within the system: sendfile(), copy_file_range()
+    Copy,  ///< within the kernel: sendfile(), copy_file_range()
     Flush, ///< to the disk: fsync(), fdatasync(), syncfs()
-    Close, ///< of a file that was written
+    Close, ///< of a file that was written to
     Resize,
     Rename,
     Link,   ///< hard or symbolic
@@ -23,26 +23,26 @@ enum class Operation {
     SetAttributes, ///< mode or dates
 };
 
-/// What becomes of an operation.
+/// The outcome imposed on an operation.
 enum class FaultKind {
     None,
-    Kill,        ///< SIGKILL in its place
+    Kill,        ///< SIGKILL instead of the operation
     KillHalfway, ///< SIGKILL after half of the bytes were written
-    Halve,       ///< half of the bytes are read or written, which is no failure
+    Halve,       ///< half of the bytes are transferred, which is not a failure
     DiskFull,    ///< ENOSPC
     Broken,      ///< EIO
     Refused,     ///< EACCES
     TooManyOpen, ///< EMFILE
 };
 
-/// Names in reports and rows, by the enumerators' values.
+/// Names in reports and rows, indexed by enumerator.
 constexpr const char* operationNames[] = {"open",       "create",       "openfolder",   "read",
                                           "write",      "copy",         "flush",        "close",
                                           "resize",     "rename",       "link",         "remove",
                                           "makefolder", "removefolder", "setattributes"};
 constexpr std::size_t operationCount = sizeof(operationNames) / sizeof(operationNames[0]);
 
-/// Names in the environment and in rows, by the enumerators' values.
+/// Names in the environment and in rows, indexed by enumerator.
 constexpr const char* faultNames[] = {"none",     "kill", "kill-halfway", "halve",
                                       "diskfull", "eio",  "eacces",       "emfile"};
 constexpr std::size_t faultCount = sizeof(faultNames) / sizeof(faultNames[0]);
@@ -85,7 +85,7 @@ constexpr bool takesSpace(Operation operation)
     }
 }
 
-/// Whether a name is looked up, so that the rights to its folder count.
+/// Returns whether a name is looked up, so that the folder's permissions matter.
 constexpr bool looksUpName(Operation operation)
 {
     switch (operation) {
@@ -101,7 +101,7 @@ constexpr bool looksUpName(Operation operation)
     }
 }
 
-/// Whether the system can answer the operation that way.
+/// Returns whether the system can make the operation fail that way.
 constexpr bool fits(FaultKind kind, Operation operation)
 {
     switch (kind) {

@@ -13,7 +13,7 @@
 
 namespace {
 
-/// Takes "//", "/./" and "/name/.." out of an absolute path.
+/// Removes "//", "/./" and "/name/.." from an absolute path.
 void simplify(char* path)
 {
     char* end = path;
@@ -88,7 +88,7 @@ constexpr unsigned char watchedFlag = 1;
 constexpr unsigned char writtenFlag = 2;
 
 std::array<std::atomic<unsigned char>, most> flags;
-std::array<std::atomic<int>, most> originals; // of duplicates: the other number, and 1
+std::array<std::atomic<int>, most> originals; // for duplicates: the other descriptor plus 1
 
 bool has(int file, unsigned char flag)
 {

@@ -3,42 +3,43 @@
 #include <array>
 #include <climits>
 
-/// An absolute path without "." and "..", made from what a function was given. Links are not
-/// followed. Allocates nothing.
+/// An absolute path without "." and "..", made from a function's arguments. Does not follow links.
+/// Allocates nothing.
 class PlainPath
 {
 public:
-    /// `name` relative to the folder that `folder` has open, or to the current one for AT_FDCWD.
+    /// Resolves `name` relative to the folder descriptor `folder`, or to the current folder for
+    /// AT_FDCWD.
     PlainPath(int folder, const char* name);
 
     const char* text() const { return m_text.data(); }
-    /// Whether it lies below the folder of the FaultPlan.
+    /// Returns whether the path is below the folder of the FaultPlan.
     bool isWatched() const;
-    /// The same, and for the folder itself.
+    /// Returns the same as isWatched(), and true for the folder itself.
     bool isOnWatchedDisk() const;
-    /// Whether anything has that name, be it a link to nothing. Leaves errno as it is.
+    /// Returns whether an entry of that name exists, even a dangling link. Preserves errno.
     bool exists() const;
 
 private:
     std::array<char, PATH_MAX> m_text = {};
 };
 
-/// Which open files lie below the folder of the FaultPlan, and which of them were written. Any
-/// thread; files with numbers above 65535 are never watched.
+/// Tracks which open files are below the folder of the FaultPlan, and which of them were written.
+/// Any thread; descriptors above 65535 are never watched.
 namespace WatchedFiles {
 
-/// Notes a file that has just been opened.
+/// Records a newly opened file.
 void opened(int file, bool watched);
-/// Notes a second number of an open file. Closing it stores what was written by the first, too.
+/// Records a duplicate descriptor. Closing it also stores what was written by the original.
 void duplicated(int file, int duplicate);
 void written(int file);
-/// Notes that everything written so far is on the disk.
+/// Records that everything written so far has reached the disk.
 void flushed(int file);
-/// Notes that a number is about to become free; `isStored` says whether nothing written was lost.
+/// Records that a descriptor is about to be freed; `isStored`: no written data was lost.
 void closed(int file, bool isStored);
 
-/// Cuts a file in half, as a file system does that writes late, fails, and tells of it when the
-/// file is closed.
+/// Truncates a file to half, like a file system that writes late and reports the failure only when
+/// the file is closed.
 void loseData(int file);
 
 bool isWatched(int file);

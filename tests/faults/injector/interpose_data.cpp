@@ -1,4 +1,4 @@
-// Reading, writing and flushing open files.
+// Interposes reading, writing and flushing open files.
 
 #include "FaultPlan.h"
 #include "WatchedFiles.h"
@@ -21,7 +21,7 @@ Verdict verdict(Operation operation, int file)
                                          : Verdict::Pass;
 }
 
-/// Runs `transfer` with the bytes that the plan lets through.
+/// Runs `transfer` with as many bytes as the plan allows.
 template <class Transfer>
 ssize_t transferred(Operation operation, int file, std::size_t length, Transfer transfer)
 {
@@ -103,7 +103,7 @@ ssize_t pwrite64(int file, const void* from, std::size_t length, off64_t offset)
     return ::pwrite(file, from, length, offset);
 }
 
-/// Half of it are its first pieces.
+/// A halved call transfers the first pieces.
 ssize_t writev(int file, const iovec* pieces, int count)
 {
     return transferred(Operation::Write, file, static_cast<std::size_t>(count),

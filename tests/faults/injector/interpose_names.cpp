@@ -1,5 +1,5 @@
-// Names: renaming, linking, removing, folders, modes and dates. What fails on every disk, since a
-// name is taken or missing, is not counted.
+// Interposes renaming, linking, removing, folders, modes and dates. Calls that would fail on any
+// disk, because a name is missing or taken, are not counted.
 
 #include "FaultPlan.h"
 #include "WatchedFiles.h"

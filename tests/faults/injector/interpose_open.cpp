@@ -1,4 +1,4 @@
-// Opening and closing: the functions that stand before those of the C library.
+// Interposes the C library's functions that open and close files.
 
 #include "FaultPlan.h"
 #include "WatchedFiles.h"
@@ -11,7 +11,7 @@
 
 namespace {
 
-/// Follows links, as creating does.
+/// Follows links, as creating a file does.
 bool exists(int folder, const char* name)
 {
     const int before = errno;
@@ -116,7 +116,7 @@ int close(int file)
     const int reason = errno;
     if (fails)
         WatchedFiles::loseData(file);
-    WatchedFiles::closed(file, !fails); // before another thread gets the number
+    WatchedFiles::closed(file, !fails); // before another thread reuses the descriptor
     const int result = static_cast<int>(::syscall(SYS_close, file));
     if (!fails)
         return result;

@@ -1,5 +1,5 @@
-// What the C library does inside itself: streams, folders that are read, temporary files, and what
-// tells why something failed.
+// Interposes what the C library does internally: streams, reading folders, temporary files, and the
+// functions that tell why a call failed.
 
 #include "FaultPlan.h"
 #include "NextFunction.h"
@@ -34,7 +34,7 @@ Verdict verdict(Operation operation, FILE* stream)
                                          : Verdict::Pass;
 }
 
-/// Lets ferror() tell of it; nothing public sets that flag.
+/// Makes ferror() report the failure; no public function sets that flag.
 std::size_t failed(FILE* stream)
 {
     constexpr int errorSeen = 0x20;
@@ -67,7 +67,7 @@ int temporary(char* pattern, int tail, int flags)
     return file;
 }
 
-/// A disk that stays full has no space left.
+/// A disk that stays full has no free space.
 int spaceOf(const char* name, struct statvfs* space)
 {
     const int result = nextSpace(name, space);

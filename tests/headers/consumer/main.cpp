@@ -4,7 +4,7 @@
 
 #include <cstdio>
 
-/// Prints where the config catalogue lies below the folder that the command line names.
+/// Prints the config catalogue's path below the folder given on the command line.
 int main(int argc, char** argv)
 {
     if (argc != 2)
@@ -15,7 +15,7 @@ int main(int argc, char** argv)
     const QString path =
         manager->Path_resource_xml(MVThemeMgr::eLoadDir_Download, MVThemeMgr::eDirTag_Config);
     std::printf("config catalogue: %s\n", qPrintable(path));
-    // Symbols of the other libraries, so that the linker needs them too.
+    // Uses symbols of the other libraries, so that the linker needs them too.
     mvThemelistview view;
     view.setUIItemType(UIItem_Themes);
     return SkinWidget::instance()->themeItemSize() == QSize(-1, -1) ? 0 : 1;

@@ -5,10 +5,10 @@
 #include <QDir>
 #include <QImage>
 
-/// Image files for widget tests.
+/// Creates image files for widget tests.
 namespace TestImages {
 
-/// Writes a file of one colour under this name, over an older one, and returns its path.
+/// Writes a single-colour image, replacing an older file of that name, and returns its path.
 inline QString write(const QString& name, const QSize& size, const QColor& colour)
 {
     QString path = TestHome::path() + QLatin1Char('/') + name;
@@ -19,7 +19,7 @@ inline QString write(const QString& name, const QSize& size, const QColor& colou
     return path;
 }
 
-/// The smallest rectangle around all pixels of this colour.
+/// Returns the smallest rectangle around all pixels of this colour.
 inline QRect areaOf(const QImage& image, const QColor& colour)
 {
     QRect area;

@@ -9,7 +9,7 @@
 
 #include <sys/stat.h>
 
-/// Which pictures are decoded, and at which size.
+/// Tests which pictures are decoded, and at which size.
 class tst_PictureDecoder : public QObject
 {
     Q_OBJECT
@@ -37,7 +37,7 @@ QByteArray number(int value)
     return QByteArray(1, char(value & 0xff)) + QByteArray(1, char(value >> 8));
 }
 
-/// One small image on a canvas.
+/// Returns a GIF with one small image on a canvas.
 QByteArray gif(int width, int height, const QByteArray& version = "GIF89a")
 {
     const QByteArray image = "," + QByteArray(4, '\0') + number(1) + number(1) + '\0'
@@ -66,7 +66,7 @@ QString stored(const QByteArray& content, const char* name)
     return path;
 }
 
-/// Asks with something before the picture, and expects to find the device where it was.
+/// Reads the size with data in front of the picture; the device must not move.
 QSize announced(const QByteArray& image)
 {
     QByteArray bytes = "before" + image;
@@ -221,7 +221,7 @@ void tst_PictureDecoder::pipesAreNotOpened()
 {
     const QString pipe = TestHome::path() + QStringLiteral("/pipe.png");
     QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
-    QVERIFY(PictureDecoder::read(pipe).isNull()); // and returns
+    QVERIFY(PictureDecoder::read(pipe).isNull()); // it must return
     QVERIFY(!PictureDecoder::announcedSize(pipe).isValid());
     QVERIFY(!isPlayable(pipe));
 }

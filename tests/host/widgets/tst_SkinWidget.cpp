@@ -26,7 +26,7 @@ void compareEverything()
 
 } // namespace
 
-/// The tests run in this order: the first ones need a widget that nobody has set.
+/// The tests run in this order: the first ones need the time before any widget is set.
 class tst_SkinWidget : public QObject
 {
     Q_OBJECT

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// An application that lasts for a part of a test.
+/// An application that exists for part of a test.
 class BriefApplication
 {
 public:
@@ -16,7 +16,7 @@ public:
         : m_application(m_count, m_arguments)
     {
     }
-    /// Qt would keep the style sheet for the next application.
+    /// Clears the style sheet, which Qt would keep for the next application.
     ~BriefApplication() { m_application.setStyleSheet(QString()); }
     Q_DISABLE_COPY_MOVE(BriefApplication)
 
@@ -29,7 +29,7 @@ private:
 
 } // namespace
 
-/// Every test brings an application of its own; there is none around them.
+/// Every test creates its own application; no other one exists.
 class tst_SkinWidgetLifetime : public QObject
 {
     Q_OBJECT
@@ -97,7 +97,7 @@ void tst_SkinWidgetLifetime::anApplicationThatNeverAsksHasNone()
 int main(int argc, char** argv)
 {
     const TestHome home;
-    // Qt would warn at every new application.
+    // Otherwise Qt would warn about every new application.
     const QString runtime = TestHome::path() + QStringLiteral("/runtime");
     QDir().mkpath(runtime);
     QFile::setPermissions(runtime, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);

@@ -11,7 +11,7 @@ const QColor red(255, 0, 0);
 const QColor blue(0, 0, 255);
 const QColor white(255, 255, 255);
 
-/// A frame on white ground.
+/// A frame on a white background.
 class Frame : public ThumbFrame
 {
 public:
@@ -25,7 +25,7 @@ public:
 
 } // namespace
 
-/// Where and how the image is painted.
+/// Tests where and how the image is painted.
 class tst_ThumbFrame : public QObject
 {
     Q_OBJECT
@@ -47,8 +47,8 @@ private slots:
     void obeysTheOrientationOfAPhotograph();
     void anotherPathShowsAnotherImage();
     void noPathShowsNothing();
-    void aFileThatIsNoImageStaysEmpty_data();
-    void aFileThatIsNoImageStaysEmpty();
+    void aFileThatIsNotAnImageStaysEmpty_data();
+    void aFileThatIsNotAnImageStaysEmpty();
     void usesTheDevicePixels();
     void usesTheDevicePixels_child();
 };
@@ -157,7 +157,7 @@ void tst_ThumbFrame::scalesSmoothly_data()
 void tst_ThumbFrame::scalesSmoothly()
 {
     QFETCH(QSize, size);
-    // A chessboard of single pixels: only a smooth scaling makes grey of it.
+    // A chessboard of single pixels: only smooth scaling turns it grey.
     QImage board(60, 60, QImage::Format_RGB32);
     for (int y = 0; y < board.height(); ++y) {
         for (int x = 0; x < board.width(); ++x)
@@ -193,7 +193,7 @@ void tst_ThumbFrame::keepsTransparency()
 void tst_ThumbFrame::obeysTheOrientationOfAPhotograph()
 {
     const QString path = TestImages::write(QStringLiteral("photo.jpg"), QSize(40, 20), red);
-    // An EXIF segment behind the start mark says: turn by 90 degrees.
+    // An EXIF segment after the start marker: rotate by 90 degrees.
     const QByteArray exif = QByteArray::fromHex("ffe10022"
                                                 "457869660000"
                                                 "4d4d002a00000008"
@@ -234,7 +234,7 @@ void tst_ThumbFrame::noPathShowsNothing()
     QVERIFY(frame.isEmpty());
 }
 
-void tst_ThumbFrame::aFileThatIsNoImageStaysEmpty_data()
+void tst_ThumbFrame::aFileThatIsNotAnImageStaysEmpty_data()
 {
     QTest::addColumn<QString>("path");
     const QString folder = TestHome::path() + QLatin1Char('/');
@@ -254,7 +254,7 @@ void tst_ThumbFrame::aFileThatIsNoImageStaysEmpty_data()
     row("cut in the middle", png.left(png.size() / 2));
 }
 
-void tst_ThumbFrame::aFileThatIsNoImageStaysEmpty()
+void tst_ThumbFrame::aFileThatIsNotAnImageStaysEmpty()
 {
     QFETCH(QString, path);
     Frame frame(QSize(40, 40));
@@ -265,7 +265,7 @@ void tst_ThumbFrame::aFileThatIsNoImageStaysEmpty()
     QVERIFY(!TestImages::areaOf(painted, red).isValid());
 }
 
-/// The screen scale is fixed when the program starts, so the test runs in a process of its own.
+/// The screen scale is fixed when the program starts, so the test runs in a separate process.
 void tst_ThumbFrame::usesTheDevicePixels()
 {
     QProcess child;
@@ -289,7 +289,7 @@ void tst_ThumbFrame::usesTheDevicePixels_child()
         return; // not started by usesTheDevicePixels()
     Frame frame(QSize(40, 30));
     QCOMPARE(frame.devicePixelRatioF(), 2.0);
-    // Stripes one pixel wide, as wide as the frame's device pixels: they stay sharp.
+    // Stripes as wide as the frame's device pixels stay sharp.
     QImage stripes(80, 60, QImage::Format_RGB32);
     for (int y = 0; y < stripes.height(); ++y) {
         for (int x = 0; x < stripes.width(); ++x)

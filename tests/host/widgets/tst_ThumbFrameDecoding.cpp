@@ -26,7 +26,7 @@ protected:
 
 } // namespace
 
-/// When the file is read. A file that has changed on disk tells a decoded image from a kept one.
+/// Tests when the file is read. Changing the file tells a decoded image from a cached one.
 class tst_ThumbFrameDecoding : public QObject
 {
     Q_OBJECT
@@ -126,7 +126,7 @@ void tst_ThumbFrameDecoding::isReadAgainAtAnotherSize()
     frame.resize(50, 40);
     QCOMPARE(middle(frame), blue);
     writeImage(red);
-    frame.setContentsMargins(5, 5, 5, 5); // another room for the image
+    frame.setContentsMargins(5, 5, 5, 5); // changes the room for the image
     QCOMPARE(middle(frame), red);
 }
 
@@ -227,7 +227,7 @@ void tst_ThumbFrameDecoding::aMissingFileIsTriedAgainOnDemand()
     frame.setImagePath(m_path);
     QVERIFY(middle(frame) != red);
     writeImage(red);
-    QVERIFY(middle(frame) != red); // once per size, also where it failed
+    QVERIFY(middle(frame) != red); // once per size, even after a failure
     QVERIFY(frame.isEmpty());
     frame.setIsEmpty(true);
     QCOMPARE(middle(frame), red);

@@ -1,4 +1,4 @@
-// Checks: display catalogues that say different things of an item.
+// Checks: agreement of the display catalogues on every item.
 
 #include "lint/Checks.h"
 #include "lint/LintContext.h"
@@ -7,8 +7,7 @@
 
 namespace {
 
-/// Returns whether two catalogues say the same of an item, apart from its name, which editions
-/// translate.
+/// Returns whether two catalogues agree on an item, apart from its name, which editions translate.
 bool saySame(const DisplayEntry& a, const DisplayEntry& b)
 {
     const bool typesAgree = a.themeType == b.themeType || !Kinds::isThemeType(a.themeType)
@@ -19,7 +18,7 @@ bool saySame(const DisplayEntry& a, const DisplayEntry& b)
 
 using Entries = QHash<QPair<int, QString>, const DisplayEntry*>;
 
-/// Faults of a GUID are reported as such, so that they do not count here.
+/// Ignores the faults of a GUID, which are reported separately.
 QPair<int, QString> keyOf(const DisplayEntry& entry)
 {
     return qMakePair(int(entry.type), entry.guid.toUpper());
@@ -33,7 +32,7 @@ Entries entriesOf(const DisplayCatalogue& display)
     return entries;
 }
 
-/// Reports what `display` lists and `other` does not.
+/// Reports the items that `display` lists and `other` does not.
 void reportMissing(LintContext& context, const DisplayCatalogue& display,
                    const DisplayCatalogue& other, const QString& advice)
 {

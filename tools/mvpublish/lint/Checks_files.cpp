@@ -15,7 +15,7 @@ using NamedFiles::NamedBy;
 
 namespace {
 
-/// Pictures and archives have to be what their names say; all else is the editor's business.
+/// Checks that pictures and archives match their names; other content is up to the editor.
 void checkContent(LintContext& context, const QString& file, const QString& item)
 {
     if (PictureFormat::isPictureName(file) && PictureChecks::isPicture(context, file, item))
@@ -27,7 +27,7 @@ void checkContent(LintContext& context, const QString& file, const QString& item
                        QStringLiteral("pack it anew"));
 }
 
-/// Returns the path of a built-in item's definition, which is not looked for.
+/// Returns the path of a built-in item's definition, which need not exist.
 QString definitionPath(const SCfg_Item& item)
 {
     return ReadTree::library().Path_resource_Dir(MVThemeMgr::eLoadDir_Download,
@@ -58,17 +58,17 @@ void checkDefinition(LintContext& context, SCfg_Item& item, const NamedBy& by, b
         needed = false;
         fetched = false;
     }
-    // A name without a slash in front says that the item is built in, and nothing else.
+    // A name without a leading slash only says that the item is built in.
     if (definition.m_qsUrl.startsWith(QLatin1Char('/'))
         && !NamedFiles::isUsable(context, definition, by, true))
         return;
     const QString file = NamedFiles::existing(context, definition, by, needed, fetched);
-    // Themes are looked at as themes.
+    // Themes are checked as themes.
     if (!file.isEmpty() && item.m_eType != eCfgItem_Theme && context.isFirstLook(file))
         XmlChecks::isReadable(context, file, by.item);
 }
 
-/// An item without a GUID has no files for the library; its own are not called unused as well.
+/// The library ignores the files of an item without a GUID; they must not count as unused as well.
 void useNames(LintContext& context, const SCfg_Item& item)
 {
     QVector<SFileInfo> named = item.m_vecResource;
@@ -91,7 +91,7 @@ void checkItem(LintContext& context, const ConfigEntry& entry)
         return;
     }
     const NamedBy by{ReadTree::catalogue(Editions::configFile), entry.line, context.label(guid)};
-    // Built-in items come with the application, all others from the server.
+    // Built-in items are part of the application; all others come from the server.
     const bool builtIn = library.isLocal_Theme(item) == MVThemeMgr::eLoadDir_Local;
     const bool needed = builtIn == context.tree().isInstallation();
 

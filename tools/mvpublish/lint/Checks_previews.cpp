@@ -14,7 +14,7 @@ using NamedFiles::NamedBy;
 
 namespace {
 
-/// The use that an entry makes of a picture, whatever its name.
+/// An entry's use of a picture, whatever its name.
 enum class Role { Thumbnail, Animation };
 
 void checkPicture(LintContext& context, const QString& file, const QString& item, Role role)
@@ -47,12 +47,12 @@ void checkPreview(LintContext& context, const SFileInfo& info, const NamedBy& by
         context.report("no-name", by.catalogue, by.line, by.item,
                        QStringLiteral("the item names no thumbnail or no animation"),
                        QStringLiteral("without both it is not shown"));
-    // Clients take the name of an animation as it stands.
+    // Clients use the name of an animation unchanged.
     if (isNamed && NamedFiles::isUsable(context, info, by, role == Role::Thumbnail))
         checkPicture(context, NamedFiles::existing(context, info, by, needed, true), by.item, role);
 }
 
-/// The library has no such file for this kind, but the catalogue names one.
+/// Returns a record for a file that the catalogue names but the library ignores for this kind.
 SFileInfo spareRecord(const DisplayEntry& entry, const QString& name)
 {
     SFileInfo info;
@@ -65,7 +65,7 @@ SFileInfo spareRecord(const DisplayEntry& entry, const QString& name)
     return info;
 }
 
-/// Checks the pictures that the "none" entry has in the skins.
+/// Checks the skins' pictures of the "none" entry.
 void checkNonePictures(LintContext& context, const DisplayEntry& entry, const NamedBy& by)
 {
     for (const SSkin& skin : allSkins) {

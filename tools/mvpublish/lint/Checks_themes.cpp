@@ -1,4 +1,4 @@
-// Checks: theme configs and what they depend on.
+// Checks: theme configs and their dependencies.
 
 #include "catalogue/MVThemeMgr.h"
 #include "lint/Checks.h"
@@ -13,7 +13,7 @@
 
 namespace {
 
-/// Line of the first "GUID" element in a slot of that name that holds this text.
+/// Returns the line of the first "GUID" element with this text in a slot of that name.
 int lineOf(const QString& file, const QString& slot, const QString& guid)
 {
     QDomDocument doc;
@@ -78,7 +78,7 @@ void Checks::themes(LintContext& context)
         SCfg_Item item = entry.item;
         if (!Guids::isGuid(item.m_qsGUID))
             continue;
-        // A GUID that is reserved has no config to fetch, but its file may be there.
+        // A reserved GUID has no config to fetch, but its file may exist.
         ReadTree::library().doItem_Info_CfgXML(item);
         const Theme theme{item.m_qsGUID, context.tree().fileOf(item.m_info_CfgXML)};
         const bool there = !theme.file.isEmpty()
@@ -86,7 +86,7 @@ void Checks::themes(LintContext& context)
         const bool needed = (ReadTree::library().isLocal_Theme(item) == MVThemeMgr::eLoadDir_Local)
             == context.tree().isInstallation();
         if (!there) {
-            // An installation lacks the configs of what is still to be fetched.
+            // An installation lacks the configs that are still to be fetched.
             context.allThemesRead =
                 context.allThemesRead && !needed && !context.tree().isInstallation();
             continue;

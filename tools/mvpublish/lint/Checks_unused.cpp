@@ -1,4 +1,4 @@
-// Checks: items and files that nobody names.
+// Checks: items and files that nothing names.
 
 #include "lint/Checks.h"
 #include "lint/LintContext.h"
@@ -13,7 +13,7 @@
 
 namespace {
 
-/// The lists of definitions belong to a tree though no item names them.
+/// Marks the lists of definitions as used, although no item names them.
 void useKindLists(LintContext& context)
 {
     const ReadTree& tree = context.tree();
@@ -65,7 +65,7 @@ void Checks::unused(LintContext& context)
         reportUnusedItems(context);
     for (const DisplayCatalogue& display : tree.displays()) {
         if (!display.readable)
-            return; // what it names is not known
+            return; // the names in it are unknown
     }
     const QDir root(tree.folder());
     QStringList files;

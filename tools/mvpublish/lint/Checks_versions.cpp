@@ -45,7 +45,7 @@ void checkContent(LintContext& context, const PublishedVersion& version)
                                       "\"config\", each with a value"));
 }
 
-/// Reports a catalogue file that is missing, that lies elsewhere or that no reader accepts.
+/// Reports a catalogue file that is missing, outside the tree or unreadable.
 bool checkCatalogue(LintContext& context, const QString& file)
 {
     if (NamedFiles::isThere(context, file, {file, 0, QString()}))

@@ -6,25 +6,25 @@
 
 class LintContext;
 
-/// Helpers of the checks of catalogues and of themes.
+/// Helpers for the checks of catalogues and themes.
 namespace GuidChecks {
 
-/// Place at which a GUID was found.
+/// The place at which a GUID was found.
 struct Place
 {
     QString file;
     int line;
-    QString item;            ///< that it stands in
-    const char* unknownCode; ///< code of the finding when nothing has that GUID
+    QString item;            ///< that contains it
+    const char* unknownCode; ///< code of the finding if no item has that GUID
 };
 
-/// Tells where the "none" entry belongs.
+/// Advice on where the "none" entry belongs.
 extern const QString noneAdvice;
 
-/// Reports a GUID that is malformed or not in capitals; true if it is neither.
+/// Reports a GUID that is malformed or not in capitals; returns whether it is well-formed.
 bool isWellFormed(LintContext& context, const QString& guid, const QString& file, int line);
 
-/// Reports a GUID that no item of the wanted kind has: with the reason why.
+/// Reports a GUID that no item of the expected kind has, with the reason.
 void reportUnknown(LintContext& context, const Place& place, ECfgItemType wanted,
                    const QString& guid);
 

@@ -5,16 +5,16 @@
 class QJsonDocument;
 class ReadTree;
 
-/// Checks a tree the way the library will read it.
+/// Checks a tree with the library's own readers.
 namespace Lint {
 
-/// Sorted by file and line.
+/// Returns the findings, sorted by file and line.
 Findings check(const ReadTree& tree);
 
 /// Counts the findings of one severity.
 int count(const Findings& findings, Severity severity);
 
-/// "FILE:LINE: ITEM: MESSAGE [CODE]", with "warning: " before the message of one.
+/// Returns "FILE:LINE: ITEM: MESSAGE [CODE]", with "warning: " before a warning's message.
 QString text(const Finding& finding);
 QJsonDocument json(const ReadTree& tree, const Findings& findings);
 

@@ -5,7 +5,7 @@
 
 #include <QSet>
 
-/// State shared by the checks of one tree: the tree, the findings, the files they met.
+/// State shared by the checks of one tree: the tree, the findings, the files met so far.
 class LintContext
 {
 public:
@@ -21,13 +21,13 @@ public:
               const QString& message, const QString& advice);
     const Findings& findings() const { return m_findings; }
 
-    /// "{GUID} Name", for findings.
+    /// Returns "{GUID} Name", for findings.
     QString label(const QString& guid) const;
 
-    /// A file of the tree that something names.
+    /// Marks a file of the tree as named by something.
     void use(const QString& file) { m_used.insert(file); }
     bool isUsed(const QString& file) const { return m_used.contains(file); }
-    /// True the first time, so that a file that several items name is checked once.
+    /// Returns true the first time, so that a file named by several items is checked once.
     bool isFirstLook(const QString& file);
 
     /// GUIDs that themes use; complete unless a theme cannot be read.

@@ -20,26 +20,26 @@ bool isAddress(const QString& text)
     return form.match(text).hasMatch();
 }
 
-/// A reason why no client can make the path of a file from a name.
+/// A reason why no client can derive a file path from a name.
 struct NameFault
 {
-    const char* code = nullptr; ///< null where they can
+    const char* code = nullptr; ///< null if clients can
     QString message;
     QString advice;
 };
 
-/// The name with every percent sign that begins no escape written as one.
+/// Returns the name with every percent sign encoded that begins no escape.
 QString withWholeEscapes(QString name)
 {
     static const QRegularExpression brokenEscape(QStringLiteral("%(?![0-9A-Fa-f]{2})"));
     return name.replace(brokenEscape, QStringLiteral("%25"));
 }
 
-/// The path that a name with a slash in front means to the publisher.
+/// Returns the path that the publisher means by a name with a leading slash.
 QString meantPath(const QString& name)
 {
     const QByteArray bytes = QByteArray::fromPercentEncoding(withWholeEscapes(name).toUtf8());
-    // With the length: without it, decoding stops at a NUL.
+    // With an explicit length: otherwise decoding stops at a NUL.
     return QString::fromUtf8(bytes.constData(), bytes.size());
 }
 
@@ -63,7 +63,7 @@ NameFault faultOf(const QString& name, bool decoded)
             QStringLiteral("name a file, or take the entry away")};
 }
 
-/// The file that such a name means is not called unused as well.
+/// Marks the file meant by such a name as used, so that it does not count as unused as well.
 void useMeantFile(LintContext& context, const SFileInfo& info)
 {
     const MVThemeMgr::EDirTag half =
@@ -74,14 +74,14 @@ void useMeantFile(LintContext& context, const SFileInfo& info)
     context.use(context.tree().fileOf(meant));
 }
 
-/// The half of the tree and the name, as a part of a key.
+/// Returns half and name, as part of a key.
 QString keyOf(const SFileInfo& info)
 {
     return (info.m_bThumbDir ? QStringLiteral("\ndisplay ") : QStringLiteral("\nconfig "))
         + info.m_qsUrl;
 }
 
-/// The name under which a file is looked for must be the one that the server is asked for.
+/// Checks that the name looked up on disk is the one requested from the server.
 bool isAddressRight(LintContext& context, const SFileInfo& info, const NamedBy& by)
 {
     const QString& name = info.m_qsUrl;
@@ -113,7 +113,7 @@ bool isUsable(LintContext& context, const SFileInfo& info, const NamedBy& by, bo
     if (!fault.code)
         return true;
     useMeantFile(context, info);
-    // Several catalogues may say the same of an item.
+    // Several catalogues may name the same file for an item.
     if (context.isFirstLook(by.item + keyOf(info) + QStringLiteral("\nname")))
         context.report(fault.code, by.catalogue, by.line, by.item, fault.message, fault.advice);
     return false;
@@ -123,7 +123,7 @@ QString existing(LintContext& context, const SFileInfo& info, const NamedBy& by,
                  bool fetched)
 {
     QString file = context.tree().fileOf(info);
-    // Several catalogues may say the same of an item.
+    // Several catalogues may name the same file for an item.
     const bool isNews = context.isFirstLook(by.item + keyOf(info));
     if (file.isEmpty() && !isNews)
         return QString();

@@ -12,7 +12,7 @@ namespace Picture {
 
 namespace {
 
-// Cells have the shape of the films that are made: 16 to 9.
+// Cells have the aspect ratio of the produced films: 16:9.
 constexpr int across = 16;
 constexpr int down = 9;
 constexpr int narrowest = 96;
@@ -34,8 +34,9 @@ QByteArray contentOf(const QString& file)
     return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray();
 }
 
-/// A GIF block by block; the decoder plays what there is of a cut one. giflib would step over the
-/// blocks as well, but keeps a record of every image: 257 MB for 60 MB of the smallest images.
+/// Reads a GIF block by block, since the decoder plays a truncated file without complaint. giflib
+/// would also skip the blocks, but keeps a record of every image: 257 MB for 60 MB of the smallest
+/// images.
 class GifBlocks
 {
 public:
@@ -68,7 +69,7 @@ private:
     {
         return position < m_content.size() ? static_cast<unsigned char>(m_content.at(position)) : 0;
     }
-    /// Bytes of the colour table that the flags announce.
+    /// Returns the size in bytes of the colour table that the flags announce.
     static int colours(int flags) { return (flags & 0x80) != 0 ? 3 << ((flags & 7) + 1) : 0; }
     void skipData()
     {
@@ -81,9 +82,9 @@ private:
     int m_at = 0;
 };
 
-/// A JPEG marker by marker; the decoder fills what a cut file lacks and does not complain, and
-/// libjpeg warns of it only while it decodes every pixel. Segments are stepped over: they may hold
-/// a picture of their own, which has an end as well.
+/// Reads a JPEG marker by marker, since the decoder fills up a truncated file without complaint,
+/// and libjpeg only warns while decoding every pixel. Segments are skipped: they may contain a
+/// picture with its own end marker.
 bool isCutJpeg(const QByteArray& content)
 {
     constexpr int endMarker = 0xd9;
@@ -96,16 +97,16 @@ bool isCutJpeg(const QByteArray& content)
         const bool isAlone = marker <= 1 || (marker >= 0xd0 && marker < endMarker);
         if (marker == endMarker)
             return false;
-        if (marker == 0xff) // filling
+        if (marker == 0xff) // fill byte
             ++position;
         else
             position += isAlone ? 2 : 2 + (at(position + 2) << 8) + at(position + 3);
-        position = content.indexOf('\xff', position); // past the picture's data
+        position = content.indexOf('\xff', position); // skips the picture's data
     }
     return true;
 }
 
-/// Asks for the size before the pixels: a hostile picture could fill the memory.
+/// Checks the size before decoding: a hostile picture could exhaust the memory.
 bool begin(QImageReader& reader, Verdict& verdict)
 {
     const PictureFormat::Kind kind = PictureFormat::ofFile(reader.fileName());

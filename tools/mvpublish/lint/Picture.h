@@ -2,18 +2,18 @@
 
 #include <QString>
 
-/// Looks at preview pictures the way the browser will show them.
+/// Inspects preview pictures as the browser will show them.
 namespace Picture {
 
 struct Verdict
 {
     QString broken;  ///< why it cannot be decoded; empty if it can
-    QString oddSize; ///< what is odd about its size; empty if nothing is
+    QString oddSize; ///< what is wrong with its size; empty if nothing
 };
 
-/// A still picture, decoded whole.
+/// Decodes a complete still picture.
 Verdict thumbnail(const QString& file);
-/// A GIF, every frame of it decoded.
+/// Decodes every frame of a GIF.
 Verdict animation(const QString& file);
 
 } // namespace Picture

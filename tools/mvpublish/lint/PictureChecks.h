@@ -4,14 +4,14 @@
 
 class LintContext;
 
-/// Helpers of the checks of previews and of items' own files.
+/// Helpers for the checks of previews and of items' own files.
 namespace PictureChecks {
 
-/// Reports a file that clients do not decode, or that has the suffix of another format; false if it
-/// is one. `file` exists.
+/// Reports a file that clients do not decode, or that has the suffix of another format; returns
+/// whether it is a valid picture. `file` exists.
 bool isPicture(LintContext& context, const QString& file, const QString& item);
 
-/// Warns of a placeholder that nobody has replaced.
+/// Warns about an unchanged placeholder.
 void warnOfPlaceholder(LintContext& context, const QString& file, const QString& item);
 
 } // namespace PictureChecks

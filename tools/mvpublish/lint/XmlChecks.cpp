@@ -13,7 +13,7 @@ bool XmlChecks::isReadable(LintContext& context, const QString& file, const QStr
     const QString path = context.tree().absolute(file);
     if (ReadTree::library().checkXml(path, doc))
         return true;
-    // A reader that says where it stopped, and that no document can exhaust.
+    // This reader reports where it stopped, and no document can exhaust it.
     QFile in(path);
     const bool open = in.open(QIODevice::ReadOnly);
     QXmlStreamReader reader(&in);

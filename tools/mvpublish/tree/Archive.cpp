@@ -64,7 +64,7 @@ bool add(zip_t* archive, const QString& file, const QString& name)
         && zip_file_set_external_attributes(archive, index, 0, ZIP_OPSYS_UNIX, plainFile) == 0;
 }
 
-/// Reading to the end compares a file's checksum.
+/// Reads to the end, which verifies a file's checksum.
 bool canUnpack(zip_t* archive, zip_uint64_t index)
 {
     zip_file_t* const file = zip_fopen_index(archive, index, 0);

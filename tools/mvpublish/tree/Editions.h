@@ -4,7 +4,7 @@
 #include <QStringList>
 #include <QVector>
 
-/// One edition of the product: which version file and which display catalogue it asks for. Editions
+/// One edition of the product: the version file and display catalogue that it requests. Editions
 /// share files; all share the config catalogue.
 struct Edition
 {
@@ -16,20 +16,20 @@ struct Edition
 
 namespace Editions {
 
-/// The standard edition first.
+/// Returns all editions, the standard edition first.
 const QVector<Edition>& all();
-/// Null for a name that is no edition's.
+/// Returns the edition with that name, or null.
 const Edition* byName(const QString& name);
-/// Every audience once, in the order of all().
+/// Returns every audience once, in the order of all().
 QStringList audiences();
 
 /// The folder of the catalogue files in every tree.
 inline const QString catalogueFolder = QStringLiteral("ResourceConfig");
 inline const QString configFile = QStringLiteral("resource_config.xml");
-/// The catalogue files of an installation have one name for all editions.
+/// The catalogue files of an installation have the same names for all editions.
 inline const QString installedVersionFile = QStringLiteral("resource_version.xml");
 inline const QString installedDisplayFile = QStringLiteral("resource_display.xml");
-/// Key of the names under which an installation's catalogue shows items.
+/// The key of the names that an installation's catalogue shows.
 inline const QString installedAudience = QStringLiteral("installed");
 
 } // namespace Editions

@@ -18,7 +18,7 @@ QString fault(const QString& name)
         if (part.isEmpty() || part == QLatin1String(".") || part == QLatin1String(".."))
             return QStringLiteral("is not a plain path below its folder");
     }
-    // Characters that some client's file system refuses.
+    // Characters that the file system of some client refuses.
     static const QString refused = QStringLiteral("\\<>:\"|?*");
     const bool odd = !Texts::isShowable(name)
         || std::any_of(name.cbegin(), name.cend(), [](QChar c) { return refused.contains(c); });

@@ -7,12 +7,12 @@
 /// lose data where folders are published or replaced. Stateless, any thread.
 namespace FolderContent {
 
-/// The names of everything in `folder`, hidden entries and links too, sorted. False: `error` says
-/// why the folder cannot be read.
+/// Returns the sorted names of everything in `folder`, including hidden entries and links. On false
+/// `error` has the reason why the folder cannot be read.
 bool names(const QString& folder, QStringList& names, QString* error);
 
-/// The paths of everything below `folder`, relative to it, sorted; links are not followed. False:
-/// `error` says which folder cannot be read, and why.
+/// Returns the sorted relative paths of everything below `folder`; links are not followed. On false
+/// `error` names the folder that cannot be read, and the reason.
 bool paths(const QString& folder, QStringList& paths, QString* error);
 
 } // namespace FolderContent

@@ -11,7 +11,7 @@ const QString none = QString(noneEntryGuid);
 
 bool isGuid(const QString& text)
 {
-    // QUuid alone accepts GUIDs with a tail.
+    // QUuid accepts GUIDs with a suffix.
     static const QRegularExpression form(
         QStringLiteral("\\A\\{[0-9A-Fa-f]{8}-([0-9A-Fa-f]{4}-){3}[0-9A-Fa-f]{12}\\}\\z"));
     return form.match(text).hasMatch() && !QUuid(text).isNull();

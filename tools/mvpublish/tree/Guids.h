@@ -2,15 +2,15 @@
 
 #include <QString>
 
-/// GUIDs as catalogues hold them: "{0154B5E5-D1A0-4BBB-B9A9-6BF233A7DBDA}".
+/// GUIDs as written in catalogues: "{0154B5E5-D1A0-4BBB-B9A9-6BF233A7DBDA}".
 namespace Guids {
 
-/// Stands for "no filter" and "no background"; no item of its own.
+/// Denotes "no filter" and "no background"; does not belong to an item.
 extern const QString none;
 
-/// A GUID in braces, in whatever case, and nothing else; not all zeros.
+/// Returns whether the text is exactly a GUID in braces, in any case, and not all zeros.
 bool isGuid(const QString& text);
-/// The same, in capitals.
+/// Returns whether it is such a GUID in capitals.
 bool isProper(const QString& text);
 QString fresh();
 

@@ -5,18 +5,18 @@
 
 struct SKindInfo;
 
-/// The names that manifests and command lines give to kinds and theme types.
+/// The names of kinds and theme types in manifests and on command lines.
 namespace Kinds {
 
-/// Returns the kind of that word, or null for a word that names none.
+/// Returns the kind with that word, or null.
 const SKindInfo* byWord(const QString& word);
 /// Returns "filter, transition, ..." for messages.
 QString words();
 
-/// Returns the types of themes, in the order in which catalogues list their groups.
+/// Returns the types of themes in the order of the catalogues' groups.
 QStringList themeTypes();
 bool isThemeType(const QString& type);
-/// Returns the last of them; a type that nobody knows counts as this one.
+/// Returns the last of them; unknown types count as this one.
 QString otherThemes();
 
 } // namespace Kinds

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// The pictures that an item has until its publisher replaces them.
+/// The pictures of a new item until its publisher replaces them.
 namespace Placeholders {
 
 inline const QString thumbnail = QStringLiteral("thumbnail.png");
@@ -11,7 +11,7 @@ inline const QString animation = QStringLiteral("animation.gif");
 /// Writes a placeholder to a new file.
 bool copy(const QString& placeholder, const QString& to);
 
-/// Returns whether a file is a placeholder that nobody has replaced, under whatever name.
+/// Returns whether a file is an unchanged placeholder, whatever its name.
 bool isUntouched(const QString& file);
 
 } // namespace Placeholders

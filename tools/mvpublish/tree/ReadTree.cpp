@@ -17,13 +17,13 @@
 
 namespace {
 
-/// A folder that cannot exist: below it the library works out names and creates nothing.
+/// A folder that cannot exist: below it the library derives paths but creates nothing.
 const QString nowhere = QStringLiteral("/dev/null/tree");
 const QString server = QStringLiteral("http://server/");
 
 void dropLog(const QByteArray&, int, const QByteArray&) { }
 
-/// Writes the settings with which the library names files and does nothing else.
+/// Writes settings with which the library only derives file names.
 void prepareLibrary()
 {
     setLogSink(&dropLog);
@@ -126,7 +126,7 @@ const ConfigEntry* ReadTree::find(ECfgItemType kind, const QString& guid) const
     return found < 0 ? nullptr : &m_config.at(kind).at(found);
 }
 
-/// Editions share files; each is read once.
+/// Reads each version file once, since editions share files.
 void ReadTree::readVersions()
 {
     if (m_installation) {
@@ -191,7 +191,7 @@ void ReadTree::readCategory(const QDomElement& root, ECfgItemType kind, DisplayC
         library().read_resource_display_xml_a(root, kind, name, configured, shown, true);
         elements = children(category, QStringLiteral("Item"));
     }
-    int next = 0; // the library leaves out what it does not know
+    int next = 0; // the library skips unknown items
     for (const QDomElement& element : qAsConst(elements)) {
         DisplayEntry entry;
         entry.type = kind;
@@ -206,7 +206,7 @@ void ReadTree::readCategory(const QDomElement& root, ECfgItemType kind, DisplayC
     }
 }
 
-/// The file's name in the two halves that a server publishes: "config/..." or "display/...".
+/// Returns the file's name in the published tree: "config/..." or "display/...".
 QString ReadTree::inHalves(const SFileInfo& info) const
 {
     if (!library().isDownloadPath(info.m_qsFile))

@@ -14,7 +14,7 @@
 class MVThemeMgr;
 class QDomElement;
 
-/// An item of a config catalogue and the line it stands on.
+/// An item of a config catalogue and its line.
 struct ConfigEntry
 {
     SCfg_Item item;
@@ -27,10 +27,10 @@ struct DisplayEntry
     ECfgItemType type = eCfgItem_Filter;
     QString guid;
     int line = 0;
-    /// The library shows it: the config catalogue holds it, or it is the "none" entry.
+    /// True if the library shows it: the config catalogue contains it, or it is the "none" entry.
     bool known = false;
-    SCfg_Item item;    ///< as the library reads it, if it is known
-    QString themeType; ///< of its group, as it stands
+    SCfg_Item item;    ///< as read by the library, if known
+    QString themeType; ///< of its group, as written
     QString animation; ///< what "UrlGif" says, also where the library does not look at it
 };
 
@@ -40,7 +40,7 @@ struct DisplayCatalogue
     QString file; ///< relative to the tree
     bool readable = false;
     QVector<DisplayEntry> entries;
-    QVector<QPair<QString, int>> groups; ///< theme types as they stand, and their lines
+    QVector<QPair<QString, int>> groups; ///< theme types as written, and their lines
 };
 
 /// A version file.
@@ -51,20 +51,19 @@ struct PublishedVersion
     SCatalogueVersion content;
 };
 
-/// A resource tree as the library reads it: with its own readers, and with the names that its own
-/// path rules give. Nothing is written, neither into the tree nor into the user's folders.
+/// A resource tree as the library reads it: with the library's own readers and path rules. Writes
+/// nothing, neither into the tree nor into the user's folders.
 ///
-/// One tree at a time: what was read stays valid, but names are worked out for the tree opened
-/// last.
+/// One tree at a time: the data read stays valid, but paths are derived for the tree opened last.
 class ReadTree
 {
 public:
-    /// The first object of a process points the library's settings to no place at all, so that it
-    /// reads and names files of trees only.
+    /// The first object of a process points the library's settings to places that cannot exist, so
+    /// that it only reads trees and derives names.
     ReadTree();
 
     /// Reads the catalogues of a server's tree or of an installation (the application's folder
-    /// "Resource", or the folder that holds it). False: `error` says why that is no tree.
+    /// "Resource", or its parent). Returns false with the reason in `error` if it is not a tree.
     bool open(const QString& folder, QString* error);
 
     QString folder() const { return m_folder; }
@@ -73,21 +72,21 @@ public:
     static QString catalogue(const QString& name);
 
     bool configReadable() const { return m_configReadable; }
-    /// By kind, in document order.
+    /// Returns the entries by kind, in document order.
     const QVector<ConfigEntry>& config(ECfgItemType kind) const { return m_config.at(kind); }
     const QVector<DisplayCatalogue>& displays() const { return m_displays; }
     const QVector<PublishedVersion>& versions() const { return m_versions; }
 
-    /// The first item of a kind with exactly that GUID, or null.
+    /// Returns the first item of a kind with exactly that GUID, or null.
     const ConfigEntry* find(ECfgItemType kind, const QString& guid) const;
 
     /// @name Files of an item
-    /// The records come from items that the doItem_Info_* operations have resolved.
+    /// The records belong to items that the doItem_Info_* operations have resolved.
     /// @{
 
     /// Returns the path of the file relative to the tree; empty if its name leads out of the tree.
     QString fileOf(const SFileInfo& info) const;
-    /// The address by which the library fetches it, without the server's root.
+    /// Returns the address from which the library fetches it, without the server's root.
     static QString addressOf(const SFileInfo& info);
     /// Returns whether that address leads to that file.
     bool addressLeadsToFile(const SFileInfo& info) const;

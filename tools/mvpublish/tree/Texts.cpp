@@ -7,7 +7,7 @@ namespace Texts {
 
 namespace {
 
-/// Returns whether the test holds for every code point; half a surrogate pair counts as one.
+/// Returns whether the test holds for every code point; an unpaired surrogate counts as one.
 template <typename Test>
 bool holdsForAll(const QString& text, const Test& test)
 {
@@ -50,7 +50,7 @@ QString nameFault(const QString& name)
 
 bool isXml(const QString& text)
 {
-    constexpr uint noCharacters = 0xfffe; // this and the next
+    constexpr uint noCharacters = 0xfffe; // this one and the next
     return holdsForAll(text, [](uint code) {
         const bool isControl = code < ' ' && code != '\t' && code != '\n' && code != '\r';
         return !isControl && !QChar::isSurrogate(code) && code != noCharacters
@@ -60,7 +60,7 @@ bool isXml(const QString& text)
 
 bool isAttributeName(const QString& text)
 {
-    // Names that begin with "xml" mean something to XML itself, and colons do.
+    // Colons and names that begin with "xml" have a meaning in XML itself.
     static const QRegularExpression form(
         QStringLiteral("\\A(?![xX][mM][lL])[\\p{L}_][\\p{L}\\p{Nd}_.\\-]*\\z"));
     return form.match(text).hasMatch();
