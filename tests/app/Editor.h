@@ -10,7 +10,8 @@
 class EditorWorld;
 class RealInput;
 
-/// The editor as a process of its own, on a virtual display and driven by a script.
+/// The editor as a process of its own, on a virtual display. The demo's program drives it by a
+/// script; without one it is the editor's own.
 class Editor
 {
 public:
@@ -23,6 +24,8 @@ public:
     Outcome run(const QString& script, bool online = true);
     /// Runs with these options and no script.
     Outcome runBare(const QStringList& options);
+    /// Runs the demo's program with these options.
+    Outcome runDemo(const QStringList& options);
     /// Starts a script; outcome() waits for its end.
     void start(const QString& script, bool online = true);
     Outcome outcome();
@@ -32,6 +35,7 @@ public:
     void startBare(const QStringList& options);
     /// Mouse and keyboard of its display.
     static RealInput& input();
+    bool hasEnded();
     /// Ends it as a crash would.
     void kill();
 

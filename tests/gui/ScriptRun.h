@@ -1,9 +1,9 @@
 #pragma once
 
-#include "script/RealInput.h"
-#include "script/ScriptConditions.h"
-#include "script/ScriptStep.h"
-#include "script/ScriptTargets.h"
+#include "gui/RealInput.h"
+#include "gui/ScriptConditions.h"
+#include "gui/ScriptStep.h"
+#include "gui/ScriptTargets.h"
 
 #include <QElapsedTimer>
 #include <QObject>
@@ -11,7 +11,6 @@
 #include <QVector>
 
 class CatalogueUpdate;
-class CommandLine;
 class MainWindow;
 
 /// Drives the window by the steps of a script, with the mouse and the keyboard of the X display,
@@ -34,8 +33,10 @@ class ScriptRun : public QObject
     Q_OBJECT
 
 public:
-    /// Without a script it does nothing, or takes one picture if the command line asks for one.
-    ScriptRun(MainWindow& window, CatalogueUpdate& check, const CommandLine& commandLine);
+    /// Without a script it does nothing, or takes one picture if there is a folder for it.
+    /// Empty: no script, no pictures.
+    ScriptRun(MainWindow& window, const CatalogueUpdate& check, const QString& scriptFile,
+              const QString& pictureFolder);
 
     /// False: errorText() says why the script cannot run.
     bool isReady() const { return m_error.isEmpty(); }

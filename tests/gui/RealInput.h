@@ -22,6 +22,9 @@ public:
     bool isAvailable() const;
 
     void moveTo(const QPoint& point);
+    /// Gives the keyboard to the window below the mouse, as a window manager would. False: there is
+    /// none.
+    bool focusWindow();
     void click(Button button = Button::Left);
     /// Steps of the wheel; below 0 is down.
     void wheel(int steps);
