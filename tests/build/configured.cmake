@@ -28,7 +28,7 @@ function(configure source)
     execute_process(
         COMMAND ${CMAKE_COMMAND} -E env --unset=PKG_CONFIG_PATH PKG_CONFIG_LIBDIR=${packages}
                 ${CMAKE_COMMAND} -S ${source} -B ${WORK_FOLDER}/build -G Ninja
-                -D CMAKE_CXX_COMPILER=${COMPILER} -D CMAKE_DISABLE_FIND_PACKAGE_X11=ON ${ARGN}
+                -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_DISABLE_FIND_PACKAGE_X11=ON ${ARGN}
         RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
     set(result ${result} PARENT_SCOPE)
     set(output "${output}" PARENT_SCOPE)
@@ -49,7 +49,7 @@ function(refuses text)
 endfunction()
 
 if(CASE STREQUAL "noPackages")
-    configure(${PROJECT_FOLDER} -D MV_BUILD_TOOLS=OFF -D MV_BUILD_DEMO=OFF -D MV_BUILD_TESTS=OFF)
+    configure(${PROJECT_FOLDER} -DMV_BUILD_TOOLS=OFF -DMV_BUILD_DEMO=OFF -DMV_BUILD_TESTS=OFF)
     require_success()
     set(others demo/ samples tests/ tools/)
     execute_process(COMMAND ${CMAKE_COMMAND} --build ${WORK_FOLDER}/build -- -t commands mveditor
@@ -65,11 +65,11 @@ if(CASE STREQUAL "noPackages")
         endif()
     endforeach()
 elseif(CASE STREQUAL "missingPart")
-    set(libraries -D MV_BUILD_APP=OFF -D MV_BUILD_TESTS=OFF)
-    refuses("cpp-httplib" ${libraries} -D MV_BUILD_TOOLS=ON -D MV_BUILD_DEMO=OFF)
-    refuses("MV_BUILD_DEMO needs MV_BUILD_APP" ${libraries} -D MV_BUILD_TOOLS=OFF -D MV_BUILD_DEMO=ON)
+    set(libraries -DMV_BUILD_APP=OFF -DMV_BUILD_TESTS=OFF)
+    refuses("cpp-httplib" ${libraries} -DMV_BUILD_TOOLS=ON -DMV_BUILD_DEMO=OFF)
+    refuses("MV_BUILD_DEMO needs MV_BUILD_APP" ${libraries} -DMV_BUILD_TOOLS=OFF -DMV_BUILD_DEMO=ON)
 elseif(CASE STREQUAL "subproject")
-    configure(${CMAKE_CURRENT_LIST_DIR}/host -D MVRESOURCE=${PROJECT_FOLDER})
+    configure(${CMAKE_CURRENT_LIST_DIR}/host -DMVRESOURCE=${PROJECT_FOLDER})
     require_success()
     if(NOT output MATCHES "targets: mvbrowser;mvhost;mvhostui;mvresource\n")
         message(FATAL_ERROR "the host gets something else:\n${output}")

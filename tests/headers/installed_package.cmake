@@ -28,13 +28,14 @@ if(NOT installed STREQUAL expected)
     message(FATAL_ERROR "installed headers:\n${installed}\nexpected:\n${expected}")
 endif()
 
-run(${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${consumer} -G ${GENERATOR}
-    -D CMAKE_PREFIX_PATH=${prefix}
-    -D CMAKE_BUILD_TYPE=${BUILD_TYPE}
-    -D CMAKE_CXX_COMPILER=${COMPILER}
-    -D CMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER}
-    -D PACKAGE_VERSION=${PACKAGE_VERSION}
-    -D SANITIZE=${SANITIZE})
+set(options
+    -DCMAKE_PREFIX_PATH=${prefix}
+    -DCMAKE_BUILD_TYPE=${BUILD_TYPE}
+    -DCMAKE_CXX_COMPILER=${COMPILER}
+    -DCMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER}
+    -DPACKAGE_VERSION=${PACKAGE_VERSION}
+    -DSANITIZE=${SANITIZE})
+run(${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${consumer} -G ${GENERATOR} ${options})
 run(${CMAKE_COMMAND} --build ${consumer})
 
 # The build tree must not stand in for what is missing in the installed one.
