@@ -9,8 +9,8 @@ set(packages ${WORK_FOLDER}/packages)
 file(REMOVE_RECURSE ${WORK_FOLDER})
 
 # All packages of this machine but those.
-execute_process(COMMAND ${PKG_CONFIG} --variable pc_path pkg-config
-                OUTPUT_VARIABLE folders OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+execute_process(COMMAND ${PKG_CONFIG} --variable pc_path pkg-config OUTPUT_VARIABLE folders
+                OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
 string(REPLACE ":" ";" folders "${folders}")
 file(MAKE_DIRECTORY ${packages})
 foreach(folder IN LISTS folders)
@@ -26,10 +26,13 @@ endforeach()
 # configure(SOURCE OPTIONS...) sets `result` and `output`.
 function(configure source)
     execute_process(
-        COMMAND ${CMAKE_COMMAND} -E env --unset=PKG_CONFIG_PATH PKG_CONFIG_LIBDIR=${packages}
-                ${CMAKE_COMMAND} -S ${source} -B ${WORK_FOLDER}/build -G Ninja
-                -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_DISABLE_FIND_PACKAGE_X11=ON ${ARGN}
-        RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
+        COMMAND
+            ${CMAKE_COMMAND} -E env --unset=PKG_CONFIG_PATH PKG_CONFIG_LIBDIR=${packages} ${CMAKE_COMMAND} -S
+            ${source} -B ${WORK_FOLDER}/build -G Ninja -DCMAKE_CXX_COMPILER=${COMPILER}
+            -DCMAKE_DISABLE_FIND_PACKAGE_X11=ON ${ARGN}
+        RESULT_VARIABLE result
+        OUTPUT_VARIABLE output
+        ERROR_VARIABLE output)
     set(result ${result} PARENT_SCOPE)
     set(output "${output}" PARENT_SCOPE)
 endfunction()
