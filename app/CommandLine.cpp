@@ -9,44 +9,40 @@ namespace {
 const char description[] =
     R"(Browses, previews, collects, downloads and applies the resources of a slideshow editor.
 
-Exit status: 0 success; 1 it could not start, or a step of the script failed; 2 bad arguments.)";
+Exit status: 0 success; 1 it could not start; 2 bad arguments.)";
 
-QString text(const char* latin1)
+const QLatin1String settingsOption("settings");
+const QLatin1String serverOption("server");
+const QLatin1String rootOption("root");
+const QLatin1String resourcesOption("resources");
+const QLatin1String verboseOption("verbose");
+
+/// Returns what is wrong with options that do not parse.
+QString unknownText(const QCommandLineParser& parser)
 {
-    return QString::fromLatin1(latin1);
+    const QStringList unknown = parser.unknownOptionNames();
+    for (const char* moved : {"demo", "script", "screenshot"}) {
+        if (unknown.contains(QLatin1String(moved)))
+            return QStringLiteral("no option --%1: the program mveditor-demo shows the samples, "
+                                  "and is driven by scripts")
+                .arg(QLatin1String(moved));
+    }
+    return parser.errorText();
 }
 
 } // namespace
 
 bool CommandLine::parse(const QStringList& arguments)
 {
-    const QCommandLineOption settingsOption(text("settings"), text("host settings (INI file)"),
-                                            text("FILE"));
-    const QCommandLineOption serverOption(text("server"),
-                                          text("root address of the resource server"), text("URL"));
-    const QCommandLineOption rootOption(
-        text("root"), text("download root; created if it is missing"), text("DIR"));
-    const QCommandLineOption resourcesOption(
-        text("resources"), text("the application's installed resources"), text("DIR"));
-    const QCommandLineOption demoOption(
-        text("demo"), text("serve the samples and keep everything in a temporary folder"));
-    const QCommandLineOption scriptOption(
-        text("script"), text("drive the window by the steps in a file, then end"), text("FILE"));
-    const QCommandLineOption screenshotOption(
-        text("screenshot"),
-        text("where pictures go; without a script: one of the window, then end"), text("DIR"));
-    const QCommandLineOption verboseOption(text("verbose"),
-                                           text("write the library's log to standard error"));
     // Not addHelpOption(): it also offers help on Qt's own options, which are not parsed here.
-    const QCommandLineOption helpOption({text("h"), text("help")}, text("print this help"));
-
+    const QCommandLineOption helpOption({QStringLiteral("h"), QStringLiteral("help")},
+                                        QStringLiteral("print this help"));
     QCommandLineParser parser;
-    parser.setApplicationDescription(text(description));
     const QCommandLineOption versionOption = parser.addVersionOption();
-    parser.addOptions({helpOption, settingsOption, serverOption, rootOption, resourcesOption,
-                       demoOption, scriptOption, screenshotOption, verboseOption});
+    parser.addOption(helpOption);
+    addOptions(parser);
     if (!parser.parse(arguments))
-        return fail(parser.errorText());
+        return fail(unknownText(parser));
     if (parser.isSet(helpOption))
         parser.showHelp();
     if (parser.isSet(versionOption))
@@ -54,34 +50,44 @@ bool CommandLine::parse(const QStringList& arguments)
     if (!parser.positionalArguments().isEmpty())
         return fail(
             QStringLiteral("unexpected: %1").arg(parser.positionalArguments().constFirst()));
+    return read(parser);
+}
+
+void CommandLine::addOptions(QCommandLineParser& parser) const
+{
+    parser.setApplicationDescription(QString::fromLatin1(description));
+    const auto add = [&parser](QLatin1String name, const char* text, const char* value) {
+        parser.addOption(
+            QCommandLineOption(name, QString::fromLatin1(text), QString::fromLatin1(value)));
+    };
+    add(settingsOption, "host settings (INI file)", "FILE");
+    add(serverOption, "root address of the resource server", "URL");
+    add(rootOption, "download root; created if it is missing", "DIR");
+    add(resourcesOption, "the application's installed resources", "DIR");
+    add(verboseOption, "write the library's log to standard error", "");
+}
+
+bool CommandLine::read(const QCommandLineParser& parser)
+{
     settingsFile = parser.value(settingsOption);
     server = parser.value(serverOption);
     root = parser.value(rootOption);
     resources = parser.value(resourcesOption);
-    demo = parser.isSet(demoOption);
     verbose = parser.isSet(verboseOption);
-    scriptFile = parser.value(scriptOption);
-    screenshotFolder = parser.value(screenshotOption);
-    return check();
-}
-
-bool CommandLine::check()
-{
-    if (!server.isEmpty()) {
-        const QUrl url(server, QUrl::StrictMode);
-        const bool http =
-            url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
-        if (!url.isValid() || !http || url.host().isEmpty())
-            return fail(QStringLiteral("--server takes an http or https address: %1").arg(server));
-        if (!server.endsWith(QLatin1Char('/')))
-            server += QLatin1Char('/');
-    }
     if (!resources.isEmpty() && !QFileInfo(resources).isDir())
         return fail(QStringLiteral("no such resources folder: %1").arg(resources));
-    if (!scriptFile.isEmpty() && !QFileInfo(scriptFile).isFile())
-        return fail(QStringLiteral("no such script: %1").arg(scriptFile));
-    if (demo && !server.isEmpty())
-        return fail(QStringLiteral("--demo brings a server of its own; leave --server out"));
+    return server.isEmpty() || checkServer();
+}
+
+bool CommandLine::checkServer()
+{
+    const QUrl url(server, QUrl::StrictMode);
+    const bool http =
+        url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
+    if (!url.isValid() || !http || url.host().isEmpty())
+        return fail(QStringLiteral("--server takes an http or https address: %1").arg(server));
+    if (!server.endsWith(QLatin1Char('/')))
+        server += QLatin1Char('/');
     return true;
 }
 

@@ -3,27 +3,37 @@
 #include <QString>
 #include <QStringList>
 
-/// The options of the program's command line.
+class QCommandLineParser;
+
+/// The options of the program's command line. A program with more of them derives its own.
 class CommandLine
 {
 public:
+    CommandLine() = default;
+    virtual ~CommandLine() = default;
+    Q_DISABLE_COPY_MOVE(CommandLine)
+
     /// Needs an application object. Prints help or version and ends the process if asked to. On
     /// false see errorText().
     bool parse(const QStringList& arguments);
     QString errorText() const { return m_error; }
 
-    QString settingsFile;     ///< host settings, an INI file; empty: none
-    QString server;           ///< ends in "/"; empty: as the settings say
-    QString root;             ///< download root; empty: below the user's data folder
-    QString resources;        ///< installed resources; empty: as in the settings
-    QString scriptFile;       ///< script that drives the window; empty: a person does
-    QString screenshotFolder; ///< empty: no pictures
-    bool demo = false;
+    QString settingsFile; ///< host settings, an INI file; empty: none
+    QString server;       ///< ends in "/"; empty: as the settings say
+    QString root;         ///< download root; empty: below the user's data folder
+    QString resources;    ///< installed resources; empty: as the settings say
     bool verbose = false; ///< print the library's log to standard error
 
-private:
-    bool check();
+protected:
+    /// Adds the options and the description of the program.
+    virtual void addOptions(QCommandLineParser& parser) const;
+    /// Takes the options' values. Returns fail() with the reason if they are refused.
+    virtual bool read(const QCommandLineParser& parser);
+    /// Sets errorText() and returns false.
     bool fail(const QString& text);
+
+private:
+    bool checkServer();
 
     QString m_error;
 };

@@ -6,12 +6,41 @@
 # them. CMAKE_DISABLE_PRECOMPILE_HEADERS=ON turns them off.
 
 set(MV_HEADERS_CORE
-    <QByteArray> <QCoreApplication> <QDateTime> <QDir> <QDirIterator> <QFile> <QFileInfo>
-    <QJsonArray> <QJsonDocument> <QJsonObject> <QMap> <QMutexLocker> <QRegularExpression> <QSet>
-    <QStringList> <QThread> <QUrl> <QUuid> <QVector>
-    <algorithm> <array> <atomic> <chrono> <functional> <memory> <mutex>)
+    <QByteArray>
+    <QCoreApplication>
+    <QDateTime>
+    <QDir>
+    <QDirIterator>
+    <QFile>
+    <QFileInfo>
+    <QJsonArray>
+    <QJsonDocument>
+    <QJsonObject>
+    <QMap>
+    <QMutexLocker>
+    <QRegularExpression>
+    <QSet>
+    <QStringList>
+    <QThread>
+    <QUrl>
+    <QUuid>
+    <QVector>
+    <algorithm>
+    <array>
+    <atomic>
+    <chrono>
+    <functional>
+    <memory>
+    <mutex>)
 set(MV_HEADERS_WIDGETS
-    <QApplication> <QImage> <QLabel> <QListView> <QMovie> <QPainter> <QPushButton> <QStandardItemModel>
+    <QApplication>
+    <QImage>
+    <QLabel>
+    <QListView>
+    <QMovie>
+    <QPainter>
+    <QPushButton>
+    <QStandardItemModel>
     <QToolButton>)
 set(MV_HEADERS_TEST <QElapsedTimer> <QProcess> <QSignalSpy> <QTemporaryDir> <QTest>)
 
@@ -66,6 +95,6 @@ function(mv_precompile target)
     target_precompile_headers(${target} REUSE_FROM ${name})
     # The sources that AUTOMOC writes are small and compile faster without.
     get_target_property(folder ${target} BINARY_DIR)
-    set_source_files_properties(${folder}/${target}_autogen/mocs_compilation.cpp PROPERTIES
-        SKIP_PRECOMPILE_HEADERS ON)
+    set_source_files_properties(${folder}/${target}_autogen/mocs_compilation.cpp
+                                PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
 endfunction()

@@ -17,14 +17,24 @@ set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
 set(CMAKE_INSTALL_RPATH $ORIGIN/../${CMAKE_INSTALL_LIBDIR})
 
 add_library(mv_options INTERFACE)
-target_compile_options(mv_options INTERFACE
-    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
-    -Wold-style-cast -Wcast-align -Wunused -Wimplicit-fallthrough
-    $<$<BOOL:${MV_WARNINGS_AS_ERRORS}>:-Werror>)
+target_compile_options(
+    mv_options
+    INTERFACE
+        -Wall
+        -Wextra
+        -Wpedantic
+        -Wshadow
+        -Wnon-virtual-dtor
+        -Woverloaded-virtual
+        -Wold-style-cast
+        -Wcast-align
+        -Wunused
+        -Wimplicit-fallthrough
+        $<$<BOOL:${MV_WARNINGS_AS_ERRORS}>:-Werror>)
 # Conversions to QString are explicit, and the compiler checks connections.
-target_compile_definitions(mv_options INTERFACE
-    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING
-    QT_DEPRECATED_WARNINGS QT_STRICT_ITERATORS)
+target_compile_definitions(
+    mv_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING
+                         QT_DEPRECATED_WARNINGS QT_STRICT_ITERATORS)
 
 if(MV_SANITIZE)
     # Reports need line numbers but no variables, which take most of the compile time.
@@ -48,27 +58,22 @@ function(mv_add_library name export_define)
     add_library(${name} SHARED ${ARG_SOURCES} ${ARG_HEADERS})
     add_library(Mv::${name} ALIAS ${name})
     target_compile_definitions(${name} PRIVATE ${export_define})
-    target_link_libraries(${name} PUBLIC ${ARG_LIBRARIES}
-                          PRIVATE $<BUILD_INTERFACE:mv_options> ${ARG_PRIVATE_LIBRARIES})
+    target_link_libraries(${name} PUBLIC ${ARG_LIBRARIES} PRIVATE $<BUILD_INTERFACE:mv_options>
+                                                                  ${ARG_PRIVATE_LIBRARIES})
     mv_precompile(${name})
     if(NOT MV_SANITIZE) # a sanitizer's own symbols come with the program
         target_link_options(${name} PRIVATE -Wl,--no-undefined)
     endif()
-    target_include_directories(${name} PUBLIC
-        $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>
-        $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/mvresource>)
-    set_target_properties(${name} PROPERTIES
-        VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
-    install(TARGETS ${name} EXPORT MvResourceTargets
-            LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    target_include_directories(${name} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>
+                                              $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/mvresource>)
+    set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+    install(TARGETS ${name} EXPORT MvResourceTargets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
             RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
     foreach(header IN LISTS ARG_HEADERS)
         cmake_path(ABSOLUTE_PATH header OUTPUT_VARIABLE absolute)
-        cmake_path(RELATIVE_PATH absolute BASE_DIRECTORY ${PROJECT_SOURCE_DIR}/src
-                   OUTPUT_VARIABLE relative)
+        cmake_path(RELATIVE_PATH absolute BASE_DIRECTORY ${PROJECT_SOURCE_DIR}/src OUTPUT_VARIABLE relative)
         cmake_path(GET relative PARENT_PATH folder)
-        install(FILES ${header}
-                DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/mvresource/${folder})
+        install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/mvresource/${folder})
         set_property(GLOBAL APPEND PROPERTY MV_PUBLIC_HEADERS ${relative})
     endforeach()
 endfunction()

@@ -1,7 +1,7 @@
 #include "Editor.h"
 
 #include "EditorWorld.h"
-#include "script/RealInput.h"
+#include "gui/RealInput.h"
 #include "support/CatalogueFiles.h"
 
 #include <QDir>
@@ -58,7 +58,7 @@ QStringList Editor::scriptArguments(const QString& script, bool online) const
 void Editor::start(const QString& script, bool online)
 {
     m_process.setProcessEnvironment(m_environment);
-    m_process.start(QStringLiteral(MVEDITOR_PROGRAM), scriptArguments(script, online));
+    m_process.start(QStringLiteral(MVEDITOR_DEMO_PROGRAM), scriptArguments(script, online));
 }
 
 Outcome Editor::outcome()
@@ -75,8 +75,13 @@ void Editor::startWithoutReader(const QString& script)
     m_environment.insert(QStringLiteral("STATUS"), m_world.folder() + QStringLiteral("/status"));
     m_process.setProcessEnvironment(m_environment);
     m_process.start(QStringLiteral("/bin/sh"),
-                    QStringList{QStringLiteral("-c"), pipe, QStringLiteral(MVEDITOR_PROGRAM)}
+                    QStringList{QStringLiteral("-c"), pipe, QStringLiteral(MVEDITOR_DEMO_PROGRAM)}
                         + scriptArguments(script, true));
+}
+
+bool Editor::hasEnded()
+{
+    return m_process.state() == QProcess::NotRunning;
 }
 
 void Editor::kill()
@@ -94,6 +99,13 @@ Outcome Editor::run(const QString& script, bool online)
 Outcome Editor::runBare(const QStringList& options)
 {
     startBare(options);
+    return outcome();
+}
+
+Outcome Editor::runDemo(const QStringList& options)
+{
+    m_process.setProcessEnvironment(m_environment);
+    m_process.start(QStringLiteral(MVEDITOR_DEMO_PROGRAM), options);
     return outcome();
 }
 

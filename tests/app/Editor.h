@@ -10,7 +10,8 @@
 class EditorWorld;
 class RealInput;
 
-/// The editor as a separate process on a virtual display, driven by a script.
+/// The editor as a separate process on a virtual display. A script drives the demo's program;
+/// without one the editor's own runs.
 class Editor
 {
 public:
@@ -23,6 +24,8 @@ public:
     Outcome run(const QString& script, bool online = true);
     /// Runs the editor with these options and no script.
     Outcome runBare(const QStringList& options);
+    /// Runs the demo's program with these options.
+    Outcome runDemo(const QStringList& options);
     /// Starts a script; outcome() waits for its end.
     void start(const QString& script, bool online = true);
     Outcome outcome();
@@ -32,6 +35,7 @@ public:
     void startBare(const QStringList& options);
     /// Returns the mouse and keyboard of the editor's display.
     static RealInput& input();
+    bool hasEnded();
     /// Kills the editor, as a crash would.
     void kill();
 

@@ -14,6 +14,8 @@ class tst_editor_demo : public QObject
 private slots:
     void showsTheSamplesAndLeavesNothing();
     void resourcesAreThoseOfTheOption();
+    void wrongArguments_data();
+    void wrongArguments();
 };
 
 namespace {
@@ -35,7 +37,7 @@ void tst_editor_demo::showsTheSamplesAndLeavesNothing()
     Editor editor(world);
     editor.setVariable(QStringLiteral("TMPDIR"), temporary);
     // The catalogue saves favourites last, when the process exits.
-    VERIFY_ENDED_WELL(editor.runBare({QStringLiteral("--demo"), QStringLiteral("--script"),
+    VERIFY_ENDED_WELL(editor.runDemo({QStringLiteral("--script"),
                                       scriptFile(world,
                                                  "pace 1\n"
                                                  "wait reloads 1\n"
@@ -57,7 +59,33 @@ void tst_editor_demo::resourcesAreThoseOfTheOption()
     const QStringList common = world.arguments(false)
         + QStringList{QStringLiteral("--script"), scriptFile(world, "wait quiet\nwait shown 2\n"),
                       QStringLiteral("--resources"), elsewhere};
-    VERIFY_ENDED_WELL(Editor(world).runBare(common));
+    VERIFY_ENDED_WELL(Editor(world).runDemo(common));
+}
+
+void tst_editor_demo::wrongArguments_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QByteArray>("text");
+    const auto list = [](const char* text) {
+        return QString::fromLatin1(text).split(QLatin1Char(' '));
+    };
+    QTest::newRow("script") << list("--script /none") << 2 << QByteArray("no such script");
+    QTest::newRow("pictures") << list("--screenshot /proc/none") << 1 << QByteArray("/proc/none");
+    QTest::newRow("server for the samples")
+        << list("--server http://x/") << 2 << QByteArray("a server of its own");
+    QTest::newRow("option of the editor") << list("--root /proc/none") << 1 << QByteArray("root");
+    QTest::newRow("help") << list("--help") << 0 << QByteArray("--screenshot <DIR>");
+}
+
+void tst_editor_demo::wrongArguments()
+{
+    QFETCH(QStringList, options);
+    QFETCH(int, status);
+    QFETCH(QByteArray, text);
+    const Outcome outcome = Editor(EditorWorld()).runDemo(options);
+    QCOMPARE(outcome.status, status);
+    QVERIFY2((outcome.out + outcome.err).contains(text), outcome.err.constData());
 }
 
 MV_TEST_MAIN(tst_editor_demo)

@@ -1,6 +1,6 @@
 #include "Editor.h"
 #include "EditorWorld.h"
-#include "script/RealInput.h"
+#include "gui/RealInput.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
 

@@ -15,13 +15,14 @@ private slots:
     void withoutStepsItEnds_data();
     void withoutStepsItEnds();
     void withoutAFolderThereAreNoPictures();
+    void onePictureWithoutAScript();
 
 private:
     static Outcome run(const EditorWorld& world, const QByteArray& steps)
     {
         const QString file = world.folder() + QStringLiteral("/steps.txt");
         CatalogueFiles::write(file, steps);
-        return Editor(world).runBare(world.arguments(false)
+        return Editor(world).runDemo(world.arguments(false)
                                      + QStringList{QStringLiteral("--script"), file});
     }
 };
@@ -46,6 +47,15 @@ void tst_editor_script::withoutAFolderThereAreNoPictures()
     const QString inTheRoot = QStringLiteral("/%1.png").arg(name);
     const bool written = QFile::remove(inTheRoot); // only root can write there
     QVERIFY(!written);
+}
+
+void tst_editor_script::onePictureWithoutAScript()
+{
+    const EditorWorld world;
+    const QString pictures = world.folder() + QStringLiteral("/pictures");
+    VERIFY_ENDED_WELL(Editor(world).runDemo(
+        world.arguments() + QStringList{QStringLiteral("--screenshot"), pictures}));
+    QVERIFY(QFile::exists(pictures + QStringLiteral("/window.png")));
 }
 
 MV_TEST_MAIN(tst_editor_script)

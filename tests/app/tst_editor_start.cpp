@@ -1,5 +1,6 @@
 #include "Editor.h"
 #include "EditorWorld.h"
+#include "gui/RealInput.h"
 #include "support/CatalogueFiles.h"
 #include "support/HttpAnswer.h"
 #include "support/TestMain.h"
@@ -20,7 +21,7 @@ private slots:
     void newerServerIsReported();
     void wrongArguments_data();
     void wrongArguments();
-    void onePictureWithoutAScript();
+    void itsOwnProgramEndsWithItsWindow();
 };
 
 void tst_editor_start::firstStartFetchesTheCatalogueAndApplies()
@@ -143,9 +144,8 @@ void tst_editor_start::wrongArguments_data()
     QTest::newRow("operand") << list("operand") << 2 << QByteArray("unexpected: operand");
     QTest::newRow("server") << list("--server ftp://x/") << 2 << QByteArray("http or https");
     QTest::newRow("resources") << list("--resources /none") << 2 << QByteArray("/none");
-    QTest::newRow("script") << list("--script /none") << 2 << QByteArray("no such script");
-    QTest::newRow("demo with a server")
-        << list("--demo --server http://x/") << 2 << QByteArray("--demo");
+    for (const char* moved : {"--demo", "--script x", "--screenshot x"})
+        QTest::newRow(moved) << list(moved) << 2 << QByteArray("the program mveditor-demo");
     QTest::newRow("settings") << list("--settings /none") << 1 << QByteArray("/none");
     QTest::newRow("root") << list("--root /proc/none") << 1 << QByteArray("download root");
     QTest::newRow("help") << list("--help") << 0 << QByteArray("Exit status");
@@ -162,14 +162,23 @@ void tst_editor_start::wrongArguments()
     QVERIFY2((outcome.out + outcome.err).contains(text), outcome.err.constData());
 }
 
-void tst_editor_start::onePictureWithoutAScript()
+/// All else here drives the demo's program, which shares everything but main with this one.
+void tst_editor_start::itsOwnProgramEndsWithItsWindow()
 {
-    const EditorWorld world;
-    const QString pictures = world.folder() + QStringLiteral("/pictures");
-    const Outcome outcome = Editor(world).runBare(
-        world.arguments() + QStringList{QStringLiteral("--screenshot"), pictures});
-    VERIFY_ENDED_WELL(outcome);
-    QVERIFY(QFile::exists(pictures + QStringLiteral("/window.png")));
+    EditorWorld world;
+    world.publish({QStringLiteral("Alpha")});
+    Editor editor(world);
+    editor.startBare(world.arguments());
+    const QString catalogue = world.root() + QStringLiteral("/Themes/ResourceConfig");
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(catalogue), 20000);
+    const auto hasQuit = [&editor] {
+        Editor::input().moveTo({640, 400});
+        if (Editor::input().focusWindow())
+            Editor::input().press(QStringLiteral("Ctrl+Q"));
+        return editor.hasEnded();
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(hasQuit(), 20000);
+    VERIFY_ENDED_WELL(editor.outcome());
 }
 
 MV_TEST_MAIN(tst_editor_start)

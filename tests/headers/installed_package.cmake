@@ -6,8 +6,7 @@ set(consumer ${WORK_FOLDER}/consumer)
 file(REMOVE_RECURSE ${WORK_FOLDER})
 
 function(run)
-    execute_process(COMMAND ${ARGN} RESULT_VARIABLE result
-                    OUTPUT_VARIABLE output ERROR_VARIABLE output)
+    execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
     if(NOT result EQUAL 0)
         list(JOIN ARGN " " command)
         message(FATAL_ERROR "failed (${result}): ${command}\n${output}")
@@ -28,13 +27,10 @@ if(NOT installed STREQUAL expected)
     message(FATAL_ERROR "installed headers:\n${installed}\nexpected:\n${expected}")
 endif()
 
-run(${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${consumer} -G ${GENERATOR}
-    -D CMAKE_PREFIX_PATH=${prefix}
-    -D CMAKE_BUILD_TYPE=${BUILD_TYPE}
-    -D CMAKE_CXX_COMPILER=${COMPILER}
-    -D CMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER}
-    -D PACKAGE_VERSION=${PACKAGE_VERSION}
-    -D SANITIZE=${SANITIZE})
+set(options
+    -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_BUILD_TYPE=${BUILD_TYPE} -DCMAKE_CXX_COMPILER=${COMPILER}
+    -DCMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER} -DPACKAGE_VERSION=${PACKAGE_VERSION} -DSANITIZE=${SANITIZE})
+run(${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${consumer} -G ${GENERATOR} ${options})
 run(${CMAKE_COMMAND} --build ${consumer})
 
 # The build tree must not provide what the installed one lacks.
@@ -44,8 +40,8 @@ if(NOT cache MATCHES "MvResource_DIR:PATH=${prefix}/")
 endif()
 
 file(MAKE_DIRECTORY ${WORK_FOLDER}/home)
-run(${CMAKE_COMMAND} -E env HOME=${WORK_FOLDER}/home XDG_DATA_HOME=${WORK_FOLDER}/home
-    ${consumer}/consumer ${WORK_FOLDER}/root)
+run(${CMAKE_COMMAND} -E env HOME=${WORK_FOLDER}/home XDG_DATA_HOME=${WORK_FOLDER}/home ${consumer}/consumer
+    ${WORK_FOLDER}/root)
 if(NOT output MATCHES "config catalogue: ${WORK_FOLDER}/root/")
     message(FATAL_ERROR "the consumer printed:\n${output}")
 endif()

@@ -1,4 +1,4 @@
-#include "script/RealInput.h"
+#include "gui/RealInput.h"
 
 #include <QStringList>
 #include <QVector>
@@ -80,6 +80,22 @@ void RealInput::moveTo(const QPoint& point)
 {
     XTestFakeMotionEvent(d->display, -1, point.x(), point.y(), CurrentTime);
     XSync(d->display, False);
+}
+
+bool RealInput::focusWindow()
+{
+    ::Window root = 0;
+    ::Window window = 0;
+    int ignored = 0;
+    unsigned mask = 0;
+    XGrabServer(d->display); // no window goes between the two
+    XQueryPointer(d->display, DefaultRootWindow(d->display), &root, &window, &ignored, &ignored,
+                  &ignored, &ignored, &mask);
+    if (window != 0)
+        XSetInputFocus(d->display, window, RevertToPointerRoot, CurrentTime);
+    XUngrabServer(d->display);
+    XSync(d->display, False);
+    return window != 0;
 }
 
 void RealInput::click(Button button)

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "script/RealInput.h"
-#include "script/ScriptConditions.h"
-#include "script/ScriptStep.h"
-#include "script/ScriptTargets.h"
+#include "gui/RealInput.h"
+#include "gui/ScriptConditions.h"
+#include "gui/ScriptStep.h"
+#include "gui/ScriptTargets.h"
 
 #include <QElapsedTimer>
 #include <QObject>
@@ -11,7 +11,6 @@
 #include <QVector>
 
 class CatalogueUpdate;
-class CommandLine;
 class MainWindow;
 
 /// Runs a script's steps on the window, with the mouse and the keyboard of the X display, prints
@@ -34,8 +33,10 @@ class ScriptRun : public QObject
     Q_OBJECT
 
 public:
-    /// Without a script it does nothing, or takes one picture if requested on the command line.
-    ScriptRun(MainWindow& window, CatalogueUpdate& check, const CommandLine& commandLine);
+    /// Without a script it does nothing, or takes one picture if a folder is given. An empty name
+    /// stands for none.
+    ScriptRun(MainWindow& window, const CatalogueUpdate& check, const QString& scriptFile,
+              const QString& pictureFolder);
 
     /// Returns false if the script cannot run; see errorText().
     bool isReady() const { return m_error.isEmpty(); }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "script/ScriptTargets.h"
+#include "gui/ScriptTargets.h"
 
 #include <QObject>
 #include <QString>

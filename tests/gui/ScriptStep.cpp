@@ -1,4 +1,4 @@
-#include "script/ScriptStep.h"
+#include "gui/ScriptStep.h"
 
 #include <QFile>
 

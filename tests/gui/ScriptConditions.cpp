@@ -1,4 +1,4 @@
-#include "script/ScriptConditions.h"
+#include "gui/ScriptConditions.h"
 
 #include "browser/EUIItemRole.h"
 #include "browser/MVThemeItemSubwdgt_Preview.h"

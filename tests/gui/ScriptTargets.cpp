@@ -1,4 +1,4 @@
-#include "script/ScriptTargets.h"
+#include "gui/ScriptTargets.h"
 
 #include "browser/EUIItemRole.h"
 #include "browser/MVThemeItemWdg.h"

@@ -16,8 +16,9 @@ QString sample(const char* name)
 
 bool DemoWorld::start()
 {
-    if (!m_folder.isValid()) {
-        m_error = m_folder.errorString();
+    m_folder.emplace();
+    if (!m_folder->isValid()) {
+        m_error = m_folder->errorString();
         return false;
     }
     if (!QFileInfo(sample("server")).isDir()) {

@@ -22,6 +22,9 @@ public:
     bool isAvailable() const;
 
     void moveTo(const QPoint& point);
+    /// Gives the keyboard to the window below the mouse, as a window manager would. False: there is
+    /// none.
+    bool focusWindow();
     void click(Button button = Button::Left);
     /// Turns the wheel by `steps`; negative values turn it down.
     void wheel(int steps);

@@ -1,7 +1,6 @@
-#include "script/ScriptRun.h"
+#include "gui/ScriptRun.h"
 
 #include "browser/mvThemelistview.h"
-#include "CommandLine.h"
 #include "download/DownloadPacing.h"
 #include "MainWindow.h"
 #include "ResourceList.h"
@@ -31,16 +30,17 @@ void print(const QString& text)
 
 } // namespace
 
-ScriptRun::ScriptRun(MainWindow& window, CatalogueUpdate& check, const CommandLine& commandLine)
+ScriptRun::ScriptRun(MainWindow& window, const CatalogueUpdate& check, const QString& scriptFile,
+                     const QString& pictureFolder)
     : m_window(window)
     , m_conditions(window, check)
     , m_targets(window)
-    , m_pictures(commandLine.screenshotFolder)
-    , m_scripted(!commandLine.scriptFile.isEmpty())
+    , m_pictures(pictureFolder)
+    , m_scripted(!scriptFile.isEmpty())
 {
     connect(&m_timer, &QTimer::timeout, this, &ScriptRun::tryStep);
     if (m_scripted) {
-        ScriptStep::readAll(commandLine.scriptFile, m_steps, m_error);
+        ScriptStep::readAll(scriptFile, m_steps, m_error);
         if (m_error.isEmpty() && !m_input.isAvailable())
             m_error = QStringLiteral("a script needs an X display that takes its events");
     } else if (!m_pictures.isEmpty()) {

@@ -1,0 +1,123 @@
+#include "EditorProgram.h"
+
+#include "AppLanguage.h"
+#include "AppLook.h"
+#include "CommandLine.h"
+#include "download/CatalogueUpdate.h"
+#include "host/HostSettings.h"
+#include "MainWindow.h"
+#include "Preferences.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+#include <QStyleFactory>
+
+#include <csignal>
+#include <cstdio>
+
+namespace {
+
+constexpr char scaleVariable[] = "QT_SCALE_FACTOR";
+
+/// Qt reads the scale only while an application starts.
+void applyScale(int percent)
+{
+    constexpr double whole = 100.0;
+    if (percent > 0)
+        qputenv(scaleVariable, QByteArray::number(percent / whole));
+}
+
+} // namespace
+
+EditorProgram::EditorProgram(CommandLine& commandLine)
+    : m_commandLine(commandLine)
+{
+}
+
+EditorProgram::~EditorProgram() = default;
+
+int EditorProgram::run(int& argc, char** argv)
+{
+    // Whoever reads its output may end first, which must not end a window.
+    std::signal(SIGPIPE, SIG_IGN);
+    m_name = QFileInfo(QFile::decodeName(argv[0])).fileName();
+    QCoreApplication::setApplicationName(QStringLiteral("mveditor"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(MV_VERSION));
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    const int status = readSettings(argc, argv);
+    return status != 0 ? status : openWindow(argc, argv);
+}
+
+/// Reads command line and settings, which must be known before a window can be created.
+int EditorProgram::readSettings(int& argc, char** argv)
+{
+    const QCoreApplication early(argc, argv);
+    if (!m_commandLine.parse(QCoreApplication::arguments())) {
+        say(m_commandLine.errorText());
+        return exitUsage;
+    }
+    m_startup.applyDefaults(m_commandLine);
+    QString error;
+    if (!prepare(hostSettings(), error))
+        return refuse(error);
+    return m_startup.readSettings(m_commandLine) ? 0 : refuse(m_startup.errorText());
+}
+
+int EditorProgram::openWindow(int& argc, char** argv)
+{
+    Preferences preferences(preferencesFile());
+    if (!preferences.problem().isEmpty())
+        say(preferences.problem());
+    // QT_SCALE_FACTOR in the environment takes precedence.
+    const bool ownScale = !qEnvironmentVariableIsSet(scaleVariable);
+    if (ownScale)
+        applyScale(preferences.scale());
+    QApplication application(argc, argv);
+    if (ownScale)
+        qunsetenv(scaleVariable); // programs that the window opens have a scale of their own
+    // The same everywhere, and it takes all its colours from the palette.
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    if (!m_startup.openCatalogue(preferences.skin()))
+        return refuse(m_startup.errorText());
+    AppLanguage::install(preferences.language());
+    AppLook::apply(preferences.skin());
+
+    CatalogueUpdate check;
+    MainWindow window(preferences, check);
+    const int status = exec(window, check);
+    check.shutDown();
+    return status;
+}
+
+bool EditorProgram::prepare(HostSettings& /*settings*/, QString& /*error*/)
+{
+    return true;
+}
+
+QString EditorProgram::preferencesFile() const
+{
+    return QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)
+        + QStringLiteral("/preferences.json");
+}
+
+int EditorProgram::exec(MainWindow& window, CatalogueUpdate& check)
+{
+    window.show();
+    check.start();
+    return QApplication::exec();
+}
+
+int EditorProgram::refuse(const QString& reason) const
+{
+    say(reason);
+    return exitFailure;
+}
+
+void EditorProgram::say(const QString& text) const
+{
+    std::fprintf(stderr, "%s: %s\n", m_name.toLocal8Bit().constData(),
+                 text.toLocal8Bit().constData());
+}

@@ -1,0 +1,14 @@
+# Which parts need which: refuses a choice of MV_BUILD_... that lacks one.
+
+# mv_needs(OPTION NEEDED...): with OPTION, the others must be on, too.
+function(mv_needs option)
+    foreach(needed IN LISTS ARGN)
+        if(${option} AND NOT ${needed})
+            message(FATAL_ERROR "${option} needs ${needed}: turn that on, or ${option} off")
+        endif()
+    endforeach()
+endfunction()
+
+mv_needs(MV_BUILD_DEMO MV_BUILD_APP)
+mv_needs(MV_BUILD_TESTS MV_BUILD_APP MV_BUILD_TOOLS MV_BUILD_DEMO)
+mv_needs(MV_BUILD_BENCHMARKS MV_BUILD_TOOLS)

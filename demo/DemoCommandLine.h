@@ -1,0 +1,18 @@
+#pragma once
+
+#include "CommandLine.h"
+
+/// The editor's options, and those of the demo.
+class DemoCommandLine : public CommandLine
+{
+public:
+    /// Returns whether the program serves the samples itself: unless host settings are named.
+    bool showsSamples() const { return settingsFile.isEmpty(); }
+
+    QString scriptFile;       ///< drives the window; empty: a person does
+    QString screenshotFolder; ///< empty: no pictures
+
+protected:
+    void addOptions(QCommandLineParser& parser) const override;
+    bool read(const QCommandLineParser& parser) override;
+};

@@ -1,0 +1,80 @@
+# Configures the project on a machine without X11, libzip and cpp-httplib.
+#
+#   noPackages    the libraries and the editor do without, and the editor is made of nothing else
+#   missingPart   what needs a package that is not there says so
+#   subproject    a project that takes this one in gets the libraries and nothing else
+cmake_minimum_required(VERSION 3.25)
+
+set(packages ${WORK_FOLDER}/packages)
+file(REMOVE_RECURSE ${WORK_FOLDER})
+
+# All packages of this machine but those.
+execute_process(COMMAND ${PKG_CONFIG} --variable pc_path pkg-config OUTPUT_VARIABLE folders
+                OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+string(REPLACE ":" ";" folders "${folders}")
+file(MAKE_DIRECTORY ${packages})
+foreach(folder IN LISTS folders)
+    file(GLOB files ${folder}/*.pc)
+    foreach(file IN LISTS files)
+        cmake_path(GET file FILENAME name)
+        if(NOT name MATCHES "^(libzip|cpp-httplib)\\.pc$")
+            file(CREATE_LINK ${file} ${packages}/${name} SYMBOLIC)
+        endif()
+    endforeach()
+endforeach()
+
+# configure(SOURCE OPTIONS...) sets `result` and `output`.
+function(configure source)
+    execute_process(
+        COMMAND
+            ${CMAKE_COMMAND} -E env --unset=PKG_CONFIG_PATH PKG_CONFIG_LIBDIR=${packages} ${CMAKE_COMMAND} -S
+            ${source} -B ${WORK_FOLDER}/build -G Ninja -DCMAKE_CXX_COMPILER=${COMPILER}
+            -DCMAKE_DISABLE_FIND_PACKAGE_X11=ON ${ARGN}
+        RESULT_VARIABLE result
+        OUTPUT_VARIABLE output
+        ERROR_VARIABLE output)
+    set(result ${result} PARENT_SCOPE)
+    set(output "${output}" PARENT_SCOPE)
+endfunction()
+
+function(require_success)
+    if(NOT result EQUAL 0)
+        message(FATAL_ERROR "it is not configured (${result}):\n${output}")
+    endif()
+endfunction()
+
+# refuses(TEXT OPTIONS...): the project cannot be configured, for the reason in TEXT.
+function(refuses text)
+    configure(${PROJECT_FOLDER} ${ARGN})
+    if(result EQUAL 0 OR NOT output MATCHES "${text}")
+        message(FATAL_ERROR "expected a refusal for \"${text}\" (${result}):\n${output}")
+    endif()
+endfunction()
+
+if(CASE STREQUAL "noPackages")
+    configure(${PROJECT_FOLDER} -DMV_BUILD_TOOLS=OFF -DMV_BUILD_DEMO=OFF -DMV_BUILD_TESTS=OFF)
+    require_success()
+    set(others demo/ samples tests/ tools/)
+    execute_process(COMMAND ${CMAKE_COMMAND} --build ${WORK_FOLDER}/build -- -t commands mveditor
+                    OUTPUT_VARIABLE commands COMMAND_ERROR_IS_FATAL ANY)
+    if(NOT commands MATCHES "-o bin/mveditor ")
+        message(FATAL_ERROR "mveditor is not linked:\n${commands}")
+    endif()
+    list(TRANSFORM others PREPEND ${PROJECT_FOLDER}/)
+    foreach(stranger IN LISTS others ITEMS mvserver httplib libzip -lzip Xtst)
+        string(FIND "${commands}" "${stranger}" place)
+        if(NOT place EQUAL -1)
+            message(FATAL_ERROR "mveditor is built with \"${stranger}\":\n${commands}")
+        endif()
+    endforeach()
+elseif(CASE STREQUAL "missingPart")
+    set(libraries -DMV_BUILD_APP=OFF -DMV_BUILD_TESTS=OFF)
+    refuses("cpp-httplib" ${libraries} -DMV_BUILD_TOOLS=ON -DMV_BUILD_DEMO=OFF)
+    refuses("MV_BUILD_DEMO needs MV_BUILD_APP" ${libraries} -DMV_BUILD_TOOLS=OFF -DMV_BUILD_DEMO=ON)
+elseif(CASE STREQUAL "subproject")
+    configure(${CMAKE_CURRENT_LIST_DIR}/host -DMVRESOURCE=${PROJECT_FOLDER})
+    require_success()
+    if(NOT output MATCHES "targets: mvbrowser;mvhost;mvhostui;mvresource\n")
+        message(FATAL_ERROR "the host gets something else:\n${output}")
+    endif()
+endif()
