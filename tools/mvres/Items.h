@@ -14,8 +14,8 @@ namespace Items {
 
 /// Returns "filter", "transition", "motion", "theme" or "bgmaterial".
 QString kindName(ECfgItemType kind);
-/// Returns the kind of that name, ignoring case, with or without a plural s; false if there is
-/// none.
+/// Sets `kind` to the one with that name, ignoring case, with or without a plural s. Returns false
+/// if there is none.
 bool kindOf(const QString& name, ECfgItemType& kind);
 /// Returns "others", "festivals", "travel" or "banquets"; "-" for other kinds.
 QString themeTypeName(const SCfg_Item& item);
