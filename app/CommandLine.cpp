@@ -17,14 +17,14 @@ const QLatin1String rootOption("root");
 const QLatin1String resourcesOption("resources");
 const QLatin1String verboseOption("verbose");
 
-/// Returns what is wrong with options that do not parse.
+/// Returns the error of options that do not parse.
 QString unknownText(const QCommandLineParser& parser)
 {
     const QStringList unknown = parser.unknownOptionNames();
     for (const char* moved : {"demo", "script", "screenshot"}) {
         if (unknown.contains(QLatin1String(moved)))
-            return QStringLiteral("no option --%1: the program mveditor-demo shows the samples, "
-                                  "and is driven by scripts")
+            return QStringLiteral("unknown option --%1: mveditor-demo shows the samples and runs "
+                                  "scripts")
                 .arg(QLatin1String(moved));
     }
     return parser.errorText();

@@ -9,9 +9,9 @@ class CommandLine;
 class MainWindow;
 struct HostSettings;
 
-/// The editor from its command line to its exit status: settings, catalogue, window, and the check
-/// in the background. Another program derives its own from it, as the demo does. Main thread only;
-/// one object per process.
+/// Runs the editor from its command line to its exit status: settings, catalogue, window and
+/// background check. Programs that add to the editor derive from it. Main thread only; one object
+/// per process.
 class EditorProgram
 {
 public:
@@ -27,8 +27,8 @@ public:
     int run(int& argc, char** argv);
 
 protected:
-    /// Changes the settings that apply where neither a settings file nor an option sets others.
-    /// Called once, when the command line is known. False: `error` says why it cannot start.
+    /// Changes the default settings, which a settings file and options override. Called once, after
+    /// the command line has been read. Returns false and sets `error` to refuse the start.
     virtual bool prepare(HostSettings& settings, QString& error);
     /// Returns the path of the user's preferences. Called after prepare().
     virtual QString preferencesFile() const;
@@ -46,5 +46,5 @@ private:
 
     CommandLine& m_commandLine;
     Startup m_startup;
-    QString m_name; // that the program was started by
+    QString m_name; // of the program, as it was started
 };

@@ -1,6 +1,6 @@
-# Which parts need which: refuses a choice of MV_BUILD_... that lacks one.
+# Refuses a choice of MV_BUILD_ options that leaves out a part which another one needs.
 
-# mv_needs(OPTION NEEDED...): with OPTION, the others must be on, too.
+# mv_needs(OPTION NEEDED...): stops unless the others are on wherever OPTION is.
 function(mv_needs option)
     foreach(needed IN LISTS ARGN)
         if(${option} AND NOT ${needed})

@@ -6,7 +6,7 @@
 class DemoCommandLine : public CommandLine
 {
 public:
-    /// Returns whether the program serves the samples itself: unless host settings are named.
+    /// Returns whether the program serves the samples itself, as it does without a settings file.
     bool showsSamples() const { return settingsFile.isEmpty(); }
 
     QString scriptFile;       ///< drives the window; empty: a person does

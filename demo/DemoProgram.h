@@ -5,12 +5,12 @@
 class DemoCommandLine;
 class DemoWorld;
 
-/// The editor on the samples, unless its settings are named, and driven by a script if there is
-/// one.
+/// Runs the editor on the samples, or on the settings that its command line names, and drives it by
+/// a script if there is one.
 class DemoProgram : public EditorProgram
 {
 public:
-    /// `world` must outlive the catalogue, and so the main function.
+    /// `world` must outlive the catalogue, which saves favourites after main().
     DemoProgram(DemoCommandLine& commandLine, DemoWorld& world);
 
 protected:

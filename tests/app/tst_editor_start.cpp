@@ -145,7 +145,7 @@ void tst_editor_start::wrongArguments_data()
     QTest::newRow("server") << list("--server ftp://x/") << 2 << QByteArray("http or https");
     QTest::newRow("resources") << list("--resources /none") << 2 << QByteArray("/none");
     for (const char* moved : {"--demo", "--script x", "--screenshot x"})
-        QTest::newRow(moved) << list(moved) << 2 << QByteArray("the program mveditor-demo");
+        QTest::newRow(moved) << list(moved) << 2 << QByteArray("mveditor-demo shows");
     QTest::newRow("settings") << list("--settings /none") << 1 << QByteArray("/none");
     QTest::newRow("root") << list("--root /proc/none") << 1 << QByteArray("download root");
     QTest::newRow("help") << list("--help") << 0 << QByteArray("Exit status");

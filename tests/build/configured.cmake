@@ -2,7 +2,7 @@
 #
 #   noPackages    the libraries and the editor do without, and the editor is made of nothing else
 #   missingPart   what needs a package that is not there says so
-#   subproject    a project that takes this one in gets the libraries and nothing else
+#   subproject    a project that embeds this one gets the libraries and nothing else
 cmake_minimum_required(VERSION 3.25)
 
 set(packages ${WORK_FOLDER}/packages)
