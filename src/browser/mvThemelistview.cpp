@@ -114,8 +114,8 @@ void mvThemelistview::setUpView()
 void mvThemelistview::getItemSIze(QSize& size, QRect& padding)
 {
     const SkinWidget* const skin = SkinWidget::instance();
-    if (m_eType == UIItem_None)
-        return;
+    if (kindShownBy(m_eType) == eCfgItem_Resource)
+        return; // no type, or a value beyond the types
     const bool isSmall = hasFilterCells(m_eType);
     size = isSmall ? skin->filterItemSize() : skin->themeItemSize();
     padding = isSmall ? skin->filterItemPadding() : skin->themeItemPadding();
