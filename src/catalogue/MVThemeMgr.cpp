@@ -79,6 +79,7 @@ bool MVThemeMgr::tryReload()
 {
     if (isInUse("load"))
         return false;
+    const PathGuard::Folders folders;
     clearVectors();
     readThemeCollect();
     readFilterCollect();

@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QHash>
 
 namespace {
 
@@ -25,6 +26,19 @@ bool goesUp(const QString& path)
     return false;
 }
 
+thread_local QHash<QString, QString>* remembered = nullptr;
+
+/// Returns the real path of a folder, links followed; empty if there is none.
+QString realFolder(const QString& folder)
+{
+    if (!remembered)
+        return QFileInfo(folder).canonicalFilePath();
+    const auto known = remembered->constFind(folder);
+    if (known != remembered->constEnd())
+        return *known;
+    return *remembered->insert(folder, QFileInfo(folder).canonicalFilePath());
+}
+
 } // namespace
 
 bool PathGuard::hasPlainName(const QString& path)
@@ -32,18 +46,31 @@ bool PathGuard::hasPlainName(const QString& path)
     return !path.contains(QChar(QChar::Null)) && !goesUp(path);
 }
 
+PathGuard::Folders::Folders()
+    : m_previous(remembered)
+{
+    remembered = &m_real;
+}
+
+PathGuard::Folders::~Folders()
+{
+    remembered = m_previous;
+}
+
 bool PathGuard::isReallyInside(const QString& root, const QString& path)
 {
     const QFileInfo file(path);
-    // For a missing file, or a name that is too long, Qt may return the name itself as canonical.
-    if (root.isEmpty() || !file.exists())
+    // For a missing file Qt may call the name itself canonical, as for one that is too long.
+    if (root.isEmpty() || (!file.isSymLink() && !file.exists()))
         return false;
-    const QString real = file.canonicalFilePath();
-    const bool hasLinks = path != real && path != real + QLatin1Char('/');
-    // A path without links has a root without links, whose real path is costly to determine.
-    if (!hasLinks && path.startsWith(root + QLatin1Char('/')))
-        return true;
-    const QString realRoot = QFileInfo(root).canonicalFilePath();
+    const int nameAt = path.lastIndexOf(QLatin1Char('/')) + 1;
+    // Only the name of a link is not its real one; its folder may be a link in any case.
+    const bool hasRealName = !file.isSymLink() && nameAt > 0 && nameAt < path.size();
+    const QString real = hasRealName ? realFolder(path.left(nameAt - 1)) + path.midRef(nameAt - 1)
+                                     : file.canonicalFilePath();
+    if (real == path && path.startsWith(root + QLatin1Char('/')))
+        return true; // a path without links has a root without links
+    const QString realRoot = realFolder(root);
     return !realRoot.isEmpty() && real.startsWith(realRoot + QLatin1Char('/'));
 }
 

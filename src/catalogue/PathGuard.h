@@ -1,13 +1,30 @@
 #pragma once
 
+#include <QHash>
 #include <QString>
 
 /// Keeps downloads inside the download root, whatever names a catalogue contains. Internal to the
-/// library; hosts use MVThemeMgr::isDownloadPath. Stateless, any thread.
+/// library; hosts use MVThemeMgr::isDownloadPath. Any thread.
 class PathGuard
 {
 public:
     PathGuard() = delete;
+
+    /// Makes isReallyInside() remember the real paths of folders on this thread while the object
+    /// exists: looking for the files of a whole catalogue resolves each folder once. What is linked
+    /// meanwhile goes unnoticed until its end.
+    class Folders
+    {
+    public:
+        Folders();
+        ~Folders();
+        Folders(const Folders&) = delete;
+        Folders& operator=(const Folders&) = delete;
+
+    private:
+        QHash<QString, QString> m_real; // by the path that was asked for
+        QHash<QString, QString>* m_previous;
+    };
 
     /// Returns false for a name with a ".." component or a NUL.
     static bool hasPlainName(const QString& path);

@@ -1,6 +1,7 @@
 #include "download/CheckWorker_ThumbAndGif.h"
 
 #include "catalogue/MVThemeMgr.h"
+#include "catalogue/PathGuard.h"
 #include "catalogue/XmlFile.h"
 #include "download/CheckTransfer.h"
 #include "host/ETransferResult.h"
@@ -145,6 +146,7 @@ bool CheckWorker_ThumbAndGif::readConfig(bool hasMV, bool hasSplit)
 
 bool CheckWorker_ThumbAndGif::readDisplay(bool hasMV, bool hasSplit)
 {
+    const PathGuard::Folders folders;
     QDomDocument doc;
     if (!readCatalogue(MVThemeMgr::eDirTag_Display,
                        "path_display_Download checkXml[%s],is error!,will return!",

@@ -16,6 +16,7 @@ private slots:
     void linksOutOfTheTreesCountForNothing_data();
     void linksOutOfTheTreesCountForNothing();
     void linksWithinATreeCount();
+    void loadShowsNoItemWithAPreviewBehindALink();
     void longNameIsMissingEveryTime();
     void aConfigBehindALinkIsNotRead();
     void tenThousandItems();
@@ -211,6 +212,36 @@ void tst_hostileNames::linksWithinATreeCount()
     QVERIFY(mgr().doItem_Info_Gif(theme));
     QCOMPARE(QFileInfo(theme.m_info_Gif.m_qsFile).canonicalFilePath(),
              QFileInfo(folder + QStringLiteral("/a.gif")).canonicalFilePath());
+}
+
+/// A load resolves each folder once, but looks at every file.
+void tst_hostileNames::loadShowsNoItemWithAPreviewBehindALink()
+{
+    const QString folder = m_fixture.downloaded("display", "Themes", QString());
+    const QString outside = m_fixture.base() + QStringLiteral("/outside");
+    Files::write(outside + QStringLiteral("/a.gif"), "secret");
+    for (const char* name : {"/1.gif", "/4.gif", "/1.png", "/2.png", "/3.png", "/4.png"})
+        Files::write(folder + QString::fromLatin1(name), "picture");
+    QVERIFY(QFile::link(outside + QStringLiteral("/a.gif"), folder + QStringLiteral("/2.gif")));
+    QVERIFY(QFile::link(outside, folder + QStringLiteral("/folder")));
+    QVector<Files::CfgItem> items;
+    QVector<Files::DisplayItem> shown;
+    for (int number = 1; number <= 4; ++number) {
+        const QString name =
+            number == 3 ? QStringLiteral("folder/a.gif") : QStringLiteral("%1.gif").arg(number);
+        items.append({Files::guid(number), QString(), {}});
+        shown.append({Files::guid(number), QString::number(number),
+                      QStringLiteral("%1.png").arg(number), name, QString()});
+    }
+    Files::write(m_fixture.configXml(),
+                 Files::document(Files::cfgGroup(QStringLiteral("Theme"), items)));
+    Files::write(m_fixture.displayXml(),
+                 Files::document(Files::displayThemes({{QStringLiteral("travel"), shown}})));
+    mgr().load(true);
+    QStringList names;
+    for (const SCfg_Item& theme : mgr().getThemes_Display())
+        names.append(theme.m_qsName);
+    QCOMPARE(names, (QStringList{QStringLiteral("1"), QStringLiteral("4")}));
 }
 
 /// The first look-up creates those folders that it can.
