@@ -40,11 +40,11 @@ QString textOf(const FavouritesFile& file, const QString& path)
         return QCoreApplication::translate("FavouritesFile", "%1 cannot be read: %2")
             .arg(path, file.reason());
     case FavouritesFile::Error::NotFavourites:
-        return QCoreApplication::translate("FavouritesFile", "%1 is no file of favourites")
+        return QCoreApplication::translate("FavouritesFile", "%1 is not a file of favourites")
             .arg(path);
     case FavouritesFile::Error::BadEntry:
         return QCoreApplication::translate("FavouritesFile",
-                                           "%1 holds an entry that is no favourite")
+                                           "%1 contains an entry that is not a favourite")
             .arg(path);
     }
     return {};

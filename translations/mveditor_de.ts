@@ -155,11 +155,11 @@
         <translation>%1 kann nicht gelesen werden: %2</translation>
     </message>
     <message>
-        <source>%1 is no file of favourites</source>
+        <source>%1 is not a file of favourites</source>
         <translation>%1 ist keine Datei mit Favoriten</translation>
     </message>
     <message>
-        <source>%1 holds an entry that is no favourite</source>
+        <source>%1 contains an entry that is not a favourite</source>
         <translation>%1 enthält einen Eintrag, der kein Favorit ist</translation>
     </message>
 </context>

@@ -155,11 +155,11 @@
         <translation>No se puede leer %1: %2</translation>
     </message>
     <message>
-        <source>%1 is no file of favourites</source>
+        <source>%1 is not a file of favourites</source>
         <translation>%1 no es un archivo de favoritos</translation>
     </message>
     <message>
-        <source>%1 holds an entry that is no favourite</source>
+        <source>%1 contains an entry that is not a favourite</source>
         <translation>%1 contiene una entrada que no es un favorito</translation>
     </message>
 </context>

@@ -155,11 +155,11 @@
         <translation>Impossible de lire %1&#xa0;: %2</translation>
     </message>
     <message>
-        <source>%1 is no file of favourites</source>
+        <source>%1 is not a file of favourites</source>
         <translation>%1 n’est pas un fichier de favoris</translation>
     </message>
     <message>
-        <source>%1 holds an entry that is no favourite</source>
+        <source>%1 contains an entry that is not a favourite</source>
         <translation>%1 contient une entrée qui n’est pas un favori</translation>
     </message>
 </context>

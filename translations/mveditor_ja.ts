@@ -153,11 +153,11 @@
         <translation>%1 を読み込めません: %2</translation>
     </message>
     <message>
-        <source>%1 is no file of favourites</source>
+        <source>%1 is not a file of favourites</source>
         <translation>%1 はお気に入りのファイルではありません</translation>
     </message>
     <message>
-        <source>%1 holds an entry that is no favourite</source>
+        <source>%1 contains an entry that is not a favourite</source>
         <translation>%1 にお気に入りではない項目が含まれています</translation>
     </message>
 </context>

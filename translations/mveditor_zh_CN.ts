@@ -153,11 +153,11 @@
         <translation>无法读取 %1：%2</translation>
     </message>
     <message>
-        <source>%1 is no file of favourites</source>
+        <source>%1 is not a file of favourites</source>
         <translation>%1 不是收藏文件</translation>
     </message>
     <message>
-        <source>%1 holds an entry that is no favourite</source>
+        <source>%1 contains an entry that is not a favourite</source>
         <translation>%1 含有不是收藏的条目</translation>
     </message>
 </context>

@@ -148,9 +148,9 @@ QString FavouritesFile::errorText() const
     case Error::CannotRead:
         return QStringLiteral("%1 cannot be read: %2").arg(m_path, m_reason);
     case Error::NotFavourites:
-        return QStringLiteral("%1 is no file of favourites").arg(m_path);
+        return QStringLiteral("%1 is not a file of favourites").arg(m_path);
     case Error::BadEntry:
-        return QStringLiteral("%1 holds an entry that is no favourite").arg(m_path);
+        return QStringLiteral("%1 contains an entry that is not a favourite").arg(m_path);
     }
     return {};
 }

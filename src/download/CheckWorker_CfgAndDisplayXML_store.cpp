@@ -81,7 +81,8 @@ bool CheckWorker_CfgAndDisplayXML::storeFile(const QString& from, const QString&
     if (!RegularFile::open(source) || !RegularFile::readAll(source, XmlGuard::maxBytes, content)
         || QCryptographicHash::hash(content, QCryptographicHash::Md5).toHex()
             != checksum.toLatin1()) {
-        note(eCatalogueCheck_NotStored, QStringLiteral("%1 has changed since it came").arg(from),
+        note(eCatalogueCheck_NotStored,
+             QStringLiteral("%1 has changed since it was downloaded").arg(from),
              eFailure_LocalFile);
         return false;
     }

@@ -11,7 +11,7 @@ enum ECatalogueCheckEnd : int {
     eCatalogueCheck_Changed = 0,
     /// The files on disk are those of the server.
     eCatalogueCheck_Current = 1,
-    /// The server's catalogue has a higher format version: the application has to be updated.
+    /// The server's catalogue has a higher format version: the application must be updated.
     eCatalogueCheck_ServerNewer = 2,
     /// The server's catalogue has a lower format version.
     eCatalogueCheck_ServerOlder = 3,

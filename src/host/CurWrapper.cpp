@@ -152,9 +152,10 @@ ETransferResult CurWrapper::Private::fetch()
     if (callback && !callback(m_received, m_received, user))
         return failAsCancelled();
     if (ContentCheck::isPage(m_file.beginning(ContentCheck::pageBytes)) && !isPageWanted()) {
-        return fail(eTransfer_Network, eFailure_Unreachable,
-                    QStringLiteral("a web page came instead of the file, as from a network that "
-                                   "asks for a login"));
+        return fail(
+            eTransfer_Network, eFailure_Unreachable,
+            QStringLiteral("received a web page instead of the file, as from a network that "
+                           "asks for a login"));
     }
     bool isUnreadable = false;
     const QString fault = hostSettings().checkContent

@@ -184,7 +184,7 @@ HttpTransfer::End HttpTransfer::judge(CURLcode code, const PartFile& file)
     m_reason = QString::fromUtf8(m_curlError[0] ? m_curlError : curl_easy_strerror(code));
     switch (code) {
     case CURLE_OK:
-        m_reason = m_accepted ? QStringLiteral("the part that came is not the rest of the file")
+        m_reason = m_accepted ? QStringLiteral("the received part is not the rest of the file")
                               : QStringLiteral("the connection ended in the header");
         return End::Broken;
     case CURLE_URL_MALFORMAT:
@@ -239,7 +239,7 @@ bool HttpTransfer::acceptStatus()
     if (m_head.status == 200 || (m_head.status == 206 && asked)) {
         if (!m_head.contentEncoding.isEmpty() || m_head.strangeTransferCoding) {
             return refuse(End::Status,
-                          QStringLiteral("the server encoded the file, which nobody asked for"));
+                          QStringLiteral("the server encoded the file without being asked to"));
         }
         if (m_head.hasTwoLengths) {
             return refuse(End::Network,
@@ -310,7 +310,7 @@ std::size_t HttpTransfer::takeBody(const char* data, std::size_t length)
     }
     const qint64 allowed = hostSettings().maxDownloadBytes;
     if (m_file->size() + count > allowed) {
-        refuse(End::TooLarge, QStringLiteral("more than the %1 bytes allowed came").arg(allowed));
+        refuse(End::TooLarge, QStringLiteral("the body exceeds the %1 bytes allowed").arg(allowed));
         return 0;
     }
     if (!m_file->write(data, count)) {

@@ -28,12 +28,14 @@ QString StallWatch::fault(milliseconds limit)
     const auto silence = now - m_lastByte;
     const auto window = duration_cast<milliseconds>(now - m_windowStart);
     if (silence > limit)
-        return QStringLiteral("no byte came for %1 ms").arg(limit.count());
+        return QStringLiteral("no data received for %1 ms").arg(limit.count());
     // During silence, the silence limit decides.
     if (window < limit || silence > limit / 2)
         return {};
     if (m_windowBytes < minBytesPerSecond * window.count() / 1000) {
-        return QStringLiteral("only %1 bytes came in %2 ms").arg(m_windowBytes).arg(window.count());
+        return QStringLiteral("only %1 bytes received in %2 ms")
+            .arg(m_windowBytes)
+            .arg(window.count());
     }
     m_windowStart = now;
     m_windowBytes = 0;

@@ -112,7 +112,7 @@ bool CheckScenario::isTold(const FaultyOutcome& outcome) const
 {
     return Scenario::isTold(outcome)
         || (outcome.status == serverNewer
-            && outcome.out.contains("the application has to be updated"));
+            && outcome.out.contains("the application must be updated"));
 }
 
 QString CheckScenario::wrongCause(const Fault& fault, const FaultyOutcome& outcome) const

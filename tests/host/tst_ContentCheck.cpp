@@ -58,7 +58,8 @@ void tst_ContentCheck::pageInPlaceOfAFile()
     if (!isPage)
         return;
     QCOMPARE(download.wrapper().failure().m_eCause, eFailure_Unreachable);
-    QVERIFY(download.errorText().contains(QStringLiteral("a web page came instead of the file")));
+    QVERIFY(
+        download.errorText().contains(QStringLiteral("received a web page instead of the file")));
     QCOMPARE(server.requestCount(), 1); // retrying would get the same answer
 }
 

@@ -241,7 +241,7 @@ void TestCurWrapperFaults::stall()
     QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 3);
     QVERIFY(timer.elapsed() >= 300);
     QVERIFY2(download.errorText().contains(
-                 QStringLiteral("no byte came for 300 ms (%1 bytes received;").arg(received)),
+                 QStringLiteral("no data received for 300 ms (%1 bytes received;").arg(received)),
              qPrintable(download.errorText()));
 }
 
@@ -352,7 +352,7 @@ void TestCurWrapperFaults::tricklingIsStalled()
     });
     Download download;
     QCOMPARE(download.run(server.url(QStringLiteral("/file"))), result);
-    QCOMPARE(download.errorText().contains(QStringLiteral(" bytes came in ")), result == 3);
+    QCOMPARE(download.errorText().contains(QStringLiteral(" bytes received in ")), result == 3);
 }
 
 MV_TEST_MAIN(TestCurWrapperFaults)

@@ -197,7 +197,7 @@ void TestCurWrapperOutcomes::refusesAnUnrequestedEncoding()
     Download download;
     QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 4);
     QVERIFY2(download.errorText().contains(
-                 QStringLiteral("the server encoded the file, which nobody asked for")),
+                 QStringLiteral("the server encoded the file without being asked to")),
              qPrintable(download.errorText()));
     QCOMPARE(server.requestCount(), 1);
 }
@@ -215,9 +215,9 @@ void TestCurWrapperOutcomes::keepsToTheAllowedSize_data()
     QTest::newRow("one more, announced")
         << allowedBytes + 1 << true << 6 << "1001 bytes are announced, 1000 are allowed";
     QTest::newRow("one more, in chunks")
-        << allowedBytes + 1 << false << 6 << "more than the 1000 bytes allowed came";
+        << allowedBytes + 1 << false << 6 << "the body exceeds the 1000 bytes allowed";
     QTest::newRow("far more, in chunks")
-        << allowedBytes * 1000 << false << 6 << "more than the 1000 bytes allowed came";
+        << allowedBytes * 1000 << false << 6 << "the body exceeds the 1000 bytes allowed";
 }
 
 void TestCurWrapperOutcomes::keepsToTheAllowedSize()

@@ -157,13 +157,14 @@ void TestMvpublishDiff::changedFile()
     build(source);
     const Outcome outcome = diff();
     QCOMPARE(outcome.status, 1);
-    QCOMPARE(outcome.lines(),
-             (QStringList{text("changed file config/Motions/") + SmallSource::guid(text("zoom"))
-                              + text("/notes/read me.txt (11 bytes)"),
-                          text("note: whoever has a changed file keeps the old one; publish it "
-                               "under another name to replace it"),
-                          text("to transfer: 0 bytes (0 bytes of catalogues, 0 bytes of new "
-                               "files)")}));
+    QCOMPARE(
+        outcome.lines(),
+        (QStringList{text("changed file config/Motions/") + SmallSource::guid(text("zoom"))
+                         + text("/notes/read me.txt (11 bytes)"),
+                     text("note: clients that have a changed file keep the old one; publish it "
+                          "under another name to replace it"),
+                     text("to transfer: 0 bytes (0 bytes of catalogues, 0 bytes of new "
+                          "files)")}));
 }
 
 void TestMvpublishDiff::changedDefinitionNeedsAnotherGuid()

@@ -86,13 +86,13 @@ void TestMvpublishFaultFiles::fileRows()
             CatalogueFiles::write(source.file(text("look/a/b.png")), SmallSource::thumbnail());
             source.set(text("look"), "thumbnail", text("a/b.png"));
         },
-        "look: a/b.png: a preview lies in the item's own folder");
+        "look: a/b.png: a preview must be in the item's own folder");
     row(
         "animation that is no GIF",
         [](const SmallSource& source) {
             CatalogueFiles::write(source.file(text("film/film.gif")), SmallSource::thumbnail());
         },
-        "film: film.gif is no GIF, as an animation has to be");
+        "film: film.gif is not a GIF, as an animation must be");
     row(
         "thumbnail of another item",
         [](const SmallSource& source) {
@@ -130,11 +130,11 @@ void TestMvpublishFaultFiles::pictureRows()
     const auto share = set("paper", "shared", QJsonArray{text("a.png")});
     row("thumbnail that is a BMP", "look/look.bmp", SmallSource::bitmap(),
         set("look", "thumbnail", text("look.bmp")),
-        "look: look.bmp is no PNG, JPEG or GIF, and clients show no other pictures");
+        "look: look.bmp is not a PNG, JPEG or GIF, and clients show no other pictures");
     row("BMP under a PNG's name", "look/look 1.png", SmallSource::bitmap(), none,
-        "look: look 1.png is no PNG, JPEG or GIF, and clients show no other pictures");
+        "look: look 1.png is not a PNG, JPEG or GIF, and clients show no other pictures");
     row("empty thumbnail", "look/look 1.png", "", none,
-        "look: look 1.png is no PNG, JPEG or GIF, and clients show no other pictures");
+        "look: look 1.png is not a PNG, JPEG or GIF, and clients show no other pictures");
     row("JPEG under a PNG's name", "look/look 1.png", SmallSource::jpeg(), none,
         "look: look 1.png is a JPEG, but its name does not end in .jpg or .jpeg");
     row("PNG without a suffix", "look/look", SmallSource::thumbnail(),
@@ -147,7 +147,7 @@ void TestMvpublishFaultFiles::pictureRows()
         set("paper", "files", QJsonArray{text("paper.PNG")}),
         "paper: paper.PNG is a JPEG, but its name does not end in .jpg or .jpeg");
     row("shared text under a PNG's name", "shared/a.png", "a text", share,
-        "paper: a.png is no PNG, JPEG or GIF, and clients show no other pictures");
+        "paper: a.png is not a PNG, JPEG or GIF, and clients show no other pictures");
     row(
         "own none picture that is a JPEG", "none/Calm.png", SmallSource::jpeg(),
         [](const SmallSource& source) { source.addNonePicturesBut(text("Calm.png")); },

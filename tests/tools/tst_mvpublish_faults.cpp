@@ -141,7 +141,7 @@ void TestMvpublishFaults::manifestRows()
         [](const SmallSource& source) {
             CatalogueFiles::write(source.file(text("zoom/item.json")), "[]");
         },
-        "zoom/item.json: is no JSON object");
+        "zoom/item.json: is not a JSON object");
     row(
         "no manifest of the source",
         [](const SmallSource& source) { QFile::remove(source.file(text("catalogue.json"))); },
@@ -168,7 +168,7 @@ void TestMvpublishFaults::manifestRows()
         [](const SmallSource& source) {
             CatalogueFiles::write(source.file(text("item.json")), "{}");
         },
-        "item.json: an item lies in a folder of its own below the source");
+        "item.json: an item needs its own folder below the source");
     row("unknown field of the source", set("", "edition", text("1")),
         "catalogue.json: \"edition\" means nothing here");
 }
@@ -182,14 +182,14 @@ void TestMvpublishFaults::themeRows()
     row("unknown type", set("film", "type", text("Travel")),
         "film/item.json: \"type\" is none of festivals, travel, banquets, others");
     row("scene is a text", set("film", "scenes", QJsonArray{text("x")}),
-        "film/item.json: scene 1 is no object");
+        "film/item.json: scene 1 is not an object");
     row("unknown slot", set("film", "scenes", QJsonArray{QJsonObject(), slot("Sound", text("x"))}),
         "film/item.json: scene 2: \"Sound\" means nothing here");
     row("slot without an item",
         set("film", "scenes", QJsonArray{QJsonObject{{text("Filter"), QJsonObject()}}}),
         "film/item.json: scene 1: Filter: \"item\" is missing");
     row("unknown item", set("film", "mask", slot("Filter", text("blur"))),
-        "film: uses \"blur\", which is no item");
+        "film: uses \"blur\", which is not an item");
     row("item of another kind", set("film", "scenes", QJsonArray{slot("Filter", text("zoom"))}),
         "film: uses \"zoom\" as a filter, but it is a motion");
     row("itself", set("film", "scenes", QJsonArray{slot("Filter", text("film"))}),
@@ -202,13 +202,13 @@ void TestMvpublishFaults::themeRows()
                                                        {text("attributes"), attributes}}}}});
     };
     row("attribute with a blank", attribute("a b", text("1")),
-        "film/item.json: scene 1: Filter: \"attributes\": \"a b\" is no attribute name");
+        "film/item.json: scene 1: Filter: \"attributes\": \"a b\" is not an attribute name");
     row("attribute that begins another", attribute("a=\"\" b", text("1")),
-        "film/item.json: scene 1: Filter: \"attributes\": \"a=\"\" b\" is no attribute name");
+        "film/item.json: scene 1: Filter: \"attributes\": \"a=\"\" b\" is not an attribute name");
     row("attribute with a digit in front", attribute("1a", text("1")),
-        "film/item.json: scene 1: Filter: \"attributes\": \"1a\" is no attribute name");
+        "film/item.json: scene 1: Filter: \"attributes\": \"1a\" is not an attribute name");
     row("attribute of XML's own", attribute("xmlns", text("1")),
-        "film/item.json: scene 1: Filter: \"attributes\": \"xmlns\" is no attribute name");
+        "film/item.json: scene 1: Filter: \"attributes\": \"xmlns\" is not an attribute name");
     row("attribute with a control character", attribute("a", text("\x02")),
         "film/item.json: scene 1: Filter: \"attributes\" holds characters that XML cannot hold");
     row(

@@ -219,7 +219,7 @@ void TestMvpublishKilled::treeIsKeptIfItsPlaceIsOccupied()
     CatalogueFiles::write(place("tree/letter.txt"), "dear");
     const Outcome outcome = build(place("tree"));
     QCOMPARE(QString::fromUtf8(outcome.err),
-             text("mvpublish: ") + place("tree") + text(" is there and holds no tree (")
+             text("mvpublish: ") + place("tree") + text(" exists and is not a tree (")
                  + place(".tree.new.old")
                  + text(" holds the one that was there); it is left as it is\n"));
     QCOMPARE(outcome.status, 2);

@@ -41,8 +41,8 @@ void TestMvpublishPlaces::refusesThePlace_data()
     QTest::addColumn<QString>("out");
     QTest::addColumn<QString>("message");
     const QString source = home("source");
-    const QString within = text("SOURCE and OUT lie within each other");
-    const QString noTree = text(" is there and holds no tree; it is left as it is");
+    const QString within = text("SOURCE and OUT must not contain each other");
+    const QString noTree = text(" exists and is not a tree; it is left as it is");
     QTest::newRow("no source") << home("nowhere") << home("out")
                                << text("no such folder: ") + home("nowhere");
     QTest::newRow("in the source") << source << source + text("/out") << within;
@@ -64,7 +64,7 @@ void TestMvpublishPlaces::refusesThePlace_data()
         << source << text("/proc/mvtree")
         << text("nothing can be written beside /proc/mvtree: No such file or "
                 "directory");
-    const QString ready = text("SOURCE lies where OUT is made ready");
+    const QString ready = text("SOURCE is where OUT is prepared");
     for (const char* name : {".shop.new", ".shop.new.old", ".shop.new/part"}) {
         const SmallSource hidden(home(name));
         QTest::newRow(name) << hidden.folder() << home("shop") << ready;
@@ -118,7 +118,7 @@ void TestMvpublishPlaces::refusesATreeWithMore()
     const Outcome outcome =
         Mvpublish::run(QStringList{text("build"), source.folder(), out} + options);
     QCOMPARE(QString::fromUtf8(outcome.err),
-             text("mvpublish: %1 holds %2, which is no part of %3; it is left as it is\n")
+             text("mvpublish: %1 holds %2, which is not part of %3; it is left as it is\n")
                  .arg(out, entry, installed ? text("an installation") : text("a server's tree")));
     QCOMPARE(outcome.status, 2);
     QCOMPARE(CatalogueFiles::filesBelow(home("more")), before);

@@ -64,9 +64,9 @@ void TestMvresArguments::refuses_data()
     row("check with an argument", "check all", "check takes no arguments");
     row("builtin without DIR", "builtin", "builtin takes one DIR");
     row("builtin with two DIRs", "builtin a b", "builtin takes one DIR");
-    row("wait with list", "list --wait", "--wait goes with check");
-    row("off with list", "list --off", "--off goes with favourite");
-    row("off with fetch", "fetch {A} --off", "--off goes with favourite");
+    row("wait with list", "list --wait", "--wait applies only to check");
+    row("off with list", "list --off", "--off applies only to favourite");
+    row("off with fetch", "fetch {A} --off", "--off applies only to favourite");
     row("parameter without value", "list --param hasMV", "--param takes KEY=VALUE, not \"hasMV\"");
     row("parameter without key", "list --param =1", "--param takes KEY=VALUE, not \"=1\"");
     row("second parameter is wrong", "list --param a=1 --param b",

@@ -107,9 +107,9 @@ QStringList TestMvresCheck::said(const QString& end, const QString& previews, bo
 {
     QStringList lines{text("checking the catalogue at ") + m_server->url(text("/"))};
     if (update)
-        lines << text("the application has to be updated");
+        lines << text("the application must be updated");
     return lines << text("the catalogue has been checked") << text("fetching previews")
-                 << text("the previews have been looked through") << text("catalogue: ") + end
+                 << text("all previews have been checked") << text("catalogue: ") + end
                  << text("previews: ") + previews;
 }
 

@@ -111,7 +111,8 @@ void TestMvresFavourite::takesTheMarkAway()
 {
     QCOMPARE(m_mvres.run(favourite(theme)).status, 0);
     const Outcome outcome = m_mvres.run(favourite(theme) + QStringList{off});
-    QCOMPARE(QString::fromUtf8(outcome.out), theme + QStringLiteral(" New Year is no favourite\n"));
+    QCOMPARE(QString::fromUtf8(outcome.out),
+             theme + QStringLiteral(" New Year is not a favourite\n"));
     QCOMPARE(outcome.status, 0);
     QCOMPARE(marks(themeFile)[theme], QJsonValue(false));
 

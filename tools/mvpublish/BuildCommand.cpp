@@ -28,7 +28,7 @@ QString placeFault(const QString& folder, const FolderSwitch& place, bool instal
     if (place.isFree() && (QFileInfo::exists(folder) || !QFileInfo(folder).isSymLink()))
         return QString();
     if (!QDir(folder).exists(Editions::catalogueFolder))
-        return QStringLiteral("%1 is there and holds no tree").arg(folder) + treeAside(place);
+        return QStringLiteral("%1 exists and is not a tree").arg(folder) + treeAside(place);
     return ReplacedTree::fault(folder, installed);
 }
 
@@ -46,9 +46,9 @@ bool contains(const QString& outer, const QString& inner)
 QString foldersFault(const QString& source, const FolderSwitch& place)
 {
     if (contains(source, place.target()) || contains(place.target(), source))
-        return QStringLiteral("SOURCE and OUT lie within each other");
+        return QStringLiteral("SOURCE and OUT must not contain each other");
     if (contains(place.folder(), source) || contains(place.oldFolder(), source))
-        return QStringLiteral("SOURCE lies where OUT is made ready");
+        return QStringLiteral("SOURCE is where OUT is prepared");
     return QString();
 }
 

@@ -46,7 +46,8 @@ void print(const TreeDiff& diff)
          "a client fetches only catalogues of the version that its application brought along, so "
          "with another version it keeps what it has");
     note(!diff.changedFiles.isEmpty(),
-         "whoever has a changed file keeps the old one; publish it under another name to replace "
+         "clients that have a changed file keep the old one; publish it under another name to "
+         "replace "
          "it");
     note(!diff.changedDefinitions.isEmpty(),
          "whoever has a changed definition keeps the old one; only an item with a fresh GUID "

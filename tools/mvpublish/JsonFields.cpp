@@ -27,7 +27,7 @@ QJsonObject JsonFields::read(const QString& file, const QString& shownName, QStr
         faults.append(
             QStringLiteral("%1:%2: %3").arg(shownName, QString::number(line), error.errorString()));
     } else if (!document.isObject()) {
-        faults.append(QStringLiteral("%1: is no JSON object").arg(shownName));
+        faults.append(QStringLiteral("%1: is not a JSON object").arg(shownName));
     }
     return document.object();
 }

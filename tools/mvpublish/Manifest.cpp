@@ -25,7 +25,8 @@ SourceUse readUse(JsonFields& fields)
     const QStringList names = use.attributes.keys();
     for (const QString& name : names) {
         if (!Texts::isAttributeName(name))
-            fields.fault(QStringLiteral("\"attributes\": \"%1\" is no attribute name").arg(name));
+            fields.fault(
+                QStringLiteral("\"attributes\": \"%1\" is not an attribute name").arg(name));
     }
     checkXml(fields, "attributes", use.attributes.values());
     fields.finish();
@@ -73,7 +74,7 @@ void readTheme(JsonFields& fields, const QString& where, SourceItem& item, QStri
     for (const QJsonValue& scene : scenes) {
         const QString number = QString::number(item.scenes.size() + 1);
         if (!scene.isObject())
-            fields.fault(QStringLiteral("scene %1 is no object").arg(number));
+            fields.fault(QStringLiteral("scene %1 is not an object").arg(number));
         item.scenes.append(
             readSlots(scene.toObject(), where + QStringLiteral(": scene ") + number, faults));
     }

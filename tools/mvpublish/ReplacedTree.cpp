@@ -53,7 +53,7 @@ QString ReplacedTree::fault(const QString& folder, bool installed)
         return error;
     for (const QString& entry : qAsConst(entries)) {
         if (!names.contains(entry))
-            return QStringLiteral("%1 holds %2, which is no part of %3")
+            return QStringLiteral("%1 holds %2, which is not part of %3")
                 .arg(folder, entry,
                      installed ? QStringLiteral("an installation")
                                : QStringLiteral("a server's tree"));

@@ -112,7 +112,7 @@ void Source::findItems(const QString& relative)
     const QDir folder(m_folder + QLatin1Char('/') + relative);
     const bool isItem = folder.exists(Manifest::fileName());
     if (isItem && relative.isEmpty())
-        m_faults.append(QStringLiteral("%1: an item lies in a folder of its own below the source")
+        m_faults.append(QStringLiteral("%1: an item needs its own folder below the source")
                             .arg(Manifest::fileName()));
     if (isItem && !relative.isEmpty()) {
         SourceItem item;
@@ -172,7 +172,7 @@ void Source::resolvePart(const SourceItem& item, SourceSlots& part,
         const SKindInfo& wanted = KindTable::of(DependencySlots::find(use.key())->kind);
         if (!used)
             m_faults.append(
-                QStringLiteral("%1: uses \"%2\", which is no item").arg(item.path, use->item));
+                QStringLiteral("%1: uses \"%2\", which is not an item").arg(item.path, use->item));
         else if (used->type != wanted.type)
             m_faults.append(
                 QStringLiteral("%1: uses \"%2\" as a %3, but it is a %4")
@@ -222,13 +222,13 @@ void Source::checkPreviews(const SourceItem& item)
             continue;
         const bool isThere = checkFile(item, item.folder, name);
         if (name.contains(QLatin1Char('/')))
-            m_faults.append(QStringLiteral("%1: %2: a preview lies in the item's own folder")
+            m_faults.append(QStringLiteral("%1: %2: a preview must be in the item's own folder")
                                 .arg(item.path, name));
         if (isThere && name == item.animation
             && PictureFormat::ofFile(item.folder + QLatin1Char('/') + name)
                 != PictureFormat::Kind::Gif)
-            m_faults.append(
-                QStringLiteral("%1: %2 is no GIF, as an animation has to be").arg(item.path, name));
+            m_faults.append(QStringLiteral("%1: %2 is not a GIF, as an animation must be")
+                                .arg(item.path, name));
         else if (isThere)
             checkPicture(item, item.folder, name);
     }

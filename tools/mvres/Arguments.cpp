@@ -136,9 +136,9 @@ bool Arguments::checkOperands()
         if (count < known.minOperands || (known.maxOperands >= 0 && count > known.maxOperands))
             return fail(QString::fromLatin1(known.usage));
         if (off && command != QLatin1String("favourite"))
-            return fail(QStringLiteral("--off goes with favourite"));
+            return fail(QStringLiteral("--off applies only to favourite"));
         if (wait && command != QLatin1String("check"))
-            return fail(QStringLiteral("--wait goes with check"));
+            return fail(QStringLiteral("--wait applies only to check"));
         return true;
     }
     return fail(QStringLiteral("unknown command \"%1\"; see mvres --help").arg(command));

@@ -72,7 +72,7 @@ void CheckCommand::check()
         m_update.cancel();
     });
     QObject::connect(&m_update, &CatalogueUpdate::appUpdateNeeded, &m_update,
-                     [this] { say(QStringLiteral("the application has to be updated")); });
+                     [this] { say(QStringLiteral("the application must be updated")); });
     QObject::connect(&m_update, &CatalogueUpdate::phaseChanged, &m_update,
                      [this](CatalogueUpdate::Phase phase) { announce(phase); });
     QObject::connect(&m_update, &CatalogueUpdate::finished, &loop, &QEventLoop::quit);
@@ -97,7 +97,7 @@ void CheckCommand::announce(CatalogueUpdate::Phase phase) const
         say(QStringLiteral("fetching previews"));
         return;
     case CatalogueUpdate::Phase::Idle:
-        say(QStringLiteral("the previews have been looked through"));
+        say(QStringLiteral("all previews have been checked"));
         return;
     }
 }

@@ -35,7 +35,7 @@ int FavouriteCommand::run(const Arguments& arguments)
     else
         Console::print(QStringLiteral("%1 %2 %3")
                            .arg(item->m_qsGUID, index.nameOf(*item),
-                                arguments.off ? QStringLiteral("is no favourite")
+                                arguments.off ? QStringLiteral("is not a favourite")
                                               : QStringLiteral("is a favourite")));
     return ExitStatus::success;
 }

@@ -140,7 +140,7 @@ void tst_MVThemeSortFilterProxyModel::shownRows_data()
     row("favourites", favouritesType, "", "SeaFav LakeFav RoadFav DinnerFav");
     row("favourites, part of a name", favouritesType, "ake", "LakeFav");
     row("favourites, name of no favourite", favouritesType, "sea$", "");
-    row("favourites, row of that type is no favourite", favouritesType, "typeone", "");
+    row("favourites, row of that type is not a favourite", favouritesType, "typeone", "");
     row("favourites, row of that type, other name", favouritesType, "zzz", "");
     row("favourites, a pattern that an empty name matches", favouritesType, "^$", "");
     row("favourites, filter and GUID in other case", favouritesType, "(filter|lower)fav", "");

@@ -29,7 +29,7 @@ void checkEntry(LintContext& context, const DisplayCatalogue& display, const Dis
     const bool mayBeNone = KindTable::of(entry.type).hasNoneEntry;
     if (entry.guid == Guids::none && !mayBeNone) {
         context.report("none-misplaced", display.file, entry.line, entry.guid,
-                       QStringLiteral("the \"none\" entry stands in the %1 list")
+                       QStringLiteral("the \"none\" entry is in the %1 list")
                            .arg(KindTable::of(entry.type).name),
                        GuidChecks::noneAdvice);
         return;
@@ -61,7 +61,7 @@ void checkTypes(LintContext& context, const DisplayCatalogue& display)
     for (const auto& group : display.groups) {
         if (!Kinds::isThemeType(group.first))
             context.report("theme-type", display.file, group.second, QString(),
-                           QStringLiteral("\"%1\" is no theme type").arg(group.first),
+                           QStringLiteral("\"%1\" is not a theme type").arg(group.first),
                            QStringLiteral("use one of ")
                                + Kinds::themeTypes().join(QStringLiteral(", ")));
     }

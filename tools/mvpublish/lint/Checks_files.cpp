@@ -23,7 +23,8 @@ void checkContent(LintContext& context, const QString& file, const QString& item
     QString error;
     if (file.endsWith(QLatin1String(".zip"), Qt::CaseInsensitive)
         && !Archive::isWhole(context.tree().absolute(file), &error))
-        context.report("archive", file, 0, item, QStringLiteral("is no whole archive: ") + error,
+        context.report("archive", file, 0, item,
+                       QStringLiteral("is not a complete archive: ") + error,
                        QStringLiteral("pack it anew"));
 }
 

@@ -15,7 +15,7 @@ void Checks::configGuids(LintContext& context)
             const QString& guid = entry.item.m_qsGUID;
             if (guid == Guids::none) {
                 context.report("none-misplaced", file, entry.line, guid,
-                               QStringLiteral("the \"none\" entry stands in the config catalogue"),
+                               QStringLiteral("the \"none\" entry is in the config catalogue"),
                                GuidChecks::noneAdvice);
                 continue;
             }
@@ -24,7 +24,7 @@ void Checks::configGuids(LintContext& context)
             int& first = seen[guid];
             if (first > 0)
                 context.report("guid-duplicate", file, entry.line, context.label(guid),
-                               QStringLiteral("the GUID stands on line %1 already").arg(first),
+                               QStringLiteral("the GUID is already used on line %1").arg(first),
                                QStringLiteral("give the second item a fresh GUID"));
             else
                 first = entry.line;

@@ -27,7 +27,7 @@ void checkGuids(LintContext& context, const QString& file, const QString& type,
     }
     if (!isList)
         context.report("malformed", file, 0, QString(),
-                       QStringLiteral("\"%1\" is no list of GUIDs").arg(type),
+                       QStringLiteral("\"%1\" is not a list of GUIDs").arg(type),
                        QStringLiteral("list the GUIDs of themes, as texts"));
 }
 
@@ -48,12 +48,12 @@ void Checks::themeTypes(LintContext& context)
     const QJsonDocument document = QJsonDocument::fromJson(text, &error);
     if (error.error != QJsonParseError::NoError) {
         context.report("malformed", name, text.left(error.offset).count('\n') + 1, QString(),
-                       QStringLiteral("is no JSON: ") + error.errorString(),
+                       QStringLiteral("is not JSON: ") + error.errorString(),
                        QStringLiteral("put it right where the line says"));
         return;
     }
     if (!document.isObject()) {
-        context.report("malformed", name, 0, QString(), QStringLiteral("is no JSON object"),
+        context.report("malformed", name, 0, QString(), QStringLiteral("is not a JSON object"),
                        QStringLiteral("it needs a list of GUIDs for every type of themes"));
         return;
     }
@@ -63,7 +63,7 @@ void Checks::themeTypes(LintContext& context)
             checkGuids(context, name, it.key(), it.value());
         else
             context.report("theme-type", name, 0, QString(),
-                           QStringLiteral("\"%1\" is no theme type").arg(it.key()),
+                           QStringLiteral("\"%1\" is not a theme type").arg(it.key()),
                            QStringLiteral("use one of ")
                                + Kinds::themeTypes().join(QStringLiteral(", ")));
     }

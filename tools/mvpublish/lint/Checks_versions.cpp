@@ -35,7 +35,7 @@ void checkContent(LintContext& context, const PublishedVersion& version)
 {
     if (!hasVersion(version))
         context.report("version", version.file, 0, QString(),
-                       QStringLiteral("\"%1\" is no version").arg(version.content.m_qsVersion),
+                       QStringLiteral("\"%1\" is not a version").arg(version.content.m_qsVersion),
                        QStringLiteral("give the root element a value of numbers with dots, the one "
                                       "of the installed catalogue"));
     if (version.content.m_qsVer_Display.isEmpty() || version.content.m_qsVer_config.isEmpty())

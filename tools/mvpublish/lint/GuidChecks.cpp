@@ -19,7 +19,7 @@ bool GuidChecks::isWellFormed(LintContext& context, const QString& guid, const Q
 {
     if (!Guids::isGuid(guid)) {
         context.report("guid-malformed", file, line, context.label(guid),
-                       QStringLiteral("\"%1\" is no GUID in braces").arg(guid), freshGuid);
+                       QStringLiteral("\"%1\" is not a GUID in braces").arg(guid), freshGuid);
         return false;
     }
     if (!Guids::isProper(guid)) {
@@ -41,7 +41,7 @@ void GuidChecks::reportUnknown(LintContext& context, const Place& place, ECfgIte
         if (!context.tree().find(kind.type, guid))
             continue;
         context.report("guid-wrong-kind", place.file, place.line, place.item,
-                       QStringLiteral("%1 is a %2 and stands where a %3 should")
+                       QStringLiteral("%1 is a %2 in the place of a %3")
                            .arg(context.label(guid), kind.word(), KindTable::of(wanted).word()),
                        QStringLiteral("name an item of the right kind"));
         return;

@@ -143,7 +143,7 @@ Verdict animation(const QString& file)
     if (!begin(reader, verdict))
         return verdict;
     if (reader.format() != "gif") {
-        verdict.broken = QStringLiteral("it is no GIF");
+        verdict.broken = QStringLiteral("it is not a GIF");
         return verdict;
     }
     const QByteArray content = contentOf(file);

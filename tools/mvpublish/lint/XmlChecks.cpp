@@ -23,7 +23,7 @@ bool XmlChecks::isReadable(LintContext& context, const QString& file, const QStr
     context.report(
         "malformed", file, malformed ? static_cast<int>(reader.lineNumber()) : 0, item,
         malformed
-            ? QStringLiteral("is no XML: %1").arg(open ? reader.errorString() : in.errorString())
+            ? QStringLiteral("is not XML: %1").arg(open ? reader.errorString() : in.errorString())
             : QStringLiteral("is refused by the library"),
         malformed ? QStringLiteral("put it right where the line says")
                   : QStringLiteral("it is larger than 64 MiB, nested deeper than 64 "

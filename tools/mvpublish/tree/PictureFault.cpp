@@ -8,7 +8,7 @@ QString of(const QString& file)
 {
     const PictureFormat::Kind kind = PictureFormat::ofFile(file);
     if (kind == PictureFormat::Kind::None)
-        return QStringLiteral("is no PNG, JPEG or GIF, and clients show no other pictures");
+        return QStringLiteral("is not a PNG, JPEG or GIF, and clients show no other pictures");
     if (PictureFormat::ofName(file) == kind)
         return QString();
     return QStringLiteral("is a %1, but its name does not end in %2")
