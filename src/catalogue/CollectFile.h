@@ -38,7 +38,7 @@ public:
     QStringList marked(const QJsonObject& marks) const;
 
     /// Returns whether save() has something to write: the file was read, or a mark was changed.
-    bool isInUse() const { return m_loaded || m_isChanged; }
+    bool isInUse() const { return m_isInUse; }
 
     /// Replaces the file, atomically and durably, by what is on disk, with the marks that this
     /// process has changed and the GUIDs it has asked about; `marks` becomes what the file holds.
@@ -64,10 +64,8 @@ private:
     static STransferFailure readDisk(const QString& path, OnDisk& disk);
     static STransferFailure keepAside(const QString& path);
     QJsonObject merged(const QJsonObject& marks, const OnDisk& disk) const;
-    void forget();
 
-    bool m_loaded = false;
-    bool m_isChanged = false; // a mark was changed since the last read or save
+    bool m_isInUse = false;
     // By GUID, since the last read or save. Not in the JSON object: each insertion moves what is
     // behind it, so that asking for a whole catalogue would take the square of its size.
     QHash<QString, Mark> m_own;

@@ -129,7 +129,7 @@ bool CurWrapper::Private::openTarget(bool resume)
 bool CurWrapper::Private::copyBeginning()
 {
     QFile beginning(m_target);
-    if (!RegularFile::open(beginning) || beginning.size() == 0)
+    if (!RegularFile::open(beginning))
         return true;
     for (QByteArray chunk = beginning.read(copyChunk); !chunk.isEmpty();
          chunk = beginning.read(copyChunk)) {
@@ -233,11 +233,10 @@ void CurWrapper::Private::rememberVersion()
     const ResponseHead& head = transfer.head();
     if (head.status != 200 && head.status != 206)
         return; // not about the file; what was known of it still holds
-    const bool known = m_request.rangeStart > 0 && head.status == 206;
     const QByteArray validator = head.validator();
     if (!validator.isEmpty())
         m_request.validator = validator;
-    else if (!known)
+    else if (head.status != 206) // the rest of a file may leave out what its beginning had
         m_request.validator.clear();
     const bool possible = !m_request.validator.isEmpty() && head.acceptRanges != "none";
     m_request.rangeStart = possible ? m_file.size() : 0;

@@ -13,6 +13,7 @@ private slots:
 
     void foldersComeFromTheStandardPaths();
     void otherDefaults();
+    void recommendedSettings();
     void oneInstancePerProcess();
     void readsEveryKey();
     void keepsWhatTheFileDoesNotName();
@@ -51,12 +52,27 @@ void tst_HostSettings::otherDefaults()
     QVERIFY(settings.productParams.isEmpty());
     QCOMPARE(settings.connectTimeoutMs, 15000);
     QCOMPARE(settings.stallTimeoutMs, 30000);
+    QCOMPARE(settings.versionTimeoutMs, 60000);
     QCOMPARE(settings.maxDownloadBytes, Q_INT64_C(2147483648));
     QCOMPARE(settings.downloadRetries, 2);
     QCOMPARE(settings.retryPauseMs, 500);
     QCOMPARE(settings.retryPauseMaxMs, 5000);
     QVERIFY(settings.proxy.isEmpty());
     QVERIFY(settings.caFile.isEmpty());
+}
+
+/// Better choices where there are some, and nothing else.
+void tst_HostSettings::recommendedSettings()
+{
+    const HostSettings plain;
+    QVERIFY(!plain.leftButtonOnly && !plain.lastChoiceWins && !plain.checkContent);
+    const HostSettings recommended = HostSettings::recommended();
+    QVERIFY(recommended.leftButtonOnly);
+    QVERIFY(recommended.lastChoiceWins);
+    QVERIFY(recommended.checkContent);
+    QCOMPARE(recommended.currentSkin, plain.currentSkin);
+    QCOMPARE(recommended.versionTimeoutMs, plain.versionTimeoutMs);
+    QCOMPARE(recommended.downloadRetries, plain.downloadRetries);
 }
 
 void tst_HostSettings::oneInstancePerProcess()

@@ -18,6 +18,8 @@ public:
     /// In a process that was started for one: gives it its scale, before there is an application,
     /// and returns that. Otherwise empty.
     static QString enter();
+    /// Sets the scale that enter() gives a process which is started with that environment.
+    static void setScale(QProcessEnvironment& environment, const QString& scale);
 
     /// Starts a process for every scale, at the same time.
     void start(const QProcessEnvironment& environment);
