@@ -29,6 +29,7 @@ private slots:
     void folderThatCannotBeFlushedIsLeftAtThat_data();
     void folderThatCannotBeFlushedIsLeftAtThat();
     void missingFolderIsTold();
+    void folderThatFoundNoRoomIsTold();
 
 private:
     QString world() const { return TestHome::path() + QStringLiteral("/world"); }
@@ -228,6 +229,17 @@ void tst_UtilsDurable::missingFolderIsTold()
     QCOMPARE(failure.m_eCause, eFailure_LocalFile);
     QCOMPARE(failure.m_qsFile, path);
     QCOMPARE(failure.m_qsDetails, path + QStringLiteral(": its folder does not exist"));
+}
+
+/// The folder is missing because there was no room for it.
+void tst_UtilsDurable::folderThatFoundNoRoomIsTold()
+{
+    // A file system without a free block, where root may write.
+    if (::access("/proc", W_OK | X_OK) != 0)
+        QSKIP("needs the administrator's rights");
+    STransferFailure failure;
+    QVERIFY(!Utils::writeFile(QStringLiteral("/proc/none/target"), newContent, &failure));
+    QCOMPARE(failure.m_eCause, eFailure_DiskFull);
 }
 
 int main(int argc, char** argv)

@@ -66,6 +66,22 @@ private:
 
 namespace {
 
+class PaintCounter : public QObject
+{
+public:
+    int count() const { return m_count; }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        m_count += event->type() == QEvent::Paint ? 1 : 0;
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    int m_count = 0;
+};
+
 bool plays(const MVThemeItemWdg* cell)
 {
     return cell->findChild<MVThemeItemSubwdgt_Preview*>()->isPlaying();
@@ -261,7 +277,11 @@ void tst_mvThemelistview_keyboard::outlineIsPaintedAboveTheCells()
     };
     const QPoint inLine(cell.center().x(), cell.top() + 1);
     QCOMPARE(painted(inLine), outline()->palette().highlight().color());
+    PaintCounter paints;
+    outline()->installEventFilter(&paints);
     QVERIFY(outline()->setProperty("color", QColor(Qt::magenta)));
+    QTRY_VERIFY(paints.count() > 0);
+    QCOMPARE(painted({inLine.x(), cell.top()}), QColor(Qt::magenta));
     QCOMPARE(painted(inLine), QColor(Qt::magenta));
     QCOMPARE(painted({inLine.x(), cell.bottom() - 1}), QColor(Qt::magenta));
     QCOMPARE(painted({cell.left() + 1, cell.center().y()}), QColor(Qt::magenta));
