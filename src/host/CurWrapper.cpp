@@ -240,7 +240,7 @@ void CurWrapper::Private::rememberVersion()
         m_request.validator.clear();
     const bool possible = !m_request.validator.isEmpty() && head.acceptRanges != "none";
     m_request.rangeStart = possible ? m_file.size() : 0;
-    m_request.rangeTotal = transfer.announcedTotal() > 0 ? transfer.announcedTotal() : -1;
+    m_request.rangeTotal = transfer.announcedTotal();
 }
 
 bool CurWrapper::Private::beginAgain()

@@ -36,11 +36,11 @@ public:
 
     struct Request
     {
-        QByteArray url;         ///< percent-encoded
-        qint64 rangeStart = 0;  ///< above 0: ask for the rest of the body from this byte on
-        QByteArray validator;   ///< goes with a range: the rest only if it is still this version
-        qint64 rangeTotal = -1; ///< what the whole had, -1 if not known
-        QDateTime notAfter;     ///< without a validator: the rest only if unchanged since then
+        QByteArray url;        ///< percent-encoded
+        qint64 rangeStart = 0; ///< above 0: ask for the rest of the body from this byte on
+        QByteArray validator;  ///< goes with a range: the rest only if it is still this version
+        qint64 rangeTotal = 0; ///< what the whole had, 0 if not known
+        QDateTime notAfter;    ///< without a validator: the rest only if unchanged since then
     };
 
     /// Called at least every 50 ms, and whenever bytes have come; false ends the request.

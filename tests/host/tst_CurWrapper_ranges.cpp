@@ -19,6 +19,7 @@ private slots:
     void goesOnInChunks();
     void goesOnBehindARedirect();
     void goesOnWithoutATotal();
+    void goesOnWhereNoTotalWasEverStated();
     void goesOnAfterAPartThatIsTooShort_data();
     void goesOnAfterAPartThatIsTooShort();
     void allowedSizeCountsTheWhole_data();
@@ -149,6 +150,25 @@ void TestCurWrapperRanges::goesOnWithoutATotal()
                                   .body(oldVersion().mid(half));
     FaultServer server(inTurn({answeringAndClosing(firstHalf("ETag", tag)), answering(second),
                                newVersionForEverybody()}));
+    Download download;
+    QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 0);
+    QCOMPARE(download.content(), oldVersion());
+    QCOMPARE(server.requestCount(), 2);
+}
+
+/// The length of the part tells where the whole ends.
+void TestCurWrapperRanges::goesOnWhereNoTotalWasEverStated()
+{
+    const HttpAnswer first = HttpAnswer(200)
+                                 .field("ETag", tag)
+                                 .field("Transfer-Encoding", "chunked")
+                                 .bareBody(HttpAnswer::chunk(oldVersion().left(half)));
+    const HttpAnswer second = HttpAnswer(206)
+                                  .field("ETag", tag)
+                                  .field("Content-Range", contentRange(half, "*"))
+                                  .body(oldVersion().mid(half));
+    FaultServer server(
+        inTurn({answeringAndClosing(first), answering(second), newVersionForEverybody()}));
     Download download;
     QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 0);
     QCOMPARE(download.content(), oldVersion());

@@ -92,6 +92,8 @@ private slots:
     void keepsTheConnectionAcross_data();
     void keepsTheConnectionAcross();
     void largerErrorPageIsNotReadPast();
+    void eachErrorPageIsReadPastForItself();
+    void eachErrorTextCountsItsOwnBytes();
     void reconnectsWhenTheServerHasClosed();
     void nextDownloadAsksForNoRange();
     void continuationLineBelongsToNoEarlierAnswer();
@@ -246,6 +248,28 @@ void TestCurWrapperReuse::largerErrorPageIsNotReadPast()
     QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 4);
     QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 0);
     QCOMPARE(server.connectionCount(), 2);
+}
+
+void TestCurWrapperReuse::eachErrorPageIsReadPastForItself()
+{
+    FaultServer server(answering(HttpAnswer(404).body(pattern(longestPage / 2 + 1))));
+    Download download;
+    for (int i = 0; i < 3; ++i)
+        QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 4);
+    QCOMPARE(server.connectionCount(), 1);
+}
+
+void TestCurWrapperReuse::eachErrorTextCountsItsOwnBytes()
+{
+    hostSettings().downloadRetries = 0;
+    FaultServer server(failAsAsked);
+    Download download;
+    QCOMPARE(download.run(server.url(QStringLiteral("/short"))), 3);
+    QVERIFY2(download.errorText().contains(QStringLiteral("(9 bytes received;")),
+             qPrintable(download.errorText()));
+    QCOMPARE(download.run(server.url(QStringLiteral("/missing"))), 4);
+    QVERIFY2(download.errorText().contains(QStringLiteral("(0 bytes received;")),
+             qPrintable(download.errorText()));
 }
 
 void TestCurWrapperReuse::reconnectsWhenTheServerHasClosed()

@@ -19,6 +19,7 @@ private slots:
     void neverEndsShort_data();
     void neverEndsShort();
     void beginningAgainIsNoRetry();
+    void sizeOfANewVersionCounts();
     void wholeNewVersionBreaksAsWell_data();
     void wholeNewVersionBreaksAsWell();
 
@@ -192,6 +193,18 @@ void TestCurWrapperVersions::beginningAgainIsNoRetry()
     Download download;
     QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 0);
     QCOMPARE(download.content(), newVersion());
+}
+
+void TestCurWrapperVersions::sizeOfANewVersionCounts()
+{
+    hostSettings().maxDownloadBytes = whole;
+    FaultServer server(inTurn({answeringAndClosing(firstHalf("ETag", tag)),
+                               answering(HttpAnswer(200).body(pattern(whole + 1, 2)))}));
+    Download download;
+    QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 6);
+    QVERIFY2(
+        download.errorText().contains(QStringLiteral("1001 bytes are announced, 1000 are allowed")),
+        qPrintable(download.errorText()));
 }
 
 void TestCurWrapperVersions::wholeNewVersionBreaksAsWell_data()

@@ -71,6 +71,8 @@ void tst_HostSettings::recommendedSettings()
     QVERIFY(recommended.lastChoiceWins);
     QVERIFY(recommended.checkContent);
     QCOMPARE(recommended.currentSkin, plain.currentSkin);
+    QCOMPARE(recommended.dataLocation, plain.dataLocation);
+    QCOMPARE(recommended.stallTimeoutMs, plain.stallTimeoutMs);
     QCOMPARE(recommended.versionTimeoutMs, plain.versionTimeoutMs);
     QCOMPARE(recommended.downloadRetries, plain.downloadRetries);
 }

@@ -277,6 +277,7 @@ void tst_mvThemelistview_keyboard::outlineIsPaintedAboveTheCells()
     };
     const QPoint inLine(cell.center().x(), cell.top() + 1);
     QCOMPARE(painted(inLine), outline()->palette().highlight().color());
+    QCoreApplication::processEvents();
     PaintCounter paints;
     outline()->installEventFilter(&paints);
     QVERIFY(outline()->setProperty("color", QColor(Qt::magenta)));
