@@ -85,12 +85,12 @@ CollectFile::Read CollectFile::read(const QString& path, QJsonObject& marks)
         || !RegularFile::readAll(file, maxBytes, bytes))
         return Read::CannotOpen;
     if (bytes.isEmpty())
-        m_loaded = true; // created by this process, or by one that has not written it yet
+        m_isInUse = true; // created by this process, or by one that has not written it yet
     QJsonDocument document;
     if (!parse(bytes, document))
         return Read::CannotParse;
-    m_loaded = true;
-    forget();
+    m_isInUse = true;
+    m_own.clear();
     marks = document.object();
     return Read::Done;
 }
@@ -120,8 +120,7 @@ STransferFailure CollectFile::save(const QString& path, QJsonObject& marks)
     if ((!disk.isParsed || bytes != disk.bytes) && !Utils::writeFile(target, bytes, &failure))
         return failure;
     marks = all;
-    m_loaded = true;
-    forget();
+    m_own.clear();
     return {};
 }
 
@@ -183,16 +182,10 @@ QJsonObject CollectFile::merged(const QJsonObject& marks, const OnDisk& disk) co
     return all;
 }
 
-void CollectFile::forget()
-{
-    m_own.clear();
-    m_isChanged = false;
-}
-
 void CollectFile::setMarked(const QString& guid, bool isMarked)
 {
     m_own.insert(guid, {isMarked, true});
-    m_isChanged = true;
+    m_isInUse = true;
 }
 
 bool CollectFile::isMarked(const QString& guid, const QJsonObject& marks)

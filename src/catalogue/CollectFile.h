@@ -38,7 +38,7 @@ public:
     QStringList marked(const QJsonObject& marks) const;
 
     /// Returns whether save() has something to write: the file was read, or a mark was changed.
-    bool isInUse() const { return m_loaded || m_isChanged; }
+    bool isInUse() const { return m_isInUse; }
 
     /// Merges this process's changed marks and queried GUIDs into the file, atomically and durably,
     /// and sets `marks` to the file's new content. Returns no failure if there was nothing to
@@ -63,10 +63,8 @@ private:
     static STransferFailure readDisk(const QString& path, OnDisk& disk);
     static STransferFailure keepAside(const QString& path);
     QJsonObject merged(const QJsonObject& marks, const OnDisk& disk) const;
-    void forget();
 
-    bool m_loaded = false;
-    bool m_isChanged = false; // a mark was changed since the last read or save
+    bool m_isInUse = false;
     // By GUID, since the last read or save. Not in the JSON object, where each insertion moves all
     // entries behind it, so that querying a whole catalogue would take quadratic time.
     QHash<QString, Mark> m_own;

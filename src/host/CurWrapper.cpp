@@ -128,7 +128,7 @@ bool CurWrapper::Private::openTarget(bool resume)
 bool CurWrapper::Private::copyBeginning()
 {
     QFile beginning(m_target);
-    if (!RegularFile::open(beginning) || beginning.size() == 0)
+    if (!RegularFile::open(beginning))
         return true;
     // Where reading ends early, the transfer goes on from there.
     bool isStored = true;
@@ -236,15 +236,14 @@ void CurWrapper::Private::rememberVersion()
     const ResponseHead& head = transfer.head();
     if (head.status != 200 && head.status != 206)
         return; // not an answer about the file; what is known of it remains valid
-    const bool known = m_request.rangeStart > 0 && head.status == 206;
     const QByteArray validator = head.validator();
     if (!validator.isEmpty())
         m_request.validator = validator;
-    else if (!known)
+    else if (head.status != 206) // the rest of a file may leave out what its beginning had
         m_request.validator.clear();
     const bool possible = !m_request.validator.isEmpty() && head.acceptRanges != "none";
     m_request.rangeStart = possible ? m_file.size() : 0;
-    m_request.rangeTotal = transfer.announcedTotal() > 0 ? transfer.announcedTotal() : -1;
+    m_request.rangeTotal = transfer.announcedTotal();
 }
 
 bool CurWrapper::Private::beginAgain()

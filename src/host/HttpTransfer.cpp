@@ -277,7 +277,7 @@ bool HttpTransfer::isSameVersion() const
 {
     if (m_head.rangeStart != m_request.rangeStart)
         return false;
-    const bool sizesKnown = m_request.rangeTotal >= 0 && m_head.rangeTotal >= 0;
+    const bool sizesKnown = m_request.rangeTotal > 0 && m_head.rangeTotal > 0;
     if (sizesKnown && m_head.rangeTotal != m_request.rangeTotal)
         return false;
     if (m_request.validator.startsWith('"'))
@@ -324,9 +324,9 @@ qint64 HttpTransfer::announcedTotal() const
 {
     if (m_discarding || m_head.status < 200)
         return 0;
-    if (m_head.rangeTotal >= 0)
+    if (m_head.rangeTotal > 0)
         return m_head.rangeTotal;
-    if (m_head.status == 206 && m_request.rangeTotal >= 0)
+    if (m_head.status == 206 && m_request.rangeTotal > 0)
         return m_request.rangeTotal;
     if (m_head.contentLength < 0)
         return 0;

@@ -36,11 +36,11 @@ public:
 
     struct Request
     {
-        QByteArray url;         ///< percent-encoded
-        qint64 rangeStart = 0;  ///< above 0: request the rest of the body from this byte on
-        QByteArray validator;   ///< for a range: the rest only if it is still this version
-        qint64 rangeTotal = -1; ///< the total of the whole, -1 if unknown
-        QDateTime notAfter;     ///< without a validator: the rest only if unchanged since then
+        QByteArray url;        ///< percent-encoded
+        qint64 rangeStart = 0; ///< above 0: request the rest of the body from this byte on
+        QByteArray validator;  ///< for a range: the rest only if it is still this version
+        qint64 rangeTotal = 0; ///< the total of the whole, 0 if unknown
+        QDateTime notAfter;    ///< without a validator: the rest only if unchanged since then
     };
 
     /// Called at least every 50 ms, and whenever bytes have arrived; false ends the request.

@@ -118,7 +118,7 @@ std::uintmax_t takeUnsigned(const QByteArray& length, Arguments& from)
 
 QByteArray convert(const Conversion& c, Arguments& from)
 {
-    int stars[2] = {0, 0};
+    int stars[2] = {};
     for (int i = 0; i < c.stars; ++i)
         stars[i] = va_arg(from.list, int);
 

@@ -98,7 +98,7 @@ void ResponseHead::readContentRange(const QByteArray& value)
     const qint64 first = value.mid(6, dash - 6).trimmed().toLongLong(&ok);
     rangeStart = ok && first >= 0 ? first : -1;
     const qint64 total = value.mid(slash + 1).trimmed().toLongLong(&ok);
-    rangeTotal = ok && total >= 0 ? total : -1;
+    rangeTotal = ok ? std::max<qint64>(total, 0) : 0;
 }
 
 bool ResponseHead::isRedirect() const

@@ -25,7 +25,7 @@ public:
     QByteArray lastModified;
     QByteArray acceptRanges;    ///< lower case
     qint64 rangeStart = -1;     ///< first byte of a 206's body, -1 if not stated
-    qint64 rangeTotal = -1;     ///< size of the whole representation, -1 if not stated
+    qint64 rangeTotal = 0;      ///< size of the whole representation, 0 if not stated
     int retryAfterSeconds = -1; ///< -1 if not stated or given as a date
 
     bool isInterim() const { return status >= 100 && status < 200; }

@@ -16,6 +16,7 @@ private slots:
     void onlyTheFirstTwoThemesCount();
     void edgesOfAThemeDoNotCount();
     void missingFilesAreLeftOut();
+    void definitionListsComeWithoutItems();
     void oldTreeIsRemovedFirst();
     void sourceStaysAsItIs();
     void malformedGuidIsSkipped();
@@ -207,6 +208,17 @@ void tst_MVThemeMgr_builtin::missingFilesAreLeftOut()
     QCOMPARE(local().filter(Files::guid(2)).size(), 3);
     QVERIFY(!local().contains(QStringLiteral("Transitions/Transitions.xml")));
     QVERIFY(local().contains(QStringLiteral("VideoFilters/VideoFilters.xml")));
+}
+
+void tst_MVThemeMgr_builtin::definitionListsComeWithoutItems()
+{
+    show({}, {theme(QByteArray()), theme(QByteArray())});
+    QVERIFY(BuiltinThemes::create(nullptr));
+    QCOMPARE(local(),
+             (QStringList{
+                 QStringLiteral("Motions/Motions.xml"), QStringLiteral("Motions/any/motion.zip"),
+                 QStringLiteral("Themes/any.xml"), QStringLiteral("Transitions/Transitions.xml"),
+                 QStringLiteral("VideoFilters/VideoFilters.xml")}));
 }
 
 void tst_MVThemeMgr_builtin::oldTreeIsRemovedFirst()

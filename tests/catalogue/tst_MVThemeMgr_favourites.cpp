@@ -41,6 +41,7 @@ private slots:
     void settingStoresAndSignals();
     void settingWritesNothing_data() { addFiles(); }
     void settingWritesNothing();
+    void markedGuids();
 
 private:
     static Mgr& mgr() { return CatalogueFixture::manager(); }
@@ -323,6 +324,21 @@ void tst_MVThemeMgr_favourites::settingWritesNothing()
     (mgr().*f.mark)(&one);
     (mgr().*f.isMarked)(&one);
     QCOMPARE(Files::read(m_fixture.collectFile(f.name)), QByteArray("{}"));
+}
+
+void tst_MVThemeMgr_favourites::markedGuids()
+{
+    Files::write(m_fixture.collectFile("ThemeCollect"),
+                 QJsonDocument(QJsonObject{{Files::guid(1), true},
+                                           {Files::guid(2), false},
+                                           {Files::guid(3), 1},
+                                           {QStringLiteral("{unknown}"), true}})
+                     .toJson());
+    mgr().readThemeCollect();
+    QCOMPARE(mgr().favourites(eCfgItem_Theme),
+             (QStringList{Files::guid(1), QStringLiteral("{unknown}")}));
+    QCOMPARE(mgr().favourites(eCfgItem_Filter), QStringList());
+    QCOMPARE(mgr().favourites(eCfgItem_Motion), QStringList());
 }
 
 MV_TEST_MAIN(tst_MVThemeMgr_favourites)

@@ -23,6 +23,7 @@ private slots:
     void init() { m_fixture.fresh(); }
     void marksOfAnotherProcessStay();
     void marksThatAnotherProcessTookAwayStayAway();
+    void savedMarksAreNoChangesAnyMore();
     void lastChangeOfOneMarkWins();
     void manyProcessesAtATime();
     void damagedFileIsKeptAside_data();
@@ -40,7 +41,6 @@ private slots:
     void leftoversOfEarlierVersionsAreRemoved();
     void linkStaysALink();
     void savingAllReportsTheFirstFailure();
-    void markedGuids();
 
 private:
     static MVThemeMgr& mgr() { return CatalogueFixture::manager(); }
@@ -115,6 +115,20 @@ void tst_favouritesShared::marksThatAnotherProcessTookAwayStayAway()
     mark(2);
     mgr().saveThemeCollect();
     QCOMPARE(onDisk(), (QJsonObject{{Files::guid(1), false}, {Files::guid(2), true}}));
+}
+
+/// What another process has taken away since our last save does not come back with the next one.
+void tst_favouritesShared::savedMarksAreNoChangesAnyMore()
+{
+    mgr().readThemeCollect();
+    mark(1);
+    mgr().saveThemeCollect();
+    QCOMPARE(onDisk(), (QJsonObject{{Files::guid(1), true}}));
+    Files::write(file(), QJsonDocument(QJsonObject{{Files::guid(1), false}}).toJson());
+    mark(2);
+    mgr().saveThemeCollect();
+    QCOMPARE(onDisk(), (QJsonObject{{Files::guid(1), false}, {Files::guid(2), true}}));
+    QCOMPARE(mgr().favourites(eCfgItem_Theme), QStringList{Files::guid(2)});
 }
 
 void tst_favouritesShared::lastChangeOfOneMarkWins()
@@ -335,21 +349,6 @@ void tst_favouritesShared::savingAllReportsTheFirstFailure()
     QVERIFY(!mgr().saveFavourites(&error));
     QVERIFY2(error.startsWith(filters + QStringLiteral(": cannot be read")), qPrintable(error));
     QCOMPARE(onDisk(), (QJsonObject{{Files::guid(1), true}})); // the other marks are written
-}
-
-void tst_favouritesShared::markedGuids()
-{
-    Files::write(file(),
-                 QJsonDocument(QJsonObject{{Files::guid(1), true},
-                                           {Files::guid(2), false},
-                                           {Files::guid(3), 1},
-                                           {QStringLiteral("{unknown}"), true}})
-                     .toJson());
-    mgr().readThemeCollect();
-    QCOMPARE(mgr().favourites(eCfgItem_Theme),
-             (QStringList{Files::guid(1), QStringLiteral("{unknown}")}));
-    QCOMPARE(mgr().favourites(eCfgItem_Filter), QStringList());
-    QCOMPARE(mgr().favourites(eCfgItem_Motion), QStringList());
 }
 
 namespace {

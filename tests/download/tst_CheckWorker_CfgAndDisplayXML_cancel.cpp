@@ -5,6 +5,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QSemaphore>
+#include <QThread>
 
 using namespace CheckLines;
 
@@ -22,6 +23,8 @@ private slots:
     void duringAStalledTransfer();
     void justBeforeATransfer_data();
     void justBeforeATransfer();
+    void justAfterATransfer_data();
+    void justAfterATransfer();
     void afterTheLastTransfer();
     void byTheTokenAlone();
     void cancelledWorkerStaysCancelled();
@@ -168,6 +171,47 @@ void tst_CheckWorker_CfgAndDisplayXML_cancel::justBeforeATransfer()
     QCOMPARE(trace.count(QStringLiteral("end 1")), 1);
     QCOMPARE(trace.countContaining(QStringLiteral("hasError")), 0);
     QCOMPARE(m_world.targets().size(), transfer - 1);
+    QVERIFY(treeIsEmpty());
+}
+
+void tst_CheckWorker_CfgAndDisplayXML_cancel::justAfterATransfer_data()
+{
+    QTest::addColumn<int>("transfer");
+    QTest::addColumn<int>("level"); // of the line that says so
+    QTest::newRow("version") << 1 << 2;
+    QTest::newRow("display") << 2 << 1;
+    QTest::newRow("config") << 3 << 1;
+}
+
+/// The file has arrived, and the check ignores it.
+void tst_CheckWorker_CfgAndDisplayXML_cancel::justAfterATransfer()
+{
+    QFETCH(int, transfer);
+    QFETCH(int, level);
+    publishAll();
+    const QByteArray files[] = {
+        CheckWorld::version("1.0.2", CheckWorld::md5(display), CheckWorld::md5(config)), display,
+        config};
+    qint64 bytes = 0;
+    for (int i = 0; i < transfer; ++i)
+        bytes += files[i].size();
+    DownloadTrace trace;
+    CheckWorker_CfgAndDisplayXML worker;
+    worker.setProgressCallback([&](const SUpdateProgress& progress) {
+        QThread::msleep(50); // the callback of a slow host misses nothing
+        if (progress.m_nBytes == bytes)
+            worker.cancel();
+    });
+    CheckWorld::check(worker, trace);
+    const char* const names[] = {"resource_version_v3.xml", "resource_display.xml",
+                                 "resource_config.xml"};
+    const QString file = transfer == 1 ? temp("resource_version.xml") : temp(names[transfer - 1]);
+    const QStringList entries = trace.entries();
+    QCOMPARE(entries.mid(entries.size() - 3),
+             (QStringList{versionCancelled(level, url(names[transfer - 1]), file),
+                          QStringLiteral("result 6"), QStringLiteral("end 1")}));
+    QCOMPARE(trace.count(QStringLiteral("end 1")), 1);
+    QCOMPARE(m_world.targets().size(), transfer);
     QVERIFY(treeIsEmpty());
 }
 

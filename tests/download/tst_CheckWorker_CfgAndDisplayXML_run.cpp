@@ -38,6 +38,8 @@ private slots:
     void temporaryFilesStayUntilTheNextCheck();
     void theSameWorkerChecksAgain();
     void startTextIsIgnored();
+    void progressCountsTheFiles_data();
+    void progressCountsTheFiles();
 
 private:
     QString url(const char* name) const
@@ -356,6 +358,37 @@ void tst_CheckWorker_CfgAndDisplayXML_run::startTextIsIgnored()
     worker.onStartDownloadXML(QStringLiteral("../../elsewhere"));
     QCOMPARE(trace.count(QStringLiteral("result 0")), 1);
     QCOMPARE(trace.count(QStringLiteral("start")), 0);
+}
+
+void tst_CheckWorker_CfgAndDisplayXML_run::progressCountsTheFiles_data()
+{
+    QTest::addColumn<bool>("hasDisplay");
+    QTest::newRow("both catalogue files come") << false;
+    QTest::newRow("one of them is there") << true;
+}
+
+void tst_CheckWorker_CfgAndDisplayXML_run::progressCountsTheFiles()
+{
+    QFETCH(bool, hasDisplay);
+    m_world.publish("1.0.2", display, config);
+    m_world.install("1.0.2", otherSum, otherSum);
+    if (hasDisplay) {
+        m_world.download("1.0.2", CheckWorld::md5(display), otherSum);
+        Files::write(m_world.downloadedFile("resource_display.xml"), display);
+    }
+    QVector<SUpdateProgress> told;
+    DownloadTrace trace;
+    CheckWorker_CfgAndDisplayXML worker;
+    worker.setProgressCallback([&](const SUpdateProgress& progress) { told.append(progress); });
+    CheckWorld::check(worker, trace);
+    QCOMPARE(trace.count(QStringLiteral("result 0")), 1);
+    QCOMPARE(told.first().m_nFilesDone, 0);
+    QCOMPARE(told.last().m_nFilesDone, 3);
+    QCOMPARE(told.last().m_nFiles, 3);
+    const QByteArray version =
+        CheckWorld::version("1.0.2", CheckWorld::md5(display), CheckWorld::md5(config));
+    QCOMPARE(told.last().m_nBytes,
+             qint64(version.size() + config.size() + (hasDisplay ? 0 : display.size())));
 }
 
 MV_TEST_MAIN(tst_CheckWorker_CfgAndDisplayXML_run)

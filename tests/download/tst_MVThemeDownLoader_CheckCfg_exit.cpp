@@ -5,9 +5,11 @@
 
 #include <QElapsedTimer>
 #include <QProcess>
+#include <QSemaphore>
 #include <QSocketNotifier>
 #include <QTest>
 
+#include <cstdio>
 #include <cstdlib>
 
 #include <unistd.h>
@@ -25,6 +27,7 @@ private slots:
     void rightAfterTheStart_data();
     void rightAfterTheStart();
     void afterEverything();
+    void processThatGoesOnWithoutItsApplication();
 
 private:
     void start(QProcess& host, const char* ending) const;
@@ -163,11 +166,45 @@ void tst_MVThemeDownLoader_CheckCfg_exit::afterEverything()
     QCOMPARE(host.exitCode(), 0);
 }
 
+/// The threads end with the application object, however long the process lives.
+void tst_MVThemeDownLoader_CheckCfg_exit::processThatGoesOnWithoutItsApplication()
+{
+    QSemaphore left; // the client has
+    m_world.setFault([&left](HttpExchange& exchange, int) {
+        exchange.answer(HttpAnswer(200).field("Content-Length", "1000").bareBody("begin"));
+        exchange.stall();
+        left.release();
+        return true;
+    });
+    QProcess host;
+    start(host, "stay");
+    QTRY_VERIFY_WITH_TIMEOUT(m_world.targets().contains(CheckWorld::versionTarget), longWait);
+    host.closeWriteChannel();
+    QVERIFY(host.waitForReadyRead(longWait));
+    const bool hasLeft = left.tryAcquire(1, int(shortEnough));
+    const QProcess::ProcessState state = host.state();
+    host.kill();
+    QVERIFY(host.waitForFinished(longWait));
+    if (!hasLeft)
+        left.tryAcquire(1, longWait); // the semaphore must outlive the handler
+    QVERIFY(hasLeft);
+    QCOMPARE(state, QProcess::Running);
+}
+
 int main(int argc, char** argv)
 {
     if (argc == 5 && qstrcmp(argv[1], "--host") == 0) {
-        const TestApplication<QCoreApplication> application(argc, argv);
-        return runHost(application, QCoreApplication::arguments());
+        int status = 0;
+        {
+            const TestApplication<QCoreApplication> application(argc, argv);
+            status = runHost(application, QCoreApplication::arguments());
+        }
+        if (qstrcmp(argv[4], "stay") != 0)
+            return status;
+        std::puts("without an application");
+        std::fflush(stdout);
+        for (;;)
+            ::pause();
     }
     const TestHome home;
     TestApplication<QCoreApplication> application(argc, argv);

@@ -3,6 +3,7 @@
 #include "Unprivileged.h"
 
 #include <QDir>
+#include <QUrl>
 
 #include <sys/stat.h>
 
@@ -98,6 +99,9 @@ void tst_CurWrapper_failure::unreachableServer()
     const QString url = QStringLiteral("http://127.0.0.1:%1/file").arg(FaultServer::refusingPort());
     QCOMPARE(download.run(url), 3);
     QCOMPARE(download.wrapper().failure().m_eCause, eFailure_Unreachable);
+    // The reason names the place, which the address alone may not tell.
+    const QString place = QStringLiteral("127.0.0.1 port %1").arg(QUrl(url).port());
+    QVERIFY2(download.errorText().contains(place), qPrintable(download.errorText()));
 }
 
 /// A port that accepts connections and sends nothing.

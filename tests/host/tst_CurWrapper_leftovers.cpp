@@ -4,6 +4,8 @@
 #include <QDir>
 #include <QProcess>
 
+#include <unistd.h>
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -63,9 +65,31 @@ private:
     QProcess m_process;
 };
 
-int downloadAsChild(const char* url, const char* file)
+/// With this argument the child has no standard input, so that the file gets its number.
+const char* const withoutInputArgument = "--download-without-input";
+/// With this one it closes its standard input when everything has come.
+const char* const closingInputArgument = "--download-closing-input";
+
+bool closeInputAtTheEnd(qint64 received, qint64 total, void*)
 {
-    CurWrapper wrapper;
+    if (received > 0 && received == total)
+        ::close(STDIN_FILENO);
+    return true;
+}
+
+bool isChild(const char* argument)
+{
+    return qstrcmp(argument, childArgument) == 0 || qstrcmp(argument, withoutInputArgument) == 0
+        || qstrcmp(argument, closingInputArgument) == 0;
+}
+
+int downloadAsChild(const char* argument, const char* url, const char* file)
+{
+    CurWrapper wrapper; // holds files of its own, so it comes first
+    if (qstrcmp(argument, withoutInputArgument) == 0)
+        ::close(STDIN_FILENO);
+    if (qstrcmp(argument, closingInputArgument) == 0)
+        wrapper.setDownloadProgressCallback(&closeInputAtTheEnd, nullptr);
     wrapper.download(QString::fromLocal8Bit(url), QString::fromLocal8Bit(file), false);
     return wrapper.result();
 }
@@ -93,6 +117,8 @@ private slots:
     void livingDownloadIsLeftAlone();
     void downloadInTheSameProcessIsLeftAlone();
     void otherFilesAreLeftAlone();
+    void worksWithoutStandardInput_data();
+    void worksWithoutStandardInput();
 
 private:
     const HostSettings m_settings = hostSettings();
@@ -302,10 +328,41 @@ void TestCurWrapperLeftovers::otherFilesAreLeftAlone()
                  QByteArray("precious"));
 }
 
+void TestCurWrapperLeftovers::worksWithoutStandardInput_data()
+{
+    QTest::addColumn<QByteArray>("argument");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<int>("result");
+    for (const char* argument : {withoutInputArgument, closingInputArgument}) {
+        QTest::addRow("%s, whole file", argument) << QByteArray(argument) << 200 << 0;
+        QTest::addRow("%s, not found", argument) << QByteArray(argument) << 404 << 4;
+    }
+}
+
+/// The number 0 of an open file is one like any other.
+void TestCurWrapperLeftovers::worksWithoutStandardInput()
+{
+    QFETCH(QByteArray, argument);
+    QFETCH(int, status);
+    QFETCH(int, result);
+
+    FaultServer server(answering(HttpAnswer(status).body("the file")));
+    Download download;
+    QProcess child;
+    child.start(
+        QCoreApplication::applicationFilePath(),
+        {QString::fromLatin1(argument), server.url(QStringLiteral("/file")), download.target()});
+    QVERIFY(child.waitForFinished());
+    QCOMPARE(child.exitCode(), result);
+    QCOMPARE(download.files(),
+             result == 0 ? QStringList{QStringLiteral("file.bin")} : QStringList());
+    QCOMPARE(download.content(), result == 0 ? QByteArray("the file") : QByteArray());
+}
+
 int main(int argc, char** argv)
 {
-    if (argc == 4 && qstrcmp(argv[1], childArgument) == 0)
-        return downloadAsChild(argv[2], argv[3]);
+    if (argc == 4 && isChild(argv[1]))
+        return downloadAsChild(argv[1], argv[2], argv[3]);
     const TestHome home;
     TestApplication<QCoreApplication> application(argc, argv);
     TestCurWrapperLeftovers test;

@@ -52,6 +52,7 @@ private slots:
     void errorTextExplainsTheFailure();
     void errorTextKeepsAPasswordSecret();
     void successClearsTheErrorText();
+    void requestSaysWhoAsks();
 
 private:
     const HostSettings m_settings = hostSettings();
@@ -356,6 +357,18 @@ void TestCurWrapperOutcomes::successClearsTheErrorText()
     QVERIFY(!download.errorText().isEmpty());
     QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 0);
     QCOMPARE(download.errorText(), QString());
+}
+
+void TestCurWrapperOutcomes::requestSaysWhoAsks()
+{
+    FaultServer server(answering(HttpAnswer(200).body("file")));
+    Download download;
+    QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 0);
+    const HttpRequest request = server.requests().at(0);
+    QCOMPARE(request.method, QByteArray("GET"));
+    QCOMPARE(request.fields.value("user-agent"), QByteArray("mvresource"));
+    QCOMPARE(request.fields.value("accept-encoding"), QByteArray("identity"));
+    QVERIFY(!request.fields.contains("range"));
 }
 
 MV_TEST_MAIN(TestCurWrapperOutcomes)

@@ -1,6 +1,8 @@
 #include "Download.h"
 #include "host/HostSettings.h"
 
+#include <QElapsedTimer>
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -35,6 +37,7 @@ private slots:
     void lastCallHasAllBytes_data();
     void lastCallHasAllBytes();
     void totalIsUnknownInChunks();
+    void callsKeepADistance();
     void callbackGetsItsUser();
     void callbackCanBeRemoved();
 
@@ -135,6 +138,26 @@ void TestCurWrapperProgress::totalIsUnknownInChunks()
     for (int i = 0; i + 1 < watch.calls().size(); ++i)
         QCOMPARE(watch.calls().at(i).total, qint64{0});
     QCOMPARE(watch.calls().last().total, qint64{half});
+}
+
+/// A hundred pieces in a second are no hundred calls.
+void TestCurWrapperProgress::callsKeepADistance()
+{
+    constexpr int pieces = 100;
+    FaultServer server([&](HttpExchange& exchange) {
+        exchange.answer(HttpAnswer(200).field("Content-Length", QByteArray::number(pieces)));
+        for (int i = 0; i < pieces; ++i) {
+            exchange.pause(10ms);
+            exchange.send("x");
+        }
+    });
+    Download download;
+    QElapsedTimer timer;
+    timer.start();
+    ProgressWatch watch(download.wrapper());
+    QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 0);
+    // The first, the last, and one for each tenth of a second that was begun.
+    QVERIFY(watch.calls().size() <= timer.elapsed() / 100 + 3);
 }
 
 void TestCurWrapperProgress::callbackGetsItsUser()

@@ -19,6 +19,7 @@ private slots:
     void goesOnInChunks();
     void goesOnBehindARedirect();
     void goesOnWithoutATotal();
+    void goesOnWhereNoTotalWasEverStated();
     void goesOnAfterAPartThatIsTooShort_data();
     void goesOnAfterAPartThatIsTooShort();
     void allowedSizeCountsTheWhole_data();
@@ -155,6 +156,25 @@ void TestCurWrapperRanges::goesOnWithoutATotal()
     QCOMPARE(server.requestCount(), 2);
 }
 
+/// The length of the part tells where the whole ends.
+void TestCurWrapperRanges::goesOnWhereNoTotalWasEverStated()
+{
+    const HttpAnswer first = HttpAnswer(200)
+                                 .field("ETag", tag)
+                                 .field("Transfer-Encoding", "chunked")
+                                 .bareBody(HttpAnswer::chunk(oldVersion().left(half)));
+    const HttpAnswer second = HttpAnswer(206)
+                                  .field("ETag", tag)
+                                  .field("Content-Range", contentRange(half, "*"))
+                                  .body(oldVersion().mid(half));
+    FaultServer server(
+        inTurn({answeringAndClosing(first), answering(second), newVersionForEverybody()}));
+    Download download;
+    QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 0);
+    QCOMPARE(download.content(), oldVersion());
+    QCOMPARE(server.requestCount(), 2);
+}
+
 void TestCurWrapperRanges::goesOnAfterAPartThatIsTooShort_data()
 {
     QTest::addColumn<QByteArray>("total");
@@ -182,14 +202,18 @@ void TestCurWrapperRanges::goesOnAfterAPartThatIsTooShort()
 void TestCurWrapperRanges::allowedSizeCountsTheWhole_data()
 {
     QTest::addColumn<int>("allowed");
+    QTest::addColumn<QByteArray>("total");
     QTest::addColumn<int>("result");
-    QTest::newRow("the whole") << whole << 0;
-    QTest::newRow("one less") << whole - 1 << 6;
+    for (const char* total : {"1000", "*"}) {
+        QTest::addRow("the whole, total %s", total) << whole << QByteArray(total) << 0;
+        QTest::addRow("one less, total %s", total) << whole - 1 << QByteArray(total) << 6;
+    }
 }
 
 void TestCurWrapperRanges::allowedSizeCountsTheWhole()
 {
     QFETCH(int, allowed);
+    QFETCH(QByteArray, total);
     QFETCH(int, result);
 
     hostSettings().maxDownloadBytes = allowed;
@@ -198,10 +222,17 @@ void TestCurWrapperRanges::allowedSizeCountsTheWhole()
                                  .field("ETag", tag)
                                  .field("Transfer-Encoding", "chunked")
                                  .bareBody(HttpAnswer::chunk(oldVersion().left(half)));
-    FaultServer server(inTurn({answeringAndClosing(first), answering(rest().field("ETag", tag))}));
+    const HttpAnswer second = HttpAnswer(206)
+                                  .field("ETag", tag)
+                                  .field("Content-Range", contentRange(half, total))
+                                  .body(oldVersion().mid(half));
+    FaultServer server(inTurn({answeringAndClosing(first), answering(second)}));
     Download download;
     QCOMPARE(download.run(server.url(QStringLiteral("/file"))), result);
     QCOMPARE(server.requestCount(), 2);
+    const bool isAnnounced =
+        download.errorText().contains(QStringLiteral("1000 bytes are announced, 999 are allowed"));
+    QCOMPARE(isAnnounced, result == 6);
 }
 
 void TestCurWrapperRanges::progressCountsTheWhole()

@@ -56,6 +56,8 @@ private slots:
 
     void asksForTheRest_data();
     void asksForTheRest();
+    void anyBeginningCounts_data();
+    void anyBeginningCounts();
     void asksForTheWhole_data();
     void asksForTheWhole();
     void takesTheWholeAgain_data();
@@ -101,6 +103,27 @@ void TestCurWrapperResume::asksForTheRest()
     QCOMPARE(download.content(), pattern(whole));
     QCOMPARE(server.requestCount(), 1);
     QCOMPARE(server.requests().at(0).fields.value("range"), QByteArray("bytes=400-"));
+}
+
+void TestCurWrapperResume::anyBeginningCounts_data()
+{
+    QTest::addColumn<int>("length");
+    QTest::newRow("one byte") << 1;
+    QTest::newRow("all but one byte") << whole - 1;
+}
+
+void TestCurWrapperResume::anyBeginningCounts()
+{
+    QFETCH(int, length);
+
+    FaultServer server(inTurn({answering(rest(length).field("Last-Modified", httpDate(downloaded))),
+                               answering(wholeNewVersion())}));
+    Download download;
+    putBeginning(download, pattern(whole).left(length));
+    QCOMPARE(download.run(server.url(QStringLiteral("/file")), true), 0);
+    QCOMPARE(download.content(), pattern(whole));
+    QCOMPARE(server.requests().at(0).fields.value("range"),
+             "bytes=" + QByteArray::number(length) + '-');
 }
 
 void TestCurWrapperResume::asksForTheWhole_data()

@@ -31,6 +31,8 @@ const Failure failures[] = {
     {"cancelled in a stall", 5, "/stall?cancel"},
 };
 
+constexpr int longestPage = 64 * 1024; // of an error, that is read past
+
 void failAsAsked(HttpExchange& exchange)
 {
     const QByteArray path = exchange.request().target.split('?').first();
@@ -90,6 +92,9 @@ private slots:
     void keepsOneConnectionForManyFiles();
     void keepsTheConnectionAcross_data();
     void keepsTheConnectionAcross();
+    void largerErrorPageIsNotReadPast();
+    void eachErrorPageIsReadPastForItself();
+    void eachErrorTextCountsItsOwnBytes();
     void reconnectsWhenTheServerHasClosed();
     void nextDownloadAsksForNoRange();
     void continuationLineBelongsToNoEarlierAnswer();
@@ -197,6 +202,9 @@ void TestCurWrapperReuse::keepsTheConnectionAcross_data()
                                 << 3;
     QTest::newRow("a small error page")
         << inTurn({answering(HttpAnswer(404).body("no such file")), answering(good)}) << 4 << 2;
+    QTest::newRow("the largest error page")
+        << inTurn({answering(HttpAnswer(404).body(pattern(longestPage))), answering(good)}) << 4
+        << 2;
     QTest::newRow("an error page in chunks")
         << inTurn({answering(HttpAnswer(404)
                                  .field("Transfer-Encoding", "chunked")
@@ -231,6 +239,38 @@ void TestCurWrapperReuse::keepsTheConnectionAcross()
     QCOMPARE(download.content(), QByteArray("good"));
     QCOMPARE(server.requestCount(), requests);
     QCOMPARE(server.connectionCount(), 1);
+}
+
+void TestCurWrapperReuse::largerErrorPageIsNotReadPast()
+{
+    FaultServer server(inTurn({answering(HttpAnswer(404).body(pattern(longestPage + 1))),
+                               answering(HttpAnswer(200).body("good"))}));
+    Download download;
+    QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 4);
+    QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 0);
+    QCOMPARE(server.connectionCount(), 2);
+}
+
+void TestCurWrapperReuse::eachErrorPageIsReadPastForItself()
+{
+    FaultServer server(answering(HttpAnswer(404).body(pattern(longestPage / 2 + 1))));
+    Download download;
+    for (int i = 0; i < 3; ++i)
+        QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 4);
+    QCOMPARE(server.connectionCount(), 1);
+}
+
+void TestCurWrapperReuse::eachErrorTextCountsItsOwnBytes()
+{
+    hostSettings().downloadRetries = 0;
+    FaultServer server(failAsAsked);
+    Download download;
+    QCOMPARE(download.run(server.url(QStringLiteral("/short"))), 3);
+    QVERIFY2(download.errorText().contains(QStringLiteral("(9 bytes received;")),
+             qPrintable(download.errorText()));
+    QCOMPARE(download.run(server.url(QStringLiteral("/missing"))), 4);
+    QVERIFY2(download.errorText().contains(QStringLiteral("(0 bytes received;")),
+             qPrintable(download.errorText()));
 }
 
 void TestCurWrapperReuse::reconnectsWhenTheServerHasClosed()

@@ -19,6 +19,9 @@ private slots:
     void neverEndsShort_data();
     void neverEndsShort();
     void startingOverIsNotARetry();
+    void sizeOfANewVersionCounts();
+    void wholeNewVersionBreaksAsWell_data();
+    void wholeNewVersionBreaksAsWell();
 
 private:
     const HostSettings m_settings = hostSettings();
@@ -190,6 +193,55 @@ void TestCurWrapperVersions::startingOverIsNotARetry()
     Download download;
     QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 0);
     QCOMPARE(download.content(), newVersion());
+}
+
+void TestCurWrapperVersions::sizeOfANewVersionCounts()
+{
+    hostSettings().maxDownloadBytes = whole;
+    FaultServer server(inTurn({answeringAndClosing(firstHalf("ETag", tag)),
+                               answering(HttpAnswer(200).body(pattern(whole + 1, 2)))}));
+    Download download;
+    QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 6);
+    QVERIFY2(
+        download.errorText().contains(QStringLiteral("1001 bytes are announced, 1000 are allowed")),
+        qPrintable(download.errorText()));
+}
+
+void TestCurWrapperVersions::wholeNewVersionBreaksAsWell_data()
+{
+    QTest::addColumn<QByteArray>("field");
+    QTest::addColumn<QByteArray>("value");
+    QTest::addColumn<QByteArray>("validator"); // of the third request; empty: it asks for the whole
+
+    QTest::newRow("without a validator")
+        << QByteArray("Server") << QByteArray("plain") << QByteArray();
+    QTest::newRow("with a weak tag")
+        << QByteArray("ETag") << QByteArray("W/\"v2\"") << QByteArray();
+    QTest::newRow("with another tag")
+        << QByteArray("ETag") << QByteArray("\"v2\"") << QByteArray("\"v2\"");
+}
+
+/// The validator of the first answer says nothing of what the second one has brought.
+void TestCurWrapperVersions::wholeNewVersionBreaksAsWell()
+{
+    QFETCH(QByteArray, field);
+    QFETCH(QByteArray, value);
+    QFETCH(QByteArray, validator);
+
+    const HttpAnswer second = HttpAnswer(200)
+                                  .field(field, value)
+                                  .field("Content-Length", QByteArray::number(whole))
+                                  .bareBody(newVersion().left(300));
+    FaultServer server(inTurn({answeringAndClosing(firstHalf("ETag", tag)),
+                               answeringAndClosing(second), newVersionForEverybody()}));
+    Download download;
+    QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 0);
+    QCOMPARE(download.content(), newVersion());
+    QCOMPARE(server.requestCount(), 3);
+    const HttpRequest third = server.requests().at(2);
+    QCOMPARE(third.fields.value("if-range"), validator);
+    QCOMPARE(third.fields.value("range"),
+             validator.isEmpty() ? QByteArray() : QByteArray("bytes=300-"));
 }
 
 MV_TEST_MAIN(TestCurWrapperVersions)

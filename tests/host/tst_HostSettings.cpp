@@ -13,8 +13,11 @@ private slots:
 
     void foldersComeFromTheStandardPaths();
     void otherDefaults();
+    void recommendedSettings();
     void oneInstancePerProcess();
     void readsEveryKey();
+    void turnsSwitches_data();
+    void turnsSwitches();
     void keepsWhatTheFileDoesNotName();
     void anEmptyFileChangesNothing();
     void acceptsTheLimitsOfEveryRange_data();
@@ -51,12 +54,29 @@ void tst_HostSettings::otherDefaults()
     QVERIFY(settings.productParams.isEmpty());
     QCOMPARE(settings.connectTimeoutMs, 15000);
     QCOMPARE(settings.stallTimeoutMs, 30000);
+    QCOMPARE(settings.versionTimeoutMs, 60000);
     QCOMPARE(settings.maxDownloadBytes, Q_INT64_C(2147483648));
     QCOMPARE(settings.downloadRetries, 2);
     QCOMPARE(settings.retryPauseMs, 500);
     QCOMPARE(settings.retryPauseMaxMs, 5000);
     QVERIFY(settings.proxy.isEmpty());
     QVERIFY(settings.caFile.isEmpty());
+}
+
+/// Better choices where there are some, and nothing else.
+void tst_HostSettings::recommendedSettings()
+{
+    const HostSettings plain;
+    QVERIFY(!plain.leftButtonOnly && !plain.lastChoiceWins && !plain.checkContent);
+    const HostSettings recommended = HostSettings::recommended();
+    QVERIFY(recommended.leftButtonOnly);
+    QVERIFY(recommended.lastChoiceWins);
+    QVERIFY(recommended.checkContent);
+    QCOMPARE(recommended.currentSkin, plain.currentSkin);
+    QCOMPARE(recommended.dataLocation, plain.dataLocation);
+    QCOMPARE(recommended.stallTimeoutMs, plain.stallTimeoutMs);
+    QCOMPARE(recommended.versionTimeoutMs, plain.versionTimeoutMs);
+    QCOMPARE(recommended.downloadRetries, plain.downloadRetries);
 }
 
 void tst_HostSettings::oneInstancePerProcess()
@@ -77,6 +97,8 @@ void tst_HostSettings::readsEveryKey()
                                  "[ui]\n"
                                  "skin=Elegance\n"
                                  "zoomDPI=1.25\n"
+                                 "leftButtonOnly=true\n"
+                                 "lastChoiceWins=true\n"
                                  "[product]\n"
                                  "editions=2, 5\n"
                                  "[params]\n"
@@ -85,6 +107,8 @@ void tst_HostSettings::readsEveryKey()
                                  "[network]\n"
                                  "connectTimeoutMs=1001\n"
                                  "stallTimeoutMs=1002\n"
+                                 "versionTimeoutMs=1005\n"
+                                 "checkContent=true\n"
                                  "maxDownloadBytes=8589934592\n"
                                  "downloadRetries=7\n"
                                  "retryPauseMs=1003\n"
@@ -109,12 +133,41 @@ void tst_HostSettings::readsEveryKey()
                  {QStringLiteral("hasMV"), QStringLiteral("1")}}));
     QCOMPARE(settings.connectTimeoutMs, 1001);
     QCOMPARE(settings.stallTimeoutMs, 1002);
+    QCOMPARE(settings.versionTimeoutMs, 1005);
+    QVERIFY(settings.leftButtonOnly && settings.lastChoiceWins && settings.checkContent);
     QCOMPARE(settings.maxDownloadBytes, Q_INT64_C(8589934592));
     QCOMPARE(settings.downloadRetries, 7);
     QCOMPARE(settings.retryPauseMs, 1003);
     QCOMPARE(settings.retryPauseMaxMs, 1004);
     QCOMPARE(settings.proxy, QStringLiteral("http://127.0.0.1:3128"));
     QCOMPARE(settings.caFile, QStringLiteral("/etc/authorities.pem"));
+}
+
+void tst_HostSettings::turnsSwitches_data()
+{
+    QTest::addColumn<QByteArray>("key");
+    QTest::addColumn<QVector<bool>>("values"); // of all three, once that key was set to true
+    QTest::newRow("leftButtonOnly")
+        << QByteArray("[ui]\nleftButtonOnly=") << QVector<bool>{true, false, false};
+    QTest::newRow("lastChoiceWins")
+        << QByteArray("[ui]\nlastChoiceWins=") << QVector<bool>{false, true, false};
+    QTest::newRow("checkContent") << QByteArray("[network]\ncheckContent=")
+                                  << QVector<bool>{false, false, true};
+}
+
+void tst_HostSettings::turnsSwitches()
+{
+    QFETCH(QByteArray, key);
+    QFETCH(QVector<bool>, values);
+    const auto switches = [] {
+        const HostSettings& settings = hostSettings();
+        return QVector<bool>{settings.leftButtonOnly, settings.lastChoiceWins,
+                             settings.checkContent};
+    };
+    QVERIFY(loadHostSettings(iniFile(key + "true\n"), nullptr));
+    QCOMPARE(switches(), values);
+    QVERIFY(loadHostSettings(iniFile(key + "false\n"), nullptr));
+    QCOMPARE(switches(), QVector<bool>(3, false));
 }
 
 void tst_HostSettings::keepsWhatTheFileDoesNotName()
@@ -140,9 +193,10 @@ void tst_HostSettings::acceptsTheLimitsOfEveryRange_data()
 {
     QTest::addColumn<QByteArray>("content");
     for (const char* line :
-         {"connectTimeoutMs=1", "connectTimeoutMs=2147483647", "stallTimeoutMs=1",
-          "stallTimeoutMs=2147483647", "retryPauseMs=0", "retryPauseMs=2147483647",
-          "retryPauseMaxMs=0", "retryPauseMaxMs=2147483647", "maxDownloadBytes=1",
+         {"versionTimeoutMs=1", "versionTimeoutMs=2147483647", "connectTimeoutMs=1",
+          "connectTimeoutMs=2147483647", "stallTimeoutMs=1", "stallTimeoutMs=2147483647",
+          "retryPauseMs=0", "retryPauseMs=2147483647", "retryPauseMaxMs=0",
+          "retryPauseMaxMs=2147483647", "maxDownloadBytes=1",
           "maxDownloadBytes=9223372036854775807", "downloadRetries=0", "downloadRetries=100"})
         QTest::newRow(line) << QByteArray("[network]\n") + line + '\n';
     for (const char* line : {"zoomDPI=0.1", "zoomDPI=16"})

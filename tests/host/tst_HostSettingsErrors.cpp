@@ -23,6 +23,10 @@ QStringList everything(const HostSettings& s)
                        QString::number(s.zoomDPI),
                        QString::number(s.connectTimeoutMs),
                        QString::number(s.stallTimeoutMs),
+                       QString::number(s.versionTimeoutMs),
+                       QString::number(s.leftButtonOnly),
+                       QString::number(s.lastChoiceWins),
+                       QString::number(s.checkContent),
                        QString::number(s.maxDownloadBytes),
                        QString::number(s.downloadRetries),
                        QString::number(s.retryPauseMs),
@@ -189,7 +193,8 @@ void tst_HostSettingsErrors::refusesAValueOutOfRange_data()
             << QStringLiteral("%1 is \"%2\", but must be a whole number from %3")
                    .arg(QLatin1String(key), QLatin1String(value), QLatin1String(range));
     };
-    for (const char* key : {"network/connectTimeoutMs", "network/stallTimeoutMs"}) {
+    for (const char* key :
+         {"network/connectTimeoutMs", "network/stallTimeoutMs", "network/versionTimeoutMs"}) {
         for (const char* value : {"0", "-1", "2147483648", "1.5", "soon", "", "1s"})
             whole(key, value, "1 to 2147483647");
     }
@@ -213,6 +218,13 @@ void tst_HostSettingsErrors::refusesAValueOutOfRange_data()
     for (const char* value : {"0.09", "0", "-1", "16.01", "nan", "inf", "big", "", "1, 5", "%2"})
         zoom(value);
 
+    for (const char* key : {"ui/leftButtonOnly", "ui/lastChoiceWins", "network/checkContent"}) {
+        for (const char* value : {"", "1", "True", "FALSE", "yes", "truefalse"})
+            QTest::addRow("%s = %s", key, value)
+                << QByteArray(key) << QByteArray(value)
+                << QStringLiteral("%1 is \"%2\", but must be true or false")
+                       .arg(QLatin1String(key), QLatin1String(value));
+    }
     for (const char* key : {"paths/resources", "paths/data", "paths/appData", "paths/testOutput",
                             "paths/developerResource", "network/caFile"})
         QTest::addRow("%s is empty", key)

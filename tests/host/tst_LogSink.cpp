@@ -17,6 +17,7 @@ struct Message
     QtMsgType type;
     QByteArray category;
     QString text;
+    bool hasPlace; // in the source
 };
 
 std::mutex messagesMutex;  // guards messages
@@ -25,7 +26,8 @@ QVector<Message> messages; // the messages received by Qt's message handler
 void keepMessage(QtMsgType type, const QMessageLogContext& context, const QString& text)
 {
     const std::lock_guard<std::mutex> lock(messagesMutex);
-    messages.append({type, context.category, text});
+    messages.append(
+        {type, context.category, text, context.file || context.line != 0 || context.function});
 }
 
 /// Redirects Qt's messages into `messages` during its lifetime.
@@ -157,8 +159,10 @@ void tst_LogSink::theDefaultKeepsTheText()
     LogL("MVThemeMgr", 2, "%s", argument.constData());
     LogL("MVThemeMgr", 3, "%s", argument.constData());
     QCOMPARE(messages.size(), 3);
-    for (const Message& message : qAsConst(messages))
+    for (const Message& message : qAsConst(messages)) {
         QCOMPARE(message.text, QString::fromUtf8(argument));
+        QVERIFY(!message.hasPlace); // it would be that of the log, not of the caller
+    }
 }
 
 void tst_LogSink::theDefaultObeysTheFilterRules_data()

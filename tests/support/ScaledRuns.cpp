@@ -28,12 +28,17 @@ QString ScaledRuns::enter()
     return qEnvironmentVariable(variable);
 }
 
+void ScaledRuns::setScale(QProcessEnvironment& environment, const QString& scale)
+{
+    environment.insert(QString::fromLatin1(variable), scale);
+}
+
 void ScaledRuns::start(const QProcessEnvironment& environment)
 {
     m_deadline = QDeadlineTimer(longestRun);
     for (const char* scale : scales) {
         QProcessEnvironment own = environment;
-        own.insert(QString::fromLatin1(variable), QString::fromLatin1(scale));
+        setScale(own, QString::fromLatin1(scale));
         QProcess& run = m_runs[QString::fromLatin1(scale)];
         run.setProcessEnvironment(own);
         run.setProcessChannelMode(QProcess::MergedChannels);

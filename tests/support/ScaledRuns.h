@@ -18,6 +18,8 @@ public:
     /// Applies the scale for which this process was started, before an application exists, and
     /// returns it; empty in the main process.
     static QString enter();
+    /// Sets the scale that enter() gives a process which is started with that environment.
+    static void setScale(QProcessEnvironment& environment, const QString& scale);
 
     /// Starts a process for every scale, in parallel.
     void start(const QProcessEnvironment& environment);

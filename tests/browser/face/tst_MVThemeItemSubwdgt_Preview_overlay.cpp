@@ -18,6 +18,7 @@ private slots:
     void partsAreAsHighAsTheyNeed();
     void theErrorHasRoomWhenItComes();
     void buttonsHaveRoomWhenTheyCome();
+    void changesWhileHiddenShowWhenItIsShown();
     void thePictureFillsItsPage();
 
 private:
@@ -131,6 +132,24 @@ void tst_MVThemeItemSubwdgt_Preview_overlay::buttonsHaveRoomWhenTheyCome()
     QTRY_VERIFY(parts.btnCollectNo->height() >= parts.btnCollectNo->sizeHint().height());
     QCOMPARE(parts.btnCollectNo->geometry().right(), 152);
     QVERIFY(parts.btnCollectNo->visibleRegion().boundingRect() == parts.btnCollectNo->rect());
+}
+
+void tst_MVThemeItemSubwdgt_Preview_overlay::changesWhileHiddenShowWhenItIsShown()
+{
+    SCfg_Item item = m_world.completeItem();
+    Stage stage;
+    MVThemeItemSubwdgt_Preview& face = stage.face;
+    face.setItem(&item);
+    QVERIFY(stage.show({153, 316}));
+    face.hide();
+    face.setProperty("nMarginTop_lblCur", 61);
+    face.setProperty("nMarginTop_frmNetError", 23);
+    face.setDownLoadErrorText(eDownLoadError_Path);
+    face.show();
+    const FaceParts parts(face);
+    QCOMPARE(parts.lblCur->y(), 61);
+    QCOMPARE(parts.frmNetError->y(), 23);
+    QCOMPARE(parts.frmNetError->height(), parts.frmNetError->sizeHint().height());
 }
 
 void tst_MVThemeItemSubwdgt_Preview_overlay::thePictureFillsItsPage()

@@ -1,4 +1,5 @@
 #include "RingFixture.h"
+#include "support/ScaledRuns.h"
 
 #include <QProcess>
 #include <QtMath>
@@ -362,7 +363,7 @@ void tst_progressRing::usesTheDevicePixels()
     QFETCH(QByteArray, scale);
     QProcess child;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QString::fromLatin1(scale));
+    ScaledRuns::setScale(environment, QString::fromLatin1(scale));
     child.setProcessEnvironment(environment);
     child.setProcessChannelMode(QProcess::MergedChannels);
     child.start(QCoreApplication::applicationFilePath(),
@@ -375,5 +376,13 @@ void tst_progressRing::usesTheDevicePixels()
     QVERIFY2(output.contains(" 0 failed"), output.constData());
 }
 
-MV_WIDGET_TEST_MAIN(tst_progressRing)
+int main(int argc, char** argv)
+{
+    const TestHome home;
+    ScaledRuns::enter();
+    const TestApplication<QApplication> application(argc, argv);
+    tst_progressRing test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "tst_progressRing.moc"

@@ -21,12 +21,13 @@ private slots:
     void init();
     void cleanup();
 
-    void recommendedSettings();
     void buttonsThatAct_data();
     void buttonsThatAct();
     void rightButtonAsksForAMenu_data();
     void rightButtonAsksForAMenu();
     void menuKeyAsksForTheCurrentCell();
+    void noMenuWithoutAnItem_data();
+    void noMenuWithoutAnItem();
     void lateDownload_data();
     void lateDownload();
     void lateDownloadOfAnotherKind();
@@ -74,18 +75,6 @@ void tst_MVThemeItemWdg_choices::start()
     m_world->hold(filesOfSlow);
     m_list->click(frameOf(m_list->cell(0)));
     QTRY_COMPARE(m_world->requests(filesOfSlow), 1);
-}
-
-void tst_MVThemeItemWdg_choices::recommendedSettings()
-{
-    const HostSettings plain;
-    QVERIFY(!plain.leftButtonOnly);
-    QVERIFY(!plain.lastChoiceWins);
-    const HostSettings recommended = HostSettings::recommended();
-    QVERIFY(recommended.leftButtonOnly);
-    QVERIFY(recommended.lastChoiceWins);
-    QCOMPARE(recommended.stallTimeoutMs, plain.stallTimeoutMs);
-    QCOMPARE(recommended.dataLocation, plain.dataLocation);
 }
 
 void tst_MVThemeItemWdg_choices::buttonsThatAct_data()
@@ -147,6 +136,7 @@ void tst_MVThemeItemWdg_choices::menuKeyAsksForTheCurrentCell()
     m_list->view()->setCurrentIndex(m_list->view()->model()->index(0, 0));
     QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint());
     QCoreApplication::sendEvent(m_list->view(), &event);
+    QVERIFY(event.isAccepted());
     QCOMPARE(wanted.size(), 1);
     QCOMPARE(wanted.first().at(0).value<SCfg_Item*>(), BrowserWorld::theme(1));
     const QRect cell(m_list->cell(0)->mapToGlobal(QPoint()), m_list->cell(0)->size());
@@ -155,6 +145,33 @@ void tst_MVThemeItemWdg_choices::menuKeyAsksForTheCurrentCell()
     hostSettings().leftButtonOnly = false;
     QCoreApplication::sendEvent(m_list->view(), &event);
     QCOMPARE(wanted.size(), 1);
+}
+
+void tst_MVThemeItemWdg_choices::noMenuWithoutAnItem_data()
+{
+    QTest::addColumn<int>("reason");
+    QTest::addColumn<int>("row"); // the current one; -1: none
+    QTest::newRow("mouse beside the cells") << int(QContextMenuEvent::Mouse) << 0;
+    QTest::newRow("something else") << int(QContextMenuEvent::Other) << 0;
+    QTest::newRow("key without a current cell") << int(QContextMenuEvent::Keyboard) << -1;
+    QTest::newRow("key on the last cell, for more") << int(QContextMenuEvent::Keyboard) << 2;
+}
+
+void tst_MVThemeItemWdg_choices::noMenuWithoutAnItem()
+{
+    QFETCH(int, reason);
+    QFETCH(int, row);
+    hostSettings().leftButtonOnly = true;
+    BrowserWorld::setParam("url_slidershow", QStringLiteral("https://example.com/"));
+    ListWindow list(UIItem_Themes);
+    list.fill();
+    QCOMPARE(list.view()->model()->rowCount(), 3);
+    const QSignalSpy wanted(list.view(), &mvThemelistview::contextMenuWanted);
+    list.view()->setCurrentIndex(list.view()->model()->index(row, 0));
+    QContextMenuEvent event(static_cast<QContextMenuEvent::Reason>(reason), QPoint());
+    QCoreApplication::sendEvent(list.view(), &event);
+    QCOMPARE(wanted.size(), 0);
+    QVERIFY(!event.isAccepted()); // the host's own menu may come
 }
 
 void tst_MVThemeItemWdg_choices::lateDownload_data()

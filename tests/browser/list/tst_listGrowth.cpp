@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QUuid>
 
 #include <memory>
 
@@ -30,6 +31,7 @@ private slots:
     void filteringDoesNotGrow();
     void hoveringKeepsNoFilesOpen();
     void laterPagesCostNoMoreThanTheFirst();
+    void newCellsLeaveNoRequests();
 
 private:
     void fillWorld(int themes);
@@ -60,6 +62,32 @@ int openFiles()
                                 .entryList(QDir::NoDotAndDotDot | QDir::AllEntries)
                                 .size());
 }
+
+/// Counts the requests of a cell's parts that Qt delivers later.
+class RequestCounter : public QObject
+{
+public:
+    void watch(QWidget& cell)
+    {
+        const QList<QWidget*> parts = QList<QWidget*>{&cell} + cell.findChildren<QWidget*>();
+        for (QWidget* const part : parts)
+            part->installEventFilter(this);
+    }
+    int count() const { return m_count; }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        const QEvent::Type type = event->type();
+        if (type == QEvent::PolishRequest || type == QEvent::LayoutRequest
+            || type == QEvent::UpdateLater)
+            ++m_count;
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    int m_count = 0;
+};
 
 /// Performs the deletions deferred to the end of the current event.
 void endEvent()
@@ -156,6 +184,21 @@ void tst_listGrowth::laterPagesCostNoMoreThanTheFirst()
     QCOMPARE(list.cellCount(), page);
     QVERIFY2(second <= qMax(first * timesSlower, leastSeconds),
              qPrintable(QStringLiteral("%1 s, then %2 s").arg(first).arg(second)));
+}
+
+/// Qt compares each request of a part with all that wait already, so what the parts of thousands of
+/// new cells ask for must not wait.
+void tst_listGrowth::newCellsLeaveNoRequests()
+{
+    constexpr int surelySettled = 4;
+    fillWorld(fewThemes);
+    ListWindow list(UIItem_Themes);
+    list.view()->initData(QUuid(), false);
+    RequestCounter counter;
+    for (int row = 0; row < surelySettled; ++row)
+        counter.watch(*list.cell(row));
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(counter.count(), 0);
 }
 
 MV_WIDGET_TEST_MAIN(tst_listGrowth)

@@ -37,6 +37,7 @@ private slots:
     void heldKeysActOnce();
     void heldArrowsGoOn();
     void outlineShowsWhereTheKeyboardIs();
+    void outlineIsPaintedAboveTheCells();
     void outlineFollowsTheScrolling();
     void mouseHidesTheOutline();
     void tabLeavesTheListAtOnce();
@@ -64,6 +65,22 @@ private:
 };
 
 namespace {
+
+class PaintCounter : public QObject
+{
+public:
+    int count() const { return m_count; }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        m_count += event->type() == QEvent::Paint ? 1 : 0;
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    int m_count = 0;
+};
 
 bool plays(const MVThemeItemWdg* cell)
 {
@@ -252,6 +269,28 @@ void tst_mvThemelistview_keyboard::outlineShowsWhereTheKeyboardIs()
     QVERIFY(!outline()->isVisible());
 }
 
+void tst_mvThemelistview_keyboard::outlineIsPaintedAboveTheCells()
+{
+    const QRect cell = m_list->view()->visualRect(m_list->view()->currentIndex());
+    const auto painted = [this](const QPoint& at) {
+        return m_list->view()->viewport()->grab().toImage().pixelColor(at);
+    };
+    const QPoint inLine(cell.center().x(), cell.top() + 1);
+    QCOMPARE(painted(inLine), outline()->palette().highlight().color());
+    QCoreApplication::processEvents();
+    PaintCounter paints;
+    outline()->installEventFilter(&paints);
+    QVERIFY(outline()->setProperty("color", QColor(Qt::magenta)));
+    QTRY_VERIFY(paints.count() > 0);
+    QCOMPARE(painted({inLine.x(), cell.top()}), QColor(Qt::magenta));
+    QCOMPARE(painted(inLine), QColor(Qt::magenta));
+    QCOMPARE(painted({inLine.x(), cell.bottom() - 1}), QColor(Qt::magenta));
+    QCOMPARE(painted({cell.left() + 1, cell.center().y()}), QColor(Qt::magenta));
+    QCOMPARE(painted({cell.right() - 1, cell.center().y()}), QColor(Qt::magenta));
+    QVERIFY(painted(cell.topLeft()) != QColor(Qt::magenta)); // a rounded corner
+    QVERIFY(painted(cell.center()) != QColor(Qt::magenta));
+}
+
 void tst_mvThemelistview_keyboard::outlineFollowsTheScrolling()
 {
     press(Qt::Key_End);
@@ -265,6 +304,7 @@ void tst_mvThemelistview_keyboard::mouseHidesTheOutline()
 {
     m_list->click(m_list->cell(0));
     QVERIFY(!outline()->isVisible());
+    QVERIFY(isMarked(m_list->cell(0))); // the click went through it
     press(Qt::Key_Right);
     QVERIFY(outline()->isVisible());
 }

@@ -1,6 +1,7 @@
 #include "host/widgets/TestImages.h"
 #include "host/widgets/ThumbFrame.h"
 #include "support/CatalogueFiles.h"
+#include "support/ScaledRuns.h"
 
 #include <QApplication>
 #include <QProcess>
@@ -271,7 +272,7 @@ void tst_ThumbFrame::usesTheDevicePixels()
     QProcess child;
     child.setProcessChannelMode(QProcess::MergedChannels);
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QStringLiteral("2"));
+    ScaledRuns::setScale(environment, QStringLiteral("2"));
     child.setProcessEnvironment(environment);
     child.start(QCoreApplication::applicationFilePath(),
                 {QStringLiteral("usesTheDevicePixels_child")});
@@ -286,7 +287,7 @@ void tst_ThumbFrame::usesTheDevicePixels()
 void tst_ThumbFrame::usesTheDevicePixels_child()
 {
     if (qgetenv("QT_SCALE_FACTOR") != "2")
-        return; // not started by usesTheDevicePixels()
+        QSKIP("run by usesTheDevicePixels()");
     Frame frame(QSize(40, 30));
     QCOMPARE(frame.devicePixelRatioF(), 2.0);
     // Stripes as wide as the frame's device pixels stay sharp.
@@ -306,5 +307,13 @@ void tst_ThumbFrame::usesTheDevicePixels_child()
         QCOMPARE(painted.pixelColor(x, 30), x % 2 ? red : blue);
 }
 
-MV_WIDGET_TEST_MAIN(tst_ThumbFrame)
+int main(int argc, char** argv)
+{
+    const TestHome home;
+    ScaledRuns::enter();
+    const TestApplication<QApplication> application(argc, argv);
+    tst_ThumbFrame test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "tst_ThumbFrame.moc"
