@@ -25,7 +25,7 @@
 
 namespace {
 
-constexpr int messageMs = 6000; // ms
+constexpr int messageMs = 6000;
 const QString favouritesFilter = QStringLiteral("JSON (*.json)");
 
 QString textOf(const FavouritesFile& file, const QString& path)

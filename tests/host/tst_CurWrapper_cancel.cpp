@@ -2,6 +2,7 @@
 #include "host/HostSettings.h"
 #include "SilentPort.h"
 
+#include <algorithm>
 #include <thread>
 
 using namespace std::chrono_literals;
@@ -96,6 +97,7 @@ private slots:
     void cancelEndsAConnectionThatDoesNotStand();
     void cancelEndsThePauseBeforeARetry();
     void cancelNeedsNoCallback();
+    void cancelWakesTheDownload();
     void cancelDoesNotOutlastTheDownload();
     void cancelWithoutADownloadDoesNothing();
     void callbackEndsAStall_data();
@@ -203,6 +205,27 @@ void TestCurWrapperCancel::cancelNeedsNoCallback()
     Canceller canceller(download.wrapper(), [&] { return server.requestCount() == 1; });
     QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 5);
     QVERIFY(canceller.age() < 1s);
+}
+
+/// Each cancel comes right after the download has asked whether to go on. It waits 50 ms before it
+/// asks again, so at least one of several cancels ends it sooner only if it is woken.
+void TestCurWrapperCancel::cancelWakesTheDownload()
+{
+    constexpr int rounds = 10;
+    FaultServer server(sendingAndStalling(""));
+    Download download;
+    std::chrono::milliseconds shortest = 1h;
+    for (int round = 1; round <= rounds; ++round) {
+        std::atomic<bool> asked{false};
+        ProgressWatch watch(download.wrapper(), [&](const ProgressWatch::Call&) {
+            asked = server.requestCount() == round;
+            return true;
+        });
+        Canceller canceller(download.wrapper(), [&] { return asked.load(); });
+        QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 5);
+        shortest = std::min(shortest, canceller.age());
+    }
+    QVERIFY2(shortest < 25ms, QByteArray::number(qint64(shortest.count())).constData());
 }
 
 void TestCurWrapperCancel::cancelDoesNotOutlastTheDownload()
