@@ -14,6 +14,7 @@ class tst_catalogueInUse : public QObject
 
 private slots:
     void init();
+    void cleanup();
     void refusesToMoveItems_data();
     void refusesToMoveItems();
     void firstLoadIsRefusedAsWell();
@@ -24,18 +25,23 @@ private:
     static MVThemeMgr& manager() { return *MVThemeMgr::init(); }
     SCfg_Item* heldItem();
 
+    std::unique_ptr<HeldAnswer> m_held; // used by the server's threads, so it outlives the world
     std::unique_ptr<DownloadWorld> m_world;
-    std::unique_ptr<HeldAnswer> m_held;
 };
 
 void tst_catalogueInUse::init()
 {
-    m_held.reset();
-    m_world.reset();
     manager().clear();
     m_world = std::make_unique<DownloadWorld>();
     m_held = std::make_unique<HeldAnswer>();
     QCOMPARE(CatalogueUse::count(), 0);
+}
+
+void tst_catalogueInUse::cleanup()
+{
+    m_held->release(); // the server waits for its threads
+    m_world.reset();
+    m_held.reset();
 }
 
 /// Returns an item of the catalogue whose file the server holds back.
