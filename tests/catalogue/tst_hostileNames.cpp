@@ -239,7 +239,7 @@ void tst_hostileNames::loadShowsNoItemWithAPreviewBehindALink()
                  Files::document(Files::displayThemes({{QStringLiteral("travel"), shown}})));
     mgr().load(true);
     QStringList names;
-    for (const SCfg_Item& theme : mgr().getThemes_Display())
+    for (const SCfg_Item& theme : qAsConst(mgr().getThemes_Display()))
         names.append(theme.m_qsName);
     QCOMPARE(names, (QStringList{QStringLiteral("1"), QStringLiteral("4")}));
 }
