@@ -50,10 +50,11 @@ void TestMvpublishNames::themeTypesAreTheLibrarys()
 {
     MVThemeMgr& library = *MVThemeMgr::init();
     QVector<int> codes;
-    for (const QString& type : Kinds::themeTypes())
+    const QStringList types = Kinds::themeTypes();
+    for (const QString& type : types)
         codes.append(library.Themetype(type));
     QCOMPARE(codes, (QVector<int>{2, 3, 4, 0}));
-    QCOMPARE(Kinds::themeTypes().constLast(), Kinds::otherThemes());
+    QCOMPARE(types.constLast(), Kinds::otherThemes());
 }
 
 void TestMvpublishNames::editionsAskForTheirFiles()

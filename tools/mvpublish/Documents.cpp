@@ -94,7 +94,8 @@ void writeDisplayItem(Document& out, const SourceItem& item, const QString& audi
 
 void writeThemes(Document& out, const Documents::Items& items, const QString& audience)
 {
-    for (const QString& type : Kinds::themeTypes()) {
+    const QStringList types = Kinds::themeTypes();
+    for (const QString& type : types) {
         out.writeStartElement(QStringLiteral("Group"));
         out.writeAttribute(QStringLiteral("Type"), type);
         for (const SourceItem* item : items) {
@@ -237,7 +238,8 @@ QByteArray definition(const SourceItem& item)
 QByteArray themeTypes(const Items& items)
 {
     QJsonObject types;
-    for (const QString& name : Kinds::themeTypes()) {
+    const QStringList themeTypes = Kinds::themeTypes();
+    for (const QString& name : themeTypes) {
         QJsonArray guids;
         for (const SourceItem* item : items) {
             if (item->type == eCfgItem_Theme && item->themeType == name)
