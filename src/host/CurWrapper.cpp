@@ -130,7 +130,7 @@ bool CurWrapper::Private::copyBeginning()
     QFile beginning(m_target);
     if (!RegularFile::open(beginning))
         return true;
-    // Where reading ends early, the transfer goes on from there.
+    // If reading ends early, the transfer continues from there.
     bool isStored = true;
     RegularFile::readChunks(beginning, [&](const char* bytes, int length) {
         isStored = m_file.write(bytes, length);

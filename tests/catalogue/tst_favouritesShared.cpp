@@ -117,7 +117,7 @@ void tst_favouritesShared::marksThatAnotherProcessTookAwayStayAway()
     QCOMPARE(onDisk(), (QJsonObject{{Files::guid(1), false}, {Files::guid(2), true}}));
 }
 
-/// What another process has taken away since our last save does not come back with the next one.
+/// A mark that another process removes after our last save does not come back with the next one.
 void tst_favouritesShared::savedMarksAreNoChangesAnyMore()
 {
     mgr().readThemeCollect();

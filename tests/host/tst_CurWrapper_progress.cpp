@@ -140,7 +140,7 @@ void TestCurWrapperProgress::totalIsUnknownInChunks()
     QCOMPARE(watch.calls().last().total, qint64{half});
 }
 
-/// A hundred pieces in a second are no hundred calls.
+/// A hundred pieces within a second do not cause a hundred calls.
 void TestCurWrapperProgress::callsKeepADistance()
 {
     constexpr int pieces = 100;
