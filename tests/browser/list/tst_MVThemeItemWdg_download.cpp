@@ -220,7 +220,8 @@ void tst_MVThemeItemWdg_download::failure()
     QVERIFY(cell->getItem());
 
     m_list->click(frameOf(cell)); // the download is offered again
-    QCOMPARE(errorOf(cell), QString());
+    const bool isRunning = trace.count(QStringLiteral("downloaded ") + name) == 1;
+    QCOMPARE(errorOf(cell), isRunning ? QString() : error); // one without a request ends at once
     QTRY_COMPARE(trace.count(QStringLiteral("downloaded ") + name), 2);
     QCOMPARE(errorOf(cell), error);
 }
