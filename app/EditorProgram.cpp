@@ -21,7 +21,7 @@ namespace {
 
 constexpr char scaleVariable[] = "QT_SCALE_FACTOR";
 
-/// Qt reads the scale only while an application starts.
+/// Sets the scale, which Qt reads only while an application starts.
 void applyScale(int percent)
 {
     constexpr double whole = 100.0;
@@ -40,7 +40,7 @@ EditorProgram::~EditorProgram() = default;
 
 int EditorProgram::run(int& argc, char** argv)
 {
-    // Whoever reads its output may end first, which must not end a window.
+    // A reader of the output that quits first must not end the window.
     std::signal(SIGPIPE, SIG_IGN);
     m_name = QFileInfo(QFile::decodeName(argv[0])).fileName();
     QCoreApplication::setApplicationName(QStringLiteral("mveditor"));
@@ -51,7 +51,7 @@ int EditorProgram::run(int& argc, char** argv)
     return status != 0 ? status : openWindow(argc, argv);
 }
 
-/// Reads command line and settings, which must be known before a window can be created.
+/// Reads command line and settings, which are needed before a window can be created.
 int EditorProgram::readSettings(int& argc, char** argv)
 {
     const QCoreApplication early(argc, argv);
@@ -77,8 +77,8 @@ int EditorProgram::openWindow(int& argc, char** argv)
         applyScale(preferences.scale());
     QApplication application(argc, argv);
     if (ownScale)
-        qunsetenv(scaleVariable); // programs that the window opens have a scale of their own
-    // The same everywhere, and it takes all its colours from the palette.
+        qunsetenv(scaleVariable); // programs opened by the window have their own scale
+    // The same on every platform, with all colours from the palette.
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     if (!m_startup.openCatalogue(preferences.skin()))
         return refuse(m_startup.errorText());

@@ -1,6 +1,7 @@
 #include "browser/BrowserSkin.h"
 
 #include "browser/SkinTemplate.h"
+#include "host/LogL.h"
 #include "host/Skins.h"
 
 #include <QFile>
@@ -34,8 +35,10 @@ QString makeSheet(const QString& skin)
     QStringList faults;
     const QString text = QString::fromUtf8(resource(QStringLiteral("skin.qss")));
     QString sheet = SkinTemplate::fill(text, values, faults);
-    for (const QString& fault : std::as_const(faults))
-        qWarning("Skin %s: %s", qPrintable(skin), qPrintable(fault));
+    for (const QString& fault : std::as_const(faults)) {
+        LogL("BrowserSkin", LogLevel::warning, "skin [%s]: %s", skin.toUtf8().constData(),
+             fault.toUtf8().constData());
+    }
     return sheet;
 }
 

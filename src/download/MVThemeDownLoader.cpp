@@ -133,7 +133,9 @@ MVThemeDownLoader::Step MVThemeDownLoader::end(EMVThemeDownLoadError result)
         if (isCancelled())
             m_failure = STransferFailure(); // a cancelled download reports no cause
     }
-    m_use.reset(); // a receiver of the signal may load the catalogue
+    // A receiver of the signal may load the catalogue, so nothing of it is touched afterwards.
+    m_taken.reset();
+    m_use.reset();
     m_bEnded = true;
     emit sigDownloadFinish(result);
     return Step::Ended;
@@ -170,19 +172,26 @@ MVThemeDownLoader::Step MVThemeDownLoader::simulateFirstPhase()
 MVThemeDownLoader::Step MVThemeDownLoader::fetchThemeConfig()
 {
     SFileInfo& info = m_pItem->m_info_CfgXML;
-    Step step = Step::Continue;
-    for (;;) {
-        if (const FileRecord::Taken taken = FileRecord(info).take()) {
-            step = transferThemeConfig(info);
-            break;
-        }
+    while (!take(info)) {
         if (stopIfCancelled(pointBeforeConfig))
             return Step::Ended;
         DownloadPacing::pause(m_bWillCancel);
     }
+    const Step step = transferThemeConfig(info);
+    m_taken.reset();
     if (step == Step::Ended || stopIfCancelled(pointAfterConfig))
         return Step::Ended;
     return Step::Continue;
+}
+
+/// Claims a file for this download, unless another one has it.
+bool MVThemeDownLoader::take(SFileInfo& info)
+{
+    FileRecord::Taken taken = FileRecord(info).take();
+    if (!taken)
+        return false;
+    m_taken.emplace(std::move(taken));
+    return true;
 }
 
 MVThemeDownLoader::Step MVThemeDownLoader::transferThemeConfig(const SFileInfo& info)

@@ -90,13 +90,14 @@ private:
 
     bool needsConfig();
     Step fetchThemeConfig();
+    bool take(SFileInfo& info);
     Step transferThemeConfig(const SFileInfo& info);
     Step configFailed(const QString& url, const QString& file);
     Step takeConfig(const QString& url, const QString& file);
     Step simulateFirstPhase();
     Step fetchFiles(bool& anyFailed);
     Step waitForOther(SFileInfo& info);
-    bool fetchFile(const SFileInfo& info, FileRecord::Taken& taken);
+    bool fetchFile(const SFileInfo& info);
     bool transferFile(const QString& url, const QString& file);
     void passOn(const QString& file) const;
     bool checkPlaces(const QString& url, const QString& file);
@@ -123,8 +124,9 @@ private:
 
     STransferFailure m_failure;
     EMVThemeDownLoadError m_eEnd = eDownLoadError_None;
-    mutable QMutex m_mutexCurrent;     // guards m_strUrl, m_strFile, m_failure, m_eEnd
-    std::optional<CatalogueUse> m_use; // from download() to the end signal
-    bool m_bReplacesConfig = false;    // the config file exists but is unusable
-    std::atomic<bool> m_bEnded{false}; // the end signal of this download has been sent
+    mutable QMutex m_mutexCurrent;            // guards m_strUrl, m_strFile, m_failure, m_eEnd
+    std::optional<CatalogueUse> m_use;        // from download() to the end signal
+    std::optional<FileRecord::Taken> m_taken; // the file being fetched; given back before the end
+    bool m_bReplacesConfig = false;           // the config file exists but is unusable
+    std::atomic<bool> m_bEnded{false};        // the end signal of this download has been sent
 };

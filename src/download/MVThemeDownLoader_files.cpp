@@ -90,9 +90,8 @@ MVThemeDownLoader::Step MVThemeDownLoader::fetchFiles(bool& anyFailed)
         }
         m_nIndex = i;
         SFileInfo& info = *m_vecFiles.at(i);
-        FileRecord::Taken taken = FileRecord(info).take();
-        if (taken)
-            anyFailed = !fetchFile(info, taken) || anyFailed;
+        if (take(info))
+            anyFailed = !fetchFile(info) || anyFailed;
         else
             step = waitForOther(info);
     }
@@ -102,7 +101,7 @@ MVThemeDownLoader::Step MVThemeDownLoader::fetchFiles(bool& anyFailed)
 }
 
 /// Fetches a file that this thread has taken, and releases it before logging that.
-bool MVThemeDownLoader::fetchFile(const SFileInfo& info, FileRecord::Taken& taken)
+bool MVThemeDownLoader::fetchFile(const SFileInfo& info)
 {
     const FileView record(info);
     const QString file = record.file();
@@ -114,10 +113,12 @@ bool MVThemeDownLoader::fetchFile(const SFileInfo& info, FileRecord::Taken& take
         AppOptions::instance()->ensureDirExists(QFileInfo(file).path());
     LogL("MVThemeDownLoader", 1, "start download template, i = %d, m_strUrl = %s, m_strFile = %s",
          m_nIndex, url.toUtf8().constData(), file.toUtf8().constData());
-    if (!checkPlaces(url, file))
+    if (!checkPlaces(url, file)) {
+        m_taken.reset();
         return false;
+    }
     const bool ok = transferFile(url, file);
-    taken.release();
+    m_taken.reset();
     logTurn(QStringLiteral("thread id = [%1], index = [%2], download file = [%3], end Download!"),
             m_nIndex, file);
     return ok;

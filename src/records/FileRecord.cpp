@@ -23,16 +23,10 @@ FileRecord::Taken::Taken(Taken&& other) noexcept
 
 FileRecord::Taken::~Taken()
 {
-    release();
-}
-
-void FileRecord::Taken::release()
-{
     if (!m_info)
         return;
     const QMutexLocker lock(m_info->m_pMutex.get());
     m_info->m_bDownloaded = false;
-    m_info = nullptr;
 }
 
 FileRecord::FileRecord(SFileInfo& info)

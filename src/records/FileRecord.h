@@ -18,8 +18,6 @@ public:
 
         /// Returns whether this object holds the file; if not, another thread does.
         explicit operator bool() const { return m_info != nullptr; }
-        /// Releases the file now.
-        void release();
 
     private:
         friend class FileRecord;

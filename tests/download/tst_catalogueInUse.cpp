@@ -2,6 +2,7 @@
 #include "catalogue/MVThemeMgr.h"
 #include "download/DownloadFixture.h"
 #include "download/HeldAnswer.h"
+#include "records/FileView.h"
 #include "support/LogCapture.h"
 #include "support/TestMain.h"
 
@@ -19,6 +20,7 @@ private slots:
     void refusesToMoveItems();
     void firstLoadIsRefusedAsWell();
     void obeysOnceTheEndIsTold();
+    void everythingIsGivenBackBeforeTheEndIsTold();
     void destroyedDownloaderLeavesNoUse();
 
 private:
@@ -116,6 +118,28 @@ void tst_catalogueInUse::obeysOnceTheEndIsTold()
     QVERIFY(isLoaded);
     QCOMPARE(CatalogueUse::count(), 0);
     QVERIFY(manager().tryClear());
+}
+
+/// The receiver of the end signal may load the catalogue while the thread does its last steps.
+void tst_catalogueInUse::everythingIsGivenBackBeforeTheEndIsTold()
+{
+    SCfg_Item theme = m_world->themeWithConfig();
+    m_world->route(QStringLiteral("/config/Themes/t.xml"), [](HttpExchange& exchange) {
+        exchange.answer(HttpAnswer(404).body("not here"));
+    });
+    MVThemeDownLoader downloader(nullptr);
+    bool isTaken = true;
+    int uses = -1;
+    connect(
+        &downloader, &MVThemeDownLoader::sigDownloadFinish, this,
+        [&] {
+            isTaken = FileView(theme.m_info_CfgXML).isTaken();
+            uses = CatalogueUse::count();
+        },
+        Qt::DirectConnection);
+    QVERIFY(DownloadWorld::run(downloader, theme));
+    QVERIFY(!isTaken);
+    QCOMPARE(uses, 0);
 }
 
 void tst_catalogueInUse::destroyedDownloaderLeavesNoUse()
