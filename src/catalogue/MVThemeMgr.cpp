@@ -111,7 +111,7 @@ bool MVThemeMgr::isInUse(const char* operation)
     const int uses = CatalogueUse::count();
     if (uses == 0)
         return false;
-    LogL("MVThemeMgr", LogLevel::warning, "%s does nothing: %d downloads use the catalogue",
+    LogL("MVThemeMgr", LogLevel::warning, "%s does nothing: the catalogue is in use (%d)",
          operation, uses);
     return true;
 }

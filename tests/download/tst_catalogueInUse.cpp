@@ -59,10 +59,8 @@ void tst_catalogueInUse::refusesToMoveItems_data()
 {
     QTest::addColumn<bool>("clears");
     QTest::addColumn<QByteArray>("line");
-    QTest::newRow("load") << false
-                          << QByteArray("load does nothing: 1 downloads use the catalogue");
-    QTest::newRow("clear") << true
-                           << QByteArray("clear does nothing: 1 downloads use the catalogue");
+    QTest::newRow("load") << false << QByteArray("load does nothing: the catalogue is in use (1)");
+    QTest::newRow("clear") << true << QByteArray("clear does nothing: the catalogue is in use (1)");
 }
 
 void tst_catalogueInUse::refusesToMoveItems()
@@ -97,7 +95,7 @@ void tst_catalogueInUse::firstLoadIsRefusedAsWell()
     const CatalogueUse use;
     const LogCapture log;
     manager().load(false);
-    QCOMPARE(log.texts(), QByteArrayList{"load does nothing: 1 downloads use the catalogue"});
+    QCOMPARE(log.texts(), QByteArrayList{"load does nothing: the catalogue is in use (1)"});
 }
 
 /// A host loads the catalogue in the slot connected to the end signal.

@@ -33,8 +33,8 @@ class ScriptRun : public QObject
     Q_OBJECT
 
 public:
-    /// Without a script it does nothing, or takes one picture if a folder is given. An empty name
-    /// stands for none.
+    /// Without a script it does nothing, or takes one picture if a folder is given. Empty names
+    /// mean no script and no pictures.
     ScriptRun(MainWindow& window, const CatalogueUpdate& check, const QString& scriptFile,
               const QString& pictureFolder);
 

@@ -47,7 +47,7 @@ void reportMissing(LintContext& context, const DisplayCatalogue& display,
 
 void compare(LintContext& context, const DisplayCatalogue& first, const DisplayCatalogue& other)
 {
-    const QString advice = QStringLiteral("editions differ in names only; build the tree anew");
+    const QString advice = QStringLiteral("editions differ in names only; rebuild the tree");
     const Entries known = entriesOf(first);
     reportMissing(context, first, other, advice);
     reportMissing(context, other, first, advice);

@@ -25,7 +25,7 @@ void checkContent(LintContext& context, const QString& file, const QString& item
         && !Archive::isWhole(context.tree().absolute(file), &error))
         context.report("archive", file, 0, item,
                        QStringLiteral("is not a complete archive: ") + error,
-                       QStringLiteral("pack it anew"));
+                       QStringLiteral("repack it"));
 }
 
 /// Returns the path of a built-in item's definition, which need not exist.

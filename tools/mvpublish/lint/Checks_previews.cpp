@@ -30,7 +30,7 @@ void checkPicture(LintContext& context, const QString& file, const QString& item
     if (!verdict.broken.isEmpty())
         context.report("picture", file, 0, item,
                        QStringLiteral("cannot be shown: ") + verdict.broken,
-                       QStringLiteral("write the picture anew"));
+                       QStringLiteral("recreate the picture"));
     else if (!verdict.oddSize.isEmpty())
         context.report("picture-size", file, 0, item, verdict.oddSize,
                        QStringLiteral("previews are 16 to 9; 320x180 for a thumbnail and 192x108 "

@@ -11,7 +11,7 @@
 
 namespace {
 
-const QString rebuild = QStringLiteral("build the tree anew");
+const QString rebuild = QStringLiteral("rebuild the tree");
 
 void checkSum(LintContext& context, const PublishedVersion& version, const QString& announced,
               const QString& catalogue)

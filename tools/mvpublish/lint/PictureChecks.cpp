@@ -12,7 +12,7 @@ bool isPicture(LintContext& context, const QString& file, const QString& item)
     // Several entries may name it.
     if (!fault.isEmpty() && context.isFirstLook(file + QStringLiteral("\nformat")))
         context.report("picture", file, 0, item, fault,
-                       QStringLiteral("write the picture anew, or give it the suffix of its "
+                       QStringLiteral("recreate the picture, or give it the suffix of its "
                                       "format"));
     return fault.isEmpty();
 }
