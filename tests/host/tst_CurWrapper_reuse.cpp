@@ -20,6 +20,7 @@ const Failure failures[] = {
     {"short body", 3, "/short"},
     {"cut chunks", 3, "/chunks"},
     {"no length", 3, "/endless"},
+    {"cut header", 3, "/header"},
     {"stall", 3, "/stall"},
     {"not found", 4, "/missing"},
     {"large error page", 4, "/page"},
@@ -48,6 +49,8 @@ void failAsAsked(HttpExchange& exchange)
         exchange.answer(HttpAnswer(chunks).bareBody(HttpAnswer::chunk("beginning")));
     else if (path == "/endless")
         exchange.answer(HttpAnswer(200).bareBody("some bytes"));
+    else if (path == "/header")
+        exchange.send("HTTP/1.1 200 OK\r\nContent-Length: 5");
     else if (path == "/missing")
         exchange.answer(HttpAnswer(404).body("no such file"));
     else if (path == "/page")
@@ -68,7 +71,7 @@ void failAsAsked(HttpExchange& exchange)
         exchange.reset();
     else if (path == "/stall")
         exchange.stall();
-    else if (path == "/short" || path == "/chunks" || path == "/endless")
+    else if (path == "/short" || path == "/chunks" || path == "/endless" || path == "/header")
         exchange.close();
 }
 

@@ -105,6 +105,11 @@ void TestCurWrapperVersions::neverMixesVersions_data()
                                     .field("ETag", tag)
                                     .field("Content-Range", contentRange(half, "999", 998))
                                     .body(after.left(599));
+    QTest::newRow("a total of one byte") << byTag
+                                         << HttpAnswer(206)
+                                                .field("ETag", tag)
+                                                .field("Content-Range", contentRange(half, "1"))
+                                                .body(after);
     QTest::newRow("another start") << byTag
                                    << HttpAnswer(206)
                                           .field("ETag", tag)

@@ -42,6 +42,7 @@ private slots:
     void mouseHidesTheOutline();
     void tabLeavesTheListAtOnce();
     void rowsHaveNames();
+    void onlyRowHasItsName();
     void buttonsHaveNames();
     void hoverCanBeKeptFromPlaying();
     void newMetricsResizeTheCells();
@@ -326,6 +327,19 @@ void tst_mvThemelistview_keyboard::rowsHaveNames()
     QCoreApplication::processEvents();
     QCOMPARE(spokenRow(12), MVThemeItemSubwdgt_Preview::tr("More>>"));
     QVERIFY(spokenRow(12) != QLatin1String("More>>"));
+}
+
+void tst_mvThemelistview_keyboard::onlyRowHasItsName()
+{
+    m_list.reset();
+    m_world.reset();
+    m_world = std::make_unique<BrowserWorld>();
+    BrowserWorld::setParam("url_slidershow", QStringLiteral("https://example.com/"));
+    m_world->load();
+    m_list = std::make_unique<ListWindow>(UIItem_Themes);
+    m_list->fill();
+    QCOMPARE(m_list->rows()->rowCount(), 1);
+    QCOMPARE(spokenRow(0), QStringLiteral("More>>"));
 }
 
 void tst_mvThemelistview_keyboard::buttonsHaveNames()
