@@ -3,38 +3,31 @@
 #include "host/HostSettings.h"
 #include "host/PartFile.h"
 
-#include <algorithm>
 #include <chrono>
+#include <utility>
 
 namespace {
 
-using namespace std::chrono;
-using Clock = steady_clock;
-
-constexpr int tickMs = 50; // a cancel is noticed within two ticks
 /// Below the size at which the allocator returns memory to the system after every request.
 constexpr long receiveBuffer = 64 * 1024;
 /// An error page up to this size is read to its end, so that the connection can be reused.
 constexpr qint64 maxDiscardBytes = 64 * 1024;
 
-void initialiseLibrary()
-{
-    static const CURLcode once = curl_global_init(CURL_GLOBAL_DEFAULT);
-    Q_UNUSED(once)
-}
-
 } // namespace
 
-HttpTransfer::HttpTransfer()
+HttpTransfer::HttpTransfer(CURLM* connections, Version version)
+    : m_connections(connections)
+    , m_version(version)
 {
-    initialiseLibrary();
-    m_multi.reset(curl_multi_init());
 }
 
-HttpTransfer::~HttpTransfer() = default;
+HttpTransfer::~HttpTransfer()
+{
+    if (m_file)
+        curl_multi_remove_handle(m_connections, m_easy.get());
+}
 
-HttpTransfer::End HttpTransfer::perform(const Request& request, PartFile& file,
-                                        const KeepGoing& keepGoing)
+void HttpTransfer::begin(const Request& request, PartFile& file, void* owner)
 {
     m_request = request;
     m_file = &file;
@@ -48,18 +41,47 @@ HttpTransfer::End HttpTransfer::perform(const Request& request, PartFile& file,
     m_curlError[0] = '\0';
     m_stall.restart();
 
-    configure(request);
-    curl_multi_add_handle(m_multi.get(), m_easy.get());
-    const CURLcode code = transfer(keepGoing);
-    curl_multi_remove_handle(m_multi.get(), m_easy.get());
-    m_file = nullptr;
+    configure(request, owner);
+    curl_multi_add_handle(m_connections, m_easy.get());
+}
+
+HttpTransfer::End HttpTransfer::end(CURLcode code)
+{
+    noteConnection();
+    curl_multi_remove_handle(m_connections, m_easy.get());
+    const PartFile& file = *std::exchange(m_file, nullptr);
     return judge(code, file);
+}
+
+qint64 HttpTransfer::received() const
+{
+    return m_file ? m_file->size() : 0;
+}
+
+/// Until it is established, a connection has its own limit, which libcurl enforces.
+bool HttpTransfer::isStalled()
+{
+    noteConnection();
+    if (!m_connected)
+        m_stall.restart();
+    const QString fault = m_stall.fault(std::chrono::milliseconds(hostSettings().stallTimeoutMs));
+    if (fault.isEmpty())
+        return false;
+    refuse(End::Network, fault);
+    return true;
+}
+
+/// A cancel takes precedence over the answer.
+void HttpTransfer::refuseAsCancelled()
+{
+    m_refused = false;
+    refuse(End::Cancelled, QStringLiteral("cancelled"));
 }
 
 /// Creates the handle of one request. A reused handle would be unsafe: libcurl 7.88 treats a header
 /// line that begins with a blank as the continuation of the previous answer's last line, whose
-/// memory it has freed. The connections belong to m_multi and are kept.
-void HttpTransfer::prepare()
+/// memory it has freed. The connections belong to the multi handle and are kept.
+void HttpTransfer::prepare(void* owner)
 {
     m_easy.reset(curl_easy_init());
     const QByteArray proxy = hostSettings().proxy.toUtf8();
@@ -67,7 +89,10 @@ void HttpTransfer::prepare()
 
     CURL* easy = m_easy.get();
     curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, "http,https");
-    curl_easy_setopt(easy, CURLOPT_HTTP_VERSION, long{CURL_HTTP_VERSION_1_1});
+    const bool isMultiplexed = m_version == Version::Http2OverTls;
+    curl_easy_setopt(easy, CURLOPT_HTTP_VERSION,
+                     long{isMultiplexed ? CURL_HTTP_VERSION_2TLS : CURL_HTTP_VERSION_1_1});
+    curl_easy_setopt(easy, CURLOPT_PRIVATE, owner);
     curl_easy_setopt(easy, CURLOPT_FOLLOWLOCATION, 0L);
     curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
     curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L); // a cancel does not wait for name look-up
@@ -89,12 +114,15 @@ void HttpTransfer::prepare()
     }
 }
 
-void HttpTransfer::configure(const Request& request)
+void HttpTransfer::configure(const Request& request, void* owner)
 {
     const HostSettings& settings = hostSettings();
-    prepare();
+    prepare(owner);
     CURL* easy = m_easy.get();
     curl_easy_setopt(easy, CURLOPT_URL, request.url.constData());
+    // Otherwise requests that begin together would open a connection each.
+    const bool mayShare = m_version == Version::Http2OverTls && request.url.startsWith("https:");
+    curl_easy_setopt(easy, CURLOPT_PIPEWAIT, mayShare ? 1L : 0L);
     curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT_MS, long{settings.connectTimeoutMs});
     curl_slist* fields = curl_slist_append(nullptr, "Accept-Encoding: identity");
     QByteArray range;
@@ -103,42 +131,13 @@ void HttpTransfer::configure(const Request& request)
         if (!request.validator.isEmpty())
             fields = curl_slist_append(fields, "If-Range: " + request.validator);
     }
+    if (!request.known.m_etag.isEmpty())
+        fields = curl_slist_append(fields, "If-None-Match: " + request.known.m_etag);
+    if (!request.known.m_lastModified.isEmpty())
+        fields = curl_slist_append(fields, "If-Modified-Since: " + request.known.m_lastModified);
     curl_easy_setopt(easy, CURLOPT_RANGE, range.isEmpty() ? nullptr : range.constData());
     curl_easy_setopt(easy, CURLOPT_HTTPHEADER, fields);
     m_fields.reset(fields);
-}
-
-CURLcode HttpTransfer::transfer(const KeepGoing& keepGoing)
-{
-    const milliseconds limit(hostSettings().stallTimeoutMs);
-    for (;;) {
-        int running = 0;
-        curl_multi_perform(m_multi.get(), &running);
-        if (running == 0)
-            break;
-        if (!keepGoing(m_file->size(), announcedTotal())) {
-            m_refused = false; // a cancel takes precedence over the answer
-            refuse(End::Cancelled, QStringLiteral("cancelled"));
-            return CURLE_ABORTED_BY_CALLBACK;
-        }
-        // Until it is established, a connection has its own limit, which libcurl enforces.
-        noteConnection();
-        if (!m_connected)
-            m_stall.restart();
-        const QString fault = m_stall.fault(limit);
-        if (!fault.isEmpty()) {
-            refuse(End::Network, fault);
-            return CURLE_OPERATION_TIMEDOUT;
-        }
-        curl_multi_poll(m_multi.get(), nullptr, 0, tickMs, nullptr);
-    }
-    noteConnection();
-    int left = 0;
-    while (const CURLMsg* message = curl_multi_info_read(m_multi.get(), &left)) {
-        if (message->msg == CURLMSG_DONE)
-            return message->data.result;
-    }
-    return CURLE_FAILED_INIT;
 }
 
 void HttpTransfer::noteConnection()
@@ -152,6 +151,7 @@ EFailureCause HttpTransfer::causeOf(End end) const
 {
     switch (end) {
     case End::Complete:
+    case End::NotModified:
         return eFailure_None;
     case End::BadUrl:
     case End::Redirect:
@@ -193,6 +193,8 @@ HttpTransfer::End HttpTransfer::judge(CURLcode code, const PartFile& file)
     case CURLE_RECV_ERROR:
     case CURLE_SEND_ERROR:
     case CURLE_GOT_NOTHING:
+    case CURLE_HTTP2:
+    case CURLE_HTTP2_STREAM:
         return End::Broken;
     default:
         return End::Network;
@@ -245,7 +247,7 @@ bool HttpTransfer::acceptStatus()
             return refuse(End::Network,
                           QStringLiteral("the server announces two different lengths"));
         }
-        if (m_head.contentLength < 0 && !m_head.chunked) {
+        if (m_head.contentLength < 0 && !m_head.chunked && !m_head.framed) {
             return refuse(End::Network,
                           QStringLiteral("the server announces neither a length nor chunks, so a "
                                          "whole file cannot be told from a broken one"));
@@ -253,6 +255,8 @@ bool HttpTransfer::acceptStatus()
         return true;
     }
     m_discarding = true;
+    if (m_head.status == 304 && !m_request.known.isEmpty())
+        return refuse(End::NotModified, QStringLiteral("not modified"));
     if (m_head.status == 416 && asked)
         return refuse(End::StaleRange, QStringLiteral("the server no longer has that part"));
     if (m_head.isRedirect() && !m_head.location.isEmpty())
@@ -332,25 +336,6 @@ qint64 HttpTransfer::announcedTotal() const
         return 0;
     return m_head.status == 206 ? m_request.rangeStart + m_head.contentLength
                                 : m_head.contentLength;
-}
-
-bool HttpTransfer::pause(int milliseconds, const std::function<bool()>& keepGoing)
-{
-    const Clock::time_point end = Clock::now() + std::chrono::milliseconds(milliseconds);
-    for (;;) {
-        if (!keepGoing())
-            return false;
-        const auto left = duration_cast<std::chrono::milliseconds>(end - Clock::now()).count();
-        if (left <= 0)
-            return true;
-        curl_multi_poll(m_multi.get(), nullptr, 0,
-                        static_cast<int>(std::min<decltype(left)>(left, tickMs)), nullptr);
-    }
-}
-
-void HttpTransfer::wake()
-{
-    curl_multi_wakeup(m_multi.get());
 }
 
 std::size_t HttpTransfer::onHeader(char* data, std::size_t size, std::size_t count, void* self)

@@ -3,35 +3,36 @@
 #include "host/ResponseHead.h"
 #include "host/StallWatch.h"
 #include "host/STransferFailure.h"
+#include "host/SValidators.h"
 
 #include <QDateTime>
 #include <QString>
 
-#include <functional>
 #include <memory>
 
 #include <curl/curl.h>
 
 class PartFile;
 
-/// One HTTP request into a PartFile, and the connection that the next request reuses.
+/// One HTTP request after the other into a PartFile, on connections that belong to a multi handle.
 ///
-/// It follows no redirects and retries nothing: CurWrapper decides on both. Internal to the
-/// library. All functions except wake() belong to the thread that calls perform().
+/// It follows no redirects and retries nothing: FileTransfer decides on both. Internal to the
+/// library; the thread that works on the multi handle makes all calls.
 class HttpTransfer
 {
 public:
     enum class End {
-        Complete,   ///< the whole body is in the file
-        Redirect,   ///< the answer redirects: head().location
-        Status,     ///< an answer whose status or coding is not acceptable
-        Broken,     ///< the connection was established and broke before the body was complete
-        Network,    ///< no usable connection, or silence for too long
-        BadUrl,     ///< libcurl does not understand the address
-        LocalFile,  ///< the file could not be written
-        TooLarge,   ///< more bytes than allowed
-        StaleRange, ///< the requested rest does not fit the present part: start over
-        Cancelled,  ///< keepGoing returned false
+        Complete,    ///< the whole body is in the file
+        NotModified, ///< the server's version has one of Request::known
+        Redirect,    ///< the answer redirects: head().location
+        Status,      ///< an answer whose status or coding is not acceptable
+        Broken,      ///< the connection was established and broke before the body was complete
+        Network,     ///< no usable connection, or silence for too long
+        BadUrl,      ///< libcurl does not understand the address
+        LocalFile,   ///< the file could not be written
+        TooLarge,    ///< more bytes than allowed
+        StaleRange,  ///< the requested rest does not fit the present part: start over
+        Cancelled,   ///< keepGoing returned false
     };
 
     struct Request
@@ -41,23 +42,36 @@ public:
         QByteArray validator;  ///< for a range: the rest only if it is still this version
         qint64 rangeTotal = 0; ///< the total of the whole, 0 if unknown
         QDateTime notAfter;    ///< without a validator: the rest only if unchanged since then
+        SValidators known;     ///< unless empty: the body only if the server has another version
     };
 
-    /// Called at least every 50 ms, and whenever bytes have arrived; false ends the request.
-    /// `total` is 0 while unknown.
-    using KeepGoing = std::function<bool(qint64 received, qint64 total)>;
+    /// The protocol that a request may use.
+    enum class Version {
+        Http11,       ///< HTTP/1.1
+        Http2OverTls, ///< HTTP/2, multiplexed on one connection, where an https server offers it
+    };
 
-    HttpTransfer();
+    /// `connections` is a multi handle, which must outlive this object.
+    HttpTransfer(CURLM* connections, Version version);
+    /// Ends a request in progress.
     ~HttpTransfer();
     Q_DISABLE_COPY_MOVE(HttpTransfer)
 
-    End perform(const Request& request, PartFile& file, const KeepGoing& keepGoing);
+    /// Adds a request to the multi handle. `file` is the caller's and must exist until end(). The
+    /// easy handle's private pointer (CURLOPT_PRIVATE) is `owner`.
+    void begin(const Request& request, PartFile& file, void* owner);
 
-    /// Waits while calling keepGoing(0, 0); returns false as soon as that does.
-    bool pause(int milliseconds, const std::function<bool()>& keepGoing);
+    /// Returns whether the server has been too slow; the request then has to be ended.
+    bool isStalled();
+    /// Records that the request is being cancelled; it then has to be ended.
+    void refuseAsCancelled();
 
-    /// Ends the waiting of perform() or pause() early. Any thread.
-    void wake();
+    /// Removes the request from the multi handle and returns how it ended. `code` is libcurl's
+    /// result, ignored if the request was refused for another reason.
+    End end(CURLcode code);
+
+    /// Returns the bytes of the whole file that have been received so far.
+    qint64 received() const;
 
     const ResponseHead& head() const { return m_head; }
     /// Returns the size of the whole file as announced by the last answer, 0 if it was not.
@@ -68,9 +82,8 @@ public:
     EFailureCause causeOf(End end) const;
 
 private:
-    void prepare();
-    void configure(const Request& request);
-    CURLcode transfer(const KeepGoing& keepGoing);
+    void prepare(void* owner);
+    void configure(const Request& request, void* owner);
     void noteConnection();
     End judge(CURLcode code, const PartFile& file);
     bool headerEnded();
@@ -86,10 +99,6 @@ private:
     static std::size_t onHeader(char* data, std::size_t size, std::size_t count, void* self);
     static std::size_t onBody(char* data, std::size_t size, std::size_t count, void* self);
 
-    struct FreeMulti
-    {
-        void operator()(CURLM* handle) const { curl_multi_cleanup(handle); }
-    };
     struct FreeEasy
     {
         void operator()(CURL* handle) const { curl_easy_cleanup(handle); }
@@ -99,12 +108,13 @@ private:
         void operator()(curl_slist* list) const { curl_slist_free_all(list); }
     };
 
-    std::unique_ptr<CURLM, FreeMulti> m_multi; // owns the connections; outlives m_easy
-    std::unique_ptr<CURL, FreeEasy> m_easy;    // of the current or last request
+    CURLM* m_connections; // not owned
+    Version m_version;
+    std::unique_ptr<CURL, FreeEasy> m_easy; // of the current or last request
     std::unique_ptr<curl_slist, FreeList> m_fields;
     char m_curlError[CURL_ERROR_SIZE] = {};
 
-    PartFile* m_file = nullptr; // the caller's, while perform() runs
+    PartFile* m_file = nullptr; // the caller's, from begin() to end()
     Request m_request;
     ResponseHead m_head;
     bool m_connected = false;  // a connection was established

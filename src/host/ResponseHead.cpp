@@ -34,6 +34,7 @@ void ResponseHead::addLine(const QByteArray& line)
     if (line.startsWith("HTTP/")) {
         *this = ResponseHead();
         status = statusOf(line);
+        framed = !line.startsWith("HTTP/1") && !line.startsWith("HTTP/0");
         return;
     }
     const int colon = line.indexOf(':');

@@ -16,6 +16,7 @@ public:
 
     int status = 0;
     qint64 contentLength = -1;          ///< announced bytes of the body, -1 if not announced
+    bool framed = false;                ///< HTTP/2 or later, so the end of the body is known
     bool hasTwoLengths = false;         ///< several fields announce different lengths
     bool chunked = false;               ///< the body is chunked, so its end is known
     bool strangeTransferCoding = false; ///< has a transfer coding other than chunked

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "host/HttpTransfer.h"
+#include "host/PartFile.h"
+#include "host/TransferPool.h"
+
+#include <QUrl>
+
+#include <chrono>
+
+/// One download of TransferPool: the requests, redirects, retries and pauses that bring one file.
+/// Internal to the library; the pool's thread only.
+class FileTransfer
+{
+public:
+    FileTransfer(CURLM* connections, HttpTransfer::Version version, TransferPool::Job job);
+    Q_DISABLE_COPY_MOVE(FileTransfer)
+
+    /// Opens the temporary file and begins the first request. It may end at once.
+    void begin();
+    /// Continues after libcurl has reported the end of the request.
+    void requestEnded(CURLcode code);
+    /// Asks the job whether to continue, and looks at time limits. `isCancelled`: it does not
+    /// continue.
+    void tick(bool isCancelled);
+
+    bool hasEnded() const { return m_state == State::Ended; }
+    /// Returns the time left of a pause before a retry; `longest` while a request is running.
+    std::chrono::milliseconds pauseLeft(std::chrono::milliseconds longest) const;
+    /// Calls the job back; once, after the end.
+    void report() const;
+
+private:
+    using Clock = std::chrono::steady_clock;
+    enum class State { New, Requesting, Pausing, Ended };
+
+    bool openTarget();
+    bool copyBeginning();
+    void beginRequest();
+    void follow(HttpTransfer::End end);
+    QString redirect();
+    void continuePaused();
+    void store();
+    bool isPageWanted() const;
+    void rememberVersion();
+    void beginAgain();
+    bool isTransient(HttpTransfer::End end) const;
+    std::chrono::milliseconds pauseBefore(int retry) const;
+    bool keepGoing(qint64 received, qint64 total);
+    void succeed();
+    void failAt(HttpTransfer::End end);
+    void failAtFile();
+    void failAsCancelled();
+    void fail(ETransferResult code, EFailureCause cause, const QString& reason);
+
+    TransferPool::Job m_job;
+    State m_state = State::New;
+    STransferOutcome m_outcome;
+    PartFile m_file;
+    HttpTransfer m_transfer; // after m_file, into which it writes
+    HttpTransfer::Request m_request;
+    QUrl m_url;     // the job's
+    QUrl m_current; // of the request: m_url or where it redirects to
+    int m_redirects = 0;
+    int m_retries = 0;
+    qint64 m_received = 0;
+    Clock::time_point m_pauseEnd;
+    Clock::time_point m_nextCallback;
+};

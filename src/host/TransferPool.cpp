@@ -1,0 +1,181 @@
+#include "host/TransferPool.h"
+
+#include "host/FileTransfer.h"
+
+#include <QFileInfo>
+#include <QSet>
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <deque>
+#include <utility>
+#include <vector>
+
+using std::chrono::milliseconds;
+
+namespace {
+
+constexpr milliseconds tick(50); // a cancel is noticed within two ticks
+
+struct FreeMulti
+{
+    void operator()(CURLM* handle) const { curl_multi_cleanup(handle); }
+};
+
+CURLM* createConnections(int maxTransfers)
+{
+    static const CURLcode once = curl_global_init(CURL_GLOBAL_DEFAULT);
+    Q_UNUSED(once)
+    CURLM* const connections = curl_multi_init();
+    curl_multi_setopt(connections, CURLMOPT_MAX_HOST_CONNECTIONS, long{maxTransfers});
+    return connections;
+}
+
+} // namespace
+
+class TransferPool::Private
+{
+public:
+    Private(int maxTransfers, CancelToken token)
+        : max(static_cast<std::size_t>(std::max(maxTransfers, 1)))
+        , cancelToken(std::move(token))
+        , connections(createConnections(static_cast<int>(max)))
+    {
+    }
+
+    void begin(Job job);
+    bool work();
+    void wait() const;
+
+    const std::size_t max;
+    const CancelToken cancelToken;
+    std::atomic<bool> isCancelled{false};          // by cancel(), until the pool is idle
+    std::unique_ptr<CURLM, FreeMulti> connections; // outlives the transfers
+    std::vector<std::unique_ptr<FileTransfer>> running;
+    std::deque<Job> waiting;
+
+private:
+    void removeLeftoversBeside(const QString& file);
+    bool isOver() const { return isCancelled || cancelToken.isCancelled(); }
+    void takeMessages();
+    void tickAll();
+    std::vector<std::unique_ptr<FileTransfer>> takeEnded();
+
+    QSet<QString> m_sweptFolders; // already searched for the remains of a kill
+};
+
+void TransferPool::Private::begin(Job job)
+{
+    removeLeftoversBeside(job.file);
+    const auto version =
+        max > 1 ? HttpTransfer::Version::Http2OverTls : HttpTransfer::Version::Http11;
+    running.push_back(std::make_unique<FileTransfer>(connections.get(), version, std::move(job)));
+    running.back()->begin();
+}
+
+void TransferPool::Private::removeLeftoversBeside(const QString& file)
+{
+    const QString folder = QFileInfo(file).path();
+    if (m_sweptFolders.contains(folder))
+        return;
+    m_sweptFolders.insert(folder);
+    PartFile::removeLeftovers(folder);
+}
+
+/// Returns whether a transfer has ended and been reported.
+bool TransferPool::Private::work()
+{
+    if (isOver()) // no request of theirs is to be sent
+        tickAll();
+    int unfinished = 0;
+    curl_multi_perform(connections.get(), &unfinished);
+    takeMessages();
+    tickAll();
+    const std::vector<std::unique_ptr<FileTransfer>> ended = takeEnded();
+    for (const auto& transfer : ended)
+        transfer->report();
+    while (running.size() < max && !waiting.empty()) {
+        Job job = std::move(waiting.front());
+        waiting.pop_front();
+        begin(std::move(job));
+    }
+    return !ended.empty();
+}
+
+void TransferPool::Private::takeMessages()
+{
+    int left = 0;
+    while (const CURLMsg* message = curl_multi_info_read(connections.get(), &left)) {
+        if (message->msg != CURLMSG_DONE)
+            continue;
+        // The message is gone as soon as its request is removed.
+        const CURLcode code = message->data.result;
+        char* owner = nullptr;
+        curl_easy_getinfo(message->easy_handle, CURLINFO_PRIVATE, &owner);
+        reinterpret_cast<FileTransfer*>(owner)->requestEnded(code);
+    }
+}
+
+void TransferPool::Private::tickAll()
+{
+    for (const auto& transfer : running)
+        transfer->tick(isOver());
+}
+
+std::vector<std::unique_ptr<FileTransfer>> TransferPool::Private::takeEnded()
+{
+    const auto firstEnded = std::stable_partition(
+        running.begin(), running.end(), [](const auto& transfer) { return !transfer->hasEnded(); });
+    std::vector<std::unique_ptr<FileTransfer>> ended(std::make_move_iterator(firstEnded),
+                                                     std::make_move_iterator(running.end()));
+    running.erase(firstEnded, running.end());
+    return ended;
+}
+
+void TransferPool::Private::wait() const
+{
+    milliseconds time = tick;
+    for (const auto& transfer : running)
+        time = transfer->pauseLeft(time);
+    curl_multi_poll(connections.get(), nullptr, 0, static_cast<int>(time.count()), nullptr);
+}
+
+TransferPool::TransferPool(int maxTransfers, CancelToken cancel)
+    : d(std::make_unique<Private>(maxTransfers, std::move(cancel)))
+{
+}
+
+TransferPool::~TransferPool() = default;
+
+void TransferPool::start(Job job)
+{
+    if (!isBusy())
+        d->isCancelled = false;
+    if (hasRoom())
+        d->begin(std::move(job));
+    else
+        d->waiting.push_back(std::move(job));
+}
+
+bool TransferPool::hasRoom() const
+{
+    return d->running.size() < d->max;
+}
+
+bool TransferPool::isBusy() const
+{
+    return !d->running.empty() || !d->waiting.empty();
+}
+
+void TransferPool::step()
+{
+    if (isBusy() && !d->work())
+        d->wait();
+}
+
+void TransferPool::cancel()
+{
+    d->isCancelled = true;
+    curl_multi_wakeup(d->connections.get());
+}

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "host/CancelToken.h"
+#include "host/MvHostExport.h"
+#include "host/STransferOutcome.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+/// Downloads several files side by side, on the thread of its caller.
+///
+///     TransferPool pool(hostSettings().transfersSideBySide, token);
+///     for (const File& file : files)
+///         pool.start({file.url, file.path, false, {}, {}, [&](const auto& end) { note(file, end);
+///         }});
+///     while (pool.isBusy())
+///         pool.step();
+///
+/// Every transfer has the guarantees of CurWrapper: a temporary file that is renamed when it is
+/// complete, limits, retries and resumption. Transfers end in any order. Connections are kept open
+/// for later transfers; a server that offers HTTP/2 over TLS gets one connection that carries all
+/// transfers of a pool for more than one.
+///
+/// One object serves one thread; only cancel() may be called from another. No target may be fetched
+/// twice at a time. Limits, proxy and trusted authorities are read from hostSettings() at every
+/// transfer.
+class MVHOST_EXPORT TransferPool
+{
+public:
+    /// Reports the bytes received so far and the expected total, 0 while unknown; returns whether
+    /// to continue. Called at least ten times a second while the transfer runs, even while nothing
+    /// arrives, and once when all bytes have arrived.
+    using Progress = std::function<bool(qint64 received, qint64 total)>;
+    /// Takes the outcome of a transfer. It may start others.
+    using Ended = std::function<void(const STransferOutcome& outcome)>;
+
+    struct Job
+    {
+        QString url;
+        QString file;        ///< in a folder that exists
+        bool resume = false; ///< see CurWrapper::download()
+        SValidators known;   ///< unless empty: fetch only if the server has another version
+        Progress progress;   ///< may be empty
+        Ended ended;         ///< may be empty
+    };
+
+    /// Runs up to `maxTransfers` (at least 1) at a time. A cancelled token ends the running
+    /// transfers and those started later.
+    explicit TransferPool(int maxTransfers, CancelToken cancel = CancelToken());
+    /// Ends the running transfers without calling back.
+    ~TransferPool();
+    Q_DISABLE_COPY_MOVE(TransferPool)
+
+    /// Adds a transfer, which begins in this call if hasRoom(), otherwise when another one has
+    /// ended. All its callbacks are invoked by step().
+    void start(Job job);
+
+    /// Returns whether another transfer would begin at once.
+    bool hasRoom() const;
+    /// Returns whether a started transfer has not ended yet.
+    bool isBusy() const;
+
+    /// Works on the transfers: returns as soon as some have ended, after calling back, and at the
+    /// latest after 50 ms. Not to be called by a callback.
+    void step();
+
+    /// Ends all transfers started so far as cancelled, even stalled ones, with the next step(). Any
+    /// thread. Does nothing if none has been started.
+    void cancel();
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};
