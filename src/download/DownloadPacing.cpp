@@ -1,29 +1,39 @@
 #include "download/DownloadPacing.h"
 
 #include "host/CancelToken.h"
+#include "host/HostSettings.h"
 
 #include <algorithm>
 #include <atomic>
 
-namespace {
-
 using std::chrono::milliseconds;
 
-std::atomic<milliseconds::rep> stepMs{500};
+namespace {
+
+constexpr milliseconds::rep asSettings = -1;
+
+std::atomic<milliseconds::rep> ownStepMs{asSettings};
 
 } // namespace
 
 milliseconds DownloadPacing::step()
 {
-    return milliseconds(stepMs);
+    const milliseconds::rep own = ownStepMs;
+    return milliseconds(own == asSettings ? hostSettings().downloadStepMs : own);
 }
 
 void DownloadPacing::setStep(milliseconds step)
 {
-    stepMs = std::max<milliseconds::rep>(step.count(), 1);
+    ownStepMs = std::max(step, milliseconds(0)).count();
 }
 
 void DownloadPacing::pause(const CancelToken& cancel)
 {
     cancel.waitFor(step());
+}
+
+void DownloadPacing::waitForOther(const CancelToken& cancel)
+{
+    constexpr milliseconds minPause(10);
+    cancel.waitFor(std::max(step(), minPause));
 }

@@ -2,6 +2,7 @@
 
 #include "catalogue/MVThemeMgr.h"
 #include "download/DownloadPacing.h"
+#include "download/FileTurn.h"
 #include "host/HostSettings.h"
 #include "host/LogL.h"
 #include "records/FileRecord.h"
@@ -175,7 +176,7 @@ MVThemeDownLoader::Step MVThemeDownLoader::fetchThemeConfig()
     while (!take(info)) {
         if (stopIfCancelled(pointBeforeConfig))
             return Step::Ended;
-        DownloadPacing::pause(m_bWillCancel);
+        DownloadPacing::waitForOther(m_bWillCancel);
     }
     const Step step = transferThemeConfig(info);
     m_taken.reset();
@@ -205,8 +206,11 @@ MVThemeDownLoader::Step MVThemeDownLoader::transferThemeConfig(const SFileInfo& 
     LogL("MVThemeDownLoader", 1,
          "start download template(theme cfg xml), m_strUrl = %s, m_strFile = %s",
          urlText.constData(), fileText.constData());
-    if (!checkPlaces(url, file))
+    const STransferFailure fault = FileTurn::faultOf(url, file, &FileTurn::logNow);
+    if (fault.isFailure()) {
+        noteFailure(fault);
         return end(eDownLoadError_Path);
+    }
     if (stopIfCancelled(pointBeforeConfig))
         return Step::Ended;
 
@@ -253,34 +257,6 @@ MVThemeDownLoader::Step MVThemeDownLoader::takeConfig(const QString& url, const 
         {eFailure_Damaged, url, file,
          QStringLiteral("%1: cannot be read as a theme's config (local file %2)").arg(url, file)});
     return end(eDownLoadError_Unknown);
-}
-
-/// Returns false, and logs a line, if the address or the path is unusable. A path outside the
-/// download root counts as none.
-bool MVThemeDownLoader::checkPlaces(const QString& url, const QString& file)
-{
-    if (url.isEmpty()) {
-        LogL("MVThemeDownLoader", 1, "download file, but url is empty.");
-        noteFailure({eFailure_BadAddress, url, file,
-                     QStringLiteral("no address on the server for %1").arg(file)});
-        return false;
-    }
-    if (!MVThemeMgr::init()->isServerAddress(url)) {
-        LogL("MVThemeDownLoader", 1, "download file, but url is empty.");
-        noteFailure(
-            {eFailure_BadAddress, url, file,
-             QStringLiteral("%1 leads to another server than url_themeRootDir, which has to "
-                            "end with a slash")
-                 .arg(url)});
-        return false;
-    }
-    if (file.isEmpty() || !MVThemeMgr::init()->isDownloadPath(file)) {
-        LogL("MVThemeDownLoader", 1, "download file path is empty.");
-        noteFailure({eFailure_BadAddress, url, file,
-                     QStringLiteral("%1: no place below the download root (%2)").arg(url, file)});
-        return false;
-    }
-    return true;
 }
 
 bool MVThemeDownLoader::downloadProgressCallback(qint64 received, qint64 total, void* user)

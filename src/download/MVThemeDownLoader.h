@@ -18,6 +18,7 @@
 #include <optional>
 
 class CoreContext;
+class FileTurn;
 struct SCfg_Item;
 struct SFileInfo;
 
@@ -30,7 +31,8 @@ struct SFileInfo;
 ///
 /// The item and its file records belong to the catalogue (MVThemeMgr), which refuses to be loaded
 /// or cleared before the end. Downloads that need the same file share the work: the record's mutex
-/// decides which one fetches it, and the others wait. Nothing is written outside the download root.
+/// decides which one fetches it, and the others wait. HostSettings::transfersSideBySide decides how
+/// many of an item's files are fetched at a time. Nothing is written outside the download root.
 ///
 /// The constructor, download(), cancel(), the accessors and the destructor are called on one
 /// thread, usually the GUI's.
@@ -96,11 +98,11 @@ private:
     Step takeConfig(const QString& url, const QString& file);
     Step simulateFirstPhase();
     Step fetchFiles(bool& anyFailed);
-    Step waitForOther(SFileInfo& info);
-    bool fetchFile(const SFileInfo& info);
-    bool transferFile(const QString& url, const QString& file);
-    void passOn(const QString& file) const;
-    bool checkPlaces(const QString& url, const QString& file);
+    Step fetchInOrder(bool& anyFailed);
+    Step fetchSideBySide(bool& anyFailed);
+    Step waitForOther(const FileTurn& turn);
+    bool fetchFile(FileTurn& turn);
+    static CBasePtr<CoreContext> coreContext();
     bool stopIfCancelled(int point);
     Step end(EMVThemeDownLoadError result);
     void setCurrent(const QString& url, const QString& file);
@@ -126,7 +128,7 @@ private:
     EMVThemeDownLoadError m_eEnd = eDownLoadError_None;
     mutable QMutex m_mutexCurrent;            // guards m_strUrl, m_strFile, m_failure, m_eEnd
     std::optional<CatalogueUse> m_use;        // from download() to the end signal
-    std::optional<FileRecord::Taken> m_taken; // the file being fetched; given back before the end
+    std::optional<FileRecord::Taken> m_taken; // the theme's config; given back before the end
     bool m_bReplacesConfig = false;           // the config file exists but is unusable
     std::atomic<bool> m_bEnded{false};        // the end signal of this download has been sent
 };

@@ -1,18 +1,14 @@
-// MVThemeDownLoader: the second phase, one file after the other.
+// MVThemeDownLoader: the second phase, the item's files.
 
 #include "download/MVThemeDownLoader.h"
 
 #include "catalogue/MVThemeMgr.h"
 #include "download/DownloadPacing.h"
-#include "host/AppOptions.h"
+#include "download/FileTurn.h"
+#include "download/SideBySideFiles.h"
 #include "host/CoreContext.h"
 #include "host/HostSettings.h"
-#include "host/LogL.h"
-#include "host/VString.h"
 #include "records/FileRecord.h"
-
-#include <QFile>
-#include <QFileInfo>
 
 #include <mutex>
 
@@ -26,24 +22,6 @@ constexpr double secondPhase = 90.0;
 
 std::mutex contextMutex; // guards MVThemeDownLoader::m_pqdCoreContext
 
-/// Logs a line about a file's turn; the thread's number is always given as 0.
-void logTurn(const QString& form, int index, const QString& file)
-{
-    const QString text = form.arg(QString::number(0), QString::number(index), file);
-    LogL("MVThemeDownLoader", 1, "%s", text.toUtf8().constData());
-}
-
-/// Creates the folder named after the definition or archive beside it, for its unpacked content.
-void ensureFolderBeside(const QString& file)
-{
-    const QFileInfo info(file);
-    const QString baseName = info.completeBaseName();
-    const QString folder = info.path() + QLatin1Char('/') + baseName;
-    // For a file without a suffix, the folder would take the file's own name.
-    if (baseName != info.fileName() && MVThemeMgr::init()->isDownloadPath(folder))
-        AppOptions::instance()->ensureDirExists(folder);
-}
-
 } // namespace
 
 CBasePtr<CoreContext> MVThemeDownLoader::m_pqdCoreContext;
@@ -52,6 +30,12 @@ void MVThemeDownLoader::setCoreContextPtr(CBasePtr<CoreContext> context)
 {
     const std::lock_guard<std::mutex> lock(contextMutex);
     m_pqdCoreContext.swap(context);
+}
+
+CBasePtr<CoreContext> MVThemeDownLoader::coreContext()
+{
+    const std::lock_guard<std::mutex> lock(contextMutex);
+    return m_pqdCoreContext;
 }
 
 double MVThemeDownLoader::share() const
@@ -81,117 +65,89 @@ MVThemeDownLoader::Step MVThemeDownLoader::fetchFiles(bool& anyFailed)
         m_vecFiles.clear();
         anyFailed = true;
     }
-    Step step = Step::Continue;
-    for (int i = 0; i < m_vecFiles.size() && step == Step::Continue; ++i) {
-        DownloadPacing::pause(m_bWillCancel);
-        if (stopIfCancelled(pointBeforeFile)) {
-            step = Step::Ended;
-            break;
-        }
-        m_nIndex = i;
-        SFileInfo& info = *m_vecFiles.at(i);
-        if (take(info))
-            anyFailed = !fetchFile(info) || anyFailed;
-        else
-            step = waitForOther(info);
-    }
+    const Step step = hostSettings().transfersSideBySide > 1 ? fetchSideBySide(anyFailed)
+                                                             : fetchInOrder(anyFailed);
     m_vecFiles = QVector<SFileInfo*>();
     m_nIndex = -1;
     return step;
 }
 
-/// Fetches a file that this thread has taken, and releases it before logging that.
-bool MVThemeDownLoader::fetchFile(const SFileInfo& info)
+MVThemeDownLoader::Step MVThemeDownLoader::fetchSideBySide(bool& anyFailed)
 {
-    const FileView record(info);
-    const QString file = record.file();
-    logTurn(QStringLiteral("thread id = [%1], index = [%2], download file = [%3], start Download!"),
-            m_nIndex, file);
-    const QString url = MVThemeMgr::init()->addressOf(info);
-    setCurrent(url, file);
-    if (MVThemeMgr::init()->isDownloadPath(file))
-        AppOptions::instance()->ensureDirExists(QFileInfo(file).path());
-    LogL("MVThemeDownLoader", 1, "start download template, i = %d, m_strUrl = %s, m_strFile = %s",
-         m_nIndex, url.toUtf8().constData(), file.toUtf8().constData());
-    if (!checkPlaces(url, file)) {
-        m_taken.reset();
-        return false;
+    SideBySideFiles::Reports reports;
+    reports.progress = [this](double share) { doProgress(firstPhase + secondPhase * share); };
+    reports.begun = [this](const QString& url, const QString& file) { setCurrent(url, file); };
+    reports.failed = [this, &anyFailed](const STransferFailure& failure) {
+        anyFailed = true;
+        noteFailure(failure);
+    };
+    SideBySideFiles files(m_vecFiles, hostSettings().transfersSideBySide, m_bWillCancel,
+                          coreContext(), reports);
+    switch (files.run()) {
+    case SideBySideFiles::End::Complete:
+        return Step::Continue;
+    case SideBySideFiles::End::CancelledWaiting:
+        stopIfCancelled(pointWaiting);
+        break;
+    case SideBySideFiles::End::CancelledBeforeFile:
+        stopIfCancelled(pointBeforeFile);
+        break;
     }
-    const bool ok = transferFile(url, file);
-    m_taken.reset();
-    logTurn(QStringLiteral("thread id = [%1], index = [%2], download file = [%3], end Download!"),
-            m_nIndex, file);
-    return ok;
+    return Step::Ended;
 }
 
-bool MVThemeDownLoader::transferFile(const QString& url, const QString& file)
+MVThemeDownLoader::Step MVThemeDownLoader::fetchInOrder(bool& anyFailed)
 {
+    for (int i = 0; i < m_vecFiles.size(); ++i) {
+        DownloadPacing::pause(m_bWillCancel);
+        if (stopIfCancelled(pointBeforeFile))
+            return Step::Ended;
+        m_nIndex = i;
+        FileTurn turn(*m_vecFiles.at(i), i, &FileTurn::logNow);
+        if (turn.take())
+            anyFailed = !fetchFile(turn) || anyFailed;
+        else if (waitForOther(turn) == Step::Ended)
+            return Step::Ended;
+    }
+    return Step::Continue;
+}
+
+/// Fetches a file that this thread has taken.
+bool MVThemeDownLoader::fetchFile(FileTurn& turn)
+{
+    turn.begin();
+    setCurrent(turn.url(), turn.file());
+    const STransferFailure fault = turn.prepare();
+    if (fault.isFailure()) {
+        noteFailure(fault);
+        return false;
+    }
     // Another download, or an earlier entry of the list, may have fetched the file meanwhile.
-    const bool present = QFile::exists(file);
-    int result = eTransfer_Success;
-    if (present) {
+    if (turn.isPresent()) {
         doProgress(shareStart() + share());
-    } else {
-        m_CurWrapper.setDownloadProgressCallback(&downloadProgressCallback_a, this);
-        m_CurWrapper.download(url, file, false);
-        result = m_CurWrapper.result();
-        ensureFolderBeside(file);
+        turn.end({}, eTransfer_Success, false, coreContext());
+        return true;
     }
-    if (result != eTransfer_Success) {
-        LogL("MVThemeDownLoader", 1,
-             "download template is error!, i = %d, m_strUrl = %s, m_strFile = %s, "
-             "m_CurWrapper.result() = %d",
-             m_nIndex, url.toUtf8().constData(), file.toUtf8().constData(), result);
-        noteFailure(m_CurWrapper.failure());
-        QFile::remove(file);
-        return false;
-    }
-    LogL("MVThemeDownLoader", 1, "download template is ok!, i = %d, m_strUrl = %s, m_strFile = %s",
-         m_nIndex, url.toUtf8().constData(), file.toUtf8().constData());
-    if (!present)
-        passOn(file);
-    return true;
-}
-
-/// Notifies the host's editing core of a new definition.
-void MVThemeDownLoader::passOn(const QString& file) const
-{
-    const QFileInfo info(file);
-    if (info.suffix().toLower() != QLatin1String("xml"))
-        return;
-    CBasePtr<CoreContext> context;
-    {
-        const std::lock_guard<std::mutex> lock(contextMutex);
-        context = m_pqdCoreContext;
-    }
-    if (!context)
-        return;
-    const std::wstring name = VString(info.completeBaseName()).toPath();
-    if (file.contains(QLatin1String("VideoFilters")))
-        context->addVideoFilter(name);
-    else if (file.contains(QLatin1String("Transitions")))
-        context->addTransition(name);
-    else if (file.contains(QLatin1String("Motions")))
-        context->addMotion(name);
+    m_CurWrapper.setDownloadProgressCallback(&downloadProgressCallback_a, this);
+    m_CurWrapper.download(turn.url(), turn.file(), false);
+    const STransferFailure failure = m_CurWrapper.failure();
+    noteFailure(failure);
+    turn.end(failure, m_CurWrapper.result(), true, coreContext());
+    return !failure.isFailure();
 }
 
 /// The other thread's outcome is ignored: if the file is still missing, the next download fetches
 /// it.
-MVThemeDownLoader::Step MVThemeDownLoader::waitForOther(SFileInfo& info)
+MVThemeDownLoader::Step MVThemeDownLoader::waitForOther(const FileTurn& turn)
 {
-    const FileView record(info);
     do {
         if (stopIfCancelled(pointWaiting))
             return Step::Ended;
-        logTurn(QStringLiteral("thread id = [%1], index = [%2], download file = [%3], start "
-                               "Download!,and it is downloading!"),
-                m_nIndex, record.file());
-        downloadProgressCallback_a_downloading(&info, this);
-        DownloadPacing::pause(m_bWillCancel);
-    } while (record.isTaken());
-    logTurn(QStringLiteral("thread id = [%1], index = [%2], download file = [%3], end "
-                           "Download!,and it is downloading!"),
-            m_nIndex, record.file());
+        turn.logWaiting();
+        downloadProgressCallback_a_downloading(&turn.info(), this);
+        DownloadPacing::waitForOther(m_bWillCancel);
+    } while (turn.isTakenByOther());
+    turn.logEndOfWaiting();
     return Step::Continue;
 }
 
@@ -220,14 +176,7 @@ bool MVThemeDownLoader::downloadProgressCallback_a_downloading(SFileInfo* info, 
     const double value = self->shareStart()
         + static_cast<double>(counts.receivedBytes) / static_cast<double>(counts.totalBytes)
             * self->share();
-    const QString text =
-        QStringLiteral("thread id = [%1], index = [%2], download file = [%3], nDownloaded = "
-                       "[%4], nAll = [%5], progress = [%6]!,and it is downloading!")
-            .arg(QString::number(0), QString::number(self->m_nIndex), record.file(),
-                 QString::number(counts.receivedBytes), QString::number(counts.totalBytes),
-                 QStringLiteral("%1").arg(value));
-    LogL("MVThemeDownLoader", 1, "downloadProgressCallback_a_downloading, %s",
-         text.toUtf8().constData());
+    FileTurn::logNow(FileTurn::othersProgress(self->m_nIndex, record, value));
     self->doProgress(value);
     return !self->isCancelled();
 }

@@ -22,6 +22,10 @@ HostSettings HostSettings::recommended()
     settings.leftButtonOnly = true;
     settings.lastChoiceWins = true;
     settings.checkContent = true;
+    settings.showWithoutPreviews = true;
+    settings.conditionalRequests = true;
+    settings.transfersSideBySide = 6;
+    settings.downloadStepMs = 0;
     return settings;
 }
 

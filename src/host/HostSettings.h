@@ -56,6 +56,19 @@ struct MVHOST_EXPORT HostSettings
     /// pictures are PNG, JPEG or GIF, and ZIP archives begin like one. A theme's config file that
     /// cannot be parsed is fetched again. False: the content is not checked. Recommended: true.
     bool checkContent = false;
+    /// True: items whose thumbnail or preview is not on disk yet are in the catalogue's lists, and
+    /// are shown with a placeholder until it arrives. False: they are not. Recommended: true.
+    bool showWithoutPreviews = false;
+    /// True: a check requests the catalogue's version file only if it has changed since it was
+    /// fetched (If-None-Match, If-Modified-Since). False: always. Recommended: true.
+    bool conditionalRequests = false;
+    /// Number of files that an item download or a preview run fetches at a time, 1 to
+    /// maxTransfersSideBySide. With 1 they are fetched in order. Recommended: 6.
+    int transfersSideBySide = 1;
+    static constexpr int maxTransfersSideBySide = 32;
+    /// Milliseconds that an item download pauses before each file, and at each of the ten steps of
+    /// its simulated first phase; see DownloadPacing. Recommended: 0.
+    int downloadStepMs = 500;
 
     /// Milliseconds in which a connection must be established (including name look-up, TCP and
     /// TLS).
@@ -87,12 +100,13 @@ MVHOST_EXPORT HostSettings& hostSettings();
 ///
 ///     [paths]    resources, data, appData, testOutput, developerResource
 ///                                                       (relative ones: relative to the file)
-///     [ui]       skin, zoomDPI; leftButtonOnly, lastChoiceWins (true or false)
+///     [ui]       skin, zoomDPI; leftButtonOnly, lastChoiceWins, showWithoutPreviews (true or
+///                false)
 ///     [product]  editions                               (comma separated, 1 to 5)
 ///     [params]   any key = value                        (the product parameters)
 ///     [network]  connectTimeoutMs, stallTimeoutMs, versionTimeoutMs, maxDownloadBytes,
-///                downloadRetries, retryPauseMs, retryPauseMaxMs, proxy, caFile; checkContent (true
-///                or false)
+///                downloadRetries, retryPauseMs, retryPauseMaxMs, transfersSideBySide,
+///                downloadStepMs, proxy, caFile; checkContent, conditionalRequests (true or false)
 ///
 /// The file is UTF-8, with or without a byte order mark, and at most 1 MiB; its lines end in LF or
 /// CR LF. Each line is empty or one of these; blanks (spaces and tabs) around it and around

@@ -86,6 +86,10 @@ const HostSettingsFile::Setting HostSettingsFile::all[] = {
      [](auto& file, auto& key, auto& text, auto& settings) {
          return file.readSwitch(key, text, settings.lastChoiceWins);
      }},
+    {"ui/showWithoutPreviews",
+     [](auto& file, auto& key, auto& text, auto& settings) {
+         return file.readSwitch(key, text, settings.showWithoutPreviews);
+     }},
     {"product/editions",
      [](auto& file, auto&, auto& text, auto& settings) {
          return file.readEditions(text, settings);
@@ -105,6 +109,19 @@ const HostSettingsFile::Setting HostSettingsFile::all[] = {
     {"network/checkContent",
      [](auto& file, auto& key, auto& text, auto& settings) {
          return file.readSwitch(key, text, settings.checkContent);
+     }},
+    {"network/conditionalRequests",
+     [](auto& file, auto& key, auto& text, auto& settings) {
+         return file.readSwitch(key, text, settings.conditionalRequests);
+     }},
+    {"network/transfersSideBySide",
+     [](auto& file, auto& key, auto& text, auto& settings) {
+         return file.readNumber(key, text, 1, settings.transfersSideBySide,
+                                HostSettings::maxTransfersSideBySide);
+     }},
+    {"network/downloadStepMs",
+     [](auto& file, auto& key, auto& text, auto& settings) {
+         return file.readNumber(key, text, 0, settings.downloadStepMs);
      }},
     {"network/maxDownloadBytes",
      [](auto& file, auto& key, auto& text, auto& settings) {

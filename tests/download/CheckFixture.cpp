@@ -2,6 +2,7 @@
 
 #include "host/HostSettings.h"
 #include "support/TestMain.h"
+#include "support/TransfersSideBySide.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -20,6 +21,7 @@ void CheckWorld::fresh()
     settings.dataLocation = m_base + QStringLiteral("/data");
     settings.appDataPath = m_base + QStringLiteral("/appdata");
     settings.downloadRetries = 0;
+    settings.transfersSideBySide = TransfersSideBySide::count();
     settings.productParams.insert(QStringLiteral("url_themeRootDir"), serverRoot());
     hostSettings() = settings;
     QDir().mkpath(installed());

@@ -5,6 +5,7 @@
 #include "host/HostSettings.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
+#include "support/TransfersSideBySide.h"
 
 #include <QDir>
 
@@ -13,7 +14,6 @@
 
 namespace {
 
-constexpr std::chrono::milliseconds fastPace(1);
 constexpr std::chrono::milliseconds tick(1);
 constexpr int longestWaitMs = 30000;
 
@@ -28,9 +28,10 @@ DownloadWorld::DownloadWorld()
     settings.productParams.insert(QStringLiteral("url_themeRootDir"),
                                   m_server.url(QStringLiteral("/")));
     settings.downloadRetries = 0;
+    settings.transfersSideBySide = TransfersSideBySide::count();
     MVThemeMgr::init()->clear();
     MVThemeMgr::init()->setResourceSaveRootPath(m_root);
-    DownloadPacing::setStep(fastPace);
+    DownloadPacing::setStep(std::chrono::milliseconds(TransfersSideBySide::isOn() ? 0 : 1));
 }
 
 DownloadWorld::~DownloadWorld()

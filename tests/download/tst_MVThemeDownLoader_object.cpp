@@ -1,6 +1,7 @@
 #include "download/DownloadFixture.h"
 #include "download/DownloadLines.h"
 #include "download/DownloadPacing.h"
+#include "host/HostSettings.h"
 #include "support/TestMain.h"
 
 #include <QElapsedTimer>
@@ -43,8 +44,12 @@ void tst_MVThemeDownLoader_object::initTestCase()
 {
     using namespace std::chrono_literals;
     QCOMPARE(DownloadPacing::step(), std::chrono::milliseconds(500ms));
-    DownloadPacing::setStep(0ms);
-    QCOMPARE(DownloadPacing::step(), std::chrono::milliseconds(1ms));
+    hostSettings().downloadStepMs = 0;
+    QCOMPARE(DownloadPacing::step(), std::chrono::milliseconds(0ms));
+    DownloadPacing::setStep(3ms); // takes precedence
+    QCOMPARE(DownloadPacing::step(), std::chrono::milliseconds(3ms));
+    DownloadPacing::setStep(-1ms);
+    QCOMPARE(DownloadPacing::step(), std::chrono::milliseconds(0ms));
 }
 
 void tst_MVThemeDownLoader_object::userDataIsTheCallers()

@@ -55,14 +55,18 @@ QByteArray written(const HostSettings& settings)
     text += QStringLiteral("[ui]\n") + line("skin", settings.currentSkin)
         + line("zoomDPI", QString::number(settings.zoomDPI, 'g', exact))
         + line("leftButtonOnly", settings.leftButtonOnly)
-        + line("lastChoiceWins", settings.lastChoiceWins) + QStringLiteral("[product]\n")
+        + line("lastChoiceWins", settings.lastChoiceWins)
+        + line("showWithoutPreviews", settings.showWithoutPreviews) + QStringLiteral("[product]\n")
         + line("editions", editions(settings.partnerEditions)) + QStringLiteral("[network]\n")
         + line("connectTimeoutMs", qint64{settings.connectTimeoutMs})
         + line("stallTimeoutMs", qint64{settings.stallTimeoutMs})
         + line("maxDownloadBytes", settings.maxDownloadBytes)
         + line("downloadRetries", qint64{settings.downloadRetries})
         + line("retryPauseMs", qint64{settings.retryPauseMs})
-        + line("retryPauseMaxMs", qint64{settings.retryPauseMaxMs}) + line("proxy", settings.proxy);
+        + line("retryPauseMaxMs", qint64{settings.retryPauseMaxMs})
+        + line("conditionalRequests", settings.conditionalRequests)
+        + line("transfersSideBySide", qint64{settings.transfersSideBySide})
+        + line("downloadStepMs", qint64{settings.downloadStepMs}) + line("proxy", settings.proxy);
     if (!settings.caFile.isEmpty())
         text += line("caFile", settings.caFile);
     text += QStringLiteral("[params]\n");
@@ -119,8 +123,12 @@ private:
                     && settings.maxDownloadBytes > 0,
                 "limits are above 0");
         require(settings.downloadRetries >= 0 && settings.downloadRetries <= 100
-                    && settings.retryPauseMs >= 0 && settings.retryPauseMaxMs >= 0,
+                    && settings.retryPauseMs >= 0 && settings.retryPauseMaxMs >= 0
+                    && settings.downloadStepMs >= 0,
                 "retries and pauses are in their ranges");
+        require(settings.transfersSideBySide >= 1
+                    && settings.transfersSideBySide <= HostSettings::maxTransfersSideBySide,
+                "the number of transfers is in its range");
     }
 
     const QString m_file = TestHome::path() + QStringLiteral("/settings.ini");

@@ -72,6 +72,12 @@ void tst_HostSettings::recommendedSettings()
     QVERIFY(recommended.leftButtonOnly);
     QVERIFY(recommended.lastChoiceWins);
     QVERIFY(recommended.checkContent);
+    QVERIFY(!plain.showWithoutPreviews && recommended.showWithoutPreviews);
+    QVERIFY(!plain.conditionalRequests && recommended.conditionalRequests);
+    QCOMPARE(plain.transfersSideBySide, 1);
+    QCOMPARE(recommended.transfersSideBySide, 6);
+    QCOMPARE(plain.downloadStepMs, 500);
+    QCOMPARE(recommended.downloadStepMs, 0);
     QCOMPARE(recommended.currentSkin, plain.currentSkin);
     QCOMPARE(recommended.dataLocation, plain.dataLocation);
     QCOMPARE(recommended.stallTimeoutMs, plain.stallTimeoutMs);
@@ -99,6 +105,7 @@ void tst_HostSettings::readsEveryKey()
                                  "zoomDPI=1.25\n"
                                  "leftButtonOnly=true\n"
                                  "lastChoiceWins=true\n"
+                                 "showWithoutPreviews=true\n"
                                  "[product]\n"
                                  "editions=2, 5\n"
                                  "[params]\n"
@@ -109,6 +116,9 @@ void tst_HostSettings::readsEveryKey()
                                  "stallTimeoutMs=1002\n"
                                  "versionTimeoutMs=1005\n"
                                  "checkContent=true\n"
+                                 "conditionalRequests=true\n"
+                                 "transfersSideBySide=32\n"
+                                 "downloadStepMs=1006\n"
                                  "maxDownloadBytes=8589934592\n"
                                  "downloadRetries=7\n"
                                  "retryPauseMs=1003\n"
@@ -135,6 +145,9 @@ void tst_HostSettings::readsEveryKey()
     QCOMPARE(settings.stallTimeoutMs, 1002);
     QCOMPARE(settings.versionTimeoutMs, 1005);
     QVERIFY(settings.leftButtonOnly && settings.lastChoiceWins && settings.checkContent);
+    QVERIFY(settings.showWithoutPreviews && settings.conditionalRequests);
+    QCOMPARE(settings.transfersSideBySide, 32);
+    QCOMPARE(settings.downloadStepMs, 1006);
     QCOMPARE(settings.maxDownloadBytes, Q_INT64_C(8589934592));
     QCOMPARE(settings.downloadRetries, 7);
     QCOMPARE(settings.retryPauseMs, 1003);
@@ -146,13 +159,17 @@ void tst_HostSettings::readsEveryKey()
 void tst_HostSettings::turnsSwitches_data()
 {
     QTest::addColumn<QByteArray>("key");
-    QTest::addColumn<QVector<bool>>("values"); // of all three, once that key was set to true
+    QTest::addColumn<QVector<bool>>("values"); // of all switches, once that key was set to true
     QTest::newRow("leftButtonOnly")
-        << QByteArray("[ui]\nleftButtonOnly=") << QVector<bool>{true, false, false};
+        << QByteArray("[ui]\nleftButtonOnly=") << QVector<bool>{true, false, false, false, false};
     QTest::newRow("lastChoiceWins")
-        << QByteArray("[ui]\nlastChoiceWins=") << QVector<bool>{false, true, false};
+        << QByteArray("[ui]\nlastChoiceWins=") << QVector<bool>{false, true, false, false, false};
     QTest::newRow("checkContent") << QByteArray("[network]\ncheckContent=")
-                                  << QVector<bool>{false, false, true};
+                                  << QVector<bool>{false, false, true, false, false};
+    QTest::newRow("showWithoutPreviews") << QByteArray("[ui]\nshowWithoutPreviews=")
+                                         << QVector<bool>{false, false, false, true, false};
+    QTest::newRow("conditionalRequests") << QByteArray("[network]\nconditionalRequests=")
+                                         << QVector<bool>{false, false, false, false, true};
 }
 
 void tst_HostSettings::turnsSwitches()
@@ -162,12 +179,13 @@ void tst_HostSettings::turnsSwitches()
     const auto switches = [] {
         const HostSettings& settings = hostSettings();
         return QVector<bool>{settings.leftButtonOnly, settings.lastChoiceWins,
-                             settings.checkContent};
+                             settings.checkContent, settings.showWithoutPreviews,
+                             settings.conditionalRequests};
     };
     QVERIFY(loadHostSettings(iniFile(key + "true\n"), nullptr));
     QCOMPARE(switches(), values);
     QVERIFY(loadHostSettings(iniFile(key + "false\n"), nullptr));
-    QCOMPARE(switches(), QVector<bool>(3, false));
+    QCOMPARE(switches(), QVector<bool>(5, false));
 }
 
 void tst_HostSettings::keepsWhatTheFileDoesNotName()

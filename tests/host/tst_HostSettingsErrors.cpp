@@ -27,6 +27,10 @@ QStringList everything(const HostSettings& s)
                        QString::number(s.leftButtonOnly),
                        QString::number(s.lastChoiceWins),
                        QString::number(s.checkContent),
+                       QString::number(s.showWithoutPreviews),
+                       QString::number(s.conditionalRequests),
+                       QString::number(s.transfersSideBySide),
+                       QString::number(s.downloadStepMs),
                        QString::number(s.maxDownloadBytes),
                        QString::number(s.downloadRetries),
                        QString::number(s.retryPauseMs),
@@ -198,7 +202,10 @@ void tst_HostSettingsErrors::refusesAValueOutOfRange_data()
         for (const char* value : {"0", "-1", "2147483648", "1.5", "soon", "", "1s"})
             whole(key, value, "1 to 2147483647");
     }
-    for (const char* key : {"network/retryPauseMs", "network/retryPauseMaxMs"}) {
+    for (const char* value : {"0", "33", "six"})
+        whole("network/transfersSideBySide", value, "1 to 32");
+    for (const char* key :
+         {"network/retryPauseMs", "network/retryPauseMaxMs", "network/downloadStepMs"}) {
         for (const char* value : {"-1", "2147483648", "x"})
             whole(key, value, "0 to 2147483647");
     }
@@ -218,7 +225,8 @@ void tst_HostSettingsErrors::refusesAValueOutOfRange_data()
     for (const char* value : {"0.09", "0", "-1", "16.01", "nan", "inf", "big", "", "1, 5", "%2"})
         zoom(value);
 
-    for (const char* key : {"ui/leftButtonOnly", "ui/lastChoiceWins", "network/checkContent"}) {
+    for (const char* key : {"ui/leftButtonOnly", "ui/lastChoiceWins", "ui/showWithoutPreviews",
+                            "network/checkContent", "network/conditionalRequests"}) {
         for (const char* value : {"", "1", "True", "FALSE", "yes", "truefalse"})
             QTest::addRow("%s = %s", key, value)
                 << QByteArray(key) << QByteArray(value)

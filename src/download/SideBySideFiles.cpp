@@ -1,0 +1,185 @@
+#include "download/SideBySideFiles.h"
+
+#include "download/DownloadPacing.h"
+
+#include <algorithm>
+#include <utility>
+
+using std::chrono::milliseconds;
+
+namespace {
+
+constexpr milliseconds pollInterval(10);
+constexpr milliseconds waitingLineInterval(500);
+
+} // namespace
+
+SideBySideFiles::Entry::Entry(SFileInfo& info, int index)
+    : turn(info, index, [this](const QString& line) { lines.append(line); })
+{
+}
+
+SideBySideFiles::SideBySideFiles(const QVector<SFileInfo*>& files, int maxTransfers,
+                                 CancelToken cancel, CBasePtr<CoreContext> context, Reports reports)
+    : m_files(files)
+    , m_cancel(std::move(cancel))
+    , m_context(std::move(context))
+    , m_reports(std::move(reports))
+    , m_nextBegin(Clock::now() + DownloadPacing::step())
+    , m_pool(maxTransfers, m_cancel)
+{
+}
+
+SideBySideFiles::End SideBySideFiles::run()
+{
+    while (m_ended < m_files.size()) {
+        if (!m_cancel.isCancelled()) {
+            beginReady();
+            lookAtOthers();
+        } else if (!m_pool.isBusy()) {
+            return cancelled();
+        }
+        if (m_ended < m_files.size())
+            wait();
+    }
+    return End::Complete;
+}
+
+bool SideBySideFiles::mayBeginNext() const
+{
+    return m_pool.hasRoom() && Clock::now() >= m_nextBegin;
+}
+
+void SideBySideFiles::beginReady()
+{
+    const QVector<int> postponed = std::exchange(m_postponed, {});
+    for (const int index : postponed) {
+        if (m_pool.hasRoom())
+            begin(index);
+        else
+            m_postponed.append(index);
+    }
+    while (m_next < m_files.size() && mayBeginNext()) {
+        m_nextBegin = Clock::now() + DownloadPacing::step();
+        begin(m_next++);
+    }
+}
+
+void SideBySideFiles::begin(int index)
+{
+    SFileInfo& info = *m_files.at(index);
+    if (m_paths.contains(FileView(info).file())) {
+        m_postponed.append(index);
+        return;
+    }
+    Entry& entry = *(m_entries[index] = std::make_unique<Entry>(info, index));
+    if (!entry.turn.take()) {
+        m_waiting.append(&entry);
+        return;
+    }
+    entry.turn.begin();
+    m_reports.begun(entry.turn.url(), entry.turn.file());
+    const STransferFailure fault = entry.turn.prepare();
+    if (fault.isFailure()) {
+        m_reports.failed(fault);
+        finish(entry);
+    } else if (entry.turn.isPresent()) { // another download has fetched it meanwhile
+        entry.turn.end({}, eTransfer_Success, false, m_context);
+        finish(entry);
+    } else {
+        transfer(entry);
+    }
+}
+
+void SideBySideFiles::transfer(Entry& entry)
+{
+    const QString path = entry.turn.file();
+    m_paths.insert(path);
+    TransferPool::Job job;
+    job.url = entry.turn.url();
+    job.file = path;
+    job.progress = [this, &entry](qint64 received, qint64 total) {
+        FileRecord(entry.turn.info()).setCounts({received, total});
+        note(entry, {received, total});
+        return true;
+    };
+    job.ended = [this, &entry, path](const STransferOutcome& outcome) {
+        m_paths.remove(path);
+        if (outcome.m_failure.isFailure())
+            m_reports.failed(outcome.m_failure);
+        entry.turn.end(outcome.m_failure, outcome.m_eResult, true, m_context);
+        finish(entry);
+    };
+    m_pool.start(std::move(job));
+}
+
+/// A retry may start from zero; the progress must not decrease.
+void SideBySideFiles::note(Entry& entry, const FileView::Counts& counts)
+{
+    if (counts.totalBytes == 0)
+        return;
+    const double part =
+        static_cast<double>(counts.receivedBytes) / static_cast<double>(counts.totalBytes);
+    if (part <= entry.part)
+        return;
+    entry.part = std::min(part, 1.0);
+    tellProgress();
+}
+
+/// The other threads' outcomes are ignored: if a file is still missing, the next download fetches
+/// it.
+void SideBySideFiles::lookAtOthers()
+{
+    const QVector<Entry*> waiting = std::exchange(m_waiting, {});
+    for (Entry* const entry : waiting) {
+        const Clock::time_point now = Clock::now();
+        if (now >= entry->nextLine) {
+            entry->nextLine = now + waitingLineInterval;
+            entry->turn.logWaiting();
+        }
+        note(*entry, FileView(entry->turn.info()).counts());
+        if (entry->turn.isTakenByOther()) {
+            m_waiting.append(entry);
+            continue;
+        }
+        entry->turn.logEndOfWaiting();
+        finish(*entry);
+    }
+}
+
+/// Destroys the entry.
+void SideBySideFiles::finish(Entry& entry)
+{
+    for (const QString& line : std::as_const(entry.lines))
+        FileTurn::logNow(line);
+    ++m_ended;
+    m_entries.erase(entry.turn.index());
+    tellProgress();
+}
+
+void SideBySideFiles::tellProgress()
+{
+    double done = m_ended;
+    for (const auto& [index, entry] : m_entries)
+        done += entry->part;
+    const double share = done / m_files.size();
+    if (share > m_told)
+        m_reports.progress(share);
+    m_told = std::max(m_told, share);
+}
+
+void SideBySideFiles::wait()
+{
+    if (m_pool.isBusy())
+        m_pool.step();
+    else
+        m_cancel.waitFor(pollInterval);
+}
+
+SideBySideFiles::End SideBySideFiles::cancelled()
+{
+    const bool isWaiting = !m_waiting.isEmpty();
+    for (Entry* const entry : std::exchange(m_waiting, {}))
+        finish(*entry);
+    return isWaiting ? End::CancelledWaiting : End::CancelledBeforeFile;
+}

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "download/FileTurn.h"
+#include "host/CancelToken.h"
+#include "host/CBasePtr.h"
+#include "host/STransferFailure.h"
+#include "host/TransferPool.h"
+
+#include <QSet>
+#include <QString>
+#include <QVector>
+
+#include <chrono>
+#include <functional>
+#include <map>
+#include <memory>
+
+class CoreContext;
+struct SFileInfo;
+
+/// Fetches the files of one item, several at a time and in any order; each file's lines are written
+/// to the log together, when it ends. Internal to the library; the download thread only.
+class SideBySideFiles
+{
+public:
+    /// What the download tells of the files, on its thread.
+    struct Reports
+    {
+        std::function<void(double share)> progress; ///< 0 to 1; never decreases
+        std::function<void(const QString& url, const QString& file)> begun;
+        std::function<void(const STransferFailure& failure)> failed;
+    };
+
+    enum class End {
+        Complete,            ///< every file had its turn; some may have failed
+        CancelledBeforeFile, ///< a cancel kept files from being fetched
+        CancelledWaiting,    ///< a cancel ended the waiting for files of other downloads
+    };
+
+    /// The records belong to the catalogue.
+    SideBySideFiles(const QVector<SFileInfo*>& files, int maxTransfers, CancelToken cancel,
+                    CBasePtr<CoreContext> context, Reports reports);
+
+    /// Returns when every file has ended, or within 200 ms after a cancel.
+    End run();
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    struct Entry
+    {
+        Entry(SFileInfo& info, int index);
+
+        QVector<QString> lines; // of the log, until the file ends
+        FileTurn turn;
+        double part = 0; // of the file that has arrived
+        Clock::time_point nextLine;
+    };
+
+    bool mayBeginNext() const;
+    void beginReady();
+    void begin(int index);
+    void transfer(Entry& entry);
+    void note(Entry& entry, const FileView::Counts& counts);
+    void lookAtOthers();
+    void finish(Entry& entry);
+    void tellProgress();
+    void wait();
+    End cancelled();
+
+    const QVector<SFileInfo*>& m_files;
+    const CancelToken m_cancel;
+    const CBasePtr<CoreContext> m_context;
+    const Reports m_reports;
+    int m_next = 0; // the first file that has not begun
+    int m_ended = 0;
+    double m_told = 0; // the last reported share
+    Clock::time_point m_nextBegin;
+    QVector<int> m_postponed;                        // need a path that is being written
+    QSet<QString> m_paths;                           // being written
+    std::map<int, std::unique_ptr<Entry>> m_entries; // begun and not ended, by index
+    QVector<Entry*> m_waiting;                       // for other downloads; among m_entries
+    TransferPool m_pool;
+};
