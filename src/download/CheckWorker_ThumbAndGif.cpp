@@ -4,6 +4,7 @@
 #include "catalogue/PathGuard.h"
 #include "catalogue/XmlFile.h"
 #include "download/CheckTransfer.h"
+#include "download/PreviewExchange.h"
 #include "host/ETransferResult.h"
 #include "host/HostSettings.h"
 #include "host/LogL.h"
@@ -93,32 +94,27 @@ bool CheckWorker_ThumbAndGif::onStartDownload_ThumbAndGif()
         return end(false);
     }
 
-    CheckTransfer transfer(m_CurWrapper, m_progress, m_bWillCancel);
     // One thumbnail and one preview each.
     m_progress.begin(2 * (m_vecDisplay_Themes.size() + m_vecDisplay_Filters.size()));
-    int index = 0;
-    for (QVector<SCfg_Item>* const items : {&m_vecDisplay_Themes, &m_vecDisplay_Filters}) {
-        for (SCfg_Item& item : *items) {
-            if (!fetchPreviews(transfer, index++, item))
-                return end(false);
-        }
-    }
+    const bool isSideBySide = hostSettings().transfersSideBySide > 1;
+    if (!(isSideBySide ? fetchSideBySide() : fetchInOrder()))
+        return end(false);
     LogL(category, 1, "onStartDownload_ThumbAndGif end!");
     return end(true);
 }
 
-/// Returns false if the run ends here.
-bool CheckWorker_ThumbAndGif::fetchPreviews(CheckTransfer& transfer, int index, SCfg_Item& item)
+/// Returns false if the run was cancelled.
+bool CheckWorker_ThumbAndGif::fetchInOrder()
 {
-    MVThemeMgr* const manager = MVThemeMgr::init();
-    const bool hasThumb = manager->doItem_Info_Thumb(item);
-    if (!fetchFile(transfer, thumb, index, item.m_info_Thumb, hasThumb))
-        return false;
-    m_progress.countFiles(1);
-    const bool hasGif = manager->doItem_Info_Gif(item);
-    if (!fetchFile(transfer, gif, index, item.m_info_Gif, hasGif))
-        return false;
-    m_progress.countFiles(1);
+    CheckTransfer transfer(m_CurWrapper, m_progress, m_bWillCancel);
+    int index = 0;
+    for (QVector<SCfg_Item>* const items : {&m_vecDisplay_Themes, &m_vecDisplay_Filters}) {
+        for (SCfg_Item& item : *items) {
+            if (!fetchFile(transfer, thumb, index, item) || !fetchFile(transfer, gif, index, item))
+                return false;
+            ++index;
+        }
+    }
     return true;
 }
 
@@ -178,42 +174,81 @@ bool CheckWorker_ThumbAndGif::readDisplay(bool hasMV, bool hasSplit)
 
 /// Returns false if the run ends here.
 bool CheckWorker_ThumbAndGif::fetchFile(CheckTransfer& transfer, const Kind& kind, int index,
-                                        const SFileInfo& info, bool present)
+                                        SCfg_Item& item)
+{
+    const Picture picture = look(kind, index, item);
+    const Turn turn = beginTurn(picture);
+    if (turn == Turn::Stop)
+        return false;
+    if (turn == Turn::Fetch) {
+        const ETransferResult result =
+            transfer.fetch(picture.url, picture.file, hostSettings().maxDownloadBytes);
+        if (!endTurn(picture, result, transfer.failure()))
+            return false;
+    }
+    m_progress.countFiles(1);
+    return true;
+}
+
+CheckWorker_ThumbAndGif::Picture CheckWorker_ThumbAndGif::look(const Kind& kind, int index,
+                                                               SCfg_Item& item)
 {
     MVThemeMgr* const manager = MVThemeMgr::init();
-    const FileView view(info);
-    const QString url =
-        manager->downLoadUrl_Thumb(MVThemeMgr::eDirTag_Display, view.kind(), view.name());
-    const QString file = view.file();
-    const auto log = [&](const char* format) {
-        LogL(fileCategory, 1, format, index, url.toUtf8().constData(), file.toUtf8().constData());
-    };
-    if (present) {
-        log(kind.present);
-        if (!file.isEmpty()) // items that have no such file need none either
+    const bool isGif = &kind == &gif;
+    const bool isPresent =
+        isGif ? manager->doItem_Info_Gif(item) : manager->doItem_Info_Thumb(item);
+    const FileView view(isGif ? item.m_info_Gif : item.m_info_Thumb);
+    return {&kind,
+            index,
+            item.m_qsGUID,
+            manager->downLoadUrl_Thumb(MVThemeMgr::eDirTag_Display, view.kind(), view.name()),
+            view.file(),
+            isPresent};
+}
+
+CheckWorker_ThumbAndGif::Turn CheckWorker_ThumbAndGif::beginTurn(const Picture& picture)
+{
+    if (picture.isPresent) {
+        log(picture, picture.kind->present);
+        if (!picture.file.isEmpty()) // items that have no such file need none either
             ++m_result.m_nPresent;
-        return true;
+        return Turn::Over;
     }
-    if (stopIfCancelled(kind))
-        return false;
+    if (stopIfCancelled(*picture.kind))
+        return Turn::Stop;
     // A file that would be outside the download root is neither fetched nor removed.
-    if (!manager->isDownloadPath(file) || !manager->isServerAddress(url)) {
-        log(kind.failed);
+    const MVThemeMgr* const manager = MVThemeMgr::init();
+    if (!manager->isDownloadPath(picture.file) || !manager->isServerAddress(picture.url)) {
+        log(picture, picture.kind->failed);
         noteFailure(
-            {eFailure_BadAddress, url, file,
+            {eFailure_BadAddress, picture.url, picture.file,
              QStringLiteral("%1 leads to another server, or %2 is outside the download root")
-                 .arg(url, file)});
+                 .arg(picture.url, picture.file)});
+        return Turn::Over;
+    }
+    return Turn::Fetch;
+}
+
+/// Returns false if the run ends here.
+bool CheckWorker_ThumbAndGif::endTurn(const Picture& picture, ETransferResult result,
+                                      const STransferFailure& failure)
+{
+    if (result != eTransfer_Success) {
+        log(picture, picture.kind->failed);
+        QFile::remove(picture.file);
+        noteFailure(failure);
         return true;
     }
-    if (transfer.fetch(url, file, hostSettings().maxDownloadBytes) != eTransfer_Success) {
-        log(kind.failed);
-        QFile::remove(file);
-        noteFailure(transfer.failure());
-        return true;
-    }
-    log(kind.fetched);
+    log(picture, picture.kind->fetched);
     ++m_result.m_nFetched;
-    return !stopIfCancelled(kind);
+    PreviewExchange::instance()->tellArrived(picture.guid);
+    return !stopIfCancelled(*picture.kind);
+}
+
+void CheckWorker_ThumbAndGif::log(const Picture& picture, const char* format)
+{
+    LogL(fileCategory, 1, format, picture.index, picture.url.toUtf8().constData(),
+         picture.file.toUtf8().constData());
 }
 
 void CheckWorker_ThumbAndGif::noteFailure(const STransferFailure& failure)

@@ -4,6 +4,7 @@
 #include "download/SPreviewRunResult.h"
 #include "host/CancelToken.h"
 #include "host/CurWrapper.h"
+#include "host/ETransferResult.h"
 #include "records/MvResourceExport.h"
 #include "records/SCfg_Item.h"
 
@@ -19,7 +20,8 @@ class CheckTransfer;
 ///
 /// It reads the catalogue files itself, the downloaded ones or else the installed ones, into its
 /// own lists, so it neither needs nor touches the catalogue of MVThemeMgr. Nothing is written
-/// outside the download root.
+/// outside the download root. If HostSettings::transfersSideBySide is above 1, several files are
+/// fetched at a time, those of the items that the user is looking at first (PreviewExchange).
 ///
 /// The object lives on a thread with an event loop; the slot runs there and blocks until the run is
 /// over. cancel() may be called from any thread, as long as the object exists. Usually
@@ -67,11 +69,31 @@ private:
     static const Kind thumb;
     static const Kind gif;
 
+    /// One file of the run.
+    struct Picture
+    {
+        const Kind* kind;
+        int index; // of the item in the run
+        QString guid;
+        QString url;
+        QString file;
+        bool isPresent;
+    };
+    enum class Turn { Over, Fetch, Stop };
+    struct SideBySide;
+
     bool readConfig(bool hasMV, bool hasSplit);
     bool readDisplay(bool hasMV, bool hasSplit);
-    bool fetchPreviews(CheckTransfer& transfer, int index, SCfg_Item& item);
-    bool fetchFile(CheckTransfer& transfer, const Kind& kind, int index, const SFileInfo& info,
-                   bool present);
+    bool fetchInOrder();
+    bool fetchSideBySide();
+    void beginPictures(SideBySide& run);
+    void beginPicture(SideBySide& run, int item, bool isGif);
+    void startTransfer(SideBySide& run, const Picture& picture);
+    bool fetchFile(CheckTransfer& transfer, const Kind& kind, int index, SCfg_Item& item);
+    static Picture look(const Kind& kind, int index, SCfg_Item& item);
+    Turn beginTurn(const Picture& picture);
+    bool endTurn(const Picture& picture, ETransferResult result, const STransferFailure& failure);
+    static void log(const Picture& picture, const char* format);
     void noteFailure(const STransferFailure& failure);
     bool stopIfCancelled(const Kind& kind) const;
     bool end(bool workedThrough);

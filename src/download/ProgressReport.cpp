@@ -22,6 +22,12 @@ void ProgressReport::noteReceived(qint64 bytes)
     tell(false);
 }
 
+void ProgressReport::addReceived(qint64 bytes)
+{
+    m_progress.m_nBytes += bytes;
+    tell(false);
+}
+
 void ProgressReport::endTransfer()
 {
     m_bytesBefore = m_progress.m_nBytes;

@@ -20,6 +20,8 @@ public:
     void begin(int files);
     /// Records the bytes received so far for the current file.
     void noteReceived(qint64 bytes);
+    /// Records further bytes, for files that arrive side by side.
+    void addReceived(qint64 bytes);
     /// Records that the current file's transfer has ended.
     void endTransfer();
     /// Counts files as done.

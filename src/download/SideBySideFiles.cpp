@@ -68,7 +68,7 @@ void SideBySideFiles::beginReady()
 void SideBySideFiles::begin(int index)
 {
     SFileInfo& info = *m_files.at(index);
-    if (m_paths.contains(FileView(info).file())) {
+    if (m_pool.isFetching(FileView(info).file())) {
         m_postponed.append(index);
         return;
     }
@@ -93,18 +93,15 @@ void SideBySideFiles::begin(int index)
 
 void SideBySideFiles::transfer(Entry& entry)
 {
-    const QString path = entry.turn.file();
-    m_paths.insert(path);
     TransferPool::Job job;
     job.url = entry.turn.url();
-    job.file = path;
+    job.file = entry.turn.file();
     job.progress = [this, &entry](qint64 received, qint64 total) {
         FileRecord(entry.turn.info()).setCounts({received, total});
         note(entry, {received, total});
         return true;
     };
-    job.ended = [this, &entry, path](const STransferOutcome& outcome) {
-        m_paths.remove(path);
+    job.ended = [this, &entry](const STransferOutcome& outcome) {
         if (outcome.m_failure.isFailure())
             m_reports.failed(outcome.m_failure);
         entry.turn.end(outcome.m_failure, outcome.m_eResult, true, m_context);

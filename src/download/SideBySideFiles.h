@@ -6,7 +6,6 @@
 #include "host/STransferFailure.h"
 #include "host/TransferPool.h"
 
-#include <QSet>
 #include <QString>
 #include <QVector>
 
@@ -77,7 +76,6 @@ private:
     double m_told = 0; // the last reported share
     Clock::time_point m_nextBegin;
     QVector<int> m_postponed;                        // need a path that is being written
-    QSet<QString> m_paths;                           // being written
     std::map<int, std::unique_ptr<Entry>> m_entries; // begun and not ended, by index
     QVector<Entry*> m_waiting;                       // for other downloads; among m_entries
     TransferPool m_pool;

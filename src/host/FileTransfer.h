@@ -24,6 +24,7 @@ public:
     /// continue.
     void tick(bool isCancelled);
 
+    const QString& file() const { return m_job.file; }
     bool hasEnded() const { return m_state == State::Ended; }
     /// Returns the time left of a pause before a retry; `longest` while a request is running.
     std::chrono::milliseconds pauseLeft(std::chrono::milliseconds longest) const;

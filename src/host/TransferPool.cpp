@@ -168,6 +168,12 @@ bool TransferPool::isBusy() const
     return !d->running.empty() || !d->waiting.empty();
 }
 
+bool TransferPool::isFetching(const QString& file) const
+{
+    return std::any_of(d->running.cbegin(), d->running.cend(),
+                       [&](const auto& transfer) { return transfer->file() == file; });
+}
+
 void TransferPool::step()
 {
     if (isBusy() && !d->work())

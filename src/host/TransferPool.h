@@ -62,6 +62,9 @@ public:
     /// Returns whether a started transfer has not ended yet.
     bool isBusy() const;
 
+    /// Returns whether a transfer that has begun and not ended writes this file.
+    bool isFetching(const QString& file) const;
+
     /// Works on the transfers: returns as soon as some have ended, after calling back, and at the
     /// latest after 50 ms. Not to be called by a callback.
     void step();
