@@ -12,14 +12,25 @@ CheckTransfer::CheckTransfer(CurWrapper& wrapper, ProgressReport& progress, Canc
 {
 }
 
-ETransferResult CheckTransfer::fetch(const QString& url, const QString& file, qint64 maxBytes)
+bool CheckTransfer::isNotModified() const
+{
+    return m_wrapper.outcome().m_bNotModified;
+}
+
+SValidators CheckTransfer::validators() const
+{
+    return m_wrapper.outcome().m_validators;
+}
+
+ETransferResult CheckTransfer::fetchIfChanged(const QString& url, const QString& file,
+                                              qint64 maxBytes, const SValidators& known)
 {
     m_maxBytes = maxBytes;
     m_isTooLarge = false;
     m_isLate = false;
     m_deadline = std::chrono::steady_clock::now() + m_timeLimit;
     m_wrapper.setDownloadProgressCallback(&CheckTransfer::goOn, this);
-    m_wrapper.download(url, file, false);
+    m_wrapper.downloadIfChanged(url, file, known);
     m_wrapper.setDownloadProgressCallback(nullptr, nullptr);
     m_progress.endTransfer();
     m_failure = m_wrapper.failure();

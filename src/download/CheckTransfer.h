@@ -3,6 +3,7 @@
 #include "host/CancelToken.h"
 #include "host/ETransferResult.h"
 #include "host/STransferFailure.h"
+#include "host/SValidators.h"
 
 #include <QString>
 #include <QtGlobal>
@@ -26,7 +27,18 @@ public:
 
     /// Fetches `url` into `file`. Refuses a body larger than `maxBytes`, of which nothing is kept
     /// on disk.
-    ETransferResult fetch(const QString& url, const QString& file, qint64 maxBytes);
+    ETransferResult fetch(const QString& url, const QString& file, qint64 maxBytes)
+    {
+        return fetchIfChanged(url, file, maxBytes, {});
+    }
+    /// Does the same, but sends nothing if the server's version is the known one: see
+    /// isNotModified().
+    ETransferResult fetchIfChanged(const QString& url, const QString& file, qint64 maxBytes,
+                                   const SValidators& known);
+    /// Returns whether the last transfer succeeded without a body.
+    bool isNotModified() const;
+    /// Returns the validators of the version that the last transfer has brought.
+    SValidators validators() const;
     /// Returns why the last transfer failed; no failure after a success.
     const STransferFailure& failure() const { return m_failure; }
 

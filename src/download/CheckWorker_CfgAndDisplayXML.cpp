@@ -3,11 +3,13 @@
 #include "catalogue/MVThemeMgr.h"
 #include "catalogue/XmlGuard.h"
 #include "download/CheckTransfer.h"
+#include "download/VersionCache.h"
 #include "download/VersionFile.h"
 #include "host/AppOptions.h"
 #include "host/FileLock.h"
 #include "host/HostSettings.h"
 #include "host/LogL.h"
+#include "host/RegularFile.h"
 #include "host/Utils.h"
 
 #include <QFile>
@@ -114,7 +116,14 @@ bool CheckWorker_CfgAndDisplayXML::fetchVersion(CheckTransfer& transfer)
     if (stopIfCancelled(2, url, file))
         return false;
     transfer.setTimeLimit(std::chrono::milliseconds(hostSettings().versionTimeoutMs));
-    const ETransferResult result = transfer.fetch(url, file, VersionFile::maxBytes);
+    const bool mayAsk = hostSettings().conditionalRequests;
+    const VersionCache::Entry known = mayAsk ? VersionCache::read(url) : VersionCache::Entry();
+    ETransferResult result =
+        transfer.fetchIfChanged(url, file, VersionFile::maxBytes, known.validators);
+    if (result == eTransfer_Success && transfer.isNotModified()
+        && !Utils::writeFile(file, known.content))
+        result =
+            transfer.fetch(url, file, VersionFile::maxBytes); // reports why it cannot be written
     transfer.setTimeLimit(std::chrono::milliseconds::zero());
     if (result != eTransfer_Success) {
         noteFailure(result, transfer.failure(), true);
@@ -126,6 +135,8 @@ bool CheckWorker_CfgAndDisplayXML::fetchVersion(CheckTransfer& transfer)
     }
     if (stopIfCancelled(2, url, file))
         return false;
+    if (mayAsk && !transfer.isNotModified())
+        m_versionValidators = transfer.validators();
     logFile(2, "doWork download EType_XML_resource_version_xml is ok!, strUrl = %s, strFile = %s",
             url, file);
     logFile(2, "doWork download EType_XML_resource_version_xml, strUrl = %s, strFile = %s", url,
@@ -154,6 +165,7 @@ bool CheckWorker_CfgAndDisplayXML::readVersions()
              "will return!");
         return false;
     }
+    rememberVersion(fetched);
     MVThemeMgr* const manager = MVThemeMgr::init();
     getVersionInfo(manager->Path_resource_version_xml(MVThemeMgr::eLoadDir_Download),
                    m_sVer_Download);
@@ -161,6 +173,18 @@ bool CheckWorker_CfgAndDisplayXML::readVersions()
     getVersionInfo(manager->Path_resource_version_xml(MVThemeMgr::eLoadDir_Local), m_sVer_Local);
     logChecksums(1, "m_sVer_Local, m_qsVer_config = %s, m_qsVer_Display = %s", m_sVer_Local);
     return true;
+}
+
+/// Keeps a version file that the server has sent for the next check's question.
+void CheckWorker_CfgAndDisplayXML::rememberVersion(const QString& fetched)
+{
+    QFile file(fetched);
+    QByteArray content;
+    if (m_versionValidators.isEmpty() || !RegularFile::open(file)
+        || !RegularFile::readAll(file, VersionFile::maxBytes, content))
+        return;
+    VersionCache::store(getSerThemeXMLPath(EType_XML_resource_version_xml),
+                        {m_versionValidators, content});
 }
 
 /// Returns whether the server has the installed format version: only such catalogues are fetched.

@@ -6,6 +6,7 @@
 #include "download/SCatalogueVersion.h"
 #include "host/CancelToken.h"
 #include "host/CurWrapper.h"
+#include "host/SValidators.h"
 #include "records/MvResourceExport.h"
 
 #include <QObject>
@@ -112,6 +113,7 @@ private:
     bool lockFolder(FileLock& lock);
     bool fetchVersion(CheckTransfer& transfer);
     bool readVersions();
+    void rememberVersion(const QString& fetched);
     bool isSameFormat();
     void fetchCatalogue(CheckTransfer& transfer, bool needConfig, bool needDisplay);
     bool fetchFile(CheckTransfer& transfer, const CatalogueFile& file, bool& hasError);
@@ -130,7 +132,8 @@ private:
     SVersion m_sVer_Ser;
     SVersion m_sVer_Download;
     SVersion m_sVer_Local;
-    QString m_qsVersionSum; // MD5 of the server's version file as received
+    QString m_qsVersionSum;          // MD5 of the server's version file as received
+    SValidators m_versionValidators; // of the server's version file, if it was sent
     CancelToken m_bWillCancel;
     CurWrapper m_CurWrapper;
 

@@ -2,14 +2,31 @@
 
 #include "host/TransferPool.h"
 
+#include <utility>
+
 class CurWrapper::Private
 {
 public:
+    void run(TransferPool::Job job);
+
     ProgressCallback callback = nullptr;
     void* user = nullptr;
     STransferOutcome outcome;
     TransferPool pool{1};
 };
+
+void CurWrapper::Private::run(TransferPool::Job job)
+{
+    if (callback) {
+        job.progress = [this](qint64 received, qint64 total) {
+            return callback(received, total, user);
+        };
+    }
+    job.ended = [this](const STransferOutcome& ended) { outcome = ended; };
+    pool.start(std::move(job));
+    while (pool.isBusy())
+        pool.step();
+}
 
 CurWrapper::CurWrapper()
     : d(std::make_unique<Private>())
@@ -30,15 +47,22 @@ void CurWrapper::download(const QString& url, const QString& file, bool resume)
     job.url = url;
     job.file = file;
     job.resume = resume;
-    if (d->callback) {
-        job.progress = [callback = d->callback, user = d->user](qint64 received, qint64 total) {
-            return callback(received, total, user);
-        };
-    }
-    job.ended = [this](const STransferOutcome& outcome) { d->outcome = outcome; };
-    d->pool.start(std::move(job));
-    while (d->pool.isBusy())
-        d->pool.step();
+    d->run(std::move(job));
+}
+
+void CurWrapper::downloadIfChanged(const QString& url, const QString& file,
+                                   const SValidators& known)
+{
+    TransferPool::Job job;
+    job.url = url;
+    job.file = file;
+    job.known = known;
+    d->run(std::move(job));
+}
+
+const STransferOutcome& CurWrapper::outcome() const
+{
+    return d->outcome;
 }
 
 int CurWrapper::result() const

@@ -3,6 +3,7 @@
 #include "host/ETransferResult.h"
 #include "host/MvHostExport.h"
 #include "host/STransferFailure.h"
+#include "host/STransferOutcome.h"
 
 #include <QString>
 
@@ -47,6 +48,12 @@ public:
     /// does not provide a validator. The target is replaced only by a complete file.
     void download(const QString& url, const QString& file, bool resume);
 
+    /// Does the same, but if the server's version is the known one, nothing is sent and the local
+    /// file is not touched: see outcome().
+    void downloadIfChanged(const QString& url, const QString& file, const SValidators& known);
+
+    /// Returns the outcome of the last download; a success before the first.
+    const STransferOutcome& outcome() const;
     /// Returns the outcome of the last download, as an ETransferResult; 0 before the first.
     int result() const;
 
