@@ -90,6 +90,7 @@ void CheckWorker_CfgAndDisplayXML::onStartDownloadXML(const QString&)
         if (needConfig || needDisplay)
             fetchCatalogue(transfer, needConfig, needDisplay);
     }
+    rememberVersion();
     end();
 }
 
@@ -165,7 +166,6 @@ bool CheckWorker_CfgAndDisplayXML::readVersions()
              "will return!");
         return false;
     }
-    rememberVersion(fetched);
     MVThemeMgr* const manager = MVThemeMgr::init();
     getVersionInfo(manager->Path_resource_version_xml(MVThemeMgr::eLoadDir_Download),
                    m_sVer_Download);
@@ -176,9 +176,9 @@ bool CheckWorker_CfgAndDisplayXML::readVersions()
 }
 
 /// Keeps a version file that the server has sent for the next check's question.
-void CheckWorker_CfgAndDisplayXML::rememberVersion(const QString& fetched)
+void CheckWorker_CfgAndDisplayXML::rememberVersion()
 {
-    QFile file(fetched);
+    QFile file(getDownLoad_XML_Temp(EType_XML_resource_version_xml, true));
     QByteArray content;
     if (m_versionValidators.isEmpty() || !RegularFile::open(file)
         || !RegularFile::readAll(file, VersionFile::maxBytes, content))

@@ -113,7 +113,7 @@ private:
     bool lockFolder(FileLock& lock);
     bool fetchVersion(CheckTransfer& transfer);
     bool readVersions();
-    void rememberVersion(const QString& fetched);
+    void rememberVersion();
     bool isSameFormat();
     void fetchCatalogue(CheckTransfer& transfer, bool needConfig, bool needDisplay);
     bool fetchFile(CheckTransfer& transfer, const CatalogueFile& file, bool& hasError);

@@ -3,7 +3,9 @@
 #include "catalogue/MVThemeMgr.h"
 #include "download/VersionFile.h"
 #include "host/AppOptions.h"
+#include "host/LogL.h"
 #include "host/RegularFile.h"
+#include "host/STransferFailure.h"
 #include "host/Utils.h"
 
 #include <QCryptographicHash>
@@ -71,6 +73,9 @@ void VersionCache::store(const QString& url, const Entry& entry)
         {digestKey, digestOf(url, entry)},
     };
     AppOptions::instance()->ensureDirExists(QFileInfo(path()).path());
-    // Without the entry, the next check fetches the file.
-    Utils::writeFile(path(), QJsonDocument(json).toJson());
+    STransferFailure failure;
+    if (!Utils::writeFile(path(), QJsonDocument(json).toJson(), &failure)) {
+        LogL("CheckCfgWorker", 2, "the next check will fetch the version file again: %s",
+             failure.m_qsDetails.toUtf8().constData());
+    }
 }
