@@ -91,9 +91,12 @@ void MVThemeDownLoader::noteFailure(const STransferFailure& failure)
 
 void MVThemeDownLoader::setCurrent(const QString& url, const QString& file)
 {
-    const QMutexLocker lock(&m_mutexCurrent);
-    m_strUrl = url;
-    m_strFile = file;
+    {
+        const QMutexLocker lock(&m_mutexCurrent);
+        m_strUrl = url;
+        m_strFile = file;
+    }
+    emit fileBegun(file);
 }
 
 void MVThemeDownLoader::run()

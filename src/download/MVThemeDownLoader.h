@@ -79,6 +79,8 @@ signals:
     void progress(double);
     /// Declared for hosts; never emitted here.
     void queryOperator();
+    /// The turn of a file, given by its local path, has begun.
+    void fileBegun(const QString& file);
     /// The single end of a download, whatever its outcome.
     void sigDownloadFinish(EMVThemeDownLoadError);
 

@@ -118,7 +118,9 @@ SItemDownloadResult FetchCommand::download(SCfg_Item& item)
     MVThemeDownLoader loader(nullptr);
     Interrupt interrupt;
     QObject::connect(&loader, &MVThemeDownLoader::progress, &loop,
-                     [&](double percent) { display.update(percent, loader.downloadedFile()); });
+                     [&](double percent) { display.update(percent); });
+    QObject::connect(&loader, &MVThemeDownLoader::fileBegun, &loop,
+                     [&](const QString& file) { display.begin(file); });
     QObject::connect(&loader, &MVThemeDownLoader::sigDownloadFinish, &loop, &QEventLoop::quit);
     QObject::connect(&interrupt, &Interrupt::requested, &loop, [&] {
         m_interrupted = true;

@@ -26,20 +26,35 @@ ProgressDisplay::ProgressDisplay(const QString& title, Style style)
 {
 }
 
-void ProgressDisplay::update(double percent, const QString& file)
+void ProgressDisplay::update(double percent)
 {
     const int whole = std::clamp(static_cast<int>(percent), 0, 100);
-    const bool newFile = file != m_file;
-    const bool first = m_percent < 0;
-    if (m_silent || (!newFile && whole == m_percent))
+    const bool isFirst = m_percent < 0;
+    if (m_silent || whole == m_percent)
         return;
     m_percent = whole;
-    m_file = file;
     if (m_bar)
-        drawBar(whole);
-    else if (newFile || first)
-        Console::print(QStringLiteral("%1: %2%  %3")
-                           .arg(m_title, QString::number(whole).rightJustified(3), fileName()));
+        drawBar();
+    else if (isFirst)
+        printLine();
+}
+
+void ProgressDisplay::begin(const QString& file)
+{
+    m_file = file;
+    if (m_silent)
+        return;
+    if (m_bar)
+        drawBar();
+    else
+        printLine();
+}
+
+void ProgressDisplay::printLine() const
+{
+    Console::print(
+        QStringLiteral("%1: %2%  %3")
+            .arg(m_title, QString::number(std::max(m_percent, 0)).rightJustified(3), fileName()));
 }
 
 QString ProgressDisplay::fileName() const
@@ -49,8 +64,9 @@ QString ProgressDisplay::fileName() const
 }
 
 /// The line must fit: "\r" does not return across a wrapped line.
-void ProgressDisplay::drawBar(int percent) const
+void ProgressDisplay::drawBar() const
 {
+    const int percent = std::max(m_percent, 0);
     const int room = Columns::ofTerminal() - 1;
     const int barWidth = std::clamp(room / 3, narrowestBar, widestBar);
     const int filled = percent * barWidth / 100;

@@ -2,8 +2,8 @@
 
 #include <QString>
 
-/// The progress of one download: a bar on a terminal, otherwise a line whenever another file is
-/// being fetched. Prints to standard output.
+/// The progress of one download: a bar on a terminal, otherwise a line for each file that
+/// begins. Prints to standard output.
 class ProgressDisplay
 {
 public:
@@ -11,14 +11,17 @@ public:
 
     ProgressDisplay(const QString& title, Style style);
 
-    /// `percent` is 0 to 100; `file` is the local path of the file being fetched, or empty.
-    void update(double percent, const QString& file);
+    /// Shows a percentage, 0 to 100.
+    void update(double percent);
+    /// Shows that a file, given by its local path, is being fetched now; others may be, too.
+    void begin(const QString& file);
     /// Ends the bar's line.
     void finish();
 
 private:
     QString fileName() const;
-    void drawBar(int percent) const;
+    void printLine() const;
+    void drawBar() const;
 
     QString m_title;
     bool m_silent;
