@@ -4,7 +4,9 @@
 #include "download/UpdateTrace.h"
 #include "support/TestMain.h"
 
+#include <QCoreApplication>
 #include <QFile>
+#include <QSignalSpy>
 
 /// Tests updates that run to their end.
 class tst_CatalogueUpdate_run : public QObject
@@ -21,10 +23,12 @@ private slots:
     void ends_data();
     void ends();
     void reasonOfAFailedCheckIsTheChecks();
+    void previewsBesideTheCheckCount_data();
     void previewsBesideTheCheckCount();
     void numbersGrowToTheWhole();
     void secondStartIsRefusedMeanwhile();
     void nextUpdateMayStartInFinished();
+    void nextUpdateMayStartWithTheIdlePhase();
     void destroyedUpdateReportsNothing();
     void hostMayStillUseTheCallbacks();
 
@@ -201,16 +205,32 @@ void tst_CatalogueUpdate_run::reasonOfAFailedCheckIsTheChecks()
     QVERIFY(!result.m_bContentArrived);
 }
 
-/// The first of two failing catalogue files starts the previews while the check tries the other.
+void tst_CatalogueUpdate_run::previewsBesideTheCheckCount_data()
+{
+    QTest::addColumn<bool>("otherFails");
+    QTest::newRow("the other file fails, too") << true;
+    QTest::newRow("the other file arrives") << false;
+}
+
+/// A catalogue file that fails starts the previews while the check tries the other one. More
+/// previews follow the check, and the update waits for them.
 void tst_CatalogueUpdate_run::previewsBesideTheCheckCount()
 {
+    QFETCH(bool, otherFails);
     publishAll();
     m_world.writeCatalogue(MVThemeMgr::eLoadDir_Local, {}, {2});
     HeldAnswer held;
     m_world.route(CheckWorld::displayTarget, refuse);
-    m_world.route(CheckWorld::configTarget, held.handler(HttpAnswer(404).body("no")));
+    m_world.route(CheckWorld::configTarget,
+                  held.handler(otherFails
+                                   ? HttpAnswer(404).body("no")
+                                   : HttpAnswer(200).body(CheckWorld::configCatalogue({1}, {2}))));
     CatalogueUpdate update;
     const UpdateTrace trace(update);
+    const QSignalSpy runs(MVThemeDownLoader_CheckCfg::instance(),
+                          &MVThemeDownLoader_CheckCfg::sig_startDownloadThumbAndGif);
+    int runsAtTheEnd = 0;
+    connect(&update, &CatalogueUpdate::finished, this, [&] { runsAtTheEnd = runs.size(); });
     QVERIFY(update.start());
     QVERIFY(held.hasArrived());
     QTRY_VERIFY(QFile::exists(m_world.preview("VideoFilters", "f2.jpg")));
@@ -222,6 +242,10 @@ void tst_CatalogueUpdate_run::previewsBesideTheCheckCount()
     QCOMPARE(trace.results().constFirst().m_previews.m_nFetched, 1);
     QVERIFY(trace.results().constFirst().m_bContentArrived);
     QCOMPARE(trace.results().constFirst().m_eEnd, eCatalogueUpdate_Failed);
+
+    MVThemeDownLoader_CheckCfg::instance()->waitThreadFinished(); // it has sent all its ends
+    QCoreApplication::processEvents();
+    QCOMPARE(runs.size(), runsAtTheEnd);
 }
 
 void tst_CatalogueUpdate_run::numbersGrowToTheWhole()
@@ -282,6 +306,25 @@ void tst_CatalogueUpdate_run::nextUpdateMayStartInFinished()
     QVERIFY(trace.hasFinished(2));
     QVERIFY(started);
     QCOMPARE(trace.entries(), UpdateTrace::whole() + UpdateTrace::whole());
+}
+
+void tst_CatalogueUpdate_run::nextUpdateMayStartWithTheIdlePhase()
+{
+    publishAll();
+    CatalogueUpdate update;
+    bool started = false;
+    connect(&update, &CatalogueUpdate::phaseChanged, &update, [&](CatalogueUpdate::Phase phase) {
+        if (phase == CatalogueUpdate::Phase::Idle && !started)
+            started = update.start();
+    });
+    const UpdateTrace trace(update);
+    QVERIFY(update.start());
+    QVERIFY(trace.hasFinished(2));
+    QVERIFY(started);
+    // The first outcome is that of the first update.
+    QCOMPARE(trace.results().constFirst().m_check.m_eEnd, eCatalogueCheck_Changed);
+    QCOMPARE(trace.results().constFirst().m_previews.m_nFetched, 3);
+    QCOMPARE(trace.results().constLast().m_check.m_eEnd, eCatalogueCheck_Current);
 }
 
 void tst_CatalogueUpdate_run::destroyedUpdateReportsNothing()
