@@ -13,9 +13,11 @@ class tst_ItemFiles : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
+    void init();
     void eachFileAndDependencyOnce();
     void listingGrowsWithTheFiles();
+    void countsManyAsOneByOne();
+    void countsManyInLessTimeThanOneByOne();
 
 private:
     static double listingTime(int dependencies);
@@ -31,6 +33,21 @@ SCfg_Item filter(int number)
     resource.m_qsUrl = QStringLiteral("/file%1").arg(number);
     item.m_vecResource.append(resource);
     return item;
+}
+
+QVector<SCfg_Item*> pointersTo(QVector<SCfg_Item>& items)
+{
+    QVector<SCfg_Item*> pointers;
+    for (SCfg_Item& item : items)
+        pointers.append(&item);
+    return pointers;
+}
+
+/// Returns the folder to which the addresses of resources relate.
+QString configFolder()
+{
+    return MVThemeMgr::init()->Path_resource_Dir(MVThemeMgr::eLoadDir_Download,
+                                                 MVThemeMgr::eDirTag_Config);
 }
 
 /// Returns a theme that uses these filters and has no files of its own.
@@ -49,7 +66,7 @@ SCfg_Item themeOf(QVector<SCfg_Item>& filters, SThemes_a& parsed)
 
 } // namespace
 
-void tst_ItemFiles::initTestCase()
+void tst_ItemFiles::init()
 {
     MVThemeMgr::init()->setResourceSaveRootPath(TestHome::path() + QStringLiteral("/root"));
 }
@@ -88,6 +105,45 @@ double tst_ItemFiles::listingTime(int dependencies)
 void tst_ItemFiles::listingGrowsWithTheFiles()
 {
     QCOMPARE(Growth::excess(listingTime, 250), QString());
+}
+
+/// A present file, a missing one, one behind a link out of the root and, again, a present one.
+void tst_ItemFiles::countsManyAsOneByOne()
+{
+    const QString folder = configFolder();
+    Files::write(folder + QStringLiteral("/file1"), "content");
+    Files::write(folder + QStringLiteral("/file4"), "content");
+    Files::write(TestHome::path() + QStringLiteral("/outside/a"), "secret");
+    QVERIFY(QFile::link(TestHome::path() + QStringLiteral("/outside"),
+                        folder + QStringLiteral("/link")));
+    QVector<SCfg_Item> filters{filter(1), filter(2), filter(3), filter(4)};
+    filters[2].m_vecResource[0].m_qsUrl = QStringLiteral("/link/a");
+    QCOMPARE(ItemFiles::countNeeded(pointersTo(filters)), (QVector<int>{0, 1, 1, 0}));
+    for (int i = 0; i < filters.size(); ++i)
+        QCOMPARE(ItemFiles::countNeeded(filters[i]), i == 1 || i == 2 ? 1 : 0);
+    QCOMPARE(ItemFiles::countNeeded(QVector<SCfg_Item*>()), QVector<int>());
+}
+
+/// Resolving a folder takes time in proportion to its depth.
+void tst_ItemFiles::countsManyInLessTimeThanOneByOne()
+{
+    MVThemeMgr::init()->setResourceSaveRootPath(TestHome::path() + QStringLiteral("/deep")
+                                                + QStringLiteral("/d").repeated(100));
+    QVector<SCfg_Item> filters;
+    for (int number = 0; number < 100; ++number) {
+        filters.append(filter(number));
+        Files::write(configFolder() + QStringLiteral("/file%1").arg(number), "content");
+    }
+    const QVector<SCfg_Item*> items = pointersTo(filters);
+    const QVector<int> nothing(items.size(), 0);
+    const double together =
+        ProcessorTime::least([&] { QCOMPARE(ItemFiles::countNeeded(items), nothing); });
+    const double oneByOne = ProcessorTime::least([&] {
+        for (SCfg_Item* const item : items)
+            QCOMPARE(ItemFiles::countNeeded(*item), 0);
+    });
+    QVERIFY2(together * 2 < oneByOne,
+             qPrintable(QStringLiteral("%1 s, one by one %2 s").arg(together).arg(oneByOne)));
 }
 
 MV_TEST_MAIN(tst_ItemFiles)
