@@ -4,6 +4,7 @@
 #include "support/Growth.h"
 #include "support/ProcessorTime.h"
 #include "support/TestMain.h"
+#include "support/ThemeUsing.h"
 
 using Files = CatalogueFiles;
 
@@ -50,20 +51,6 @@ QString configFolder()
                                                  MVThemeMgr::eDirTag_Config);
 }
 
-/// Returns a theme that uses these filters and has no files of its own.
-SCfg_Item themeOf(QVector<SCfg_Item>& filters, SThemes_a& parsed)
-{
-    SCfg_Item theme;
-    theme.m_eType = eCfgItem_Theme;
-    for (SCfg_Item& used : filters) {
-        SThemes_a::SDependArray element;
-        element[eDependType_Filter].m_pItem = &used;
-        parsed.m_vecItems.append(element);
-    }
-    theme.m_pThemes_a = &parsed;
-    return theme;
-}
-
 } // namespace
 
 void tst_ItemFiles::init()
@@ -76,7 +63,7 @@ void tst_ItemFiles::eachFileAndDependencyOnce()
     QVector<SCfg_Item> filters{filter(2), filter(1), filter(2)};
     filters[2].m_vecResource.append(filter(3).m_vecResource);
     SThemes_a parsed;
-    SCfg_Item theme = themeOf(filters, parsed);
+    SCfg_Item theme = themeUsing(pointersTo(filters), eDependType_Filter, parsed);
     parsed.m_aStart[eDependType_Text].m_pItem = &filters[1];
     const ItemFiles files(theme);
     QCOMPARE(files.uses(), (QVector<SCfg_Item*>{&filters[0], &filters[1], &filters[2]}));
@@ -95,7 +82,7 @@ double tst_ItemFiles::listingTime(int dependencies)
     for (int number = 0; number < dependencies; ++number)
         filters.append(filter(number));
     SThemes_a parsed;
-    SCfg_Item theme = themeOf(filters, parsed);
+    SCfg_Item theme = themeUsing(pointersTo(filters), eDependType_Filter, parsed);
     int entries = 0;
     const double seconds =
         ProcessorTime::least([&] { entries = ItemFiles(theme).entries().size(); });

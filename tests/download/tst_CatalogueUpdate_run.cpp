@@ -33,8 +33,6 @@ private slots:
     void hostMayStillUseTheCallbacks();
 
 private:
-    void publishAll();
-
     CheckWorld m_world;
 };
 
@@ -60,19 +58,9 @@ void tst_CatalogueUpdate_run::cleanup()
     MVThemeDownLoader_CheckCfg::instance()->waitThreadFinished();
 }
 
-void tst_CatalogueUpdate_run::publishAll()
-{
-    m_world.publish("1.0.2", CheckWorld::displayCatalogue({1}, {2}),
-                    CheckWorld::configCatalogue({1}, {2}));
-    m_world.install("1.0.2", sum, sum);
-    m_world.serve("/display/Themes/t1.jpg", "image");
-    m_world.serve("/display/Themes/t1.gif", "image");
-    m_world.serve("/display/VideoFilters/f2.jpg", "image");
-}
-
 void tst_CatalogueUpdate_run::checkAndPreviewsAreOneOperation()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     CatalogueUpdate update;
     const UpdateTrace trace(update);
     QVERIFY(!update.isRunning());
@@ -95,7 +83,7 @@ void tst_CatalogueUpdate_run::checkAndPreviewsAreOneOperation()
 
 void tst_CatalogueUpdate_run::nothingNewIsComplete()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     CatalogueUpdate update;
     const UpdateTrace trace(update);
     QVERIFY(update.start());
@@ -111,7 +99,7 @@ void tst_CatalogueUpdate_run::nothingNewIsComplete()
 
 void tst_CatalogueUpdate_run::previewsAloneAreContent()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     CatalogueUpdate update;
     const UpdateTrace trace(update);
     QVERIFY(update.start());
@@ -126,7 +114,7 @@ void tst_CatalogueUpdate_run::previewsAloneAreContent()
 
 void tst_CatalogueUpdate_run::aCatalogueThatIsNotThePublishedOneIsRefused()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     m_world.serve(CheckWorld::displayTarget, "<other/>");
     CatalogueUpdate update;
     const UpdateTrace trace(update);
@@ -171,7 +159,7 @@ void tst_CatalogueUpdate_run::ends()
 {
     QFETCH(QByteArray, missing);
     QFETCH(QByteArray, installed);
-    publishAll();
+    m_world.publishWithPreviews();
     m_world.install(installed, sum, sum);
     m_world.writeCatalogue(MVThemeMgr::eLoadDir_Local, {1}, {2});
     if (!missing.isEmpty())
@@ -192,7 +180,7 @@ void tst_CatalogueUpdate_run::ends()
 
 void tst_CatalogueUpdate_run::reasonOfAFailedCheckIsTheChecks()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     m_world.route(CheckWorld::versionTarget, refuse); // nor is there a catalogue on disk
     CatalogueUpdate update;
     const UpdateTrace trace(update);
@@ -217,7 +205,7 @@ void tst_CatalogueUpdate_run::previewsBesideTheCheckCount_data()
 void tst_CatalogueUpdate_run::previewsBesideTheCheckCount()
 {
     QFETCH(bool, otherFails);
-    publishAll();
+    m_world.publishWithPreviews();
     m_world.writeCatalogue(MVThemeMgr::eLoadDir_Local, {}, {2});
     HeldAnswer held;
     m_world.route(CheckWorld::displayTarget, refuse);
@@ -250,7 +238,7 @@ void tst_CatalogueUpdate_run::previewsBesideTheCheckCount()
 
 void tst_CatalogueUpdate_run::numbersGrowToTheWhole()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     CatalogueUpdate update;
     const UpdateTrace trace(update);
     QVERIFY(update.start());
@@ -274,7 +262,7 @@ void tst_CatalogueUpdate_run::numbersGrowToTheWhole()
 
 void tst_CatalogueUpdate_run::secondStartIsRefusedMeanwhile()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     HeldAnswer held;
     m_world.route("/display/Themes/t1.gif", held.handler(HttpAnswer(200).body("image")));
     CatalogueUpdate update;
@@ -294,7 +282,7 @@ void tst_CatalogueUpdate_run::secondStartIsRefusedMeanwhile()
 
 void tst_CatalogueUpdate_run::nextUpdateMayStartInFinished()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     CatalogueUpdate update;
     const UpdateTrace trace(update);
     bool started = false;
@@ -310,7 +298,7 @@ void tst_CatalogueUpdate_run::nextUpdateMayStartInFinished()
 
 void tst_CatalogueUpdate_run::nextUpdateMayStartWithTheIdlePhase()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     CatalogueUpdate update;
     bool started = false;
     connect(&update, &CatalogueUpdate::phaseChanged, &update, [&](CatalogueUpdate::Phase phase) {
@@ -329,7 +317,7 @@ void tst_CatalogueUpdate_run::nextUpdateMayStartWithTheIdlePhase()
 
 void tst_CatalogueUpdate_run::destroyedUpdateReportsNothing()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     {
         CatalogueUpdate update;
         QVERIFY(update.start());
@@ -344,7 +332,7 @@ void tst_CatalogueUpdate_run::destroyedUpdateReportsNothing()
 
 void tst_CatalogueUpdate_run::hostMayStillUseTheCallbacks()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     int told = 0;
     MVThemeDownLoader_CheckCfg::setPreviewRunCallback([&](const SPreviewRunResult&) { ++told; });
     CatalogueUpdate update;
