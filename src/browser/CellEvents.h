@@ -30,7 +30,8 @@ signals:
     /// The user has added an item to the favourites or removed it.
     void favouriteToggled(ECfgItemType kind, const QString& guid);
     void downloadStarted(ECfgItemType kind, const QString& guid);
-    /// Emitted once per download, with its outcome: complete, failed with a cause, or cancelled.
+    /// Emitted once per downloadStarted(), with the outcome: complete, failed with a cause, or
+    /// cancelled, as by clearing the list or destroying the cell; then no callback is called.
     void downloadEnded(ECfgItemType kind, const QString& guid, const SItemDownloadResult& result);
     /// The user has activated "More>>".
     void moreWanted();

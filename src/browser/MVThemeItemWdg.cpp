@@ -36,7 +36,8 @@ MVThemeItemWdg::MVThemeItemWdg(QWidget* parent)
 
 MVThemeItemWdg::~MVThemeItemWdg()
 {
-    delete m_pDownLoader; // cancels and joins
+    endDownload();
+    delete m_pDownLoader;
 }
 
 void MVThemeItemWdg::setCbItemClicked(ItemCallback callback)
@@ -219,12 +220,22 @@ bool MVThemeItemWdg::isLastChoice() const
     return m_pItem && m_nChoice != 0 && LastChoice::isLast(m_pItem->m_eType, m_nChoice);
 }
 
-void MVThemeItemWdg::tryStopDownloadThread()
+/// Its end signal will not reach the cell any more.
+void MVThemeItemWdg::endDownload()
 {
     if (!m_pDownLoader)
         return;
     m_pDownLoader->cancel();
     m_pDownLoader->wait();
+    if (m_pItem)
+        CellEvents::postEnd(*m_pItem, m_pDownLoader->outcome());
+}
+
+void MVThemeItemWdg::tryStopDownloadThread()
+{
+    if (!m_pDownLoader)
+        return;
+    endDownload();
     m_pDownLoader = nullptr;
     releaseItem();
     if (m_bDeletedAfterDownload)

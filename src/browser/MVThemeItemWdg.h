@@ -124,6 +124,8 @@ signals:
     void contextMenuWanted(SCfg_Item* item, const QPoint& globalPos);
 
 private:
+    void endDownload();
+
     std::unique_ptr<Ui::MVThemeItemWdg> m_pUi;
     SCfg_Item* m_pItem = nullptr;
     QPointer<MVThemeDownLoader> m_pDownLoader; // deletes itself when its thread has finished

@@ -3,13 +3,15 @@
 #include "catalogue/CatalogueIndex.h"
 #include "catalogue/MVThemeMgr.h"
 #include "host/RegularFile.h"
+#include "host/STransferFailure.h"
+#include "host/Utils.h"
 #include "records/KindTable.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
 #include <QSet>
 #include <QUuid>
 
@@ -89,6 +91,14 @@ QJsonArray allFavourites()
     return list;
 }
 
+/// Returns the details without the path, which the error's text has already.
+QString reasonOf(const STransferFailure& failure)
+{
+    const QString beginning = failure.m_qsFile + QStringLiteral(": ");
+    return failure.m_qsDetails.startsWith(beginning) ? failure.m_qsDetails.mid(beginning.size())
+                                                     : failure.m_qsDetails;
+}
+
 } // namespace
 
 bool FavouritesFile::write(const QString& path)
@@ -96,11 +106,12 @@ bool FavouritesFile::write(const QString& path)
     m_error = Error::None;
     const QJsonArray list = allFavourites();
     m_count = list.size();
-    QSaveFile file(path);
     const QByteArray bytes =
         QJsonDocument(QJsonObject{{formatKey, format}, {listKey, list}}).toJson();
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
-        return fail(Error::CannotWrite, path, file.errorString());
+    const QFileInfo file(path); // a link keeps its place, and the file that it names is replaced
+    STransferFailure failure;
+    if (!Utils::writeFile(file.isSymLink() ? file.symLinkTarget() : path, bytes, &failure))
+        return fail(Error::CannotWrite, path, reasonOf(failure));
     return true;
 }
 

@@ -22,8 +22,10 @@ public:
         BadEntry,      ///< it contains an entry that is not a favourite
     };
 
-    /// Writes the favourites atomically, including those that the catalogue does not currently
-    /// contain. Save them first, see MVThemeMgr::saveFavourites(). On false see error().
+    /// Writes the favourites, including those that the catalogue does not currently contain. Save
+    /// them first, see MVThemeMgr::saveFavourites(). Replaces an existing file atomically; data and
+    /// name are on the disk when it returns. A link is followed. On false see error(); an existing
+    /// file is unchanged.
     bool write(const QString& path);
     /// Adds the favourites in a file to the catalogue's, including those that it does not currently
     /// contain. On false, see error(); nothing is changed. Reads at most 16 MiB.

@@ -1,6 +1,7 @@
 #include "catalogue/ItemFiles.h"
 
 #include "catalogue/MVThemeMgr.h"
+#include "catalogue/PathGuard.h"
 #include "host/HostSettings.h"
 #include "records/FileView.h"
 
@@ -30,6 +31,7 @@ QVector<SFileInfo*> neededFiles(SCfg_Item& item)
 
 ItemFiles::ItemFiles(SCfg_Item& item)
 {
+    const PathGuard::Folders folders;
     add(item);
     const SThemes_a* const theme = item.parsedTheme();
     if (!theme)
@@ -96,6 +98,16 @@ int ItemFiles::countNeeded(SCfg_Item& item)
     for (const SFileInfo* const info : needed)
         files.insert(FileView(*info).file());
     return files.size();
+}
+
+QVector<int> ItemFiles::countNeeded(const QVector<SCfg_Item*>& items)
+{
+    const PathGuard::Folders folders;
+    QVector<int> counts;
+    counts.reserve(items.size());
+    for (SCfg_Item* const item : items)
+        counts.append(countNeeded(*item));
+    return counts;
 }
 
 bool ItemFiles::needsAny(SCfg_Item& item)

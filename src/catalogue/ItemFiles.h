@@ -49,6 +49,9 @@ public:
     /// theme's config if necessary. If the host checks content, a config that cannot be parsed
     /// counts as missing.
     static int countNeeded(SCfg_Item& item);
+    /// Returns the same for each of many items, and resolves each of their folders only once: what
+    /// becomes a link meanwhile goes unnoticed.
+    static QVector<int> countNeeded(const QVector<SCfg_Item*>& items);
     /// Returns whether any file must be fetched.
     static bool needsAny(SCfg_Item& item);
 

@@ -34,29 +34,46 @@ CatalogueUpdate::CatalogueUpdate(QObject* parent)
     connect(coordinator, &Coordinator::sig_previewsFetched, this, &CatalogueUpdate::notePreviews);
 }
 
+CatalogueUpdate::Phase CatalogueUpdate::phase() const
+{
+    switch (m_state) {
+    case State::New:
+    case State::Refused:
+    case State::Finished:
+        break;
+    case State::Checking:
+    case State::CancellingCheck:
+        return Phase::Catalogue;
+    case State::FetchingPreviews:
+    case State::CancellingPreviews:
+        return Phase::Previews;
+    }
+    return Phase::Idle;
+}
+
+bool CatalogueUpdate::isCancelling() const
+{
+    return m_state == State::CancellingCheck || m_state == State::CancellingPreviews;
+}
+
 bool CatalogueUpdate::start()
 {
     if (isRunning() || m_isShutDown)
         return false;
-    // Set before the coordinator emits signals.
-    m_isCancelled = false;
-    m_hasResult = false;
-    m_wantsPreviews = true;
     m_result = SCatalogueUpdateResult();
-    m_phase = Phase::Catalogue;
-    m_progress = SUpdateProgress();
-    m_isRefused = !Coordinator::instance()->startDownloadXML();
-    if (m_isRefused)
-        m_phase = Phase::Idle;
-    emit phaseChanged(m_phase);
-    return !m_isRefused;
+    enter(State::Checking); // before the coordinator emits signals
+    const bool isAccepted = Coordinator::instance()->startDownloadXML();
+    if (!isAccepted)
+        enter(State::Refused);
+    announcePhase();
+    return isAccepted;
 }
 
 void CatalogueUpdate::cancel()
 {
     if (!isRunning())
         return;
-    m_isCancelled = true;
+    enter(phase() == Phase::Catalogue ? State::CancellingCheck : State::CancellingPreviews);
     Coordinator::instance()->cancelCfgAndDisplayXML();
     Coordinator::instance()->cancelThumbAndGif();
 }
@@ -81,17 +98,23 @@ bool CatalogueUpdate::shutDown()
     return !isRunning();
 }
 
-void CatalogueUpdate::enter(Phase phase)
+void CatalogueUpdate::enter(State state)
 {
-    m_phase = phase;
-    m_progress = SUpdateProgress();
+    const Phase left = phase();
+    m_state = state;
+    if (phase() != left)
+        m_progress = SUpdateProgress();
+}
+
+void CatalogueUpdate::announcePhase()
+{
     if (!m_isShutDown)
-        emit phaseChanged(phase);
+        emit phaseChanged(phase());
 }
 
 void CatalogueUpdate::noteProgress(Phase phase, const SUpdateProgress& progress)
 {
-    if (phase != m_phase || m_isShutDown)
+    if (phase != this->phase() || m_isShutDown)
         return;
     m_progress = progress;
     emit progressed(m_progress);
@@ -99,18 +122,16 @@ void CatalogueUpdate::noteProgress(Phase phase, const SUpdateProgress& progress)
 
 void CatalogueUpdate::noteCheck(const SCatalogueCheckResult& check)
 {
-    if (m_phase != Phase::Catalogue)
+    if (phase() != Phase::Catalogue)
         return;
     m_result.m_check = check;
     m_result.m_bContentArrived |= check.m_eEnd == eCatalogueCheck_Changed;
-    enter(Phase::Previews);
-    // The coordinator skips the previews after a check without an end signal.
-    if (!check.m_bPreviewsFollow) {
-        if (m_isCancelled)
-            m_wantsPreviews = false;
-        else
-            Coordinator::instance()->startDownloadThumbAndGif();
-    }
+    enter(isCancelling() ? State::CancellingPreviews : State::FetchingPreviews);
+    announcePhase();
+    if (check.m_bPreviewsFollow)
+        return; // also after previews beside the check
+    if (m_state == State::FetchingPreviews)
+        Coordinator::instance()->startDownloadThumbAndGif();
     finishIfOver();
 }
 
@@ -118,7 +139,7 @@ void CatalogueUpdate::noteCheck(const SCatalogueCheckResult& check)
 /// tries the other one.
 void CatalogueUpdate::notePreviewsStarted()
 {
-    if (isRunning() && m_isCancelled)
+    if (isCancelling())
         Coordinator::instance()->cancelThumbAndGif();
 }
 
@@ -130,7 +151,6 @@ void CatalogueUpdate::notePreviews(const SPreviewRunResult& previews)
     m_result.m_previews = previews;
     m_result.m_previews.m_nFetched += fetchedBefore;
     m_result.m_bContentArrived |= previews.m_nFetched > 0;
-    m_wantsPreviews = false;
     finishIfOver();
 }
 
@@ -138,20 +158,20 @@ void CatalogueUpdate::finishIfOver()
 {
     const Coordinator& coordinator = *Coordinator::instance();
     const bool isChecking = m_result.m_check.m_bPreviewsFollow && coordinator.isChecking();
-    if (m_phase != Phase::Previews || m_wantsPreviews || isChecking
-        || coordinator.isFetchingPreviews())
+    if (phase() != Phase::Previews || isChecking || coordinator.isFetchingPreviews())
         return;
     m_result.m_eEnd = end();
-    m_hasResult = true;
-    enter(Phase::Idle);
+    enter(State::Finished);
+    const SCatalogueUpdateResult result = m_result; // a receiver may start the next update
+    announcePhase();
     if (!m_isShutDown)
-        emit finished(SCatalogueUpdateResult(m_result)); // a receiver may start the next update
+        emit finished(result);
 }
 
 ECatalogueUpdateEnd CatalogueUpdate::end() const
 {
     const ECatalogueCheckEnd check = m_result.m_check.m_eEnd;
-    if (m_isCancelled || check == eCatalogueCheck_Cancelled
+    if (isCancelling() || check == eCatalogueCheck_Cancelled
         || m_result.m_previews.m_eEnd == ePreviewRun_Cancelled)
         return eCatalogueUpdate_Cancelled;
     if (check != eCatalogueCheck_Changed && check != eCatalogueCheck_Current)

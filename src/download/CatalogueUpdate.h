@@ -41,13 +41,13 @@ public:
     /// running.
     bool shutDown();
 
-    Phase phase() const { return m_phase; }
-    bool isRunning() const { return m_phase != Phase::Idle; }
-    bool isRefused() const { return m_isRefused; }
+    Phase phase() const;
+    bool isRunning() const { return phase() != Phase::Idle; }
+    bool isRefused() const { return m_state == State::Refused; }
     /// Returns the progress of the phase; zeros while no update is running.
     const SUpdateProgress& progress() const { return m_progress; }
     /// Returns whether an update has finished; false again while the next one is running.
-    bool hasResult() const { return m_hasResult; }
+    bool hasResult() const { return m_state == State::Finished; }
     /// Returns the outcome of the last finished update. The check's result is valid from the phase
     /// Previews on.
     const SCatalogueUpdateResult& result() const { return m_result; }
@@ -62,7 +62,19 @@ signals:
     void finished(const SCatalogueUpdateResult& result);
 
 private:
-    void enter(Phase phase);
+    enum class State {
+        New,     // no update has been started
+        Refused, // the coordinator refused the last start
+        Checking,
+        CancellingCheck,  // the previews that follow will be cancelled, too
+        FetchingPreviews, // or waiting for the run to begin
+        CancellingPreviews,
+        Finished,
+    };
+
+    bool isCancelling() const;
+    void enter(State state);
+    void announcePhase();
     void noteProgress(Phase phase, const SUpdateProgress& progress);
     void noteCheck(const SCatalogueCheckResult& check);
     void notePreviewsStarted();
@@ -70,12 +82,8 @@ private:
     void finishIfOver();
     ECatalogueUpdateEnd end() const;
 
-    Phase m_phase = Phase::Idle;
-    bool m_isRefused = false;
-    bool m_hasResult = false;
-    bool m_isCancelled = false; // since start(): previews that begin later are cancelled, too
-    bool m_isShutDown = false;
-    bool m_wantsPreviews = true; // a preview run is still due
+    State m_state = State::New;
+    bool m_isShutDown = false; // for good, whatever the state: no signals, no further update
     SUpdateProgress m_progress;
     SCatalogueUpdateResult m_result;
 };

@@ -5,6 +5,7 @@
 #include "support/Growth.h"
 #include "support/ProcessorTime.h"
 #include "support/TestMain.h"
+#include "support/ThemeUsing.h"
 
 using Files = CatalogueFiles;
 
@@ -36,14 +37,9 @@ void tst_largeCatalogue::load(int transitions, int filters)
     QByteArray config;
     QByteArray display;
     const auto add = [&](ECfgItemType kind, int count) {
-        QVector<Files::CfgItem> items;
-        QVector<Files::DisplayItem> shown;
-        for (int number = 0; number < count; ++number) {
-            items.append({Files::guid(number), QString(), {}});
-            shown.append({Files::guid(number), QString::number(number), QString()});
-        }
-        config += Files::cfgGroup(manager->getCfgItemTypeStr(kind), items);
-        display += Files::displayCategory(manager->getCfgItemTypeStr(kind), shown);
+        const QString name = manager->getCfgItemTypeStr(kind);
+        config += Files::cfgGroup(name, Files::cfgItems(count));
+        display += Files::displayCategory(name, Files::displayItems(count));
     };
     add(eCfgItem_Transition, transitions);
     add(eCfgItem_Filter, filters);
@@ -59,16 +55,11 @@ void tst_largeCatalogue::load(int transitions, int filters)
 double tst_largeCatalogue::factsTime(int used)
 {
     load(used, 0);
+    QVector<SCfg_Item*> transitions;
+    for (const SCfg_Item& item : MVThemeMgr::init()->getCfgXML().vecTransition)
+        transitions.append(const_cast<SCfg_Item*>(&item));
     SThemes_a parsed;
-    for (int number = 0; number < used; ++number) {
-        SThemes_a::SDependArray element;
-        element[eDependType_Transition].m_pItem =
-            const_cast<SCfg_Item*>(&MVThemeMgr::init()->getCfgXML().vecTransition.at(number));
-        parsed.m_vecItems.append(element);
-    }
-    SCfg_Item theme;
-    theme.m_eType = eCfgItem_Theme;
-    theme.m_pThemes_a = &parsed;
+    SCfg_Item theme = themeUsing(transitions, eDependType_Transition, parsed);
     QString last;
     const double seconds =
         ProcessorTime::least([&] { last = ItemFacts(theme).used().last().name; });

@@ -12,8 +12,8 @@ class tst_windowTexts : public QObject
 
 private slots:
     void initTestCase();
-    void areWhole_data();
-    void areWhole();
+    void areWhole_data() { ScaledRuns::addRows(); }
+    void areWhole() { m_runs.verifyRun(); }
 
 private:
     const VirtualDisplay m_display{{2560, 2048}};
@@ -31,30 +31,5 @@ void tst_windowTexts::initTestCase()
     m_runs.start(environment);
 }
 
-void tst_windowTexts::areWhole_data()
-{
-    QTest::addColumn<QString>("scale");
-    for (const char* scale : ScaledRuns::scales)
-        QTest::newRow(scale) << QString::fromLatin1(scale);
-}
-
-void tst_windowTexts::areWhole()
-{
-    QFETCH(QString, scale);
-    const QByteArray complaints = m_runs.complaints(scale);
-    QVERIFY2(complaints.isEmpty(), complaints.constData());
-}
-
-int main(int argc, char** argv)
-{
-    const TestHome home;
-    const QString scale = ScaledRuns::enter();
-    TestApplication<QApplication> application(argc, argv);
-    if (!scale.isEmpty()) {
-        WindowTexts texts(scale);
-        return QTest::qExec(&texts, argc, argv);
-    }
-    tst_windowTexts test;
-    return QTest::qExec(&test, argc, argv);
-}
+MV_SCALED_TEST_MAIN(tst_windowTexts, WindowTexts)
 #include "tst_windowTexts.moc"

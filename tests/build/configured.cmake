@@ -1,14 +1,22 @@
-# Configures the project on a machine without X11, libzip and cpp-httplib.
+# Configures the project on a machine without X11, libzip and cpp-httplib, or without libzip alone.
 #
 #   noPackages    the libraries and the editor do without, and the editor is made of nothing else
 #   missingPart   what needs a package that is not there says so
+#   demoAlone     the demo does without the tools, and so without libzip
 #   subproject    a project that embeds this one gets the libraries and nothing else
 cmake_minimum_required(VERSION 3.25)
 
 set(packages ${WORK_FOLDER}/packages)
 file(REMOVE_RECURSE ${WORK_FOLDER})
 
-# All packages of this machine but those.
+set(missing libzip cpp-httplib)
+set(find_options -DCMAKE_DISABLE_FIND_PACKAGE_X11=ON)
+if(CASE STREQUAL "demoAlone")
+    set(missing libzip)
+    set(find_options)
+endif()
+
+# All packages of this machine but the missing ones.
 execute_process(COMMAND ${PKG_CONFIG} --variable pc_path pkg-config OUTPUT_VARIABLE folders
                 OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
 string(REPLACE ":" ";" folders "${folders}")
@@ -16,9 +24,9 @@ file(MAKE_DIRECTORY ${packages})
 foreach(folder IN LISTS folders)
     file(GLOB files ${folder}/*.pc)
     foreach(file IN LISTS files)
-        cmake_path(GET file FILENAME name)
-        if(NOT name MATCHES "^(libzip|cpp-httplib)\\.pc$")
-            file(CREATE_LINK ${file} ${packages}/${name} SYMBOLIC)
+        cmake_path(GET file STEM LAST_ONLY name)
+        if(NOT name IN_LIST missing)
+            file(CREATE_LINK ${file} ${packages}/${name}.pc SYMBOLIC)
         endif()
     endforeach()
 endforeach()
@@ -28,8 +36,8 @@ function(configure source)
     execute_process(
         COMMAND
             ${CMAKE_COMMAND} -E env --unset=PKG_CONFIG_PATH PKG_CONFIG_LIBDIR=${packages} ${CMAKE_COMMAND} -S
-            ${source} -B ${WORK_FOLDER}/build -G Ninja -DCMAKE_CXX_COMPILER=${COMPILER}
-            -DCMAKE_DISABLE_FIND_PACKAGE_X11=ON ${ARGN}
+            ${source} -B ${WORK_FOLDER}/build -G Ninja -DCMAKE_CXX_COMPILER=${COMPILER} ${find_options}
+            ${ARGN}
         RESULT_VARIABLE result
         OUTPUT_VARIABLE output
         ERROR_VARIABLE output)
@@ -51,22 +59,33 @@ function(refuses text)
     endif()
 endfunction()
 
+# is_made_without(PROGRAM STRANGERS...): the program is built, and no command names one of these.
+function(is_made_without program)
+    execute_process(COMMAND ${CMAKE_COMMAND} --build ${WORK_FOLDER}/build -- -t commands ${program}
+                    OUTPUT_VARIABLE commands COMMAND_ERROR_IS_FATAL ANY)
+    if(NOT commands MATCHES "-o bin/${program} ")
+        message(FATAL_ERROR "${program} is not linked:\n${commands}")
+    endif()
+    foreach(stranger IN LISTS ARGN)
+        string(FIND "${commands}" "${stranger}" place)
+        if(NOT place EQUAL -1)
+            message(FATAL_ERROR "${program} is built with \"${stranger}\":\n${commands}")
+        endif()
+    endforeach()
+endfunction()
+
 if(CASE STREQUAL "noPackages")
     configure(${PROJECT_FOLDER} -DMV_BUILD_TOOLS=OFF -DMV_BUILD_DEMO=OFF -DMV_BUILD_TESTS=OFF)
     require_success()
     set(others demo/ samples tests/ tools/)
-    execute_process(COMMAND ${CMAKE_COMMAND} --build ${WORK_FOLDER}/build -- -t commands mveditor
-                    OUTPUT_VARIABLE commands COMMAND_ERROR_IS_FATAL ANY)
-    if(NOT commands MATCHES "-o bin/mveditor ")
-        message(FATAL_ERROR "mveditor is not linked:\n${commands}")
-    endif()
     list(TRANSFORM others PREPEND ${PROJECT_FOLDER}/)
-    foreach(stranger IN LISTS others ITEMS mvserver httplib libzip -lzip Xtst)
-        string(FIND "${commands}" "${stranger}" place)
-        if(NOT place EQUAL -1)
-            message(FATAL_ERROR "mveditor is built with \"${stranger}\":\n${commands}")
-        endif()
-    endforeach()
+    is_made_without(mveditor ${others} mvserver httplib libzip -lzip Xtst)
+elseif(CASE STREQUAL "demoAlone")
+    configure(${PROJECT_FOLDER} -DMV_BUILD_TOOLS=OFF -DMV_BUILD_DEMO=ON -DMV_BUILD_TESTS=OFF)
+    require_success()
+    set(others console mvres mvpublish)
+    list(TRANSFORM others PREPEND ${PROJECT_FOLDER}/tools/)
+    is_made_without(mveditor-demo ${others} libzip -lzip)
 elseif(CASE STREQUAL "missingPart")
     set(libraries -DMV_BUILD_APP=OFF -DMV_BUILD_TESTS=OFF)
     refuses("cpp-httplib" ${libraries} -DMV_BUILD_TOOLS=ON -DMV_BUILD_DEMO=OFF)

@@ -22,6 +22,7 @@ private slots:
     void holdsMarksOfUnknownItems();
     void isEmptyWithoutFavourites();
     void replacesAFile();
+    void replacesTheFileBehindALink();
     void readingMarks_data();
     void readingMarks();
     void readingAddsToTheMarks();
@@ -152,6 +153,17 @@ void tst_FavouritesFile::replacesAFile()
     Files::write(file(), QByteArray(100000, 'x'));
     mark(eCfgItem_Theme, 1);
     QCOMPARE(written(), QJsonArray{entry("theme", 1, "Caf\xc3\xa9")});
+}
+
+void tst_FavouritesFile::replacesTheFileBehindALink()
+{
+    const QString target = m_fixture.base() + QStringLiteral("/elsewhere/target.json");
+    Files::write(target, "old");
+    QVERIFY(QFile::link(QStringLiteral("elsewhere/target.json"), file()));
+    mark(eCfgItem_Theme, 1);
+    QCOMPARE(written(), QJsonArray{entry("theme", 1, "Caf\xc3\xa9")});
+    QVERIFY(QFileInfo(file()).isSymLink());
+    QCOMPARE(Files::read(target), Files::read(file()));
 }
 
 void tst_FavouritesFile::readingMarks_data()

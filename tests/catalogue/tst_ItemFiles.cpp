@@ -4,6 +4,7 @@
 #include "support/Growth.h"
 #include "support/ProcessorTime.h"
 #include "support/TestMain.h"
+#include "support/ThemeUsing.h"
 
 using Files = CatalogueFiles;
 
@@ -13,9 +14,11 @@ class tst_ItemFiles : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
+    void init();
     void eachFileAndDependencyOnce();
     void listingGrowsWithTheFiles();
+    void countsManyAsOneByOne();
+    void countsManyInLessTimeThanOneByOne();
 
 private:
     static double listingTime(int dependencies);
@@ -33,23 +36,24 @@ SCfg_Item filter(int number)
     return item;
 }
 
-/// Returns a theme that uses these filters and has no files of its own.
-SCfg_Item themeOf(QVector<SCfg_Item>& filters, SThemes_a& parsed)
+QVector<SCfg_Item*> pointersTo(QVector<SCfg_Item>& items)
 {
-    SCfg_Item theme;
-    theme.m_eType = eCfgItem_Theme;
-    for (SCfg_Item& used : filters) {
-        SThemes_a::SDependArray element;
-        element[eDependType_Filter].m_pItem = &used;
-        parsed.m_vecItems.append(element);
-    }
-    theme.m_pThemes_a = &parsed;
-    return theme;
+    QVector<SCfg_Item*> pointers;
+    for (SCfg_Item& item : items)
+        pointers.append(&item);
+    return pointers;
+}
+
+/// Returns the folder to which the addresses of resources relate.
+QString configFolder()
+{
+    return MVThemeMgr::init()->Path_resource_Dir(MVThemeMgr::eLoadDir_Download,
+                                                 MVThemeMgr::eDirTag_Config);
 }
 
 } // namespace
 
-void tst_ItemFiles::initTestCase()
+void tst_ItemFiles::init()
 {
     MVThemeMgr::init()->setResourceSaveRootPath(TestHome::path() + QStringLiteral("/root"));
 }
@@ -59,7 +63,7 @@ void tst_ItemFiles::eachFileAndDependencyOnce()
     QVector<SCfg_Item> filters{filter(2), filter(1), filter(2)};
     filters[2].m_vecResource.append(filter(3).m_vecResource);
     SThemes_a parsed;
-    SCfg_Item theme = themeOf(filters, parsed);
+    SCfg_Item theme = themeUsing(pointersTo(filters), eDependType_Filter, parsed);
     parsed.m_aStart[eDependType_Text].m_pItem = &filters[1];
     const ItemFiles files(theme);
     QCOMPARE(files.uses(), (QVector<SCfg_Item*>{&filters[0], &filters[1], &filters[2]}));
@@ -78,7 +82,7 @@ double tst_ItemFiles::listingTime(int dependencies)
     for (int number = 0; number < dependencies; ++number)
         filters.append(filter(number));
     SThemes_a parsed;
-    SCfg_Item theme = themeOf(filters, parsed);
+    SCfg_Item theme = themeUsing(pointersTo(filters), eDependType_Filter, parsed);
     int entries = 0;
     const double seconds =
         ProcessorTime::least([&] { entries = ItemFiles(theme).entries().size(); });
@@ -88,6 +92,45 @@ double tst_ItemFiles::listingTime(int dependencies)
 void tst_ItemFiles::listingGrowsWithTheFiles()
 {
     QCOMPARE(Growth::excess(listingTime, 250), QString());
+}
+
+/// A present file, a missing one, one behind a link out of the root and, again, a present one.
+void tst_ItemFiles::countsManyAsOneByOne()
+{
+    const QString folder = configFolder();
+    Files::write(folder + QStringLiteral("/file1"), "content");
+    Files::write(folder + QStringLiteral("/file4"), "content");
+    Files::write(TestHome::path() + QStringLiteral("/outside/a"), "secret");
+    QVERIFY(QFile::link(TestHome::path() + QStringLiteral("/outside"),
+                        folder + QStringLiteral("/link")));
+    QVector<SCfg_Item> filters{filter(1), filter(2), filter(3), filter(4)};
+    filters[2].m_vecResource[0].m_qsUrl = QStringLiteral("/link/a");
+    QCOMPARE(ItemFiles::countNeeded(pointersTo(filters)), (QVector<int>{0, 1, 1, 0}));
+    for (int i = 0; i < filters.size(); ++i)
+        QCOMPARE(ItemFiles::countNeeded(filters[i]), i == 1 || i == 2 ? 1 : 0);
+    QCOMPARE(ItemFiles::countNeeded(QVector<SCfg_Item*>()), QVector<int>());
+}
+
+/// Resolving a folder takes time in proportion to its depth.
+void tst_ItemFiles::countsManyInLessTimeThanOneByOne()
+{
+    MVThemeMgr::init()->setResourceSaveRootPath(TestHome::path() + QStringLiteral("/deep")
+                                                + QStringLiteral("/d").repeated(100));
+    QVector<SCfg_Item> filters;
+    for (int number = 0; number < 100; ++number) {
+        filters.append(filter(number));
+        Files::write(configFolder() + QStringLiteral("/file%1").arg(number), "content");
+    }
+    const QVector<SCfg_Item*> items = pointersTo(filters);
+    const QVector<int> nothing(items.size(), 0);
+    const double together =
+        ProcessorTime::least([&] { QCOMPARE(ItemFiles::countNeeded(items), nothing); });
+    const double oneByOne = ProcessorTime::least([&] {
+        for (SCfg_Item* const item : items)
+            QCOMPARE(ItemFiles::countNeeded(*item), 0);
+    });
+    QVERIFY2(together * 2 < oneByOne,
+             qPrintable(QStringLiteral("%1 s, one by one %2 s").arg(together).arg(oneByOne)));
 }
 
 MV_TEST_MAIN(tst_ItemFiles)

@@ -92,24 +92,17 @@ void tst_catalogueGrowth::markingFavourites()
 
 void tst_catalogueGrowth::writeCatalogue(int filters, int themes) const
 {
-    QVector<Files::CfgItem> items;
-    QVector<Files::CfgItem> themeItems;
-    QVector<Files::DisplayItem> shown;
-    for (int i = 0; i < filters; ++i)
-        items.append({Files::guid(i), QString(), {}});
-    for (int i = 0; i < themes; ++i) {
-        themeItems.append({Files::guid(i), QStringLiteral("/theme.xml"), {}});
-        shown.append({Files::guid(i), QStringLiteral("Theme"), QString()});
-    }
-    QVector<Files::DisplayItem> shownFilters;
-    for (int i = 0; i < filters; ++i)
-        shownFilters.append({Files::guid(i), QString(), QString()});
+    QVector<Files::CfgItem> themeItems = Files::cfgItems(themes);
+    for (Files::CfgItem& theme : themeItems)
+        theme.urlCnf = QStringLiteral("/theme.xml");
     Files::write(m_fixture.configXml(),
-                 Files::document(Files::cfgGroup(QStringLiteral("Filter"), items)
+                 Files::document(Files::cfgGroup(QStringLiteral("Filter"), Files::cfgItems(filters))
                                  + Files::cfgGroup(QStringLiteral("Theme"), themeItems)));
-    Files::write(m_fixture.displayXml(),
-                 Files::document(Files::displayCategory(QStringLiteral("Filter"), shownFilters)
-                                 + Files::displayThemes({{QStringLiteral("travel"), shown}})));
+    Files::write(
+        m_fixture.displayXml(),
+        Files::document(
+            Files::displayCategory(QStringLiteral("Filter"), Files::displayItems(filters))
+            + Files::displayThemes({{QStringLiteral("travel"), Files::displayItems(themes)}})));
 }
 
 void tst_catalogueGrowth::writeThemeConfig(int elements, const QString& filter) const

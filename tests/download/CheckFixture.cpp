@@ -114,6 +114,36 @@ void CheckWorld::publish(const QByteArray& value, const QByteArray& display,
     serve(configTarget, config);
 }
 
+void CheckWorld::publishWithPreviews()
+{
+    const QByteArray otherSum = "00112233445566778899aabbccddeeff";
+    publish("1.0.2", displayCatalogue({1}, {2}), configCatalogue({1}, {2}));
+    install("1.0.2", otherSum, otherSum);
+    for (const char* target :
+         {"/display/Themes/t1.jpg", "/display/Themes/t1.gif", "/display/VideoFilters/f2.jpg"})
+        serve(target, "image");
+}
+
+void CheckWorld::publishWithoutSums()
+{
+    serve(versionTarget, version("1.0.2", "", ""));
+    install("1.0.2", "1", "1");
+    writeCatalogue(MVThemeMgr::eLoadDir_Local, {}, {1});
+}
+
+void CheckWorld::stallRequest(int stalling, const QByteArray& beginning,
+                              const std::function<void()>& then)
+{
+    setFault([=](HttpExchange& exchange, int number) {
+        if (number != stalling)
+            return false;
+        exchange.answer(HttpAnswer(200).field("Content-Length", "100000").bareBody(beginning));
+        then();
+        exchange.stall();
+        return true;
+    });
+}
+
 void CheckWorld::install(const QByteArray& value, const QByteArray& displaySum,
                          const QByteArray& configSum) const
 {
@@ -165,6 +195,16 @@ void CheckWorld::writeCatalogue(MVThemeMgr::ELoadDir tree, const QVector<int>& t
                           configCatalogue(themes, filters));
     CatalogueFiles::write(manager->Path_resource_xml(tree, MVThemeMgr::eDirTag_Display),
                           displayCatalogue(themes, filters));
+}
+
+QString CheckWorld::catalogueUrl(const char* name) const
+{
+    return m_server.url(QStringLiteral("//ResourceConfig/") + QString::fromLatin1(name));
+}
+
+QString CheckWorld::temporaryFile(const char* name) const
+{
+    return temp() + QStringLiteral("//") + QString::fromLatin1(name);
 }
 
 QString CheckWorld::preview(const char* kind, const char* name) const

@@ -12,6 +12,7 @@
 #include <QMap>
 #include <QString>
 
+#include <functional>
 #include <mutex>
 
 /// A server that publishes a catalogue, and the trees of one installation, all reset by fresh().
@@ -56,6 +57,12 @@ public:
                               const QByteArray& configSum);
     /// Publishes these catalogue files, and a version file with their checksums.
     void publish(const QByteArray& value, const QByteArray& display, const QByteArray& config);
+    /// Publishes theme 1 and filter 2 in version 1.0.2 with all their previews, over an installed
+    /// catalogue of that version with other checksums.
+    void publishWithPreviews();
+    /// Publishes version 1.0.2 without checksums, for a check without an end signal, over an
+    /// installed catalogue with filter 1.
+    void publishWithoutSums();
     /// Writes the version files of the two trees.
     void install(const QByteArray& value, const QByteArray& displaySum,
                  const QByteArray& configSum) const;
@@ -68,6 +75,9 @@ public:
                         const QVector<int>& filters) const;
     static QByteArray displayCatalogue(const QVector<int>& themes, const QVector<int>& filters);
     static QByteArray configCatalogue(const QVector<int>& themes, const QVector<int>& filters);
+    /// Return the address of a catalogue file, and its path while a check fetches it.
+    QString catalogueUrl(const char* name) const;
+    QString temporaryFile(const char* name) const;
     /// Returns a preview's path on disk or its address: "Themes", "t1.gif".
     QString preview(const char* kind, const char* name) const;
     QString previewUrl(const char* kind, const char* name) const;
@@ -79,6 +89,10 @@ public:
     static void watch(CheckWorker_CfgAndDisplayXML& worker, DownloadTrace& trace);
     /// Records a preview run likewise: "end 0|1", "result FETCHED PRESENT FAILED 0|1 END".
     static void watch(CheckWorker_ThumbAndGif& worker, DownloadTrace& trace);
+
+    /// Lets the request with this number stall behind a few bytes, which begin with `beginning`,
+    /// and then calls `then` on the server's thread.
+    void stallRequest(int stalling, const QByteArray& beginning, const std::function<void()>& then);
 
     static constexpr char versionTarget[] = "//ResourceConfig/resource_version_v3.xml";
     static constexpr char displayTarget[] = "//ResourceConfig/resource_display.xml";

@@ -1,5 +1,4 @@
 #include "download/CheckFixture.h"
-#include "download/HeldAnswer.h"
 #include "download/MVThemeDownLoader_CheckCfg.h"
 #include "download/UpdateTrace.h"
 #include "support/TestMain.h"
@@ -14,6 +13,7 @@ private slots:
     void cleanup();
     void cancelEndsBothPhases_data();
     void cancelEndsBothPhases();
+    void cancelledUpdateGivesNoReason();
     void cancelBeforeAnythingCameHolds();
     void cancelWithoutAnUpdateDoesNothing();
     void updateAfterACancelledOneIsWhole();
@@ -74,6 +74,25 @@ void tst_CatalogueUpdate_cancel::cancelEndsBothPhases()
     QCOMPARE(trace.results().constFirst().cause(), eFailure_Cancelled);
     QTEST(trace.results().constFirst().m_bContentArrived, "contentArrived");
     QCOMPARE(m_world.targets().constLast(), stalling); // no request has begun since
+}
+
+/// Not even the failure of a file before the cancel.
+void tst_CatalogueUpdate_cancel::cancelledUpdateGivesNoReason()
+{
+    m_world.route("/display/Themes/t1.jpg",
+                  [](HttpExchange& exchange) { exchange.answer(HttpAnswer(404).body("no")); });
+    m_world.route("/display/Themes/t1.gif", stall);
+    CatalogueUpdate update;
+    const UpdateTrace trace(update);
+    QVERIFY(update.start());
+    QTRY_VERIFY(m_world.targets().contains("/display/Themes/t1.gif"));
+    update.cancel();
+    QVERIFY(trace.hasFinished());
+    const SCatalogueUpdateResult& result = trace.results().constFirst();
+    QCOMPARE(result.m_eEnd, eCatalogueUpdate_Cancelled);
+    QVERIFY(!result.m_previews.m_vecFailures.isEmpty());
+    QCOMPARE(result.reason(), QString());
+    QCOMPARE(result.cause(), eFailure_Cancelled);
 }
 
 void tst_CatalogueUpdate_cancel::cancelBeforeAnythingCameHolds()

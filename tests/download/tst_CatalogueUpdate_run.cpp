@@ -4,7 +4,9 @@
 #include "download/UpdateTrace.h"
 #include "support/TestMain.h"
 
+#include <QCoreApplication>
 #include <QFile>
+#include <QSignalSpy>
 
 /// Tests updates that run to their end.
 class tst_CatalogueUpdate_run : public QObject
@@ -21,16 +23,16 @@ private slots:
     void ends_data();
     void ends();
     void reasonOfAFailedCheckIsTheChecks();
+    void previewsBesideTheCheckCount_data();
     void previewsBesideTheCheckCount();
     void numbersGrowToTheWhole();
     void secondStartIsRefusedMeanwhile();
     void nextUpdateMayStartInFinished();
+    void nextUpdateMayStartWithTheIdlePhase();
     void destroyedUpdateReportsNothing();
     void hostMayStillUseTheCallbacks();
 
 private:
-    void publishAll();
-
     CheckWorld m_world;
 };
 
@@ -56,19 +58,9 @@ void tst_CatalogueUpdate_run::cleanup()
     MVThemeDownLoader_CheckCfg::instance()->waitThreadFinished();
 }
 
-void tst_CatalogueUpdate_run::publishAll()
-{
-    m_world.publish("1.0.2", CheckWorld::displayCatalogue({1}, {2}),
-                    CheckWorld::configCatalogue({1}, {2}));
-    m_world.install("1.0.2", sum, sum);
-    m_world.serve("/display/Themes/t1.jpg", "image");
-    m_world.serve("/display/Themes/t1.gif", "image");
-    m_world.serve("/display/VideoFilters/f2.jpg", "image");
-}
-
 void tst_CatalogueUpdate_run::checkAndPreviewsAreOneOperation()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     CatalogueUpdate update;
     const UpdateTrace trace(update);
     QVERIFY(!update.isRunning());
@@ -91,7 +83,7 @@ void tst_CatalogueUpdate_run::checkAndPreviewsAreOneOperation()
 
 void tst_CatalogueUpdate_run::nothingNewIsComplete()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     CatalogueUpdate update;
     const UpdateTrace trace(update);
     QVERIFY(update.start());
@@ -107,7 +99,7 @@ void tst_CatalogueUpdate_run::nothingNewIsComplete()
 
 void tst_CatalogueUpdate_run::previewsAloneAreContent()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     CatalogueUpdate update;
     const UpdateTrace trace(update);
     QVERIFY(update.start());
@@ -122,7 +114,7 @@ void tst_CatalogueUpdate_run::previewsAloneAreContent()
 
 void tst_CatalogueUpdate_run::aCatalogueThatIsNotThePublishedOneIsRefused()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     m_world.serve(CheckWorld::displayTarget, "<other/>");
     CatalogueUpdate update;
     const UpdateTrace trace(update);
@@ -167,7 +159,7 @@ void tst_CatalogueUpdate_run::ends()
 {
     QFETCH(QByteArray, missing);
     QFETCH(QByteArray, installed);
-    publishAll();
+    m_world.publishWithPreviews();
     m_world.install(installed, sum, sum);
     m_world.writeCatalogue(MVThemeMgr::eLoadDir_Local, {1}, {2});
     if (!missing.isEmpty())
@@ -188,7 +180,7 @@ void tst_CatalogueUpdate_run::ends()
 
 void tst_CatalogueUpdate_run::reasonOfAFailedCheckIsTheChecks()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     m_world.route(CheckWorld::versionTarget, refuse); // nor is there a catalogue on disk
     CatalogueUpdate update;
     const UpdateTrace trace(update);
@@ -201,16 +193,32 @@ void tst_CatalogueUpdate_run::reasonOfAFailedCheckIsTheChecks()
     QVERIFY(!result.m_bContentArrived);
 }
 
-/// The first of two failing catalogue files starts the previews while the check tries the other.
+void tst_CatalogueUpdate_run::previewsBesideTheCheckCount_data()
+{
+    QTest::addColumn<bool>("otherFails");
+    QTest::newRow("the other file fails, too") << true;
+    QTest::newRow("the other file arrives") << false;
+}
+
+/// A catalogue file that fails starts the previews while the check tries the other one. More
+/// previews follow the check, and the update waits for them.
 void tst_CatalogueUpdate_run::previewsBesideTheCheckCount()
 {
-    publishAll();
+    QFETCH(bool, otherFails);
+    m_world.publishWithPreviews();
     m_world.writeCatalogue(MVThemeMgr::eLoadDir_Local, {}, {2});
     HeldAnswer held;
     m_world.route(CheckWorld::displayTarget, refuse);
-    m_world.route(CheckWorld::configTarget, held.handler(HttpAnswer(404).body("no")));
+    m_world.route(CheckWorld::configTarget,
+                  held.handler(otherFails
+                                   ? HttpAnswer(404).body("no")
+                                   : HttpAnswer(200).body(CheckWorld::configCatalogue({1}, {2}))));
     CatalogueUpdate update;
     const UpdateTrace trace(update);
+    const QSignalSpy runs(MVThemeDownLoader_CheckCfg::instance(),
+                          &MVThemeDownLoader_CheckCfg::sig_startDownloadThumbAndGif);
+    int runsAtTheEnd = 0;
+    connect(&update, &CatalogueUpdate::finished, this, [&] { runsAtTheEnd = runs.size(); });
     QVERIFY(update.start());
     QVERIFY(held.hasArrived());
     QTRY_VERIFY(QFile::exists(m_world.preview("VideoFilters", "f2.jpg")));
@@ -222,11 +230,15 @@ void tst_CatalogueUpdate_run::previewsBesideTheCheckCount()
     QCOMPARE(trace.results().constFirst().m_previews.m_nFetched, 1);
     QVERIFY(trace.results().constFirst().m_bContentArrived);
     QCOMPARE(trace.results().constFirst().m_eEnd, eCatalogueUpdate_Failed);
+
+    MVThemeDownLoader_CheckCfg::instance()->waitThreadFinished(); // it has sent all its ends
+    QCoreApplication::processEvents();
+    QCOMPARE(runs.size(), runsAtTheEnd);
 }
 
 void tst_CatalogueUpdate_run::numbersGrowToTheWhole()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     CatalogueUpdate update;
     const UpdateTrace trace(update);
     QVERIFY(update.start());
@@ -250,7 +262,7 @@ void tst_CatalogueUpdate_run::numbersGrowToTheWhole()
 
 void tst_CatalogueUpdate_run::secondStartIsRefusedMeanwhile()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     HeldAnswer held;
     m_world.route("/display/Themes/t1.gif", held.handler(HttpAnswer(200).body("image")));
     CatalogueUpdate update;
@@ -270,7 +282,7 @@ void tst_CatalogueUpdate_run::secondStartIsRefusedMeanwhile()
 
 void tst_CatalogueUpdate_run::nextUpdateMayStartInFinished()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     CatalogueUpdate update;
     const UpdateTrace trace(update);
     bool started = false;
@@ -284,9 +296,28 @@ void tst_CatalogueUpdate_run::nextUpdateMayStartInFinished()
     QCOMPARE(trace.entries(), UpdateTrace::whole() + UpdateTrace::whole());
 }
 
+void tst_CatalogueUpdate_run::nextUpdateMayStartWithTheIdlePhase()
+{
+    m_world.publishWithPreviews();
+    CatalogueUpdate update;
+    bool started = false;
+    connect(&update, &CatalogueUpdate::phaseChanged, &update, [&](CatalogueUpdate::Phase phase) {
+        if (phase == CatalogueUpdate::Phase::Idle && !started)
+            started = update.start();
+    });
+    const UpdateTrace trace(update);
+    QVERIFY(update.start());
+    QVERIFY(trace.hasFinished(2));
+    QVERIFY(started);
+    // The first outcome is that of the first update.
+    QCOMPARE(trace.results().constFirst().m_check.m_eEnd, eCatalogueCheck_Changed);
+    QCOMPARE(trace.results().constFirst().m_previews.m_nFetched, 3);
+    QCOMPARE(trace.results().constLast().m_check.m_eEnd, eCatalogueCheck_Current);
+}
+
 void tst_CatalogueUpdate_run::destroyedUpdateReportsNothing()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     {
         CatalogueUpdate update;
         QVERIFY(update.start());
@@ -301,7 +332,7 @@ void tst_CatalogueUpdate_run::destroyedUpdateReportsNothing()
 
 void tst_CatalogueUpdate_run::hostMayStillUseTheCallbacks()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     int told = 0;
     MVThemeDownLoader_CheckCfg::setPreviewRunCallback([&](const SPreviewRunResult&) { ++told; });
     CatalogueUpdate update;

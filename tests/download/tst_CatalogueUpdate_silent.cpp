@@ -16,9 +16,7 @@ void tst_CatalogueUpdate_silent::updateComesToItsEndAllTheSame()
 {
     CheckWorld world;
     world.fresh();
-    world.serve(CheckWorld::versionTarget, CheckWorld::version("1.0.2", "", ""));
-    world.install("1.0.2", "1", "1");
-    world.writeCatalogue(MVThemeMgr::eLoadDir_Local, {}, {1});
+    world.publishWithoutSums();
     world.serve("/display/VideoFilters/f1.jpg", "image");
     CatalogueUpdate update;
     const UpdateTrace trace(update);

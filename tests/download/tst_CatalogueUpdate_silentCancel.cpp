@@ -19,9 +19,7 @@ void tst_CatalogueUpdate_silentCancel::updateComesToItsEndAllTheSame()
 {
     CheckWorld world;
     world.fresh();
-    world.serve(CheckWorld::versionTarget, CheckWorld::version("1.0.2", "", ""));
-    world.install("1.0.2", "1", "1");
-    world.writeCatalogue(MVThemeMgr::eLoadDir_Local, {}, {1});
+    world.publishWithoutSums();
     CatalogueUpdate update;
     const UpdateTrace trace(update);
     const LogCapture log;

@@ -30,14 +30,8 @@ private slots:
     void cancelledWorkerStaysCancelled();
 
 private:
-    QString url(const char* name) const
-    {
-        return m_world.server().url(QStringLiteral("//ResourceConfig/") + QLatin1String(name));
-    }
-    QString temp(const char* name) const
-    {
-        return m_world.temp() + QStringLiteral("//") + QLatin1String(name);
-    }
+    QString url(const char* name) const { return m_world.catalogueUrl(name); }
+    QString temp(const char* name) const { return m_world.temporaryFile(name); }
     void publishAll();
     /// Returns whether the download tree has received no file.
     bool treeIsEmpty() const
@@ -46,7 +40,7 @@ private:
             .isEmpty();
     }
 
-    mutable CheckWorld m_world;
+    CheckWorld m_world;
 };
 
 namespace {
@@ -104,15 +98,10 @@ void tst_CheckWorker_CfgAndDisplayXML_cancel::duringAStalledTransfer()
     CheckWorker_CfgAndDisplayXML worker;
     QElapsedTimer sinceCancel;
     QSemaphore cancelled; // the worker must outlive the call
-    m_world.setFault([&](HttpExchange& exchange, int number) {
-        if (number != stalling)
-            return false;
-        exchange.answer(HttpAnswer(200).field("Content-Length", "100000").bareBody("<Res"));
+    m_world.stallRequest(stalling, "<Res", [&] {
         sinceCancel.start();
         worker.cancel();
         cancelled.release();
-        exchange.stall();
-        return true;
     });
     DownloadTrace trace;
     CheckWorld::check(worker, trace);

@@ -37,14 +37,8 @@ private slots:
     void nothingIsWrittenOutsideTheFolders();
 
 private:
-    QString url(const char* name) const
-    {
-        return m_world.server().url(QStringLiteral("//ResourceConfig/") + QLatin1String(name));
-    }
-    QString temp(const char* name) const
-    {
-        return m_world.temp() + QStringLiteral("//") + QLatin1String(name);
-    }
+    QString url(const char* name) const { return m_world.catalogueUrl(name); }
+    QString temp(const char* name) const { return m_world.temporaryFile(name); }
     void publishAll();
     SCatalogueCheckResult check();
     /// Returns the content of the three files in the download tree.

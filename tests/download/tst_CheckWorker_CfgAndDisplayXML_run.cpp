@@ -42,14 +42,8 @@ private slots:
     void progressCountsTheFiles();
 
 private:
-    QString url(const char* name) const
-    {
-        return m_world.server().url(QStringLiteral("//ResourceConfig/") + QLatin1String(name));
-    }
-    QString temp(const char* name) const
-    {
-        return m_world.temp() + QStringLiteral("//") + QLatin1String(name);
-    }
+    QString url(const char* name) const { return m_world.catalogueUrl(name); }
+    QString temp(const char* name) const { return m_world.temporaryFile(name); }
     /// Returns all lines up to the comparison of the version numbers.
     QStringList beginning(const QByteArray& downloadSums, const QByteArray& localSums,
                           const QStringList& numbers) const;
@@ -59,7 +53,7 @@ private:
         return Files::filesBelow(m_world.root() + QStringLiteral("/Themes/ResourceConfig"));
     }
 
-    mutable CheckWorld m_world;
+    CheckWorld m_world;
 };
 
 void tst_CheckWorker_CfgAndDisplayXML_run::init()

@@ -153,15 +153,10 @@ void tst_CheckWorker_ThumbAndGif_cancel::duringATransfer()
     CheckWorker_ThumbAndGif worker;
     QElapsedTimer sinceCancel;
     QSemaphore cancelled; // the worker must outlive the call
-    m_world.setFault([&](HttpExchange& exchange, int number) {
-        if (number != stalling)
-            return false;
-        exchange.answer(HttpAnswer(200).field("Content-Length", "100000").bareBody("GIF"));
+    m_world.stallRequest(stalling, "GIF", [&] {
         sinceCancel.start();
         worker.cancel();
         cancelled.release();
-        exchange.stall();
-        return true;
     });
     DownloadTrace trace;
     CheckWorld::watch(worker, trace);

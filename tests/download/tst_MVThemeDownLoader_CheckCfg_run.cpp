@@ -42,7 +42,6 @@ private:
     {
         return *MVThemeDownLoader_CheckCfg::instance();
     }
-    void publishAll();
     bool endsIdle(const CoordinatorTrace& trace) const
     {
         return QTest::qWaitFor([&] { return trace.isIdle(); }, 30000);
@@ -68,16 +67,6 @@ void tst_MVThemeDownLoader_CheckCfg_run::cleanup()
     coordinator().waitThreadFinished();
 }
 
-void tst_MVThemeDownLoader_CheckCfg_run::publishAll()
-{
-    m_world.publish("1.0.2", CheckWorld::displayCatalogue({1}, {2}),
-                    CheckWorld::configCatalogue({1}, {2}));
-    m_world.install("1.0.2", sum, sum);
-    m_world.serve("/display/Themes/t1.jpg", "image");
-    m_world.serve("/display/Themes/t1.gif", "image");
-    m_world.serve("/display/VideoFilters/f2.jpg", "image");
-}
-
 void tst_MVThemeDownLoader_CheckCfg_run::waitingWithoutARun()
 {
     const CoordinatorTrace trace;
@@ -98,7 +87,7 @@ void tst_MVThemeDownLoader_CheckCfg_run::cancellingWithoutARun()
 
 void tst_MVThemeDownLoader_CheckCfg_run::checkIsFollowedByPreviews()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     const CoordinatorTrace trace;
     QVERIFY(coordinator().startDownloadXML());
     QVERIFY(endsIdle(trace));
@@ -124,7 +113,7 @@ void tst_MVThemeDownLoader_CheckCfg_run::checkIsFollowedByPreviews()
 
 void tst_MVThemeDownLoader_CheckCfg_run::previewsAlone()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     m_world.writeCatalogue(MVThemeMgr::eLoadDir_Download, {}, {2});
     const CoordinatorTrace trace;
     QVERIFY(coordinator().startDownloadThumbAndGif());
@@ -136,7 +125,7 @@ void tst_MVThemeDownLoader_CheckCfg_run::previewsAlone()
 
 void tst_MVThemeDownLoader_CheckCfg_run::secondCheckIsRefused()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     HeldAnswer held;
     m_world.route(CheckWorld::versionTarget, held.handler(HttpAnswer(404).body("no")));
     const CoordinatorTrace trace;
@@ -154,7 +143,7 @@ void tst_MVThemeDownLoader_CheckCfg_run::secondCheckIsRefused()
 
 void tst_MVThemeDownLoader_CheckCfg_run::secondRunIsRefused()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     m_world.writeCatalogue(MVThemeMgr::eLoadDir_Download, {}, {2});
     const CoordinatorTrace trace;
     QVERIFY(coordinator().startDownloadThumbAndGif());
@@ -169,7 +158,7 @@ void tst_MVThemeDownLoader_CheckCfg_run::secondRunIsRefused()
 
 void tst_MVThemeDownLoader_CheckCfg_run::failedCheckIsFollowedByPreviews()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     m_world.route(CheckWorld::versionTarget,
                   [](HttpExchange& exchange) { exchange.answer(HttpAnswer(404).body("no")); });
     m_world.writeCatalogue(MVThemeMgr::eLoadDir_Local, {1}, {});
@@ -182,7 +171,7 @@ void tst_MVThemeDownLoader_CheckCfg_run::failedCheckIsFollowedByPreviews()
 
 void tst_MVThemeDownLoader_CheckCfg_run::serverNewerIsForwarded()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     m_world.install("1.0.1", sum, sum);
     const CoordinatorTrace trace;
     QSignalSpy needUpdate(&coordinator(), &MVThemeDownLoader_CheckCfg::sig_NeedUpdateApp);
@@ -196,7 +185,7 @@ void tst_MVThemeDownLoader_CheckCfg_run::serverNewerIsForwarded()
 
 void tst_MVThemeDownLoader_CheckCfg_run::severalEndSignalsStartOneRun()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     m_world.writeCatalogue(MVThemeMgr::eLoadDir_Local, {}, {2});
     HeldAnswer held; // the run continues until the check has sent all its signals
     m_world.route("/display/VideoFilters/f2.jpg", held.handler(HttpAnswer(200).body("image")));
@@ -216,7 +205,7 @@ void tst_MVThemeDownLoader_CheckCfg_run::severalEndSignalsStartOneRun()
 /// transferred when the host starts the next check.
 void tst_MVThemeDownLoader_CheckCfg_run::lateEndSignalLeavesTheNextCheckAlone()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     HeldAnswer held;
     m_world.setFault([&](HttpExchange& exchange, int number) {
         if (number == 2)
@@ -252,7 +241,7 @@ void tst_MVThemeDownLoader_CheckCfg_run::endHandlersWithoutARun()
 
 void tst_MVThemeDownLoader_CheckCfg_run::withoutCallbacks()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     const CoordinatorTrace trace;
     MVThemeDownLoader_CheckCfg::setCatalogueCheckCallback({});
     MVThemeDownLoader_CheckCfg::setPreviewRunCallback({});
@@ -263,7 +252,7 @@ void tst_MVThemeDownLoader_CheckCfg_run::withoutCallbacks()
 
 void tst_MVThemeDownLoader_CheckCfg_run::callbackCanReplaceItself()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     const CoordinatorTrace trace;
     int told = 0;
     MVThemeDownLoader_CheckCfg::setCatalogueCheckCallback([&](const SCatalogueCheckResult&) {
@@ -277,7 +266,7 @@ void tst_MVThemeDownLoader_CheckCfg_run::callbackCanReplaceItself()
 
 void tst_MVThemeDownLoader_CheckCfg_run::nextRunMayStartInTheCallback()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     const CoordinatorTrace trace;
     QVector<bool> started;
     MVThemeDownLoader_CheckCfg::setPreviewRunCallback([&](const SPreviewRunResult&) {
@@ -291,7 +280,7 @@ void tst_MVThemeDownLoader_CheckCfg_run::nextRunMayStartInTheCallback()
 
 void tst_MVThemeDownLoader_CheckCfg_run::waitingForRunsThatGoOn()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     HeldAnswer held;
     m_world.route(CheckWorld::configTarget,
                   held.handler(HttpAnswer(200).body(CheckWorld::configCatalogue({1}, {2}))));
@@ -310,7 +299,7 @@ void tst_MVThemeDownLoader_CheckCfg_run::waitingForRunsThatGoOn()
 
 void tst_MVThemeDownLoader_CheckCfg_run::checkAfterWaiting()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     const CoordinatorTrace trace;
     QVERIFY(coordinator().startDownloadXML());
     QVERIFY(endsIdle(trace));
@@ -324,7 +313,7 @@ void tst_MVThemeDownLoader_CheckCfg_run::checkAfterWaiting()
 
 void tst_MVThemeDownLoader_CheckCfg_run::hostAsksTheCatalogueMeanwhile()
 {
-    publishAll();
+    m_world.publishWithPreviews();
     m_world.writeCatalogue(MVThemeMgr::eLoadDir_Local, {1}, {2});
     MVThemeMgr* const manager = MVThemeMgr::init();
     manager->load(true);

@@ -19,9 +19,7 @@ void tst_MVThemeDownLoader_CheckCfg_silent::hostIsToldOnce()
 {
     CheckWorld world;
     world.fresh();
-    world.serve(CheckWorld::versionTarget, CheckWorld::version("1.0.2", "", ""));
-    world.install("1.0.2", "1", "1");
-    world.writeCatalogue(MVThemeMgr::eLoadDir_Local, {}, {1});
+    world.publishWithoutSums();
     world.serve("/display/VideoFilters/f1.jpg", "image");
     auto& coordinator = *MVThemeDownLoader_CheckCfg::instance();
     const CoordinatorTrace trace;

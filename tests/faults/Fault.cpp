@@ -20,6 +20,14 @@ CountedOperation CountedOperation::fromLine(const QByteArray& line)
             QFile::decodeName(line.mid(afterName + 1))};
 }
 
+QString CountedOperation::text() const
+{
+    const QString name = path.section(QLatin1Char('/'), -1);
+    return QString::fromLatin1(operationNames[static_cast<std::size_t>(operation)])
+        + QLatin1Char(' ')
+        + (name.endsWith(QLatin1String(".part")) ? QStringLiteral("PART") : name);
+}
+
 QString Fault::text() const
 {
     const QString name = QString::fromLatin1(faultNames[static_cast<std::size_t>(kind)]);

@@ -15,6 +15,9 @@ struct CountedOperation
 
     /// Parses a line "NUMBER OPERATION PATH"; number 0: the line reports no operation.
     static CountedOperation fromLine(const QByteArray& line);
+    /// Returns the operation with the last part of its path, "PART" for a temporary name: "rename
+    /// target".
+    QString text() const;
 };
 
 /// The disturbance of one run.
@@ -29,3 +32,4 @@ struct Fault
     QString text() const;
 };
 Q_DECLARE_METATYPE(Fault)
+Q_DECLARE_METATYPE(FaultKind)

@@ -11,6 +11,20 @@ constexpr int longestMs = 60000;
 
 } // namespace
 
+QStringList FaultyOutcome::operationTexts() const
+{
+    QStringList texts;
+    for (const CountedOperation& counted : operations)
+        texts.append(counted.text());
+    return texts;
+}
+
+int FaultyOutcome::numberOf(const QString& operation) const
+{
+    const int last = operationTexts().lastIndexOf(operation);
+    return last < 0 ? 0 : operations.at(last).number;
+}
+
 FaultyRun::FaultyRun(const QString& world, const QString& reportFile)
     : m_world(world)
     , m_reportFile(reportFile)

@@ -15,6 +15,11 @@ struct FaultyOutcome
     QByteArray err;
     CountedOperation hit;                 ///< the first operation that failed; number 0: none
     QVector<CountedOperation> operations; ///< of a traced run
+
+    /// Return the operations of a traced run as texts, and the number of the last one with this
+    /// text, at which it can be made to fail; 0 if there is none.
+    QStringList operationTexts() const;
+    int numberOf(const QString& operation) const;
 };
 
 /// Runs programs whose file operations below one folder are counted, and fail as a test requests.

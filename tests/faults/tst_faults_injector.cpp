@@ -1,6 +1,7 @@
 #include "FaultyRun.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
+#include "support/TestTexts.h"
 #include "WorldState.h"
 
 #include <QDir>
@@ -11,11 +12,6 @@
 namespace {
 
 constexpr int bytesMoved = 100; // plus their number: exit status of the probe
-
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
 
 } // namespace
 

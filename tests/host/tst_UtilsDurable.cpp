@@ -67,15 +67,6 @@ int act(const QByteArray& action, const QString& target, const QString& source)
     return 1;
 }
 
-/// An operation with the last part of its path, "PART" for a temporary name.
-QString textOf(const CountedOperation& counted)
-{
-    const QString name = counted.path.section(QLatin1Char('/'), -1);
-    return QString::fromLatin1(operationNames[static_cast<std::size_t>(counted.operation)])
-        + QLatin1Char(' ')
-        + (name.endsWith(QLatin1String(".part")) ? QStringLiteral("PART") : name);
-}
-
 } // namespace
 
 void tst_UtilsDurable::init()
@@ -88,26 +79,16 @@ void tst_UtilsDurable::init()
 /// The operations from the creation of the temporary file on, without those on the source.
 QStringList tst_UtilsDurable::traced(const char* action) const
 {
-    const FaultyOutcome outcome =
-        m_runner.trace(QCoreApplication::applicationFilePath(), arguments(action));
-    QStringList texts;
-    for (const CountedOperation& counted : outcome.operations)
-        texts.append(textOf(counted));
+    QStringList texts =
+        m_runner.trace(QCoreApplication::applicationFilePath(), arguments(action)).operationTexts();
     texts.removeAll(QStringLiteral("read source"));
     return texts.mid(texts.indexOf(QStringLiteral("create PART")));
 }
 
-/// The number by which an operation can be made to fail; of the last one, if there are several.
 int tst_UtilsDurable::numberOf(const char* action, const QString& operation) const
 {
-    const FaultyOutcome outcome =
-        m_runner.trace(QCoreApplication::applicationFilePath(), arguments(action));
-    int number = 0;
-    for (const CountedOperation& counted : outcome.operations) {
-        if (textOf(counted) == operation)
-            number = counted.number;
-    }
-    return number;
+    return m_runner.trace(QCoreApplication::applicationFilePath(), arguments(action))
+        .numberOf(operation);
 }
 
 void tst_UtilsDurable::operations_data()

@@ -37,6 +37,22 @@ QString CatalogueFiles::guid(int number)
         .toUpper();
 }
 
+QVector<CatalogueFiles::CfgItem> CatalogueFiles::cfgItems(int count)
+{
+    QVector<CfgItem> items;
+    for (int number = 0; number < count; ++number)
+        items.append({guid(number), QString(), {}});
+    return items;
+}
+
+QVector<CatalogueFiles::DisplayItem> CatalogueFiles::displayItems(int count)
+{
+    QVector<DisplayItem> items;
+    for (int number = 0; number < count; ++number)
+        items.append({guid(number), QString::number(number), QString()});
+    return items;
+}
+
 QByteArray CatalogueFiles::cfgGroup(const QString& name, const QVector<CfgItem>& items)
 {
     QByteArray content;

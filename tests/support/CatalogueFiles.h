@@ -34,6 +34,10 @@ public:
     /// Returns a GUID in braces, different for every number.
     static QString guid(int number);
 
+    /// Return items with the GUIDs 0 to count - 1 and no files, shown under their numbers.
+    static QVector<CfgItem> cfgItems(int count);
+    static QVector<DisplayItem> displayItems(int count);
+
     /// Returns one group element of a config catalogue ("Filter", "Theme", ...).
     static QByteArray cfgGroup(const QString& name, const QVector<CfgItem>& items);
     /// Returns one flat category of a display catalogue.

@@ -1,6 +1,7 @@
 #include "support/ScaledRuns.h"
 
 #include <QCoreApplication>
+#include <QTest>
 
 namespace {
 
@@ -59,4 +60,18 @@ QByteArray ScaledRuns::complaints(const QString& scale)
     run.kill();
     run.waitForFinished();
     return (ended ? "it failed:\n" : "it does not end:\n") + failuresIn(output);
+}
+
+void ScaledRuns::addRows()
+{
+    QTest::addColumn<QString>("scale");
+    for (const char* scale : scales)
+        QTest::newRow(scale) << QString::fromLatin1(scale);
+}
+
+void ScaledRuns::verifyRun()
+{
+    QFETCH(QString, scale);
+    const QByteArray found = complaints(scale);
+    QVERIFY2(found.isEmpty(), found.constData());
 }

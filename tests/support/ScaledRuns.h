@@ -26,7 +26,27 @@ public:
     /// Waits for one process. Returns its failures; empty if it passed.
     QByteArray complaints(const QString& scale);
 
+    /// Adds a data row for every scale, and verifies that the process of the current row passed.
+    static void addRows();
+    void verifyRun();
+
 private:
     std::map<QString, QProcess> m_runs; // by scale
     QDeadlineTimer m_deadline;
 };
+
+/// Runs TestClass, which starts the program for every scale with ScaledRuns, and RunClass, made
+/// with the scale, in the started programs.
+#define MV_SCALED_TEST_MAIN(TestClass, RunClass)                                                   \
+    int main(int argc, char** argv)                                                                \
+    {                                                                                              \
+        const TestHome home;                                                                       \
+        const QString scale = ScaledRuns::enter();                                                 \
+        TestApplication<QApplication> application(argc, argv);                                     \
+        if (!scale.isEmpty()) {                                                                    \
+            RunClass run(scale);                                                                   \
+            return QTest::qExec(&run, argc, argv);                                                 \
+        }                                                                                          \
+        TestClass test;                                                                            \
+        return QTest::qExec(&test, argc, argv);                                                    \
+    }

@@ -12,17 +12,6 @@
 #include <QJsonObject>
 #include <QRegularExpression>
 
-using Broken::text;
-
-namespace {
-
-QString home(const char* name)
-{
-    return TestHome::path() + QLatin1Char('/') + text(name);
-}
-
-} // namespace
-
 QString BrokenTree::makeClean()
 {
     const SmallSource source(home("source"));
@@ -131,11 +120,6 @@ const QString display = QStringLiteral("ResourceConfig/resource_display.xml");
 const QString displayAff = QStringLiteral("ResourceConfig/resource_display_aff.xml");
 const QString version = QStringLiteral("ResourceConfig/resource_version_v3.xml");
 const QString none = QStringLiteral("{25DA2554-DB68-4026-ACE1-3EDDA71DA6D4}");
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
 
 QString guid(const char* item)
 {

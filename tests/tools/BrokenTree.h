@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/TestTexts.h"
+
 #include <QByteArray>
 #include <QJsonArray>
 #include <QMetaType>
@@ -55,7 +57,6 @@ extern const QString displayAff;
 extern const QString version;
 extern const QString none; ///< GUID of the "none" entry
 
-QString text(const char* utf8);
 QString guid(const char* item);
 /// Returns the GUID as encoded in names of the config catalogue.
 QString encoded(const char* item);

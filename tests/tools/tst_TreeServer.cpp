@@ -2,20 +2,12 @@
 #include "server/TreeServer.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
+#include "support/TestTexts.h"
 
 #include <QDateTime>
 #include <QFile>
 #include <QMutex>
 #include <QUrl>
-
-namespace {
-
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
-} // namespace
 
 /// Tests the in-process server: what it sends, to whom it sends less, and what it withholds.
 class TestTreeServer : public QObject

@@ -2,6 +2,7 @@
 #include "server/TreeServer.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
+#include "support/TestTexts.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -24,11 +25,6 @@ constexpr int bigBytes = 32 * 1024 * 1024;
 const QByteArray smallRequest = "GET /small.txt HTTP/1.1\r\n\r\n";
 const QByteArray bigRequest = "GET /big.zip HTTP/1.1\r\nConnection: close\r\n\r\n";
 const QByteArray unfinishedRequest = "GET /small.txt HTTP/1.1\r\nHost: ";
-
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
 
 /// Returns limits that no test reaches.
 ServerLimits wideLimits()

@@ -1,14 +1,6 @@
 #include "Mvpublish.h"
 #include "support/TestMain.h"
-
-namespace {
-
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
-} // namespace
+#include "support/TestTexts.h"
 
 /// Tests the command line of mvpublish.
 class TestMvpublishArguments : public QObject

@@ -4,43 +4,14 @@
 #include "SmallSource.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
+#include "support/TestTexts.h"
+#include "XmlTexts.h"
 
 #include <QDir>
 #include <QDomDocument>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QRegularExpression>
-
-namespace {
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
-
-QString home(const char* name)
-{
-    return TestHome::path() + QLatin1Char('/') + text(name);
-}
-
-QDomElement parse(const QString& file)
-{
-    QDomDocument doc;
-    doc.setContent(CatalogueFiles::read(file));
-    return doc.documentElement();
-}
-
-/// Returns the texts of the elements of one name below an element, in document order.
-QStringList texts(const QDomElement& root, const char* tag)
-{
-    QStringList result;
-    const QDomNodeList found = root.elementsByTagName(text(tag));
-    for (int i = 0; i < found.size(); ++i)
-        result.append(found.at(i).toElement().text());
-    return result;
-}
-
-} // namespace
 
 /// Tests mvpublish build.
 class TestMvpublishBuild : public QObject

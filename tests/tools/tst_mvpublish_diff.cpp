@@ -2,26 +2,13 @@
 #include "SmallSource.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
+#include "support/TestTexts.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
 
 #include <algorithm>
-
-namespace {
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
-
-QString home(const char* name)
-{
-    return TestHome::path() + QLatin1Char('/') + text(name);
-}
-
-} // namespace
 
 /// Tests mvpublish diff.
 class TestMvpublishDiff : public QObject

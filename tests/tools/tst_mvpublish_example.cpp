@@ -5,6 +5,7 @@
 #include "support/CatalogueFiles.h"
 #include "support/NginxServer.h"
 #include "support/TestMain.h"
+#include "support/TestTexts.h"
 
 #include <QDir>
 #include <QJsonDocument>
@@ -12,16 +13,6 @@
 #include <QRegularExpression>
 
 namespace {
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
-
-QString home(const char* name)
-{
-    return TestHome::path() + QLatin1Char('/') + text(name);
-}
 
 /// Returns the code blocks of a document's section, by language; "" where none is named.
 QStringList blocks(const QString& document, const QString& section, const char* language)

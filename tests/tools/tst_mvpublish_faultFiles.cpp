@@ -1,7 +1,9 @@
 #include "Mvpublish.h"
 #include "SmallSource.h"
+#include "SourceFault.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
+#include "support/TestTexts.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -9,33 +11,7 @@
 
 #include <functional>
 
-namespace {
-
-using Change = std::function<void(const SmallSource&)>;
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
-
-QString home(const char* name)
-{
-    return TestHome::path() + QLatin1Char('/') + text(name);
-}
-
-Change set(const char* item, const char* key, const QJsonValue& value)
-{
-    return [=](const SmallSource& source) { source.set(text(item), key, value); };
-}
-
-QJsonValue nothing()
-{
-    return QJsonValue(QJsonValue::Undefined);
-}
-
-} // namespace
-
-Q_DECLARE_METATYPE(Change)
+using namespace SourceFault;
 
 /// Tests mvpublish build with faults in the source's files or their names.
 class TestMvpublishFaultFiles : public QObject
@@ -255,8 +231,7 @@ void TestMvpublishFaultFiles::collisionRows()
 
 void TestMvpublishFaultFiles::sourceIsRefused_data()
 {
-    QTest::addColumn<Change>("change");
-    QTest::addColumn<QByteArray>("message");
+    addColumns();
     fileRows();
     pictureRows();
     linkRows();
@@ -265,15 +240,7 @@ void TestMvpublishFaultFiles::sourceIsRefused_data()
 
 void TestMvpublishFaultFiles::sourceIsRefused()
 {
-    QFETCH(Change, change);
-    QFETCH(QByteArray, message);
-    const SmallSource source(home("source"));
-    change(source);
-    const Outcome outcome = Mvpublish::run({text("build"), source.folder(), home("out")});
-    QCOMPARE(outcome.err, "mvpublish: " + message + '\n');
-    QCOMPARE(outcome.out, QByteArray());
-    QCOMPARE(outcome.status, 1);
-    QVERIFY(!QFileInfo::exists(home("out")));
+    verifyRefusal();
 }
 
 MV_TEST_MAIN(TestMvpublishFaultFiles)

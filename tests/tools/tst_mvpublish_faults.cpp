@@ -1,7 +1,9 @@
 #include "Mvpublish.h"
 #include "SmallSource.h"
+#include "SourceFault.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
+#include "support/TestTexts.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -9,29 +11,9 @@
 
 #include <functional>
 
+using namespace SourceFault;
+
 namespace {
-
-using Change = std::function<void(const SmallSource&)>;
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
-
-QString home(const char* name)
-{
-    return TestHome::path() + QLatin1Char('/') + text(name);
-}
-
-Change set(const char* item, const char* key, const QJsonValue& value)
-{
-    return [=](const SmallSource& source) { source.set(text(item), key, value); };
-}
-
-QJsonValue nothing()
-{
-    return QJsonValue(QJsonValue::Undefined);
-}
 
 QJsonObject slot(const char* name, const QString& item)
 {
@@ -39,8 +21,6 @@ QJsonObject slot(const char* name, const QString& item)
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(Change)
 
 /// Tests mvpublish build with faults in the source.
 class TestMvpublishFaults : public QObject
@@ -228,23 +208,14 @@ void TestMvpublishFaults::themeRows()
 
 void TestMvpublishFaults::sourceIsRefused_data()
 {
-    QTest::addColumn<Change>("change");
-    QTest::addColumn<QByteArray>("message");
+    addColumns();
     manifestRows();
     themeRows();
 }
 
 void TestMvpublishFaults::sourceIsRefused()
 {
-    QFETCH(Change, change);
-    QFETCH(QByteArray, message);
-    const SmallSource source(home("source"));
-    change(source);
-    const Outcome outcome = Mvpublish::run({text("build"), source.folder(), home("out")});
-    QCOMPARE(outcome.err, "mvpublish: " + message + '\n');
-    QCOMPARE(outcome.out, QByteArray());
-    QCOMPARE(outcome.status, 1);
-    QVERIFY(!QFileInfo::exists(home("out")));
+    verifyRefusal();
 }
 
 void TestMvpublishFaults::everyFaultIsReported()

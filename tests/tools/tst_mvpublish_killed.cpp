@@ -2,6 +2,7 @@
 #include "SmallSource.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
+#include "support/TestTexts.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -11,11 +12,6 @@
 #include <csignal>
 
 namespace {
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
 
 QMap<QString, QByteArray> contentOf(const QString& folder)
 {

@@ -3,6 +3,7 @@
 #include "Mvpublish.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
+#include "support/TestTexts.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -10,15 +11,6 @@
 #include <QJsonObject>
 
 using namespace Broken;
-
-namespace {
-
-QString home(const char* name)
-{
-    return TestHome::path() + QLatin1Char('/') + text(name);
-}
-
-} // namespace
 
 /// Tests that mvpublish lint gives one finding for every fault.
 class TestMvpublishLint : public QObject

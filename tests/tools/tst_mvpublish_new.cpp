@@ -3,6 +3,7 @@
 #include "SmallSource.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
+#include "support/TestTexts.h"
 
 #include <QDir>
 #include <QJsonArray>
@@ -11,11 +12,6 @@
 #include <QRegularExpression>
 
 namespace {
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
 
 QString home(const QString& name)
 {

@@ -4,22 +4,13 @@
 #include "support/CatalogueFiles.h"
 #include "support/NginxServer.h"
 #include "support/TestMain.h"
+#include "support/TestTexts.h"
 
 #include <QDir>
 #include <QFile>
 #include <QUrl>
 
 namespace {
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
-
-QString home(const char* name)
-{
-    return TestHome::path() + QLatin1Char('/') + text(name);
-}
 
 /// Returns the address of the theme's archive.
 QByteArray archive()

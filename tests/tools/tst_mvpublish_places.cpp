@@ -2,25 +2,12 @@
 #include "SmallSource.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
+#include "support/TestTexts.h"
 
 #include <QDir>
 #include <QFileInfo>
 
 #include <functional>
-
-namespace {
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
-
-QString home(const char* name)
-{
-    return TestHome::path() + QLatin1Char('/') + text(name);
-}
-
-} // namespace
 
 /// Tests mvpublish build into unsuitable places: nothing is changed.
 class TestMvpublishPlaces : public QObject

@@ -2,6 +2,7 @@
 #include "SmallSource.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
+#include "support/TestTexts.h"
 
 #include <QCryptographicHash>
 #include <QDateTime>
@@ -19,16 +20,6 @@
 #include <unistd.h>
 
 namespace {
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
-
-QString home(const char* name)
-{
-    return TestHome::path() + QLatin1Char('/') + text(name);
-}
 
 QByteArray md5(const QByteArray& content)
 {

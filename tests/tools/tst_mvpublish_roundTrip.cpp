@@ -5,6 +5,7 @@
 #include "support/CatalogueFiles.h"
 #include "support/NginxServer.h"
 #include "support/TestMain.h"
+#include "support/TestTexts.h"
 
 #include <QDir>
 
@@ -16,16 +17,6 @@ namespace {
 // Exit statuses of mvres check.
 constexpr int checkCurrent = 0;
 constexpr int checkChanged = 20;
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
-
-QString home(const char* name)
-{
-    return TestHome::path() + QLatin1Char('/') + text(name);
-}
 
 /// Returns a user of the installation that came with the application.
 std::unique_ptr<Mvres> user(const QString& serverRoot)

@@ -2,6 +2,7 @@
 #include "RawClient.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
+#include "support/TestTexts.h"
 
 #include <QRegularExpression>
 
@@ -10,11 +11,6 @@
 namespace {
 
 constexpr int longestMs = 20000;
-
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
 
 } // namespace
 

@@ -1,6 +1,7 @@
 #include "FolderSwitch.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
+#include "support/TestTexts.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -9,11 +10,6 @@
 #include <sys/stat.h>
 
 namespace {
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
 
 mode_t modeOf(const QString& folder)
 {

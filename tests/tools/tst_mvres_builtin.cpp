@@ -1,19 +1,11 @@
 #include "Mvres.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
+#include "support/TestTexts.h"
 
 #include <QDir>
 #include <QJsonDocument>
 #include <QJsonObject>
-
-namespace {
-
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
-} // namespace
 
 /// Tests mvres builtin: extracting the built-in items from the samples' full tree.
 class TestMvresBuiltin : public QObject

@@ -4,6 +4,7 @@
 #include "SmallCatalogue.h"
 #include "support/HttpAnswer.h"
 #include "support/TestMain.h"
+#include "support/TestTexts.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -26,11 +27,6 @@ const QByteArray versionTarget = "//ResourceConfig/resource_version_v3.xml";
 const QByteArray displayTarget = "//ResourceConfig/resource_display.xml";
 const QByteArray configTarget = "//ResourceConfig/resource_config.xml";
 const QByteArray sum = "00112233445566778899aabbccddeeff";
-
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
 
 QByteArray md5(const QByteArray& bytes)
 {

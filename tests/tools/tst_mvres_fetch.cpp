@@ -2,6 +2,7 @@
 #include "Routes.h"
 #include "SmallCatalogue.h"
 #include "support/TestMain.h"
+#include "support/TestTexts.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -9,15 +10,6 @@
 #include <QRegularExpression>
 
 #include <memory>
-
-namespace {
-
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
-} // namespace
 
 /// Tests mvres fetch with themes of a few files, which skip the simulated first phase.
 class TestMvresFetch : public QObject

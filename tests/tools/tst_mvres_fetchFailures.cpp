@@ -3,6 +3,7 @@
 #include "SmallCatalogue.h"
 #include "support/HttpAnswer.h"
 #include "support/TestMain.h"
+#include "support/TestTexts.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -13,11 +14,6 @@
 namespace {
 
 enum Theme { Good = 1, NoConfig, NoArchive, Reset, Outside, NoDependency, Broken, HalfArchive };
-
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
 
 QByteArray guid(int number)
 {

@@ -2,6 +2,7 @@
 #include "Routes.h"
 #include "SmallCatalogue.h"
 #include "support/TestMain.h"
+#include "support/TestTexts.h"
 
 #include <QElapsedTimer>
 #include <QJsonArray>
@@ -15,11 +16,6 @@ namespace {
 constexpr int longestMs = 20000;
 // Far below the time limit of a stalled transfer.
 constexpr int promptMs = 10000;
-
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
 
 } // namespace
 

@@ -2,6 +2,7 @@
 #include "Routes.h"
 #include "SmallCatalogue.h"
 #include "support/TestMain.h"
+#include "support/TestTexts.h"
 #include "Terminal.h"
 
 #include <QRegularExpression>
@@ -12,11 +13,6 @@
 namespace {
 
 constexpr int longestMs = 20000;
-
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
 
 int widthOf(const QString& line)
 {

@@ -3,6 +3,7 @@
 #include "SmallCatalogue.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
+#include "support/TestTexts.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -49,11 +50,6 @@ const QString up = QStringLiteral("/..").repeated(40);
 
 const QString downloadedCatalogue = QStringLiteral("ROOT/Themes/ResourceConfig/resource_");
 const QString installedCatalogue = QStringLiteral("INSTALLED/Resource/ResourceConfig/resource_");
-
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
 
 QByteArray md5(const QByteArray& bytes)
 {

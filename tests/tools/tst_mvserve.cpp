@@ -3,6 +3,7 @@
 #include "server/OpenFiles.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
+#include "support/TestTexts.h"
 
 #include <QDir>
 #include <QFile>
@@ -18,11 +19,6 @@ namespace {
 using Clients = std::vector<std::unique_ptr<RawClient>>;
 
 constexpr int longestMs = 20000;
-
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
 
 } // namespace
 

@@ -4,6 +4,23 @@
 #include "records/KindTable.h"
 #include "records/ThemeTypes.h"
 
+namespace {
+
+QJsonObject described(const SCfg_Item& item, int missing)
+{
+    return {
+        {QStringLiteral("guid"), item.m_qsGUID},
+        {QStringLiteral("kind"), Items::kindName(item.m_eType)},
+        {QStringLiteral("name"), item.m_qsName},
+        {QStringLiteral("themeType"), Items::themeTypeName(item)},
+        {QStringLiteral("favourite"), MVThemeMgr::init()->isItemCollect(&item)},
+        {QStringLiteral("ready"), missing == 0},
+        {QStringLiteral("missing"), missing},
+    };
+}
+
+} // namespace
+
 namespace Items {
 
 QString kindName(ECfgItemType kind)
@@ -43,16 +60,16 @@ QVector<SCfg_Item*> displayed(ECfgItemType kind)
 
 QJsonObject toJson(SCfg_Item& item)
 {
-    const int missing = ItemFiles::countNeeded(item);
-    return {
-        {QStringLiteral("guid"), item.m_qsGUID},
-        {QStringLiteral("kind"), kindName(item.m_eType)},
-        {QStringLiteral("name"), item.m_qsName},
-        {QStringLiteral("themeType"), themeTypeName(item)},
-        {QStringLiteral("favourite"), MVThemeMgr::init()->isItemCollect(&item)},
-        {QStringLiteral("ready"), missing == 0},
-        {QStringLiteral("missing"), missing},
-    };
+    return described(item, ItemFiles::countNeeded(item));
+}
+
+QJsonArray toJson(const QVector<SCfg_Item*>& items)
+{
+    const QVector<int> missing = ItemFiles::countNeeded(items);
+    QJsonArray array;
+    for (int row = 0; row < items.size(); ++row)
+        array.append(described(*items.at(row), missing.at(row)));
+    return array;
 }
 
 QString roleName(ItemFiles::Role role)

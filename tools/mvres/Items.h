@@ -23,8 +23,9 @@ QString themeTypeName(const SCfg_Item& item);
 /// Returns the shown items of a kind; owned by the catalogue.
 QVector<SCfg_Item*> displayed(ECfgItemType kind);
 
-/// Returns GUID, kind, name, theme type, favourite and missing files.
+/// Return GUID, kind, name, theme type, favourite and missing files.
 QJsonObject toJson(SCfg_Item& item);
+QJsonArray toJson(const QVector<SCfg_Item*>& items);
 
 /// Returns "thumbnail", "preview", "config" or "resource".
 QString roleName(ItemFiles::Role role);

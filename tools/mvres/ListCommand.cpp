@@ -8,7 +8,6 @@
 #include "Items.h"
 #include "records/KindTable.h"
 
-#include <QJsonArray>
 #include <QJsonDocument>
 
 #include <algorithm>
@@ -17,11 +16,13 @@ namespace {
 
 void printTable(const QVector<SCfg_Item*>& items)
 {
+    const QVector<int> missingFiles = ItemFiles::countNeeded(items);
     int nameWidth = 0;
     for (const SCfg_Item* item : items)
         nameWidth = std::max(nameWidth, Columns::width(item->m_qsName));
-    for (SCfg_Item* item : items) {
-        const int missing = ItemFiles::countNeeded(*item);
+    for (int row = 0; row < items.size(); ++row) {
+        const SCfg_Item* const item = items.at(row);
+        const int missing = missingFiles.at(row);
         const QString state =
             missing == 0 ? QStringLiteral("ready") : QStringLiteral("%1 missing").arg(missing);
         const bool favourite = MVThemeMgr::init()->isItemCollect(item);
@@ -62,9 +63,6 @@ int ListCommand::run(const Arguments& arguments)
         printTable(items);
         return ExitStatus::success;
     }
-    QJsonArray array;
-    for (SCfg_Item* item : qAsConst(items))
-        array.append(Items::toJson(*item));
-    Console::print(QJsonDocument(array));
+    Console::print(QJsonDocument(Items::toJson(items)));
     return ExitStatus::success;
 }

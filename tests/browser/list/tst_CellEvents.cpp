@@ -3,14 +3,22 @@
 #include "browser/list/ListWindow.h"
 #include "browser/MVThemeItemSubwdgt_Preview.h"
 #include "browser/MVThemeItemWdg.h"
+#include "catalogue/ItemFiles.h"
 #include "catalogue/MVThemeMgr.h"
 #include "support/HttpAnswer.h"
 #include "support/HttpExchange.h"
 #include "support/TestMain.h"
 
+#include <QDeadlineTimer>
+#include <QThread>
 #include <QToolButton>
 
+#include <chrono>
+#include <functional>
 #include <memory>
+
+using Action = std::function<void(ListWindow&)>;
+Q_DECLARE_METATYPE(Action)
 
 /// Tests the signals with which cells report their events to a host.
 class tst_CellEvents : public QObject
@@ -24,6 +32,9 @@ private slots:
     void downloadThatEnds_data();
     void downloadThatEnds();
     void cancelledDownload();
+    void downloadWithoutItsCell_data();
+    void downloadWithoutItsCell();
+    void completeDownloadWithoutItsCell();
     void moreIsWanted();
     void signalsComeAfterTheCellHasFinished();
     void receiverMayReloadTheCatalogue();
@@ -146,6 +157,58 @@ void tst_CellEvents::cancelledDownload()
     QTRY_COMPARE(m_world->requests(files), 1);
     m_list->cell(0)->cancelDownload();
     QTRY_COMPARE(trace.entries(), wholeDownload(eItemDownload_Cancelled));
+}
+
+void tst_CellEvents::downloadWithoutItsCell_data()
+{
+    QTest::addColumn<Action>("act");
+    QTest::addColumn<QStringList>("entries");
+    const QStringList once = wholeDownload(eItemDownload_Cancelled);
+    const auto row = [](const char* name, const Action& act, const QStringList& entries) {
+        QTest::newRow(name) << act << entries;
+    };
+    row(
+        "list cleared", [](ListWindow& list) { list.view()->clear(); }, once);
+    row(
+        "cell destroyed", [](ListWindow& list) { delete list.cell(0); }, once);
+    row(
+        "list refilled",
+        [](ListWindow& list) {
+            list.view()->release();
+            list.view()->refill();
+        },
+        once + QStringList{QStringLiteral("started One")});
+}
+
+void tst_CellEvents::downloadWithoutItsCell()
+{
+    QFETCH(Action, act);
+    QFETCH(QStringList, entries);
+    m_world->stall(files);
+    const EventTrace trace;
+    const HostTrace callbacks;
+    m_list->click(frameOf(m_list->cell(0)));
+    QTRY_COMPARE(m_world->requests(files), 1);
+    act(*m_list);
+    QTRY_COMPARE(trace.entries(), entries);
+    QCoreApplication::processEvents(); // the end signal of a download that nobody waits for
+    QCOMPARE(trace.entries(), entries);
+    QCOMPARE(callbacks.entries(), QStringList());
+}
+
+/// The end of the download is known, but has not been delivered yet.
+void tst_CellEvents::completeDownloadWithoutItsCell()
+{
+    m_world->route(
+        files, [](HttpExchange& exchange) { exchange.answer(HttpAnswer(200).body("PK\x03\x04")); });
+    const EventTrace trace;
+    m_list->click(frameOf(m_list->cell(0)));
+    SCfg_Item* const item = m_list->cell(0)->getItem();
+    const QDeadlineTimer deadline(std::chrono::seconds(30));
+    while (ItemFiles::needsAny(*item) && !deadline.hasExpired())
+        QThread::msleep(1); // no events meanwhile
+    m_list->view()->clear();
+    QTRY_COMPARE(trace.entries(), wholeDownload(eItemDownload_Complete));
 }
 
 void tst_CellEvents::moreIsWanted()

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "support/TestMain.h"
+
+#include <QString>
+
+/// @name Short names for tests that are full of literals
+/// @{
+inline QString text(const char* utf8)
+{
+    return QString::fromUtf8(utf8);
+}
+
+/// Returns the path of an entry in the program's home.
+inline QString home(const char* name)
+{
+    return TestHome::path() + QLatin1Char('/') + text(name);
+}
+/// @}
