@@ -67,10 +67,12 @@ void tst_HostSettings::otherDefaults()
 void tst_HostSettings::recommendedSettings()
 {
     const HostSettings plain;
-    QVERIFY(!plain.leftButtonOnly && !plain.lastChoiceWins && !plain.checkContent);
+    QVERIFY(!plain.leftButtonOnly && !plain.lastChoiceWins && !plain.cellsOnDemand
+            && !plain.checkContent);
     const HostSettings recommended = HostSettings::recommended();
     QVERIFY(recommended.leftButtonOnly);
     QVERIFY(recommended.lastChoiceWins);
+    QVERIFY(recommended.cellsOnDemand);
     QVERIFY(recommended.checkContent);
     QCOMPARE(recommended.currentSkin, plain.currentSkin);
     QCOMPARE(recommended.dataLocation, plain.dataLocation);
@@ -99,6 +101,7 @@ void tst_HostSettings::readsEveryKey()
                                  "zoomDPI=1.25\n"
                                  "leftButtonOnly=true\n"
                                  "lastChoiceWins=true\n"
+                                 "cellsOnDemand=true\n"
                                  "[product]\n"
                                  "editions=2, 5\n"
                                  "[params]\n"
@@ -134,7 +137,8 @@ void tst_HostSettings::readsEveryKey()
     QCOMPARE(settings.connectTimeoutMs, 1001);
     QCOMPARE(settings.stallTimeoutMs, 1002);
     QCOMPARE(settings.versionTimeoutMs, 1005);
-    QVERIFY(settings.leftButtonOnly && settings.lastChoiceWins && settings.checkContent);
+    QVERIFY(settings.leftButtonOnly && settings.lastChoiceWins && settings.cellsOnDemand
+            && settings.checkContent);
     QCOMPARE(settings.maxDownloadBytes, Q_INT64_C(8589934592));
     QCOMPARE(settings.downloadRetries, 7);
     QCOMPARE(settings.retryPauseMs, 1003);
@@ -146,13 +150,15 @@ void tst_HostSettings::readsEveryKey()
 void tst_HostSettings::turnsSwitches_data()
 {
     QTest::addColumn<QByteArray>("key");
-    QTest::addColumn<QVector<bool>>("values"); // of all three, once that key was set to true
+    QTest::addColumn<QVector<bool>>("values"); // of all four, once that key was set to true
     QTest::newRow("leftButtonOnly")
-        << QByteArray("[ui]\nleftButtonOnly=") << QVector<bool>{true, false, false};
+        << QByteArray("[ui]\nleftButtonOnly=") << QVector<bool>{true, false, false, false};
     QTest::newRow("lastChoiceWins")
-        << QByteArray("[ui]\nlastChoiceWins=") << QVector<bool>{false, true, false};
+        << QByteArray("[ui]\nlastChoiceWins=") << QVector<bool>{false, true, false, false};
+    QTest::newRow("cellsOnDemand")
+        << QByteArray("[ui]\ncellsOnDemand=") << QVector<bool>{false, false, true, false};
     QTest::newRow("checkContent") << QByteArray("[network]\ncheckContent=")
-                                  << QVector<bool>{false, false, true};
+                                  << QVector<bool>{false, false, false, true};
 }
 
 void tst_HostSettings::turnsSwitches()
@@ -162,12 +168,12 @@ void tst_HostSettings::turnsSwitches()
     const auto switches = [] {
         const HostSettings& settings = hostSettings();
         return QVector<bool>{settings.leftButtonOnly, settings.lastChoiceWins,
-                             settings.checkContent};
+                             settings.cellsOnDemand, settings.checkContent};
     };
     QVERIFY(loadHostSettings(iniFile(key + "true\n"), nullptr));
     QCOMPARE(switches(), values);
     QVERIFY(loadHostSettings(iniFile(key + "false\n"), nullptr));
-    QCOMPARE(switches(), QVector<bool>(3, false));
+    QCOMPARE(switches(), QVector<bool>(4, false));
 }
 
 void tst_HostSettings::keepsWhatTheFileDoesNotName()
