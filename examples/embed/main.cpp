@@ -18,7 +18,7 @@ int main(int argc, char** argv)
     MVThemeMgr* const catalogue = MVThemeMgr::init();
     catalogue->setResourceSaveRootPath(QString::fromLocal8Bit(argv[2]));
     catalogue->load(false);
-    qApp->setStyleSheet(BrowserSkin::styleSheet(hostSettings().currentSkin));
+    BrowserSkin::apply(BrowserSkin::styleSheet(hostSettings().currentSkin));
     BrowserLanguage::install(QLocale::system().name());
     mvThemelistview themes;
     themes.setUIItemType(UIItem_Themes);
