@@ -40,5 +40,5 @@ void AppLook::apply(const QString& skin)
 {
     const SSkinColors colors = BrowserSkin::windowColors(skin);
     QApplication::setPalette(paletteOf(colors));
-    qApp->setStyleSheet(BrowserSkin::styleSheet(skin) + rules(colors));
+    BrowserSkin::apply(BrowserSkin::styleSheet(skin) + rules(colors));
 }

@@ -45,7 +45,7 @@ void CheckStatus::refresh()
     if (m_check.phase() == CatalogueUpdate::Phase::Catalogue)
         text = tr("Checking for new resources…");
     else if (m_check.phase() == CatalogueUpdate::Phase::Previews)
-        text = tr("%1. Fetching previews…").arg(outcome());
+        text = previewsProgress();
     else if (m_check.isRefused())
         text = tr("Start the program again to check again");
     else if (m_check.hasResult())
@@ -63,6 +63,18 @@ void CheckStatus::showProgress(const SUpdateProgress& progress)
         return; // two or three small files need no number
     m_busy->setRange(0, progress.m_nFiles);
     m_busy->setValue(progress.m_nFilesDone);
+    m_label->setText(previewsProgress());
+    m_busy->setAccessibleName(m_label->text());
+}
+
+QString CheckStatus::previewsProgress() const
+{
+    const SUpdateProgress& progress = m_check.progress();
+    if (progress.m_nFiles == 0)
+        return tr("%1. Fetching previews…").arg(outcome());
+    return tr("%1. Previews %2 of %3")
+        .arg(outcome(), QLocale().toString(progress.m_nFilesDone),
+             QLocale().toString(progress.m_nFiles));
 }
 
 QString CheckStatus::outcome() const

@@ -25,6 +25,7 @@ private:
     void refresh();
     void showProgress(const SUpdateProgress& progress);
     QString outcome() const;
+    QString previewsProgress() const;
     QString previewsText() const;
     QString details() const;
     static QString catalogueText();

@@ -112,11 +112,7 @@ void MainWindow::connectParts()
             [this](int type) { m_preferences.setThemeType(type); });
     connect(m_tabs->checkButton(), &QPushButton::clicked, this, &MainWindow::toggleCheck);
     connect(&m_check, &CatalogueUpdate::phaseChanged, this, &MainWindow::refreshCheckButton);
-    connect(&m_check, &CatalogueUpdate::finished, this,
-            [this](const SCatalogueUpdateResult& result) {
-                if (result.m_bContentArrived)
-                    reloadCatalogue();
-            });
+    connect(&m_check, &CatalogueUpdate::contentArrived, this, &MainWindow::reloadCatalogue);
     connect(m_details, &DetailsPanel::folderWanted, this, &MainWindow::openFolder);
     connect(m_details, &DetailsPanel::favouriteWanted, this,
             [this](ECfgItemType kind, const QString& guid) { toggleFavourite(kind, guid); });

@@ -73,8 +73,9 @@ void MainWindow::applyMotion(bool reduced)
 
 void MainWindow::reloadCatalogue()
 {
-    saveFavourites();                                  // they are reloaded, too
-    hostSettings().currentSkin = m_preferences.skin(); // no thread reads it now
+    saveFavourites(); // they are reloaded, too
+    if (m_check.phase() != CatalogueUpdate::Phase::Previews) // whose thread reads it
+        hostSettings().currentSkin = m_preferences.skin();
     m_tabs->reloadCatalogue();
     m_details->refresh();
     ++m_reloads;

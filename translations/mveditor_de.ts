@@ -12,6 +12,10 @@
         <translation>%1. Vorschauen werden geladen…</translation>
     </message>
     <message>
+        <source>%1. Previews %2 of %3</source>
+        <translation>%1. Vorschauen: %2 von %3</translation>
+    </message>
+    <message>
         <source>Start the program again to check again</source>
         <translation>Für eine neue Prüfung das Programm neu starten</translation>
     </message>

@@ -12,6 +12,10 @@
         <translation>%1. Descargando vistas previas…</translation>
     </message>
     <message>
+        <source>%1. Previews %2 of %3</source>
+        <translation>%1. Vistas previas: %2 de %3</translation>
+    </message>
+    <message>
         <source>Start the program again to check again</source>
         <translation>Reinicie el programa para volver a comprobar</translation>
     </message>

@@ -12,6 +12,10 @@
         <translation>%1. Téléchargement des aperçus…</translation>
     </message>
     <message>
+        <source>%1. Previews %2 of %3</source>
+        <translation>%1. Aperçus : %2 sur %3</translation>
+    </message>
+    <message>
         <source>Start the program again to check again</source>
         <translation>Redémarrez le programme pour vérifier à nouveau</translation>
     </message>

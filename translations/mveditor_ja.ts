@@ -12,6 +12,10 @@
         <translation>%1。プレビューを取得しています…</translation>
     </message>
     <message>
+        <source>%1. Previews %2 of %3</source>
+        <translation>%1。プレビュー %2/%3</translation>
+    </message>
+    <message>
         <source>Start the program again to check again</source>
         <translation>もう一度確認するには、プログラムを再起動してください</translation>
     </message>

@@ -12,6 +12,10 @@
         <translation>%1。正在获取预览…</translation>
     </message>
     <message>
+        <source>%1. Previews %2 of %3</source>
+        <translation>%1。预览 %2/%3</translation>
+    </message>
+    <message>
         <source>Start the program again to check again</source>
         <translation>要再次检查，请重新启动程序</translation>
     </message>

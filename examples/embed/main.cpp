@@ -18,7 +18,7 @@ int main(int argc, char** argv)
     MVThemeMgr* const catalogue = MVThemeMgr::init();
     catalogue->setResourceSaveRootPath(QString::fromLocal8Bit(argv[2]));
     catalogue->load(false);
-    qApp->setStyleSheet(BrowserSkin::styleSheet(hostSettings().currentSkin));
+    BrowserSkin::apply(BrowserSkin::styleSheet(hostSettings().currentSkin));
     BrowserLanguage::install(QLocale::system().name());
     mvThemelistview themes;
     themes.setUIItemType(UIItem_Themes);
@@ -27,9 +27,7 @@ int main(int argc, char** argv)
     QObject::connect(&themes, &mvThemelistview::sigThemeItemClicked, // here an editor applies it
                      [&](auto* theme) { themes.setWindowTitle(theme->m_qsName); });
     CatalogueUpdate update;
-    QObject::connect(&update, &CatalogueUpdate::finished, &themes, [&](const auto& result) {
-        if (!result.m_bContentArrived)
-            return;
+    QObject::connect(&update, &CatalogueUpdate::contentArrived, &themes, [&] {
         themes.release();
         catalogue->saveFavourites(nullptr); // load() takes favourites from their files
         catalogue->load(true);

@@ -4,6 +4,7 @@
 #include "host/LogL.h"
 #include "host/Skins.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QHash>
 #include <QJsonDocument>
@@ -65,6 +66,15 @@ QString BrowserSkin::styleSheet(const QString& name)
 {
     static const QHash<QString, QString> sheets = makeSheets();
     return sheets.value(name);
+}
+
+void BrowserSkin::apply(const QString& sheet)
+{
+    // A style, unlike a style sheet, is replaced in one pass over all widgets. Without a style
+    // sheet the application gets its own style back; setting one again wraps that in a new style.
+    qApp->setStyleSheet(QString());
+    if (!sheet.isEmpty())
+        qApp->setStyleSheet(sheet);
 }
 
 SSkinColors BrowserSkin::windowColors(const QString& name)

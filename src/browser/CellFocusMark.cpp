@@ -1,5 +1,6 @@
 #include "browser/CellFocusMark.h"
 
+#include <QEvent>
 #include <QPainter>
 
 namespace {
@@ -12,9 +13,11 @@ constexpr qreal radius = 4.0;
 CellFocusMark::CellFocusMark(QWidget* viewport)
     : QWidget(viewport)
 {
+    setObjectName(QStringLiteral("focusMark"));
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setAttribute(Qt::WA_NoSystemBackground);
     hide();
+    viewport->installEventFilter(this);
 }
 
 void CellFocusMark::setColor(const QColor& color)
@@ -30,6 +33,13 @@ void CellFocusMark::mark(const QRect& cell)
         return;
     setGeometry(cell);
     raise();
+}
+
+bool CellFocusMark::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::ChildAdded && isVisible())
+        raise(); // the current row may get its cell later
+    return QWidget::eventFilter(watched, event);
 }
 
 void CellFocusMark::paintEvent(QPaintEvent* /*event*/)

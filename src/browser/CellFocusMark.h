@@ -3,8 +3,8 @@
 #include <QColor>
 #include <QWidget>
 
-/// The outline around the cell that has the keyboard focus. It is placed above the cell, which
-/// covers whatever its list paints, and is transparent to the mouse. A style sheet sets its colour:
+/// The outline around the cell that has the keyboard focus. It stays above all cells, which cover
+/// whatever their list paints, and is transparent to the mouse. A style sheet sets its colour:
 ///
 ///     CellFocusMark { qproperty-color: #2060c0; }
 class CellFocusMark : public QWidget
@@ -21,6 +21,8 @@ public:
 
     /// Outlines this rectangle of the viewport; an empty one hides the mark.
     void mark(const QRect& cell);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

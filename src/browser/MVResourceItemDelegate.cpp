@@ -78,10 +78,17 @@ void MVResourceItemDelegate::select(const QString& guid, MVThemeItemWdg* widget)
     m_qsHiddenSelection = guid;
 }
 
-void MVResourceItemDelegate::forgetSelection()
+void MVResourceItemDelegate::forgetAll()
 {
+    m_errors.clear();
     m_qsHiddenSelection.clear();
     m_pCurSel = nullptr;
+}
+
+void MVResourceItemDelegate::rememberError(const MVThemeItemWdg& widget)
+{
+    if (widget.getItem() && widget.shownError() != eDownLoadError_None)
+        m_errors.insert(widget.getItem()->m_qsGUID, widget.shownError());
 }
 
 QWidget* MVResourceItemDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
@@ -106,6 +113,8 @@ QWidget* MVResourceItemDelegate::createEditor(QWidget* parent, const QStyleOptio
     widget->setListviewCurSel(&m_pCurSel);
     writeRowWidget(index, widget);
     adoptSelection(widget);
+    if (m_errors.contains(guid))
+        widget->showError(m_errors.take(guid));
     return widget;
 }
 

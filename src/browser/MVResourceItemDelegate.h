@@ -2,7 +2,9 @@
 
 #include "browser/EUIItemType.h"
 #include "browser/MvBrowserExport.h"
+#include "download/EMVThemeDownLoadError.h"
 
+#include <QHash>
 #include <QMargins>
 #include <QSize>
 #include <QStyledItemDelegate>
@@ -40,8 +42,10 @@ public:
     /// Selects the item shown by `widget` without emitting a signal. If `widget` is null, the item
     /// with this GUID is selected once it gets a widget; an empty GUID selects none.
     void select(const QString& guid, MVThemeItemWdg* widget);
-    /// Clears the selection; for use when all rows are removed.
-    void forgetSelection();
+    /// Clears the selection and the remembered errors; for use when all rows are removed.
+    void forgetAll();
+    /// Remembers the error that a cell shows, until its row has a cell again.
+    void rememberError(const MVThemeItemWdg& widget);
 
     /// Returns a row's widget, owned by `parent`; Qt's default editor, a line edit, for a GUID that
     /// the catalogue does not know. A filtered-out cell that is still downloading is reused for its
@@ -82,4 +86,5 @@ private:
     EUIItemType m_eType = UIItem_None;
     // GUID of the selected item while a filter hides it; empty otherwise
     mutable QString m_qsHiddenSelection;
+    mutable QHash<QString, EMVThemeDownLoadError> m_errors; // by GUID, of rows without a cell
 };

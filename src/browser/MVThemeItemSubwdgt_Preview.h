@@ -69,6 +69,7 @@ public:
     void setCurText(bool cur);
     /// Shows why a download failed; success (5) hides the text.
     void setDownLoadErrorText(EMVThemeDownLoadError e);
+    EMVThemeDownLoadError downLoadError() const { return m_eDownloadErr; }
     /// Sets the percentage; the ring shows 0 to 100, the text any value. Fractions are truncated,
     /// and NaN and infinity are ignored.
     void onProgress(double p);

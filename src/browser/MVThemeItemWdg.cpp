@@ -203,6 +203,21 @@ void MVThemeItemWdg::togglePreview()
         m_pUi->frmShow->startPlayGif();
 }
 
+bool MVThemeItemWdg::isPlaying() const
+{
+    return m_pUi->frmShow->isPlaying();
+}
+
+EMVThemeDownLoadError MVThemeItemWdg::shownError() const
+{
+    return m_pUi->frmShow->downLoadError();
+}
+
+void MVThemeItemWdg::showError(EMVThemeDownLoadError error)
+{
+    m_pUi->frmShow->setDownLoadErrorText(error);
+}
+
 void MVThemeItemWdg::cancelDownload()
 {
     if (m_pDownLoader)

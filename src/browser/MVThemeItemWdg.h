@@ -95,6 +95,12 @@ public:
     static void setPlayedByHover(bool played) { s_bPlayedByHover = played; }
     static bool isPlayedByHover() { return s_bPlayedByHover; }
 
+    /// Returns whether the animated preview plays.
+    bool isPlaying() const;
+    /// Returns the error of the last download that the cell shows; success (5) if it shows none.
+    EMVThemeDownLoadError shownError() const;
+    void showError(EMVThemeDownLoadError error);
+
     bool isDownloading() const { return !m_pDownLoader.isNull(); }
     /// Cancels a running download without waiting; the cell then shows no error.
     void cancelDownload();

@@ -1,8 +1,10 @@
 #include "browser/MVThemeSortFilterProxyModel.h"
 
 #include "browser/EUIItemRole.h"
+#include "catalogue/CatalogueIndex.h"
 #include "catalogue/MVThemeMgr.h"
 
+#include <QScopedValueRollback>
 #include <QUuid>
 
 MVThemeSortFilterProxyModel::MVThemeSortFilterProxyModel(QObject* parent)
@@ -18,6 +20,19 @@ void MVThemeSortFilterProxyModel::setThemeType(int themeType)
     invalidateFilter();
 }
 
+void MVThemeSortFilterProxyModel::setFilter(int themeType, const QRegExp& name)
+{
+    m_nThemeType = themeType;
+    setFilterRole(UIItemRole_Name);
+    if (themeType != favouriteThemes) {
+        setFilterRegExp(name);
+        return;
+    }
+    CatalogueIndex index(MVThemeMgr::init()->getDisplayXML());
+    const QScopedValueRollback<CatalogueIndex*> indexed(m_pIndex, &index);
+    setFilterRegExp(name);
+}
+
 bool MVThemeSortFilterProxyModel::filterAcceptsRow(int row, const QModelIndex& parent) const
 {
     const QModelIndex index = sourceModel()->index(row, 0, parent);
@@ -29,11 +44,13 @@ bool MVThemeSortFilterProxyModel::filterAcceptsRow(int row, const QModelIndex& p
     return m_nThemeType == index.data(UIItemRole_ThemeType).toInt() && matches;
 }
 
-bool MVThemeSortFilterProxyModel::isFavouriteTheme(const QString& guid)
+bool MVThemeSortFilterProxyModel::isFavouriteTheme(const QString& guid) const
 {
     if (QUuid(guid).isNull())
         return false;
     MVThemeMgr* const manager = MVThemeMgr::init();
-    const SCfg_Item* const theme = manager->findItemByIDFromDisplay(eCfgItem_Theme, guid);
+    const SCfg_Item* const theme = m_pIndex
+        ? m_pIndex->find(eCfgItem_Theme, guid)
+        : manager->findItemByIDFromDisplay(eCfgItem_Theme, guid);
     return theme && manager->isItemCollect(theme);
 }

@@ -4,6 +4,8 @@
 
 #include <QSortFilterProxyModel>
 
+class CatalogueIndex;
+
 /// Filters the rows of a resource list by theme type, or favourites, and by name.
 ///
 /// The name is matched by filterRegExp(), anywhere in the name. The catalogue is queried for
@@ -21,11 +23,14 @@ public:
     /// Shows the rows of this type (MVThemeMgr::Themetype), all (999) or the favourite themes (1).
     void setThemeType(int themeType);
     int themeType() const { return m_nThemeType; }
+    /// Sets the type as well as the pattern of the names and filters once.
+    void setFilter(int themeType, const QRegExp& name);
 
     bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
 
 private:
-    static bool isFavouriteTheme(const QString& guid);
+    bool isFavouriteTheme(const QString& guid) const;
 
     int m_nThemeType = allThemes;
+    CatalogueIndex* m_pIndex = nullptr; // of all themes while setFilter() runs
 };

@@ -1,18 +1,17 @@
 #include "browser/mvThemelistview.h"
 
 #include "browser/CellFocusMark.h"
+#include "browser/CellPool.h"
 #include "browser/EUIItemRole.h"
 #include "browser/MVResourceItemDelegate.h"
 #include "browser/MVThemeItemWdg.h"
 #include "browser/MVThemeSortFilterProxyModel.h"
 #include "catalogue/MVThemeMgr.h"
 #include "catalogue/NoneEntry.h"
+#include "host/HostSettings.h"
 #include "host/ProductParam.h"
 #include "host/widgets/SkinWidget.h"
 
-#include <QCoreApplication>
-#include <QElapsedTimer>
-#include <QLayout>
 #include <QRegExp>
 #include <QScrollBar>
 #include <QStandardItemModel>
@@ -22,26 +21,6 @@
 namespace {
 
 constexpr QSize fallbackItemSize(136, 110);
-constexpr int maxShownOneByOne = 8; // cells
-constexpr int maxLosses = 4;        // cells in succession
-
-/// Performs at once what the parts of a new cell have asked Qt to do later, and removes the
-/// requests. Qt compares each one with all pending ones, so those of a thousand cells would take
-/// longer than the cells themselves.
-void settleRequests(QWidget* cell)
-{
-    const QList<QWidget*> parts = QList<QWidget*>{cell} + cell->findChildren<QWidget*>();
-    for (QWidget* const part : parts) {
-        part->ensurePolished();
-        if (part->layout() && part->isVisible())
-            part->layout()->activate();
-    }
-    for (QWidget* const part : parts) {
-        for (const auto request :
-             {QEvent::PolishRequest, QEvent::LayoutRequest, QEvent::UpdateLater})
-            QCoreApplication::removePostedEvents(part, request);
-    }
-}
 
 } // namespace
 
@@ -49,6 +28,7 @@ mvThemelistview::mvThemelistview(QWidget* parent)
     : QListView(parent)
     , m_pFocusMark(new CellFocusMark(viewport()))
 {
+    setCellsOnDemand(hostSettings().cellsOnDemand);
     // The style sheet has matched them as parts of a QListView, the class until now.
     for (QScrollBar* const bar : {verticalScrollBar(), horizontalScrollBar()}) {
         style()->unpolish(bar);
@@ -133,10 +113,12 @@ void mvThemelistview::initData(const QUuid& /*unused*/, bool /*unused*/)
 {
     if (!m_pModel)
         return;
+    QList<QStandardItem*> rows;
     for (const SCfg_Item& item : getItems(m_eType))
-        appendItem(item);
+        rows.append(newItemRow(item));
     if (m_eType == UIItem_Themes && !ProductParam::text(ProductParam::moreAddress).isEmpty())
-        appendRow(QString(), 0, QString());
+        rows.append(newRow(QString(), 0, QString()));
+    m_pModel->invisibleRootItem()->appendRows(rows); // the model owns them
     nameMoreRow();
     updateItemState();
 }
@@ -145,63 +127,34 @@ void mvThemelistview::addItem(const SCfg_Item& item)
 {
     if (!m_pModel)
         return;
-    appendItem(item);
-    openPersistentEditor(m_pProxy->index(m_pProxy->rowCount() - 1, 0));
+    m_pModel->appendRow(newItemRow(item));
+    if (m_pPool)
+        updatePool();
+    else
+        openPersistentEditor(m_pProxy->index(m_pProxy->rowCount() - 1, 0));
 }
 
-void mvThemelistview::appendItem(const SCfg_Item& item)
+QStandardItem* mvThemelistview::newItemRow(const SCfg_Item& item)
 {
-    appendRow(item.m_qsGUID, item.m_nThemeType, item.m_qsName);
-    m_mapItems.insert(QUuid(item.m_qsGUID), m_pModel->item(m_pModel->rowCount() - 1));
+    QStandardItem* const row = newRow(item.m_qsGUID, item.m_nThemeType, item.m_qsName);
+    m_mapItems.insert(QUuid(item.m_qsGUID), row);
+    return row;
 }
 
-void mvThemelistview::appendRow(const QString& guid, int themeType, const QString& name)
+QStandardItem* mvThemelistview::newRow(const QString& guid, int themeType, const QString& name)
 {
     auto row = std::make_unique<QStandardItem>();
     row->setData(guid, UIItemRole_GUID);
     row->setData(themeType, UIItemRole_ThemeType);
     row->setData(name, UIItemRole_Name);
     row->setData(name, Qt::AccessibleTextRole);
-    m_pModel->appendRow(row.release()); // the model owns it
-}
-
-void mvThemelistview::updateItemState()
-{
-    if (!m_pProxy)
-        return;
-    QModelIndexList missing;
-    for (int row = 0; row < m_pProxy->rowCount(); ++row) {
-        const QModelIndex index = m_pProxy->index(row, 0);
-        if (!isPersistentEditorOpen(index))
-            missing.append(index);
-    }
-    int losses = missing.size() > maxShownOneByOne ? 0 : maxLosses;
-    for (const QModelIndex& index : std::as_const(missing)) {
-        QElapsedTimer clock;
-        clock.start();
-        openPersistentEditor(index);
-        QWidget* const cell = indexWidget(index);
-        if (losses == maxLosses || !cell)
-            continue;
-        // Settling saves three quarters of the time of 2,000 cells. But while Qt delivers a posted
-        // event, such as to a queued slot that calls this, removed requests stay in its queue, and
-        // searching for them makes the same cells take four times as long. No public function tells
-        // whether Qt is doing that, but settling then takes longer than creating the cell.
-        const qint64 opened = clock.nsecsElapsed();
-        clock.start();
-        settleRequests(cell);
-        losses = clock.nsecsElapsed() < opened ? 0 : losses + 1;
-    }
-    viewport()->update();
+    return row.release();
 }
 
 void mvThemelistview::reapplyFilter(int themeType, QString text)
 {
-    if (m_pProxy) {
-        m_pProxy->setThemeType(themeType);
-        m_pProxy->setFilterRole(UIItemRole_Name);
-        m_pProxy->setFilterRegExp(QRegExp(text, Qt::CaseInsensitive, QRegExp::RegExp));
-    }
+    if (m_pProxy)
+        m_pProxy->setFilter(themeType, QRegExp(text, Qt::CaseInsensitive, QRegExp::RegExp));
     updateItemState();
 }
 
@@ -216,7 +169,7 @@ void mvThemelistview::clear()
     if (!m_pModel)
         return;
     // The selected widget exists until the current event is over; its item may not.
-    m_pDelegate->forgetSelection();
+    m_pDelegate->forgetAll();
     m_pModel->clear();
     m_pProxy->invalidate();
 }
@@ -256,38 +209,17 @@ void mvThemelistview::selThemeItem(const SCfg_Item* item)
 void mvThemelistview::selectItem(const QString& guid, Qt::CaseSensitivity cs)
 {
     for (int row = 0; row < rowCount(); ++row) {
-        MVThemeItemWdg* const widget = itemWidget(row);
+        const QString found = m_pModel->index(row, 0).data(UIItemRole_GUID).toString();
+        if (found.compare(guid, cs) != 0)
+            continue;
+        MVThemeItemWdg* const widget = neededWidget(row);
         SCfg_Item* const item = widget ? widget->getItem() : nullptr;
-        if (!item || item->m_qsGUID.compare(guid, cs) != 0)
+        if (!item)
             continue;
         widget->setSel(widget);
         emit sigThemeItemClicked(item);
         return;
     }
-}
-
-void mvThemelistview::ShowThemeSubWdgByOptTag(const QModelIndex& index)
-{
-    openPersistentEditor(m_pProxy->mapFromSource(index));
-}
-
-MVThemeItemWdg* mvThemelistview::itemWidget(int row) const
-{
-    return itemWidget(m_pModel->index(row, 0));
-}
-
-MVThemeItemWdg* mvThemelistview::itemWidget(const QModelIndex& index)
-{
-    return qobject_cast<MVThemeItemWdg*>(index.data(UIItemRole_Widget).value<QObject*>());
-}
-
-MVThemeItemWdg* mvThemelistview::firstItemWidget() const
-{
-    for (int row = 0; row < rowCount(); ++row) {
-        if (MVThemeItemWdg* widget = itemWidget(row))
-            return widget;
-    }
-    return nullptr;
 }
 
 int mvThemelistview::rowCount() const

@@ -14,6 +14,7 @@
 #include <optional>
 
 class CellFocusMark;
+class CellPool;
 class MVResourceItemDelegate;
 class MVThemeItemWdg;
 class MVThemeSortFilterProxyModel;
@@ -33,6 +34,9 @@ struct SCfg_Item;
 /// Space plays or stops its preview. An outline shows the current cell while the keyboard is in
 /// use. The names are exposed to screen readers.
 ///
+/// By default every row that passes the filter has a cell, which takes about 2 ms and 170 KB.
+/// setCellsOnDemand() limits the cells to what is visible.
+///
 /// EUIItemRole lists the data of the rows.
 class MVBROWSER_EXPORT mvThemelistview : public QListView
 {
@@ -45,10 +49,20 @@ public:
     /// Sets what the list shows, and reads the size of its cells from the skin. Call it once,
     /// before any data.
     void setUIItemType(EUIItemType type);
+
+    /// Sets whether only visible rows, and those of one page around them, have a cell. At first
+    /// HostSettings::cellsOnDemand decides. A row that leaves that range gives its cell back,
+    /// unless the cell downloads, plays, is the applied or current one, or has the focus. All
+    /// operations behave as if every row had its cell: one that needs a cell creates it. May be
+    /// changed at any time.
+    void setCellsOnDemand(bool onDemand);
+    bool hasCellsOnDemand() const { return m_pPool != nullptr; }
+
     /// Appends all items of the catalogue's list, and "More>>" to the themes if the product
     /// parameter "url_slidershow" sets its target. The arguments are not used.
     void initData(const QUuid&, bool);
-    /// Appends an item, which must be in the catalogue, and opens its cell. For many items use the
+    /// Appends an item, which must be in the catalogue, and opens its cell, with cells on demand if
+    /// it is visible. For many items use the
     /// catalogue's list and initData(), which lays out the cells once.
     void addItem(const SCfg_Item& item);
     /// Returns the size and padding (top, right, bottom, left in x, y, width, height) that the skin
@@ -60,7 +74,8 @@ public:
     /// Shows the items of a theme type (see MVThemeSortFilterProxyModel) whose names contain a
     /// match of `text`, a case-insensitive QRegExp pattern.
     void reapplyFilter(int themeType, QString text);
-    /// Opens the cells of all visible rows.
+    /// Opens the cells that are missing: those of all rows that pass the filter, or, with cells on
+    /// demand, of the visible ones.
     void updateItemState();
 
     /// @name A reload of the catalogue
@@ -81,9 +96,12 @@ public:
     /// Decodes the thumbnail of the first cell again.
     void adjustItem();
 
-    /// Returns the cells of items, including those that a filter hides while they download.
+    /// Returns the existing cells of items, including those that a filter hides while they
+    /// download.
     QVector<MVThemeItemWdg*> cells() const;
-    /// Returns the cell of an item by exact GUID; null if it currently has none.
+    /// Returns the cell of an item by exact GUID; null if a filter hides it or there is no such
+    /// item. With cells on demand it is created if necessary, and exists at least until control
+    /// returns to the event loop.
     MVThemeItemWdg* cell(const QString& guid) const;
     /// Returns an item's row in the displayed model; invalid if a filter hides it.
     QModelIndex shownRow(const QString& guid) const;
@@ -121,6 +139,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void changeEvent(QEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
@@ -128,6 +147,7 @@ protected:
 
 protected slots:
     void updateGeometries() override;
+    void rowsInserted(const QModelIndex& parent, int start, int end) override;
 
 private:
     struct Kept
@@ -150,11 +170,17 @@ private:
     void nameMoreRow();
     void showFocus(bool byKeyboard);
     void placeFocusMark();
-    void appendRow(const QString& guid, int themeType, const QString& name);
-    void appendItem(const SCfg_Item& item);
+    static QStandardItem* newRow(const QString& guid, int themeType, const QString& name);
+    QStandardItem* newItemRow(const SCfg_Item& item);
     void ShowThemeSubWdgByOptTag(const QModelIndex& index);
+    void openAllCells();
+    void updatePool();
+    bool isCellKept(const QModelIndex& index) const;
+    void giveBack(const QModelIndex& index);
     MVThemeItemWdg* itemWidget(int row) const;
     static MVThemeItemWdg* itemWidget(const QModelIndex& index);
+    MVThemeItemWdg* neededWidget(int row) const;
+    MVThemeItemWdg* currentWidget() const;
     MVThemeItemWdg* firstItemWidget() const;
     int rowCount() const;
     void selectItem(const QString& guid, Qt::CaseSensitivity cs);
@@ -168,5 +194,6 @@ private:
     CellFocusMark* m_pFocusMark;
     bool m_bKeyboard = false;               // the keyboard was used after the mouse
     QMap<QUuid, QStandardItem*> m_mapItems; // the items belong to the model
+    std::unique_ptr<CellPool> m_pPool;      // null: every row has its cell
     std::optional<Kept> m_kept;             // from release() to refill()
 };

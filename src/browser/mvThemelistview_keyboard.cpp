@@ -39,7 +39,7 @@ void mvThemelistview::keyPressEvent(QKeyEvent* event)
 /// Handles a cell's key and returns whether it was one. The cell may be destroyed afterwards.
 bool mvThemelistview::actOnCurrentCell(int key)
 {
-    MVThemeItemWdg* const widget = itemWidget(currentIndex());
+    MVThemeItemWdg* const widget = currentWidget();
     if (!widget)
         return false;
     switch (key) {
@@ -72,7 +72,7 @@ void mvThemelistview::mousePressEvent(QMouseEvent* event)
 /// Cells handle the mouse's events; the menu key refers to the current cell.
 void mvThemelistview::contextMenuEvent(QContextMenuEvent* event)
 {
-    MVThemeItemWdg* const widget = itemWidget(currentIndex());
+    MVThemeItemWdg* const widget = currentWidget();
     const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
     if (!byKey || !widget || !widget->getItem() || !hostSettings().leftButtonOnly) {
         QListView::contextMenuEvent(event);
@@ -108,6 +108,7 @@ void mvThemelistview::changeEvent(QEvent* event)
 void mvThemelistview::scrollContentsBy(int dx, int dy)
 {
     QListView::scrollContentsBy(dx, dy);
+    updatePool();
     placeFocusMark();
 }
 
@@ -120,6 +121,7 @@ void mvThemelistview::currentChanged(const QModelIndex& current, const QModelInd
 void mvThemelistview::updateGeometries()
 {
     QListView::updateGeometries();
+    updatePool();
     placeFocusMark();
 }
 

@@ -1,5 +1,6 @@
-// mvThemelistview: look-up of cells by item, and state kept over a reload of the catalogue.
+// mvThemelistview: look-up of items, and state kept over a reload of the catalogue.
 
+#include "browser/CellPool.h"
 #include "browser/EUIItemRole.h"
 #include "browser/MVResourceItemDelegate.h"
 #include "browser/MVThemeItemWdg.h"
@@ -11,26 +12,6 @@
 #include <QScrollBar>
 
 #include <algorithm>
-
-QVector<MVThemeItemWdg*> mvThemelistview::cells() const
-{
-    QVector<MVThemeItemWdg*> found;
-    for (int row = 0; row < rowCount(); ++row) {
-        MVThemeItemWdg* const widget = itemWidget(row);
-        if (widget && widget->getItem())
-            found.append(widget);
-    }
-    return found;
-}
-
-MVThemeItemWdg* mvThemelistview::cell(const QString& guid) const
-{
-    const QVector<MVThemeItemWdg*> all = cells();
-    const auto it = std::find_if(all.cbegin(), all.cend(), [&](const MVThemeItemWdg* cell) {
-        return cell->getItem()->m_qsGUID == guid;
-    });
-    return it == all.cend() ? nullptr : *it;
-}
 
 QModelIndex mvThemelistview::shownRow(const QString& guid) const
 {
@@ -94,6 +75,7 @@ void mvThemelistview::refill()
         return;
     const Kept kept = *m_kept;
     m_kept.reset();
+    const CellPool::Pause pause(m_pPool.get());
     // All rows first: a cell resumes its download even if a filter hides it.
     reapplyFilter(MVThemeSortFilterProxyModel::allThemes, QString());
     initData(QUuid(), false);

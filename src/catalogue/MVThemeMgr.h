@@ -293,6 +293,7 @@ private:
     QVector<SFileInfo*> ownNeededFiles(SCfg_Item& item);
     void clearVectors();
     void readTheme(const QString& path, CatalogueIndex& dependencies, SThemes_a*& out);
+    bool locatePreviews(SCfg_Item& item);
     bool resolve(SFileInfo& info, ECfgItemType k, EDirTag t, const QString& relative,
                  bool absoluteNames, bool makeFolder);
     static void readCollect(CollectFile& file, const QString& path, const char* openError,

@@ -4,6 +4,7 @@
 #include "catalogue/MVThemeMgr.h"
 #include "catalogue/NoneEntry.h"
 #include "catalogue/XmlFile.h"
+#include "host/HostSettings.h"
 #include "host/LogL.h"
 #include "host/ProductParam.h"
 #include "records/KindTable.h"
@@ -62,11 +63,22 @@ void MVThemeMgr::read_resource_display_xml()
         m_sDisplayXML.vecFilter.resize(fewFilters);
 }
 
+/// Locates the previews of an item; returns whether it is to be shown.
+bool MVThemeMgr::locatePreviews(SCfg_Item& item)
+{
+    const bool hasThumb = doItem_Info_Thumb(item);
+    if (!hostSettings().showWithoutPreviews)
+        return hasThumb && doItem_Info_Gif(item);
+    doItem_Info_Gif(item); // sets the place where it will arrive
+    return true;
+}
+
 void MVThemeMgr::read_resource_display_xml_a(const QDomElement& root, ECfgItemType type,
                                              QString tagName, QVector<SCfg_Item>& cfgItems,
                                              QVector<SCfg_Item>& displayItems, bool keepAll)
 {
     const QString itemTag = QStringLiteral("Item");
+    const bool showsAll = hostSettings().showWithoutPreviews;
     GuidIndex index(cfgItems);
     displayItems.reserve(displayItems.size() + cfgItems.size());
     const QDomElement category = root.firstChildElement(tagName);
@@ -89,7 +101,7 @@ void MVThemeMgr::read_resource_display_xml_a(const QDomElement& root, ECfgItemTy
         const bool hasThumb = doItem_Info_Thumb(item);
         const bool hasGif = doItem_Info_Gif(item);
         doItem_Info_DependRes(item);
-        if (keepAll || (hasThumb && hasGif))
+        if (keepAll || showsAll || (hasThumb && hasGif))
             displayItems.append(std::move(item));
     }
 }
@@ -117,7 +129,7 @@ void MVThemeMgr::read_resource_display_xml_a_theme(const QDomElement& root, ECfg
             readPresentation(element, type, item);
             item.m_nThemeType = themeType;
             item.m_info_Gif.m_qsUrl = childText(element, QStringLiteral("UrlGif"));
-            if (keepAll || (doItem_Info_Thumb(item) && doItem_Info_Gif(item)))
+            if (keepAll || locatePreviews(item))
                 displayItems.append(std::move(item));
         }
     }

@@ -1,6 +1,7 @@
 #include "download/CatalogueUpdate.h"
 
 #include "download/MVThemeDownLoader_CheckCfg.h"
+#include "host/HostSettings.h"
 
 #include <QEventLoop>
 #include <QTimer>
@@ -128,6 +129,8 @@ void CatalogueUpdate::noteCheck(const SCatalogueCheckResult& check)
     m_result.m_bContentArrived |= check.m_eEnd == eCatalogueCheck_Changed;
     enter(isCancelling() ? State::CancellingPreviews : State::FetchingPreviews);
     announcePhase();
+    if (m_result.m_bContentArrived && hostSettings().showWithoutPreviews && !m_isShutDown)
+        emit contentArrived();
     if (check.m_bPreviewsFollow)
         return; // also after previews beside the check
     if (m_state == State::FetchingPreviews)
@@ -164,8 +167,11 @@ void CatalogueUpdate::finishIfOver()
     enter(State::Finished);
     const SCatalogueUpdateResult result = m_result; // a receiver may start the next update
     announcePhase();
-    if (!m_isShutDown)
-        emit finished(result);
+    if (m_isShutDown)
+        return;
+    if (result.m_bContentArrived && !hostSettings().showWithoutPreviews)
+        emit contentArrived();
+    emit finished(result);
 }
 
 ECatalogueUpdateEnd CatalogueUpdate::end() const

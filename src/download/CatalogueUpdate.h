@@ -9,10 +9,7 @@
 /// Brings the catalogue and its previews up to date, as one operation with a phase, numbers and one
 /// outcome. It drives MVThemeDownLoader_CheckCfg, so a host need not know that class.
 ///
-///     connect(&update, &CatalogueUpdate::finished, this, [this](const auto& result) {
-///         if (result.m_bContentArrived)
-///             reloadCatalogue();
-///     });
+///     connect(&update, &CatalogueUpdate::contentArrived, this, &Window::reloadCatalogue);
 ///     update.start();
 ///
 /// The object belongs to the thread of MVThemeDownLoader_CheckCfg, usually the GUI's, which makes
@@ -58,6 +55,11 @@ signals:
     void progressed(const SUpdateProgress& progress);
     /// The server's catalogue needs a newer application; none of it was fetched.
     void appUpdateNeeded();
+    /// New files are in the download tree: the host should reload the catalogue. Emitted at most
+    /// once per update: before finished() or, if HostSettings::showWithoutPreviews is true, as soon
+    /// as a new catalogue has been stored; the previews that follow then replace the placeholders
+    /// of their items without a reload.
+    void contentArrived();
     /// The update has ended. The last signal of an update, emitted once per successful start().
     void finished(const SCatalogueUpdateResult& result);
 

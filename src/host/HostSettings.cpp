@@ -21,6 +21,7 @@ HostSettings HostSettings::recommended()
     HostSettings settings;
     settings.leftButtonOnly = true;
     settings.lastChoiceWins = true;
+    settings.cellsOnDemand = true;
     settings.checkContent = true;
     settings.showWithoutPreviews = true;
     settings.conditionalRequests = true;

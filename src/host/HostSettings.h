@@ -52,6 +52,10 @@ struct MVHOST_EXPORT HostSettings
     /// True: a download that ends after the user has chosen another item of the same kind leaves
     /// its item ready without applying it. False: it applies its item. Recommended: true.
     bool lastChoiceWins = false;
+    /// True: a resource list has cells for what is visible and one page around it. False: it has a
+    /// cell for every row. Applies to lists created from then on, see
+    /// mvThemelistview::setCellsOnDemand(). Recommended: true.
+    bool cellsOnDemand = false;
     /// True: a fetched file is stored only if its content is plausible: XML is well-formed,
     /// pictures are PNG, JPEG or GIF, and ZIP archives begin like one. A theme's config file that
     /// cannot be parsed is fetched again. False: the content is not checked. Recommended: true.
@@ -100,8 +104,8 @@ MVHOST_EXPORT HostSettings& hostSettings();
 ///
 ///     [paths]    resources, data, appData, testOutput, developerResource
 ///                                                       (relative ones: relative to the file)
-///     [ui]       skin, zoomDPI; leftButtonOnly, lastChoiceWins, showWithoutPreviews (true or
-///                false)
+///     [ui]       skin, zoomDPI; leftButtonOnly, lastChoiceWins, cellsOnDemand,
+///                showWithoutPreviews (true or false)
 ///     [product]  editions                               (comma separated, 1 to 5)
 ///     [params]   any key = value                        (the product parameters)
 ///     [network]  connectTimeoutMs, stallTimeoutMs, versionTimeoutMs, maxDownloadBytes,

@@ -90,6 +90,10 @@ const HostSettingsFile::Setting HostSettingsFile::all[] = {
      [](auto& file, auto& key, auto& text, auto& settings) {
          return file.readSwitch(key, text, settings.showWithoutPreviews);
      }},
+    {"ui/cellsOnDemand",
+     [](auto& file, auto& key, auto& text, auto& settings) {
+         return file.readSwitch(key, text, settings.cellsOnDemand);
+     }},
     {"product/editions",
      [](auto& file, auto&, auto& text, auto& settings) {
          return file.readEditions(text, settings);

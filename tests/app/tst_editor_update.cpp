@@ -226,7 +226,7 @@ void tst_editor_update::theOutcomeIsShownWhilePreviewsCome()
     });
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
         wait phase previews
-        wait status "Catalogue updated. Fetching previews"
+        wait status "Catalogue updated. Previews "
         touch %1
         wait quiet
         wait status "Catalogue updated, 2 previews fetched"

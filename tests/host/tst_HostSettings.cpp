@@ -67,10 +67,12 @@ void tst_HostSettings::otherDefaults()
 void tst_HostSettings::recommendedSettings()
 {
     const HostSettings plain;
-    QVERIFY(!plain.leftButtonOnly && !plain.lastChoiceWins && !plain.checkContent);
+    QVERIFY(!plain.leftButtonOnly && !plain.lastChoiceWins && !plain.cellsOnDemand
+            && !plain.checkContent);
     const HostSettings recommended = HostSettings::recommended();
     QVERIFY(recommended.leftButtonOnly);
     QVERIFY(recommended.lastChoiceWins);
+    QVERIFY(recommended.cellsOnDemand);
     QVERIFY(recommended.checkContent);
     QVERIFY(!plain.showWithoutPreviews && recommended.showWithoutPreviews);
     QVERIFY(!plain.conditionalRequests && recommended.conditionalRequests);
@@ -105,6 +107,7 @@ void tst_HostSettings::readsEveryKey()
                                  "zoomDPI=1.25\n"
                                  "leftButtonOnly=true\n"
                                  "lastChoiceWins=true\n"
+                                 "cellsOnDemand=true\n"
                                  "showWithoutPreviews=true\n"
                                  "[product]\n"
                                  "editions=2, 5\n"
@@ -144,7 +147,8 @@ void tst_HostSettings::readsEveryKey()
     QCOMPARE(settings.connectTimeoutMs, 1001);
     QCOMPARE(settings.stallTimeoutMs, 1002);
     QCOMPARE(settings.versionTimeoutMs, 1005);
-    QVERIFY(settings.leftButtonOnly && settings.lastChoiceWins && settings.checkContent);
+    QVERIFY(settings.leftButtonOnly && settings.lastChoiceWins && settings.checkContent
+            && settings.cellsOnDemand);
     QVERIFY(settings.showWithoutPreviews && settings.conditionalRequests);
     QCOMPARE(settings.transfersSideBySide, 32);
     QCOMPARE(settings.downloadStepMs, 1006);
@@ -156,36 +160,47 @@ void tst_HostSettings::readsEveryKey()
     QCOMPARE(settings.caFile, QStringLiteral("/etc/authorities.pem"));
 }
 
+namespace {
+
+struct Switch
+{
+    const char* key;
+    bool HostSettings::*value;
+};
+
+const Switch switches[] = {
+    {"ui/leftButtonOnly", &HostSettings::leftButtonOnly},
+    {"ui/lastChoiceWins", &HostSettings::lastChoiceWins},
+    {"ui/cellsOnDemand", &HostSettings::cellsOnDemand},
+    {"ui/showWithoutPreviews", &HostSettings::showWithoutPreviews},
+    {"network/checkContent", &HostSettings::checkContent},
+    {"network/conditionalRequests", &HostSettings::conditionalRequests},
+};
+
+} // namespace
+
 void tst_HostSettings::turnsSwitches_data()
 {
-    QTest::addColumn<QByteArray>("key");
-    QTest::addColumn<QVector<bool>>("values"); // of all switches, once that key was set to true
-    QTest::newRow("leftButtonOnly")
-        << QByteArray("[ui]\nleftButtonOnly=") << QVector<bool>{true, false, false, false, false};
-    QTest::newRow("lastChoiceWins")
-        << QByteArray("[ui]\nlastChoiceWins=") << QVector<bool>{false, true, false, false, false};
-    QTest::newRow("checkContent") << QByteArray("[network]\ncheckContent=")
-                                  << QVector<bool>{false, false, true, false, false};
-    QTest::newRow("showWithoutPreviews") << QByteArray("[ui]\nshowWithoutPreviews=")
-                                         << QVector<bool>{false, false, false, true, false};
-    QTest::newRow("conditionalRequests") << QByteArray("[network]\nconditionalRequests=")
-                                         << QVector<bool>{false, false, false, false, true};
+    QTest::addColumn<int>("number");
+    int number = 0;
+    for (const Switch& one : switches)
+        QTest::newRow(one.key) << number++;
 }
 
+/// Expects that each key changes its own switch and no other.
 void tst_HostSettings::turnsSwitches()
 {
-    QFETCH(QByteArray, key);
-    QFETCH(QVector<bool>, values);
-    const auto switches = [] {
-        const HostSettings& settings = hostSettings();
-        return QVector<bool>{settings.leftButtonOnly, settings.lastChoiceWins,
-                             settings.checkContent, settings.showWithoutPreviews,
-                             settings.conditionalRequests};
+    QFETCH(int, number);
+    const auto expectOnly = [number](bool value) {
+        int i = 0;
+        for (const Switch& one : switches)
+            QCOMPARE(hostSettings().*one.value, i++ == number && value);
     };
-    QVERIFY(loadHostSettings(iniFile(key + "true\n"), nullptr));
-    QCOMPARE(switches(), values);
-    QVERIFY(loadHostSettings(iniFile(key + "false\n"), nullptr));
-    QCOMPARE(switches(), QVector<bool>(5, false));
+    const QByteArray line = QByteArray(switches[number].key).replace("/", "]\n").prepend('[');
+    QVERIFY(loadHostSettings(iniFile(line + "=true\n"), nullptr));
+    expectOnly(true);
+    QVERIFY(loadHostSettings(iniFile(line + "=false\n"), nullptr));
+    expectOnly(false);
 }
 
 void tst_HostSettings::keepsWhatTheFileDoesNotName()

@@ -26,6 +26,7 @@ QStringList everything(const HostSettings& s)
                        QString::number(s.versionTimeoutMs),
                        QString::number(s.leftButtonOnly),
                        QString::number(s.lastChoiceWins),
+                       QString::number(s.cellsOnDemand),
                        QString::number(s.checkContent),
                        QString::number(s.showWithoutPreviews),
                        QString::number(s.conditionalRequests),
@@ -225,8 +226,9 @@ void tst_HostSettingsErrors::refusesAValueOutOfRange_data()
     for (const char* value : {"0.09", "0", "-1", "16.01", "nan", "inf", "big", "", "1, 5", "%2"})
         zoom(value);
 
-    for (const char* key : {"ui/leftButtonOnly", "ui/lastChoiceWins", "ui/showWithoutPreviews",
-                            "network/checkContent", "network/conditionalRequests"}) {
+    for (const char* key :
+         {"ui/leftButtonOnly", "ui/lastChoiceWins", "ui/cellsOnDemand", "ui/showWithoutPreviews",
+          "network/checkContent", "network/conditionalRequests"}) {
         for (const char* value : {"", "1", "True", "FALSE", "yes", "truefalse"})
             QTest::addRow("%s = %s", key, value)
                 << QByteArray(key) << QByteArray(value)

@@ -66,6 +66,7 @@ BrowserWorld::BrowserWorld()
     settings.appDataPath = base + QStringLiteral("/appdata");
     settings.testOutputDir = base + QStringLiteral("/testoutput");
     settings.downloadRetries = 0;
+    settings.cellsOnDemand = qEnvironmentVariableIsSet("MV_CELLS_ON_DEMAND");
     setParam("url_themeRootDir", m_server.url(QStringLiteral("/")));
     CatalogueFiles::write(manager().Path_ThemeCollect(), "{}");
     CatalogueFiles::write(manager().Path_FilterCollect(), "{}");

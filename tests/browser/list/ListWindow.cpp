@@ -77,8 +77,10 @@ QStringList ListWindow::shownNames() const
 
 MVThemeItemWdg* ListWindow::cell(int row) const
 {
-    const QVariant widget = rows()->index(row, 0).data(UIItemRole_Widget);
-    return qobject_cast<MVThemeItemWdg*>(widget.value<QObject*>());
+    const QModelIndex index = rows()->index(row, 0);
+    auto* const widget =
+        qobject_cast<MVThemeItemWdg*>(index.data(UIItemRole_Widget).value<QObject*>());
+    return widget ? widget : m_view->cell(index.data(UIItemRole_GUID).toString());
 }
 
 MVThemeItemWdg* ListWindow::cell(const QString& name) const

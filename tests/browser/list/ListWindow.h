@@ -41,7 +41,8 @@ public:
     /// Returns the names of the rows that pass the filter, in order.
     QStringList shownNames() const;
 
-    /// Returns the live cell of a source model row, or null.
+    /// Returns the live cell of a source model row, with cells on demand a new one if necessary;
+    /// null if the row has none.
     MVThemeItemWdg* cell(int row) const;
     /// Returns the live cell of the first row with that name, or null.
     MVThemeItemWdg* cell(const QString& name) const;

@@ -1,3 +1,4 @@
+#include "browser/EUIItemRole.h"
 #include "browser/list/BrowserWorld.h"
 #include "browser/list/ListWindow.h"
 #include "browser/MVThemeItemWdg.h"
@@ -8,6 +9,7 @@
 #include <QLabel>
 #include <QMovie>
 #include <QSignalSpy>
+#include <QStandardItemModel>
 
 #include <functional>
 #include <memory>
@@ -177,7 +179,7 @@ void tst_browserDestroy::selectedCell()
     m_list->view()->selThemeItem(BrowserWorld::theme(1));
     QVERIFY(isMarked(m_list->cell(0)));
     delete m_list->cell(0);
-    QVERIFY(!m_list->cell(0));
+    QVERIFY(!m_list->rows()->index(0, 0).data(UIItemRole_Widget).value<QObject*>());
     m_list->view()->onClearSelect();
     m_list->view()->selThemeItem(BrowserWorld::theme(1)); // it has no cell now
     m_list->view()->selThemeItem(BrowserWorld::theme(2));

@@ -173,6 +173,7 @@ void tst_listGrowth::laterPagesCostNoMoreThanTheFirst()
 {
     fillWorld(page);
     ListWindow list(UIItem_Themes);
+    list.view()->setCellsOnDemand(false);
     const ProcessorTime firstTime;
     list.fill();
     const double first = firstTime.seconds();
@@ -193,6 +194,7 @@ void tst_listGrowth::newCellsLeaveNoRequests()
     constexpr int surelySettled = 4;
     fillWorld(fewThemes);
     ListWindow list(UIItem_Themes);
+    list.view()->setCellsOnDemand(false);
     list.view()->initData(QUuid(), false);
     RequestCounter counter;
     for (int row = 0; row < surelySettled; ++row)

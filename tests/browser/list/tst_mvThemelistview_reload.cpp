@@ -267,6 +267,7 @@ void tst_mvThemelistview_reload::markIsTakenOff()
 
 void tst_mvThemelistview_reload::cellsByItem()
 {
+    view()->setCellsOnDemand(false);
     QCOMPARE(view()->cells().size(), themes);
     QCOMPARE(view()->cell(guidOf(7)), m_list->cell(nameOf(7)));
     QCOMPARE(view()->cell(QStringLiteral("{unknown}")), nullptr);

@@ -1,0 +1,141 @@
+#include "browser/CellPool.h"
+
+#include <QListView>
+#include <QScopedValueRollback>
+#include <QTimerEvent>
+
+namespace {
+
+// An editor takes one to two milliseconds; the user should not wait longer than a tenth of a
+// second.
+constexpr int maxAtOnce = 32;
+constexpr int maxPerTurn = 4;
+
+} // namespace
+
+CellPool::CellPool(QListView& view, Condition isKept, Notification closing)
+    : m_view(view)
+    , m_isKept(std::move(isKept))
+    , m_closing(std::move(closing))
+{
+}
+
+void CellPool::update()
+{
+    if (!isReady())
+        return;
+    const QScopedValueRollback<bool> guard(m_isUpdating, true);
+    const Rows near = rowsWithin(1);
+    closeFar(near);
+    openMissing(rowsWithin(0), maxAtOnce);
+    m_timer.start(0, this);
+}
+
+void CellPool::timerEvent(QTimerEvent* event)
+{
+    if (event->timerId() != m_timer.timerId()) {
+        QObject::timerEvent(event);
+        return;
+    }
+    if (!isReady()) {
+        m_timer.stop();
+        return;
+    }
+    const QScopedValueRollback<bool> guard(m_isUpdating, true);
+    const Rows near = rowsWithin(1);
+    closeFar(near);
+    const int left = maxPerTurn - openMissing(rowsWithin(0), maxPerTurn);
+    if (openMissing(near, left) < left)
+        m_timer.stop();
+}
+
+QWidget* CellPool::open(const QModelIndex& index)
+{
+    if (!index.isValid())
+        return nullptr;
+    if (!m_view.isPersistentEditorOpen(index)) {
+        m_view.openPersistentEditor(index);
+        adopt(index);
+    }
+    m_timer.start(0, this);
+    return m_view.indexWidget(index);
+}
+
+void CellPool::adopt(const QModelIndex& index)
+{
+    m_open.append(index);
+}
+
+/// Opens at most `most` editors and returns how many it has opened.
+int CellPool::openMissing(const Rows& rows, int most)
+{
+    int opened = 0;
+    for (int row = rows.first; row < rows.end && opened < most; ++row) {
+        const QModelIndex index = m_view.model()->index(row, 0);
+        if (m_view.isPersistentEditorOpen(index))
+            continue;
+        m_view.openPersistentEditor(index);
+        adopt(index);
+        ++opened;
+    }
+    return opened;
+}
+
+void CellPool::closeFar(const Rows& rows)
+{
+    QVector<QPersistentModelIndex> remaining;
+    for (const QPersistentModelIndex& index : std::as_const(m_open)) {
+        if (!index.isValid() || !m_view.isPersistentEditorOpen(index))
+            continue;
+        if (rows.contains(index.row()) || m_isKept(index)) {
+            remaining.append(index);
+            continue;
+        }
+        m_closing(index);
+        m_view.closePersistentEditor(index);
+    }
+    m_open = remaining;
+}
+
+bool CellPool::isReady() const
+{
+    return m_pauses == 0 && !m_isUpdating && m_view.isVisible() && m_view.model();
+}
+
+CellPool::Rows CellPool::rowsWithin(int pages) const
+{
+    const int page = m_view.viewport()->height();
+    return {firstRow(&QRect::bottom, -pages * page), firstRow(&QRect::top, (pages + 1) * page)};
+}
+
+/// Returns the first row with this edge at or below `y`, or the number of rows.
+int CellPool::firstRow(int (QRect::*edge)() const, int y) const
+{
+    const QAbstractItemModel& model = *m_view.model();
+    int first = 0;
+    int end = model.rowCount();
+    while (first < end) {
+        const int middle = first + (end - first) / 2;
+        const QRect place = m_view.visualRect(model.index(middle, 0));
+        if ((place.*edge)() < y)
+            first = middle + 1;
+        else
+            end = middle;
+    }
+    return first;
+}
+
+CellPool::Pause::Pause(CellPool* pool)
+    : m_pool(pool)
+{
+    if (m_pool)
+        ++m_pool->m_pauses;
+}
+
+CellPool::Pause::~Pause()
+{
+    if (!m_pool)
+        return;
+    --m_pool->m_pauses;
+    m_pool->update();
+}
