@@ -63,7 +63,7 @@ void ResourceList::nameList()
 void ResourceList::showItems()
 {
     m_view->initData(QUuid(), false);
-    applyFilter(m_themeType, m_text);
+    showWhyEmpty();
 }
 
 void ResourceList::setFilter(int themeType, const QString& text)

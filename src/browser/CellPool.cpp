@@ -6,10 +6,10 @@
 
 namespace {
 
-// An editor takes one to two milliseconds; the user should not wait longer than a tenth of a
-// second.
+// An editor takes about two milliseconds; the user should not wait longer than a tenth of a second.
 constexpr int maxAtOnce = 32;
 constexpr int maxPerTurn = 4;
+constexpr int pauseMs = 15; // between turns for rows out of view, so that painting comes first
 
 } // namespace
 
@@ -27,8 +27,8 @@ void CellPool::update()
     const QScopedValueRollback<bool> guard(m_isUpdating, true);
     const Rows near = rowsWithin(1);
     closeFar(near);
-    openMissing(rowsWithin(0), maxAtOnce);
-    m_timer.start(0, this);
+    const bool isComplete = openMissing(rowsWithin(0), maxAtOnce) < maxAtOnce;
+    m_timer.start(isComplete ? pauseMs : 0, this);
 }
 
 void CellPool::timerEvent(QTimerEvent* event)
@@ -44,8 +44,11 @@ void CellPool::timerEvent(QTimerEvent* event)
     const QScopedValueRollback<bool> guard(m_isUpdating, true);
     const Rows near = rowsWithin(1);
     closeFar(near);
-    const int left = maxPerTurn - openMissing(rowsWithin(0), maxPerTurn);
-    if (openMissing(near, left) < left)
+    if (openMissing(rowsWithin(0), maxPerTurn) == maxPerTurn)
+        return;
+    if (openMissing(near, maxPerTurn) == maxPerTurn)
+        m_timer.start(pauseMs, this);
+    else
         m_timer.stop();
 }
 
@@ -57,7 +60,7 @@ QWidget* CellPool::open(const QModelIndex& index)
         m_view.openPersistentEditor(index);
         adopt(index);
     }
-    m_timer.start(0, this);
+    m_timer.start(pauseMs, this);
     return m_view.indexWidget(index);
 }
 

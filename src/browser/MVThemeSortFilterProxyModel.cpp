@@ -36,7 +36,9 @@ void MVThemeSortFilterProxyModel::setFilter(int themeType, const QRegExp& name)
 bool MVThemeSortFilterProxyModel::filterAcceptsRow(int row, const QModelIndex& parent) const
 {
     const QModelIndex index = sourceModel()->index(row, 0, parent);
-    const bool matches = index.data(UIItemRole_Name).toString().indexOf(filterRegExp(), 0) != -1;
+    const QRegExp name = filterRegExp();
+    const bool matches =
+        name.isEmpty() || index.data(UIItemRole_Name).toString().indexOf(name, 0) != -1;
     if (m_nThemeType == allThemes)
         return matches;
     if (m_nThemeType == favouriteThemes && matches)
