@@ -20,9 +20,10 @@ public:
     void begin();
     /// Continues after libcurl has reported the end of the request.
     void requestEnded(CURLcode code);
-    /// Asks the job whether to continue, and looks at time limits. `isCancelled`: it does not
-    /// continue.
-    void tick(bool isCancelled);
+    /// Asks the job whether to continue, and looks at time limits.
+    void tick();
+    /// Ends the transfer as cancelled, unless it has ended; it need not have begun.
+    void cancel();
 
     bool hasEnded() const { return m_state == State::Ended; }
     /// Returns the time left of a pause before a retry; `longest` while a request is running.
@@ -43,6 +44,7 @@ private:
     void store();
     bool isPageWanted() const;
     void rememberVersion();
+    void noteValidators();
     void beginAgain();
     bool isTransient(HttpTransfer::End end) const;
     std::chrono::milliseconds pauseBefore(int retry) const;
