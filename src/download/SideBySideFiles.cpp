@@ -45,21 +45,22 @@ SideBySideFiles::End SideBySideFiles::run()
     return End::Complete;
 }
 
-bool SideBySideFiles::mayBeginNext() const
+/// A progress signal may have cancelled the download since the loop's last look.
+bool SideBySideFiles::mayBegin() const
 {
-    return m_pool.hasRoom() && Clock::now() >= m_nextBegin;
+    return m_pool.hasRoom() && !m_cancel.isCancelled();
 }
 
 void SideBySideFiles::beginReady()
 {
     const QVector<int> postponed = std::exchange(m_postponed, {});
     for (const int index : postponed) {
-        if (m_pool.hasRoom())
+        if (mayBegin())
             begin(index);
         else
             m_postponed.append(index);
     }
-    while (m_next < m_files.size() && mayBeginNext()) {
+    while (m_next < m_files.size() && mayBegin() && Clock::now() >= m_nextBegin) {
         m_nextBegin = Clock::now() + DownloadPacing::step();
         begin(m_next++);
     }
@@ -105,7 +106,10 @@ void SideBySideFiles::transfer(Entry& entry)
         if (outcome.m_failure.isFailure())
             m_reports.failed(outcome.m_failure);
         entry.turn.end(outcome.m_failure, outcome.m_eResult, true, m_context);
-        finish(entry);
+        if (outcome.m_eResult == eTransfer_Cancelled)
+            leave(entry);
+        else
+            finish(entry);
     };
     m_pool.start(std::move(job));
 }
@@ -144,14 +148,18 @@ void SideBySideFiles::lookAtOthers()
     }
 }
 
-/// Destroys the entry.
 void SideBySideFiles::finish(Entry& entry)
+{
+    leave(entry);
+    tellProgress();
+}
+
+void SideBySideFiles::leave(Entry& entry)
 {
     for (const QString& line : std::as_const(entry.lines))
         FileTurn::logNow(line);
     ++m_ended;
     m_entries.erase(entry.turn.index());
-    tellProgress();
 }
 
 void SideBySideFiles::tellProgress()
@@ -177,6 +185,6 @@ SideBySideFiles::End SideBySideFiles::cancelled()
 {
     const bool isWaiting = !m_waiting.isEmpty();
     for (Entry* const entry : std::exchange(m_waiting, {}))
-        finish(*entry);
+        leave(*entry);
     return isWaiting ? End::CancelledWaiting : End::CancelledBeforeFile;
 }

@@ -25,7 +25,7 @@ public:
     /// What the download tells of the files, on its thread.
     struct Reports
     {
-        std::function<void(double share)> progress; ///< 0 to 1; never decreases
+        std::function<void(double share)> progress; ///< 0 to 1; increases with every call
         std::function<void(const QString& url, const QString& file)> begun;
         std::function<void(const STransferFailure& failure)> failed;
     };
@@ -56,13 +56,16 @@ private:
         Clock::time_point nextLine;
     };
 
-    bool mayBeginNext() const;
+    bool mayBegin() const;
     void beginReady();
     void begin(int index);
     void transfer(Entry& entry);
     void note(Entry& entry, const FileView::Counts& counts);
     void lookAtOthers();
+    /// Completes a file that has ended, and destroys the entry.
     void finish(Entry& entry);
+    /// The same without progress, for a file that a cancel has ended.
+    void leave(Entry& entry);
     void tellProgress();
     void wait();
     End cancelled();

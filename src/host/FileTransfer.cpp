@@ -107,10 +107,10 @@ void FileTransfer::requestEnded(CURLcode code)
     follow(m_transfer.end(code));
 }
 
-void FileTransfer::tick(bool isCancelled)
+void FileTransfer::tick()
 {
     if (m_state == State::Pausing) {
-        if (isCancelled || !keepGoing(m_file.size(), 0))
+        if (!keepGoing(m_file.size(), 0))
             failAsCancelled();
         else if (Clock::now() >= m_pauseEnd)
             continuePaused();
@@ -118,11 +118,19 @@ void FileTransfer::tick(bool isCancelled)
     }
     if (m_state != State::Requesting)
         return;
-    if (isCancelled || !keepGoing(m_transfer.received(), m_transfer.announcedTotal())) {
+    if (!keepGoing(m_transfer.received(), m_transfer.announcedTotal()))
+        cancel();
+    else if (m_transfer.isStalled())
+        follow(m_transfer.end(CURLE_OPERATION_TIMEDOUT));
+}
+
+void FileTransfer::cancel()
+{
+    if (m_state == State::Requesting) {
         m_transfer.refuseAsCancelled();
         follow(m_transfer.end(CURLE_ABORTED_BY_CALLBACK));
-    } else if (m_transfer.isStalled()) {
-        follow(m_transfer.end(CURLE_OPERATION_TIMEDOUT));
+    } else if (m_state != State::Ended) {
+        failAsCancelled();
     }
 }
 
@@ -149,6 +157,7 @@ void FileTransfer::follow(HttpTransfer::End end)
         return store();
     if (end == HttpTransfer::End::NotModified) {
         m_outcome.m_bNotModified = true;
+        m_outcome.m_validators = m_job.known;
         return succeed();
     }
     if (end == HttpTransfer::End::StaleRange) {
@@ -212,8 +221,7 @@ void FileTransfer::store()
     }
     if (!m_file.commit())
         return failAtFile();
-    const ResponseHead& head = m_transfer.head();
-    m_outcome.m_validators = {head.etag, head.lastModified};
+    noteValidators();
     succeed();
 }
 
@@ -228,14 +236,28 @@ void FileTransfer::rememberVersion()
     const ResponseHead& head = m_transfer.head();
     if (head.status != 200 && head.status != 206)
         return; // not an answer about the file; what is known of it remains valid
+    noteValidators();
     const QByteArray validator = head.validator();
     if (!validator.isEmpty())
         m_request.validator = validator;
-    else if (head.status != 206) // the rest of a file may leave out what its beginning had
+    else if (head.status != 206)
         m_request.validator.clear();
     const bool possible = !m_request.validator.isEmpty() && head.acceptRanges != "none";
     m_request.rangeStart = possible ? m_file.size() : 0;
     m_request.rangeTotal = m_transfer.announcedTotal();
+}
+
+/// The rest of a file may leave out what its beginning had.
+void FileTransfer::noteValidators()
+{
+    const ResponseHead& head = m_transfer.head();
+    SValidators& known = m_outcome.m_validators;
+    if (head.status == 200)
+        known = SValidators();
+    if (!head.etag.isEmpty())
+        known.m_etag = head.etag;
+    if (!head.lastModified.isEmpty())
+        known.m_lastModified = head.lastModified;
 }
 
 void FileTransfer::beginAgain()
@@ -304,6 +326,7 @@ void FileTransfer::failAsCancelled()
 void FileTransfer::fail(ETransferResult code, EFailureCause cause, const QString& reason)
 {
     m_outcome.m_eResult = code;
+    m_outcome.m_validators = SValidators();
     STransferFailure& failure = m_outcome.m_failure;
     failure.m_eCause = cause;
     failure.m_qsUrl = m_url.isValid() ? m_url.toDisplayString() : m_job.url;

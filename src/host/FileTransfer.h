@@ -20,9 +20,10 @@ public:
     void begin();
     /// Continues after libcurl has reported the end of the request.
     void requestEnded(CURLcode code);
-    /// Asks the job whether to continue, and looks at time limits. `isCancelled`: it does not
-    /// continue.
-    void tick(bool isCancelled);
+    /// Asks the job whether to continue, and looks at time limits.
+    void tick();
+    /// Ends the transfer as cancelled, unless it has ended; it need not have begun.
+    void cancel();
 
     const QString& file() const { return m_job.file; }
     bool hasEnded() const { return m_state == State::Ended; }
@@ -44,6 +45,7 @@ private:
     void store();
     bool isPageWanted() const;
     void rememberVersion();
+    void noteValidators();
     void beginAgain();
     bool isTransient(HttpTransfer::End end) const;
     std::chrono::milliseconds pauseBefore(int retry) const;

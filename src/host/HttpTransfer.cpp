@@ -3,8 +3,9 @@
 #include "host/HostSettings.h"
 #include "host/PartFile.h"
 
-#include <chrono>
 #include <utility>
+
+using std::chrono::milliseconds;
 
 namespace {
 
@@ -12,6 +13,8 @@ namespace {
 constexpr long receiveBuffer = 64 * 1024;
 /// An error page up to this size is read to its end, so that the connection can be reused.
 constexpr qint64 maxDiscardBytes = 64 * 1024;
+/// libcurl's own limit comes first, since its reason is more precise.
+constexpr milliseconds connectTolerance(100);
 
 } // namespace
 
@@ -40,6 +43,7 @@ void HttpTransfer::begin(const Request& request, PartFile& file, void* owner)
     m_reason.clear();
     m_curlError[0] = '\0';
     m_stall.restart();
+    m_begun = std::chrono::steady_clock::now();
 
     configure(request, owner);
     curl_multi_add_handle(m_connections, m_easy.get());
@@ -58,17 +62,29 @@ qint64 HttpTransfer::received() const
     return m_file ? m_file->size() : 0;
 }
 
-/// Until it is established, a connection has its own limit, which libcurl enforces.
 bool HttpTransfer::isStalled()
 {
-    noteConnection();
-    if (!m_connected)
+    if (isConnecting()) {
         m_stall.restart();
-    const QString fault = m_stall.fault(std::chrono::milliseconds(hostSettings().stallTimeoutMs));
+        const milliseconds limit(hostSettings().connectTimeoutMs);
+        if (std::chrono::steady_clock::now() - m_begun < limit + connectTolerance)
+            return false;
+        refuse(End::Network, QStringLiteral("no connection within %1 ms").arg(limit.count()));
+        return true;
+    }
+    const QString fault = m_stall.fault(milliseconds(hostSettings().stallTimeoutMs));
     if (fault.isEmpty())
         return false;
     refuse(End::Network, fault);
     return true;
+}
+
+/// A connection has a limit of its own until it is established. libcurl does not enforce it on a
+/// request that waits for the connection of another one, to share it.
+bool HttpTransfer::isConnecting()
+{
+    noteConnection();
+    return !m_connected;
 }
 
 /// A cancel takes precedence over the answer.

@@ -8,6 +8,7 @@
 #include <QDateTime>
 #include <QString>
 
+#include <chrono>
 #include <memory>
 
 #include <curl/curl.h>
@@ -86,6 +87,7 @@ private:
     void configure(const Request& request, void* owner);
     void noteConnection();
     End judge(CURLcode code, const PartFile& file);
+    bool isConnecting();
     bool headerEnded();
     bool acceptStatus();
     bool acceptRange();
@@ -125,4 +127,5 @@ private:
     End m_end = End::Network;
     QString m_reason;
     StallWatch m_stall;
+    std::chrono::steady_clock::time_point m_begun;
 };

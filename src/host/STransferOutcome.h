@@ -13,6 +13,6 @@ struct STransferOutcome
     /// True after a success without a body: the server's version is the known one, and the local
     /// file was not touched.
     bool m_bNotModified = false;
-    /// Those of the fetched version; empty after a failure.
+    /// Those of the server's version; empty after a failure.
     SValidators m_validators;
 };

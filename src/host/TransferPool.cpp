@@ -29,6 +29,8 @@ CURLM* createConnections(int maxTransfers)
     Q_UNUSED(once)
     CURLM* const connections = curl_multi_init();
     curl_multi_setopt(connections, CURLMOPT_MAX_HOST_CONNECTIONS, long{maxTransfers});
+    // By default, libcurl keeps four for each transfer that is running now, and closes the rest.
+    curl_multi_setopt(connections, CURLMOPT_MAXCONNECTS, 4L * maxTransfers);
     return connections;
 }
 
@@ -50,14 +52,15 @@ public:
 
     const std::size_t max;
     const CancelToken cancelToken;
-    std::atomic<bool> isCancelled{false};          // by cancel(), until the pool is idle
+    std::atomic<bool> isCancelled{false};          // by cancel(), until endCancelled()
     std::unique_ptr<CURLM, FreeMulti> connections; // outlives the transfers
     std::vector<std::unique_ptr<FileTransfer>> running;
     std::deque<Job> waiting;
 
 private:
+    FileTransfer& add(Job job);
     void removeLeftoversBeside(const QString& file);
-    bool isOver() const { return isCancelled || cancelToken.isCancelled(); }
+    void endCancelled();
     void takeMessages();
     void tickAll();
     std::vector<std::unique_ptr<FileTransfer>> takeEnded();
@@ -68,10 +71,15 @@ private:
 void TransferPool::Private::begin(Job job)
 {
     removeLeftoversBeside(job.file);
+    add(std::move(job)).begin();
+}
+
+FileTransfer& TransferPool::Private::add(Job job)
+{
     const auto version =
         max > 1 ? HttpTransfer::Version::Http2OverTls : HttpTransfer::Version::Http11;
     running.push_back(std::make_unique<FileTransfer>(connections.get(), version, std::move(job)));
-    running.back()->begin();
+    return *running.back();
 }
 
 void TransferPool::Private::removeLeftoversBeside(const QString& file)
@@ -86,8 +94,7 @@ void TransferPool::Private::removeLeftoversBeside(const QString& file)
 /// Returns whether a transfer has ended and been reported.
 bool TransferPool::Private::work()
 {
-    if (isOver()) // no request of theirs is to be sent
-        tickAll();
+    endCancelled(); // first, so that no further request is sent
     int unfinished = 0;
     curl_multi_perform(connections.get(), &unfinished);
     takeMessages();
@@ -101,6 +108,18 @@ bool TransferPool::Private::work()
         begin(std::move(job));
     }
     return !ended.empty();
+}
+
+/// Ends what has been started so far. What a callback starts afterwards is not affected, unless
+/// the token is cancelled.
+void TransferPool::Private::endCancelled()
+{
+    if (!isCancelled.exchange(false) && !cancelToken.isCancelled())
+        return;
+    for (Job& job : std::exchange(waiting, {}))
+        add(std::move(job));
+    for (const auto& transfer : running)
+        transfer->cancel();
 }
 
 void TransferPool::Private::takeMessages()
@@ -119,8 +138,9 @@ void TransferPool::Private::takeMessages()
 
 void TransferPool::Private::tickAll()
 {
-    for (const auto& transfer : running)
-        transfer->tick(isOver());
+    // Not by iterators: a progress callback may start further transfers.
+    for (std::size_t i = 0; i < running.size(); ++i)
+        running[i]->tick();
 }
 
 std::vector<std::unique_ptr<FileTransfer>> TransferPool::Private::takeEnded()

@@ -33,7 +33,7 @@ public:
     /// to continue. Called at least ten times a second while the transfer runs, even while nothing
     /// arrives, and once when all bytes have arrived.
     using Progress = std::function<bool(qint64 received, qint64 total)>;
-    /// Takes the outcome of a transfer. It may start others.
+    /// Takes the outcome of a transfer; called once for each.
     using Ended = std::function<void(const STransferOutcome& outcome)>;
 
     struct Job
@@ -54,7 +54,8 @@ public:
     Q_DISABLE_COPY_MOVE(TransferPool)
 
     /// Adds a transfer, which begins in this call if hasRoom(), otherwise when another one has
-    /// ended. All its callbacks are invoked by step().
+    /// ended; those that wait begin in order. All its callbacks are invoked by step(), and may
+    /// start other transfers.
     void start(Job job);
 
     /// Returns whether another transfer would begin at once.
@@ -69,8 +70,8 @@ public:
     /// latest after 50 ms. Not to be called by a callback.
     void step();
 
-    /// Ends all transfers started so far as cancelled, even stalled ones, with the next step(). Any
-    /// thread. Does nothing if none has been started.
+    /// Ends all transfers started so far as cancelled, even stalled and waiting ones, with the next
+    /// step(). Any thread. Does nothing if none has been started; later ones are not affected.
     void cancel();
 
 private:

@@ -1,7 +1,13 @@
 #pragma once
 
+#include "support/TransfersSideBySide.h"
+
+#include <QRegularExpression>
 #include <QString>
 #include <QStringList>
+#include <QVector>
+
+#include <algorithm>
 
 /// The expected log lines of item downloads.
 namespace DownloadLines {
@@ -120,4 +126,53 @@ inline QStringList emptyRun()
     return simulatedPhase() << QStringLiteral("finish 5") << end();
 }
 
+/// Returns the index of the file that a line is about; -1 if it is about none.
+inline int indexOf(const QString& line)
+{
+    static const QRegularExpression form(
+        QStringLiteral("index = \\[(\\d+)\\]|template.*, i = (\\d+),"));
+    const QRegularExpressionMatch match = form.match(line);
+    if (!match.hasMatch())
+        return -1;
+    return (match.captured(1).isEmpty() ? match.captured(2) : match.captured(1)).toInt();
+}
+
+/// Returns the entries of a download in a form that does not depend on the order in which files
+/// end: unchanged with one transfer at a time; with several, the lines of each file in order of the
+/// files, without the progress of the files.
+inline QStringList comparable(const QStringList& entries)
+{
+    if (!TransfersSideBySide::isOn())
+        return entries;
+    const auto isOfFiles = [](const QString& entry) {
+        const QString mark = QStringLiteral("progress ");
+        return entry.startsWith(mark) && entry.mid(mark.size()).toDouble() > 10;
+    };
+    QVector<QPair<int, QString>> lines; // with the index of their file
+    int last = -1;
+    for (const QString& entry : entries) {
+        if (isOfFiles(entry))
+            continue;
+        const bool continues = entry == noUrl() || entry == noPath();
+        last = continues ? last : indexOf(entry);
+        lines.append({last, entry});
+    }
+    const auto isOfNone = [](const auto& line) { return line.first < 0; };
+    const auto begin = std::find_if_not(lines.begin(), lines.end(), isOfNone);
+    const auto end = std::find_if(begin, lines.end(), isOfNone);
+    std::stable_sort(begin, end, [](const auto& a, const auto& b) { return a.first < b.first; });
+    QStringList result;
+    for (const auto& line : qAsConst(lines))
+        result.append(line.second);
+    return result;
+}
+
 } // namespace DownloadLines
+
+/// Leaves out a test of what only a download in order does; `counterpart` tests the same of one
+/// that fetches several files at a time.
+#define MV_SKIP_SIDE_BY_SIDE(reason, counterpart)                                                  \
+    do {                                                                                           \
+        if (TransfersSideBySide::isOn())                                                           \
+            QSKIP(reason "; see " counterpart);                                                    \
+    } while (false)

@@ -185,6 +185,8 @@ void tst_MVThemeDownLoader_cancel::beforeAFile_data()
 void tst_MVThemeDownLoader_cancel::beforeAFile()
 {
     QFETCH(int, stall);
+    MV_SKIP_SIDE_BY_SIDE("both files are fetched at once",
+                         "tst_MVThemeDownLoader_sideBySideEnds::cancelledBetweenFiles");
     SCfg_Item filter = m_world->filterWithTwoFiles();
     DownloadTrace trace;
     MVThemeDownLoader downloader(nullptr);
@@ -217,6 +219,8 @@ void tst_MVThemeDownLoader_cancel::beforeAFile()
 
 void tst_MVThemeDownLoader_cancel::waitingForAnothersFile()
 {
+    MV_SKIP_SIDE_BY_SIDE("the lines of a file are written when it ends",
+                         "tst_MVThemeDownLoader_sideBySideEnds::cancelled");
     SCfg_Item filter = m_world->filterWithTwoFiles();
     filter.m_vecResource.first().m_bDownloaded = true;
     DownloadTrace trace;

@@ -7,6 +7,7 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
 #include <atomic>
 
 using namespace DownloadLines;
@@ -19,6 +20,8 @@ QByteArrayList targets(FaultServer& server)
     const QVector<HttpRequest> requests = server.requests();
     for (const HttpRequest& request : requests)
         result.append(request.target);
+    if (TransfersSideBySide::isOn()) // in any order after the config
+        std::sort(result.begin() + 1, result.end());
     return result;
 }
 
@@ -167,7 +170,7 @@ void tst_MVThemeDownLoader_run::themeConfigComesFirst()
         QStringLiteral("finish 5"),
         end(),
     };
-    QCOMPARE(trace.entries(), expected);
+    QCOMPARE(comparable(trace.entries()), comparable(expected));
     QCOMPARE(targets(world.server()),
              (QByteArrayList{"/config/Themes/t.xml", "/config/Themes/r.zip",
                              "/config/VideoFilters/f.zip"}));
@@ -229,10 +232,10 @@ void tst_MVThemeDownLoader_run::thumbnailResourcesAndConfigInOrder()
 
     QVERIFY(DownloadWorld::run(downloader, filter));
 
-    QCOMPARE(trace.entries(), expected);
+    QCOMPARE(comparable(trace.entries()), comparable(expected));
     for (int i = 0; i < names.size(); ++i)
         QCOMPARE(CatalogueFiles::read(files.at(i)), names.at(i).toUtf8());
-    QCOMPARE(world.server().connectionCount(), 1);
+    QVERIFY(world.server().connectionCount() <= TransfersSideBySide::count());
     for (const SFileInfo& info : qAsConst(filter.m_vecResource))
         QVERIFY(!info.m_bDownloaded);
 }
@@ -314,6 +317,8 @@ void tst_MVThemeDownLoader_run::folderOfAFileIsCreated()
 
 void tst_MVThemeDownLoader_run::currentFile()
 {
+    MV_SKIP_SIDE_BY_SIDE("several files are current",
+                         "tst_MVThemeDownLoader_sideBySide::currentFileIsTheLastOneBegun");
     DownloadWorld world;
     SCfg_Item filter = DownloadWorld::item(
         eCfgItem_Filter, 1,
