@@ -1,5 +1,7 @@
 #include "browser/CellPool.h"
 
+#include "browser/ViewRows.h"
+
 #include <QListView>
 #include <QScopedValueRollback>
 #include <QTimerEvent>
@@ -25,9 +27,9 @@ void CellPool::update()
     if (!isReady())
         return;
     const QScopedValueRollback<bool> guard(m_isUpdating, true);
-    const Rows near = rowsWithin(1);
+    const ViewRows near = ViewRows::within(m_view, 1);
     closeFar(near);
-    const bool isComplete = openMissing(rowsWithin(0), maxAtOnce) < maxAtOnce;
+    const bool isComplete = openMissing(ViewRows::within(m_view, 0), maxAtOnce) < maxAtOnce;
     m_timer.start(isComplete ? pauseMs : 0, this);
 }
 
@@ -42,9 +44,9 @@ void CellPool::timerEvent(QTimerEvent* event)
         return;
     }
     const QScopedValueRollback<bool> guard(m_isUpdating, true);
-    const Rows near = rowsWithin(1);
+    const ViewRows near = ViewRows::within(m_view, 1);
     closeFar(near);
-    if (openMissing(rowsWithin(0), maxPerTurn) == maxPerTurn)
+    if (openMissing(ViewRows::within(m_view, 0), maxPerTurn) == maxPerTurn)
         return;
     if (openMissing(near, maxPerTurn) == maxPerTurn)
         m_timer.start(pauseMs, this);
@@ -70,7 +72,7 @@ void CellPool::adopt(const QModelIndex& index)
 }
 
 /// Opens at most `most` editors and returns how many it has opened.
-int CellPool::openMissing(const Rows& rows, int most)
+int CellPool::openMissing(const ViewRows& rows, int most)
 {
     int opened = 0;
     for (int row = rows.first; row < rows.end && opened < most; ++row) {
@@ -84,7 +86,7 @@ int CellPool::openMissing(const Rows& rows, int most)
     return opened;
 }
 
-void CellPool::closeFar(const Rows& rows)
+void CellPool::closeFar(const ViewRows& rows)
 {
     QVector<QPersistentModelIndex> remaining;
     for (const QPersistentModelIndex& index : std::as_const(m_open)) {
@@ -103,29 +105,6 @@ void CellPool::closeFar(const Rows& rows)
 bool CellPool::isReady() const
 {
     return m_pauses == 0 && !m_isUpdating && m_view.isVisible() && m_view.model();
-}
-
-CellPool::Rows CellPool::rowsWithin(int pages) const
-{
-    const int page = m_view.viewport()->height();
-    return {firstRow(&QRect::bottom, -pages * page), firstRow(&QRect::top, (pages + 1) * page)};
-}
-
-/// Returns the first row with this edge at or below `y`, or the number of rows.
-int CellPool::firstRow(int (QRect::*edge)() const, int y) const
-{
-    const QAbstractItemModel& model = *m_view.model();
-    int first = 0;
-    int end = model.rowCount();
-    while (first < end) {
-        const int middle = first + (end - first) / 2;
-        const QRect place = m_view.visualRect(model.index(middle, 0));
-        if ((place.*edge)() < y)
-            first = middle + 1;
-        else
-            end = middle;
-    }
-    return first;
 }
 
 CellPool::Pause::Pause(CellPool* pool)

@@ -3,12 +3,12 @@
 #include <QBasicTimer>
 #include <QObject>
 #include <QPersistentModelIndex>
-#include <QRect>
 #include <QVector>
 
 #include <functional>
 
 class QListView;
+struct ViewRows;
 
 /// Opens the persistent editors of the rows that a list view shows and of one page around them, and
 /// closes those of rows that have left.
@@ -56,18 +56,8 @@ protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
-    struct Rows
-    {
-        int first = 0;
-        int end = 0;
-        bool contains(int row) const { return row >= first && row < end; }
-    };
-
-    /// Returns the rows that intersect the viewport and this many pages on either side.
-    Rows rowsWithin(int pages) const;
-    int firstRow(int (QRect::*edge)() const, int y) const;
-    int openMissing(const Rows& rows, int most);
-    void closeFar(const Rows& rows);
+    int openMissing(const ViewRows& rows, int most);
+    void closeFar(const ViewRows& rows);
     bool isReady() const;
 
     QListView& m_view;

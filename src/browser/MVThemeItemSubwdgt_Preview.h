@@ -85,6 +85,8 @@ public:
     /// @{
     void adjustItem();
     void resetItemData();
+    /// Shows the item's pictures that have been fetched since setItem().
+    void showArrivedPictures();
     void startPlayGif();
     void stopPlayGif();
     bool isPlaying() const;

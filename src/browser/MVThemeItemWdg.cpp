@@ -104,6 +104,11 @@ void MVThemeItemWdg::resetItemData()
     m_pUi->frmShow->resetItemData();
 }
 
+void MVThemeItemWdg::showArrivedPictures()
+{
+    m_pUi->frmShow->showArrivedPictures();
+}
+
 void MVThemeItemWdg::doApplyTheme()
 {
     if (!m_pItem)

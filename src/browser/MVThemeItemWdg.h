@@ -72,6 +72,8 @@ public:
 
     void adjustItem();
     void resetItemData();
+    /// Shows the item's pictures that have been fetched since setItem(). A playing preview goes on.
+    void showArrivedPictures();
 
     /// Applies the item, or starts its download. Only a visible cell applies.
     void doApplyTheme();

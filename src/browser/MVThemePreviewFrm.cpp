@@ -1,6 +1,7 @@
 #include "browser/MVThemePreviewFrm.h"
 
 #include "catalogue/MVThemeMgr.h"
+#include "host/HostSettings.h"
 #include "host/LogL.h"
 #include "host/TzResourceMgr.h"
 #include "host/widgets/PictureDecoder.h"
@@ -40,6 +41,7 @@ void MVThemePreviewFrm::setItemData(const SCfg_Item* item)
     m_pItem = item;
     if (!m_pItem)
         return;
+    m_pUi->frmPic->setPlaceholderShown(hostSettings().showWithoutPreviews);
     m_pUi->frmPic->setImagePath(FileView(m_pItem->m_info_Thumb).file());
     // A download may have created the file since it was last looked for.
     if (m_pUi->frmPic->isEmpty())
@@ -126,6 +128,16 @@ void MVThemePreviewFrm::resetItemData()
     // The path stays the same if a download creates the file where it was missing.
     m_pUi->frmPic->setIsEmpty(true);
     m_pUi->frmPic->repaint();
+}
+
+void MVThemePreviewFrm::showArrivedPictures()
+{
+    if (!m_pItem)
+        return;
+    auto& item = const_cast<SCfg_Item&>(*m_pItem);
+    MVThemeMgr::init()->doItem_Info_Thumb(item);
+    MVThemeMgr::init()->doItem_Info_Gif(item);
+    setItemData(m_pItem);
 }
 
 void MVThemePreviewFrm::hideEvent(QHideEvent* event)

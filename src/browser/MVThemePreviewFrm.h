@@ -46,6 +46,9 @@ public:
     void adjustItem();
     /// Locates the item's thumbnail again, after a download, and paints it immediately.
     void resetItemData();
+    /// Locates thumbnail and preview again, after they have been fetched. A playing preview goes
+    /// on.
+    void showArrivedPictures();
 
 protected:
     bool event(QEvent* event) override;

@@ -6,8 +6,10 @@
 #include "browser/MVResourceItemDelegate.h"
 #include "browser/MVThemeItemWdg.h"
 #include "browser/MVThemeSortFilterProxyModel.h"
+#include "browser/ShownItems.h"
 #include "catalogue/MVThemeMgr.h"
 #include "catalogue/NoneEntry.h"
+#include "download/PreviewExchange.h"
 #include "host/HostSettings.h"
 #include "host/ProductParam.h"
 #include "host/widgets/SkinWidget.h"
@@ -29,6 +31,11 @@ mvThemelistview::mvThemelistview(QWidget* parent)
     , m_pFocusMark(new CellFocusMark(viewport()))
 {
     setCellsOnDemand(hostSettings().cellsOnDemand);
+    if (hostSettings().showWithoutPreviews) {
+        m_pShown = std::make_unique<ShownItems>(*this);
+        connect(PreviewExchange::instance(), &PreviewExchange::pictureArrived, this,
+                &mvThemelistview::showArrivedPicture);
+    }
     // The style sheet has matched them as parts of a QListView, the class until now.
     for (QScrollBar* const bar : {verticalScrollBar(), horizontalScrollBar()}) {
         style()->unpolish(bar);

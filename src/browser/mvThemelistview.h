@@ -20,6 +20,7 @@ class MVThemeItemWdg;
 class MVThemeSortFilterProxyModel;
 class QStandardItem;
 class QStandardItemModel;
+class ShownItems;
 struct SCfg_Item;
 
 /// A scrolling grid of live cells that shows one kind of the catalogue's resources.
@@ -33,6 +34,10 @@ struct SCfg_Item;
 /// the target of "More>>"), Escape cancels its download, F adds it to the favourites or removes it,
 /// Space plays or stops its preview. An outline shows the current cell while the keyboard is in
 /// use. The names are exposed to screen readers.
+///
+/// With HostSettings::showWithoutPreviews, which a list reads when it is created, pictures that
+/// arrive later replace the placeholders of their items, and the preview run fetches those of the
+/// visible items first.
 ///
 /// By default every row that passes the filter has a cell, which takes about 2 ms and 170 KB.
 /// setCellsOnDemand() limits the cells to what is visible.
@@ -140,6 +145,7 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void changeEvent(QEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
@@ -175,6 +181,8 @@ private:
     void ShowThemeSubWdgByOptTag(const QModelIndex& index);
     void openAllCells();
     void updatePool();
+    void noteShownItems();
+    void showArrivedPicture(const QString& guid);
     bool isCellKept(const QModelIndex& index) const;
     void giveBack(const QModelIndex& index);
     MVThemeItemWdg* itemWidget(int row) const;
@@ -195,5 +203,6 @@ private:
     bool m_bKeyboard = false;               // the keyboard was used after the mouse
     QMap<QUuid, QStandardItem*> m_mapItems; // the items belong to the model
     std::unique_ptr<CellPool> m_pPool;      // null: every row has its cell
+    std::unique_ptr<ShownItems> m_pShown;   // null unless items are shown without previews
     std::optional<Kept> m_kept;             // from release() to refill()
 };

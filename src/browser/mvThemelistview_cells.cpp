@@ -7,10 +7,12 @@
 #include "browser/MVThemeItemWdg.h"
 #include "browser/mvThemelistview.h"
 #include "browser/MVThemeSortFilterProxyModel.h"
+#include "browser/ShownItems.h"
 #include "records/SCfg_Item.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QHideEvent>
 #include <QLayout>
 #include <QStandardItemModel>
 
@@ -193,10 +195,33 @@ void mvThemelistview::showEvent(QShowEvent* event)
 {
     QListView::showEvent(event);
     updatePool();
+    noteShownItems();
 }
 
 /// Qt's view would lay out all rows again for every range of rows that a filter shows again.
 void mvThemelistview::rowsInserted(const QModelIndex& /*parent*/, int /*start*/, int /*end*/)
 {
     scheduleDelayedItemsLayout();
+}
+
+void mvThemelistview::hideEvent(QHideEvent* event)
+{
+    QListView::hideEvent(event);
+    noteShownItems();
+}
+
+void mvThemelistview::noteShownItems()
+{
+    if (m_pShown)
+        m_pShown->update();
+}
+
+/// A row without a cell looks for its pictures when it gets one.
+void mvThemelistview::showArrivedPicture(const QString& guid)
+{
+    const QStandardItem* const row = m_mapItems.value(QUuid(guid));
+    if (!row)
+        return;
+    if (MVThemeItemWdg* const cell = itemWidget(row->index()))
+        cell->showArrivedPictures();
 }

@@ -109,6 +109,7 @@ void mvThemelistview::scrollContentsBy(int dx, int dy)
 {
     QListView::scrollContentsBy(dx, dy);
     updatePool();
+    noteShownItems();
     placeFocusMark();
 }
 
@@ -122,6 +123,7 @@ void mvThemelistview::updateGeometries()
 {
     QListView::updateGeometries();
     updatePool();
+    noteShownItems();
     placeFocusMark();
 }
 

@@ -29,14 +29,20 @@ public:
     /// Returns whether there is currently no decoded image.
     bool isEmpty() const { return m_pixmap.isNull(); }
 
+    /// Sets whether a symbol in the colour of the text is painted in place of a picture that is
+    /// missing or cannot be decoded; false by default.
+    void setPlaceholderShown(bool shown);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
     void decode(const QSize& pixels, qreal ratio);
+    void paintPlaceholder();
 
     QString m_path;
     QPixmap m_pixmap;
     QSize m_decodedFor; // available device pixels; invalid: not tried yet
     qreal m_decodedRatio = 0.0;
+    bool m_hasPlaceholder = false;
 };
