@@ -2,8 +2,8 @@
 # once for each set of Qt libraries, since those change what the headers declare. They contain none
 # of the project's own headers, so that changing one recompiles only the sources that include it.
 #
-# They save time and must not hide a missing include: script/lint compiles every source without
-# them. CMAKE_DISABLE_PRECOMPILE_HEADERS=ON turns them off.
+# They save time and must not hide a missing include: clazy, in script/lint, reads every source
+# without them. CMAKE_DISABLE_PRECOMPILE_HEADERS=ON turns them off.
 
 set(MV_HEADERS_CORE
     <QByteArray>
