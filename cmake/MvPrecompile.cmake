@@ -2,8 +2,8 @@
 # once for each set of Qt libraries, since those change what the headers declare. They contain none
 # of the project's own headers, so that changing one recompiles only the sources that include it.
 #
-# They save time and must not hide a missing include: script/lint compiles every source without
-# them. CMAKE_DISABLE_PRECOMPILE_HEADERS=ON turns them off.
+# They save time and must not hide a missing include: clazy, in script/lint, reads every source
+# without them. CMAKE_DISABLE_PRECOMPILE_HEADERS=ON turns them off.
 
 set(MV_HEADERS_CORE
     <QByteArray>
@@ -66,7 +66,8 @@ function(mv_qt_modules target modules)
     set(${modules} ${found} PARENT_SCOPE)
 endfunction()
 
-# Compiles the target with the precompiled headers of its Qt libraries; call it after linking them.
+# Compiles the target with the precompiled headers of its Qt libraries; call it after linking them. What
+# uses Qt Test also gets no debug information on variables, which saves a quarter of the time.
 function(mv_precompile target)
     mv_qt_modules(${target} modules)
     set(name mv_precompiled)
@@ -85,11 +86,17 @@ function(mv_precompile target)
         list(APPEND headers ${MV_HEADERS_TEST})
         list(APPEND libraries Qt5::Test)
     endif()
+    set(debug_options)
+    if("Test" IN_LIST modules AND NOT MV_DEBUG_TESTS)
+        set(debug_options $<$<CONFIG:Debug>:-g1>)
+    endif()
+    target_compile_options(${target} PRIVATE ${debug_options})
     if(NOT TARGET ${name})
         file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/${name}.cpp CONTENT "")
         add_library(${name} OBJECT EXCLUDE_FROM_ALL ${CMAKE_BINARY_DIR}/${name}.cpp)
         set_target_properties(${name} PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF)
         target_link_libraries(${name} PRIVATE mv_options ${libraries})
+        target_compile_options(${name} PRIVATE ${debug_options})
         target_precompile_headers(${name} PRIVATE ${headers})
     endif()
     target_precompile_headers(${target} REUSE_FROM ${name})

@@ -11,6 +11,8 @@ set(CMAKE_AUTORCC ON)
 set(CMAKE_AUTOUIC ON)
 # The input of moc, rcc and uic is never generated, so they need not wait for other targets.
 set(CMAKE_AUTOGEN_ORIGIN_DEPENDS OFF)
+# A library that keeps its interface need not be linked again to each of the test programs.
+set(CMAKE_LINK_DEPENDS_NO_SHARED ON)
 # One folder for all programs and one for all libraries, so that programs run from the build tree.
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)

@@ -13,6 +13,12 @@ namespace SourceFault {
 
 using Change = std::function<void(const SmallSource&)>;
 
+} // namespace SourceFault
+
+Q_DECLARE_METATYPE(SourceFault::Change)
+
+namespace SourceFault {
+
 /// Return a change of one field of an item, and the value that removes the field.
 inline Change set(const char* item, const char* key, const QJsonValue& value)
 {
@@ -45,5 +51,3 @@ inline void verifyRefusal()
 }
 
 } // namespace SourceFault
-
-Q_DECLARE_METATYPE(SourceFault::Change)
