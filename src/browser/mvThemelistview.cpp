@@ -39,6 +39,7 @@ mvThemelistview::mvThemelistview(QWidget* parent)
 mvThemelistview::~mvThemelistview()
 {
     cancelDownloads(); // all at once, so that waiting for the last takes no longer
+    m_pPool.reset();   // the rows are removed below
 }
 
 void mvThemelistview::setUIItemType(EUIItemType type)

@@ -186,6 +186,7 @@ private:
     void selectItem(const QString& guid, Qt::CaseSensitivity cs);
 
     MVResourceItemDelegate* m_pDelegate = nullptr;
+    std::unique_ptr<CellPool> m_pPool; // null: every row has its cell
     std::unique_ptr<QStandardItemModel> m_pModel;
     MVThemeSortFilterProxyModel* m_pProxy = nullptr;
     EUIItemType m_eType = UIItem_None;
@@ -194,6 +195,5 @@ private:
     CellFocusMark* m_pFocusMark;
     bool m_bKeyboard = false;               // the keyboard was used after the mouse
     QMap<QUuid, QStandardItem*> m_mapItems; // the items belong to the model
-    std::unique_ptr<CellPool> m_pPool;      // null: every row has its cell
     std::optional<Kept> m_kept;             // from release() to refill()
 };
