@@ -34,7 +34,8 @@ public:
 
     /// Returns whether the item has a row that passes the filter.
     bool isShown(const QString& guid) const;
-    /// Makes a shown item the current one and scrolls to it; returns null if it is not shown.
+    /// Makes a shown item the current one and scrolls to it; returns null if it is not shown. Use
+    /// the cell at once, see mvThemelistview::cell().
     MVThemeItemWdg* reveal(const QString& guid);
     /// Updates the marks of the favourites.
     void refreshFavourites();

@@ -35,8 +35,8 @@ public:
     QString appliedItem(ECfgItemType kind) const { return m_applied.value(kind); }
 
     /// Shows the cell of an item, if necessary on another tab and without the current filter;
-    /// returns null if there is none. The cell is valid until the filter changes or the catalogue
-    /// is reloaded.
+    /// returns null if there is none. Use the cell at once: it exists at least until control
+    /// returns to the event loop.
     MVThemeItemWdg* reveal(ECfgItemType kind, const QString& guid);
 
     /// Moves the keyboard focus to the search field.

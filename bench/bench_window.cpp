@@ -48,7 +48,7 @@ int measureWindow(int argc, char** argv)
     hostSettings().cellsOnDemand = mode == "demand";
     const QString folder = QString::fromLocal8Bit(argv[4]);
     if (!QFileInfo::exists(folder))
-        BrowserWorld(folder, QByteArray(argv[3]).toInt());
+        const BrowserWorld written(folder, QByteArray(argv[3]).toInt());
     const BrowserWorld world(folder);
     WindowActions actions(world, home.path());
     actions.run([](const char* what, double value) { std::printf("%s=%f\n", what, value); });
@@ -137,7 +137,7 @@ int compareWindows()
     bool allKept = true;
     for (const int themes : sizes) {
         const QString folder = QStringLiteral("%1/%2").arg(home.path()).arg(themes);
-        BrowserWorld(folder, themes);
+        const BrowserWorld written(folder, themes);
         const Figures figures = bestFiguresOf("demand", themes, folder);
         if (themes == fewThemes)
             few = figures;

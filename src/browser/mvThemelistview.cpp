@@ -46,6 +46,7 @@ mvThemelistview::mvThemelistview(QWidget* parent)
 mvThemelistview::~mvThemelistview()
 {
     cancelDownloads(); // all at once, so that waiting for the last takes no longer
+    m_pPool.reset();   // the rows are removed below
 }
 
 void mvThemelistview::setUIItemType(EUIItemType type)

@@ -194,6 +194,7 @@ private:
     void selectItem(const QString& guid, Qt::CaseSensitivity cs);
 
     MVResourceItemDelegate* m_pDelegate = nullptr;
+    std::unique_ptr<CellPool> m_pPool; // null: every row has its cell
     std::unique_ptr<QStandardItemModel> m_pModel;
     MVThemeSortFilterProxyModel* m_pProxy = nullptr;
     EUIItemType m_eType = UIItem_None;

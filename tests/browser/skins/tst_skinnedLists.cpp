@@ -56,6 +56,8 @@ private slots:
     void theViewsOwnMarksStayHidden();
     void aCellOfAnUnknownItemLooksEmpty_data() { skins(); }
     void aCellOfAnUnknownItemLooksEmpty();
+    void aRowWithoutItsCellLooksEmpty_data() { skins(); }
+    void aRowWithoutItsCellLooksEmpty();
     void changesWhileListsAreShown();
     void changesWhileAnAnimationPlays();
 
@@ -152,6 +154,25 @@ void tst_skinnedLists::aCellOfAnUnknownItemLooksEmpty()
     editor->setFocus();
     const QColor ground = groundOf(list);
     const QImage picture = seenPart(list.window(), *editor);
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            QCOMPARE(picture.pixelColor(x, y), ground);
+    }
+}
+
+/// What the user sees of a row until cells on demand reach it.
+void tst_skinnedLists::aRowWithoutItsCellLooksEmpty()
+{
+    QFETCH(QString, skin);
+    qApp->setStyleSheet(BrowserSkin::styleSheet(skin));
+    SampleList list(UIItem_Themes, {400, 300});
+    const QModelIndex row = list.view().model()->index(0, 0);
+    list.view().setCurrentIndex(row);
+    list.view().selectAll();
+    const QRect place = list.view().visualRect(row);
+    delete list.cell(0);
+    const QColor ground = groundOf(list);
+    const QImage picture = list.view().viewport()->grab(place).toImage();
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x)
             QCOMPARE(picture.pixelColor(x, y), ground);
