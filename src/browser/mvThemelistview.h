@@ -203,7 +203,6 @@ private:
     CellFocusMark* m_pFocusMark;
     bool m_bKeyboard = false;               // the keyboard was used after the mouse
     QMap<QUuid, QStandardItem*> m_mapItems; // the items belong to the model
-    std::unique_ptr<CellPool> m_pPool;      // null: every row has its cell
     std::unique_ptr<ShownItems> m_pShown;   // null unless items are shown without previews
     std::optional<Kept> m_kept;             // from release() to refill()
 };
