@@ -7,6 +7,8 @@
 #include <QCryptographicHash>
 #include <QDir>
 
+#include <algorithm>
+
 CheckWorld::CheckWorld()
     : m_server([this](HttpExchange& exchange) { answer(exchange); })
 {
@@ -32,6 +34,13 @@ void CheckWorld::fresh()
     m_fault = nullptr;
     m_requests = 0;
     m_targets.clear();
+}
+
+QByteArrayList CheckWorld::comparable(QByteArrayList targets)
+{
+    if (TransfersSideBySide::isOn())
+        std::sort(targets.begin(), targets.end());
+    return targets;
 }
 
 QString CheckWorld::downloadedFile(const char* name) const

@@ -50,6 +50,10 @@ public:
     void setFault(const Fault& fault);
     /// Returns the targets requested since fresh().
     QByteArrayList targets() const;
+    /// Returns them in an order that can be compared: as requested or, if several transfers run at
+    /// a time, sorted.
+    QByteArrayList comparableTargets() const { return comparable(targets()); }
+    static QByteArrayList comparable(QByteArrayList targets);
 
     static QByteArray md5(const QByteArray& bytes);
     /// Returns a version file.

@@ -2,6 +2,7 @@
 #include "download/MVThemeDownLoader_CheckCfg.h"
 #include "download/UpdateTrace.h"
 #include "support/TestMain.h"
+#include "support/TransfersSideBySide.h"
 
 /// Tests updates that are cancelled or shut down.
 class tst_CatalogueUpdate_cancel : public QObject
@@ -67,13 +68,15 @@ void tst_CatalogueUpdate_cancel::cancelEndsBothPhases()
     const UpdateTrace trace(update);
     QVERIFY(update.start());
     QTRY_VERIFY(m_world.targets().contains(stalling));
+    const int requests = m_world.targets().size();
     update.cancel();
     QVERIFY(trace.hasFinished());
     QCOMPARE(trace.entries(), UpdateTrace::whole());
     QCOMPARE(trace.results().constFirst().m_eEnd, eCatalogueUpdate_Cancelled);
     QCOMPARE(trace.results().constFirst().cause(), eFailure_Cancelled);
     QTEST(trace.results().constFirst().m_bContentArrived, "contentArrived");
-    QCOMPARE(m_world.targets().constLast(), stalling); // no request has begun since
+    if (!TransfersSideBySide::isOn()) // the others may be on their way
+        QCOMPARE(m_world.targets().size(), requests);
 }
 
 /// Not even the failure of a file before the cancel.

@@ -157,7 +157,7 @@ void tst_CheckWorker_ThumbAndGif_faults::rootWithoutASlashNamesNoOtherHost()
 
     CheckWorld::setParam("url_themeRootDir", "http://files.example/");
     run();
-    QCOMPARE(m_world.targets().value(0), QByteArray("http://files.example/display/Themes/t1.jpg"));
+    QVERIFY(m_world.targets().contains("http://files.example/display/Themes/t1.jpg"));
 }
 
 void tst_CheckWorker_ThumbAndGif_faults::folderIsMissingOrAFile()

@@ -3,6 +3,7 @@
 #include "host/HostSettings.h"
 #include "records/SCfg_Item.h"
 #include "support/TestMain.h"
+#include "support/TransfersSideBySide.h"
 
 #include <QFile>
 #include <QMetaType>
@@ -88,6 +89,8 @@ void tst_CheckWorker_ThumbAndGif_run::itemsAreAMetaType()
 
 void tst_CheckWorker_ThumbAndGif_run::themesThenFilters()
 {
+    if (TransfersSideBySide::isOn())
+        QSKIP("expects the files one after the other");
     m_world.writeCatalogue(download, {1, 2}, {3});
     for (const char* name : {"t1.jpg", "t1.gif", "t2.jpg", "t2.gif"})
         servePreview("Themes", name);
@@ -173,7 +176,8 @@ void tst_CheckWorker_ThumbAndGif_run::kindsByProductParameter()
     if (themes)
         expected << "/display/Themes/t1.jpg"
                  << "/display/Themes/t1.gif";
-    QCOMPARE(m_world.targets(), expected << "/display/VideoFilters/f3.jpg");
+    expected << "/display/VideoFilters/f3.jpg";
+    QCOMPARE(m_world.comparableTargets(), CheckWorld::comparable(expected));
 }
 
 void tst_CheckWorker_ThumbAndGif_run::backgroundMaterialsAreNeverFetched()
@@ -299,7 +303,7 @@ void tst_CheckWorker_ThumbAndGif_run::oneConnectionServesAll()
     const int before = m_world.server().connectionCount();
     QVERIFY(run());
     QCOMPARE(m_world.targets().size(), 10);
-    QCOMPARE(m_world.server().connectionCount(), before + 1);
+    QVERIFY(m_world.server().connectionCount() <= before + TransfersSideBySide::count());
 }
 
 void tst_CheckWorker_ThumbAndGif_run::catalogueOfTheHostIsNotTouched()
