@@ -5,35 +5,48 @@
 
 namespace {
 
-const char* englishText(EFailureCause cause)
+struct Words
+{
+    const char* name; ///< for programs
+    const char* text; ///< in English
+};
+
+Words wordsOf(EFailureCause cause)
 {
     switch (cause) {
     case eFailure_None:
         break;
     case eFailure_DiskFull:
-        return QT_TRANSLATE_NOOP("STransferFailure", "the disk is full");
+        return {"diskFull", QT_TRANSLATE_NOOP("STransferFailure", "the disk is full")};
     case eFailure_NoPermission:
-        return QT_TRANSLATE_NOOP("STransferFailure", "no permission to write the file");
+        return {"noPermission",
+                QT_TRANSLATE_NOOP("STransferFailure", "no permission to write the file")};
     case eFailure_LocalFile:
-        return QT_TRANSLATE_NOOP("STransferFailure", "the file cannot be written");
+        return {"localFile", QT_TRANSLATE_NOOP("STransferFailure", "the file cannot be written")};
     case eFailure_Unreachable:
-        return QT_TRANSLATE_NOOP("STransferFailure", "the server cannot be reached");
+        return {"unreachable",
+                QT_TRANSLATE_NOOP("STransferFailure", "the server cannot be reached")};
     case eFailure_ConnectionLost:
-        return QT_TRANSLATE_NOOP("STransferFailure", "the connection to the server was lost");
+        return {"connectionLost",
+                QT_TRANSLATE_NOOP("STransferFailure", "the connection to the server was lost")};
     case eFailure_NotOnServer:
-        return QT_TRANSLATE_NOOP("STransferFailure", "the file is not on the server");
+        return {"notOnServer",
+                QT_TRANSLATE_NOOP("STransferFailure", "the file is not on the server")};
     case eFailure_ServerError:
-        return QT_TRANSLATE_NOOP("STransferFailure", "the server reports an error");
+        return {"serverError",
+                QT_TRANSLATE_NOOP("STransferFailure", "the server reports an error")};
     case eFailure_BadAddress:
-        return QT_TRANSLATE_NOOP("STransferFailure", "the file has no usable address");
+        return {"badAddress",
+                QT_TRANSLATE_NOOP("STransferFailure", "the file has no usable address")};
     case eFailure_TooLarge:
-        return QT_TRANSLATE_NOOP("STransferFailure", "the file is too large");
+        return {"tooLarge", QT_TRANSLATE_NOOP("STransferFailure", "the file is too large")};
     case eFailure_Damaged:
-        return QT_TRANSLATE_NOOP("STransferFailure", "the file on the server is damaged");
+        return {"damaged",
+                QT_TRANSLATE_NOOP("STransferFailure", "the file on the server is damaged")};
     case eFailure_Cancelled:
-        return QT_TRANSLATE_NOOP("STransferFailure", "cancelled");
+        return {"cancelled", QT_TRANSLATE_NOOP("STransferFailure", "cancelled")};
     }
-    return "";
+    return {"", ""};
 }
 
 } // namespace
@@ -42,7 +55,12 @@ QString STransferFailure::causeText(EFailureCause cause)
 {
     if (cause == eFailure_None)
         return {};
-    return QCoreApplication::translate("STransferFailure", englishText(cause));
+    return QCoreApplication::translate("STransferFailure", wordsOf(cause).text);
+}
+
+QString STransferFailure::causeName(EFailureCause cause)
+{
+    return QString::fromLatin1(wordsOf(cause).name);
 }
 
 QDebug operator<<(QDebug debug, const STransferFailure& failure)

@@ -38,6 +38,9 @@ struct MVHOST_EXPORT STransferFailure
     /// empty for eFailure_None.
     QString causeText() const { return causeText(m_eCause); }
     static QString causeText(EFailureCause cause);
+    /// Returns the cause as a word for programs, in no language: the enumerator without its prefix,
+    /// "diskFull"; empty for eFailure_None.
+    static QString causeName(EFailureCause cause);
 };
 Q_DECLARE_METATYPE(STransferFailure)
 

@@ -31,6 +31,7 @@ private slots:
     void folderWithoutPermission_data();
     void folderWithoutPermission();
     void everyCauseHasAText();
+    void namesOfCauses();
 
 private:
     const HostSettings m_settings = hostSettings();
@@ -208,6 +209,17 @@ void tst_CurWrapper_failure::everyCauseHasAText()
         QVERIFY2(!texts.contains(text), qPrintable(text));
         texts.append(text);
     }
+}
+
+/// Scripts test for these names.
+void tst_CurWrapper_failure::namesOfCauses()
+{
+    QStringList names;
+    for (int cause = eFailure_None; cause <= eFailure_Cancelled; ++cause)
+        names.append(STransferFailure::causeName(static_cast<EFailureCause>(cause)));
+    QCOMPARE(names.join(QLatin1Char(' ')),
+             QStringLiteral(" diskFull noPermission localFile unreachable connectionLost "
+                            "notOnServer serverError badAddress tooLarge damaged cancelled"));
 }
 
 MV_TEST_MAIN(tst_CurWrapper_failure)

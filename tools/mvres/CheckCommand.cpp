@@ -194,7 +194,7 @@ QJsonObject CheckCommand::toJson() const
         {QStringLiteral("failed"), previews.m_nFailed},
         {QStringLiteral("failures"), failures}};
     QJsonObject object{{QStringLiteral("catalogue"), QString::fromLatin1(endOf(check.m_eEnd).word)},
-                       {QStringLiteral("cause"), Causes::word(check.m_eCause)},
+                       {QStringLiteral("cause"), STransferFailure::causeName(check.m_eCause)},
                        {QStringLiteral("reason"), check.m_qsReason},
                        {QStringLiteral("previews"), previewsObject}};
     const QString error = errorText();
