@@ -203,7 +203,7 @@ void tst_placeholders::pictureThatArrivesBeforeTheCell()
     m_list->view()->setCellsOnDemand(true);
     m_list->fill();
     const int last = themes - 1;
-    QVERIFY(!m_list->cell(last));
+    QVERIFY(m_list->view()->cells().size() < themes);
     Files::write(thumbnailOf(themes), BrowserWorld::thumbnail());
     PreviewExchange::instance()->tellArrived(Files::guid(themes));
     QCoreApplication::processEvents();
