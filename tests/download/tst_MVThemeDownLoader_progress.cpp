@@ -91,7 +91,7 @@ void tst_MVThemeDownLoader_progress::ofTheFiles_data()
 void tst_MVThemeDownLoader_progress::ofTheFiles()
 {
     MV_SKIP_SIDE_BY_SIDE("the files progress together",
-                         "tst_MVThemeDownLoader_sideBySide::progressIncreasesToTheEnd");
+                         "tst_MVThemeDownLoader_sideBySideProgress::progressIncreasesToTheEnd");
     QFETCH(int, files);
     QFETCH(int, firstPart);
     DownloadWorld world;
@@ -119,7 +119,7 @@ void tst_MVThemeDownLoader_progress::ofTheFiles()
 void tst_MVThemeDownLoader_progress::failedFilesKeepTheirShare()
 {
     MV_SKIP_SIDE_BY_SIDE("the files progress together",
-                         "tst_MVThemeDownLoader_sideBySide::progressIncreasesToTheEnd");
+                         "tst_MVThemeDownLoader_sideBySideProgress::progressIncreasesToTheEnd");
     DownloadWorld world;
     SCfg_Item filter = DownloadWorld::item(eCfgItem_Filter, 1,
                                            {QStringLiteral("/VideoFilters/a.zip"),

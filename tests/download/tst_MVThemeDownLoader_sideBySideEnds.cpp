@@ -57,6 +57,7 @@ private slots:
     void destroyed();
     void cancelledBetweenFiles();
     void cancelledByTheProgressOfAFile();
+    void cancelledWhileFilesBegin();
     void cancelledAfterAFailure();
 
 private:
@@ -170,6 +171,8 @@ void tst_MVThemeDownLoader_sideBySideEnds::cancelled()
     QCOMPARE(trace.countContaining(QStringLiteral("m_bWillCancel")), int(point != noPoint));
     QCOMPARE(trace.countContaining(QStringLiteral("m_CurWrapper.result() = 5")),
              state == State::BeforeTheFirst ? 0 : requests);
+    // The other download's file has been waited for, and that is logged at its end.
+    QCOMPARE(trace.count(waiting(0, world.file(0))) > 0, point == 240);
     QVERIFY(trace.progress().last() < 15); // a file that was cancelled has not arrived
     checkWhatIsLeft(world, filter, state, requests);
 }
@@ -256,6 +259,32 @@ void tst_MVThemeDownLoader_sideBySideEnds::cancelledByTheProgressOfAFile()
     const int arrived = trace.countContaining(QStringLiteral("download template is ok!"));
     QVERIFY(arrived >= 1);
     QCOMPARE(CatalogueFiles::filesBelow(world.root()).size(), arrived);
+}
+
+/// The first file ends as soon as it begins, since it has no place; its progress cancels.
+void tst_MVThemeDownLoader_sideBySideEnds::cancelledWhileFilesBegin()
+{
+    SideBySideWorld world;
+    world.serveAll(2);
+    SCfg_Item filter = DownloadWorld::item(eCfgItem_Filter, 1,
+                                           {QStringLiteral("/../../../../../outside.zip"),
+                                            SideBySideWorld::name(0), SideBySideWorld::name(1)});
+    DownloadTrace trace;
+    MVThemeDownLoader downloader(nullptr);
+    trace.watch(downloader);
+    connect(
+        &downloader, &MVThemeDownLoader::progress, &downloader,
+        [&downloader](double value) {
+            if (value > 10.5)
+                downloader.cancel();
+        },
+        Qt::DirectConnection);
+    QVERIFY(DownloadWorld::run(downloader, filter));
+    QCOMPARE(trace.results(), QVector<int>{eDownLoadError_Cancel});
+    QCOMPARE(trace.countContaining(QStringLiteral("index = [0]")), 1);
+    QCOMPARE(trace.countContaining(QStringLiteral("index = [1]")), 0);
+    QCOMPARE(trace.count(DownloadLines::cancelled(231)), 1);
+    QCOMPARE(world.server().requestCount(), 0);
 }
 
 void tst_MVThemeDownLoader_sideBySideEnds::cancelledAfterAFailure()

@@ -9,6 +9,7 @@
 #include "host/widgets/SkinWidget.h"
 #include "support/HttpAnswer.h"
 #include "support/TestMain.h"
+#include "support/TransfersSideBySide.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -66,13 +67,17 @@ BrowserWorld::BrowserWorld()
     settings.appDataPath = base + QStringLiteral("/appdata");
     settings.testOutputDir = base + QStringLiteral("/testoutput");
     settings.downloadRetries = 0;
+<<<<<<< HEAD
     settings.cellsOnDemand = qEnvironmentVariableIsSet("MV_CELLS_ON_DEMAND");
+=======
+    settings.transfersSideBySide = TransfersSideBySide::count();
+>>>>>>> sbs
     setParam("url_themeRootDir", m_server.url(QStringLiteral("/")));
     CatalogueFiles::write(manager().Path_ThemeCollect(), "{}");
     CatalogueFiles::write(manager().Path_FilterCollect(), "{}");
     manager().clear();
     manager().setResourceSaveRootPath(m_root);
-    DownloadPacing::setStep(fastPace);
+    DownloadPacing::setStep(TransfersSideBySide::isOn() ? std::chrono::milliseconds(0) : fastPace);
     resetSkin();
     resetCallbacks();
 }
