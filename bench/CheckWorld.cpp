@@ -3,9 +3,12 @@
 #include "catalogue/MVThemeMgr.h"
 #include "host/HostSettings.h"
 #include "support/CatalogueFiles.h"
+#include "support/FaultServer.h"
 
 #include <QCryptographicHash>
 #include <QDir>
+#include <QProcess>
+#include <QUrl>
 
 namespace {
 
@@ -42,7 +45,7 @@ CheckWorld::CheckWorld(const QString& folder)
 bool CheckWorld::publish(int themes)
 {
     m_themes = themes;
-    const QString tree = m_folder + QStringLiteral("/tree");
+    const QString tree = this->tree();
     QVector<CatalogueFiles::CfgItem> config;
     CatalogueFiles::ThemeGroup group{QStringLiteral("others"), {}};
     for (int theme = 0; theme < themes; ++theme) {
@@ -65,11 +68,57 @@ bool CheckWorld::publish(int themes)
     CatalogueFiles::write(hostSettings().resourcesPath
                               + QStringLiteral("/Resource/ResourceConfig/resource_version.xml"),
                           version("none", "none"));
-    if (!m_server.start(tree, m_folder + QStringLiteral("/nginx")))
+    if (!configureHttp2() || !m_server.start(tree, m_folder + QStringLiteral("/nginx")))
         return false;
-    hostSettings().productParams = {{QStringLiteral("url_themeRootDir"), m_server.url()},
-                                    {QStringLiteral("hasMV"), QStringLiteral("1")}};
+    setAddress(m_server.url());
     return true;
+}
+
+/// Makes the server also speak HTTP/2 over TLS, on a port of its own.
+bool CheckWorld::configureHttp2()
+{
+    const QString key = m_folder + QStringLiteral("/key.pem");
+    const QString include = m_folder + QStringLiteral("/http2.conf");
+    m_securePort = FaultServer::refusingPort();
+    CatalogueFiles::write(include,
+                          QStringLiteral("listen 127.0.0.1:%1 ssl http2;\n"
+                                         "ssl_certificate %2;\nssl_certificate_key %3;\n"
+                                         "http2_max_concurrent_streams 128;\n")
+                              .arg(m_securePort)
+                              .arg(certificate(), key)
+                              .toUtf8());
+    m_server.include(include);
+    QProcess openssl;
+    openssl.start(
+        QStringLiteral("openssl"),
+        QStringLiteral("req -x509 -nodes -newkey ec -pkeyopt ec_paramgen_curve:prime256v1 "
+                       "-days 2 -subj /CN=bench -addext subjectAltName=IP:127.0.0.1 "
+                       "-keyout")
+                .split(QLatin1Char(' '))
+            << key << QStringLiteral("-out") << certificate());
+    return openssl.waitForFinished() && openssl.exitCode() == 0;
+}
+
+void CheckWorld::setAddress(const QString& root)
+{
+    m_root = root;
+    hostSettings().productParams = {{QStringLiteral("url_themeRootDir"), root},
+                                    {QStringLiteral("hasMV"), QStringLiteral("1")}};
+}
+
+quint16 CheckWorld::port() const
+{
+    return static_cast<quint16>(QUrl(m_server.url()).port());
+}
+
+QStringList CheckWorld::secureUrls() const
+{
+    QStringList result;
+    for (int theme = 0; theme < m_themes; ++theme) {
+        result << QStringLiteral("https://127.0.0.1:%1/display/Themes/").arg(m_securePort)
+                + name(theme, "jpg");
+    }
+    return result;
 }
 
 void CheckWorld::forget() const
@@ -83,10 +132,10 @@ QStringList CheckWorld::urls() const
 {
     QStringList result;
     for (const char* file : catalogueFiles)
-        result << m_server.url() + QStringLiteral("ResourceConfig/") + QString::fromLatin1(file);
+        result << m_root + QStringLiteral("ResourceConfig/") + QString::fromLatin1(file);
     for (int theme = 0; theme < m_themes; ++theme) {
         for (const char* suffix : suffixes)
-            result << m_server.url() + QStringLiteral("display/Themes/") + name(theme, suffix);
+            result << m_root + QStringLiteral("display/Themes/") + name(theme, suffix);
     }
     return result;
 }

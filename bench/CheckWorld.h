@@ -19,6 +19,16 @@ public:
     /// Resets the installation, so that nothing is downloaded.
     void forget() const;
 
+    /// Makes checks reach the server by another address, as of a proxy. Call it before the first.
+    void setAddress(const QString& root);
+    quint16 port() const;
+
+    /// Returns the folder that the server serves.
+    QString tree() const { return m_folder + QStringLiteral("/tree"); }
+    /// Return the addresses of the thumbnails over HTTPS and HTTP/2, and the authority to trust.
+    QStringList secureUrls() const;
+    QString certificate() const { return m_folder + QStringLiteral("/certificate.pem"); }
+
     /// Return the addresses of all that a first check fetches, in order, and the names of their
     /// files below download().
     QStringList urls() const;
@@ -29,7 +39,11 @@ public:
     int requests() const { return m_server.requests().size(); }
 
 private:
+    bool configureHttp2();
+
     QString m_folder;
+    QString m_root; // address of the server
+    quint16 m_securePort = 0;
     int m_themes = 0;
     NginxServer m_server;
 };

@@ -3,13 +3,12 @@
 
 #include "BenchHome.h"
 #include "CheckWorld.h"
+#include "CurlList.h"
 #include "download/MVThemeDownLoader_CheckCfg.h"
 #include "Ratios.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
-#include <QFile>
-#include <QProcess>
 #include <QThread>
 
 #include <cstdio>
@@ -78,34 +77,14 @@ void measureSecond(benchmark::State& state)
     }
 }
 
-void measureCurl(benchmark::State& state, const CheckWorld& world, const QString& list)
+void measureCurl(benchmark::State& state, const CheckWorld& world, const CurlList& list)
 {
     for (auto iteration : state) {
         Q_UNUSED(iteration)
         beginAgain(state, world);
-        const int status =
-            QProcess::execute(QStringLiteral("curl"),
-                              {QStringLiteral("--silent"), QStringLiteral("--show-error"),
-                               QStringLiteral("--fail"), QStringLiteral("--config"), list});
-        if (status != 0)
+        if (!list.fetch(1))
             state.SkipWithError("curl failed");
     }
-}
-
-/// Writes the list of addresses and files for the curl program.
-bool writeList(const QString& file, const CheckWorld& world)
-{
-    QFile list(file);
-    if (!list.open(QIODevice::WriteOnly))
-        return false;
-    const QStringList urls = world.urls();
-    const QStringList files = world.files();
-    for (int i = 0; i < urls.size(); ++i) {
-        list.write(QStringLiteral("url = \"%1\"\noutput = \"%2/%3\"\n")
-                       .arg(urls.at(i), world.download(), files.at(i))
-                       .toUtf8());
-    }
-    return list.flush();
 }
 
 /// Requires a check with nothing to do to request exactly the version file.
@@ -142,9 +121,11 @@ int main(int argc, char** argv)
         return 1;
     }
     world.forget();
-    const QString list = home.path() + QStringLiteral("/curl.list");
-    if (!writeList(list, world))
-        return 1;
+    CurlList list(home.path() + QStringLiteral("/curl.list"));
+    const QStringList urls = world.urls();
+    const QStringList files = world.files();
+    for (int i = 0; i < urls.size(); ++i)
+        list.add(urls.at(i), world.download() + QLatin1Char('/') + files.at(i));
 
     Ratios ratios;
     add("first_check", 1, [&](benchmark::State& state) { measureFirst(state, world); });
