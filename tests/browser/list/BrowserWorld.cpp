@@ -67,11 +67,8 @@ BrowserWorld::BrowserWorld()
     settings.appDataPath = base + QStringLiteral("/appdata");
     settings.testOutputDir = base + QStringLiteral("/testoutput");
     settings.downloadRetries = 0;
-<<<<<<< HEAD
     settings.cellsOnDemand = qEnvironmentVariableIsSet("MV_CELLS_ON_DEMAND");
-=======
     settings.transfersSideBySide = TransfersSideBySide::count();
->>>>>>> sbs
     setParam("url_themeRootDir", m_server.url(QStringLiteral("/")));
     CatalogueFiles::write(manager().Path_ThemeCollect(), "{}");
     CatalogueFiles::write(manager().Path_FilterCollect(), "{}");
