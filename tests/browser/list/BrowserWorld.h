@@ -15,7 +15,8 @@
 
 /// A catalogue in its own download root, with decodable thumbnails and animations, and a server
 /// that publishes what its items lack; recreated for every test, as are the favourites, the skin's
-/// metrics and the host's callbacks. Downloads pause for 1 ms per step.
+/// metrics and the host's callbacks. Downloads pause for 1 ms per step, or fetch several files
+/// at a time without pauses (TransfersSideBySide).
 ///
 /// Add items, then call load(). File names: theme 7 needs "/Themes/7.xml" and "/Themes/7.zip",
 /// filter 7 "/VideoFilters/7.zip", background 7 "/BgMaterial/7.zip".
