@@ -183,8 +183,8 @@ void SideBySideFiles::wait()
 
 SideBySideFiles::End SideBySideFiles::cancelled()
 {
-    const bool isWaiting = !m_waiting.isEmpty();
-    for (Entry* const entry : std::exchange(m_waiting, {}))
+    const QVector<Entry*> waiting = std::exchange(m_waiting, {});
+    for (Entry* const entry : waiting)
         leave(*entry);
-    return isWaiting ? End::CancelledWaiting : End::CancelledBeforeFile;
+    return !waiting.isEmpty() ? End::CancelledWaiting : End::CancelledBeforeFile;
 }

@@ -16,7 +16,8 @@
 #include <mutex>
 
 /// A server, a download root and a catalogue for item downloads, recreated for every test;
-/// downloads pause for 1 ms per step.
+/// downloads pause for 1 ms per step, or fetch several files at a time without pauses
+/// (TransfersSideBySide).
 class DownloadWorld
 {
 public:

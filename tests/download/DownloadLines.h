@@ -2,12 +2,10 @@
 
 #include "support/TransfersSideBySide.h"
 
+#include <QMap>
 #include <QRegularExpression>
 #include <QString>
 #include <QStringList>
-#include <QVector>
-
-#include <algorithm>
 
 /// The expected log lines of item downloads.
 namespace DownloadLines {
@@ -145,26 +143,26 @@ inline QStringList comparable(const QStringList& entries)
     if (!TransfersSideBySide::isOn())
         return entries;
     const auto isOfFiles = [](const QString& entry) {
-        const QString mark = QStringLiteral("progress ");
-        return entry.startsWith(mark) && entry.mid(mark.size()).toDouble() > 10;
+        return entry.startsWith(QStringLiteral("progress "))
+            && entry.section(QLatin1Char(' '), 1).toDouble() > 10;
     };
-    QVector<QPair<int, QString>> lines; // with the index of their file
+    QStringList before;
+    QMap<int, QStringList> files; // by index
+    QStringList after;
     int last = -1;
     for (const QString& entry : entries) {
         if (isOfFiles(entry))
             continue;
         const bool continues = entry == noUrl() || entry == noPath();
         last = continues ? last : indexOf(entry);
-        lines.append({last, entry});
+        if (last >= 0)
+            files[last].append(entry);
+        else
+            (files.isEmpty() ? before : after).append(entry);
     }
-    const auto isOfNone = [](const auto& line) { return line.first < 0; };
-    const auto begin = std::find_if_not(lines.begin(), lines.end(), isOfNone);
-    const auto end = std::find_if(begin, lines.end(), isOfNone);
-    std::stable_sort(begin, end, [](const auto& a, const auto& b) { return a.first < b.first; });
-    QStringList result;
-    for (const auto& line : qAsConst(lines))
-        result.append(line.second);
-    return result;
+    for (const QStringList& lines : qAsConst(files))
+        before += lines;
+    return before + after;
 }
 
 } // namespace DownloadLines

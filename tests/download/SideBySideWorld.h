@@ -73,7 +73,7 @@ public:
 
     /// Waits, on a server's thread, until a condition holds or the test has failed anyway.
     template <class Condition>
-    static void hold(const HttpExchange& exchange, Condition condition)
+    static void hold(const HttpExchange& exchange, const Condition& condition)
     {
         using namespace std::chrono_literals;
         const auto end = std::chrono::steady_clock::now() + 20s;

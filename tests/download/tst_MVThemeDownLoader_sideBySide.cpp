@@ -104,7 +104,7 @@ void tst_MVThemeDownLoader_sideBySide::fileNeededTwiceIsFetchedOnce()
         QCOMPARE(trace.count(fileOk(index, world.url(0), world.file(0))), 1);
         QCOMPARE(trace.count(released(index, world.file(0))), 1);
     }
-    QCOMPARE(trace.progress().last(), 100.0);
+    QCOMPARE(trace.progress().constLast(), 100.0);
 }
 
 /// One after the other: they would write into the same file.
@@ -171,7 +171,7 @@ void tst_MVThemeDownLoader_sideBySide::failuresDoNotStopTheOthers()
                  fails ? QByteArray() : SideBySideWorld::content(number));
     }
     QCOMPARE(CatalogueFiles::filesBelow(world.root()).size(), count - failing.size());
-    QCOMPARE(trace.progress().last(), 100.0);
+    QCOMPARE(trace.progress().constLast(), 100.0);
     QVERIFY(trace.contains(end()));
 }
 
@@ -214,7 +214,7 @@ void tst_MVThemeDownLoader_sideBySide::fileWithoutAPlaceFailsAlone()
     const int at = entries.indexOf(noPath());
     QVERIFY(entries.at(at - 2).contains(QStringLiteral("index = [1]")));
     QVERIFY(entries.at(at - 1).startsWith(QStringLiteral("start download template, i = 1,")));
-    QCOMPARE(trace.progress().last(), 100.0);
+    QCOMPARE(trace.progress().constLast(), 100.0);
 }
 
 void tst_MVThemeDownLoader_sideBySide::currentFileIsTheLastOneBegun()

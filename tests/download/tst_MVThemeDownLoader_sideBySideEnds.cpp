@@ -173,7 +173,7 @@ void tst_MVThemeDownLoader_sideBySideEnds::cancelled()
              state == State::BeforeTheFirst ? 0 : requests);
     // The other download's file has been waited for, and that is logged at its end.
     QCOMPARE(trace.count(waiting(0, world.file(0))) > 0, point == 240);
-    QVERIFY(trace.progress().last() < 15); // a file that was cancelled has not arrived
+    QVERIFY(trace.progress().constLast() < 15); // a file that was cancelled has not arrived
     checkWhatIsLeft(world, filter, state, requests);
 }
 

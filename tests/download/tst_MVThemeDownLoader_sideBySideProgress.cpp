@@ -180,7 +180,7 @@ void tst_MVThemeDownLoader_sideBySideProgress::whatHasArrivedStaysCounted()
     QCOMPARE(trace.results(), QVector<int>{eDownLoadError_None});
     QVERIFY(trace.contains(together));
     QVERIFY(increases(ofSecondPhase(trace)));
-    QCOMPARE(trace.progress().last(), 100.0);
+    QCOMPARE(trace.progress().constLast(), 100.0);
 }
 
 MV_TEST_MAIN(tst_MVThemeDownLoader_sideBySideProgress)

@@ -29,7 +29,7 @@ FaultServer::Handler halfUntil(const std::function<bool()>& isMirrored, bool bre
 /// Returns the code with which a download ends; -1 before.
 int resultOf(const DownloadTrace& trace)
 {
-    return trace.results().isEmpty() ? -1 : trace.results().first();
+    return trace.results().isEmpty() ? -1 : trace.results().constFirst();
 }
 
 } // namespace
@@ -78,7 +78,7 @@ void tst_MVThemeDownLoader_sideBySideShared::theSecondWaits()
     QCOMPARE(first.outcome().m_eError, breaks ? eDownLoadError_Element : eDownLoadError_None);
     QCOMPARE(trace.results(), QVector<int>{eDownLoadError_None});
     QVERIFY(trace.progress().contains(55.0));
-    QCOMPARE(trace.progress().last(), 100.0);
+    QCOMPARE(trace.progress().constLast(), 100.0);
     const QString file = world.file(0);
     const int count = trace.count(waiting(0, file));
     QVERIFY(count >= 1);
@@ -144,7 +144,7 @@ void tst_MVThemeDownLoader_sideBySideShared::otherFilesArriveMeanwhile()
     QCOMPARE(trace.count(waited(3, world.file(3))), 1);
     QCOMPARE(world.requests(SideBySideWorld::target(3)), 0);
     QCOMPARE(world.server().requestCount(), count - 1);
-    QCOMPARE(trace.progress().last(), 100.0);
+    QCOMPARE(trace.progress().constLast(), 100.0);
     // Its lines are the last ones of a file.
     const QStringList entries = trace.entries();
     const int at = entries.indexOf(waited(3, world.file(3)));
@@ -172,7 +172,7 @@ void tst_MVThemeDownLoader_sideBySideShared::severalFilesOfOthers()
     }
     QVERIFY(DownloadWorld::ends(downloader));
     QCOMPARE(trace.results(), QVector<int>{eDownLoadError_None});
-    QCOMPARE(trace.progress().last(), 100.0);
+    QCOMPARE(trace.progress().constLast(), 100.0);
 }
 
 /// Six transfers run although another download has the first six files.

@@ -4,6 +4,7 @@
 #include "host/HostSettings.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
+#include "support/TransfersSideBySide.h"
 
 #include <QFile>
 #include <QMutexLocker>
@@ -291,7 +292,9 @@ void tst_downloadRaces::accessors()
             QVERIFY(!begun || !downloader.downloadedFile().isEmpty());
             QCOMPARE(downloader.userData(), static_cast<void*>(this));
         }
-        QVERIFY(downloader.downloadedUrl().endsWith(QStringLiteral("f.xml")));
+        // Side by side, a file that is needed twice may begin last.
+        if (!TransfersSideBySide::isOn())
+            QVERIFY(downloader.downloadedUrl().endsWith(QStringLiteral("f.xml")));
     }
 }
 

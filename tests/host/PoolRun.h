@@ -36,7 +36,7 @@ public:
 
     /// Works on the transfers until the condition holds; returns whether it does.
     template <class Condition>
-    bool runUntil(Condition condition)
+    bool runUntil(const Condition& condition)
     {
         using Clock = std::chrono::steady_clock;
         const Clock::time_point end = Clock::now() + std::chrono::seconds(30);
@@ -91,7 +91,7 @@ inline void sendHalfAndStall(HttpExchange& exchange)
 
 /// Waits, on a server's thread, until a condition holds or the server's test has failed anyway.
 template <class Condition>
-void holdUntil(const HttpExchange& exchange, Condition condition)
+void holdUntil(const HttpExchange& exchange, const Condition& condition)
 {
     using namespace std::chrono_literals;
     const auto end = std::chrono::steady_clock::now() + 20s;

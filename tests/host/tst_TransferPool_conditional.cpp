@@ -107,7 +107,7 @@ void TestTransferPoolConditional::knownVersionIsNotSent()
     QCOMPARE(QFileInfo(run.path(name)).lastModified().toSecsSinceEpoch(), qint64{1000000000});
     QCOMPARE(run.files(), QStringList{name});
     // What the server gave is passed back as it is.
-    const HttpRequest request = server.requests().first();
+    const HttpRequest request = server.requests().constFirst();
     QCOMPARE(request.fields.value("if-none-match"), version.m_etag);
     QCOMPARE(request.fields.value("if-modified-since"), version.m_lastModified);
     QCOMPARE(request.fields.contains("if-none-match"), !version.m_etag.isEmpty());
@@ -153,7 +153,7 @@ void TestTransferPoolConditional::successTellsTheVersion()
     QCOMPARE(outcome.m_validators.m_lastModified, version.m_lastModified);
     QVERIFY(!outcome.m_bNotModified);
     QCOMPARE(run.content(name), QByteArray("new"));
-    const HttpRequest request = server.requests().first();
+    const HttpRequest request = server.requests().constFirst();
     QVERIFY(!request.fields.contains("if-none-match"));
     QVERIFY(!request.fields.contains("if-modified-since"));
 }

@@ -13,7 +13,8 @@ constexpr int number = 6;
 int downloadAsChild(const QString& url, const QString& folder)
 {
     TransferPool pool(number);
-    for (const QString& name : numbered(QStringLiteral("/f"), number)) {
+    const QStringList names = numbered(QStringLiteral("/f"), number);
+    for (const QString& name : names) {
         TransferPool::Job job;
         job.url = url;
         job.file = folder + name;

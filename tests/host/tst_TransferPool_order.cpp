@@ -152,7 +152,7 @@ void TestTransferPoolOrder::waitingJobsBeginInOrder()
     for (const QString& name : names)
         expected.append('/' + name.toLatin1());
     QCOMPARE(targets(server), expected);
-    QCOMPARE(run.names().last(), QStringLiteral("long"));
+    QCOMPARE(run.names().constLast(), QStringLiteral("long"));
     QCOMPARE(server.connectionCount(), 2);
 }
 
@@ -271,12 +271,13 @@ void TestTransferPoolOrder::progressMayStartAnother()
     constexpr int number = 32;
     FaultServer server(answering(HttpAnswer(200).body("the file")));
     const QString url = server.url(QStringLiteral("/file"));
+    const QStringList names = numbered(QStringLiteral("f"), number + 8);
     PoolRun run(number);
     TransferPool::Job job = run.job(url, QStringLiteral("first"));
     bool isStarted = false;
     job.progress = [&](qint64, qint64) {
         if (!std::exchange(isStarted, true)) {
-            for (const QString& name : numbered(QStringLiteral("f"), number + 8))
+            for (const QString& name : names)
                 run.start(url, name);
         }
         return true;
@@ -357,9 +358,10 @@ void TestTransferPoolOrder::connectionsAreReused()
         holdUntil(exchange, [&] { return arrived >= groupEnd && ended >= before; });
         exchange.answer(HttpAnswer(200).body("the file"));
     });
+    const QStringList names = numbered(QStringLiteral("f"), number);
     PoolRun run(number);
     for (int round = 0; round < 4; ++round) {
-        for (const QString& name : numbered(QStringLiteral("f"), number)) {
+        for (const QString& name : names) {
             TransferPool::Job job = run.job(server.url(QStringLiteral("/file")), name);
             job.ended = [&ended](const STransferOutcome&) { ++ended; };
             run.pool().start(job);

@@ -160,7 +160,7 @@ void TestTransferPoolOutcomes::othersGoOn()
     six.start();
     QVERIFY(six.run().finish());
 
-    QCOMPARE(six.run().names().first(), odd);
+    QCOMPARE(six.run().names().constFirst(), odd);
     QCOMPARE(six.run().result(odd), result);
     QCOMPARE(int(six.run().outcome(odd).m_failure.m_eCause), cause);
     QCOMPARE(six.server().requestCount("/odd"), requests);

@@ -34,7 +34,8 @@ void TestTransferPoolThreads::poolsOnTwoThreads()
         threads.emplace_back([&, prefix] {
             TransferPool pool(number);
             int ended = 0;
-            for (const QString& name : numbered(QString::fromLatin1(prefix), filesEach)) {
+            const QStringList names = numbered(QString::fromLatin1(prefix), filesEach);
+            for (const QString& name : names) {
                 TransferPool::Job job;
                 job.url = server.url(name);
                 job.file = common.folder() + name;

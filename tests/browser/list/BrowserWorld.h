@@ -15,8 +15,9 @@
 
 /// A catalogue in its own download root, with decodable thumbnails and animations, and a server
 /// that publishes what its items lack; recreated for every test, as are the favourites, the skin's
-/// metrics and the host's callbacks. Downloads pause for 1 ms per step. Lists have cells on demand
-/// if the environment variable MV_CELLS_ON_DEMAND is set.
+/// metrics and the host's callbacks. Downloads pause for 1 ms per step, or fetch several files
+/// at a time without pauses (TransfersSideBySide). Lists have cells on demand if the environment
+/// variable MV_CELLS_ON_DEMAND is set.
 ///
 /// Add items, then call load(). File names: theme 7 needs "/Themes/7.xml" and "/Themes/7.zip",
 /// filter 7 "/VideoFilters/7.zip", background 7 "/BgMaterial/7.zip".
