@@ -19,6 +19,7 @@
 
 #include <cstdio>
 #include <map>
+#include <memory>
 
 namespace {
 
@@ -47,10 +48,10 @@ int measureWindow(int argc, char** argv)
     const BenchHome home;
     hostSettings().cellsOnDemand = mode == "demand";
     const QString folder = QString::fromLocal8Bit(argv[4]);
-    if (!QFileInfo::exists(folder))
-        const BrowserWorld written(folder, QByteArray(argv[3]).toInt());
-    const BrowserWorld world(folder);
-    WindowActions actions(world, home.path());
+    const auto world = QFileInfo::exists(folder)
+        ? std::make_unique<BrowserWorld>(folder)
+        : std::make_unique<BrowserWorld>(folder, QByteArray(argv[3]).toInt());
+    WindowActions actions(*world, home.path());
     actions.run([](const char* what, double value) { std::printf("%s=%f\n", what, value); });
     return 0;
 }

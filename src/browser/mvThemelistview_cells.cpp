@@ -191,6 +191,15 @@ MVThemeItemWdg* mvThemelistview::firstItemWidget() const
     return nullptr;
 }
 
+/// Qt would open a cell for the row that the user works on, and close it when that changes, in view
+/// or not.
+bool mvThemelistview::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event)
+{
+    if (m_pPool)
+        m_pPool->open(index);
+    return QListView::edit(index, trigger, event);
+}
+
 void mvThemelistview::showEvent(QShowEvent* event)
 {
     QListView::showEvent(event);

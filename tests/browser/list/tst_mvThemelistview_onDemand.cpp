@@ -32,6 +32,7 @@ private slots:
     void moreCellComesAtTheEnd();
     void addedItemGetsItsCellWhenSeen();
     void hiddenListMakesNone();
+    void hiddenListCatchesUp();
     void canBeSwitched();
     void destroyedCellIsMadeAgain();
     void clearedWhileCellsAreMade();
@@ -242,6 +243,16 @@ void tst_mvThemelistview_onDemand::hiddenListMakesNone()
     QCOMPARE(m_list->cellCount(), 0);
     view()->show();
     QVERIFY(!rowsWithin(0).isEmpty());
+    QVERIFY(rowsWithCells().contains(rowsWithin(0)));
+}
+
+void tst_mvThemelistview_onDemand::hiddenListCatchesUp()
+{
+    show(manyThemes);
+    view()->hide();
+    view()->scrollToBottom();
+    QVERIFY(!rowsWithin(0).isEmpty());
+    view()->show();
     QVERIFY(rowsWithCells().contains(rowsWithin(0)));
 }
 

@@ -39,6 +39,7 @@ private slots:
     void farItemIsMarked();
     void farItemIsApplied();
     void keysActOnAFarRow();
+    void currentRowKeepsItsCellInView();
     void firstItemIsRefreshedFromAfar();
     void outlineStaysAboveALaterCell();
     void reloadKeepsFarState();
@@ -47,6 +48,7 @@ private:
     mvThemelistview* view() const { return m_list->view(); }
     void scrollAway() const { view()->scrollToBottom(); }
     QPointer<MVThemeItemWdg> existingCell(int number) const;
+    bool isPoolDone() const;
 
     std::unique_ptr<BrowserWorld> m_world;
     std::unique_ptr<ListWindow> m_list;
@@ -90,6 +92,19 @@ QPointer<MVThemeItemWdg> tst_mvThemelistview_onDemand_kept::existingCell(int num
     return qobject_cast<MVThemeItemWdg*>(view()->indexWidget(view()->shownRow(guidOf(number))));
 }
 
+/// Returns whether all rows around the page have their cells, so that only events change anything.
+bool tst_mvThemelistview_onDemand_kept::isPoolDone() const
+{
+    const QRect page = view()->viewport()->rect();
+    const QRect area = page.adjusted(0, -page.height(), 0, page.height());
+    for (int row = 0; row < view()->model()->rowCount(); ++row) {
+        const QModelIndex index = view()->model()->index(row, 0);
+        if (view()->visualRect(index).intersects(area) && !view()->indexWidget(index))
+            return false;
+    }
+    return true;
+}
+
 void tst_mvThemelistview_onDemand_kept::busyCellStays_data()
 {
     QTest::addColumn<int>("theme");
@@ -100,9 +115,10 @@ void tst_mvThemelistview_onDemand_kept::busyCellStays_data()
     QTest::newRow("current") << 2 << Action([this](auto*) {
         view()->setCurrentIndex(view()->shownRow(guidOf(2)));
     });
-    QTest::newRow("focused") << 2 << Action([](auto* cell) {
+    QTest::newRow("focused") << 2 << Action([this](auto* cell) {
         cell->setFocusPolicy(Qt::StrongFocus);
         cell->setFocus();
+        view()->selectionModel()->clear();
     });
 }
 
@@ -134,6 +150,7 @@ void tst_mvThemelistview_onDemand_kept::cellGoesWhenItsDownloadHasEnded()
     existingCell(2)->activate(); // so that the download does not apply its item
     scrollAway();
     QTRY_COMPARE(m_world->requests(files), 1);
+    QTRY_VERIFY(isPoolDone());
     QVERIFY(cell);
     m_world->release();
     QTRY_VERIFY(!cell);
@@ -145,6 +162,7 @@ void tst_mvThemelistview_onDemand_kept::cellGoesWhenAnotherIsApplied()
     const QPointer<MVThemeItemWdg> cell = existingCell(2);
     cell->activate();
     scrollAway();
+    QTRY_VERIFY(isPoolDone());
     existingCell(themes)->activate();
     QTRY_VERIFY(!cell);
     QCOMPARE(view()->appliedItem(), guidOf(themes));
@@ -259,6 +277,22 @@ void tst_mvThemelistview_onDemand_kept::keysActOnAFarRow()
     QVERIFY(existingCell(2)->isPlaying());
     QTest::keyClick(view(), Qt::Key_Return);
     QCOMPARE(view()->appliedItem(), guidOf(2));
+    delete existingCell(2);
+    QTest::keyClick(view(), Qt::Key_Space);
+    QVERIFY(existingCell(2)->isPlaying());
+}
+
+/// Qt opens an editor of its own for a current row without one, and closes it with the next.
+void tst_mvThemelistview_onDemand_kept::currentRowKeepsItsCellInView()
+{
+    delete existingCell(2);
+    view()->setCurrentIndex(view()->shownRow(guidOf(2)));
+    const QPointer<MVThemeItemWdg> cell = existingCell(2);
+    QVERIFY(cell);
+    view()->setCurrentIndex(view()->shownRow(guidOf(3)));
+    QCOMPARE(existingCell(2), cell);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(cell);
 }
 
 void tst_mvThemelistview_onDemand_kept::firstItemIsRefreshedFromAfar()
