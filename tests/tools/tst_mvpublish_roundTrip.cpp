@@ -126,10 +126,8 @@ void TestMvpublishRoundTrip::everythingArrivesAsItWasPublished()
     compareHalf(*mvres, "config",
                 {text("VideoFilters/VideoFilters.xml"), text("Transitions/Transitions.xml"),
                  text("Motions/Motions.xml")});
-    // Clients request no previews of transitions, motions and backgrounds. The pictures of "none"
-    // are installed.
-    QStringList notFetched{text("Transitions/fade 1.png"), text("Motions/zoom 1.png"),
-                           text("BgMaterial/paper 1.png")};
+    // Clients request no previews of transitions and motions. The pictures of "none" are installed.
+    QStringList notFetched{text("Transitions/fade 1.png"), text("Motions/zoom 1.png")};
     const QStringList nonePictures = SmallSource::nonePictures();
     for (const QString& name : nonePictures)
         notFetched << text("VideoFilters/") + name << text("BgMaterial/") + name;
