@@ -145,6 +145,10 @@ void tst_CheckWorker_ThumbAndGif_sideBySide::visibleItemsComeFirst()
 {
     writeThemes(40);
     m_shown = QStringList{Files::guid(31), Files::guid(32), Files::guid(33)};
+    m_world.setFault([this](HttpExchange& exchange, int) {
+        holdUntil(exchange, [this] { return m_world.targets().size() >= atOnce; });
+        return false;
+    });
     QVERIFY(run());
     QByteArrayList first = m_world.targets().mid(0, atOnce);
     std::sort(first.begin(), first.end());
