@@ -22,7 +22,7 @@ class CheckWorker_ThumbAndGif;
 ///
 /// The host calls startDownloadXML() once its catalogue is loaded. This class never reloads the
 /// catalogue: when a check has brought new files, the host calls MVThemeMgr::load(true) once no
-/// download, check or preview run is in progress.
+/// download or check is in progress. A preview run uses no items of the catalogue, so it may go on.
 ///
 /// One object per process. It belongs to the thread that first calls instance(), usually the GUI's:
 /// that thread needs an event loop, makes all calls and receives all signals and callbacks. The

@@ -27,7 +27,7 @@ struct SPreviewRunResult
     int m_nFetched = 0;
     int m_nPresent = 0; ///< were already on disk
     int m_nFailed = 0;
-    /// The first failures, in the order of the list.
+    /// The first failures, in the order in which they occurred.
     QVector<STransferFailure> m_vecFailures;
     /// The value of the run's end signal: also true for a run cancelled when nothing was left to
     /// begin.

@@ -15,7 +15,7 @@ using std::chrono::milliseconds;
 namespace {
 
 constexpr int maxRedirects = 5;
-constexpr milliseconds callbackPause(100);
+constexpr milliseconds callbackPause(50); // with the pool's tick, at least ten times a second
 /// Beyond this many doublings, the limit of a pause decides anyway.
 constexpr int maxDoublings = 16;
 

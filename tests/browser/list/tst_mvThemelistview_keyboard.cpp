@@ -43,6 +43,7 @@ private slots:
     void tabLeavesTheListAtOnce();
     void rowsHaveNames();
     void onlyRowHasItsName();
+    void lastItemKeepsItsName();
     void buttonsHaveNames();
     void hoverCanBeKeptFromPlaying();
     void newMetricsResizeTheCells();
@@ -340,6 +341,15 @@ void tst_mvThemelistview_keyboard::onlyRowHasItsName()
     m_list->fill();
     QCOMPARE(m_list->rows()->rowCount(), 1);
     QCOMPARE(spokenRow(0), QStringLiteral("More>>"));
+}
+
+void tst_mvThemelistview_keyboard::lastItemKeepsItsName()
+{
+    m_world->addFilter(1, QStringLiteral("Sepia"));
+    m_world->load();
+    m_list = std::make_unique<ListWindow>(UIItem_Filters);
+    m_list->fill();
+    QCOMPARE(spokenRow(m_list->rows()->rowCount() - 1), QStringLiteral("Sepia"));
 }
 
 void tst_mvThemelistview_keyboard::buttonsHaveNames()
