@@ -113,6 +113,7 @@ void MainWindow::connectParts()
     connect(m_tabs->checkButton(), &QPushButton::clicked, this, &MainWindow::toggleCheck);
     connect(&m_check, &CatalogueUpdate::phaseChanged, this, &MainWindow::refreshCheckButton);
     connect(&m_check, &CatalogueUpdate::contentArrived, this, &MainWindow::reloadCatalogue);
+    connect(&m_check, &CatalogueUpdate::finished, this, &MainWindow::passSkinOn);
     connect(m_details, &DetailsPanel::folderWanted, this, &MainWindow::openFolder);
     connect(m_details, &DetailsPanel::favouriteWanted, this,
             [this](ECfgItemType kind, const QString& guid) { toggleFavourite(kind, guid); });

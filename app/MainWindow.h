@@ -49,6 +49,7 @@ private:
     void applySkin(const QString& skin);
     void applyMotion(bool reduced);
     void reloadCatalogue();
+    void passSkinOn();
     void toggleCheck();
     void refreshCheckButton();
     void refreshFavourites();

@@ -2,6 +2,7 @@
 
 #include "AppLook.h"
 #include "browser/MVThemeItemWdg.h"
+#include "catalogue/CatalogueUse.h"
 #include "catalogue/FavouritesFile.h"
 #include "catalogue/MVThemeMgr.h"
 #include "DetailsPanel.h"
@@ -74,11 +75,17 @@ void MainWindow::applyMotion(bool reduced)
 void MainWindow::reloadCatalogue()
 {
     saveFavourites(); // they are reloaded, too
-    if (m_check.phase() != CatalogueUpdate::Phase::Previews) // whose thread reads it
-        hostSettings().currentSkin = m_preferences.skin();
+    passSkinOn();
     m_tabs->reloadCatalogue();
     m_details->refresh();
     ++m_reloads;
+}
+
+/// The catalogue takes the pictures of "none" from the skin. Not while other threads read it.
+void MainWindow::passSkinOn()
+{
+    if (!m_check.isRunning() && CatalogueUse::count() == 0)
+        hostSettings().currentSkin = m_preferences.skin();
 }
 
 void MainWindow::toggleCheck()

@@ -27,8 +27,8 @@ void CellPool::update()
     if (!isReady())
         return;
     const QScopedValueRollback<bool> guard(m_isUpdating, true);
-    const ViewRows near = ViewRows::within(m_view, 1);
-    closeFar(near);
+    const ViewRows around = ViewRows::within(m_view, 1);
+    closeFar(around);
     const bool isComplete = openMissing(ViewRows::within(m_view, 0), maxAtOnce) < maxAtOnce;
     m_timer.start(isComplete ? pauseMs : 0, this);
 }
@@ -44,11 +44,11 @@ void CellPool::timerEvent(QTimerEvent* event)
         return;
     }
     const QScopedValueRollback<bool> guard(m_isUpdating, true);
-    const ViewRows near = ViewRows::within(m_view, 1);
-    closeFar(near);
+    const ViewRows around = ViewRows::within(m_view, 1);
+    closeFar(around);
     if (openMissing(ViewRows::within(m_view, 0), maxPerTurn) == maxPerTurn)
         return;
-    if (openMissing(near, maxPerTurn) == maxPerTurn)
+    if (openMissing(around, maxPerTurn) == maxPerTurn)
         m_timer.start(pauseMs, this);
     else
         m_timer.stop();
@@ -71,15 +71,17 @@ void CellPool::adopt(const QModelIndex& index)
     m_open.append(index);
 }
 
-/// Opens at most `most` editors and returns how many it has opened.
-int CellPool::openMissing(const ViewRows& rows, int most)
+/// Opens at most `maxOpened` editors and returns how many it has opened.
+int CellPool::openMissing(const ViewRows& rows, int maxOpened)
 {
     int opened = 0;
-    for (int row = rows.first; row < rows.end && opened < most; ++row) {
+    for (int row = rows.first; row < rows.end && opened < maxOpened; ++row) {
         const QModelIndex index = m_view.model()->index(row, 0);
         if (m_view.isPersistentEditorOpen(index))
             continue;
         m_view.openPersistentEditor(index);
+        if (!m_view.isPersistentEditorOpen(index))
+            continue;
         adopt(index);
         ++opened;
     }
@@ -88,18 +90,18 @@ int CellPool::openMissing(const ViewRows& rows, int most)
 
 void CellPool::closeFar(const ViewRows& rows)
 {
-    QVector<QPersistentModelIndex> remaining;
-    for (const QPersistentModelIndex& index : std::as_const(m_open)) {
+    // Closing notifies others, who may open further editors.
+    const QVector<QPersistentModelIndex> open = std::exchange(m_open, {});
+    for (const QPersistentModelIndex& index : open) {
         if (!index.isValid() || !m_view.isPersistentEditorOpen(index))
             continue;
         if (rows.contains(index.row()) || m_isKept(index)) {
-            remaining.append(index);
+            m_open.append(index);
             continue;
         }
         m_closing(index);
         m_view.closePersistentEditor(index);
     }
-    m_open = remaining;
 }
 
 bool CellPool::isReady() const

@@ -3,6 +3,7 @@
 #include <QBasicTimer>
 #include <QObject>
 #include <QPersistentModelIndex>
+#include <QPointer>
 #include <QVector>
 
 #include <functional>
@@ -49,14 +50,14 @@ public:
         Q_DISABLE_COPY_MOVE(Pause)
 
     private:
-        CellPool* m_pool;
+        QPointer<CellPool> m_pool; // may end first
     };
 
 protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
-    int openMissing(const ViewRows& rows, int most);
+    int openMissing(const ViewRows& rows, int maxOpened);
     void closeFar(const ViewRows& rows);
     bool isReady() const;
 

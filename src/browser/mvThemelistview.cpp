@@ -1,5 +1,6 @@
 #include "browser/mvThemelistview.h"
 
+#include "browser/CellEvents.h"
 #include "browser/CellFocusMark.h"
 #include "browser/CellPool.h"
 #include "browser/EUIItemRole.h"
@@ -35,6 +36,12 @@ mvThemelistview::mvThemelistview(QWidget* parent)
         m_pShown = std::make_unique<ShownItems>(*this);
         connect(PreviewExchange::instance(), &PreviewExchange::pictureArrived, this,
                 &mvThemelistview::showArrivedPicture);
+        // A download may bring the pictures of other items, too.
+        connect(CellEvents::instance(), &CellEvents::downloadEnded, this, [this] {
+            const QVector<MVThemeItemWdg*> all = cells();
+            for (MVThemeItemWdg* const cell : all)
+                cell->showArrivedPictures();
+        });
     }
     // The style sheet has matched them as parts of a QListView, the class until now.
     for (QScrollBar* const bar : {verticalScrollBar(), horizontalScrollBar()}) {
@@ -46,7 +53,8 @@ mvThemelistview::mvThemelistview(QWidget* parent)
 mvThemelistview::~mvThemelistview()
 {
     cancelDownloads(); // all at once, so that waiting for the last takes no longer
-    m_pPool.reset();   // the rows are removed below
+    m_pShown.reset();
+    m_pPool.reset(); // the rows are removed below
 }
 
 void mvThemelistview::setUIItemType(EUIItemType type)

@@ -181,6 +181,7 @@ private:
     QStandardItem* newItemRow(const SCfg_Item& item);
     void ShowThemeSubWdgByOptTag(const QModelIndex& index);
     void openAllCells();
+    void openReappearedDownloads();
     void updatePool();
     void noteShownItems();
     void showArrivedPicture(const QString& guid);

@@ -69,11 +69,24 @@ void mvThemelistview::updateItemState()
 {
     if (!m_pProxy)
         return;
-    if (m_pPool)
+    if (m_pPool) {
         updatePool();
-    else
+        openReappearedDownloads();
+    } else {
         openAllCells();
+    }
     viewport()->update();
+}
+
+/// A download that a filter has hidden gets its cell back wherever its row is, as it applies its
+/// item.
+void mvThemelistview::openReappearedDownloads()
+{
+    for (int row = 0; row < rowCount(); ++row) {
+        const MVThemeItemWdg* const cell = itemWidget(row);
+        if (cell && cell->isDeletedAfterDownload())
+            m_pPool->open(m_pProxy->index(row, 0));
+    }
 }
 
 void mvThemelistview::openAllCells()

@@ -24,6 +24,12 @@ QVector<SFileInfo*> neededFiles(SCfg_Item& item)
 {
     QVector<SFileInfo*> files;
     MVThemeMgr::init()->getNeedDownLoadFiles(&item, files);
+    if (hostSettings().showWithoutPreviews) { // then items can be used without pictures, too
+        files.erase(
+            std::remove_if(files.begin(), files.end(),
+                           [](const SFileInfo* info) { return FileView(*info).isDisplayHalf(); }),
+            files.end());
+    }
     return files;
 }
 

@@ -4,6 +4,7 @@
 #include "host/HostSettings.h"
 
 #include <QEventLoop>
+#include <QPointer>
 #include <QTimer>
 
 #include <chrono>
@@ -129,8 +130,11 @@ void CatalogueUpdate::noteCheck(const SCatalogueCheckResult& check)
     m_result.m_bContentArrived |= check.m_eEnd == eCatalogueCheck_Changed;
     enter(isCancelling() ? State::CancellingPreviews : State::FetchingPreviews);
     announcePhase();
+    const QPointer<CatalogueUpdate> self(this); // a receiver may destroy it
     if (m_result.m_bContentArrived && hostSettings().showWithoutPreviews && !m_isShutDown)
         emit contentArrived();
+    if (!self)
+        return;
     if (check.m_bPreviewsFollow)
         return; // also after previews beside the check
     if (m_state == State::FetchingPreviews)
@@ -169,9 +173,11 @@ void CatalogueUpdate::finishIfOver()
     announcePhase();
     if (m_isShutDown)
         return;
+    const QPointer<CatalogueUpdate> self(this); // a receiver may destroy it
     if (result.m_bContentArrived && !hostSettings().showWithoutPreviews)
         emit contentArrived();
-    emit finished(result);
+    if (self)
+        emit finished(result);
 }
 
 ECatalogueUpdateEnd CatalogueUpdate::end() const

@@ -121,13 +121,13 @@ bool CheckWorker_CfgAndDisplayXML::fetchVersion(CheckTransfer& transfer)
     const VersionCache::Entry known = mayAsk ? VersionCache::read(url) : VersionCache::Entry();
     ETransferResult result =
         transfer.fetchIfChanged(url, file, VersionFile::maxBytes, known.validators);
+    STransferFailure failure = transfer.failure();
     if (result == eTransfer_Success && transfer.isNotModified()
-        && !Utils::writeFile(file, known.content))
-        result =
-            transfer.fetch(url, file, VersionFile::maxBytes); // reports why it cannot be written
+        && !Utils::writeFile(file, known.content, &failure))
+        result = eTransfer_LocalFile;
     transfer.setTimeLimit(std::chrono::milliseconds::zero());
     if (result != eTransfer_Success) {
-        noteFailure(result, transfer.failure(), true);
+        noteFailure(result, failure, true);
         logFile(2,
                 "doWork download EType_XML_resource_version_xml is error!, strUrl = %s, "
                 "strFile = %s",
@@ -180,7 +180,7 @@ void CheckWorker_CfgAndDisplayXML::rememberVersion()
 {
     QFile file(getDownLoad_XML_Temp(EType_XML_resource_version_xml, true));
     QByteArray content;
-    if (m_versionValidators.isEmpty() || !RegularFile::open(file)
+    if (!m_versionValidators.areReliable() || !RegularFile::open(file)
         || !RegularFile::readAll(file, VersionFile::maxBytes, content))
         return;
     VersionCache::store(getSerThemeXMLPath(EType_XML_resource_version_xml),

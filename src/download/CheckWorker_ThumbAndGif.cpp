@@ -183,6 +183,8 @@ bool CheckWorker_ThumbAndGif::fetchFile(CheckTransfer& transfer, const Kind& kin
     if (turn == Turn::Fetch) {
         const ETransferResult result =
             transfer.fetch(picture.url, picture.file, hostSettings().maxDownloadBytes);
+        if (result != eTransfer_Success)
+            QFile::remove(picture.file);
         if (!endTurn(picture, result, transfer.failure()))
             return false;
     }
@@ -235,7 +237,6 @@ bool CheckWorker_ThumbAndGif::endTurn(const Picture& picture, ETransferResult re
 {
     if (result != eTransfer_Success) {
         log(picture, picture.kind->failed);
-        QFile::remove(picture.file);
         noteFailure(failure);
         return true;
     }

@@ -86,7 +86,7 @@ private:
     bool readDisplay(bool hasMV, bool hasSplit);
     bool fetchInOrder();
     bool fetchSideBySide();
-    void beginPictures(SideBySide& run);
+    bool beginPictures(SideBySide& run);
     void beginPicture(SideBySide& run, int item, bool isGif);
     void startTransfer(SideBySide& run, const Picture& picture);
     bool fetchFile(CheckTransfer& transfer, const Kind& kind, int index, SCfg_Item& item);

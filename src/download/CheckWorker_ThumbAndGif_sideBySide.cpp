@@ -1,13 +1,21 @@
 // CheckWorker_ThumbAndGif: several files at a time, those that the user is looking at first.
 
 #include "download/CheckWorker_ThumbAndGif.h"
+#include "download/PreviewExchange.h"
 #include "download/PreviewQueue.h"
 #include "host/HostSettings.h"
 #include "host/TransferPool.h"
 
 #include <algorithm>
+#include <chrono>
 #include <memory>
 #include <utility>
+
+namespace {
+
+constexpr int picturesPerTurn = 100;
+
+} // namespace
 
 struct CheckWorker_ThumbAndGif::SideBySide
 {
@@ -37,30 +45,41 @@ bool CheckWorker_ThumbAndGif::fetchSideBySide()
         }
     }
     SideBySide run(std::move(items), guids, m_bWillCancel);
-    beginPictures(run);
-    while (run.pool.isBusy()) {
-        run.pool.step();
-        beginPictures(run);
+    bool hasMore = true;
+    while (hasMore || run.pool.isBusy()) {
+        hasMore = beginPictures(run) && !run.isStopped;
+        const bool mayBegin = hasMore && run.postponed.isEmpty() && run.pool.hasRoom();
+        run.pool.step(mayBegin ? std::chrono::milliseconds(0) : TransferPool::maxStep);
     }
     return !run.isStopped;
 }
 
-/// Begins transfers until the pool is full or nothing is left.
-void CheckWorker_ThumbAndGif::beginPictures(SideBySide& run)
+/// Begins transfers until the pool is full, but looks at a limited number of pictures, so that the
+/// running transfers go on. Returns false if nothing is left to look at.
+bool CheckWorker_ThumbAndGif::beginPictures(SideBySide& run)
 {
     const QVector<PreviewQueue::Picture> postponed = std::exchange(run.postponed, {});
     for (const PreviewQueue::Picture& next : postponed) {
-        if (run.pool.hasRoom() && !run.isStopped)
-            beginPicture(run, next.item, next.isGif);
-        else
+        if (!run.pool.hasRoom() || run.isStopped) {
             run.postponed.append(next);
+            continue;
+        }
+        beginPicture(run, next.item, next.isGif);
+        // For the first item, the transfer told.
+        PreviewExchange::instance()->tellArrived(run.items.at(next.item)->m_qsGUID);
     }
-    while (run.pool.hasRoom() && !run.isStopped) {
+    for (int looked = 0; looked < picturesPerTurn && run.pool.hasRoom() && !run.isStopped;
+         ++looked) {
         const auto next = run.queue.take();
         if (!next)
-            return;
+            return !run.postponed.isEmpty();
+        if (m_bWillCancel.isCancelled()) {
+            run.isStopped = stopIfCancelled(next->isGif ? gif : thumb);
+            return false;
+        }
         beginPicture(run, next->item, next->isGif);
     }
+    return true;
 }
 
 void CheckWorker_ThumbAndGif::beginPicture(SideBySide& run, int item, bool isGif)

@@ -3,6 +3,7 @@
 #include "catalogue/MVThemeMgr.h"
 #include "host/AppOptions.h"
 #include "host/CoreContext.h"
+#include "host/HostSettings.h"
 #include "host/LogL.h"
 #include "host/VString.h"
 
@@ -84,7 +85,7 @@ bool FileTurn::isPresent() const
 }
 
 void FileTurn::end(const STransferFailure& failure, int result, bool isTransferred,
-                   const CBasePtr<CoreContext>& context)
+                   const CBasePtr<CoreContext>& context, OfOthers ofOthers)
 {
     const QString path = file();
     const QByteArray url = m_url.toUtf8();
@@ -95,7 +96,8 @@ void FileTurn::end(const STransferFailure& failure, int result, bool isTransferr
         m_log(QString::asprintf("download template is error!, i = %d, m_strUrl = %s, m_strFile = "
                                 "%s, m_CurWrapper.result() = %d",
                                 m_index, url.constData(), local.constData(), result));
-        QFile::remove(path);
+        if (ofOthers == OfOthers::Remove)
+            QFile::remove(path);
     } else {
         m_log(QString::asprintf("download template is ok!, i = %d, m_strUrl = %s, m_strFile = %s",
                                 m_index, url.constData(), local.constData()));
@@ -104,6 +106,11 @@ void FileTurn::end(const STransferFailure& failure, int result, bool isTransferr
     }
     m_taken.reset();
     logTurn(QStringLiteral("thread id = [%1], index = [%2], download file = [%3], end Download!"));
+}
+
+bool FileTurn::isRequired() const
+{
+    return !hostSettings().showWithoutPreviews || !FileView(m_info).isDisplayHalf();
 }
 
 bool FileTurn::isTakenByOther() const

@@ -32,9 +32,15 @@ public:
     STransferFailure prepare();
     /// Returns whether the file has arrived since the list was made.
     bool isPresent() const;
-    /// Completes the turn after a transfer, or for a file that isPresent() without one.
+    /// Completes the turn after a transfer, or for a file that isPresent() without one. A failed
+    /// transfer leaves no partial file: what has the file's name then, another one has stored.
+    /// `OfOthers` decides on that.
+    enum class OfOthers { Keep, Remove };
     void end(const STransferFailure& failure, int result, bool isTransferred,
-             const CBasePtr<CoreContext>& context);
+             const CBasePtr<CoreContext>& context, OfOthers ofOthers);
+    /// Returns whether the item cannot be used without this file: pictures may be missing with
+    /// HostSettings::showWithoutPreviews.
+    bool isRequired() const;
 
     /// @name While another download fetches the file
     /// @{

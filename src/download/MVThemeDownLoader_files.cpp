@@ -125,15 +125,17 @@ bool MVThemeDownLoader::fetchFile(FileTurn& turn)
     // Another download, or an earlier entry of the list, may have fetched the file meanwhile.
     if (turn.isPresent()) {
         doProgress(shareStart() + share());
-        turn.end({}, eTransfer_Success, false, coreContext());
+        turn.end({}, eTransfer_Success, false, coreContext(), FileTurn::OfOthers::Keep);
         return true;
     }
     m_CurWrapper.setDownloadProgressCallback(&downloadProgressCallback_a, this);
     m_CurWrapper.download(turn.url(), turn.file(), false);
     const STransferFailure failure = m_CurWrapper.failure();
+    turn.end(failure, m_CurWrapper.result(), true, coreContext(), FileTurn::OfOthers::Remove);
+    if (!failure.isFailure() || !turn.isRequired())
+        return true;
     noteFailure(failure);
-    turn.end(failure, m_CurWrapper.result(), true, coreContext());
-    return !failure.isFailure();
+    return false;
 }
 
 /// The other thread's outcome is ignored: if the file is still missing, the next download fetches

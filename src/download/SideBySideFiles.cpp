@@ -85,7 +85,7 @@ void SideBySideFiles::begin(int index)
         m_reports.failed(fault);
         finish(entry);
     } else if (entry.turn.isPresent()) { // another download has fetched it meanwhile
-        entry.turn.end({}, eTransfer_Success, false, m_context);
+        entry.turn.end({}, eTransfer_Success, false, m_context, FileTurn::OfOthers::Keep);
         finish(entry);
     } else {
         transfer(entry);
@@ -103,9 +103,10 @@ void SideBySideFiles::transfer(Entry& entry)
         return true;
     };
     job.ended = [this, &entry](const STransferOutcome& outcome) {
-        if (outcome.m_failure.isFailure())
+        if (outcome.m_failure.isFailure() && entry.turn.isRequired())
             m_reports.failed(outcome.m_failure);
-        entry.turn.end(outcome.m_failure, outcome.m_eResult, true, m_context);
+        entry.turn.end(outcome.m_failure, outcome.m_eResult, true, m_context,
+                       FileTurn::OfOthers::Keep);
         if (outcome.m_eResult == eTransfer_Cancelled)
             leave(entry);
         else

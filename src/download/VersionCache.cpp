@@ -63,7 +63,7 @@ VersionCache::Entry VersionCache::read(const QString& url)
 
 void VersionCache::store(const QString& url, const Entry& entry)
 {
-    if (entry.validators.isEmpty() || !MVThemeMgr::init()->isDownloadPath(path()))
+    if (!entry.validators.areReliable() || !MVThemeMgr::init()->isDownloadPath(path()))
         return;
     const QJsonObject json = {
         {urlKey, url},

@@ -23,6 +23,6 @@ public:
 
     /// Returns the entry for a version file at that address.
     static Entry read(const QString& url);
-    /// Replaces the entry, if the server has sent validators.
+    /// Replaces the entry, if the server has sent reliable validators.
     static void store(const QString& url, const Entry& entry);
 };

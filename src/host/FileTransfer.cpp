@@ -107,7 +107,15 @@ void FileTransfer::requestEnded(CURLcode code)
     follow(m_transfer.end(code));
 }
 
-void FileTransfer::tick()
+void FileTransfer::confirm()
+{
+    if (std::exchange(m_isConfirmed, true) || m_state != State::Requesting)
+        return;
+    if (!keepGoing(m_transfer.received(), 0))
+        cancel();
+}
+
+void FileTransfer::tick(int sideBySide)
 {
     if (m_state == State::Pausing) {
         if (!keepGoing(m_file.size(), 0))
@@ -120,7 +128,7 @@ void FileTransfer::tick()
         return;
     if (!keepGoing(m_transfer.received(), m_transfer.announcedTotal()))
         cancel();
-    else if (m_transfer.isStalled())
+    else if (m_transfer.isStalled(sideBySide))
         follow(m_transfer.end(CURLE_OPERATION_TIMEDOUT));
 }
 
@@ -258,6 +266,7 @@ void FileTransfer::noteValidators()
         known.m_etag = head.etag;
     if (!head.lastModified.isEmpty())
         known.m_lastModified = head.lastModified;
+    known.m_bStrongDate = head.hasStrongDate();
 }
 
 void FileTransfer::beginAgain()

@@ -20,8 +20,12 @@ public:
     void begin();
     /// Continues after libcurl has reported the end of the request.
     void requestEnded(CURLcode code);
-    /// Asks the job whether to continue, and looks at time limits.
-    void tick();
+    /// Asks the job, once, whether its first request may be sent: a cancel may have come since it
+    /// was started.
+    void confirm();
+    /// Asks the job whether to continue, and looks at time limits. `sideBySide` transfers share the
+    /// line.
+    void tick(int sideBySide);
     /// Ends the transfer as cancelled, unless it has ended; it need not have begun.
     void cancel();
 
@@ -64,6 +68,7 @@ private:
     HttpTransfer::Request m_request;
     QUrl m_url;     // the job's
     QUrl m_current; // of the request: m_url or where it redirects to
+    bool m_isConfirmed = false;
     int m_redirects = 0;
     int m_retries = 0;
     qint64 m_received = 0;

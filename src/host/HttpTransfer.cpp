@@ -62,7 +62,7 @@ qint64 HttpTransfer::received() const
     return m_file ? m_file->size() : 0;
 }
 
-bool HttpTransfer::isStalled()
+bool HttpTransfer::isStalled(int sideBySide)
 {
     if (isConnecting()) {
         m_stall.restart();
@@ -72,7 +72,7 @@ bool HttpTransfer::isStalled()
         refuse(End::Network, QStringLiteral("no connection within %1 ms").arg(limit.count()));
         return true;
     }
-    const QString fault = m_stall.fault(milliseconds(hostSettings().stallTimeoutMs));
+    const QString fault = m_stall.fault(milliseconds(hostSettings().stallTimeoutMs), sideBySide);
     if (fault.isEmpty())
         return false;
     refuse(End::Network, fault);

@@ -62,8 +62,9 @@ public:
     /// easy handle's private pointer (CURLOPT_PRIVATE) is `owner`.
     void begin(const Request& request, PartFile& file, void* owner);
 
-    /// Returns whether the server has been too slow; the request then has to be ended.
-    bool isStalled();
+    /// Returns whether the server has been too slow; the request then has to be ended. Of
+    /// `sideBySide` transfers, each has its share of the minimum rate.
+    bool isStalled(int sideBySide);
     /// Records that the request is being cancelled; it then has to be ended.
     void refuseAsCancelled();
 

@@ -1,10 +1,13 @@
 #include "host/ResponseHead.h"
 
+#include <QDateTime>
 #include <QList>
 
 #include <algorithm>
 
 namespace {
+
+constexpr qint64 strongDateSeconds = 60; // the clocks of servers differ
 
 /// Returns the three-digit status of a status line; 0 if there is none.
 int statusOf(const QByteArray& line)
@@ -62,6 +65,8 @@ void ResponseHead::addField(const QByteArray& name, const QByteArray& value)
         etag = value;
     } else if (name == "last-modified") {
         lastModified = value;
+    } else if (name == "date") {
+        date = value;
     } else if (name == "accept-ranges") {
         acceptRanges = value.toLower();
     } else if (name == "content-range") {
@@ -105,6 +110,17 @@ void ResponseHead::readContentRange(const QByteArray& value)
 bool ResponseHead::isRedirect() const
 {
     return status == 301 || status == 302 || status == 303 || status == 307 || status == 308;
+}
+
+bool ResponseHead::hasStrongDate() const
+{
+    const auto parsed = [](const QByteArray& field) {
+        return QDateTime::fromString(QString::fromLatin1(field), Qt::RFC2822Date);
+    };
+    const QDateTime modified = parsed(lastModified);
+    const QDateTime answered = parsed(date);
+    return modified.isValid() && answered.isValid()
+        && modified.secsTo(answered) >= strongDateSeconds;
 }
 
 QByteArray ResponseHead::validator() const

@@ -24,6 +24,7 @@ public:
     QByteArray location;
     QByteArray etag;
     QByteArray lastModified;
+    QByteArray date;            ///< when the answer was generated
     QByteArray acceptRanges;    ///< lower case
     qint64 rangeStart = -1;     ///< first byte of a 206's body, -1 if not stated
     qint64 rangeTotal = 0;      ///< size of the whole representation, 0 if not stated
@@ -32,6 +33,9 @@ public:
     bool isInterim() const { return status >= 100 && status < 200; }
     bool isRedirect() const;
 
+    /// Returns whether the modification date identifies the version: it is so much older than the
+    /// answer that the file cannot have changed twice in that second (RFC 9110, 8.8.2.2).
+    bool hasStrongDate() const;
     /// Returns the validator for a later range request: the entity tag if it is strong, or the
     /// modification date if there is no tag (RFC 9110, 13.1.5); otherwise empty.
     QByteArray validator() const;

@@ -2,12 +2,17 @@
 
 #include <QByteArray>
 
-/// Identify one version of a file on a server (RFC 9110, 8.8), so that it is sent again only if it
-/// has changed. A value type; both are as the server sent them, empty if it did not.
+/// The validators of one version of a file on a server (RFC 9110, 8.8), for requesting the file
+/// again only if it has changed. A value type; both fields are as the server sent them, empty if it
+/// did not.
 struct SValidators
 {
     QByteArray m_etag;
     QByteArray m_lastModified;
+    /// The modification date alone identifies the version, see ResponseHead::hasStrongDate().
+    bool m_bStrongDate = false;
 
     bool isEmpty() const { return m_etag.isEmpty() && m_lastModified.isEmpty(); }
+    /// Returns whether equal validators prove that nothing has changed.
+    bool areReliable() const { return !m_etag.isEmpty() || m_bStrongDate; }
 };

@@ -22,7 +22,7 @@ void StallWatch::add(std::size_t bytes)
     m_windowBytes += static_cast<qint64>(bytes);
 }
 
-QString StallWatch::fault(milliseconds limit)
+QString StallWatch::fault(milliseconds limit, int sideBySide)
 {
     const Clock::time_point now = Clock::now();
     const auto silence = now - m_lastByte;
@@ -32,7 +32,7 @@ QString StallWatch::fault(milliseconds limit)
     // During silence, the silence limit decides.
     if (window < limit || silence > limit / 2)
         return {};
-    if (m_windowBytes < minBytesPerSecond * window.count() / 1000) {
+    if (m_windowBytes < minBytesPerSecond * window.count() / 1000 / sideBySide) {
         return QStringLiteral("only %1 bytes received in %2 ms")
             .arg(m_windowBytes)
             .arg(window.count());

@@ -15,8 +15,9 @@ public:
     void add(std::size_t bytes);
 
     /// Returns a readable reason why the transfer counts as stalled; empty if it does not: no byte
-    /// for longer than `limit`, or fewer than 1,000 bytes a second over that time.
-    QString fault(std::chrono::milliseconds limit);
+    /// for longer than `limit`, or fewer than 1,000 bytes a second over that time, divided by the
+    /// number of transfers that share the line.
+    QString fault(std::chrono::milliseconds limit, int sideBySide = 1);
 
 private:
     using Clock = std::chrono::steady_clock;

@@ -1,6 +1,7 @@
 #include "host/TransferPool.h"
 
 #include "host/FileTransfer.h"
+#include "host/HostSettings.h"
 
 #include <QFileInfo>
 #include <QSet>
@@ -15,8 +16,6 @@
 using std::chrono::milliseconds;
 
 namespace {
-
-constexpr milliseconds tick(50); // a cancel is noticed within two ticks
 
 struct FreeMulti
 {
@@ -39,18 +38,19 @@ CURLM* createConnections(int maxTransfers)
 class TransferPool::Private
 {
 public:
-    Private(int maxTransfers, CancelToken token)
-        : max(static_cast<std::size_t>(std::max(maxTransfers, 1)))
+    Private(int atOnce, CancelToken token)
+        : maxTransfers(
+            static_cast<std::size_t>(std::clamp(atOnce, 1, HostSettings::maxTransfersSideBySide)))
         , cancelToken(std::move(token))
-        , connections(createConnections(static_cast<int>(max)))
+        , connections(createConnections(static_cast<int>(maxTransfers)))
     {
     }
 
     void begin(Job job);
     bool work();
-    void wait() const;
+    void wait(milliseconds longest) const;
 
-    const std::size_t max;
+    const std::size_t maxTransfers;
     const CancelToken cancelToken;
     std::atomic<bool> isCancelled{false};          // by cancel(), until endCancelled()
     std::unique_ptr<CURLM, FreeMulti> connections; // outlives the transfers
@@ -61,6 +61,7 @@ private:
     FileTransfer& add(Job job);
     void removeLeftoversBeside(const QString& file);
     void endCancelled();
+    void confirmNew();
     void takeMessages();
     void tickAll();
     std::vector<std::unique_ptr<FileTransfer>> takeEnded();
@@ -77,7 +78,7 @@ void TransferPool::Private::begin(Job job)
 FileTransfer& TransferPool::Private::add(Job job)
 {
     const auto version =
-        max > 1 ? HttpTransfer::Version::Http2OverTls : HttpTransfer::Version::Http11;
+        maxTransfers > 1 ? HttpTransfer::Version::Http2OverTls : HttpTransfer::Version::Http11;
     running.push_back(std::make_unique<FileTransfer>(connections.get(), version, std::move(job)));
     return *running.back();
 }
@@ -95,6 +96,7 @@ void TransferPool::Private::removeLeftoversBeside(const QString& file)
 bool TransferPool::Private::work()
 {
     endCancelled(); // first, so that no further request is sent
+    confirmNew();
     int unfinished = 0;
     curl_multi_perform(connections.get(), &unfinished);
     takeMessages();
@@ -102,7 +104,7 @@ bool TransferPool::Private::work()
     const std::vector<std::unique_ptr<FileTransfer>> ended = takeEnded();
     for (const auto& transfer : ended)
         transfer->report();
-    while (running.size() < max && !waiting.empty()) {
+    while (running.size() < maxTransfers && !waiting.empty()) {
         Job job = std::move(waiting.front());
         waiting.pop_front();
         begin(std::move(job));
@@ -120,6 +122,13 @@ void TransferPool::Private::endCancelled()
         add(std::move(job));
     for (const auto& transfer : running)
         transfer->cancel();
+}
+
+void TransferPool::Private::confirmNew()
+{
+    // Not by iterators: a progress callback may start further transfers.
+    for (std::size_t i = 0; i < running.size(); ++i)
+        running[i]->confirm();
 }
 
 void TransferPool::Private::takeMessages()
@@ -140,7 +149,7 @@ void TransferPool::Private::tickAll()
 {
     // Not by iterators: a progress callback may start further transfers.
     for (std::size_t i = 0; i < running.size(); ++i)
-        running[i]->tick();
+        running[i]->tick(static_cast<int>(running.size()));
 }
 
 std::vector<std::unique_ptr<FileTransfer>> TransferPool::Private::takeEnded()
@@ -153,9 +162,9 @@ std::vector<std::unique_ptr<FileTransfer>> TransferPool::Private::takeEnded()
     return ended;
 }
 
-void TransferPool::Private::wait() const
+void TransferPool::Private::wait(milliseconds longest) const
 {
-    milliseconds time = tick;
+    milliseconds time = std::clamp(longest, milliseconds(0), maxStep);
     for (const auto& transfer : running)
         time = transfer->pauseLeft(time);
     curl_multi_poll(connections.get(), nullptr, 0, static_cast<int>(time.count()), nullptr);
@@ -180,7 +189,7 @@ void TransferPool::start(Job job)
 
 bool TransferPool::hasRoom() const
 {
-    return d->running.size() < d->max;
+    return d->running.size() < d->maxTransfers;
 }
 
 bool TransferPool::isBusy() const
@@ -194,10 +203,10 @@ bool TransferPool::isFetching(const QString& file) const
                        [&](const auto& transfer) { return transfer->file() == file; });
 }
 
-void TransferPool::step()
+void TransferPool::step(milliseconds longest)
 {
     if (isBusy() && !d->work())
-        d->wait();
+        d->wait(longest);
 }
 
 void TransferPool::cancel()

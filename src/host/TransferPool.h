@@ -6,6 +6,7 @@
 
 #include <QString>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -46,8 +47,8 @@ public:
         Ended ended;         ///< may be empty
     };
 
-    /// Runs up to `maxTransfers` (at least 1) at a time. A cancelled token ends the running
-    /// transfers and those started later.
+    /// Runs up to `maxTransfers` at a time, 1 to HostSettings::maxTransfersSideBySide. A cancelled
+    /// token ends the running transfers and those started later.
     explicit TransferPool(int maxTransfers, CancelToken cancel = CancelToken());
     /// Ends the running transfers without calling back.
     ~TransferPool();
@@ -66,12 +67,14 @@ public:
     /// Returns whether a transfer that has begun and not ended writes this file.
     bool isFetching(const QString& file) const;
 
+    static constexpr std::chrono::milliseconds maxStep{50};
     /// Works on the transfers: returns as soon as some have ended, after calling back, and at the
-    /// latest after 50 ms. Not to be called by a callback.
-    void step();
+    /// latest after `longest`, at most maxStep. A callback must neither call it nor destroy the
+    /// pool.
+    void step(std::chrono::milliseconds longest = maxStep);
 
-    /// Ends all transfers started so far as cancelled, even stalled and waiting ones, with the next
-    /// step(). Any thread. Does nothing if none has been started; later ones are not affected.
+    /// Ends all transfers started before the next step() as cancelled, even stalled and waiting
+    /// ones, in that step(). Any thread. Does nothing while the pool is idle.
     void cancel();
 
 private:

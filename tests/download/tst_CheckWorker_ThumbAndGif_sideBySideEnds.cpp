@@ -22,6 +22,8 @@ private slots:
     void init();
     void cancelEndsEveryTransfer_data();
     void cancelEndsEveryTransfer();
+    void cancelKeepsWhatOthersHaveStored();
+    void cancelDuringPresentPictures();
     void cancelBeforeTheRun();
     void cancelWhenNothingIsLeftToBegin();
     void catalogueIsReloadedMeanwhile();
@@ -80,7 +82,7 @@ void tst_CheckWorker_ThumbAndGif_sideBySideEnds::cancelEndsEveryTransfer()
 {
     QFETCH(bool, isSilent);
     m_world.writeCatalogue(MVThemeMgr::eLoadDir_Download, numbers(10), {});
-    m_world.setFault([&](HttpExchange& exchange, int) {
+    m_world.setFault([isSilent](HttpExchange& exchange, int) {
         if (!isSilent) {
             exchange.send(HttpAnswer(200).field("Content-Length", "100").bareBody("half").bytes());
         }
@@ -105,6 +107,47 @@ void tst_CheckWorker_ThumbAndGif_sideBySideEnds::cancelEndsEveryTransfer()
     QVERIFY(!result.m_bWorkedThrough);
     QCOMPARE(m_world.targets().size(), atOnce);
     QCOMPARE(Files::filesBelow(m_world.root() + QStringLiteral("/Themes/display")), QStringList());
+}
+
+/// A download of the item may have brought its picture meanwhile.
+void tst_CheckWorker_ThumbAndGif_sideBySideEnds::cancelKeepsWhatOthersHaveStored()
+{
+    m_world.writeCatalogue(MVThemeMgr::eLoadDir_Download, numbers(1), {});
+    m_world.setFault([](HttpExchange& exchange, int) {
+        exchange.stall();
+        return true;
+    });
+    CheckWorker_ThumbAndGif worker;
+    const QString picture = m_world.preview("Themes", "t1.gif");
+    std::thread other([&] {
+        while (m_world.targets().size() < 2)
+            std::this_thread::yield();
+        Files::write(picture, "stored by another");
+        worker.cancel();
+    });
+    worker.onStartDownload_ThumbAndGif();
+    other.join();
+    QCOMPARE(Files::read(picture), QByteArray("stored by another"));
+}
+
+/// A walk over what is on disk must not delay the end.
+void tst_CheckWorker_ThumbAndGif_sideBySideEnds::cancelDuringPresentPictures()
+{
+    m_world.writeCatalogue(MVThemeMgr::eLoadDir_Download, numbers(300), {});
+    for (int number = 1; number <= 300; ++number) {
+        for (const char* suffix : {"jpg", "gif"}) {
+            const QByteArray name = "t" + QByteArray::number(number) + '.' + suffix;
+            Files::write(m_world.preview("Themes", name.constData()), "here");
+        }
+    }
+    CheckWorker_ThumbAndGif worker;
+    SPreviewRunResult result;
+    worker.setResultCallback([&](const SPreviewRunResult& ended) { result = ended; });
+    worker.setProgressCallback([&](const SUpdateProgress&) { worker.cancel(); });
+    QVERIFY(!worker.onStartDownload_ThumbAndGif());
+    QCOMPARE(result.m_eEnd, ePreviewRun_Cancelled);
+    QVERIFY(result.m_nPresent < 600);
+    QCOMPARE(m_world.targets(), QByteArrayList());
 }
 
 void tst_CheckWorker_ThumbAndGif_sideBySideEnds::cancelBeforeTheRun()

@@ -23,6 +23,8 @@ private slots:
     void unusableCacheIsIgnored();
     void cacheOfAnotherServerIsIgnored();
     void serverWithoutValidators();
+    void recentDateProvesNothing_data();
+    void recentDateProvesNothing();
     void malformedVersionIsNotRemembered();
     void answerWithoutAQuestionIsAFailure();
 
@@ -33,6 +35,7 @@ private:
 
     CheckWorld m_world;
     QByteArray m_version;
+    QByteArray m_date;          // of the server's answers
     QByteArrayList m_questions; // the conditions of the requests for the version file
     int m_bodies = 0;           // how many times it was sent
 };
@@ -58,6 +61,7 @@ void tst_checkConditional::init()
     m_world.install("1.0.2", "1", "1");
     hostSettings().conditionalRequests = true;
     m_version = versionOf("1.0.2");
+    m_date = "Mon, 07 Nov 2022 08:49:37 GMT";
     answerIfChanged("ETag", tag);
 }
 
@@ -85,7 +89,10 @@ void tst_checkConditional::answerIfChanged(const QByteArray& field, const QByteA
             return;
         }
         ++m_bodies;
-        exchange.answer(HttpAnswer(200).field(field, validator).body(m_version));
+        HttpAnswer answer = HttpAnswer(200).field(field, validator);
+        if (!m_date.isEmpty())
+            answer.field("Date", m_date);
+        exchange.answer(answer.body(m_version));
     });
 }
 
@@ -201,6 +208,31 @@ void tst_checkConditional::serverWithoutValidators()
     QCOMPARE(check(), int(eCatalogueCheck_Current));
     QCOMPARE(m_questions, (QByteArrayList{"|", "|"}));
     QVERIFY(!QFile::exists(cache()));
+}
+
+void tst_checkConditional::recentDateProvesNothing_data()
+{
+    QTest::addColumn<QByteArray>("answered");
+    QTest::addColumn<bool>("isAsked");
+    QTest::newRow("in the same second") << date << false;
+    QTest::newRow("a minute later, less a second")
+        << QByteArray("Sun, 06 Nov 2022 08:50:36 GMT") << false;
+    QTest::newRow("a minute later") << QByteArray("Sun, 06 Nov 2022 08:50:37 GMT") << true;
+    QTest::newRow("before") << QByteArray("Sun, 06 Nov 2022 08:49:30 GMT") << false;
+    QTest::newRow("no date") << QByteArray() << false;
+    QTest::newRow("not a date") << QByteArray("today") << false;
+}
+
+/// Two versions may have been published in one second.
+void tst_checkConditional::recentDateProvesNothing()
+{
+    QFETCH(QByteArray, answered);
+    QFETCH(bool, isAsked);
+    m_date = answered;
+    answerIfChanged("Last-Modified", date);
+    QCOMPARE(check(), int(eCatalogueCheck_Changed));
+    QCOMPARE(check(), int(eCatalogueCheck_Current));
+    QCOMPARE(m_questions.last(), isAsked ? '|' + date : QByteArray("|"));
 }
 
 /// Otherwise the server could not mend it under the same validator.

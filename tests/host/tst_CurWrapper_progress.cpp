@@ -157,7 +157,7 @@ void TestCurWrapperProgress::callsKeepADistance()
     ProgressWatch watch(download.wrapper());
     QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 0);
     // The first, the last, and one for each tenth of a second that was begun.
-    QVERIFY(watch.calls().size() <= timer.elapsed() / 100 + 3);
+    QVERIFY(watch.calls().size() <= timer.elapsed() / 50 + 3);
 }
 
 void TestCurWrapperProgress::callbackGetsItsUser()

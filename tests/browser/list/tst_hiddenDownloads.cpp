@@ -22,6 +22,7 @@ private slots:
     void endsInHiding();
     void failsInHiding();
     void comesBackAsItWas();
+    void comesBackOutOfView();
     void comesAndGoes();
     void comesBackAfterTheEnd();
     void isNotStartedTwice();
@@ -137,6 +138,30 @@ void tst_hiddenDownloads::comesBackAsItWas()
     QVERIFY(isMarked(m_cell));
     QCOMPARE(pageOf(m_cell), QStringLiteral("pageShow"));
     QCOMPARE(m_world->requests(files), 1);
+}
+
+/// The row may be anywhere when the filter shows it again; its item is applied all the same.
+void tst_hiddenDownloads::comesBackOutOfView()
+{
+    m_list.reset();
+    for (int number = 3; number <= 80; ++number)
+        m_world->addTheme(number, QStringLiteral("Other %1").arg(number));
+    m_world->load();
+    m_list = std::make_unique<ListWindow>(UIItem_Themes);
+    m_list->fill();
+    m_cell = m_list->cell(0);
+    const QSignalSpy applied(m_list->view(), &mvThemelistview::sigThemeItemClicked);
+    startDownload();
+    showOther();
+    m_list->view()->scrollToBottom();
+    m_list->view()->setCurrentIndex(m_list->view()->shownRow(CatalogueFiles::guid(80)));
+    showOne();
+    m_list->view()->scrollToBottom();
+    QCoreApplication::processEvents();
+    QVERIFY(m_cell && !m_cell->isDeletedAfterDownload());
+    m_world->release();
+    QTRY_COMPARE(applied.size(), 1);
+    QCOMPARE(m_list->view()->appliedItem(), CatalogueFiles::guid(1));
 }
 
 void tst_hiddenDownloads::comesAndGoes()

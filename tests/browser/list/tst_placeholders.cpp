@@ -9,10 +9,13 @@
 #include "host/HostSettings.h"
 #include "host/widgets/ThumbFrame.h"
 #include "records/FileView.h"
+#include "support/HttpAnswer.h"
+#include "support/HttpExchange.h"
 #include "support/TestMain.h"
 
 #include <QFile>
 #include <QScrollBar>
+#include <QSignalSpy>
 #include <QToolButton>
 
 #include <memory>
@@ -31,7 +34,8 @@ private slots:
     void itemsWithoutPicturesAreShown();
     void placeholderIsPainted();
     void arrivingPictureReplacesIt();
-    void arrivingPictureMayCompleteTheItem();
+    void itemThatLacksOnlyPicturesIsUsable();
+    void missingPictureDoesNotFailTheDownload();
     void arrivingPreviewIsPlayed();
     void arrivalsOfOthersChangeNothing_data();
     void arrivalsOfOthersChangeNothing();
@@ -148,19 +152,42 @@ void tst_placeholders::arrivingPictureReplacesIt()
     QVERIFY(picture(m_list->cell(1))->isEmpty() || thumbnailOf(2) == thumbnailOf(1));
 }
 
-/// A cell whose item lacks nothing offers no download.
-void tst_placeholders::arrivingPictureMayCompleteTheItem()
+/// They may never arrive.
+void tst_placeholders::itemThatLacksOnlyPicturesIsUsable()
 {
     removePictures();
     fill();
+    const QSignalSpy applied(m_list->view(), &mvThemelistview::sigThemeItemClicked);
     MVThemeItemWdg* const cell = m_list->cell(0);
     m_list->moveTo(cell);
-    QTRY_VERIFY(buttonOf(cell, "btnDownload")->isVisible());
-    Files::write(thumbnailOf(1), BrowserWorld::thumbnail());
-    Files::write(FileView(BrowserWorld::theme(1)->m_info_Gif).file(), BrowserWorld::animation());
-    PreviewExchange::instance()->tellArrived(Files::guid(1));
-    QTRY_VERIFY(!buttonOf(cell, "btnDownload")->isVisible());
-    QVERIFY(buttonOf(cell, "btnCollect_No")->isVisible());
+    QVERIFY(!buttonOf(cell, "btnDownload")->isVisible());
+    QTRY_VERIFY(buttonOf(cell, "btnCollect_No")->isVisible());
+    m_list->click(frameOf(cell));
+    QCOMPARE(applied.size(), 1);
+    QCOMPARE(m_world->requests(), 0);
+}
+
+/// The picture is fetched with the other files, but may be missing on the server.
+void tst_placeholders::missingPictureDoesNotFailTheDownload()
+{
+    const QString archive = QStringLiteral("/config/Themes/90.zip");
+    m_world->addTheme(90, QStringLiteral("Late"), BrowserWorld::OnServer);
+    m_world->load();
+    removePictures();
+    for (const char* picture : {"/display/Themes/90.png", "/display/Themes/90.gif"}) {
+        m_world->route(QString::fromLatin1(picture), [](HttpExchange& exchange) {
+            exchange.answer(HttpAnswer(404).body("no picture"));
+        });
+    }
+    fill();
+    const QSignalSpy applied(m_list->view(), &mvThemelistview::sigThemeItemClicked);
+    MVThemeItemWdg* const cell = m_list->view()->cell(Files::guid(90));
+    QVERIFY(cell);
+    cell->activate();
+    QTRY_COMPARE(applied.size(), 1);
+    QCOMPARE(m_world->requests(archive), 1);
+    QVERIFY(m_world->requests() > 1);
+    QCOMPARE(errorOf(cell), QString());
 }
 
 void tst_placeholders::arrivingPreviewIsPlayed()
