@@ -40,7 +40,8 @@ public:
     ~MVThemeItemWdg() override;
 
     /// @name Host callbacks
-    /// Shared by all cells and called on the GUI thread; empty ones are skipped. A callback may
+    /// Shared by all cells and called on the GUI thread; empty ones are skipped. A cell that is
+    /// destroyed or cleared calls none: CellEvents reports the end of its download. A callback may
     /// clear or destroy the list that contains the cell, but must leave reloading the catalogue to
     /// a later event: another callback may get the same item.
     /// @{

@@ -66,9 +66,9 @@ public:
     /// Appends all items of the catalogue's list, and "More>>" to the themes if the product
     /// parameter "url_slidershow" sets its target. The arguments are not used.
     void initData(const QUuid&, bool);
-    /// Appends an item, which must be in the catalogue, and opens its cell, with cells on demand if
-    /// it is visible. For many items use the
-    /// catalogue's list and initData(), which lays out the cells once.
+    /// Appends an item, which must be in the catalogue, and opens its cell; with cells on demand
+    /// only if it is visible. For many items use the catalogue's list and initData(), which lays
+    /// out the cells once.
     void addItem(const SCfg_Item& item);
     /// Returns the size and padding (top, right, bottom, left in x, y, width, height) that the skin
     /// gives this list's cells; a list without a type leaves both unchanged.

@@ -19,7 +19,6 @@ constexpr int pointSimulation = 208;
 constexpr int pointBeforeList = 218;
 
 constexpr int simulatedSteps = 10;
-constexpr double firstPhase = 10.0; // per cent
 
 } // namespace
 

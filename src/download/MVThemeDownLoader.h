@@ -116,6 +116,8 @@ private:
     static bool downloadProgressCallback_a(qint64 received, qint64 total, void* user);
     static bool downloadProgressCallback_a_downloading(SFileInfo* info, void* user);
 
+    static constexpr double firstPhase = 10.0; // per cent of the progress
+
     SCfg_Item* m_pItem = nullptr;
     CancelToken m_bWillCancel;
     QString m_strUrl;

@@ -17,8 +17,7 @@ namespace {
 constexpr int pointBeforeFile = 231;
 constexpr int pointWaiting = 240;
 
-constexpr double firstPhase = 10.0; // per cent
-constexpr double secondPhase = 90.0;
+constexpr double secondPhase = 90.0; // per cent
 
 std::mutex contextMutex; // guards MVThemeDownLoader::m_pqdCoreContext
 

@@ -22,7 +22,7 @@ struct SFileInfo;
 class SideBySideFiles
 {
 public:
-    /// What the download tells of the files, on its thread.
+    /// Receive the state of the files, on the download thread.
     struct Reports
     {
         std::function<void(double share)> progress; ///< 0 to 1; increases with every call

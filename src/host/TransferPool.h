@@ -14,8 +14,7 @@
 ///
 ///     TransferPool pool(hostSettings().transfersSideBySide, token);
 ///     for (const File& file : files)
-///         pool.start({file.url, file.path, false, {}, {}, [&](const auto& end) { note(file, end);
-///         }});
+///         pool.start({file.url, file.path});
 ///     while (pool.isBusy())
 ///         pool.step();
 ///
