@@ -112,7 +112,8 @@ void tst_MVThemeDownLoader_CheckCfg_cancel::checkThatHasNotBegun()
     QTRY_COMPARE(trace.checks(), 1);
     QCOMPARE(trace.count(QStringLiteral("check 6")), 1);
     QTRY_VERIFY_WITH_TIMEOUT(trace.isIdle(), longWait);
-    QCOMPARE(m_world.targets().size(), 0);
+    // On a busy machine, the thread may have sent its first request before the cancel.
+    QVERIFY(m_world.targets().size() <= 1);
 }
 
 /// A host ends a check together with the previews that follow it.
