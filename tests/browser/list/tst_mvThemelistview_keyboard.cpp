@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QSignalSpy>
+#include <QStandardItemModel>
 #include <QToolButton>
 
 #include <memory>

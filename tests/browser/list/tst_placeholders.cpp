@@ -16,6 +16,7 @@
 #include <QFile>
 #include <QScrollBar>
 #include <QSignalSpy>
+#include <QStandardItemModel>
 #include <QToolButton>
 
 #include <memory>
