@@ -13,6 +13,7 @@ class tst_editor_demo : public QObject
 
 private slots:
     void showsTheSamplesAndLeavesNothing();
+    void shownScriptEndsWell();
     void resourcesAreThoseOfTheOption();
     void wrongArguments_data();
     void wrongArguments();
@@ -48,6 +49,18 @@ void tst_editor_demo::showsTheSamplesAndLeavesNothing()
     const QStringList left =
         QDir(temporary).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     QVERIFY2(left.isEmpty(), qPrintable(left.join(QLatin1Char(' '))));
+}
+
+/// The one that script/demo shows.
+void tst_editor_demo::shownScriptEndsWell()
+{
+    const EditorWorld world;
+    const QString pictures = world.folder() + QStringLiteral("/pictures");
+    QVERIFY(QDir().mkpath(pictures));
+    VERIFY_ENDED_WELL(Editor(world).runDemo({QStringLiteral("--script"),
+                                             QStringLiteral(MV_DEMO_SCRIPT),
+                                             QStringLiteral("--screenshot"), pictures}));
+    QVERIFY(QFile::exists(pictures + QStringLiteral("/06-applied.png")));
 }
 
 void tst_editor_demo::resourcesAreThoseOfTheOption()
