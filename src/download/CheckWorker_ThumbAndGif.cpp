@@ -95,7 +95,10 @@ bool CheckWorker_ThumbAndGif::onStartDownload_ThumbAndGif()
     }
 
     // One thumbnail and one preview each.
-    m_progress.begin(2 * (m_vecDisplay_Themes.size() + m_vecDisplay_Filters.size()));
+    int items = 0;
+    for (const QVector<SCfg_Item>* const list : workList())
+        items += list->size();
+    m_progress.begin(2 * items);
     const bool isSideBySide = hostSettings().transfersSideBySide > 1;
     if (!(isSideBySide ? fetchSideBySide() : fetchInOrder()))
         return end(false);
@@ -103,12 +106,21 @@ bool CheckWorker_ThumbAndGif::onStartDownload_ThumbAndGif()
     return end(true);
 }
 
+/// Background materials are shown without their pictures only if the host asks for that.
+QVector<QVector<SCfg_Item>*> CheckWorker_ThumbAndGif::workList()
+{
+    QVector<QVector<SCfg_Item>*> lists = {&m_vecDisplay_Themes, &m_vecDisplay_Filters};
+    if (hostSettings().showWithoutPreviews)
+        lists.append(&m_vecDisplay_BgMaterial);
+    return lists;
+}
+
 /// Returns false if the run was cancelled.
 bool CheckWorker_ThumbAndGif::fetchInOrder()
 {
     CheckTransfer transfer(m_CurWrapper, m_progress, m_bWillCancel);
     int index = 0;
-    for (QVector<SCfg_Item>* const items : {&m_vecDisplay_Themes, &m_vecDisplay_Filters}) {
+    for (QVector<SCfg_Item>* const items : workList()) {
         for (SCfg_Item& item : *items) {
             if (!fetchFile(transfer, thumb, index, item) || !fetchFile(transfer, gif, index, item))
                 return false;
@@ -164,8 +176,11 @@ bool CheckWorker_ThumbAndGif::readDisplay(bool hasMV, bool hasSplit)
              m_vecDisplay_Themes);
     }
     if (hasSplit) {
-        read(&MVThemeMgr::read_resource_display_xml_a_theme, eCfgItem_BgMaterial,
-             m_vecCfg_BgMaterial, m_vecDisplay_BgMaterial);
+        // Only the flat form, in which the catalogue reads them, contains what lists show.
+        const Reader reader = hostSettings().showWithoutPreviews
+            ? &MVThemeMgr::read_resource_display_xml_a
+            : &MVThemeMgr::read_resource_display_xml_a_theme;
+        read(reader, eCfgItem_BgMaterial, m_vecCfg_BgMaterial, m_vecDisplay_BgMaterial);
     }
     read(&MVThemeMgr::read_resource_display_xml_a, eCfgItem_Filter, m_vecCfg_Filters,
          m_vecDisplay_Filters);

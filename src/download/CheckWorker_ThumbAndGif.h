@@ -15,7 +15,8 @@
 
 class CheckTransfer;
 
-/// Fetches the missing thumbnails and animated previews of themes and filters: one object does one
+/// Fetches the missing thumbnails and animated previews of themes and filters, and with
+/// HostSettings::showWithoutPreviews the thumbnails of background materials: one object does one
 /// run.
 ///
 /// It reads the catalogue files itself, the downloaded ones or else the installed ones, into its
@@ -84,6 +85,7 @@ private:
 
     bool readConfig(bool hasMV, bool hasSplit);
     bool readDisplay(bool hasMV, bool hasSplit);
+    QVector<QVector<SCfg_Item>*> workList();
     bool fetchInOrder();
     bool fetchSideBySide();
     bool beginPictures(SideBySide& run);

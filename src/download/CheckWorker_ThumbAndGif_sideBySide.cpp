@@ -38,7 +38,7 @@ bool CheckWorker_ThumbAndGif::fetchSideBySide()
 {
     QVector<SCfg_Item*> items;
     QVector<QString> guids;
-    for (QVector<SCfg_Item>* const list : {&m_vecDisplay_Themes, &m_vecDisplay_Filters}) {
+    for (QVector<SCfg_Item>* const list : workList()) {
         for (SCfg_Item& item : *list) {
             items.append(&item);
             guids.append(item.m_qsGUID);

@@ -30,6 +30,8 @@ private slots:
     void failuresAreCountedAndTheOthersArrive();
     void progressCountsEveryFile();
     void arrivalsAreTold();
+    void backgroundsAreFetchedIfShown_data();
+    void backgroundsAreFetchedIfShown();
 
 private:
     void writeThemes(int count);
@@ -270,6 +272,36 @@ void tst_CheckWorker_ThumbAndGif_sideBySide::arrivalsAreTold()
         guids.append(arrival.constFirst().toString());
     guids.sort();
     QCOMPARE(guids, (QStringList{Files::guid(1), Files::guid(2)}));
+}
+
+void tst_CheckWorker_ThumbAndGif_sideBySide::backgroundsAreFetchedIfShown_data()
+{
+    QTest::addColumn<bool>("isShown");
+    QTest::addColumn<int>("transfers");
+    for (const int transfers : {1, atOnce}) {
+        QTest::addRow("shown, %d at a time", transfers) << true << transfers;
+        QTest::addRow("not shown, %d at a time", transfers) << false << transfers;
+    }
+}
+
+void tst_CheckWorker_ThumbAndGif_sideBySide::backgroundsAreFetchedIfShown()
+{
+    QFETCH(bool, isShown);
+    QFETCH(int, transfers);
+    hostSettings().showWithoutPreviews = isShown;
+    hostSettings().transfersSideBySide = transfers;
+    CheckWorld::setParam("hasSplit", "1");
+    const QString kind = QStringLiteral("BgMaterial");
+    Files::write(m_world.downloadedFile("resource_config.xml"),
+                 Files::document(Files::cfgGroup(kind, {{Files::guid(1), {}, {}}})));
+    Files::write(m_world.downloadedFile("resource_display.xml"),
+                 Files::document(Files::displayCategory(
+                     kind, {{Files::guid(1), QStringLiteral("Silk"), QStringLiteral("b1.jpg")}})));
+    m_world.serve("/display/BgMaterial/b1.jpg", "silk");
+    QVERIFY(run());
+    QCOMPARE(m_world.targets().size(), isShown ? 1 : 0);
+    QCOMPARE(m_result.m_nFetched, isShown ? 1 : 0);
+    QCOMPARE(m_progress.constLast().m_nFilesDone, isShown ? 2 : 0);
 }
 
 MV_TEST_MAIN(tst_CheckWorker_ThumbAndGif_sideBySide)
