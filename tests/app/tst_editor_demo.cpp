@@ -57,9 +57,9 @@ void tst_editor_demo::shownScriptEndsWell()
     const EditorWorld world;
     const QString pictures = world.folder() + QStringLiteral("/pictures");
     QVERIFY(QDir().mkpath(pictures));
-    VERIFY_ENDED_WELL(Editor(world).runDemo({QStringLiteral("--script"),
-                                             QStringLiteral(MV_DEMO_SCRIPT),
-                                             QStringLiteral("--screenshot"), pictures}));
+    VERIFY_ENDED_WELL(
+        Editor(world).runDemo({QStringLiteral("--script"), QStringLiteral(MV_DEMO_SCRIPT),
+                               QStringLiteral("--screenshot"), pictures}));
     QVERIFY(QFile::exists(pictures + QStringLiteral("/06-applied.png")));
 }
 
