@@ -95,8 +95,9 @@ bool CheckWorker_ThumbAndGif::onStartDownload_ThumbAndGif()
     }
 
     // One thumbnail and one preview each.
+    const QVector<QVector<SCfg_Item>*> lists = workList();
     int items = 0;
-    for (const QVector<SCfg_Item>* const list : workList())
+    for (const QVector<SCfg_Item>* const list : lists)
         items += list->size();
     m_progress.begin(2 * items);
     const bool isSideBySide = hostSettings().transfersSideBySide > 1;
@@ -120,7 +121,8 @@ bool CheckWorker_ThumbAndGif::fetchInOrder()
 {
     CheckTransfer transfer(m_CurWrapper, m_progress, m_bWillCancel);
     int index = 0;
-    for (QVector<SCfg_Item>* const items : workList()) {
+    const QVector<QVector<SCfg_Item>*> lists = workList();
+    for (QVector<SCfg_Item>* const items : lists) {
         for (SCfg_Item& item : *items) {
             if (!fetchFile(transfer, thumb, index, item) || !fetchFile(transfer, gif, index, item))
                 return false;

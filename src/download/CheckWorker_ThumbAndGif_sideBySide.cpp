@@ -38,7 +38,8 @@ bool CheckWorker_ThumbAndGif::fetchSideBySide()
 {
     QVector<SCfg_Item*> items;
     QVector<QString> guids;
-    for (QVector<SCfg_Item>* const list : workList()) {
+    const QVector<QVector<SCfg_Item>*> lists = workList();
+    for (QVector<SCfg_Item>* const list : lists) {
         for (SCfg_Item& item : *list) {
             items.append(&item);
             guids.append(item.m_qsGUID);
