@@ -106,7 +106,7 @@ void TestTransferPoolConditional::knownVersionIsNotSent()
     QCOMPARE(run.content(name), QByteArray("present"));
     QCOMPARE(QFileInfo(run.path(name)).lastModified().toSecsSinceEpoch(), qint64{1000000000});
     QCOMPARE(run.files(), QStringList{name});
-    // What the server gave is passed back as it is.
+    // Validators are sent back unchanged.
     const HttpRequest request = server.requests().constFirst();
     QCOMPARE(request.fields.value("if-none-match"), version.m_etag);
     QCOMPARE(request.fields.value("if-modified-since"), version.m_lastModified);

@@ -160,7 +160,7 @@ void tst_skinnedLists::aCellOfAnUnknownItemLooksEmpty()
     }
 }
 
-/// What the user sees of a row until cells on demand reach it.
+/// Tests the look of a row that has no cell yet.
 void tst_skinnedLists::aRowWithoutItsCellLooksEmpty()
 {
     QFETCH(QString, skin);
