@@ -204,16 +204,9 @@ void MVThemeItemSubwdgt_Preview::resetItemData()
     m_pUi->frmShow->resetItemData();
 }
 
-/// They may have been all that the item lacked.
 void MVThemeItemSubwdgt_Preview::showArrivedPictures()
 {
-    if (!m_pItem)
-        return;
     m_pUi->frmShow->showArrivedPictures();
-    if (underMouse())
-        doEvent_Enter();
-    else
-        doEvent_Leave();
 }
 
 void MVThemeItemSubwdgt_Preview::startPlayGif()

@@ -200,9 +200,10 @@ bool CheckWorker_ThumbAndGif::fetchFile(CheckTransfer& transfer, const Kind& kin
     if (turn == Turn::Fetch) {
         const ETransferResult result =
             transfer.fetch(picture.url, picture.file, hostSettings().maxDownloadBytes);
+        const bool goesOn = endTurn(picture, result, transfer.failure());
         if (result != eTransfer_Success)
             QFile::remove(picture.file);
-        if (!endTurn(picture, result, transfer.failure()))
+        if (!goesOn)
             return false;
     }
     m_progress.countFiles(1);
@@ -231,6 +232,8 @@ CheckWorker_ThumbAndGif::Turn CheckWorker_ThumbAndGif::beginTurn(const Picture& 
         log(picture, picture.kind->present);
         if (!picture.file.isEmpty()) // items that have no such file need none either
             ++m_result.m_nPresent;
+        if (m_fetchedFiles.contains(picture.file)) // for another item
+            PreviewExchange::instance()->tellArrived(picture.guid);
         return Turn::Over;
     }
     if (stopIfCancelled(*picture.kind))
@@ -259,6 +262,7 @@ bool CheckWorker_ThumbAndGif::endTurn(const Picture& picture, ETransferResult re
     }
     log(picture, picture.kind->fetched);
     ++m_result.m_nFetched;
+    m_fetchedFiles.insert(picture.file);
     PreviewExchange::instance()->tellArrived(picture.guid);
     return !stopIfCancelled(*picture.kind);
 }

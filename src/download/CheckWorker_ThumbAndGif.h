@@ -9,6 +9,8 @@
 #include "records/SCfg_Item.h"
 
 #include <QObject>
+#include <QSet>
+#include <QString>
 #include <QVector>
 
 #include <functional>
@@ -109,6 +111,7 @@ private:
     QVector<SCfg_Item> m_vecCfg_BgMaterial;
     CurWrapper m_CurWrapper;
 
+    QSet<QString> m_fetchedFiles; // by this run
     SPreviewRunResult m_result;
     ResultCallback m_resultCallback;
     ProgressReport m_progress;

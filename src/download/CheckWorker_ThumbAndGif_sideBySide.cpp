@@ -1,14 +1,12 @@
 // CheckWorker_ThumbAndGif: several files at a time, those that the user is looking at first.
 
 #include "download/CheckWorker_ThumbAndGif.h"
-#include "download/PreviewExchange.h"
 #include "download/PreviewQueue.h"
 #include "host/HostSettings.h"
 #include "host/TransferPool.h"
 
 #include <algorithm>
 #include <chrono>
-#include <memory>
 #include <utility>
 
 namespace {
@@ -66,8 +64,6 @@ bool CheckWorker_ThumbAndGif::beginPictures(SideBySide& run)
             continue;
         }
         beginPicture(run, next.item, next.isGif);
-        // For the first item, the transfer told.
-        PreviewExchange::instance()->tellArrived(run.items.at(next.item)->m_qsGUID);
     }
     for (int looked = 0; looked < picturesPerTurn && run.pool.hasRoom() && !run.isStopped;
          ++looked) {

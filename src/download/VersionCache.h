@@ -15,7 +15,7 @@ class VersionCache
 public:
     struct Entry
     {
-        SValidators validators; ///< empty: there is no usable entry
+        SValidators validators; ///< empty if there is no usable entry
         QByteArray content;
     };
 

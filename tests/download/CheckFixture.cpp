@@ -8,6 +8,7 @@
 #include <QDir>
 
 #include <algorithm>
+#include <numeric>
 
 CheckWorld::CheckWorld()
     : m_server([this](HttpExchange& exchange) { answer(exchange); })
@@ -34,6 +35,13 @@ void CheckWorld::fresh()
     m_fault = nullptr;
     m_requests = 0;
     m_targets.clear();
+}
+
+QVector<int> CheckWorld::numbers(int count)
+{
+    QVector<int> all(count);
+    std::iota(all.begin(), all.end(), 1);
+    return all;
 }
 
 QByteArrayList CheckWorld::comparable(QByteArrayList targets)

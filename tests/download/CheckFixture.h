@@ -77,6 +77,8 @@ public:
     /// number, with thumbnails "t1.jpg" and "f1.jpg" and previews "t1.gif".
     void writeCatalogue(MVThemeMgr::ELoadDir tree, const QVector<int>& themes,
                         const QVector<int>& filters) const;
+    /// Returns the numbers from 1 to `count`, for the items of a catalogue.
+    static QVector<int> numbers(int count);
     static QByteArray displayCatalogue(const QVector<int>& themes, const QVector<int>& filters);
     static QByteArray configCatalogue(const QVector<int>& themes, const QVector<int>& filters);
     /// Return the address of a catalogue file, and its path while a check fetches it.

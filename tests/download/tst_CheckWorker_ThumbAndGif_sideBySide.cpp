@@ -24,6 +24,7 @@ private slots:
     void orderOfTheList();
     void visibleItemsComeFirst();
     void wishesDuringTheRunCount();
+    void sharedPictureIsFetchedOnce_data();
     void sharedPictureIsFetchedOnce();
     void sharedPictureThatFailsIsTriedAgain();
     void presentPicturesAreNotFetched();
@@ -61,14 +62,6 @@ QByteArray picture(int theme, const char* suffix = "jpg")
     return "/display/Themes/t" + QByteArray::number(theme) + '.' + suffix;
 }
 
-QVector<int> numbers(int count)
-{
-    QVector<int> all;
-    for (int number = 1; number <= count; ++number)
-        all.append(number);
-    return all;
-}
-
 } // namespace
 
 void tst_CheckWorker_ThumbAndGif_sideBySide::init()
@@ -87,7 +80,7 @@ void tst_CheckWorker_ThumbAndGif_sideBySide::cleanup()
 /// Writes themes with the numbers 1 to `count`, whose pictures are served.
 void tst_CheckWorker_ThumbAndGif_sideBySide::writeThemes(int count)
 {
-    m_world.writeCatalogue(MVThemeMgr::eLoadDir_Download, numbers(count), {});
+    m_world.writeCatalogue(MVThemeMgr::eLoadDir_Download, CheckWorld::numbers(count), {});
     for (int number = 1; number <= count; ++number) {
         for (const char* suffix : {"jpg", "gif"})
             m_world.serve(picture(number, suffix), "content of " + picture(number, suffix));
@@ -177,8 +170,17 @@ void tst_CheckWorker_ThumbAndGif_sideBySide::wishesDuringTheRunCount()
     QVERIFY(targets.indexOf(picture(40)) < targets.indexOf(picture(20)));
 }
 
+void tst_CheckWorker_ThumbAndGif_sideBySide::sharedPictureIsFetchedOnce_data()
+{
+    QTest::addColumn<int>("transfers");
+    QTest::newRow("side by side") << atOnce;
+    QTest::newRow("in order") << 1;
+}
+
 void tst_CheckWorker_ThumbAndGif_sideBySide::sharedPictureIsFetchedOnce()
 {
+    QFETCH(int, transfers);
+    hostSettings().transfersSideBySide = transfers;
     const QString folder = QStringLiteral("Filter");
     QVector<CatalogueFiles::CfgItem> items;
     QVector<CatalogueFiles::DisplayItem> shown;
@@ -190,11 +192,23 @@ void tst_CheckWorker_ThumbAndGif_sideBySide::sharedPictureIsFetchedOnce()
                  Files::document(Files::cfgGroup(folder, items)));
     Files::write(m_world.downloadedFile("resource_display.xml"),
                  Files::document(Files::displayCategory(folder, shown)));
-    m_world.serve("/display/VideoFilters/same.jpg", "the same");
+    m_world.route("/display/VideoFilters/same.jpg", [](HttpExchange& exchange) {
+        exchange.pause(std::chrono::milliseconds(200)); // so that the others have to wait
+        exchange.answer(HttpAnswer(200).body("the same"));
+    });
+    const QSignalSpy arrivals(PreviewExchange::instance(), &PreviewExchange::pictureArrived);
     QVERIFY(run());
     QCOMPARE(m_world.targets(), QByteArrayList{"/display/VideoFilters/same.jpg"});
     QCOMPARE(m_result.m_nFetched, 1);
     QCOMPARE(m_result.m_nPresent, 4);
+    // Each item is told once, although some looked at the file while it was being written.
+    QStringList guids;
+    for (const QList<QVariant>& arrival : arrivals)
+        guids.append(arrival.constFirst().toString());
+    guids.sort();
+    QCOMPARE(guids,
+             (QStringList{Files::guid(1), Files::guid(2), Files::guid(3), Files::guid(4),
+                          Files::guid(5)}));
 }
 
 void tst_CheckWorker_ThumbAndGif_sideBySide::sharedPictureThatFailsIsTriedAgain()

@@ -41,14 +41,6 @@ namespace {
 constexpr int atOnce = 6;
 constexpr int soonMs = 2000; // generous; the run ends within 200 ms
 
-QVector<int> numbers(int count)
-{
-    QVector<int> all;
-    for (int number = 1; number <= count; ++number)
-        all.append(number);
-    return all;
-}
-
 } // namespace
 
 void tst_CheckWorker_ThumbAndGif_sideBySideEnds::init()
@@ -61,8 +53,8 @@ void tst_CheckWorker_ThumbAndGif_sideBySideEnds::init()
 
 void tst_CheckWorker_ThumbAndGif_sideBySideEnds::publishThemes(int count)
 {
-    const QByteArray display = CheckWorld::displayCatalogue(numbers(count), {});
-    const QByteArray config = CheckWorld::configCatalogue(numbers(count), {});
+    const QByteArray display = CheckWorld::displayCatalogue(CheckWorld::numbers(count), {});
+    const QByteArray config = CheckWorld::configCatalogue(CheckWorld::numbers(count), {});
     m_world.publish("1.0.2", display, config);
     m_world.install("1.0.2", "1", "1");
     for (int number = 1; number <= count; ++number) {
@@ -81,7 +73,7 @@ void tst_CheckWorker_ThumbAndGif_sideBySideEnds::cancelEndsEveryTransfer_data()
 void tst_CheckWorker_ThumbAndGif_sideBySideEnds::cancelEndsEveryTransfer()
 {
     QFETCH(bool, isSilent);
-    m_world.writeCatalogue(MVThemeMgr::eLoadDir_Download, numbers(10), {});
+    m_world.writeCatalogue(MVThemeMgr::eLoadDir_Download, CheckWorld::numbers(10), {});
     m_world.setFault([isSilent](HttpExchange& exchange, int) {
         if (!isSilent) {
             exchange.send(HttpAnswer(200).field("Content-Length", "100").bareBody("half").bytes());
@@ -112,7 +104,7 @@ void tst_CheckWorker_ThumbAndGif_sideBySideEnds::cancelEndsEveryTransfer()
 /// A download of the item may have brought its picture meanwhile.
 void tst_CheckWorker_ThumbAndGif_sideBySideEnds::cancelKeepsWhatOthersHaveStored()
 {
-    m_world.writeCatalogue(MVThemeMgr::eLoadDir_Download, numbers(1), {});
+    m_world.writeCatalogue(MVThemeMgr::eLoadDir_Download, CheckWorld::numbers(1), {});
     m_world.setFault([](HttpExchange& exchange, int) {
         exchange.stall();
         return true;
@@ -133,7 +125,7 @@ void tst_CheckWorker_ThumbAndGif_sideBySideEnds::cancelKeepsWhatOthersHaveStored
 /// A walk over what is on disk must not delay the end.
 void tst_CheckWorker_ThumbAndGif_sideBySideEnds::cancelDuringPresentPictures()
 {
-    m_world.writeCatalogue(MVThemeMgr::eLoadDir_Download, numbers(300), {});
+    m_world.writeCatalogue(MVThemeMgr::eLoadDir_Download, CheckWorld::numbers(300), {});
     for (int number = 1; number <= 300; ++number) {
         for (const char* suffix : {"jpg", "gif"}) {
             const QByteArray name = "t" + QByteArray::number(number) + '.' + suffix;
@@ -152,7 +144,7 @@ void tst_CheckWorker_ThumbAndGif_sideBySideEnds::cancelDuringPresentPictures()
 
 void tst_CheckWorker_ThumbAndGif_sideBySideEnds::cancelBeforeTheRun()
 {
-    m_world.writeCatalogue(MVThemeMgr::eLoadDir_Download, numbers(2), {});
+    m_world.writeCatalogue(MVThemeMgr::eLoadDir_Download, CheckWorld::numbers(2), {});
     CheckWorker_ThumbAndGif worker;
     DownloadTrace trace;
     worker.cancel();
@@ -164,7 +156,7 @@ void tst_CheckWorker_ThumbAndGif_sideBySideEnds::cancelBeforeTheRun()
 /// As with one file at a time: the run was worked through, and its last files failed.
 void tst_CheckWorker_ThumbAndGif_sideBySideEnds::cancelWhenNothingIsLeftToBegin()
 {
-    m_world.writeCatalogue(MVThemeMgr::eLoadDir_Download, numbers(2), {});
+    m_world.writeCatalogue(MVThemeMgr::eLoadDir_Download, CheckWorld::numbers(2), {});
     m_world.setFault([](HttpExchange& exchange, int) {
         exchange.stall();
         return true;
@@ -186,7 +178,7 @@ void tst_CheckWorker_ThumbAndGif_sideBySideEnds::cancelWhenNothingIsLeftToBegin(
 
 void tst_CheckWorker_ThumbAndGif_sideBySideEnds::catalogueIsReloadedMeanwhile()
 {
-    m_world.writeCatalogue(MVThemeMgr::eLoadDir_Download, numbers(30), {});
+    m_world.writeCatalogue(MVThemeMgr::eLoadDir_Download, CheckWorld::numbers(30), {});
     for (int number = 1; number <= 30; ++number) {
         for (const char* suffix : {".jpg", ".gif"})
             m_world.serve("/display/Themes/t" + QByteArray::number(number) + suffix, "x");

@@ -264,7 +264,7 @@ void tst_MVThemeDownLoader_errors::fileInPlaceOfAFailedOneIsDeleted()
     QVERIFY(DownloadWorld::run(downloader, item));
 
     QCOMPARE(trace.results(), QVector<int>{code});
-    // Of several files at a time, a transfer leaves alone what others have stored.
+    // Side by side, a failed transfer keeps what others have stored.
     const bool isKept = TransfersSideBySide::isOn() && kind == eCfgItem_Filter;
     QCOMPARE(QFileInfo::exists(file), isKept);
 }

@@ -41,6 +41,18 @@ FaultServer::Handler handlerOf(State state)
     return [](HttpExchange& exchange) { exchange.stall(); };
 }
 
+/// Cancels on the download's own thread, as soon as its progress shows that a file has ended.
+void cancelByProgress(MVThemeDownLoader& downloader)
+{
+    QObject::connect(
+        &downloader, &MVThemeDownLoader::progress, &downloader,
+        [&downloader](double value) {
+            if (value > 10.5)
+                downloader.cancel();
+        },
+        Qt::DirectConnection);
+}
+
 } // namespace
 
 Q_DECLARE_METATYPE(State)
@@ -243,13 +255,7 @@ void tst_MVThemeDownLoader_sideBySideEnds::cancelledByTheProgressOfAFile()
     DownloadTrace trace;
     MVThemeDownLoader downloader(nullptr);
     trace.watch(downloader);
-    connect(
-        &downloader, &MVThemeDownLoader::progress, &downloader,
-        [&downloader](double value) {
-            if (value > 10.5)
-                downloader.cancel();
-        },
-        Qt::DirectConnection);
+    cancelByProgress(downloader);
     QVERIFY(DownloadWorld::run(downloader, filter));
 
     QCOMPARE(trace.results(), QVector<int>{eDownLoadError_Cancel});
@@ -272,13 +278,7 @@ void tst_MVThemeDownLoader_sideBySideEnds::cancelledWhileFilesBegin()
     DownloadTrace trace;
     MVThemeDownLoader downloader(nullptr);
     trace.watch(downloader);
-    connect(
-        &downloader, &MVThemeDownLoader::progress, &downloader,
-        [&downloader](double value) {
-            if (value > 10.5)
-                downloader.cancel();
-        },
-        Qt::DirectConnection);
+    cancelByProgress(downloader);
     QVERIFY(DownloadWorld::run(downloader, filter));
     QCOMPARE(trace.results(), QVector<int>{eDownLoadError_Cancel});
     QCOMPARE(trace.countContaining(QStringLiteral("index = [0]")), 1);
