@@ -1,38 +1,24 @@
 #include "BodyServer.h"
 
+#include "Loopback.h"
+
 #include <QByteArray>
 #include <QList>
 
 #include <algorithm>
 
-#include <arpa/inet.h>
-#include <netinet/in.h>
-#include <netinet/tcp.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
 namespace {
 
-constexpr int backlog = 16;
 constexpr int chunkSize = 256 * 1024;
-
-bool sendAll(int socket, const char* data, qint64 length)
-{
-    while (length > 0) {
-        const ssize_t sent = ::send(socket, data, static_cast<std::size_t>(length), MSG_NOSIGNAL);
-        if (sent <= 0)
-            return false;
-        data += sent;
-        length -= sent;
-    }
-    return true;
-}
 
 bool sendBody(int socket, qint64 length)
 {
     static const QByteArray chunk(chunkSize, 'x');
     for (; length > 0; length -= chunk.size()) {
-        if (!sendAll(socket, chunk.constData(), std::min<qint64>(length, chunk.size())))
+        if (!Loopback::sendAll(socket, chunk.constData(), std::min<qint64>(length, chunk.size())))
             return false;
     }
     return true;
@@ -41,17 +27,8 @@ bool sendBody(int socket, qint64 length)
 } // namespace
 
 BodyServer::BodyServer()
-    : m_listener(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
+    : m_listener(Loopback::listen(m_port))
 {
-    sockaddr_in address = {};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t length = sizeof address;
-    auto* const generic = reinterpret_cast<sockaddr*>(&address);
-    if (::bind(m_listener, generic, length) != 0 || ::getsockname(m_listener, generic, &length) != 0
-        || ::listen(m_listener, backlog) != 0)
-        qFatal("no loopback socket");
-    m_port = ntohs(address.sin_port);
 }
 
 BodyServer::~BodyServer()
@@ -65,8 +42,7 @@ void BodyServer::serveForever() const
         const int socket = ::accept(m_listener, nullptr, nullptr);
         if (socket < 0)
             continue;
-        const int on = 1;
-        ::setsockopt(socket, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
+        Loopback::sendAtOnce(socket);
         serve(socket);
         ::close(socket);
     }
@@ -90,7 +66,7 @@ void BodyServer::serve(int socket) const
         const qint64 size = path.split('/').value(1).toLongLong();
         const QByteArray head =
             "HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(size) + "\r\n\r\n";
-        if (!sendAll(socket, head.constData(), head.size()) || !sendBody(socket, size))
+        if (!Loopback::sendAll(socket, head.constData(), head.size()) || !sendBody(socket, size))
             return;
     }
 }

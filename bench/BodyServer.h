@@ -19,6 +19,6 @@ public:
 private:
     void serve(int socket) const;
 
-    int m_listener = -1;
-    quint16 m_port = 0;
+    quint16 m_port = 0; // initialised before m_listener, which sets it
+    int m_listener;
 };

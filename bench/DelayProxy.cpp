@@ -1,5 +1,7 @@
 #include "DelayProxy.h"
 
+#include "Loopback.h"
+
 #include <QByteArray>
 
 #include <algorithm>
@@ -10,7 +12,6 @@
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
-#include <netinet/tcp.h>
 #include <sys/mman.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
@@ -18,7 +19,6 @@
 
 namespace {
 
-constexpr int backlog = 64;
 constexpr int chunkSize = 64 * 1024;
 
 sockaddr_in loopback(quint16 port)
@@ -28,24 +28,6 @@ sockaddr_in loopback(quint16 port)
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     address.sin_port = htons(port);
     return address;
-}
-
-void sendAtOnce(int socket)
-{
-    const int on = 1;
-    ::setsockopt(socket, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
-}
-
-bool sendAll(int socket, const char* data, qint64 length)
-{
-    while (length > 0) {
-        const ssize_t sent = ::send(socket, data, static_cast<std::size_t>(length), MSG_NOSIGNAL);
-        if (sent <= 0)
-            return false;
-        data += sent;
-        length -= sent;
-    }
-    return true;
 }
 
 /// Appends what arrives next; returns false at the end of the connection.
@@ -90,7 +72,7 @@ bool relay(int server, int client)
         return false;
     qint64 left = head + lengthOf(buffer.left(head));
     for (;;) {
-        if (!sendAll(client, buffer.constData(), buffer.size()))
+        if (!Loopback::sendAll(client, buffer.constData(), buffer.size()))
             return false;
         left -= buffer.size();
         buffer.clear();
@@ -105,17 +87,10 @@ bool relay(int server, int client)
 
 DelayProxy::DelayProxy(quint16 serverPort)
     : m_serverPort(serverPort)
-    , m_listener(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
+    , m_listener(Loopback::listen(m_port))
     , m_delayMs(new (::mmap(nullptr, sizeof(std::atomic<int>), PROT_READ | PROT_WRITE,
                             MAP_SHARED | MAP_ANONYMOUS, -1, 0)) std::atomic<int>(0))
 {
-    sockaddr_in address = loopback(0);
-    socklen_t length = sizeof address;
-    auto* const generic = reinterpret_cast<sockaddr*>(&address);
-    if (::bind(m_listener, generic, length) != 0 || ::getsockname(m_listener, generic, &length) != 0
-        || ::listen(m_listener, backlog) != 0)
-        qFatal("no loopback socket");
-    m_port = ntohs(address.sin_port);
     m_child = ::fork();
     if (m_child == 0)
         serveForever();
@@ -149,13 +124,13 @@ int DelayProxy::connectToServer() const
     const sockaddr_in address = loopback(m_serverPort);
     if (::connect(server, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)
         qFatal("the server does not run");
-    sendAtOnce(server);
+    Loopback::sendAtOnce(server);
     return server;
 }
 
 void DelayProxy::serve(int client) const
 {
-    sendAtOnce(client);
+    Loopback::sendAtOnce(client);
     const int server = connectToServer();
     QByteArray buffer;
     for (;;) {
@@ -163,7 +138,7 @@ void DelayProxy::serve(int client) const
         if (head == 0)
             break;
         std::this_thread::sleep_for(std::chrono::milliseconds(m_delayMs->load()));
-        if (!sendAll(server, buffer.constData(), head) || !relay(server, client))
+        if (!Loopback::sendAll(server, buffer.constData(), head) || !relay(server, client))
             break;
         buffer.remove(0, head);
     }

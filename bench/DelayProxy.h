@@ -27,7 +27,7 @@ private:
 
     quint16 m_serverPort;
     quint16 m_port = 0;
-    int m_listener = -1;
+    int m_listener;              // sets m_port
     std::atomic<int>* m_delayMs; // in memory shared with the process
     pid_t m_child = -1;
 };

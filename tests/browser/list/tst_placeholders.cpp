@@ -37,6 +37,7 @@ private slots:
     void arrivingPictureReplacesIt();
     void itemThatLacksOnlyPicturesIsUsable();
     void missingPictureDoesNotFailTheDownload();
+    void failedDownloadKeepsItsButton();
     void arrivingPreviewIsPlayed();
     void arrivalsOfOthersChangeNothing_data();
     void arrivalsOfOthersChangeNothing();
@@ -189,6 +190,25 @@ void tst_placeholders::missingPictureDoesNotFailTheDownload()
     QCOMPARE(m_world->requests(archive), 1);
     QVERIFY(m_world->requests() > 1);
     QCOMPARE(errorOf(cell), QString());
+}
+
+/// Also when its picture arrives afterwards.
+void tst_placeholders::failedDownloadKeepsItsButton()
+{
+    m_world->addTheme(90, QStringLiteral("Late"), BrowserWorld::OnServer);
+    m_world->load();
+    m_world->route(QStringLiteral("/config/Themes/90.zip"), [](HttpExchange& exchange) {
+        exchange.answer(HttpAnswer(404).body("no archive"));
+    });
+    fill();
+    MVThemeItemWdg* const cell = m_list->view()->cell(Files::guid(90));
+    m_list->view()->scrollTo(m_list->view()->shownRow(Files::guid(90)));
+    cell->activate();
+    QTRY_VERIFY(!errorOf(cell).isEmpty());
+    QVERIFY(buttonOf(cell, "btnDownload")->isVisible());
+    PreviewExchange::instance()->tellArrived(Files::guid(90));
+    QCoreApplication::processEvents();
+    QVERIFY(buttonOf(cell, "btnDownload")->isVisible());
 }
 
 void tst_placeholders::arrivingPreviewIsPlayed()
