@@ -1,0 +1,33 @@
+#pragma once
+
+#include "records/MvResourceExport.h"
+
+#include <QByteArray>
+#include <QString>
+
+/// A public key with which a host trusts releases, in the format of minisign: base64 of the
+/// algorithm "Ed", a key id of 8 bytes and an Ed25519 key. A value type, any thread.
+class MVRESOURCE_EXPORT ReleaseKey
+{
+public:
+    static constexpr int idBytes = 8;
+    static constexpr int keyBytes = 32;
+
+    /// Reads the line "RW…" or the content of a key file, whose first line is a comment. Returns
+    /// false, with the reason in `error`, for any other text; `out` is then unchanged.
+    static bool parse(const QString& text, ReleaseKey& out, QString& error);
+
+    ReleaseKey() = default;
+    ReleaseKey(QByteArray id, QByteArray key);
+
+    const QByteArray& id() const { return m_id; }
+    const QByteArray& key() const { return m_key; }
+    /// Returns the key id as minisign prints it: 16 upper-case hexadecimal digits.
+    QString idText() const;
+    /// Returns the line that parse() reads.
+    QString toText() const;
+
+private:
+    QByteArray m_id;  // in the order of the file
+    QByteArray m_key; // Ed25519
+};
