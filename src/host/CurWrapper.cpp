@@ -1,5 +1,6 @@
 #include "host/CurWrapper.h"
 
+#include "host/SPublishedContent.h"
 #include "host/TransferPool.h"
 
 #include <utility>
@@ -57,6 +58,17 @@ void CurWrapper::downloadIfChanged(const QString& url, const QString& file,
     job.url = url;
     job.file = file;
     job.known = known;
+    d->run(std::move(job));
+}
+
+void CurWrapper::downloadPublished(const QString& url, const QString& file,
+                                   const QString& contentUrl, const SPublishedContent& published)
+{
+    TransferPool::Job job;
+    job.url = url;
+    job.file = file;
+    job.contentUrl = contentUrl;
+    job.published = published;
     d->run(std::move(job));
 }
 

@@ -9,6 +9,9 @@
 
 #include <memory>
 
+struct SPublishedContent;
+struct SValidators;
+
 /// Blocking HTTP download of one file at a time.
 ///
 /// One object serves one thread; only cancel() may be called from another. It keeps one connection
@@ -51,6 +54,11 @@ public:
     /// Does the same, but if the server's version is the known one, nothing is sent and the local
     /// file is not touched: see outcome().
     void downloadIfChanged(const QString& url, const QString& file, const SValidators& known);
+
+    /// Does the same as download(), but stores only the published content, and requests it first
+    /// at `contentUrl` unless that is empty; see TransferPool::Job.
+    void downloadPublished(const QString& url, const QString& file, const QString& contentUrl,
+                           const SPublishedContent& published);
 
     /// Returns the outcome of the last download; a success before the first.
     const STransferOutcome& outcome() const;

@@ -18,6 +18,7 @@ enum ETransferResult : int {
     eTransfer_Cancelled = 5,
     /// Larger than the caller or HostSettings::maxDownloadBytes allows.
     eTransfer_TooLarge = 6,
-    /// Not the published content: it contradicts the file name.
+    /// Not the published content: it contradicts the file name, or does not have the announced size
+    /// and digest.
     eTransfer_NotPublished = 7,
 };

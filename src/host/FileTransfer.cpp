@@ -56,25 +56,30 @@ FileTransfer::FileTransfer(CURLM* connections, HttpTransfer::Version version, Tr
     : m_job(std::move(job))
     , m_transfer(connections, version)
     , m_url(m_job.url, QUrl::TolerantMode)
+    , m_first(m_job.contentUrl.isEmpty() ? m_url : QUrl(m_job.contentUrl, QUrl::TolerantMode))
 {
 }
 
 void FileTransfer::begin()
 {
-    if (!m_url.isValid() || !isHttp(m_url)) {
+    if (!m_url.isValid() || !isHttp(m_url) || !isHttp(m_first)) {
         return fail(eTransfer_BadUrl, eFailure_BadAddress,
                     QStringLiteral("not an http or https address"));
     }
     if (!openTarget())
         return failAtFile();
     m_request.known = m_job.known;
-    m_current = m_url;
+    m_current = m_first;
     beginRequest();
 }
 
 bool FileTransfer::openTarget()
 {
-    return m_file.open(m_job.file) && (!m_job.resume || copyBeginning());
+    if (!m_file.open(m_job.file))
+        return false;
+    if (m_job.published.isKnown())
+        m_file.startDigest();
+    return !m_job.resume || copyBeginning();
 }
 
 bool FileTransfer::copyBeginning()
@@ -98,6 +103,7 @@ bool FileTransfer::copyBeginning()
 void FileTransfer::beginRequest()
 {
     m_request.url = m_current.toEncoded(QUrl::RemoveFragment);
+    m_request.maxBytes = m_job.published.m_sizeBytes;
     m_transfer.begin(m_request, m_file, this);
     m_state = State::Requesting;
 }
@@ -159,10 +165,17 @@ void FileTransfer::follow(HttpTransfer::End end)
                                : fail(eTransfer_BadUrl, eFailure_BadAddress, error);
     }
     m_received = std::max(m_received, m_file.size());
-    m_current = m_url;
+    m_current = m_first;
     m_redirects = 0;
     if (end == HttpTransfer::End::Complete)
-        return store();
+        return isOther() && !m_request.revalidate ? beginPastCaches() : store();
+    if (end == HttpTransfer::End::TooLarge && m_job.published.isKnown())
+        return m_request.revalidate ? failAsOther() : beginPastCaches();
+    if (m_first != m_url && m_transfer.causeOf(end) == eFailure_NotOnServer) {
+        m_first = m_url;
+        m_current = m_url;
+        return beginAgain();
+    }
     if (end == HttpTransfer::End::NotModified) {
         m_outcome.m_bNotModified = true;
         m_outcome.m_validators = m_job.known;
@@ -211,12 +224,16 @@ void FileTransfer::store()
     m_received = m_file.size();
     if (m_job.progress && !m_job.progress(m_received, m_received))
         return failAsCancelled();
-    if (ContentCheck::isPage(m_file.beginning(ContentCheck::pageBytes)) && !isPageWanted()) {
+    const bool isProven = m_job.published.isKnown() && !isOther();
+    if (!isProven && ContentCheck::isPage(m_file.beginning(ContentCheck::pageBytes))
+        && !isPageWanted()) {
         return fail(
             eTransfer_Network, eFailure_Unreachable,
             QStringLiteral("received a web page instead of the file, as from a network that "
                            "asks for a login"));
     }
+    if (isOther())
+        return failAsOther();
     bool isUnreadable = false;
     const QString fault = hostSettings().checkContent
         ? ContentCheck::fault(m_file.temporaryPath(), m_job.file, &isUnreadable)
@@ -269,10 +286,27 @@ void FileTransfer::noteValidators()
     known.m_bStrongDate = head.hasStrongDate();
 }
 
+/// Returns whether a complete body is not the content that the job wants.
+bool FileTransfer::isOther() const
+{
+    const SPublishedContent& published = m_job.published;
+    return published.isKnown()
+        && (m_file.size() != published.m_sizeBytes || m_file.digest() != published.m_digest);
+}
+
+/// A cache may have kept the content of an earlier release.
+void FileTransfer::beginPastCaches()
+{
+    m_request.revalidate = true;
+    beginAgain();
+}
+
 void FileTransfer::beginAgain()
 {
+    const bool revalidate = m_request.revalidate;
     m_request = HttpTransfer::Request();
     m_request.known = m_job.known;
+    m_request.revalidate = revalidate;
     if (!m_file.restart())
         return failAtFile();
     beginRequest();
@@ -330,6 +364,12 @@ void FileTransfer::failAtFile()
 void FileTransfer::failAsCancelled()
 {
     fail(eTransfer_Cancelled, eFailure_Cancelled, QStringLiteral("cancelled"));
+}
+
+void FileTransfer::failAsOther()
+{
+    fail(eTransfer_NotPublished, eFailure_Damaged,
+         QStringLiteral("the content is not the published one"));
 }
 
 void FileTransfer::fail(ETransferResult code, EFailureCause cause, const QString& reason)

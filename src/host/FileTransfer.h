@@ -51,6 +51,8 @@ private:
     void rememberVersion();
     void noteValidators();
     void beginAgain();
+    bool isOther() const;
+    void beginPastCaches();
     bool isTransient(HttpTransfer::End end) const;
     std::chrono::milliseconds pauseBefore(int retry) const;
     bool keepGoing(qint64 received, qint64 total);
@@ -58,6 +60,7 @@ private:
     void failAt(HttpTransfer::End end);
     void failAtFile();
     void failAsCancelled();
+    void failAsOther();
     void fail(ETransferResult code, EFailureCause cause, const QString& reason);
 
     TransferPool::Job m_job;
@@ -67,7 +70,8 @@ private:
     HttpTransfer m_transfer; // after m_file, into which it writes
     HttpTransfer::Request m_request;
     QUrl m_url;     // the job's
-    QUrl m_current; // of the request: m_url or where it redirects to
+    QUrl m_first;   // of the job's first request: its contentUrl or m_url
+    QUrl m_current; // of the request: m_first or where it redirects to
     bool m_isConfirmed = false;
     int m_redirects = 0;
     int m_retries = 0;

@@ -3,6 +3,7 @@
 #include "host/HostSettings.h"
 #include "host/PartFile.h"
 
+#include <algorithm>
 #include <utility>
 
 using std::chrono::milliseconds;
@@ -151,6 +152,8 @@ void HttpTransfer::configure(const Request& request, void* owner)
         fields = curl_slist_append(fields, "If-None-Match: " + request.known.m_etag);
     if (!request.known.m_lastModified.isEmpty())
         fields = curl_slist_append(fields, "If-Modified-Since: " + request.known.m_lastModified);
+    if (request.revalidate)
+        fields = curl_slist_append(fields, "Cache-Control: no-cache");
     curl_easy_setopt(easy, CURLOPT_RANGE, range.isEmpty() ? nullptr : range.constData());
     curl_easy_setopt(easy, CURLOPT_HTTPHEADER, fields);
     m_fields.reset(fields);
@@ -309,9 +312,15 @@ bool HttpTransfer::isSameVersion() const
     return modified.isValid() && modified <= m_request.notAfter;
 }
 
-bool HttpTransfer::acceptSize()
+qint64 HttpTransfer::maxBytes() const
 {
     const qint64 allowed = hostSettings().maxDownloadBytes;
+    return m_request.maxBytes > 0 ? std::min(allowed, m_request.maxBytes) : allowed;
+}
+
+bool HttpTransfer::acceptSize()
+{
+    const qint64 allowed = maxBytes();
     if (announcedTotal() <= allowed)
         return true;
     return refuse(End::TooLarge,
@@ -328,7 +337,7 @@ std::size_t HttpTransfer::takeBody(const char* data, std::size_t length)
         m_discarded += count;
         return m_discarded > maxDiscardBytes ? 0 : length;
     }
-    const qint64 allowed = hostSettings().maxDownloadBytes;
+    const qint64 allowed = maxBytes();
     if (m_file->size() + count > allowed) {
         refuse(End::TooLarge, QStringLiteral("the body exceeds the %1 bytes allowed").arg(allowed));
         return 0;

@@ -38,12 +38,14 @@ public:
 
     struct Request
     {
-        QByteArray url;        ///< percent-encoded
-        qint64 rangeStart = 0; ///< above 0: request the rest of the body from this byte on
-        QByteArray validator;  ///< for a range: the rest only if it is still this version
-        qint64 rangeTotal = 0; ///< the total of the whole, 0 if unknown
-        QDateTime notAfter;    ///< without a validator: the rest only if unchanged since then
-        SValidators known;     ///< unless empty: the body only if the server has another version
+        QByteArray url;          ///< percent-encoded
+        qint64 rangeStart = 0;   ///< above 0: request the rest of the body from this byte on
+        QByteArray validator;    ///< for a range: the rest only if it is still this version
+        qint64 rangeTotal = 0;   ///< the total of the whole, 0 if unknown
+        QDateTime notAfter;      ///< without a validator: the rest only if unchanged since then
+        SValidators known;       ///< unless empty: the body only if the server has another version
+        qint64 maxBytes = 0;     ///< above 0: the largest body, if below that of the settings
+        bool revalidate = false; ///< caches must ask the server whether they have the last version
     };
 
     /// The protocol that a request may use.
@@ -95,6 +97,7 @@ private:
     bool isSameVersion() const;
     bool isWhole(qint64 size) const;
     bool acceptSize();
+    qint64 maxBytes() const;
     bool refuse(End end, const QString& reason);
     std::size_t takeHeader(const char* data, std::size_t length);
     std::size_t takeBody(const char* data, std::size_t length);

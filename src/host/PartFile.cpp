@@ -1,5 +1,6 @@
 #include "host/PartFile.h"
 
+#include "host/ContentDigest.h"
 #include "host/NewFileMode.h"
 
 #include <QDir>
@@ -110,6 +111,8 @@ bool stillHasName(int handle)
 
 } // namespace
 
+PartFile::PartFile() = default;
+
 PartFile::~PartFile()
 {
     discard();
@@ -122,6 +125,7 @@ bool PartFile::open(const QString& target)
     m_size = 0;
     m_eCause = eFailure_None;
     m_error.clear();
+    m_digest.reset();
     const QFileInfo info(target);
     if (info.fileName().isEmpty() || info.isDir())
         return fail(eFailure_LocalFile, QStringLiteral("is a folder, not a file name"));
@@ -153,8 +157,20 @@ bool PartFile::createLocked()
     return fail(eFailure_LocalFile, QStringLiteral("no temporary file could be created beside it"));
 }
 
+void PartFile::startDigest()
+{
+    m_digest = std::make_unique<ContentDigest>();
+}
+
+QByteArray PartFile::digest() const
+{
+    return m_digest ? m_digest->hex() : QByteArray();
+}
+
 bool PartFile::write(const char* data, qint64 length)
 {
+    if (m_digest)
+        m_digest->add(data, length);
     while (length > 0) {
         const ssize_t written = ::write(m_handle, data, static_cast<std::size_t>(length));
         if (written < 0 && errno == EINTR)
@@ -182,6 +198,8 @@ bool PartFile::restart()
     if (::ftruncate(m_handle, 0) != 0 || ::lseek(m_handle, 0, SEEK_SET) != 0)
         return failWith(errno);
     m_size = 0;
+    if (m_digest)
+        m_digest->reset();
     return true;
 }
 

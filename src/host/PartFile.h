@@ -5,6 +5,10 @@
 #include <QFile>
 #include <QString>
 
+#include <memory>
+
+class ContentDigest;
+
 /// A file that is written beside its target and renamed to the target when it is complete.
 ///
 /// Until commit() the target keeps its content, even after a kill, since the bytes are in a file
@@ -14,12 +18,17 @@
 class PartFile
 {
 public:
-    PartFile() = default;
+    PartFile();
     ~PartFile();
     Q_DISABLE_COPY_MOVE(PartFile)
 
     /// Starts a file for `target`, whose folder must exist. On false see errorText().
     bool open(const QString& target);
+
+    /// Starts a digest of what is written from now on.
+    void startDigest();
+    /// Returns that digest, see ContentDigest; empty if there is none.
+    QByteArray digest() const;
 
     /// Appends; returns false if not every byte could be written.
     bool write(const char* data, qint64 length);
@@ -64,6 +73,7 @@ private:
     QByteArray m_name; // of the temporary file, in the encoding of the file system
     int m_handle = -1; // open for writing; -1: no temporary file
     qint64 m_size = 0;
+    std::unique_ptr<ContentDigest> m_digest; // null: not wanted
     EFailureCause m_eCause = eFailure_None;
     QString m_error;
 };

@@ -2,6 +2,7 @@
 
 #include "host/CancelToken.h"
 #include "host/MvHostExport.h"
+#include "host/SPublishedContent.h"
 #include "host/STransferOutcome.h"
 
 #include <QString>
@@ -42,8 +43,14 @@ public:
         QString file;        ///< in a folder that exists
         bool resume = false; ///< see CurWrapper::download()
         SValidators known;   ///< unless empty: fetch only if the server has another version
-        Progress progress;   ///< may be empty
-        Ended ended;         ///< may be empty
+        /// If known, the file is stored only with this content. Another one is requested once more,
+        /// past all caches.
+        SPublishedContent published;
+        /// If not empty, requested first; `url` only if the server does not have it. `url` is the
+        /// one that the outcome names.
+        QString contentUrl;
+        Progress progress; ///< may be empty
+        Ended ended;       ///< may be empty
     };
 
     /// Runs up to `maxTransfers` at a time, 1 to HostSettings::maxTransfersSideBySide. A cancelled

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QByteArray>
+#include <QtGlobal>
+
+/// The content that a file must have to be accepted, as a publisher has announced it. A value type.
+struct SPublishedContent
+{
+    QByteArray m_digest; ///< see ContentDigest; empty: any content is accepted
+    qint64 m_sizeBytes = 0;
+
+    bool isKnown() const { return !m_digest.isEmpty(); }
+};
