@@ -25,24 +25,45 @@ SValidators CheckTransfer::validators() const
 ETransferResult CheckTransfer::fetchIfChanged(const QString& url, const QString& file,
                                               qint64 maxBytes, const SValidators& known)
 {
+    begin(url, maxBytes);
+    m_wrapper.downloadIfChanged(url, file, known);
+    return end();
+}
+
+ETransferResult CheckTransfer::fetchPublished(const QString& url, const QString& file,
+                                              const AcceptedRelease::Source& source,
+                                              qint64 maxBytes)
+{
+    begin(url, maxBytes);
+    m_wrapper.downloadPublished(url, file, source.contentUrl, source.published);
+    return end();
+}
+
+void CheckTransfer::begin(const QString& url, qint64 maxBytes)
+{
+    m_url = url;
     m_maxBytes = maxBytes;
     m_isTooLarge = false;
     m_isLate = false;
     m_deadline = std::chrono::steady_clock::now() + m_timeLimit;
     m_wrapper.setDownloadProgressCallback(&CheckTransfer::goOn, this);
-    m_wrapper.downloadIfChanged(url, file, known);
+}
+
+ETransferResult CheckTransfer::end()
+{
     m_wrapper.setDownloadProgressCallback(nullptr, nullptr);
     m_progress.endTransfer();
     m_failure = m_wrapper.failure();
     if (m_isTooLarge) {
         m_failure.m_eCause = eFailure_TooLarge;
-        m_failure.m_qsDetails = QStringLiteral("%1: larger than %2 bytes").arg(url).arg(maxBytes);
+        m_failure.m_qsDetails =
+            QStringLiteral("%1: larger than %2 bytes").arg(m_url).arg(m_maxBytes);
         return eTransfer_TooLarge;
     }
     if (m_isLate) {
         m_failure.m_eCause = eFailure_ConnectionLost;
         m_failure.m_qsDetails =
-            QStringLiteral("%1: not complete within %2 ms").arg(url).arg(m_timeLimit.count());
+            QStringLiteral("%1: not complete within %2 ms").arg(m_url).arg(m_timeLimit.count());
         return eTransfer_Network;
     }
     return static_cast<ETransferResult>(m_wrapper.result());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "download/AcceptedRelease.h"
 #include "host/CancelToken.h"
 #include "host/ETransferResult.h"
 #include "host/STransferFailure.h"
@@ -35,6 +36,10 @@ public:
     /// isNotModified().
     ETransferResult fetchIfChanged(const QString& url, const QString& file, qint64 maxBytes,
                                    const SValidators& known);
+    /// Does the same, but if the content is known, accepts only that and requests it by its digest
+    /// first.
+    ETransferResult fetchPublished(const QString& url, const QString& file,
+                                   const AcceptedRelease::Source& source, qint64 maxBytes);
     /// Returns whether the last transfer succeeded without a body.
     bool isNotModified() const;
     /// Returns the validators of the version that the last transfer has brought.
@@ -43,6 +48,8 @@ public:
     const STransferFailure& failure() const { return m_failure; }
 
 private:
+    void begin(const QString& url, qint64 maxBytes);
+    ETransferResult end();
     static bool goOn(qint64 received, qint64 total, void* user);
 
     CurWrapper& m_wrapper;
@@ -50,6 +57,7 @@ private:
     CancelToken m_cancel;
     std::chrono::milliseconds m_timeLimit{0};
     std::chrono::steady_clock::time_point m_deadline;
+    QString m_url; // of the last transfer
     qint64 m_maxBytes = 0;
     bool m_isTooLarge = false;
     bool m_isLate = false;

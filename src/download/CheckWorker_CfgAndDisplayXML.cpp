@@ -2,8 +2,9 @@
 
 #include "catalogue/MVThemeMgr.h"
 #include "catalogue/XmlGuard.h"
+#include "download/AnswerCache.h"
 #include "download/CheckTransfer.h"
-#include "download/VersionCache.h"
+#include "download/ReleaseCheck.h"
 #include "download/VersionFile.h"
 #include "host/AppOptions.h"
 #include "host/FileLock.h"
@@ -71,7 +72,8 @@ void CheckWorker_CfgAndDisplayXML::onStartDownloadXML(const QString&)
 
     CheckTransfer transfer(m_CurWrapper, m_progress, m_bWillCancel);
     m_progress.begin(filesOfACheck);
-    if (!fetchVersion(transfer)) {
+    ReleaseCheck release(transfer, getDownLoadTemp(), m_bWillCancel);
+    if (!acceptRelease(release) || !fetchVersion(transfer)) {
         end();
         return;
     }
@@ -91,6 +93,7 @@ void CheckWorker_CfgAndDisplayXML::onStartDownloadXML(const QString&)
             fetchCatalogue(transfer, needConfig, needDisplay);
     }
     rememberVersion();
+    keepRelease(release);
     end();
 }
 
@@ -117,14 +120,9 @@ bool CheckWorker_CfgAndDisplayXML::fetchVersion(CheckTransfer& transfer)
     if (stopIfCancelled(2, url, file))
         return false;
     transfer.setTimeLimit(std::chrono::milliseconds(hostSettings().versionTimeoutMs));
-    const bool mayAsk = hostSettings().conditionalRequests;
-    const VersionCache::Entry known = mayAsk ? VersionCache::read(url) : VersionCache::Entry();
-    ETransferResult result =
-        transfer.fetchIfChanged(url, file, VersionFile::maxBytes, known.validators);
-    STransferFailure failure = transfer.failure();
-    if (result == eTransfer_Success && transfer.isNotModified()
-        && !Utils::writeFile(file, known.content, &failure))
-        result = eTransfer_LocalFile;
+    STransferFailure failure;
+    const ETransferResult result = m_release ? fetchListed(transfer, url, file, failure)
+                                             : fetchVersionFile(transfer, url, file, failure);
     transfer.setTimeLimit(std::chrono::milliseconds::zero());
     if (result != eTransfer_Success) {
         noteFailure(result, failure, true);
@@ -136,13 +134,31 @@ bool CheckWorker_CfgAndDisplayXML::fetchVersion(CheckTransfer& transfer)
     }
     if (stopIfCancelled(2, url, file))
         return false;
-    if (mayAsk && !transfer.isNotModified())
-        m_versionValidators = transfer.validators();
     logFile(2, "doWork download EType_XML_resource_version_xml is ok!, strUrl = %s, strFile = %s",
             url, file);
     logFile(2, "doWork download EType_XML_resource_version_xml, strUrl = %s, strFile = %s", url,
             file);
     return true;
+}
+
+ETransferResult CheckWorker_CfgAndDisplayXML::fetchVersionFile(CheckTransfer& transfer,
+                                                               const QString& url,
+                                                               const QString& file,
+                                                               STransferFailure& failure)
+{
+    const bool mayAsk = hostSettings().conditionalRequests;
+    const AnswerCache::Entry known =
+        mayAsk ? AnswerCache::ofVersion().read(url) : AnswerCache::Entry();
+    const ETransferResult result =
+        transfer.fetchIfChanged(url, file, VersionFile::maxBytes, known.validators);
+    failure = transfer.failure();
+    if (result != eTransfer_Success)
+        return result;
+    if (transfer.isNotModified() && !Utils::writeFile(file, known.content, &failure))
+        return eTransfer_LocalFile;
+    if (mayAsk && !transfer.isNotModified())
+        m_versionValidators = transfer.validators();
+    return result;
 }
 
 bool CheckWorker_CfgAndDisplayXML::readVersions()
@@ -183,8 +199,8 @@ void CheckWorker_CfgAndDisplayXML::rememberVersion()
     if (!m_versionValidators.areReliable() || !RegularFile::open(file)
         || !RegularFile::readAll(file, VersionFile::maxBytes, content))
         return;
-    VersionCache::store(getSerThemeXMLPath(EType_XML_resource_version_xml),
-                        {m_versionValidators, content});
+    AnswerCache::ofVersion().store(getSerThemeXMLPath(EType_XML_resource_version_xml),
+                                   {m_versionValidators, content});
 }
 
 /// Returns whether the server has the installed format version: only such catalogues are fetched.
@@ -259,10 +275,11 @@ bool CheckWorker_CfgAndDisplayXML::fetchFile(CheckTransfer& transfer, const Cata
     const QString target = getDownLoad_XML_Temp(file.type, true);
     if (stopIfCancelled(1, url, target))
         return false;
-    const ETransferResult result = transfer.fetch(url, target, XmlGuard::maxBytes);
+    STransferFailure failure;
+    const ETransferResult result = fetchListed(transfer, url, target, failure);
     if (result != eTransfer_Success) {
         hasError = true;
-        noteFailure(result, transfer.failure(), false);
+        noteFailure(result, failure, false);
         QFile::remove(target);
         emit sig_endDownloadXML(true);
         LogL("MVThemeDownLoader", 1,
@@ -303,6 +320,8 @@ void CheckWorker_CfgAndDisplayXML::noteFailure(ETransferResult result,
         note(eCatalogueCheck_Cancelled, QString(), eFailure_Cancelled);
     else if (result == eTransfer_LocalFile)
         note(eCatalogueCheck_NotStored, failure.m_qsDetails, failure.m_eCause);
+    else if (m_release && result == eTransfer_NotPublished)
+        note(eCatalogueCheck_Rejected, failure.m_qsDetails, failure.m_eCause);
     else if (result == eTransfer_Network || (isVersion && result != eTransfer_TooLarge))
         note(eCatalogueCheck_Unreachable, failure.m_qsDetails, failure.m_eCause);
     else

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "download/AcceptedRelease.h"
 #include "download/EType_XML.h"
 #include "download/ProgressReport.h"
 #include "download/SCatalogueCheckResult.h"
@@ -16,6 +17,7 @@
 
 class CheckTransfer;
 class FileLock;
+class ReleaseCheck;
 
 /// Keeps the downloaded catalogue files current: one object does one check.
 ///
@@ -111,7 +113,13 @@ private:
 
     QString lockPath();
     bool lockFolder(FileLock& lock);
+    bool acceptRelease(ReleaseCheck& check);
+    void keepRelease(ReleaseCheck& check);
+    ETransferResult fetchListed(CheckTransfer& transfer, const QString& url, const QString& file,
+                                STransferFailure& failure);
     bool fetchVersion(CheckTransfer& transfer);
+    ETransferResult fetchVersionFile(CheckTransfer& transfer, const QString& url,
+                                     const QString& file, STransferFailure& failure);
     bool readVersions();
     void rememberVersion();
     bool isSameFormat();
@@ -132,8 +140,9 @@ private:
     SVersion m_sVer_Ser;
     SVersion m_sVer_Download;
     SVersion m_sVer_Local;
-    QString m_qsVersionSum;          // MD5 of the server's version file as received
-    SValidators m_versionValidators; // of the server's version file, if it was sent
+    QString m_qsVersionSum;             // MD5 of the server's version file as received
+    SValidators m_versionValidators;    // of the server's version file, if it was sent
+    AcceptedRelease::Pointer m_release; // of the server; null: the files need not be listed
     CancelToken m_bWillCancel;
     CurWrapper m_CurWrapper;
 

@@ -4,6 +4,7 @@
 #include "catalogue/PathGuard.h"
 #include "catalogue/XmlFile.h"
 #include "download/CheckTransfer.h"
+#include "download/FileLedger.h"
 #include "download/PreviewExchange.h"
 #include "host/ETransferResult.h"
 #include "host/HostSettings.h"
@@ -87,6 +88,7 @@ bool CheckWorker_ThumbAndGif::onStartDownload_ThumbAndGif()
 {
     LogL(category, 1, "onStartDownload_ThumbAndGif start!");
     m_result = SPreviewRunResult();
+    m_release = AcceptedRelease::current();
     const bool hasMV = ProductParam::isOn(ProductParam::hasThemes);
     const bool hasSplit = ProductParam::isOn(ProductParam::hasBackgrounds);
     if (!readConfig(hasMV, hasSplit) || !readDisplay(hasMV, hasSplit)) {
@@ -198,8 +200,8 @@ bool CheckWorker_ThumbAndGif::fetchFile(CheckTransfer& transfer, const Kind& kin
     if (turn == Turn::Stop)
         return false;
     if (turn == Turn::Fetch) {
-        const ETransferResult result =
-            transfer.fetch(picture.url, picture.file, hostSettings().maxDownloadBytes);
+        const ETransferResult result = transfer.fetchPublished(
+            picture.url, picture.file, picture.source, hostSettings().maxDownloadBytes);
         const bool goesOn = endTurn(picture, result, transfer.failure());
         if (result != eTransfer_Success)
             QFile::remove(picture.file);
@@ -218,12 +220,11 @@ CheckWorker_ThumbAndGif::Picture CheckWorker_ThumbAndGif::look(const Kind& kind,
     const bool isPresent =
         isGif ? manager->doItem_Info_Gif(item) : manager->doItem_Info_Thumb(item);
     const FileView view(isGif ? item.m_info_Gif : item.m_info_Thumb);
-    return {&kind,
-            index,
-            item.m_qsGUID,
-            manager->downLoadUrl_Thumb(MVThemeMgr::eDirTag_Display, view.kind(), view.name()),
-            view.file(),
-            isPresent};
+    const QString url =
+        manager->downLoadUrl_Thumb(MVThemeMgr::eDirTag_Display, view.kind(), view.name());
+    const AcceptedRelease::Source source =
+        isPresent ? AcceptedRelease::Source() : AcceptedRelease::sourceOf(url, m_release);
+    return {&kind, index, item.m_qsGUID, url, view.file(), isPresent, source};
 }
 
 CheckWorker_ThumbAndGif::Turn CheckWorker_ThumbAndGif::beginTurn(const Picture& picture)
@@ -248,6 +249,11 @@ CheckWorker_ThumbAndGif::Turn CheckWorker_ThumbAndGif::beginTurn(const Picture& 
                  .arg(picture.url, picture.file)});
         return Turn::Over;
     }
+    if (picture.source.isRefused) {
+        log(picture, picture.kind->failed);
+        noteFailure(AcceptedRelease::refusalOf(picture.url, picture.file));
+        return Turn::Over;
+    }
     return Turn::Fetch;
 }
 
@@ -262,6 +268,7 @@ bool CheckWorker_ThumbAndGif::endTurn(const Picture& picture, ETransferResult re
     }
     log(picture, picture.kind->fetched);
     ++m_result.m_nFetched;
+    FileLedger::instance()->note(picture.file, picture.source.published);
     m_fetchedFiles.insert(picture.file);
     PreviewExchange::instance()->tellArrived(picture.guid);
     return !stopIfCancelled(*picture.kind);

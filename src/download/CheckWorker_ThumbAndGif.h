@@ -1,5 +1,6 @@
 #pragma once
 
+#include "download/AcceptedRelease.h"
 #include "download/ProgressReport.h"
 #include "download/SPreviewRunResult.h"
 #include "host/CancelToken.h"
@@ -81,6 +82,7 @@ private:
         QString url;
         QString file;
         bool isPresent;
+        AcceptedRelease::Source source;
     };
     enum class Turn { Over, Fetch, Stop };
     struct SideBySide;
@@ -94,7 +96,7 @@ private:
     void beginPicture(SideBySide& run, int item, bool isGif);
     void startTransfer(SideBySide& run, const Picture& picture);
     bool fetchFile(CheckTransfer& transfer, const Kind& kind, int index, SCfg_Item& item);
-    static Picture look(const Kind& kind, int index, SCfg_Item& item);
+    Picture look(const Kind& kind, int index, SCfg_Item& item);
     Turn beginTurn(const Picture& picture);
     bool endTurn(const Picture& picture, ETransferResult result, const STransferFailure& failure);
     static void log(const Picture& picture, const char* format);
@@ -112,6 +114,7 @@ private:
     CurWrapper m_CurWrapper;
 
     QSet<QString> m_fetchedFiles; // by this run
+    AcceptedRelease::Pointer m_release;
     SPreviewRunResult m_result;
     ResultCallback m_resultCallback;
     ProgressReport m_progress;

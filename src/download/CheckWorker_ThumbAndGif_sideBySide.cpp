@@ -104,6 +104,8 @@ void CheckWorker_ThumbAndGif::startTransfer(SideBySide& run, const Picture& pict
     TransferPool::Job job;
     job.url = picture.url;
     job.file = picture.file;
+    job.contentUrl = picture.source.contentUrl;
+    job.published = picture.source.published;
     // A retry may start from zero; the sum must not decrease.
     job.progress = [this, counted = qint64{0}](qint64 received, qint64 /*total*/) mutable {
         m_progress.addReceived(std::max<qint64>(received - counted, 0));

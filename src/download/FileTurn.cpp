@@ -1,6 +1,7 @@
 #include "download/FileTurn.h"
 
 #include "catalogue/MVThemeMgr.h"
+#include "download/FileLedger.h"
 #include "host/AppOptions.h"
 #include "host/CoreContext.h"
 #include "host/HostSettings.h"
@@ -43,10 +44,11 @@ void passOn(const QString& file, const CBasePtr<CoreContext>& context)
 
 } // namespace
 
-FileTurn::FileTurn(SFileInfo& info, int index, Log log)
+FileTurn::FileTurn(SFileInfo& info, int index, AcceptedRelease::Pointer release, Log log)
     : m_info(info)
     , m_index(index)
     , m_log(std::move(log))
+    , m_release(std::move(release))
 {
 }
 
@@ -64,6 +66,7 @@ void FileTurn::begin()
     logTurn(
         QStringLiteral("thread id = [%1], index = [%2], download file = [%3], start Download!"));
     m_url = MVThemeMgr::init()->addressOf(m_info);
+    m_source = AcceptedRelease::sourceOf(m_url, m_release);
 }
 
 STransferFailure FileTurn::prepare()
@@ -73,7 +76,9 @@ STransferFailure FileTurn::prepare()
         AppOptions::instance()->ensureDirExists(QFileInfo(path).path());
     m_log(QString::asprintf("start download template, i = %d, m_strUrl = %s, m_strFile = %s",
                             m_index, m_url.toUtf8().constData(), path.toUtf8().constData()));
-    const STransferFailure fault = faultOf(m_url, path, m_log);
+    STransferFailure fault = faultOf(m_url, path, m_log);
+    if (!fault.isFailure() && m_source.isRefused)
+        fault = AcceptedRelease::refusalOf(m_url, path);
     if (fault.isFailure())
         m_taken.reset();
     return fault;
@@ -101,8 +106,10 @@ void FileTurn::end(const STransferFailure& failure, int result, bool isTransferr
     } else {
         m_log(QString::asprintf("download template is ok!, i = %d, m_strUrl = %s, m_strFile = %s",
                                 m_index, url.constData(), local.constData()));
-        if (isTransferred)
+        if (isTransferred) {
+            FileLedger::instance()->note(path, m_source.published);
             passOn(path, context);
+        }
     }
     m_taken.reset();
     logTurn(QStringLiteral("thread id = [%1], index = [%2], download file = [%3], end Download!"));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "download/AcceptedRelease.h"
 #include "host/CBasePtr.h"
 #include "host/STransferFailure.h"
 #include "records/FileRecord.h"
@@ -20,8 +21,9 @@ class FileTurn
 public:
     using Log = std::function<void(const QString& line)>;
 
-    /// `info` belongs to the catalogue; `index` is its position in the list of files.
-    FileTurn(SFileInfo& info, int index, Log log);
+    /// `info` belongs to the catalogue; `index` is its position in the list of files. `release` is
+    /// the one that the download goes by, or null.
+    FileTurn(SFileInfo& info, int index, AcceptedRelease::Pointer release, Log log);
 
     /// Claims the file; returns false if another download has it. The claim ends with end(), a
     /// failed prepare(), or this object.
@@ -53,6 +55,8 @@ public:
 
     int index() const { return m_index; }
     const QString& url() const { return m_url; }
+    /// Returns how to fetch the file; valid after begin().
+    const AcceptedRelease::Source& source() const { return m_source; }
     QString file() const { return FileView(m_info).file(); }
     SFileInfo& info() const { return m_info; }
 
@@ -72,5 +76,7 @@ private:
     int m_index;
     Log m_log;
     QString m_url;
+    AcceptedRelease::Pointer m_release;
+    AcceptedRelease::Source m_source;
     std::optional<FileRecord::Taken> m_taken;
 };

@@ -97,12 +97,13 @@ MVThemeDownLoader::Step MVThemeDownLoader::fetchSideBySide(bool& anyFailed)
 
 MVThemeDownLoader::Step MVThemeDownLoader::fetchInOrder(bool& anyFailed)
 {
+    const AcceptedRelease::Pointer release = AcceptedRelease::current();
     for (int i = 0; i < m_vecFiles.size(); ++i) {
         DownloadPacing::pause(m_bWillCancel);
         if (stopIfCancelled(pointBeforeFile))
             return Step::Ended;
         m_nIndex = i;
-        FileTurn turn(*m_vecFiles.at(i), i, &FileTurn::logNow);
+        FileTurn turn(*m_vecFiles.at(i), i, release, &FileTurn::logNow);
         if (turn.take())
             anyFailed = !fetchFile(turn) || anyFailed;
         else if (waitForOther(turn) == Step::Ended)
@@ -128,7 +129,8 @@ bool MVThemeDownLoader::fetchFile(FileTurn& turn)
         return true;
     }
     m_CurWrapper.setDownloadProgressCallback(&downloadProgressCallback_a, this);
-    m_CurWrapper.download(turn.url(), turn.file(), false);
+    m_CurWrapper.downloadPublished(turn.url(), turn.file(), turn.source().contentUrl,
+                                   turn.source().published);
     const STransferFailure failure = m_CurWrapper.failure();
     turn.end(failure, m_CurWrapper.result(), true, coreContext(), FileTurn::OfOthers::Remove);
     if (!failure.isFailure() || !turn.isRequired())

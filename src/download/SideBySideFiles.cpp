@@ -14,8 +14,8 @@ constexpr milliseconds waitingLineInterval(500);
 
 } // namespace
 
-SideBySideFiles::Entry::Entry(SFileInfo& info, int index)
-    : turn(info, index, [this](const QString& line) { lines.append(line); })
+SideBySideFiles::Entry::Entry(SFileInfo& info, int index, AcceptedRelease::Pointer release)
+    : turn(info, index, std::move(release), [this](const QString& line) { lines.append(line); })
 {
 }
 
@@ -73,7 +73,7 @@ void SideBySideFiles::begin(int index)
         m_postponed.append(index);
         return;
     }
-    Entry& entry = *(m_entries[index] = std::make_unique<Entry>(info, index));
+    Entry& entry = *(m_entries[index] = std::make_unique<Entry>(info, index, m_release));
     if (!entry.turn.take()) {
         m_waiting.append(&entry);
         return;
@@ -97,6 +97,8 @@ void SideBySideFiles::transfer(Entry& entry)
     TransferPool::Job job;
     job.url = entry.turn.url();
     job.file = entry.turn.file();
+    job.contentUrl = entry.turn.source().contentUrl;
+    job.published = entry.turn.source().published;
     job.progress = [this, &entry](qint64 received, qint64 total) {
         FileRecord(entry.turn.info()).setCounts({received, total});
         note(entry, {received, total});

@@ -48,7 +48,7 @@ private:
 
     struct Entry
     {
-        Entry(SFileInfo& info, int index);
+        Entry(SFileInfo& info, int index, AcceptedRelease::Pointer release);
 
         QVector<QString> lines; // of the log, until the file ends
         FileTurn turn;
@@ -71,6 +71,7 @@ private:
     End cancelled();
 
     const QVector<SFileInfo*>& m_files;
+    const AcceptedRelease::Pointer m_release = AcceptedRelease::current();
     const CancelToken m_cancel;
     const CBasePtr<CoreContext> m_context;
     const Reports m_reports;

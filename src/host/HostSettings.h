@@ -5,6 +5,18 @@
 #include <QMap>
 #include <QSet>
 #include <QString>
+#include <QStringList>
+
+/// How a host deals with the releases of a server: signed lists of its files with their digests.
+enum EReleasePolicy : int {
+    /// They are not asked for.
+    eRelease_Ignore,
+    /// A check and every download accept only what the server's release names. A server without
+    /// releases is used as with eRelease_Ignore, unless releaseKeys are set.
+    eRelease_Use,
+    /// A server without a release is refused, and a file that the release does not name.
+    eRelease_Require,
+};
 
 /// The settings with which the embedding application configures the platform.
 ///
@@ -66,6 +78,11 @@ struct MVHOST_EXPORT HostSettings
     /// True: a check requests the catalogue's version file only if it has changed since it was
     /// fetched (If-None-Match, If-Modified-Since). False: always. Recommended: true.
     bool conditionalRequests = false;
+    /// Recommended: eRelease_Use, or eRelease_Require with releaseKeys.
+    EReleasePolicy releasePolicy = eRelease_Ignore;
+    /// Public keys in the format of minisign, see ReleaseKey: a release must be signed by one of
+    /// them. Empty: a release needs no signature.
+    QStringList releaseKeys;
     /// Number of files that an item download or a preview run fetches at a time, 1 to
     /// maxTransfersSideBySide. With 1 they are fetched in order. Recommended: 6.
     int transfersSideBySide = 1;
@@ -111,6 +128,7 @@ MVHOST_EXPORT HostSettings& hostSettings();
 ///     [network]  connectTimeoutMs, stallTimeoutMs, versionTimeoutMs, maxDownloadBytes,
 ///                downloadRetries, retryPauseMs, retryPauseMaxMs, transfersSideBySide,
 ///                downloadStepMs, proxy, caFile; checkContent, conditionalRequests (true or false)
+///     [release]  policy (ignore, use or require), keys (comma separated)
 ///
 /// The file is UTF-8, with or without a byte order mark, and at most 1 MiB; its lines end in LF or
 /// CR LF. Each line is empty or one of these; blanks (spaces and tabs) around it and around

@@ -118,6 +118,18 @@ const HostSettingsFile::Setting HostSettingsFile::all[] = {
      [](auto& file, auto& key, auto& text, auto& settings) {
          return file.readSwitch(key, text, settings.conditionalRequests);
      }},
+    {"release/policy",
+     [](auto& file, auto&, auto& text, auto& settings) {
+         return file.readReleasePolicy(text, settings);
+     }},
+    {"release/keys",
+     [](auto&, auto&, auto& text, auto& settings) {
+         settings.releaseKeys.clear();
+         const QStringList keys = text.split(QLatin1Char(','), Qt::SkipEmptyParts);
+         for (const QString& key : keys)
+             settings.releaseKeys.append(key.trimmed());
+         return true;
+     }},
     {"network/transfersSideBySide",
      [](auto& file, auto& key, auto& text, auto& settings) {
          return file.readNumber(key, text, 1, settings.transfersSideBySide,
@@ -214,6 +226,19 @@ bool HostSettingsFile::readZoom(const QString& text, double& target)
                         .arg(text, QString::number(minZoom), QString::number(maxZoom)));
     }
     target = zoom;
+    return true;
+}
+
+bool HostSettingsFile::readReleasePolicy(const QString& text, HostSettings& settings)
+{
+    const QStringList names = {QStringLiteral("ignore"), QStringLiteral("use"),
+                               QStringLiteral("require")}; // in the order of EReleasePolicy
+    const int index = names.indexOf(text);
+    if (index < 0) {
+        return fail(QStringLiteral("release/policy is \"%1\", but must be %2")
+                        .arg(text, names.join(QStringLiteral(" or "))));
+    }
+    settings.releasePolicy = static_cast<EReleasePolicy>(index);
     return true;
 }
 

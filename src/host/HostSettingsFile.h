@@ -31,6 +31,7 @@ private:
     bool readSwitch(const QString& key, const QString& text, bool& target);
     bool readZoom(const QString& text, double& target);
     bool readEditions(const QString& text, HostSettings& settings);
+    bool readReleasePolicy(const QString& text, HostSettings& settings);
     bool fail(const QString& reason) { return m_ini.fail(m_line, reason); }
 
     QString m_iniFile;

@@ -27,7 +27,8 @@ bool RegularFile::open(QFile& file, QIODevice::OpenMode mode, QString* error)
         return false;
     };
     const QByteArray name = QFile::encodeName(file.fileName());
-    const int access = mode & QIODevice::WriteOnly ? O_RDWR | O_CREAT : O_RDONLY;
+    const int access = (mode & QIODevice::WriteOnly ? O_RDWR | O_CREAT : O_RDONLY)
+        | (mode & QIODevice::Append ? O_APPEND : 0);
     // Without O_NONBLOCK, opening a pipe waits for its other end.
     const int handle = ::open(name.constData(), access | O_NONBLOCK | O_CLOEXEC, newFileMode);
     if (handle < 0)

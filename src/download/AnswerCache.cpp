@@ -1,6 +1,7 @@
-#include "download/VersionCache.h"
+#include "download/AnswerCache.h"
 
 #include "catalogue/MVThemeMgr.h"
+#include "download/SRelease.h"
 #include "download/VersionFile.h"
 #include "host/AppOptions.h"
 #include "host/LogL.h"
@@ -14,6 +15,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <utility>
+
 namespace {
 
 const QLatin1String urlKey("url");
@@ -22,18 +25,8 @@ const QLatin1String modifiedKey("lastModified");
 const QLatin1String contentKey("content");
 const QLatin1String digestKey("sha256");
 
-/// Room for the content in base64 and the other fields.
-constexpr qint64 maxBytes = 2 * VersionFile::maxBytes;
-
-QString path()
-{
-    const QString version =
-        MVThemeMgr::init()->Path_resource_version_xml(MVThemeMgr::eLoadDir_Download);
-    return QFileInfo(version).path() + QStringLiteral("/version-cache.json");
-}
-
 /// Covers all that a 304 relies on.
-QString digestOf(const QString& url, const VersionCache::Entry& entry)
+QString digestOf(const QString& url, const AnswerCache::Entry& entry)
 {
     QCryptographicHash hash(QCryptographicHash::Sha256);
     for (const QByteArray& part :
@@ -44,14 +37,43 @@ QString digestOf(const QString& url, const VersionCache::Entry& entry)
     return QString::fromLatin1(hash.result().toHex());
 }
 
+/// Room for the content in base64 and the other fields.
+constexpr qint64 roomFor(qint64 contentBytes)
+{
+    return 2 * contentBytes + 4096;
+}
+
 } // namespace
 
-VersionCache::Entry VersionCache::read(const QString& url)
+AnswerCache::AnswerCache(QString name, qint64 maxBytes)
+    : m_name(std::move(name))
+    , m_maxBytes(roomFor(maxBytes))
+{
+}
+
+AnswerCache AnswerCache::ofVersion()
+{
+    return {QStringLiteral("version-cache.json"), VersionFile::maxBytes};
+}
+
+AnswerCache AnswerCache::ofRelease()
+{
+    return {QStringLiteral("release-cache.json"), SRelease::maxBytes};
+}
+
+QString AnswerCache::path() const
+{
+    const QString version =
+        MVThemeMgr::init()->Path_resource_version_xml(MVThemeMgr::eLoadDir_Download);
+    return QFileInfo(version).path() + QLatin1Char('/') + m_name;
+}
+
+AnswerCache::Entry AnswerCache::read(const QString& url) const
 {
     QFile file(path());
     QByteArray bytes;
     if (!MVThemeMgr::init()->isDownloadPath(file.fileName()) || !RegularFile::open(file)
-        || !RegularFile::readAll(file, maxBytes, bytes))
+        || !RegularFile::readAll(file, m_maxBytes, bytes))
         return {};
     const QJsonObject json = QJsonDocument::fromJson(bytes).object();
     const auto text = [&](QLatin1String key) { return json.value(key).toString(); };
@@ -61,10 +83,12 @@ VersionCache::Entry VersionCache::read(const QString& url)
     return isIntact ? entry : Entry();
 }
 
-void VersionCache::store(const QString& url, const Entry& entry)
+bool AnswerCache::store(const QString& url, Entry entry) const
 {
-    if (!entry.validators.areReliable() || !MVThemeMgr::init()->isDownloadPath(path()))
-        return;
+    if (!MVThemeMgr::init()->isDownloadPath(path()))
+        return false;
+    if (!entry.validators.areReliable())
+        entry.validators = SValidators();
     const QJsonObject json = {
         {urlKey, url},
         {etagKey, QString::fromUtf8(entry.validators.m_etag)},
@@ -74,8 +98,15 @@ void VersionCache::store(const QString& url, const Entry& entry)
     };
     AppOptions::instance()->ensureDirExists(QFileInfo(path()).path());
     STransferFailure failure;
-    if (!Utils::writeFile(path(), QJsonDocument(json).toJson(), &failure)) {
-        LogL("CheckCfgWorker", 2, "the next check will fetch the version file again: %s",
-             failure.m_qsDetails.toUtf8().constData());
-    }
+    if (Utils::writeFile(path(), QJsonDocument(json).toJson(), &failure))
+        return true;
+    LogL("CheckCfgWorker", 2, "the next check will fetch %s again: %s", url.toUtf8().constData(),
+         failure.m_qsDetails.toUtf8().constData());
+    return false;
+}
+
+void AnswerCache::forget() const
+{
+    if (MVThemeMgr::init()->isDownloadPath(path()))
+        QFile::remove(path());
 }
