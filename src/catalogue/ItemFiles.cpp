@@ -35,11 +35,11 @@ QVector<SFileInfo*> neededFiles(SCfg_Item& item)
 
 } // namespace
 
-ItemFiles::ItemFiles(SCfg_Item& item)
+ItemFiles::ItemFiles(SCfg_Item& item, Scope scope)
 {
     const PathGuard::Folders folders;
     add(item);
-    const SThemes_a* const theme = item.parsedTheme();
+    const SThemes_a* const theme = scope == Scope::WithUses ? item.parsedTheme() : nullptr;
     if (!theme)
         return;
     QSet<const SCfg_Item*> known;
@@ -114,6 +114,16 @@ QVector<int> ItemFiles::countNeeded(const QVector<SCfg_Item*>& items)
     for (SCfg_Item* const item : items)
         counts.append(countNeeded(*item));
     return counts;
+}
+
+QSet<QString> ItemFiles::missingPaths(SCfg_Item& item)
+{
+    QVector<SFileInfo*> files;
+    MVThemeMgr::init()->getNeedDownLoadFiles(&item, files);
+    QSet<QString> paths;
+    for (const SFileInfo* const info : qAsConst(files))
+        paths.insert(QDir::cleanPath(FileView(*info).file()));
+    return paths;
 }
 
 bool ItemFiles::needsAny(SCfg_Item& item)

@@ -34,9 +34,13 @@ public:
         qint64 sizeBytes; ///< on disk; 0 for a missing file
     };
 
+    enum class Scope {
+        WithUses, ///< of the item and of everything that it uses
+        Own,      ///< of the item alone
+    };
     /// Looks up the files of an item whose theme config, if any, has already been parsed, see
     /// MVThemeMgr::ensureThemeParsed(). Also sets the local paths of all records.
-    explicit ItemFiles(SCfg_Item& item);
+    explicit ItemFiles(SCfg_Item& item, Scope scope = Scope::WithUses);
 
     /// Returns the files of the item, then those of the items it uses, in the order of uses().
     const QVector<Entry>& entries() const { return m_entries; }
@@ -54,6 +58,9 @@ public:
     static QVector<int> countNeeded(const QVector<SCfg_Item*>& items);
     /// Returns whether any file must be fetched.
     static bool needsAny(SCfg_Item& item);
+    /// Returns the paths, as in entries(), of the missing files of an item and all that it uses,
+    /// pictures included.
+    static QSet<QString> missingPaths(SCfg_Item& item);
 
 private:
     void add(SCfg_Item& item);

@@ -105,6 +105,11 @@ public:
     /// or parsed.
     bool ensureThemeParsed(SCfg_Item& item);
 
+    /// Parses the config of a theme again after its file was replaced. What was parsed before stays
+    /// valid until load(true) or clear(). Returns false, and changes nothing, if it cannot be read
+    /// or parsed, or is not on disk.
+    bool parseThemeAgain(SCfg_Item& item);
+
     /// Removes all items and the theme applied last; favourites and the root stay. Refused like
     /// load().
     void clear();
@@ -289,6 +294,7 @@ private:
     bool isEditFilter(QVector<SCfg_Item>& vec, QString id);
     static bool hasThemes();
     bool isReadable(const QString& file);
+    bool parse(SCfg_Item& item, const QString& file);
     static bool isInUse(const char* operation);
     QVector<SFileInfo*> ownNeededFiles(SCfg_Item& item);
     void clearVectors();

@@ -102,6 +102,18 @@ bool MVThemeMgr::ensureThemeParsed(SCfg_Item& item)
     const QString file = FileView(item.m_info_CfgXML).file();
     if (file.isEmpty())
         return true;
+    return parse(item, file);
+}
+
+bool MVThemeMgr::parseThemeAgain(SCfg_Item& item)
+{
+    const bool isOnDisk = hasThemes() && doItem_Info_CfgXML(item);
+    const QString file = isOnDisk ? FileView(item.m_info_CfgXML).file() : QString();
+    return !file.isEmpty() && parse(item, file);
+}
+
+bool MVThemeMgr::parse(SCfg_Item& item, const QString& file)
+{
     SThemes_a* parsed = nullptr;
     if (isReadable(file))
         read_resource_config_Themes_a(file, parsed);

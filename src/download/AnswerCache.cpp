@@ -1,6 +1,7 @@
 #include "download/AnswerCache.h"
 
 #include "catalogue/MVThemeMgr.h"
+#include "download/RootPlaces.h"
 #include "download/SRelease.h"
 #include "download/VersionFile.h"
 #include "host/AppOptions.h"
@@ -63,9 +64,7 @@ AnswerCache AnswerCache::ofRelease()
 
 QString AnswerCache::path() const
 {
-    const QString version =
-        MVThemeMgr::init()->Path_resource_version_xml(MVThemeMgr::eLoadDir_Download);
-    return QFileInfo(version).path() + QLatin1Char('/') + m_name;
+    return RootPlaces::catalogueFolder() + QLatin1Char('/') + m_name;
 }
 
 AnswerCache::Entry AnswerCache::read(const QString& url) const

@@ -1,6 +1,7 @@
 #include "download/FileLedger.h"
 
 #include "catalogue/MVThemeMgr.h"
+#include "download/RootPlaces.h"
 #include "host/AppOptions.h"
 #include "host/ContentDigest.h"
 #include "host/FileLock.h"
@@ -34,16 +35,15 @@ FileLedger* FileLedger::instance()
 
 QString FileLedger::path()
 {
-    return MVThemeMgr::init()->saveResourcePath() + QStringLiteral("/ledger.txt");
+    return RootPlaces::catalogueFolder() + QStringLiteral("/ledger.txt");
 }
 
 /// Returns the path below the root; empty for any other path, and one that cannot be written into a
 /// line.
 QByteArray FileLedger::nameOf(const QString& path)
 {
-    const QString root = QFileInfo(MVThemeMgr::init()->saveResourcePath()).path();
     const QByteArray name =
-        QDir(QDir::cleanPath(root)).relativeFilePath(QDir::cleanPath(path)).toUtf8();
+        QDir(RootPlaces::root()).relativeFilePath(QDir::cleanPath(path)).toUtf8();
     const bool isPlain = !name.startsWith("../") && !name.startsWith('/')
         && std::none_of(name.cbegin(), name.cend(), [](char c) { return c == '\n' || c == '\t'; });
     return isPlain ? name : QByteArray();
@@ -55,11 +55,6 @@ void FileLedger::note(const QString& path, const SPublishedContent& content)
         return;
     const QFileInfo info(path);
     append(path, {content.m_digest, info.size(), info.lastModified().toMSecsSinceEpoch()});
-}
-
-void FileLedger::forget(const QString& path)
-{
-    append(path, {});
 }
 
 QByteArray FileLedger::digestOf(const QString& path)
@@ -111,9 +106,7 @@ void FileLedger::takeLine(const QByteArray& line)
     if (fields.size() != fieldsOfALine)
         return;
     const QByteArray& digest = fields.at(0);
-    if (digest.isEmpty())
-        m_entries.remove(fields.at(3));
-    else if (ContentDigest::isDigest(digest))
+    if (ContentDigest::isDigest(digest))
         m_entries[fields.at(3)] = {digest, fields.at(1).toLongLong(), fields.at(2).toLongLong()};
 }
 
@@ -146,7 +139,7 @@ void FileLedger::compact()
 {
     const QMutexLocker lock(&m_mutex);
     readNew();
-    const QString root = QFileInfo(MVThemeMgr::init()->saveResourcePath()).path();
+    const QString root = RootPlaces::root();
     QList<QByteArray> names = m_entries.keys();
     std::sort(names.begin(), names.end());
     QByteArray text;

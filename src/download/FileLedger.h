@@ -32,9 +32,6 @@ public:
     /// Returns the digest with which a file has come, even if it has changed since; empty if that
     /// is unknown.
     QByteArray noteOf(const QString& path);
-    /// Forgets a file that has been removed.
-    void forget(const QString& path);
-
     /// Rewrites the file with one line per file that still exists.
     void compact();
 
@@ -44,7 +41,7 @@ public:
 private:
     struct Entry
     {
-        QByteArray digest; // empty: the file has been removed
+        QByteArray digest;
         qint64 sizeBytes = 0;
         qint64 modifiedMs = 0;
     };

@@ -52,6 +52,12 @@ FileTurn::FileTurn(SFileInfo& info, int index, AcceptedRelease::Pointer release,
 {
 }
 
+void FileTurn::followArrival(const QString& file, const CBasePtr<CoreContext>& context)
+{
+    ensureFolderBeside(file);
+    passOn(file, context);
+}
+
 bool FileTurn::take()
 {
     FileRecord::Taken taken = FileRecord(m_info).take();

@@ -63,6 +63,9 @@ public:
     /// Returns the line about a file that another download fetches; `progress` is the percentage
     /// that this download reports for its counters.
     static QString othersProgress(int index, const FileView& record, double progress);
+    /// Does what follows the arrival of a new file: creates the folder for its unpacked content,
+    /// and notifies the host's editing core (`context` may be null) of a definition.
+    static void followArrival(const QString& file, const CBasePtr<CoreContext>& context);
     /// Writes a line to the log; the usual Log.
     static void logNow(const QString& line);
     /// Returns why nothing can be fetched from that address or into that path, and logs it; no

@@ -1,7 +1,9 @@
 #include "download/MVThemeDownLoader.h"
 
 #include "catalogue/MVThemeMgr.h"
+#include "download/AcceptedRelease.h"
 #include "download/DownloadPacing.h"
+#include "download/FileLedger.h"
 #include "download/FileTurn.h"
 #include "host/HostSettings.h"
 #include "host/LogL.h"
@@ -208,7 +210,11 @@ MVThemeDownLoader::Step MVThemeDownLoader::transferThemeConfig(const SFileInfo& 
     LogL("MVThemeDownLoader", 1,
          "start download template(theme cfg xml), m_strUrl = %s, m_strFile = %s",
          urlText.constData(), fileText.constData());
-    const STransferFailure fault = FileTurn::faultOf(url, file, &FileTurn::logNow);
+    const AcceptedRelease::Source source =
+        AcceptedRelease::sourceOf(url, AcceptedRelease::current());
+    STransferFailure fault = FileTurn::faultOf(url, file, &FileTurn::logNow);
+    if (!fault.isFailure() && source.isRefused)
+        fault = AcceptedRelease::refusalOf(url, file);
     if (fault.isFailure()) {
         noteFailure(fault);
         return end(eDownLoadError_Path);
@@ -220,9 +226,10 @@ MVThemeDownLoader::Step MVThemeDownLoader::transferThemeConfig(const SFileInfo& 
         doProgress(firstPhase); // another download has fetched it meanwhile
     } else {
         m_CurWrapper.setDownloadProgressCallback(&downloadProgressCallback, this);
-        m_CurWrapper.download(url, file, false);
+        m_CurWrapper.downloadPublished(url, file, source.contentUrl, source.published);
         if (m_CurWrapper.result() != eTransfer_Success)
             return configFailed(url, file);
+        FileLedger::instance()->note(file, source.published);
     }
     LogL("MVThemeDownLoader", 1,
          "download template is ok!(theme cfg xml), m_strUrl = %s, m_strFile = %s",

@@ -73,6 +73,7 @@ public:
     /// Sets the object that all downloaders notify of downloaded filter, transition and motion
     /// definitions; may be null. Any thread.
     static void setCoreContextPtr(CBasePtr<CoreContext> context);
+    static CBasePtr<CoreContext> coreContext();
 
 signals:
     /// Percentage, 0 to 100: up to 10 during the first phase, then in equal shares per file.
@@ -104,7 +105,6 @@ private:
     Step fetchSideBySide(bool& anyFailed);
     Step waitForOther(const FileTurn& turn);
     bool fetchFile(FileTurn& turn);
-    static CBasePtr<CoreContext> coreContext();
     bool stopIfCancelled(int point);
     Step end(EMVThemeDownLoadError result);
     void setCurrent(const QString& url, const QString& file);

@@ -3,6 +3,7 @@
 #include "catalogue/MVThemeMgr.h"
 #include "download/ReleasePaths.h"
 #include "download/ReleaseSignature.h"
+#include "download/RootPlaces.h"
 #include "host/AppOptions.h"
 #include "host/ContentDigest.h"
 #include "host/HostSettings.h"
@@ -41,7 +42,7 @@ bool replace(const QString& path, const QByteArray& content)
 
 QString beside(const QString& name)
 {
-    return QFileInfo(AnswerCache::ofRelease().path()).path() + name;
+    return RootPlaces::catalogueFolder() + name;
 }
 
 QString listPath()

@@ -25,6 +25,7 @@ HostSettings HostSettings::recommended()
     settings.checkContent = true;
     settings.showWithoutPreviews = true;
     settings.conditionalRequests = true;
+    settings.releasePolicy = eRelease_Use;
     settings.transfersSideBySide = 6;
     settings.downloadStepMs = 0;
     return settings;

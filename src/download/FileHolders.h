@@ -1,0 +1,39 @@
+#pragma once
+
+#include "catalogue/ItemFiles.h"
+
+#include <QHash>
+#include <QSet>
+#include <QString>
+#include <QVector>
+
+struct SCfg_Item;
+
+/// Which items on disk need which files of the download root. An item is on disk if users see it in
+/// lists and its own definition or one of its own resources is there. Internal to the library; any
+/// thread that may use the catalogue, whose items must outlive the object.
+class FileHolders
+{
+public:
+    /// Looks at the files of all displayed items.
+    FileHolders();
+
+    struct Holder
+    {
+        SCfg_Item* item;
+        QVector<ItemFiles::Entry> files; ///< present, in the download root, no pictures
+    };
+    /// Returns the items on disk, in the order of the catalogue.
+    const QVector<Holder>& all() const { return m_holders; }
+
+    /// Returns the number of items on disk that need a file.
+    int countOf(const QString& path) const { return m_counts.value(path); }
+
+    /// Returns those files of an item and of all that it uses that a removal may concern: present,
+    /// in the download root, no pictures.
+    static QVector<ItemFiles::Entry> filesOf(SCfg_Item& item);
+
+private:
+    QVector<Holder> m_holders;
+    QHash<QString, int> m_counts; // by path
+};

@@ -1,0 +1,237 @@
+#include "download/ResourceStorage.h"
+
+#include "catalogue/CatalogueUse.h"
+#include "catalogue/MVThemeMgr.h"
+#include "catalogue/PathGuard.h"
+#include "download/FileHolders.h"
+#include "download/FileLedger.h"
+#include "download/ItemUpdate.h"
+#include "download/RootPlaces.h"
+#include "host/AppOptions.h"
+#include "host/LogL.h"
+#include "host/Utils.h"
+#include "records/KindTable.h"
+#include "records/SCfg_Item.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+#include <QSet>
+
+#include <algorithm>
+
+namespace {
+
+using Use = ResourceStorage::Use;
+using Removal = ResourceStorage::Removal;
+using Moved = ResourceStorage::Moved;
+
+Use useOf(const FileHolders& holders, const SCfg_Item& item, const QVector<ItemFiles::Entry>& files,
+          int ownCount)
+{
+    Use use;
+    use.item = &item;
+    for (const ItemFiles::Entry& file : files)
+        (holders.countOf(file.path) > ownCount ? use.sharedBytes : use.ownBytes) += file.sizeBytes;
+    return use;
+}
+
+bool isSame(const SCfg_Item& left, const SCfg_Item& right)
+{
+    return left.m_eType == right.m_eType && left.m_qsGUID == right.m_qsGUID;
+}
+
+/// Returns whether an item is one of those that need their files.
+bool holds(const FileHolders& holders, const SCfg_Item& item)
+{
+    const auto& all = holders.all();
+    return std::any_of(all.cbegin(), all.cend(), [&](const FileHolders::Holder& holder) {
+        return isSame(*holder.item, item);
+    });
+}
+
+/// Moves a file into the folder of removed files; returns false if that fails.
+bool moveAside(const QString& path, const QString& folder, Removal& removal)
+{
+    const QString aside = folder + QString::number(removal.files.size());
+    if (!MVThemeMgr::init()->isDownloadPath(path) || !QFile::rename(path, aside))
+        return false;
+    removal.files.append({path, aside});
+    return true;
+}
+
+/// Returns the halves of the download root in which catalogues place files.
+QStringList halves()
+{
+    MVThemeMgr* const manager = MVThemeMgr::init();
+    return {manager->Path_resource_Dir(MVThemeMgr::eLoadDir_Download, MVThemeMgr::eDirTag_Config),
+            manager->Path_resource_Dir(MVThemeMgr::eLoadDir_Download, MVThemeMgr::eDirTag_Display)};
+}
+
+/// Returns the files of both catalogues, wherever they are.
+QSet<QString> namedFiles()
+{
+    const PathGuard::Folders folders;
+    QSet<QString> named;
+    MVThemeMgr* const manager = MVThemeMgr::init();
+    for (const auto* const catalogue : {&manager->getCfgXML(), &manager->getDisplayXML()}) {
+        for (const SKindInfo& kind : KindTable::all()) {
+            auto& items = const_cast<QVector<SCfg_Item>&>(*catalogue->ofKind(kind.type));
+            for (SCfg_Item& item : items) {
+                const ItemFiles files(item, ItemFiles::Scope::Own);
+                for (const ItemFiles::Entry& entry : files.entries())
+                    named.insert(entry.path);
+            }
+        }
+    }
+    return named;
+}
+
+/// Returns the folders in which archives are unpacked, beside them.
+QSet<QString> unpackedFolders(const QSet<QString>& files)
+{
+    QSet<QString> folders;
+    for (const QString& file : files) {
+        const QFileInfo info(file);
+        if (info.suffix() == QLatin1String("zip"))
+            folders.insert(info.path() + QLatin1Char('/') + info.completeBaseName());
+    }
+    return folders;
+}
+
+bool isInAny(const QSet<QString>& folders, const QString& path, const QString& top)
+{
+    for (QString folder = QFileInfo(path).path(); folder.size() > top.size();
+         folder = QFileInfo(folder).path()) {
+        if (folders.contains(folder))
+            return true;
+    }
+    return false;
+}
+
+/// Removes the folders above a file that have become empty, up to a half of the root.
+void removeEmptyFolders(const QString& path, const QString& half)
+{
+    for (QString folder = QFileInfo(path).path(); folder.size() > half.size();
+         folder = QFileInfo(folder).path()) {
+        if (!QDir().rmdir(folder))
+            return;
+    }
+}
+
+} // namespace
+
+ResourceStorage::ResourceStorage() = default;
+
+QVector<Use> ResourceStorage::uses() const
+{
+    const FileHolders holders;
+    QVector<Use> uses;
+    for (const FileHolders::Holder& holder : holders.all())
+        uses.append(::useOf(holders, *holder.item, holder.files, 1));
+    return uses;
+}
+
+Use ResourceStorage::useOf(SCfg_Item& item) const
+{
+    const FileHolders holders;
+    return ::useOf(holders, item, FileHolders::filesOf(item), holds(holders, item) ? 1 : 0);
+}
+
+Removal ResourceStorage::remove(SCfg_Item& item) const
+{
+    Removal removal;
+    if (CatalogueUse::count() > 0) {
+        removal.error = QStringLiteral("a download or an update is working");
+        return removal;
+    }
+    const FileHolders holders;
+    const int ownCount = holds(holders, item) ? 1 : 0;
+    QVector<ItemFiles::Entry> files = FileHolders::filesOf(item);
+    files.erase(std::remove_if(files.begin(), files.end(),
+                               [&](const ItemFiles::Entry& file) {
+                                   return holders.countOf(file.path) > ownCount;
+                               }),
+                files.end());
+    std::stable_partition(files.begin(), files.end(), [&](const ItemFiles::Entry& file) {
+        return file.item == &item && file.role == ItemFiles::Role::Config;
+    });
+    const QString folder = RootPlaces::removed()
+        + QString::number(QDateTime::currentMSecsSinceEpoch()) + QLatin1Char('/');
+    if (!files.isEmpty())
+        AppOptions::instance()->ensureDirExists(folder);
+    for (const ItemFiles::Entry& file : qAsConst(files)) {
+        if (!moveAside(file.path, folder, removal)) {
+            undo(removal);
+            removal = Removal();
+            removal.error = QStringLiteral("%1 cannot be removed").arg(file.path);
+            return removal;
+        }
+        removal.bytes += file.sizeBytes;
+    }
+    return removal;
+}
+
+bool ResourceStorage::undo(const Removal& removal)
+{
+    bool isWhole = true;
+    // The definition last, so that the item is ready only when it is whole.
+    for (auto moved = removal.files.crbegin(); moved != removal.files.crend(); ++moved) {
+        AppOptions::instance()->ensureDirExists(QFileInfo(moved->path).path());
+        isWhole = QFile::rename(moved->aside, moved->path) && isWhole; // never over a newer file
+    }
+    return isWhole;
+}
+
+void ResourceStorage::purge()
+{
+    if (QFileInfo::exists(RootPlaces::removed()) && !Utils::rmDir(RootPlaces::removed(), true))
+        LogL("ResourceStorage", 2, "removed files cannot be deleted");
+}
+
+QStringList ResourceStorage::leftovers() const
+{
+    const QSet<QString> named = namedFiles();
+    const QSet<QString> unpacked = unpackedFolders(named);
+    QStringList leftovers;
+    const QStringList tops = halves();
+    for (const QString& top : tops) {
+        QDirIterator each(top, QDir::Files | QDir::NoSymLinks,
+                          QDirIterator::Subdirectories);
+        while (each.hasNext()) {
+            const QString path = QDir::cleanPath(each.next());
+            if (!named.contains(path) && !isInAny(unpacked, path, top))
+                leftovers.append(path);
+        }
+    }
+    leftovers.sort();
+    return leftovers;
+}
+
+qint64 ResourceStorage::clean() const
+{
+    qint64 bytes = 0;
+    const QStringList files = leftovers();
+    for (const QString& path : files) {
+        const qint64 size = QFileInfo(path).size();
+        if (!MVThemeMgr::init()->isDownloadPath(path) || !QFile::remove(path))
+            continue;
+        bytes += size;
+        const QStringList tops = halves();
+        for (const QString& top : tops) {
+            if (path.startsWith(top + QLatin1Char('/')))
+                removeEmptyFolders(path, top);
+        }
+    }
+    for (const QString& folder : {RootPlaces::removed(), RootPlaces::arrivals()}) {
+        QDirIterator each(folder, QDir::Files, QDirIterator::Subdirectories);
+        while (each.hasNext())
+            bytes += QFileInfo(each.next()).size();
+    }
+    purge();
+    ItemUpdate::removeLeftovers();
+    FileLedger::instance()->compact();
+    return bytes;
+}

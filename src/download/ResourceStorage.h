@@ -1,0 +1,70 @@
+#pragma once
+
+#include "records/MvResourceExport.h"
+
+#include <QString>
+#include <QStringList>
+#include <QtGlobal>
+#include <QVector>
+
+struct SCfg_Item;
+
+/// The disk space of the download root: what items use, removing items, and files that no catalogue
+/// names. The installed tree is not touched. GUID comparisons are those of the catalogue.
+///
+/// Call the functions on a thread that may use the catalogue, while no download, update or preview
+/// run works; each looks at the files of the whole catalogue on disk.
+class MVRESOURCE_EXPORT ResourceStorage
+{
+public:
+    /// What one item has in the download root.
+    struct Use
+    {
+        const SCfg_Item* item = nullptr;
+        qint64 ownBytes = 0;    ///< of files that no other item on disk needs
+        qint64 sharedBytes = 0; ///< of those that others need, too
+        qint64 bytes() const { return ownBytes + sharedBytes; }
+    };
+
+    /// A file that is moved aside: its place and where it is now.
+    struct Moved
+    {
+        QString path;
+        QString aside;
+    };
+
+    /// A removal that can be undone.
+    struct Removal
+    {
+        QVector<Moved> files;
+        qint64 bytes = 0;
+        /// Empty after a success; otherwise why nothing was removed.
+        QString error;
+        bool isComplete() const { return error.isEmpty(); }
+    };
+
+    ResourceStorage();
+
+    /// Returns the disk use of every displayed item that has files in the download root, in the
+    /// order of the catalogue.
+    QVector<Use> uses() const;
+    /// Returns that of one item.
+    Use useOf(SCfg_Item& item) const;
+
+    /// Moves the files of an item out of the way that no other item on disk needs: its definition
+    /// first, so that a removal that is interrupted leaves an item that is not ready. Previews
+    /// stay, and so do the items it uses, if users can choose them themselves.
+    Removal remove(SCfg_Item& item) const;
+    /// Moves the files of a removal back. Returns false if some could not be, or have come back
+    /// already.
+    static bool undo(const Removal& removal);
+    /// Deletes what removals have moved aside; they cannot be undone any more.
+    static void purge();
+
+    /// Returns the files of the download root that no catalogue names, sorted, with their paths.
+    /// Files in a folder beside an archive or a definition belong to that.
+    QStringList leftovers() const;
+    /// Deletes the leftovers, what removals and interrupted updates have left, and the empty
+    /// folders of all of them. Returns the number of bytes that were freed.
+    qint64 clean() const;
+};
