@@ -25,6 +25,15 @@ namespace {
 constexpr qint64 maxBytes = 256 * 1024 * 1024;
 constexpr int fieldsOfALine = 4;
 
+/// Ends a line that a killed process has begun, so that the next one can be read.
+bool endLine(QFile& file)
+{
+    char last = '\n';
+    if (file.size() > 0 && (!file.seek(file.size() - 1) || !file.getChar(&last)))
+        return false;
+    return last == '\n' || file.putChar('\n');
+}
+
 } // namespace
 
 FileLedger* FileLedger::instance()
@@ -127,9 +136,9 @@ void FileLedger::append(const QString& path, const Entry& entry)
     const QMutexLocker lock(&m_mutex);
     AppOptions::instance()->ensureDirExists(QFileInfo(ledger).path());
     QFile file(ledger);
-    QByteArray line = lineOf(name, entry);
+    const QByteArray line = lineOf(name, entry);
     if (!RegularFile::open(file, QIODevice::ReadWrite | QIODevice::Append | QIODevice::Unbuffered)
-        || file.write(line) != line.size()) {
+        || !endLine(file) || file.write(line) != line.size()) {
         LogL("CheckCfgWorker", 1, "%s cannot be written: %s", ledger.toUtf8().constData(),
              file.errorString().toUtf8().constData());
     }

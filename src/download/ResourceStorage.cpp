@@ -56,10 +56,22 @@ bool holds(const FileHolders& holders, const SCfg_Item& item)
 bool moveAside(const QString& path, const QString& folder, Removal& removal)
 {
     const QString aside = folder + QString::number(removal.files.size());
-    if (!MVThemeMgr::init()->isDownloadPath(path) || !QFile::rename(path, aside))
+    if (!MVThemeMgr::init()->isDownloadPath(path) || !QFileInfo(folder).isDir()
+        || !QFile::rename(path, aside))
         return false;
     removal.files.append({path, aside});
     return true;
+}
+
+/// Creates a folder for the files of one removal, and returns it with its trailing slash.
+QString newRemovedFolder()
+{
+    qint64 number = QDateTime::currentMSecsSinceEpoch();
+    while (QFileInfo::exists(RootPlaces::removed() + QString::number(number)))
+        ++number;
+    const QString folder = RootPlaces::removed() + QString::number(number) + QLatin1Char('/');
+    AppOptions::instance()->ensureDirExists(folder);
+    return folder;
 }
 
 /// Returns the halves of the download root in which catalogues place files.
@@ -158,10 +170,7 @@ Removal ResourceStorage::remove(SCfg_Item& item) const
     std::stable_partition(files.begin(), files.end(), [&](const ItemFiles::Entry& file) {
         return file.item == &item && file.role == ItemFiles::Role::Config;
     });
-    const QString folder = RootPlaces::removed()
-        + QString::number(QDateTime::currentMSecsSinceEpoch()) + QLatin1Char('/');
-    if (!files.isEmpty())
-        AppOptions::instance()->ensureDirExists(folder);
+    const QString folder = files.isEmpty() ? QString() : newRemovedFolder();
     for (const ItemFiles::Entry& file : qAsConst(files)) {
         if (!moveAside(file.path, folder, removal)) {
             undo(removal);

@@ -1,0 +1,237 @@
+#include "download/FileStates.h"
+#include "download/StorageWorld.h"
+#include "host/HostSettings.h"
+#include "support/TestMain.h"
+#include "support/TestTexts.h"
+
+#include <QDateTime>
+#include <QFile>
+
+/// Tests the states of files and items, and the ledger of digests behind them.
+class tst_fileStates : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { m_world.freshStorage(); }
+
+    void missingItem();
+    void fetchedItemIsCurrent();
+    void changedReleaseMakesItOutdated();
+    void changedFileIsDamaged();
+    void deepReadingFindsWhatTimesHide();
+    void changedFileOfAnUnknownPastIsOutdated();
+    void unlistedFile();
+    void nothingIsListedWithoutAReleasePolicy();
+    void ledgerSavesReading();
+    void unusableLedgerMeansReadingAgain_data();
+    void unusableLedgerMeansReadingAgain();
+    void forgedLedgerIsNotBelievedByAVerification();
+    void filesOfTheApplicationAreCurrent();
+    void cancelledReadingKnowsNothing();
+    void worstStateCounts();
+    void usedItemCountsToo();
+    void printed();
+
+private:
+    static EFileState stateOf(SCfg_Item& item, FileStates::Depth depth = FileStates::Depth::Quick)
+    {
+        return FileStates(depth).of(item).m_eState;
+    }
+    /// Changes a file on disk but neither its size nor its time.
+    void changeSecretly(const char* name) const;
+    QString ledger() const { return m_world.downloadedFile("ledger.txt"); }
+
+    StorageWorld m_world;
+};
+
+namespace {
+
+SCfg_Item& filter()
+{
+    return StorageWorld::filter(13);
+}
+
+} // namespace
+
+void tst_fileStates::changeSecretly(const char* name) const
+{
+    QFile file(m_world.file(name));
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    const QDateTime time = file.fileTime(QFileDevice::FileModificationTime);
+    file.write("!");
+    file.flush();
+    QVERIFY(file.setFileTime(time, QFileDevice::FileModificationTime));
+}
+
+void tst_fileStates::missingItem()
+{
+    const SItemState state = FileStates(FileStates::Depth::Quick).of(filter());
+    QCOMPARE(state.m_eState, eFile_Missing);
+    QCOMPARE(state.m_nBytesOnDisk, qint64(0));
+    const SItemState theme = FileStates(FileStates::Depth::Quick).of(StorageWorld::theme(1));
+    QCOMPARE(theme.m_eState, eFile_Missing);
+    QVERIFY(!theme.m_bBytesKnown); // its definition would tell what else it needs
+}
+
+void tst_fileStates::fetchedItemIsCurrent()
+{
+    QVERIFY(StorageWorld::fetch({&filter()}));
+    const SItemState state = FileStates(FileStates::Depth::Deep).of(filter());
+    QCOMPARE(state.m_eState, eFile_Current);
+    QCOMPARE(
+        state.m_nBytesOnDisk,
+        qint64(StorageWorld::archive(13).size() + m_world.content("VideoFilters/13.xml").size()));
+}
+
+void tst_fileStates::changedReleaseMakesItOutdated()
+{
+    QVERIFY(StorageWorld::fetch({&filter()}));
+    m_world.change("VideoFilters/13.zip", "PK changed");
+    m_world.publishAndCheck(11);
+    const SItemState state = FileStates(FileStates::Depth::Quick).of(filter());
+    QCOMPARE(state.m_eState, eFile_Outdated);
+    QCOMPARE(state.m_nToFetch, 1);
+    QCOMPARE(state.m_nBytesToFetch, qint64(10));
+    QVERIFY(state.m_bBytesKnown);
+    QCOMPARE(stateOf(filter(), FileStates::Depth::Deep), eFile_Outdated);
+}
+
+void tst_fileStates::changedFileIsDamaged()
+{
+    QVERIFY(StorageWorld::fetch({&filter()}));
+    CatalogueFiles::write(m_world.file("VideoFilters/13.zip"), "short");
+    QCOMPARE(stateOf(filter()), eFile_Damaged);
+    QCOMPARE(stateOf(filter()), eFile_Damaged); // reading it has not made it any better
+}
+
+void tst_fileStates::deepReadingFindsWhatTimesHide()
+{
+    QVERIFY(StorageWorld::fetch({&filter()}));
+    changeSecretly("VideoFilters/13.zip");
+    QCOMPARE(stateOf(filter()), eFile_Current);
+    QCOMPARE(stateOf(filter(), FileStates::Depth::Deep), eFile_Damaged);
+}
+
+void tst_fileStates::changedFileOfAnUnknownPastIsOutdated()
+{
+    QVERIFY(StorageWorld::fetch({&filter()}));
+    QVERIFY(QFile::remove(ledger()));
+    CatalogueFiles::write(m_world.file("VideoFilters/13.zip"), "of an earlier release");
+    QCOMPARE(stateOf(filter()), eFile_Outdated);
+}
+
+void tst_fileStates::unlistedFile()
+{
+    QVERIFY(StorageWorld::fetch({&filter()}));
+    m_world.unlist(text("config/VideoFilters/13.zip"));
+    m_world.publishAndCheck(11);
+    const SItemState state = FileStates(FileStates::Depth::Quick).of(filter());
+    QCOMPARE(state.m_eState, eFile_Unlisted);
+}
+
+void tst_fileStates::nothingIsListedWithoutAReleasePolicy()
+{
+    QVERIFY(StorageWorld::fetch({&filter()}));
+    hostSettings().releasePolicy = eRelease_Ignore;
+    QCOMPARE(stateOf(filter()), eFile_Unlisted);
+    QCOMPARE(stateOf(StorageWorld::theme(2)), eFile_Missing);
+}
+
+void tst_fileStates::ledgerSavesReading()
+{
+    QVERIFY(StorageWorld::fetch({&filter()}));
+    qint64 read = 0;
+    const auto count = [&](qint64 bytesRead) {
+        read += bytesRead;
+        return true;
+    };
+    FileStates(FileStates::Depth::Quick, count).of(filter());
+    QCOMPARE(read, qint64(0));
+    const SItemState state = FileStates(FileStates::Depth::Deep, count).of(filter());
+    QCOMPARE(read, state.m_nBytesOnDisk);
+}
+
+void tst_fileStates::unusableLedgerMeansReadingAgain_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::newRow("lost") << QByteArray();
+    QTest::newRow("cut off") << QByteArray("0123");
+    QTest::newRow("not a ledger") << QByteArray("\n\t\t\t\n\0\n");
+    QTest::newRow("short digest") << QByteArray("abc\t1\t1\tThemes\n");
+}
+
+void tst_fileStates::unusableLedgerMeansReadingAgain()
+{
+    QFETCH(QByteArray, content);
+    QVERIFY(StorageWorld::fetch({&filter()}));
+    QVERIFY(QFile::remove(ledger()));
+    if (!content.isEmpty())
+        CatalogueFiles::write(ledger(), content);
+    qint64 read = 0;
+    const auto count = [&](qint64 bytesRead) {
+        read += bytesRead;
+        return true;
+    };
+    const SItemState state = FileStates(FileStates::Depth::Quick, count).of(filter());
+    QCOMPARE(state.m_eState, eFile_Current);
+    QCOMPARE(read, state.m_nBytesOnDisk);
+    read = 0;
+    FileStates(FileStates::Depth::Quick, count).of(filter());
+    QCOMPARE(read, qint64(0)); // noted by the first reading
+}
+
+void tst_fileStates::forgedLedgerIsNotBelievedByAVerification()
+{
+    QVERIFY(StorageWorld::fetch({&filter()}));
+    const QByteArray genuine = CatalogueFiles::read(ledger());
+    changeSecretly("VideoFilters/13.zip");
+    CatalogueFiles::write(ledger(), genuine); // claims the published digest
+    QCOMPARE(stateOf(filter(), FileStates::Depth::Deep), eFile_Damaged);
+    CatalogueFiles::write(m_world.file("VideoFilters/13.zip"), "another size");
+    QCOMPARE(stateOf(filter()), eFile_Damaged);
+}
+
+void tst_fileStates::filesOfTheApplicationAreCurrent()
+{
+    for (const char* const name : {"VideoFilters/13.xml", "VideoFilters/13.zip"})
+        CatalogueFiles::write(StorageWorld::installed(name), "own");
+    QCOMPARE(stateOf(filter(), FileStates::Depth::Deep), eFile_Current);
+}
+
+void tst_fileStates::cancelledReadingKnowsNothing()
+{
+    QVERIFY(StorageWorld::fetch({&filter()}));
+    const FileStates states(FileStates::Depth::Deep, [](qint64) { return false; });
+    QCOMPARE(states.of(filter()).m_eState, eFile_Unlisted);
+}
+
+void tst_fileStates::worstStateCounts()
+{
+    QVERIFY(StorageWorld::fetch({&filter()}));
+    m_world.change("VideoFilters/13.zip", "PK changed");
+    m_world.publishAndCheck(11);
+    CatalogueFiles::write(m_world.file("VideoFilters/13.xml"), "damaged");
+    QCOMPARE(stateOf(filter()), eFile_Damaged);
+    QVERIFY(QFile::remove(m_world.file("VideoFilters/13.zip")));
+    QCOMPARE(stateOf(filter()), eFile_Missing);
+}
+
+void tst_fileStates::usedItemCountsToo()
+{
+    QVERIFY(StorageWorld::fetch({&StorageWorld::theme(1)}));
+    m_world.change("VideoFilters/12.zip", "PK changed");
+    m_world.publishAndCheck(11);
+    QCOMPARE(stateOf(StorageWorld::theme(1)), eFile_Outdated);
+    QCOMPARE(stateOf(StorageWorld::filter(11)), eFile_Current);
+}
+
+void tst_fileStates::printed()
+{
+    QString out;
+    QDebug(&out) << SItemState{eFile_Outdated, 2, 10, false, 30};
+    QCOMPARE(out.trimmed(), text("SItemState(2, 2 to fetch, 10 or more bytes, 30 on disk)"));
+}
+
+MV_TEST_MAIN(tst_fileStates)
+#include "tst_fileStates.moc"

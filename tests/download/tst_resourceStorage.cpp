@@ -1,0 +1,229 @@
+#include "catalogue/CatalogueUse.h"
+#include "download/FileStates.h"
+#include "download/ResourceStorage.h"
+#include "download/StorageWorld.h"
+#include "support/TestMain.h"
+#include "support/TestTexts.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+/// Tests disk use, removal of items with undo, and cleaning.
+class tst_resourceStorage : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void useTellsOwnAndShared();
+    void onlyItemsOnDiskAreListed();
+    void removalKeepsWhatOthersNeed();
+    void removalOfTheLastUserTakesHiddenItemsAlong();
+    void removedItemIsMissing();
+    void undoBringsEverythingBack();
+    void undoKeepsNewerFiles();
+    void purgedRemovalCannotBeUndone();
+    void previewsStay();
+    void installedFilesStay();
+    void nothingIsRemovedWhileADownloadWorks();
+    void failedRemovalChangesNothing();
+    void leftoversAreWhatNoCatalogueNames();
+    void unpackedArchivesBelongToTheirArchives();
+    void cleaningFreesLeftoversOnly();
+    void linksAreNotFollowed();
+
+private:
+    QString removed() const { return m_world.downloadedFile("removed"); }
+
+    StorageWorld m_world;
+    const ResourceStorage m_storage;
+};
+
+namespace {
+
+qint64 sizeOf(const StorageWorld& world, const QVector<const char*>& names)
+{
+    qint64 bytes = 0;
+    for (const char* const name : names)
+        bytes += world.content(name).size();
+    return bytes;
+}
+
+} // namespace
+
+void tst_resourceStorage::init()
+{
+    m_world.freshStorage();
+    QVERIFY(StorageWorld::fetch({&StorageWorld::theme(1), &StorageWorld::theme(2)}));
+}
+
+void tst_resourceStorage::useTellsOwnAndShared()
+{
+    const ResourceStorage::Use use = m_storage.useOf(StorageWorld::theme(1));
+    QCOMPARE(use.ownBytes, sizeOf(m_world, {"Themes/1.xml", "Themes/1.zip"}));
+    QCOMPARE(use.sharedBytes,
+             sizeOf(m_world,
+                    {"VideoFilters/11.xml", "VideoFilters/11.zip", "VideoFilters/12.xml",
+                     "VideoFilters/12.zip"}));
+    QCOMPARE(use.bytes(), use.ownBytes + use.sharedBytes);
+}
+
+void tst_resourceStorage::onlyItemsOnDiskAreListed()
+{
+    QStringList guids;
+    for (const ResourceStorage::Use& use : m_storage.uses())
+        guids.append(use.item->m_qsGUID);
+    guids.sort();
+    QStringList expected{CatalogueFiles::guid(1), CatalogueFiles::guid(2),
+                         CatalogueFiles::guid(11)};
+    expected.sort();
+    QCOMPARE(guids, expected); // filter 12 is hidden, filter 13 not on disk
+}
+
+void tst_resourceStorage::removalKeepsWhatOthersNeed()
+{
+    const qint64 own = sizeOf(m_world, {"Themes/1.xml", "Themes/1.zip"});
+    const ResourceStorage::Removal removal = m_storage.remove(StorageWorld::theme(1));
+    QVERIFY2(removal.isComplete(), qPrintable(removal.error));
+    QCOMPARE(removal.bytes, own);
+    QCOMPARE(m_world.files(),
+             (QStringList{text("Themes/2.xml"), text("Themes/2.zip"), text("VideoFilters/11.xml"),
+                          text("VideoFilters/11.zip"), text("VideoFilters/12.xml"),
+                          text("VideoFilters/12.zip")}));
+    QVERIFY(removal.files.first().path.endsWith(text("1.xml"))); // the definition goes first
+}
+
+void tst_resourceStorage::removalOfTheLastUserTakesHiddenItemsAlong()
+{
+    m_storage.remove(StorageWorld::theme(1));
+    m_storage.remove(StorageWorld::theme(2));
+    QCOMPARE(m_world.files(),
+             (QStringList{text("VideoFilters/11.xml"), text("VideoFilters/11.zip")}));
+    m_storage.remove(StorageWorld::filter(11));
+    QCOMPARE(m_world.files(), QStringList());
+}
+
+void tst_resourceStorage::removedItemIsMissing()
+{
+    m_storage.remove(StorageWorld::theme(1));
+    QCOMPARE(FileStates(FileStates::Depth::Quick).of(StorageWorld::theme(1)).m_eState,
+             eFile_Missing);
+    QVERIFY(StorageWorld::fetch({&StorageWorld::theme(1)}));
+    QCOMPARE(m_world.files().size(), 8);
+}
+
+void tst_resourceStorage::undoBringsEverythingBack()
+{
+    const QStringList before = m_world.files();
+    const ResourceStorage::Removal removal = m_storage.remove(StorageWorld::theme(1));
+    QVERIFY(m_world.files() != before);
+    QVERIFY(ResourceStorage::undo(removal));
+    QCOMPARE(m_world.files(), before);
+    QCOMPARE(m_world.content("Themes/1.zip"), StorageWorld::archive(1));
+    QCOMPARE(FileStates(FileStates::Depth::Quick).of(StorageWorld::theme(1)).m_eState,
+             eFile_Current);
+}
+
+void tst_resourceStorage::undoKeepsNewerFiles()
+{
+    const ResourceStorage::Removal removal = m_storage.remove(StorageWorld::theme(1));
+    CatalogueFiles::write(m_world.file("Themes/1.zip"), "newer");
+    QVERIFY(!ResourceStorage::undo(removal));
+    QCOMPARE(m_world.content("Themes/1.zip"), QByteArray("newer"));
+}
+
+void tst_resourceStorage::purgedRemovalCannotBeUndone()
+{
+    const ResourceStorage::Removal removal = m_storage.remove(StorageWorld::theme(1));
+    QVERIFY(QFileInfo::exists(removed()));
+    ResourceStorage::purge();
+    QVERIFY(!QFileInfo::exists(removed()));
+    QVERIFY(!ResourceStorage::undo(removal));
+}
+
+void tst_resourceStorage::previewsStay()
+{
+    const QString thumbnail = m_world.preview("Themes", "t.jpg");
+    CatalogueFiles::write(thumbnail, "picture");
+    m_storage.remove(StorageWorld::theme(1));
+    QVERIFY(QFileInfo::exists(thumbnail));
+}
+
+void tst_resourceStorage::installedFilesStay()
+{
+    const QString installed = StorageWorld::installed("VideoFilters/13.zip");
+    CatalogueFiles::write(installed, "own");
+    const ResourceStorage::Removal removal = m_storage.remove(StorageWorld::filter(13));
+    QVERIFY(removal.isComplete());
+    QVERIFY(removal.files.isEmpty());
+    QVERIFY(QFileInfo::exists(installed));
+}
+
+void tst_resourceStorage::nothingIsRemovedWhileADownloadWorks()
+{
+    const QStringList before = m_world.files();
+    const CatalogueUse use;
+    const ResourceStorage::Removal removal = m_storage.remove(StorageWorld::theme(1));
+    QVERIFY(!removal.isComplete());
+    QCOMPARE(removal.error, text("a download or an update is working"));
+    QCOMPARE(m_world.files(), before);
+}
+
+void tst_resourceStorage::failedRemovalChangesNothing()
+{
+    const QStringList before = m_world.files();
+    CatalogueFiles::write(removed(), "a file where the folder should be");
+    const ResourceStorage::Removal removal = m_storage.remove(StorageWorld::theme(1));
+    QVERIFY(!removal.isComplete());
+    QVERIFY2(removal.error.endsWith(text("cannot be removed")), qPrintable(removal.error));
+    QCOMPARE(m_world.files(), before);
+}
+
+void tst_resourceStorage::leftoversAreWhatNoCatalogueNames()
+{
+    QCOMPARE(m_storage.leftovers(), QStringList());
+    CatalogueFiles::write(m_world.file("Themes/old/old.zip"), "old");
+    CatalogueFiles::write(m_world.preview("Themes", "old.jpg"), "old");
+    QCOMPARE(
+        m_storage.leftovers(),
+        (QStringList{m_world.file("Themes/old/old.zip"), m_world.preview("Themes", "old.jpg")}));
+}
+
+void tst_resourceStorage::unpackedArchivesBelongToTheirArchives()
+{
+    CatalogueFiles::write(m_world.file("Themes/1/unpacked/a.png"), "a");
+    CatalogueFiles::write(m_world.file("Themes/11/a.png"), "a");
+    QCOMPARE(m_storage.leftovers(), QStringList{m_world.file("Themes/11/a.png")});
+}
+
+void tst_resourceStorage::cleaningFreesLeftoversOnly()
+{
+    const QStringList before = m_world.files();
+    CatalogueFiles::write(m_world.file("Themes/old/deep/old.zip"), "old");
+    const ResourceStorage::Removal removal = m_storage.remove(StorageWorld::theme(2));
+    QVERIFY(ResourceStorage::undo(removal));
+    CatalogueFiles::write(removed() + text("/1/0"), "removed");
+    CatalogueFiles::write(m_world.downloadedFile("updates") + text("/x"), "part");
+    QCOMPARE(m_storage.clean(), qint64(3 + 7 + 4));
+    QCOMPARE(m_world.files(), before);
+    QVERIFY(!QFileInfo::exists(m_world.file("Themes/old")));
+    QVERIFY(!QFileInfo::exists(removed()));
+    QVERIFY(!QFileInfo::exists(m_world.downloadedFile("updates")));
+    QCOMPARE(FileStates(FileStates::Depth::Quick).of(StorageWorld::theme(1)).m_eState,
+             eFile_Current);
+}
+
+void tst_resourceStorage::linksAreNotFollowed()
+{
+    const QString outside = m_world.base() + text("/outside");
+    CatalogueFiles::write(outside + text("/precious"), "x");
+    QVERIFY(QFile::link(outside, m_world.file("Themes/link")));
+    QVERIFY(QFile::link(outside + text("/precious"), m_world.file("Themes/file")));
+    m_storage.clean();
+    QVERIFY(QFileInfo::exists(outside + text("/precious")));
+}
+
+MV_TEST_MAIN(tst_resourceStorage)
+#include "tst_resourceStorage.moc"
