@@ -112,6 +112,7 @@ void tst_MVResourceItemDelegate::sizeAndPadding_data()
     QTest::newRow("no right, no left") << 5 << -1 << 20 << -1 << QSize(10, 25);
     QTest::newRow("no bottom") << 5 << 8 << -1 << 300 << QSize(308, 10);
     QTest::newRow("zero is a value") << 5 << 0 << 0 << 0 << QSize(0, 5);
+    QTest::newRow("zero left beside a right") << 5 << 8 << 0 << 0 << QSize(8, 5);
     QTest::newRow("zero top") << 0 << -1 << -1 << -1 << QSize(0, 0);
     QTest::newRow("any negative value") << 5 << -7 << -20 << -300 << QSize(10, 10);
 }
