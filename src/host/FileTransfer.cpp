@@ -211,7 +211,8 @@ void FileTransfer::store()
     m_received = m_file.size();
     if (m_job.progress && !m_job.progress(m_received, m_received))
         return failAsCancelled();
-    if (ContentCheck::isPage(m_file.beginning(ContentCheck::pageBytes)) && !isPageWanted()) {
+    static_assert(PartFile::beginningBytes >= ContentCheck::pageBytes);
+    if (ContentCheck::isPage(m_file.beginning()) && !isPageWanted()) {
         return fail(
             eTransfer_Network, eFailure_Unreachable,
             QStringLiteral("received a web page instead of the file, as from a network that "

@@ -25,12 +25,11 @@ constexpr int createAttempts = 16;
 const QLatin1String partPrefix(".mv-");
 const QLatin1String partSuffix(".part");
 
-QString partName()
+QByteArray partName()
 {
-    return partPrefix
-        + QStringLiteral("%1").arg(QRandomGenerator::global()->generate64(), 16, 16,
-                                   QLatin1Char('0'))
-        + partSuffix;
+    constexpr int digits = 16;
+    const QByteArray number = QByteArray::number(QRandomGenerator::global()->generate64(), 16);
+    return partPrefix.data() + number.rightJustified(digits, '0') + partSuffix.data();
 }
 
 bool isPartName(const QString& name)
@@ -81,6 +80,12 @@ Lock lock(int handle)
     return errno == EWOULDBLOCK ? Lock::Held : Lock::Impossible;
 }
 
+bool isFolder(const QByteArray& path)
+{
+    struct stat status = {};
+    return ::stat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
 /// The new name already exists, so failures are ignored: some file systems cannot flush a folder.
 void flushFolder(const QString& folder)
 {
@@ -119,25 +124,26 @@ bool PartFile::open(const QString& target)
 {
     discard();
     m_target = target;
+    m_path = QFile::encodeName(target);
     m_size = 0;
+    m_beginning.clear();
     m_eCause = eFailure_None;
     m_error.clear();
-    const QFileInfo info(target);
-    if (info.fileName().isEmpty() || info.isDir())
+    if (m_path.isEmpty() || m_path.endsWith('/') || isFolder(m_path))
         return fail(eFailure_LocalFile, QStringLiteral("is a folder, not a file name"));
     return createLocked();
 }
 
 bool PartFile::createLocked()
 {
-    const QString folder = QFileInfo(m_target).path();
+    const QByteArray beside = m_path.left(m_path.lastIndexOf('/') + 1);
     for (int attempt = 0; attempt < createAttempts; ++attempt) {
-        m_name = QFile::encodeName(folder + QLatin1Char('/') + partName());
+        m_name = beside + partName();
         m_handle = ::open(m_name.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, newFileMode);
         if (m_handle < 0 && errno == EEXIST)
             continue;
         if (m_handle < 0 && errno == ENOENT) {
-            const int obstacle = obstacleTo(folder);
+            const int obstacle = obstacleTo(QFileInfo(m_target).path());
             return obstacle == ENOENT
                 ? fail(eFailure_LocalFile, QStringLiteral("its folder does not exist"))
                 : failWith(obstacle);
@@ -161,6 +167,7 @@ bool PartFile::write(const char* data, qint64 length)
             continue;
         if (written <= 0)
             return failWith(errno);
+        keepBeginning(data, written);
         data += written;
         length -= written;
         m_size += written;
@@ -168,13 +175,11 @@ bool PartFile::write(const char* data, qint64 length)
     return true;
 }
 
-QByteArray PartFile::beginning(int maxBytes) const
+void PartFile::keepBeginning(const char* data, qint64 length)
 {
-    QByteArray bytes(maxBytes, Qt::Uninitialized);
-    const ssize_t length =
-        ::pread(m_handle, bytes.data(), static_cast<std::size_t>(bytes.size()), 0);
-    bytes.truncate(static_cast<int>(std::max<ssize_t>(length, 0)));
-    return bytes;
+    const qint64 missing = beginningBytes - m_beginning.size();
+    if (missing > 0)
+        m_beginning.append(data, static_cast<int>(std::min(missing, length)));
 }
 
 bool PartFile::restart()
@@ -182,6 +187,7 @@ bool PartFile::restart()
     if (::ftruncate(m_handle, 0) != 0 || ::lseek(m_handle, 0, SEEK_SET) != 0)
         return failWith(errno);
     m_size = 0;
+    m_beginning.clear();
     return true;
 }
 
@@ -190,9 +196,8 @@ bool PartFile::commit(Flush flush)
     const bool isStored = flush == Flush::Yes ? ::fsync(m_handle) == 0 : tookAllBytes(m_handle);
     if (!isStored)
         return failWith(errno);
-    const QByteArray to = QFile::encodeName(m_target);
     // The POSIX rename replaces the target atomically; QFile::rename refuses to.
-    if (std::rename(m_name.constData(), to.constData()) != 0)
+    if (std::rename(m_name.constData(), m_path.constData()) != 0)
         return failWith(errno);
     close();
     if (flush == Flush::Yes)

@@ -2,6 +2,7 @@
 
 #include "host/STransferFailure.h"
 
+#include <QByteArray>
 #include <QFile>
 #include <QString>
 
@@ -32,8 +33,10 @@ public:
 
     /// Returns the path of the temporary file, for inspecting its content before commit().
     QString temporaryPath() const { return QFile::decodeName(m_name); }
-    /// Returns the first bytes written so far, at most `maxBytes`.
-    QByteArray beginning(int maxBytes) const;
+    /// Number of leading bytes that beginning() keeps.
+    static constexpr int beginningBytes = 1024;
+    /// Returns the first bytes written so far, at most beginningBytes.
+    const QByteArray& beginning() const { return m_beginning; }
 
     /// Sets whether commit() waits until data and name are on the disk, so that a power failure
     /// leaves either the old file or the new one.
@@ -56,14 +59,17 @@ public:
 
 private:
     bool createLocked();
+    void keepBeginning(const char* data, qint64 length);
     void close();
     bool failWith(int error);
     bool fail(EFailureCause cause, const QString& reason);
 
     QString m_target;
-    QByteArray m_name; // of the temporary file, in the encoding of the file system
+    QByteArray m_path; // of the target, in the encoding of the file system
+    QByteArray m_name; // of the temporary file, likewise
     int m_handle = -1; // open for writing; -1: no temporary file
     qint64 m_size = 0;
+    QByteArray m_beginning;
     EFailureCause m_eCause = eFailure_None;
     QString m_error;
 };

@@ -85,11 +85,11 @@ FileTransfer& TransferPool::Private::add(Job job)
 
 void TransferPool::Private::removeLeftoversBeside(const QString& file)
 {
-    const QString folder = QFileInfo(file).path();
+    const QString folder = file.left(file.lastIndexOf(QLatin1Char('/')) + 1);
     if (m_sweptFolders.contains(folder))
         return;
     m_sweptFolders.insert(folder);
-    PartFile::removeLeftovers(folder);
+    PartFile::removeLeftovers(QFileInfo(file).path());
 }
 
 /// Returns whether a transfer has ended and been reported.
