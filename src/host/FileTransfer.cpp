@@ -59,22 +59,22 @@ FileTransfer::FileTransfer(CURLM* connections, HttpTransfer::Version version, Tr
 {
 }
 
-void FileTransfer::begin()
+void FileTransfer::begin(PartFile::FolderCheck check)
 {
     if (!m_url.isValid() || !isHttp(m_url)) {
         return fail(eTransfer_BadUrl, eFailure_BadAddress,
                     QStringLiteral("not an http or https address"));
     }
-    if (!openTarget())
+    if (!openTarget(check))
         return failAtFile();
     m_request.known = m_job.known;
     m_current = m_url;
     beginRequest();
 }
 
-bool FileTransfer::openTarget()
+bool FileTransfer::openTarget(PartFile::FolderCheck check)
 {
-    return m_file.open(m_job.file) && (!m_job.resume || copyBeginning());
+    return m_file.open(m_job.file, check) && (!m_job.resume || copyBeginning());
 }
 
 bool FileTransfer::copyBeginning()

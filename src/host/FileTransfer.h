@@ -17,7 +17,7 @@ public:
     Q_DISABLE_COPY_MOVE(FileTransfer)
 
     /// Opens the temporary file and begins the first request. It may end at once.
-    void begin();
+    void begin(PartFile::FolderCheck check);
     /// Continues after libcurl has reported the end of the request.
     void requestEnded(CURLcode code);
     /// Asks the job, once, whether its first request may be sent: a cancel may have come since it
@@ -40,7 +40,7 @@ private:
     using Clock = std::chrono::steady_clock;
     enum class State { New, Requesting, Pausing, Ended };
 
-    bool openTarget();
+    bool openTarget(PartFile::FolderCheck check);
     bool copyBeginning();
     void beginRequest();
     void follow(HttpTransfer::End end);

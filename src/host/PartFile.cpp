@@ -3,6 +3,7 @@
 #include "host/NewFileMode.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
@@ -120,17 +121,19 @@ PartFile::~PartFile()
     discard();
 }
 
-bool PartFile::open(const QString& target)
+bool PartFile::open(const QString& target, FolderCheck check)
 {
     discard();
     m_target = target;
     m_path = QFile::encodeName(target);
+    m_check = check;
     m_size = 0;
     m_beginning.clear();
     m_eCause = eFailure_None;
     m_error.clear();
-    if (m_path.isEmpty() || m_path.endsWith('/') || isFolder(m_path))
-        return fail(eFailure_LocalFile, QStringLiteral("is a folder, not a file name"));
+    if (m_path.isEmpty() || m_path.endsWith('/')
+        || (check == FolderCheck::AtOnce && isFolder(m_path)))
+        return failAsFolder();
     return createLocked();
 }
 
@@ -196,13 +199,30 @@ bool PartFile::commit(Flush flush)
     const bool isStored = flush == Flush::Yes ? ::fsync(m_handle) == 0 : tookAllBytes(m_handle);
     if (!isStored)
         return failWith(errno);
-    // The POSIX rename replaces the target atomically; QFile::rename refuses to.
-    if (std::rename(m_name.constData(), m_path.constData()) != 0)
-        return failWith(errno);
+    if (!rename())
+        return false;
     close();
     if (flush == Flush::Yes)
         flushFolder(QFileInfo(m_target).path());
     return true;
+}
+
+bool PartFile::rename()
+{
+    if (m_check == FolderCheck::AtCommit) {
+        if (::renameat2(AT_FDCWD, m_name.constData(), AT_FDCWD, m_path.constData(),
+                        RENAME_NOREPLACE)
+            == 0)
+            return true;
+        // Not every file system can do it.
+        if (errno != EEXIST && errno != EINVAL && errno != ENOSYS)
+            return failWith(errno);
+        // A plain rename would refuse a folder, but replace a link to one.
+        if (isFolder(m_path))
+            return failAsFolder();
+    }
+    // The POSIX rename replaces the target atomically; QFile::rename refuses to.
+    return std::rename(m_name.constData(), m_path.constData()) == 0 || failWith(errno);
 }
 
 void PartFile::discard()
@@ -219,6 +239,11 @@ void PartFile::close()
     m_handle = -1;
 }
 
+bool PartFile::failAsFolder()
+{
+    return fail(eFailure_LocalFile, QStringLiteral("is a folder, not a file name"));
+}
+
 bool PartFile::failWith(int error)
 {
     return fail(causeOf(error), QString::fromLocal8Bit(std::strerror(error)));
@@ -232,17 +257,24 @@ bool PartFile::fail(EFailureCause cause, const QString& reason)
     return false;
 }
 
-void PartFile::removeLeftovers(const QString& folder)
+bool PartFile::removeLeftovers(const QString& folder)
 {
+    bool hasFolders = false;
     // No pattern: favourites are also saved after main(), when Qt can no longer match one.
-    const QStringList names =
-        QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::NoSymLinks, QDir::Unsorted);
-    for (const QString& name : names) {
-        if (!isPartName(name))
+    QDirIterator entries(folder, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    while (entries.hasNext()) {
+        entries.next();
+        const QFileInfo entry = entries.fileInfo();
+        if (entry.isSymLink() || entry.isDir()) {
+            hasFolders = true;
             continue;
-        QFile leftover(folder + QLatin1Char('/') + name);
+        }
+        if (!isPartName(entry.fileName()))
+            continue;
+        QFile leftover(folder + QLatin1Char('/') + entry.fileName());
         // Removed under the lock: QFile::remove() would first close, and so unlock, the file.
         if (leftover.open(QIODevice::ReadOnly) && lock(leftover.handle()) == Lock::Taken)
             QFile::remove(leftover.fileName());
     }
+    return hasFolders;
 }

@@ -19,8 +19,12 @@ public:
     ~PartFile();
     Q_DISABLE_COPY_MOVE(PartFile)
 
+    /// Tells when to ask whether the target is a folder, which is refused: at once, or by commit()
+    /// alone, which saves looking up the name of a file that is new.
+    enum class FolderCheck { AtOnce, AtCommit };
+
     /// Starts a file for `target`, whose folder must exist. On false see errorText().
-    bool open(const QString& target);
+    bool open(const QString& target, FolderCheck check = FolderCheck::AtOnce);
 
     /// Appends; returns false if not every byte could be written.
     bool write(const char* data, qint64 length);
@@ -54,19 +58,23 @@ public:
     /// file.
     EFailureCause cause() const { return m_eCause; }
 
-    /// Removes the part files in `folder` that no living writer has locked.
-    static void removeLeftovers(const QString& folder);
+    /// Removes the part files in `folder` that no living writer has locked. Returns whether it
+    /// contains folders or links.
+    static bool removeLeftovers(const QString& folder);
 
 private:
     bool createLocked();
     void keepBeginning(const char* data, qint64 length);
+    bool rename();
     void close();
+    bool failAsFolder();
     bool failWith(int error);
     bool fail(EFailureCause cause, const QString& reason);
 
     QString m_target;
     QByteArray m_path; // of the target, in the encoding of the file system
     QByteArray m_name; // of the temporary file, likewise
+    FolderCheck m_check = FolderCheck::AtOnce;
     int m_handle = -1; // open for writing; -1: no temporary file
     qint64 m_size = 0;
     QByteArray m_beginning;
