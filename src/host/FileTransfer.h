@@ -16,8 +16,9 @@ public:
     FileTransfer(CURLM* connections, HttpTransfer::Version version, TransferPool::Job job);
     Q_DISABLE_COPY_MOVE(FileTransfer)
 
-    /// Opens the temporary file and begins the first request. It may end at once.
-    void begin(PartFile::FolderCheck check);
+    /// Opens the temporary file and begins the first request. It may end at once. `address` is the
+    /// job's as encoded by AddressEncoder.
+    void begin(const QByteArray& address, PartFile::FolderCheck check);
     /// Continues after libcurl has reported the end of the request.
     void requestEnded(CURLcode code);
     /// Asks the job, once, whether its first request may be sent: a cancel may have come since it
@@ -45,6 +46,7 @@ private:
     void beginRequest();
     void follow(HttpTransfer::End end);
     QString redirect();
+    QUrl url() const;
     void continuePaused();
     void store();
     bool isPageWanted() const;
@@ -66,8 +68,8 @@ private:
     PartFile m_file;
     HttpTransfer m_transfer; // after m_file, into which it writes
     HttpTransfer::Request m_request;
-    QUrl m_url;     // the job's
-    QUrl m_current; // of the request: m_url or where it redirects to
+    QByteArray m_address; // the job's, encoded
+    QUrl m_redirected;    // where m_address redirects to; empty until it does
     bool m_isConfirmed = false;
     int m_redirects = 0;
     int m_retries = 0;

@@ -1,5 +1,6 @@
 #include "host/TransferPool.h"
 
+#include "host/AddressEncoder.h"
 #include "host/FileTransfer.h"
 #include "host/HostSettings.h"
 
@@ -66,14 +67,16 @@ private:
     void tickAll();
     std::vector<std::unique_ptr<FileTransfer>> takeEnded();
 
+    AddressEncoder m_addresses;
     QHash<QString, bool> m_sweptFolders; // whether they had folders or links when swept
 };
 
 void TransferPool::Private::begin(Job job)
 {
-    const bool mayBeFolder = sweepBeside(job.file);
-    add(std::move(job))
-        .begin(mayBeFolder ? PartFile::FolderCheck::AtOnce : PartFile::FolderCheck::AtCommit);
+    const auto check =
+        sweepBeside(job.file) ? PartFile::FolderCheck::AtOnce : PartFile::FolderCheck::AtCommit;
+    const QByteArray address = m_addresses.encoded(job.url);
+    add(std::move(job)).begin(address, check);
 }
 
 FileTransfer& TransferPool::Private::add(Job job)
