@@ -26,11 +26,18 @@ constexpr int createAttempts = 16;
 const QLatin1String partPrefix(".mv-");
 const QLatin1String partSuffix(".part");
 
-QByteArray partName()
+/// Returns the path of a new part file; `beside` ends with a slash or is empty.
+QByteArray partPath(const QByteArray& beside)
 {
     constexpr int digits = 16;
-    const QByteArray number = QByteArray::number(QRandomGenerator::global()->generate64(), 16);
-    return partPrefix.data() + number.rightJustified(digits, '0') + partSuffix.data();
+    constexpr int bitsOfDigit = 4;
+    QByteArray path;
+    path.reserve(beside.size() + partPrefix.size() + digits + partSuffix.size());
+    path.append(beside).append(partPrefix.data());
+    quint64 number = QRandomGenerator::global()->generate64();
+    for (int i = 0; i < digits; ++i, number >>= bitsOfDigit)
+        path.append("0123456789abcdef"[number & 0xf]);
+    return path.append(partSuffix.data());
 }
 
 bool isPartName(const QString& name)
@@ -141,7 +148,7 @@ bool PartFile::createLocked()
 {
     const QByteArray beside = m_path.left(m_path.lastIndexOf('/') + 1);
     for (int attempt = 0; attempt < createAttempts; ++attempt) {
-        m_name = beside + partName();
+        m_name = partPath(beside);
         m_handle = ::open(m_name.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, newFileMode);
         if (m_handle < 0 && errno == EEXIST)
             continue;
