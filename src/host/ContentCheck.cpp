@@ -64,10 +64,12 @@ QString signatureFault(const QByteArray& beginning, bool isPicture)
 
 bool ContentCheck::isPage(const QByteArray& beginning)
 {
-    const QByteArray text = withoutProlog(beginning).toLower();
+    const QByteArray text = withoutProlog(beginning);
     for (const char* begin : {"<!doctype html", "<html"}) {
         const int length = int(qstrlen(begin));
-        if (text.startsWith(begin) && (text.size() == length || !isalnum(text.at(length))))
+        // Compares in place: few files begin like this, and every file is asked.
+        if (qstrnicmp(text.constData(), begin, uint(length)) == 0
+            && (text.size() == length || !isalnum(text.at(length))))
             return true;
     }
     return false;

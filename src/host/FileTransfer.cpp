@@ -1,5 +1,6 @@
 #include "host/FileTransfer.h"
 
+#include "host/AddressEncoder.h"
 #include "host/ContentCheck.h"
 #include "host/HostSettings.h"
 #include "host/RegularFile.h"
@@ -18,12 +19,6 @@ constexpr int maxRedirects = 5;
 constexpr milliseconds callbackPause(50); // with the pool's tick, at least ten times a second
 /// Beyond this many doublings, the limit of a pause decides anyway.
 constexpr int maxDoublings = 16;
-
-bool isHttp(const QUrl& url)
-{
-    return (url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https"))
-        && !url.host().isEmpty();
-}
 
 ETransferResult resultOf(HttpTransfer::End end)
 {
@@ -55,27 +50,27 @@ ETransferResult resultOf(HttpTransfer::End end)
 FileTransfer::FileTransfer(CURLM* connections, HttpTransfer::Version version, TransferPool::Job job)
     : m_job(std::move(job))
     , m_transfer(connections, version)
-    , m_url(m_job.url, QUrl::TolerantMode)
-    , m_first(m_job.contentUrl.isEmpty() ? m_url : QUrl(m_job.contentUrl, QUrl::TolerantMode))
 {
 }
 
-void FileTransfer::begin()
+void FileTransfer::begin(const Addresses& addresses, PartFile::FolderCheck check)
 {
-    if (!m_url.isValid() || !isHttp(m_url) || !isHttp(m_first)) {
+    if (addresses.byName.isEmpty()
+        || (!m_job.contentUrl.isEmpty() && addresses.byContent.isEmpty())) {
         return fail(eTransfer_BadUrl, eFailure_BadAddress,
                     QStringLiteral("not an http or https address"));
     }
-    if (!openTarget())
+    if (!openTarget(check))
         return failAtFile();
     m_request.known = m_job.known;
-    m_current = m_first;
+    m_byName = addresses.byName;
+    m_address = addresses.byContent.isEmpty() ? m_byName : addresses.byContent;
     beginRequest();
 }
 
-bool FileTransfer::openTarget()
+bool FileTransfer::openTarget(PartFile::FolderCheck check)
 {
-    if (!m_file.open(m_job.file))
+    if (!m_file.open(m_job.file, check))
         return false;
     if (m_job.published.isKnown())
         m_file.startDigest();
@@ -102,8 +97,9 @@ bool FileTransfer::copyBeginning()
 
 void FileTransfer::beginRequest()
 {
-    m_request.url = m_current.toEncoded(QUrl::RemoveFragment);
     m_request.maxBytes = m_job.published.m_sizeBytes;
+    m_request.url =
+        m_redirected.isEmpty() ? m_address : m_redirected.toEncoded(QUrl::RemoveFragment);
     m_transfer.begin(m_request, m_file, this);
     m_state = State::Requesting;
 }
@@ -165,15 +161,14 @@ void FileTransfer::follow(HttpTransfer::End end)
                                : fail(eTransfer_BadUrl, eFailure_BadAddress, error);
     }
     m_received = std::max(m_received, m_file.size());
-    m_current = m_first;
+    m_redirected.clear();
     m_redirects = 0;
     if (end == HttpTransfer::End::Complete)
         return isOther() && !m_request.revalidate ? beginPastCaches() : store();
     if (end == HttpTransfer::End::TooLarge && m_job.published.isKnown())
         return m_request.revalidate ? failAsOther() : beginPastCaches();
-    if (m_first != m_url && m_transfer.causeOf(end) == eFailure_NotOnServer) {
-        m_first = m_url;
-        m_current = m_url;
+    if (m_address != m_byName && m_transfer.causeOf(end) == eFailure_NotOnServer) {
+        m_address = m_byName;
         return beginAgain();
     }
     if (end == HttpTransfer::End::NotModified) {
@@ -196,18 +191,25 @@ void FileTransfer::follow(HttpTransfer::End end)
 QString FileTransfer::redirect()
 {
     const QByteArray location = m_transfer.head().location;
-    const QUrl next = m_current.resolved(QUrl::fromEncoded(location));
+    const QUrl current = m_redirected.isEmpty() ? QUrl::fromEncoded(m_address) : m_redirected;
+    const QUrl next = current.resolved(QUrl::fromEncoded(location));
     if (m_redirects == maxRedirects)
         return QStringLiteral("more than %1 redirects").arg(maxRedirects);
-    if (!next.isValid() || !isHttp(next)) {
+    if (!next.isValid() || !AddressEncoder::isHttp(next)) {
         return QStringLiteral("redirected to %1, which is not an http or https address")
             .arg(next.isValid() ? next.toDisplayString() : QString::fromUtf8(location));
     }
-    if (m_current.scheme() == QLatin1String("https") && next.scheme() != m_current.scheme())
+    if (current.scheme() == QLatin1String("https") && next.scheme() != current.scheme())
         return QStringLiteral("redirected from https to http");
-    m_current = next;
+    m_redirected = next;
     ++m_redirects;
     return {};
+}
+
+/// Returns the job's address. Parsed only when it is needed: few transfers are redirected or fail.
+QUrl FileTransfer::url() const
+{
+    return QUrl(m_job.url, QUrl::TolerantMode);
 }
 
 void FileTransfer::continuePaused()
@@ -224,9 +226,9 @@ void FileTransfer::store()
     m_received = m_file.size();
     if (m_job.progress && !m_job.progress(m_received, m_received))
         return failAsCancelled();
+    static_assert(PartFile::beginningBytes >= ContentCheck::pageBytes);
     const bool isProven = m_job.published.isKnown() && !isOther();
-    if (!isProven && ContentCheck::isPage(m_file.beginning(ContentCheck::pageBytes))
-        && !isPageWanted()) {
+    if (!isProven && ContentCheck::isPage(m_file.beginning()) && !isPageWanted()) {
         return fail(
             eTransfer_Network, eFailure_Unreachable,
             QStringLiteral("received a web page instead of the file, as from a network that "
@@ -252,7 +254,7 @@ void FileTransfer::store()
 
 bool FileTransfer::isPageWanted() const
 {
-    return ContentCheck::isPageName(m_job.file) || ContentCheck::isPageName(m_url.path());
+    return ContentCheck::isPageName(m_job.file) || ContentCheck::isPageName(url().path());
 }
 
 /// Stores the validator for requesting the rest of a broken body, if there is one.
@@ -378,7 +380,8 @@ void FileTransfer::fail(ETransferResult code, EFailureCause cause, const QString
     m_outcome.m_validators = SValidators();
     STransferFailure& failure = m_outcome.m_failure;
     failure.m_eCause = cause;
-    failure.m_qsUrl = m_url.isValid() ? m_url.toDisplayString() : m_job.url;
+    const QUrl address = url();
+    failure.m_qsUrl = address.isValid() ? address.toDisplayString() : m_job.url;
     failure.m_qsFile = m_job.file;
     failure.m_qsDetails =
         QStringLiteral("%1: %2 (%3 bytes received; local file %4)")

@@ -16,8 +16,14 @@ public:
     FileTransfer(CURLM* connections, HttpTransfer::Version version, TransferPool::Job job);
     Q_DISABLE_COPY_MOVE(FileTransfer)
 
+    /// The job's addresses as encoded by AddressEncoder.
+    struct Addresses
+    {
+        QByteArray byName;    ///< Job::url
+        QByteArray byContent; ///< Job::contentUrl; empty if the job has none
+    };
     /// Opens the temporary file and begins the first request. It may end at once.
-    void begin();
+    void begin(const Addresses& addresses, PartFile::FolderCheck check);
     /// Continues after libcurl has reported the end of the request.
     void requestEnded(CURLcode code);
     /// Asks the job, once, whether its first request may be sent: a cancel may have come since it
@@ -40,11 +46,12 @@ private:
     using Clock = std::chrono::steady_clock;
     enum class State { New, Requesting, Pausing, Ended };
 
-    bool openTarget();
+    bool openTarget(PartFile::FolderCheck check);
     bool copyBeginning();
     void beginRequest();
     void follow(HttpTransfer::End end);
     QString redirect();
+    QUrl url() const;
     void continuePaused();
     void store();
     bool isPageWanted() const;
@@ -69,9 +76,9 @@ private:
     PartFile m_file;
     HttpTransfer m_transfer; // after m_file, into which it writes
     HttpTransfer::Request m_request;
-    QUrl m_url;     // the job's
-    QUrl m_first;   // of the job's first request: its contentUrl or m_url
-    QUrl m_current; // of the request: m_first or where it redirects to
+    QByteArray m_byName;  // the job's address, encoded
+    QByteArray m_address; // of the requests: by content as long as the server has that, or by name
+    QUrl m_redirected;    // where m_address redirects to; empty until it does
     bool m_isConfirmed = false;
     int m_redirects = 0;
     int m_retries = 0;

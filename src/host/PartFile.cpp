@@ -4,6 +4,7 @@
 #include "host/NewFileMode.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
@@ -26,12 +27,18 @@ constexpr int createAttempts = 16;
 const QLatin1String partPrefix(".mv-");
 const QLatin1String partSuffix(".part");
 
-QString partName()
+/// Returns the path of a new part file; `beside` ends with a slash or is empty.
+QByteArray partPath(const QByteArray& beside)
 {
-    return partPrefix
-        + QStringLiteral("%1").arg(QRandomGenerator::global()->generate64(), 16, 16,
-                                   QLatin1Char('0'))
-        + partSuffix;
+    constexpr int digits = 16;
+    constexpr int bitsOfDigit = 4;
+    QByteArray path;
+    path.reserve(beside.size() + partPrefix.size() + digits + partSuffix.size());
+    path.append(beside).append(partPrefix.data());
+    quint64 number = QRandomGenerator::global()->generate64();
+    for (int i = 0; i < digits; ++i, number >>= bitsOfDigit)
+        path.append("0123456789abcdef"[number & 0xf]);
+    return path.append(partSuffix.data());
 }
 
 bool isPartName(const QString& name)
@@ -82,6 +89,12 @@ Lock lock(int handle)
     return errno == EWOULDBLOCK ? Lock::Held : Lock::Impossible;
 }
 
+bool isFolder(const QByteArray& path)
+{
+    struct stat status = {};
+    return ::stat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
 /// The new name already exists, so failures are ignored: some file systems cannot flush a folder.
 void flushFolder(const QString& folder)
 {
@@ -118,30 +131,33 @@ PartFile::~PartFile()
     discard();
 }
 
-bool PartFile::open(const QString& target)
+bool PartFile::open(const QString& target, FolderCheck check)
 {
     discard();
     m_target = target;
+    m_path = QFile::encodeName(target);
+    m_check = check;
     m_size = 0;
+    m_beginning.clear();
     m_eCause = eFailure_None;
     m_error.clear();
     m_digest.reset();
-    const QFileInfo info(target);
-    if (info.fileName().isEmpty() || info.isDir())
-        return fail(eFailure_LocalFile, QStringLiteral("is a folder, not a file name"));
+    if (m_path.isEmpty() || m_path.endsWith('/')
+        || (check == FolderCheck::AtOnce && isFolder(m_path)))
+        return failAsFolder();
     return createLocked();
 }
 
 bool PartFile::createLocked()
 {
-    const QString folder = QFileInfo(m_target).path();
+    const QByteArray beside = m_path.left(m_path.lastIndexOf('/') + 1);
     for (int attempt = 0; attempt < createAttempts; ++attempt) {
-        m_name = QFile::encodeName(folder + QLatin1Char('/') + partName());
+        m_name = partPath(beside);
         m_handle = ::open(m_name.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, newFileMode);
         if (m_handle < 0 && errno == EEXIST)
             continue;
         if (m_handle < 0 && errno == ENOENT) {
-            const int obstacle = obstacleTo(folder);
+            const int obstacle = obstacleTo(QFileInfo(m_target).path());
             return obstacle == ENOENT
                 ? fail(eFailure_LocalFile, QStringLiteral("its folder does not exist"))
                 : failWith(obstacle);
@@ -177,6 +193,7 @@ bool PartFile::write(const char* data, qint64 length)
             continue;
         if (written <= 0)
             return failWith(errno);
+        keepBeginning(data, written);
         data += written;
         length -= written;
         m_size += written;
@@ -184,13 +201,11 @@ bool PartFile::write(const char* data, qint64 length)
     return true;
 }
 
-QByteArray PartFile::beginning(int maxBytes) const
+void PartFile::keepBeginning(const char* data, qint64 length)
 {
-    QByteArray bytes(maxBytes, Qt::Uninitialized);
-    const ssize_t length =
-        ::pread(m_handle, bytes.data(), static_cast<std::size_t>(bytes.size()), 0);
-    bytes.truncate(static_cast<int>(std::max<ssize_t>(length, 0)));
-    return bytes;
+    const qint64 missing = beginningBytes - m_beginning.size();
+    if (missing > 0)
+        m_beginning.append(data, static_cast<int>(std::min(missing, length)));
 }
 
 bool PartFile::restart()
@@ -200,6 +215,7 @@ bool PartFile::restart()
     m_size = 0;
     if (m_digest)
         m_digest->reset();
+    m_beginning.clear();
     return true;
 }
 
@@ -208,14 +224,30 @@ bool PartFile::commit(Flush flush)
     const bool isStored = flush == Flush::Yes ? ::fsync(m_handle) == 0 : tookAllBytes(m_handle);
     if (!isStored)
         return failWith(errno);
-    const QByteArray to = QFile::encodeName(m_target);
-    // The POSIX rename replaces the target atomically; QFile::rename refuses to.
-    if (std::rename(m_name.constData(), to.constData()) != 0)
-        return failWith(errno);
+    if (!rename())
+        return false;
     close();
     if (flush == Flush::Yes)
         flushFolder(QFileInfo(m_target).path());
     return true;
+}
+
+bool PartFile::rename()
+{
+    if (m_check == FolderCheck::AtCommit) {
+        if (::renameat2(AT_FDCWD, m_name.constData(), AT_FDCWD, m_path.constData(),
+                        RENAME_NOREPLACE)
+            == 0)
+            return true;
+        // Not every file system can do it.
+        if (errno != EEXIST && errno != EINVAL && errno != ENOSYS)
+            return failWith(errno);
+        // A plain rename would refuse a folder, but replace a link to one.
+        if (isFolder(m_path))
+            return failAsFolder();
+    }
+    // The POSIX rename replaces the target atomically; QFile::rename refuses to.
+    return std::rename(m_name.constData(), m_path.constData()) == 0 || failWith(errno);
 }
 
 void PartFile::discard()
@@ -232,6 +264,11 @@ void PartFile::close()
     m_handle = -1;
 }
 
+bool PartFile::failAsFolder()
+{
+    return fail(eFailure_LocalFile, QStringLiteral("is a folder, not a file name"));
+}
+
 bool PartFile::failWith(int error)
 {
     return fail(causeOf(error), QString::fromLocal8Bit(std::strerror(error)));
@@ -245,17 +282,24 @@ bool PartFile::fail(EFailureCause cause, const QString& reason)
     return false;
 }
 
-void PartFile::removeLeftovers(const QString& folder)
+bool PartFile::removeLeftovers(const QString& folder)
 {
+    bool hasFolders = false;
     // No pattern: favourites are also saved after main(), when Qt can no longer match one.
-    const QStringList names =
-        QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::NoSymLinks, QDir::Unsorted);
-    for (const QString& name : names) {
-        if (!isPartName(name))
+    QDirIterator entries(folder, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    while (entries.hasNext()) {
+        entries.next();
+        const QFileInfo entry = entries.fileInfo();
+        if (entry.isSymLink() || entry.isDir()) {
+            hasFolders = true;
             continue;
-        QFile leftover(folder + QLatin1Char('/') + name);
+        }
+        if (!isPartName(entry.fileName()))
+            continue;
+        QFile leftover(folder + QLatin1Char('/') + entry.fileName());
         // Removed under the lock: QFile::remove() would first close, and so unlock, the file.
         if (leftover.open(QIODevice::ReadOnly) && lock(leftover.handle()) == Lock::Taken)
             QFile::remove(leftover.fileName());
     }
+    return hasFolders;
 }

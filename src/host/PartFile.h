@@ -2,6 +2,7 @@
 
 #include "host/STransferFailure.h"
 
+#include <QByteArray>
 #include <QFile>
 #include <QString>
 
@@ -22,8 +23,12 @@ public:
     ~PartFile();
     Q_DISABLE_COPY_MOVE(PartFile)
 
+    /// Tells when to ask whether the target is a folder, which is refused: at once, or by commit()
+    /// alone, which saves looking up the name of a file that is new.
+    enum class FolderCheck { AtOnce, AtCommit };
+
     /// Starts a file for `target`, whose folder must exist. On false see errorText().
-    bool open(const QString& target);
+    bool open(const QString& target, FolderCheck check = FolderCheck::AtOnce);
 
     /// Starts a digest of what is written from now on.
     void startDigest();
@@ -41,8 +46,10 @@ public:
 
     /// Returns the path of the temporary file, for inspecting its content before commit().
     QString temporaryPath() const { return QFile::decodeName(m_name); }
-    /// Returns the first bytes written so far, at most `maxBytes`.
-    QByteArray beginning(int maxBytes) const;
+    /// Number of leading bytes that beginning() keeps.
+    static constexpr int beginningBytes = 1024;
+    /// Returns the first bytes written so far, at most beginningBytes.
+    const QByteArray& beginning() const { return m_beginning; }
 
     /// Sets whether commit() waits until data and name are on the disk, so that a power failure
     /// leaves either the old file or the new one.
@@ -60,20 +67,27 @@ public:
     /// file.
     EFailureCause cause() const { return m_eCause; }
 
-    /// Removes the part files in `folder` that no living writer has locked.
-    static void removeLeftovers(const QString& folder);
+    /// Removes the part files in `folder` that no living writer has locked. Returns whether it
+    /// contains folders or links.
+    static bool removeLeftovers(const QString& folder);
 
 private:
     bool createLocked();
+    void keepBeginning(const char* data, qint64 length);
+    bool rename();
     void close();
+    bool failAsFolder();
     bool failWith(int error);
     bool fail(EFailureCause cause, const QString& reason);
 
     QString m_target;
-    QByteArray m_name; // of the temporary file, in the encoding of the file system
+    QByteArray m_path; // of the target, in the encoding of the file system
+    QByteArray m_name; // of the temporary file, likewise
+    FolderCheck m_check = FolderCheck::AtOnce;
     int m_handle = -1; // open for writing; -1: no temporary file
     qint64 m_size = 0;
     std::unique_ptr<ContentDigest> m_digest; // null: not wanted
+    QByteArray m_beginning;
     EFailureCause m_eCause = eFailure_None;
     QString m_error;
 };

@@ -1,5 +1,7 @@
 #include "host/StallWatch.h"
 
+#include <utility>
+
 using namespace std::chrono;
 
 namespace {
@@ -11,6 +13,7 @@ constexpr qint64 minBytesPerSecond = 1000;
 
 void StallWatch::restart()
 {
+    m_hasNewBytes = false;
     m_lastByte = Clock::now();
     m_windowStart = m_lastByte;
     m_windowBytes = 0;
@@ -18,13 +21,15 @@ void StallWatch::restart()
 
 void StallWatch::add(std::size_t bytes)
 {
-    m_lastByte = Clock::now();
+    m_hasNewBytes = true;
     m_windowBytes += static_cast<qint64>(bytes);
 }
 
 QString StallWatch::fault(milliseconds limit, int sideBySide)
 {
     const Clock::time_point now = Clock::now();
+    if (std::exchange(m_hasNewBytes, false))
+        m_lastByte = now;
     const auto silence = now - m_lastByte;
     const auto window = duration_cast<milliseconds>(now - m_windowStart);
     if (silence > limit)

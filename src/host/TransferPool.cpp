@@ -1,10 +1,11 @@
 #include "host/TransferPool.h"
 
+#include "host/AddressEncoder.h"
 #include "host/FileTransfer.h"
 #include "host/HostSettings.h"
 
 #include <QFileInfo>
-#include <QSet>
+#include <QHash>
 
 #include <algorithm>
 #include <atomic>
@@ -59,20 +60,25 @@ public:
 
 private:
     FileTransfer& add(Job job);
-    void removeLeftoversBeside(const QString& file);
+    bool sweepBeside(const QString& file);
     void endCancelled();
     void confirmNew();
     void takeMessages();
     void tickAll();
     std::vector<std::unique_ptr<FileTransfer>> takeEnded();
 
-    QSet<QString> m_sweptFolders; // already searched for the remains of a kill
+    AddressEncoder m_addresses;
+    QHash<QString, bool> m_sweptFolders; // whether they had folders or links when swept
 };
 
 void TransferPool::Private::begin(Job job)
 {
-    removeLeftoversBeside(job.file);
-    add(std::move(job)).begin();
+    const auto check =
+        sweepBeside(job.file) ? PartFile::FolderCheck::AtOnce : PartFile::FolderCheck::AtCommit;
+    const FileTransfer::Addresses addresses = {
+        m_addresses.encoded(job.url),
+        job.contentUrl.isEmpty() ? QByteArray() : m_addresses.encoded(job.contentUrl)};
+    add(std::move(job)).begin(addresses, check);
 }
 
 FileTransfer& TransferPool::Private::add(Job job)
@@ -83,13 +89,15 @@ FileTransfer& TransferPool::Private::add(Job job)
     return *running.back();
 }
 
-void TransferPool::Private::removeLeftoversBeside(const QString& file)
+/// Removes the remains of a kill, once per folder. Returns whether the folder then had folders or
+/// links in it.
+bool TransferPool::Private::sweepBeside(const QString& file)
 {
-    const QString folder = QFileInfo(file).path();
-    if (m_sweptFolders.contains(folder))
-        return;
-    m_sweptFolders.insert(folder);
-    PartFile::removeLeftovers(folder);
+    const QString folder = file.left(file.lastIndexOf(QLatin1Char('/')) + 1);
+    const auto swept = m_sweptFolders.constFind(folder);
+    if (swept != m_sweptFolders.cend())
+        return swept.value();
+    return *m_sweptFolders.insert(folder, PartFile::removeLeftovers(QFileInfo(file).path()));
 }
 
 /// Returns whether a transfer has ended and been reported.

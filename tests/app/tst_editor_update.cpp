@@ -193,11 +193,12 @@ void tst_editor_update::aFailedFileAndASlowOneAreOneCheck()
     world.publish({QStringLiteral("Alpha"), QStringLiteral("Beta")});
     const QString goOn = world.folder() + QStringLiteral("/goOn");
     world.setFault([goOn](HttpExchange& exchange, int number) {
-        if (number == 2)
-            exchange.answer(HttpAnswer(500).body("out of order"));
+        // The first two ask for the release and the version file.
         if (number == 3)
+            exchange.answer(HttpAnswer(500).body("out of order"));
+        if (number == 4)
             waitFor(exchange, goOn);
-        return number == 2;
+        return number == 3;
     });
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
         wait phase catalogue

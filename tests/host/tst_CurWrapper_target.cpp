@@ -18,6 +18,8 @@ private slots:
     void cannotWrite_data();
     void cannotWrite();
     void cannotRenameOverAFolderThatAppeared();
+    void cannotReplaceAFolderMadeBetweenDownloads_data();
+    void cannotReplaceAFolderMadeBetweenDownloads();
     void diskFull_data();
     void diskFull();
     void replacesAnOlderFile();
@@ -80,6 +82,38 @@ void TestCurWrapperTarget::cannotRenameOverAFolderThatAppeared()
     QCOMPARE(download.wrapper().result(), 2);
     QVERIFY(QFileInfo(download.target()).isDir());
     QCOMPARE(download.files(), QStringList());
+}
+
+void TestCurWrapperTarget::cannotReplaceAFolderMadeBetweenDownloads_data()
+{
+    QTest::addColumn<bool>("isLink");
+    QTest::newRow("a folder") << false;
+    QTest::newRow("a link to a folder") << true;
+}
+
+/// The folder was searched before the first download; the second one refuses all the same.
+void TestCurWrapperTarget::cannotReplaceAFolderMadeBetweenDownloads()
+{
+    QFETCH(bool, isLink);
+    FaultServer server(answering(HttpAnswer(200).body("the file")));
+    Download download;
+    QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 0);
+    const QString target = download.folder() + QStringLiteral("/second.bin");
+    if (isLink)
+        QVERIFY(QFile::link(download.folder(), target));
+    else
+        QVERIFY(QDir().mkdir(target));
+
+    download.wrapper().download(server.url(QStringLiteral("/file")), target, false);
+    QCOMPARE(download.wrapper().result(), 2);
+    QVERIFY2(
+        download.errorText().contains(target + QStringLiteral(": is a folder, not a file name")),
+        qPrintable(download.errorText()));
+    QCOMPARE(QFileInfo(target).isSymLink(), isLink);
+    QVERIFY(QFileInfo(target).isDir());
+    QVERIFY(QDir(download.folder())
+                .entryList({QStringLiteral("*.part")}, QDir::Files | QDir::Hidden)
+                .isEmpty());
 }
 
 void TestCurWrapperTarget::diskFull_data()

@@ -43,6 +43,7 @@ private slots:
     void nameIsRequestedWhereTheServerHasNoContents();
     void contentByNameMustMatchToo();
     void failureOfTheContentAddressIsNotHidden();
+    void redirectOfTheContentAddressIsResolvedAgainstIt();
     void announcedPageIsStored();
     void portalsPageIsToldAsSuch();
 
@@ -232,6 +233,19 @@ void TestTransferPoolPublished::failureOfTheContentAddressIsNotHidden()
     QCOMPARE(run.result(name), int(eTransfer_Status));
     QCOMPARE(server.requestCount(), 1);
     QCOMPARE(run.outcome(name).m_failure.m_qsUrl, server.url(QStringLiteral("/file.bin")));
+}
+
+void TestTransferPoolPublished::redirectOfTheContentAddressIsResolvedAgainstIt()
+{
+    const FaultServer server([](HttpExchange& exchange) {
+        const bool isMoved = exchange.request().target == "/content/moved";
+        exchange.answer(isMoved ? ok(wanted) : HttpAnswer(302).field("Location", "moved").body(""));
+    });
+    PoolRun run(1);
+    fetch(run, server.url(QStringLiteral("/file.bin")), wanted,
+          server.url(QStringLiteral("/content/first")));
+    QCOMPARE(run.result(name), int(eTransfer_Success));
+    QCOMPARE(server.requests().constLast().target, QByteArray("/content/moved"));
 }
 
 void TestTransferPoolPublished::announcedPageIsStored()

@@ -3,6 +3,7 @@
 #include "Arguments.h"
 #include "Console.h"
 #include "ExitStatus.h"
+#include "host/Utils.h"
 #include "ItemFolder.h"
 #include "Manifest.h"
 #include "records/KindTable.h"
@@ -16,19 +17,12 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
 
 namespace {
 
-bool write(const QString& file, const QByteArray& content)
-{
-    QSaveFile out(file);
-    return out.open(QIODevice::WriteOnly) && out.write(content) == content.size() && out.commit();
-}
-
 bool writeJson(const QString& file, const QJsonObject& object)
 {
-    return write(file, QJsonDocument(object).toJson());
+    return Utils::writeFile(file, QJsonDocument(object).toJson());
 }
 
 /// Writes the source's own manifest for its first item.
@@ -57,9 +51,10 @@ bool writeItem(const QString& folder, const QString& slug, const SKindInfo& kind
         ok = ok && Placeholders::copy(Placeholders::thumbnail, folder + content);
     } else {
         ok = ok && QDir().mkpath(folder + content)
-            && write(folder + content + QStringLiteral("/README.txt"),
-                     "Put here what the editor needs of this item; all of it is packed into one "
-                     "archive.\n");
+            && Utils::writeFile(
+                 folder + content + QStringLiteral("/README.txt"),
+                 "Put here what the editor needs of this item; all of it is packed into one "
+                 "archive.\n");
     }
     if (kind.type == eCfgItem_Theme) {
         const QString animation = slug + QStringLiteral(".gif");

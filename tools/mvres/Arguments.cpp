@@ -17,8 +17,8 @@ Commands:
   fetch GUID...         downloads what the items lack, with progress
   favourite GUID        marks an item as a favourite; --off takes the mark away
   check                 asks the server for a newer catalogue and fetches it, then the
-                        previews that are missing; --wait returns only when the threads
-                        that did it have ended
+                        previews that are missing, counting them on a terminal; --wait
+                        returns only when the threads that did it have ended
   builtin DIR           extracts what ships with the application out of the full resource
                         tree DIR (its last component is "Resource") into DIR/config_local
   paths                 folders and addresses in use

@@ -4,6 +4,7 @@
 #include "Causes.h"
 #include "Console.h"
 #include "download/MVThemeDownLoader_CheckCfg.h"
+#include "download/SUpdateProgress.h"
 #include "ExitStatus.h"
 #include "host/ProductParam.h"
 #include "Interrupt.h"
@@ -46,6 +47,7 @@ QString server()
 
 CheckCommand::CheckCommand(bool json)
     : m_json(json)
+    , m_previews(json ? PreviewsDisplay::Style::None : PreviewsDisplay::Style::Automatic)
 {
 }
 
@@ -75,18 +77,29 @@ void CheckCommand::check()
                      [this] { say(QStringLiteral("the application must be updated")); });
     QObject::connect(&m_update, &CatalogueUpdate::phaseChanged, &m_update,
                      [this](CatalogueUpdate::Phase phase) { announce(phase); });
+    QObject::connect(&m_update, &CatalogueUpdate::progressed, &m_update,
+                     [this](const SUpdateProgress& progress) { showProgress(progress); });
     QObject::connect(&m_update, &CatalogueUpdate::finished, &loop, &QEventLoop::quit);
     m_update.start();
     loop.exec();
 }
 
-void CheckCommand::say(const QString& line) const
+void CheckCommand::say(const QString& line)
 {
-    if (!m_json)
-        Console::print(line);
+    if (m_json)
+        return;
+    m_previews.finish();
+    Console::print(line);
 }
 
-void CheckCommand::announce(CatalogueUpdate::Phase phase) const
+void CheckCommand::showProgress(const SUpdateProgress& progress)
+{
+    // The catalogue's two or three small files need no number.
+    if (m_update.phase() == CatalogueUpdate::Phase::Previews)
+        m_previews.update(progress);
+}
+
+void CheckCommand::announce(CatalogueUpdate::Phase phase)
 {
     switch (phase) {
     case CatalogueUpdate::Phase::Catalogue:
@@ -144,7 +157,7 @@ QString CheckCommand::catalogueReason() const
         .arg(STransferFailure::causeText(check.m_eCause), check.m_qsReason);
 }
 
-int CheckCommand::report() const
+int CheckCommand::report()
 {
     const SPreviewRunResult& previews = m_update.result().m_previews;
     if (m_json)
@@ -164,7 +177,7 @@ int CheckCommand::report() const
     return status();
 }
 
-void CheckCommand::print() const
+void CheckCommand::print()
 {
     const SCatalogueCheckResult& check = m_update.result().m_check;
     const SPreviewRunResult& previews = m_update.result().m_previews;

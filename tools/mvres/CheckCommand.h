@@ -1,6 +1,7 @@
 #pragma once
 
 #include "download/CatalogueUpdate.h"
+#include "PreviewsDisplay.h"
 
 #include <QJsonObject>
 
@@ -20,15 +21,17 @@ private:
     explicit CheckCommand(bool json);
 
     void check();
-    void say(const QString& line) const;
-    void announce(CatalogueUpdate::Phase phase) const;
+    void say(const QString& line);
+    void announce(CatalogueUpdate::Phase phase);
+    void showProgress(const SUpdateProgress& progress);
     int status() const;
     QString errorText() const;
     QString catalogueReason() const;
-    int report() const;
-    void print() const;
+    int report();
+    void print();
     QJsonObject toJson() const;
 
     bool m_json;
     CatalogueUpdate m_update;
+    PreviewsDisplay m_previews;
 };
