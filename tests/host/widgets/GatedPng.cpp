@@ -6,22 +6,21 @@
 #include <QImage>
 #include <QImageIOHandler>
 #include <QImageReader>
-#include <QMutex>
-#include <QMutexLocker>
 #include <QSet>
 #include <QSize>
 #include <QThread>
 #include <QVariant>
-#include <QWaitCondition>
 
+#include <condition_variable>
 #include <memory>
+#include <mutex>
 
 namespace {
 
 struct Gate
 {
-    QMutex mutex; // guards the others
-    QWaitCondition opened;
+    std::mutex mutex; // guards the others
+    std::condition_variable opened;
     bool isClosed = false;
     QStringList begun;
     int ended = 0;
@@ -77,14 +76,13 @@ public:
         const QString name = nameOf(device());
         const QByteArray content = device()->readAll();
         {
-            const QMutexLocker lock(&gate().mutex);
+            std::unique_lock<std::mutex> lock(gate().mutex);
             gate().begun.append(name);
             gate().threads.insert(QThread::currentThread());
-            while (gate().isClosed)
-                gate().opened.wait(&gate().mutex);
+            gate().opened.wait(lock, [] { return !gate().isClosed; });
         }
         *image = decodeInside(content);
-        const QMutexLocker lock(&gate().mutex);
+        const std::lock_guard<std::mutex> lock(gate().mutex);
         ++gate().ended;
         return !image->isNull();
     }
@@ -100,20 +98,20 @@ public:
 
 void GatedPng::close()
 {
-    const QMutexLocker lock(&gate().mutex);
+    const std::lock_guard<std::mutex> lock(gate().mutex);
     gate().isClosed = true;
 }
 
 void GatedPng::open()
 {
-    const QMutexLocker lock(&gate().mutex);
+    const std::lock_guard<std::mutex> lock(gate().mutex);
     gate().isClosed = false;
-    gate().opened.wakeAll();
+    gate().opened.notify_all();
 }
 
 void GatedPng::reset()
 {
-    const QMutexLocker lock(&gate().mutex);
+    const std::lock_guard<std::mutex> lock(gate().mutex);
     gate().begun.clear();
     gate().threads.clear();
     gate().ended = 0;
@@ -121,19 +119,19 @@ void GatedPng::reset()
 
 QStringList GatedPng::begun()
 {
-    const QMutexLocker lock(&gate().mutex);
+    const std::lock_guard<std::mutex> lock(gate().mutex);
     return gate().begun;
 }
 
 int GatedPng::ended()
 {
-    const QMutexLocker lock(&gate().mutex);
+    const std::lock_guard<std::mutex> lock(gate().mutex);
     return gate().ended;
 }
 
 bool GatedPng::wasUsedBy(const QThread* thread)
 {
-    const QMutexLocker lock(&gate().mutex);
+    const std::lock_guard<std::mutex> lock(gate().mutex);
     return gate().threads.contains(thread);
 }
 
