@@ -29,13 +29,15 @@ constexpr int firstListWidth = 772; // four themes, or six filters, side by side
 
 } // namespace
 
+// Every part is created with its final parent: moving a widget makes the style sheet look at all of
+// its parts again.
 MainWindow::MainWindow(Preferences& preferences, CatalogueUpdate& check)
     : m_preferences(preferences)
     , m_check(check)
-    , m_splitter(new QSplitter(this))
+    , m_splitter(new QSplitter(new QWidget(this)))
     , m_tabs(new ResourceTabs(m_splitter))
-    , m_details(new DetailsPanel(m_splitter))
-    , m_failure(new FailureBox(this))
+    , m_details(new DetailsPanel(new QWidget(m_splitter)))
+    , m_failure(new FailureBox(m_details->parentWidget()))
     , m_status(new CheckStatus(check, this))
     , m_favouritesChanged(new QTimer(this))
     , m_fileMenu(menuBar()->addMenu(QString()))
@@ -61,7 +63,7 @@ MainWindow::~MainWindow() = default;
 
 void MainWindow::arrange()
 {
-    auto* const right = new QWidget(m_splitter);
+    QWidget* const right = m_details->parentWidget();
     auto* const column = new QVBoxLayout(right);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(m_details, 1);
@@ -71,7 +73,7 @@ void MainWindow::arrange()
     m_splitter->setStretchFactor(0, 1);
     m_splitter->setChildrenCollapsible(false);
     m_splitter->setSizes({firstListWidth, firstSize.width() - firstListWidth});
-    auto* const frame = new QWidget(this);
+    QWidget* const frame = m_splitter->parentWidget();
     auto* const layout = new QVBoxLayout(frame);
     layout->addWidget(m_splitter);
     setCentralWidget(frame);

@@ -1,6 +1,6 @@
-// Measures the editor's window with many themes, with a cell for every row and with cells on
-// demand: its start, its memory, and for each action of the user the longest time for which the
-// event loop is blocked.
+// Measures the editor's window with many themes, with a cell for every row and, as in mveditor,
+// with cells on demand and thumbnails decoded in the background: its start, its memory, and for
+// each action of the user the longest time for which the event loop is blocked.
 //
 //     bench_window                             prints one line per figure and one per limit
 //     bench_window --window MODE SIZE FOLDER   measures one window, "all" or "demand", and prints
@@ -47,6 +47,7 @@ int measureWindow(int argc, char** argv)
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     const BenchHome home;
     hostSettings().cellsOnDemand = mode == "demand";
+    hostSettings().decodeInBackground = mode == "demand";
     const QString folder = QString::fromLocal8Bit(argv[4]);
     const auto world = QFileInfo::exists(folder)
         ? std::make_unique<BrowserWorld>(folder)

@@ -42,9 +42,11 @@ public:
     void stopPlayGif();
     bool isPlaying() const;
 
-    /// Decodes the thumbnail again for the current size, immediately.
+    /// Decodes the thumbnail again for the current size, immediately or, with
+    /// HostSettings::decodeInBackground, as soon as a thread has done it.
     void adjustItem();
-    /// Locates the item's thumbnail again, after a download, and paints it immediately.
+    /// Locates the item's thumbnail again, after a download, and paints it, immediately or as soon
+    /// as a thread has decoded it.
     void resetItemData();
     /// Locates thumbnail and preview again, after they have been fetched. A playing preview goes
     /// on.

@@ -22,6 +22,7 @@ HostSettings HostSettings::recommended()
     settings.leftButtonOnly = true;
     settings.lastChoiceWins = true;
     settings.cellsOnDemand = true;
+    settings.decodeInBackground = true;
     settings.checkContent = true;
     settings.showWithoutPreviews = true;
     settings.conditionalRequests = true;

@@ -68,6 +68,10 @@ struct MVHOST_EXPORT HostSettings
     /// cell for every row. Applies to lists created from then on, see
     /// mvThemelistview::setCellsOnDemand(). Recommended: true.
     bool cellsOnDemand = false;
+    /// True: ThumbFrame decodes pictures on threads of its own and shows them when they are ready,
+    /// so that decoding does not block the GUI thread. False: the paint event that needs a picture
+    /// decodes it. Applies to pictures decoded from then on. Recommended: true.
+    bool decodeInBackground = false;
     /// True: a fetched file is stored only if its content is plausible: XML is well-formed,
     /// pictures are PNG, JPEG or GIF, and ZIP archives begin like one. A theme's config file that
     /// cannot be parsed is fetched again. False: the content is not checked. Recommended: true.
@@ -122,7 +126,7 @@ MVHOST_EXPORT HostSettings& hostSettings();
 ///     [paths]    resources, data, appData, testOutput, developerResource
 ///                                                       (relative ones: relative to the file)
 ///     [ui]       skin, zoomDPI; leftButtonOnly, lastChoiceWins, cellsOnDemand,
-///                showWithoutPreviews (true or false)
+///                showWithoutPreviews, decodeInBackground (true or false)
 ///     [product]  editions                               (comma separated, 1 to 5)
 ///     [params]   any key = value                        (the product parameters)
 ///     [network]  connectTimeoutMs, stallTimeoutMs, versionTimeoutMs, maxDownloadBytes,

@@ -94,6 +94,10 @@ const HostSettingsFile::Setting HostSettingsFile::all[] = {
      [](auto& file, auto& key, auto& text, auto& settings) {
          return file.readSwitch(key, text, settings.cellsOnDemand);
      }},
+    {"ui/decodeInBackground",
+     [](auto& file, auto& key, auto& text, auto& settings) {
+         return file.readSwitch(key, text, settings.decodeInBackground);
+     }},
     {"product/editions",
      [](auto& file, auto&, auto& text, auto& settings) {
          return file.readEditions(text, settings);

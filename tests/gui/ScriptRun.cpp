@@ -2,6 +2,7 @@
 
 #include "browser/mvThemelistview.h"
 #include "download/DownloadPacing.h"
+#include "host/widgets/PictureLoader.h"
 #include "MainWindow.h"
 #include "ResourceList.h"
 #include "ResourceTabs.h"
@@ -101,7 +102,7 @@ bool ScriptRun::done(const ScriptStep& step)
     if (step.verb == QLatin1String("type"))
         return typed(m_input.type(first));
     if (step.verb == QLatin1String("screenshot"))
-        return pictured(first);
+        return isPainted() && pictured(first);
     if (step.verb == QLatin1String("touch"))
         return written(first);
     if (step.verb == QLatin1String("pace"))
@@ -172,6 +173,15 @@ bool ScriptRun::typed(bool ok)
     if (!ok)
         m_missing = QStringLiteral("the keyboard has no such key");
     return ok;
+}
+
+bool ScriptRun::isPainted()
+{
+    if (m_pictures.isEmpty())
+        return true;
+    m_window.repaint(); // requests thumbnails that have not been painted yet
+    m_missing = QStringLiteral("thumbnails are being decoded");
+    return PictureLoader::isIdle();
 }
 
 bool ScriptRun::pictured(const QString& name)

@@ -22,8 +22,9 @@ class MainWindow;
 ///     wheel STEPS                    over the list; negative values turn it down
 ///     press KEYS, type TEXT
 ///     wait CONDITION                 see ScriptConditions
-///     screenshot NAME                of the window, into the folder of --screenshot; without one
-///                                    the step does nothing
+///     screenshot NAME                of the window, once its thumbnails are decoded, into the
+///     folder
+///                                    of --screenshot; without one the step does nothing
 ///     pace MILLISECONDS              of downloads, see DownloadPacing
 ///     say TEXT                       prints it
 ///     touch FILE                     creates an empty file, to signal an observer
@@ -52,6 +53,7 @@ private:
     bool wheeled(int steps);
     bool revealed(const QString& name);
     bool typed(bool ok);
+    bool isPainted();
     bool pictured(const QString& name);
     bool written(const QString& file);
     QPoint nativePoint(const QPoint& global) const;

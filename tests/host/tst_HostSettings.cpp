@@ -74,6 +74,7 @@ void tst_HostSettings::recommendedSettings()
     QVERIFY(recommended.lastChoiceWins);
     QVERIFY(recommended.cellsOnDemand);
     QVERIFY(recommended.checkContent);
+    QVERIFY(!plain.decodeInBackground && recommended.decodeInBackground);
     QVERIFY(!plain.showWithoutPreviews && recommended.showWithoutPreviews);
     QVERIFY(!plain.conditionalRequests && recommended.conditionalRequests);
     QCOMPARE(plain.transfersSideBySide, 1);
@@ -109,6 +110,7 @@ void tst_HostSettings::readsEveryKey()
                                  "lastChoiceWins=true\n"
                                  "cellsOnDemand=true\n"
                                  "showWithoutPreviews=true\n"
+                                 "decodeInBackground=true\n"
                                  "[product]\n"
                                  "editions=2, 5\n"
                                  "[params]\n"
@@ -149,7 +151,8 @@ void tst_HostSettings::readsEveryKey()
     QCOMPARE(settings.versionTimeoutMs, 1005);
     QVERIFY(settings.leftButtonOnly && settings.lastChoiceWins && settings.checkContent
             && settings.cellsOnDemand);
-    QVERIFY(settings.showWithoutPreviews && settings.conditionalRequests);
+    QVERIFY(settings.showWithoutPreviews && settings.conditionalRequests
+            && settings.decodeInBackground);
     QCOMPARE(settings.transfersSideBySide, 32);
     QCOMPARE(settings.downloadStepMs, 1006);
     QCOMPARE(settings.maxDownloadBytes, Q_INT64_C(8589934592));
@@ -173,6 +176,7 @@ const Switch switches[] = {
     {"ui/lastChoiceWins", &HostSettings::lastChoiceWins},
     {"ui/cellsOnDemand", &HostSettings::cellsOnDemand},
     {"ui/showWithoutPreviews", &HostSettings::showWithoutPreviews},
+    {"ui/decodeInBackground", &HostSettings::decodeInBackground},
     {"network/checkContent", &HostSettings::checkContent},
     {"network/conditionalRequests", &HostSettings::conditionalRequests},
 };

@@ -27,6 +27,7 @@ QStringList everything(const HostSettings& s)
                        QString::number(s.leftButtonOnly),
                        QString::number(s.lastChoiceWins),
                        QString::number(s.cellsOnDemand),
+                       QString::number(s.decodeInBackground),
                        QString::number(s.checkContent),
                        QString::number(s.showWithoutPreviews),
                        QString::number(s.conditionalRequests),
@@ -228,7 +229,7 @@ void tst_HostSettingsErrors::refusesAValueOutOfRange_data()
 
     for (const char* key :
          {"ui/leftButtonOnly", "ui/lastChoiceWins", "ui/cellsOnDemand", "ui/showWithoutPreviews",
-          "network/checkContent", "network/conditionalRequests"}) {
+          "ui/decodeInBackground", "network/checkContent", "network/conditionalRequests"}) {
         for (const char* value : {"", "1", "True", "FALSE", "yes", "truefalse"})
             QTest::addRow("%s = %s", key, value)
                 << QByteArray(key) << QByteArray(value)

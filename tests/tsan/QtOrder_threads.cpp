@@ -6,9 +6,11 @@
 
 #include <QDeadlineTimer>
 #include <QThread>
+#include <QThreadPool>
 
 #include <climits>
 #include <condition_variable>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <set>
@@ -161,6 +163,30 @@ void QThread::exit(int code)
     static auto* const next = original<void(QThread*, int)>("_ZN7QThread4exitEi");
     publish(this);
     next(this, code);
+}
+
+void QThreadPool::start(std::function<void()> functionToRun, int priority)
+{
+    static auto* const next = original<void(QThreadPool*, std::function<void()>, int)>(
+        "_ZN11QThreadPool5startESt8functionIFvvEEi");
+    publish(this);
+    next(
+        this,
+        [this, run = std::move(functionToRun)] {
+            observe(this);
+            run();
+            publish(this);
+        },
+        priority);
+}
+
+bool QThreadPool::waitForDone(int msecs)
+{
+    static auto* const next = original<bool(QThreadPool*, int)>("_ZN11QThreadPool11waitForDoneEi");
+    const bool done = next(this, msecs);
+    if (done)
+        observe(this);
+    return done;
 }
 
 /// Event loops wake each other through descriptors in ways that cannot be observed; the reason for

@@ -1,6 +1,9 @@
 #include "host/widgets/ThumbFrame.h"
 
+#include "host/HostSettings.h"
 #include "host/widgets/PictureDecoder.h"
+#include "host/widgets/PictureLoader.h"
+#include "host/widgets/PictureRequest.h"
 
 #include <QDateTime>
 #include <QFileInfo>
@@ -12,14 +15,13 @@
 namespace {
 
 /// Returns the key of a decoded image in the cache shared by all frames; it changes with the file.
-QString cacheKey(const QString& path, const QSize& pixels, qreal ratio)
+QString cacheKey(const QString& path, const QSize& pixels)
 {
     const QFileInfo file(path);
-    return QStringLiteral("%1 %2x%3 %4 %5 %6")
+    return QStringLiteral("%1 %2x%3 %4 %5")
         .arg(path)
         .arg(pixels.width())
         .arg(pixels.height())
-        .arg(ratio)
         .arg(file.lastModified().toMSecsSinceEpoch())
         .arg(file.size());
 }
@@ -31,20 +33,28 @@ ThumbFrame::ThumbFrame(QWidget* parent)
 {
 }
 
+ThumbFrame::~ThumbFrame() = default;
+
 void ThumbFrame::setImagePath(const QString& path)
 {
     if (path == m_path)
         return;
     m_path = path;
     setIsEmpty(true);
+    m_previous = QPixmap();
+    m_isOutdated = false;
 }
 
 void ThumbFrame::setIsEmpty(bool empty)
 {
     if (!empty)
         return;
+    if (!m_pixmap.isNull())
+        m_previous = m_pixmap;
     m_pixmap = QPixmap();
-    m_decodedFor = QSize();
+    m_isOutdated = m_isOutdated || m_obtainedFor.isValid();
+    dropRequest();
+    m_obtainedFor = QSize();
     update();
 }
 
@@ -56,19 +66,29 @@ void ThumbFrame::paintEvent(QPaintEvent* event)
     const QSize pixels = (QSizeF(area.size()) * ratio).toSize();
     if (m_path.isEmpty() || pixels.isEmpty())
         return;
-    if (pixels != m_decodedFor || !qFuzzyCompare(ratio, m_decodedRatio))
-        decode(pixels, ratio);
-    if (m_pixmap.isNull()) {
+    if (pixels != m_obtainedFor)
+        obtain(pixels);
+    const QPixmap& shown = m_pixmap.isNull() ? m_previous : m_pixmap;
+    if (shown.isNull()) {
         if (m_hasPlaceholder)
             paintPlaceholder();
         return;
     }
-    const QSizeF size = QSizeF(m_pixmap.size()) / ratio;
+    const QSizeF size = QSizeF(shown.size().scaled(pixels, Qt::KeepAspectRatio)) / ratio;
     const QPointF topLeft(area.x() + (area.width() - size.width()) / 2,
                           area.y() + (area.height() - size.height()) / 2);
     QPainter painter(this);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawPixmap(topLeft, m_pixmap);
+    painter.drawPixmap(QRectF(topLeft, size), shown, QRectF(shown.rect()));
+}
+
+void ThumbFrame::hideEvent(QHideEvent* event)
+{
+    QFrame::hideEvent(event);
+    if (!m_pRequest)
+        return;
+    dropRequest();
+    m_obtainedFor = QSize();
 }
 
 void ThumbFrame::setPlaceholderShown(bool shown)
@@ -97,18 +117,49 @@ void ThumbFrame::paintPlaceholder()
     painter.drawPolyline(QPolygonF({{-8, 4}, {-3, -1}, {2, 4}, {4, 2}, {8, 5}}));
 }
 
-void ThumbFrame::decode(const QSize& pixels, qreal ratio)
+void ThumbFrame::obtain(const QSize& pixels)
 {
-    m_decodedFor = pixels;
-    m_decodedRatio = ratio;
-    m_pixmap = QPixmap();
-    const QString key = cacheKey(m_path, pixels, ratio);
-    if (QPixmapCache::find(key, &m_pixmap))
+    dropRequest();
+    m_obtainedFor = pixels;
+    const QString key = cacheKey(m_path, pixels);
+    QPixmap picture;
+    if (QPixmapCache::find(key, &picture)) {
+        take(key, picture);
         return;
-    const QImage image = PictureDecoder::read(m_path, pixels);
-    if (image.isNull())
+    }
+    if (hostSettings().decodeInBackground) {
+        request(key);
         return;
-    m_pixmap = QPixmap::fromImage(image);
-    m_pixmap.setDevicePixelRatio(ratio);
-    QPixmapCache::insert(key, m_pixmap);
+    }
+    picture = QPixmap::fromImage(PictureDecoder::read(m_path, pixels));
+    take(key, picture);
+}
+
+void ThumbFrame::request(const QString& key)
+{
+    m_pRequest = PictureLoader::instance()->request(key, m_path, m_obtainedFor,
+                                                    m_isOutdated ? PictureLoader::Sharing::NotBegun
+                                                                 : PictureLoader::Sharing::Any);
+    connect(m_pRequest.get(), &PictureRequest::decoded, this, [this, key](const QPixmap& picture) {
+        dropRequest();
+        take(key, picture);
+        update();
+    });
+}
+
+/// Others may keep the request.
+void ThumbFrame::dropRequest()
+{
+    if (m_pRequest)
+        m_pRequest->disconnect(this);
+    m_pRequest.reset();
+}
+
+void ThumbFrame::take(const QString& key, const QPixmap& picture)
+{
+    m_pixmap = picture;
+    m_previous = QPixmap();
+    m_isOutdated = false;
+    if (!picture.isNull())
+        QPixmapCache::insert(key, picture);
 }

@@ -6,18 +6,27 @@
 #include <QPixmap>
 #include <QString>
 
+#include <memory>
+
+class PictureRequest;
+
 /// A frame that paints an image file, scaled smoothly into its contents, keeping its aspect ratio.
 ///
 /// The file is decoded when the frame is first painted, and then once per size and screen scale: a
 /// hidden frame costs nothing, a repaint reads no file. An image that cannot be decoded, or has
 /// more than PictureFormat::maxPixels, leaves the frame empty and is not retried at the same size.
-/// GUI thread only.
+///
+/// With HostSettings::decodeInBackground that paint only requests the image from PictureLoader, and
+/// the frame repaints itself when it has arrived. Until then it paints what it paints without an
+/// image, or its previous image of the same path, scaled. An image that is still in QPixmapCache is
+/// painted at once. GUI thread only.
 class MVHOSTUI_EXPORT ThumbFrame : public QFrame
 {
     Q_OBJECT
 
 public:
     explicit ThumbFrame(QWidget* parent = nullptr);
+    ~ThumbFrame() override;
 
     /// Sets the image file to show; setting the same path changes nothing, see setIsEmpty().
     void setImagePath(const QString& path);
@@ -35,14 +44,22 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    /// Drops an image that has not arrived, since nobody sees the frame; the next paint requests it
+    /// again.
+    void hideEvent(QHideEvent* event) override;
 
 private:
-    void decode(const QSize& pixels, qreal ratio);
+    void obtain(const QSize& pixels);
+    void request(const QString& key);
+    void dropRequest();
+    void take(const QString& key, const QPixmap& picture);
     void paintPlaceholder();
 
     QString m_path;
     QPixmap m_pixmap;
-    QSize m_decodedFor; // available device pixels; invalid: not tried yet
-    qreal m_decodedRatio = 0.0;
+    QPixmap m_previous; // painted until a request has ended
+    std::shared_ptr<PictureRequest> m_pRequest;
+    QSize m_obtainedFor;       // available device pixels; invalid: not tried yet
+    bool m_isOutdated = false; // what has been read may no longer be in the file
     bool m_hasPlaceholder = false;
 };

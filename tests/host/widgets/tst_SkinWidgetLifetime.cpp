@@ -1,33 +1,7 @@
+#include "host/widgets/BriefApplication.h"
 #include "host/widgets/SkinWidget.h"
-#include "support/TestMain.h"
 
-#include <QApplication>
-#include <QDir>
-#include <QFile>
 #include <QPointer>
-
-namespace {
-
-/// An application that exists for part of a test.
-class BriefApplication
-{
-public:
-    BriefApplication()
-        : m_application(m_count, m_arguments)
-    {
-    }
-    /// Clears the style sheet, which Qt would keep for the next application.
-    ~BriefApplication() { m_application.setStyleSheet(QString()); }
-    Q_DISABLE_COPY_MOVE(BriefApplication)
-
-private:
-    char m_name[5] = "test";
-    char* m_arguments[2] = {m_name, nullptr};
-    int m_count = 1;
-    QApplication m_application;
-};
-
-} // namespace
 
 /// Every test creates its own application; no other one exists.
 class tst_SkinWidgetLifetime : public QObject
@@ -97,11 +71,7 @@ void tst_SkinWidgetLifetime::anApplicationThatNeverAsksHasNone()
 int main(int argc, char** argv)
 {
     const TestHome home;
-    // Otherwise Qt would warn about every new application.
-    const QString runtime = TestHome::path() + QStringLiteral("/runtime");
-    QDir().mkpath(runtime);
-    QFile::setPermissions(runtime, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtime));
+    BriefApplication::createRuntimeFolder();
     tst_SkinWidgetLifetime test;
     return QTest::qExec(&test, argc, argv);
 }

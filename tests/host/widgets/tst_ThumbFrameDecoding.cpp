@@ -1,5 +1,5 @@
+#include "host/widgets/CountingFrame.h"
 #include "host/widgets/TestImages.h"
-#include "host/widgets/ThumbFrame.h"
 
 #include <QApplication>
 #include <QFile>
@@ -8,21 +8,6 @@ namespace {
 
 const QColor red(255, 0, 0);
 const QColor blue(0, 0, 255);
-
-/// A frame that counts its paint events.
-class CountingFrame : public ThumbFrame
-{
-public:
-    using ThumbFrame::ThumbFrame;
-    int paints = 0;
-
-protected:
-    void paintEvent(QPaintEvent* event) override
-    {
-        ThumbFrame::paintEvent(event);
-        ++paints;
-    }
-};
 
 } // namespace
 
