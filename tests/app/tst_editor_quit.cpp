@@ -125,10 +125,11 @@ void tst_editor_quit::whileTheSecondCatalogueFileStalls()
     world.publish({QStringLiteral("Alpha"), QStringLiteral("Beta")});
     auto stalled = std::make_shared<std::atomic<bool>>(false);
     world.setFault([stalled](HttpExchange& exchange, int number) {
-        if (number == 2)
+        // The first two ask for the release and the version file.
+        if (number == 3)
             exchange.answer(HttpAnswer(500).body("out of order"));
-        if (number != 3)
-            return number == 2;
+        if (number != 4)
+            return number == 3;
         *stalled = true;
         exchange.stall();
         return true;
