@@ -33,6 +33,14 @@ void TestMvpublishArguments::refuses_data()
     row("build a b --edition 6", "--edition takes standard or 1 to 5, not \"6\"");
     row("build a b --edition Standard", "--edition takes standard or 1 to 5, not \"Standard\"");
     row("build a b --installed --edition 1", "an installation is the same for all editions");
+    row("build a b --expires 0", "--expires takes a number of days from 1 to 36500");
+    row("build a b --expires 36501", "--expires takes a number of days from 1 to 36500");
+    row("build a b --expires soon", "--expires takes a number of days from 1 to 36500");
+    row("build a b --no-release --expires 3",
+        "--expires and --renew need a release, which a tree built with --no-release has not");
+    row("build a b --installed --renew",
+        "--expires and --renew need a release, which an installation has not");
+    row("lint a --force", "--force does not go with lint");
     row("build a b --json", "--json does not go with build");
     row("lint a --edition 1", "--edition does not go with lint");
     row("lint a --port 1", "--port does not go with lint");
@@ -59,7 +67,8 @@ void TestMvpublishArguments::helpNamesTheCommands()
     QCOMPARE(outcome.status, 0);
     for (const char* part :
          {"new KIND NAME", "build SOURCE OUT", "lint TREE", "diff OLD NEW", "serve TREE",
-          "--edition <EDITION>", "--installed", "--in <SOURCE>", "--json", "--port <N>", "--quiet"})
+          "--edition <EDITION>", "--installed", "--expires <DAYS>", "--renew", "--no-release",
+          "--force", "--in <SOURCE>", "--json", "--port <N>", "--quiet"})
         QVERIFY2(outcome.out.contains(part), part);
 }
 

@@ -10,8 +10,8 @@ const char description[] = R"(Makes, checks and serves the tree of a resource se
 Commands:
   new KIND NAME         starts an item with a fresh GUID in a folder of its own; KIND is one of
                         filter, transition, motion, theme, bgmaterial
-  build SOURCE OUT      writes the whole tree OUT from the items in SOURCE; a tree that is there
-                        is replaced in one step
+  build SOURCE OUT      writes the whole tree OUT from the items in SOURCE and checks it as lint
+                        does; a tree that is there is replaced in one step
   lint TREE             checks a server's tree or an installation the way it will be read
   diff OLD NEW          what a user of the tree OLD fetches when NEW is published
   serve TREE            serves a tree on 127.0.0.1, to try it out
@@ -34,7 +34,8 @@ const QVector<Command>& commands()
         {"build",
          2,
          "build takes SOURCE and OUT",
-         {QStringLiteral("edition"), QStringLiteral("installed")}},
+         {QStringLiteral("edition"), QStringLiteral("installed"), QStringLiteral("expires"),
+          QStringLiteral("renew"), QStringLiteral("no-release"), QStringLiteral("force")}},
         {"lint", 1, "lint takes one TREE", {QStringLiteral("json")}},
         {"diff", 2, "diff takes OLD and NEW", {}},
         {"serve", 1, "serve takes one TREE", {QStringLiteral("port"), QStringLiteral("quiet")}},
@@ -53,6 +54,18 @@ struct Options
     QCommandLineOption installed{
         QStringLiteral("installed"),
         QStringLiteral("build: OUT is the application's folder \"Resource\"")};
+    QCommandLineOption expires{
+        QStringLiteral("expires"),
+        QStringLiteral("build: clients refuse the release DAYS after its publication"),
+        QStringLiteral("DAYS")};
+    QCommandLineOption renew{
+        QStringLiteral("renew"),
+        QStringLiteral("build: publish a new release even if nothing has changed")};
+    QCommandLineOption noRelease{QStringLiteral("no-release"),
+                                 QStringLiteral("build: write no release and no contents by "
+                                                "digest")};
+    QCommandLineOption force{QStringLiteral("force"),
+                             QStringLiteral("build: publish a tree in which lint finds errors")};
     QCommandLineOption in{QStringLiteral("in"),
                           QStringLiteral("new: the source; the current folder by default"),
                           QStringLiteral("SOURCE"), QStringLiteral(".")};
@@ -84,7 +97,8 @@ bool Arguments::parse(const QCoreApplication& application)
     QCommandLineParser parser;
     describe(parser);
     const QCommandLineOption versionOption = parser.addVersionOption();
-    parser.addOptions({options.help, options.edition, options.installed, options.in, options.json,
+    parser.addOptions({options.help, options.edition, options.installed, options.expires,
+                       options.renew, options.noRelease, options.force, options.in, options.json,
                        options.port, options.quiet});
     if (!parser.parse(application.arguments()))
         return fail(parser.errorText());
@@ -97,10 +111,13 @@ bool Arguments::parse(const QCoreApplication& application)
         return fail(QStringLiteral("no command; see mvpublish --help"));
     command = operands.takeFirst();
     installed = parser.isSet(options.installed);
+    renew = parser.isSet(options.renew);
+    force = parser.isSet(options.force);
     source = parser.value(options.in);
     json = parser.isSet(options.json);
     quiet = parser.isSet(options.quiet);
     return checkOperands(parser.optionNames()) && readEditions(parser.values(options.edition))
+        && readRelease(parser.isSet(options.noRelease), parser.value(options.expires))
         && readPort(parser.value(options.port));
 }
 
@@ -133,6 +150,22 @@ bool Arguments::readEditions(const QStringList& texts)
     if (editions.isEmpty())
         editions.append(Editions::all().constFirst());
     return true;
+}
+
+bool Arguments::readRelease(bool isSwitchedOff, const QString& days)
+{
+    hasRelease = !installed && !isSwitchedOff;
+    if (!hasRelease && (renew || !days.isNull()))
+        return fail(QStringLiteral("--expires and --renew need a release, which %1 has not")
+                        .arg(installed ? QStringLiteral("an installation")
+                                       : QStringLiteral("a tree built with --no-release")));
+    if (days.isNull())
+        return true;
+    constexpr int maxDays = 36500;
+    bool ok = false;
+    expiryDays = days.toInt(&ok);
+    return (ok && expiryDays >= 1 && expiryDays <= maxDays)
+        || fail(QStringLiteral("--expires takes a number of days from 1 to %1").arg(maxDays));
 }
 
 bool Arguments::readPort(const QString& text)

@@ -21,6 +21,10 @@ public:
     QStringList operands;
     QVector<Edition> editions; ///< build: at least one
     bool installed = false;
+    bool hasRelease = true; ///< build: of a server's tree
+    bool renew = false;
+    int expiryDays = 0; ///< build: 0 for a release that does not expire
+    bool force = false;
     QString source; ///< new: the folder for the item
     bool json = false;
     bool quiet = false;
@@ -29,6 +33,7 @@ public:
 private:
     bool checkOperands(const QStringList& options);
     bool readEditions(const QStringList& texts);
+    bool readRelease(bool isSwitchedOff, const QString& days);
     bool readPort(const QString& text);
     bool fail(const QString& text);
 

@@ -14,6 +14,9 @@ Findings check(const ReadTree& tree);
 /// Counts the findings of one severity.
 int count(const Findings& findings, Severity severity);
 
+/// Returns "clean", "1 error", "2 errors, 1 warning" or "1 warning".
+QString summary(const Findings& findings);
+
 /// Returns "FILE:LINE: ITEM: MESSAGE [CODE]", with "warning: " before a warning's message.
 QString text(const Finding& finding);
 QJsonDocument json(const ReadTree& tree, const Findings& findings);
