@@ -10,6 +10,7 @@
 #include "NewCommand.h"
 #include "ServeCommand.h"
 #include "SignCommand.h"
+#include "VerifyCommand.h"
 
 #include <QCoreApplication>
 
@@ -29,6 +30,8 @@ int dispatch(const Arguments& arguments)
         return SignCommand::run(arguments);
     if (arguments.command == QLatin1String("serve"))
         return ServeCommand::run(arguments);
+    if (arguments.command == QLatin1String("verify"))
+        return VerifyCommand::run(arguments);
     return BuildCommand::run(arguments);
 }
 
