@@ -1,3 +1,5 @@
+#include "download/ReleasePaths.h"
+#include "host/ContentDigest.h"
 #include "Mvpublish.h"
 #include "RawClient.h"
 #include "SmallSource.h"
@@ -32,6 +34,7 @@ private slots:
     void serves_data();
     void serves();
     void versionFileIsNeverKept();
+    void contentIsKeptForEver();
     void restIsKeptByItsTag_data();
     void restIsKeptByItsTag();
     void failuresAreNotKept_data();
@@ -113,6 +116,23 @@ void TestMvpublishNginx::versionFileIsNeverKept()
     }
 }
 
+void TestMvpublishNginx::contentIsKeptForEver()
+{
+    const QByteArray whole = SmallSource::animation();
+    const QByteArray target = '/' + ReleasePaths::content(ContentDigest::ofBytes(whole)).toUtf8();
+    for (const char* prefix : {"", "/", "/mv", "/mv/"}) {
+        const QByteArray answer = get(prefix + target);
+        QCOMPARE(RawClient::status(answer), 200);
+        QVERIFY(RawClient::body(answer) == whole);
+        QCOMPARE(RawClient::field(answer, "Cache-Control"),
+                 QByteArray("public, max-age=31536000, immutable"));
+    }
+    const QByteArray part = get(target, "Range: bytes=100-\r\n");
+    QCOMPARE(RawClient::status(part), 206);
+    QVERIFY(RawClient::body(part) == whole.mid(100));
+    QCOMPARE(RawClient::status(get(target, QByteArray(), "POST")), 403);
+}
+
 void TestMvpublishNginx::restIsKeptByItsTag_data()
 {
     QTest::addColumn<QByteArray>("target");
@@ -120,6 +140,8 @@ void TestMvpublishNginx::restIsKeptByItsTag_data()
     QTest::newRow("display catalogue") << QByteArray("/ResourceConfig/resource_display.xml");
     QTest::newRow("archive") << archive();
     QTest::newRow("preview") << QByteArray("/display/Themes/film.gif");
+    QTest::newRow("release") << '/' + ReleasePaths::release().toUtf8();
+    QTest::newRow("list") << '/' + ReleasePaths::list().toUtf8();
 }
 
 void TestMvpublishNginx::restIsKeptByItsTag()
@@ -149,6 +171,9 @@ void TestMvpublishNginx::failuresAreNotKept_data()
     const QByteArray none;
     QTest::newRow("missing file") << QByteArray("/config/no.zip") << none << 404
                                   << QByteArray("no-cache");
+    QTest::newRow("missing content")
+        << '/' + ReleasePaths::content(ContentDigest::ofBytes("missing")).toUtf8() << none << 404
+        << QByteArray("no-cache");
     QTest::newRow("part beyond the end")
         << QByteArray("/display/Themes/film.gif") << QByteArray("Range: bytes=9999999-\r\n") << 416
         << QByteArray("no-cache");

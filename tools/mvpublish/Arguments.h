@@ -29,12 +29,16 @@ public:
     bool json = false;
     bool quiet = false;
     quint16 port = 0;
+    int pruneDays = 0; ///< upload: 0 to remove nothing
+    bool dryRun = false;
+    QStringList rcloneOptions; ///< upload: what follows "--"
 
 private:
     bool checkOperands(const QStringList& options);
     bool readEditions(const QStringList& texts);
     bool readRelease(bool isSwitchedOff, const QString& days);
     bool readPort(const QString& text);
+    bool readDays(const QString& option, const QString& text, int& days);
     bool fail(const QString& text);
 
     QString m_error;

@@ -8,6 +8,7 @@
 #include "LintCommand.h"
 #include "NewCommand.h"
 #include "ServeCommand.h"
+#include "UploadCommand.h"
 
 #include <QCoreApplication>
 
@@ -23,6 +24,8 @@ int dispatch(const Arguments& arguments)
         return DiffCommand::run(arguments);
     if (arguments.command == QLatin1String("serve"))
         return ServeCommand::run(arguments);
+    if (arguments.command == QLatin1String("upload"))
+        return UploadCommand::run(arguments);
     return BuildCommand::run(arguments);
 }
 
