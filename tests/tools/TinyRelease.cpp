@@ -55,13 +55,13 @@ void TinyRelease::write(qint64 serial, const Files& files) const
     CatalogueFiles::write(file(ReleasePaths::release()), release.toJson());
 }
 
-void TinyRelease::record(const QDateTime& inForce) const
+void TinyRelease::record(const QDateTime& since) const
 {
     const QByteArray json = CatalogueFiles::read(file(ReleasePaths::release()));
     const QJsonObject release = QJsonDocument::fromJson(json).object();
     const QJsonValue serial = release[QLatin1String("serial")];
     const QJsonObject record{
-        {QStringLiteral("inForce"), inForce.toString(Qt::ISODate)},
+        {QStringLiteral("since"), since.toString(Qt::ISODate)},
         {QStringLiteral("list"), release[QLatin1String("list")][QLatin1String("sha256")]},
         {QStringLiteral("release"), QString::fromLatin1(ContentDigest::ofBytes(json))},
         {QStringLiteral("serial"), serial}};

@@ -21,7 +21,7 @@ public:
     void write(qint64 serial) const { write(serial, files(serial)); }
 
     /// Records the release as an upload does; it has been in force since then.
-    void record(const QDateTime& inForce) const;
+    void record(const QDateTime& since) const;
 
     QString folder() const { return m_folder; }
     QString file(const QString& name) const { return m_folder + QLatin1Char('/') + name; }

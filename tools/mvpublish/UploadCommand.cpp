@@ -24,7 +24,7 @@ QString described(const SRelease& release)
 }
 
 /// Describes what clients see at the remote before the upload.
-QString inForce(const RemoteTree& remote)
+QString stateOf(const RemoteTree& remote)
 {
     return remote.hasRelease() ? described(remote.release()) + QStringLiteral(" is in force")
                                : QStringLiteral("no release is in force");
@@ -73,7 +73,7 @@ int reportEnd(const Upload& upload, bool isCancelled)
     QString text = isCancelled ? QStringLiteral("cancelled") : upload.errorText();
     if (upload.outcome() == Upload::Outcome::Unknown)
         text += QStringLiteral("; it is unknown whether the new release is in force: upload again");
-    else if (upload.outcome() == Upload::Outcome::InForce)
+    else if (upload.outcome() == Upload::Outcome::Switched)
         text += QStringLiteral("; the new release is in force");
     else if (upload.outcome() == Upload::Outcome::Unchanged && upload.remote().hasRelease())
         text += QStringLiteral("; %1 is still in force").arg(described(upload.remote().release()));
@@ -124,7 +124,7 @@ int upload(const Arguments& arguments, const TreeRelease& tree, Rclone& rclone)
             ExitStatus::failure,
             (rclone.isCancelled() ? QStringLiteral("cancelled") : upload.errorText())
                 + QStringLiteral("; nothing has been sent"));
-    Console::print(QStringLiteral("before: ") + inForce(upload.remote()));
+    Console::print(QStringLiteral("before: ") + stateOf(upload.remote()));
     if (arguments.dryRun) {
         printPlan(upload);
     } else {

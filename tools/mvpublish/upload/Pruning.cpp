@@ -15,7 +15,7 @@ qint64 firstKept(const QMap<qint64, UploadRecord>& records, const QDateTime& old
 {
     qint64 serial = 0;
     for (const UploadRecord& record : records) {
-        if (record.m_inForce.isValid() && record.m_inForce <= oldest)
+        if (record.m_since.isValid() && record.m_since <= oldest)
             serial = std::max(serial, record.m_serial);
     }
     return serial;
@@ -60,7 +60,7 @@ bool Pruning::keepNames(const QHash<QByteArray, ReleaseList>& lists, qint64 firs
     const QMap<qint64, UploadRecord>& records = m_remote.records();
     for (auto it = records.lowerBound(first); it != records.cend(); ++it) {
         const auto list = lists.constFind(it->m_listDigest);
-        if (list == lists.cend() && it->m_inForce.isValid())
+        if (list == lists.cend() && it->m_since.isValid())
             return fail(
                 QStringLiteral("the list of release %1 is missing or damaged").arg(it->m_serial));
         m_kept += {ReleasePaths::content(it->m_listDigest),

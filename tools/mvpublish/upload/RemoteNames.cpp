@@ -15,12 +15,12 @@ bool RemoteNames::read(RemoteTree& remote, const TreeRelease& tree)
     if (remote.releaseDigest() == tree.digest())
         return true; // every file was there before release.json
     const qint64 serial = tree.release().m_serial;
-    const qint64 inForce = remote.hasRelease() ? remote.release().m_serial : 0;
+    const qint64 currentSerial = remote.hasRelease() ? remote.release().m_serial : 0;
     QVector<QByteArray> digests;
     if (remote.hasRelease())
         digests.append(remote.release().m_listDigest);
     const QMap<qint64, UploadRecord>& records = remote.records();
-    for (auto it = records.upperBound(inForce); it != records.cend(); ++it) {
+    for (auto it = records.upperBound(currentSerial); it != records.cend(); ++it) {
         m_unknown += QSet<QString>(it->m_unknown.cbegin(), it->m_unknown.cend());
         if (it.key() != serial)
             digests.append(it->m_listDigest);

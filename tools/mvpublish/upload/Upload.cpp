@@ -188,13 +188,13 @@ bool Upload::run(const StepBegins& stepBegins, const Rclone::Progress& progress)
 bool Upload::writeRecords()
 {
     const QMap<qint64, UploadRecord>& records = m_remote.records();
-    UploadRecord inForce;
-    inForce.m_serial = m_remote.release().m_serial;
-    inForce.m_releaseDigest = m_remote.releaseDigest();
-    inForce.m_listDigest = m_remote.release().m_listDigest;
-    inForce.m_inForce = QDateTime::currentDateTimeUtc();
-    if (m_remote.hasRelease() && !records.value(inForce.m_serial).m_inForce.isValid()
-        && !writeRecord(inForce))
+    UploadRecord current;
+    current.m_serial = m_remote.release().m_serial;
+    current.m_releaseDigest = m_remote.releaseDigest();
+    current.m_listDigest = m_remote.release().m_listDigest;
+    current.m_since = QDateTime::currentDateTimeUtc();
+    if (m_remote.hasRelease() && !records.value(current.m_serial).m_since.isValid()
+        && !writeRecord(current))
         return false;
     UploadRecord own = ownRecord();
     own.m_unknown = m_names.unexplained();
@@ -234,7 +234,7 @@ bool Upload::checkRemote()
 bool Upload::switchOver()
 {
     if (isInForce()) {
-        m_outcome = Outcome::InForce;
+        m_outcome = Outcome::Switched;
         return true;
     }
     if (m_rclone.isCancelled())
@@ -243,9 +243,9 @@ bool Upload::switchOver()
     m_outcome = Outcome::Unknown;
     if (!m_remote.sendBytes(ReleasePaths::release(), m_tree.bytes(), revalidated))
         return failed();
-    m_outcome = Outcome::InForce;
+    m_outcome = Outcome::Switched;
     UploadRecord record = ownRecord();
-    record.m_inForce = QDateTime::currentDateTimeUtc();
+    record.m_since = QDateTime::currentDateTimeUtc();
     const bool isOutdated =
         !m_tree.isSigned() && m_remote.files().contains(ReleasePaths::signature());
     return (writeRecord(record) && (!isOutdated || m_remote.remove({ReleasePaths::signature()})))

@@ -53,7 +53,7 @@ public:
         Unchanged, ///< clients see what they saw before
         Overtaken, ///< another upload decides what clients see
         Unknown,   ///< it broke while release.json was sent
-        InForce    ///< clients see the new release, whatever failed afterwards
+        Switched   ///< clients see the new release, whatever failed afterwards
     };
     Outcome outcome() const { return m_outcome; }
 

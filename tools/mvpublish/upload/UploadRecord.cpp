@@ -10,7 +10,7 @@
 
 namespace {
 
-const QLatin1String inForceKey("inForce");
+const QLatin1String sinceKey("since");
 const QLatin1String listKey("list");
 const QLatin1String releaseKey("release");
 const QLatin1String serialKey("serial");
@@ -37,7 +37,7 @@ bool UploadRecord::parse(const QByteArray& json, UploadRecord& out)
     record.m_serial = static_cast<qint64>(root[serialKey].toDouble());
     record.m_releaseDigest = root[releaseKey].toString().toLatin1();
     record.m_listDigest = root[listKey].toString().toLatin1();
-    record.m_inForce = QDateTime::fromString(root[inForceKey].toString(), Qt::ISODate);
+    record.m_since = QDateTime::fromString(root[sinceKey].toString(), Qt::ISODate);
     const QJsonArray unknown = root[unknownKey].toArray();
     for (const QJsonValue& path : unknown)
         record.m_unknown.append(path.toString());
@@ -55,7 +55,7 @@ QByteArray UploadRecord::toJson() const
                      {serialKey, m_serial}};
     if (!m_unknown.isEmpty())
         root[unknownKey] = QJsonArray::fromStringList(m_unknown);
-    if (m_inForce.isValid())
-        root[inForceKey] = m_inForce.toUTC().toString(Qt::ISODate);
+    if (m_since.isValid())
+        root[sinceKey] = m_since.toUTC().toString(Qt::ISODate);
     return QJsonDocument(root).toJson();
 }

@@ -10,20 +10,20 @@
 /// may be there. A value type.
 ///
 ///     {
-///         "inForce": "2026-11-22T11:00:00Z",
+///         "since": "2026-11-22T11:00:00Z",
 ///         "list": "9f86d0…",
 ///         "release": "60303a…",
 ///         "serial": 1795345200,
 ///         "unknown": ["display/Themes/film.png"]
 ///     }
 ///
-/// It is written before the upload's first file; at its end "inForce" replaces "unknown".
+/// It is written before the upload's first file; at its end "since" replaces "unknown".
 struct UploadRecord
 {
     qint64 m_serial = 0;
     QByteArray m_releaseDigest; ///< of release.json, see ContentDigest
     QByteArray m_listDigest;    ///< of files.txt
-    QDateTime m_inForce;        ///< UTC; invalid until clients have been able to see the release
+    QDateTime m_since;          ///< UTC; invalid until clients have been able to see the release
     /// Listed files that were at the remote before, with a content that no release told.
     QStringList m_unknown;
 
