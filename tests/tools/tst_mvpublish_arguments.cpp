@@ -48,6 +48,7 @@ void TestMvpublishArguments::refuses_data()
     row("serve a --in b", "--in does not go with serve");
     row("serve a --port http", "--port takes a number from 0 to 65535");
     row("serve a --port 65536", "--port takes a number from 0 to 65535");
+    row("retire source", "retire takes SOURCE and ITEM");
     row("upload tree", "upload takes TREE and REMOTE");
     row("upload tree -- --config=x", "upload takes TREE and REMOTE");
     row("upload tree x --prune 0", "--prune takes a number of days from 1 to 36500");
@@ -72,9 +73,9 @@ void TestMvpublishArguments::helpNamesTheCommands()
     QCOMPARE(outcome.status, 0);
     for (const char* part :
          {"new KIND NAME", "build SOURCE OUT", "lint TREE", "diff OLD NEW", "serve TREE",
-          "upload TREE REMOTE", "--prune <DAYS>", "--dry-run", "--edition <EDITION>", "--installed",
-          "--expires <DAYS>", "--renew", "--no-release", "--force", "--in <SOURCE>", "--json",
-          "--port <N>", "--quiet"})
+          "retire SOURCE ITEM", "upload TREE REMOTE", "--prune <DAYS>", "--dry-run",
+          "--edition <EDITION>", "--installed", "--expires <DAYS>", "--renew", "--no-release",
+          "--force", "--in <SOURCE>", "--json", "--port <N>", "--quiet"})
         QVERIFY2(outcome.out.contains(part), part);
 }
 

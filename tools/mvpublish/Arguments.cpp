@@ -12,6 +12,8 @@ Commands:
                         filter, transition, motion, theme, bgmaterial
   build SOURCE OUT      writes the whole tree OUT from the items in SOURCE and checks it as lint
                         does; a tree that is there is replaced in one step
+  retire SOURCE ITEM    takes an item (its folder or GUID) out of the source without deleting it,
+                        and keeps others from taking its GUID
   lint TREE             checks a server's tree or an installation the way it will be read
   diff OLD NEW          what a user of the tree OLD fetches when NEW is published
   serve TREE            serves a tree on 127.0.0.1, to try it out
@@ -39,6 +41,7 @@ const QVector<Command>& commands()
          "build takes SOURCE and OUT",
          {QStringLiteral("edition"), QStringLiteral("installed"), QStringLiteral("expires"),
           QStringLiteral("renew"), QStringLiteral("no-release"), QStringLiteral("force")}},
+        {"retire", 2, "retire takes SOURCE and ITEM", {}},
         {"lint", 1, "lint takes one TREE", {QStringLiteral("json")}},
         {"diff", 2, "diff takes OLD and NEW", {}},
         {"serve", 1, "serve takes one TREE", {QStringLiteral("port"), QStringLiteral("quiet")}},
@@ -97,7 +100,7 @@ void describe(QCommandLineParser& parser)
 {
     parser.setApplicationDescription(QString::fromLatin1(description));
     parser.addPositionalArgument(QStringLiteral("COMMAND"),
-                                 QStringLiteral("new, build, lint, diff, serve or upload"));
+                                 QStringLiteral("new, build, retire, lint, diff, serve or upload"));
     parser.addPositionalArgument(QStringLiteral("ARGUMENTS"), QStringLiteral("see above"),
                                  QStringLiteral("ARGUMENTS..."));
 }

@@ -7,6 +7,7 @@
 #include "ExitStatus.h"
 #include "LintCommand.h"
 #include "NewCommand.h"
+#include "RetireCommand.h"
 #include "ServeCommand.h"
 #include "UploadCommand.h"
 
@@ -22,6 +23,8 @@ int dispatch(const Arguments& arguments)
         return LintCommand::run(arguments);
     if (arguments.command == QLatin1String("diff"))
         return DiffCommand::run(arguments);
+    if (arguments.command == QLatin1String("retire"))
+        return RetireCommand::run(arguments);
     if (arguments.command == QLatin1String("serve"))
         return ServeCommand::run(arguments);
     if (arguments.command == QLatin1String("upload"))
