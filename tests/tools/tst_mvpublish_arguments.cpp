@@ -41,6 +41,15 @@ void TestMvpublishArguments::refuses_data()
     row("build a b --installed --renew",
         "--expires and --renew need a release, which an installation has not");
     row("lint a --force", "--force does not go with lint");
+    row("keygen", "keygen takes one FILE");
+    row("keygen k --no-password --password-fd 0", "--password-fd does not go with --no-password");
+    row("keygen k --password-fd x", "--password-fd takes the number of an open file descriptor");
+    row("keygen k --password-fd -1", "--password-fd takes the number of an open file descriptor");
+    row("keygen k --key a", "--key does not go with keygen");
+    row("sign", "sign takes one TREE");
+    row("sign a", "sign takes one --key");
+    row("sign a --key b --key c", "sign takes one --key");
+    row("sign a --key b --no-password", "--no-password does not go with sign");
     row("build a b --json", "--json does not go with build");
     row("lint a --edition 1", "--edition does not go with lint");
     row("lint a --port 1", "--port does not go with lint");
@@ -71,11 +80,30 @@ void TestMvpublishArguments::helpNamesTheCommands()
 {
     const Outcome outcome = Mvpublish::run({text("--help")});
     QCOMPARE(outcome.status, 0);
-    for (const char* part :
-         {"new KIND NAME", "build SOURCE OUT", "lint TREE", "diff OLD NEW", "serve TREE",
-          "retire SOURCE ITEM", "upload TREE REMOTE", "--prune <DAYS>", "--dry-run",
-          "--edition <EDITION>", "--installed", "--expires <DAYS>", "--renew", "--no-release",
-          "--force", "--in <SOURCE>", "--json", "--port <N>", "--quiet"})
+    for (const char* part : {"new KIND NAME",
+                             "build SOURCE OUT",
+                             "keygen FILE",
+                             "sign TREE",
+                             "lint TREE",
+                             "diff OLD NEW",
+                             "serve TREE",
+                             "retire SOURCE ITEM",
+                             "upload TREE REMOTE",
+                             "--prune <DAYS>",
+                             "--dry-run",
+                             "--edition <EDITION>",
+                             "--installed",
+                             "--expires <DAYS>",
+                             "--renew",
+                             "--no-release",
+                             "--force",
+                             "--key <FILE>",
+                             "--password-fd <N>",
+                             "--no-password",
+                             "--in <SOURCE>",
+                             "--json",
+                             "--port <N>",
+                             "--quiet"})
         QVERIFY2(outcome.out.contains(part), part);
 }
 

@@ -5,7 +5,7 @@
 
 namespace {
 
-const char description[] = R"(Makes, checks and serves the tree of a resource server.
+const char description[] = R"(Makes, signs, checks and serves the tree of a resource server.
 
 Commands:
   new KIND NAME         starts an item with a fresh GUID in a folder of its own; KIND is one of
@@ -14,6 +14,8 @@ Commands:
                         does; a tree that is there is replaced in one step
   retire SOURCE ITEM    takes an item (its folder or GUID) out of the source without deleting it,
                         and keeps others from taking its GUID
+  keygen FILE           writes a new key for releases: FILE, which is secret, and FILE.pub
+  sign TREE             signs the release of a tree with the secret key of --key
   lint TREE             checks a server's tree or an installation the way it will be read
   diff OLD NEW          what a user of the tree OLD fetches when NEW is published
   serve TREE            serves a tree on 127.0.0.1, to try it out
@@ -42,6 +44,11 @@ const QVector<Command>& commands()
          {QStringLiteral("edition"), QStringLiteral("installed"), QStringLiteral("expires"),
           QStringLiteral("renew"), QStringLiteral("no-release"), QStringLiteral("force")}},
         {"retire", 2, "retire takes SOURCE and ITEM", {}},
+        {"keygen",
+         1,
+         "keygen takes one FILE",
+         {QStringLiteral("password-fd"), QStringLiteral("no-password"), QStringLiteral("force")}},
+        {"sign", 1, "sign takes one TREE", {QStringLiteral("key"), QStringLiteral("password-fd")}},
         {"lint", 1, "lint takes one TREE", {QStringLiteral("json")}},
         {"diff", 2, "diff takes OLD and NEW", {}},
         {"serve", 1, "serve takes one TREE", {QStringLiteral("port"), QStringLiteral("quiet")}},
@@ -74,8 +81,19 @@ struct Options
     QCommandLineOption noRelease{QStringLiteral("no-release"),
                                  QStringLiteral("build: write no release and no contents by "
                                                 "digest")};
-    QCommandLineOption force{QStringLiteral("force"),
-                             QStringLiteral("build: publish a tree in which lint finds errors")};
+    QCommandLineOption force{
+        QStringLiteral("force"),
+        QStringLiteral("build: publish a tree in which lint finds errors; keygen: "
+                       "replace existing files")};
+    QCommandLineOption key{QStringLiteral("key"), QStringLiteral("sign: the secret key"),
+                           QStringLiteral("FILE")};
+    QCommandLineOption passwordFd{
+        QStringLiteral("password-fd"),
+        QStringLiteral("keygen, sign: read the password from the open file descriptor N instead "
+                       "of asking on the terminal"),
+        QStringLiteral("N")};
+    QCommandLineOption noPassword{QStringLiteral("no-password"),
+                                  QStringLiteral("keygen: do not protect the secret key")};
     QCommandLineOption in{QStringLiteral("in"),
                           QStringLiteral("new: the source; the current folder by default"),
                           QStringLiteral("SOURCE"), QStringLiteral(".")};
@@ -99,8 +117,9 @@ struct Options
 void describe(QCommandLineParser& parser)
 {
     parser.setApplicationDescription(QString::fromLatin1(description));
-    parser.addPositionalArgument(QStringLiteral("COMMAND"),
-                                 QStringLiteral("new, build, retire, lint, diff, serve or upload"));
+    parser.addPositionalArgument(
+        QStringLiteral("COMMAND"),
+        QStringLiteral("new, build, retire, keygen, sign, lint, diff, serve or upload"));
     parser.addPositionalArgument(QStringLiteral("ARGUMENTS"), QStringLiteral("see above"),
                                  QStringLiteral("ARGUMENTS..."));
 }
@@ -124,7 +143,8 @@ bool Arguments::parse(const QCoreApplication& application)
     describe(parser);
     const QCommandLineOption versionOption = parser.addVersionOption();
     parser.addOptions({options.help, options.edition, options.installed, options.expires,
-                       options.renew, options.noRelease, options.force, options.in, options.json,
+                       options.renew, options.noRelease, options.force, options.key,
+                       options.passwordFd, options.noPassword, options.in, options.json,
                        options.port, options.quiet, options.prune, options.dryRun});
     QStringList words = application.arguments();
     const QStringList afterDashes = takeAfterDashes(words);
@@ -143,13 +163,15 @@ bool Arguments::parse(const QCoreApplication& application)
     installed = parser.isSet(options.installed);
     renew = parser.isSet(options.renew);
     force = parser.isSet(options.force);
+    keys = parser.values(options.key);
+    noPassword = parser.isSet(options.noPassword);
     source = parser.value(options.in);
     json = parser.isSet(options.json);
     quiet = parser.isSet(options.quiet);
     dryRun = parser.isSet(options.dryRun);
     return checkOperands(parser.optionNames()) && readEditions(parser.values(options.edition))
-        && readRelease(parser.isSet(options.noRelease), parser.value(options.expires))
-        && readPort(parser.value(options.port))
+        && readRelease(parser.isSet(options.noRelease), parser.value(options.expires)) && readKeys()
+        && readPassword(parser.value(options.passwordFd)) && readPort(parser.value(options.port))
         && readDays(QStringLiteral("prune"), parser.value(options.prune), pruneDays);
 }
 
@@ -192,6 +214,24 @@ bool Arguments::readRelease(bool isSwitchedOff, const QString& days)
                         .arg(installed ? QStringLiteral("an installation")
                                        : QStringLiteral("a tree built with --no-release")));
     return readDays(QStringLiteral("expires"), days, expiryDays);
+}
+
+bool Arguments::readKeys()
+{
+    return command != QLatin1String("sign") || keys.size() == 1
+        || fail(QStringLiteral("sign takes one --key"));
+}
+
+bool Arguments::readPassword(const QString& descriptor)
+{
+    if (descriptor.isNull())
+        return true;
+    if (noPassword)
+        return fail(QStringLiteral("--password-fd does not go with --no-password"));
+    bool ok = false;
+    passwordDescriptor = descriptor.toInt(&ok);
+    return (ok && passwordDescriptor >= 0)
+        || fail(QStringLiteral("--password-fd takes the number of an open file descriptor"));
 }
 
 bool Arguments::readPort(const QString& text)

@@ -25,7 +25,10 @@ public:
     bool renew = false;
     int expiryDays = 0; ///< build: 0 for a release that does not expire
     bool force = false;
-    QString source; ///< new: the folder for the item
+    QStringList keys;            ///< sign: one file
+    bool noPassword = false;     ///< keygen
+    int passwordDescriptor = -1; ///< keygen, sign: to be read for the password; -1: ask for it
+    QString source;              ///< new: the folder for the item
     bool json = false;
     bool quiet = false;
     quint16 port = 0;
@@ -37,6 +40,8 @@ private:
     bool checkOperands(const QStringList& options);
     bool readEditions(const QStringList& texts);
     bool readRelease(bool isSwitchedOff, const QString& days);
+    bool readKeys();
+    bool readPassword(const QString& descriptor);
     bool readPort(const QString& text);
     bool readDays(const QString& option, const QString& text, int& days);
     bool fail(const QString& text);

@@ -1,14 +1,17 @@
-// mvpublish: creates, checks and serves the tree of a resource server, for its operators.
+// mvpublish: creates, signs, checks, serves and uploads the tree of a resource server, for its
+// operators.
 
 #include "Arguments.h"
 #include "BuildCommand.h"
 #include "Console.h"
 #include "DiffCommand.h"
 #include "ExitStatus.h"
+#include "KeygenCommand.h"
 #include "LintCommand.h"
 #include "NewCommand.h"
 #include "RetireCommand.h"
 #include "ServeCommand.h"
+#include "SignCommand.h"
 #include "UploadCommand.h"
 
 #include <QCoreApplication>
@@ -25,6 +28,10 @@ int dispatch(const Arguments& arguments)
         return DiffCommand::run(arguments);
     if (arguments.command == QLatin1String("retire"))
         return RetireCommand::run(arguments);
+    if (arguments.command == QLatin1String("keygen"))
+        return KeygenCommand::run(arguments);
+    if (arguments.command == QLatin1String("sign"))
+        return SignCommand::run(arguments);
     if (arguments.command == QLatin1String("serve"))
         return ServeCommand::run(arguments);
     if (arguments.command == QLatin1String("upload"))
