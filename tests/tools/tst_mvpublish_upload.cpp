@@ -86,7 +86,7 @@ void TestMvpublishUpload::firstUploadBringsTheReleaseIntoForce()
     const Outcome outcome = upload();
     QCOMPARE(outcome.err, QByteArray());
     QCOMPARE(outcome.status, 0);
-    QCOMPARE(outcome.lines().first(), text("before: no release is in force"));
+    QCOMPARE(outcome.lines().constFirst(), text("before: no release is in force"));
     QCOMPARE(outcome.lines().constLast(), text("release 5 of 2026-11-22T11:00:00Z is in force"));
     verifyAll();
     verifyOrder(m_rclone->sent());
@@ -121,7 +121,7 @@ void TestMvpublishUpload::onlyWhatChangedIsSent()
     m_tree.write(6);
     const Outcome outcome = upload();
     QCOMPARE(outcome.status, 0);
-    QCOMPARE(outcome.lines().first(),
+    QCOMPARE(outcome.lines().constFirst(),
              text("before: release 5 of 2026-11-22T11:00:00Z is in force"));
     verifyAll();
     const QStringList sent = m_rclone->sent();
