@@ -26,7 +26,7 @@ private slots:
     void damagedListRemovesNothing();
 
 private:
-    /// Adds a release to the remote that has been in force since then.
+    /// Adds the tree's next release to the remote, where it has been in force since then.
     void publish(qint64 serial, int daysAgo) const;
     Outcome prune(const QStringList& more = {}) const
     {
@@ -64,17 +64,15 @@ TinyRelease::Files TestMvpublishUploadPrune::filesOf(qint64 serial)
 void TestMvpublishUploadPrune::init()
 {
     QDir(home("space")).removeRecursively();
-    m_tree.write(9, filesOf(9));
 }
 
 void TestMvpublishUploadPrune::publish(qint64 serial, int daysAgo) const
 {
-    const TinyRelease one(home("one"));
-    one.write(serial, filesOf(serial));
-    one.record(QDateTime::currentDateTimeUtc().addDays(-daysAgo));
-    const QStringList files = CatalogueFiles::filesBelow(one.folder());
+    m_tree.write(serial, filesOf(serial));
+    const QStringList files = CatalogueFiles::filesBelow(m_tree.folder());
     for (const QString& file : files)
-        CatalogueFiles::write(m_space.file(file), CatalogueFiles::read(one.file(file)));
+        CatalogueFiles::write(m_space.file(file), CatalogueFiles::read(m_tree.file(file)));
+    m_space.record(QDateTime::currentDateTimeUtc().addDays(-daysAgo));
 }
 
 /// Release 6 replaced release 5 more than 30 days ago, and was itself replaced afterwards.
@@ -83,6 +81,7 @@ void TestMvpublishUploadPrune::whatNoRecentReleaseNamesIsRemoved()
     publish(5, 100);
     publish(6, 31);
     publish(7, 20);
+    m_tree.write(9, filesOf(9));
     const Outcome outcome = prune();
     QCOMPARE(outcome.err, QByteArray());
     QCOMPARE(outcome.status, 0);
