@@ -50,6 +50,9 @@ void TestMvpublishArguments::refuses_data()
     row("sign a", "sign takes one --key");
     row("sign a --key b --key c", "sign takes one --key");
     row("sign a --key b --no-password", "--no-password does not go with sign");
+    row("verify", "verify takes one TREE or URL");
+    row("verify a b", "verify takes one TREE or URL");
+    row("verify a --force", "--force does not go with verify");
     row("build a b --json", "--json does not go with build");
     row("lint a --edition 1", "--edition does not go with lint");
     row("lint a --port 1", "--port does not go with lint");
@@ -84,6 +87,7 @@ void TestMvpublishArguments::helpNamesTheCommands()
                              "build SOURCE OUT",
                              "keygen FILE",
                              "sign TREE",
+                             "verify TREE|URL",
                              "lint TREE",
                              "diff OLD NEW",
                              "serve TREE",

@@ -26,6 +26,7 @@ private slots:
     void unchangedBuildKeepsAllContents();
     void onlyContentsWithTheirDigestAreKept();
     void signatureStaysWithItsRelease();
+    void damagedSignatureIsLeftBehind();
     void signatureOfTheReplacedReleaseIsKeptByItsDigest();
     void earlierContentGetsALaterDate();
     void contentIsCopiedWhereItCannotBeLinked();
@@ -36,7 +37,7 @@ private:
     QString publish(const QString& name, const QStringList& options = {}) const;
     /// Returns the name of the content that the display catalogue has now.
     QString displayContent() const;
-    QString sign(const QByteArray& signature) const;
+    QString sign() const;
 
     const QString m_display = text("ResourceConfig/resource_display.xml");
     std::unique_ptr<ReleasedTree> m_tree;
@@ -59,13 +60,13 @@ QString TestMvpublishContents::displayContent() const
     return ReleasePaths::content(m_tree->list().find(m_display).digest);
 }
 
-/// Adds a signature as `mvpublish sign` does, and returns its name below the contents.
-QString TestMvpublishContents::sign(const QByteArray& signature) const
+/// Signs the release, and returns the name of the signature below the contents.
+QString TestMvpublishContents::sign() const
 {
-    const QString name = ReleasePaths::signatureOf(m_tree->releaseDigest());
-    CatalogueFiles::write(m_tree->file(ReleasePaths::signature()), signature);
-    CatalogueFiles::write(m_tree->file(name), signature);
-    return name;
+    const QString key = home("mv.key");
+    Mvpublish::run({text("keygen"), key, text("--no-password")});
+    Mvpublish::run({text("sign"), m_tree->folder(), text("--key"), key});
+    return ReleasePaths::signatureOf(m_tree->releaseDigest());
 }
 
 /// A client that still has yesterday's release finds its files, and its list.
@@ -125,21 +126,35 @@ void TestMvpublishContents::onlyContentsWithTheirDigestAreKept()
 
 void TestMvpublishContents::signatureStaysWithItsRelease()
 {
-    const QString copy = sign("of A");
+    const QString copy = sign();
+    const QByteArray signature = m_tree->read(copy);
+    QVERIFY(!signature.isEmpty());
     QCOMPARE(m_tree->build(), QString());
-    QCOMPARE(m_tree->read(ReleasePaths::signature()), QByteArray("of A"));
-    QCOMPARE(m_tree->read(copy), QByteArray("of A"));
+    QCOMPARE(m_tree->read(ReleasePaths::signature()), signature);
+    QCOMPARE(m_tree->read(copy), signature);
     QCOMPARE(publish(text("B look")), QString());
     QVERIFY(!QFile::exists(m_tree->file(ReleasePaths::signature())));
     QVERIFY(!QFile::exists(m_tree->file(ReleasePaths::signatureOf(m_tree->releaseDigest()))));
 }
 
+/// It must neither spoil the new tree nor keep it from being published.
+void TestMvpublishContents::damagedSignatureIsLeftBehind()
+{
+    const QString copy = sign();
+    for (const QString& name : {ReleasePaths::signature(), copy})
+        CatalogueFiles::write(m_tree->file(name), "damaged");
+    QCOMPARE(m_tree->build(), QString());
+    QVERIFY(!QFile::exists(m_tree->file(ReleasePaths::signature())));
+    QVERIFY(!QFile::exists(m_tree->file(copy)));
+}
+
 /// A client may have fetched the release of yesterday, and now asks for its signature.
 void TestMvpublishContents::signatureOfTheReplacedReleaseIsKeptByItsDigest()
 {
-    const QString copy = sign("of A");
+    const QString copy = sign();
+    const QByteArray signature = m_tree->read(copy);
     QCOMPARE(publish(text("B look")), QString());
-    QCOMPARE(m_tree->read(copy), QByteArray("of A"));
+    QCOMPARE(m_tree->read(copy), signature);
     QCOMPARE(publish(text("C look")), QString());
     QVERIFY(!QFile::exists(m_tree->file(copy)));
 }

@@ -97,9 +97,12 @@ void TestMvpublishGate::installationsAreChecked()
 /// Such as a release that expires soon: that may well be intended.
 void TestMvpublishGate::warningsDoNotKeepTheOldTree()
 {
+    qunsetenv("SOURCE_DATE_EPOCH");
     const Outcome outcome = build({text("--expires"), text("3")});
     QCOMPARE(outcome.err, QByteArray());
     QCOMPARE(outcome.status, 0);
+    const Outcome lint = Mvpublish::run({text("lint"), m_tree->folder()});
+    QVERIFY2(lint.out.contains("[release-expires]"), lint.out.constData());
 }
 
 MV_TEST_MAIN(TestMvpublishGate)

@@ -16,6 +16,7 @@ Commands:
                         and keeps others from taking its GUID
   keygen FILE           writes a new key for releases: FILE, which is secret, and FILE.pub
   sign TREE             signs the release of a tree with the secret key of --key
+  verify TREE|URL       checks that a tree, or a server, has exactly what its release says
   lint TREE             checks a server's tree or an installation the way it will be read
   diff OLD NEW          what a user of the tree OLD fetches when NEW is published
   serve TREE            serves a tree on 127.0.0.1, to try it out
@@ -49,6 +50,7 @@ const QVector<Command>& commands()
          "keygen takes one FILE",
          {QStringLiteral("password-fd"), QStringLiteral("no-password"), QStringLiteral("force")}},
         {"sign", 1, "sign takes one TREE", {QStringLiteral("key"), QStringLiteral("password-fd")}},
+        {"verify", 1, "verify takes one TREE or URL", {QStringLiteral("key")}},
         {"lint", 1, "lint takes one TREE", {QStringLiteral("json")}},
         {"diff", 2, "diff takes OLD and NEW", {}},
         {"serve", 1, "serve takes one TREE", {QStringLiteral("port"), QStringLiteral("quiet")}},
@@ -85,8 +87,11 @@ struct Options
         QStringLiteral("force"),
         QStringLiteral("build: publish a tree in which lint finds errors; keygen: "
                        "replace existing files")};
-    QCommandLineOption key{QStringLiteral("key"), QStringLiteral("sign: the secret key"),
-                           QStringLiteral("FILE")};
+    QCommandLineOption key{
+        QStringLiteral("key"),
+        QStringLiteral("sign: the secret key; verify: a public key that may have "
+                       "signed, a file or its line; can be repeated"),
+        QStringLiteral("FILE")};
     QCommandLineOption passwordFd{
         QStringLiteral("password-fd"),
         QStringLiteral("keygen, sign: read the password from the open file descriptor N instead "
@@ -119,7 +124,7 @@ void describe(QCommandLineParser& parser)
     parser.setApplicationDescription(QString::fromLatin1(description));
     parser.addPositionalArgument(
         QStringLiteral("COMMAND"),
-        QStringLiteral("new, build, retire, keygen, sign, lint, diff, serve or upload"));
+        QStringLiteral("new, build, retire, keygen, sign, verify, lint, diff, serve or upload"));
     parser.addPositionalArgument(QStringLiteral("ARGUMENTS"), QStringLiteral("see above"),
                                  QStringLiteral("ARGUMENTS..."));
 }
@@ -173,6 +178,12 @@ bool Arguments::parse(const QCoreApplication& application)
         && readRelease(parser.isSet(options.noRelease), parser.value(options.expires)) && readKeys()
         && readPassword(parser.value(options.passwordFd)) && readPort(parser.value(options.port))
         && readDays(QStringLiteral("prune"), parser.value(options.prune), pruneDays);
+}
+
+bool Arguments::isAddress(const QString& operand)
+{
+    return operand.startsWith(QLatin1String("http://"))
+        || operand.startsWith(QLatin1String("https://"));
 }
 
 bool Arguments::checkOperands(const QStringList& options)

@@ -17,6 +17,9 @@ public:
     bool parse(const QCoreApplication& application);
     QString errorText() const { return m_error; }
 
+    /// Returns whether an operand is the address of a server rather than a folder.
+    static bool isAddress(const QString& operand);
+
     QString command;
     QStringList operands;
     QVector<Edition> editions; ///< build: at least one
@@ -25,7 +28,7 @@ public:
     bool renew = false;
     int expiryDays = 0; ///< build: 0 for a release that does not expire
     bool force = false;
-    QStringList keys;            ///< sign: one file
+    QStringList keys;            ///< sign: one file; verify: files or lines of public keys
     bool noPassword = false;     ///< keygen
     int passwordDescriptor = -1; ///< keygen, sign: to be read for the password; -1: ask for it
     QString source;              ///< new: the folder for the item

@@ -13,6 +13,7 @@
 #include "ServeCommand.h"
 #include "SignCommand.h"
 #include "UploadCommand.h"
+#include "VerifyCommand.h"
 
 #include <QCoreApplication>
 
@@ -36,6 +37,8 @@ int dispatch(const Arguments& arguments)
         return ServeCommand::run(arguments);
     if (arguments.command == QLatin1String("upload"))
         return UploadCommand::run(arguments);
+    if (arguments.command == QLatin1String("verify"))
+        return VerifyCommand::run(arguments);
     return BuildCommand::run(arguments);
 }
 

@@ -21,7 +21,11 @@ Findings check(const ReadTree& tree)
                            &Checks::editions, &Checks::itemFiles, &Checks::previews,
                            &Checks::themes, &Checks::themeTypes, &Checks::release, &Checks::unused})
         run(context);
-    Findings findings = context.findings();
+    return sorted(context.findings());
+}
+
+Findings sorted(Findings findings)
+{
     std::stable_sort(findings.begin(), findings.end(), [](const Finding& a, const Finding& b) {
         return std::tie(a.file, a.line) < std::tie(b.file, b.line);
     });

@@ -11,6 +11,9 @@ namespace Lint {
 /// Returns the findings, sorted by file and line.
 Findings check(const ReadTree& tree);
 
+/// Sorts findings by file and line.
+Findings sorted(Findings findings);
+
 /// Counts the findings of one severity.
 int count(const Findings& findings, Severity severity);
 

@@ -1,6 +1,7 @@
 #include "release/PreviousRelease.h"
 
 #include "download/ReleasePaths.h"
+#include "download/ReleaseSignature.h"
 #include "host/ContentDigest.h"
 #include "release/ContentFolder.h"
 #include "release/ContentName.h"
@@ -12,6 +13,19 @@
 #include <QSet>
 
 #include <algorithm>
+
+namespace {
+
+bool isSignature(const QString& file)
+{
+    QByteArray bytes;
+    QString fault;
+    ReleaseSignature signature;
+    return TreeBytes::read(file, ReleaseSignature::maxBytes, bytes, &fault)
+        && ReleaseSignature::parse(bytes, signature, fault);
+}
+
+} // namespace
 
 PreviousRelease::PreviousRelease(const QString& tree)
     : m_tree(tree + QLatin1Char('/'))
@@ -71,7 +85,7 @@ bool PreviousRelease::keep(const QString& name, ContentFolder& contents) const
     if (!content.isValid() || !QFileInfo(file).isFile() || QFileInfo(file).isSymLink())
         return true;
     if (content.isSignature())
-        return contents.addSignature(file, content.digest());
+        return !isSignature(file) || contents.addSignature(file, content.digest());
     return contents.contains(content.digest()) || ContentDigest::ofFile(file) != content.digest()
         || contents.add(file, content.digest());
 }

@@ -1,9 +1,11 @@
 #include "release/ReleaseWriter.h"
 
 #include "download/ReleasePaths.h"
+#include "download/ReleaseSignature.h"
 #include "host/ContentDigest.h"
 #include "release/ContentFolder.h"
 #include "release/PreviousRelease.h"
+#include "release/TreeBytes.h"
 #include "tree/ServedFiles.h"
 
 #include <QFileInfo>
@@ -40,8 +42,8 @@ bool ReleaseWriter::write(const QSet<QString>& files, const ReleaseOptions& opti
     const QByteArray json = m_release.toJson();
     if (!ServedFiles::write(file(ReleasePaths::release()), json, &m_error))
         return false;
-    const bool isKept = contents.add(list, m_release.m_listDigest) && keep(previous, contents)
-        && (json != previous.bytes() || keepSignature(json, contents));
+    const bool isKept = contents.add(list, m_release.m_listDigest)
+        && (json != previous.bytes() || keepSignature(json, contents)) && keep(previous, contents);
     return isKept || fail(contents.errorText());
 }
 
@@ -100,14 +102,18 @@ bool ReleaseWriter::keep(const PreviousRelease& previous, ContentFolder& content
     return m_isUnchanged ? previous.keepAll(contents) : previous.keepNamed(contents);
 }
 
-/// A signature belongs to the bytes that it signs.
+/// A signature belongs to the bytes that it signs; what is none is left behind.
 bool ReleaseWriter::keepSignature(const QByteArray& release, ContentFolder& contents)
 {
     const QString signature = m_replaced + QLatin1Char('/') + ReleasePaths::signature();
-    if (!QFileInfo(signature).isFile())
+    QByteArray bytes;
+    QString fault;
+    ReleaseSignature parsed;
+    if (!TreeBytes::read(signature, ReleaseSignature::maxBytes, bytes, &fault)
+        || !ReleaseSignature::parse(bytes, parsed, fault))
         return true;
     const QString kept = file(ReleasePaths::signature());
-    return ServedFiles::copy(signature, kept, &m_error)
+    return ServedFiles::write(kept, bytes, &m_error)
         && contents.addSignature(kept, ContentDigest::ofBytes(release));
 }
 
