@@ -2,6 +2,7 @@
 #include "host/ContentDigest.h"
 #include "Mvpublish.h"
 #include "ReleaseClient.h"
+#include "SmallSource.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
 #include "support/TestTexts.h"
@@ -37,6 +38,7 @@ private slots:
     void signatureIsSentByBothNames();
     void dryRunSendsNothing();
     void optionsAfterDashesReachRclone();
+    void lintAcceptsWhatAnUploadLeaves();
 
 private:
     /// Uploads the tree into a folder whose files are compared by size, as in most web spaces.
@@ -236,6 +238,16 @@ void TestMvpublishUpload::optionsAfterDashesReachRclone()
              QByteArray(
                  "mvpublish: rclone: Fatal error: unknown flag: --no-such-option; nothing has been "
                  "sent\n"));
+}
+
+void TestMvpublishUpload::lintAcceptsWhatAnUploadLeaves()
+{
+    const SmallSource source(home("source"));
+    QCOMPARE(Mvpublish::build(source.folder(), home("built"), {text("--force")}), QString());
+    QCOMPARE(Mvpublish::run({text("upload"), home("built"), m_space.folder()}).status, 0);
+    QCOMPARE(CatalogueFiles::filesBelow(m_space.folder()).filter(text("/releases/")).size(), 1);
+    QCOMPARE(Mvpublish::run({text("lint"), m_space.folder()}).out,
+             Mvpublish::run({text("lint"), home("built")}).out);
 }
 
 /// Any server that rclone can reach will do.

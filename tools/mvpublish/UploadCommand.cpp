@@ -24,7 +24,7 @@ QString described(const SRelease& release)
 }
 
 /// Describes what clients see at the remote before the upload.
-QString stateOf(const RemoteTree& remote)
+QString stateOf(const UploadPlace& remote)
 {
     return remote.hasRelease() ? described(remote.release()) + QStringLiteral(" is in force")
                                : QStringLiteral("no release is in force");

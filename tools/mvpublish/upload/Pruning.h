@@ -1,7 +1,7 @@
 #pragma once
 
 #include "download/ReleaseList.h"
-#include "upload/RemoteTree.h"
+#include "upload/UploadPlace.h"
 
 #include <QByteArray>
 #include <QDateTime>
@@ -39,7 +39,7 @@ private:
     void forgetNames(const QHash<QByteArray, ReleaseList>& lists, qint64 first);
     bool fail(const QString& text);
 
-    RemoteTree m_remote;
+    UploadPlace m_remote;
     QSet<QString> m_kept; // names
     QStringList m_files;
     qint64 m_bytes = 0;

@@ -1,7 +1,7 @@
 #include "upload/RemoteNames.h"
 
-#include "upload/RemoteTree.h"
 #include "upload/TreeRelease.h"
+#include "upload/UploadPlace.h"
 #include "upload/UploadRecord.h"
 
 #include <QByteArray>
@@ -10,7 +10,7 @@
 
 #include <algorithm>
 
-bool RemoteNames::read(RemoteTree& remote, const TreeRelease& tree)
+bool RemoteNames::read(UploadPlace& remote, const TreeRelease& tree)
 {
     if (remote.releaseDigest() == tree.digest())
         return true; // every file was there before release.json

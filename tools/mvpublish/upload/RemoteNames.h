@@ -7,7 +7,7 @@
 #include <QStringList>
 #include <QVector>
 
-class RemoteTree;
+class UploadPlace;
 class TreeRelease;
 
 /// Tells which of a release's named files may have another content at a remote although their size
@@ -18,8 +18,8 @@ class TreeRelease;
 class RemoteNames
 {
 public:
-    /// Fetches the lists. On false see RemoteTree.
-    bool read(RemoteTree& remote, const TreeRelease& tree);
+    /// Fetches the lists. On false see UploadPlace.
+    bool read(UploadPlace& remote, const TreeRelease& tree);
 
     bool mayDiffer(const ReleaseList::Entry& entry) const;
     /// Returns the listed names at the remote that no release explains, for the record of the

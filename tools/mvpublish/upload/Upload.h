@@ -2,7 +2,7 @@
 
 #include "upload/Rclone.h"
 #include "upload/RemoteNames.h"
-#include "upload/RemoteTree.h"
+#include "upload/UploadPlace.h"
 #include "upload/UploadRecord.h"
 
 #include <QSet>
@@ -39,7 +39,7 @@ public:
     /// Returns the steps before release.json, which is the last one.
     const QVector<Step>& steps() const { return m_steps; }
     /// Returns the remote as prepare() has found it.
-    const RemoteTree& remote() const { return m_remote; }
+    const UploadPlace& remote() const { return m_remote; }
     /// Returns whether prepare() has found the release in force already.
     bool isInForce() const;
 
@@ -76,7 +76,7 @@ private:
 
     Rclone& m_rclone;
     const TreeRelease& m_tree;
-    RemoteTree m_remote;
+    UploadPlace m_remote;
     RemoteNames m_names;
     QVector<Step> m_steps;
     Outcome m_outcome = Outcome::Unchanged;

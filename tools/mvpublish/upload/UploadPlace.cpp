@@ -1,4 +1,4 @@
-#include "upload/RemoteTree.h"
+#include "upload/UploadPlace.h"
 
 #include "download/ReleasePaths.h"
 #include "host/ContentDigest.h"
@@ -25,18 +25,18 @@ QString fetchedFolder()
 
 } // namespace
 
-RemoteTree::RemoteTree(Rclone& rclone, QString remote)
+UploadPlace::UploadPlace(Rclone& rclone, QString remote)
     : m_rclone(rclone)
     , m_remote(std::move(remote))
 {
 }
 
-QString RemoteTree::errorText() const
+QString UploadPlace::errorText() const
 {
     return m_error.isEmpty() ? m_rclone.errorText() : m_error;
 }
 
-bool RemoteTree::read()
+bool UploadPlace::read()
 {
     if (!list({}, m_files))
         return false;
@@ -54,7 +54,7 @@ bool RemoteTree::read()
     return true;
 }
 
-bool RemoteTree::readAgain(QHash<QString, qint64>& files)
+bool UploadPlace::readAgain(QHash<QString, qint64>& files)
 {
     const QString records = QFileInfo(UploadRecord::path(1)).path();
     return list({QStringLiteral("--include=/%1/**").arg(ReleasePaths::contentFolder()),
@@ -62,7 +62,7 @@ bool RemoteTree::readAgain(QHash<QString, qint64>& files)
                 files);
 }
 
-bool RemoteTree::list(const QStringList& filters, QHash<QString, qint64>& files)
+bool UploadPlace::list(const QStringList& filters, QHash<QString, qint64>& files)
 {
     files.clear();
     QByteArray out;
@@ -78,7 +78,7 @@ bool RemoteTree::list(const QStringList& filters, QHash<QString, qint64>& files)
     return true;
 }
 
-void RemoteTree::readRelease()
+void UploadPlace::readRelease()
 {
     QByteArray bytes;
     QString reason;
@@ -89,7 +89,7 @@ void RemoteTree::readRelease()
         m_releaseDigest = ContentDigest::ofBytes(bytes);
 }
 
-void RemoteTree::readRecords()
+void UploadPlace::readRecords()
 {
     m_records.clear();
     for (auto it = m_files.cbegin(); it != m_files.cend(); ++it) {
@@ -103,8 +103,8 @@ void RemoteTree::readRecords()
     }
 }
 
-bool RemoteTree::fetchLists(const QVector<QByteArray>& digests,
-                            QHash<QByteArray, ReleaseList>& lists)
+bool UploadPlace::fetchLists(const QVector<QByteArray>& digests,
+                             QHash<QByteArray, ReleaseList>& lists)
 {
     QStringList names;
     for (const QByteArray& digest : digests) {
@@ -125,35 +125,35 @@ bool RemoteTree::fetchLists(const QVector<QByteArray>& digests,
     return true;
 }
 
-bool RemoteTree::fetch(const QStringList& files)
+bool UploadPlace::fetch(const QStringList& files)
 {
     return run({QStringLiteral("copy"), m_remote, m_work.filePath(fetchedFolder()),
                 QStringLiteral("--ignore-times")},
                files);
 }
 
-bool RemoteTree::readFetched(const QString& name, qint64 maxBytes, QByteArray& bytes) const
+bool UploadPlace::readFetched(const QString& name, qint64 maxBytes, QByteArray& bytes) const
 {
     QFile file(m_work.filePath(fetchedFolder() + QLatin1Char('/') + name));
     return RegularFile::open(file) && RegularFile::readAll(file, maxBytes, bytes);
 }
 
-bool RemoteTree::send(const QString& from, const QStringList& files, const QString& cacheControl)
+bool UploadPlace::send(const QString& from, const QStringList& files, const QString& cacheControl)
 {
     return run({QStringLiteral("copy"), from, m_remote, QStringLiteral("--ignore-times"),
                 QStringLiteral("--header-upload=Cache-Control: %1").arg(cacheControl)},
                files);
 }
 
-bool RemoteTree::sendBytes(const QString& name, const QByteArray& content,
-                           const QString& cacheControl)
+bool UploadPlace::sendBytes(const QString& name, const QByteArray& content,
+                            const QString& cacheControl)
 {
     const QString folder = QStringLiteral("sent");
     return write(folder + QLatin1Char('/') + name, content)
         && send(m_work.filePath(folder), {name}, cacheControl);
 }
 
-bool RemoteTree::compare(const QString& from, const QStringList& files, QStringList& different)
+bool UploadPlace::compare(const QString& from, const QStringList& files, QStringList& different)
 {
     QByteArray out;
     const bool isEqual = run({QStringLiteral("check"), from, m_remote, QStringLiteral("--one-way"),
@@ -175,13 +175,13 @@ bool RemoteTree::compare(const QString& from, const QStringList& files, QStringL
     return true;
 }
 
-bool RemoteTree::remove(const QStringList& files)
+bool UploadPlace::remove(const QStringList& files)
 {
     return run({QStringLiteral("delete"), m_remote}, files);
 }
 
 /// Runs a command for some files, of which there may be more than a command line holds.
-bool RemoteTree::run(QStringList command, const QStringList& files, QByteArray* out)
+bool UploadPlace::run(QStringList command, const QStringList& files, QByteArray* out)
 {
     if (files.isEmpty())
         return true;
@@ -192,7 +192,7 @@ bool RemoteTree::run(QStringList command, const QStringList& files, QByteArray* 
 }
 
 /// Writes a file into the temporary folder.
-bool RemoteTree::write(const QString& name, const QByteArray& content)
+bool UploadPlace::write(const QString& name, const QByteArray& content)
 {
     QFile file(m_work.filePath(name));
     m_error.clear();

@@ -15,12 +15,12 @@
 class Rclone;
 
 /// A published tree where rclone reaches it.
-class RemoteTree
+class UploadPlace
 {
 public:
     /// `remote` is the root of the tree, as rclone understands it. `rclone` must outlive this
     /// object.
-    RemoteTree(Rclone& rclone, QString remote);
+    UploadPlace(Rclone& rclone, QString remote);
 
     /// Returns why the last operation failed, as rclone says it.
     QString errorText() const;
