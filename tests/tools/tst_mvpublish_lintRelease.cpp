@@ -8,7 +8,9 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
+#include <algorithm>
 #include <memory>
 
 /// Tests the findings of mvpublish lint about releases.
@@ -96,7 +98,8 @@ void TestMvpublishLintRelease::restOfAReleaseIsAFinding_data()
 void TestMvpublishLintRelease::restOfAReleaseIsAFinding()
 {
     QFETCH(QStringList, removed);
-    for (const QString& name : removed + QStringList{ReleasePaths::release()}) {
+    const QStringList names = removed + QStringList{ReleasePaths::release()};
+    for (const QString& name : names) {
         const QString path = m_tree->file(name);
         QVERIFY(QFileInfo(path).isDir() ? QDir(path).removeRecursively() : QFile::remove(path));
     }
