@@ -5,6 +5,7 @@
 #include "FaultLab.h"
 #include "FavouriteScenario.h"
 #include "FetchScenario.h"
+#include "RetireScenario.h"
 #include "support/TestMain.h"
 
 #include <QTest>
@@ -37,6 +38,8 @@ std::unique_ptr<Scenario> scenarioNamed(const QByteArray& name)
         return build(BuildScenario::Place::Link);
     if (name == "buildRefused")
         return build(BuildScenario::Place::Foreign);
+    if (name == "retire")
+        return std::make_unique<RetireScenario>(TestHome::path() + QStringLiteral("/world"));
     return nullptr;
 }
 

@@ -122,9 +122,12 @@ bool NginxServer::startOn(quint16 port, const QString& tree, const QString& work
         m_include.isEmpty() ? QString() : QStringLiteral("include %1;").arg(m_include);
     conf.write(QString::fromLatin1(configuration).arg(work).arg(port).arg(tree, more).toUtf8());
     conf.close();
-    m_process.start(program(),
-                    {QStringLiteral("-e"), QStringLiteral("stderr"), QStringLiteral("-p"), work,
-                     QStringLiteral("-c"), file});
+    QStringList arguments{QStringLiteral("-e"), QStringLiteral("stderr"),
+                          QStringLiteral("-p"), work,
+                          QStringLiteral("-c"), file};
+    if (!m_module.isEmpty())
+        arguments << QStringLiteral("-g") << QStringLiteral("load_module %1;").arg(m_module);
+    m_process.start(program(), arguments);
     QElapsedTimer timer;
     timer.start();
     // nginx exits if the port has been taken meanwhile.

@@ -19,6 +19,9 @@ public:
     /// Adds a file of directives to the server's configuration. Call it before start().
     void include(const QString& file) { m_include = file; }
 
+    /// Loads a dynamic module, given by its file. Call it before start().
+    void load(const QString& module) { m_module = module; }
+
     /// Serves `tree`; writes its own files into `work`, which is created. On false see errorText().
     bool start(const QString& tree, const QString& work);
     QString errorText() const { return m_error; }
@@ -42,6 +45,7 @@ private:
     Process m_process;
     quint16 m_port = 0;
     QString m_include;
+    QString m_module;
     QString m_work;
     QString m_error;
 };

@@ -60,6 +60,12 @@ void TestMvpublishArguments::refuses_data()
     row("serve a --in b", "--in does not go with serve");
     row("serve a --port http", "--port takes a number from 0 to 65535");
     row("serve a --port 65536", "--port takes a number from 0 to 65535");
+    row("retire source", "retire takes SOURCE and ITEM");
+    row("upload tree", "upload takes TREE and REMOTE");
+    row("upload tree -- --config=x", "upload takes TREE and REMOTE");
+    row("upload tree x --prune 0", "--prune takes a number of days from 1 to 36500");
+    row("build a b --dry-run", "--dry-run does not go with build");
+    row("serve -- --a --b", "serve takes one TREE");
     row("lint a --fix", "Unknown option 'fix'.");
 }
 
@@ -85,6 +91,10 @@ void TestMvpublishArguments::helpNamesTheCommands()
                              "lint TREE",
                              "diff OLD NEW",
                              "serve TREE",
+                             "retire SOURCE ITEM",
+                             "upload TREE REMOTE",
+                             "--prune <DAYS>",
+                             "--dry-run",
                              "--edition <EDITION>",
                              "--installed",
                              "--expires <DAYS>",

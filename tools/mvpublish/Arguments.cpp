@@ -12,12 +12,17 @@ Commands:
                         filter, transition, motion, theme, bgmaterial
   build SOURCE OUT      writes the whole tree OUT from the items in SOURCE and checks it as lint
                         does; a tree that is there is replaced in one step
+  retire SOURCE ITEM    takes an item (its folder or GUID) out of the source without deleting it,
+                        and keeps others from taking its GUID
   keygen FILE           writes a new key for releases: FILE, which is secret, and FILE.pub
   sign TREE             signs the release of a tree with the secret key of --key
   verify TREE|URL       checks that a tree, or a server, has exactly what its release says
   lint TREE             checks a server's tree or an installation the way it will be read
   diff OLD NEW          what a user of the tree OLD fetches when NEW is published
   serve TREE            serves a tree on 127.0.0.1, to try it out
+  upload TREE REMOTE    brings the release of a tree into force at an object store or web space,
+                        with the program rclone: REMOTE and the options after "--" are as rclone
+                        understands them
 
 Exit status: 0 success, nothing but warnings, no difference; 1 faults, errors,
 differences; 2 the work could not be done.)";
@@ -39,6 +44,7 @@ const QVector<Command>& commands()
          "build takes SOURCE and OUT",
          {QStringLiteral("edition"), QStringLiteral("installed"), QStringLiteral("expires"),
           QStringLiteral("renew"), QStringLiteral("no-release"), QStringLiteral("force")}},
+        {"retire", 2, "retire takes SOURCE and ITEM", {}},
         {"keygen",
          1,
          "keygen takes one FILE",
@@ -48,6 +54,10 @@ const QVector<Command>& commands()
         {"lint", 1, "lint takes one TREE", {QStringLiteral("json")}},
         {"diff", 2, "diff takes OLD and NEW", {}},
         {"serve", 1, "serve takes one TREE", {QStringLiteral("port"), QStringLiteral("quiet")}},
+        {"upload",
+         2,
+         "upload takes TREE and REMOTE",
+         {QStringLiteral("prune"), QStringLiteral("dry-run")}},
     };
     return known;
 }
@@ -99,6 +109,12 @@ struct Options
                             QStringLiteral("N"), QStringLiteral("0")};
     QCommandLineOption quiet{QStringLiteral("quiet"),
                              QStringLiteral("serve: do not print requests")};
+    QCommandLineOption prune{
+        QStringLiteral("prune"),
+        QStringLiteral("upload: then remove the files that no release of the last DAYS days names"),
+        QStringLiteral("DAYS")};
+    QCommandLineOption dryRun{QStringLiteral("dry-run"),
+                              QStringLiteral("upload: print what would be sent and removed")};
     QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")},
                             QStringLiteral("print this help")};
 };
@@ -108,9 +124,19 @@ void describe(QCommandLineParser& parser)
     parser.setApplicationDescription(QString::fromLatin1(description));
     parser.addPositionalArgument(
         QStringLiteral("COMMAND"),
-        QStringLiteral("new, build, keygen, sign, verify, lint, diff or serve"));
+        QStringLiteral("new, build, retire, keygen, sign, verify, lint, diff, serve or upload"));
     parser.addPositionalArgument(QStringLiteral("ARGUMENTS"), QStringLiteral("see above"),
                                  QStringLiteral("ARGUMENTS..."));
+}
+
+/// Removes "--" and what follows it, and returns what follows.
+QStringList takeAfterDashes(QStringList& words)
+{
+    const int dashes = words.indexOf(QStringLiteral("--"));
+    const QStringList rest = dashes < 0 ? QStringList() : words.mid(dashes + 1);
+    if (dashes >= 0)
+        words = words.mid(0, dashes);
+    return rest;
 }
 
 } // namespace
@@ -124,8 +150,10 @@ bool Arguments::parse(const QCoreApplication& application)
     parser.addOptions({options.help, options.edition, options.installed, options.expires,
                        options.renew, options.noRelease, options.force, options.key,
                        options.passwordFd, options.noPassword, options.in, options.json,
-                       options.port, options.quiet});
-    if (!parser.parse(application.arguments()))
+                       options.port, options.quiet, options.prune, options.dryRun});
+    QStringList words = application.arguments();
+    const QStringList afterDashes = takeAfterDashes(words);
+    if (!parser.parse(words))
         return fail(parser.errorText());
     if (parser.isSet(options.help))
         parser.showHelp();
@@ -135,6 +163,8 @@ bool Arguments::parse(const QCoreApplication& application)
     if (operands.isEmpty())
         return fail(QStringLiteral("no command; see mvpublish --help"));
     command = operands.takeFirst();
+    const bool isUpload = command == QLatin1String("upload");
+    (isUpload ? rcloneOptions : operands) += afterDashes;
     installed = parser.isSet(options.installed);
     renew = parser.isSet(options.renew);
     force = parser.isSet(options.force);
@@ -143,9 +173,11 @@ bool Arguments::parse(const QCoreApplication& application)
     source = parser.value(options.in);
     json = parser.isSet(options.json);
     quiet = parser.isSet(options.quiet);
+    dryRun = parser.isSet(options.dryRun);
     return checkOperands(parser.optionNames()) && readEditions(parser.values(options.edition))
         && readRelease(parser.isSet(options.noRelease), parser.value(options.expires)) && readKeys()
-        && readPassword(parser.value(options.passwordFd)) && readPort(parser.value(options.port));
+        && readPassword(parser.value(options.passwordFd)) && readPort(parser.value(options.port))
+        && readDays(QStringLiteral("prune"), parser.value(options.prune), pruneDays);
 }
 
 bool Arguments::isAddress(const QString& operand)
@@ -192,13 +224,7 @@ bool Arguments::readRelease(bool isSwitchedOff, const QString& days)
         return fail(QStringLiteral("--expires and --renew need a release, which %1 has not")
                         .arg(installed ? QStringLiteral("an installation")
                                        : QStringLiteral("a tree built with --no-release")));
-    if (days.isNull())
-        return true;
-    constexpr int maxDays = 36500;
-    bool ok = false;
-    expiryDays = days.toInt(&ok);
-    return (ok && expiryDays >= 1 && expiryDays <= maxDays)
-        || fail(QStringLiteral("--expires takes a number of days from 1 to %1").arg(maxDays));
+    return readDays(QStringLiteral("expires"), days, expiryDays);
 }
 
 bool Arguments::readKeys()
@@ -224,6 +250,18 @@ bool Arguments::readPort(const QString& text)
     bool ok = false;
     port = text.toUShort(&ok);
     return ok || fail(QStringLiteral("--port takes a number from 0 to 65535"));
+}
+
+bool Arguments::readDays(const QString& option, const QString& text, int& days)
+{
+    if (text.isNull())
+        return true;
+    constexpr int maxDays = 36500;
+    bool ok = false;
+    days = text.toInt(&ok);
+    return (ok && days >= 1 && days <= maxDays)
+        || fail(
+               QStringLiteral("--%1 takes a number of days from 1 to %2").arg(option).arg(maxDays));
 }
 
 bool Arguments::fail(const QString& text)

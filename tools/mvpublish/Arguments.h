@@ -35,6 +35,9 @@ public:
     bool json = false;
     bool quiet = false;
     quint16 port = 0;
+    int pruneDays = 0; ///< upload: 0 to remove nothing
+    bool dryRun = false;
+    QStringList rcloneOptions; ///< upload: what follows "--"
 
 private:
     bool checkOperands(const QStringList& options);
@@ -43,6 +46,7 @@ private:
     bool readKeys();
     bool readPassword(const QString& descriptor);
     bool readPort(const QString& text);
+    bool readDays(const QString& option, const QString& text, int& days);
     bool fail(const QString& text);
 
     QString m_error;

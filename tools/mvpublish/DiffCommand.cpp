@@ -3,8 +3,11 @@
 #include "Arguments.h"
 #include "Console.h"
 #include "ExitStatus.h"
+#include "ItemUpdates.h"
 #include "tree/ReadTree.h"
 #include "TreeDiff.h"
+
+#include <QVector>
 
 namespace {
 
@@ -27,7 +30,24 @@ void note(bool applies, const char* text)
         Console::print(QStringLiteral("note: ") + QLatin1String(text));
 }
 
-void print(const TreeDiff& diff)
+/// Prints what clients that use releases fetch.
+void printReleases(const TreeDiff& diff, const QVector<ItemUpdates::Update>& updates)
+{
+    for (const ItemUpdates::Update& update : updates)
+        Console::print(QStringLiteral("update %1 (%2, %3)")
+                           .arg(update.item,
+                                Console::counted(update.fileCount, QStringLiteral("file")),
+                                Console::size(update.bytes)));
+    const qint64 fileBytes = diff.fileBytes + diff.changedBytes;
+    Console::print(QStringLiteral("to transfer with releases: %1 (%2 of catalogues, %3 of the "
+                                  "list, %4 of new and changed "
+                                  "files)")
+                       .arg(Console::size(diff.catalogueBytes + diff.listBytes + fileBytes),
+                            Console::size(diff.catalogueBytes), Console::size(diff.listBytes),
+                            Console::size(fileBytes)));
+}
+
+void print(const TreeDiff& diff, const QVector<ItemUpdates::Update>& updates)
 {
     printItems("added", diff.added);
     printItems("removed", diff.removed);
@@ -52,6 +72,7 @@ void print(const TreeDiff& diff)
     note(!diff.changedDefinitions.isEmpty(),
          "whoever has a changed definition keeps the old one; only an item with a fresh GUID "
          "brings a new one");
+    printReleases(diff, updates);
     Console::print(QStringLiteral("to transfer: %1 (%2 of catalogues, %3 of new files)")
                        .arg(Console::size(diff.catalogueBytes + diff.fileBytes),
                             Console::size(diff.catalogueBytes), Console::size(diff.fileBytes)));
@@ -72,6 +93,6 @@ int DiffCommand::run(const Arguments& arguments)
         Console::print(QStringLiteral("no difference"));
         return ExitStatus::success;
     }
-    print(diff);
+    print(diff, diff.isUsed ? ItemUpdates::between(after, diff) : QVector<ItemUpdates::Update>());
     return ExitStatus::findings;
 }

@@ -31,7 +31,7 @@ bool comesBefore(const SourceItem& a, const SourceItem& b)
 
 } // namespace
 
-bool Source::read(const QString& folder)
+bool Source::open(const QString& folder)
 {
     m_folder = QDir(folder).absolutePath();
     if (!QFileInfo(m_folder).isDir()) {
@@ -39,6 +39,23 @@ bool Source::read(const QString& folder)
         return false;
     }
     readCatalogue();
+    return true;
+}
+
+bool Source::readItems(const QString& folder)
+{
+    if (!open(folder))
+        return false;
+    findItems(QString());
+    if (m_faults.isEmpty())
+        resolveUses();
+    return m_faults.isEmpty();
+}
+
+bool Source::read(const QString& folder)
+{
+    if (!open(folder))
+        return false;
     findNonePictures();
     findItems(QString());
     std::sort(m_items.begin(), m_items.end(), &comesBefore);
@@ -54,7 +71,7 @@ bool Source::read(const QString& folder)
 
 bool Source::isSpecialFolder(const QString& name)
 {
-    return name == noneFolder || name == sharedFolder();
+    return name == noneFolder || name == sharedFolder() || name == retiredFolder();
 }
 
 QString Source::noneName(const QString& audience) const
@@ -84,7 +101,17 @@ void Source::readCatalogue()
     m_noneNames = fields.map("noneNames");
     Manifest::checkAudiences(fields, "noneNames", m_noneNames);
     Manifest::checkShown(fields, QStringLiteral("\"noneNames\": a name"), m_noneNames.values());
+    readRetired(fields);
     fields.finish();
+}
+
+void Source::readRetired(JsonFields& fields)
+{
+    m_retired = fields.texts(retiredField);
+    for (const QString& guid : std::as_const(m_retired)) {
+        if (!Guids::isProper(guid))
+            fields.fault(QStringLiteral("\"retired\": \"%1\" is not a GUID in capitals").arg(guid));
+    }
 }
 
 void Source::findNonePictures()
@@ -139,6 +166,11 @@ void Source::checkGuids()
 {
     QHash<QString, QString> seen{{Guids::none, QStringLiteral("the \"none\" entry")}};
     for (const SourceItem& item : m_items) {
+        if (m_retired.contains(item.guid))
+            m_faults.append(
+                QStringLiteral("%1: has the GUID of a retired item; take a fresh one, or, to bring "
+                               "the item back, remove the GUID from \"retired\" in %2")
+                    .arg(item.path, manifestName()));
         QString& owner = seen[item.guid];
         if (owner.isEmpty())
             owner = item.path;

@@ -1,14 +1,11 @@
 #include "TreeDiff.h"
 
-#include "download/ReleasePaths.h"
 #include "FetchedFiles.h"
-#include "host/Utils.h"
 #include "records/KindTable.h"
 #include "tree/ReadTree.h"
+#include "TreeContents.h"
 
-#include <QDir>
-#include <QDirIterator>
-#include <QFileInfo>
+#include <QHash>
 #include <QMap>
 
 #include <algorithm>
@@ -111,26 +108,6 @@ bool haveSameVersion(const PublishedVersion& a, const PublishedVersion& b)
     return digits(a.content.m_qsVersion) == digits(b.content.m_qsVersion);
 }
 
-/// Returns file sizes by name, without the contents of the release, which are the same files.
-QMap<QString, qint64> filesOf(const ReadTree& tree)
-{
-    QMap<QString, qint64> files;
-    const QString contents = ReleasePaths::contentFolder() + QLatin1Char('/');
-    const QDir root(tree.folder());
-    QDirIterator it(tree.folder(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString file = root.relativeFilePath(it.next());
-        if (!file.startsWith(contents))
-            files.insert(file, it.fileInfo().size());
-    }
-    return files;
-}
-
-bool areEqual(const ReadTree& before, const ReadTree& after, const QString& file)
-{
-    return Utils::getMD5(before.absolute(file)) == Utils::getMD5(after.absolute(file));
-}
-
 qint64 bytesOf(const QVector<TreeDiff::File>& files)
 {
     qint64 sum = 0;
@@ -140,17 +117,17 @@ qint64 bytesOf(const QVector<TreeDiff::File>& files)
 }
 
 /// Classifies new and changed files; catalogues are handled by the editions.
-void compareFiles(const ReadTree& before, const ReadTree& after, TreeDiff& diff,
-                  QMap<QString, qint64>& changedCatalogues)
+void compareFiles(const TreeContents& before, const TreeContents& after, const ReadTree& tree,
+                  TreeDiff& diff, QMap<QString, qint64>& changedCatalogues)
 {
-    const QMap<QString, qint64> old = filesOf(before);
-    const QMap<QString, qint64> now = filesOf(after);
-    const FetchedFiles fetched(after);
+    const QMap<QString, qint64>& old = before.sizes();
+    const QMap<QString, qint64>& now = after.sizes();
+    const FetchedFiles fetched(tree);
     const QString catalogueFolder = Editions::catalogueFolder + QLatin1Char('/');
     for (auto it = now.cbegin(); it != now.cend(); ++it) {
         const auto same = old.constFind(it.key());
         const bool isNew = same == old.constEnd();
-        if (!isNew && *same == it.value() && areEqual(before, after, it.key()))
+        if (!isNew && before.isEqual(after, it.key()))
             continue;
         const TreeDiff::File file{it.key(), it.value()};
         if (it.key().startsWith(catalogueFolder))
@@ -187,6 +164,8 @@ void compareEditions(const ReadTree& before, const ReadTree& after, TreeDiff& di
         if (haveSameVersion(version, *next)) {
             files << version.displayFile << ReadTree::catalogue(Editions::configFile);
             diff.fileBytes = bytesOf(diff.newFiles);
+            diff.changedBytes = bytesOf(diff.changedFiles) + bytesOf(diff.changedDefinitions);
+            diff.isUsed = true;
         } else {
             diff.versions.append(
                 QStringLiteral("%1 %2 -> %3")
@@ -225,7 +204,15 @@ TreeDiff TreeDiff::between(const ReadTree& before, const ReadTree& after)
 {
     TreeDiff diff;
     QMap<QString, qint64> changedCatalogues;
-    compareFiles(before, after, diff, changedCatalogues);
+    TreeContents old(before);
+    TreeContents now(after);
+    // A list says nothing of files that were changed later, so both trees are read in the same way.
+    if (old.isListed() != now.isListed()) {
+        old = TreeContents::onDisk(before);
+        now = TreeContents::onDisk(after);
+    }
+    compareFiles(old, now, after, diff, changedCatalogues);
     compareEditions(before, after, diff, changedCatalogues);
+    diff.listBytes = diff.isEmpty() ? 0 : now.listBytes();
     return diff;
 }

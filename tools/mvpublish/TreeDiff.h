@@ -29,7 +29,7 @@ struct TreeDiff
     QVector<File> catalogues;
     QVector<File> newFiles;
     /// Files under existing names: users who have one keep it, because an existing file is never
-    /// fetched again.
+    /// fetched again, unless their client uses releases.
     QVector<File> changedFiles;
     /// Changed definitions, whose names are derived from the items' GUIDs.
     QVector<File> changedDefinitions;
@@ -40,6 +40,13 @@ struct TreeDiff
     /// Bytes that one user transfers, in the edition with the largest transfer.
     qint64 catalogueBytes = 0;
     qint64 fileBytes = 0;
+
+    /// Bytes that a user transfers in addition if the client uses releases, which replace changed
+    /// files and definitions.
+    qint64 changedBytes = 0;
+    qint64 listBytes = 0;
+    /// Whether clients of any edition use the catalogues of the second tree.
+    bool isUsed = false;
 
     bool isEmpty() const;
 

@@ -1,4 +1,5 @@
-// mvpublish: creates, signs, checks and serves the tree of a resource server, for its operators.
+// mvpublish: creates, signs, checks, serves and uploads the tree of a resource server, for its
+// operators.
 
 #include "Arguments.h"
 #include "BuildCommand.h"
@@ -8,8 +9,10 @@
 #include "KeygenCommand.h"
 #include "LintCommand.h"
 #include "NewCommand.h"
+#include "RetireCommand.h"
 #include "ServeCommand.h"
 #include "SignCommand.h"
+#include "UploadCommand.h"
 #include "VerifyCommand.h"
 
 #include <QCoreApplication>
@@ -24,12 +27,16 @@ int dispatch(const Arguments& arguments)
         return LintCommand::run(arguments);
     if (arguments.command == QLatin1String("diff"))
         return DiffCommand::run(arguments);
+    if (arguments.command == QLatin1String("retire"))
+        return RetireCommand::run(arguments);
     if (arguments.command == QLatin1String("keygen"))
         return KeygenCommand::run(arguments);
     if (arguments.command == QLatin1String("sign"))
         return SignCommand::run(arguments);
     if (arguments.command == QLatin1String("serve"))
         return ServeCommand::run(arguments);
+    if (arguments.command == QLatin1String("upload"))
+        return UploadCommand::run(arguments);
     if (arguments.command == QLatin1String("verify"))
         return VerifyCommand::run(arguments);
     return BuildCommand::run(arguments);

@@ -6,6 +6,7 @@
 #include "lint/XmlChecks.h"
 #include "records/KindTable.h"
 #include "tree/Guids.h"
+#include "upload/UploadRecord.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -75,7 +76,8 @@ void Checks::unused(LintContext& context)
         files.append(root.relativeFilePath(it.next()));
     files.sort();
     for (const QString& file : qAsConst(files)) {
-        if (!context.isUsed(file))
+        // Uploads leave records at their remote, of which this tree may be a copy.
+        if (!context.isUsed(file) && UploadRecord::serialOf(file) == 0)
             context.report("unused-file", file, 0, QString(), QStringLiteral("nothing names it"),
                            QStringLiteral("take it away, or name it in the catalogue"));
     }
