@@ -19,6 +19,7 @@
 #include <QCoreApplication>
 #include <QDesktopServices>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStatusBar>
@@ -172,7 +173,11 @@ void MainWindow::exportFavourites()
     if (dialog.exec() != QDialog::Accepted)
         return;
     saveFavourites();
-    const QString path = dialog.selectedFiles().constFirst();
+    QString path = dialog.selectedFiles().constFirst();
+    if (QFileInfo(path)
+            .suffix()
+            .isEmpty()) // Qt does not add it below a folder with a dot in its name
+        path += QStringLiteral(".json");
     FavouritesFile file;
     if (file.write(path))
         say(tr("%n favourite(s) written", nullptr, file.count()));
