@@ -2,7 +2,9 @@
 
 #include "BenchHome.h"
 #include "BodyServer.h"
+#include "host/ContentDigest.h"
 #include "host/CurWrapper.h"
+#include "host/SPublishedContent.h"
 #include "Ratios.h"
 
 #include <QCoreApplication>
@@ -29,6 +31,7 @@ constexpr qint64 largeSize = 1000 * 1000 * 1000;
 constexpr int smallRepetitions = 9;
 constexpr int largeRepetitions = 3;
 constexpr double highestRatio = 1.15;
+constexpr double highestDigestRatio = 1.1;
 /// A file system in memory, where no disk hides what the code costs.
 const QLatin1String memory("/dev/shm");
 constexpr qint64 memoryNeeded = 2 * smallFiles * smallSize;
@@ -109,7 +112,8 @@ struct Load
     int files;
     qint64 size;
     int repetitions;
-    bool isProcessorTime = false; // rather than the time that passes
+    bool isProcessorTime = false;     // rather than the time that passes
+    SPublishedContent published = {}; // if known, its digest is computed
 };
 
 QString fileName(const QString& folder, int number)
@@ -128,6 +132,16 @@ void empty(benchmark::State& state, const QString& folder)
     state.ResumeTiming();
 }
 
+/// Returns the content that the server sends for every file of that size.
+SPublishedContent publishedBy(const ServerProcess& server, const QString& folder, qint64 size)
+{
+    QDir().mkpath(folder);
+    const QString file = fileName(folder, 0);
+    CurWrapper wrapper;
+    wrapper.download(server.url(size, 0), file, false);
+    return {ContentDigest::ofFile(file), size};
+}
+
 void measureWrapper(benchmark::State& state, const ServerProcess& server, const QString& folder,
                     const Load& load)
 {
@@ -140,7 +154,8 @@ void measureWrapper(benchmark::State& state, const ServerProcess& server, const 
         empty(state, folder);
         const double begin = clock ? clock->seconds() : 0;
         for (int i = 0; i < load.files; ++i) {
-            wrapper.download(server.url(load.size, i), fileName(folder, i), false);
+            wrapper.downloadPublished(server.url(load.size, i), fileName(folder, i), QString(),
+                                      load.published);
             if (wrapper.result() != 0)
                 state.SkipWithError(qPrintable(wrapper.errorText()));
         }
@@ -195,6 +210,26 @@ void addPair(Ratios& ratios, const ServerProcess& server, const QString& folder,
     ratios.limit("download_" + name, "download_" + name, "floor_" + name, highestRatio);
 }
 
+/// Adds the same downloads with and without a digest of what arrives.
+void addDigestPair(Ratios& ratios, const ServerProcess& server, const QString& folder,
+                   const std::string& name, Load load)
+{
+    const auto add = [&](const std::string& benchmark, const Load& measured) {
+        benchmark::RegisterBenchmark(benchmark.c_str(),
+                                     [&server, folder, measured](benchmark::State& state) {
+                                         measureWrapper(state, server, folder, measured);
+                                     })
+            ->Unit(benchmark::kMillisecond)
+            ->Repetitions(load.repetitions)
+            ->Iterations(1)
+            ->UseRealTime();
+    };
+    add("plain_" + name, load);
+    load.published = publishedBy(server, folder, load.size);
+    add("digest_" + name, load);
+    ratios.limit("digest_" + name, "digest_" + name, "plain_" + name, highestDigestRatio);
+}
+
 /// Returns why small files cannot be measured in memory; empty if they can.
 QString obstacleToMemory()
 {
@@ -230,6 +265,8 @@ int main(int argc, char** argv)
         std::printf("download_1000x20kB_memory skipped: %s\n", qPrintable(obstacle));
     }
     addPair(ratios, server, folder, "1x1GB", {1, largeSize, largeRepetitions});
+    addDigestPair(ratios, server, folder, "1000x20kB", {smallFiles, smallSize, smallRepetitions});
+    addDigestPair(ratios, server, folder, "1x1GB", {1, largeSize, largeRepetitions});
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks(&ratios);
     return ratios.finish();

@@ -1,6 +1,7 @@
 #include "host/PartFile.h"
 
 #include "host/ContentDigest.h"
+#include "host/FollowingDigest.h"
 #include "host/NewFileMode.h"
 
 #include <QDir>
@@ -23,6 +24,8 @@
 namespace {
 
 constexpr int createAttempts = 16;
+/// Above this size, a thread of its own computes the digest.
+constexpr qint64 maxOwnDigestBytes = 4 * 1024 * 1024;
 
 const QLatin1String partPrefix(".mv-");
 const QLatin1String partSuffix(".part");
@@ -175,18 +178,31 @@ bool PartFile::createLocked()
 
 void PartFile::startDigest()
 {
+    m_following.reset();
     m_digest = std::make_unique<ContentDigest>();
 }
 
 QByteArray PartFile::digest() const
 {
+    if (m_following)
+        return m_following->hex();
     return m_digest ? m_digest->hex() : QByteArray();
+}
+
+/// Adds what has just been written.
+void PartFile::addToDigest(const char* data, qint64 length)
+{
+    if (m_following)
+        return m_following->advanceTo(m_size);
+    if (!m_digest)
+        return;
+    m_digest->add(data, length);
+    if (m_size > maxOwnDigestBytes)
+        m_following = std::make_unique<FollowingDigest>(m_handle, std::move(m_digest), m_size);
 }
 
 bool PartFile::write(const char* data, qint64 length)
 {
-    if (m_digest)
-        m_digest->add(data, length);
     while (length > 0) {
         const ssize_t written = ::write(m_handle, data, static_cast<std::size_t>(length));
         if (written < 0 && errno == EINTR)
@@ -194,9 +210,10 @@ bool PartFile::write(const char* data, qint64 length)
         if (written <= 0)
             return failWith(errno);
         keepBeginning(data, written);
+        m_size += written;
+        addToDigest(data, written);
         data += written;
         length -= written;
-        m_size += written;
     }
     return true;
 }
@@ -213,8 +230,8 @@ bool PartFile::restart()
     if (::ftruncate(m_handle, 0) != 0 || ::lseek(m_handle, 0, SEEK_SET) != 0)
         return failWith(errno);
     m_size = 0;
-    if (m_digest)
-        m_digest->reset();
+    if (m_digest || m_following)
+        startDigest();
     m_beginning.clear();
     return true;
 }
@@ -260,6 +277,7 @@ void PartFile::discard()
 
 void PartFile::close()
 {
+    m_following.reset(); // it reads through the handle
     ::close(m_handle);
     m_handle = -1;
 }

@@ -9,6 +9,7 @@
 #include <memory>
 
 class ContentDigest;
+class FollowingDigest;
 
 /// A file that is written beside its target and renamed to the target when it is complete.
 ///
@@ -72,6 +73,7 @@ public:
     static bool removeLeftovers(const QString& folder);
 
 private:
+    void addToDigest(const char* data, qint64 length);
     bool createLocked();
     void keepBeginning(const char* data, qint64 length);
     bool rename();
@@ -86,7 +88,8 @@ private:
     FolderCheck m_check = FolderCheck::AtOnce;
     int m_handle = -1; // open for writing; -1: no temporary file
     qint64 m_size = 0;
-    std::unique_ptr<ContentDigest> m_digest; // null: not wanted
+    std::unique_ptr<ContentDigest> m_digest;      // null: not wanted, or m_following
+    std::unique_ptr<FollowingDigest> m_following; // of a large file
     QByteArray m_beginning;
     EFailureCause m_eCause = eFailure_None;
     QString m_error;

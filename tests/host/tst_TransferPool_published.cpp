@@ -35,6 +35,8 @@ private slots:
     void announcedContentIsStored();
     void otherContentIsRequestedOnceMorePastCaches_data();
     void otherContentIsRequestedOnceMorePastCaches();
+    void largeFileIsHashedAgainFromItsBeginning();
+    void cancelledLargeFileEnds();
     void freshContentBehindAStaleCacheIsStored();
     void endlessBodyEndsAtTheAnnouncedSize();
     void brokenBodyIsContinuedAndHashedAsAWhole();
@@ -70,6 +72,7 @@ void TestTransferPoolPublished::announcedContentIsStored_data()
     QTest::newRow("empty") << QByteArray();
     QTest::newRow("one byte") << QByteArray("x");
     QTest::newRow("several buffers") << pattern(300000);
+    QTest::newRow("hashed on a thread of its own") << pattern(9 * 1000 * 1000);
 }
 
 void TestTransferPoolPublished::announcedContentIsStored()
@@ -109,6 +112,36 @@ void TestTransferPoolPublished::otherContentIsRequestedOnceMorePastCaches()
     QCOMPARE(run.outcome(name).m_failure.m_eCause, eFailure_Damaged);
     QVERIFY(run.outcome(name).m_failure.m_qsDetails.contains(
         QLatin1String("the content is not the published one")));
+}
+
+void TestTransferPoolPublished::largeFileIsHashedAgainFromItsBeginning()
+{
+    const QByteArray large = pattern(6 * 1000 * 1000);
+    int number = 0;
+    const FaultServer server([&](HttpExchange& exchange) {
+        exchange.answer(ok(++number == 1 ? large.left(5 * 1000 * 1000) : large));
+    });
+    PoolRun run(1);
+    fetch(run, server.url(QStringLiteral("/file.bin")), large);
+    QCOMPARE(run.result(name), int(eTransfer_Success));
+    QCOMPARE(run.content(name), large);
+}
+
+void TestTransferPoolPublished::cancelledLargeFileEnds()
+{
+    const FaultServer server([](HttpExchange& exchange) {
+        exchange.answer(
+            HttpAnswer(200).field("Content-Length", "20000000").bareBody(pattern(6 * 1000 * 1000)));
+        exchange.stall();
+    });
+    PoolRun run(1);
+    TransferPool::Job job = run.job(server.url(QStringLiteral("/file.bin")), name);
+    job.published = {ContentDigest::ofBytes("x"), 20000000};
+    job.progress = [](qint64 received, qint64) { return received < 6 * 1000 * 1000; };
+    run.pool().start(job);
+    QVERIFY(run.finish());
+    QCOMPARE(run.result(name), int(eTransfer_Cancelled));
+    QCOMPARE(run.files(), QStringList());
 }
 
 void TestTransferPoolPublished::freshContentBehindAStaleCacheIsStored()

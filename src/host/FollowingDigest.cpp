@@ -1,0 +1,90 @@
+#include "host/FollowingDigest.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <utility>
+
+#include <unistd.h>
+
+namespace {
+
+constexpr int chunkBytes = 256 * 1024;
+
+} // namespace
+
+FollowingDigest::FollowingDigest(int handle, std::unique_ptr<ContentDigest> digest, qint64 position)
+    : m_handle(handle)
+    , m_digest(std::move(digest))
+    , m_position(position)
+    , m_buffer(chunkBytes, Qt::Uninitialized)
+    , m_size(position)
+    , m_thread([this] { run(); })
+{
+}
+
+FollowingDigest::~FollowingDigest()
+{
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_isStopped = true;
+    }
+    m_changed.notify_all();
+    m_thread.join();
+}
+
+/// Wakes the thread for whole chunks only: the rest is read by hex().
+void FollowingDigest::advanceTo(qint64 size)
+{
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        const bool isWorthIt = size / chunkBytes != m_size / chunkBytes;
+        m_size = size;
+        if (!isWorthIt)
+            return;
+    }
+    m_changed.notify_all();
+}
+
+QByteArray FollowingDigest::hex()
+{
+    std::unique_lock<std::mutex> lock(m_mutex);
+    m_changed.notify_all();
+    m_changed.wait(lock, [this] { return m_hasFailed || (!m_isBusy && m_position == m_size); });
+    return m_hasFailed ? QByteArray() : m_digest->hex();
+}
+
+void FollowingDigest::run()
+{
+    std::unique_lock<std::mutex> lock(m_mutex);
+    while (!m_isStopped && !m_hasFailed) {
+        if (m_position == m_size) {
+            m_isBusy = false;
+            m_changed.notify_all();
+            m_changed.wait(lock, [this] { return m_isStopped || m_position != m_size; });
+            m_isBusy = true;
+            continue;
+        }
+        const qint64 end = std::min(m_size, m_position + chunkBytes);
+        lock.unlock();
+        const bool isRead = read(end);
+        lock.lock();
+        m_hasFailed = !isRead;
+    }
+    m_isBusy = false;
+    m_changed.notify_all();
+}
+
+bool FollowingDigest::read(qint64 end)
+{
+    while (m_position < end) {
+        const ssize_t length = ::pread(m_handle, m_buffer.data(),
+                                       static_cast<std::size_t>(end - m_position), m_position);
+        if (length < 0 && errno == EINTR)
+            continue;
+        if (length <= 0)
+            return false;
+        m_digest->add(m_buffer.constData(), length);
+        m_position += length;
+    }
+    return true;
+}
