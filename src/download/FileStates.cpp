@@ -61,16 +61,28 @@ EFileState FileStates::of(const ItemFiles::Entry& entry) const
 /// Returns the digest of a file; empty if it could not be read.
 QByteArray FileStates::digestOf(const QString& path) const
 {
-    FileLedger* const ledger = FileLedger::instance();
-    const QByteArray noted = ledger->digestOf(path);
+    const QByteArray noted = FileLedger::instance()->digestOf(path);
     if (m_depth == Depth::Quick && !noted.isEmpty())
         return noted;
+    const auto known = m_read.constFind(path);
+    if (known != m_read.cend())
+        return *known;
+    const QByteArray digest = read(path);
+    m_read.insert(path, digest);
+    if (!digest.isEmpty() && !noted.isEmpty() && digest != noted)
+        FileLedger::instance()->doubt(path);
+    return digest;
+}
+
+QByteArray FileStates::read(const QString& path) const
+{
     qint64 told = 0;
     const QByteArray digest = ContentDigest::ofFile(path, [&](qint64 bytesRead) {
         const qint64 news = bytesRead - std::exchange(told, bytesRead);
         return !m_progress || m_progress(news);
     });
     // What came with another digest stays known as damaged.
+    FileLedger* const ledger = FileLedger::instance();
     if (!digest.isEmpty() && ledger->noteOf(path).isEmpty())
         ledger->note(path, {digest, QFileInfo(path).size()});
     return digest;

@@ -20,6 +20,7 @@ private slots:
     void changedReleaseMakesItOutdated();
     void changedFileIsDamaged();
     void deepReadingFindsWhatTimesHide();
+    void deepReadingReadsAFileOnce();
     void changedFileOfAnUnknownPastIsOutdated();
     void unlistedFile();
     void nothingIsListedWithoutAReleasePolicy();
@@ -111,6 +112,27 @@ void tst_fileStates::deepReadingFindsWhatTimesHide()
     changeSecretly("VideoFilters/13.zip");
     QCOMPARE(stateOf(filter()), eFile_Current);
     QCOMPARE(stateOf(filter(), FileStates::Depth::Deep), eFile_Damaged);
+    QCOMPARE(stateOf(filter()), eFile_Damaged); // now known, so that an update repairs it
+    QVERIFY(StorageWorld::fetch({&filter()}));
+    QCOMPARE(m_world.content("VideoFilters/13.zip"), StorageWorld::archive(13));
+    QCOMPARE(stateOf(filter(), FileStates::Depth::Deep), eFile_Current);
+}
+
+void tst_fileStates::deepReadingReadsAFileOnce()
+{
+    QVERIFY(StorageWorld::fetch({&StorageWorld::theme(1), &StorageWorld::theme(2)}));
+    qint64 bytes = 0;
+    const FileStates states(FileStates::Depth::Deep, [&](qint64 bytesRead) {
+        bytes += bytesRead;
+        return true;
+    });
+    const SItemState one = states.of(StorageWorld::theme(1));
+    QCOMPARE(bytes, one.m_nBytesOnDisk);
+    states.of(StorageWorld::theme(2)); // both use filter 12
+    QCOMPARE(bytes,
+             one.m_nBytesOnDisk
+                 + qint64(m_world.content("Themes/2.xml").size()
+                          + m_world.content("Themes/2.zip").size()));
 }
 
 void tst_fileStates::changedFileOfAnUnknownPastIsOutdated()
