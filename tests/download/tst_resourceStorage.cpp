@@ -18,6 +18,7 @@ private slots:
     void init();
 
     void useTellsOwnAndShared();
+    void usedBytesCountAFileOnce();
     void onlyItemsOnDiskAreListed();
     void removalKeepsWhatOthersNeed();
     void removalOfTheLastUserTakesHiddenItemsAlong();
@@ -30,6 +31,7 @@ private slots:
     void nothingIsRemovedWhileADownloadWorks();
     void failedRemovalChangesNothing();
     void leftoversAreWhatNoCatalogueNames();
+    void nothingIsLeftOverWithoutACatalogue();
     void unpackedArchivesBelongToTheirArchives();
     void cleaningFreesLeftoversOnly();
     void linksAreNotFollowed();
@@ -68,6 +70,15 @@ void tst_resourceStorage::useTellsOwnAndShared()
                     {"VideoFilters/11.xml", "VideoFilters/11.zip", "VideoFilters/12.xml",
                      "VideoFilters/12.zip"}));
     QCOMPARE(use.bytes(), use.ownBytes + use.sharedBytes);
+}
+
+void tst_resourceStorage::usedBytesCountAFileOnce()
+{
+    qint64 bytes = 0;
+    const QStringList files = m_world.files();
+    for (const QString& name : files)
+        bytes += m_world.content(name.toUtf8().constData()).size();
+    QCOMPARE(m_storage.usedBytes(), bytes);
 }
 
 void tst_resourceStorage::onlyItemsOnDiskAreListed()
@@ -191,6 +202,21 @@ void tst_resourceStorage::leftoversAreWhatNoCatalogueNames()
         (QStringList{m_world.file("Themes/old/old.zip"), m_world.preview("Themes", "old.jpg")}));
 }
 
+void tst_resourceStorage::nothingIsLeftOverWithoutACatalogue()
+{
+    const QStringList before = m_world.files();
+    const QString picture = m_world.preview("Themes", "t.jpg");
+    CatalogueFiles::write(picture, "picture");
+    for (const char* const name : {"resource_display.xml", "resource_config.xml"}) {
+        CatalogueFiles::write(m_world.downloadedFile(name), "<R/>");
+        MVThemeMgr::init()->load(true);
+        QCOMPARE(m_storage.leftovers(), QStringList());
+        QCOMPARE(m_storage.clean(), qint64(0));
+        QVERIFY(QFileInfo::exists(picture));
+    }
+    QCOMPARE(m_world.files(), before);
+}
+
 void tst_resourceStorage::unpackedArchivesBelongToTheirArchives()
 {
     CatalogueFiles::write(m_world.file("Themes/1/unpacked/a.png"), "a");
@@ -206,7 +232,11 @@ void tst_resourceStorage::cleaningFreesLeftoversOnly()
     QVERIFY(ResourceStorage::undo(removal));
     CatalogueFiles::write(removed() + text("/1/0"), "removed");
     CatalogueFiles::write(m_world.downloadedFile("updates") + text("/x"), "part");
+    QCOMPARE(
+        m_storage.remains(),
+        (QStringList{removed() + text("/1/0"), m_world.downloadedFile("updates") + text("/x")}));
     QCOMPARE(m_storage.clean(), qint64(3 + 7 + 4));
+    QCOMPARE(m_storage.remains(), QStringList());
     QCOMPARE(m_world.files(), before);
     QVERIFY(!QFileInfo::exists(m_world.file("Themes/old")));
     QVERIFY(!QFileInfo::exists(removed()));
