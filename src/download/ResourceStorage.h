@@ -45,8 +45,8 @@ public:
 
     ResourceStorage();
 
-    /// Returns the disk use of every displayed item that has files in the download root, in the
-    /// order of the catalogue.
+    /// Returns the disk use of every displayed item that is on disk, in the order of the catalogue:
+    /// its definition is in the download root, or a resource that only it names.
     QVector<Use> uses() const;
     /// Returns that of one item.
     Use useOf(SCfg_Item& item) const;

@@ -22,6 +22,7 @@ private slots:
     void onlyItemsOnDiskAreListed();
     void removalKeepsWhatOthersNeed();
     void removalOfTheLastUserTakesHiddenItemsAlong();
+    void sharedResourcePutsNoItemOnDisk();
     void removedItemIsMissing();
     void undoBringsEverythingBack();
     void undoKeepsNewerFiles();
@@ -114,6 +115,27 @@ void tst_resourceStorage::removalOfTheLastUserTakesHiddenItemsAlong()
              (QStringList{text("VideoFilters/11.xml"), text("VideoFilters/11.zip")}));
     m_storage.remove(StorageWorld::filter(11));
     QCOMPARE(m_world.files(), QStringList());
+}
+
+/// Music is a resource of several themes, of which some may never have been fetched.
+void tst_resourceStorage::sharedResourcePutsNoItemOnDisk()
+{
+    const QString catalogue = m_world.downloadedFile("resource_config.xml");
+    QByteArray config = CatalogueFiles::read(catalogue);
+    for (const QByteArray archive : {"/Themes/1.zip", "/Themes/2.zip"})
+        config.replace(archive, archive + "</Url><Url>/ThemesBgm/song.mp3");
+    CatalogueFiles::write(catalogue, config);
+    MVThemeMgr::init()->load(true);
+    CatalogueFiles::write(m_world.file("ThemesBgm/song.mp3"), "song");
+
+    QCOMPARE(m_storage.uses().size(), 3);
+    QCOMPARE(m_storage.useOf(StorageWorld::theme(2)).sharedBytes,
+             sizeOf(m_world, {"VideoFilters/12.xml", "VideoFilters/12.zip", "ThemesBgm/song.mp3"}));
+    m_storage.remove(StorageWorld::theme(2));
+    QVERIFY(m_world.files().contains(text("ThemesBgm/song.mp3")));
+    QCOMPARE(m_storage.uses().size(), 2);
+    m_storage.remove(StorageWorld::theme(1));
+    QVERIFY(!m_world.files().contains(text("ThemesBgm/song.mp3")));
 }
 
 void tst_resourceStorage::removedItemIsMissing()
