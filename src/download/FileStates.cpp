@@ -98,12 +98,17 @@ bool FileStates::isNeeded(const ItemFiles::Entry& entry)
 /// Visits the files of an item that are on disk, and those that are to be fetched.
 void FileStates::forEach(SCfg_Item& item, const Visit& visit) const
 {
-    MVThemeMgr::init()->ensureThemeParsed(item);
+    const bool isReadable =
+        MVThemeMgr::init()->ensureThemeParsed(item) || !hostSettings().checkContent;
     const QSet<QString> missing = ItemFiles::missingPaths(item);
     const ItemFiles files(item);
     for (const ItemFiles::Entry& entry : files.entries()) {
-        if (entry.isPresent || missing.contains(entry.path))
-            visit(entry, of(entry));
+        if (!entry.isPresent && !missing.contains(entry.path))
+            continue;
+        const EFileState state = of(entry);
+        const bool isOwnConfig = entry.item == &item && entry.role == ItemFiles::Role::Config;
+        const bool isBroken = isOwnConfig && !isReadable && state == eFile_Unlisted;
+        visit(entry, isBroken ? eFile_Damaged : state);
     }
 }
 

@@ -28,6 +28,7 @@ private slots:
     void unusableLedgerMeansReadingAgain_data();
     void unusableLedgerMeansReadingAgain();
     void forgedLedgerIsNotBelievedByAVerification();
+    void unreadableDefinitionIsDamaged();
     void filesOfTheApplicationAreCurrent();
     void cancelledReadingKnowsNothing();
     void worstStateCounts();
@@ -212,6 +213,20 @@ void tst_fileStates::forgedLedgerIsNotBelievedByAVerification()
     QCOMPARE(stateOf(filter(), FileStates::Depth::Deep), eFile_Damaged);
     CatalogueFiles::write(m_world.file("VideoFilters/13.zip"), "another size");
     QCOMPARE(stateOf(filter()), eFile_Damaged);
+}
+
+void tst_fileStates::unreadableDefinitionIsDamaged()
+{
+    QVERIFY(StorageWorld::fetch({&StorageWorld::theme(1)}));
+    hostSettings().releasePolicy = eRelease_Ignore;
+    CatalogueFiles::write(m_world.file("Themes/1.xml"), "<broken");
+    MVThemeMgr::init()->load(true);
+    QCOMPARE(stateOf(StorageWorld::theme(1)), eFile_Unlisted);
+    hostSettings().checkContent = true;
+    QCOMPARE(stateOf(StorageWorld::theme(1)), eFile_Damaged);
+    QVERIFY(StorageWorld::fetch({&StorageWorld::theme(1)}));
+    QCOMPARE(m_world.content("Themes/1.xml"), StorageWorld::themeConfig({11, 12}));
+    QCOMPARE(stateOf(StorageWorld::theme(1)), eFile_Unlisted);
 }
 
 void tst_fileStates::filesOfTheApplicationAreCurrent()
