@@ -36,7 +36,7 @@ QString size(const SItemState& state, int missing)
     const bool isWhole = state.m_eState == eFile_Current || state.m_eState == eFile_Unlisted;
     if (isWhole && missing == 0)
         return Console::size(state.m_nBytesOnDisk);
-    if (state.m_nBytesToFetch == 0 && !state.m_bBytesKnown)
+    if (state.m_nBytesToFetch == 0)
         return QStringLiteral("to fetch");
     return QStringLiteral("%1 to fetch").arg(bytes(state.m_nBytesToFetch, state.m_bBytesKnown));
 }
