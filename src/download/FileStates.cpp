@@ -61,7 +61,7 @@ EFileState FileStates::of(const ItemFiles::Entry& entry) const
 /// Returns the digest of a file; empty if it could not be read.
 QByteArray FileStates::digestOf(const QString& path) const
 {
-    const QByteArray noted = FileLedger::instance()->digestOf(path);
+    QByteArray noted = FileLedger::instance()->digestOf(path);
     if (m_depth == Depth::Quick && !noted.isEmpty())
         return noted;
     const auto known = m_read.constFind(path);
