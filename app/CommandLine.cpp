@@ -1,8 +1,9 @@
 #include "CommandLine.h"
 
+#include "download/ReleaseKey.h"
+
 #include <QCommandLineParser>
 #include <QFileInfo>
-#include <QUrl>
 
 namespace {
 
@@ -10,12 +11,6 @@ const char description[] =
     R"(Browses, previews, collects, downloads and applies the resources of a slideshow editor.
 
 Exit status: 0 success; 1 it could not start; 2 bad arguments.)";
-
-const QLatin1String settingsOption("settings");
-const QLatin1String serverOption("server");
-const QLatin1String rootOption("root");
-const QLatin1String resourcesOption("resources");
-const QLatin1String verboseOption("verbose");
 
 /// Returns the error of options that do not parse.
 QString unknownText(const QCommandLineParser& parser)
@@ -56,38 +51,18 @@ bool CommandLine::parse(const QStringList& arguments)
 void CommandLine::addOptions(QCommandLineParser& parser) const
 {
     parser.setApplicationDescription(QString::fromLatin1(description));
-    const auto add = [&parser](QLatin1String name, const char* text, const char* value) {
-        parser.addOption(
-            QCommandLineOption(name, QString::fromLatin1(text), QString::fromLatin1(value)));
-    };
-    add(settingsOption, "host settings (INI file)", "FILE");
-    add(serverOption, "root address of the resource server", "URL");
-    add(rootOption, "download root; created if it is missing", "DIR");
-    add(resourcesOption, "the application's installed resources", "DIR");
-    add(verboseOption, "write the library's log to standard error", "");
+    HostOptions::addTo(parser);
 }
 
 bool CommandLine::read(const QCommandLineParser& parser)
 {
-    settingsFile = parser.value(settingsOption);
-    server = parser.value(serverOption);
-    root = parser.value(rootOption);
-    resources = parser.value(resourcesOption);
-    verbose = parser.isSet(verboseOption);
-    if (!resources.isEmpty() && !QFileInfo(resources).isDir())
-        return fail(QStringLiteral("no such resources folder: %1").arg(resources));
-    return server.isEmpty() || checkServer();
-}
-
-bool CommandLine::checkServer()
-{
-    const QUrl url(server, QUrl::StrictMode);
-    const bool http =
-        url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
-    if (!url.isValid() || !http || url.host().isEmpty())
-        return fail(QStringLiteral("--server takes an http or https address: %1").arg(server));
-    if (!server.endsWith(QLatin1Char('/')))
-        server += QLatin1Char('/');
+    if (!host.read(parser))
+        return fail(host.errorText());
+    if (!host.resources.isEmpty() && !QFileInfo(host.resources).isDir())
+        return fail(QStringLiteral("no such resources folder: %1").arg(host.resources));
+    QString error;
+    if (!ReleaseKey::areUsable(host.releaseKeys, error))
+        return fail(error);
     return true;
 }
 

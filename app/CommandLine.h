@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/HostOptions.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -18,11 +20,7 @@ public:
     bool parse(const QStringList& arguments);
     QString errorText() const { return m_error; }
 
-    QString settingsFile; ///< host settings, an INI file; empty: none
-    QString server;       ///< ends in "/"; empty: as the settings say
-    QString root;         ///< download root; empty: below the user's data folder
-    QString resources;    ///< installed resources; empty: as the settings say
-    bool verbose = false; ///< print the library's log to standard error
+    HostOptions host;
 
 protected:
     /// Adds the options and the description of the program.
@@ -33,7 +31,5 @@ protected:
     bool fail(const QString& text);
 
 private:
-    bool checkServer();
-
     QString m_error;
 };

@@ -4,27 +4,13 @@
 #include "CommandLine.h"
 #include "host/AppOptions.h"
 #include "host/HostSettings.h"
-#include "host/LogL.h"
 #include "host/ProductParam.h"
 
-#include <QDir>
-
-#include <cstdio>
-
-namespace {
-
-void writeLog(const QByteArray& category, int level, const QByteArray& text)
-{
-    std::fprintf(stderr, "[%s %d] %s\n", category.constData(), level, text.constData());
-}
-
-void dropLog(const QByteArray&, int, const QByteArray&) { }
-
-} // namespace
+#include <QLatin1String>
 
 void Startup::applyDefaults(const CommandLine& commandLine)
 {
-    setLogSink(commandLine.verbose ? &writeLog : &dropLog);
+    commandLine.host.applyLog();
     HostSettings& settings = hostSettings();
     settings = HostSettings::recommended();
     for (const QLatin1String shown : {ProductParam::hasThemes, ProductParam::hasBackgrounds})
@@ -33,19 +19,9 @@ void Startup::applyDefaults(const CommandLine& commandLine)
 
 bool Startup::readSettings(const CommandLine& commandLine)
 {
-    HostSettings& settings = hostSettings();
-    if (!commandLine.settingsFile.isEmpty()
-        && !loadHostSettings(commandLine.settingsFile, &m_error))
+    if (!commandLine.host.apply(&m_error))
         return false;
-    if (!commandLine.resources.isEmpty())
-        settings.resourcesPath = QDir::cleanPath(QDir().absoluteFilePath(commandLine.resources));
-    if (!commandLine.server.isEmpty())
-        settings.productParams.insert(ProductParam::serverRoot, commandLine.server);
-
-    const QString root = commandLine.root.isEmpty()
-        ? settings.dataLocation + QStringLiteral("/download")
-        : commandLine.root;
-    m_root = QDir::cleanPath(QDir().absoluteFilePath(root));
+    m_root = commandLine.host.downloadRoot();
     return true;
 }
 

@@ -37,7 +37,7 @@ bool DemoCommandLine::read(const QCommandLineParser& parser)
     screenshotFolder = parser.value(screenshotOption);
     if (!scriptFile.isEmpty() && !QFileInfo(scriptFile).isFile())
         return fail(QStringLiteral("no such script: %1").arg(scriptFile));
-    if (showsSamples() && !server.isEmpty())
+    if (showsSamples() && !host.server.isEmpty())
         return fail(
             QStringLiteral("the demo brings a server of its own; --server needs --settings, too"));
     return true;

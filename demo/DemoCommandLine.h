@@ -7,7 +7,7 @@ class DemoCommandLine : public CommandLine
 {
 public:
     /// Returns whether the program serves the samples itself, as it does without a settings file.
-    bool showsSamples() const { return settingsFile.isEmpty(); }
+    bool showsSamples() const { return host.settingsFile.isEmpty(); }
 
     QString scriptFile;       ///< drives the window; empty: a person does
     QString screenshotFolder; ///< empty: no pictures

@@ -10,7 +10,8 @@ enum EFileState : int {
     eFile_Missing = 1,
     /// Not the published content: that of an earlier release, as far as is known.
     eFile_Outdated = 2,
-    /// Changed since it came.
+    /// Changed since it came; also a theme's definition that cannot be read, if nothing is known of
+    /// what it should be and the host checks content.
     eFile_Damaged = 3,
     /// The release does not name it, or there is none: what it should be is unknown.
     eFile_Unlisted = 4,

@@ -33,19 +33,30 @@ FileHolders::FileHolders()
 {
     const PathGuard::Folders folders;
     const MVThemeMgr::SResourceXML& displayed = MVThemeMgr::init()->getDisplayXML();
+    QVector<Holder> present;
+    QHash<QString, int> owners; // of present files, by path
     for (const SKindInfo& kind : KindTable::all()) {
         // The catalogue's own items; it hands them out to be changed elsewhere, too.
         auto& items = const_cast<QVector<SCfg_Item>&>(*displayed.ofKind(kind.type));
         for (SCfg_Item& item : items) {
-            const QVector<ItemFiles::Entry> files = filesOf(item);
-            const bool isOnDisk =
-                std::any_of(files.cbegin(), files.cend(),
-                            [&](const ItemFiles::Entry& entry) { return entry.item == &item; });
-            if (!isOnDisk)
+            const Holder holder = {&item, filesOf(item)};
+            if (holder.files.isEmpty())
                 continue;
-            m_holders.append({&item, files});
-            for (const ItemFiles::Entry& file : files)
-                ++m_counts[file.path];
+            present.append(holder);
+            for (const ItemFiles::Entry& file : holder.files)
+                owners[file.path] += file.item == &item ? 1 : 0;
         }
+    }
+    for (const Holder& holder : qAsConst(present)) {
+        const bool isOnDisk = std::any_of(
+            holder.files.cbegin(), holder.files.cend(), [&](const ItemFiles::Entry& file) {
+                return file.item == holder.item
+                    && (file.role == ItemFiles::Role::Config || owners.value(file.path) == 1);
+            });
+        if (!isOnDisk)
+            continue;
+        m_holders.append(holder);
+        for (const ItemFiles::Entry& file : holder.files)
+            ++m_counts[file.path];
     }
 }

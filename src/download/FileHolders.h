@@ -9,9 +9,11 @@
 
 struct SCfg_Item;
 
-/// Which items on disk need which files of the download root. An item is on disk if users see it in
-/// lists and its own definition or one of its own resources is there. Internal to the library; any
-/// thread that may use the catalogue, whose items must outlive the object.
+/// Tells which items on disk need which files of the download root. An item is on disk if users see
+/// it in lists and its own definition is there, or one of its own resources that no other shown
+/// item names: music that several themes share does not put those on disk that were never fetched.
+/// Internal to the library; any thread that may use the catalogue, whose items must outlive the
+/// object.
 class FileHolders
 {
 public:

@@ -66,6 +66,12 @@ void FileLedger::note(const QString& path, const SPublishedContent& content)
     append(path, {content.m_digest, info.size(), info.lastModified().toMSecsSinceEpoch()});
 }
 
+void FileLedger::doubt(const QString& path)
+{
+    constexpr qint64 neverMs = 0;
+    append(path, {noteOf(path), QFileInfo(path).size(), neverMs});
+}
+
 QByteArray FileLedger::digestOf(const QString& path)
 {
     const QMutexLocker lock(&m_mutex);

@@ -32,6 +32,9 @@ public:
     /// Returns the digest with which a file has come, even if it has changed since; empty if that
     /// is unknown.
     QByteArray noteOf(const QString& path);
+    /// Records that a file has changed since its digest was noted although its size and time have
+    /// not: digestOf() no longer knows it, noteOf() does.
+    void doubt(const QString& path);
     /// Rewrites the file with one line per file that still exists.
     void compact();
 

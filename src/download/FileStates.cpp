@@ -61,16 +61,28 @@ EFileState FileStates::of(const ItemFiles::Entry& entry) const
 /// Returns the digest of a file; empty if it could not be read.
 QByteArray FileStates::digestOf(const QString& path) const
 {
-    FileLedger* const ledger = FileLedger::instance();
-    const QByteArray noted = ledger->digestOf(path);
+    QByteArray noted = FileLedger::instance()->digestOf(path);
     if (m_depth == Depth::Quick && !noted.isEmpty())
         return noted;
+    const auto known = m_read.constFind(path);
+    if (known != m_read.cend())
+        return *known;
+    const QByteArray digest = read(path);
+    m_read.insert(path, digest);
+    if (!digest.isEmpty() && !noted.isEmpty() && digest != noted)
+        FileLedger::instance()->doubt(path);
+    return digest;
+}
+
+QByteArray FileStates::read(const QString& path) const
+{
     qint64 told = 0;
     const QByteArray digest = ContentDigest::ofFile(path, [&](qint64 bytesRead) {
         const qint64 news = bytesRead - std::exchange(told, bytesRead);
         return !m_progress || m_progress(news);
     });
     // What came with another digest stays known as damaged.
+    FileLedger* const ledger = FileLedger::instance();
     if (!digest.isEmpty() && ledger->noteOf(path).isEmpty())
         ledger->note(path, {digest, QFileInfo(path).size()});
     return digest;
@@ -86,12 +98,17 @@ bool FileStates::isNeeded(const ItemFiles::Entry& entry)
 /// Visits the files of an item that are on disk, and those that are to be fetched.
 void FileStates::forEach(SCfg_Item& item, const Visit& visit) const
 {
-    MVThemeMgr::init()->ensureThemeParsed(item);
+    const bool isReadable =
+        MVThemeMgr::init()->ensureThemeParsed(item) || !hostSettings().checkContent;
     const QSet<QString> missing = ItemFiles::missingPaths(item);
     const ItemFiles files(item);
     for (const ItemFiles::Entry& entry : files.entries()) {
-        if (entry.isPresent || missing.contains(entry.path))
-            visit(entry, of(entry));
+        if (!entry.isPresent && !missing.contains(entry.path))
+            continue;
+        const EFileState state = of(entry);
+        const bool isOwnConfig = entry.item == &item && entry.role == ItemFiles::Role::Config;
+        const bool isBroken = isOwnConfig && !isReadable && state == eFile_Unlisted;
+        visit(entry, isBroken ? eFile_Damaged : state);
     }
 }
 

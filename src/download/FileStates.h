@@ -5,21 +5,26 @@
 #include "download/SItemState.h"
 #include "records/MvResourceExport.h"
 
+#include <QByteArray>
+#include <QHash>
+#include <QString>
 #include <QtGlobal>
+#include <QVector>
 
 #include <functional>
 
 struct SCfg_Item;
 
 /// Tells the states of files and items by the accepted release, see EFileState. Any thread that may
-/// use the catalogue; objects are cheap.
+/// use the catalogue, one at a time; objects are cheap.
 class MVRESOURCE_EXPORT FileStates
 {
 public:
     enum class Depth {
         /// Reads only files that have changed, by size and time, since their digest was noted.
         Quick,
-        /// Reads every file that the release lists.
+        /// Reads every file that the release lists, once per object. Later Quick states know what
+        /// it finds.
         Deep,
     };
     /// Takes the bytes read since the last call; returns whether to continue.
@@ -49,8 +54,10 @@ private:
     using Visit = std::function<void(const ItemFiles::Entry& entry, EFileState state)>;
     void forEach(SCfg_Item& item, const Visit& visit) const;
     QByteArray digestOf(const QString& path) const;
+    QByteArray read(const QString& path) const;
 
     Depth m_depth;
     Progress m_progress;
     AcceptedRelease::Pointer m_release;
+    mutable QHash<QString, QByteArray> m_read; // digests by path; several items may use a file
 };

@@ -40,6 +40,19 @@ bool ReleaseKey::parse(const QString& text, ReleaseKey& out, QString& error)
     return true;
 }
 
+bool ReleaseKey::areUsable(const QStringList& keys, QString& error)
+{
+    for (const QString& text : keys) {
+        ReleaseKey key;
+        QString fault;
+        if (!parse(text, key, fault)) {
+            error = QStringLiteral("the key \"%1\" is %2").arg(text, fault);
+            return false;
+        }
+    }
+    return true;
+}
+
 QString ReleaseKey::idText() const
 {
     QByteArray bytes = m_id; // a little-endian number

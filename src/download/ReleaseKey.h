@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 /// A public key with which a host trusts releases, in the format of minisign: base64 of the
 /// algorithm "Ed", a key id of 8 bytes and an Ed25519 key. A value type, any thread.
@@ -16,6 +17,9 @@ public:
     /// Reads the line "RW…" or the content of a key file, whose first line is a comment. Returns
     /// false, with the reason in `error`, for any other text; `out` is then unchanged.
     static bool parse(const QString& text, ReleaseKey& out, QString& error);
+
+    /// Returns whether parse() reads each of a host's keys; otherwise the reason is in `error`.
+    static bool areUsable(const QStringList& keys, QString& error);
 
     ReleaseKey() = default;
     ReleaseKey(QByteArray id, QByteArray key);

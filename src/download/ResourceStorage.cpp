@@ -18,9 +18,11 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 #include <QSet>
 
 #include <algorithm>
+#include <numeric>
 
 namespace {
 
@@ -74,12 +76,26 @@ QString newRemovedFolder()
     return folder;
 }
 
-/// Returns the halves of the download root in which catalogues place files.
+/// Returns the halves of the download root in which catalogues place files; only those whose
+/// catalogue has items.
 QStringList halves()
 {
     MVThemeMgr* const manager = MVThemeMgr::init();
-    return {manager->Path_resource_Dir(MVThemeMgr::eLoadDir_Download, MVThemeMgr::eDirTag_Config),
-            manager->Path_resource_Dir(MVThemeMgr::eLoadDir_Download, MVThemeMgr::eDirTag_Display)};
+    if (manager->getCfgXML().isEmpty())
+        return {};
+    QStringList halves = {
+        manager->Path_resource_Dir(MVThemeMgr::eLoadDir_Download, MVThemeMgr::eDirTag_Config)};
+    if (!manager->getDisplayXML().isEmpty())
+        halves.append(
+            manager->Path_resource_Dir(MVThemeMgr::eLoadDir_Download, MVThemeMgr::eDirTag_Display));
+    return halves;
+}
+
+qint64 sizeOf(const QStringList& files)
+{
+    return std::accumulate(
+        files.cbegin(), files.cend(), qint64{0},
+        [](qint64 sum, const QString& file) { return sum + QFileInfo(file).size(); });
 }
 
 /// Returns the files of both catalogues, wherever they are.
@@ -152,6 +168,17 @@ Use ResourceStorage::useOf(SCfg_Item& item) const
     return ::useOf(holders, item, FileHolders::filesOf(item), holds(holders, item) ? 1 : 0);
 }
 
+qint64 ResourceStorage::usedBytes() const
+{
+    const FileHolders holders;
+    QHash<QString, qint64> sizes;
+    for (const FileHolders::Holder& holder : holders.all()) {
+        for (const ItemFiles::Entry& file : holder.files)
+            sizes.insert(file.path, file.sizeBytes);
+    }
+    return std::accumulate(sizes.cbegin(), sizes.cend(), qint64{0});
+}
+
 Removal ResourceStorage::remove(SCfg_Item& item) const
 {
     Removal removal;
@@ -207,8 +234,7 @@ QStringList ResourceStorage::leftovers() const
     QStringList leftovers;
     const QStringList tops = halves();
     for (const QString& top : tops) {
-        QDirIterator each(top, QDir::Files | QDir::NoSymLinks,
-                          QDirIterator::Subdirectories);
+        QDirIterator each(top, QDir::Files | QDir::NoSymLinks, QDirIterator::Subdirectories);
         while (each.hasNext()) {
             const QString path = QDir::cleanPath(each.next());
             if (!named.contains(path) && !isInAny(unpacked, path, top))
@@ -217,6 +243,18 @@ QStringList ResourceStorage::leftovers() const
     }
     leftovers.sort();
     return leftovers;
+}
+
+QStringList ResourceStorage::remains() const
+{
+    QStringList remains;
+    for (const QString& folder : {RootPlaces::removed(), RootPlaces::arrivals()}) {
+        QDirIterator each(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+        while (each.hasNext())
+            remains.append(each.next());
+    }
+    remains.sort();
+    return remains;
 }
 
 qint64 ResourceStorage::clean() const
@@ -234,13 +272,10 @@ qint64 ResourceStorage::clean() const
                 removeEmptyFolders(path, top);
         }
     }
-    for (const QString& folder : {RootPlaces::removed(), RootPlaces::arrivals()}) {
-        QDirIterator each(folder, QDir::Files, QDirIterator::Subdirectories);
-        while (each.hasNext())
-            bytes += QFileInfo(each.next()).size();
-    }
+    bytes += sizeOf(remains());
     purge();
     ItemUpdate::removeLeftovers();
+    bytes -= sizeOf(remains()); // those of an update that is running in another process
     FileLedger::instance()->compact();
     return bytes;
 }

@@ -45,11 +45,13 @@ public:
 
     ResourceStorage();
 
-    /// Returns the disk use of every displayed item that has files in the download root, in the
-    /// order of the catalogue.
+    /// Returns the disk use of every displayed item that is on disk, in the order of the catalogue:
+    /// its definition is in the download root, or a resource that only it names.
     QVector<Use> uses() const;
     /// Returns that of one item.
     Use useOf(SCfg_Item& item) const;
+    /// Returns the size of all files in the uses(), each counted once.
+    qint64 usedBytes() const;
 
     /// Moves the files of an item out of the way that no other item on disk needs: its definition
     /// first, so that a removal that is interrupted leaves an item that is not ready. Previews
@@ -62,8 +64,11 @@ public:
     static void purge();
 
     /// Returns the files of the download root that no catalogue names, sorted, with their paths.
-    /// Files in a folder beside an archive or a definition belong to that.
+    /// Files in a folder beside an archive or a definition belong to that. Without a catalogue none
+    /// is known to be left over.
     QStringList leftovers() const;
+    /// Returns the files that removals and interrupted updates have left, with their paths.
+    QStringList remains() const;
     /// Deletes the leftovers, what removals and interrupted updates have left, and the empty
     /// folders of all of them. Returns the number of bytes that were freed.
     qint64 clean() const;

@@ -233,14 +233,17 @@ bool HostSettingsFile::readZoom(const QString& text, double& target)
     return true;
 }
 
+QStringList HostSettingsFile::releasePolicies()
+{
+    return {QStringLiteral("ignore"), QStringLiteral("use"), QStringLiteral("require")};
+}
+
 bool HostSettingsFile::readReleasePolicy(const QString& text, HostSettings& settings)
 {
-    const QStringList names = {QStringLiteral("ignore"), QStringLiteral("use"),
-                               QStringLiteral("require")}; // in the order of EReleasePolicy
-    const int index = names.indexOf(text);
+    const int index = releasePolicies().indexOf(text);
     if (index < 0) {
         return fail(QStringLiteral("release/policy is \"%1\", but must be %2")
-                        .arg(text, names.join(QStringLiteral(" or "))));
+                        .arg(text, releasePolicies().join(QStringLiteral(" or "))));
     }
     settings.releasePolicy = static_cast<EReleasePolicy>(index);
     return true;

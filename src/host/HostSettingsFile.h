@@ -3,6 +3,7 @@
 #include "host/IniReader.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <limits>
 
@@ -17,6 +18,9 @@ public:
     /// Sets the values in the file. On false `settings` may be partly changed; see errorText().
     bool readInto(HostSettings& settings);
     QString errorText() const { return m_ini.errorText(); }
+
+    /// Returns the names of the release policies, in the order of EReleasePolicy.
+    static QStringList releasePolicies();
 
 private:
     struct Setting;

@@ -144,6 +144,9 @@ void tst_editor_start::wrongArguments_data()
     QTest::newRow("unknown option") << list("--nonsense") << 2 << QByteArray("nonsense");
     QTest::newRow("operand") << list("operand") << 2 << QByteArray("unexpected: operand");
     QTest::newRow("server") << list("--server ftp://x/") << 2 << QByteArray("http or https");
+    QTest::newRow("release") << list("--release often") << 2 << QByteArray("ignore or use");
+    QTest::newRow("key") << list("--key x") << 2
+                         << QByteArray("the key \"x\" is not the public key");
     QTest::newRow("resources") << list("--resources /none") << 2 << QByteArray("/none");
     for (const char* moved : {"--demo", "--script x", "--screenshot x"})
         QTest::newRow(moved) << list(moved) << 2 << QByteArray("mveditor-demo shows");

@@ -20,6 +20,7 @@ private slots:
     void changedReleaseMakesItOutdated();
     void changedFileIsDamaged();
     void deepReadingFindsWhatTimesHide();
+    void deepReadingReadsAFileOnce();
     void changedFileOfAnUnknownPastIsOutdated();
     void unlistedFile();
     void nothingIsListedWithoutAReleasePolicy();
@@ -27,6 +28,7 @@ private slots:
     void unusableLedgerMeansReadingAgain_data();
     void unusableLedgerMeansReadingAgain();
     void forgedLedgerIsNotBelievedByAVerification();
+    void unreadableDefinitionIsDamaged();
     void filesOfTheApplicationAreCurrent();
     void cancelledReadingKnowsNothing();
     void worstStateCounts();
@@ -111,6 +113,27 @@ void tst_fileStates::deepReadingFindsWhatTimesHide()
     changeSecretly("VideoFilters/13.zip");
     QCOMPARE(stateOf(filter()), eFile_Current);
     QCOMPARE(stateOf(filter(), FileStates::Depth::Deep), eFile_Damaged);
+    QCOMPARE(stateOf(filter()), eFile_Damaged); // now known, so that an update repairs it
+    QVERIFY(StorageWorld::fetch({&filter()}));
+    QCOMPARE(m_world.content("VideoFilters/13.zip"), StorageWorld::archive(13));
+    QCOMPARE(stateOf(filter(), FileStates::Depth::Deep), eFile_Current);
+}
+
+void tst_fileStates::deepReadingReadsAFileOnce()
+{
+    QVERIFY(StorageWorld::fetch({&StorageWorld::theme(1), &StorageWorld::theme(2)}));
+    qint64 bytes = 0;
+    const FileStates states(FileStates::Depth::Deep, [&](qint64 bytesRead) {
+        bytes += bytesRead;
+        return true;
+    });
+    const SItemState one = states.of(StorageWorld::theme(1));
+    QCOMPARE(bytes, one.m_nBytesOnDisk);
+    states.of(StorageWorld::theme(2)); // both use filter 12
+    QCOMPARE(bytes,
+             one.m_nBytesOnDisk
+                 + qint64(m_world.content("Themes/2.xml").size()
+                          + m_world.content("Themes/2.zip").size()));
 }
 
 void tst_fileStates::changedFileOfAnUnknownPastIsOutdated()
@@ -190,6 +213,20 @@ void tst_fileStates::forgedLedgerIsNotBelievedByAVerification()
     QCOMPARE(stateOf(filter(), FileStates::Depth::Deep), eFile_Damaged);
     CatalogueFiles::write(m_world.file("VideoFilters/13.zip"), "another size");
     QCOMPARE(stateOf(filter()), eFile_Damaged);
+}
+
+void tst_fileStates::unreadableDefinitionIsDamaged()
+{
+    QVERIFY(StorageWorld::fetch({&StorageWorld::theme(1)}));
+    hostSettings().releasePolicy = eRelease_Ignore;
+    CatalogueFiles::write(m_world.file("Themes/1.xml"), "<broken");
+    MVThemeMgr::init()->load(true);
+    QCOMPARE(stateOf(StorageWorld::theme(1)), eFile_Unlisted);
+    hostSettings().checkContent = true;
+    QCOMPARE(stateOf(StorageWorld::theme(1)), eFile_Damaged);
+    QVERIFY(StorageWorld::fetch({&StorageWorld::theme(1)}));
+    QCOMPARE(m_world.content("Themes/1.xml"), StorageWorld::themeConfig({11, 12}));
+    QCOMPARE(stateOf(StorageWorld::theme(1)), eFile_Unlisted);
 }
 
 void tst_fileStates::filesOfTheApplicationAreCurrent()

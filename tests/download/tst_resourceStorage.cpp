@@ -18,9 +18,11 @@ private slots:
     void init();
 
     void useTellsOwnAndShared();
+    void usedBytesCountAFileOnce();
     void onlyItemsOnDiskAreListed();
     void removalKeepsWhatOthersNeed();
     void removalOfTheLastUserTakesHiddenItemsAlong();
+    void sharedResourcePutsNoItemOnDisk();
     void removedItemIsMissing();
     void undoBringsEverythingBack();
     void undoKeepsNewerFiles();
@@ -30,6 +32,7 @@ private slots:
     void nothingIsRemovedWhileADownloadWorks();
     void failedRemovalChangesNothing();
     void leftoversAreWhatNoCatalogueNames();
+    void nothingIsLeftOverWithoutACatalogue();
     void unpackedArchivesBelongToTheirArchives();
     void cleaningFreesLeftoversOnly();
     void linksAreNotFollowed();
@@ -70,6 +73,15 @@ void tst_resourceStorage::useTellsOwnAndShared()
     QCOMPARE(use.bytes(), use.ownBytes + use.sharedBytes);
 }
 
+void tst_resourceStorage::usedBytesCountAFileOnce()
+{
+    qint64 bytes = 0;
+    const QStringList files = m_world.files();
+    for (const QString& name : files)
+        bytes += m_world.content(name.toUtf8().constData()).size();
+    QCOMPARE(m_storage.usedBytes(), bytes);
+}
+
 void tst_resourceStorage::onlyItemsOnDiskAreListed()
 {
     QStringList guids;
@@ -103,6 +115,27 @@ void tst_resourceStorage::removalOfTheLastUserTakesHiddenItemsAlong()
              (QStringList{text("VideoFilters/11.xml"), text("VideoFilters/11.zip")}));
     m_storage.remove(StorageWorld::filter(11));
     QCOMPARE(m_world.files(), QStringList());
+}
+
+/// Music is a resource of several themes, of which some may never have been fetched.
+void tst_resourceStorage::sharedResourcePutsNoItemOnDisk()
+{
+    const QString catalogue = m_world.downloadedFile("resource_config.xml");
+    QByteArray config = CatalogueFiles::read(catalogue);
+    for (const QByteArray archive : {"/Themes/1.zip", "/Themes/2.zip"})
+        config.replace(archive, archive + "</Url><Url>/ThemesBgm/song.mp3");
+    CatalogueFiles::write(catalogue, config);
+    MVThemeMgr::init()->load(true);
+    CatalogueFiles::write(m_world.file("ThemesBgm/song.mp3"), "song");
+
+    QCOMPARE(m_storage.uses().size(), 3);
+    QCOMPARE(m_storage.useOf(StorageWorld::theme(2)).sharedBytes,
+             sizeOf(m_world, {"VideoFilters/12.xml", "VideoFilters/12.zip", "ThemesBgm/song.mp3"}));
+    m_storage.remove(StorageWorld::theme(2));
+    QVERIFY(m_world.files().contains(text("ThemesBgm/song.mp3")));
+    QCOMPARE(m_storage.uses().size(), 2);
+    m_storage.remove(StorageWorld::theme(1));
+    QVERIFY(!m_world.files().contains(text("ThemesBgm/song.mp3")));
 }
 
 void tst_resourceStorage::removedItemIsMissing()
@@ -191,6 +224,21 @@ void tst_resourceStorage::leftoversAreWhatNoCatalogueNames()
         (QStringList{m_world.file("Themes/old/old.zip"), m_world.preview("Themes", "old.jpg")}));
 }
 
+void tst_resourceStorage::nothingIsLeftOverWithoutACatalogue()
+{
+    const QStringList before = m_world.files();
+    const QString picture = m_world.preview("Themes", "t.jpg");
+    CatalogueFiles::write(picture, "picture");
+    for (const char* const name : {"resource_display.xml", "resource_config.xml"}) {
+        CatalogueFiles::write(m_world.downloadedFile(name), "<R/>");
+        MVThemeMgr::init()->load(true);
+        QCOMPARE(m_storage.leftovers(), QStringList());
+        QCOMPARE(m_storage.clean(), qint64(0));
+        QVERIFY(QFileInfo::exists(picture));
+    }
+    QCOMPARE(m_world.files(), before);
+}
+
 void tst_resourceStorage::unpackedArchivesBelongToTheirArchives()
 {
     CatalogueFiles::write(m_world.file("Themes/1/unpacked/a.png"), "a");
@@ -206,7 +254,11 @@ void tst_resourceStorage::cleaningFreesLeftoversOnly()
     QVERIFY(ResourceStorage::undo(removal));
     CatalogueFiles::write(removed() + text("/1/0"), "removed");
     CatalogueFiles::write(m_world.downloadedFile("updates") + text("/x"), "part");
+    QCOMPARE(
+        m_storage.remains(),
+        (QStringList{removed() + text("/1/0"), m_world.downloadedFile("updates") + text("/x")}));
     QCOMPARE(m_storage.clean(), qint64(3 + 7 + 4));
+    QCOMPARE(m_storage.remains(), QStringList());
     QCOMPARE(m_world.files(), before);
     QVERIFY(!QFileInfo::exists(m_world.file("Themes/old")));
     QVERIFY(!QFileInfo::exists(removed()));

@@ -66,6 +66,23 @@ void TestMvresArguments::refuses_data()
     row("builtin with two DIRs", "builtin a b", "builtin takes one DIR");
     row("wait with list", "list --wait", "--wait applies only to check");
     row("off with list", "list --off", "--off applies only to favourite");
+    row("need without operand", "need", "need takes a FILE or at least one GUID");
+    row("remove without GUID", "remove", "remove takes at least one GUID");
+    row("du with an argument", "du all", "du takes no arguments");
+    row("clean with an argument", "clean all", "clean takes no arguments");
+    row("all with GUIDs", "fetch --all {A}", "fetch takes either GUIDs or --all");
+    row("all of verify", "verify --all", "--all applies only to update and fetch");
+    row("dry run of fetch", "fetch {A} --dry-run", "--dry-run applies only to update and clean");
+    row("deep update", "update --deep", "--deep applies only to verify");
+    row("repair with update", "update --repair", "--repair applies only to verify");
+    row("fetch option of verify", "verify --fetch", "--fetch applies only to need");
+    row("unknown policy", "list --release often",
+        "--release takes ignore or use or require, not \"often\"");
+    row("key without use", "list --release ignore --key K",
+        "--key has no effect with --release ignore");
+    row("malformed key", "list --key K",
+        "the key \"K\" is not the public key of minisign: its line in base64 does not hold an "
+        "Ed25519 key");
     row("off with fetch", "fetch {A} --off", "--off applies only to favourite");
     row("parameter without value", "list --param hasMV", "--param takes KEY=VALUE, not \"hasMV\"");
     row("parameter without key", "list --param =1", "--param takes KEY=VALUE, not \"=1\"");
@@ -160,6 +177,12 @@ void TestMvresArguments::helpNames_data()
     for (const char* text : {"  list [KIND] ",
                              "  show GUID ",
                              "  fetch GUID... ",
+                             "  need FILE|GUID...",
+                             "  update [GUID...] ",
+                             "  verify [GUID...] ",
+                             "  remove GUID... ",
+                             "  du ",
+                             "  clean ",
                              "  favourite GUID ",
                              "  check ",
                              "  builtin DIR ",
@@ -171,6 +194,13 @@ void TestMvresArguments::helpNames_data()
                              "--root <DIR>",
                              "--resources <DIR>",
                              "--param <KEY=VALUE>",
+                             "--release <POLICY>",
+                             "--key <KEY>",
+                             "--all",
+                             "--dry-run",
+                             "--deep",
+                             "--repair",
+                             "--fetch",
                              "--json",
                              "--verbose",
                              "--off",
@@ -191,6 +221,10 @@ void TestMvresArguments::helpNames_data()
                              "38 no usable address",
                              "39 a file is too large",
                              "40 a file is damaged",
+                             "50 files are outdated",
+                             "51 files are damaged",
+                             "52 items are to be fetched",
+                             "53 items are unknown",
                              "0 the catalogue is current",
                              "20 it has changed",
                              "21 the server's",

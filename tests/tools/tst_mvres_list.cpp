@@ -2,6 +2,7 @@
 #include "SmallCatalogue.h"
 #include "support/TestMain.h"
 
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -9,12 +10,12 @@
 namespace {
 
 const char themes[] =
-    R"({1611435C-464C-5F2E-B9D6-2247770B2131}  theme       New Year            festivals  -          ready
-{117A6E65-2BC7-5CBC-8A75-CD61AAA4D743}  theme       Lantern Night       festivals  -          ready
-{C03E1D76-2CEA-5E2A-8517-C805C9A0C695}  theme       White Christmas     festivals  favourite  3 missing
-{640C6B89-2A14-52EA-96EE-9F8A8A4D98A3}  theme       Mountain Trip       travel     -          2 missing
-{9C05A930-5459-5507-9E1E-AC39D6B0F376}  theme       Candlelight Dinner  banquets   -          2 missing
-{376AF001-90C5-57C5-8793-F9005F4382C3}  theme       Autumn Memories     others     -          2 missing
+    R"({1611435C-464C-5F2E-B9D6-2247770B2131}  theme       New Year            festivals  -          298.7 kB  ready
+{117A6E65-2BC7-5CBC-8A75-CD61AAA4D743}  theme       Lantern Night       festivals  -          241.7 kB  ready
+{C03E1D76-2CEA-5E2A-8517-C805C9A0C695}  theme       White Christmas     festivals  favourite  to fetch  3 missing
+{640C6B89-2A14-52EA-96EE-9F8A8A4D98A3}  theme       Mountain Trip       travel     -          to fetch  2 missing
+{9C05A930-5459-5507-9E1E-AC39D6B0F376}  theme       Candlelight Dinner  banquets   -          to fetch  2 missing
+{376AF001-90C5-57C5-8793-F9005F4382C3}  theme       Autumn Memories     others     -          to fetch  2 missing
 )";
 
 const char whiteChristmas[] = "{C03E1D76-2CEA-5E2A-8517-C805C9A0C695}";
@@ -37,6 +38,18 @@ QJsonObject itemOf(const QJsonArray& items, const char* guid)
             return item.toObject();
     }
     return {};
+}
+
+/// Returns the size of files of the samples' installation.
+double bytesOf(const QVector<const char*>& files)
+{
+    qint64 bytes = 0;
+    for (const char* const name : files) {
+        bytes += QFileInfo(Mvres::samples() + QStringLiteral("/installed/Resource/")
+                           + QString::fromLatin1(name))
+                     .size();
+    }
+    return static_cast<double>(bytes);
 }
 
 } // namespace
@@ -92,6 +105,12 @@ void TestMvresList::printsJson()
         {QStringLiteral("favourite"), false},
         {QStringLiteral("ready"), false},
         {QStringLiteral("missing"), 3},
+        {QStringLiteral("state"), QStringLiteral("missing")},
+        {QStringLiteral("bytesOnDisk"),
+         bytesOf({"display/Themes/white-christmas.jpg", "display/Themes/white-christmas.gif"})},
+        {QStringLiteral("filesToFetch"), 3},
+        {QStringLiteral("bytesToFetch"), 0},
+        {QStringLiteral("bytesKnown"), false},
     };
     QCOMPARE(itemOf(items, whiteChristmas), theme);
     const QJsonObject background{
@@ -102,6 +121,13 @@ void TestMvresList::printsJson()
         {QStringLiteral("favourite"), true},
         {QStringLiteral("ready"), true},
         {QStringLiteral("missing"), 0},
+        {QStringLiteral("state"), QStringLiteral("current")},
+        {QStringLiteral("bytesOnDisk"),
+         bytesOf({"display/BgMaterial/blue-silk.jpg",
+                  "BgMaterial/{20A63E69-32DC-415E-AA04-6A3D705F8290}/background.jpg"})},
+        {QStringLiteral("filesToFetch"), 0},
+        {QStringLiteral("bytesToFetch"), 0},
+        {QStringLiteral("bytesKnown"), true},
     };
     QCOMPARE(itemOf(items, blueSilk), background);
 }
@@ -249,10 +275,13 @@ void TestMvresList::alignsNamesByTheirWidthOnScreen()
     mvres.start(process, list());
     const QStringList lines = ConsoleProgram::end(process).lines();
     QCOMPARE(lines.size(), 4);
-    QCOMPARE(lines.at(0).mid(52), QStringLiteral("\u6625\u7bc0     -          -          ready"));
-    QCOMPARE(lines.at(1).mid(52), QStringLiteral("F\u00eate     -          -          ready"));
-    QCOMPARE(lines.at(2).mid(52), QStringLiteral("Pa\u0301ques   -          -          ready"));
-    QCOMPARE(lines.at(3).mid(52), QStringLiteral("Longest  -          -          ready"));
+    QCOMPARE(lines.at(0).mid(52),
+             QStringLiteral("\u6625\u7bc0     -          -          1 byte  ready"));
+    QCOMPARE(lines.at(1).mid(52),
+             QStringLiteral("F\u00eate     -          -          1 byte  ready"));
+    QCOMPARE(lines.at(2).mid(52),
+             QStringLiteral("Pa\u0301ques   -          -          1 byte  ready"));
+    QCOMPARE(lines.at(3).mid(52), QStringLiteral("Longest  -          -          1 byte  ready"));
 }
 
 void TestMvresList::printsNamesAsTheyStand()
@@ -265,7 +294,7 @@ void TestMvresList::printsNamesAsTheyStand()
     QCOMPARE(outcome.lines(),
              QStringList{CatalogueFiles::guid(1)
                          + QStringLiteral("  filter      50%4 <off> & %s  -          -          "
-                                          "ready")});
+                                          "1 byte  ready")});
 }
 
 /// Control characters in a server's name must not move the cursor; JSON has the name unchanged.

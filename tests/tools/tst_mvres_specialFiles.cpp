@@ -100,7 +100,7 @@ QString TestMvresSpecialFiles::themeState() const
     const Outcome outcome = m_mvres.runLimited({text("list"), text("theme")});
     if (outcome.status != 0 || outcome.lines().size() != 1)
         return text("status %1: ").arg(outcome.status) + QString::fromUtf8(outcome.err);
-    return outcome.lines().constFirst().section(text(" -  "), -1).trimmed();
+    return outcome.lines().constFirst().section(text("  "), -1);
 }
 
 QString TestMvresSpecialFiles::expanded(QString path) const

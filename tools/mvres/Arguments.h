@@ -1,9 +1,11 @@
 #pragma once
 
-#include <QMap>
+#include "host/HostOptions.h"
+
 #include <QString>
 #include <QStringList>
 
+class QCommandLineParser;
 class QCoreApplication;
 
 /// The command line of mvres, validated as far as possible without reading files.
@@ -14,21 +16,20 @@ public:
     bool parse(const QCoreApplication& application);
     QString errorText() const { return m_error; }
 
-    QString settingsFile;
-    QString server; ///< ends in "/"; empty: not given
-    QString root;
-    QString resources;
-    QMap<QString, QString> params;
+    HostOptions host;
     bool json = false;
-    bool verbose = false;
     bool off = false;
     bool wait = false;
+    bool all = false;
+    bool dryRun = false;
+    bool deep = false;
+    bool repair = false;
+    bool fetch = false;
     QString command;
     QStringList operands;
 
 private:
-    bool readServer(const QString& text);
-    bool readParams(const QStringList& texts);
+    bool readSwitches(const QCommandLineParser& parser);
     bool checkOperands();
     bool fail(const QString& text);
 

@@ -6,15 +6,14 @@
 #include "Console.h"
 #include "download/MVThemeDownLoader.h"
 #include "ExitStatus.h"
-#include "host/ProductParam.h"
 #include "Interrupt.h"
 #include "Items.h"
 #include "ProgressDisplay.h"
 #include "records/SCfg_Item.h"
+#include "UpdateRun.h"
 
 #include <QEventLoop>
 #include <QJsonDocument>
-#include <QSet>
 #include <QVector>
 
 #include <algorithm>
@@ -56,18 +55,16 @@ int FetchCommand::run(const Arguments& arguments)
 {
     FetchCommand command(arguments.json);
     QString unknown;
-    const QVector<SCfg_Item*> items = command.itemsOf(arguments.operands, unknown);
+    const QVector<SCfg_Item*> items = command.itemsOf(arguments, unknown);
     if (!unknown.isNull())
         return Console::fail(ExitStatus::failure, QStringLiteral("unknown GUID %1").arg(unknown));
     const bool complete = std::all_of(items.cbegin(), items.cend(), [](SCfg_Item* item) {
         return ItemFiles::countNeeded(*item) == 0;
     });
-    const QString server = ProductParam::text(ProductParam::serverRoot);
-    if (!complete && server.isEmpty()) {
-        return Console::fail(ExitStatus::failure,
-                             QStringLiteral("no server to fetch from: give --server, or "
-                                            "url_themeRootDir in the settings"));
-    }
+    if (!complete && !UpdateRun::serverFault().isEmpty())
+        return Console::fail(ExitStatus::failure, UpdateRun::serverFault());
+    if (items.isEmpty() && !arguments.json)
+        Console::print(QStringLiteral("every item is ready"));
     int status = ExitStatus::success;
     for (SCfg_Item* item : items) {
         const SItemDownloadResult result = command.fetch(*item);
@@ -81,21 +78,16 @@ int FetchCommand::run(const Arguments& arguments)
     return status;
 }
 
-/// Returns the named items, each once; sets `unknown` to the first GUID without an item.
-QVector<SCfg_Item*> FetchCommand::itemsOf(const QStringList& guids, QString& unknown)
+/// Returns the named items or, with --all, every shown item that lacks files.
+QVector<SCfg_Item*> FetchCommand::itemsOf(const Arguments& arguments, QString& unknown)
 {
-    QVector<SCfg_Item*> items;
-    QSet<SCfg_Item*> known;
-    for (const QString& guid : guids) {
-        SCfg_Item* const item = m_index.find(guid);
-        if (!item) {
-            unknown = guid;
-            return {};
-        }
-        if (known.contains(item))
-            continue;
-        known.insert(item);
-        items.append(item);
+    if (!arguments.all)
+        return m_index.findAll(arguments.operands, unknown);
+    QVector<SCfg_Item*> items = Items::displayed();
+    const QVector<int> missing = ItemFiles::countNeeded(items);
+    for (int row = items.size() - 1; row >= 0; --row) {
+        if (missing.at(row) == 0)
+            items.remove(row);
     }
     return items;
 }

@@ -8,7 +8,7 @@
 class Arguments;
 class ItemFiles;
 
-/// Implements "mvres fetch GUID...".
+/// Implements "mvres fetch GUID...|--all".
 ///
 /// Fetches the items one after the other and continues after a failure, but not after an interrupt.
 /// The exit status is determined by the cause of the first failure.
@@ -20,7 +20,7 @@ public:
 private:
     explicit FetchCommand(bool json);
 
-    QVector<SCfg_Item*> itemsOf(const QStringList& guids, QString& unknown);
+    QVector<SCfg_Item*> itemsOf(const Arguments& arguments, QString& unknown);
 
     SItemDownloadResult fetch(SCfg_Item& item);
     SItemDownloadResult download(SCfg_Item& item);

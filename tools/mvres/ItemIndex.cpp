@@ -2,6 +2,7 @@
 
 #include "records/KindTable.h"
 
+#include <QSet>
 #include <QUuid>
 
 namespace {
@@ -30,6 +31,29 @@ SCfg_Item* ItemIndex::find(const QString& guid)
         return item;
     const QString written = canonical(guid);
     return written.isEmpty() ? nullptr : findExactly(written);
+}
+
+QVector<SCfg_Item*> ItemIndex::findAll(const QStringList& guids, QString& unknown)
+{
+    QVector<SCfg_Item*> items;
+    QSet<SCfg_Item*> known;
+    for (const QString& guid : guids) {
+        SCfg_Item* const item = find(guid);
+        if (!item) {
+            unknown = guid;
+            return {};
+        }
+        if (known.contains(item))
+            continue;
+        known.insert(item);
+        items.append(item);
+    }
+    return items;
+}
+
+bool ItemIndex::isGuid(const QString& text)
+{
+    return !canonical(text).isEmpty();
 }
 
 SCfg_Item* ItemIndex::findExactly(const QString& guid)

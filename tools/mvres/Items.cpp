@@ -1,6 +1,7 @@
 #include "Items.h"
 
 #include "catalogue/MVThemeMgr.h"
+#include "download/ResourceStorage.h"
 #include "records/KindTable.h"
 #include "records/ThemeTypes.h"
 
@@ -55,6 +56,23 @@ QVector<SCfg_Item*> displayed(ECfgItemType kind)
         // By position, not by GUID: a catalogue can list an item twice.
         items.append(const_cast<SCfg_Item*>(&item));
     }
+    return items;
+}
+
+QVector<SCfg_Item*> displayed()
+{
+    QVector<SCfg_Item*> items;
+    for (const SKindInfo& kind : KindTable::all())
+        items += displayed(kind.type);
+    return items;
+}
+
+QVector<SCfg_Item*> onDisk()
+{
+    QVector<SCfg_Item*> items;
+    const QVector<ResourceStorage::Use> uses = ResourceStorage().uses();
+    for (const ResourceStorage::Use& use : uses)
+        items.append(const_cast<SCfg_Item*>(use.item));
     return items;
 }
 

@@ -20,8 +20,11 @@ bool kindOf(const QString& name, ECfgItemType& kind);
 /// Returns "others", "festivals", "travel" or "banquets"; "-" for other kinds.
 QString themeTypeName(const SCfg_Item& item);
 
-/// Returns the shown items of a kind; owned by the catalogue.
+/// Return the shown items, of a kind or of all; owned by the catalogue.
 QVector<SCfg_Item*> displayed(ECfgItemType kind);
+QVector<SCfg_Item*> displayed();
+/// Returns the shown items that have files in the download root; owned by the catalogue.
+QVector<SCfg_Item*> onDisk();
 
 /// Return GUID, kind, name, theme type, favourite and missing files.
 QJsonObject toJson(SCfg_Item& item);

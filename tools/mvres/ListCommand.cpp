@@ -2,50 +2,56 @@
 
 #include "Arguments.h"
 #include "catalogue/MVThemeMgr.h"
-#include "Columns.h"
 #include "Console.h"
+#include "download/FileStates.h"
 #include "ExitStatus.h"
 #include "Items.h"
-#include "records/KindTable.h"
+#include "States.h"
+#include "Table.h"
 
 #include <QJsonDocument>
-
-#include <algorithm>
 
 namespace {
 
 void printTable(const QVector<SCfg_Item*>& items)
 {
+    const FileStates states(FileStates::Depth::Quick);
     const QVector<int> missingFiles = ItemFiles::countNeeded(items);
-    int nameWidth = 0;
-    for (const SCfg_Item* item : items)
-        nameWidth = std::max(nameWidth, Columns::width(item->m_qsName));
+    Table table({38, 10, 0, 9, 9});
     for (int row = 0; row < items.size(); ++row) {
-        const SCfg_Item* const item = items.at(row);
-        const int missing = missingFiles.at(row);
-        const QString state =
-            missing == 0 ? QStringLiteral("ready") : QStringLiteral("%1 missing").arg(missing);
+        SCfg_Item* const item = items.at(row);
         const bool favourite = MVThemeMgr::init()->isItemCollect(item);
-        Console::print(
-            QStringLiteral("%1  %2  %3  %4  %5  %6")
-                .arg(Columns::padded(item->m_qsGUID, 38),
-                     Columns::padded(Items::kindName(item->m_eType), 10),
-                     Columns::padded(item->m_qsName, nameWidth),
-                     Columns::padded(Items::themeTypeName(*item), 9),
-                     Columns::padded(favourite ? QStringLiteral("favourite") : QStringLiteral("-"),
-                                     9),
-                     state));
+        const SItemState state = states.of(*item);
+        const int missing = missingFiles.at(row);
+        table.add({item->m_qsGUID, Items::kindName(item->m_eType), item->m_qsName,
+                   Items::themeTypeName(*item),
+                   favourite ? QStringLiteral("favourite") : QStringLiteral("-"),
+                   States::size(state, missing), States::text(state, missing)});
     }
+    table.print();
+}
+
+/// Returns the items with their states.
+QJsonArray toJson(const QVector<SCfg_Item*>& items)
+{
+    const FileStates states(FileStates::Depth::Quick);
+    QJsonArray array = Items::toJson(items);
+    for (int row = 0; row < items.size(); ++row) {
+        QJsonObject object = array.at(row).toObject();
+        States::addTo(object, states.of(*items.at(row)));
+        array[row] = object;
+    }
+    return array;
 }
 
 } // namespace
 
 int ListCommand::run(const Arguments& arguments)
 {
-    QVector<ECfgItemType> kinds;
-    for (const SKindInfo& kind : KindTable::all())
-        kinds.append(kind.type);
-    if (!arguments.operands.isEmpty()) {
+    QVector<SCfg_Item*> items;
+    if (arguments.operands.isEmpty()) {
+        items = Items::displayed();
+    } else {
         ECfgItemType kind = eCfgItem_Filter;
         if (!Items::kindOf(arguments.operands.constFirst(), kind)) {
             return Console::fail(ExitStatus::usage,
@@ -53,16 +59,12 @@ int ListCommand::run(const Arguments& arguments)
                                                 "theme or bgmaterial")
                                      .arg(arguments.operands.constFirst()));
         }
-        kinds = {kind};
+        items = Items::displayed(kind);
     }
-    QVector<SCfg_Item*> items;
-    for (const ECfgItemType kind : qAsConst(kinds))
-        items += Items::displayed(kind);
-
     if (!arguments.json) {
         printTable(items);
         return ExitStatus::success;
     }
-    Console::print(QJsonDocument(Items::toJson(items)));
+    Console::print(QJsonDocument(toJson(items)));
     return ExitStatus::success;
 }

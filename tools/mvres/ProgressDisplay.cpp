@@ -39,6 +39,21 @@ void ProgressDisplay::update(double percent)
         printLine();
 }
 
+void ProgressDisplay::updateBytes(qint64 bytes, qint64 total)
+{
+    constexpr int tenth = 10;
+    const int before = m_percent;
+    const int whole = total > 0 ? static_cast<int>(bytes * 100 / total) : 0;
+    m_percent = std::clamp(whole, std::max(m_percent, 0), 100);
+    m_file = QStringLiteral("%1 of %2").arg(Console::size(bytes), Console::size(total));
+    if (m_silent || m_percent == before)
+        return;
+    if (m_bar)
+        drawBar();
+    else if (before < 0 || m_percent / tenth != before / tenth)
+        printLine();
+}
+
 void ProgressDisplay::begin(const QString& file)
 {
     m_file = file;

@@ -1,9 +1,10 @@
 #pragma once
 
 #include <QString>
+#include <QtGlobal>
 
-/// The progress of one download: a bar on a terminal, otherwise a line for each file that
-/// begins. Prints to standard output.
+/// The progress of one download: a bar on a terminal, otherwise a line for each file that begins,
+/// or for each tenth of the bytes. Prints to standard output.
 class ProgressDisplay
 {
 public:
@@ -13,6 +14,8 @@ public:
 
     /// Shows a percentage, 0 to 100.
     void update(double percent);
+    /// Shows how many bytes of a total, which may grow, are done. The percentage never decreases.
+    void updateBytes(qint64 bytes, qint64 total);
     /// Shows that a file, given by its local path, is being fetched now; others may be, too.
     void begin(const QString& file);
     /// Ends the bar's line.

@@ -4,28 +4,13 @@
 #include "catalogue/MVThemeMgr.h"
 #include "host/AppOptions.h"
 #include "host/HostSettings.h"
-#include "host/LogL.h"
 #include "host/ProductParam.h"
 
-#include <QDir>
 #include <QFileInfo>
-
-#include <cstdio>
-
-namespace {
-
-void writeLog(const QByteArray& category, int level, const QByteArray& text)
-{
-    std::fprintf(stderr, "[%s %d] %s\n", category.constData(), level, text.constData());
-}
-
-void dropLog(const QByteArray&, int, const QByteArray&) { }
-
-} // namespace
 
 bool Session::open(const Arguments& arguments)
 {
-    setLogSink(arguments.verbose ? &writeLog : &dropLog);
+    arguments.host.applyLog();
     if (!applySettings(arguments) || !checkFolders(arguments))
         return false;
     MVThemeMgr::init()->setResourceSaveRootPath(m_root);
@@ -41,15 +26,7 @@ bool Session::applySettings(const Arguments& arguments)
     settings = HostSettings::recommended();
     // This tool shows themes with their dependencies, unless configured otherwise.
     settings.productParams.insert(ProductParam::hasThemes, QStringLiteral("1"));
-    if (!arguments.settingsFile.isEmpty() && !loadHostSettings(arguments.settingsFile, &m_error))
-        return false;
-    if (!arguments.resources.isEmpty())
-        settings.resourcesPath = QDir::cleanPath(QDir().absoluteFilePath(arguments.resources));
-    if (!arguments.server.isEmpty())
-        settings.productParams.insert(ProductParam::serverRoot, arguments.server);
-    for (auto it = arguments.params.cbegin(); it != arguments.params.cend(); ++it)
-        settings.productParams.insert(it.key(), it.value());
-    return true;
+    return arguments.host.apply(&m_error);
 }
 
 bool Session::checkFolders(const Arguments& arguments)
@@ -60,10 +37,7 @@ bool Session::checkFolders(const Arguments& arguments)
     if (resourcesNamed && !QFileInfo(settings.resourcesPath).isDir())
         return fail(QStringLiteral("no such resources folder: %1").arg(settings.resourcesPath));
 
-    const QString root = arguments.root.isEmpty()
-        ? settings.dataLocation + QStringLiteral("/download")
-        : arguments.root;
-    m_root = QDir::cleanPath(QDir().absoluteFilePath(root));
+    m_root = arguments.host.downloadRoot();
     if (!AppOptions::instance()->ensureDirExists(m_root))
         return fail(QStringLiteral("the download root cannot be created: %1").arg(m_root));
     return true;

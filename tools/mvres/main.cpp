@@ -3,33 +3,46 @@
 #include "Arguments.h"
 #include "BuiltinCommand.h"
 #include "CheckCommand.h"
+#include "CleanCommand.h"
 #include "Console.h"
+#include "DuCommand.h"
 #include "ExitStatus.h"
 #include "FavouriteCommand.h"
 #include "FetchCommand.h"
 #include "ListCommand.h"
+#include "NeedCommand.h"
 #include "PathsCommand.h"
+#include "RemoveCommand.h"
 #include "Session.h"
 #include "ShowCommand.h"
+#include "UpdateCommand.h"
+#include "VerifyCommand.h"
 
 #include <QCoreApplication>
 
 namespace {
 
+struct Command
+{
+    const char* name;
+    int (*run)(const Arguments& arguments);
+};
+
+const Command commands[] = {
+    {"list", &ListCommand::run},     {"show", &ShowCommand::run},
+    {"fetch", &FetchCommand::run},   {"need", &NeedCommand::run},
+    {"update", &UpdateCommand::run}, {"verify", &VerifyCommand::run},
+    {"remove", &RemoveCommand::run}, {"du", &DuCommand::run},
+    {"clean", &CleanCommand::run},   {"favourite", &FavouriteCommand::run},
+    {"check", &CheckCommand::run},   {"builtin", &BuiltinCommand::run},
+};
+
 int dispatch(const Arguments& arguments, const Session& session)
 {
-    if (arguments.command == QLatin1String("list"))
-        return ListCommand::run(arguments);
-    if (arguments.command == QLatin1String("show"))
-        return ShowCommand::run(arguments);
-    if (arguments.command == QLatin1String("fetch"))
-        return FetchCommand::run(arguments);
-    if (arguments.command == QLatin1String("favourite"))
-        return FavouriteCommand::run(arguments);
-    if (arguments.command == QLatin1String("check"))
-        return CheckCommand::run(arguments);
-    if (arguments.command == QLatin1String("builtin"))
-        return BuiltinCommand::run(arguments);
+    for (const Command& command : commands) {
+        if (arguments.command == QLatin1String(command.name))
+            return command.run(arguments);
+    }
     return PathsCommand::run(arguments, session);
 }
 

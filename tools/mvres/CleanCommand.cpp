@@ -1,0 +1,82 @@
+#include "CleanCommand.h"
+
+#include "Arguments.h"
+#include "Console.h"
+#include "download/ResourceStorage.h"
+#include "ExitStatus.h"
+
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QVector>
+
+namespace {
+
+struct File
+{
+    QString path;
+    qint64 bytes;
+};
+
+QVector<File> leftovers(const ResourceStorage& storage)
+{
+    QVector<File> files;
+    const QStringList paths = storage.leftovers() + storage.remains();
+    for (const QString& path : paths)
+        files.append({path, QFileInfo(path).size()});
+    return files;
+}
+
+/// Returns the files that are left although they were to be removed.
+int countRemaining(const QVector<File>& files)
+{
+    int count = 0;
+    for (const File& file : files) {
+        if (!QFileInfo::exists(file.path))
+            continue;
+        Console::note(QStringLiteral("%1 cannot be removed").arg(file.path));
+        ++count;
+    }
+    return count;
+}
+
+void print(const QVector<File>& files, qint64 bytes, const char* done)
+{
+    for (const File& file : files)
+        Console::print(QStringLiteral("%1  %2").arg(Console::size(file.bytes), 12).arg(file.path));
+    Console::print(QStringLiteral("%1, %2 %3")
+                       .arg(Console::counted(files.size(), QStringLiteral("file")),
+                            Console::size(bytes), QString::fromLatin1(done)));
+}
+
+QJsonObject toJson(const QVector<File>& files, qint64 bytes, bool isDryRun)
+{
+    QJsonArray array;
+    for (const File& file : files) {
+        array.append(QJsonObject{{QStringLiteral("path"), file.path},
+                                 {QStringLiteral("size"), static_cast<double>(file.bytes)}});
+    }
+    return {{QStringLiteral("files"), array},
+            {QStringLiteral("bytes"), static_cast<double>(bytes)},
+            {QStringLiteral("dryRun"), isDryRun}};
+}
+
+} // namespace
+
+int CleanCommand::run(const Arguments& arguments)
+{
+    const ResourceStorage storage;
+    const QVector<File> files = leftovers(storage);
+    qint64 bytes = 0;
+    for (const File& file : files)
+        bytes += file.bytes;
+    if (!arguments.dryRun)
+        bytes = storage.clean();
+    if (arguments.json)
+        Console::print(QJsonDocument(toJson(files, bytes, arguments.dryRun)));
+    else
+        print(files, bytes, arguments.dryRun ? "to be freed" : "freed");
+    const bool isComplete = arguments.dryRun || countRemaining(files) == 0;
+    return isComplete ? ExitStatus::success : ExitStatus::failure;
+}

@@ -1,0 +1,10 @@
+#pragma once
+
+class Arguments;
+
+/// Implements "mvres clean [--dry-run]".
+class CleanCommand
+{
+public:
+    static int run(const Arguments& arguments);
+};

@@ -1,0 +1,10 @@
+#pragma once
+
+class Arguments;
+
+/// Implements "mvres du".
+class DuCommand
+{
+public:
+    static int run(const Arguments& arguments);
+};

@@ -1,0 +1,111 @@
+#include "UpdateCommand.h"
+
+#include "Arguments.h"
+#include "Console.h"
+#include "download/AcceptedRelease.h"
+#include "download/FileStates.h"
+#include "download/ResourceStorage.h"
+#include "ExitStatus.h"
+#include "Items.h"
+#include "UpdateRun.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+
+namespace {
+
+bool isOnDisk(SCfg_Item& item)
+{
+    return ResourceStorage().useOf(item).bytes() > 0;
+}
+
+QJsonObject toJson(const Survey& survey)
+{
+    return {{QStringLiteral("items"), survey.toJson()},
+            {QStringLiteral("filesToFetch"), survey.fileCount()},
+            {QStringLiteral("bytesToFetch"), static_cast<double>(survey.bytes())}};
+}
+
+bool isChanged(const Survey::Row& row)
+{
+    return row.state.m_eState == eFile_Outdated || row.state.m_eState == eFile_Damaged;
+}
+
+} // namespace
+
+UpdateCommand::UpdateCommand(const Arguments& arguments)
+    : m_arguments(arguments)
+{
+}
+
+int UpdateCommand::run(const Arguments& arguments)
+{
+    UpdateCommand command(arguments);
+    QString error;
+    if (!command.select(error))
+        return Console::fail(ExitStatus::failure, error);
+    if (!AcceptedRelease::current())
+        Console::note(QStringLiteral("no release is known: only missing files can be found"));
+    if (arguments.dryRun || command.m_survey.rows().isEmpty())
+        return command.preview();
+    if (!UpdateRun::serverFault().isEmpty())
+        return Console::fail(ExitStatus::failure, UpdateRun::serverFault());
+    return command.update();
+}
+
+/// Chooses the items that are to be updated.
+bool UpdateCommand::select(QString& error)
+{
+    QString unknown;
+    const bool isNamed = !m_arguments.operands.isEmpty();
+    QVector<SCfg_Item*> items =
+        isNamed ? m_index.findAll(m_arguments.operands, unknown) : Items::onDisk();
+    if (!unknown.isNull()) {
+        error = QStringLiteral("unknown GUID %1").arg(unknown);
+        return false;
+    }
+    for (SCfg_Item* const item : qAsConst(items)) {
+        if (isNamed && !isOnDisk(*item)) {
+            error =
+                QStringLiteral("%1 is not on disk; mvres fetch downloads it").arg(item->m_qsGUID);
+            return false;
+        }
+    }
+    m_survey =
+        Survey(FileStates(FileStates::Depth::Quick), items).where([&](const Survey::Row& row) {
+            const bool isWanted = isNamed || m_arguments.all || isChanged(row);
+            return isWanted && !row.files.isEmpty();
+        });
+    return true;
+}
+
+/// Tells what would be fetched.
+int UpdateCommand::preview()
+{
+    if (m_arguments.json) {
+        Console::print(QJsonDocument(toJson(m_survey)));
+        return ExitStatus::success;
+    }
+    m_survey.print(m_index);
+    Console::print(m_survey.rows().isEmpty()
+                       ? QStringLiteral("nothing to update")
+                       : QStringLiteral("%1 to fetch: %2")
+                             .arg(Console::counted(m_survey.rows().size(), QStringLiteral("item")),
+                                  m_survey.total()));
+    return ExitStatus::success;
+}
+
+int UpdateCommand::update()
+{
+    const SUpdateOutcome outcome = UpdateRun(m_arguments.json).run(m_survey.items());
+    const Survey after(FileStates(FileStates::Depth::Quick), m_survey.items());
+    if (m_arguments.json) {
+        QJsonObject object = toJson(after);
+        object.insert(QStringLiteral("update"), UpdateRun::toJson(outcome));
+        Console::print(QJsonDocument(object));
+    } else {
+        after.print(m_index);
+        Console::print(UpdateRun::summary(outcome));
+    }
+    return UpdateRun::statusOf(outcome);
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "ItemIndex.h"
+#include "Survey.h"
+
+#include <QString>
+#include <QVector>
+
+class Arguments;
+
+/// Implements "mvres update [GUID...] [--all] [--dry-run]".
+///
+/// Fetches the published files of the items on disk that are outdated or damaged, of the named
+/// items, or of all items on disk, in one update. The exit status is determined by the cause of the
+/// first failure.
+class UpdateCommand
+{
+public:
+    static int run(const Arguments& arguments);
+
+private:
+    explicit UpdateCommand(const Arguments& arguments);
+
+    bool select(QString& error);
+    int preview();
+    int update();
+
+    const Arguments& m_arguments;
+    ItemIndex m_index;
+    Survey m_survey; // of the items that are to be updated
+};
