@@ -11,6 +11,7 @@
 #include "Preferences.h"
 #include "ResourceList.h"
 #include "ResourceTabs.h"
+#include "StorageControls.h"
 #include "ViewMenu.h"
 
 #include <QCloseEvent>
@@ -39,6 +40,7 @@ MainWindow::MainWindow(Preferences& preferences, CatalogueUpdate& check)
     , m_details(new DetailsPanel(new QWidget(m_splitter)))
     , m_failure(new FailureBox(m_details->parentWidget()))
     , m_status(new CheckStatus(check, this))
+    , m_storage(new StorageControls(*m_details, this))
     , m_favouritesChanged(new QTimer(this))
     , m_fileMenu(menuBar()->addMenu(QString()))
     , m_resourcesMenu(menuBar()->addMenu(QString()))
@@ -48,12 +50,14 @@ MainWindow::MainWindow(Preferences& preferences, CatalogueUpdate& check)
     , m_quit(m_fileMenu->addAction(QString()))
     , m_find(m_resourcesMenu->addAction(QString()))
     , m_checkNow(m_resourcesMenu->addAction(QString()))
+    , m_showDetails(m_resourcesMenu->addAction(QString()))
 {
     arrange();
     createMenus();
     connectParts();
     connectView();
     connectCells();
+    connectStorage();
     restore();
     retranslate();
     refreshCheckButton();
@@ -75,8 +79,10 @@ void MainWindow::arrange()
     m_splitter->setSizes({firstListWidth, firstSize.width() - firstListWidth});
     QWidget* const frame = m_splitter->parentWidget();
     auto* const layout = new QVBoxLayout(frame);
-    layout->addWidget(m_splitter);
+    layout->addWidget(m_splitter, 1);
+    layout->addWidget(m_storage->bars());
     setCentralWidget(frame);
+    statusBar()->addWidget(m_storage->line());
     statusBar()->addPermanentWidget(m_status);
 }
 
@@ -93,6 +99,10 @@ void MainWindow::createMenus()
     m_quit->setShortcut(QKeySequence(QStringLiteral("Ctrl+Q")));
     m_find->setShortcut(QKeySequence(QStringLiteral("Ctrl+F")));
     m_checkNow->setShortcut(QKeySequence(QStringLiteral("F5")));
+    m_showDetails->setObjectName(QStringLiteral("showDetails"));
+    m_showDetails->setShortcut(QKeySequence(QStringLiteral("Ctrl+I")));
+    m_resourcesMenu->addSeparator();
+    m_storage->addActions(m_resourcesMenu);
     connect(m_export, &QAction::triggered, this, &MainWindow::exportFavourites);
     connect(m_import, &QAction::triggered, this, &MainWindow::importFavourites);
     connect(m_quit, &QAction::triggered, this, &QWidget::close);
@@ -114,7 +124,7 @@ void MainWindow::connectParts()
             [this](int type) { m_preferences.setThemeType(type); });
     connect(m_tabs->checkButton(), &QPushButton::clicked, this, &MainWindow::toggleCheck);
     connect(&m_check, &CatalogueUpdate::phaseChanged, this, &MainWindow::refreshCheckButton);
-    connect(&m_check, &CatalogueUpdate::contentArrived, this, &MainWindow::reloadCatalogue);
+    connect(&m_check, &CatalogueUpdate::contentArrived, this, &MainWindow::requestReload);
     connect(&m_check, &CatalogueUpdate::finished, this, &MainWindow::passSkinOn);
     connect(m_details, &DetailsPanel::folderWanted, this, &MainWindow::openFolder);
     connect(m_details, &DetailsPanel::favouriteWanted, this,
@@ -157,6 +167,7 @@ void MainWindow::connectCells()
                 if (result.m_eEnd == eItemDownload_Failed)
                     showFailure(kind, guid, result.m_failure);
                 m_details->refresh();
+                m_storage->refresh();
             });
 }
 
@@ -185,6 +196,8 @@ void MainWindow::retranslate()
     m_quit->setText(tr("&Quit"));
     m_resourcesMenu->setTitle(tr("&Resources"));
     m_find->setText(tr("&Find"));
+    m_showDetails->setText(tr("Show &details"));
+    m_storage->retranslate();
     refreshCheckButton();
 }
 
@@ -204,5 +217,6 @@ void MainWindow::closeEvent(QCloseEvent* event)
     disconnect(&m_check, nullptr, this, nullptr);
     hide(); // ending downloads and the check may take a second, which nobody should have to watch
     m_tabs->cancelDownloads();
+    m_storage->shutDown();
     event->accept();
 }

@@ -14,7 +14,9 @@ class QMenu;
 class QSplitter;
 class QTimer;
 class ResourceTabs;
+class StorageControls;
 class ViewMenu;
+struct ItemKey;
 struct STransferFailure;
 
 /// The window: lists on the left, the applied item on the right, the check in the status bar.
@@ -31,6 +33,8 @@ public:
     CheckStatus* checkStatus() const { return m_status; }
     /// Returns how many times the catalogue was reloaded.
     int reloads() const { return m_reloads; }
+    /// Returns whether new files are waiting for a reload.
+    bool isReloadPending() const { return m_isReloadPending; }
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -42,12 +46,17 @@ private:
     void connectParts();
     void connectView();
     void connectCells();
+    void connectStorage();
     void restore();
     void retranslate();
 
     void showApplied();
     void applySkin(const QString& skin);
     void applyMotion(bool reduced);
+    void showDetails(const ItemKey& item);
+    void showItemMenu(const ItemKey& item, const QPoint& globalPos);
+    void requestReload();
+    void reloadIfPossible();
     void reloadCatalogue();
     void passSkinOn();
     void toggleCheck();
@@ -70,6 +79,7 @@ private:
     DetailsPanel* m_details;
     FailureBox* m_failure;
     CheckStatus* m_status;
+    StorageControls* m_storage;
     QTimer* m_favouritesChanged;
     QMenu* m_fileMenu;
     QMenu* m_resourcesMenu;
@@ -79,5 +89,7 @@ private:
     QAction* m_quit;
     QAction* m_find;
     QAction* m_checkNow;
+    QAction* m_showDetails;
+    bool m_isReloadPending = false;
     int m_reloads = 0;
 };
