@@ -47,9 +47,10 @@ bool CommandLine::parse(const QStringList& arguments)
         parser.showHelp();
     if (parser.isSet(versionOption))
         parser.showVersion();
-    if (!parser.positionalArguments().isEmpty())
-        return fail(
-            QStringLiteral("unexpected: %1").arg(parser.positionalArguments().constFirst()));
+    const QStringList operands = parser.positionalArguments();
+    if (operands.size() > 1)
+        return fail(QStringLiteral("unexpected: %1").arg(operands.at(1)));
+    project = operands.value(0);
     return read(parser);
 }
 
@@ -64,6 +65,9 @@ void CommandLine::addOptions(QCommandLineParser& parser) const
     add(serverOption, "root address of the resource server", "URL");
     add(rootOption, "download root; created if it is missing", "DIR");
     add(resourcesOption, "the application's installed resources", "DIR");
+    parser.addPositionalArgument(QStringLiteral("PROJECT"),
+                                 QStringLiteral("a project file to open, see README.md"),
+                                 QStringLiteral("[PROJECT]"));
     add(verboseOption, "write the library's log to standard error", "");
 }
 

@@ -22,6 +22,7 @@ public:
     QString server;       ///< ends in "/"; empty: as the settings say
     QString root;         ///< download root; empty: below the user's data folder
     QString resources;    ///< installed resources; empty: as the settings say
+    QString project;      ///< a project file to open; empty: none
     bool verbose = false; ///< print the library's log to standard error
 
 protected:

@@ -48,6 +48,8 @@ DetailsPanel::DetailsPanel(QWidget* parent)
     m_tree->setObjectName(QStringLiteral("appliedFiles"));
     m_tree->setColumnCount(2);
     m_tree->setHeaderHidden(true);
+    constexpr int minRows = 2;
+    m_tree->setMinimumHeight(minRows * m_tree->fontMetrics().lineSpacing());
     m_tree->setTextElideMode(Qt::ElideMiddle); // both ends of a file name are informative
     m_tree->setUniformRowHeights(true);
     m_tree->setSelectionMode(QAbstractItemView::NoSelection);

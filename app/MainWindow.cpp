@@ -9,6 +9,7 @@
 #include "FailureBox.h"
 #include "host/LogL.h"
 #include "Preferences.h"
+#include "ProjectDialog.h"
 #include "ResourceList.h"
 #include "ResourceTabs.h"
 #include "StorageControls.h"
@@ -36,15 +37,16 @@ MainWindow::MainWindow(Preferences& preferences, CatalogueUpdate& check)
     : m_preferences(preferences)
     , m_check(check)
     , m_splitter(new QSplitter(new QWidget(this)))
-    , m_tabs(new ResourceTabs(m_splitter))
+    , m_tabs(new ResourceTabs(new QWidget(m_splitter)))
     , m_details(new DetailsPanel(new QWidget(m_splitter)))
     , m_failure(new FailureBox(m_details->parentWidget()))
     , m_status(new CheckStatus(check, this))
-    , m_storage(new StorageControls(*m_details, this))
+    , m_storage(new StorageControls(*m_details, m_tabs->parentWidget(), this))
     , m_favouritesChanged(new QTimer(this))
     , m_fileMenu(menuBar()->addMenu(QString()))
     , m_resourcesMenu(menuBar()->addMenu(QString()))
     , m_viewMenu(new ViewMenu(preferences, this))
+    , m_openProject(m_fileMenu->addAction(QString()))
     , m_export(m_fileMenu->addAction(QString()))
     , m_import(m_fileMenu->addAction(QString()))
     , m_quit(m_fileMenu->addAction(QString()))
@@ -67,20 +69,24 @@ MainWindow::~MainWindow() = default;
 
 void MainWindow::arrange()
 {
+    QWidget* const left = m_tabs->parentWidget();
+    auto* const lists = new QVBoxLayout(left);
+    lists->setContentsMargins(0, 0, 0, 0);
+    lists->addWidget(m_tabs, 1);
+    lists->addWidget(m_storage->bars());
     QWidget* const right = m_details->parentWidget();
     auto* const column = new QVBoxLayout(right);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(m_details, 1);
     column->addWidget(m_failure);
-    m_splitter->addWidget(m_tabs);
+    m_splitter->addWidget(left);
     m_splitter->addWidget(right);
     m_splitter->setStretchFactor(0, 1);
     m_splitter->setChildrenCollapsible(false);
     m_splitter->setSizes({firstListWidth, firstSize.width() - firstListWidth});
     QWidget* const frame = m_splitter->parentWidget();
     auto* const layout = new QVBoxLayout(frame);
-    layout->addWidget(m_splitter, 1);
-    layout->addWidget(m_storage->bars());
+    layout->addWidget(m_splitter);
     setCentralWidget(frame);
     statusBar()->addWidget(m_storage->line());
     statusBar()->addPermanentWidget(m_status);
@@ -92,6 +98,9 @@ void MainWindow::createMenus()
     m_fileMenu->menuAction()->setObjectName(QStringLiteral("file"));
     m_resourcesMenu->menuAction()->setObjectName(QStringLiteral("resources"));
     m_viewMenu->menuAction()->setObjectName(QStringLiteral("view"));
+    m_openProject->setObjectName(QStringLiteral("openProject"));
+    m_openProject->setShortcut(QKeySequence(QStringLiteral("Ctrl+O")));
+    m_fileMenu->insertSeparator(m_export);
     m_export->setObjectName(QStringLiteral("export"));
     m_import->setObjectName(QStringLiteral("import"));
     m_fileMenu->insertSeparator(m_quit);
@@ -103,6 +112,7 @@ void MainWindow::createMenus()
     m_showDetails->setShortcut(QKeySequence(QStringLiteral("Ctrl+I")));
     m_resourcesMenu->addSeparator();
     m_storage->addActions(m_resourcesMenu);
+    connect(m_openProject, &QAction::triggered, this, &MainWindow::chooseProject);
     connect(m_export, &QAction::triggered, this, &MainWindow::exportFavourites);
     connect(m_import, &QAction::triggered, this, &MainWindow::importFavourites);
     connect(m_quit, &QAction::triggered, this, &QWidget::close);
@@ -191,6 +201,7 @@ void MainWindow::retranslate()
 {
     setWindowTitle(tr("Slideshow resources"));
     m_fileMenu->setTitle(tr("&File"));
+    m_openProject->setText(tr("&Open project…"));
     m_export->setText(tr("&Export favourites…"));
     m_import->setText(tr("&Import favourites…"));
     m_quit->setText(tr("&Quit"));

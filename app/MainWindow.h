@@ -3,12 +3,14 @@
 #include "records/ECfgItemType.h"
 
 #include <QMainWindow>
+#include <QPointer>
 
 class CatalogueUpdate;
 class CheckStatus;
 class DetailsPanel;
 class FailureBox;
 class Preferences;
+class ProjectDialog;
 class QAction;
 class QMenu;
 class QSplitter;
@@ -31,6 +33,8 @@ public:
 
     ResourceTabs* tabs() const { return m_tabs; }
     CheckStatus* checkStatus() const { return m_status; }
+    /// Opens a project: says which of its items are ready, and why it cannot be read.
+    void openProject(const QString& path);
     /// Returns how many times the catalogue was reloaded.
     int reloads() const { return m_reloads; }
     /// Returns whether new files are waiting for a reload.
@@ -55,6 +59,7 @@ private:
     void applyMotion(bool reduced);
     void showDetails(const ItemKey& item);
     void showItemMenu(const ItemKey& item, const QPoint& globalPos);
+    void chooseProject();
     void requestReload();
     void reloadIfPossible();
     void reloadCatalogue();
@@ -84,12 +89,14 @@ private:
     QMenu* m_fileMenu;
     QMenu* m_resourcesMenu;
     ViewMenu* m_viewMenu;
+    QAction* m_openProject;
     QAction* m_export;
     QAction* m_import;
     QAction* m_quit;
     QAction* m_find;
     QAction* m_checkNow;
     QAction* m_showDetails;
+    QPointer<ProjectDialog> m_project; // deletes itself when it is closed
     bool m_isReloadPending = false;
     int m_reloads = 0;
 };

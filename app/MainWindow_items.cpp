@@ -6,13 +6,17 @@
 #include "download/CatalogueUpdate.h"
 #include "ItemUpdates.h"
 #include "MainWindow.h"
+#include "ProjectDialog.h"
 #include "records/SCfg_Item.h"
 #include "ResourceList.h"
 #include "ResourceTabs.h"
 #include "StorageControls.h"
 
 #include <QAction>
+#include <QFileDialog>
+#include <QFileInfo>
 #include <QMenu>
+#include <QMessageBox>
 
 void MainWindow::connectStorage()
 {
@@ -55,6 +59,29 @@ void MainWindow::showItemMenu(const ItemKey& item, const QPoint& globalPos)
     menu->popup(globalPos);
 }
 
+void MainWindow::chooseProject()
+{
+    const QString path = QFileDialog::getOpenFileName(this, tr("Open project"), QString(),
+                                                      QStringLiteral("JSON (*.json)"));
+    if (!path.isEmpty())
+        openProject(path);
+}
+
+void MainWindow::openProject(const QString& path)
+{
+    ProjectFile file;
+    if (!file.read(path)) {
+        QMessageBox::warning(this, tr("Open project"), file.errorText());
+        return;
+    }
+    delete m_project;
+    m_project =
+        new ProjectDialog(m_storage->updates(), QFileInfo(path).fileName(), file.items(), this);
+    m_project->setAttribute(Qt::WA_DeleteOnClose);
+    m_project->show();
+    m_project->activateWindow(); // in case no window manager does it
+}
+
 /// Reloads the catalogue as soon as nothing uses it.
 void MainWindow::requestReload()
 {
@@ -77,5 +104,7 @@ void MainWindow::reloadCatalogue()
     passSkinOn();
     m_tabs->reloadCatalogue();
     m_details->refresh();
+    if (m_project)
+        m_project->refresh();
     ++m_reloads;
 }

@@ -32,6 +32,8 @@ NoticeBar::NoticeBar(const QString& name, QWidget* parent)
     m_action->setObjectName(name + QStringLiteral("Action"));
     m_close->setObjectName(name + QStringLiteral("Close"));
     auto* const layout = new QHBoxLayout(this);
+    constexpr int margin = 4;
+    layout->setContentsMargins(margin, margin, margin, margin);
     layout->addWidget(m_text, 1);
     layout->addWidget(m_progress);
     layout->addWidget(m_action);

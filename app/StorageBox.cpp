@@ -27,6 +27,7 @@ StorageBox::StorageBox(QWidget* parent)
     , m_update(new QPushButton(this))
     , m_remove(new QPushButton(this))
 {
+    setObjectName(QStringLiteral("storage"));
     m_update->setObjectName(QStringLiteral("updateItem"));
     m_remove->setObjectName(QStringLiteral("removeItem"));
     auto* const buttons = new QHBoxLayout;
@@ -34,6 +35,7 @@ StorageBox::StorageBox(QWidget* parent)
     buttons->addWidget(m_remove, 1);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(2); // the lines belong together
     layout->addWidget(m_state);
     layout->addWidget(m_use);
     layout->addLayout(buttons);

@@ -17,12 +17,12 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-StorageControls::StorageControls(DetailsPanel& details, QWidget* window)
+StorageControls::StorageControls(DetailsPanel& details, QWidget* barsParent, QWidget* window)
     : QObject(window)
     , m_details(details)
     , m_updates(new ItemUpdates(this))
     , m_removals(new ItemRemovals(m_updates->queue(), this))
-    , m_bars(new QWidget(window))
+    , m_bars(new QWidget(barsParent))
     , m_line(new QLabel(window))
     , m_updateAll(new QAction(this))
     , m_undo(new QAction(this))

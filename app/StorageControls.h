@@ -21,8 +21,8 @@ class StorageControls : public QObject
     Q_OBJECT
 
 public:
-    /// `details` must outlive this object; `window` owns it and its widgets.
-    StorageControls(DetailsPanel& details, QWidget* window);
+    /// `details` must outlive this object, which belongs to `window`; the bars to `barsParent`.
+    StorageControls(DetailsPanel& details, QWidget* barsParent, QWidget* window);
 
     ItemUpdates& updates() { return *m_updates; }
     /// Returns the bars to be placed below the lists.

@@ -297,12 +297,106 @@
         <source>Show &amp;details</source>
         <translation>&amp;Einzelheiten zeigen</translation>
     </message>
+    <message>
+        <source>&amp;Open project…</source>
+        <translation>Projekt ö&amp;ffnen…</translation>
+    </message>
+    <message>
+        <source>Open project</source>
+        <translation>Projekt öffnen</translation>
+    </message>
 </context>
 <context>
     <name>NoticeBar</name>
     <message>
         <source>Close</source>
         <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectDialog</name>
+    <message>
+        <source>Project %1</source>
+        <translation>Projekt %1</translation>
+    </message>
+    <message>
+        <source>Looking at the items…</source>
+        <translation>Die Elemente werden geprüft…</translation>
+    </message>
+    <message>
+        <source>Item</source>
+        <translation>Element</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Items of the project</source>
+        <translation>Elemente des Projekts</translation>
+    </message>
+    <message>
+        <source>Download what is missing</source>
+        <translation>Fehlendes herunterladen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>ready</source>
+        <translation>bereit</translation>
+    </message>
+    <message>
+        <source>not in the catalogue</source>
+        <translation>nicht im Katalog</translation>
+    </message>
+    <message>
+        <source>missing</source>
+        <translation>fehlt</translation>
+    </message>
+    <message>
+        <source>Ready: %1 of %2 items</source>
+        <translation>Bereit: %1 von %2 Elementen</translation>
+    </message>
+    <message>
+        <source>Missing: %1; to be fetched: %2</source>
+        <translation>Es fehlen: %1; zu laden: %2</translation>
+    </message>
+    <message>
+        <source>Not in the catalogue: %1</source>
+        <translation>Nicht im Katalog: %1</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectFile</name>
+    <message>
+        <source>not a file</source>
+        <translation>keine Datei</translation>
+    </message>
+    <message>
+        <source>more than %1</source>
+        <translation>größer als %1</translation>
+    </message>
+    <message>
+        <source>there is no list “items”</source>
+        <translation>es gibt keine Liste „items“</translation>
+    </message>
+    <message>
+        <source>item %1 has no GUID</source>
+        <translation>Element %1 hat keine GUID</translation>
+    </message>
+    <message>
+        <source>item %1: “%2” is not a GUID</source>
+        <translation>Element %1: „%2“ ist keine GUID</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2</source>
+        <translation>%1 kann nicht geöffnet werden: %2</translation>
+    </message>
+    <message>
+        <source>line %1, column %2: </source>
+        <translation>Zeile %1, Spalte %2: </translation>
     </message>
 </context>
 <context>
@@ -341,7 +435,7 @@ Ressourcen kommen mit der ersten Prüfung des Servers</translation>
     </message>
     <message>
         <source>Update</source>
-        <translation>Neu</translation>
+        <translation>Update</translation>
     </message>
 </context>
 <context>
@@ -431,11 +525,11 @@ Ressourcen kommen mit der ersten Prüfung des Servers</translation>
     </message>
     <message>
         <source>On this computer: %1</source>
-        <translation>Auf diesem Computer: %1</translation>
+        <translation>Belegt: %1</translation>
     </message>
     <message>
         <source>On this computer: %1, of which other items share %2</source>
-        <translation>Auf diesem Computer: %1, davon mit anderen geteilt: %2</translation>
+        <translation>Belegt: %1, davon geteilt: %2</translation>
     </message>
 </context>
 <context>

@@ -297,12 +297,106 @@
         <source>Show &amp;details</source>
         <translation>Mostrar &amp;detalles</translation>
     </message>
+    <message>
+        <source>&amp;Open project…</source>
+        <translation>&amp;Abrir proyecto…</translation>
+    </message>
+    <message>
+        <source>Open project</source>
+        <translation>Abrir proyecto</translation>
+    </message>
 </context>
 <context>
     <name>NoticeBar</name>
     <message>
         <source>Close</source>
         <translation>Cerrar</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectDialog</name>
+    <message>
+        <source>Project %1</source>
+        <translation>Proyecto %1</translation>
+    </message>
+    <message>
+        <source>Looking at the items…</source>
+        <translation>Comprobando los elementos…</translation>
+    </message>
+    <message>
+        <source>Item</source>
+        <translation>Elemento</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Estado</translation>
+    </message>
+    <message>
+        <source>Items of the project</source>
+        <translation>Elementos del proyecto</translation>
+    </message>
+    <message>
+        <source>Download what is missing</source>
+        <translation>Descargar lo que falta</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>ready</source>
+        <translation>listo</translation>
+    </message>
+    <message>
+        <source>not in the catalogue</source>
+        <translation>no está en el catálogo</translation>
+    </message>
+    <message>
+        <source>missing</source>
+        <translation>falta</translation>
+    </message>
+    <message>
+        <source>Ready: %1 of %2 items</source>
+        <translation>Listos: %1 de %2 elementos</translation>
+    </message>
+    <message>
+        <source>Missing: %1; to be fetched: %2</source>
+        <translation>Faltan: %1; por descargar: %2</translation>
+    </message>
+    <message>
+        <source>Not in the catalogue: %1</source>
+        <translation>No están en el catálogo: %1</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectFile</name>
+    <message>
+        <source>not a file</source>
+        <translation>no es un archivo</translation>
+    </message>
+    <message>
+        <source>more than %1</source>
+        <translation>más de %1</translation>
+    </message>
+    <message>
+        <source>there is no list “items”</source>
+        <translation>no hay ninguna lista «items»</translation>
+    </message>
+    <message>
+        <source>item %1 has no GUID</source>
+        <translation>el elemento %1 no tiene GUID</translation>
+    </message>
+    <message>
+        <source>item %1: “%2” is not a GUID</source>
+        <translation>elemento %1: «%2» no es un GUID</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2</source>
+        <translation>No se puede abrir %1: %2</translation>
+    </message>
+    <message>
+        <source>line %1, column %2: </source>
+        <translation>línea %1, columna %2: </translation>
     </message>
 </context>
 <context>
@@ -341,7 +435,7 @@ Los recursos llegan con la primera comprobación del servidor</translation>
     </message>
     <message>
         <source>Update</source>
-        <translation>Nuevo</translation>
+        <translation>Actualizable</translation>
     </message>
 </context>
 <context>

@@ -297,12 +297,106 @@
         <source>Show &amp;details</source>
         <translation>Afficher les &amp;détails</translation>
     </message>
+    <message>
+        <source>&amp;Open project…</source>
+        <translation>&amp;Ouvrir un projet…</translation>
+    </message>
+    <message>
+        <source>Open project</source>
+        <translation>Ouvrir un projet</translation>
+    </message>
 </context>
 <context>
     <name>NoticeBar</name>
     <message>
         <source>Close</source>
         <translation>Fermer</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectDialog</name>
+    <message>
+        <source>Project %1</source>
+        <translation>Projet %1</translation>
+    </message>
+    <message>
+        <source>Looking at the items…</source>
+        <translation>Vérification des éléments…</translation>
+    </message>
+    <message>
+        <source>Item</source>
+        <translation>Élément</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>État</translation>
+    </message>
+    <message>
+        <source>Items of the project</source>
+        <translation>Éléments du projet</translation>
+    </message>
+    <message>
+        <source>Download what is missing</source>
+        <translation>Télécharger ce qui manque</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>ready</source>
+        <translation>prêt</translation>
+    </message>
+    <message>
+        <source>not in the catalogue</source>
+        <translation>absent du catalogue</translation>
+    </message>
+    <message>
+        <source>missing</source>
+        <translation>manquant</translation>
+    </message>
+    <message>
+        <source>Ready: %1 of %2 items</source>
+        <translation>Prêts : %1 éléments sur %2</translation>
+    </message>
+    <message>
+        <source>Missing: %1; to be fetched: %2</source>
+        <translation>Manquants : %1 ; à télécharger : %2</translation>
+    </message>
+    <message>
+        <source>Not in the catalogue: %1</source>
+        <translation>Absents du catalogue : %1</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectFile</name>
+    <message>
+        <source>not a file</source>
+        <translation>ce n’est pas un fichier</translation>
+    </message>
+    <message>
+        <source>more than %1</source>
+        <translation>plus de %1</translation>
+    </message>
+    <message>
+        <source>there is no list “items”</source>
+        <translation>il n’y a pas de liste « items »</translation>
+    </message>
+    <message>
+        <source>item %1 has no GUID</source>
+        <translation>l’élément %1 n’a pas de GUID</translation>
+    </message>
+    <message>
+        <source>item %1: “%2” is not a GUID</source>
+        <translation>élément %1 : « %2 » n’est pas un GUID</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2</source>
+        <translation>Impossible d’ouvrir %1 : %2</translation>
+    </message>
+    <message>
+        <source>line %1, column %2: </source>
+        <translation>ligne %1, colonne %2 : </translation>
     </message>
 </context>
 <context>
@@ -341,7 +435,7 @@ Les ressources arrivent avec la première vérification du serveur</translation>
     </message>
     <message>
         <source>Update</source>
-        <translation>Nouveau</translation>
+        <translation>Mise à jour</translation>
     </message>
 </context>
 <context>

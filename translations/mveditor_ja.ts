@@ -292,12 +292,106 @@
         <source>Show &amp;details</source>
         <translation>詳細を表示(&amp;D)</translation>
     </message>
+    <message>
+        <source>&amp;Open project…</source>
+        <translation>プロジェクトを開く(&amp;O)…</translation>
+    </message>
+    <message>
+        <source>Open project</source>
+        <translation>プロジェクトを開く</translation>
+    </message>
 </context>
 <context>
     <name>NoticeBar</name>
     <message>
         <source>Close</source>
         <translation>閉じる</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectDialog</name>
+    <message>
+        <source>Project %1</source>
+        <translation>プロジェクト %1</translation>
+    </message>
+    <message>
+        <source>Looking at the items…</source>
+        <translation>項目を確認しています…</translation>
+    </message>
+    <message>
+        <source>Item</source>
+        <translation>項目</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>状態</translation>
+    </message>
+    <message>
+        <source>Items of the project</source>
+        <translation>プロジェクトの項目</translation>
+    </message>
+    <message>
+        <source>Download what is missing</source>
+        <translation>不足分をダウンロード</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>ready</source>
+        <translation>使用可能</translation>
+    </message>
+    <message>
+        <source>not in the catalogue</source>
+        <translation>カタログにありません</translation>
+    </message>
+    <message>
+        <source>missing</source>
+        <translation>不足</translation>
+    </message>
+    <message>
+        <source>Ready: %1 of %2 items</source>
+        <translation>使用可能: %2 項目中 %1</translation>
+    </message>
+    <message>
+        <source>Missing: %1; to be fetched: %2</source>
+        <translation>不足: %1、ダウンロード量: %2</translation>
+    </message>
+    <message>
+        <source>Not in the catalogue: %1</source>
+        <translation>カタログにない項目: %1</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectFile</name>
+    <message>
+        <source>not a file</source>
+        <translation>ファイルではありません</translation>
+    </message>
+    <message>
+        <source>more than %1</source>
+        <translation>%1 を超えています</translation>
+    </message>
+    <message>
+        <source>there is no list “items”</source>
+        <translation>リスト「items」がありません</translation>
+    </message>
+    <message>
+        <source>item %1 has no GUID</source>
+        <translation>項目 %1 に GUID がありません</translation>
+    </message>
+    <message>
+        <source>item %1: “%2” is not a GUID</source>
+        <translation>項目 %1: 「%2」は GUID ではありません</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2</source>
+        <translation>%1 を開けません: %2</translation>
+    </message>
+    <message>
+        <source>line %1, column %2: </source>
+        <translation>%1 行 %2 列: </translation>
     </message>
 </context>
 <context>

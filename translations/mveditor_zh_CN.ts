@@ -292,12 +292,106 @@
         <source>Show &amp;details</source>
         <translation>显示详细信息(&amp;D)</translation>
     </message>
+    <message>
+        <source>&amp;Open project…</source>
+        <translation>打开项目文件(&amp;O)…</translation>
+    </message>
+    <message>
+        <source>Open project</source>
+        <translation>打开项目文件</translation>
+    </message>
 </context>
 <context>
     <name>NoticeBar</name>
     <message>
         <source>Close</source>
         <translation>关闭</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectDialog</name>
+    <message>
+        <source>Project %1</source>
+        <translation>项目文件 %1</translation>
+    </message>
+    <message>
+        <source>Looking at the items…</source>
+        <translation>正在检查各项…</translation>
+    </message>
+    <message>
+        <source>Item</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>状态</translation>
+    </message>
+    <message>
+        <source>Items of the project</source>
+        <translation>项目文件中的各项</translation>
+    </message>
+    <message>
+        <source>Download what is missing</source>
+        <translation>下载缺少的项</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>ready</source>
+        <translation>可用</translation>
+    </message>
+    <message>
+        <source>not in the catalogue</source>
+        <translation>不在目录中</translation>
+    </message>
+    <message>
+        <source>missing</source>
+        <translation>缺少</translation>
+    </message>
+    <message>
+        <source>Ready: %1 of %2 items</source>
+        <translation>可用：%1 项，共 %2 项</translation>
+    </message>
+    <message>
+        <source>Missing: %1; to be fetched: %2</source>
+        <translation>缺少：%1；需下载：%2</translation>
+    </message>
+    <message>
+        <source>Not in the catalogue: %1</source>
+        <translation>不在目录中：%1</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectFile</name>
+    <message>
+        <source>not a file</source>
+        <translation>不是文件</translation>
+    </message>
+    <message>
+        <source>more than %1</source>
+        <translation>超过 %1</translation>
+    </message>
+    <message>
+        <source>there is no list “items”</source>
+        <translation>没有列表“items”</translation>
+    </message>
+    <message>
+        <source>item %1 has no GUID</source>
+        <translation>第 %1 项没有 GUID</translation>
+    </message>
+    <message>
+        <source>item %1: “%2” is not a GUID</source>
+        <translation>第 %1 项：“%2”不是 GUID</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2</source>
+        <translation>无法打开 %1：%2</translation>
+    </message>
+    <message>
+        <source>line %1, column %2: </source>
+        <translation>第 %1 行，第 %2 列：</translation>
     </message>
 </context>
 <context>

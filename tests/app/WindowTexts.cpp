@@ -196,8 +196,8 @@ void WindowTexts::showStorage()
     state.m_nToFetch = 1;
     state.m_nBytesToFetch = 123456789;
     state.m_bBytesKnown = false;
-    m_window->findChild<StorageBox*>()->showReport(ItemUpdates::Report{state, 123456789, 123456789},
-                                                   false);
+    part<StorageBox>("storage")->showReport(ItemUpdates::Report{state, 123456789, 123456789},
+                                            false);
     part<QLabel>("updatesAvailable")->setText(counted("StorageControls", "%n update(s) available"));
     part<QLabel>("updateBarText")
         ->setText(counted("UpdateBar", "Fetching %n item(s): %1 of %2").arg(size, size));
@@ -205,6 +205,11 @@ void WindowTexts::showStorage()
         ->setText(QCoreApplication::translate("UpdateBar", "Cancel"));
     part<QWidget>("updateBarProgress")->show();
     part<QWidget>("updateBar")->show();
+    part<QLabel>("undoBarText")
+        ->setText(counted("UndoBar", "“%1” was removed: %2 will be free after the next start")
+                      .arg(QStringLiteral("Autumn Memories"), size));
+    part<QPushButton>("undoBarAction")->setText(QCoreApplication::translate("UndoBar", "Undo"));
+    part<QPushButton>("undoBarClose")->setText(QCoreApplication::translate("NoticeBar", "Close"));
     part<QWidget>("undoBar")->show();
 }
 
