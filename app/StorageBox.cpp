@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QStyle>
 
 namespace {
 
@@ -31,6 +32,7 @@ StorageBox::StorageBox(QWidget* parent)
     m_update->setObjectName(QStringLiteral("updateItem"));
     m_remove->setObjectName(QStringLiteral("removeItem"));
     auto* const buttons = new QHBoxLayout;
+    buttons->setSpacing(style()->pixelMetric(QStyle::PM_LayoutHorizontalSpacing));
     buttons->addWidget(m_update, 1);
     buttons->addWidget(m_remove, 1);
     auto* const layout = new QVBoxLayout(this);

@@ -187,6 +187,8 @@ void WindowTexts::fail()
 /// Shows the longest texts on the files of items, as while an update works after a removal.
 void WindowTexts::showStorage()
 {
+    // All events that change texts have arrived by then.
+    QTRY_VERIFY(part<StorageBox>("storage")->isVisible());
     const auto counted = [](const char* context, const char* source) {
         return QCoreApplication::translate(context, source, nullptr, 1234);
     };
@@ -206,7 +208,8 @@ void WindowTexts::showStorage()
     part<QWidget>("updateBarProgress")->show();
     part<QWidget>("updateBar")->show();
     part<QLabel>("undoBarText")
-        ->setText(counted("UndoBar", "“%1” was removed: %2 will be free after the next start")
+        ->setText(QCoreApplication::translate(
+                      "UndoBar", "“%1” was removed: %2 will be free after the next start")
                       .arg(QStringLiteral("Autumn Memories"), size));
     part<QPushButton>("undoBarAction")->setText(QCoreApplication::translate("UndoBar", "Undo"));
     part<QPushButton>("undoBarClose")->setText(QCoreApplication::translate("NoticeBar", "Close"));

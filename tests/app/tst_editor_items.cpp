@@ -21,6 +21,7 @@ private slots:
     void updateIsOfferedAndFetched();
     void damagedItemIsFetchedAgain();
     void allAreUpdatedAtOnce();
+    void markAppearsWithItsCell();
     void updateCanBeCancelled();
     void failedUpdateIsTriedAgain();
     void changedThemeUsesWhatItsNewDefinitionNames();
@@ -118,6 +119,26 @@ void tst_editor_items::allAreUpdatedAtOnce()
     )")));
     QCOMPARE(CatalogueFiles::read(world.themeFile(alpha)), changed);
     QCOMPARE(CatalogueFiles::read(world.themeFile(beta)), changed);
+}
+
+/// A list has cells for what is visible only.
+void tst_editor_items::markAppearsWithItsCell()
+{
+    EditorWorld world;
+    QStringList themes;
+    for (int number = 10; number < 70; ++number)
+        themes.append(QStringLiteral("Theme %1").arg(number));
+    world.fillRoot(themes);
+    world.publishRelease(themes, 10,
+                         {{QStringLiteral("config/Themes/theme-69/theme.zip"), changed}});
+    VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
+        wait quiet
+        wait text updatesAvailable "1 update available"
+        wait gone updateMark
+        reveal "Theme 69"
+        wait text updateMark Update
+        screenshot mark
+    )")));
 }
 
 void tst_editor_items::updateCanBeCancelled()
