@@ -42,15 +42,19 @@ bool CommandLine::parse(const QStringList& arguments)
         parser.showHelp();
     if (parser.isSet(versionOption))
         parser.showVersion();
-    if (!parser.positionalArguments().isEmpty())
-        return fail(
-            QStringLiteral("unexpected: %1").arg(parser.positionalArguments().constFirst()));
+    const QStringList operands = parser.positionalArguments();
+    if (operands.size() > 1)
+        return fail(QStringLiteral("unexpected: %1").arg(operands.at(1)));
+    project = operands.value(0);
     return read(parser);
 }
 
 void CommandLine::addOptions(QCommandLineParser& parser) const
 {
     parser.setApplicationDescription(QString::fromLatin1(description));
+    parser.addPositionalArgument(QStringLiteral("PROJECT"),
+                                 QStringLiteral("a project file to open, see README.md"),
+                                 QStringLiteral("[PROJECT]"));
     HostOptions::addTo(parser);
 }
 

@@ -21,6 +21,7 @@ public:
     QString errorText() const { return m_error; }
 
     HostOptions host;
+    QString project; ///< a project file to open; empty: none
 
 protected:
     /// Adds the options and the description of the program.

@@ -3,6 +3,7 @@
 #include "catalogue/MVThemeMgr.h"
 #include "ItemFacts.h"
 #include "PreviewPane.h"
+#include "StorageBox.h"
 
 #include <QDateTime>
 #include <QEvent>
@@ -32,9 +33,10 @@ DetailsPanel::DetailsPanel(QWidget* parent)
     , m_preview(new PreviewPane(this))
     , m_name(new QLabel(this))
     , m_kind(new QLabel(this))
+    , m_storage(new StorageBox(this))
+    , m_tree(new QTreeWidget(this))
     , m_favourite(new QPushButton(this))
     , m_folder(new QPushButton(this))
-    , m_tree(new QTreeWidget(this))
 {
     m_preview->setObjectName(QStringLiteral("largePreview"));
     m_name->setObjectName(QStringLiteral("appliedName"));
@@ -46,6 +48,8 @@ DetailsPanel::DetailsPanel(QWidget* parent)
     m_tree->setObjectName(QStringLiteral("appliedFiles"));
     m_tree->setColumnCount(2);
     m_tree->setHeaderHidden(true);
+    constexpr int minRows = 2;
+    m_tree->setMinimumHeight(minRows * m_tree->fontMetrics().lineSpacing());
     m_tree->setTextElideMode(Qt::ElideMiddle); // both ends of a file name are informative
     m_tree->setUniformRowHeights(true);
     m_tree->setSelectionMode(QAbstractItemView::NoSelection);
@@ -77,17 +81,15 @@ void DetailsPanel::arrange()
     layout->addWidget(m_preview);
     layout->addWidget(m_name);
     layout->addWidget(m_kind);
+    layout->addWidget(m_storage);
     layout->addWidget(m_tree, 1);
     layout->addStretch(0); // fills the space while there is no tree
     layout->addLayout(buttons);
-    setTabOrder(m_preview, m_tree);
-    setTabOrder(m_tree, m_favourite);
-    setTabOrder(m_favourite, m_folder);
 }
 
 void DetailsPanel::retranslate()
 {
-    m_preview->setAccessibleName(tr("Preview of what is applied"));
+    m_preview->setAccessibleName(tr("Preview of what is shown"));
     m_preview->setToolTip(tr("Click, or press Space, to play or stop"));
     m_tree->setAccessibleName(tr("What is used, and files"));
     m_folder->setText(tr("Show files in folder"));
@@ -104,6 +106,7 @@ void DetailsPanel::showItem(ECfgItemType kind, const QString& guid)
     m_eKind = kind;
     m_guid = guid;
     refresh();
+    emit itemShown();
 }
 
 void DetailsPanel::refresh()

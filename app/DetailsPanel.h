@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ItemKey.h"
 #include "records/ECfgItemType.h"
 
 #include <QString>
@@ -10,10 +11,11 @@ class PreviewPane;
 class QLabel;
 class QPushButton;
 class QTreeWidget;
+class StorageBox;
 struct SCfg_Item;
 
-/// Shows the applied item: a large preview, its kind, the items it uses and its files. Keeps no
-/// pointer into the catalogue.
+/// Shows an item, usually the applied one: a large preview, its kind, the state and size of its
+/// files, the items it uses and its files. Keeps no pointer into the catalogue.
 class DetailsPanel : public QWidget
 {
     Q_OBJECT
@@ -27,7 +29,14 @@ public:
     void refresh();
     void setMotionReduced(bool reduced);
 
+    /// Returns the item that is shown; an empty key if there is none.
+    ItemKey key() const { return {m_eKind, m_guid}; }
+    /// Returns the part that shows the state of its files, which the window fills.
+    StorageBox* storage() const { return m_storage; }
+
 signals:
+    /// key() may have changed.
+    void itemShown();
     void favouriteWanted(ECfgItemType kind, const QString& guid);
     void folderWanted(const QString& folder);
 
@@ -46,9 +55,10 @@ private:
     PreviewPane* m_preview;
     QLabel* m_name;
     QLabel* m_kind;
+    StorageBox* m_storage;
+    QTreeWidget* m_tree;
     QPushButton* m_favourite;
     QPushButton* m_folder;
-    QTreeWidget* m_tree;
     ECfgItemType m_eKind = eCfgItem_Theme;
     QString m_guid;
     QString m_shownPreview; // the files shown, with their state when opened

@@ -13,6 +13,7 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <QStyleFactory>
+#include <QTimer>
 
 #include <csignal>
 #include <cstdio>
@@ -87,6 +88,9 @@ int EditorProgram::openWindow(int& argc, char** argv)
 
     CatalogueUpdate check;
     MainWindow window(preferences, check);
+    if (!m_commandLine.project.isEmpty()) {
+        QTimer::singleShot(0, &window, [&] { window.openProject(m_commandLine.project); });
+    }
     const int status = exec(window, check);
     check.shutDown();
     return status;

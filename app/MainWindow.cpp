@@ -9,8 +9,10 @@
 #include "FailureBox.h"
 #include "host/LogL.h"
 #include "Preferences.h"
+#include "ProjectDialog.h"
 #include "ResourceList.h"
 #include "ResourceTabs.h"
+#include "StorageControls.h"
 #include "ViewMenu.h"
 
 #include <QCloseEvent>
@@ -35,25 +37,29 @@ MainWindow::MainWindow(Preferences& preferences, CatalogueUpdate& check)
     : m_preferences(preferences)
     , m_check(check)
     , m_splitter(new QSplitter(new QWidget(this)))
-    , m_tabs(new ResourceTabs(m_splitter))
+    , m_tabs(new ResourceTabs(new QWidget(m_splitter)))
     , m_details(new DetailsPanel(new QWidget(m_splitter)))
     , m_failure(new FailureBox(m_details->parentWidget()))
     , m_status(new CheckStatus(check, this))
+    , m_storage(new StorageControls(*m_details, m_tabs->parentWidget(), this))
     , m_favouritesChanged(new QTimer(this))
     , m_fileMenu(menuBar()->addMenu(QString()))
     , m_resourcesMenu(menuBar()->addMenu(QString()))
     , m_viewMenu(new ViewMenu(preferences, this))
+    , m_openProject(m_fileMenu->addAction(QString()))
     , m_export(m_fileMenu->addAction(QString()))
     , m_import(m_fileMenu->addAction(QString()))
     , m_quit(m_fileMenu->addAction(QString()))
     , m_find(m_resourcesMenu->addAction(QString()))
     , m_checkNow(m_resourcesMenu->addAction(QString()))
+    , m_showDetails(m_resourcesMenu->addAction(QString()))
 {
     arrange();
     createMenus();
     connectParts();
     connectView();
     connectCells();
+    connectStorage();
     restore();
     retranslate();
     refreshCheckButton();
@@ -63,12 +69,17 @@ MainWindow::~MainWindow() = default;
 
 void MainWindow::arrange()
 {
+    QWidget* const left = m_tabs->parentWidget();
+    auto* const lists = new QVBoxLayout(left);
+    lists->setContentsMargins(0, 0, 0, 0);
+    lists->addWidget(m_tabs, 1);
+    lists->addWidget(m_storage->bars());
     QWidget* const right = m_details->parentWidget();
     auto* const column = new QVBoxLayout(right);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(m_details, 1);
     column->addWidget(m_failure);
-    m_splitter->addWidget(m_tabs);
+    m_splitter->addWidget(left);
     m_splitter->addWidget(right);
     m_splitter->setStretchFactor(0, 1);
     m_splitter->setChildrenCollapsible(false);
@@ -77,6 +88,7 @@ void MainWindow::arrange()
     auto* const layout = new QVBoxLayout(frame);
     layout->addWidget(m_splitter);
     setCentralWidget(frame);
+    statusBar()->addWidget(m_storage->line());
     statusBar()->addPermanentWidget(m_status);
 }
 
@@ -86,6 +98,9 @@ void MainWindow::createMenus()
     m_fileMenu->menuAction()->setObjectName(QStringLiteral("file"));
     m_resourcesMenu->menuAction()->setObjectName(QStringLiteral("resources"));
     m_viewMenu->menuAction()->setObjectName(QStringLiteral("view"));
+    m_openProject->setObjectName(QStringLiteral("openProject"));
+    m_openProject->setShortcut(QKeySequence(QStringLiteral("Ctrl+O")));
+    m_fileMenu->insertSeparator(m_export);
     m_export->setObjectName(QStringLiteral("export"));
     m_import->setObjectName(QStringLiteral("import"));
     m_fileMenu->insertSeparator(m_quit);
@@ -93,6 +108,11 @@ void MainWindow::createMenus()
     m_quit->setShortcut(QKeySequence(QStringLiteral("Ctrl+Q")));
     m_find->setShortcut(QKeySequence(QStringLiteral("Ctrl+F")));
     m_checkNow->setShortcut(QKeySequence(QStringLiteral("F5")));
+    m_showDetails->setObjectName(QStringLiteral("showDetails"));
+    m_showDetails->setShortcut(QKeySequence(QStringLiteral("Ctrl+I")));
+    m_resourcesMenu->addSeparator();
+    m_storage->addActions(m_resourcesMenu);
+    connect(m_openProject, &QAction::triggered, this, &MainWindow::chooseProject);
     connect(m_export, &QAction::triggered, this, &MainWindow::exportFavourites);
     connect(m_import, &QAction::triggered, this, &MainWindow::importFavourites);
     connect(m_quit, &QAction::triggered, this, &QWidget::close);
@@ -114,7 +134,7 @@ void MainWindow::connectParts()
             [this](int type) { m_preferences.setThemeType(type); });
     connect(m_tabs->checkButton(), &QPushButton::clicked, this, &MainWindow::toggleCheck);
     connect(&m_check, &CatalogueUpdate::phaseChanged, this, &MainWindow::refreshCheckButton);
-    connect(&m_check, &CatalogueUpdate::contentArrived, this, &MainWindow::reloadCatalogue);
+    connect(&m_check, &CatalogueUpdate::contentArrived, this, &MainWindow::requestReload);
     connect(&m_check, &CatalogueUpdate::finished, this, &MainWindow::passSkinOn);
     connect(m_details, &DetailsPanel::folderWanted, this, &MainWindow::openFolder);
     connect(m_details, &DetailsPanel::favouriteWanted, this,
@@ -157,6 +177,7 @@ void MainWindow::connectCells()
                 if (result.m_eEnd == eItemDownload_Failed)
                     showFailure(kind, guid, result.m_failure);
                 m_details->refresh();
+                m_storage->refresh();
             });
 }
 
@@ -180,11 +201,14 @@ void MainWindow::retranslate()
 {
     setWindowTitle(tr("Slideshow resources"));
     m_fileMenu->setTitle(tr("&File"));
+    m_openProject->setText(tr("&Open project…"));
     m_export->setText(tr("&Export favourites…"));
     m_import->setText(tr("&Import favourites…"));
     m_quit->setText(tr("&Quit"));
     m_resourcesMenu->setTitle(tr("&Resources"));
     m_find->setText(tr("&Find"));
+    m_showDetails->setText(tr("Show &details"));
+    m_storage->retranslate();
     refreshCheckButton();
 }
 
@@ -204,5 +228,6 @@ void MainWindow::closeEvent(QCloseEvent* event)
     disconnect(&m_check, nullptr, this, nullptr);
     hide(); // ending downloads and the check may take a second, which nobody should have to watch
     m_tabs->cancelDownloads();
+    m_storage->shutDown();
     event->accept();
 }

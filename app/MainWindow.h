@@ -3,18 +3,22 @@
 #include "records/ECfgItemType.h"
 
 #include <QMainWindow>
+#include <QPointer>
 
 class CatalogueUpdate;
 class CheckStatus;
 class DetailsPanel;
 class FailureBox;
 class Preferences;
+class ProjectDialog;
 class QAction;
 class QMenu;
 class QSplitter;
 class QTimer;
 class ResourceTabs;
+class StorageControls;
 class ViewMenu;
+struct ItemKey;
 struct STransferFailure;
 
 /// The window: lists on the left, the applied item on the right, the check in the status bar.
@@ -29,8 +33,12 @@ public:
 
     ResourceTabs* tabs() const { return m_tabs; }
     CheckStatus* checkStatus() const { return m_status; }
+    /// Opens a project: says which of its items are ready, and why it cannot be read.
+    void openProject(const QString& path);
     /// Returns how many times the catalogue was reloaded.
     int reloads() const { return m_reloads; }
+    /// Returns whether new files are waiting for a reload.
+    bool isReloadPending() const { return m_isReloadPending; }
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -42,12 +50,18 @@ private:
     void connectParts();
     void connectView();
     void connectCells();
+    void connectStorage();
     void restore();
     void retranslate();
 
     void showApplied();
     void applySkin(const QString& skin);
     void applyMotion(bool reduced);
+    void showDetails(const ItemKey& item);
+    void showItemMenu(const ItemKey& item, const QPoint& globalPos);
+    void chooseProject();
+    void requestReload();
+    void reloadIfPossible();
     void reloadCatalogue();
     void passSkinOn();
     void toggleCheck();
@@ -70,14 +84,19 @@ private:
     DetailsPanel* m_details;
     FailureBox* m_failure;
     CheckStatus* m_status;
+    StorageControls* m_storage;
     QTimer* m_favouritesChanged;
     QMenu* m_fileMenu;
     QMenu* m_resourcesMenu;
     ViewMenu* m_viewMenu;
+    QAction* m_openProject;
     QAction* m_export;
     QAction* m_import;
     QAction* m_quit;
     QAction* m_find;
     QAction* m_checkNow;
+    QAction* m_showDetails;
+    QPointer<ProjectDialog> m_project; // deletes itself when it is closed
+    bool m_isReloadPending = false;
     int m_reloads = 0;
 };

@@ -73,15 +73,6 @@ void MainWindow::applyMotion(bool reduced)
     m_details->setMotionReduced(reduced);
 }
 
-void MainWindow::reloadCatalogue()
-{
-    saveFavourites(); // they are reloaded, too
-    passSkinOn();
-    m_tabs->reloadCatalogue();
-    m_details->refresh();
-    ++m_reloads;
-}
-
 /// The catalogue takes the pictures of "none" from the skin. Not while other threads read it.
 void MainWindow::passSkinOn()
 {

@@ -9,6 +9,7 @@
 #include <QEvent>
 #include <QLabel>
 #include <QRegExp>
+#include <QTimer>
 #include <QUuid>
 #include <QVBoxLayout>
 
@@ -17,7 +18,11 @@ ResourceList::ResourceList(EUIItemType type, QWidget* parent)
     , m_type(type)
     , m_view(new mvThemelistview(this))
     , m_whyEmpty(new QLabel(m_view->viewport()))
+    , m_marksTimer(new QTimer(this))
 {
+    m_marksTimer->setSingleShot(true);
+    m_marksTimer->setInterval(0);
+    connect(m_marksTimer, &QTimer::timeout, this, &ResourceList::refreshMarks);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_view);
@@ -105,6 +110,35 @@ void ResourceList::refreshFavourites()
         refilter();
 }
 
+void ResourceList::setUpdatable(const QSet<QString>& guids)
+{
+    m_updatable = guids;
+    refreshMarks();
+}
+
+void ResourceList::refreshMarks()
+{
+    const QString name = QStringLiteral("updateMark");
+    const QVector<MVThemeItemWdg*> all = m_view->cells();
+    for (MVThemeItemWdg* cell : all) {
+        const SCfg_Item* const item = cell->getItem();
+        auto* mark = cell->findChild<QLabel*>(name);
+        if (!item || !m_updatable.contains(item->m_qsGUID)) {
+            delete mark;
+            continue;
+        }
+        if (!mark) {
+            mark = new QLabel(cell);
+            mark->setObjectName(name);
+            mark->setAttribute(Qt::WA_TransparentForMouseEvents);
+        }
+        mark->setText(tr("Update"));
+        mark->adjustSize();
+        mark->show();
+        mark->raise();
+    }
+}
+
 bool ResourceList::isShown(const QString& guid) const
 {
     return m_view->shownRow(guid).isValid();
@@ -153,11 +187,15 @@ void ResourceList::changeEvent(QEvent* event)
         return;
     nameList();
     showWhyEmpty();
+    refreshMarks();
 }
 
 bool ResourceList::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == m_view->viewport() && event->type() == QEvent::Resize)
         placeWhyEmpty();
+    if (watched == m_view->viewport() && event->type() == QEvent::ChildPolished
+        && !m_updatable.isEmpty())
+        m_marksTimer->start(); // a cell has appeared
     return QWidget::eventFilter(watched, event);
 }

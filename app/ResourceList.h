@@ -5,12 +5,14 @@
 #include "records/ECfgItemType.h"
 
 #include <QPointer>
+#include <QSet>
 #include <QStringList>
 #include <QWidget>
 
 class MVThemeItemWdg;
 class mvThemelistview;
 class QLabel;
+class QTimer;
 struct SCfg_Item;
 
 /// One list of resources with its filter, and a message if it is empty.
@@ -39,6 +41,9 @@ public:
     MVThemeItemWdg* reveal(const QString& guid);
     /// Updates the marks of the favourites.
     void refreshFavourites();
+    /// Marks the cells of items for which an update is available, also those that come into view
+    /// later.
+    void setUpdatable(const QSet<QString>& guids);
 
 signals:
     /// The user has applied an item.
@@ -55,10 +60,13 @@ private:
     void showWhyEmpty();
     void placeWhyEmpty();
     QString whyEmpty() const;
+    void refreshMarks();
 
     EUIItemType m_type;
     mvThemelistview* m_view;
     QLabel* m_whyEmpty;
     int m_themeType = MVThemeSortFilterProxyModel::allThemes;
     QString m_text;
+    QSet<QString> m_updatable; // GUIDs
+    QTimer* m_marksTimer;      // once for all cells that have appeared
 };

@@ -176,6 +176,18 @@ void ResourceTabs::refreshFavourites()
         list->refreshFavourites();
 }
 
+void ResourceTabs::setUpdatable(const QVector<ItemKey>& items)
+{
+    for (ResourceList* list : qAsConst(m_lists)) {
+        QSet<QString> guids;
+        for (const ItemKey& item : items) {
+            if (item.kind == list->kind())
+                guids.insert(item.guid);
+        }
+        list->setUpdatable(guids);
+    }
+}
+
 void ResourceTabs::reloadCatalogue()
 {
     cancelDownloads(); // all at once, so that release() waits only for the slowest

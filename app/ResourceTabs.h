@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ItemKey.h"
 #include "records/ECfgItemType.h"
 
 #include <QMap>
@@ -42,6 +43,8 @@ public:
     /// Moves the keyboard focus to the search field.
     void startSearch();
     void refreshFavourites();
+    /// Marks the items for which an update is available.
+    void setUpdatable(const QVector<ItemKey>& items);
     /// Reloads the catalogue and keeps the user's view. Neither a check nor a preview run may be in
     /// progress; downloads are stopped and restarted.
     void reloadCatalogue();

@@ -77,10 +77,6 @@
 <context>
     <name>DetailsPanel</name>
     <message>
-        <source>Preview of what is applied</source>
-        <translation>Vorschau des Angewendeten</translation>
-    </message>
-    <message>
         <source>Click, or press Space, to play or stop</source>
         <translation>Klicken oder Leertaste: abspielen und anhalten</translation>
     </message>
@@ -119,6 +115,10 @@
     <message>
         <source>missing</source>
         <translation>fehlt</translation>
+    </message>
+    <message>
+        <source>Preview of what is shown</source>
+        <translation>Vorschau des gezeigten Elements</translation>
     </message>
 </context>
 <context>
@@ -293,6 +293,111 @@
         <source>The favourites cannot be saved: %1</source>
         <translation>Die Favoriten können nicht gespeichert werden: %1</translation>
     </message>
+    <message>
+        <source>Show &amp;details</source>
+        <translation>&amp;Einzelheiten zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Open project…</source>
+        <translation>Projekt ö&amp;ffnen…</translation>
+    </message>
+    <message>
+        <source>Open project</source>
+        <translation>Projekt öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>NoticeBar</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectDialog</name>
+    <message>
+        <source>Project %1</source>
+        <translation>Projekt %1</translation>
+    </message>
+    <message>
+        <source>Looking at the items…</source>
+        <translation>Die Elemente werden geprüft…</translation>
+    </message>
+    <message>
+        <source>Item</source>
+        <translation>Element</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Items of the project</source>
+        <translation>Elemente des Projekts</translation>
+    </message>
+    <message>
+        <source>Download what is missing</source>
+        <translation>Fehlendes herunterladen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>ready</source>
+        <translation>bereit</translation>
+    </message>
+    <message>
+        <source>not in the catalogue</source>
+        <translation>nicht im Katalog</translation>
+    </message>
+    <message>
+        <source>missing</source>
+        <translation>fehlt</translation>
+    </message>
+    <message>
+        <source>Ready: %1 of %2 items</source>
+        <translation>Bereit: %1 von %2 Elementen</translation>
+    </message>
+    <message>
+        <source>Missing: %1; to be fetched: %2</source>
+        <translation>Es fehlen: %1; zu laden: %2</translation>
+    </message>
+    <message>
+        <source>Not in the catalogue: %1</source>
+        <translation>Nicht im Katalog: %1</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectFile</name>
+    <message>
+        <source>not a file</source>
+        <translation>keine Datei</translation>
+    </message>
+    <message>
+        <source>more than %1</source>
+        <translation>größer als %1</translation>
+    </message>
+    <message>
+        <source>there is no list “items”</source>
+        <translation>es gibt keine Liste „items“</translation>
+    </message>
+    <message>
+        <source>item %1 has no GUID</source>
+        <translation>Element %1 hat keine GUID</translation>
+    </message>
+    <message>
+        <source>item %1: “%2” is not a GUID</source>
+        <translation>Element %1: „%2“ ist keine GUID</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2</source>
+        <translation>%1 kann nicht geöffnet werden: %2</translation>
+    </message>
+    <message>
+        <source>line %1, column %2: </source>
+        <translation>Zeile %1, Spalte %2: </translation>
+    </message>
 </context>
 <context>
     <name>ResourceList</name>
@@ -327,6 +432,10 @@ Zeigen Sie auf ein Thema und drücken Sie sein Herz, oder drücken Sie F</transl
 Resources come with the first check of the server</source>
         <translation>Hier ist noch nichts
 Ressourcen kommen mit der ersten Prüfung des Servers</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Update</translation>
     </message>
 </context>
 <context>
@@ -382,6 +491,161 @@ Ressourcen kommen mit der ersten Prüfung des Servers</translation>
     <message>
         <source>Search by name</source>
         <translation>Nach Namen suchen</translation>
+    </message>
+</context>
+<context>
+    <name>StateText</name>
+    <message>
+        <source>at least %1</source>
+        <translation>mindestens %1</translation>
+    </message>
+    <message>
+        <source>size unknown</source>
+        <translation>Größe unbekannt</translation>
+    </message>
+    <message>
+        <source>Up to date</source>
+        <translation>Auf dem neuesten Stand</translation>
+    </message>
+    <message>
+        <source>Not downloaded yet, %1</source>
+        <translation>Noch nicht geladen, %1</translation>
+    </message>
+    <message>
+        <source>Update available, %1</source>
+        <translation>Aktualisierung verfügbar, %1</translation>
+    </message>
+    <message>
+        <source>Damaged: fetch it again, %1</source>
+        <translation>Beschädigt: neu laden, %1</translation>
+    </message>
+    <message>
+        <source>Ready to use</source>
+        <translation>Bereit</translation>
+    </message>
+    <message>
+        <source>On this computer: %1</source>
+        <translation>Belegt: %1</translation>
+    </message>
+    <message>
+        <source>On this computer: %1, of which other items share %2</source>
+        <translation>Belegt: %1, davon geteilt: %2</translation>
+    </message>
+</context>
+<context>
+    <name>StorageBox</name>
+    <message>
+        <source>Remove from this computer</source>
+        <translation>Vom Computer entfernen</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Herunterladen</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Aktualisieren</translation>
+    </message>
+</context>
+<context>
+    <name>StorageControls</name>
+    <message>
+        <source>“%1” is back</source>
+        <translation>„%1“ ist wieder da</translation>
+    </message>
+    <message>
+        <source>Some files of “%1” could not be brought back</source>
+        <translation>Einige Dateien von „%1“ ließen sich nicht zurückholen</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo removal</source>
+        <translation>Entfernen &amp;rückgängig</translation>
+    </message>
+    <message>
+        <source>Cancel &amp;update</source>
+        <translation>Aktualisierung a&amp;bbrechen</translation>
+    </message>
+    <message>
+        <source>&amp;Update all (%1)</source>
+        <translation>&amp;Alle aktualisieren (%1)</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n update(s) available</source>
+        <translation>
+            <numerusform>%n Aktualisierung verfügbar</numerusform>
+            <numerusform>%n Aktualisierungen verfügbar</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) fetched</source>
+        <translation>
+            <numerusform>%n Element geladen</numerusform>
+            <numerusform>%n Elemente geladen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancelled; what has arrived is kept for the next time</source>
+        <translation>Abgebrochen; das Geladene bleibt für das nächste Mal</translation>
+    </message>
+    <message>
+        <source>Remove from this computer</source>
+        <translation>Vom Computer entfernen</translation>
+    </message>
+    <message>
+        <source>Remove “%1” from this computer? This frees %2. It can be downloaded again.</source>
+        <translation>„%1“ von diesem Computer entfernen? Das macht %2 frei. Ein erneutes Herunterladen ist möglich.</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>“%1” was not removed while a download works. Try again when it has ended.</source>
+        <translation>„%1“ wurde nicht entfernt, weil etwas heruntergeladen wird. Bitte danach erneut versuchen.</translation>
+    </message>
+    <message>
+        <source>“%1” was not removed: %2</source>
+        <translation>„%1“ wurde nicht entfernt: %2</translation>
+    </message>
+</context>
+<context>
+    <name>UndoBar</name>
+    <message>
+        <source>“%1” was removed: %2 will be free after the next start</source>
+        <translation>„%1“ wurde entfernt: %2 sind nach dem nächsten Start frei</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateBar</name>
+    <message>
+        <source>Not everything could be fetched: %1</source>
+        <translation>Nicht alles konnte geladen werden: %1</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Fetching %n item(s): %1 of %2</source>
+        <translation>
+            <numerusform>%n Element wird geladen: %1 von %2</numerusform>
+            <numerusform>%n Elemente werden geladen: %1 von %2</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Fetching %n item(s)…</source>
+        <translation>
+            <numerusform>%n Element wird geladen…</numerusform>
+            <numerusform>%n Elemente werden geladen…</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -42,4 +42,38 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>StorageControls</name>
+    <message numerus="yes">
+        <source>%n update(s) available</source>
+        <translation>
+            <numerusform>%n update available</numerusform>
+            <numerusform>%n updates available</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) fetched</source>
+        <translation>
+            <numerusform>%n item fetched</numerusform>
+            <numerusform>%n items fetched</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>UpdateBar</name>
+    <message numerus="yes">
+        <source>Fetching %n item(s): %1 of %2</source>
+        <translation>
+            <numerusform>Fetching %n item: %1 of %2</numerusform>
+            <numerusform>Fetching %n items: %1 of %2</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Fetching %n item(s)…</source>
+        <translation>
+            <numerusform>Fetching %n item…</numerusform>
+            <numerusform>Fetching %n items…</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

@@ -77,10 +77,6 @@
 <context>
     <name>DetailsPanel</name>
     <message>
-        <source>Preview of what is applied</source>
-        <translation>Vista previa de lo aplicado</translation>
-    </message>
-    <message>
         <source>Click, or press Space, to play or stop</source>
         <translation>Haga clic o pulse Espacio para reproducir o detener</translation>
     </message>
@@ -119,6 +115,10 @@
     <message>
         <source>missing</source>
         <translation>falta</translation>
+    </message>
+    <message>
+        <source>Preview of what is shown</source>
+        <translation>Vista previa de lo mostrado</translation>
     </message>
 </context>
 <context>
@@ -293,6 +293,111 @@
         <source>The favourites cannot be saved: %1</source>
         <translation>No se pueden guardar los favoritos: %1</translation>
     </message>
+    <message>
+        <source>Show &amp;details</source>
+        <translation>Mostrar &amp;detalles</translation>
+    </message>
+    <message>
+        <source>&amp;Open project…</source>
+        <translation>&amp;Abrir proyecto…</translation>
+    </message>
+    <message>
+        <source>Open project</source>
+        <translation>Abrir proyecto</translation>
+    </message>
+</context>
+<context>
+    <name>NoticeBar</name>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectDialog</name>
+    <message>
+        <source>Project %1</source>
+        <translation>Proyecto %1</translation>
+    </message>
+    <message>
+        <source>Looking at the items…</source>
+        <translation>Comprobando los elementos…</translation>
+    </message>
+    <message>
+        <source>Item</source>
+        <translation>Elemento</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Estado</translation>
+    </message>
+    <message>
+        <source>Items of the project</source>
+        <translation>Elementos del proyecto</translation>
+    </message>
+    <message>
+        <source>Download what is missing</source>
+        <translation>Descargar lo que falta</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>ready</source>
+        <translation>listo</translation>
+    </message>
+    <message>
+        <source>not in the catalogue</source>
+        <translation>no está en el catálogo</translation>
+    </message>
+    <message>
+        <source>missing</source>
+        <translation>falta</translation>
+    </message>
+    <message>
+        <source>Ready: %1 of %2 items</source>
+        <translation>Listos: %1 de %2 elementos</translation>
+    </message>
+    <message>
+        <source>Missing: %1; to be fetched: %2</source>
+        <translation>Faltan: %1; por descargar: %2</translation>
+    </message>
+    <message>
+        <source>Not in the catalogue: %1</source>
+        <translation>No están en el catálogo: %1</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectFile</name>
+    <message>
+        <source>not a file</source>
+        <translation>no es un archivo</translation>
+    </message>
+    <message>
+        <source>more than %1</source>
+        <translation>más de %1</translation>
+    </message>
+    <message>
+        <source>there is no list “items”</source>
+        <translation>no hay ninguna lista «items»</translation>
+    </message>
+    <message>
+        <source>item %1 has no GUID</source>
+        <translation>el elemento %1 no tiene GUID</translation>
+    </message>
+    <message>
+        <source>item %1: “%2” is not a GUID</source>
+        <translation>elemento %1: «%2» no es un GUID</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2</source>
+        <translation>No se puede abrir %1: %2</translation>
+    </message>
+    <message>
+        <source>line %1, column %2: </source>
+        <translation>línea %1, columna %2: </translation>
+    </message>
 </context>
 <context>
     <name>ResourceList</name>
@@ -327,6 +432,10 @@ Señale un tema y pulse su corazón, o pulse F</translation>
 Resources come with the first check of the server</source>
         <translation>Aquí todavía no hay nada
 Los recursos llegan con la primera comprobación del servidor</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Actualizable</translation>
     </message>
 </context>
 <context>
@@ -382,6 +491,161 @@ Los recursos llegan con la primera comprobación del servidor</translation>
     <message>
         <source>Search by name</source>
         <translation>Buscar por nombre</translation>
+    </message>
+</context>
+<context>
+    <name>StateText</name>
+    <message>
+        <source>at least %1</source>
+        <translation>al menos %1</translation>
+    </message>
+    <message>
+        <source>size unknown</source>
+        <translation>tamaño desconocido</translation>
+    </message>
+    <message>
+        <source>Up to date</source>
+        <translation>Actualizado</translation>
+    </message>
+    <message>
+        <source>Not downloaded yet, %1</source>
+        <translation>Aún sin descargar, %1</translation>
+    </message>
+    <message>
+        <source>Update available, %1</source>
+        <translation>Actualización disponible, %1</translation>
+    </message>
+    <message>
+        <source>Damaged: fetch it again, %1</source>
+        <translation>Dañado: vuelva a descargarlo, %1</translation>
+    </message>
+    <message>
+        <source>Ready to use</source>
+        <translation>Listo para usar</translation>
+    </message>
+    <message>
+        <source>On this computer: %1</source>
+        <translation>En este equipo: %1</translation>
+    </message>
+    <message>
+        <source>On this computer: %1, of which other items share %2</source>
+        <translation>En este equipo: %1, de ellos %2 compartidos con otros</translation>
+    </message>
+</context>
+<context>
+    <name>StorageBox</name>
+    <message>
+        <source>Remove from this computer</source>
+        <translation>Quitar del equipo</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Descargar</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Actualizar</translation>
+    </message>
+</context>
+<context>
+    <name>StorageControls</name>
+    <message>
+        <source>“%1” is back</source>
+        <translation>«%1» vuelve a estar disponible</translation>
+    </message>
+    <message>
+        <source>Some files of “%1” could not be brought back</source>
+        <translation>Algunos archivos de «%1» no se pudieron recuperar</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo removal</source>
+        <translation>&amp;Deshacer la retirada</translation>
+    </message>
+    <message>
+        <source>Cancel &amp;update</source>
+        <translation>Cancelar la act&amp;ualización</translation>
+    </message>
+    <message>
+        <source>&amp;Update all (%1)</source>
+        <translation>Act&amp;ualizar todo (%1)</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n update(s) available</source>
+        <translation>
+            <numerusform>%n actualización disponible</numerusform>
+            <numerusform>%n actualizaciones disponibles</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) fetched</source>
+        <translation>
+            <numerusform>%n elemento descargado</numerusform>
+            <numerusform>%n elementos descargados</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancelled; what has arrived is kept for the next time</source>
+        <translation>Cancelado; lo descargado se conserva para la próxima vez</translation>
+    </message>
+    <message>
+        <source>Remove from this computer</source>
+        <translation>Quitar del equipo</translation>
+    </message>
+    <message>
+        <source>Remove “%1” from this computer? This frees %2. It can be downloaded again.</source>
+        <translation>¿Quitar «%1» de este equipo? Se liberan %2. Se puede volver a descargar.</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Quitar</translation>
+    </message>
+    <message>
+        <source>“%1” was not removed while a download works. Try again when it has ended.</source>
+        <translation>«%1» no se quitó porque hay una descarga en curso. Inténtelo cuando termine.</translation>
+    </message>
+    <message>
+        <source>“%1” was not removed: %2</source>
+        <translation>«%1» no se quitó: %2</translation>
+    </message>
+</context>
+<context>
+    <name>UndoBar</name>
+    <message>
+        <source>“%1” was removed: %2 will be free after the next start</source>
+        <translation>Se quitó «%1»: %2 quedarán libres tras el próximo inicio</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Deshacer</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateBar</name>
+    <message>
+        <source>Not everything could be fetched: %1</source>
+        <translation>No se pudo descargar todo: %1</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Reintentar</translation>
+    </message>
+    <message numerus="yes">
+        <source>Fetching %n item(s): %1 of %2</source>
+        <translation>
+            <numerusform>Descargando %n elemento: %1 de %2</numerusform>
+            <numerusform>Descargando %n elementos: %1 de %2</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message numerus="yes">
+        <source>Fetching %n item(s)…</source>
+        <translation>
+            <numerusform>Descargando %n elemento…</numerusform>
+            <numerusform>Descargando %n elementos…</numerusform>
+        </translation>
     </message>
 </context>
 <context>

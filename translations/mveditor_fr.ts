@@ -77,10 +77,6 @@
 <context>
     <name>DetailsPanel</name>
     <message>
-        <source>Preview of what is applied</source>
-        <translation>Aperçu de l’élément appliqué</translation>
-    </message>
-    <message>
         <source>Click, or press Space, to play or stop</source>
         <translation>Cliquez ou appuyez sur Espace pour lire ou arrêter</translation>
     </message>
@@ -119,6 +115,10 @@
     <message>
         <source>missing</source>
         <translation>manquant</translation>
+    </message>
+    <message>
+        <source>Preview of what is shown</source>
+        <translation>Aperçu de l’élément affiché</translation>
     </message>
 </context>
 <context>
@@ -293,6 +293,111 @@
         <source>The favourites cannot be saved: %1</source>
         <translation>Impossible d’enregistrer les favoris&#xa0;: %1</translation>
     </message>
+    <message>
+        <source>Show &amp;details</source>
+        <translation>Afficher les &amp;détails</translation>
+    </message>
+    <message>
+        <source>&amp;Open project…</source>
+        <translation>&amp;Ouvrir un projet…</translation>
+    </message>
+    <message>
+        <source>Open project</source>
+        <translation>Ouvrir un projet</translation>
+    </message>
+</context>
+<context>
+    <name>NoticeBar</name>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectDialog</name>
+    <message>
+        <source>Project %1</source>
+        <translation>Projet %1</translation>
+    </message>
+    <message>
+        <source>Looking at the items…</source>
+        <translation>Vérification des éléments…</translation>
+    </message>
+    <message>
+        <source>Item</source>
+        <translation>Élément</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>État</translation>
+    </message>
+    <message>
+        <source>Items of the project</source>
+        <translation>Éléments du projet</translation>
+    </message>
+    <message>
+        <source>Download what is missing</source>
+        <translation>Télécharger ce qui manque</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>ready</source>
+        <translation>prêt</translation>
+    </message>
+    <message>
+        <source>not in the catalogue</source>
+        <translation>absent du catalogue</translation>
+    </message>
+    <message>
+        <source>missing</source>
+        <translation>manquant</translation>
+    </message>
+    <message>
+        <source>Ready: %1 of %2 items</source>
+        <translation>Prêts : %1 éléments sur %2</translation>
+    </message>
+    <message>
+        <source>Missing: %1; to be fetched: %2</source>
+        <translation>Manquants : %1 ; à télécharger : %2</translation>
+    </message>
+    <message>
+        <source>Not in the catalogue: %1</source>
+        <translation>Absents du catalogue : %1</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectFile</name>
+    <message>
+        <source>not a file</source>
+        <translation>ce n’est pas un fichier</translation>
+    </message>
+    <message>
+        <source>more than %1</source>
+        <translation>plus de %1</translation>
+    </message>
+    <message>
+        <source>there is no list “items”</source>
+        <translation>il n’y a pas de liste « items »</translation>
+    </message>
+    <message>
+        <source>item %1 has no GUID</source>
+        <translation>l’élément %1 n’a pas de GUID</translation>
+    </message>
+    <message>
+        <source>item %1: “%2” is not a GUID</source>
+        <translation>élément %1 : « %2 » n’est pas un GUID</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2</source>
+        <translation>Impossible d’ouvrir %1 : %2</translation>
+    </message>
+    <message>
+        <source>line %1, column %2: </source>
+        <translation>ligne %1, colonne %2 : </translation>
+    </message>
 </context>
 <context>
     <name>ResourceList</name>
@@ -327,6 +432,10 @@ Pointez un thème et cliquez sur son cœur, ou appuyez sur F</translation>
 Resources come with the first check of the server</source>
         <translation>Il n’y a encore rien ici
 Les ressources arrivent avec la première vérification du serveur</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Mise à jour</translation>
     </message>
 </context>
 <context>
@@ -382,6 +491,161 @@ Les ressources arrivent avec la première vérification du serveur</translation>
     <message>
         <source>Search by name</source>
         <translation>Rechercher par nom</translation>
+    </message>
+</context>
+<context>
+    <name>StateText</name>
+    <message>
+        <source>at least %1</source>
+        <translation>au moins %1</translation>
+    </message>
+    <message>
+        <source>size unknown</source>
+        <translation>taille inconnue</translation>
+    </message>
+    <message>
+        <source>Up to date</source>
+        <translation>À jour</translation>
+    </message>
+    <message>
+        <source>Not downloaded yet, %1</source>
+        <translation>Pas encore téléchargé, %1</translation>
+    </message>
+    <message>
+        <source>Update available, %1</source>
+        <translation>Mise à jour disponible, %1</translation>
+    </message>
+    <message>
+        <source>Damaged: fetch it again, %1</source>
+        <translation>Endommagé : à télécharger de nouveau, %1</translation>
+    </message>
+    <message>
+        <source>Ready to use</source>
+        <translation>Prêt à l’emploi</translation>
+    </message>
+    <message>
+        <source>On this computer: %1</source>
+        <translation>Sur cet ordinateur : %1</translation>
+    </message>
+    <message>
+        <source>On this computer: %1, of which other items share %2</source>
+        <translation>Sur cet ordinateur : %1, dont %2 partagés avec d’autres</translation>
+    </message>
+</context>
+<context>
+    <name>StorageBox</name>
+    <message>
+        <source>Remove from this computer</source>
+        <translation>Retirer de l’ordinateur</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Télécharger</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Mettre à jour</translation>
+    </message>
+</context>
+<context>
+    <name>StorageControls</name>
+    <message>
+        <source>“%1” is back</source>
+        <translation>« %1 » est de retour</translation>
+    </message>
+    <message>
+        <source>Some files of “%1” could not be brought back</source>
+        <translation>Certains fichiers de « %1 » n’ont pas pu être rétablis</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo removal</source>
+        <translation>A&amp;nnuler le retrait</translation>
+    </message>
+    <message>
+        <source>Cancel &amp;update</source>
+        <translation>Annuler la &amp;mise à jour</translation>
+    </message>
+    <message>
+        <source>&amp;Update all (%1)</source>
+        <translation>&amp;Tout mettre à jour (%1)</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n update(s) available</source>
+        <translation>
+            <numerusform>%n mise à jour disponible</numerusform>
+            <numerusform>%n mises à jour disponibles</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) fetched</source>
+        <translation>
+            <numerusform>%n élément téléchargé</numerusform>
+            <numerusform>%n éléments téléchargés</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancelled; what has arrived is kept for the next time</source>
+        <translation>Annulé ; ce qui est arrivé est conservé</translation>
+    </message>
+    <message>
+        <source>Remove from this computer</source>
+        <translation>Retirer de l’ordinateur</translation>
+    </message>
+    <message>
+        <source>Remove “%1” from this computer? This frees %2. It can be downloaded again.</source>
+        <translation>Retirer « %1 » de cet ordinateur ? Cela libère %2. Un nouveau téléchargement reste possible.</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Retirer</translation>
+    </message>
+    <message>
+        <source>“%1” was not removed while a download works. Try again when it has ended.</source>
+        <translation>« %1 » n’a pas été retiré : un téléchargement est en cours. Réessayez ensuite.</translation>
+    </message>
+    <message>
+        <source>“%1” was not removed: %2</source>
+        <translation>« %1 » n’a pas été retiré : %2</translation>
+    </message>
+</context>
+<context>
+    <name>UndoBar</name>
+    <message>
+        <source>“%1” was removed: %2 will be free after the next start</source>
+        <translation>« %1 » a été retiré : %2 seront libres au prochain démarrage</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annuler</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateBar</name>
+    <message>
+        <source>Not everything could be fetched: %1</source>
+        <translation>Tout n’a pas pu être téléchargé : %1</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Réessayer</translation>
+    </message>
+    <message numerus="yes">
+        <source>Fetching %n item(s): %1 of %2</source>
+        <translation>
+            <numerusform>Téléchargement de %n élément : %1 sur %2</numerusform>
+            <numerusform>Téléchargement de %n éléments : %1 sur %2</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message numerus="yes">
+        <source>Fetching %n item(s)…</source>
+        <translation>
+            <numerusform>Téléchargement de %n élément…</numerusform>
+            <numerusform>Téléchargement de %n éléments…</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -75,10 +75,6 @@
 <context>
     <name>DetailsPanel</name>
     <message>
-        <source>Preview of what is applied</source>
-        <translation>適用中の項目のプレビュー</translation>
-    </message>
-    <message>
         <source>Click, or press Space, to play or stop</source>
         <translation>クリックまたはスペースキーで再生・停止</translation>
     </message>
@@ -117,6 +113,10 @@
     <message>
         <source>missing</source>
         <translation>なし</translation>
+    </message>
+    <message>
+        <source>Preview of what is shown</source>
+        <translation>表示中の項目のプレビュー</translation>
     </message>
 </context>
 <context>
@@ -288,6 +288,111 @@
         <source>The favourites cannot be saved: %1</source>
         <translation>お気に入りを保存できません: %1</translation>
     </message>
+    <message>
+        <source>Show &amp;details</source>
+        <translation>詳細を表示(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Open project…</source>
+        <translation>プロジェクトを開く(&amp;O)…</translation>
+    </message>
+    <message>
+        <source>Open project</source>
+        <translation>プロジェクトを開く</translation>
+    </message>
+</context>
+<context>
+    <name>NoticeBar</name>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectDialog</name>
+    <message>
+        <source>Project %1</source>
+        <translation>プロジェクト %1</translation>
+    </message>
+    <message>
+        <source>Looking at the items…</source>
+        <translation>項目を確認しています…</translation>
+    </message>
+    <message>
+        <source>Item</source>
+        <translation>項目</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>状態</translation>
+    </message>
+    <message>
+        <source>Items of the project</source>
+        <translation>プロジェクトの項目</translation>
+    </message>
+    <message>
+        <source>Download what is missing</source>
+        <translation>不足分をダウンロード</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>ready</source>
+        <translation>使用可能</translation>
+    </message>
+    <message>
+        <source>not in the catalogue</source>
+        <translation>カタログにありません</translation>
+    </message>
+    <message>
+        <source>missing</source>
+        <translation>不足</translation>
+    </message>
+    <message>
+        <source>Ready: %1 of %2 items</source>
+        <translation>使用可能: %2 項目中 %1</translation>
+    </message>
+    <message>
+        <source>Missing: %1; to be fetched: %2</source>
+        <translation>不足: %1、ダウンロード量: %2</translation>
+    </message>
+    <message>
+        <source>Not in the catalogue: %1</source>
+        <translation>カタログにない項目: %1</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectFile</name>
+    <message>
+        <source>not a file</source>
+        <translation>ファイルではありません</translation>
+    </message>
+    <message>
+        <source>more than %1</source>
+        <translation>%1 を超えています</translation>
+    </message>
+    <message>
+        <source>there is no list “items”</source>
+        <translation>リスト「items」がありません</translation>
+    </message>
+    <message>
+        <source>item %1 has no GUID</source>
+        <translation>項目 %1 に GUID がありません</translation>
+    </message>
+    <message>
+        <source>item %1: “%2” is not a GUID</source>
+        <translation>項目 %1: 「%2」は GUID ではありません</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2</source>
+        <translation>%1 を開けません: %2</translation>
+    </message>
+    <message>
+        <source>line %1, column %2: </source>
+        <translation>%1 行 %2 列: </translation>
+    </message>
 </context>
 <context>
     <name>ResourceList</name>
@@ -322,6 +427,10 @@ Point at a theme and press its heart, or press F</source>
 Resources come with the first check of the server</source>
         <translation>まだ何もありません
 リソースはサーバーの最初の確認で届きます</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>更新</translation>
     </message>
 </context>
 <context>
@@ -377,6 +486,157 @@ Resources come with the first check of the server</source>
     <message>
         <source>Search by name</source>
         <translation>名前で検索</translation>
+    </message>
+</context>
+<context>
+    <name>StateText</name>
+    <message>
+        <source>at least %1</source>
+        <translation>%1 以上</translation>
+    </message>
+    <message>
+        <source>size unknown</source>
+        <translation>サイズ不明</translation>
+    </message>
+    <message>
+        <source>Up to date</source>
+        <translation>最新の状態です</translation>
+    </message>
+    <message>
+        <source>Not downloaded yet, %1</source>
+        <translation>未ダウンロード、%1</translation>
+    </message>
+    <message>
+        <source>Update available, %1</source>
+        <translation>更新があります、%1</translation>
+    </message>
+    <message>
+        <source>Damaged: fetch it again, %1</source>
+        <translation>破損: 再ダウンロードが必要、%1</translation>
+    </message>
+    <message>
+        <source>Ready to use</source>
+        <translation>使用できます</translation>
+    </message>
+    <message>
+        <source>On this computer: %1</source>
+        <translation>このコンピューター上: %1</translation>
+    </message>
+    <message>
+        <source>On this computer: %1, of which other items share %2</source>
+        <translation>このコンピューター上: %1 (うち共有 %2)</translation>
+    </message>
+</context>
+<context>
+    <name>StorageBox</name>
+    <message>
+        <source>Remove from this computer</source>
+        <translation>コンピューターから削除</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>ダウンロード</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>更新</translation>
+    </message>
+</context>
+<context>
+    <name>StorageControls</name>
+    <message>
+        <source>“%1” is back</source>
+        <translation>「%1」を元に戻しました</translation>
+    </message>
+    <message>
+        <source>Some files of “%1” could not be brought back</source>
+        <translation>「%1」の一部のファイルを元に戻せませんでした</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo removal</source>
+        <translation>削除を元に戻す(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Cancel &amp;update</source>
+        <translation>更新をキャンセル(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Update all (%1)</source>
+        <translation>すべて更新(&amp;U) (%1)</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n update(s) available</source>
+        <translation>
+            <numerusform>更新が %n 件あります</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) fetched</source>
+        <translation>
+            <numerusform>%n 項目を取得しました</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancelled; what has arrived is kept for the next time</source>
+        <translation>キャンセルしました。取得済みの分は次回に使われます</translation>
+    </message>
+    <message>
+        <source>Remove from this computer</source>
+        <translation>コンピューターから削除</translation>
+    </message>
+    <message>
+        <source>Remove “%1” from this computer? This frees %2. It can be downloaded again.</source>
+        <translation>「%1」をこのコンピューターから削除しますか? %2 が解放されます。再ダウンロードできます。</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>削除</translation>
+    </message>
+    <message>
+        <source>“%1” was not removed while a download works. Try again when it has ended.</source>
+        <translation>ダウンロード中のため「%1」は削除されませんでした。終わってからもう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>“%1” was not removed: %2</source>
+        <translation>「%1」は削除されませんでした: %2</translation>
+    </message>
+</context>
+<context>
+    <name>UndoBar</name>
+    <message>
+        <source>“%1” was removed: %2 will be free after the next start</source>
+        <translation>「%1」を削除しました: 次回の起動後に %2 が解放されます</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>元に戻す</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateBar</name>
+    <message>
+        <source>Not everything could be fetched: %1</source>
+        <translation>一部を取得できませんでした: %1</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>再試行</translation>
+    </message>
+    <message numerus="yes">
+        <source>Fetching %n item(s): %1 of %2</source>
+        <translation>
+            <numerusform>%n 項目を取得中: %1 / %2</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message numerus="yes">
+        <source>Fetching %n item(s)…</source>
+        <translation>
+            <numerusform>%n 項目を取得中…</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -75,10 +75,6 @@
 <context>
     <name>DetailsPanel</name>
     <message>
-        <source>Preview of what is applied</source>
-        <translation>已应用项目的预览</translation>
-    </message>
-    <message>
         <source>Click, or press Space, to play or stop</source>
         <translation>单击或按空格键播放或停止</translation>
     </message>
@@ -117,6 +113,10 @@
     <message>
         <source>missing</source>
         <translation>缺失</translation>
+    </message>
+    <message>
+        <source>Preview of what is shown</source>
+        <translation>所示项目的预览</translation>
     </message>
 </context>
 <context>
@@ -288,6 +288,111 @@
         <source>The favourites cannot be saved: %1</source>
         <translation>无法保存收藏：%1</translation>
     </message>
+    <message>
+        <source>Show &amp;details</source>
+        <translation>显示详细信息(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Open project…</source>
+        <translation>打开项目文件(&amp;O)…</translation>
+    </message>
+    <message>
+        <source>Open project</source>
+        <translation>打开项目文件</translation>
+    </message>
+</context>
+<context>
+    <name>NoticeBar</name>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectDialog</name>
+    <message>
+        <source>Project %1</source>
+        <translation>项目文件 %1</translation>
+    </message>
+    <message>
+        <source>Looking at the items…</source>
+        <translation>正在检查各项…</translation>
+    </message>
+    <message>
+        <source>Item</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>状态</translation>
+    </message>
+    <message>
+        <source>Items of the project</source>
+        <translation>项目文件中的各项</translation>
+    </message>
+    <message>
+        <source>Download what is missing</source>
+        <translation>下载缺少的项</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>ready</source>
+        <translation>可用</translation>
+    </message>
+    <message>
+        <source>not in the catalogue</source>
+        <translation>不在目录中</translation>
+    </message>
+    <message>
+        <source>missing</source>
+        <translation>缺少</translation>
+    </message>
+    <message>
+        <source>Ready: %1 of %2 items</source>
+        <translation>可用：%1 项，共 %2 项</translation>
+    </message>
+    <message>
+        <source>Missing: %1; to be fetched: %2</source>
+        <translation>缺少：%1；需下载：%2</translation>
+    </message>
+    <message>
+        <source>Not in the catalogue: %1</source>
+        <translation>不在目录中：%1</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectFile</name>
+    <message>
+        <source>not a file</source>
+        <translation>不是文件</translation>
+    </message>
+    <message>
+        <source>more than %1</source>
+        <translation>超过 %1</translation>
+    </message>
+    <message>
+        <source>there is no list “items”</source>
+        <translation>没有列表“items”</translation>
+    </message>
+    <message>
+        <source>item %1 has no GUID</source>
+        <translation>第 %1 项没有 GUID</translation>
+    </message>
+    <message>
+        <source>item %1: “%2” is not a GUID</source>
+        <translation>第 %1 项：“%2”不是 GUID</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2</source>
+        <translation>无法打开 %1：%2</translation>
+    </message>
+    <message>
+        <source>line %1, column %2: </source>
+        <translation>第 %1 行，第 %2 列：</translation>
+    </message>
 </context>
 <context>
     <name>ResourceList</name>
@@ -322,6 +427,10 @@ Point at a theme and press its heart, or press F</source>
 Resources come with the first check of the server</source>
         <translation>这里还没有内容
 首次检查服务器后会出现资源</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>更新</translation>
     </message>
 </context>
 <context>
@@ -377,6 +486,157 @@ Resources come with the first check of the server</source>
     <message>
         <source>Search by name</source>
         <translation>按名称搜索</translation>
+    </message>
+</context>
+<context>
+    <name>StateText</name>
+    <message>
+        <source>at least %1</source>
+        <translation>至少 %1</translation>
+    </message>
+    <message>
+        <source>size unknown</source>
+        <translation>大小未知</translation>
+    </message>
+    <message>
+        <source>Up to date</source>
+        <translation>已是最新</translation>
+    </message>
+    <message>
+        <source>Not downloaded yet, %1</source>
+        <translation>尚未下载，%1</translation>
+    </message>
+    <message>
+        <source>Update available, %1</source>
+        <translation>有更新，%1</translation>
+    </message>
+    <message>
+        <source>Damaged: fetch it again, %1</source>
+        <translation>已损坏：请重新下载，%1</translation>
+    </message>
+    <message>
+        <source>Ready to use</source>
+        <translation>可以使用</translation>
+    </message>
+    <message>
+        <source>On this computer: %1</source>
+        <translation>在此电脑上：%1</translation>
+    </message>
+    <message>
+        <source>On this computer: %1, of which other items share %2</source>
+        <translation>在此电脑上：%1，其中与其他项共用 %2</translation>
+    </message>
+</context>
+<context>
+    <name>StorageBox</name>
+    <message>
+        <source>Remove from this computer</source>
+        <translation>从电脑中移除</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>下载</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>更新</translation>
+    </message>
+</context>
+<context>
+    <name>StorageControls</name>
+    <message>
+        <source>“%1” is back</source>
+        <translation>“%1”已恢复</translation>
+    </message>
+    <message>
+        <source>Some files of “%1” could not be brought back</source>
+        <translation>“%1”的部分文件无法恢复</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo removal</source>
+        <translation>撤销移除(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Cancel &amp;update</source>
+        <translation>取消更新(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Update all (%1)</source>
+        <translation>全部更新(&amp;U) (%1)</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n update(s) available</source>
+        <translation>
+            <numerusform>有 %n 项更新</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) fetched</source>
+        <translation>
+            <numerusform>已下载 %n 项</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancelled; what has arrived is kept for the next time</source>
+        <translation>已取消；已下载的部分会保留</translation>
+    </message>
+    <message>
+        <source>Remove from this computer</source>
+        <translation>从电脑中移除</translation>
+    </message>
+    <message>
+        <source>Remove “%1” from this computer? This frees %2. It can be downloaded again.</source>
+        <translation>要从此电脑中移除“%1”吗？将释放 %2。以后可以重新下载。</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>移除</translation>
+    </message>
+    <message>
+        <source>“%1” was not removed while a download works. Try again when it has ended.</source>
+        <translation>正在下载，未移除“%1”。请在下载结束后重试。</translation>
+    </message>
+    <message>
+        <source>“%1” was not removed: %2</source>
+        <translation>未移除“%1”：%2</translation>
+    </message>
+</context>
+<context>
+    <name>UndoBar</name>
+    <message>
+        <source>“%1” was removed: %2 will be free after the next start</source>
+        <translation>已移除“%1”：下次启动后释放 %2</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>撤销</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateBar</name>
+    <message>
+        <source>Not everything could be fetched: %1</source>
+        <translation>未能全部下载：%1</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>重试</translation>
+    </message>
+    <message numerus="yes">
+        <source>Fetching %n item(s): %1 of %2</source>
+        <translation>
+            <numerusform>正在下载 %n 项：%1 / %2</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message numerus="yes">
+        <source>Fetching %n item(s)…</source>
+        <translation>
+            <numerusform>正在下载 %n 项…</numerusform>
+        </translation>
     </message>
 </context>
 <context>

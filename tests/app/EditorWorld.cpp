@@ -2,6 +2,7 @@
 
 #include "support/CatalogueFiles.h"
 #include "support/HttpAnswer.h"
+#include "support/ReleaseTree.h"
 
 #include <QBuffer>
 #include <QCryptographicHash>
@@ -158,6 +159,17 @@ void EditorWorld::publishTree(const QString& folder)
         tree.insert(file, CatalogueFiles::read(folder + QLatin1Char('/') + file));
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_tree = tree;
+}
+
+void EditorWorld::publishRelease(const QStringList& themes, qint64 serial, const Tree& changed)
+{
+    publish(themes);
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    for (auto file = changed.cbegin(); file != changed.cend(); ++file)
+        m_tree.insert(file.key(), file.value());
+    const ReleaseTree release = ReleaseTree::of(m_tree, serial, QStringLiteral("1.2.0"));
+    for (auto file = release.added.cbegin(); file != release.added.cend(); ++file)
+        m_tree.insert(file.key(), file.value());
 }
 
 void EditorWorld::install(const QStringList& themes) const

@@ -19,7 +19,10 @@ class EditorWorld
 {
 public:
     /// Called for every request with its number, starting at 1; returns true if it has answered.
+    /// A check begins with the question for a release.
     using Fault = std::function<bool(HttpExchange&, int number)>;
+
+    using Tree = QMap<QString, QByteArray>; ///< files by path below the server root
 
     EditorWorld();
     ~EditorWorld();
@@ -27,6 +30,9 @@ public:
 
     /// Sets what the server publishes: these themes, the filter and a background.
     void publish(const QStringList& themes);
+    /// Publishes these themes as a release, with other contents for some files:
+    /// "config/Themes/alpha/theme.zip".
+    void publishRelease(const QStringList& themes, qint64 serial, const Tree& changed = {});
     /// Publishes an existing server tree.
     void publishTree(const QString& folder);
     /// Installs the catalogue of these themes with their previews, but without the files needed to
@@ -54,8 +60,6 @@ public:
     void writeSettings(int stallTimeoutMs = 10000) const;
 
 private:
-    using Tree = QMap<QString, QByteArray>; // files by path from the root
-
     static Tree previews(const QStringList& themes);
     static Tree files(const QStringList& themes);
     static Tree catalogue(const QStringList& themes);

@@ -14,6 +14,8 @@
 #include "Preferences.h"
 #include "ResourceList.h"
 #include "ResourceTabs.h"
+#include "StateText.h"
+#include "StorageBox.h"
 #include "support/TestLetters.h"
 #include "support/TestMain.h"
 #include "support/TextRoom.h"
@@ -143,6 +145,8 @@ void WindowTexts::haveRoom()
     verifyRoom(nullptr);
     part<QLineEdit>("search")->setText(QStringLiteral("no such name"));
     verifyRoom("nothing-found");
+    showStorage();
+    verifyRoom("storage");
     const QStringList texts = statusTexts();
     for (const QString& text : texts) {
         part<QLabel>("checkStatus")->setText(text);
@@ -178,6 +182,38 @@ void WindowTexts::fail()
     part<FailureBox>("failure")->showFailure(eCfgItem_Theme, QString(),
                                              QStringLiteral("Autumn Memories"), failure);
     part<QPushButton>("failureDetails")->setChecked(true);
+}
+
+/// Shows the longest texts on the files of items, as while an update works after a removal.
+void WindowTexts::showStorage()
+{
+    // All events that change texts have arrived by then.
+    QTRY_VERIFY(part<StorageBox>("storage")->isVisible());
+    const auto counted = [](const char* context, const char* source) {
+        return QCoreApplication::translate(context, source, nullptr, 1234);
+    };
+    const QString size = StateText::size(123456789);
+    SItemState state;
+    state.m_eState = eFile_Damaged;
+    state.m_nToFetch = 1;
+    state.m_nBytesToFetch = 123456789;
+    state.m_bBytesKnown = false;
+    part<StorageBox>("storage")->showReport(ItemUpdates::Report{state, 123456789, 123456789},
+                                            false);
+    part<QLabel>("updatesAvailable")->setText(counted("StorageControls", "%n update(s) available"));
+    part<QLabel>("updateBarText")
+        ->setText(counted("UpdateBar", "Fetching %n item(s): %1 of %2").arg(size, size));
+    part<QPushButton>("updateBarAction")
+        ->setText(QCoreApplication::translate("UpdateBar", "Cancel"));
+    part<QWidget>("updateBarProgress")->show();
+    part<QWidget>("updateBar")->show();
+    part<QLabel>("undoBarText")
+        ->setText(QCoreApplication::translate(
+                      "UndoBar", "“%1” was removed: %2 will be free after the next start")
+                      .arg(QStringLiteral("Autumn Memories"), size));
+    part<QPushButton>("undoBarAction")->setText(QCoreApplication::translate("UndoBar", "Undo"));
+    part<QPushButton>("undoBarClose")->setText(QCoreApplication::translate("NoticeBar", "Close"));
+    part<QWidget>("undoBar")->show();
 }
 
 template <class Part>

@@ -33,6 +33,7 @@ private:
     void openWindow();
     void apply(const QString& theme);
     void fail();
+    void showStorage();
     template <class Part>
     Part* part(const char* name) const;
     void verifyFonts() const;

@@ -42,8 +42,9 @@ EditorWorld::Fault failing(int request)
 void tst_editor_faults::theNextStartMakesUpForIt_data()
 {
     QTest::addColumn<int>("request");
-    const char* const requests[] = {"version", "first catalogue file", "second catalogue file",
-                                    "thumbnail", "animation"};
+    const char* const requests[] = {
+        "release",   "version",  "first catalogue file", "second catalogue file",
+        "thumbnail", "animation"};
     int number = 0;
     for (const char* request : requests)
         QTest::newRow(request) << ++number;

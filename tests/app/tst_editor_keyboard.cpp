@@ -31,6 +31,8 @@ void tst_editor_keyboard::tabWalksThroughTheWindow()
         press Tab
         wait focus largePreview
         press Tab
+        wait focus removeItem
+        press Tab
         wait focus appliedFiles
         press Tab
         wait focus favourite

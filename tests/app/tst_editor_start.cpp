@@ -142,7 +142,7 @@ void tst_editor_start::wrongArguments_data()
         return QString::fromLatin1(text).split(QLatin1Char(' '));
     };
     QTest::newRow("unknown option") << list("--nonsense") << 2 << QByteArray("nonsense");
-    QTest::newRow("operand") << list("operand") << 2 << QByteArray("unexpected: operand");
+    QTest::newRow("operands") << list("one two") << 2 << QByteArray("unexpected: two");
     QTest::newRow("server") << list("--server ftp://x/") << 2 << QByteArray("http or https");
     QTest::newRow("release") << list("--release often") << 2 << QByteArray("ignore or use");
     QTest::newRow("key") << list("--key x") << 2

@@ -1,12 +1,11 @@
 #include "download/ReleaseWorld.h"
 
 #include "download/ReleaseKey.h"
-#include "download/ReleaseList.h"
 #include "download/ReleasePaths.h"
 #include "host/ContentDigest.h"
 #include "host/HostSettings.h"
+#include "support/ReleaseTree.h"
 
-#include <QDateTime>
 #include <QDirIterator>
 
 #include <sodium.h>
@@ -93,24 +92,11 @@ void ReleaseWorld::putCatalogue(const QByteArray& display, const QByteArray& con
 void ReleaseWorld::publishRelease(qint64 serial, const SigningKey* key,
                                   const std::function<void(SRelease&)>& change)
 {
-    QVector<ReleaseList::Entry> entries;
-    for (auto file = m_files.cbegin(); file != m_files.cend(); ++file) {
-        entries.append(
-            {ContentDigest::ofBytes(file.value()), file.value().size(), file.key().toUtf8()});
-        serve(contentTarget(file.value()), file.value());
-    }
-    m_list = ReleaseList(entries).toText();
-    SRelease release;
-    release.m_serial = serial;
-    release.m_qsCatalogueVersion = QStringLiteral("1.0.2");
-    release.m_published = QDateTime::fromSecsSinceEpoch(1700000000, Qt::UTC);
-    release.m_listBytes = m_list.size();
-    release.m_listDigest = ContentDigest::ofBytes(m_list);
-    if (change)
-        change(release);
-    serve(targetOf(ReleasePaths::list()), m_list);
-    serve(contentTarget(m_list), m_list);
-    serveRelease(release.toJson());
+    const ReleaseTree tree = ReleaseTree::of(m_files, serial, QStringLiteral("1.0.2"), change);
+    for (auto file = tree.added.cbegin(); file != tree.added.cend(); ++file)
+        serve(targetOf(file.key()), file.value());
+    m_list = tree.list;
+    serveRelease(tree.release);
     if (key)
         serve(signatureTarget(), key->sign(m_release));
 }
@@ -118,10 +104,12 @@ void ReleaseWorld::publishRelease(qint64 serial, const SigningKey* key,
 void ReleaseWorld::publishList(qint64 serial, const QByteArray& list, const SigningKey* key)
 {
     publishRelease(serial, key, [&](SRelease& release) {
-        m_list = list;
         release.m_listBytes = list.size();
         release.m_listDigest = ContentDigest::ofBytes(list);
     });
+    m_list = list;
+    serve(targetOf(ReleasePaths::list()), list);
+    serve(contentTarget(list), list);
 }
 
 void ReleaseWorld::serveRelease(const QByteArray& text)

@@ -19,6 +19,7 @@
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QStatusBar>
+#include <QTreeWidget>
 
 namespace {
 
@@ -62,6 +63,17 @@ QString textOf(const QWidget* widget)
     if (const auto* editor = qobject_cast<const QPlainTextEdit*>(widget))
         return editor->toPlainText();
     return widget ? widget->property("text").toString() : QString();
+}
+
+bool hasRow(const QWidget* widget, const QString& text)
+{
+    const auto* const tree = qobject_cast<const QTreeWidget*>(widget);
+    const auto matches = Qt::MatchContains | Qt::MatchRecursive;
+    for (int column = 0; tree && column < tree->columnCount(); ++column) {
+        if (!tree->findItems(text, matches, column).isEmpty())
+            return true;
+    }
+    return false;
 }
 
 QString spokenName(QWidget* widget)
@@ -111,7 +123,8 @@ bool ScriptConditions::holdsForWindow(const QString& what, const QString& value)
     if (what == QLatin1String("phase"))
         return equals(phaseName(m_check.phase()), value);
     if (what == QLatin1String("quiet"))
-        return equals(yesNo(!m_check.isRunning()), QStringLiteral("yes"));
+        return equals(yesNo(!m_check.isRunning() && !m_window.isReloadPending()),
+                      QStringLiteral("yes"));
     if (what == QLatin1String("status"))
         return contains(m_window.checkStatus()->text(), value);
     if (what == QLatin1String("message"))
@@ -181,6 +194,10 @@ bool ScriptConditions::holdsForWidget(const QString& what, const QString& name, 
         return contains(textOf(widget), text);
     if (what == QLatin1String("spoken"))
         return contains(widget ? spokenName(widget) : QString(), text);
+    if (what.endsWith(QLatin1String("row")) && widget) {
+        m_error = QStringLiteral("it is not");
+        return hasRow(widget, text) == (what == QLatin1String("row"));
+    }
     if (what == QLatin1String("preview")) {
         const auto* const pane =
             qobject_cast<PreviewPane*>(ScriptTargets::widget(QStringLiteral("largePreview")));

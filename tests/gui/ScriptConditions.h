@@ -26,6 +26,7 @@ class MainWindow;
 ///     preview playing|still           of the applied item
 ///     downloads none     no cell of any list is downloading
 ///     text WIDGET TEXT   the widget's text contains TEXT
+///     row TREE TEXT      norow TREE TEXT     whether a row of the tree widget contains TEXT
 ///     spoken WIDGET TEXT the text for screen readers contains TEXT
 ///     focus WIDGET       gone WIDGET
 ///     opened TEXT        an opened address contains TEXT
