@@ -135,6 +135,7 @@ void MVThemeMgr::clearVectors()
 {
     m_sCfgXML = SResourceXML();
     m_sDisplayXML = SResourceXML();
+    m_bStandIn = false;
     const QMutexLocker lock(&m_mutexParsed);
     m_vecParsed.clear();
 }

@@ -114,6 +114,11 @@ public:
     /// load().
     void clear();
 
+    /// Returns whether the items are those of the downloaded catalogue, as far as there is one:
+    /// false if one of its files is on disk but load() could not read it, and used the installed
+    /// one instead. What is on disk must not be judged by such a catalogue.
+    bool isCatalogueRead() const { return !m_bStandIn; }
+
     /// @}
     /// @name Lookup
     /// Return the first item in vector order whose GUID equals `id` exactly, or null. Owned by the
@@ -298,6 +303,7 @@ private:
     static bool isInUse(const char* operation);
     QVector<SFileInfo*> ownNeededFiles(SCfg_Item& item);
     void clearVectors();
+    bool readCatalogue(EDirTag half, QDomDocument& doc);
     void readTheme(const QString& path, CatalogueIndex& dependencies, SThemes_a*& out);
     bool locatePreviews(SCfg_Item& item);
     bool resolve(SFileInfo& info, ECfgItemType k, EDirTag t, const QString& relative,
@@ -311,6 +317,7 @@ private:
     QJsonObject m_jsonFilterCollect;
     QJsonObject m_jsonBgMaterialCollect;
     bool m_bLoaded = false;
+    bool m_bStandIn = false;
     QString m_qsSaveRoot;
     QVariantList m_lstFestivals;
     QVariantList m_lstTravel;

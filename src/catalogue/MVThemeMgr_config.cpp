@@ -6,6 +6,7 @@
 #include "records/KindTable.h"
 
 #include <QDomDocument>
+#include <QFile>
 
 bool MVThemeMgr::checkXml(const QString& path, QDomDocument& doc)
 {
@@ -14,11 +15,20 @@ bool MVThemeMgr::checkXml(const QString& path, QDomDocument& doc)
     return ok;
 }
 
+/// Reads a catalogue file, from the download tree or else the installed one.
+bool MVThemeMgr::readCatalogue(EDirTag half, QDomDocument& doc)
+{
+    const QString downloaded = Path_resource_xml(eLoadDir_Download, half);
+    if (checkXml(downloaded, doc))
+        return true;
+    m_bStandIn = m_bStandIn || QFile::exists(downloaded);
+    return checkXml(Path_resource_xml(eLoadDir_Local, half), doc);
+}
+
 void MVThemeMgr::read_resource_config_xml()
 {
     QDomDocument doc;
-    if (!checkXml(Path_resource_xml(eLoadDir_Download, eDirTag_Config), doc)
-        && !checkXml(Path_resource_xml(eLoadDir_Local, eDirTag_Config), doc)) {
+    if (!readCatalogue(eDirTag_Config, doc)) {
         LogL("MVThemeMgr", 1, "read_resource_config_xml is error!");
         return;
     }

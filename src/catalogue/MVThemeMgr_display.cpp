@@ -42,8 +42,7 @@ void readPresentation(const QDomElement& element, ECfgItemType type, SCfg_Item& 
 void MVThemeMgr::read_resource_display_xml()
 {
     QDomDocument doc;
-    if (!checkXml(Path_resource_xml(eLoadDir_Download, eDirTag_Display), doc)
-        && !checkXml(Path_resource_xml(eLoadDir_Local, eDirTag_Display), doc)) {
+    if (!readCatalogue(eDirTag_Display, doc)) {
         LogL("MVThemeMgr", 1, "read_resource_display_xml is error!");
         return;
     }

@@ -38,7 +38,7 @@ AcceptedRelease::Pointer AcceptedRelease::current()
         + hostSettings().releaseKeys.join(QLatin1Char(' '));
     if (state != cachedState) {
         cached = ReleaseStore().read();
-        cachedState = state;
+        cachedState = cached ? state : QString(); // what cannot be read now may be readable later
     }
     return cached;
 }

@@ -53,8 +53,8 @@ EFileState FileStates::of(const ItemFiles::Entry& entry) const
     const QByteArray digest = digestOf(entry.path);
     if (digest == published.m_digest)
         return eFile_Current;
-    if (digest.isEmpty())
-        return eFile_Unlisted;
+    if (digest.isEmpty()) // it cannot be read, unless nobody wants to know any more
+        return m_isCancelled ? eFile_Unlisted : eFile_Damaged;
     return !noted.isEmpty() && noted != digest ? eFile_Damaged : eFile_Outdated;
 }
 
@@ -79,7 +79,8 @@ QByteArray FileStates::read(const QString& path) const
     qint64 told = 0;
     const QByteArray digest = ContentDigest::ofFile(path, [&](qint64 bytesRead) {
         const qint64 news = bytesRead - std::exchange(told, bytesRead);
-        return !m_progress || m_progress(news);
+        m_isCancelled = m_progress && !m_progress(news);
+        return !m_isCancelled;
     });
     // What came with another digest stays known as damaged.
     FileLedger* const ledger = FileLedger::instance();

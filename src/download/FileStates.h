@@ -58,6 +58,7 @@ private:
 
     Depth m_depth;
     Progress m_progress;
+    mutable bool m_isCancelled = false; // by m_progress
     AcceptedRelease::Pointer m_release;
     mutable QHash<QString, QByteArray> m_read; // digests by path; several items may use a file
 };

@@ -186,6 +186,10 @@ Removal ResourceStorage::remove(SCfg_Item& item) const
         removal.error = QStringLiteral("a download or an update is working");
         return removal;
     }
+    if (!MVThemeMgr::init()->isCatalogueRead()) { // which tells what other items need
+        removal.error = QStringLiteral("the downloaded catalogue cannot be read");
+        return removal;
+    }
     const FileHolders holders;
     const int ownCount = holds(holders, item) ? 1 : 0;
     QVector<ItemFiles::Entry> files = FileHolders::filesOf(item);
@@ -229,6 +233,8 @@ void ResourceStorage::purge()
 
 QStringList ResourceStorage::leftovers() const
 {
+    if (!MVThemeMgr::init()->isCatalogueRead())
+        return {};
     const QSet<QString> named = namedFiles();
     const QSet<QString> unpacked = unpackedFolders(named);
     QStringList leftovers;

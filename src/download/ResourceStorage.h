@@ -63,9 +63,9 @@ public:
     /// Deletes what removals have moved aside; they cannot be undone any more.
     static void purge();
 
-    /// Returns the files of the download root that no catalogue names, sorted, with their paths.
-    /// Files in a folder beside an archive or a definition belong to that. Without a catalogue none
-    /// is known to be left over.
+    /// Returns the files of the download root that no catalogue names (none if it cannot be read),
+    /// sorted, with their paths. Files in a folder beside an archive or a definition belong to
+    /// that. Without a catalogue none is known to be left over.
     QStringList leftovers() const;
     /// Returns the files that removals and interrupted updates have left, with their paths.
     QStringList remains() const;

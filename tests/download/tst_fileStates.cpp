@@ -5,6 +5,7 @@
 #include "support/TestTexts.h"
 
 #include <QDateTime>
+#include <QDir>
 #include <QFile>
 
 /// Tests the states of files and items, and the ledger of digests behind them.
@@ -22,6 +23,7 @@ private slots:
     void deepReadingFindsWhatTimesHide();
     void deepReadingReadsAFileOnce();
     void changedFileOfAnUnknownPastIsOutdated();
+    void fileThatCannotBeReadIsDamaged();
     void unlistedFile();
     void nothingIsListedWithoutAReleasePolicy();
     void ledgerSavesReading();
@@ -142,6 +144,14 @@ void tst_fileStates::changedFileOfAnUnknownPastIsOutdated()
     QVERIFY(QFile::remove(ledger()));
     CatalogueFiles::write(m_world.file("VideoFilters/13.zip"), "of an earlier release");
     QCOMPARE(stateOf(filter()), eFile_Outdated);
+}
+
+void tst_fileStates::fileThatCannotBeReadIsDamaged()
+{
+    QVERIFY(StorageWorld::fetch({&filter()}));
+    const QString path = m_world.file("VideoFilters/13.zip");
+    QVERIFY(QFile::remove(path) && QDir().mkdir(path));
+    QCOMPARE(stateOf(filter()), eFile_Damaged);
 }
 
 void tst_fileStates::unlistedFile()

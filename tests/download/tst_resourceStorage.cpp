@@ -30,6 +30,8 @@ private slots:
     void previewsStay();
     void installedFilesStay();
     void nothingIsRemovedWhileADownloadWorks();
+    void nothingIsJudgedByAStandInCatalogue_data();
+    void nothingIsJudgedByAStandInCatalogue();
     void failedRemovalChangesNothing();
     void leftoversAreWhatNoCatalogueNames();
     void nothingIsLeftOverWithoutACatalogue();
@@ -202,6 +204,38 @@ void tst_resourceStorage::nothingIsRemovedWhileADownloadWorks()
     QVERIFY(!removal.isComplete());
     QCOMPARE(removal.error, text("a download or an update is working"));
     QCOMPARE(m_world.files(), before);
+}
+
+void tst_resourceStorage::nothingIsJudgedByAStandInCatalogue_data()
+{
+    QTest::addColumn<QByteArray>("file");
+    QTest::newRow("config") << QByteArray("resource_config.xml");
+    QTest::newRow("display") << QByteArray("resource_display.xml");
+}
+
+/// If the downloaded catalogue cannot be read, the installed one is shown: it does not know what
+/// the items on disk need.
+void tst_resourceStorage::nothingIsJudgedByAStandInCatalogue()
+{
+    QFETCH(QByteArray, file);
+    const QStringList before = m_world.files();
+    const QString path = m_world.downloadedFile(file.constData());
+    const QByteArray content = CatalogueFiles::read(path);
+    CatalogueFiles::write(m_world.installedFile(file.constData()), content);
+    CatalogueFiles::write(path, "<Resource>");
+    MVThemeMgr::init()->load(true);
+    QVERIFY(!MVThemeMgr::init()->isCatalogueRead());
+    CatalogueFiles::write(m_world.file("Themes/old.zip"), "old");
+    QCOMPARE(m_storage.remove(StorageWorld::theme(1)).error,
+             text("the downloaded catalogue cannot be read"));
+    QCOMPARE(m_storage.leftovers(), QStringList());
+    QVERIFY(QFile::remove(m_world.file("Themes/old.zip")));
+    QCOMPARE(m_world.files(), before);
+
+    CatalogueFiles::write(path, content);
+    MVThemeMgr::init()->load(true);
+    QVERIFY(MVThemeMgr::init()->isCatalogueRead());
+    QVERIFY(m_storage.remove(StorageWorld::theme(1)).isComplete());
 }
 
 void tst_resourceStorage::failedRemovalChangesNothing()

@@ -6,6 +6,7 @@
 #include "FavouriteScenario.h"
 #include "FetchScenario.h"
 #include "RetireScenario.h"
+#include "StorageScenario.h"
 #include "support/TestMain.h"
 
 #include <QTest>
@@ -40,6 +41,12 @@ std::unique_ptr<Scenario> scenarioNamed(const QByteArray& name)
         return build(BuildScenario::Place::Foreign);
     if (name == "retire")
         return std::make_unique<RetireScenario>(TestHome::path() + QStringLiteral("/world"));
+    if (name == "update")
+        return std::make_unique<StorageScenario>(StorageScenario::Command::Update);
+    if (name == "remove")
+        return std::make_unique<StorageScenario>(StorageScenario::Command::Remove);
+    if (name == "clean")
+        return std::make_unique<StorageScenario>(StorageScenario::Command::Clean);
     return nullptr;
 }
 

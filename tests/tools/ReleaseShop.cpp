@@ -2,7 +2,7 @@
 
 #include "support/TestTexts.h"
 
-void ReleaseShop::fresh()
+void ReleaseShop::fresh(const Mvres& mvres)
 {
     m_world.freshStorage();
     for (const char* const name : {"Themes/t.jpg", "VideoFilters/t.jpg"})
@@ -17,7 +17,7 @@ void ReleaseShop::fresh()
     m_serial = 100;
     m_world.publishRelease(m_serial);
 
-    m_mvres = Mvres();
+    m_mvres = mvres;
     m_mvres.set("paths/appData", m_mvres.base() + text("/appdata"));
     m_mvres.setServer(m_world.serverRoot());
     CatalogueFiles::write(m_mvres.installed()

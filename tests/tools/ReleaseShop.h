@@ -9,8 +9,8 @@
 class ReleaseShop
 {
 public:
-    /// Recreates all. Call it from init().
-    void fresh();
+    /// Recreates all. Call it from init(). The installation is that of `mvres`.
+    void fresh(const Mvres& mvres = Mvres());
 
     StorageWorld& world() { return m_world; }
     Mvres& mvres() { return m_mvres; }

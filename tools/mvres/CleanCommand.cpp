@@ -1,6 +1,7 @@
 #include "CleanCommand.h"
 
 #include "Arguments.h"
+#include "catalogue/MVThemeMgr.h"
 #include "Console.h"
 #include "download/ResourceStorage.h"
 #include "ExitStatus.h"
@@ -66,6 +67,11 @@ QJsonObject toJson(const QVector<File>& files, qint64 bytes, bool isDryRun)
 
 int CleanCommand::run(const Arguments& arguments)
 {
+    if (!MVThemeMgr::init()->isCatalogueRead()) {
+        Console::note(
+            QStringLiteral("nothing is cleaned: the downloaded catalogue cannot be read"));
+        return ExitStatus::failure;
+    }
     const ResourceStorage storage;
     const QVector<File> files = leftovers(storage);
     qint64 bytes = 0;

@@ -1,6 +1,7 @@
 #include "UpdateCommand.h"
 
 #include "Arguments.h"
+#include "catalogue/MVThemeMgr.h"
 #include "Console.h"
 #include "download/AcceptedRelease.h"
 #include "download/FileStates.h"
@@ -40,11 +41,17 @@ UpdateCommand::UpdateCommand(const Arguments& arguments)
 
 int UpdateCommand::run(const Arguments& arguments)
 {
+    if (!MVThemeMgr::init()->isCatalogueRead()) {
+        return Console::fail(ExitStatus::failure,
+                             QStringLiteral("the downloaded catalogue cannot be read"));
+    }
+    // Before the states, which are those of the same release or of none.
+    const bool hasRelease = AcceptedRelease::current() != nullptr;
     UpdateCommand command(arguments);
     QString error;
     if (!command.select(error))
         return Console::fail(ExitStatus::failure, error);
-    if (!AcceptedRelease::current())
+    if (!hasRelease)
         Console::note(QStringLiteral("no release is known: only missing files can be found"));
     if (arguments.dryRun || command.m_survey.rows().isEmpty())
         return command.preview();
