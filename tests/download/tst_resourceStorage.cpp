@@ -87,7 +87,8 @@ void tst_resourceStorage::usedBytesCountAFileOnce()
 void tst_resourceStorage::onlyItemsOnDiskAreListed()
 {
     QStringList guids;
-    for (const ResourceStorage::Use& use : m_storage.uses())
+    const QVector<ResourceStorage::Use> uses = m_storage.uses();
+    for (const ResourceStorage::Use& use : uses)
         guids.append(use.item->m_qsGUID);
     guids.sort();
     QStringList expected{CatalogueFiles::guid(1), CatalogueFiles::guid(2),
@@ -124,7 +125,7 @@ void tst_resourceStorage::sharedResourcePutsNoItemOnDisk()
 {
     const QString catalogue = m_world.downloadedFile("resource_config.xml");
     QByteArray config = CatalogueFiles::read(catalogue);
-    for (const QByteArray archive : {"/Themes/1.zip", "/Themes/2.zip"})
+    for (const QByteArray& archive : {QByteArray("/Themes/1.zip"), QByteArray("/Themes/2.zip")})
         config.replace(archive, archive + "</Url><Url>/ThemesBgm/song.mp3");
     CatalogueFiles::write(catalogue, config);
     MVThemeMgr::init()->load(true);
