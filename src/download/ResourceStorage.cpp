@@ -207,8 +207,7 @@ QStringList ResourceStorage::leftovers() const
     QStringList leftovers;
     const QStringList tops = halves();
     for (const QString& top : tops) {
-        QDirIterator each(top, QDir::Files | QDir::NoSymLinks,
-                          QDirIterator::Subdirectories);
+        QDirIterator each(top, QDir::Files | QDir::NoSymLinks, QDirIterator::Subdirectories);
         while (each.hasNext()) {
             const QString path = QDir::cleanPath(each.next());
             if (!named.contains(path) && !isInAny(unpacked, path, top))
