@@ -16,6 +16,7 @@
 #include "ViewMenu.h"
 
 #include <QCloseEvent>
+#include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>

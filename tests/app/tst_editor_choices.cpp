@@ -160,11 +160,13 @@ void tst_editor_choices::onlyTheLeftButtonActs()
         click cell Beta
         wait applied Beta
         rightclick cell Alpha
+        press Esc
         middleclick cell Alpha
         hover cell Beta
         wait downloads none
         click tab 1
         rightclick cell Sepia
+        press Esc
         click tab 0
         wait applied Beta
     )")));
