@@ -59,7 +59,7 @@ class World:
         """Rebuilds both trees from the source."""
         resource = self._samples / "installed" / "Resource"
         resource.parent.mkdir(parents=True, exist_ok=True)
-        self._run("build", self._source, self._samples / "server")
+        self._run("build", self._source, self._samples / "server", "--no-release")
         self._run("build", self._source, resource, "--installed")
 
     def _run(self, *arguments):

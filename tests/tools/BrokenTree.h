@@ -13,8 +13,9 @@
 class BrokenTree
 {
 public:
-    /// Builds the clean trees: a server's for the editions standard, 1 and 3, and an installation
-    /// that shows the theme and has the motion built in. Returns an error; empty: success.
+    /// Builds the clean trees: a server's for the editions standard, 1 and 3, without a release,
+    /// which every change would make stale, and an installation that shows the theme and has the
+    /// motion built in. Returns an error; empty: success.
     static QString makeClean();
     static QString cleanServer();
     /// Returns the folder "Resource".

@@ -25,6 +25,16 @@ Outcome ConsoleProgram::run(const QString& program, const QStringList& arguments
     return end(process);
 }
 
+Outcome ConsoleProgram::runWithInput(const QString& program, const QStringList& arguments,
+                                     const QByteArray& input)
+{
+    QProcess process;
+    process.start(program, arguments);
+    process.write(input);
+    process.closeWriteChannel();
+    return end(process);
+}
+
 Outcome ConsoleProgram::end(QProcess& process)
 {
     Outcome outcome;

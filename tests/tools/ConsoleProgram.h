@@ -24,6 +24,9 @@ public:
 
     static Outcome run(const QString& program, const QStringList& arguments,
                        const QString& workingDirectory = QString());
+    /// Runs a program whose standard input is `input`.
+    static Outcome runWithInput(const QString& program, const QStringList& arguments,
+                                const QByteArray& input);
     /// Waits for a running program to end.
     static Outcome end(QProcess& process);
     /// Sends a signal.

@@ -6,6 +6,7 @@
 
 #include <fcntl.h>
 #include <pty.h>
+#include <termios.h>
 #include <unistd.h>
 
 Terminal::Terminal(int columns)
@@ -33,6 +34,18 @@ QByteArray Terminal::read()
     for (ssize_t count = 0; (count = ::read(m_master, part.data(), part.size())) > 0;)
         all.append(part.data(), static_cast<int>(count));
     return all;
+}
+
+void Terminal::type(const QByteArray& keys) const
+{
+    if (::write(m_master, keys.constData(), static_cast<size_t>(keys.size())) != keys.size())
+        qFatal("the pseudo-terminal is full");
+}
+
+bool Terminal::isEchoing() const
+{
+    termios settings = {};
+    return ::tcgetattr(m_slave, &settings) == 0 && (settings.c_lflag & tcflag_t(ECHO)) != 0;
 }
 
 QStringList Terminal::screen(const QByteArray& bytes)

@@ -4,7 +4,7 @@
 #include <QString>
 #include <QStringList>
 
-/// A pseudo-terminal of a given width, to be a program's standard output.
+/// A pseudo-terminal of a given width, to be a program's standard output, or its terminal.
 class Terminal
 {
 public:
@@ -16,6 +16,11 @@ public:
     QString device() const { return m_device; }
     /// Returns what has been written to it since the last call.
     QByteArray read();
+
+    /// Types on its keyboard.
+    void type(const QByteArray& keys) const;
+    /// Returns whether it shows what is typed.
+    bool isEchoing() const;
 
     /// Returns the final lines as a person sees them: "\r" goes back, "\033[K" clears the rest.
     static QStringList screen(const QByteArray& bytes);

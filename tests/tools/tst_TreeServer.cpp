@@ -35,6 +35,8 @@ private slots:
     void knownFileIsNotSent_data();
     void knownFileIsNotSent();
     void tagChangesWithTheFile();
+    void contentsAreKeptForAYear_data();
+    void contentsAreKeptForAYear();
     void versionFilesAreNotKept_data();
     void versionFilesAreNotKept();
     void nothingOutsideIsServed_data();
@@ -272,6 +274,33 @@ void TestTreeServer::tagChangesWithTheFile()
     QCOMPARE(RawClient::field(get("/changing.txt"), "ETag"), before);
     CatalogueFiles::write(file, "three");
     QVERIFY(RawClient::field(get("/changing.txt"), "ETag") != before);
+}
+
+void TestTreeServer::contentsAreKeptForAYear_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("control");
+    const QByteArray year = "public, max-age=31536000, immutable";
+    const QByteArray revalidated = "no-cache";
+    const QString digest = QString(62, QLatin1Char('a')) + text("09");
+    QTest::newRow("content") << text("content/aa/") + digest << year;
+    QTest::newRow("doubled slash") << text("/content//aa/") + digest << year;
+    QTest::newRow("signature") << text("content/aa/") + digest + text(".minisig") << revalidated;
+    QTest::newRow("other folder") << text("config/content/aa/") + digest << revalidated;
+    QTest::newRow("no digest") << text("content/aa/") + digest.toUpper() << revalidated;
+    QTest::newRow("release") << text("ResourceConfig/release.json") << revalidated;
+    QTest::newRow("release's signature")
+        << text("ResourceConfig/release.json.minisig") << revalidated;
+}
+
+void TestTreeServer::contentsAreKeptForAYear()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, control);
+    CatalogueFiles::write(tree() + QLatin1Char('/') + name, "content");
+    const QByteArray answer = get("/" + name.toUtf8());
+    QCOMPARE(RawClient::body(answer), QByteArray("content"));
+    QCOMPARE(RawClient::field(answer, "Cache-Control"), control);
 }
 
 void TestTreeServer::versionFilesAreNotKept_data()

@@ -33,6 +33,26 @@ void TestMvpublishArguments::refuses_data()
     row("build a b --edition 6", "--edition takes standard or 1 to 5, not \"6\"");
     row("build a b --edition Standard", "--edition takes standard or 1 to 5, not \"Standard\"");
     row("build a b --installed --edition 1", "an installation is the same for all editions");
+    row("build a b --expires 0", "--expires takes a number of days from 1 to 36500");
+    row("build a b --expires 36501", "--expires takes a number of days from 1 to 36500");
+    row("build a b --expires soon", "--expires takes a number of days from 1 to 36500");
+    row("build a b --no-release --expires 3",
+        "--expires and --renew need a release, which a tree built with --no-release has not");
+    row("build a b --installed --renew",
+        "--expires and --renew need a release, which an installation has not");
+    row("lint a --force", "--force does not go with lint");
+    row("keygen", "keygen takes one FILE");
+    row("keygen k --no-password --password-fd 0", "--password-fd does not go with --no-password");
+    row("keygen k --password-fd x", "--password-fd takes the number of an open file descriptor");
+    row("keygen k --password-fd -1", "--password-fd takes the number of an open file descriptor");
+    row("keygen k --key a", "--key does not go with keygen");
+    row("sign", "sign takes one TREE");
+    row("sign a", "sign takes one --key");
+    row("sign a --key b --key c", "sign takes one --key");
+    row("sign a --key b --no-password", "--no-password does not go with sign");
+    row("verify", "verify takes one TREE or URL");
+    row("verify a b", "verify takes one TREE or URL");
+    row("verify a --force", "--force does not go with verify");
     row("build a b --json", "--json does not go with build");
     row("lint a --edition 1", "--edition does not go with lint");
     row("lint a --port 1", "--port does not go with lint");
@@ -57,9 +77,27 @@ void TestMvpublishArguments::helpNamesTheCommands()
 {
     const Outcome outcome = Mvpublish::run({text("--help")});
     QCOMPARE(outcome.status, 0);
-    for (const char* part :
-         {"new KIND NAME", "build SOURCE OUT", "lint TREE", "diff OLD NEW", "serve TREE",
-          "--edition <EDITION>", "--installed", "--in <SOURCE>", "--json", "--port <N>", "--quiet"})
+    for (const char* part : {"new KIND NAME",
+                             "build SOURCE OUT",
+                             "keygen FILE",
+                             "sign TREE",
+                             "verify TREE|URL",
+                             "lint TREE",
+                             "diff OLD NEW",
+                             "serve TREE",
+                             "--edition <EDITION>",
+                             "--installed",
+                             "--expires <DAYS>",
+                             "--renew",
+                             "--no-release",
+                             "--force",
+                             "--key <FILE>",
+                             "--password-fd <N>",
+                             "--no-password",
+                             "--in <SOURCE>",
+                             "--json",
+                             "--port <N>",
+                             "--quiet"})
         QVERIFY2(outcome.out.contains(part), part);
 }
 

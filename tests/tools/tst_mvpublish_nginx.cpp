@@ -32,6 +32,8 @@ private slots:
     void serves_data();
     void serves();
     void versionFileIsNeverKept();
+    void contentIsKeptForAYear();
+    void releaseIsRevalidated();
     void restIsKeptByItsTag_data();
     void restIsKeptByItsTag();
     void failuresAreNotKept_data();
@@ -113,6 +115,34 @@ void TestMvpublishNginx::versionFileIsNeverKept()
     }
 }
 
+/// Its name says what it is. A signature may be replaced by that of another key.
+void TestMvpublishNginx::contentIsKeptForAYear()
+{
+    const QStringList files = CatalogueFiles::filesBelow(home("tree/content"));
+    QVERIFY(!files.isEmpty());
+    const QByteArray name = files.constFirst().toUtf8();
+    for (const char* prefix : {"/content/", "//content/", "/mv/content/", "/mvcontent/"}) {
+        const QByteArray answer = get(prefix + name);
+        QCOMPARE(RawClient::status(answer), 200);
+        QCOMPARE(RawClient::field(answer, "Cache-Control"),
+                 QByteArray("public, max-age=31536000, immutable"));
+        QVERIFY(RawClient::body(answer)
+                == CatalogueFiles::read(home("tree/content/") + text(name)));
+    }
+    CatalogueFiles::write(home("tree/content/") + text(name) + text(".minisig"), "signature");
+    QCOMPARE(RawClient::field(get("/content/" + name + ".minisig"), "Cache-Control"),
+             QByteArray("no-cache"));
+    QVERIFY(RawClient::status(get("/content/" + name, "Content-Length: 0\r\n", "PUT")) >= 400);
+}
+
+void TestMvpublishNginx::releaseIsRevalidated()
+{
+    CatalogueFiles::write(home("tree/ResourceConfig/release.json.minisig"), "signature");
+    for (const char* name : {"release.json", "release.json.minisig", "files.txt"})
+        QCOMPARE(RawClient::field(get(QByteArray("/ResourceConfig/") + name), "Cache-Control"),
+                 QByteArray("no-cache"));
+}
+
 void TestMvpublishNginx::restIsKeptByItsTag_data()
 {
     QTest::addColumn<QByteArray>("target");
@@ -152,6 +182,9 @@ void TestMvpublishNginx::failuresAreNotKept_data()
     QTest::newRow("part beyond the end")
         << QByteArray("/display/Themes/film.gif") << QByteArray("Range: bytes=9999999-\r\n") << 416
         << QByteArray("no-cache");
+    const QByteArray digest(64, 'a');
+    QTest::newRow("missing content")
+        << "/content/aa/" + digest << none << 404 << QByteArray("no-cache");
     QTest::newRow("missing version file") << QByteArray("/ResourceConfig/resource_version_v2.xml")
                                           << none << 404 << QByteArray("no-store");
 }

@@ -144,7 +144,8 @@ void TestMvpublishReplace::filesThatStayKeepTheirDates()
             changed.append(name);
     }
     QCOMPARE(changed,
-             (QStringList{text("ResourceConfig/resource_display.xml"),
+             (QStringList{text("ResourceConfig/files.txt"), text("ResourceConfig/release.json"),
+                          text("ResourceConfig/resource_display.xml"),
                           text("ResourceConfig/resource_version_v3.xml"),
                           text("config/BgMaterial/") + SmallSource::guid(text("paper"))
                               + text(".xml")}));

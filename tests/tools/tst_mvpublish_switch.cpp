@@ -8,6 +8,7 @@
 #include <QFileInfo>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -35,6 +36,7 @@ private slots:
     void folderTakesTheModeOfThePlace();
     void changedFileOfTheSameLengthIsLater_data();
     void changedFileOfTheSameLengthIsLater();
+    void changedNameOfALinkedFileIsLater();
 
 private:
     QString place() const { return m_folder + text("/tree"); }
@@ -171,6 +173,35 @@ void TestMvpublishSwitch::changedFileOfTheSameLengthIsLater()
         QCOMPARE(seconds, qint64(0));
     else
         QVERIFY(seconds >= 1);
+}
+
+/// Of two links to one file, one name had another content before, whichever comes first.
+void TestMvpublishSwitch::changedNameOfALinkedFileIsLater()
+{
+    const QDateTime before = QDateTime::fromSecsSinceEpoch(2000000000);
+    const QStringList changed{text("a/f"), text("b/g")};
+    const QStringList unchanged{text("b/f"), text("a/g")};
+    const QStringList names = changed + unchanged;
+    for (const QString& name : names) {
+        const QString file = place() + QLatin1Char('/') + name;
+        CatalogueFiles::write(file, changed.contains(name) ? "other" : "equal");
+        QFile written(file);
+        QVERIFY(written.open(QIODevice::ReadWrite));
+        QVERIFY(written.setFileTime(before, QFile::FileModificationTime));
+    }
+    FolderSwitch folder(place());
+    QVERIFY2(folder.begin(), qPrintable(folder.errorText()));
+    for (int i = 0; i < changed.size(); ++i) {
+        const QString file = folder.folder() + QLatin1Char('/') + changed.at(i);
+        const QString link = folder.folder() + QLatin1Char('/') + unchanged.at(i);
+        CatalogueFiles::write(file, "equal");
+        QDir().mkpath(QFileInfo(link).path());
+        QCOMPARE(::link(QFile::encodeName(file).constData(), QFile::encodeName(link).constData()),
+                 0);
+    }
+    QVERIFY2(folder.commit(), qPrintable(folder.errorText()));
+    for (const QString& name : changed)
+        QCOMPARE(QFileInfo(place() + QLatin1Char('/') + name).lastModified(), before.addSecs(1));
 }
 
 MV_TEST_MAIN(TestMvpublishSwitch)

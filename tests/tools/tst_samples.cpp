@@ -248,7 +248,8 @@ void TestSamples::treesAreBuiltFromTheSource_data()
 {
     QTest::addColumn<QString>("tree");
     QTest::addColumn<QStringList>("options");
-    QTest::newRow("server") << samples + QStringLiteral("/server") << QStringList();
+    QTest::newRow("server") << samples + QStringLiteral("/server")
+                            << QStringList{QStringLiteral("--no-release")};
     QTest::newRow("installation") << samples + QStringLiteral("/installed/Resource")
                                   << QStringList{QStringLiteral("--installed")};
 }

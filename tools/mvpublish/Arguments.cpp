@@ -5,13 +5,16 @@
 
 namespace {
 
-const char description[] = R"(Makes, checks and serves the tree of a resource server.
+const char description[] = R"(Makes, signs, checks and serves the tree of a resource server.
 
 Commands:
   new KIND NAME         starts an item with a fresh GUID in a folder of its own; KIND is one of
                         filter, transition, motion, theme, bgmaterial
-  build SOURCE OUT      writes the whole tree OUT from the items in SOURCE; a tree that is there
-                        is replaced in one step
+  build SOURCE OUT      writes the whole tree OUT from the items in SOURCE and checks it as lint
+                        does; a tree that is there is replaced in one step
+  keygen FILE           writes a new key for releases: FILE, which is secret, and FILE.pub
+  sign TREE             signs the release of a tree with the secret key of --key
+  verify TREE|URL       checks that a tree, or a server, has exactly what its release says
   lint TREE             checks a server's tree or an installation the way it will be read
   diff OLD NEW          what a user of the tree OLD fetches when NEW is published
   serve TREE            serves a tree on 127.0.0.1, to try it out
@@ -34,7 +37,14 @@ const QVector<Command>& commands()
         {"build",
          2,
          "build takes SOURCE and OUT",
-         {QStringLiteral("edition"), QStringLiteral("installed")}},
+         {QStringLiteral("edition"), QStringLiteral("installed"), QStringLiteral("expires"),
+          QStringLiteral("renew"), QStringLiteral("no-release"), QStringLiteral("force")}},
+        {"keygen",
+         1,
+         "keygen takes one FILE",
+         {QStringLiteral("password-fd"), QStringLiteral("no-password"), QStringLiteral("force")}},
+        {"sign", 1, "sign takes one TREE", {QStringLiteral("key"), QStringLiteral("password-fd")}},
+        {"verify", 1, "verify takes one TREE or URL", {QStringLiteral("key")}},
         {"lint", 1, "lint takes one TREE", {QStringLiteral("json")}},
         {"diff", 2, "diff takes OLD and NEW", {}},
         {"serve", 1, "serve takes one TREE", {QStringLiteral("port"), QStringLiteral("quiet")}},
@@ -53,6 +63,32 @@ struct Options
     QCommandLineOption installed{
         QStringLiteral("installed"),
         QStringLiteral("build: OUT is the application's folder \"Resource\"")};
+    QCommandLineOption expires{
+        QStringLiteral("expires"),
+        QStringLiteral("build: clients refuse the release DAYS after its publication"),
+        QStringLiteral("DAYS")};
+    QCommandLineOption renew{
+        QStringLiteral("renew"),
+        QStringLiteral("build: publish a new release even if nothing has changed")};
+    QCommandLineOption noRelease{QStringLiteral("no-release"),
+                                 QStringLiteral("build: write no release and no contents by "
+                                                "digest")};
+    QCommandLineOption force{
+        QStringLiteral("force"),
+        QStringLiteral("build: publish a tree in which lint finds errors; keygen: "
+                       "replace existing files")};
+    QCommandLineOption key{
+        QStringLiteral("key"),
+        QStringLiteral("sign: the secret key; verify: a public key that may have "
+                       "signed, a file or its line; can be repeated"),
+        QStringLiteral("FILE")};
+    QCommandLineOption passwordFd{
+        QStringLiteral("password-fd"),
+        QStringLiteral("keygen, sign: read the password from the open file descriptor N instead "
+                       "of asking on the terminal"),
+        QStringLiteral("N")};
+    QCommandLineOption noPassword{QStringLiteral("no-password"),
+                                  QStringLiteral("keygen: do not protect the secret key")};
     QCommandLineOption in{QStringLiteral("in"),
                           QStringLiteral("new: the source; the current folder by default"),
                           QStringLiteral("SOURCE"), QStringLiteral(".")};
@@ -70,8 +106,9 @@ struct Options
 void describe(QCommandLineParser& parser)
 {
     parser.setApplicationDescription(QString::fromLatin1(description));
-    parser.addPositionalArgument(QStringLiteral("COMMAND"),
-                                 QStringLiteral("new, build, lint, diff or serve"));
+    parser.addPositionalArgument(
+        QStringLiteral("COMMAND"),
+        QStringLiteral("new, build, keygen, sign, verify, lint, diff or serve"));
     parser.addPositionalArgument(QStringLiteral("ARGUMENTS"), QStringLiteral("see above"),
                                  QStringLiteral("ARGUMENTS..."));
 }
@@ -84,7 +121,9 @@ bool Arguments::parse(const QCoreApplication& application)
     QCommandLineParser parser;
     describe(parser);
     const QCommandLineOption versionOption = parser.addVersionOption();
-    parser.addOptions({options.help, options.edition, options.installed, options.in, options.json,
+    parser.addOptions({options.help, options.edition, options.installed, options.expires,
+                       options.renew, options.noRelease, options.force, options.key,
+                       options.passwordFd, options.noPassword, options.in, options.json,
                        options.port, options.quiet});
     if (!parser.parse(application.arguments()))
         return fail(parser.errorText());
@@ -97,11 +136,22 @@ bool Arguments::parse(const QCoreApplication& application)
         return fail(QStringLiteral("no command; see mvpublish --help"));
     command = operands.takeFirst();
     installed = parser.isSet(options.installed);
+    renew = parser.isSet(options.renew);
+    force = parser.isSet(options.force);
+    keys = parser.values(options.key);
+    noPassword = parser.isSet(options.noPassword);
     source = parser.value(options.in);
     json = parser.isSet(options.json);
     quiet = parser.isSet(options.quiet);
     return checkOperands(parser.optionNames()) && readEditions(parser.values(options.edition))
-        && readPort(parser.value(options.port));
+        && readRelease(parser.isSet(options.noRelease), parser.value(options.expires)) && readKeys()
+        && readPassword(parser.value(options.passwordFd)) && readPort(parser.value(options.port));
+}
+
+bool Arguments::isAddress(const QString& operand)
+{
+    return operand.startsWith(QLatin1String("http://"))
+        || operand.startsWith(QLatin1String("https://"));
 }
 
 bool Arguments::checkOperands(const QStringList& options)
@@ -133,6 +183,40 @@ bool Arguments::readEditions(const QStringList& texts)
     if (editions.isEmpty())
         editions.append(Editions::all().constFirst());
     return true;
+}
+
+bool Arguments::readRelease(bool isSwitchedOff, const QString& days)
+{
+    hasRelease = !installed && !isSwitchedOff;
+    if (!hasRelease && (renew || !days.isNull()))
+        return fail(QStringLiteral("--expires and --renew need a release, which %1 has not")
+                        .arg(installed ? QStringLiteral("an installation")
+                                       : QStringLiteral("a tree built with --no-release")));
+    if (days.isNull())
+        return true;
+    constexpr int maxDays = 36500;
+    bool ok = false;
+    expiryDays = days.toInt(&ok);
+    return (ok && expiryDays >= 1 && expiryDays <= maxDays)
+        || fail(QStringLiteral("--expires takes a number of days from 1 to %1").arg(maxDays));
+}
+
+bool Arguments::readKeys()
+{
+    return command != QLatin1String("sign") || keys.size() == 1
+        || fail(QStringLiteral("sign takes one --key"));
+}
+
+bool Arguments::readPassword(const QString& descriptor)
+{
+    if (descriptor.isNull())
+        return true;
+    if (noPassword)
+        return fail(QStringLiteral("--password-fd does not go with --no-password"));
+    bool ok = false;
+    passwordDescriptor = descriptor.toInt(&ok);
+    return (ok && passwordDescriptor >= 0)
+        || fail(QStringLiteral("--password-fd takes the number of an open file descriptor"));
 }
 
 bool Arguments::readPort(const QString& text)

@@ -17,11 +17,21 @@ public:
     bool parse(const QCoreApplication& application);
     QString errorText() const { return m_error; }
 
+    /// Returns whether an operand is the address of a server rather than a folder.
+    static bool isAddress(const QString& operand);
+
     QString command;
     QStringList operands;
     QVector<Edition> editions; ///< build: at least one
     bool installed = false;
-    QString source; ///< new: the folder for the item
+    bool hasRelease = true; ///< build: of a server's tree
+    bool renew = false;
+    int expiryDays = 0; ///< build: 0 for a release that does not expire
+    bool force = false;
+    QStringList keys;            ///< sign: one file; verify: files or lines of public keys
+    bool noPassword = false;     ///< keygen
+    int passwordDescriptor = -1; ///< keygen, sign: to be read for the password; -1: ask for it
+    QString source;              ///< new: the folder for the item
     bool json = false;
     bool quiet = false;
     quint16 port = 0;
@@ -29,6 +39,9 @@ public:
 private:
     bool checkOperands(const QStringList& options);
     bool readEditions(const QStringList& texts);
+    bool readRelease(bool isSwitchedOff, const QString& days);
+    bool readKeys();
+    bool readPassword(const QString& descriptor);
     bool readPort(const QString& text);
     bool fail(const QString& text);
 

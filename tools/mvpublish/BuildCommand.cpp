@@ -4,12 +4,18 @@
 #include "Console.h"
 #include "ExitStatus.h"
 #include "FolderSwitch.h"
+#include "lint/Lint.h"
+#include "release/ReleaseClock.h"
+#include "release/ReleaseWriter.h"
 #include "ReplacedTree.h"
 #include "Source.h"
+#include "tree/ReadTree.h"
 #include "TreeBuilder.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
+#include <QStringList>
 
 namespace {
 
@@ -52,38 +58,98 @@ QString foldersFault(const QString& source, const FolderSwitch& place)
     return QString();
 }
 
-int report(const Arguments& arguments, const Source& source, const TreeBuilder& builder)
+int fail(const QString& text)
+{
+    return Console::fail(ExitStatus::failure, text);
+}
+
+QString report(const Arguments& arguments, const Source& source, const TreeBuilder& builder)
 {
     QStringList editions;
     for (const Edition& edition : arguments.editions)
         editions.append(edition.name);
-    Console::print(QStringLiteral("%1: %2, %3, %4, %5")
-                       .arg(arguments.operands.at(1),
-                            Console::counted(static_cast<qint64>(source.items().size()),
-                                             QStringLiteral("item")),
-                            Console::counted(builder.fileCount(), QStringLiteral("file")),
-                            Console::size(builder.byteCount()),
-                            arguments.installed
-                                ? QStringLiteral("installation")
-                                : QStringLiteral("for ") + editions.join(QStringLiteral(", "))));
-    return ExitStatus::success;
+    return QStringLiteral("%1: %2, %3, %4, %5")
+        .arg(arguments.operands.at(1),
+             Console::counted(static_cast<qint64>(source.items().size()), QStringLiteral("item")),
+             Console::counted(builder.files().size(), QStringLiteral("file")),
+             Console::size(builder.byteCount()),
+             arguments.installed ? QStringLiteral("installation")
+                                 : QStringLiteral("for ") + editions.join(QStringLiteral(", ")));
 }
 
-int publish(const Arguments& arguments, const Source& source, FolderSwitch& place)
+/// Writes the tree and its release into the folder of `place`, and describes them in `text`.
+/// Returns false, with the reason in `text`, if that fails.
+bool write(const Arguments& arguments, const Source& source, const QDateTime& now,
+           const FolderSwitch& place, QString& text)
+{
+    TreeBuilder builder(source);
+    const bool isWritten = arguments.installed
+        ? builder.writeInstallation(place.folder())
+        : builder.writeServer(place.folder(), arguments.editions);
+    text = isWritten ? report(arguments, source, builder) : builder.errorText();
+    if (!isWritten || !arguments.hasRelease)
+        return isWritten;
+    ReleaseWriter writer(place.folder(), place.target());
+    const bool isReleased =
+        writer.write(builder.files(),
+                     {source.version(), now, ReleaseClock::newestIn(source.folder()),
+                      arguments.expiryDays, arguments.renew});
+    if (!writer.warning().isEmpty())
+        Console::note(QStringLiteral("warning: the release of the tree that is replaced: ")
+                      + writer.warning());
+    if (isReleased)
+        text += QStringLiteral(", release %1").arg(writer.release().m_serial);
+    else
+        text = writer.errorText();
+    return isReleased;
+}
+
+/// Checks the written tree before anybody sees it, and prints the errors. Returns what keeps it
+/// from being published: errors, and pictures that nobody has replaced, of which the source has
+/// warned; empty: nothing.
+QString treeFault(const FolderSwitch& place)
+{
+    ReadTree tree;
+    QString error;
+    if (!tree.open(place.folder(), &error))
+        return error;
+    const Findings findings = Lint::check(tree);
+    QStringList faults;
+    int placeholders = 0;
+    for (const Finding& finding : findings) {
+        if (finding.severity == Severity::Error)
+            Console::note(Lint::text(finding));
+        else if (finding.code == QLatin1String("placeholder"))
+            ++placeholders;
+    }
+    const int errors = Lint::count(findings, Severity::Error);
+    if (errors > 0)
+        faults.append(Console::counted(errors, QStringLiteral("error")));
+    if (placeholders > 0)
+        faults.append(Console::counted(placeholders, QStringLiteral("placeholder")));
+    return faults.join(QStringLiteral(" and "));
+}
+
+int publish(const Arguments& arguments, const Source& source, const QDateTime& now,
+            FolderSwitch& place)
 {
     for (const QString& line : source.warnings())
         Console::note(QStringLiteral("warning: ") + line);
     if (!place.begin())
-        return Console::fail(ExitStatus::failure, place.errorText());
-    TreeBuilder builder(source);
-    const bool written = arguments.installed
-        ? builder.writeInstallation(place.folder())
-        : builder.writeServer(place.folder(), arguments.editions);
-    if (!written)
-        return Console::fail(ExitStatus::failure, builder.errorText());
+        return fail(place.errorText());
+    QString text;
+    if (!write(arguments, source, now, place, text))
+        return fail(text);
+    const QString fault = treeFault(place);
+    if (!fault.isEmpty() && !arguments.force)
+        return Console::fail(ExitStatus::findings,
+                             QStringLiteral("%1 is left as it is, since the new tree has %2; "
+                                            "--force publishes it all the same")
+                                 .arg(arguments.operands.at(1), fault));
     if (!place.commit())
-        return Console::fail(ExitStatus::failure, place.errorText());
-    return report(arguments, source, builder);
+        return fail(place.errorText());
+    Console::print(text);
+    return ExitStatus::success;
 }
 
 } // namespace
@@ -93,22 +159,24 @@ int BuildCommand::run(const Arguments& arguments)
     const QString sourceFolder = arguments.operands.at(0);
     const QString out = QDir::cleanPath(QDir().absoluteFilePath(arguments.operands.at(1)));
     if (!QFileInfo(sourceFolder).isDir())
-        return Console::fail(ExitStatus::failure,
-                             QStringLiteral("no such folder: %1").arg(sourceFolder));
+        return fail(QStringLiteral("no such folder: %1").arg(sourceFolder));
+    QString clockFault;
+    const QDateTime now = ReleaseClock::now(&clockFault);
+    if (!clockFault.isEmpty())
+        return fail(clockFault);
     FolderSwitch place(out);
     const QString fault = foldersFault(sourceFolder, place);
     if (!fault.isEmpty())
-        return Console::fail(ExitStatus::failure, fault);
+        return fail(fault);
     // Before examining the place, since the remains of a killed run may have to be restored.
     if (!place.lock())
-        return Console::fail(ExitStatus::failure, place.errorText());
+        return fail(place.errorText());
     const QString foreign = placeFault(out, place, arguments.installed);
     if (!foreign.isEmpty())
-        return Console::fail(ExitStatus::failure,
-                             foreign + QStringLiteral("; it is left as it is"));
+        return fail(foreign + QStringLiteral("; it is left as it is"));
     Source source;
     if (source.read(sourceFolder))
-        return publish(arguments, source, place);
+        return publish(arguments, source, now, place);
     for (const QString& line : source.faults())
         Console::note(line);
     return ExitStatus::findings;

@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
+#include <QVector>
 
 #include <cerrno>
 #include <chrono>
@@ -53,9 +54,16 @@ void setDate(const QString& name, const QDateTime& date)
 }
 
 /// Keeps the dates of unchanged files and changes all others: servers tell caches a file's length
-/// and its date in whole seconds, so a changed file must not have its predecessor's date.
+/// and its date in whole seconds, so a changed file must not have its predecessor's date. Unchanged
+/// files come first: where several names are links to one file, a changed name decides its date.
 void keepDates(const QString& folder, const QString& before)
 {
+    struct Changed
+    {
+        QString file;
+        QDateTime predecessor;
+    };
+    QVector<Changed> changed;
     const QDir root(folder);
     QDirIterator it(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
     while (it.hasNext()) {
@@ -66,8 +74,13 @@ void keepDates(const QString& folder, const QString& before)
         const QDateTime date = old.lastModified();
         if (sameBytes(file, old.filePath()))
             setDate(file, date);
-        else if (it.fileInfo().lastModified().toSecsSinceEpoch() <= date.toSecsSinceEpoch())
-            setDate(file, date.addSecs(1));
+        else
+            changed.append({file, date});
+    }
+    for (const Changed& one : qAsConst(changed)) {
+        if (QFileInfo(one.file).lastModified().toSecsSinceEpoch()
+            <= one.predecessor.toSecsSinceEpoch())
+            setDate(one.file, one.predecessor.addSecs(1));
     }
 }
 

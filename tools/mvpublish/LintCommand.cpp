@@ -7,22 +7,6 @@
 #include "tree/ReadTree.h"
 
 #include <QJsonDocument>
-#include <QStringList>
-
-namespace {
-
-/// Returns "clean", "1 error", "2 errors, 1 warning" or "1 warning".
-QString summary(int errors, int warnings)
-{
-    QStringList counts;
-    if (errors > 0)
-        counts.append(Console::counted(errors, QStringLiteral("error")));
-    if (warnings > 0)
-        counts.append(Console::counted(warnings, QStringLiteral("warning")));
-    return counts.isEmpty() ? QStringLiteral("clean") : counts.join(QStringLiteral(", "));
-}
-
-} // namespace
 
 int LintCommand::run(const Arguments& arguments)
 {
@@ -31,7 +15,6 @@ int LintCommand::run(const Arguments& arguments)
     if (!tree.open(arguments.operands.constFirst(), &error))
         return Console::fail(ExitStatus::failure, error);
     const Findings findings = Lint::check(tree);
-    const int errors = Lint::count(findings, Severity::Error);
     if (arguments.json) {
         Console::print(Lint::json(tree, findings));
     } else {
@@ -39,7 +22,7 @@ int LintCommand::run(const Arguments& arguments)
             Console::print(Lint::text(finding));
             Console::print(QStringLiteral("    ") + finding.advice);
         }
-        Console::print(summary(errors, Lint::count(findings, Severity::Warning)));
+        Console::print(Lint::summary(findings));
     }
-    return errors == 0 ? ExitStatus::success : ExitStatus::findings;
+    return Lint::count(findings, Severity::Error) == 0 ? ExitStatus::success : ExitStatus::findings;
 }

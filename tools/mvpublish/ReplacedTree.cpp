@@ -1,5 +1,6 @@
 #include "ReplacedTree.h"
 
+#include "download/ReleasePaths.h"
 #include "records/KindTable.h"
 #include "tree/Editions.h"
 #include "tree/FolderContent.h"
@@ -44,8 +45,9 @@ QSet<QString> namesOfInstallation(const QString& folder)
 
 QString ReplacedTree::fault(const QString& folder, bool installed)
 {
-    QSet<QString> names =
-        installed ? namesOfInstallation(folder) : QSet<QString>{QStringLiteral("config")};
+    QSet<QString> names = installed
+        ? namesOfInstallation(folder)
+        : QSet<QString>{QStringLiteral("config"), ReleasePaths::contentFolder()};
     names += {Editions::catalogueFolder, QStringLiteral("display")};
     QStringList entries;
     QString error;

@@ -4,6 +4,7 @@
 #include "Source.h"
 #include "tree/Archive.h"
 #include "tree/FileNames.h"
+#include "tree/ServedFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -14,20 +15,6 @@
 namespace {
 
 const QString catalogues = Editions::catalogueFolder + QLatin1Char('/');
-
-/// Readable by any server, whatever the permissions in the source.
-constexpr QFileDevice::Permissions served = QFileDevice::ReadOwner | QFileDevice::WriteOwner
-    | QFileDevice::ReadGroup | QFileDevice::ReadOther;
-constexpr QFileDevice::Permissions entered =
-    served | QFileDevice::ExeOwner | QFileDevice::ExeGroup | QFileDevice::ExeOther;
-
-/// Closes a written file. Returns false, with an error text, even if the file system reports only
-/// then that it could not store everything.
-bool close(QFile& file)
-{
-    file.close();
-    return file.error() == QFileDevice::NoError;
-}
 
 /// Returns the folder of an entry of the tree; empty for the tree itself.
 QString parentOf(const QString& name)
@@ -186,45 +173,16 @@ bool TreeBuilder::write(const QString& name, const QByteArray& content)
 {
     if (!place(name))
         return false;
-    QFile file(m_folder + QLatin1Char('/') + name);
-    const bool ok = file.open(QIODevice::WriteOnly | QIODevice::NewOnly)
-        && file.write(content) == content.size() && file.flush() && file.setPermissions(served)
-        && close(file);
     m_bytes += content.size();
-    return ok || fail(QStringLiteral("%1: %2").arg(file.fileName(), file.errorString()));
+    return ServedFiles::write(m_folder + QLatin1Char('/') + name, content, &m_error);
 }
 
-/// Not QFile::copy(), which flushes every file to disk.
 bool TreeBuilder::copy(const QString& from, const QString& name)
 {
-    constexpr qint64 piece = 1 << 20;
-    QFile source(from);
-    if (!source.open(QIODevice::ReadOnly))
-        return fail(QStringLiteral("%1: %2").arg(from, source.errorString()));
-    const qint64 size = source.size();
-    const auto unreadable = [&] {
-        return fail(
-            QStringLiteral("%1 cannot be read to its end: %2").arg(from, source.errorString()));
-    };
-    if (size <= piece) {
-        const QByteArray content = source.readAll();
-        return content.size() == size ? write(name, content) : unreadable();
-    }
     if (!place(name))
         return false;
-    QFile file(m_folder + QLatin1Char('/') + name);
-    bool ok = file.open(QIODevice::WriteOnly | QIODevice::NewOnly) && file.setPermissions(served);
-    qint64 read = 0;
-    while (ok && read < size) {
-        const QByteArray part = source.read(piece);
-        if (part.isEmpty())
-            return unreadable();
-        read += part.size();
-        ok = file.write(part) == part.size();
-    }
-    m_bytes += size;
-    return (ok && file.flush() && close(file))
-        || fail(QStringLiteral("%1: %2").arg(file.fileName(), file.errorString()));
+    m_bytes += QFileInfo(from).size();
+    return ServedFiles::copy(from, m_folder + QLatin1Char('/') + name, &m_error);
 }
 
 bool TreeBuilder::pack(const QString& folder, const QString& name)
@@ -235,7 +193,7 @@ bool TreeBuilder::pack(const QString& folder, const QString& name)
     const QString to = m_folder + QLatin1Char('/') + name;
     if (!Archive::pack(folder, to, &error))
         return fail(error);
-    QFile::setPermissions(to, served);
+    ServedFiles::makeReadable(to);
     m_bytes += QFileInfo(to).size();
     return true;
 }
@@ -244,21 +202,16 @@ bool TreeBuilder::pack(const QString& folder, const QString& name)
 bool TreeBuilder::place(const QString& name)
 {
     m_written.insert(name);
-    ++m_files;
     return makeFolder(parentOf(name));
 }
 
-/// Creates a folder that any server can read, whatever the umask.
 bool TreeBuilder::makeFolder(const QString& name)
 {
     if (name.isEmpty() || m_folders.contains(name))
         return true;
     m_folders.insert(name);
-    if (!makeFolder(parentOf(name)))
-        return false;
-    const QString folder = m_folder + QLatin1Char('/') + name;
-    return (QDir().mkdir(folder) && QFile::setPermissions(folder, entered))
-        || fail(QStringLiteral("%1 cannot be made").arg(folder));
+    return makeFolder(parentOf(name))
+        && ServedFiles::makeFolder(m_folder + QLatin1Char('/') + name, &m_error);
 }
 
 bool TreeBuilder::fail(const QString& text)

@@ -22,7 +22,8 @@ public:
 
     /// Returns why it failed.
     QString errorText() const { return m_error; }
-    int fileCount() const { return m_files; }
+    /// Returns the names of the written files, relative to the folder.
+    const QSet<QString>& files() const { return m_written; }
     qint64 byteCount() const { return m_bytes; }
 
 private:
@@ -46,6 +47,5 @@ private:
     QSet<QString> m_written;
     QSet<QString> m_folders;
     QString m_error;
-    int m_files = 0;
     qint64 m_bytes = 0;
 };

@@ -1,5 +1,6 @@
 #include "TreeDiff.h"
 
+#include "download/ReleasePaths.h"
 #include "FetchedFiles.h"
 #include "host/Utils.h"
 #include "records/KindTable.h"
@@ -110,15 +111,17 @@ bool haveSameVersion(const PublishedVersion& a, const PublishedVersion& b)
     return digits(a.content.m_qsVersion) == digits(b.content.m_qsVersion);
 }
 
-/// Returns file sizes by name.
+/// Returns file sizes by name, without the contents of the release, which are the same files.
 QMap<QString, qint64> filesOf(const ReadTree& tree)
 {
     QMap<QString, qint64> files;
+    const QString contents = ReleasePaths::contentFolder() + QLatin1Char('/');
     const QDir root(tree.folder());
     QDirIterator it(tree.folder(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
     while (it.hasNext()) {
-        const QString file = it.next();
-        files.insert(root.relativeFilePath(file), it.fileInfo().size());
+        const QString file = root.relativeFilePath(it.next());
+        if (!file.startsWith(contents))
+            files.insert(file, it.fileInfo().size());
     }
     return files;
 }

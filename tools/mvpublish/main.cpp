@@ -1,13 +1,16 @@
-// mvpublish: creates, checks and serves the tree of a resource server, for its operators.
+// mvpublish: creates, signs, checks and serves the tree of a resource server, for its operators.
 
 #include "Arguments.h"
 #include "BuildCommand.h"
 #include "Console.h"
 #include "DiffCommand.h"
 #include "ExitStatus.h"
+#include "KeygenCommand.h"
 #include "LintCommand.h"
 #include "NewCommand.h"
 #include "ServeCommand.h"
+#include "SignCommand.h"
+#include "VerifyCommand.h"
 
 #include <QCoreApplication>
 
@@ -21,8 +24,14 @@ int dispatch(const Arguments& arguments)
         return LintCommand::run(arguments);
     if (arguments.command == QLatin1String("diff"))
         return DiffCommand::run(arguments);
+    if (arguments.command == QLatin1String("keygen"))
+        return KeygenCommand::run(arguments);
+    if (arguments.command == QLatin1String("sign"))
+        return SignCommand::run(arguments);
     if (arguments.command == QLatin1String("serve"))
         return ServeCommand::run(arguments);
+    if (arguments.command == QLatin1String("verify"))
+        return VerifyCommand::run(arguments);
     return BuildCommand::run(arguments);
 }
 

@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
+#include <QRegularExpression>
 #include <QStringList>
 
 #include <sys/stat.h>
@@ -55,6 +56,7 @@ TreeFile::TreeFile(const QString& folder, const QByteArray& address)
     if (!opened->open(QIODevice::ReadOnly) || ::fstat(opened->handle(), &info) != 0)
         return;
     m_file = std::move(opened);
+    m_path = path;
     m_size = info.st_size;
     m_modified = info.st_mtim.tv_sec;
     constexpr qint64 milli = 1000;
@@ -85,6 +87,11 @@ QByteArray TreeFile::contentType() const
 
 QByteArray TreeFile::cacheControl() const
 {
+    // A content named after its digest never changes; its signature may.
+    static const QRegularExpression content(
+        QStringLiteral("\\A/content/[0-9a-f]{2}/[0-9a-f]{64}\\z"));
+    if (content.match(m_path).hasMatch())
+        return "public, max-age=31536000, immutable";
     const bool isVersion =
         QFileInfo(m_file->fileName()).fileName().startsWith(QLatin1String("resource_version"));
     return isVersion ? "no-store" : "no-cache";

@@ -25,7 +25,8 @@ public:
     /// Returns a validator that changes whenever the file does.
     QByteArray entityTag() const { return m_entityTag; }
     QByteArray lastModified() const { return m_lastModified; }
-    /// Returns the Cache-Control value: version files are not stored, all others are revalidated.
+    /// Returns the Cache-Control value: version files are not stored, contents named after their
+    /// digest are kept for a year without asking, all others are revalidated.
     QByteArray cacheControl() const;
 
     /// Returns whether a client whose copy has these validators needs no body. An empty value means
@@ -36,6 +37,7 @@ public:
 
 private:
     std::shared_ptr<QFile> m_file;
+    QString m_path; // below the folder, with a slash in front
     qint64 m_size = 0;
     qint64 m_modified = 0; // seconds
     QByteArray m_entityTag;

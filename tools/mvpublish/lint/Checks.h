@@ -22,6 +22,8 @@ void previews(LintContext& context);
 void themes(LintContext& context);
 /// Checks the list of an installation's themes by type.
 void themeTypes(LintContext& context);
+/// Checks the release of a server's tree, if it has one.
+void release(LintContext& context);
 /// Checks for unused items and files. Must be last: it needs the files met by the others.
 void unused(LintContext& context);
 

@@ -1,11 +1,13 @@
 #include "lint/Lint.h"
 
+#include "Console.h"
 #include "lint/Checks.h"
 #include "lint/LintContext.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QStringList>
 
 #include <algorithm>
 #include <tuple>
@@ -17,9 +19,13 @@ Findings check(const ReadTree& tree)
     LintContext context(tree);
     for (const auto run : {&Checks::versions, &Checks::configGuids, &Checks::displays,
                            &Checks::editions, &Checks::itemFiles, &Checks::previews,
-                           &Checks::themes, &Checks::themeTypes, &Checks::unused})
+                           &Checks::themes, &Checks::themeTypes, &Checks::release, &Checks::unused})
         run(context);
-    Findings findings = context.findings();
+    return sorted(context.findings());
+}
+
+Findings sorted(Findings findings)
+{
     std::stable_sort(findings.begin(), findings.end(), [](const Finding& a, const Finding& b) {
         return std::tie(a.file, a.line) < std::tie(b.file, b.line);
     });
@@ -31,6 +37,18 @@ int count(const Findings& findings, Severity severity)
     return static_cast<int>(
         std::count_if(findings.cbegin(), findings.cend(),
                       [severity](const Finding& finding) { return finding.severity == severity; }));
+}
+
+QString summary(const Findings& findings)
+{
+    const int errors = count(findings, Severity::Error);
+    const int warnings = count(findings, Severity::Warning);
+    QStringList counts;
+    if (errors > 0)
+        counts.append(Console::counted(errors, QStringLiteral("error")));
+    if (warnings > 0)
+        counts.append(Console::counted(warnings, QStringLiteral("warning")));
+    return counts.isEmpty() ? QStringLiteral("clean") : counts.join(QStringLiteral(", "));
 }
 
 QString text(const Finding& finding)

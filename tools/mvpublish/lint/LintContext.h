@@ -19,6 +19,8 @@ public:
     /// Adds a warning.
     void warn(const char* code, const QString& file, int line, const QString& item,
               const QString& message, const QString& advice);
+    /// Adds what a check that does not know the context has found.
+    void add(const Finding& finding) { m_findings.append(finding); }
     const Findings& findings() const { return m_findings; }
 
     /// Returns "{GUID} Name", for findings.

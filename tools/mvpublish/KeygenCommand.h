@@ -1,0 +1,10 @@
+#pragma once
+
+class Arguments;
+
+namespace KeygenCommand {
+
+/// Writes a new key with which releases are signed. Returns the exit status.
+int run(const Arguments& arguments);
+
+} // namespace KeygenCommand

@@ -1,0 +1,10 @@
+#pragma once
+
+class Arguments;
+
+namespace SignCommand {
+
+/// Signs the release of a tree. Returns the exit status.
+int run(const Arguments& arguments);
+
+} // namespace SignCommand

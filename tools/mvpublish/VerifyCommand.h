@@ -1,0 +1,10 @@
+#pragma once
+
+class Arguments;
+
+/// Implements "mvpublish verify".
+namespace VerifyCommand {
+
+int run(const Arguments& arguments);
+
+} // namespace VerifyCommand

@@ -1,0 +1,46 @@
+#include "release/ContentFolder.h"
+
+#include "download/ReleasePaths.h"
+#include "tree/ServedFiles.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <unistd.h>
+
+ContentFolder::ContentFolder(const QString& tree)
+    : m_tree(tree)
+{
+}
+
+bool ContentFolder::contains(const QByteArray& digest) const
+{
+    return QFileInfo::exists(m_tree + QLatin1Char('/') + ReleasePaths::content(digest));
+}
+
+bool ContentFolder::add(const QString& file, const QByteArray& digest)
+{
+    return place(file, ReleasePaths::content(digest));
+}
+
+bool ContentFolder::addSignature(const QString& file, const QByteArray& releaseDigest)
+{
+    return place(file, ReleasePaths::signatureOf(releaseDigest));
+}
+
+bool ContentFolder::place(const QString& file, const QString& name)
+{
+    const QString target = m_tree + QLatin1Char('/') + name;
+    if (QFileInfo::exists(target))
+        return true;
+    const QString folder = m_tree + QLatin1Char('/') + ReleasePaths::contentFolder();
+    if (!ServedFiles::makeFolder(folder, &m_error)
+        || !ServedFiles::makeFolder(QFileInfo(target).path(), &m_error))
+        return false;
+    // Whatever keeps a file from being linked (the file system, its limit of links, a file of
+    // another user) does not keep it from being copied.
+    return (m_canLink
+            && ::link(QFile::encodeName(file).constData(), QFile::encodeName(target).constData())
+                == 0)
+        || ServedFiles::copy(file, target, &m_error);
+}
