@@ -18,10 +18,15 @@ public:
 
     /// Adds a file of directives to the server's configuration. Call it before start().
     void include(const QString& file) { m_include = file; }
+    /// Adds one beside the server. Call it before start().
+    void includeBeside(const QString& file) { m_includeBeside = file; }
 
     /// Serves `tree`; writes its own files into `work`, which is created. On false see errorText().
     bool start(const QString& tree, const QString& work);
     QString errorText() const { return m_error; }
+
+    /// Terminates the server; its port refuses connections then.
+    void stop();
 
     /// Returns "http://127.0.0.1:PORT/".
     QString url() const;
@@ -42,6 +47,7 @@ private:
     Process m_process;
     quint16 m_port = 0;
     QString m_include;
+    QString m_includeBeside;
     QString m_work;
     QString m_error;
 };
