@@ -110,7 +110,7 @@ QString EditorProgram::preferencesFile() const
 int EditorProgram::exec(MainWindow& window, CatalogueUpdate& check)
 {
     window.show();
-    check.start();
+    check.startSpread();
     return QApplication::exec();
 }
 

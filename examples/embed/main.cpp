@@ -33,6 +33,6 @@ int main(int argc, char** argv)
         catalogue->load(true);
         themes.refill();
     });
-    update.start();
+    update.startSpread();
     return QApplication::exec();
 }

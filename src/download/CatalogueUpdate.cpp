@@ -5,7 +5,7 @@
 
 #include <QEventLoop>
 #include <QPointer>
-#include <QTimer>
+#include <QRandomGenerator>
 
 #include <chrono>
 
@@ -21,6 +21,8 @@ constexpr std::chrono::milliseconds maxShutDown{1700};
 CatalogueUpdate::CatalogueUpdate(QObject* parent)
     : QObject(parent)
 {
+    m_wait.setSingleShot(true);
+    connect(&m_wait, &QTimer::timeout, this, &CatalogueUpdate::endWait);
     Coordinator* const coordinator = Coordinator::instance();
     connect(coordinator, &Coordinator::sig_NeedUpdateApp, this, [this] {
         if (isRunning() && !m_isShutDown)
@@ -43,6 +45,9 @@ CatalogueUpdate::Phase CatalogueUpdate::phase() const
     case State::Refused:
     case State::Finished:
         break;
+    case State::Waiting:
+    case State::CancellingWait:
+        return Phase::Waiting;
     case State::Checking:
     case State::CancellingCheck:
         return Phase::Catalogue;
@@ -55,13 +60,32 @@ CatalogueUpdate::Phase CatalogueUpdate::phase() const
 
 bool CatalogueUpdate::isCancelling() const
 {
-    return m_state == State::CancellingCheck || m_state == State::CancellingPreviews;
+    return m_state == State::CancellingWait || m_state == State::CancellingCheck
+        || m_state == State::CancellingPreviews;
 }
 
 bool CatalogueUpdate::start()
 {
-    if (isRunning() || m_isShutDown)
+    return !isRunning() && !m_isShutDown && begin();
+}
+
+bool CatalogueUpdate::startSpread()
+{
+    if (isRunning() || isWaiting() || m_isShutDown)
         return false;
+    const std::chrono::milliseconds spread =
+        std::chrono::seconds(hostSettings().checkSpreadSeconds);
+    if (spread.count() <= 0)
+        return begin();
+    enter(State::Waiting);
+    m_wait.start(QRandomGenerator::global()->bounded(static_cast<int>(spread.count()) + 1));
+    announcePhase();
+    return true;
+}
+
+bool CatalogueUpdate::begin()
+{
+    m_wait.stop();
     m_result = SCatalogueUpdateResult();
     enter(State::Checking); // before the coordinator emits signals
     const bool isAccepted = Coordinator::instance()->startDownloadXML();
@@ -73,6 +97,10 @@ bool CatalogueUpdate::start()
 
 void CatalogueUpdate::cancel()
 {
+    if (isWaiting()) {
+        enter(State::CancellingWait);
+        m_wait.start(0);
+    }
     if (!isRunning())
         return;
     enter(phase() == Phase::Catalogue ? State::CancellingCheck : State::CancellingPreviews);
@@ -84,6 +112,8 @@ bool CatalogueUpdate::shutDown()
 {
     m_isShutDown = true;
     cancel();
+    if (isWaiting())
+        endWait();
     if (!isRunning())
         return true;
     QEventLoop loop;
@@ -168,6 +198,25 @@ void CatalogueUpdate::finishIfOver()
     if (phase() != Phase::Previews || isChecking || coordinator.isFetchingPreviews())
         return;
     m_result.m_eEnd = end();
+    finish();
+}
+
+/// Ends the wait: the update begins, unless it was cancelled.
+void CatalogueUpdate::endWait()
+{
+    if (!isCancelling()) {
+        begin();
+        return;
+    }
+    m_result = SCatalogueUpdateResult();
+    m_result.m_check.m_eEnd = eCatalogueCheck_Cancelled;
+    m_result.m_eEnd = eCatalogueUpdate_Cancelled;
+    finish();
+}
+
+void CatalogueUpdate::finish()
+{
+    m_wait.stop();
     enter(State::Finished);
     const SCatalogueUpdateResult result = m_result; // a receiver may start the next update
     announcePhase();

@@ -5,33 +5,42 @@
 #include "records/MvResourceExport.h"
 
 #include <QObject>
+#include <QTimer>
 
 /// Brings the catalogue and its previews up to date, as one operation with a phase, numbers and one
 /// outcome. It drives MVThemeDownLoader_CheckCfg, so a host need not know that class.
 ///
 ///     connect(&update, &CatalogueUpdate::contentArrived, this, &Window::reloadCatalogue);
-///     update.start();
+///     update.startSpread();
 ///
 /// The object belongs to the thread of MVThemeDownLoader_CheckCfg, usually the GUI's, which makes
 /// all calls and receives all signals; it needs an event loop. When finished() is emitted, nothing
 /// uses the catalogue files any more. Destroying the object lets a running update continue without
-/// reports; shutDown() ends it.
+/// reports, and a waiting one never begins; shutDown() ends both.
 class MVRESOURCE_EXPORT CatalogueUpdate : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The check of the catalogue files comes first, then the previews.
-    enum class Phase { Idle, Catalogue, Previews };
+    /// The check of the catalogue files comes first, then the previews. startSpread() puts Waiting
+    /// before them, in which nothing is requested.
+    enum class Phase { Idle, Catalogue, Previews, Waiting };
     Q_ENUM(Phase)
 
     explicit CatalogueUpdate(QObject* parent = nullptr);
 
-    /// Starts an update. Returns false and does nothing while one is running, after shutDown(), and
-    /// if the coordinator refuses another check: then isRefused() is true until the process ends.
+    /// Starts an update at once, for a user who asks for it; one that waits begins. Returns false
+    /// and does nothing while one is running, after shutDown(), and if the coordinator refuses
+    /// another check: then isRefused() is true until the process ends.
     bool start();
-    /// Cancels the running update, including a phase that has not begun. finished() follows within
-    /// 200 ms, unless files are being read or copied.
+    /// Starts an update for a program that checks by itself, such as at its start: it waits a
+    /// random time of at most HostSettings::checkSpreadSeconds, then does what start() does. If
+    /// that is refused, phaseChanged(Idle) is emitted and isRefused() becomes true. Returns false
+    /// and does nothing while an update is waiting, and as start() does; with a spread of 0 it is
+    /// start().
+    bool startSpread();
+    /// Cancels the waiting or running update, including a phase that has not begun. finished()
+    /// follows within 200 ms, unless files are being read or copied.
     void cancel();
     /// Cancels and waits for the end, for at most 1.7 s, in an event loop without user input. No
     /// signals are emitted afterwards and no update can be started. Returns whether nothing is
@@ -39,11 +48,13 @@ public:
     bool shutDown();
 
     Phase phase() const;
-    bool isRunning() const { return phase() != Phase::Idle; }
+    /// Returns whether an update is checking or fetching; one that waits is not running.
+    bool isRunning() const { return phase() == Phase::Catalogue || phase() == Phase::Previews; }
+    bool isWaiting() const { return phase() == Phase::Waiting; }
     bool isRefused() const { return m_state == State::Refused; }
     /// Returns the progress of the phase; zeros while no update is running.
     const SUpdateProgress& progress() const { return m_progress; }
-    /// Returns whether an update has finished; false again while the next one is running.
+    /// Returns whether an update has finished; false again while the next one waits or runs.
     bool hasResult() const { return m_state == State::Finished; }
     /// Returns the outcome of the last finished update. The check's result is valid from the phase
     /// Previews on.
@@ -60,13 +71,16 @@ signals:
     /// as a new catalogue has been stored; the previews that follow then replace the placeholders
     /// of their items without a reload.
     void contentArrived();
-    /// The update has ended. The last signal of an update, emitted once per successful start().
+    /// The update has ended. The last signal of an update, emitted once per update that was not
+    /// refused; a start() that ends a wait starts no other update.
     void finished(const SCatalogueUpdateResult& result);
 
 private:
     enum class State {
         New,     // no update has been started
         Refused, // the coordinator refused the last start
+        Waiting,
+        CancellingWait,
         Checking,
         CancellingCheck,  // the previews that follow will be cancelled, too
         FetchingPreviews, // or waiting for the run to begin
@@ -74,6 +88,8 @@ private:
         Finished,
     };
 
+    bool begin();
+    void endWait();
     bool isCancelling() const;
     void enter(State state);
     void announcePhase();
@@ -82,10 +98,12 @@ private:
     void notePreviewsStarted();
     void notePreviews(const SPreviewRunResult& previews);
     void finishIfOver();
+    void finish();
     ECatalogueUpdateEnd end() const;
 
     State m_state = State::New;
     bool m_isShutDown = false; // for good, whatever the state: no signals, no further update
     SUpdateProgress m_progress;
     SCatalogueUpdateResult m_result;
+    QTimer m_wait; // its timeout ends the wait, also a cancelled one
 };

@@ -82,6 +82,12 @@ struct MVHOST_EXPORT HostSettings
     /// True: a check requests the catalogue's version file only if it has changed since it was
     /// fetched (If-None-Match, If-Modified-Since). False: always. Recommended: true.
     bool conditionalRequests = false;
+    /// Seconds, 0 to maxCheckSpreadSeconds: a check that a program starts by itself waits a random
+    /// time of at most so long before its first request, so that programs that are started at the
+    /// same moment do not reach the server together (CatalogueUpdate::startSpread()). 0: it begins
+    /// at once.
+    int checkSpreadSeconds = 0;
+    static constexpr int maxCheckSpreadSeconds = 24 * 60 * 60;
     /// Recommended: eRelease_Use, or eRelease_Require with releaseKeys.
     EReleasePolicy releasePolicy = eRelease_Ignore;
     /// Public keys in the format of minisign, see ReleaseKey: a release must be signed by one of
@@ -131,7 +137,8 @@ MVHOST_EXPORT HostSettings& hostSettings();
 ///     [params]   any key = value                        (the product parameters)
 ///     [network]  connectTimeoutMs, stallTimeoutMs, versionTimeoutMs, maxDownloadBytes,
 ///                downloadRetries, retryPauseMs, retryPauseMaxMs, transfersSideBySide,
-///                downloadStepMs, proxy, caFile; checkContent, conditionalRequests (true or false)
+///                downloadStepMs, checkSpreadSeconds, proxy, caFile; checkContent,
+///                conditionalRequests (true or false)
 ///     [release]  policy (ignore, use or require), keys (comma separated)
 ///
 /// The file is UTF-8, with or without a byte order mark, and at most 1 MiB; its lines end in LF or

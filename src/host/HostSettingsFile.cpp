@@ -122,6 +122,11 @@ const HostSettingsFile::Setting HostSettingsFile::all[] = {
      [](auto& file, auto& key, auto& text, auto& settings) {
          return file.readSwitch(key, text, settings.conditionalRequests);
      }},
+    {"network/checkSpreadSeconds",
+     [](auto& file, auto& key, auto& text, auto& settings) {
+         return file.readNumber(key, text, 0, settings.checkSpreadSeconds,
+                                HostSettings::maxCheckSpreadSeconds);
+     }},
     {"release/policy",
      [](auto& file, auto&, auto& text, auto& settings) {
          return file.readReleasePolicy(text, settings);

@@ -17,6 +17,7 @@ private slots:
     void aPressedCheckFindsWhatIsNew();
     void aHiddenListKeepsItsPlace();
     void theOutcomeIsShownWhilePreviewsCome();
+    void theUserNeedNotWaitForTheFirstCheck();
     void aCheckCanBeCancelled();
     void oneCancelEndsThePreviewsToo();
     void aFailedFileAndASlowOneAreOneCheck();
@@ -146,6 +147,22 @@ void tst_editor_update::aPressedCheckFindsWhatIsNew()
     world.publish({QStringLiteral("Alpha"), QStringLiteral("Beta")});
     CatalogueFiles::write(published, QByteArray());
     VERIFY_ENDED_WELL(editor.outcome());
+}
+
+void tst_editor_update::theUserNeedNotWaitForTheFirstCheck()
+{
+    EditorWorld world;
+    world.fillRoot({QStringLiteral("Alpha")});
+    world.publish({QStringLiteral("Alpha")});
+    const QString settings = world.folder() + QStringLiteral("/host.ini");
+    CatalogueFiles::write(settings,
+                          CatalogueFiles::read(settings) + "[network]\ncheckSpreadSeconds=86400\n");
+    VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
+        wait phase waiting
+        wait text check "Check now"
+        click widget check
+        wait status "Up to date"
+    )")));
 }
 
 void tst_editor_update::aCheckCanBeCancelled()

@@ -68,7 +68,9 @@ QByteArray written(const HostSettings& settings)
         + line("retryPauseMaxMs", qint64{settings.retryPauseMaxMs})
         + line("conditionalRequests", settings.conditionalRequests)
         + line("transfersSideBySide", qint64{settings.transfersSideBySide})
-        + line("downloadStepMs", qint64{settings.downloadStepMs}) + line("proxy", settings.proxy);
+        + line("downloadStepMs", qint64{settings.downloadStepMs})
+        + line("checkSpreadSeconds", qint64{settings.checkSpreadSeconds})
+        + line("proxy", settings.proxy);
     if (!settings.caFile.isEmpty())
         text += line("caFile", settings.caFile);
     text += QStringLiteral("[params]\n");
@@ -131,6 +133,9 @@ private:
         require(settings.transfersSideBySide >= 1
                     && settings.transfersSideBySide <= HostSettings::maxTransfersSideBySide,
                 "the number of transfers is in its range");
+        require(settings.checkSpreadSeconds >= 0
+                    && settings.checkSpreadSeconds <= HostSettings::maxCheckSpreadSeconds,
+                "the spread is in its range");
     }
 
     const QString m_file = TestHome::path() + QStringLiteral("/settings.ini");

@@ -32,6 +32,8 @@ QString phaseName(CatalogueUpdate::Phase phase)
         return QStringLiteral("catalogue");
     case CatalogueUpdate::Phase::Previews:
         return QStringLiteral("previews");
+    case CatalogueUpdate::Phase::Waiting:
+        return QStringLiteral("waiting");
     }
     return {};
 }

@@ -12,7 +12,7 @@ class MainWindow;
 
 /// The conditions that a script can wait for.
 ///
-///     phase idle|catalogue|previews   of the background check
+///     phase idle|waiting|catalogue|previews   of the background check
 ///     quiet              no check is running, and its new files have been loaded
 ///     status TEXT        the check's line in the status bar contains TEXT
 ///     message TEXT       the status bar's message contains TEXT

@@ -81,6 +81,8 @@ void tst_HostSettings::recommendedSettings()
     QCOMPARE(recommended.transfersSideBySide, 6);
     QCOMPARE(plain.downloadStepMs, 500);
     QCOMPARE(recommended.downloadStepMs, 0);
+    QCOMPARE(plain.checkSpreadSeconds, 0);
+    QCOMPARE(recommended.checkSpreadSeconds, 0);
     QCOMPARE(recommended.currentSkin, plain.currentSkin);
     QCOMPARE(recommended.dataLocation, plain.dataLocation);
     QCOMPARE(recommended.stallTimeoutMs, plain.stallTimeoutMs);
@@ -124,6 +126,7 @@ void tst_HostSettings::readsEveryKey()
                                  "conditionalRequests=true\n"
                                  "transfersSideBySide=32\n"
                                  "downloadStepMs=1006\n"
+                                 "checkSpreadSeconds=86400\n"
                                  "maxDownloadBytes=8589934592\n"
                                  "downloadRetries=7\n"
                                  "retryPauseMs=1003\n"
@@ -155,6 +158,7 @@ void tst_HostSettings::readsEveryKey()
             && settings.decodeInBackground);
     QCOMPARE(settings.transfersSideBySide, 32);
     QCOMPARE(settings.downloadStepMs, 1006);
+    QCOMPARE(settings.checkSpreadSeconds, HostSettings::maxCheckSpreadSeconds);
     QCOMPARE(settings.maxDownloadBytes, Q_INT64_C(8589934592));
     QCOMPARE(settings.downloadRetries, 7);
     QCOMPARE(settings.retryPauseMs, 1003);

@@ -33,6 +33,7 @@ QStringList everything(const HostSettings& s)
                        QString::number(s.conditionalRequests),
                        QString::number(s.transfersSideBySide),
                        QString::number(s.downloadStepMs),
+                       QString::number(s.checkSpreadSeconds),
                        QString::number(s.maxDownloadBytes),
                        QString::number(s.downloadRetries),
                        QString::number(s.retryPauseMs),
@@ -206,6 +207,8 @@ void tst_HostSettingsErrors::refusesAValueOutOfRange_data()
     }
     for (const char* value : {"0", "33", "six"})
         whole("network/transfersSideBySide", value, "1 to 32");
+    for (const char* value : {"-1", "86401", "1h"})
+        whole("network/checkSpreadSeconds", value, "0 to 86400");
     for (const char* key :
          {"network/retryPauseMs", "network/retryPauseMaxMs", "network/downloadStepMs"}) {
         for (const char* value : {"-1", "2147483648", "x"})

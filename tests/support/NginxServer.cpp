@@ -57,7 +57,7 @@ const char configuration[] = R"(daemon off;
 master_process off;
 pid %1/nginx.pid;
 error_log %1/error.log;
-events { worker_connections 64; }
+events { worker_connections 512; }
 http {
     client_body_temp_path %1/body;
     proxy_temp_path %1/proxy;
@@ -67,6 +67,7 @@ http {
     log_format short '$request $status';
     access_log %1/access.log short;
     keepalive_requests 100000;
+    %5
     server {
         listen 127.0.0.1:%2;
         root %3;
@@ -74,6 +75,11 @@ http {
     }
 }
 )";
+
+QString directive(const QString& include)
+{
+    return include.isEmpty() ? QString() : QStringLiteral("include %1;").arg(include);
+}
 
 } // namespace
 
@@ -83,6 +89,11 @@ void NginxServer::Process::setupChildProcess()
 }
 
 NginxServer::~NginxServer()
+{
+    stop();
+}
+
+void NginxServer::stop()
 {
     if (m_process.state() == QProcess::NotRunning)
         return;
@@ -118,9 +129,11 @@ bool NginxServer::startOn(quint16 port, const QString& tree, const QString& work
     QFile conf(file);
     if (!conf.open(QIODevice::WriteOnly))
         return false;
-    const QString more =
-        m_include.isEmpty() ? QString() : QStringLiteral("include %1;").arg(m_include);
-    conf.write(QString::fromLatin1(configuration).arg(work).arg(port).arg(tree, more).toUtf8());
+    conf.write(QString::fromLatin1(configuration)
+                   .arg(work)
+                   .arg(port)
+                   .arg(tree, directive(m_include), directive(m_includeBeside))
+                   .toUtf8());
     conf.close();
     QStringList arguments{QStringLiteral("-e"), QStringLiteral("stderr"),
                           QStringLiteral("-p"), work,

@@ -18,6 +18,8 @@ public:
 
     /// Adds a file of directives to the server's configuration. Call it before start().
     void include(const QString& file) { m_include = file; }
+    /// Adds one beside the server. Call it before start().
+    void includeBeside(const QString& file) { m_includeBeside = file; }
 
     /// Loads a dynamic module, given by its file. Call it before start().
     void load(const QString& module) { m_module = module; }
@@ -25,6 +27,9 @@ public:
     /// Serves `tree`; writes its own files into `work`, which is created. On false see errorText().
     bool start(const QString& tree, const QString& work);
     QString errorText() const { return m_error; }
+
+    /// Terminates the server; its port refuses connections then.
+    void stop();
 
     /// Returns "http://127.0.0.1:PORT/".
     QString url() const;
@@ -46,6 +51,7 @@ private:
     quint16 m_port = 0;
     QString m_include;
     QString m_module;
+    QString m_includeBeside;
     QString m_work;
     QString m_error;
 };

@@ -112,6 +112,8 @@ void CheckCommand::announce(CatalogueUpdate::Phase phase)
     case CatalogueUpdate::Phase::Idle:
         say(QStringLiteral("all previews have been checked"));
         return;
+    case CatalogueUpdate::Phase::Waiting: // only checks that start by themselves wait
+        return;
     }
 }
 
