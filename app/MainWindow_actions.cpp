@@ -165,9 +165,8 @@ void MainWindow::exportFavourites()
         return;
     saveFavourites();
     QString path = dialog.selectedFiles().constFirst();
-    if (QFileInfo(path)
-            .suffix()
-            .isEmpty()) // Qt does not add it below a folder with a dot in its name
+    // Qt does not add it below a folder with a dot in its name.
+    if (QFileInfo(path).suffix().isEmpty())
         path += QStringLiteral(".json");
     FavouritesFile file;
     if (file.write(path))

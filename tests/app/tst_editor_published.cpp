@@ -31,8 +31,7 @@ void tst_editor_published::publish(EditorWorld& world)
         QVERIFY2(made.status == 0, made.err.constData());
         CatalogueFiles::write(shop + QStringLiteral("/catalogue.json"), "{\"version\": \"1.2.0\"}");
     }
-    // The placeholder pictures are still those of "new".
-    QCOMPARE(Mvpublish::build(shop, tree, {QStringLiteral("--force")}), QString());
+    QCOMPARE(Mvpublish::build(shop, tree), QString());
     const Outcome clean = Mvpublish::run({QStringLiteral("lint"), tree});
     QVERIFY2(clean.status == 0, clean.out.constData());
 

@@ -121,7 +121,7 @@ void TestMvpublishDiff::addedItem()
                  {text("new"), text("bgmaterial"), text("Stone"), text("--in"), source.folder()})
                  .status,
              0);
-    build(source, {text("--force")}); // with the placeholders of the new item
+    build(source);
     const Outcome outcome = diff();
     const QString guid = source.manifest(text("stone")).value(text("guid")).toString();
     QCOMPARE(lines(outcome, "added"),

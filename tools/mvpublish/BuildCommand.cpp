@@ -104,9 +104,9 @@ bool write(const Arguments& arguments, const Source& source, const QDateTime& no
     return isReleased;
 }
 
-/// Checks the written tree before anybody sees it, and prints the errors. Returns what keeps it
-/// from being published: errors, and pictures that nobody has replaced, of which the source has
-/// warned; empty: nothing.
+/// Checks the written tree before anybody sees it, and prints the errors; of what is only a warning,
+/// the source has told. Returns the number of errors in words, or why the tree cannot be read;
+/// empty: none.
 QString treeFault(const FolderSwitch& place)
 {
     ReadTree tree;
@@ -114,20 +114,12 @@ QString treeFault(const FolderSwitch& place)
     if (!tree.open(place.folder(), &error))
         return error;
     const Findings findings = Lint::check(tree);
-    QStringList faults;
-    int placeholders = 0;
     for (const Finding& finding : findings) {
         if (finding.severity == Severity::Error)
             Console::note(Lint::text(finding));
-        else if (finding.code == QLatin1String("placeholder"))
-            ++placeholders;
     }
     const int errors = Lint::count(findings, Severity::Error);
-    if (errors > 0)
-        faults.append(Console::counted(errors, QStringLiteral("error")));
-    if (placeholders > 0)
-        faults.append(Console::counted(placeholders, QStringLiteral("placeholder")));
-    return faults.join(QStringLiteral(" and "));
+    return errors > 0 ? Console::counted(errors, QStringLiteral("error")) : QString();
 }
 
 int publish(const Arguments& arguments, const Source& source, const QDateTime& now,
