@@ -316,16 +316,16 @@ bool CheckWorker_CfgAndDisplayXML::stopIfCancelled(int level, const QString& url
 void CheckWorker_CfgAndDisplayXML::noteFailure(ETransferResult result,
                                                const STransferFailure& failure, bool isVersion)
 {
+    const bool isOther = m_release && result == eTransfer_NotPublished;
+    const bool isUnreachable =
+        result == eTransfer_Network || (isVersion && !isOther && result != eTransfer_TooLarge);
     if (result == eTransfer_Cancelled)
         note(eCatalogueCheck_Cancelled, QString(), eFailure_Cancelled);
     else if (result == eTransfer_LocalFile)
         note(eCatalogueCheck_NotStored, failure.m_qsDetails, failure.m_eCause);
-    else if (m_release && result == eTransfer_NotPublished)
-        note(eCatalogueCheck_Rejected, failure.m_qsDetails, failure.m_eCause);
-    else if (result == eTransfer_Network || (isVersion && result != eTransfer_TooLarge))
-        note(eCatalogueCheck_Unreachable, failure.m_qsDetails, failure.m_eCause);
     else
-        note(eCatalogueCheck_Rejected, failure.m_qsDetails, failure.m_eCause);
+        note(isUnreachable ? eCatalogueCheck_Unreachable : eCatalogueCheck_Rejected,
+             failure.m_qsDetails, failure.m_eCause);
 }
 
 void CheckWorker_CfgAndDisplayXML::note(ECatalogueCheckEnd end, const QString& reason,

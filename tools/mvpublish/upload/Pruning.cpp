@@ -79,7 +79,8 @@ void Pruning::forgetNames(const QHash<QByteArray, ReleaseList>& lists, qint64 fi
     const QMap<qint64, UploadRecord>& records = m_remote.records();
     for (auto it = records.cbegin(); it != records.lowerBound(first); ++it) {
         files.insert(UploadRecord::path(it.key()));
-        for (const ReleaseList::Entry& entry : lists.value(it->m_listDigest).entries())
+        const ReleaseList list = lists.value(it->m_listDigest);
+        for (const ReleaseList::Entry& entry : list.entries())
             files.insert(QString::fromUtf8(entry.path));
     }
     for (auto it = m_remote.files().cbegin(); it != m_remote.files().cend(); ++it) {
