@@ -60,7 +60,7 @@ QStringList StorageScenario::temporaryPlaces() const
 
 QString StorageScenario::brokenState(const States& states) const
 {
-    const QString broken = MvresScenario::brokenState(states);
+    QString broken = MvresScenario::brokenState(states);
     if (!broken.isEmpty() || m_command == Command::Clean)
         return broken;
     const bool isNew = states.now.isSameAt(definition, states.after);
