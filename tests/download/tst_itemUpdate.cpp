@@ -70,7 +70,8 @@ void tst_itemUpdate::currentItemNeedsNoRequest()
     QCOMPARE(outcome.m_eEnd, eItemUpdate_Complete);
     QCOMPARE(outcome.m_nStored, 0);
     // The picture of a theme that has none on the server is asked for again.
-    for (const QByteArray& target : m_world.targets().mid(before))
+    const QByteArrayList targets = m_world.targets().mid(before);
+    for (const QByteArray& target : targets)
         QVERIFY2(target.contains("display/"), target.constData());
 }
 

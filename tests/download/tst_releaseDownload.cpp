@@ -64,7 +64,8 @@ SPreviewRunResult tst_releaseDownload::fetchPreviews()
 void tst_releaseDownload::itemFilesComeByDigest()
 {
     QCOMPARE(download(StorageWorld::theme(1)).m_eEnd, eItemDownload_Complete);
-    for (const QByteArray& target : m_world.targets())
+    const QByteArrayList targets = m_world.targets();
+    for (const QByteArray& target : targets)
         QVERIFY2(!target.startsWith("/config/"), target.constData());
     QVERIFY(m_world.targets().contains(ReleaseWorld::contentTarget(StorageWorld::archive(12))));
     qint64 read = 0;
@@ -173,7 +174,8 @@ void tst_releaseDownload::nothingIsAskedForByDefault()
     hostSettings().releasePolicy = HostSettings().releasePolicy;
     const int before = m_world.targets().size();
     QCOMPARE(download(StorageWorld::theme(1)).m_eEnd, eItemDownload_Complete);
-    for (const QByteArray& target : m_world.targets().mid(before))
+    const QByteArrayList targets = m_world.targets().mid(before);
+    for (const QByteArray& target : targets)
         QVERIFY2(!target.startsWith("/content/"), target.constData());
 }
 
