@@ -104,9 +104,9 @@ bool write(const Arguments& arguments, const Source& source, const QDateTime& no
     return isReleased;
 }
 
-/// Checks the written tree before anybody sees it, and prints the errors; of what is only a warning,
-/// the source has told. Returns the number of errors in words, or why the tree cannot be read;
-/// empty: none.
+/// Checks the written tree before anybody sees it, and prints the errors; of what is only a
+/// warning, the source has told. Returns the number of errors in words, or why the tree cannot be
+/// read; empty: none.
 QString treeFault(const FolderSwitch& place)
 {
     ReadTree tree;
