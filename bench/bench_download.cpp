@@ -266,7 +266,7 @@ int main(int argc, char** argv)
     }
     addPair(ratios, server, folder, "1x1GB", {1, largeSize, largeRepetitions});
     addDigestPair(ratios, server, folder, "1000x20kB", {smallFiles, smallSize, smallRepetitions});
-    addDigestPair(ratios, server, folder, "1x1GB", {1, largeSize, largeRepetitions});
+    addDigestPair(ratios, server, folder, "1x1GB", {1, largeSize, smallRepetitions});
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks(&ratios);
     return ratios.finish();

@@ -1,10 +1,12 @@
 #include "download/AcceptedRelease.h"
 
+#include "download/AnswerCache.h"
 #include "download/CheckWorker_CfgAndDisplayXML.h"
 #include "download/ReleasePaths.h"
 #include "download/ReleaseStore.h"
 #include "host/HostSettings.h"
 
+#include <QFile>
 #include <QStringList>
 #include <QUrl>
 
@@ -41,6 +43,12 @@ AcceptedRelease::Pointer AcceptedRelease::current()
         cachedState = cached ? state : QString(); // what cannot be read now may be readable later
     }
     return cached;
+}
+
+bool AcceptedRelease::isUnusable()
+{
+    return hostSettings().releasePolicy != eRelease_Ignore && !current()
+        && QFile::exists(AnswerCache::ofRelease().path());
 }
 
 QString AcceptedRelease::urlOf(const QString& path)

@@ -26,6 +26,10 @@ public:
     /// is to ignore releases. Reads the files only if they have changed since the last call.
     static Pointer current();
 
+    /// Returns whether a release has been stored that current() does not return, since it cannot be
+    /// read, is damaged or is not signed by a trusted key. The next check fetches it again.
+    static bool isUnusable();
+
     AcceptedRelease(QByteArray text, SRelease release, ReleaseList list, QByteArray signature);
 
     const SRelease& release() const { return m_release; }

@@ -39,6 +39,7 @@ FileHolders::FileHolders()
         // The catalogue's own items; it hands them out to be changed elsewhere, too.
         auto& items = const_cast<QVector<SCfg_Item>&>(*displayed.ofKind(kind.type));
         for (SCfg_Item& item : items) {
+            m_isComplete = MVThemeMgr::init()->ensureThemeParsed(item) && m_isComplete;
             const Holder holder = {&item, filesOf(item)};
             if (holder.files.isEmpty())
                 continue;

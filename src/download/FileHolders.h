@@ -31,11 +31,16 @@ public:
     /// Returns the number of items on disk that need a file.
     int countOf(const QString& path) const { return m_counts.value(path); }
 
+    /// Returns whether the definitions of all themes on disk could be read: otherwise, what they
+    /// use is unknown.
+    bool isComplete() const { return m_isComplete; }
+
     /// Returns those files of an item and of all that it uses that a removal may concern: present,
     /// in the download root, no pictures.
     static QVector<ItemFiles::Entry> filesOf(SCfg_Item& item);
 
 private:
     QVector<Holder> m_holders;
+    bool m_isComplete = true;
     QHash<QString, int> m_counts; // by path
 };

@@ -188,7 +188,10 @@ bool ItemUpdate::Run::storeFile(const File& file)
     if (!replace(file.staged, path))
         return false;
     FileLedger::instance()->note(path, file.source.published);
-    FileTurn::followArrival(path, MVThemeDownLoader::coreContext());
+    const bool isPicture = file.entry.role == ItemFiles::Role::Thumbnail
+        || file.entry.role == ItemFiles::Role::Preview;
+    if (!isPicture)
+        FileTurn::followArrival(path, MVThemeDownLoader::coreContext());
     return true;
 }
 

@@ -22,6 +22,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <functional>
 #include <numeric>
 
 namespace {
@@ -139,13 +140,42 @@ bool isInAny(const QSet<QString>& folders, const QString& path, const QString& t
     return false;
 }
 
-/// Removes the folders above a file that have become empty, up to a half of the root.
-void removeEmptyFolders(const QString& path, const QString& half)
+/// Returns the folders that may be empty: those of the kinds, and those beside files of the
+/// catalogues, for their unpacked content.
+QSet<QString> lastingFolders()
 {
-    for (QString folder = QFileInfo(path).path(); folder.size() > half.size();
-         folder = QFileInfo(folder).path()) {
-        if (!QDir().rmdir(folder))
-            return;
+    MVThemeMgr* const manager = MVThemeMgr::init();
+    QSet<QString> folders;
+    for (const SKindInfo& kind : KindTable::all()) {
+        for (const auto half : {MVThemeMgr::eDirTag_Config, MVThemeMgr::eDirTag_Display}) {
+            folders.insert(QDir::cleanPath(
+                manager->Path_resource_Dir(MVThemeMgr::eLoadDir_Download, half, kind.type)));
+        }
+    }
+    const QSet<QString> files = namedFiles();
+    for (const QString& file : files) {
+        const QFileInfo info(file);
+        folders.insert(info.path() + QLatin1Char('/') + info.completeBaseName());
+    }
+    return folders;
+}
+
+/// Removes empty folders, also those of an earlier cleaning that was interrupted.
+void removeEmptyFolders()
+{
+    const QSet<QString> lasting = lastingFolders();
+    const QStringList tops = halves();
+    for (const QString& top : tops) {
+        QStringList folders;
+        QDirIterator each(top, QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks,
+                          QDirIterator::Subdirectories);
+        while (each.hasNext())
+            folders.append(QDir::cleanPath(each.next()));
+        std::sort(folders.begin(), folders.end(), std::greater<>()); // inner ones first
+        for (const QString& folder : qAsConst(folders)) {
+            if (!lasting.contains(folder) && MVThemeMgr::init()->isDownloadPath(folder))
+                QDir().rmdir(folder); // only if it is empty
+        }
     }
 }
 
@@ -195,7 +225,10 @@ Removal ResourceStorage::remove(SCfg_Item& item) const
     QVector<ItemFiles::Entry> files = FileHolders::filesOf(item);
     files.erase(std::remove_if(files.begin(), files.end(),
                                [&](const ItemFiles::Entry& file) {
-                                   return holders.countOf(file.path) > ownCount;
+                                   // Another theme may use what this one uses.
+                                   const bool isInDoubt =
+                                       !holders.isComplete() && file.item != &item;
+                                   return isInDoubt || holders.countOf(file.path) > ownCount;
                                }),
                 files.end());
     std::stable_partition(files.begin(), files.end(), [&](const ItemFiles::Entry& file) {
@@ -272,12 +305,9 @@ qint64 ResourceStorage::clean() const
         if (!MVThemeMgr::init()->isDownloadPath(path) || !QFile::remove(path))
             continue;
         bytes += size;
-        const QStringList tops = halves();
-        for (const QString& top : tops) {
-            if (path.startsWith(top + QLatin1Char('/')))
-                removeEmptyFolders(path, top);
-        }
     }
+    if (MVThemeMgr::init()->isCatalogueRead())
+        removeEmptyFolders();
     bytes += sizeOf(remains());
     purge();
     ItemUpdate::removeLeftovers();

@@ -37,6 +37,8 @@ private slots:
     void nothingIsLeftOverWithoutACatalogue();
     void unpackedArchivesBelongToTheirArchives();
     void cleaningFreesLeftoversOnly();
+    void cleaningRemovesFoldersOfAnInterruptedOne();
+    void whatAThemeThatCannotBeReadMayUseStays();
     void linksAreNotFollowed();
 
 private:
@@ -300,6 +302,25 @@ void tst_resourceStorage::cleaningFreesLeftoversOnly()
     QVERIFY(!QFileInfo::exists(m_world.downloadedFile("updates")));
     QCOMPARE(FileStates(FileStates::Depth::Quick).of(StorageWorld::theme(1)).m_eState,
              eFile_Current);
+}
+
+void tst_resourceStorage::cleaningRemovesFoldersOfAnInterruptedOne()
+{
+    QVERIFY(QDir().mkpath(m_world.file("Themes/old/deep")));
+    QVERIFY(QDir().mkpath(m_world.file("Themes/1"))); // beside 1.zip
+    m_storage.clean();
+    QVERIFY(!QFileInfo::exists(m_world.file("Themes/old")));
+    QVERIFY(QFileInfo::exists(m_world.file("Themes/1")));
+    QVERIFY(QFileInfo::exists(m_world.file("VideoFilters")));
+}
+
+void tst_resourceStorage::whatAThemeThatCannotBeReadMayUseStays()
+{
+    CatalogueFiles::write(m_world.file("Themes/2.xml"), "<Resource>");
+    MVThemeMgr::init()->load(true);
+    QVERIFY(m_storage.remove(StorageWorld::theme(1)).isComplete());
+    QVERIFY(m_world.files().contains(text("VideoFilters/12.zip")));
+    QVERIFY(!m_world.files().contains(text("Themes/1.zip")));
 }
 
 void tst_resourceStorage::linksAreNotFollowed()

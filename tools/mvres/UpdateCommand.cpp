@@ -47,6 +47,12 @@ int UpdateCommand::run(const Arguments& arguments)
     }
     // Before the states, which are those of the same release or of none.
     const bool hasRelease = AcceptedRelease::current() != nullptr;
+    if (!hasRelease && AcceptedRelease::isUnusable()) {
+        return Console::fail(
+            ExitStatus::failure,
+            QStringLiteral("the release that was accepted cannot be used any more; "
+                           "mvres check fetches it again"));
+    }
     UpdateCommand command(arguments);
     QString error;
     if (!command.select(error))
