@@ -108,7 +108,12 @@ void ItemUpdate::Run::fetch()
         }
         while (pool.isBusy())
             pool.step();
-        m_files.addUsed();
+        const QVector<File*> unreadable = m_files.addUsed();
+        for (File* const file : unreadable) {
+            fail(*file,
+                 {eFailure_Damaged, file->entry.url, file->entry.path,
+                  QStringLiteral("%1: cannot be read as a theme's config").arg(file->entry.url)});
+        }
     }
 }
 
@@ -157,6 +162,7 @@ void ItemUpdate::Run::start(TransferPool& pool, File& file)
 void ItemUpdate::Run::fail(File& file, const STransferFailure& failure)
 {
     file.isFailed = true;
+    file.isReady = false;
     LogL(category, 2, "update: %s", failure.m_qsDetails.toUtf8().constData());
     if (FileStates::isNeeded(file.entry)
         && m_outcome.m_vecFailures.size() < SUpdateOutcome::maxFailures)

@@ -59,19 +59,22 @@ void UpdateFiles::add(int owner, const ItemFiles::Entry& entry)
     file->owners.insert(owner);
 }
 
-void UpdateFiles::addUsed()
+QVector<UpdateFiles::File*> UpdateFiles::addUsed()
 {
     QVector<File*> definitions;
     for (const auto& file : m_files) {
         if (file->isReady && file->isThemeDefinition() && !m_read.contains(file->entry.path))
             definitions.append(file.get());
     }
-    for (const File* const definition : qAsConst(definitions)) {
+    QVector<File*> unreadable;
+    for (File* const definition : qAsConst(definitions)) {
         m_read.insert(definition->entry.path);
         SThemes_a* theme = nullptr;
         MVThemeMgr::init()->read_resource_config_Themes_a(definition->staged, theme);
-        if (!theme)
+        if (!theme) {
+            unreadable.append(definition);
             continue;
+        }
         theme->forEachDependency([&](const SThemes_a::SDependInfo& dependency) {
             for (const int owner : qAsConst(definition->owners)) {
                 if (dependency.m_pItem)
@@ -80,6 +83,7 @@ void UpdateFiles::addUsed()
             return true;
         });
     }
+    return unreadable;
 }
 
 QVector<UpdateFiles::File*> UpdateFiles::toFetch()

@@ -37,8 +37,9 @@ public:
     /// Files arrive in `folder`, which ends in "/". Lists the files of the items.
     UpdateFiles(const QVector<SCfg_Item*>& items, QString folder);
 
-    /// Adds the files of the items that fetched definitions of themes use.
-    void addUsed();
+    /// Adds the files of the items that fetched definitions of themes use. Returns the definitions
+    /// that cannot be read.
+    QVector<File*> addUsed();
 
     /// Returns the files that have neither arrived nor failed, definitions of themes first: these
     /// tell what else is needed.

@@ -20,6 +20,7 @@ private slots:
     void changedFileIsReplaced();
     void unchangedFilesAreNotFetched();
     void newDefinitionBringsWhatItUses();
+    void definitionThatIsNoneLeavesTheOldItem();
     void damagedFileIsRepaired();
     void failedFileLeavesTheOldItem();
     void otherItemsOfTheSetAreUpdatedAllTheSame();
@@ -108,6 +109,19 @@ void tst_itemUpdate::newDefinitionBringsWhatItUses()
     QVERIFY(m_world.files().contains(text("VideoFilters/13.zip")));
     QCOMPARE(m_world.content("Themes/2.xml"), StorageWorld::themeConfig({12, 13}));
     QCOMPARE(StorageWorld::theme(2).parsedTheme()->m_vecItems.size(), 2);
+}
+
+void tst_itemUpdate::definitionThatIsNoneLeavesTheOldItem()
+{
+    QVERIFY(StorageWorld::fetch({&StorageWorld::theme(2)}));
+    m_world.change("Themes/2.xml", "<Resource>");
+    m_world.change("Themes/2.zip", changed);
+    m_world.publishAndCheck(11);
+    const SUpdateOutcome outcome = ItemUpdate().run({&StorageWorld::theme(2)});
+    QCOMPARE(outcome.m_eEnd, eItemUpdate_Failed);
+    QCOMPARE(outcome.m_vecFailures.first().m_eCause, eFailure_Damaged);
+    QCOMPARE(m_world.content("Themes/2.xml"), StorageWorld::themeConfig({12}));
+    QCOMPARE(m_world.content("Themes/2.zip"), StorageWorld::archive(2));
 }
 
 void tst_itemUpdate::damagedFileIsRepaired()
