@@ -47,7 +47,7 @@ ItemUpdates::Lack lackOf(const QVector<SCfg_Item*>& items, const CancelToken& ca
 
 } // namespace
 
-/// What the thread of an update tells while it runs.
+/// The numbers of a running update, which its thread writes.
 struct ItemUpdates::Progress
 {
     std::atomic<qint64> fetchedBytes{0};

@@ -39,7 +39,7 @@ void WorkQueue::runAlone(const std::function<void()>& function)
     add(std::move(job));
 }
 
-/// What a job's callbacks add is started by the call that invoked them.
+/// Jobs that a job's callbacks add are started by the call that invoked these.
 void WorkQueue::startNext()
 {
     if (m_isStarting)

@@ -26,7 +26,7 @@ public:
         std::function<Work(const CancelToken& cancel)> prepare;
         /// Called when the job has ended (may be empty), with whether it was cancelled.
         std::function<void(bool isCancelled)> ended;
-        /// Whether the job is cancelled in favour of others and waits behind them.
+        /// True: the job is cancelled in favour of others, and waits behind them.
         bool isYielding = false;
     };
 

@@ -14,7 +14,7 @@ public:
         Update, ///< both, as after a new release
     };
 
-    /// Where a client is: "url", "key" of releases, "installed" tree, own "folder", and "theme".
+    /// Describes a client: "url", "key" of releases, "installed" tree, own "folder", and "theme".
     struct Place
     {
         QString url;

@@ -39,7 +39,7 @@ public:
     /// Returns the bytes of its signature; empty if it was not asked for.
     const QByteArray& signature() const { return m_signature; }
 
-    /// Where and as what a file of the server is to be fetched.
+    /// Describes how to fetch a file of the server: its address and its content.
     struct Source
     {
         QString contentUrl;          ///< see TransferPool::Job::contentUrl

@@ -82,7 +82,7 @@ QByteArray FileStates::read(const QString& path) const
         m_isCancelled = m_progress && !m_progress(news);
         return !m_isCancelled;
     });
-    // What came with another digest stays known as damaged.
+    // Keeps the digest with which a file came, so that it stays known as damaged.
     FileLedger* const ledger = FileLedger::instance();
     if (!digest.isEmpty() && ledger->noteOf(path).isEmpty())
         ledger->note(path, {digest, QFileInfo(path).size()});

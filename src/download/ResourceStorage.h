@@ -17,7 +17,7 @@ struct SCfg_Item;
 class MVRESOURCE_EXPORT ResourceStorage
 {
 public:
-    /// What one item has in the download root.
+    /// The space that one item takes in the download root.
     struct Use
     {
         const SCfg_Item* item = nullptr;

@@ -8,7 +8,7 @@
 
 #include <functional>
 
-/// What publishing a server tree as a release adds to it. A value type.
+/// The files that publishing a server tree as a release adds to it. A value type.
 struct ReleaseTree
 {
     using Files = QMap<QString, QByteArray>; ///< contents by path below the server root

@@ -39,7 +39,7 @@ public:
     }
 };
 
-/// What happens to a frame whose picture is waiting.
+/// The events that a frame meets while its picture is waiting.
 using Action = void (*)(std::unique_ptr<Frame>&);
 
 QColor middle(ThumbFrame& frame)
