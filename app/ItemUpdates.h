@@ -26,14 +26,14 @@ class ItemUpdates : public QObject
     Q_OBJECT
 
 public:
-    /// What is known of an item's files.
+    /// The state of an item and the space that it takes on disk.
     struct Report
     {
         SItemState state;
         qint64 ownBytes = 0;    ///< on disk, needed by no other item
         qint64 sharedBytes = 0; ///< on disk, needed by others, too
     };
-    /// What a set of items lacks.
+    /// The result of examine(): which items are ready, and the files that the others need.
     struct Lack
     {
         QVector<ItemKey> ready;   ///< can be used

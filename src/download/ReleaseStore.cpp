@@ -1,6 +1,7 @@
 #include "download/ReleaseStore.h"
 
 #include "catalogue/MVThemeMgr.h"
+#include "download/ReleaseKey.h"
 #include "download/ReleasePaths.h"
 #include "download/ReleaseSignature.h"
 #include "download/RootPlaces.h"
@@ -15,6 +16,7 @@
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
+#include <QVector>
 
 namespace {
 
@@ -55,15 +57,8 @@ QString signaturePath()
     return beside(QStringLiteral("/release.minisig"));
 }
 
-} // namespace
-
-ReleaseStore::ReleaseStore()
-    : m_cache(AnswerCache::ofRelease())
-    , m_entry(m_cache.read(AcceptedRelease::urlOf(ReleasePaths::release())))
-{
-}
-
-QVector<ReleaseKey> ReleaseStore::keys(QString& error)
+/// Returns the keys of the settings. A key that cannot be read explains itself in `error`.
+QVector<ReleaseKey> keysOfSettings(QString& error)
 {
     QVector<ReleaseKey> keys;
     for (const QString& text : qAsConst(hostSettings().releaseKeys)) {
@@ -77,12 +72,20 @@ QVector<ReleaseKey> ReleaseStore::keys(QString& error)
     return keys;
 }
 
+} // namespace
+
+ReleaseStore::ReleaseStore()
+    : m_cache(AnswerCache::ofRelease())
+    , m_entry(m_cache.read(AcceptedRelease::urlOf(ReleasePaths::release())))
+{
+}
+
 QString ReleaseStore::faultOf(const QByteArray& text, const QByteArray& signature)
 {
     if (hostSettings().releaseKeys.isEmpty())
         return QString();
     QString error;
-    const QVector<ReleaseKey> trusted = keys(error);
+    const QVector<ReleaseKey> trusted = keysOfSettings(error);
     ReleaseSignature parsed;
     if (!error.isEmpty() || !ReleaseSignature::parse(signature, parsed, error)
         || !parsed.verify(text, trusted, error))

@@ -2,12 +2,10 @@
 
 #include "download/AcceptedRelease.h"
 #include "download/AnswerCache.h"
-#include "download/ReleaseKey.h"
 
 #include <QByteArray>
 #include <QString>
 #include <QtGlobal>
-#include <QVector>
 
 /// The files in the download root that hold the accepted release, see AcceptedRelease. Internal to
 /// the library; any thread.
@@ -35,8 +33,6 @@ public:
 
     /// Returns why a release must not be believed; empty if it is signed as the settings demand.
     static QString faultOf(const QByteArray& text, const QByteArray& signature);
-    /// Returns the keys of the settings. A key that cannot be read explains itself in `error`.
-    static QVector<ReleaseKey> keys(QString& error);
 
 private:
     const AnswerCache m_cache;

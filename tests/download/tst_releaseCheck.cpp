@@ -236,9 +236,12 @@ void tst_releaseCheck::unusableKeyRefusesEverything()
 
 void tst_releaseCheck::damagedListIsFetchedAgain()
 {
+    QVERIFY(!AcceptedRelease::isUnusable()); // there is none
     ReleaseWorld::check();
+    QVERIFY(!AcceptedRelease::isUnusable());
     CatalogueFiles::write(m_world.downloadedFile("files.txt"), "damaged");
     QVERIFY(!accepted());
+    QVERIFY(AcceptedRelease::isUnusable());
     QCOMPARE(ReleaseWorld::check(), eCatalogueCheck_Current);
     QVERIFY(accepted());
     QCOMPARE(downloaded("files.txt"), m_world.list());

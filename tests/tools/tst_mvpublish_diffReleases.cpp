@@ -60,7 +60,7 @@ void TestMvpublishDiffReleases::changedFilesCountForTheirItem()
     QFETCH(bool, isReleased);
     const SmallSource source(home("source"));
     build(source, "old", options);
-    // Of the same size as before, so only the content tells.
+    // The size stays the same, so only the content shows the change.
     const QByteArray notes = CatalogueFiles::read(source.file(text("zoom/notes/read me.txt")));
     CatalogueFiles::write(source.file(text("zoom/notes/read me.txt")),
                           QByteArray(notes.size(), '!'));
@@ -110,7 +110,7 @@ void TestMvpublishDiffReleases::sharedFileCountsOnceInTotal()
     QVERIFY(total(outcome).endsWith(text(" 500 bytes of new and changed files)")));
 }
 
-/// What is on disk beside the lists is not part of a release.
+/// Files on disk that no list names are not part of a release.
 void TestMvpublishDiffReleases::listsAreComparedIfBothTreesHaveOne()
 {
     const SmallSource source(home("source"));

@@ -122,7 +122,7 @@ void TestMvpublishNginxCache::everyFormOfAnAddressIsOneContent()
     QCOMPARE(requestsOf(path).size(), 1);
 }
 
-/// What the library sends after a content with another digest.
+/// The request header that the library sends after receiving a content with another digest.
 void TestMvpublishNginxCache::clientWithADamagedContentGetsAnother()
 {
     const QByteArray content = target(anyContent());

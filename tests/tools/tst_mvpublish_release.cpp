@@ -81,7 +81,7 @@ void TestMvpublishRelease::listNamesEveryPublishedFile()
     QVERIFY(listed.contains(text("config/ThemesBgm/Slow Song.mp3")));
 }
 
-/// Where the file system allows them they are links, so a release takes no more room.
+/// Contents are hard links where the file system allows them, so a release takes no more space.
 void TestMvpublishRelease::everyContentIsThereUnderItsDigest()
 {
     QCOMPARE(m_tree->build(), QString());

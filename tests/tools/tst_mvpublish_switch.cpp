@@ -175,7 +175,7 @@ void TestMvpublishSwitch::changedFileOfTheSameLengthIsLater()
         QVERIFY(seconds >= 1);
 }
 
-/// Of two links to one file, one name had another content before, whichever comes first.
+/// Two names link to one file, and one of them had another content before, whichever comes first.
 void TestMvpublishSwitch::changedNameOfALinkedFileIsLater()
 {
     const QDateTime before = QDateTime::fromSecsSinceEpoch(2000000000);

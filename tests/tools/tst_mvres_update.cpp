@@ -38,6 +38,7 @@ private slots:
     void unknownGuidUpdatesNothing();
     void withoutServerItSaysSo();
     void withoutReleaseItSaysSo();
+    void unusableReleaseIsAnError();
     void failureHasItsStatus();
     void interruptCancels();
     void listShowsStatesAndSizes();
@@ -195,6 +196,19 @@ void TestMvresUpdate::withoutReleaseItSaysSo()
              QByteArray("mvres: no release is known: only missing files can be found\n"));
     QCOMPARE(outcome.out, QByteArray("nothing to update\n"));
     QCOMPARE(outcome.status, 0);
+}
+
+void TestMvresUpdate::unusableReleaseIsAnError()
+{
+    QVERIFY(m_shop.fetch({1}));
+    CatalogueFiles::write(m_shop.mvres().root() + text("/Themes/ResourceConfig/files.txt"), "x");
+    const Outcome outcome = m_shop.run({text("update")});
+    QCOMPARE(outcome.status, 1);
+    QCOMPARE(outcome.err,
+             QByteArray("mvres: the release that was accepted cannot be used any more; mvres check "
+                        "fetches it again\n"));
+    m_shop.check();
+    QCOMPARE(m_shop.run({text("update")}).status, 0);
 }
 
 void TestMvresUpdate::failureHasItsStatus()
