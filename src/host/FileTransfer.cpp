@@ -227,14 +227,15 @@ void FileTransfer::store()
     if (m_job.progress && !m_job.progress(m_received, m_received))
         return failAsCancelled();
     static_assert(PartFile::beginningBytes >= ContentCheck::pageBytes);
-    const bool isProven = m_job.published.isKnown() && !isOther();
+    const bool isWrong = isOther();
+    const bool isProven = m_job.published.isKnown() && !isWrong;
     if (!isProven && ContentCheck::isPage(m_file.beginning()) && !isPageWanted()) {
         return fail(
             eTransfer_Network, eFailure_Unreachable,
             QStringLiteral("received a web page instead of the file, as from a network that "
                            "asks for a login"));
     }
-    if (isOther())
+    if (isWrong)
         return failAsOther();
     bool isUnreadable = false;
     const QString fault = hostSettings().checkContent
