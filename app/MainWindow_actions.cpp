@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // MainWindow: handling of its parts' requests.
 
 #include "AppLook.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // MainWindow: the details and the files of items, and reloading the catalogue.
 
 #include "browser/EUIItemRole.h"

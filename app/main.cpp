@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // mveditor: a miniature slideshow editor. It embeds the resource lists as an editor would, and
 // serves host developers as a template.
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "BrowserBareForms.h"
 
 #include "ui_BareMVThemeItemSubwdgt_Preview.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Compares a list of live cells with the same number of bare forms under the same style sheet.
 //
 //     bench_browser                        times, memory, one line per limit, and what it costs to

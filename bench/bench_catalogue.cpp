@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Compares loading a catalogue with its minimum cost.
 //
 //     bench_catalogue               times, peak memory, and one line per limit

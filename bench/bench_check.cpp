@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Measures a check: a first one, which fetches everything, against the curl program fetching the
 // same list over one connection, and a second one, which finds nothing to do.
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Compares downloads with the same transfers through a bare libcurl handle.
 
 #include "BenchHome.h"

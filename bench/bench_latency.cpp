@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Measures downloads from a server that takes 40 ms to answer, as a distant one does, against the
 // curl program with as many transfers at a time: a first check and a theme of 22 files. Without the
 // delay, several transfers at a time are compared with one; and many files over HTTP/2.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Measures building and checking a server's tree, and how the cost grows with the number of items.
 
 #include "BenchHome.h"

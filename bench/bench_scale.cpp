@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Measures what a release server has to send to a thousand clients behind a cache: on a first
 // start, on a day without news, and after a release in which one theme has changed. docs/scale.md
 // draws conclusions.

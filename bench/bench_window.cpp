@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Measures the editor's window with many themes, with a cell for every row and, as in mveditor,
 // with cells on demand and thumbnails decoded in the background: its start, its memory, and for
 // each action of the user the longest time for which the event loop is blocked.

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The mvresource contributors
+# SPDX-License-Identifier: MIT
+
 # Refuses a choice of MV_BUILD_ options that leaves out a part which another one needs.
 
 # mv_needs(OPTION NEEDED...): stops unless the others are on wherever OPTION is.

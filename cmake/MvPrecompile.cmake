@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The mvresource contributors
+# SPDX-License-Identifier: MIT
+
 # Precompiled headers: those of Qt and of the standard library that most sources include, compiled
 # once for each set of Qt libraries, since those change what the headers declare. They contain none
 # of the project's own headers, so that changing one recompiles only the sources that include it.

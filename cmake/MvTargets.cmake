@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The mvresource contributors
+# SPDX-License-Identifier: MIT
+
 # Settings shared by all targets of this project.
 
 set(CMAKE_CXX_STANDARD 17)

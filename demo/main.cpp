@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // mveditor-demo: the editor on the samples, which it serves itself. A script can drive its window.
 
 #include "DemoCommandLine.h"

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
 // The smallest host: a window with the list of themes. docs/host-guide.md explains it line by line.
 #include "browser/BrowserLanguage.h"
 #include "browser/BrowserSkin.h"

@@ -1,1 +1,4 @@
+# SPDX-FileCopyrightText: The mvresource contributors
+# SPDX-License-Identifier: MIT
+
 """Generator of the sample resource world: pictures, archives and catalogues."""

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The mvresource contributors
+# SPDX-License-Identifier: MIT
+
 """The resource files of the items: the content of their archives, and background pictures."""
 
 import json

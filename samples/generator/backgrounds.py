@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The mvresource contributors
+# SPDX-License-Identifier: MIT
+
 """The background materials, and the still pictures of the user interface."""
 
 import math

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The mvresource contributors
+# SPDX-License-Identifier: MIT
+
 """A painter's canvas: collects layers and renders them with one ImageMagick command."""
 
 import math

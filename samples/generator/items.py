@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The mvresource contributors
+# SPDX-License-Identifier: MIT
+
 """The filters, transitions, motions and backgrounds of the sample world."""
 
 from .model import BACKGROUND, FILTER, MOTION, TRANSITION, Item

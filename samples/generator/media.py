@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The mvresource contributors
+# SPDX-License-Identifier: MIT
+
 """The two external programs that generate the media: ImageMagick and ffmpeg."""
 
 import subprocess

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The mvresource contributors
+# SPDX-License-Identifier: MIT
+
 """The animated preview of a theme: a small slideshow of its own filters, transitions and motions."""
 
 from . import looks, moves

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The mvresource contributors
+# SPDX-License-Identifier: MIT
+
 """The themes of the sample world, composed of its filters, transitions and motions."""
 
 from .items import FILTERS, MOTIONS, TRANSITIONS, by_slug

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The mvresource contributors
+# SPDX-License-Identifier: MIT
+
 """Writes the sample world: the source, and from it, with mvpublish, the server's tree and the installation."""
 
 import shutil

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // MVThemeItemSubwdgt_Preview: the progress ring and the overlays on the picture, as set by the
 // style sheet.
 

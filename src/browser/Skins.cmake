@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The mvresource contributors
+# SPDX-License-Identifier: MIT
+
 # Sets skinResource: the template of the style sheets, the skins' files and all icons. Style sheets
 # take pictures from files only, so each skin gets copies of the tinted icons in its colours.
 file(GLOB skins CONFIGURE_DEPENDS skins/*.json)

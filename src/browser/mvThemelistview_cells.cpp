@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // mvThemelistview: the cells of its rows, for all rows or on demand.
 
 #include "browser/CellEvents.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // mvThemelistview: keyboard control, focus, and accessibility.
 
 #include "browser/CellFocusMark.h"

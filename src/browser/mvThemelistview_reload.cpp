@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // mvThemelistview: look-up of items, and state kept over a reload of the catalogue.
 
 #include "browser/CellPool.h"

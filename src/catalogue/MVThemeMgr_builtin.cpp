@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // MVThemeMgr: extracting the built-in items from a full resource tree.
 
 #include "catalogue/BuiltinThemes.h"

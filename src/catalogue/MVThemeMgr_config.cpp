@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // MVThemeMgr: reading the config catalogue, and the single function that opens XML files.
 
 #include "catalogue/MVThemeMgr.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // MVThemeMgr: reading the display catalogue.
 
 #include "catalogue/GuidIndex.h"

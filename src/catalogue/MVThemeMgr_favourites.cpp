@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // MVThemeMgr: favourites and theme types.
 
 #include "catalogue/CollectFile.h"

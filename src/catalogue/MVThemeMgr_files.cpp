@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // MVThemeMgr: locating the files of an item on disk.
 
 #include "catalogue/MVThemeMgr.h"

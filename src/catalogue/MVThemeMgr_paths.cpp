@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // MVThemeMgr: folders, catalogue files and server addresses.
 
 #include "catalogue/MVThemeMgr.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // MVThemeMgr: reading a theme's own config file.
 
 #include "catalogue/CatalogueIndex.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "download/CheckWorker_CfgAndDisplayXML.h"
 
 #include "catalogue/MVThemeMgr.h"

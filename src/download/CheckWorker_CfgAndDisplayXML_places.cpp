@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // CheckWorker_CfgAndDisplayXML: paths of the catalogue files.
 
 #include "catalogue/MVThemeMgr.h"

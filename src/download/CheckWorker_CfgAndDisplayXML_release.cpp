@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // CheckWorker_CfgAndDisplayXML: checks by the server's release.
 
 #include "catalogue/MVThemeMgr.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // CheckWorker_CfgAndDisplayXML: verifying the fetched files and storing them in the download tree.
 
 #include "catalogue/MVThemeMgr.h"

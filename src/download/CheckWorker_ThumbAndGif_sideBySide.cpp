@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // CheckWorker_ThumbAndGif: several files at a time, those that the user is looking at first.
 
 #include "download/CheckWorker_ThumbAndGif.h"

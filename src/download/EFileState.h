@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 /// What is known of a file on disk, by the accepted release, the digests with which files came, and

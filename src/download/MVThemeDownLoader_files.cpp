@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // MVThemeDownLoader: the second phase, the item's files.
 
 #include "download/MVThemeDownLoader.h"

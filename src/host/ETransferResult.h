@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 /// Outcome of a transfer: the values of CurWrapper::result().

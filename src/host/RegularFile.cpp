@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "host/RegularFile.h"
 
 #include "host/NewFileMode.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 /// Kinds of catalogue items. The values index the vectors of a catalogue and appear in log lines;

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 /// The five dependency slots of a theme element, see SThemes_a. Text and element slots name

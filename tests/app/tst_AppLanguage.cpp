@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "AppLanguage.h"
 #include "browser/BrowserLanguage.h"
 #include "support/TestMain.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "Editor.h"
 #include "EditorWorld.h"
 #include "support/CatalogueFiles.h"

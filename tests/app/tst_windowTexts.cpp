@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "support/ScaledRuns.h"
 #include "support/TestMain.h"
 #include "VirtualDisplay.h"

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The mvresource contributors
+# SPDX-License-Identifier: MIT
+
 # Configures the project on a machine without X11, libzip and cpp-httplib, or without libzip alone.
 #
 #   noPackages    the libraries and the editor do without, and the editor is made of nothing else

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 /// The GUIDs that the catalogue must treat as installed, in order; a copy, to catch a slip in

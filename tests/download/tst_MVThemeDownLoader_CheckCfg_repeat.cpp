@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "download/CheckFixture.h"
 #include "download/CoordinatorTrace.h"
 #include "support/TestMain.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "download/CheckFixture.h"
 #include "host/HostSettings.h"
 #include "support/TestMain.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "download/ItemUpdate.h"
 #include "download/StorageWorld.h"
 #include "host/HostSettings.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "catalogue/CatalogueUse.h"
 #include "download/FileStates.h"
 #include "download/ResourceStorage.h"

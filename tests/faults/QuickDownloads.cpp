@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Preloaded into a program to remove the pauses that pace downloads for human viewers.
 
 #include "download/DownloadPacing.h"

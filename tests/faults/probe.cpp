@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // faultprobe FUNCTION FOLDER: calls one function of the C library on the folder's content.
 //
 // Exit status: the errno of the call; 0 if it succeeded, 100 plus the number of bytes if it

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // tst_faults SCENARIO [QTEST ARGUMENTS...]: disturbs one command at its file operations.
 
 #include "BuildScenario.h"

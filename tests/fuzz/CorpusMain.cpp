@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Feeds a fuzzer's corpus to it once, in builds without libFuzzer.
 //
 //     tst_fuzz_NAME FILE|FOLDER...

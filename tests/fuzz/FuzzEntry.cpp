@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Defines the entry points that libFuzzer calls; without libFuzzer, CorpusMain does.
 
 #include "FuzzTarget.h"

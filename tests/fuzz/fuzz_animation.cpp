@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Plays the animated preview of a theme as a list's cell does, at two scales.
 
 #include "browser/MVThemePreviewFrm.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Reads a config catalogue, a display catalogue and a theme's config, as sent by a server, then
 // asks what every item needs. The theme's config is the file "/Themes/t.xml".
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Reads the three favourites files, marks the GUID that follows them, saves and reads again.
 
 #include "CatalogueWorld.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Formats a log line with up to three arguments and compares what LogL() writes with the C
 // library's result for each conversion.
 

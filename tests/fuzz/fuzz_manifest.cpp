@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Builds a publisher's manifests: the source's, then those of a filter, a transition and a theme.
 // Whatever can be built must be free of findings.
 

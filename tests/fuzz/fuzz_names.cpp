@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Resolves items of every kind that use a GUID and two file names, as a catalogue may hold them,
 // then writes wherever a download would be allowed to.
 //

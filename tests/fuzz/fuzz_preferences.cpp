@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Reads the editor's preferences, changes each one, and reads them again.
 
 #include "browser/BrowserLanguage.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Parses the header of an answer, line by line.
 
 #include "FuzzTarget.h"

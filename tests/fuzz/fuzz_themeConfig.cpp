@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Reads a theme's own config file with a catalogue of a filter, a transition and a motion.
 
 #include "CatalogueWorld.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Reads the ThemeType.json of a download root.
 
 #include "CatalogueWorld.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Paints a thumbnail as a list's cell does. Qt's decoders are not instrumented: their memory and
 // time are limited from outside.
 

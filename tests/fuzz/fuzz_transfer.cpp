@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Downloads from a server that sends these answers in turn. The first part is the target's present
 // content; unless it is empty, the download resumes it.
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Checks a foreign server tree as mvpublish does: config catalogue, display catalogue, version
 // file, the theme config "/Themes/t.xml", and a picture used for all thumbnails and the animation.
 

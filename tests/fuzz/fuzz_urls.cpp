@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Builds the addresses for a file name as a catalogue may hold it.
 
 #include "CatalogueWorld.h"

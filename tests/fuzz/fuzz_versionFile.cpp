@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Reads a server's version file as the check does.
 
 #include "CatalogueWorld.h"

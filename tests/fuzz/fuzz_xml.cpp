@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Opens one XML file as every reader of catalogues does.
 
 #include "CatalogueWorld.h"

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The mvresource contributors
+# SPDX-License-Identifier: MIT
+
 # Installs the build into a folder of its own, builds the consumer against it and runs that.
 cmake_minimum_required(VERSION 3.25)
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "Download.h"
 #include "host/HostSettings.h"
 #include "SilentPort.h"

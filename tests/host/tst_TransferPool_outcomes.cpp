@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "host/HostSettings.h"
 #include "PoolRun.h"
 #include "SilentPort.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "faults/FaultyRun.h"
 #include "host/STransferFailure.h"
 #include "host/Utils.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "support/HttpAnswer.h"
 
 HttpAnswer::HttpAnswer(int status, const QByteArray& reason)

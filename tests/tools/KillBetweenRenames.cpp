@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Preloaded into a build to simulate a file system that cannot exchange two folders, and a kill
 // between the two renames that replace a folder there.
 

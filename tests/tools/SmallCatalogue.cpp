@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "SmallCatalogue.h"
 
 void SmallCatalogue::addFilter(int number, const QString& name, const QString& config,

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "RawClient.h"
 #include "server/TreeServer.h"
 #include "support/CatalogueFiles.h"

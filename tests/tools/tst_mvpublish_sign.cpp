@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "download/ReleaseKey.h"
 #include "download/ReleasePaths.h"
 #include "download/ReleaseSignature.h"

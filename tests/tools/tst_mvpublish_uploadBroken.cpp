@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "DavServer.h"
 #include "Mvpublish.h"
 #include "ReleaseClient.h"

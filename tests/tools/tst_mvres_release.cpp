@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "ReleaseShop.h"
 #include "support/TestMain.h"
 #include "support/TestTexts.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // The definitions here replace Qt's own in the whole program, including our shared libraries: the
 // program exports them, and the dynamic linker finds them first. Each calls Qt's function and
 // announces the resulting order: whatever a thread did before publishing an address is visible to

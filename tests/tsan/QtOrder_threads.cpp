@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Covers the beginning and end of Qt's threads; see QtOrder.cpp for how this works.
 
 #include "tsan/Announce.h"

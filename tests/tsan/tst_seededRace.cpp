@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Programs with and without a data race on a file record, one per argument. They keep the
 // ThreadSanitizer gate honest: races must be reported, correct code must not.
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "PublishedNames.h"
 
 void PublishedNames::reserve(const QString& name, const QString& owner)

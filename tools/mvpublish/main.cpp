@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // mvpublish: creates, signs, checks, serves and uploads the tree of a resource server, for its
 // operators.
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // mvres: a resource manager host without a window, for scripts and for server operators.
 
 #include "Arguments.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // mvserve: serves a resource server's tree on loopback for testing.
 
 #include "server/ServeLoop.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "browser/EUIItemRole.h"
 #include "browser/FiterItemWdg.h"
 #include "browser/list/BrowserWorld.h"

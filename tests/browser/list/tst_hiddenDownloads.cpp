@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "browser/EUIItemRole.h"
 #include "browser/list/BrowserWorld.h"
 #include "browser/list/ListWindow.h"

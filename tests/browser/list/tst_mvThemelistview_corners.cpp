@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "browser/list/BrowserWorld.h"
 #include "browser/list/ListWindow.h"
 #include "browser/MVThemeItemSubwdgt_Preview.h"

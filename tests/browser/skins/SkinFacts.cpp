@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "SkinFacts.h"
 
 #include "browser/MVThemeItemSubwdgt_Preview.h"

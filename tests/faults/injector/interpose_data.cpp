@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Interposes reading, writing and flushing open files.
 
 #include "FaultPlan.h"

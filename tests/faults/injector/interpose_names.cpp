@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Interposes renaming, linking, removing, folders, modes and dates. Calls that would fail on any
 // disk, because a name is missing or taken, are not counted.
 

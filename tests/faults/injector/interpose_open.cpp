@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Interposes the C library's functions that open and close files.
 
 #include "FaultPlan.h"

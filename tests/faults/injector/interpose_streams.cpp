@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Interposes what the C library does internally: streams, reading folders, temporary files, and the
 // functions that tell why a call failed.
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "host/widgets/BriefApplication.h"
 #include "host/widgets/GatedPng.h"
 #include "host/widgets/PictureLoader.h"

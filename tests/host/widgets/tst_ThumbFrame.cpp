@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "host/widgets/TestImages.h"
 #include "host/widgets/ThumbFrame.h"
 #include "support/CatalogueFiles.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "host/widgets/CountingFrame.h"
 #include "host/widgets/TestImages.h"
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Checks: GUIDs, names and theme types of the display catalogues, and their "none" entries.
 
 #include "lint/Checks.h"

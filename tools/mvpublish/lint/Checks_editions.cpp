@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Checks: agreement of the display catalogues on every item.
 
 #include "lint/Checks.h"

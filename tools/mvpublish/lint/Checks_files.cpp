@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Checks: definitions and resource files of items.
 
 #include "catalogue/MVThemeMgr.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Checks: GUIDs of the config catalogue.
 
 #include "lint/Checks.h"

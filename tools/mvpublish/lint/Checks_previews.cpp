@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Checks: thumbnails and animations.
 
 #include "catalogue/MVThemeMgr.h"

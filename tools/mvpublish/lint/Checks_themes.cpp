@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Checks: theme configs and their dependencies.
 
 #include "catalogue/MVThemeMgr.h"

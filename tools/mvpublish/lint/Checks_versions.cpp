@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 // Checks: version files and whether the catalogues can be read.
 
 #include "host/Utils.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "release/ContentFolder.h"
 
 #include "download/ReleasePaths.h"

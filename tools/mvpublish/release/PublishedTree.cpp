@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "release/PublishedTree.h"
 
 QString PublishedTree::otherSize(qint64 found, qint64 expected)

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
 #include "upload/RemoteNames.h"
 
 #include "upload/TreeRelease.h"
