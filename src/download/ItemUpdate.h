@@ -36,6 +36,7 @@ struct SCfg_Item;
 class MVRESOURCE_EXPORT ItemUpdate
 {
 public:
+    /// Prepares a run that `cancel` ends, within 200 ms while files are fetched.
     explicit ItemUpdate(CancelToken cancel = CancelToken());
     ~ItemUpdate();
     Q_DISABLE_COPY_MOVE(ItemUpdate)
