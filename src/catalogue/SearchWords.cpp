@@ -21,9 +21,11 @@ bool SearchWords::matches(const QString& name) const
 
 QString SearchWords::folded(const QString& text)
 {
-    QString letters = text.normalized(QString::NormalizationForm_KD);
-    letters.erase(std::remove_if(letters.begin(), letters.end(),
-                                 [](QChar c) { return c.category() == QChar::Mark_NonSpacing; }),
-                  letters.end());
+    QString letters;
+    const QString decomposed = text.normalized(QString::NormalizationForm_KD);
+    for (const QChar letter : decomposed) {
+        if (letter.category() != QChar::Mark_NonSpacing)
+            letters.append(letter);
+    }
     return letters.toCaseFolded();
 }
