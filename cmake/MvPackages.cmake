@@ -2,10 +2,10 @@
 # SPDX-License-Identifier: MIT
 
 # Debian packages, one for each install component, made by cpack in the build folder; see script/package.
-# Include it last: it packs the components that exist by then. Static libraries are not packed.
+# Include it last: it packs the components that exist by then. Only shared libraries for Linux are packed.
 
 get_target_property(type mvhost TYPE)
-if(NOT type STREQUAL "SHARED_LIBRARY")
+if(NOT type STREQUAL "SHARED_LIBRARY" OR NOT CMAKE_SYSTEM_NAME STREQUAL "Linux")
     return()
 endif()
 
