@@ -6,13 +6,17 @@
 #include "host/HostSettings.h"
 #include "host/ProductParam.h"
 
+#include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 
 namespace {
 
 QString sample(const char* name)
 {
-    return QStringLiteral(MV_SAMPLES "/") + QString::fromLatin1(name);
+    return QDir::cleanPath(QCoreApplication::applicationDirPath()
+                           + QStringLiteral("/" MV_SAMPLES_FROM_BIN "/")
+                           + QString::fromLatin1(name));
 }
 
 } // namespace
