@@ -10,6 +10,7 @@
 #include "model/ModelEngine.h"
 #include "records/KindTable.h"
 
+#include <QMetaType>
 #include <QPointer>
 
 #include <utility>

@@ -94,6 +94,7 @@ public:
         FavouriteRole,    ///< favourite: bool
         StateRole,        ///< state: State
         UsableRole,       ///< usable: bool, whether apply() needs no download, as far as is known
+        OutdatedRole,     ///< outdated: bool, whether update() changes files that are on disk
         BytesToFetchRole, ///< bytesToFetch: qint64, of fetch() or update(), as far as is known
         BytesKnownRole,   ///< bytesKnown: bool, whether bytesToFetch is all
         SizeRole,         ///< size: qint64, bytes on disk and to be fetched; -1 until examined

@@ -33,6 +33,12 @@ bool isUsable(const SItemFacts* facts)
     return facts && facts->hasState && facts->state.m_eState != eFile_Missing;
 }
 
+bool isOutdated(const SItemFacts* facts)
+{
+    return isUsable(facts)
+        && (facts->state.m_eState == eFile_Outdated || facts->state.m_eState == eFile_Damaged);
+}
+
 qint64 sizeOf(const SItemFacts* facts)
 {
     return facts && facts->hasState ? facts->state.m_nBytesOnDisk + facts->state.m_nBytesToFetch
@@ -58,6 +64,7 @@ QHash<int, QByteArray> ResourceModel::roleNames() const
         {FavouriteRole, "favourite"},
         {StateRole, "state"},
         {UsableRole, "usable"},
+        {OutdatedRole, "outdated"},
         {BytesToFetchRole, "bytesToFetch"},
         {BytesKnownRole, "bytesKnown"},
         {SizeRole, "size"},
@@ -106,6 +113,8 @@ QVariant ResourceModel::factOf(const Row& row, int role) const
         return QVariant::fromValue(stateOf(key));
     case UsableRole:
         return isUsable(facts);
+    case OutdatedRole:
+        return isOutdated(facts);
     case BytesToFetchRole:
         return facts ? facts->state.m_nBytesToFetch : qint64{0};
     case BytesKnownRole:
@@ -153,8 +162,8 @@ void ResourceModel::tellChanged(const QString& guid, const QVector<int>& roles)
 /// Tells that what is known of these items' files has changed, in as few ranges as possible.
 void ResourceModel::tellChanged(const QStringList& guids)
 {
-    const QVector<int> roles{ThumbnailRole,    PreviewRole,    StateRole, UsableRole,
-                             BytesToFetchRole, BytesKnownRole, SizeRole};
+    const QVector<int> roles{ThumbnailRole, PreviewRole,      StateRole,      UsableRole,
+                             OutdatedRole,  BytesToFetchRole, BytesKnownRole, SizeRole};
     QVector<int> rows;
     for (const QString& guid : guids) {
         const int row = rowOf(guid);
