@@ -339,6 +339,13 @@ signals:
     /// The same for setBgMaterialCollected().
     void sigBgMaterialCollected(const SCfg_Item* pSCfg_Item);
 
+    /// The catalogue is about to be loaded or cleared: receivers on the GUI thread stop using its
+    /// items and give back every CatalogueUse before they return, or the call is refused.
+    void aboutToChange();
+    /// The call announced by aboutToChange() has ended. All pointers into the catalogue are invalid
+    /// if `hasChanged` is true; otherwise it was refused and nothing has changed.
+    void changed(bool hasChanged);
+
 private:
     friend class BuiltinThemes;
     MVThemeMgr();
@@ -349,6 +356,9 @@ private:
     bool isReadable(const QString& file);
     bool parse(SCfg_Item& item, const QString& file);
     static bool isInUse(const char* operation);
+    bool change(const char* operation, void (MVThemeMgr::*function)());
+    void readAll();
+    void forgetAll();
     QVector<SFileInfo*> ownNeededFiles(SCfg_Item& item);
     void clearVectors();
     bool readCatalogue(EDirTag half, QDomDocument& doc);

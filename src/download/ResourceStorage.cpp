@@ -9,6 +9,7 @@
 #include "download/FileHolders.h"
 #include "download/FileLedger.h"
 #include "download/ItemUpdate.h"
+#include "download/ResourceEvents.h"
 #include "download/RootPlaces.h"
 #include "host/AppOptions.h"
 #include "host/LogL.h"
@@ -131,6 +132,16 @@ QSet<QString> unpackedFolders(const QSet<QString>& files)
             folders.insert(info.path() + QLatin1Char('/') + info.completeBaseName());
     }
     return folders;
+}
+
+/// Tells the process which files a removal or its undoing has moved.
+void tellMoved(const Removal& removal)
+{
+    QStringList paths;
+    for (const Moved& moved : removal.files)
+        paths.append(moved.path);
+    if (!paths.isEmpty())
+        ResourceEvents::instance()->tellFilesChanged(paths);
 }
 
 bool isInAny(const QSet<QString>& folders, const QString& path, const QString& top)
@@ -256,6 +267,7 @@ Removal ResourceStorage::removeItem(SCfg_Item& item) const
         }
         removal.bytes += file.sizeBytes;
     }
+    tellMoved(removal);
     return removal;
 }
 
@@ -267,6 +279,7 @@ bool ResourceStorage::undo(const Removal& removal)
         AppOptions::instance()->ensureDirExists(QFileInfo(moved->path).path());
         isWhole = QFile::rename(moved->aside, moved->path) && isWhole; // never over a newer file
     }
+    tellMoved(removal);
     return isWhole;
 }
 
