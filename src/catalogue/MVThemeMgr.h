@@ -339,13 +339,6 @@ signals:
     /// The same for setBgMaterialCollected().
     void sigBgMaterialCollected(const SCfg_Item* pSCfg_Item);
 
-    /// The catalogue is about to be loaded or cleared: receivers on the GUI thread stop using its
-    /// items and give back every CatalogueUse before they return, or the call is refused.
-    void aboutToChange();
-    /// The call announced by aboutToChange() has ended. All pointers into the catalogue are invalid
-    /// if `hasChanged` is true; otherwise it was refused and nothing has changed.
-    void changed(bool hasChanged);
-
 private:
     friend class BuiltinThemes;
     MVThemeMgr();

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The mvresource contributors
 // SPDX-License-Identifier: MIT
 
+#include "catalogue/CatalogueChanges.h"
 #include "download/ResourceEvents.h"
 #include "download/ResourceStorage.h"
 #include "download/StorageWorld.h"
@@ -119,7 +120,7 @@ void tst_ResourceEvents::removalAndUndoingTellTheirFiles()
     const QStringList files{QDir::cleanPath(m_world.file("VideoFilters/13.xml")),
                             QDir::cleanPath(m_world.file("VideoFilters/13.zip"))};
     Recorder recorder;
-    const ResourceStorage::Removal removal = ResourceStorage().remove(StorageWorld::filter(13));
+    const ResourceStorage::Removal removal = ResourceStorage().removeItem(StorageWorld::filter(13));
     QCOMPARE(recorder.paths, files);
     recorder.paths.clear();
     QVERIFY(ResourceStorage::undo(removal));
@@ -132,15 +133,16 @@ void tst_ResourceEvents::catalogueTellsItsChanges()
     QStringList told;
     const QObject receiver;
     std::optional<CatalogueUse> use;
-    connect(catalogue, &MVThemeMgr::aboutToChange, &receiver, [&] {
+    connect(CatalogueChanges::instance(), &CatalogueChanges::announced, &receiver, [&] {
         told.append(QStringLiteral("about %1").arg(catalogue->getThemes_Display().size()));
         use.reset(); // what is given back now does not refuse the call
     });
-    connect(catalogue, &MVThemeMgr::changed, &receiver, [&](bool hasChanged) {
-        told.append(QStringLiteral("changed %1 %2")
-                        .arg(hasChanged)
-                        .arg(catalogue->getThemes_Display().size()));
-    });
+    connect(CatalogueChanges::instance(), &CatalogueChanges::ended, &receiver,
+            [&](bool hasChanged) {
+                told.append(QStringLiteral("changed %1 %2")
+                                .arg(hasChanged)
+                                .arg(catalogue->getThemes_Display().size()));
+            });
     use.emplace();
     QVERIFY(catalogue->tryReload());
     QCOMPARE(told, (QStringList{text("about 2"), text("changed 1 2")}));
