@@ -264,7 +264,7 @@ void tst_ResourceModel_states::removalOfAnotherIsFollowed()
     ResourceModel model(ResourceModel::Filter);
     const ModelWatch watch(model);
     EXAMINED(model);
-    const ResourceStorage::Removal removal = ResourceStorage().remove(StorageWorld::filter(13));
+    const ResourceStorage::Removal removal = ResourceStorage().removeItem(StorageWorld::filter(13));
     QVERIFY(removal.isComplete());
     QTRY_COMPARE(watch.state(13), int(ResourceModel::Missing));
     QVERIFY(ResourceStorage::undo(removal));
