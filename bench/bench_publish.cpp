@@ -72,7 +72,7 @@ QString build(const SourceWorld& world)
     options.renew = true;
     if (!writer.write(builder.files(), options))
         return writer.errorText();
-    const QString fault = lint(place.folder());
+    QString fault = lint(place.folder());
     if (!fault.isEmpty())
         return fault;
     return place.commit() ? QString() : place.errorText();
