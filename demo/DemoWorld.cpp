@@ -29,7 +29,7 @@ bool DemoWorld::start()
     QString tree = sample("server");
     if (!QFileInfo(tree).isDir())
         return fail(QStringLiteral("the samples are not there: %1").arg(tree));
-    if (!DemoShop::program().isEmpty()) {
+    if (!DemoShop::program().isEmpty() && QFileInfo(sample("source")).isDir()) {
         m_shop.emplace();
         if (!m_shop->open(sample("source"), folder() + QStringLiteral("/shop")))
             return fail(m_shop->errorText());

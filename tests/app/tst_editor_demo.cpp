@@ -8,6 +8,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 /// Tests the demonstration, which serves the samples itself, and an installation set by an option.
 class tst_editor_demo : public QObject
@@ -82,8 +83,13 @@ void tst_editor_demo::stepThatCannotSucceedFails()
 void tst_editor_demo::withoutTheToolsItServesTheSamples()
 {
     const EditorWorld world;
-    const QString program = world.folder() + QStringLiteral("/mveditor-demo");
-    QVERIFY(QFile::copy(QStringLiteral(MVEDITOR_DEMO_PROGRAM), program));
+    const QFileInfo original(QStringLiteral(MVEDITOR_DEMO_PROGRAM));
+    const QString program = world.folder() + QStringLiteral("/bin/mveditor-demo");
+    QVERIFY(QDir().mkpath(QFileInfo(program).path()));
+    QVERIFY(QFile::copy(original.filePath(), program));
+    // Where an installed program finds the samples.
+    QVERIFY(QFile::link(original.path() + QStringLiteral("/../share"),
+                        world.folder() + QStringLiteral("/share")));
     QProcess process;
     process.setProcessEnvironment(Editor::environment(world));
     process.start(program,

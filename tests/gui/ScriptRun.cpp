@@ -19,7 +19,6 @@
 
 #include <chrono>
 #include <cstdio>
-#include <utility>
 
 namespace {
 
@@ -56,9 +55,9 @@ ScriptRun::ScriptRun(MainWindow& window, const CatalogueUpdate& check, const QSt
         m_error = QStringLiteral("the folder cannot be created: %1").arg(m_pictures);
 }
 
-void ScriptRun::addVerb(const QString& verb, Perform perform)
+void ScriptRun::addVerb(const QString& verb, const Perform& perform)
 {
-    m_verbs.insert(verb, std::move(perform));
+    m_verbs.insert(verb, perform);
 }
 
 void ScriptRun::start()

@@ -51,7 +51,7 @@ public:
     /// again, unless it has set `error`, which ends the script.
     using Perform = std::function<bool(const QStringList& words, QString& error)>;
     /// Adds a verb for such steps. Call it before start().
-    void addVerb(const QString& verb, Perform perform);
+    void addVerb(const QString& verb, const Perform& perform);
 
     /// Returns false if the script cannot run; see errorText().
     bool isReady() const { return m_error.isEmpty(); }

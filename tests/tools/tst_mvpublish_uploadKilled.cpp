@@ -135,7 +135,7 @@ QStringList killAtMoments(Uploads& uploads, int space, int moments)
 {
     const auto part = [moments](int moment) { return (moment + 0.5) / moments; };
     uploads.begin();
-    for (int moment = space; moment < moments; moment += spaces) {
+    for (int moment = space; moment < moments && uploads.faults().isEmpty(); moment += spaces) {
         uploads.breakAt(part(moment));
         if (moment % 3 == 1)
             uploads.breakAgainAt(part(moments - 1 - moment));
