@@ -24,4 +24,4 @@ add_feature_info(MV_OPENSSL_DIGEST MV_OPENSSL_DIGEST "digests with the processor
 
 message(STATUS "mvresource ${PROJECT_VERSION} with Qt ${MV_QT}, ${CMAKE_BUILD_TYPE}")
 feature_summary(WHAT ENABLED_FEATURES DESCRIPTION "Built:")
-feature_summary(WHAT DISABLED_FEATURES DESCRIPTION "Left out:")
+feature_summary(WHAT DISABLED_FEATURES DESCRIPTION "Left out:" QUIET_ON_EMPTY)

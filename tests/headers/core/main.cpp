@@ -12,8 +12,8 @@
 #error "the macros of the version do not compare"
 #endif
 
-/// Prints the config catalogue's path below the folder given on the command line, and the versions of header
-/// and library.
+/// Prints the config catalogue's path below the folder given on the command line, and the versions
+/// of header and library.
 int main(int argc, char** argv)
 {
     if (argc != 2)
