@@ -232,4 +232,12 @@ void ResourceModel::showRows(int first, int count)
 void ResourceModel::showItems(const QStringList& guids)
 {
     PreviewExchange::instance()->setShown(this, guids);
+    QVector<ResourceKey> unknown;
+    for (const QString& guid : guids) {
+        const SItemFacts* const facts = m_engine->states.find(keyOf(guid));
+        if (rowOf(guid) >= 0 && !(facts && facts->hasState))
+            unknown.append(keyOf(guid));
+    }
+    if (!unknown.isEmpty())
+        m_engine->states.refresh(unknown);
 }

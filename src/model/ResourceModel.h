@@ -152,7 +152,8 @@ public:
     /// and does nothing for kinds without favourites, and if the item is not in the catalogue.
     Q_INVOKABLE bool setFavourite(const QString& guid, bool isFavourite);
 
-    /// Tells which rows a view shows, so that their previews are fetched first (PreviewExchange).
+    /// Tells which rows a view shows, so that their states are determined and their previews fetched
+    /// first (PreviewExchange).
     Q_INVOKABLE void showRows(int first, int count);
     void showItems(const QStringList& guids);
 
