@@ -38,7 +38,7 @@ private:
 
 namespace {
 
-constexpr int longestMs = 30000;
+constexpr int longestMs = 60000;
 const QString program = QStringLiteral("mveditor");
 const QStringList themes{QStringLiteral("Alpha"), QStringLiteral("Beta")};
 
