@@ -68,7 +68,7 @@
     </message>
     <message>
         <source>banquets</source>
-        <translation>Feiern</translation>
+        <translation>Festessen</translation>
     </message>
     <message>
         <source>at least %1</source>

@@ -68,7 +68,7 @@
     </message>
     <message>
         <source>banquets</source>
-        <translation>celebraciones</translation>
+        <translation>banquetes</translation>
     </message>
     <message>
         <source>at least %1</source>

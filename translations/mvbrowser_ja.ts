@@ -60,7 +60,7 @@
     </message>
     <message>
         <source>festivals</source>
-        <translation>祝祭</translation>
+        <translation>お祭り</translation>
     </message>
     <message>
         <source>travel</source>

@@ -4,6 +4,7 @@
 #include "browser/MVThemeItemWdg.h"
 
 #include "browser/CellEvents.h"
+#include "browser/CellMarks.h"
 #include "browser/CheckedMark.h"
 #include "browser/LastChoice.h"
 #include "catalogue/ItemFiles.h"
@@ -207,6 +208,19 @@ int MVThemeItemWdg::percent() const
     return static_cast<int>(qBound(0.0, m_pUi->frmShow->progress(), 100.0));
 }
 
+void MVThemeItemWdg::setMarks(std::function<SCellState()> state)
+{
+    delete m_pMarks;
+    if (state && m_pItem)
+        m_pMarks = new CellMarks(m_pUi->frmShow, std::move(state));
+}
+
+void MVThemeItemWdg::updateMarks()
+{
+    if (m_pMarks)
+        m_pMarks->invalidate();
+}
+
 void MVThemeItemWdg::setCrossOnHover(bool shown)
 {
     m_pUi->frmShow->setCrossOnHover(shown);
@@ -343,6 +357,7 @@ bool MVThemeItemWdg::eventFilter(QObject* watched, QEvent* event)
         if (s_bPlayedByHover)
             m_pUi->frmShow->startPlayGif();
         m_pUi->frmShow->doEvent_Enter();
+        updateMarks();
         return true;
     }
     case QEvent::Leave:

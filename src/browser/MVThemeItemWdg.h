@@ -5,6 +5,7 @@
 
 #include "browser/EApplyOn.h"
 #include "browser/MvBrowserExport.h"
+#include "browser/SCellState.h"
 #include "download/SItemDownloadResult.h"
 
 #include <QFrame>
@@ -13,6 +14,7 @@
 #include <functional>
 #include <memory>
 
+class CellMarks;
 class MVThemeDownLoader;
 struct SCfg_Item;
 
@@ -102,6 +104,11 @@ public:
     /// Sets whether the ring of a download shows a cross while the mouse is over the cell; false at
     /// first. A click on the ring cancels in any case.
     void setCrossOnHover(bool shown);
+    /// Shows marks on the picture for what `state` returns, which is queried while painting; an
+    /// empty function removes them.
+    void setMarks(std::function<SCellState()> state);
+    /// Updates the marks, if there are any, after the state has changed.
+    void updateMarks();
     /// Returns the progress of a running download, 0 to 100 percent.
     int percent() const;
 
@@ -176,6 +183,7 @@ private:
     SCfg_Item* m_pItem = nullptr;
     QPointer<MVThemeDownLoader> m_pDownLoader; // deletes itself when its thread has finished
     QWidget** m_ppCurSel = nullptr;
+    QPointer<CellMarks> m_pMarks; // a child of the face; null while no marks are shown
     EApplyOn m_eApplyOn = EApplyOn::SingleClick;
     bool m_bDoubleClicked = false; // the release of its second press follows
     bool m_bDeletedAfterDownload = false;

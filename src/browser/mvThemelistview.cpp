@@ -51,6 +51,11 @@ mvThemelistview::mvThemelistview(QWidget* parent)
                 cell->showArrivedPictures();
         });
     }
+    // A download may bring files of other items, too.
+    for (const auto signal : {&CellEvents::downloadStarted, &CellEvents::itemApplied})
+        connect(CellEvents::instance(), signal, this, &mvThemelistview::updateMarks);
+    connect(CellEvents::instance(), &CellEvents::downloadEnded, this,
+            &mvThemelistview::updateMarks);
     // The style sheet has matched them as parts of a QListView, the class until now.
     for (QScrollBar* const bar : {verticalScrollBar(), horizontalScrollBar()}) {
         style()->unpolish(bar);

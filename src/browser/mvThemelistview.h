@@ -83,6 +83,13 @@ public:
     /// the cell's download button do so in any case. May be changed at any time.
     void setApplyOn(EApplyOn action);
     EApplyOn applyOn() const { return m_eApplyOn; }
+    /// Sets whether cells show by marks which items are on disk, missing, outdated, new, or failed
+    /// to download, and a cross on the ring of a download while the mouse is over the cell; false
+    /// at first. May be changed at any time.
+    void setMarksShown(bool shown);
+    bool areMarksShown() const { return m_bMarks; }
+    /// Updates the marks after files have come or gone by other means than downloads of cells.
+    void updateMarks();
     /// Acts like Enter on a row of the displayed model: applies or downloads its item, or opens the
     /// target of "More>>". An invalid index does nothing.
     void activate(const QModelIndex& shownRow);
@@ -277,6 +284,7 @@ private:
     MVThemeSortFilterProxyModel* m_pProxy = nullptr;
     EUIItemType m_eType = UIItem_None;
     EApplyOn m_eApplyOn = EApplyOn::SingleClick;
+    bool m_bMarks = false;
     QSize m_itemSize;
     QRect m_itemPadding;
     CellFocusMark* m_pFocusMark;

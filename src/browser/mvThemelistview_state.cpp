@@ -12,6 +12,7 @@
 #include "browser/SCellState.h"
 #include "catalogue/ItemFiles.h"
 #include "catalogue/MVThemeMgr.h"
+#include "catalogue/NoneEntry.h"
 #include "records/SCfg_Item.h"
 
 #include <QStandardItemModel>
@@ -24,12 +25,14 @@ void mvThemelistview::setUpdatable(const QSet<QString>& guids)
     markRows(UIItemRole_Updatable, guids);
     for (const QString& guid : (before - guids) + (guids - before))
         m_pAnnouncer->announceState(guid);
+    updateMarks();
 }
 
 void mvThemelistview::setNew(const QSet<QString>& guids)
 {
     m_new = guids;
     markRows(UIItemRole_New, guids);
+    updateMarks();
 }
 
 void mvThemelistview::markRows(int role, const QSet<QString>& guids)
@@ -74,6 +77,21 @@ void mvThemelistview::setApplyOn(EApplyOn action)
     setUpCells();
 }
 
+void mvThemelistview::setMarksShown(bool shown)
+{
+    m_bMarks = shown;
+    setUpCells();
+}
+
+void mvThemelistview::updateMarks()
+{
+    if (!m_bMarks)
+        return;
+    const QVector<MVThemeItemWdg*> all = cells();
+    for (MVThemeItemWdg* const cell : all)
+        cell->updateMarks();
+}
+
 void mvThemelistview::setUpCells()
 {
     const QVector<MVThemeItemWdg*> all = cells();
@@ -84,6 +102,12 @@ void mvThemelistview::setUpCells()
 void mvThemelistview::setUpCell(MVThemeItemWdg* cell)
 {
     cell->setApplyOn(m_eApplyOn);
+    cell->setCrossOnHover(m_bMarks);
+    const SCfg_Item* const item = cell->getItem();
+    if (m_bMarks && item && !isNoneEntry(*item)) // which has no files
+        cell->setMarks([this, guid = item->m_qsGUID] { return stateOf(guid); });
+    else
+        cell->setMarks({});
 }
 
 void mvThemelistview::activate(const QModelIndex& shownRow)
