@@ -22,8 +22,8 @@ bool SearchWords::matches(const QString& name) const
 QString SearchWords::folded(const QString& text)
 {
     QString letters = text.normalized(QString::NormalizationForm_KD);
-    letters.erase(std::remove_if(letters.begin(), letters.end(),
-                                 [](QChar c) { return c.category() == QChar::Mark_NonSpacing; }),
-                  letters.end());
+    const auto isMark = [](QChar letter) { return letter.category() == QChar::Mark_NonSpacing; };
+    const auto end = std::remove_if(letters.begin(), letters.end(), isMark);
+    letters.truncate(static_cast<int>(end - letters.begin()));
     return letters.toCaseFolded();
 }
