@@ -29,7 +29,7 @@ QVector<SCfg_Item*> displayed();
 /// Returns the shown items that have files in the download root; owned by the catalogue.
 QVector<SCfg_Item*> onDisk();
 
-/// Return GUID, kind, name, theme type, favourite and missing files.
+/// Return GUID, kind, name, theme type (null for other kinds), favourite and missing files.
 QJsonObject toJson(SCfg_Item& item);
 QJsonArray toJson(const QVector<SCfg_Item*>& items);
 

@@ -3,6 +3,7 @@
 
 #include "Survey.h"
 
+#include "catalogue/MVThemeMgr.h"
 #include "Console.h"
 #include "download/FileStates.h"
 #include "ItemIndex.h"
@@ -26,6 +27,23 @@ QVector<Survey::File> filesToFetch(const FileStates& states, SCfg_Item& item)
         const EFileState state = states.of(entry);
         if (state != eFile_Missing || FileStates::isNeeded(entry))
             files.append({entry, state, states.publishedOf(entry).m_sizeBytes});
+    }
+    return files;
+}
+
+/// Returns the files that a download of the item fetches: those that are missing, and a definition
+/// that cannot be read.
+QVector<Survey::File> filesToDownload(const FileStates& states, SCfg_Item& item)
+{
+    QVector<Survey::File> files;
+    const bool isReadable = MVThemeMgr::init()->ensureThemeParsed(item);
+    const QVector<ItemFiles::Entry> entries = states.toFetch(item);
+    for (const ItemFiles::Entry& entry : entries) {
+        const bool isBroken =
+            !isReadable && entry.item == &item && entry.role == ItemFiles::Role::Config;
+        if (!entry.isPresent || isBroken)
+            files.append({entry, entry.isPresent ? eFile_Damaged : eFile_Missing,
+                          states.publishedOf(entry).m_sizeBytes});
     }
     return files;
 }
@@ -61,6 +79,17 @@ Survey::Survey(const FileStates& states, const QVector<SCfg_Item*>& items,
         m_rows.append(
             {item, states.of(*item), ItemFiles::countNeeded(*item), filesToFetch(states, *item)});
     }
+}
+
+Survey Survey::ofDownloads(const FileStates& states, const QVector<SCfg_Item*>& items)
+{
+    Survey survey;
+    for (SCfg_Item* const item : items) {
+        const int missing = ItemFiles::countNeeded(*item);
+        if (missing > 0)
+            survey.m_rows.append({item, states.of(*item), missing, filesToDownload(states, *item)});
+    }
+    return survey;
 }
 
 int Survey::count(EFileState state) const
@@ -152,4 +181,11 @@ QJsonArray Survey::toJson() const
         array.append(object);
     }
     return array;
+}
+
+QJsonObject Survey::toJsonWithTotals() const
+{
+    return {{QStringLiteral("items"), toJson()},
+            {QStringLiteral("filesToFetch"), fileCount()},
+            {QStringLiteral("bytesToFetch"), static_cast<double>(bytes())}};
 }

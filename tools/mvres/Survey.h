@@ -7,6 +7,7 @@
 #include "download/SItemState.h"
 
 #include <QJsonArray>
+#include <QJsonObject>
 #include <QString>
 #include <QtGlobal>
 #include <QVector>
@@ -45,6 +46,10 @@ public:
     Survey(const FileStates& states, const QVector<SCfg_Item*>& items,
            const std::function<bool()>& isCancelled = {});
 
+    /// Returns the survey of those items that lack files, with the files that a download fetches:
+    /// all that are missing, pictures included.
+    static Survey ofDownloads(const FileStates& states, const QVector<SCfg_Item*>& items);
+
     const QVector<Row>& rows() const { return m_rows; }
     /// Returns the number of items in a state.
     int count(EFileState state) const;
@@ -61,6 +66,8 @@ public:
     /// Prints a line for each item, and below it one for each of its files.
     void print(ItemIndex& index) const;
     QJsonArray toJson() const;
+    /// Returns an object with the items, the number of files to fetch and their size.
+    QJsonObject toJsonWithTotals() const;
 
 private:
     QVector<File> distinctFiles() const;

@@ -23,13 +23,6 @@ bool isOnDisk(SCfg_Item& item)
     return ResourceStorage().useOf(item).bytes() > 0;
 }
 
-QJsonObject toJson(const Survey& survey)
-{
-    return {{QStringLiteral("items"), survey.toJson()},
-            {QStringLiteral("filesToFetch"), survey.fileCount()},
-            {QStringLiteral("bytesToFetch"), static_cast<double>(survey.bytes())}};
-}
-
 bool isChanged(const Survey::Row& row)
 {
     return row.state.m_eState == eFile_Outdated || row.state.m_eState == eFile_Damaged;
@@ -99,7 +92,9 @@ bool UpdateCommand::select(QString& error)
 int UpdateCommand::preview()
 {
     if (m_arguments.json) {
-        Console::print(QJsonDocument(toJson(m_survey)));
+        QJsonObject object = m_survey.toJsonWithTotals();
+        object.insert(QStringLiteral("dryRun"), m_arguments.dryRun);
+        Console::print(QJsonDocument(object));
         return ExitStatus::success;
     }
     m_survey.print(m_index);
@@ -116,7 +111,7 @@ int UpdateCommand::update()
     const SUpdateOutcome outcome = UpdateRun(m_arguments.json).run(m_survey.items());
     const Survey after(FileStates(FileStates::Depth::Quick), m_survey.items());
     if (m_arguments.json) {
-        QJsonObject object = toJson(after);
+        QJsonObject object = after.toJsonWithTotals();
         object.insert(QStringLiteral("update"), UpdateRun::toJson(outcome));
         Console::print(QJsonDocument(object));
     } else {
