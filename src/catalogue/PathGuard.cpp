@@ -9,6 +9,8 @@
 #include <QFileInfo>
 #include <QHash>
 
+#include <utility>
+
 namespace {
 
 bool isSeparator(QChar c)
@@ -29,17 +31,27 @@ bool goesUp(const QString& path)
     return false;
 }
 
-thread_local QHash<QString, QString>* remembered = nullptr;
+thread_local PathGuard::Known* remembered = nullptr;
 
 /// Returns the real path of a folder, links followed; empty if there is none.
 QString realFolder(const QString& folder)
 {
     if (!remembered)
         return QFileInfo(folder).canonicalFilePath();
-    const auto known = remembered->constFind(folder);
-    if (known != remembered->constEnd())
+    const auto known = remembered->real.constFind(folder);
+    if (known != remembered->real.constEnd())
         return *known;
-    return *remembered->insert(folder, QFileInfo(folder).canonicalFilePath());
+    return *remembered->real.insert(folder, QFileInfo(folder).canonicalFilePath());
+}
+
+bool isLinkedFolder(const QString& folder)
+{
+    if (!remembered)
+        return QFileInfo(folder).isSymLink();
+    const auto known = remembered->isLink.constFind(folder);
+    if (known != remembered->isLink.constEnd())
+        return *known;
+    return *remembered->isLink.insert(folder, QFileInfo(folder).isSymLink());
 }
 
 } // namespace
@@ -52,7 +64,8 @@ bool PathGuard::hasPlainName(const QString& path)
 PathGuard::Folders::Folders()
     : m_previous(remembered)
 {
-    remembered = &m_real;
+    if (!remembered)
+        remembered = &m_known;
 }
 
 PathGuard::Folders::~Folders()
@@ -88,7 +101,8 @@ bool PathGuard::isInside(const QString& root, const QString& path)
         return false;
     for (int end = folder.size(); end >= 0;) {
         end = path.indexOf(QLatin1Char('/'), end + 1);
-        if (QFileInfo(path.left(end)).isSymLink())
+        const bool isLink = end < 0 ? QFileInfo(path).isSymLink() : isLinkedFolder(path.left(end));
+        if (isLink)
             return false;
     }
     return true;
@@ -96,5 +110,8 @@ bool PathGuard::isInside(const QString& root, const QString& path)
 
 bool PathGuard::ensureDir(const QString& root, const QString& path)
 {
-    return isInside(root, path) && AppOptions::instance()->ensureDirExists(path);
+    Known* const known = std::exchange(remembered, nullptr); // a link may have come since
+    const bool isEnsured = isInside(root, path) && AppOptions::instance()->ensureDirExists(path);
+    remembered = known;
+    return isEnsured;
 }

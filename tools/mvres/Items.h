@@ -29,9 +29,10 @@ QVector<SCfg_Item*> displayed();
 /// Returns the shown items that have files in the download root; owned by the catalogue.
 QVector<SCfg_Item*> onDisk();
 
-/// Return GUID, kind, name, theme type (null for other kinds), favourite and missing files.
+/// Return GUID, kind, name, theme type (null for other kinds), favourite and missing files, which
+/// are counted unless their number is given.
 QJsonObject toJson(SCfg_Item& item);
-QJsonArray toJson(const QVector<SCfg_Item*>& items);
+QJsonObject toJson(const SCfg_Item& item, int missing);
 
 /// Returns "thumbnail", "preview", "config" or "resource".
 QString roleName(ItemFiles::Role role);

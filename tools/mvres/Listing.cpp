@@ -18,18 +18,16 @@ namespace {
 
 void printTable(const QVector<SCfg_Item*>& items)
 {
-    const FileStates states(FileStates::Depth::Quick);
-    const QVector<int> missingFiles = ItemFiles::countNeeded(items);
+    const QVector<SItemState> states = FileStates(FileStates::Depth::Quick).of(items);
     Table table({38, 10, 0, 9, 9});
     for (int row = 0; row < items.size(); ++row) {
-        SCfg_Item* const item = items.at(row);
+        const SCfg_Item* const item = items.at(row);
+        const SItemState& state = states.at(row);
         const bool favourite = MVThemeMgr::init()->isItemCollect(item);
-        const SItemState state = states.of(*item);
-        const int missing = missingFiles.at(row);
         table.add({item->m_qsGUID, Items::kindName(item->m_eType), item->m_qsName,
                    Items::themeTypeName(*item),
                    favourite ? QStringLiteral("favourite") : QStringLiteral("-"),
-                   States::size(state, missing), States::text(state, missing)});
+                   States::size(state, state.m_nNeeded), States::text(state, state.m_nNeeded)});
     }
     table.print();
 }
@@ -37,12 +35,12 @@ void printTable(const QVector<SCfg_Item*>& items)
 /// Returns the items with their states.
 QJsonArray toJson(const QVector<SCfg_Item*>& items)
 {
-    const FileStates states(FileStates::Depth::Quick);
-    QJsonArray array = Items::toJson(items);
+    const QVector<SItemState> states = FileStates(FileStates::Depth::Quick).of(items);
+    QJsonArray array;
     for (int row = 0; row < items.size(); ++row) {
-        QJsonObject object = array.at(row).toObject();
-        States::addTo(object, states.of(*items.at(row)));
-        array[row] = object;
+        QJsonObject object = Items::toJson(*items.at(row), states.at(row).m_nNeeded);
+        States::addTo(object, states.at(row));
+        array.append(object);
     }
     return array;
 }

@@ -76,8 +76,8 @@ Survey::Survey(const FileStates& states, const QVector<SCfg_Item*>& items,
     for (SCfg_Item* const item : items) {
         if (isCancelled && isCancelled())
             return;
-        m_rows.append(
-            {item, states.of(*item), ItemFiles::countNeeded(*item), filesToFetch(states, *item)});
+        const SItemState state = states.of(*item);
+        m_rows.append({item, state, state.m_nNeeded, filesToFetch(states, *item)});
     }
 }
 
@@ -175,7 +175,7 @@ QJsonArray Survey::toJson() const
 {
     QJsonArray array;
     for (const Row& row : m_rows) {
-        QJsonObject object = Items::toJson(*row.item);
+        QJsonObject object = Items::toJson(*row.item, row.missing);
         States::addTo(object, row.state);
         object.insert(QStringLiteral("files"), filesToJson(row.files));
         array.append(object);
