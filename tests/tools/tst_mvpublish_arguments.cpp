@@ -56,7 +56,7 @@ void TestMvpublishArguments::refuses_data()
     row("verify", "verify takes one TREE or URL");
     row("verify a b", "verify takes one TREE or URL");
     row("verify a --force", "--force does not go with verify");
-    row("build a b --json", "--json does not go with build");
+    row("serve a --json", "--json does not go with serve");
     row("lint a --edition 1", "--edition does not go with lint");
     row("lint a --port 1", "--port does not go with lint");
     row("new theme x --quiet", "--quiet does not go with new");
