@@ -73,8 +73,8 @@ bool Arguments::parse(const QCoreApplication& application)
 
 bool Arguments::asksForJson(const QStringList& words)
 {
-    const int json = words.indexOf(QStringLiteral("--json"));
-    const int dashes = words.indexOf(QStringLiteral("--"));
+    const auto json = words.indexOf(QStringLiteral("--json"));
+    const auto dashes = words.indexOf(QStringLiteral("--"));
     return json >= 0 && (dashes < 0 || json < dashes);
 }
 
