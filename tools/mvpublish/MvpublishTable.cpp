@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "ProgramTable.h"
+#include "records/KindTable.h"
 
 namespace {
 
@@ -154,13 +155,19 @@ QVector<Command> treeCommands()
     };
 }
 
+QStringList kindWords()
+{
+    QStringList words;
+    for (const SKindInfo& kind : KindTable::all())
+        words.append(kind.word());
+    return words;
+}
+
 QVector<ProgramTable::Value> values()
 {
     QVector<ProgramTable::Value> all = {
-        {text("KIND"),
-         text("is one of filter, transition, motion, theme, bgmaterial"),
-         Offer::Words,
-         {text("filter"), text("transition"), text("motion"), text("theme"), text("bgmaterial")}},
+        {text("KIND"), text("is one of ") + kindWords().join(text(", ")), Offer::Words,
+         kindWords()},
         {text("EDITION"),
          {},
          Offer::Words,
