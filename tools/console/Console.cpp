@@ -62,13 +62,18 @@ int fail(int status, const QString& text)
 int fail(int status, const QString& text, const QJsonObject& details)
 {
     note(text);
-    if (failuresAsJson) {
-        QJsonObject object = error(status, text);
-        for (auto detail = details.constBegin(); detail != details.constEnd(); ++detail)
-            object.insert(detail.key(), detail.value());
-        print(QJsonDocument(QJsonObject{{QStringLiteral("error"), object}}));
-    }
+    printFailure(status, text, details);
     return status;
+}
+
+void printFailure(int status, const QString& text, const QJsonObject& details)
+{
+    if (!failuresAsJson)
+        return;
+    QJsonObject object = error(status, text);
+    for (auto detail = details.constBegin(); detail != details.constEnd(); ++detail)
+        object.insert(detail.key(), detail.value());
+    print(QJsonDocument(QJsonObject{{QStringLiteral("error"), object}}));
 }
 
 int finished(int status, int failure)

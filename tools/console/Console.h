@@ -34,6 +34,9 @@ QJsonObject error(int status, const QString& text);
 int fail(int status, const QString& text);
 int fail(int status, const QString& text, const QJsonObject& details);
 
+/// Prints the document alone, after reportFailuresAsJson(), if the reasons have been noted already.
+void printFailure(int status, const QString& text, const QJsonObject& details);
+
 /// Returns the final exit status: `status`, or `failure` instead of 0 if the output could not be
 /// written.
 int finished(int status, int failure);

@@ -60,6 +60,7 @@ bool Arguments::parse(const QCoreApplication& application)
     keys = parser.values(name("key"));
     noPassword = parser.isSet(name("no-password"));
     source = parser.value(name("in"));
+    isAscii = parser.isSet(name("ascii"));
     json = parser.isSet(name("json"));
     quiet = parser.isSet(name("quiet"));
     dryRun = parser.isSet(name("dry-run"));
@@ -68,6 +69,13 @@ bool Arguments::parse(const QCoreApplication& application)
         && readKeys() && readPassword(parser.value(name("password-fd")))
         && readPort(parser.value(name("port")))
         && readDays(QStringLiteral("prune"), parser.value(name("prune")), pruneDays);
+}
+
+bool Arguments::asksForJson(const QStringList& words)
+{
+    const auto json = words.indexOf(QStringLiteral("--json"));
+    const auto dashes = words.indexOf(QStringLiteral("--"));
+    return json >= 0 && (dashes < 0 || json < dashes);
 }
 
 bool Arguments::isAddress(const QString& operand)

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "ProgramTable.h"
+#include "records/KindTable.h"
 
 namespace {
 
@@ -57,7 +58,8 @@ QVector<Command> sourceCommands()
          text("KIND NAME"),
          text("starts an item with a fresh GUID in a folder of its own, which is named after it"),
          {QCommandLineOption(text("in"), text("the source; the current folder by default"),
-                             text("SOURCE"), text("."))},
+                             text("SOURCE"), text(".")),
+          flag("ascii", "name folder and files in ASCII, with a digest in place of other letters")},
          2,
          2,
          text("new takes a KIND and a NAME")},
@@ -67,8 +69,13 @@ QVector<Command> sourceCommands()
          treeOptions()
              + QList<QCommandLineOption>{flag("renew",
                                               "publish a new release even if nothing has "
-                                              "changed")},
+                                              "changed"),
+                                         jsonOption()},
          2, 2, text("build takes SOURCE and OUT")},
+        {text("watch"), text("SOURCE OUT"),
+         text("builds OUT, and again whenever something in SOURCE has changed, until it is "
+              "interrupted"),
+         treeOptions(), 2, 2, text("watch takes SOURCE and OUT")},
         {text("retire"),
          text("SOURCE ITEM"),
          text("takes an item (its folder or GUID) out of the source without deleting it, and keeps "
@@ -122,7 +129,7 @@ QVector<Command> treeCommands()
         {text("diff"),
          text("OLD NEW"),
          text("what a user of the tree OLD fetches when NEW is published"),
-         {},
+         {jsonOption()},
          2,
          2,
          text("diff takes OLD and NEW")},
@@ -148,13 +155,19 @@ QVector<Command> treeCommands()
     };
 }
 
+QStringList kindWords()
+{
+    QStringList words;
+    for (const SKindInfo& kind : KindTable::all())
+        words.append(kind.word());
+    return words;
+}
+
 QVector<ProgramTable::Value> values()
 {
     QVector<ProgramTable::Value> all = {
-        {text("KIND"),
-         text("is one of filter, transition, motion, theme, bgmaterial"),
-         Offer::Words,
-         {text("filter"), text("transition"), text("motion"), text("theme"), text("bgmaterial")}},
+        {text("KIND"), text("is one of ") + kindWords().join(text(", ")), Offer::Words,
+         kindWords()},
         {text("EDITION"),
          {},
          Offer::Words,

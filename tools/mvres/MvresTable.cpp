@@ -3,6 +3,7 @@
 
 #include "host/HostOptions.h"
 #include "ProgramTable.h"
+#include "records/KindTable.h"
 
 namespace {
 
@@ -152,6 +153,14 @@ QVector<Command> otherCommands()
     };
 }
 
+QStringList kindWords()
+{
+    QStringList words;
+    for (const SKindInfo& kind : KindTable::all())
+        words.append(kind.word());
+    return words;
+}
+
 QVector<ProgramTable::Value> values()
 {
     return {
@@ -159,10 +168,8 @@ QVector<ProgramTable::Value> values()
          text("is the GUID of an item; braces and case do not matter"),
          Offer::Nothing,
          {}},
-        {text("KIND"),
-         text("is one of filter, transition, motion, theme, bgmaterial"),
-         Offer::Words,
-         {text("filter"), text("transition"), text("motion"), text("theme"), text("bgmaterial")}},
+        {text("KIND"), text("is one of ") + kindWords().join(text(", ")), Offer::Words,
+         kindWords()},
         {text("FILE"), {}, Offer::Files, {}},
         {text("DIR"), {}, Offer::Folders, {}},
         {text("POLICY"), {}, Offer::Words, {text("ignore"), text("use"), text("require")}},
