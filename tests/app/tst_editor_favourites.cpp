@@ -6,6 +6,7 @@
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
 
+#include <QDir>
 #include <QFile>
 
 /// Tests favourites: set by key and by button, kept over restarts, moved between computers.
@@ -17,6 +18,7 @@ private slots:
     void surviveARestart();
     void surviveAKill();
     void aRemovedFavouriteLeavesTheirList();
+    void areThoseOfMvresInOneDataFolder();
     void travelInAFile();
     void unknownFavouritesAreExportedToo();
     void wrongFilesAreRefused_data();
@@ -105,6 +107,37 @@ void tst_editor_favourites::aRemovedFavouriteLeavesTheirList()
         wait text whyEmpty "No favourites yet"
     )"),
                                         false));
+}
+
+/// Whichever program marks an item, both see it.
+void tst_editor_favourites::areThoseOfMvresInOneDataFolder()
+{
+    EditorWorld world;
+    world.publish(themes);
+    world.install(themes);
+    const QString data = world.folder() + QStringLiteral("/shared");
+    QVERIFY(QDir().mkpath(data));
+    QVERIFY(QDir().rename(world.folder() + QStringLiteral("/installed"),
+                          data + QStringLiteral("/resources")));
+    CatalogueFiles::write(
+        data + QStringLiteral("/settings.ini"),
+        "[params]\nurl_themeRootDir=" + world.server().url(QStringLiteral("/")).toUtf8() + '\n');
+    const auto mvres = [&](const QStringList& arguments) {
+        return ConsoleProgram::run(QStringLiteral(MVRES_PROGRAM),
+                                   QStringList{QStringLiteral("--data"), data} + arguments);
+    };
+    QCOMPARE(mvres({QStringLiteral("favourite"), EditorWorld::themeGuid(themes.at(1))}).status, 0);
+
+    const QString script = world.folder() + QStringLiteral("/marks.script");
+    CatalogueFiles::write(script,
+                          "pace 1\nwait favourite Beta\nclick cell Alpha\nwait applied Alpha\n"
+                          "press F\nwait favourite Alpha\n");
+    VERIFY_ENDED_WELL(Editor(world).runDemo(
+        {QStringLiteral("--data"), data, QStringLiteral("--settings"),
+         data + QStringLiteral("/settings.ini"), QStringLiteral("--script"), script}));
+    const QString listed = QString::fromUtf8(mvres({QStringLiteral("list")}).out);
+    QCOMPARE(listed.count(QStringLiteral("favourite")), 2);
+    QVERIFY(QFile::exists(data + QStringLiteral("/download")));
 }
 
 void tst_editor_favourites::travelInAFile()

@@ -65,10 +65,10 @@ QString elided(const QString& text, int width)
     return front + dots + QString::fromUcs4(back.constData(), back.size());
 }
 
-int ofTerminal()
+int ofTerminal(int descriptor)
 {
     winsize size = {};
-    const bool known = ::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+    const bool known = ::ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
     return known ? size.ws_col : usualWidth;
 }
 
