@@ -303,7 +303,7 @@ void TestManual::zshCompletes()
              "zpty -r shell out \"*<$3 #>*\"\n");
     const Outcome outcome = ConsoleProgram::run(
         text("timeout"),
-        {text("30"), text("zsh"), text("-f"), text("-o"), text("extendedglob"), text("-c"), script,
+        {text("55"), text("zsh"), text("-f"), text("-o"), text("extendedglob"), text("-c"), script,
          text("zsh"), text(MV_SHARE "/zsh/site-functions"), line, completed});
     QCOMPARE(outcome.err, QByteArray());
     QCOMPARE(outcome.status, 0);
