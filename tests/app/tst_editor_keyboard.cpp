@@ -29,8 +29,10 @@ void tst_editor_keyboard::tabWalksThroughTheWindow()
     world.fillRoot(themes);
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
         wait focus list0
+        wait disabled favourite
         press Enter
         wait applied Alpha
+        wait enabled removeItem
         press Tab
         wait focus largePreview
         press Tab

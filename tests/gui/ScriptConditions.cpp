@@ -211,6 +211,10 @@ bool ScriptConditions::holdsForWidget(const QString& what, const QString& name, 
     }
     if (what == QLatin1String("gone"))
         return equals(yesNo(!widget), QStringLiteral("yes"));
+    if (what.endsWith(QLatin1String("abled"))) {
+        const bool isEnabled = widget && widget->isEnabled();
+        return equals(isEnabled ? QStringLiteral("enabled") : QStringLiteral("disabled"), what);
+    }
     if (what != QLatin1String("focus"))
         return false;
     const QWidget* const focused = QApplication::focusWidget();

@@ -32,6 +32,7 @@ class MainWindow;
 ///     row TREE TEXT      norow TREE TEXT     whether a row of the tree widget contains TEXT
 ///     spoken WIDGET TEXT the text for screen readers contains TEXT
 ///     focus WIDGET       gone WIDGET
+///     enabled WIDGET     disabled WIDGET     a missing widget is disabled
 ///     opened TEXT        an opened address contains TEXT
 ///     clipboard TEXT
 class ScriptConditions : public QObject

@@ -96,6 +96,8 @@ bool ScriptTargets::findWidget(const QWidget* widget, const QString& what, QPoin
 {
     if (!widget || !widget->isVisible())
         return fail(QStringLiteral("%1 cannot be seen").arg(what));
+    if (!widget->isEnabled()) // perhaps it waits for the result of a thread
+        return fail(QStringLiteral("%1 is disabled").arg(what));
     global = widget->mapToGlobal(widget->rect().center());
     return true;
 }
@@ -123,6 +125,8 @@ bool ScriptTargets::findAction(const QString& name, QPoint& global)
         for (QAction* action : actions) {
             if (action->objectName() != name)
                 continue;
+            if (!action->isEnabled())
+                return fail(QStringLiteral("%1 is disabled").arg(name));
             const QRect place = menu ? menu->actionGeometry(action) : bar->actionGeometry(action);
             global = widget->mapToGlobal(place.center());
             return true;

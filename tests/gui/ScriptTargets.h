@@ -26,7 +26,8 @@ class ScriptTargets
 public:
     explicit ScriptTargets(MainWindow& window);
 
-    /// Returns false, see errorText(), while the target does not exist or is not in view.
+    /// Returns false, see errorText(), while the target does not exist, is not in view or is
+    /// disabled.
     bool find(const QStringList& words, QPoint& global);
     QString errorText() const { return m_error; }
 
