@@ -11,6 +11,7 @@
 #include "browser/MVThemeItemWdg.h"
 #include "browser/MVThemeSortFilterProxyModel.h"
 #include "browser/ShownItems.h"
+#include "browser/SListFilter.h"
 #include "catalogue/MVThemeMgr.h"
 #include "catalogue/NoneEntry.h"
 #include "download/PreviewExchange.h"
@@ -66,6 +67,7 @@ void mvThemelistview::setUIItemType(EUIItemType type)
     m_pModel = std::make_unique<QStandardItemModel>();
     m_pProxy = new MVThemeSortFilterProxyModel(this);
     m_pProxy->setSourceModel(m_pModel.get());
+    m_pProxy->setKind(kindShownBy(type));
     // A row that reappeared by itself would have no widget.
     m_pProxy->setDynamicSortFilter(false);
 
@@ -75,7 +77,7 @@ void mvThemelistview::setUIItemType(EUIItemType type)
     connect(m_pDelegate, &MVResourceItemDelegate::sigThemeItemClicked, this,
             &mvThemelistview::sigThemeItemClicked);
     connect(m_pDelegate, &MVResourceItemDelegate::contextMenuWanted, this,
-            &mvThemelistview::contextMenuWanted);
+            &mvThemelistview::requestContextMenu);
     setUpView();
 }
 
@@ -138,6 +140,7 @@ void mvThemelistview::initData(const QUuid& /*unused*/, bool /*unused*/)
     if (m_eType == UIItem_Themes && !ProductParam::text(ProductParam::moreAddress).isEmpty())
         rows.append(newRow(QString(), 0, QString()));
     m_pModel->invisibleRootItem()->appendRows(rows); // the model owns them
+    m_pProxy->sortAgain();
     nameMoreRow();
     updateItemState();
 }
@@ -147,15 +150,20 @@ void mvThemelistview::addItem(const SCfg_Item& item)
     if (!m_pModel)
         return;
     m_pModel->appendRow(newItemRow(item));
+    m_pProxy->sortAgain();
     if (m_pPool)
         updatePool();
     else
-        openPersistentEditor(m_pProxy->index(m_pProxy->rowCount() - 1, 0));
+        ShowThemeSubWdgByOptTag(m_pModel->index(rowCount() - 1, 0));
 }
 
 QStandardItem* mvThemelistview::newItemRow(const SCfg_Item& item)
 {
     QStandardItem* const row = newRow(item.m_qsGUID, item.m_nThemeType, item.m_qsName);
+    if (m_updatable.contains(item.m_qsGUID))
+        row->setData(true, UIItemRole_Updatable);
+    if (m_new.contains(item.m_qsGUID))
+        row->setData(true, UIItemRole_New);
     m_mapItems.insert(QUuid(item.m_qsGUID), row);
     return row;
 }
@@ -175,6 +183,35 @@ void mvThemelistview::reapplyFilter(int themeType, QString text)
     if (m_pProxy)
         m_pProxy->setFilter(themeType, QRegExp(text, Qt::CaseInsensitive, QRegExp::RegExp));
     updateItemState();
+}
+
+void mvThemelistview::applyFilter(const SListFilter& filter)
+{
+    if (m_pProxy)
+        m_pProxy->setFilter(filter);
+    updateItemState();
+}
+
+void mvThemelistview::setUpdatable(const QSet<QString>& guids)
+{
+    m_updatable = guids;
+    markRows(UIItemRole_Updatable, guids);
+}
+
+void mvThemelistview::setNew(const QSet<QString>& guids)
+{
+    m_new = guids;
+    markRows(UIItemRole_New, guids);
+}
+
+void mvThemelistview::markRows(int role, const QSet<QString>& guids)
+{
+    for (int row = 0; row < rowCount(); ++row) {
+        const QModelIndex index = m_pModel->index(row, 0);
+        const bool isMarked = guids.contains(index.data(UIItemRole_GUID).toString());
+        if (index.data(role).toBool() != isMarked)
+            m_pModel->setData(index, isMarked ? QVariant(true) : QVariant(), role);
+    }
 }
 
 void mvThemelistview::clear()

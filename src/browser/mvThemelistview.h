@@ -9,7 +9,9 @@
 #include <QListView>
 #include <QMap>
 #include <QRect>
+#include <QSet>
 #include <QSize>
+#include <QString>
 #include <QStringList>
 #include <QUuid>
 
@@ -25,6 +27,7 @@ class QStandardItem;
 class QStandardItemModel;
 class ShownItems;
 struct SCfg_Item;
+struct SListFilter;
 
 /// A scrolling grid of live cells that shows one kind of the catalogue's resources.
 ///
@@ -82,9 +85,22 @@ public:
     /// Shows the items of a theme type (see MVThemeSortFilterProxyModel) whose names contain a
     /// match of `text`, a case-insensitive QRegExp pattern.
     void reapplyFilter(int themeType, QString text);
+    /// Shows the items that pass `filter`, in its order, instead of what reapplyFilter() has set.
+    /// Call it again after favourites, files, or the items of setUpdatable() and setNew() have
+    /// changed: rows neither disappear nor move by themselves.
+    void applyFilter(const SListFilter& filter);
     /// Opens the cells that are missing: those of all rows that pass the filter, or, with cells on
     /// demand, of the visible ones.
     void updateItemState();
+
+    /// @name Facts that only the host knows, by GUID
+    /// They apply to items that come later, too, such as by a reload.
+    /// @{
+    /// Sets the items on disk for which an update is available.
+    void setUpdatable(const QSet<QString>& guids);
+    /// Sets the items that are new since the user's last visit.
+    void setNew(const QSet<QString>& guids);
+    /// @}
 
     /// @name A reload of the catalogue
     /// @{
@@ -137,8 +153,9 @@ signals:
     /// The user has applied an item, or one of the operations above has selected it.
     void sigThemeItemClicked(SCfg_Item*);
     /// The user has requested an item's context menu, with the right mouse button or the menu key;
-    /// only with HostSettings::leftButtonOnly. The position is in screen coordinates.
-    void contextMenuWanted(SCfg_Item* item, const QPoint& globalPos);
+    /// only with HostSettings::leftButtonOnly. The item has become the current one, and is not
+    /// applied. The position is in screen coordinates.
+    void sigContextMenuRequested(const QString& guid, const QPoint& globalPos);
 
 protected:
     /// Scrolls one cell up or down, however far the wheel was turned.
@@ -164,6 +181,7 @@ private:
     {
         int themeType = 0;
         QString text;
+        std::shared_ptr<const SListFilter> filter; // null: themeType and text apply
         QString current;
         QString applied;
         QStringList downloads;
@@ -173,6 +191,7 @@ private:
 
     static const QVector<SCfg_Item>& getItems(EUIItemType type);
     void restartDownloads(const Kept& kept);
+    void restoreFilter(const Kept& kept);
     void makeCurrent(const QString& guid);
     void setUpView();
     void readItemSize();
@@ -182,6 +201,8 @@ private:
     void placeFocusMark();
     static QStandardItem* newRow(const QString& guid, int themeType, const QString& name);
     QStandardItem* newItemRow(const SCfg_Item& item);
+    void markRows(int role, const QSet<QString>& guids);
+    void requestContextMenu(const SCfg_Item* item, const QPoint& globalPos);
     void ShowThemeSubWdgByOptTag(const QModelIndex& index);
     void openAllCells();
     void openReappearedDownloads();
@@ -208,6 +229,8 @@ private:
     CellFocusMark* m_pFocusMark;
     bool m_bKeyboard = false;               // the keyboard was used after the mouse
     QMap<QUuid, QStandardItem*> m_mapItems; // the items belong to the model
+    QSet<QString> m_updatable;              // GUIDs
+    QSet<QString> m_new;                    // GUIDs
     std::unique_ptr<ShownItems> m_pShown;   // null unless items are shown without previews
     std::optional<Kept> m_kept;             // from release() to refill()
 };
