@@ -10,6 +10,8 @@
 #include "DetailsPanel.h"
 #include "download/CatalogueUpdate.h"
 #include "FailureBox.h"
+#include "FilterBar.h"
+#include "host/HostSettings.h"
 #include "host/LogL.h"
 #include "Preferences.h"
 #include "ProjectDialog.h"
@@ -40,6 +42,7 @@ constexpr int firstListWidth = 772; // four themes, or six filters, side by side
 MainWindow::MainWindow(Preferences& preferences, CatalogueUpdate& check)
     : m_preferences(preferences)
     , m_check(check)
+    , m_seen(hostSettings().dataLocation + QStringLiteral("/seen.json"))
     , m_splitter(new QSplitter(new QWidget(this)))
     , m_tabs(new ResourceTabs(new QWidget(m_splitter)))
     , m_details(new DetailsPanel(new QWidget(m_splitter)))
@@ -120,7 +123,7 @@ void MainWindow::createMenus()
     connect(m_export, &QAction::triggered, this, &MainWindow::exportFavourites);
     connect(m_import, &QAction::triggered, this, &MainWindow::importFavourites);
     connect(m_quit, &QAction::triggered, this, &QWidget::close);
-    connect(m_find, &QAction::triggered, m_tabs, &ResourceTabs::startSearch);
+    connect(m_find, &QAction::triggered, m_tabs->filterBar(), &FilterBar::startSearch);
     connect(m_checkNow, &QAction::triggered, this, &MainWindow::toggleCheck);
 }
 
@@ -134,8 +137,7 @@ void MainWindow::connectParts()
         m_preferences.setTab(tab);
         showApplied();
     });
-    connect(m_tabs, &ResourceTabs::themeTypeChanged, this,
-            [this](int type) { m_preferences.setThemeType(type); });
+    connect(m_tabs, &ResourceTabs::filterChanged, this, &MainWindow::storeFilter);
     connect(m_tabs->checkButton(), &QPushButton::clicked, this, &MainWindow::toggleCheck);
     connect(&m_check, &CatalogueUpdate::phaseChanged, this, &MainWindow::refreshCheckButton);
     connect(&m_check, &CatalogueUpdate::contentArrived, this, &MainWindow::requestReload);
@@ -145,6 +147,17 @@ void MainWindow::connectParts()
             [this](ECfgItemType kind, const QString& guid) { toggleFavourite(kind, guid); });
     connect(m_failure, &FailureBox::retryWanted, this,
             [this](ECfgItemType kind, const QString& guid) { retry(kind, guid); });
+}
+
+/// Only what narrows a list lastingly: a search, or a filter of favorites, would surprise at the
+/// next start.
+void MainWindow::storeFilter()
+{
+    const FilterBar* const filter = m_tabs->filterBar();
+    if (filter->themeType() != m_preferences.themeType())
+        m_preferences.setThemeType(filter->themeType());
+    if (filter->order() != m_preferences.order())
+        m_preferences.setOrder(filter->order());
 }
 
 void MainWindow::connectView()
@@ -159,7 +172,7 @@ void MainWindow::connectView()
         say(tr("The new scale applies from the next start on"));
     });
     connect(m_viewMenu, &ViewMenu::motionReducedChosen, this, [this](bool reduced) {
-        m_preferences.setMotionReduced(reduced);
+        m_preferences.setMotion(reduced ? Preferences::Motion::Reduced : Preferences::Motion::Full);
         applyMotion(reduced);
     });
 }
@@ -195,7 +208,9 @@ void MainWindow::restore()
     const QList<int> sizes = m_preferences.splitterSizes();
     if (sizes.size() == m_splitter->count())
         m_splitter->setSizes(sizes);
-    m_tabs->setThemeType(m_preferences.themeType());
+    m_tabs->filterBar()->setThemeType(m_preferences.themeType());
+    m_tabs->filterBar()->setOrder(m_preferences.order());
+    m_tabs->setNew(m_seen.newItems());
     m_tabs->setCurrentTab(m_preferences.tab());
     applyMotion(m_preferences.isMotionReduced());
     m_tabs->currentList()->setFocus();
@@ -229,6 +244,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
          event->spontaneous() ? "asked to by the window system" : "by a command of its own");
     m_preferences.setGeometry(saveGeometry());
     m_preferences.setSplitterSizes(m_splitter->sizes());
+    m_seen.save();
     disconnect(&m_check, nullptr, this, nullptr);
     hide(); // ending downloads and the check may take a second, which nobody should have to watch
     m_tabs->cancelDownloads();

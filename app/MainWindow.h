@@ -5,6 +5,8 @@
 
 #include "records/ECfgItemType.h"
 
+#include "SeenItems.h"
+
 #include <QMainWindow>
 #include <QPointer>
 
@@ -54,6 +56,7 @@ private:
     void connectView();
     void connectCells();
     void connectStorage();
+    void storeFilter();
     void restore();
     void retranslate();
 
@@ -82,6 +85,7 @@ private:
 
     Preferences& m_preferences;
     CatalogueUpdate& m_check;
+    SeenItems m_seen;
     QSplitter* m_splitter;
     ResourceTabs* m_tabs;
     DetailsPanel* m_details;

@@ -106,6 +106,7 @@ void MainWindow::reloadCatalogue()
     saveFavourites(); // they are reloaded, too
     passSkinOn();
     m_tabs->reloadCatalogue();
+    m_tabs->setNew(m_seen.newItems());
     m_details->refresh();
     if (m_project)
         m_project->refresh();

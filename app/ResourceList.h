@@ -4,17 +4,16 @@
 #pragma once
 
 #include "browser/EUIItemType.h"
-#include "browser/MVThemeSortFilterProxyModel.h"
+#include "FilterPart.h"
 #include "records/ECfgItemType.h"
 
-#include <QPointer>
 #include <QSet>
-#include <QStringList>
+#include <QString>
 #include <QWidget>
 
+class EmptyNote;
 class MVThemeItemWdg;
 class mvThemelistview;
-class QLabel;
 class QTimer;
 struct SCfg_Item;
 
@@ -30,9 +29,9 @@ public:
     ECfgItemType kind() const;
     mvThemelistview* view() const { return m_view; }
 
-    /// Shows the items of a theme type whose names contain `text`. Only themes have types.
-    void setFilter(int themeType, const QString& text);
-    /// Applies the filter again, after favourites have changed.
+    /// Shows the items that pass a filter; `text` is that of its words, for messages.
+    void setFilter(const SListFilter& filter, const QString& text);
+    /// Applies the filter again, after favourites or files have changed.
     void refilter();
     /// Returns the number of rows, including "More>>".
     int shownItems() const;
@@ -47,10 +46,15 @@ public:
     /// Marks the cells of items for which an update is available, also those that come into view
     /// later.
     void setUpdatable(const QSet<QString>& guids);
+    /// Names the items, by GUID, that are the newest.
+    void setNew(const QSet<QString>& guids);
 
 signals:
     /// The user has applied an item.
     void applied(SCfg_Item* item);
+    /// The list is empty, and the user wants to remove this condition, or all if there are several.
+    void filterUnwanted(FilterPart part);
+    void filtersUnwanted();
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -58,18 +62,22 @@ protected:
 
 private:
     void showItems();
-    void applyFilter(int themeType, const QString& text);
     void nameList();
     void showWhyEmpty();
     void placeWhyEmpty();
-    QString whyEmpty() const;
+    void removeFilter();
+    bool isAnyItemShown() const;
+    bool wouldShowAny(const SListFilter& filter) const;
+    void explain(FilterPart part);
     void refreshMarks();
 
     EUIItemType m_type;
     mvThemelistview* m_view;
-    QLabel* m_whyEmpty;
-    int m_themeType = MVThemeSortFilterProxyModel::allThemes;
-    QString m_text;
-    QSet<QString> m_updatable; // GUIDs
-    QTimer* m_marksTimer;      // once for all cells that have appeared
+    EmptyNote* m_whyEmpty;
+    SListFilter m_filter;
+    QString m_text; // of its words
+    bool m_isOnePartInTheWay = false;
+    FilterPart m_partInTheWay = FilterPart::Words; // removing it fills the list
+    QSet<QString> m_updatable;                     // GUIDs
+    QTimer* m_marksTimer;                          // once for all cells that have appeared
 };

@@ -8,7 +8,6 @@
 #include "browser/BrowserLanguage.h"
 #include "browser/MVThemeItemWdg.h"
 #include "browser/mvThemelistview.h"
-#include "browser/MVThemeSortFilterProxyModel.h"
 #include "browser/skins/SampleWorld.h"
 #include "catalogue/MVThemeMgr.h"
 #include "download/CatalogueUpdate.h"
@@ -30,6 +29,7 @@
 #include <QLocale>
 #include <QPushButton>
 #include <QStyle>
+#include <QToolButton>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 
@@ -144,7 +144,7 @@ void WindowTexts::haveRoom()
     part<QPushButton>("favourite")->click();
     fail();
     verifyRoom("failed");
-    m_window->tabs()->setThemeType(MVThemeSortFilterProxyModel::favouriteThemes);
+    part<QToolButton>("onlyFavourites")->setChecked(true);
     verifyRoom(nullptr);
     part<QLineEdit>("search")->setText(QStringLiteral("no such name"));
     verifyRoom("nothing-found");

@@ -96,13 +96,14 @@ void tst_editor_favourites::aRemovedFavouriteLeavesTheirList()
         wait applied Beta
         press F
         wait favourite Beta
-        click widget themeType
-        press Down
-        press Enter
+        click widget onlyFavourites
         wait shown 1
         click widget favourite
         wait shown 0
-        wait text whyEmpty "No favourites yet"
+        wait text whyEmpty "No favorites yet"
+        click widget whyEmptyAction
+        wait shown 3
+        wait gone whyEmpty
     )"),
                                         false));
 }

@@ -239,7 +239,7 @@ void tst_editor_items::sizeIsToldBeforeTheDownload()
         wait ready Alpha
         wait text itemState "Up to date"
         wait text itemUse "On this computer: "
-        click tab 3
+        click tab 2
         click cell Blue
         wait applied Blue
         wait text itemState "Up to date"

@@ -53,11 +53,19 @@ void tst_editor_keyboard::tabWalksThroughTheWindow()
         wait gone themeType
         press Left
         press Tab
-        wait focus themeType
+        wait focus check
         press Tab
         wait focus search
         press Tab
-        wait focus check
+        wait focus themeType
+        press Tab
+        wait focus onlyFavourites
+        press Tab
+        wait focus onlyOnDisk
+        press Tab
+        wait focus onlyOutdated
+        press Tab
+        wait focus order
         press Tab
         wait focus list0
     )"),
@@ -112,7 +120,7 @@ void tst_editor_keyboard::widgetsHaveNames()
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
         wait spoken list0 Themes
         wait spoken tabs Themes
-        wait spoken themeType All
+        wait spoken themeType "All types"
         wait spoken search "Search by name"
         wait spoken check "Check now"
         wait spoken largePreview Preview
