@@ -13,10 +13,12 @@
 #include "FilterBar.h"
 #include "host/HostSettings.h"
 #include "host/LogL.h"
+#include "host/ProductParam.h"
 #include "Preferences.h"
 #include "ProjectDialog.h"
 #include "ResourceList.h"
 #include "ResourceTabs.h"
+#include "SettingsControls.h"
 #include "StorageControls.h"
 #include "ViewMenu.h"
 
@@ -26,6 +28,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QSplitter>
+#include <QStackedWidget>
 #include <QStatusBar>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -43,12 +46,14 @@ MainWindow::MainWindow(Preferences& preferences, CatalogueUpdate& check)
     : m_preferences(preferences)
     , m_check(check)
     , m_seen(hostSettings().dataLocation + QStringLiteral("/seen.json"))
-    , m_splitter(new QSplitter(new QWidget(this)))
+    , m_pages(new QStackedWidget(this))
+    , m_splitter(new QSplitter(new QWidget(m_pages)))
     , m_tabs(new ResourceTabs(new QWidget(m_splitter)))
     , m_details(new DetailsPanel(new QWidget(m_splitter)))
     , m_failure(new FailureBox(m_details->parentWidget()))
     , m_status(new CheckStatus(check, this))
     , m_storage(new StorageControls(*m_details, m_tabs->parentWidget(), this))
+    , m_settings(new SettingsControls(preferences, check, m_tabs->parentWidget(), this))
     , m_favouritesChanged(new QTimer(this))
     , m_fileMenu(menuBar()->addMenu(QString()))
     , m_resourcesMenu(menuBar()->addMenu(QString()))
@@ -67,6 +72,7 @@ MainWindow::MainWindow(Preferences& preferences, CatalogueUpdate& check)
     connectView();
     connectCells();
     connectStorage();
+    connectSettings();
     restore();
     retranslate();
     refreshCheckButton();
@@ -80,6 +86,7 @@ void MainWindow::arrange()
     auto* const lists = new QVBoxLayout(left);
     lists->setContentsMargins(0, 0, 0, 0);
     lists->addWidget(m_tabs, 1);
+    lists->addWidget(m_settings->bar());
     lists->addWidget(m_storage->bars());
     QWidget* const right = m_details->parentWidget();
     auto* const column = new QVBoxLayout(right);
@@ -94,7 +101,8 @@ void MainWindow::arrange()
     QWidget* const frame = m_splitter->parentWidget();
     auto* const layout = new QVBoxLayout(frame);
     layout->addWidget(m_splitter);
-    setCentralWidget(frame);
+    m_pages->addWidget(frame);
+    setCentralWidget(m_pages);
     statusBar()->addWidget(m_storage->line());
     statusBar()->addPermanentWidget(m_status);
 }
@@ -110,6 +118,8 @@ void MainWindow::createMenus()
     m_fileMenu->insertSeparator(m_export);
     m_export->setObjectName(QStringLiteral("export"));
     m_import->setObjectName(QStringLiteral("import"));
+    m_fileMenu->insertAction(m_quit, m_settings->action());
+    m_fileMenu->insertSeparator(m_settings->action());
     m_fileMenu->insertSeparator(m_quit);
     m_quit->setObjectName(QStringLiteral("quit"));
     m_quit->setShortcut(QKeySequence(QStringLiteral("Ctrl+Q")));
@@ -163,17 +173,11 @@ void MainWindow::storeFilter()
 void MainWindow::connectView()
 {
     connect(m_viewMenu, &ViewMenu::skinChosen, this, &MainWindow::applySkin);
-    connect(m_viewMenu, &ViewMenu::languageChosen, this, [this](const QString& language) {
-        m_preferences.setLanguage(language);
-        AppLanguage::install(language);
-    });
-    connect(m_viewMenu, &ViewMenu::scaleChosen, this, [this](int percent) {
-        m_preferences.setScale(percent);
-        say(tr("The new scale applies from the next start on"));
-    });
+    connect(m_viewMenu, &ViewMenu::languageChosen, this, &MainWindow::applyLanguage);
+    connect(m_viewMenu, &ViewMenu::scaleChosen, this, &MainWindow::applyScale);
     connect(m_viewMenu, &ViewMenu::motionReducedChosen, this, [this](bool reduced) {
         m_preferences.setMotion(reduced ? Preferences::Motion::Reduced : Preferences::Motion::Full);
-        applyMotion(reduced);
+        applyMotion();
     });
 }
 
@@ -195,6 +199,7 @@ void MainWindow::connectCells()
                     showFailure(kind, guid, result.m_failure);
                 m_details->refresh();
                 m_storage->refresh();
+                m_settings->lookAtFolder();
             });
 }
 
@@ -212,8 +217,10 @@ void MainWindow::restore()
     m_tabs->filterBar()->setOrder(m_preferences.order());
     m_tabs->setNew(m_seen.newItems());
     m_tabs->setCurrentTab(m_preferences.tab());
-    applyMotion(m_preferences.isMotionReduced());
+    applyMotion();
     m_tabs->currentList()->setFocus();
+    if (ProductParam::text(ProductParam::serverRoot).isEmpty())
+        welcome();
 }
 
 void MainWindow::retranslate()
@@ -228,6 +235,7 @@ void MainWindow::retranslate()
     m_find->setText(tr("&Find"));
     m_showDetails->setText(tr("Show &details"));
     m_storage->retranslate();
+    m_settings->retranslate();
     refreshCheckButton();
 }
 

@@ -20,9 +20,12 @@ class QAction;
 class QMenu;
 class QSplitter;
 class QTimer;
+class QStackedWidget;
 class ResourceTabs;
+class SettingsControls;
 class StorageControls;
 class ViewMenu;
+class WelcomePage;
 struct ItemKey;
 struct STransferFailure;
 
@@ -38,6 +41,7 @@ public:
 
     ResourceTabs* tabs() const { return m_tabs; }
     CheckStatus* checkStatus() const { return m_status; }
+    SettingsControls* settings() const { return m_settings; }
     /// Opens a project: says which of its items are ready, and why it cannot be read.
     void openProject(const QString& path);
     /// Returns how many times the catalogue was reloaded.
@@ -56,13 +60,18 @@ private:
     void connectView();
     void connectCells();
     void connectStorage();
+    void connectSettings();
+    void welcome();
+    void endWelcome();
     void storeFilter();
     void restore();
     void retranslate();
 
     void showApplied();
     void applySkin(const QString& skin);
-    void applyMotion(bool reduced);
+    void applyMotion();
+    void applyLanguage(const QString& language);
+    void applyScale(int percent);
     void showDetails(const ItemKey& item);
     void showItemMenu(const ItemKey& item, const QPoint& globalPos);
     void chooseProject();
@@ -86,12 +95,15 @@ private:
     Preferences& m_preferences;
     CatalogueUpdate& m_check;
     SeenItems m_seen;
+    QStackedWidget* m_pages;
     QSplitter* m_splitter;
     ResourceTabs* m_tabs;
     DetailsPanel* m_details;
     FailureBox* m_failure;
     CheckStatus* m_status;
     StorageControls* m_storage;
+    SettingsControls* m_settings;
+    WelcomePage* m_welcome = nullptr; // null: a server is known
     QTimer* m_favouritesChanged;
     QMenu* m_fileMenu;
     QMenu* m_resourcesMenu;

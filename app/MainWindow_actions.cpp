@@ -3,6 +3,7 @@
 
 // MainWindow: handling of its parts' requests.
 
+#include "AppLanguage.h"
 #include "AppLook.h"
 #include "browser/MVThemeItemWdg.h"
 #include "catalogue/CatalogueUse.h"
@@ -17,6 +18,7 @@
 #include "Preferences.h"
 #include "ResourceList.h"
 #include "ResourceTabs.h"
+#include "ViewMenu.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -68,10 +70,27 @@ void MainWindow::applySkin(const QString& skin)
     m_preferences.setSkin(skin);
     AppLook::apply(skin);
     m_tabs->updateItemSizes();
+    m_viewMenu->showChoices(m_preferences);
 }
 
-void MainWindow::applyMotion(bool reduced)
+void MainWindow::applyLanguage(const QString& language)
 {
+    m_preferences.setLanguage(language);
+    AppLanguage::install(language);
+    m_viewMenu->showChoices(m_preferences);
+}
+
+void MainWindow::applyScale(int percent)
+{
+    m_preferences.setScale(percent);
+    m_viewMenu->showChoices(m_preferences);
+    say(tr("The new scale applies from the next start on"));
+}
+
+void MainWindow::applyMotion()
+{
+    const bool reduced = m_preferences.isMotionReduced();
+    m_viewMenu->showChoices(m_preferences);
     MVThemeItemWdg::setPlayedByHover(!reduced);
     m_details->setMotionReduced(reduced);
 }

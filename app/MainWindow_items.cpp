@@ -9,17 +9,23 @@
 #include "download/CatalogueUpdate.h"
 #include "ItemUpdates.h"
 #include "MainWindow.h"
+#include "Preferences.h"
 #include "ProjectDialog.h"
 #include "records/SCfg_Item.h"
 #include "ResourceList.h"
 #include "ResourceTabs.h"
+#include "SettingsControls.h"
 #include "StorageControls.h"
+#include "WelcomePage.h"
 
 #include <QAction>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMenu>
 #include <QMessageBox>
+#include <QStackedWidget>
+
+#include <utility>
 
 void MainWindow::connectStorage()
 {
@@ -60,6 +66,40 @@ void MainWindow::showItemMenu(const ItemKey& item, const QPoint& globalPos)
     details->setObjectName(QStringLiteral("itemDetails"));
     connect(details, &QAction::triggered, this, [this, item] { showDetails(item); });
     menu->popup(globalPos);
+}
+
+void MainWindow::connectSettings()
+{
+    connect(m_settings, &SettingsControls::skinChosen, this, &MainWindow::applySkin);
+    connect(m_settings, &SettingsControls::languageChosen, this, &MainWindow::applyLanguage);
+    connect(m_settings, &SettingsControls::scaleChosen, this, &MainWindow::applyScale);
+    connect(m_settings, &SettingsControls::motionChosen, this, &MainWindow::applyMotion);
+    connect(m_settings, &SettingsControls::serverInUse, this, &MainWindow::endWelcome);
+    connect(m_settings, &SettingsControls::said, this, &MainWindow::say);
+}
+
+/// Asks for a server instead of showing lists that nothing fills.
+void MainWindow::welcome()
+{
+    m_welcome = new WelcomePage(m_pages);
+    m_pages->setCurrentIndex(m_pages->addWidget(m_welcome));
+    m_welcome->setFocus();
+    connect(m_welcome, &WelcomePage::skipped, this, &MainWindow::endWelcome);
+    connect(m_welcome, &WelcomePage::serverChosen, this, [this](const QString& address) {
+        m_preferences.setServer(address);
+        if (!m_preferences.storeError().isEmpty())
+            say(tr("The settings cannot be saved: %1").arg(m_preferences.storeError()));
+        m_settings->useServer(address);
+    });
+}
+
+void MainWindow::endWelcome()
+{
+    if (!m_welcome)
+        return;
+    m_pages->removeWidget(m_welcome);
+    std::exchange(m_welcome, nullptr)->deleteLater(); // its button is still busy
+    m_tabs->currentList()->setFocus();
 }
 
 void MainWindow::chooseProject()

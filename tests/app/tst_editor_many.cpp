@@ -30,6 +30,8 @@ void tst_editor_many::areShownSearchedAndApplied()
         press Ctrl+F
         type "theme 51"
         wait shown 15
+        type 9
+        wait shown 1
         press Down
         wait focus list0
         press End
