@@ -7,6 +7,8 @@
 #include "browser/CellFocusMark.h"
 #include "browser/CellPool.h"
 #include "browser/EUIItemRole.h"
+#include "browser/ListAccessible.h"
+#include "browser/ListAnnouncer.h"
 #include "browser/MVResourceItemDelegate.h"
 #include "browser/MVThemeItemWdg.h"
 #include "browser/MVThemeSortFilterProxyModel.h"
@@ -33,8 +35,10 @@ constexpr QSize fallbackItemSize(136, 110);
 
 mvThemelistview::mvThemelistview(QWidget* parent)
     : QListView(parent)
+    , m_pAnnouncer(new ListAnnouncer(*this))
     , m_pFocusMark(new CellFocusMark(viewport()))
 {
+    ListAccessible::install();
     setCellsOnDemand(hostSettings().cellsOnDemand);
     if (hostSettings().showWithoutPreviews) {
         m_pShown = std::make_unique<ShownItems>(*this);
@@ -47,6 +51,11 @@ mvThemelistview::mvThemelistview(QWidget* parent)
                 cell->showArrivedPictures();
         });
     }
+    // A download may bring files of other items, too.
+    for (const auto signal : {&CellEvents::downloadStarted, &CellEvents::itemApplied})
+        connect(CellEvents::instance(), signal, this, &mvThemelistview::updateMarks);
+    connect(CellEvents::instance(), &CellEvents::downloadEnded, this,
+            &mvThemelistview::updateMarks);
     // The style sheet has matched them as parts of a QListView, the class until now.
     for (QScrollBar* const bar : {verticalScrollBar(), horizontalScrollBar()}) {
         style()->unpolish(bar);
@@ -78,6 +87,11 @@ void mvThemelistview::setUIItemType(EUIItemType type)
             &mvThemelistview::sigThemeItemClicked);
     connect(m_pDelegate, &MVResourceItemDelegate::contextMenuWanted, this,
             &mvThemelistview::requestContextMenu);
+    connect(m_pDelegate, &MVResourceItemDelegate::previewRequested, this,
+            [this](const SCfg_Item* item) { emit sigPreviewRequested(item->m_qsGUID); });
+    connect(m_pDelegate, &MVResourceItemDelegate::cellCreated, this, &mvThemelistview::setUpCell);
+    connect(m_pDelegate, &MVResourceItemDelegate::progressed, m_pAnnouncer,
+            &ListAnnouncer::announceProgress);
     setUpView();
 }
 
@@ -192,28 +206,6 @@ void mvThemelistview::applyFilter(const SListFilter& filter)
     updateItemState();
 }
 
-void mvThemelistview::setUpdatable(const QSet<QString>& guids)
-{
-    m_updatable = guids;
-    markRows(UIItemRole_Updatable, guids);
-}
-
-void mvThemelistview::setNew(const QSet<QString>& guids)
-{
-    m_new = guids;
-    markRows(UIItemRole_New, guids);
-}
-
-void mvThemelistview::markRows(int role, const QSet<QString>& guids)
-{
-    for (int row = 0; row < rowCount(); ++row) {
-        const QModelIndex index = m_pModel->index(row, 0);
-        const bool isMarked = guids.contains(index.data(UIItemRole_GUID).toString());
-        if (index.data(role).toBool() != isMarked)
-            m_pModel->setData(index, isMarked ? QVariant(true) : QVariant(), role);
-    }
-}
-
 void mvThemelistview::clear()
 {
     cancelDownloads(); // all at once before waiting
@@ -225,8 +217,9 @@ void mvThemelistview::clear()
     if (!m_pModel)
         return;
     // The selected widget exists until the current event is over; its item may not.
-    m_pDelegate->forgetAll();
+    m_pDelegate->forgetSelection();
     m_pModel->clear();
+    m_pDelegate->forgetErrors();
     m_pProxy->invalidate();
 }
 

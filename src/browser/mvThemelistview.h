@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "browser/EApplyOn.h"
 #include "browser/EUIItemType.h"
 #include "browser/MvBrowserExport.h"
 
@@ -20,12 +21,14 @@
 
 class CellFocusMark;
 class CellPool;
+class ListAnnouncer;
 class MVResourceItemDelegate;
 class MVThemeItemWdg;
 class MVThemeSortFilterProxyModel;
 class QStandardItem;
 class QStandardItemModel;
 class ShownItems;
+struct SCellState;
 struct SCfg_Item;
 struct SListFilter;
 
@@ -39,7 +42,11 @@ struct SListFilter;
 /// Keyboard: arrows move between the cells, Enter applies or downloads the current one (or opens
 /// the target of "More>>"), Escape cancels its download, F adds it to the favourites or removes it,
 /// Space plays or stops its preview. An outline shows the current cell while the keyboard is in
-/// use. The names are exposed to screen readers.
+/// use.
+///
+/// Screen readers hear each row as one text of name, state and position, whether it has a cell or
+/// not ("White Christmas, festivals, favourite, not downloaded, 250 kB, 3 of 15"), and offer
+/// applying, favourite, details, and cancelling a download, whose progress and end they announce.
 ///
 /// With HostSettings::showWithoutPreviews, which a list reads when it is created, pictures that
 /// arrive later replace the placeholders of their items, and the preview run fetches those of the
@@ -60,6 +67,7 @@ public:
     /// Sets what the list shows, and reads the size of its cells from the skin. Call it once,
     /// before any data.
     void setUIItemType(EUIItemType type);
+    EUIItemType uiItemType() const { return m_eType; }
 
     /// Sets whether only visible rows, and those of one page around them, have a cell. At first
     /// HostSettings::cellsOnDemand decides. A row that leaves that range gives its cell back,
@@ -68,6 +76,30 @@ public:
     /// changed at any time.
     void setCellsOnDemand(bool onDemand);
     bool hasCellsOnDemand() const { return m_pPool != nullptr; }
+
+    /// Sets which mouse action applies an item or downloads it; a single click at first. Enter and
+    /// the cell's download button do so in any case. May be changed at any time.
+    void setApplyOn(EApplyOn action);
+    EApplyOn applyOn() const { return m_eApplyOn; }
+    /// Sets whether cells show by marks which items are on disk, missing, outdated, new, or failed
+    /// to download, and a cross on the ring of a download while the mouse is over the cell; false
+    /// at first. May be changed at any time.
+    void setMarksShown(bool shown);
+    bool areMarksShown() const { return m_bMarks; }
+    /// Updates the marks after files have come or gone by other means than downloads of cells.
+    void updateMarks();
+    /// Acts like Enter on a row of the displayed model: applies or downloads its item, or opens the
+    /// target of "More>>". An invalid index does nothing.
+    void activate(const QModelIndex& shownRow);
+    /// Does so with the current row, for a host's button.
+    void applyCurrent();
+    /// @name For a host's menu, with an item of the list by exact GUID; others do nothing
+    /// @{
+    /// Adds the item to the favourites or removes it, if it is on disk and shown.
+    void toggleFavourite(const QString& guid);
+    /// Cancels the item's download without waiting.
+    void cancelDownload(const QString& guid);
+    /// @}
 
     /// Appends all items of the catalogue's list, and "More>>" to the themes if the product
     /// parameter "url_slidershow" sets its target. The arguments are not used.
@@ -101,6 +133,9 @@ public:
     /// Sets the items that are new since the user's last visit.
     void setNew(const QSet<QString>& guids);
     /// @}
+    /// Returns what the list knows of an item, by exact GUID, whether it has a cell or not; the
+    /// default state for an item that is not in the list. Accesses the disk.
+    SCellState stateOf(const QString& guid) const;
 
     /// @name A reload of the catalogue
     /// @{
@@ -156,6 +191,11 @@ signals:
     /// only with HostSettings::leftButtonOnly. The item has become the current one, and is not
     /// applied. The position is in screen coordinates.
     void sigContextMenuRequested(const QString& guid, const QPoint& globalPos);
+    /// The user has clicked an item once, which has become the current one; only with
+    /// EApplyOn::DoubleClickOrEnter.
+    void sigPreviewRequested(const QString& guid);
+    /// The user of a screen reader has asked for an item's details.
+    void detailsRequested(const QString& guid);
 
 protected:
     /// Scrolls one cell up or down, however far the wheel was turned.
@@ -202,6 +242,8 @@ private:
     static QStandardItem* newRow(const QString& guid, int themeType, const QString& name);
     QStandardItem* newItemRow(const SCfg_Item& item);
     void markRows(int role, const QSet<QString>& guids);
+    void setUpCells();
+    void setUpCell(MVThemeItemWdg* cell);
     void requestContextMenu(const SCfg_Item* item, const QPoint& globalPos);
     void ShowThemeSubWdgByOptTag(const QModelIndex& index);
     void openAllCells();
@@ -220,10 +262,13 @@ private:
     void selectItem(const QString& guid, Qt::CaseSensitivity cs);
 
     MVResourceItemDelegate* m_pDelegate = nullptr;
+    ListAnnouncer* m_pAnnouncer;       // a child
     std::unique_ptr<CellPool> m_pPool; // null: every row has its cell
     std::unique_ptr<QStandardItemModel> m_pModel;
     MVThemeSortFilterProxyModel* m_pProxy = nullptr;
     EUIItemType m_eType = UIItem_None;
+    EApplyOn m_eApplyOn = EApplyOn::SingleClick;
+    bool m_bMarks = false;
     QSize m_itemSize;
     QRect m_itemPadding;
     CellFocusMark* m_pFocusMark;

@@ -69,6 +69,10 @@ bool mvThemelistview::actOnCurrentCell(int key)
 
 void mvThemelistview::mousePressEvent(QMouseEvent* event)
 {
+    const bool isMeaningful =
+        event->button() == Qt::LeftButton || event->button() == Qt::RightButton;
+    if (hostSettings().leftButtonOnly && !isMeaningful)
+        return; // Qt would make the row current
     showFocus(false);
     QListView::mousePressEvent(event);
 }
