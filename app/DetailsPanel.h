@@ -11,9 +11,11 @@
 
 class ItemFacts;
 class PreviewPane;
+class QCheckBox;
 class QLabel;
 class QPushButton;
 class QTreeWidget;
+class QTreeWidgetItem;
 class StorageBox;
 struct SCfg_Item;
 
@@ -52,6 +54,7 @@ private:
     void retranslate();
     void fill(SCfg_Item& item);
     void fillTree(const ItemFacts& facts);
+    void addFiles(const ItemFacts& facts);
     void showNothing();
     SCfg_Item* item() const;
 
@@ -60,6 +63,7 @@ private:
     QLabel* m_kind;
     StorageBox* m_storage;
     QTreeWidget* m_tree;
+    QCheckBox* m_fileNames;
     QPushButton* m_favourite;
     QPushButton* m_folder;
     ECfgItemType m_eKind = eCfgItem_Theme;

@@ -3,11 +3,19 @@
 
 #include "DownloadFolder.h"
 
+#include "catalogue/MVThemeMgr.h"
+
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
 #include <QStorageInfo>
 #include <QTemporaryFile>
+
+QString DownloadFolder::inUse()
+{
+    return QFileInfo(MVThemeMgr::init()->Path_resource_RootDir(MVThemeMgr::eLoadDir_Download))
+        .path();
+}
 
 bool DownloadFolder::isWritable(const QString& folder)
 {

@@ -16,6 +16,8 @@ public:
     /// The least space that is not worth a warning.
     static constexpr qint64 fewBytes = 100LL * 1000 * 1000;
 
+    /// Returns the catalogue's download root. GUI thread.
+    static QString inUse();
     /// Returns whether files can be written below the folder, which is created if necessary; tries
     /// it with a small file.
     static bool isWritable(const QString& folder);

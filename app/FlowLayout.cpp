@@ -59,11 +59,28 @@ int FlowLayout::gap() const
     return gap >= 0 ? gap : usual;
 }
 
-int FlowLayout::heightOf(const Row& row)
+/// Returns the width of an expanding item of the row beyond the one it needs.
+int FlowLayout::extraWidth(const Row& row, int width) const
 {
+    int free = width - gap() * (row.size() - 1);
+    int expanding = 0;
+    for (const QLayoutItem* item : row) {
+        free -= widthOf(*item);
+        expanding += expands(*item) ? 1 : 0;
+    }
+    return expanding > 0 ? qMax(0, free / expanding) : 0;
+}
+
+int FlowLayout::heightOf(const Row& row, int width) const
+{
+    const int extra = extraWidth(row, width);
     int height = 0;
-    for (const QLayoutItem* item : row)
-        height = qMax(height, item->sizeHint().height());
+    for (const QLayoutItem* item : row) {
+        const int own = qMin(widthOf(*item) + (expands(*item) ? extra : 0), width);
+        height =
+            qMax(height,
+                 item->hasHeightForWidth() ? item->heightForWidth(own) : item->sizeHint().height());
+    }
     return height;
 }
 
@@ -88,11 +105,13 @@ QVector<FlowLayout::Row> FlowLayout::rowsFor(int width) const
 
 int FlowLayout::heightForWidth(int width) const
 {
-    const QVector<Row> rows = rowsFor(width);
+    const QMargins margins = contentsMargins();
+    const int room = width - margins.left() - margins.right();
+    const QVector<Row> rows = rowsFor(room);
     int height = 0;
     for (const Row& row : rows)
-        height += heightOf(row) + gap();
-    return qMax(0, height - gap());
+        height += heightOf(row, room) + gap();
+    return qMax(0, height - gap()) + margins.top() + margins.bottom();
 }
 
 QSize FlowLayout::sizeHint() const
@@ -102,7 +121,8 @@ QSize FlowLayout::sizeHint() const
         if (!item->isEmpty())
             width += item->sizeHint().width() + gap();
     }
-    width = qMax(0, width - gap());
+    const QMargins margins = contentsMargins();
+    width = qMax(0, width - gap()) + margins.left() + margins.right();
     return {width, heightForWidth(width)};
 }
 
@@ -113,36 +133,30 @@ QSize FlowLayout::minimumSize() const
         if (!item->isEmpty())
             size = size.expandedTo({widthOf(*item), item->minimumSize().height()});
     }
-    return size;
+    return size.grownBy(contentsMargins());
 }
 
 void FlowLayout::setGeometry(const QRect& rect)
 {
     QLayout::setGeometry(rect);
-    const QVector<Row> rows = rowsFor(rect.width());
-    int top = rect.top();
+    const QRect room = rect.marginsRemoved(contentsMargins());
+    const QVector<Row> rows = rowsFor(room.width());
+    int top = room.top();
     for (const Row& row : rows) {
-        const int height = heightOf(row);
-        placeRow(row, {rect.left(), top, rect.width(), height});
+        const int height = heightOf(row, room.width());
+        placeRow(row, {room.left(), top, room.width(), height});
         top += height + gap();
     }
 }
 
 void FlowLayout::placeRow(const Row& row, const QRect& place) const
 {
-    int free = place.width() - gap() * (row.size() - 1);
-    int expanding = 0;
-    for (const QLayoutItem* item : row) {
-        free -= widthOf(*item);
-        expanding += expands(*item) ? 1 : 0;
-    }
+    const int extra = extraWidth(row, place.width());
     const Qt::LayoutDirection direction =
         parentWidget() ? parentWidget()->layoutDirection() : Qt::LeftToRight;
     int left = place.left();
     for (QLayoutItem* item : row) {
-        int width = qMin(widthOf(*item), place.width());
-        if (expands(*item))
-            width += qMax(0, free / expanding);
+        const int width = qMin(widthOf(*item) + (expands(*item) ? extra : 0), place.width());
         const QRect cell(left, place.top(), width, place.height());
         item->setGeometry(QStyle::visualRect(direction, place, cell));
         left += width + gap();

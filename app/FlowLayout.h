@@ -30,7 +30,8 @@ private:
     QVector<Row> rowsFor(int width) const;
     void placeRow(const Row& row, const QRect& place) const;
     int gap() const;
-    static int heightOf(const Row& row);
+    int extraWidth(const Row& row, int width) const;
+    int heightOf(const Row& row, int width) const;
 
     QVector<QLayoutItem*> m_items; // owned
 };

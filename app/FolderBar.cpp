@@ -3,11 +3,9 @@
 
 #include "FolderBar.h"
 
-#include "catalogue/MVThemeMgr.h"
 #include "DownloadFolder.h"
 #include "StateText.h"
 
-#include <QDir>
 #include <QTimer>
 
 FolderBar::FolderBar(QWidget* parent)
@@ -31,7 +29,7 @@ void FolderBar::refresh()
 
 void FolderBar::look()
 {
-    const QString folder = MVThemeMgr::init()->saveResourcePath();
+    const QString folder = DownloadFolder::inUse();
     const Trouble before = m_trouble;
     m_freeBytes = DownloadFolder::freeBytes(folder);
     if (!DownloadFolder::isWritable(folder))
@@ -48,8 +46,6 @@ void FolderBar::look()
 
 void FolderBar::retranslate()
 {
-    const QString folder =
-        QDir::toNativeSeparators(QDir::cleanPath(MVThemeMgr::init()->saveResourcePath()));
     QString text;
     switch (m_trouble) {
     case Trouble::None:
@@ -66,7 +62,7 @@ void FolderBar::retranslate()
         break;
     }
     setTexts(text, tr("Choose another folder…"));
-    setDetails(folder);
+    setDetails(DownloadFolder::inUse());
 }
 
 void FolderBar::act()

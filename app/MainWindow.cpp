@@ -9,8 +9,9 @@
 #include "CheckStatus.h"
 #include "DetailsPanel.h"
 #include "download/CatalogueUpdate.h"
-#include "FailureBox.h"
+#include "FailureList.h"
 #include "FilterBar.h"
+#include "FoldingPanes.h"
 #include "host/HostSettings.h"
 #include "host/LogL.h"
 #include "host/ProductParam.h"
@@ -27,7 +28,6 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
-#include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTimer>
@@ -35,8 +35,8 @@
 
 namespace {
 
-constexpr QSize firstSize(1150, 750);
-constexpr int firstListWidth = 772; // four themes, or six filters, side by side
+constexpr QSize firstSize(1150, 750); // on a usual screen
+constexpr int firstListWidth = 772;   // four themes, or six filters, side by side
 
 } // namespace
 
@@ -47,10 +47,10 @@ MainWindow::MainWindow(Preferences& preferences, CatalogueUpdate& check)
     , m_check(check)
     , m_seen(hostSettings().dataLocation + QStringLiteral("/seen.json"))
     , m_pages(new QStackedWidget(this))
-    , m_splitter(new QSplitter(new QWidget(m_pages)))
+    , m_splitter(new FoldingPanes(new QWidget(m_pages)))
     , m_tabs(new ResourceTabs(new QWidget(m_splitter)))
     , m_details(new DetailsPanel(new QWidget(m_splitter)))
-    , m_failure(new FailureBox(m_details->parentWidget()))
+    , m_failure(new FailureList(m_tabs->parentWidget()))
     , m_status(new CheckStatus(check, this))
     , m_storage(new StorageControls(*m_details, m_tabs->parentWidget(), this))
     , m_settings(new SettingsControls(preferences, check, m_tabs->parentWidget(), this))
@@ -65,6 +65,7 @@ MainWindow::MainWindow(Preferences& preferences, CatalogueUpdate& check)
     , m_find(m_resourcesMenu->addAction(QString()))
     , m_checkNow(m_resourcesMenu->addAction(QString()))
     , m_showDetails(m_resourcesMenu->addAction(QString()))
+    , m_unfolded(new QAction(this))
 {
     arrange();
     createMenus();
@@ -86,17 +87,15 @@ void MainWindow::arrange()
     auto* const lists = new QVBoxLayout(left);
     lists->setContentsMargins(0, 0, 0, 0);
     lists->addWidget(m_tabs, 1);
+    lists->addWidget(m_failure);
     lists->addWidget(m_settings->bar());
     lists->addWidget(m_storage->bars());
     QWidget* const right = m_details->parentWidget();
     auto* const column = new QVBoxLayout(right);
     column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(m_splitter->backButton(), 0, Qt::AlignLeft);
     column->addWidget(m_details, 1);
-    column->addWidget(m_failure);
-    m_splitter->addWidget(left);
-    m_splitter->addWidget(right);
-    m_splitter->setStretchFactor(0, 1);
-    m_splitter->setChildrenCollapsible(false);
+    m_splitter->setPanes(left, right);
     m_splitter->setSizes({firstListWidth, firstSize.width() - firstListWidth});
     QWidget* const frame = m_splitter->parentWidget();
     auto* const layout = new QVBoxLayout(frame);
@@ -127,6 +126,17 @@ void MainWindow::createMenus()
     m_checkNow->setShortcut(QKeySequence(QStringLiteral("F5")));
     m_showDetails->setObjectName(QStringLiteral("showDetails"));
     m_showDetails->setShortcut(QKeySequence(QStringLiteral("Ctrl+I")));
+    m_unfolded->setObjectName(QStringLiteral("unfolded"));
+    m_unfolded->setShortcut(QKeySequence(QStringLiteral("F9")));
+    m_unfolded->setCheckable(true);
+    m_viewMenu->addAction(m_unfolded);
+    connect(m_unfolded, &QAction::triggered, m_splitter, &FoldingPanes::setUnfolded);
+    connect(m_splitter, &FoldingPanes::unfoldedChanged, this, [this](bool isUnfolded) {
+        m_unfolded->setChecked(isUnfolded);
+        m_preferences.setDetailsUnfolded(isUnfolded);
+    });
+    connect(m_splitter, &FoldingPanes::wentBack, this,
+            [this] { m_tabs->currentList()->setFocus(); });
     m_resourcesMenu->addSeparator();
     m_storage->addActions(m_resourcesMenu);
     connect(m_openProject, &QAction::triggered, this, &MainWindow::chooseProject);
@@ -155,7 +165,7 @@ void MainWindow::connectParts()
     connect(m_details, &DetailsPanel::folderWanted, this, &MainWindow::openFolder);
     connect(m_details, &DetailsPanel::favouriteWanted, this,
             [this](ECfgItemType kind, const QString& guid) { toggleFavourite(kind, guid); });
-    connect(m_failure, &FailureBox::retryWanted, this,
+    connect(m_failure, &FailureList::retryWanted, this,
             [this](ECfgItemType kind, const QString& guid) { retry(kind, guid); });
 }
 
@@ -192,7 +202,7 @@ void MainWindow::connectCells()
     connect(catalogue, &MVThemeMgr::sigFilterCollected, this, favouritesChanged);
     const CellEvents* const cells = CellEvents::instance();
     connect(cells, &CellEvents::moreWanted, this, &MainWindow::openMore);
-    connect(cells, &CellEvents::downloadStarted, m_failure, &FailureBox::forget);
+    connect(cells, &CellEvents::downloadStarted, m_failure, &FailureList::forget);
     connect(cells, &CellEvents::downloadEnded, this,
             [this](ECfgItemType kind, const QString& guid, const SItemDownloadResult& result) {
                 if (result.m_eEnd == eItemDownload_Failed)
@@ -205,11 +215,15 @@ void MainWindow::connectCells()
 
 void MainWindow::restore()
 {
-    resize(firstSize);
+    const QSize room = screen()->availableSize();
+    constexpr double share = 0.6; // of a large screen
+    resize((QSizeF(room) * share).toSize().expandedTo(firstSize).boundedTo(room));
     restoreGeometry(m_preferences.geometry());
     const QSize largest = screen()->availableVirtualSize();
     if (size().boundedTo(largest) != size())
         resize(size().boundedTo(largest)); // a damaged value could crash a window system
+    m_unfolded->setChecked(m_preferences.areDetailsUnfolded());
+    m_splitter->setUnfolded(m_preferences.areDetailsUnfolded());
     const QList<int> sizes = m_preferences.splitterSizes();
     if (sizes.size() == m_splitter->count())
         m_splitter->setSizes(sizes);
@@ -228,12 +242,13 @@ void MainWindow::retranslate()
     setWindowTitle(tr("Slideshow resources"));
     m_fileMenu->setTitle(tr("&File"));
     m_openProject->setText(tr("&Open project…"));
-    m_export->setText(tr("&Export favourites…"));
-    m_import->setText(tr("&Import favourites…"));
+    m_export->setText(tr("&Export favorites…"));
+    m_import->setText(tr("&Import favorites…"));
     m_quit->setText(tr("&Quit"));
     m_resourcesMenu->setTitle(tr("&Resources"));
     m_find->setText(tr("&Find"));
     m_showDetails->setText(tr("Show &details"));
+    m_unfolded->setText(tr("&Details beside the list"));
     m_storage->retranslate();
     m_settings->retranslate();
     refreshCheckButton();

@@ -13,12 +13,12 @@
 class CatalogueUpdate;
 class CheckStatus;
 class DetailsPanel;
-class FailureBox;
+class FailureList;
+class FoldingPanes;
 class Preferences;
 class ProjectDialog;
 class QAction;
 class QMenu;
-class QSplitter;
 class QTimer;
 class QStackedWidget;
 class ResourceTabs;
@@ -96,10 +96,10 @@ private:
     CatalogueUpdate& m_check;
     SeenItems m_seen;
     QStackedWidget* m_pages;
-    QSplitter* m_splitter;
+    FoldingPanes* m_splitter;
     ResourceTabs* m_tabs;
     DetailsPanel* m_details;
-    FailureBox* m_failure;
+    FailureList* m_failure;
     CheckStatus* m_status;
     StorageControls* m_storage;
     SettingsControls* m_settings;
@@ -115,6 +115,7 @@ private:
     QAction* m_find;
     QAction* m_checkNow;
     QAction* m_showDetails;
+    QAction* m_unfolded;
     QPointer<ProjectDialog> m_project; // deletes itself when it is closed
     bool m_isReloadPending = false;
     int m_reloads = 0;

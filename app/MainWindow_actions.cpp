@@ -11,7 +11,7 @@
 #include "catalogue/MVThemeMgr.h"
 #include "DetailsPanel.h"
 #include "download/CatalogueUpdate.h"
-#include "FailureBox.h"
+#include "FailureList.h"
 #include "host/HostSettings.h"
 #include "host/ProductParam.h"
 #include "MainWindow.h"
@@ -47,11 +47,11 @@ QString textOf(const FavouritesFile& file, const QString& path)
         return QCoreApplication::translate("FavouritesFile", "%1 cannot be read: %2")
             .arg(path, file.reason());
     case FavouritesFile::Error::NotFavourites:
-        return QCoreApplication::translate("FavouritesFile", "%1 is not a file of favourites")
+        return QCoreApplication::translate("FavouritesFile", "%1 is not a file of favorites")
             .arg(path);
     case FavouritesFile::Error::BadEntry:
         return QCoreApplication::translate("FavouritesFile",
-                                           "%1 contains an entry that is not a favourite")
+                                           "%1 contains an entry that is not a favorite")
             .arg(path);
     }
     return {};
@@ -138,7 +138,7 @@ void MainWindow::saveFavourites()
 {
     QString error;
     if (!MVThemeMgr::init()->saveFavourites(&error))
-        say(tr("The favourites cannot be saved: %1").arg(error));
+        say(tr("The favorites cannot be saved: %1").arg(error));
 }
 
 void MainWindow::toggleFavourite(ECfgItemType kind, const QString& guid)
@@ -155,7 +155,7 @@ void MainWindow::showFailure(ECfgItemType kind, const QString& guid,
                              const STransferFailure& failure)
 {
     const SCfg_Item* const item = MVThemeMgr::init()->findItemByIDFromDisplay(kind, guid);
-    m_failure->showFailure(kind, guid, item ? item->m_qsName : guid, failure);
+    m_failure->add({kind, guid}, item ? item->m_qsName : guid, failure);
 }
 
 void MainWindow::retry(ECfgItemType kind, const QString& guid)
@@ -179,7 +179,7 @@ void MainWindow::openMore()
 
 void MainWindow::exportFavourites()
 {
-    QFileDialog dialog(this, tr("Export favourites"), QString(), favouritesFilter);
+    QFileDialog dialog(this, tr("Export favorites"), QString(), favouritesFilter);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("json"));
     dialog.selectFile(QStringLiteral("favourites.json"));
@@ -192,23 +192,23 @@ void MainWindow::exportFavourites()
         path += QStringLiteral(".json");
     FavouritesFile file;
     if (file.write(path))
-        say(tr("%n favourite(s) written", nullptr, file.count()));
+        say(tr("%n favorite(s) written", nullptr, file.count()));
     else
-        QMessageBox::warning(this, tr("Export favourites"), textOf(file, path));
+        QMessageBox::warning(this, tr("Export favorites"), textOf(file, path));
 }
 
 void MainWindow::importFavourites()
 {
     const QString path =
-        QFileDialog::getOpenFileName(this, tr("Import favourites"), QString(), favouritesFilter);
+        QFileDialog::getOpenFileName(this, tr("Import favorites"), QString(), favouritesFilter);
     if (path.isEmpty())
         return;
     FavouritesFile file;
     if (!file.read(path)) {
-        QMessageBox::warning(this, tr("Import favourites"), textOf(file, path));
+        QMessageBox::warning(this, tr("Import favorites"), textOf(file, path));
         return;
     }
-    QString text = tr("%n favourite(s) added", nullptr, file.count());
+    QString text = tr("%n favorite(s) added", nullptr, file.count());
     if (file.unknown() > 0)
         text += tr(", %n of them not in the catalogue now", nullptr, file.unknown());
     say(text);

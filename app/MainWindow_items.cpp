@@ -7,6 +7,7 @@
 #include "browser/mvThemelistview.h"
 #include "DetailsPanel.h"
 #include "download/CatalogueUpdate.h"
+#include "FoldingPanes.h"
 #include "ItemUpdates.h"
 #include "MainWindow.h"
 #include "Preferences.h"
@@ -54,8 +55,10 @@ void MainWindow::connectStorage()
 /// Shows an item that need not be applied, until another one is.
 void MainWindow::showDetails(const ItemKey& item)
 {
-    if (!item.isEmpty())
-        m_details->showItem(item.kind, item.guid);
+    if (item.isEmpty())
+        return;
+    m_details->showItem(item.kind, item.guid);
+    m_splitter->showDetails();
 }
 
 void MainWindow::showItemMenu(const ItemKey& item, const QPoint& globalPos)

@@ -38,6 +38,7 @@ const QLatin1String serverKey("server");
 const QLatin1String folderKey("downloadFolder");
 const QLatin1String connectionsKey("connections");
 const QLatin1String clickKey("applyByClick");
+const QLatin1String detailsKey("details");
 
 constexpr int lastTab = 3;
 constexpr int lastType = 4;
@@ -300,4 +301,14 @@ bool Preferences::isAppliedByClick() const
 void Preferences::setAppliedByClick(bool applied)
 {
     store(clickKey, applied);
+}
+
+bool Preferences::areDetailsUnfolded() const
+{
+    return m_values.value(detailsKey).toBool(true);
+}
+
+void Preferences::setDetailsUnfolded(bool areUnfolded)
+{
+    store(detailsKey, areUnfolded);
 }

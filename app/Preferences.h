@@ -64,6 +64,10 @@ public:
     bool isAppliedByClick() const;
     void setAppliedByClick(bool applied);
 
+    /// Returns whether the details are shown beside the lists.
+    bool areDetailsUnfolded() const;
+    void setDetailsUnfolded(bool areUnfolded);
+
     /// Returns the percentages offered as scales.
     static QList<int> offeredScales() { return {100, 125, 150, 175, 200}; }
     /// Returns why the last change could not be stored; empty if it was.

@@ -10,9 +10,13 @@
 #include "EmptyNote.h"
 #include "records/SCfg_Item.h"
 
+#include <QAbstractItemDelegate>
 #include <QAbstractProxyModel>
 #include <QEvent>
 #include <QLabel>
+#include <QScrollBar>
+#include <QStyle>
+#include <QStyleOptionViewItem>
 #include <QTimer>
 #include <QUuid>
 #include <QVBoxLayout>
@@ -86,6 +90,12 @@ void ResourceList::refilter()
 {
     m_view->applyFilter(m_filter);
     showWhyEmpty();
+}
+
+void ResourceList::updateItemSize()
+{
+    m_view->updateItemSize();
+    shareWidth();
 }
 
 int ResourceList::shownItems() const
@@ -243,6 +253,18 @@ void ResourceList::placeWhyEmpty()
     m_whyEmpty->setGeometry(m_view->viewport()->rect().adjusted(margin, margin, -margin, -margin));
 }
 
+/// Lets as many columns as there is room for share the whole width.
+void ResourceList::shareWidth()
+{
+    const QSize cell = m_view->itemDelegate()->sizeHint({}, {});
+    // A list always keeps room for its scroll bar.
+    const int bar = m_view->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr,
+                                                 m_view->verticalScrollBar());
+    const int width = m_view->maximumViewportSize().width() - bar - 1;
+    const int columns = cell.width() > 0 ? width / cell.width() : 0;
+    m_view->setGridSize(columns > 0 ? QSize(width / columns, cell.height()) : QSize());
+}
+
 void ResourceList::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
@@ -255,8 +277,10 @@ void ResourceList::changeEvent(QEvent* event)
 
 bool ResourceList::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_view->viewport() && event->type() == QEvent::Resize)
+    if (watched == m_view->viewport() && event->type() == QEvent::Resize) {
         placeWhyEmpty();
+        shareWidth();
+    }
     if (watched == m_view->viewport() && event->type() == QEvent::ChildPolished
         && !m_updatable.isEmpty())
         m_marksTimer->start(); // a cell has appeared

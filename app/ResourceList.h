@@ -41,6 +41,8 @@ public:
     /// Makes a shown item the current one and scrolls to it; returns null if it is not shown. Use
     /// the cell at once, see mvThemelistview::cell().
     MVThemeItemWdg* reveal(const QString& guid);
+    /// Applies the skin's current cell size.
+    void updateItemSize();
     /// Updates the marks of the favourites.
     void refreshFavourites();
     /// Marks the cells of items for which an update is available, also those that come into view
@@ -65,6 +67,7 @@ private:
     void nameList();
     void showWhyEmpty();
     void placeWhyEmpty();
+    void shareWidth();
     void removeFilter();
     bool isAnyItemShown() const;
     bool wouldShowAny(const SListFilter& filter) const;

@@ -207,7 +207,7 @@ void ResourceTabs::reloadCatalogue()
 void ResourceTabs::updateItemSizes()
 {
     for (ResourceList* list : qAsConst(m_lists))
-        list->view()->updateItemSize();
+        list->updateItemSize();
 }
 
 void ResourceTabs::cancelDownloads()

@@ -6,7 +6,6 @@
 #include "AppLanguage.h"
 #include "browser/BrowserLanguage.h"
 #include "browser/BrowserSkin.h"
-#include "catalogue/MVThemeMgr.h"
 #include "DownloadFolder.h"
 #include "host/HostSettings.h"
 #include "host/ProductParam.h"
@@ -66,9 +65,7 @@ SettingsDialog::SettingsDialog(Preferences& preferences, Given given, QWidget* p
     m_server->setEnabled(!m_given.server);
     m_choose->setEnabled(!m_given.folder);
     const QString chosen = m_preferences.downloadFolder();
-    m_firstFolder = chosen.isEmpty() || m_given.folder
-        ? QDir::cleanPath(MVThemeMgr::init()->saveResourcePath())
-        : chosen;
+    m_firstFolder = chosen.isEmpty() || m_given.folder ? DownloadFolder::inUse() : chosen;
     setFolder(m_firstFolder);
     connect(m_choose, &QPushButton::clicked, this, &SettingsDialog::chooseFolder);
     connect(m_buttons, &QDialogButtonBox::accepted, this, &SettingsDialog::accept);

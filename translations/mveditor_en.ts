@@ -21,24 +21,24 @@
 <context>
     <name>MainWindow</name>
     <message numerus="yes">
-        <source>%n favourite(s) written</source>
-        <translation>
-            <numerusform>%n favourite written</numerusform>
-            <numerusform>%n favourites written</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n favourite(s) added</source>
-        <translation>
-            <numerusform>%n favourite added</numerusform>
-            <numerusform>%n favourites added</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
         <source>, %n of them not in the catalogue now</source>
         <translation>
             <numerusform>, %n of them not in the catalogue now</numerusform>
             <numerusform>, %n of them not in the catalogue now</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n favorite(s) written</source>
+        <translation>
+            <numerusform>%n favorite written</numerusform>
+            <numerusform>%n favorites written</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n favorite(s) added</source>
+        <translation>
+            <numerusform>%n favorite added</numerusform>
+            <numerusform>%n favorites added</numerusform>
         </translation>
     </message>
 </context>

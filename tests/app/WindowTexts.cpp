@@ -11,7 +11,7 @@
 #include "browser/skins/SampleWorld.h"
 #include "catalogue/MVThemeMgr.h"
 #include "download/CatalogueUpdate.h"
-#include "FailureBox.h"
+#include "FailureList.h"
 #include "MainWindow.h"
 #include "Preferences.h"
 #include "ResourceList.h"
@@ -182,8 +182,7 @@ void WindowTexts::fail()
     STransferFailure failure;
     failure.m_eCause = eFailure_ConnectionLost;
     failure.m_qsDetails = QStringLiteral("http://server/theme.zip: connection reset by peer");
-    part<FailureBox>("failure")->showFailure(eCfgItem_Theme, QString(),
-                                             QStringLiteral("Autumn Memories"), failure);
+    part<FailureList>("failures")->add({}, QStringLiteral("Autumn Memories"), failure);
     part<QPushButton>("failureDetails")->setChecked(true);
 }
 

@@ -48,10 +48,10 @@ void tst_editor_favourites::surviveARestart()
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
         click cell Alpha
         wait applied Alpha
-        wait text favourite "Add to favourites"
+        wait text favourite "Add to favorites"
         press F
         wait favourite Alpha
-        wait text favourite "Remove favourite"
+        wait text favourite "Remove favorite"
         wait plain Beta
         click tab 1
         click cell Sepia
@@ -77,7 +77,7 @@ void tst_editor_favourites::surviveAKill()
     editor.start(QStringLiteral("click cell Beta\n"
                                 "wait applied Beta\n"
                                 "press F\n"
-                                "wait text favourite \"Remove favourite\"\n"
+                                "wait text favourite \"Remove favorite\"\n"
                                 "touch %1\n"
                                 "awaitfile /none\n")
                      .arg(marked),
@@ -118,7 +118,7 @@ void tst_editor_favourites::travelInAFile()
                        "wait applied Beta\n"
                        "press F\n"
                        "wait favourite Beta\n")
-            + chosen("export", file) + QStringLiteral("wait message \"1 favourite written\"\n"),
+            + chosen("export", file) + QStringLiteral("wait message \"1 favorite written\"\n"),
         false));
     const QByteArray written = CatalogueFiles::read(file);
     QVERIFY2(written.contains(EditorWorld::themeGuid(QStringLiteral("Beta")).toUtf8()), written);
@@ -127,7 +127,7 @@ void tst_editor_favourites::travelInAFile()
     EditorWorld to;
     to.fillRoot(themes);
     VERIFY_ENDED_WELL(Editor(to).run(QStringLiteral("wait plain Beta\n") + chosen("import", file)
-                                         + QStringLiteral("wait message \"1 favourite added\"\n"
+                                         + QStringLiteral("wait message \"1 favorite added\"\n"
                                                           "wait favourite Beta\n"
                                                           "wait plain Alpha\n"),
                                      false));
@@ -145,8 +145,8 @@ void tst_editor_favourites::unknownFavouritesAreExportedToo()
         in, R"({"format": 1, "favourites": [{"kind": "theme", "guid": ")" + other + R"("}]})");
     VERIFY_ENDED_WELL(Editor(world).run(
         chosen("import", in)
-            + QStringLiteral("wait message \"1 favourite added, 1 of them not in the catalogue\"\n")
-            + chosen("export", out) + QStringLiteral("wait message \"1 favourite written\"\n"),
+            + QStringLiteral("wait message \"1 favorite added, 1 of them not in the catalogue\"\n")
+            + chosen("export", out) + QStringLiteral("wait message \"1 favorite written\"\n"),
         false));
     const QByteArray written = CatalogueFiles::read(out + QStringLiteral(".json"));
     QVERIFY2(written.contains(other), written);

@@ -211,6 +211,8 @@ void tst_editor_items::changedThemeUsesWhatItsNewDefinitionNames()
         wait quiet
         click cell Alpha
         wait applied Alpha
+        wait row appliedFiles "Definition"
+        click widget fileNames
         wait row appliedFiles sepia.xml
         wait text updateMark Update
         press Ctrl+U

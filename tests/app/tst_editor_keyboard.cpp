@@ -40,6 +40,8 @@ void tst_editor_keyboard::tabWalksThroughTheWindow()
         press Tab
         wait focus appliedFiles
         press Tab
+        wait focus fileNames
+        press Tab
         wait focus favourite
         press Space
         wait favourite Alpha
@@ -124,7 +126,7 @@ void tst_editor_keyboard::widgetsHaveNames()
         wait spoken search "Search by name"
         wait spoken check "Check now"
         wait spoken largePreview Preview
-        wait spoken favourite "Add to favourites"
+        wait spoken favourite "Add to favorites"
         wait spoken showFolder "Show files in folder"
         click cell Alpha
         hover cell Beta

@@ -76,10 +76,18 @@ MVThemeItemWdg* ScriptTargets::cell(const QString& name) const
 QWidget* ScriptTargets::widget(const QString& name)
 {
     const QWidgetList all = QApplication::allWidgets();
-    const auto it = std::find_if(all.cbegin(), all.cend(), [&](const QWidget* widget) {
-        return widget->objectName() == name && widget->isVisible();
-    });
-    return it == all.cend() ? nullptr : *it;
+    QWidget* first = nullptr;
+    const auto isBefore = [](const QWidget* one, const QWidget* other) {
+        const QPoint left = one->mapToGlobal({});
+        const QPoint right = other->mapToGlobal({});
+        return left.y() != right.y() ? left.y() < right.y() : left.x() < right.x();
+    };
+    for (QWidget* widget : all) {
+        if (widget->objectName() == name && widget->isVisible()
+            && (!first || isBefore(widget, first)))
+            first = widget;
+    }
+    return first;
 }
 
 int ScriptTargets::place(const QString& name) const

@@ -33,7 +33,7 @@ public:
 
     /// Returns the cell of the current list, or null.
     MVThemeItemWdg* cell(const QString& name) const;
-    /// Returns a visible widget of any window, or null.
+    /// Returns a visible widget of any window, the topmost on the screen of several, or null.
     static QWidget* widget(const QString& name);
     /// Returns whether a cell is above (negative), in (0) or below (positive) the visible part of
     /// the list.
