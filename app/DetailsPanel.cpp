@@ -62,6 +62,7 @@ DetailsPanel::DetailsPanel(QWidget* parent)
     , m_storage(new StorageBox(this))
     , m_tree(new QTreeWidget(this))
     , m_fileNames(new QCheckBox(this))
+    , m_apply(new QPushButton(this))
     , m_favourite(new QPushButton(this))
     , m_folder(new QPushButton(this))
 {
@@ -91,6 +92,8 @@ DetailsPanel::DetailsPanel(QWidget* parent)
 
 void DetailsPanel::createButtons()
 {
+    m_apply->setObjectName(QStringLiteral("applyShown"));
+    connect(m_apply, &QPushButton::clicked, this, [this] { emit applyWanted(m_eKind, m_guid); });
     m_favourite->setObjectName(QStringLiteral("favourite"));
     m_folder->setObjectName(QStringLiteral("showFolder"));
     m_fileNames->setObjectName(QStringLiteral("fileNames"));
@@ -104,7 +107,7 @@ void DetailsPanel::arrange()
 {
     auto* const buttons = new QWidget(this);
     auto* const row = new FlowLayout(buttons);
-    for (QPushButton* button : {m_favourite, m_folder}) {
+    for (QPushButton* button : {m_apply, m_favourite, m_folder}) {
         button->setParent(buttons);
         button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         row->addWidget(button);
@@ -116,7 +119,7 @@ void DetailsPanel::arrange()
     layout->addWidget(m_kind);
     layout->addWidget(m_storage);
     layout->addWidget(m_tree, 1);
-    layout->addWidget(m_fileNames);
+    layout->addWidget(m_fileNames, 0, Qt::AlignLeading);
     layout->addStretch(0); // fills the space while there is no tree
     layout->addWidget(buttons);
 }
@@ -128,6 +131,7 @@ void DetailsPanel::retranslate()
     m_tree->setAccessibleName(tr("What is used, and files"));
     m_tree->setHeaderLabels({tr("Name"), tr("Kind or size")}); // spoken, not shown
     m_fileNames->setText(tr("Show file names"));
+    m_apply->setText(tr("Apply"));
     m_folder->setText(tr("Show files in folder"));
 }
 
@@ -162,6 +166,7 @@ void DetailsPanel::showNothing()
                        "lacks is downloaded first."));
     m_tree->hide();
     m_fileNames->hide();
+    m_apply->hide();
     m_favourite->setText(tr("Add to favorites"));
     m_favourite->setEnabled(false);
     m_folder->setEnabled(false);
@@ -180,6 +185,7 @@ void DetailsPanel::fill(SCfg_Item& item)
     fillTree(facts);
     m_tree->show();
     m_fileNames->show();
+    m_apply->setVisible(!(key() == m_applied));
     const bool favourite = MVThemeMgr::init()->isItemCollect(&item);
     m_favourite->setText(favourite ? tr("Remove favorite") : tr("Add to favorites"));
     m_favourite->setEnabled(true);
@@ -215,6 +221,12 @@ void DetailsPanel::setMotionReduced(bool reduced)
 {
     m_motionReduced = reduced;
     m_preview->setPlaying(!reduced && !m_guid.isEmpty());
+}
+
+void DetailsPanel::setApplied(const ItemKey& item)
+{
+    m_applied = item;
+    m_apply->setVisible(!m_guid.isEmpty() && !(key() == m_applied));
 }
 
 void DetailsPanel::changeEvent(QEvent* event)

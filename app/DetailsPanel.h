@@ -33,6 +33,8 @@ public:
     /// Looks the item up again, after a reload of the catalogue or a change of a file or favourite.
     void refresh();
     void setMotionReduced(bool reduced);
+    /// Sets which item is applied: another one can be applied here.
+    void setApplied(const ItemKey& item);
 
     /// Returns the item that is shown; an empty key if there is none.
     ItemKey key() const { return {m_eKind, m_guid}; }
@@ -42,6 +44,7 @@ public:
 signals:
     /// key() may have changed.
     void itemShown();
+    void applyWanted(ECfgItemType kind, const QString& guid);
     void favouriteWanted(ECfgItemType kind, const QString& guid);
     void folderWanted(const QString& folder);
 
@@ -64,6 +67,7 @@ private:
     StorageBox* m_storage;
     QTreeWidget* m_tree;
     QCheckBox* m_fileNames;
+    QPushButton* m_apply;
     QPushButton* m_favourite;
     QPushButton* m_folder;
     ECfgItemType m_eKind = eCfgItem_Theme;
@@ -71,4 +75,5 @@ private:
     QString m_shownPreview; // the files shown, with their state when opened
     QString m_folderPath;
     bool m_motionReduced = false;
+    ItemKey m_applied;
 };

@@ -5,8 +5,8 @@
 
 #include "catalogue/MVThemeMgr.h"
 #include "FlowLayout.h"
+#include "NamedComboBox.h"
 
-#include <QComboBox>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -16,11 +16,11 @@
 FilterBar::FilterBar(QWidget* parent)
     : QWidget(parent)
     , m_search(new QLineEdit(this))
-    , m_types(new QComboBox(this))
+    , m_types(new NamedComboBox(this))
     , m_favourites(new QToolButton(this))
     , m_onDisk(new QToolButton(this))
     , m_outdated(new QToolButton(this))
-    , m_order(new QComboBox(this))
+    , m_order(new NamedComboBox(this))
 {
     m_search->setObjectName(QStringLiteral("search"));
     m_types->setObjectName(QStringLiteral("themeType"));

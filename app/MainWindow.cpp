@@ -3,13 +3,16 @@
 
 #include "MainWindow.h"
 
+#include "AboutDialog.h"
 #include "AppLanguage.h"
 #include "browser/CellEvents.h"
 #include "catalogue/MVThemeMgr.h"
 #include "CheckStatus.h"
 #include "DetailsPanel.h"
 #include "download/CatalogueUpdate.h"
+#include "DownloadsBar.h"
 #include "FailureList.h"
+#include "FavouriteBar.h"
 #include "FilterBar.h"
 #include "FoldingPanes.h"
 #include "host/HostSettings.h"
@@ -51,6 +54,8 @@ MainWindow::MainWindow(Preferences& preferences, CatalogueUpdate& check)
     , m_tabs(new ResourceTabs(new QWidget(m_splitter)))
     , m_details(new DetailsPanel(new QWidget(m_splitter)))
     , m_failure(new FailureList(m_tabs->parentWidget()))
+    , m_downloads(new DownloadsBar([this] { return m_tabs->progress(); }, m_tabs->parentWidget()))
+    , m_favouriteBar(new FavouriteBar(m_tabs->parentWidget()))
     , m_status(new CheckStatus(check, this))
     , m_storage(new StorageControls(*m_details, m_tabs->parentWidget(), this))
     , m_settings(new SettingsControls(preferences, check, m_tabs->parentWidget(), this))
@@ -58,6 +63,7 @@ MainWindow::MainWindow(Preferences& preferences, CatalogueUpdate& check)
     , m_fileMenu(menuBar()->addMenu(QString()))
     , m_resourcesMenu(menuBar()->addMenu(QString()))
     , m_viewMenu(new ViewMenu(preferences, this))
+    , m_helpMenu(new QMenu(this))
     , m_openProject(m_fileMenu->addAction(QString()))
     , m_export(m_fileMenu->addAction(QString()))
     , m_import(m_fileMenu->addAction(QString()))
@@ -66,6 +72,8 @@ MainWindow::MainWindow(Preferences& preferences, CatalogueUpdate& check)
     , m_checkNow(m_resourcesMenu->addAction(QString()))
     , m_showDetails(m_resourcesMenu->addAction(QString()))
     , m_unfolded(new QAction(this))
+    , m_about(new QAction(this))
+    , m_keys(new QAction(this))
 {
     arrange();
     createMenus();
@@ -74,6 +82,7 @@ MainWindow::MainWindow(Preferences& preferences, CatalogueUpdate& check)
     connectCells();
     connectStorage();
     connectSettings();
+    connectLists();
     restore();
     retranslate();
     refreshCheckButton();
@@ -87,7 +96,9 @@ void MainWindow::arrange()
     auto* const lists = new QVBoxLayout(left);
     lists->setContentsMargins(0, 0, 0, 0);
     lists->addWidget(m_tabs, 1);
+    lists->addWidget(m_downloads);
     lists->addWidget(m_failure);
+    lists->addWidget(m_favouriteBar);
     lists->addWidget(m_settings->bar());
     lists->addWidget(m_storage->bars());
     QWidget* const right = m_details->parentWidget();
@@ -109,6 +120,19 @@ void MainWindow::arrange()
 void MainWindow::createMenus()
 {
     menuBar()->addMenu(m_viewMenu);
+    menuBar()->addMenu(m_helpMenu);
+    m_helpMenu->menuAction()->setObjectName(QStringLiteral("help"));
+    m_helpMenu->addActions({m_keys, m_about});
+    m_keys->setObjectName(QStringLiteral("keys"));
+    m_keys->setShortcut(QKeySequence(QStringLiteral("F1")));
+    m_about->setObjectName(QStringLiteral("aboutProgram"));
+    connect(m_keys, &QAction::triggered, this, &MainWindow::showKeys);
+    connect(m_about, &QAction::triggered, this, [this] {
+        auto* const about = new AboutDialog(this);
+        about->setAttribute(Qt::WA_DeleteOnClose);
+        about->open();
+        about->activateWindow(); // in case no window manager does it
+    });
     m_fileMenu->menuAction()->setObjectName(QStringLiteral("file"));
     m_resourcesMenu->menuAction()->setObjectName(QStringLiteral("resources"));
     m_viewMenu->menuAction()->setObjectName(QStringLiteral("view"));
@@ -142,7 +166,7 @@ void MainWindow::createMenus()
     connect(m_openProject, &QAction::triggered, this, &MainWindow::chooseProject);
     connect(m_export, &QAction::triggered, this, &MainWindow::exportFavourites);
     connect(m_import, &QAction::triggered, this, &MainWindow::importFavourites);
-    connect(m_quit, &QAction::triggered, this, &QWidget::close);
+    connect(m_quit, &QAction::triggered, this, &MainWindow::quit);
     connect(m_find, &QAction::triggered, m_tabs->filterBar(), &FilterBar::startSearch);
     connect(m_checkNow, &QAction::triggered, this, &MainWindow::toggleCheck);
 }
@@ -163,6 +187,7 @@ void MainWindow::connectParts()
     connect(&m_check, &CatalogueUpdate::contentArrived, this, &MainWindow::requestReload);
     connect(&m_check, &CatalogueUpdate::finished, this, &MainWindow::passSkinOn);
     connect(m_details, &DetailsPanel::folderWanted, this, &MainWindow::openFolder);
+    connect(m_details, &DetailsPanel::applyWanted, this, &MainWindow::retry);
     connect(m_details, &DetailsPanel::favouriteWanted, this,
             [this](ECfgItemType kind, const QString& guid) { toggleFavourite(kind, guid); });
     connect(m_failure, &FailureList::retryWanted, this,
@@ -232,6 +257,7 @@ void MainWindow::restore()
     m_tabs->setNew(m_seen.newItems());
     m_tabs->setCurrentTab(m_preferences.tab());
     applyMotion();
+    m_tabs->setAppliedByClick(m_preferences.isAppliedByClick());
     m_tabs->currentList()->setFocus();
     if (ProductParam::text(ProductParam::serverRoot).isEmpty())
         welcome();
@@ -248,6 +274,9 @@ void MainWindow::retranslate()
     m_resourcesMenu->setTitle(tr("&Resources"));
     m_find->setText(tr("&Find"));
     m_showDetails->setText(tr("Show &details"));
+    m_helpMenu->setTitle(tr("&Help"));
+    m_keys->setText(tr("&Keys"));
+    m_about->setText(tr("&About this program"));
     m_unfolded->setText(tr("&Details beside the list"));
     m_storage->retranslate();
     m_settings->retranslate();
@@ -263,6 +292,10 @@ void MainWindow::changeEvent(QEvent* event)
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
+    if (event->spontaneous() && !isQuittingAgreed()) {
+        event->ignore();
+        return;
+    }
     LogL("mveditor", 2, "the window closes, %s",
          event->spontaneous() ? "asked to by the window system" : "by a command of its own");
     m_preferences.setGeometry(saveGeometry());

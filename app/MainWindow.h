@@ -13,8 +13,11 @@
 class CatalogueUpdate;
 class CheckStatus;
 class DetailsPanel;
+class DownloadsBar;
+class FavouriteBar;
 class FailureList;
 class FoldingPanes;
+class ItemMenu;
 class Preferences;
 class ProjectDialog;
 class QAction;
@@ -61,6 +64,8 @@ private:
     void connectCells();
     void connectStorage();
     void connectSettings();
+    void connectLists();
+    void connectMenu(const ItemMenu& menu);
     void welcome();
     void endWelcome();
     void storeFilter();
@@ -73,6 +78,11 @@ private:
     void applyLanguage(const QString& language);
     void applyScale(int percent);
     void showDetails(const ItemKey& item);
+    void showCurrent();
+    void showFolderOf(const ItemKey& item);
+    void quit();
+    bool isQuittingAgreed();
+    void showKeys();
     void showItemMenu(const ItemKey& item, const QPoint& globalPos);
     void chooseProject();
     void requestReload();
@@ -100,6 +110,8 @@ private:
     ResourceTabs* m_tabs;
     DetailsPanel* m_details;
     FailureList* m_failure;
+    DownloadsBar* m_downloads;
+    FavouriteBar* m_favouriteBar;
     CheckStatus* m_status;
     StorageControls* m_storage;
     SettingsControls* m_settings;
@@ -108,6 +120,7 @@ private:
     QMenu* m_fileMenu;
     QMenu* m_resourcesMenu;
     ViewMenu* m_viewMenu;
+    QMenu* m_helpMenu;
     QAction* m_openProject;
     QAction* m_export;
     QAction* m_import;
@@ -116,6 +129,8 @@ private:
     QAction* m_checkNow;
     QAction* m_showDetails;
     QAction* m_unfolded;
+    QAction* m_about;
+    QAction* m_keys;
     QPointer<ProjectDialog> m_project; // deletes itself when it is closed
     bool m_isReloadPending = false;
     int m_reloads = 0;

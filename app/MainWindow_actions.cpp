@@ -11,13 +11,17 @@
 #include "catalogue/MVThemeMgr.h"
 #include "DetailsPanel.h"
 #include "download/CatalogueUpdate.h"
+#include "DownloadsBar.h"
 #include "FailureList.h"
+#include "FavouriteBar.h"
 #include "host/HostSettings.h"
 #include "host/ProductParam.h"
+#include "ItemUpdates.h"
 #include "MainWindow.h"
 #include "Preferences.h"
 #include "ResourceList.h"
 #include "ResourceTabs.h"
+#include "StorageControls.h"
 #include "ViewMenu.h"
 
 #include <QAction>
@@ -62,6 +66,7 @@ QString textOf(const FavouritesFile& file, const QString& path)
 void MainWindow::showApplied()
 {
     const ECfgItemType kind = m_tabs->currentList()->kind();
+    m_details->setApplied({kind, m_tabs->appliedItem(kind)});
     m_details->showItem(kind, m_tabs->appliedItem(kind));
 }
 
@@ -149,6 +154,10 @@ void MainWindow::toggleFavourite(ECfgItemType kind, const QString& guid)
         return;
     item->m_bCollected = !catalogue->isItemCollect(item);
     catalogue->setItemCollected(item);
+    if (item->m_bCollected)
+        m_favouriteBar->hide();
+    else
+        m_favouriteBar->showRemoval({kind, guid});
 }
 
 void MainWindow::showFailure(ECfgItemType kind, const QString& guid,
@@ -212,6 +221,50 @@ void MainWindow::importFavourites()
     if (file.unknown() > 0)
         text += tr(", %n of them not in the catalogue now", nullptr, file.unknown());
     say(text);
+}
+
+void MainWindow::quit()
+{
+    if (isQuittingAgreed())
+        close();
+}
+
+/// Asks only if something would be lost.
+bool MainWindow::isQuittingAgreed()
+{
+    const int downloads = m_downloads->count() + (m_storage->updates().isUpdating() ? 1 : 0);
+    if (downloads == 0)
+        return true;
+    QMessageBox box(
+        QMessageBox::Question, tr("Quit"),
+        tr("%n download(s) would be cancelled", nullptr, downloads),
+        QMessageBox::NoButton, this);
+    box.setTextFormat(Qt::PlainText);
+    QPushButton* const leave = box.addButton(tr("Quit"), QMessageBox::AcceptRole);
+    leave->setObjectName(QStringLiteral("confirmQuit"));
+    QPushButton* const stay = box.addButton(tr("Keep downloading"), QMessageBox::RejectRole);
+    box.setDefaultButton(stay);
+    box.setEscapeButton(stay);
+    box.exec();
+    return box.clickedButton() == leave;
+}
+
+void MainWindow::showKeys()
+{
+    const QVector<QPair<QString, QString>> keys{
+        {QStringLiteral("←↑→↓"), tr("move between the cells")},
+        {tr("Enter"), tr("apply or download the current one")},
+        {tr("Space"), tr("play or stop its preview")},
+        {QStringLiteral("F"), tr("add it to the favorites or remove it")},
+        {tr("Menu key"), tr("show everything that can be done with it")},
+        {tr("Esc"), tr("cancel its download; clear the search")},
+    };
+    QString text;
+    for (const auto& key : keys)
+        text += QStringLiteral("%1: %2\n").arg(key.first, key.second);
+    QMessageBox box(QMessageBox::NoIcon, tr("Keys"), text.trimmed(), QMessageBox::Close, this);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
 }
 
 void MainWindow::say(const QString& text)

@@ -8,16 +8,17 @@
 #include "browser/MVThemeItemWdg.h"
 #include "browser/mvThemelistview.h"
 #include "EmptyNote.h"
+#include "records/KindTable.h"
 #include "records/SCfg_Item.h"
 
 #include <QAbstractItemDelegate>
 #include <QAbstractProxyModel>
 #include <QEvent>
-#include <QLabel>
+#include <QItemSelectionModel>
+#include <QKeyEvent>
 #include <QScrollBar>
 #include <QStyle>
 #include <QStyleOptionViewItem>
-#include <QTimer>
 #include <QUuid>
 #include <QVBoxLayout>
 
@@ -28,11 +29,7 @@ ResourceList::ResourceList(EUIItemType type, QWidget* parent)
     , m_type(type)
     , m_view(new mvThemelistview(this))
     , m_whyEmpty(new EmptyNote(m_view->viewport()))
-    , m_marksTimer(new QTimer(this))
 {
-    m_marksTimer->setSingleShot(true);
-    m_marksTimer->setInterval(0);
-    connect(m_marksTimer, &QTimer::timeout, this, &ResourceList::refreshMarks);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_view);
@@ -43,7 +40,11 @@ ResourceList::ResourceList(EUIItemType type, QWidget* parent)
 
     m_view->setObjectName(QStringLiteral("list%1").arg(type));
     m_view->setUIItemType(type);
+    m_view->setMarksShown(true);
+    m_view->installEventFilter(this);
     connect(m_view, &mvThemelistview::sigThemeItemClicked, this, &ResourceList::applied);
+    connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &ResourceList::currentChanged);
     nameList();
     showItems();
 }
@@ -98,6 +99,20 @@ void ResourceList::updateItemSize()
     shareWidth();
 }
 
+QString ResourceList::currentItem() const
+{
+    return m_view->currentIndex().data(UIItemRole_GUID).toString();
+}
+
+/// The cells collect only items that are on disk; a wish may come before the download.
+bool ResourceList::toggleFavouriteBy(const QKeyEvent& key)
+{
+    const bool isKey = key.key() == Qt::Key_F && key.modifiers() == Qt::NoModifier;
+    if (isKey && !currentItem().isEmpty() && !KindTable::of(kind()).exportName.isEmpty())
+        emit favouriteWanted(kind(), currentItem());
+    return isKey;
+}
+
 int ResourceList::shownItems() const
 {
     return m_view->model()->rowCount();
@@ -117,9 +132,8 @@ void ResourceList::refreshFavourites()
 
 void ResourceList::setUpdatable(const QSet<QString>& guids)
 {
-    m_updatable = guids;
     m_view->setUpdatable(guids);
-    refreshMarks();
+    m_view->updateMarks();
     if (m_filter.onlyOutdated)
         refilter();
 }
@@ -129,29 +143,6 @@ void ResourceList::setNew(const QSet<QString>& guids)
     m_view->setNew(guids);
     if (m_filter.order == EListOrder::Newest)
         refilter();
-}
-
-void ResourceList::refreshMarks()
-{
-    const QString name = QStringLiteral("updateMark");
-    const QVector<MVThemeItemWdg*> all = m_view->cells();
-    for (MVThemeItemWdg* cell : all) {
-        const SCfg_Item* const item = cell->getItem();
-        auto* mark = cell->findChild<QLabel*>(name);
-        if (!item || !m_updatable.contains(item->m_qsGUID)) {
-            delete mark;
-            continue;
-        }
-        if (!mark) {
-            mark = new QLabel(cell);
-            mark->setObjectName(name);
-            mark->setAttribute(Qt::WA_TransparentForMouseEvents);
-        }
-        mark->setText(tr("Update"));
-        mark->adjustSize();
-        mark->show();
-        mark->raise();
-    }
 }
 
 bool ResourceList::isShown(const QString& guid) const
@@ -272,7 +263,6 @@ void ResourceList::changeEvent(QEvent* event)
         return;
     nameList();
     showWhyEmpty();
-    refreshMarks();
 }
 
 bool ResourceList::eventFilter(QObject* watched, QEvent* event)
@@ -281,8 +271,8 @@ bool ResourceList::eventFilter(QObject* watched, QEvent* event)
         placeWhyEmpty();
         shareWidth();
     }
-    if (watched == m_view->viewport() && event->type() == QEvent::ChildPolished
-        && !m_updatable.isEmpty())
-        m_marksTimer->start(); // a cell has appeared
+    if (watched == m_view && event->type() == QEvent::KeyPress
+        && toggleFavouriteBy(*static_cast<QKeyEvent*>(event)))
+        return true;
     return QWidget::eventFilter(watched, event);
 }

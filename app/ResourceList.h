@@ -14,7 +14,7 @@
 class EmptyNote;
 class MVThemeItemWdg;
 class mvThemelistview;
-class QTimer;
+class QKeyEvent;
 struct SCfg_Item;
 
 /// One list of resources with its filter, and a message if it is empty.
@@ -33,6 +33,8 @@ public:
     void setFilter(const SListFilter& filter, const QString& text);
     /// Applies the filter again, after favourites or files have changed.
     void refilter();
+    /// Returns the GUID of the current item; empty if there is none.
+    QString currentItem() const;
     /// Returns the number of rows, including "More>>".
     int shownItems() const;
 
@@ -45,8 +47,7 @@ public:
     void updateItemSize();
     /// Updates the marks of the favourites.
     void refreshFavourites();
-    /// Marks the cells of items for which an update is available, also those that come into view
-    /// later.
+    /// Marks the items for which an update is available, by GUID.
     void setUpdatable(const QSet<QString>& guids);
     /// Names the items, by GUID, that are the newest.
     void setNew(const QSet<QString>& guids);
@@ -54,6 +55,10 @@ public:
 signals:
     /// The user has applied an item.
     void applied(SCfg_Item* item);
+    /// Another row has become the current one.
+    void currentChanged();
+    /// The user has pressed the key of the favorites.
+    void favouriteWanted(ECfgItemType kind, const QString& guid);
     /// The list is empty, and the user wants to remove this condition, or all if there are several.
     void filterUnwanted(FilterPart part);
     void filtersUnwanted();
@@ -72,7 +77,7 @@ private:
     bool isAnyItemShown() const;
     bool wouldShowAny(const SListFilter& filter) const;
     void explain(FilterPart part);
-    void refreshMarks();
+    bool toggleFavouriteBy(const QKeyEvent& key);
 
     EUIItemType m_type;
     mvThemelistview* m_view;
@@ -81,6 +86,4 @@ private:
     QString m_text; // of its words
     bool m_isOnePartInTheWay = false;
     FilterPart m_partInTheWay = FilterPart::Words; // removing it fills the list
-    QSet<QString> m_updatable;                     // GUIDs
-    QTimer* m_marksTimer;                          // once for all cells that have appeared
 };

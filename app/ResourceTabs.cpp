@@ -3,6 +3,7 @@
 
 #include "ResourceTabs.h"
 
+#include "browser/MVThemeItemWdg.h"
 #include "browser/mvThemelistview.h"
 #include "catalogue/MVThemeMgr.h"
 #include "FilterBar.h"
@@ -214,6 +215,25 @@ void ResourceTabs::cancelDownloads()
 {
     for (ResourceList* list : qAsConst(m_lists))
         list->view()->cancelDownloads();
+}
+
+void ResourceTabs::setAppliedByClick(bool applied)
+{
+    m_isAppliedByClick = applied;
+    for (const ResourceList* list : qAsConst(m_lists)) {
+        list->view()->setApplyOn(applied ? EApplyOn::SingleClick : EApplyOn::DoubleClickOrEnter);
+    }
+}
+
+int ResourceTabs::progress() const
+{
+    int sum = 0;
+    for (const ResourceList* list : m_lists) {
+        const QVector<MVThemeItemWdg*> cells = list->view()->cells();
+        for (const MVThemeItemWdg* cell : cells)
+            sum += cell->isDownloading() ? cell->percent() : 0;
+    }
+    return sum;
 }
 
 void ResourceTabs::changeEvent(QEvent* event)

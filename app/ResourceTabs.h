@@ -57,6 +57,11 @@ public:
     /// Applies the skin's current cell sizes.
     void updateItemSizes();
     void cancelDownloads();
+    /// Sets whether a click applies an item; otherwise it makes it the current one.
+    void setAppliedByClick(bool applied);
+    bool isAppliedByClick() const { return m_isAppliedByClick; }
+    /// Returns the sum of the progress of all running downloads, each 0 to 100.
+    int progress() const;
 
 signals:
     void currentTabChanged(int tab);
@@ -82,4 +87,5 @@ private:
     QStackedWidget* m_pages;
     QVector<ResourceList*> m_lists;
     QMap<ECfgItemType, QString> m_applied;
+    bool m_isAppliedByClick = true;
 };

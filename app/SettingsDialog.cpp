@@ -9,12 +9,12 @@
 #include "DownloadFolder.h"
 #include "host/HostSettings.h"
 #include "host/ProductParam.h"
+#include "NamedComboBox.h"
 #include "Preferences.h"
 #include "ServerAddress.h"
 #include "ServerField.h"
 #include "StateText.h"
 
-#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
@@ -47,11 +47,11 @@ SettingsDialog::SettingsDialog(Preferences& preferences, Given given, QWidget* p
     , m_choose(new QPushButton(tr("Change…"), this))
     , m_space(new QLabel(this))
     , m_connections(new QSpinBox(this))
-    , m_click(new QComboBox(this))
-    , m_motion(new QComboBox(this))
-    , m_language(new QComboBox(this))
-    , m_skin(new QComboBox(this))
-    , m_scale(new QComboBox(this))
+    , m_click(new NamedComboBox(this))
+    , m_motion(new NamedComboBox(this))
+    , m_language(new NamedComboBox(this))
+    , m_skin(new NamedComboBox(this))
+    , m_scale(new NamedComboBox(this))
     , m_problem(new QLabel(this))
     , m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this))
     , m_queue(this)

@@ -122,7 +122,8 @@ void tst_editor_keyboard::widgetsHaveNames()
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
         wait spoken list0 Themes
         wait spoken tabs Themes
-        wait spoken themeType "All types"
+        wait spoken themeType "Theme type"
+        wait spoken order "Order"
         wait spoken search "Search by name"
         wait spoken check "Check now"
         wait spoken largePreview Preview

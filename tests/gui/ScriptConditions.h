@@ -26,6 +26,7 @@ class MainWindow;
 ///     applied NAME       the cell is marked, and the details show the item
 ///     downloading NAME   failed NAME   ready NAME   lacking NAME   favourite NAME   plain NAME
 ///     playing NAME       still NAME   seen NAME   unseen NAME: whether in view
+///     outdated NAME      uptodate NAME: whether its cell offers an update
 ///     preview playing|still           of the applied item
 ///     downloads none     no cell of any list is downloading
 ///     text WIDGET TEXT   the widget's text contains TEXT
