@@ -19,6 +19,16 @@
     </message>
 </context>
 <context>
+    <name>DownloadsBar</name>
+    <message numerus="yes">
+        <source>Downloading %n item(s)</source>
+        <translation>
+            <numerusform>Downloading %n item</numerusform>
+            <numerusform>Downloading %n items</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message numerus="yes">
         <source>, %n of them not in the catalogue now</source>
@@ -39,6 +49,13 @@
         <translation>
             <numerusform>%n favorite added</numerusform>
             <numerusform>%n favorites added</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n download(s) would be cancelled</source>
+        <translation>
+            <numerusform>%n download would be cancelled</numerusform>
+            <numerusform>%n downloads would be cancelled</numerusform>
         </translation>
     </message>
 </context>
