@@ -43,8 +43,6 @@ void FilterBar::createParts()
 {
     m_search->setClearButtonEnabled(true);
     m_search->installEventFilter(this);
-    constexpr int leastLetters = 14;
-    m_search->setMinimumWidth(leastLetters * m_search->fontMetrics().averageCharWidth());
     const int types[] = {MVThemeSortFilterProxyModel::allThemes, 0,
                          MVThemeMgr::init()->Themetype(QStringLiteral("festivals")),
                          MVThemeMgr::init()->Themetype(QStringLiteral("travel")),
@@ -90,6 +88,15 @@ void FilterBar::retranslate()
         m_order->setItemText(order, orders[order]);
     m_order->setAccessibleName(tr("Order"));
     nameClearButton();
+    makeRoomForSearch();
+}
+
+/// Keeps the field wide enough for its placeholder, and for words to be typed.
+void FilterBar::makeRoomForSearch()
+{
+    const QFontMetrics metrics = m_search->fontMetrics();
+    m_search->setMinimumWidth(metrics.horizontalAdvance(m_search->placeholderText())
+                              + 2 * metrics.height());
 }
 
 /// Qt creates the button without a name.
@@ -187,6 +194,8 @@ void FilterBar::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
         retranslate();
+    else if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        makeRoomForSearch();
 }
 
 bool FilterBar::eventFilter(QObject* watched, QEvent* event)

@@ -51,6 +51,7 @@ private:
     void createParts();
     void retranslate();
     void nameClearButton();
+    void makeRoomForSearch();
 
     QLineEdit* m_search;
     QComboBox* m_types;

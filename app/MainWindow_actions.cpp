@@ -235,10 +235,9 @@ bool MainWindow::isQuittingAgreed()
     const int downloads = m_downloads->count() + (m_storage->updates().isUpdating() ? 1 : 0);
     if (downloads == 0)
         return true;
-    QMessageBox box(
-        QMessageBox::Question, tr("Quit"),
-        tr("%n download(s) would be cancelled", nullptr, downloads),
-        QMessageBox::NoButton, this);
+    QMessageBox box(QMessageBox::Question, tr("Quit"),
+                    tr("%n download(s) would be cancelled", nullptr, downloads),
+                    QMessageBox::NoButton, this);
     box.setTextFormat(Qt::PlainText);
     QPushButton* const leave = box.addButton(tr("Quit"), QMessageBox::AcceptRole);
     leave->setObjectName(QStringLiteral("confirmQuit"));

@@ -7,6 +7,7 @@
 #include "host/widgets/PictureLoader.h"
 #include "host/widgets/PictureRequest.h"
 
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyle>
@@ -16,13 +17,54 @@ namespace {
 constexpr int aspectWidth = 16;
 constexpr int aspectHeight = 9;
 constexpr int widthHint = 320;
-constexpr int leastHeight = 54;
+constexpr int leastHeight = 36;
+
+/// Announces the pane as an animation that can be played and stopped.
+class PreviewPaneAccess : public QAccessibleWidget
+{
+public:
+    explicit PreviewPaneAccess(PreviewPane* pane)
+        : QAccessibleWidget(pane, QAccessible::Animation)
+        , m_pane(pane)
+    {
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.animated = m_pane->isPlaying();
+        return state;
+    }
+
+    QStringList actionNames() const override { return {pressAction()}; }
+
+    void doAction(const QString& name) override
+    {
+        if (name == pressAction())
+            m_pane->setPlaying(!m_pane->isPlaying());
+    }
+
+private:
+    PreviewPane* m_pane;
+};
+
+QAccessibleInterface* createAccess(const QString& className, QObject* object)
+{
+    auto* const pane =
+        className == QLatin1String("PreviewPane") ? qobject_cast<PreviewPane*>(object) : nullptr;
+    return pane ? new PreviewPaneAccess(pane) : nullptr; // Qt's cache owns it
+}
 
 } // namespace
 
 PreviewPane::PreviewPane(QWidget* parent)
     : QWidget(parent)
 {
+    static const bool isInstalled = [] {
+        QAccessible::installFactory(&createAccess);
+        return true;
+    }();
+    Q_UNUSED(isInstalled)
     setFocusPolicy(Qt::TabFocus);
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
@@ -99,8 +141,9 @@ QSize PreviewPane::minimumSizeHint() const
 
 int PreviewPane::heightForWidth(int width) const
 {
-    const int usual = window()->height() / 3; // leaves room for the facts in a low window
-    return qBound(leastHeight, width * aspectHeight / aspectWidth, qMax(leastHeight, usual));
+    constexpr int facts = 320; // the height that the facts and the rest of a low window need
+    const int room = qMax(leastHeight, window()->height() - facts);
+    return qBound(leastHeight, width * aspectHeight / aspectWidth, room);
 }
 
 void PreviewPane::resizeEvent(QResizeEvent* event)

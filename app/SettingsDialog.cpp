@@ -24,6 +24,8 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
 #include <QSpinBox>
 #include <QVBoxLayout>
 
@@ -135,7 +137,9 @@ void SettingsDialog::arrange()
     folderRow->setContentsMargins(0, 0, 0, 0);
     folderRow->addWidget(m_folder, 1);
     folderRow->addWidget(m_choose);
-    auto* const form = new QFormLayout;
+    auto* const content = new QWidget;
+    auto* const form = new QFormLayout(content);
+    form->setContentsMargins(0, 0, 0, 0);
     form->setRowWrapPolicy(QFormLayout::WrapLongRows);
     addRow(form, tr("Ser&ver:"), m_server);
     addRow(form, tr("&Download folder:"), folder);
@@ -147,14 +151,21 @@ void SettingsDialog::arrange()
     addRow(form, tr("&Language:"), m_language);
     addRow(form, tr("&Skin:"), m_skin);
     addRow(form, tr("Sc&ale:"), m_scale);
+    m_connections->findChild<QLineEdit*>()->setAccessibleName(m_connections->accessibleName());
     m_connections->setToolTip(tr("Files that are fetched at the same time"));
+    auto* const area = new QScrollArea(this); // for low screens
+    area->setWidget(content);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
     auto* const layout = new QVBoxLayout(this);
-    layout->addLayout(form);
+    layout->addWidget(area, 1);
     layout->addWidget(m_problem);
-    layout->addStretch();
     layout->addWidget(m_buttons);
     constexpr int firstWidth = 520;
-    resize(firstWidth, sizeHint().height());
+    const int around = 3 * m_buttons->sizeHint().height(); // the buttons, margins and wrapped lines
+    resize(QSize(firstWidth, content->sizeHint().height() + around)
+               .boundedTo(screen()->availableSize()));
 }
 
 /// Names the field after its label for screen readers.
