@@ -27,6 +27,7 @@ class MVBROWSER_EXPORT MVResourceItemDelegate : public QStyledItemDelegate
     Q_OBJECT
 
 public:
+    /// Creates a delegate that shows nothing until setUIItemType().
     explicit MVResourceItemDelegate(QObject* parent);
 
     /// Sets what the list shows; UIItem_None at first.
@@ -61,9 +62,12 @@ public:
     /// Deletes the widget after the current event; one that is downloading is hidden until it has
     /// finished.
     void destroyEditor(QWidget* editor, const QModelIndex& index) const override;
+    /// Paints what Qt's delegate paints; the live widget covers it.
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
+    /// Does what Qt's delegate does; a cell reads its item when it is created.
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;
+    /// Returns the item size with its padding, the same for every row.
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
 signals:
@@ -79,7 +83,9 @@ signals:
     void contextMenuWanted(SCfg_Item* item, const QPoint& globalPos);
 
 protected:
+    /// Lets cells handle their own keys and focus: they have no data to commit.
     bool eventFilter(QObject* editor, QEvent* event) override;
+    /// Does what Qt's delegate does.
     bool editorEvent(QEvent* event, QAbstractItemModel* model, const QStyleOptionViewItem& option,
                      const QModelIndex& index) override;
 

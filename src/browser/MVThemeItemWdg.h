@@ -38,10 +38,14 @@ class MVBROWSER_EXPORT MVThemeItemWdg : public QFrame
     Q_OBJECT
 
 public:
+    /// Takes the item of a cell.
     using ItemCallback = std::function<void(SCfg_Item*)>;
+    /// Takes the item of a cell and the details of its failure.
     using FailureCallback = std::function<void(SCfg_Item*, const QString& errorText)>;
+    /// Takes the item of a cell and the outcome of its download.
     using EndCallback = std::function<void(SCfg_Item*, const SItemDownloadResult&)>;
 
+    /// Creates a cell that shows nothing until setItem().
     explicit MVThemeItemWdg(QWidget* parent);
     ~MVThemeItemWdg() override;
 
@@ -51,6 +55,7 @@ public:
     /// clear or destroy the list that contains the cell, but must leave reloading the catalogue to
     /// a later event: another callback may get the same item.
     /// @{
+
     /// Called after an item was applied.
     static void setCbItemClicked(ItemCallback callback);
     /// Called after a download has ended, whatever its outcome.
@@ -77,7 +82,9 @@ public:
     /// the list sets and style sheets test.
     bool isChecked() const;
 
+    /// Decodes the thumbnail again for the current size.
     void adjustItem();
+    /// Locates the item's thumbnail again and shows it.
     void resetItemData();
     /// Shows the item's pictures that have been fetched since setItem(). A playing preview goes on.
     void showArrivedPictures();
@@ -86,7 +93,10 @@ public:
     void doApplyTheme();
     /// Hides an error and starts the download of `item`, unless one is running. Ignores null.
     void onDownLoad(SCfg_Item* item);
+    /// Handles the end of the cell's download: tells the host, and applies the item or shows the
+    /// error.
     void onDownloadFinish(EMVThemeDownLoadError result);
+    /// Declared for hosts; does nothing. CellEvents::favouriteToggled() reports the change.
     void onCollect(SCfg_Item* item);
 
     /// Sets which mouse action applies the item or downloads it; a single click at first.
@@ -104,6 +114,7 @@ public:
 
     /// @name Keyboard actions
     /// @{
+
     /// Acts like a click: applies or downloads the item, or opens the target of "More>>".
     void activate();
     /// Adds the item to the favourites or removes it, if all its files are present.
@@ -115,14 +126,17 @@ public:
     /// Sets whether hovering plays the previews, for all cells; true by default. Turn it off for
     /// people who want less motion: togglePreview() still plays.
     static void setPlayedByHover(bool played) { s_bPlayedByHover = played; }
+    /// Returns what setPlayedByHover() has set.
     static bool isPlayedByHover() { return s_bPlayedByHover; }
 
     /// Returns whether the animated preview plays.
     bool isPlaying() const;
     /// Returns the error of the last download that the cell shows; success (5) if it shows none.
     EMVThemeDownLoadError shownError() const;
+    /// Shows an error as that of the last download; success (5) hides it.
     void showError(EMVThemeDownLoadError error);
 
+    /// Returns whether the cell downloads its item.
     bool isDownloading() const { return !m_pDownLoader.isNull(); }
     /// Cancels a running download without waiting; the cell then shows no error.
     void cancelDownload();
@@ -140,8 +154,10 @@ public:
     /// Returns whether the widget deletes itself at the end of its download: a cell that was
     /// filtered out of the list finishes the download while hidden.
     bool isDeletedAfterDownload() const { return m_bDeletedAfterDownload; }
+    /// Sets what isDeletedAfterDownload() returns.
     void setDeletedAfterDownload(bool deleted) { m_bDeletedAfterDownload = deleted; }
 
+    /// Turns the mouse's events on the cell into its actions.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 signals:

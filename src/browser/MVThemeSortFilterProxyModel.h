@@ -29,9 +29,12 @@ class MVBROWSER_EXPORT MVThemeSortFilterProxyModel : public QSortFilterProxyMode
     Q_OBJECT
 
 public:
+    /// The theme type that shows every row.
     static constexpr int allThemes = 999;
+    /// The theme type that shows the favourite themes.
     static constexpr int favouriteThemes = 1;
 
+    /// Creates a model that shows every row of its source.
     explicit MVThemeSortFilterProxyModel(QObject* parent);
     ~MVThemeSortFilterProxyModel() override;
 
@@ -40,6 +43,7 @@ public:
 
     /// Shows the rows of this type (MVThemeMgr::Themetype), all (999) or the favourite themes (1).
     void setThemeType(int themeType);
+    /// Returns the theme type shown.
     int themeType() const { return m_nThemeType; }
     /// Sets the type as well as the pattern of the names and filters once.
     void setFilter(int themeType, const QRegExp& name);
@@ -52,6 +56,7 @@ public:
     /// Returns that filter; the default one if none applies.
     SListFilter listFilter() const;
 
+    /// Returns whether a row of the source has the theme type and a matching name.
     bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
 
 protected:

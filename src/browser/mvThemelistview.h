@@ -61,6 +61,7 @@ class MVBROWSER_EXPORT mvThemelistview : public QListView
     Q_OBJECT
 
 public:
+    /// Creates an empty list without a type, see setUIItemType().
     explicit mvThemelistview(QWidget* parent = nullptr);
     ~mvThemelistview() override;
 
@@ -75,6 +76,7 @@ public:
     /// operations behave as if every row had its cell: one that needs a cell creates it. May be
     /// changed at any time.
     void setCellsOnDemand(bool onDemand);
+    /// Returns whether only visible rows, and those near them, have a cell.
     bool hasCellsOnDemand() const { return m_pPool != nullptr; }
 
     /// Sets which mouse action applies an item or downloads it; a single click at first. Enter and
@@ -139,6 +141,7 @@ public:
 
     /// @name A reload of the catalogue
     /// @{
+
     /// Removes all rows, as clear() does, and remembers filter, scroll position, current cell,
     /// applied item and the stopped downloads until refill().
     void release();
@@ -200,20 +203,33 @@ signals:
 protected:
     /// Scrolls one cell up or down, however far the wheel was turned.
     void wheelEvent(QWheelEvent* event) override;
+    /// Handles the keys that act on the current cell.
     void keyPressEvent(QKeyEvent* event) override;
+    /// Hides the outline of the current cell.
     void mousePressEvent(QMouseEvent* event) override;
+    /// Turns the menu key into contextMenuWanted() for the current cell.
     void contextMenuEvent(QContextMenuEvent* event) override;
+    /// Outlines the current cell if the keyboard has brought the focus.
     void focusInEvent(QFocusEvent* event) override;
+    /// Opens the cells of the visible rows.
     void showEvent(QShowEvent* event) override;
+    /// Withdraws the rows from those whose previews come first.
     void hideEvent(QHideEvent* event) override;
+    /// Hides the outline of the current cell.
     void focusOutEvent(QFocusEvent* event) override;
+    /// Translates "More>>" after a change of language.
     void changeEvent(QEvent* event) override;
+    /// Opens the cells of the rows that scroll into view.
     void scrollContentsBy(int dx, int dy) override;
+    /// Moves the outline to the new current cell.
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    /// Opens the cell of the row before Qt looks for it.
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
 
 protected slots:
+    /// Opens the cells of the rows that a new layout brings into view.
     void updateGeometries() override;
+    /// Schedules one layout for any number of new rows.
     void rowsInserted(const QModelIndex& parent, int start, int end) override;
 
 private:
