@@ -50,10 +50,10 @@ void tst_editor_favourites::surviveARestart()
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
         click cell Alpha
         wait applied Alpha
-        wait text favourite "Add to favourites"
+        wait text favourite "Add to favorites"
         press F
         wait favourite Alpha
-        wait text favourite "Remove favourite"
+        wait text favourite "Remove favorite"
         wait plain Beta
         click tab 1
         click cell Sepia
@@ -79,7 +79,7 @@ void tst_editor_favourites::surviveAKill()
     editor.start(QStringLiteral("click cell Beta\n"
                                 "wait applied Beta\n"
                                 "press F\n"
-                                "wait text favourite \"Remove favourite\"\n"
+                                "wait text favourite \"Remove favorite\"\n"
                                 "touch %1\n"
                                 "awaitfile /none\n")
                      .arg(marked),
@@ -98,13 +98,14 @@ void tst_editor_favourites::aRemovedFavouriteLeavesTheirList()
         wait applied Beta
         press F
         wait favourite Beta
-        click widget themeType
-        press Down
-        press Enter
+        click widget onlyFavourites
         wait shown 1
         click widget favourite
         wait shown 0
-        wait text whyEmpty "No favourites yet"
+        wait text whyEmpty "No favorites yet"
+        click widget whyEmptyAction
+        wait shown 3
+        wait gone whyEmpty
     )"),
                                         false));
 }
@@ -150,7 +151,7 @@ void tst_editor_favourites::travelInAFile()
                        "wait applied Beta\n"
                        "press F\n"
                        "wait favourite Beta\n")
-            + chosen("export", file) + QStringLiteral("wait message \"1 favourite written\"\n"),
+            + chosen("export", file) + QStringLiteral("wait message \"1 favorite written\"\n"),
         false));
     const QByteArray written = CatalogueFiles::read(file);
     QVERIFY2(written.contains(EditorWorld::themeGuid(QStringLiteral("Beta")).toUtf8()), written);
@@ -159,7 +160,7 @@ void tst_editor_favourites::travelInAFile()
     EditorWorld to;
     to.fillRoot(themes);
     VERIFY_ENDED_WELL(Editor(to).run(QStringLiteral("wait plain Beta\n") + chosen("import", file)
-                                         + QStringLiteral("wait message \"1 favourite added\"\n"
+                                         + QStringLiteral("wait message \"1 favorite added\"\n"
                                                           "wait favourite Beta\n"
                                                           "wait plain Alpha\n"),
                                      false));
@@ -177,8 +178,8 @@ void tst_editor_favourites::unknownFavouritesAreExportedToo()
         in, R"({"format": 1, "favourites": [{"kind": "theme", "guid": ")" + other + R"("}]})");
     VERIFY_ENDED_WELL(Editor(world).run(
         chosen("import", in)
-            + QStringLiteral("wait message \"1 favourite added, 1 of them not in the catalogue\"\n")
-            + chosen("export", out) + QStringLiteral("wait message \"1 favourite written\"\n"),
+            + QStringLiteral("wait message \"1 favorite added, 1 of them not in the catalogue\"\n")
+            + chosen("export", out) + QStringLiteral("wait message \"1 favorite written\"\n"),
         false));
     const QByteArray written = CatalogueFiles::read(out + QStringLiteral(".json"));
     QVERIFY2(written.contains(other), written);
