@@ -3,6 +3,7 @@
 
 #include "catalogue/MVThemeMgr.h"
 
+#include "catalogue/CatalogueChanges.h"
 #include "catalogue/CatalogueUse.h"
 #include "catalogue/CollectFile.h"
 #include "catalogue/FixedGuids.h"
@@ -86,11 +87,12 @@ bool MVThemeMgr::tryReload()
 /// Runs a function that invalidates the items, between the signals that announce it and its end.
 bool MVThemeMgr::change(const char* operation, void (MVThemeMgr::*function)())
 {
-    emit aboutToChange();
+    CatalogueChanges* const changes = CatalogueChanges::instance();
+    emit changes->announced();
     const bool isAllowed = !isInUse(operation);
     if (isAllowed)
         (this->*function)();
-    emit changed(isAllowed);
+    emit changes->ended(isAllowed);
     return isAllowed;
 }
 

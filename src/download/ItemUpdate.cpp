@@ -226,7 +226,7 @@ ItemUpdate::ItemUpdate(CancelToken cancel)
 
 ItemUpdate::~ItemUpdate() = default;
 
-SUpdateOutcome ItemUpdate::run(const QVector<SCfg_Item*>& items)
+SUpdateOutcome ItemUpdate::updateItems(const QVector<SCfg_Item*>& items)
 {
     AppOptions::instance()->ensureDirExists(RootPlaces::arrivals());
     FileLock lock(lockPath());

@@ -197,7 +197,16 @@ void removeEmptyFolders()
 
 ResourceStorage::ResourceStorage() = default;
 
-QVector<Use> ResourceStorage::uses() const
+QVector<SCfg_Item*> ResourceStorage::itemsOnDisk() const
+{
+    const FileHolders holders;
+    QVector<SCfg_Item*> items;
+    for (const FileHolders::Holder& holder : holders.all())
+        items.append(holder.item);
+    return items;
+}
+
+QVector<Use> ResourceStorage::diskUse() const
 {
     const FileHolders holders;
     QVector<Use> uses;
@@ -206,7 +215,7 @@ QVector<Use> ResourceStorage::uses() const
     return uses;
 }
 
-Use ResourceStorage::useOf(SCfg_Item& item) const
+Use ResourceStorage::diskUse(SCfg_Item& item) const
 {
     const FileHolders holders;
     return ::useOf(holders, item, FileHolders::filesOf(item), holds(holders, item) ? 1 : 0);
@@ -223,7 +232,7 @@ qint64 ResourceStorage::usedBytes() const
     return std::accumulate(sizes.cbegin(), sizes.cend(), qint64{0});
 }
 
-Removal ResourceStorage::remove(SCfg_Item& item) const
+Removal ResourceStorage::removeItem(SCfg_Item& item) const
 {
     Removal removal;
     if (CatalogueUse::count() > 0) {

@@ -18,6 +18,7 @@ enum EItemDownloadEnd : int {
 /// Result of one item download.
 struct SItemDownloadResult
 {
+    /// The outcome.
     EItemDownloadEnd m_eEnd = eItemDownload_Complete;
     /// The code of MVThemeDownLoader::sigDownloadFinish().
     EMVThemeDownLoadError m_eError = eDownLoadError_None;

@@ -3,7 +3,7 @@
 
 #include "model/CatalogueJobs.h"
 
-#include "catalogue/MVThemeMgr.h"
+#include "catalogue/CatalogueChanges.h"
 
 #include <QThread>
 
@@ -11,9 +11,9 @@
 
 CatalogueJobs::CatalogueJobs()
 {
-    MVThemeMgr* const catalogue = MVThemeMgr::init();
-    connect(catalogue, &MVThemeMgr::aboutToChange, this, &CatalogueJobs::suspend);
-    connect(catalogue, &MVThemeMgr::changed, this, &CatalogueJobs::resume);
+    const CatalogueChanges* const changes = CatalogueChanges::instance();
+    connect(changes, &CatalogueChanges::announced, this, &CatalogueJobs::suspend);
+    connect(changes, &CatalogueChanges::ended, this, &CatalogueJobs::resume);
 }
 
 CatalogueJobs::~CatalogueJobs()

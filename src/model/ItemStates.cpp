@@ -3,6 +3,7 @@
 
 #include "model/ItemStates.h"
 
+#include "catalogue/CatalogueChanges.h"
 #include "catalogue/CatalogueIndex.h"
 #include "catalogue/MVThemeMgr.h"
 #include "download/MVThemeDownLoader_CheckCfg.h"
@@ -42,7 +43,7 @@ bool isSame(const SItemState& left, const SItemState& right)
 
 ItemStates::ItemStates()
 {
-    connect(MVThemeMgr::init(), &MVThemeMgr::changed, this, [this](bool hasChanged) {
+    connect(CatalogueChanges::instance(), &CatalogueChanges::ended, this, [this](bool hasChanged) {
         if (hasChanged)
             refreshAll();
     });

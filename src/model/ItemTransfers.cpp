@@ -3,6 +3,7 @@
 
 #include "model/ItemTransfers.h"
 
+#include "catalogue/CatalogueChanges.h"
 #include "download/ItemUpdate.h"
 #include "download/MVThemeDownLoader.h"
 #include "download/ResourceEvents.h"
@@ -54,9 +55,9 @@ ItemTransfers::ItemTransfers(ItemStates& states)
             noteEnded({kind, guid}, result);
         },
         Qt::QueuedConnection);
-    MVThemeMgr* const catalogue = MVThemeMgr::init();
-    connect(catalogue, &MVThemeMgr::aboutToChange, this, &ItemTransfers::suspendDownloads);
-    connect(catalogue, &MVThemeMgr::changed, this, &ItemTransfers::resumeDownloads);
+    const CatalogueChanges* const changes = CatalogueChanges::instance();
+    connect(changes, &CatalogueChanges::announced, this, &ItemTransfers::suspendDownloads);
+    connect(changes, &CatalogueChanges::ended, this, &ItemTransfers::resumeDownloads);
 }
 
 ItemTransfers::~ItemTransfers()
@@ -187,7 +188,7 @@ CatalogueJobs::Work ItemTransfers::prepareUpdate(const ResourceKey& key, const C
         QMetaObject::invokeMethod(
             this, [this, key, percent] { setPercent(key, percent); }, Qt::QueuedConnection);
     });
-    return [update, item, &outcome] { outcome = update->run({item}); };
+    return [update, item, &outcome] { outcome = update->updateItem(*item); };
 }
 
 void ItemTransfers::endUpdate(const ResourceKey& key, const SUpdateOutcome& outcome)
@@ -214,7 +215,7 @@ void ItemTransfers::addRemoval(const ResourceKey& key)
         if (!item)
             return {};
         // Without a CatalogueUse, which would count as a download that uses the item.
-        return [item, removal] { *removal = ResourceStorage().remove(*item); };
+        return [item, removal] { *removal = ResourceStorage().removeItem(*item); };
     };
     job.ended = [this, key, removal] { endRemoval(key, *removal); };
     m_jobs.add(std::move(job));

@@ -3,6 +3,7 @@
 
 #include "model/ResourceModel.h"
 
+#include "catalogue/CatalogueChanges.h"
 #include "catalogue/ItemFiles.h"
 #include "catalogue/MVThemeMgr.h"
 #include "download/PreviewExchange.h"
@@ -42,7 +43,7 @@ ResourceModel::~ResourceModel()
 void ResourceModel::follow()
 {
     MVThemeMgr* const catalogue = MVThemeMgr::init();
-    connect(catalogue, &MVThemeMgr::changed, this, [this](bool hasChanged) {
+    connect(CatalogueChanges::instance(), &CatalogueChanges::ended, this, [this](bool hasChanged) {
         if (hasChanged)
             updateRows();
     });

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The mvresource contributors
 // SPDX-License-Identifier: MIT
 
+#include "catalogue/CatalogueChanges.h"
 #include "download/ResourceEvents.h"
 #include "download/ResourceStorage.h"
 #include "download/StorageWorld.h"
@@ -77,12 +78,12 @@ class CatalogueRecorder : public QObject
 public:
     CatalogueRecorder()
     {
-        MVThemeMgr* const catalogue = MVThemeMgr::init();
-        connect(catalogue, &MVThemeMgr::aboutToChange, this, [this] {
+        CatalogueChanges* const changes = CatalogueChanges::instance();
+        connect(changes, &CatalogueChanges::announced, this, [this] {
             m_told.append(QStringLiteral("about %1").arg(themeCount()));
             use.reset();
         });
-        connect(catalogue, &MVThemeMgr::changed, this, [this](bool hasChanged) {
+        connect(changes, &CatalogueChanges::ended, this, [this](bool hasChanged) {
             m_told.append(QStringLiteral("changed %1 %2").arg(hasChanged).arg(themeCount()));
         });
     }
@@ -154,7 +155,7 @@ void tst_ResourceEvents::removalAndUndoingTellTheirFiles()
     const QStringList files{QDir::cleanPath(m_world.file("VideoFilters/13.xml")),
                             QDir::cleanPath(m_world.file("VideoFilters/13.zip"))};
     Recorder recorder;
-    const ResourceStorage::Removal removal = ResourceStorage().remove(StorageWorld::filter(13));
+    const ResourceStorage::Removal removal = ResourceStorage().removeItem(StorageWorld::filter(13));
     QCOMPARE(recorder.paths, files);
     recorder.paths.clear();
     QVERIFY(ResourceStorage::undo(removal));

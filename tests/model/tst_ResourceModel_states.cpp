@@ -14,6 +14,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QSignalSpy>
 #include <QUrl>
 
 /// Tests the states of items over checks, updates and removals, and the pictures that arrive.
@@ -264,7 +265,7 @@ void tst_ResourceModel_states::removalOfAnotherIsFollowed()
     ResourceModel model(ResourceModel::Filter);
     const ModelWatch watch(model);
     EXAMINED(model);
-    const ResourceStorage::Removal removal = ResourceStorage().remove(StorageWorld::filter(13));
+    const ResourceStorage::Removal removal = ResourceStorage().removeItem(StorageWorld::filter(13));
     QVERIFY(removal.isComplete());
     QTRY_COMPARE(watch.state(13), int(ResourceModel::Missing));
     QVERIFY(ResourceStorage::undo(removal));
