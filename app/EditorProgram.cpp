@@ -46,7 +46,9 @@ EditorProgram::~EditorProgram() = default;
 int EditorProgram::run(int& argc, char** argv)
 {
     // A reader of the output that quits first must not end the window.
+#ifdef SIGPIPE // not on Windows
     std::signal(SIGPIPE, SIG_IGN);
+#endif
     m_name = QFileInfo(QFile::decodeName(argv[0])).fileName();
     QCoreApplication::setApplicationName(QStringLiteral("mveditor"));
     QCoreApplication::setApplicationVersion(QStringLiteral(MVRESOURCE_VERSION_STRING));
