@@ -4,6 +4,7 @@
 #include "catalogue/PathGuard.h"
 
 #include "host/AppOptions.h"
+#include "host/WindowsName.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -29,6 +30,28 @@ bool goesUp(const QString& path)
     return false;
 }
 
+/// Returns whether the system takes every component as the name that it is. Elsewhere than on
+/// Windows, names have no meaning of their own.
+bool isTakenLiterally(const QString& path)
+{
+#ifdef Q_OS_WIN
+    return WindowsName::isStorablePath(path);
+#else
+    Q_UNUSED(path)
+    return true;
+#endif
+}
+
+bool isLink(const QString& path)
+{
+    const QFileInfo entry(path);
+#ifdef Q_OS_WIN
+    if (entry.isJunction())
+        return true;
+#endif
+    return entry.isSymLink();
+}
+
 thread_local QHash<QString, QString>* remembered = nullptr;
 
 /// Returns the real path of a folder, links followed; empty if there is none.
@@ -46,7 +69,7 @@ QString realFolder(const QString& folder)
 
 bool PathGuard::hasPlainName(const QString& path)
 {
-    return !path.contains(QChar(QChar::Null)) && !goesUp(path);
+    return !path.contains(QChar(QChar::Null)) && !goesUp(path) && isTakenLiterally(path);
 }
 
 PathGuard::Folders::Folders()
@@ -84,11 +107,11 @@ bool PathGuard::isInside(const QString& root, const QString& path)
     const QString folder = root.endsWith(QLatin1Char('/')) ? root : root + QLatin1Char('/');
     if (!path.startsWith(folder) || path.size() == folder.size())
         return false;
-    if (goesUp(path.mid(folder.size() - 1)))
+    if (goesUp(path.mid(folder.size() - 1)) || !isTakenLiterally(path.mid(folder.size())))
         return false;
     for (int end = folder.size(); end >= 0;) {
         end = path.indexOf(QLatin1Char('/'), end + 1);
-        if (QFileInfo(path.left(end)).isSymLink())
+        if (isLink(path.left(end)))
             return false;
     }
     return true;

@@ -29,7 +29,8 @@ public:
         QHash<QString, QString>* m_previous;
     };
 
-    /// Returns false for a name with a ".." component or a NUL.
+    /// Returns false for a name with a ".." component or a NUL; on Windows also for one that it
+    /// would not store as it is, see WindowsName.
     static bool hasPlainName(const QString& path);
     /// Returns whether `path` exists and is below the existing folder `root` after resolving all
     /// links.
@@ -37,8 +38,8 @@ public:
 
     /// Returns whether creating, writing or deleting `path` can only touch entries below `root`:
     /// the path begins with the root, contains no ".." (with either slash) and no NUL, and no
-    /// component below the root is a link. The root itself may be one. An empty root contains
-    /// nothing.
+    /// component below the root is a link or, on Windows, a junction, a device or an alternate
+    /// stream. The root itself may be a link. An empty root contains nothing.
     static bool isInside(const QString& root, const QString& path);
 
     /// Creates the folder and its parents if it is missing and inside the root. Returns whether it

@@ -3,33 +3,14 @@
 
 #include "host/FileLock.h"
 
-#include "host/NewFileMode.h"
+#include "host/SystemFile.h"
 
 #include <QDeadlineTimer>
-#include <QFile>
 
 #include <cerrno>
 
-#include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-namespace {
-
-/// Returns false once the file has been removed, even if another one now has its name.
-bool hasName(int handle, const char* name)
-{
-    struct stat opened = {};
-    struct stat named = {};
-    return ::fstat(handle, &opened) == 0 && ::lstat(name, &named) == 0
-        && opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
-}
-
-} // namespace
-
 FileLock::FileLock(const QString& path)
-    : m_name(QFile::encodeName(path))
+    : m_name(SystemFile::encodedName(path))
 {
 }
 
@@ -37,8 +18,8 @@ FileLock::~FileLock()
 {
     if (!isLocked())
         return;
-    ::unlink(m_name.constData()); // before the release: afterwards it may belong to the next holder
-    ::close(m_handle);
+    SystemFile::remove(m_name); // before the release: afterwards it may belong to the next holder
+    SystemFile::close(m_handle);
 }
 
 /// Polls, since waiting in the kernel could not be cancelled.
@@ -65,21 +46,22 @@ FileLock::Result FileLock::lock(const CancelToken& cancel)
 FileLock::Result FileLock::tryLock()
 {
     while (!isLocked()) {
-        const int handle =
-            ::open(m_name.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, newFileMode);
+        const int handle = SystemFile::openOrCreate(m_name);
+        if (handle < 0 && errno == EBUSY) // the last holder is about to release what it has removed
+            return Result::Busy;
         if (handle < 0) {
             m_error = errno;
             return Result::CannotCreate;
         }
-        if (::flock(handle, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
-            ::close(handle);
+        if (SystemFile::lock(handle) == SystemFile::Lock::Held) {
+            SystemFile::close(handle);
             return Result::Busy;
         }
         // The last holder may have removed it between the two calls.
-        if (hasName(handle, m_name.constData()))
+        if (SystemFile::hasName(handle, m_name))
             m_handle = handle;
         else
-            ::close(handle);
+            SystemFile::close(handle);
     }
     return Result::Locked;
 }

@@ -3,11 +3,10 @@
 
 #include "host/FollowingDigest.h"
 
-#include <algorithm>
-#include <cerrno>
-#include <utility>
+#include "host/SystemFile.h"
 
-#include <unistd.h>
+#include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -80,10 +79,8 @@ void FollowingDigest::run()
 bool FollowingDigest::read(qint64 end)
 {
     while (m_position < end) {
-        const ssize_t length = ::pread(m_handle, m_buffer.data(),
-                                       static_cast<std::size_t>(end - m_position), m_position);
-        if (length < 0 && errno == EINTR)
-            continue;
+        const qint64 length =
+            SystemFile::readAt(m_handle, m_buffer.data(), end - m_position, m_position);
         if (length <= 0)
             return false;
         m_digest->add(m_buffer.constData(), length);

@@ -5,7 +5,7 @@
 
 #include "host/ContentDigest.h"
 #include "host/FollowingDigest.h"
-#include "host/NewFileMode.h"
+#include "host/SystemFile.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -15,14 +15,7 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
-
-#include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
-#include <sys/statvfs.h>
-#include <unistd.h>
 
 namespace {
 
@@ -56,7 +49,9 @@ EFailureCause causeOf(int error)
 {
     switch (error) {
     case ENOSPC:
+#ifdef EDQUOT // not on Windows
     case EDQUOT:
+#endif
         return eFailure_DiskFull;
     case EACCES:
     case EPERM:
@@ -73,59 +68,20 @@ int obstacleTo(const QString& folder)
     QFileInfo ancestor(folder);
     while (!ancestor.exists() && !ancestor.isRoot())
         ancestor.setFile(ancestor.path());
-    const QByteArray path = QFile::encodeName(ancestor.filePath());
-    if (::access(path.constData(), W_OK | X_OK) != 0)
-        return errno;
-    struct statvfs space = {};
-    const bool isFull = ::statvfs(path.constData(), &space) == 0
-        && (space.f_bavail == 0 || (space.f_files > 0 && space.f_favail == 0));
-    return isFull ? ENOSPC : ENOENT;
+    const int obstacle = SystemFile::obstacleIn(SystemFile::encodedName(ancestor.filePath()));
+    return obstacle != 0 ? obstacle : ENOENT;
 }
 
-enum class Lock {
-    Taken,      ///< by this call
-    Held,       ///< by another writer
-    Impossible, ///< on this file system: then nothing counts as a remainder
-};
-
-Lock lock(int handle)
+/// Removes a file under its lock: QFile::remove() would first close, and so unlock, it.
+void removeUnlocked(const QString& file)
 {
-    if (::flock(handle, LOCK_EX | LOCK_NB) == 0)
-        return Lock::Taken;
-    return errno == EWOULDBLOCK ? Lock::Held : Lock::Impossible;
-}
-
-bool isFolder(const QByteArray& path)
-{
-    struct stat status = {};
-    return ::stat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode);
-}
-
-/// The new name already exists, so failures are ignored: some file systems cannot flush a folder.
-void flushFolder(const QString& folder)
-{
-    const QByteArray path = QFile::encodeName(folder);
-    const int handle = ::open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const QByteArray name = SystemFile::encodedName(file);
+    const int handle = SystemFile::openRegular(name, SystemFile::Access::Read);
     if (handle < 0)
         return;
-    ::fsync(handle);
-    ::close(handle);
-}
-
-/// Returns whether the system has accepted all bytes: file systems that write late, such as NFS,
-/// report a failure only when a handle is closed. Closes a duplicate, as the original keeps the
-/// lock.
-bool tookAllBytes(int handle)
-{
-    const int second = ::fcntl(handle, F_DUPFD_CLOEXEC, 0);
-    return second >= 0 && ::close(second) == 0;
-}
-
-/// Returns false once the name of the open file has been removed.
-bool stillHasName(int handle)
-{
-    struct stat status = {};
-    return ::fstat(handle, &status) == 0 && status.st_nlink > 0;
+    if (SystemFile::lock(handle) == SystemFile::Lock::Taken)
+        SystemFile::remove(name);
+    SystemFile::close(handle);
 }
 
 } // namespace
@@ -141,7 +97,7 @@ bool PartFile::open(const QString& target, FolderCheck check)
 {
     discard();
     m_target = target;
-    m_path = QFile::encodeName(target);
+    m_path = SystemFile::encodedName(target);
     m_check = check;
     m_size = 0;
     m_beginning.clear();
@@ -149,7 +105,7 @@ bool PartFile::open(const QString& target, FolderCheck check)
     m_error.clear();
     m_digest.reset();
     if (m_path.isEmpty() || m_path.endsWith('/')
-        || (check == FolderCheck::AtOnce && isFolder(m_path)))
+        || (check == FolderCheck::AtOnce && SystemFile::isFolder(m_path)))
         return failAsFolder();
     return createLocked();
 }
@@ -159,7 +115,7 @@ bool PartFile::createLocked()
     const QByteArray beside = m_path.left(m_path.lastIndexOf('/') + 1);
     for (int attempt = 0; attempt < createAttempts; ++attempt) {
         m_name = partPath(beside);
-        m_handle = ::open(m_name.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, newFileMode);
+        m_handle = SystemFile::create(m_name);
         if (m_handle < 0 && errno == EEXIST)
             continue;
         if (m_handle < 0 && errno == ENOENT) {
@@ -172,7 +128,8 @@ bool PartFile::createLocked()
             return failWith(errno);
         // Between creation and lock, a sweep may have mistaken the file for a remainder and removed
         // it.
-        if (lock(m_handle) != Lock::Held && stillHasName(m_handle))
+        if (SystemFile::lock(m_handle) != SystemFile::Lock::Held
+            && SystemFile::hasAnyName(m_handle))
             return true;
         close();
     }
@@ -206,18 +163,11 @@ void PartFile::addToDigest(const char* data, qint64 length)
 
 bool PartFile::write(const char* data, qint64 length)
 {
-    while (length > 0) {
-        const ssize_t written = ::write(m_handle, data, static_cast<std::size_t>(length));
-        if (written < 0 && errno == EINTR)
-            continue;
-        if (written <= 0)
-            return failWith(errno);
-        keepBeginning(data, written);
-        m_size += written;
-        addToDigest(data, written);
-        data += written;
-        length -= written;
-    }
+    if (!SystemFile::writeAt(m_handle, data, length, m_size))
+        return failWith(errno);
+    keepBeginning(data, length);
+    m_size += length;
+    addToDigest(data, length);
     return true;
 }
 
@@ -230,7 +180,7 @@ void PartFile::keepBeginning(const char* data, qint64 length)
 
 bool PartFile::restart()
 {
-    if (::ftruncate(m_handle, 0) != 0 || ::lseek(m_handle, 0, SEEK_SET) != 0)
+    if (!SystemFile::truncate(m_handle))
         return failWith(errno);
     m_size = 0;
     if (m_digest || m_following)
@@ -239,49 +189,53 @@ bool PartFile::restart()
     return true;
 }
 
+QString PartFile::temporaryPath() const
+{
+    return SystemFile::decodedName(m_name);
+}
+
 bool PartFile::commit(Flush flush)
 {
-    const bool isStored = flush == Flush::Yes ? ::fsync(m_handle) == 0 : tookAllBytes(m_handle);
+    const bool isStored =
+        flush == Flush::Yes ? SystemFile::flush(m_handle) : SystemFile::hasTakenAllBytes(m_handle);
     if (!isStored)
         return failWith(errno);
     if (!rename())
         return false;
     close();
+    // The new name already exists, so a failure is ignored: some file systems cannot do it.
     if (flush == Flush::Yes)
-        flushFolder(QFileInfo(m_target).path());
+        SystemFile::flushFolder(SystemFile::encodedName(QFileInfo(m_target).path()));
     return true;
 }
 
 bool PartFile::rename()
 {
     if (m_check == FolderCheck::AtCommit) {
-        if (::renameat2(AT_FDCWD, m_name.constData(), AT_FDCWD, m_path.constData(),
-                        RENAME_NOREPLACE)
-            == 0)
+        if (SystemFile::renameToNew(m_name, m_path))
             return true;
         // Not every file system can do it.
         if (errno != EEXIST && errno != EINVAL && errno != ENOSYS)
             return failWith(errno);
         // A plain rename would refuse a folder, but replace a link to one.
-        if (isFolder(m_path))
+        if (SystemFile::isFolder(m_path))
             return failAsFolder();
     }
-    // The POSIX rename replaces the target atomically; QFile::rename refuses to.
-    return std::rename(m_name.constData(), m_path.constData()) == 0 || failWith(errno);
+    return SystemFile::rename(m_name, m_path) || failWith(errno);
 }
 
 void PartFile::discard()
 {
     if (m_handle < 0)
         return;
-    ::unlink(m_name.constData());
+    SystemFile::remove(m_name);
     close();
 }
 
 void PartFile::close()
 {
     m_following.reset(); // it reads through the handle
-    ::close(m_handle);
+    SystemFile::close(m_handle);
     m_handle = -1;
 }
 
@@ -317,10 +271,7 @@ bool PartFile::removeLeftovers(const QString& folder)
         }
         if (!isPartName(entry.fileName()))
             continue;
-        QFile leftover(folder + QLatin1Char('/') + entry.fileName());
-        // Removed under the lock: QFile::remove() would first close, and so unlock, the file.
-        if (leftover.open(QIODevice::ReadOnly) && lock(leftover.handle()) == Lock::Taken)
-            QFile::remove(leftover.fileName());
+        removeUnlocked(folder + QLatin1Char('/') + entry.fileName());
     }
     return hasFolders;
 }

@@ -6,7 +6,6 @@
 #include "host/STransferFailure.h"
 
 #include <QByteArray>
-#include <QFile>
 #include <QString>
 
 #include <memory>
@@ -49,7 +48,7 @@ public:
     qint64 size() const { return m_size; }
 
     /// Returns the path of the temporary file, for inspecting its content before commit().
-    QString temporaryPath() const { return QFile::decodeName(m_name); }
+    QString temporaryPath() const;
     /// Number of leading bytes that beginning() keeps.
     static constexpr int beginningBytes = 1024;
     /// Returns the first bytes written so far, at most beginningBytes.

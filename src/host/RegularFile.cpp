@@ -3,7 +3,7 @@
 
 #include "host/RegularFile.h"
 
-#include "host/NewFileMode.h"
+#include "host/SystemFile.h"
 
 #include <QByteArray>
 #include <QFile>
@@ -11,10 +11,6 @@
 
 #include <cerrno>
 #include <cstring>
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
@@ -24,24 +20,18 @@ constexpr int chunkBytes = 256 * 1024;
 
 bool RegularFile::open(QFile& file, QIODevice::OpenMode mode, QString* error)
 {
-    const auto fail = [error](const QString& reason) {
-        if (error)
-            *error = reason;
-        return false;
-    };
-    const QByteArray name = QFile::encodeName(file.fileName());
-    const int access = (mode & QIODevice::WriteOnly ? O_RDWR | O_CREAT : O_RDONLY)
-        | (mode & QIODevice::Append ? O_APPEND : 0);
-    // Without O_NONBLOCK, opening a pipe waits for its other end.
-    const int handle = ::open(name.constData(), access | O_NONBLOCK | O_CLOEXEC, newFileMode);
-    if (handle < 0)
-        return fail(QString::fromLocal8Bit(std::strerror(errno)));
-    struct stat status = {};
-    if (::fstat(handle, &status) == 0 && S_ISREG(status.st_mode)
-        && file.open(handle, mode, QFileDevice::AutoCloseHandle))
+    const SystemFile::Access access = !(mode & QIODevice::WriteOnly) ? SystemFile::Access::Read
+        : mode & QIODevice::Append                                   ? SystemFile::Access::Append
+                                   : SystemFile::Access::ReadWrite;
+    const int handle = SystemFile::openRegular(SystemFile::encodedName(file.fileName()), access);
+    if (handle >= 0 && file.open(handle, mode, QFileDevice::AutoCloseHandle))
         return true;
-    ::close(handle);
-    return fail(QStringLiteral("not a regular file"));
+    if (error)
+        *error = handle < 0 && errno != 0 ? QString::fromLocal8Bit(std::strerror(errno))
+                                          : QStringLiteral("not a regular file");
+    if (handle >= 0)
+        SystemFile::close(handle);
+    return false;
 }
 
 bool RegularFile::readChunks(QFile& file, const ChunkHandler& handler)

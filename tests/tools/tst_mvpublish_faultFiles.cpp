@@ -56,6 +56,8 @@ void TestMvpublishFaultFiles::fileRows()
         "look: the file name \"/etc/passwd\" is not a plain path below its folder");
     row("backslash", set("look", "files", QJsonArray{text("a\\b")}),
         "look: the file name \"a\\b\" holds characters that not every client can store");
+    row("device of Windows", set("look", "files", QJsonArray{text("nul.bin")}),
+        "look: the file name \"nul.bin\" is a name that not every client can store");
     // Qt warns when asked for such a file.
     row("NUL", set("look", "files", QJsonArray{QString(QStringLiteral("a\0.bin"))}),
         "look: the file name \"a .bin\" holds characters that not every client can store");

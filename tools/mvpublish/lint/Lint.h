@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "lint/Finding.h"
+#include "tree/Finding.h"
 
 class QJsonDocument;
 class ReadTree;

@@ -6,8 +6,8 @@
 #include "download/ReleaseKey.h"
 #include "download/ReleaseList.h"
 #include "download/SRelease.h"
-#include "lint/Finding.h"
 #include "release/PublishedTree.h"
+#include "tree/Finding.h"
 
 #include <QDateTime>
 #include <QVector>

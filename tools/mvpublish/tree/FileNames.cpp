@@ -3,6 +3,7 @@
 
 #include "tree/FileNames.h"
 
+#include "host/WindowsName.h"
 #include "tree/Texts.h"
 
 #include <QFileInfo>
@@ -21,11 +22,16 @@ QString fault(const QString& name)
         if (part.isEmpty() || part == QLatin1String(".") || part == QLatin1String(".."))
             return QStringLiteral("is not a plain path below its folder");
     }
-    // Characters that the file system of some client refuses.
-    static const QString refused = QStringLiteral("\\<>:\"|?*");
-    const bool odd = !Texts::isShowable(name)
-        || std::any_of(name.cbegin(), name.cend(), [](QChar c) { return refused.contains(c); });
-    return odd ? QStringLiteral("holds characters that not every client can store") : QString();
+    // Windows stores the fewest names.
+    const bool hasOdd =
+        !Texts::isShowable(name) || std::any_of(name.cbegin(), name.cend(), [](QChar c) {
+            return c != QLatin1Char('/') && !WindowsName::canContain(c);
+        });
+    if (hasOdd)
+        return QStringLiteral("holds characters that not every client can store");
+    return WindowsName::isStorablePath(name)
+        ? QString()
+        : QStringLiteral("is a name that not every client can store");
 }
 
 namespace {

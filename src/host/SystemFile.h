@@ -1,0 +1,101 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "host/MvHostExport.h"
+
+#include <QByteArray>
+#include <QString>
+
+/// The operations on files that Qt does not offer and that every system has in its own way: atomic
+/// renames, locks that end with their process, flushes, opening without waiting.
+///
+/// Handles are those of the C library, so QFile::open(int) takes them. On Windows they share a file
+/// with everybody, so that it can be renamed and removed while it is open, as elsewhere. Functions
+/// that fail set errno to a value that std::strerror() explains, on every system. Stateless, any
+/// thread.
+class MVHOST_EXPORT SystemFile
+{
+public:
+    SystemFile() = delete;
+
+    /// Returns a name as the other functions take it: in the encoding of the file system, or in
+    /// UTF-8 on Windows.
+    static QByteArray encodedName(const QString& name);
+    /// Returns the name that encodedName() has encoded.
+    static QString decodedName(const QByteArray& name);
+
+    /// Creates a file that did not exist, for reading and writing. Returns its handle, or -1.
+    static int create(const QByteArray& name);
+    /// Opens a file for reading and writing, and creates it if it is missing. Fails for a link.
+    /// Returns its handle, or -1.
+    static int openOrCreate(const QByteArray& name);
+
+    /// Ways to open a file.
+    enum class Access {
+        Read,
+        ReadWrite, ///< creates a missing file
+        Append,    ///< likewise, and every write goes to its end
+    };
+    /// Opens a regular file, following links. Never waits: a pipe without a writer or a device is
+    /// refused. Returns its handle, or -1; errno is 0 then for anything but a regular file.
+    static int openRegular(const QByteArray& name, Access access);
+
+    /// Closes a handle, which releases its lock.
+    static void close(int handle);
+
+    /// Writes everything at that position. Does not use the handle's own position, so other threads
+    /// may read from the same handle meanwhile.
+    static bool writeAt(int handle, const char* data, qint64 length, qint64 position);
+    /// Reads at most `length` bytes from that position. Returns how many, 0 at the end and -1 on
+    /// failure.
+    static qint64 readAt(int handle, char* data, qint64 length, qint64 position);
+    /// Empties the file.
+    static bool truncate(int handle);
+
+    /// Outcomes of lock().
+    enum class Lock {
+        Taken,      ///< by this call
+        Held,       ///< by another handle, of this process or another
+        Impossible, ///< on this file system
+    };
+    /// Takes the lock of an open file without waiting. It belongs to the handle and ends with it.
+    static Lock lock(int handle);
+
+    /// Returns whether the open file still has that name. False once it has been removed, even if
+    /// another file now has its name.
+    static bool hasName(int handle, const QByteArray& name);
+    /// Returns false once the last name of the open file has been removed.
+    static bool hasAnyName(int handle);
+    /// Returns whether both names lead to one file, following links.
+    static bool isSame(const QByteArray& first, const QByteArray& second);
+    /// Returns whether the name leads to a folder, following links.
+    static bool isFolder(const QByteArray& name);
+
+    /// Waits until the file's content is on the disk.
+    static bool flush(int handle);
+    /// Reports late failures: file systems that write after write() returns, such as NFS, report
+    /// some only when a handle is closed. The handle stays open and locked.
+    static bool hasTakenAllBytes(int handle);
+    /// Waits until the folder's names are on the disk, where the file system can do that.
+    static bool flushFolder(const QByteArray& folder);
+    /// Waits until everything below the folder is on the disk.
+    static bool flushTree(const QByteArray& folder);
+
+    /// Renames atomically, also over an existing file.
+    static bool rename(const QByteArray& from, const QByteArray& to);
+    /// Renames atomically unless the new name exists, which fails with EEXIST. Fails with EINVAL or
+    /// ENOSYS where the file system cannot do that.
+    static bool renameToNew(const QByteArray& from, const QByteArray& to);
+    /// Exchanges two folders atomically. Fails with EINVAL or ENOSYS where the system cannot.
+    static bool exchange(const QByteArray& first, const QByteArray& second);
+    /// Gives a file a second name. Fails with EEXIST if that exists.
+    static bool link(const QByteArray& existing, const QByteArray& added);
+    /// Removes the name of a file.
+    static bool remove(const QByteArray& name);
+
+    /// Returns the errno that explains why no file or folder can be created in an existing folder:
+    /// no permission, or no space. 0 if nothing speaks against it.
+    static int obstacleIn(const QByteArray& folder);
+};
