@@ -12,19 +12,21 @@
 
 #include <algorithm>
 
-/// Tests that the host guide lists what a platform must define.
-class tst_platformSymbols : public QObject
+/// Tests that the host guide tells what the code has.
+class tst_hostGuide : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void guideListsWhatTheLibrariesNeed();
-    void guideTellsTheirNumber();
+    void listsWhatTheLibrariesNeedOfAPlatform();
+    void tellsTheirNumber();
+    void showsTheExampleAsItIs();
 
 private:
     static QSet<QString> symbols(const QString& library, const QString& option);
     static QSet<QString> needed();
     static QString guide();
+    static QString partOnSymbols();
     static QStringList listed();
 };
 
@@ -47,7 +49,7 @@ QStringList sorted(QStringList names)
 } // namespace
 
 /// Returns a library's functions with their parameters, as they are in its source.
-QSet<QString> tst_platformSymbols::symbols(const QString& library, const QString& option)
+QSet<QString> tst_hostGuide::symbols(const QString& library, const QString& option)
 {
     QProcess nm;
     nm.start(QStringLiteral("nm"), {QStringLiteral("-DC"), option, library});
@@ -62,7 +64,7 @@ QSet<QString> tst_platformSymbols::symbols(const QString& library, const QString
     return found;
 }
 
-QSet<QString> tst_platformSymbols::needed()
+QSet<QString> tst_hostGuide::needed()
 {
     const QStringList libraries =
         QStringLiteral(MV_LIBRARIES_ABOVE).split(QLatin1Char('|'), Qt::SkipEmptyParts);
@@ -74,23 +76,26 @@ QSet<QString> tst_platformSymbols::needed()
     return found.intersect(defined);
 }
 
-/// Returns the part of the guide on the symbols.
-QString tst_platformSymbols::guide()
+QString tst_hostGuide::guide()
 {
-    const QString text =
-        QString::fromUtf8(CatalogueFiles::read(QStringLiteral(MV_DOCS "/host-guide.md")));
+    return QString::fromUtf8(CatalogueFiles::read(QStringLiteral(MV_DOCS "/host-guide.md")));
+}
+
+QString tst_hostGuide::partOnSymbols()
+{
+    const QString text = guide();
     const int begin = text.indexOf(QStringLiteral("### What a platform defines"));
     return text.mid(begin, text.indexOf(QStringLiteral("\n#"), begin + 1) - begin);
 }
 
 /// Returns the names in the first column of the table.
-QStringList tst_platformSymbols::listed()
+QStringList tst_hostGuide::listed()
 {
     static const QRegularExpression row(QStringLiteral("^\\| (`[^|]*) \\|"),
                                         QRegularExpression::MultilineOption);
     static const QRegularExpression name(QStringLiteral("`([^`]+)`"));
     QStringList names;
-    const QString text = guide();
+    const QString text = partOnSymbols();
     auto rows = row.globalMatch(text);
     while (rows.hasNext()) {
         auto cells = name.globalMatch(rows.next().captured(1));
@@ -100,7 +105,7 @@ QStringList tst_platformSymbols::listed()
     return names;
 }
 
-void tst_platformSymbols::guideListsWhatTheLibrariesNeed()
+void tst_hostGuide::listsWhatTheLibrariesNeedOfAPlatform()
 {
     QStringList names;
     const QSet<QString> symbolsNeeded = needed();
@@ -110,11 +115,21 @@ void tst_platformSymbols::guideListsWhatTheLibrariesNeed()
     QCOMPARE(sorted(listed()), sorted(names));
 }
 
-void tst_platformSymbols::guideTellsTheirNumber()
+void tst_hostGuide::tellsTheirNumber()
 {
-    QVERIFY(guide().contains(QStringLiteral(" %1 symbols").arg(needed().size())));
+    QVERIFY(partOnSymbols().contains(QStringLiteral(" %1 symbols").arg(needed().size())));
 }
 
-MV_TEST_MAIN(tst_platformSymbols)
+/// The build compiles the example, so the guide's program compiles, too.
+void tst_hostGuide::showsTheExampleAsItIs()
+{
+    QString program = QString::fromUtf8(
+        CatalogueFiles::read(QStringLiteral(MV_DOCS "/../examples/embed/main.cpp")));
+    program.remove(0, program.indexOf(QStringLiteral("#include")));
+    QVERIFY(!program.isEmpty());
+    QVERIFY(guide().contains(QStringLiteral("```cpp\n") + program + QStringLiteral("```\n")));
+}
 
-#include "tst_platformSymbols.moc"
+MV_TEST_MAIN(tst_hostGuide)
+
+#include "tst_hostGuide.moc"
