@@ -129,9 +129,10 @@ void Download::receive()
 
 void Download::finish()
 {
+    const QNetworkReply* const finished = m_reply;
     receive();
-    if (!m_reply)
-        return; // ended by us
+    if (!m_reply || m_reply != finished)
+        return; // ended, or asked again
     const QNetworkReply::NetworkError error = m_reply->error();
     const int status = statusOf(*m_reply);
     const bool isMissing = status == 404 || status == 410;
