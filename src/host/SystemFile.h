@@ -8,6 +8,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <cerrno>
+
 /// The operations on files that Qt does not offer and that every system has in its own way: atomic
 /// renames, locks that end with their process, flushes, opening without waiting.
 ///
@@ -96,7 +98,14 @@ public:
     static bool remove(const QByteArray& name);
 
     /// Returns whether an errno means that the disk, or the user's share of it, is full.
-    static bool isFull(int error);
+    static bool isFull(int error)
+    {
+#ifdef EDQUOT // not on Windows
+        if (error == EDQUOT)
+            return true;
+#endif
+        return error == ENOSPC;
+    }
     /// Returns the errno that explains why no file or folder can be created in an existing folder:
     /// no permission, or no space. 0 if nothing speaks against it.
     static int obstacleIn(const QByteArray& folder);
