@@ -36,7 +36,7 @@
     </message>
     <message>
         <source>on disk</source>
-        <translation>保存済み</translation>
+        <translation>このコンピューターにあり</translation>
     </message>
     <message>
         <source>not downloaded</source>
@@ -56,7 +56,7 @@
     </message>
     <message>
         <source>new</source>
-        <translation>新着</translation>
+        <translation>新しい</translation>
     </message>
     <message>
         <source>festivals</source>

@@ -36,7 +36,7 @@
     </message>
     <message>
         <source>on disk</source>
-        <translation>已在本机</translation>
+        <translation>已下载</translation>
     </message>
     <message>
         <source>not downloaded</source>

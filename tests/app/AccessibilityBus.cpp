@@ -9,12 +9,22 @@ namespace {
 
 constexpr int longestMs = 20000;
 
+void end(QProcess& process)
+{
+    if (process.state() == QProcess::NotRunning)
+        return;
+    process.terminate();
+    if (!process.waitForFinished(longestMs))
+        process.kill();
+}
+
 } // namespace
 
 AccessibilityBus::AccessibilityBus(QProcessEnvironment environment)
     : m_environment(std::move(environment))
 {
-    m_session.setStandardErrorFile(QProcess::nullDevice());
+    for (QProcess* const process : {&m_session, &m_launcher})
+        process->setStandardErrorFile(QProcess::nullDevice());
     m_session.setProcessEnvironment(m_environment);
     m_session.start(QStringLiteral("dbus-daemon"),
                     {QStringLiteral("--session"), QStringLiteral("--nofork"),
@@ -24,23 +34,38 @@ AccessibilityBus::AccessibilityBus(QProcessEnvironment environment)
         line += m_session.readAllStandardOutput();
     m_address = QString::fromUtf8(line.trimmed());
     m_environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_address);
-
-    // The session bus starts the accessibility bus when it is first called, and ends it.
-    const QByteArray reply = call({QStringLiteral("org.a11y.Bus.GetAddress")});
-    const QList<QByteArray> parts = reply.split('"'); // string "unix:path=..."
-    if (parts.size() > 1) // otherwise clients read a property of the display, of any earlier bus
-        m_environment.insert(QStringLiteral("AT_SPI_BUS_ADDRESS"), QString::fromUtf8(parts.at(1)));
-    call({QStringLiteral("org.freedesktop.DBus.Properties.Set"),
-          QStringLiteral("string:org.a11y.Status"), QStringLiteral("string:IsEnabled"),
-          QStringLiteral("variant:boolean:true")});
-    m_isReady = parts.size() > 1;
 }
 
 AccessibilityBus::~AccessibilityBus()
 {
-    m_session.terminate();
-    if (!m_session.waitForFinished(longestMs))
-        m_session.kill();
+    end(m_launcher);
+    end(m_session);
+}
+
+bool AccessibilityBus::hasPrograms() const
+{
+    const QByteArray names =
+        call({QStringLiteral("--dest=org.freedesktop.DBus"), QStringLiteral("/"),
+              QStringLiteral("org.freedesktop.DBus.ListNames")});
+    return names.count("\":") > 1; // the first is the one that asks
+}
+
+bool AccessibilityBus::launch()
+{
+    m_launcher.setProcessEnvironment(m_environment);
+    m_launcher.start(QStringLiteral("/usr/libexec/at-spi-bus-launcher"),
+                     {QStringLiteral("--launch-immediately")});
+    if (!m_launcher.waitForStarted(longestMs))
+        return false;
+    const QByteArray reply =
+        call({QStringLiteral("--dest=org.a11y.Bus"), QStringLiteral("/org/a11y/bus"),
+              QStringLiteral("org.a11y.Bus.GetAddress")});
+    const QList<QByteArray> parts = reply.split('"'); // string "unix:path=..."
+    if (parts.size() < 2)
+        return false;
+    // Clients prefer a property of the display, which may be that of an earlier bus.
+    m_environment.insert(QStringLiteral("AT_SPI_BUS_ADDRESS"), QString::fromUtf8(parts.at(1)));
+    return true;
 }
 
 QByteArray AccessibilityBus::call(const QStringList& message) const
@@ -48,9 +73,7 @@ QByteArray AccessibilityBus::call(const QStringList& message) const
     QProcess program;
     program.setProcessEnvironment(m_environment);
     program.start(QStringLiteral("dbus-send"),
-                  QStringList{QStringLiteral("--session"), QStringLiteral("--print-reply"),
-                              QStringLiteral("--dest=org.a11y.Bus"),
-                              QStringLiteral("/org/a11y/bus")}
+                  QStringList{QStringLiteral("--session"), QStringLiteral("--print-reply")}
                       + message);
     return ConsoleProgram::end(program).out;
 }

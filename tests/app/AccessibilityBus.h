@@ -11,8 +11,12 @@
 #include <QString>
 #include <QStringList>
 
-/// A session bus with the accessibility bus, as on a desktop with a screen reader. Both run for the
-/// lifetime of this object.
+/// A session bus of its own, and on it the accessibility bus, as on a desktop with a screen reader.
+/// Both end with this object.
+///
+/// Launch the accessibility bus when the program to be tested is on the session bus: Qt 5 programs
+/// that find it there may try to register before they are connected, and never again. They need
+/// the variable QT_LINUX_ACCESSIBILITY_ALWAYS_ON.
 class AccessibilityBus
 {
 public:
@@ -21,10 +25,12 @@ public:
     ~AccessibilityBus();
     Q_DISABLE_COPY_MOVE(AccessibilityBus)
 
-    /// Returns whether both could be started.
-    bool isReady() const { return m_isReady; }
-    /// Returns the address of the session bus.
+    /// Returns the address of the session bus; empty if it could not be started.
     QString address() const { return m_address; }
+    /// Returns whether any program is on the session bus.
+    bool hasPrograms() const;
+    /// Starts the accessibility bus. Returns false if that fails.
+    bool launch();
     /// Runs tests/app/accessibility-client, which describes its arguments.
     Outcome runClient(const QStringList& arguments) const;
     /// Starts it; ConsoleProgram::end() waits for its end.
@@ -35,6 +41,6 @@ private:
 
     QProcessEnvironment m_environment;
     QProcess m_session;
+    QProcess m_launcher;
     QString m_address;
-    bool m_isReady = false;
 };

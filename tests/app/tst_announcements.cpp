@@ -177,9 +177,12 @@ int main(int argc, char** argv)
     const VirtualDisplay display;
     qputenv("DISPLAY", display.name().toUtf8());
     qputenv("QT_QPA_PLATFORM", "xcb");
-    const AccessibilityBus bus(QProcessEnvironment::systemEnvironment());
+    qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
+    AccessibilityBus bus(QProcessEnvironment::systemEnvironment());
     qputenv("DBUS_SESSION_BUS_ADDRESS", bus.address().toUtf8());
     TestApplication<QApplication> application(argc, argv);
+    if (!bus.launch())
+        qFatal("no accessibility bus");
     tst_announcements test;
     return QTest::qExec(&test, argc, argv);
 }
