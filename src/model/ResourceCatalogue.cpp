@@ -56,10 +56,11 @@ bool ResourceCatalogue::open(const QString& downloadFolder)
 bool ResourceCatalogue::reload()
 {
     saveFavourites(); // loading reads them from their files
-    m_isReloadDue = !MVThemeMgr::init()->tryReload();
-    if (!m_isReloadDue)
+    const bool isLoaded = MVThemeMgr::init()->tryReload();
+    m_isReloadDue = !isLoaded;
+    if (isLoaded)
         emit reloaded();
-    return !m_isReloadDue;
+    return isLoaded;
 }
 
 void ResourceCatalogue::reloadLater()

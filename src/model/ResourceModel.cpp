@@ -66,10 +66,15 @@ void ResourceModel::follow()
             tellChanged(key.guid,
                         {StateRole, BusyRole, ProgressRole, ErrorTextRole, ErrorDetailsRole});
     });
+    // From the event loop: a receiver may destroy the last model, and with it what told the end.
     connect(&transfers, &ItemTransfers::ended, this,
             [this](const ResourceKey& key, Operation operation, const SItemDownloadResult& result) {
-                if (key.kind == m_kind)
-                    takeEnd(key, static_cast<int>(operation), result);
+                QMetaObject::invokeMethod(
+                    this,
+                    [this, key, operation, result] {
+                        takeEnd(key, static_cast<int>(operation), result);
+                    },
+                    Qt::QueuedConnection);
             });
     connect(&transfers, &ItemTransfers::canUndoRemoveChanged, this,
             &ResourceModel::canUndoRemoveChanged);
@@ -179,6 +184,8 @@ void ResourceModel::applyFetched(const QString& guid)
 void ResourceModel::takeEnd(const ResourceKey& key, int operation,
                             const SItemDownloadResult& result)
 {
+    if (key.kind != m_kind)
+        return;
     const auto outcome = result.m_eEnd == eItemDownload_Complete ? Complete
         : result.m_eEnd == eItemDownload_Failed                  ? Failure
                                                                  : Cancelled;

@@ -166,8 +166,8 @@ signals:
     /// The user's item can be used: here an editor applies it. Only of this model's apply().
     void applied(const QString& guid);
     /// An operation on an item of this model has ended, whoever began it; by then the row has its
-    /// new state. `errorText` is that of ErrorTextRole. Receivers may do anything, including
-    /// reloading the catalogue and destroying the model.
+    /// new state. Emitted from the event loop. `errorText` is that of ErrorTextRole. Receivers may
+    /// do anything, including reloading the catalogue and destroying the model.
     void fetchEnded(const QString& guid, ResourceModel::Outcome outcome, const QString& errorText);
     void updateEnded(const QString& guid, ResourceModel::Outcome outcome, const QString& errorText);
     void removeEnded(const QString& guid, ResourceModel::Outcome outcome, const QString& errorText);
