@@ -46,10 +46,13 @@ public:
     /// Selects the item shown by `widget` without emitting a signal. If `widget` is null, the item
     /// with this GUID is selected once it gets a widget; an empty GUID selects none.
     void select(const QString& guid, MVThemeItemWdg* widget);
-    /// Clears the selection and the remembered errors; for use when all rows are removed.
-    void forgetAll();
-    /// Remembers the error that a cell shows, until its row has a cell again.
-    void rememberError(const MVThemeItemWdg& widget);
+    /// Clears the selection; for use before all rows are removed.
+    void forgetSelection();
+    /// Clears the remembered errors; for use after that.
+    void forgetErrors() { m_errors.clear(); }
+    /// Returns the error of the last download of an item whose row has no cell; success (5) if
+    /// there is none.
+    EMVThemeDownLoadError rememberedError(const QString& guid) const;
 
     /// Returns a row's widget, owned by `parent`; Qt's default editor, a line edit, for a GUID that
     /// the catalogue does not know. A filtered-out cell that is still downloading is reused for its
@@ -68,8 +71,14 @@ public:
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
 signals:
+    /// A row has got its widget, which has no item in the "More>>" row.
+    void cellCreated(MVThemeItemWdg* widget) const;
     /// The user has applied an item.
     void sigThemeItemClicked(SCfg_Item*);
+    /// The user has clicked an item once; only with EApplyOn::DoubleClickOrEnter.
+    void previewRequested(SCfg_Item* item);
+    /// The progress of an item's download has reached another whole percentage.
+    void progressed(const QString& guid, int percent) const;
     /// The user has requested an item's context menu.
     void contextMenuWanted(SCfg_Item* item, const QPoint& globalPos);
 
@@ -82,7 +91,9 @@ protected:
 
 private:
     MVThemeItemWdg* createItemWidget(QWidget* parent, const QString& guid) const;
+    void connectWidget(const MVThemeItemWdg* widget, const QString& guid) const;
     void adoptSelection(MVThemeItemWdg* widget) const;
+    void rememberError(const MVThemeItemWdg& widget) const;
     void rememberSelection(const MVThemeItemWdg* widget) const;
     void forgetWidget(QObject* widget, const QString& guid, const QPersistentModelIndex& row) const;
 

@@ -83,6 +83,10 @@ public:
     /// Sets the percentage; the ring shows 0 to 100, the text any value. Fractions are truncated,
     /// and NaN and infinity are ignored.
     void onProgress(double p);
+    double progress() const { return m_dProgress; }
+    /// Sets whether the ring shows a cross instead of the percentage while the mouse is over the
+    /// cell; false by default.
+    void setCrossOnHover(bool shown);
     /// Starts the download as the download button does; ignored until the current one ends.
     void startDownLoad();
     /// Handles the mouse entering the cell: shows the buttons that apply to the item.
@@ -177,6 +181,7 @@ private:
     void createOverlay();
     void arrangeOverlay();
     void placeOverlay(int overlayWidth);
+    void setHovered(bool hovered);
     void drawProgress(QPainter* p, const QRect& rect, int value) const;
 
     EMVThemeDownLoadError m_eDownloadErr;
@@ -184,6 +189,8 @@ private:
     std::unique_ptr<QVBoxLayout> m_pOverlay; // positions the overlays on the picture
     SCfg_Item* m_pItem = nullptr;
     double m_dProgress = 0.0;
+    bool m_bCrossOnHover = false;
+    bool m_bHovered = false;     // the mouse is over the cell
     bool m_bRingPressed = false; // the left button went down on the ring, not as a double click
     QImage m_progressImage;
     QImage m_progressMask;

@@ -3,7 +3,9 @@
 
 #pragma once
 
+#include "browser/EApplyOn.h"
 #include "browser/MvBrowserExport.h"
+#include "browser/SCellState.h"
 #include "download/SItemDownloadResult.h"
 
 #include <QFrame>
@@ -12,6 +14,7 @@
 #include <functional>
 #include <memory>
 
+class CellMarks;
 class MVThemeDownLoader;
 struct SCfg_Item;
 
@@ -96,6 +99,19 @@ public:
     /// Declared for hosts; does nothing. CellEvents::favouriteToggled() reports the change.
     void onCollect(SCfg_Item* item);
 
+    /// Sets which mouse action applies the item or downloads it; a single click at first.
+    void setApplyOn(EApplyOn action) { m_eApplyOn = action; }
+    /// Sets whether the ring of a download shows a cross while the mouse is over the cell; false at
+    /// first. A click on the ring cancels in any case.
+    void setCrossOnHover(bool shown);
+    /// Shows marks on the picture for what `state` returns, which is queried while painting; an
+    /// empty function removes them.
+    void setMarks(std::function<SCellState()> state);
+    /// Updates the marks, if there are any, after the state has changed.
+    void updateMarks();
+    /// Returns the progress of a running download, 0 to 100 percent.
+    int percent() const;
+
     /// @name Keyboard actions
     /// @{
 
@@ -147,17 +163,29 @@ public:
 signals:
     /// The item was applied.
     void sigThemeItemClicked(SCfg_Item*);
+    /// The user has clicked the item once; only with EApplyOn::DoubleClickOrEnter.
+    void previewRequested(SCfg_Item* item);
+    /// A download has ended, and shownError() tells how; before the item is applied.
+    void errorChanged();
+    /// The progress of the download has reached another whole percentage.
+    void progressed(int percent);
     /// The user has requested the item's context menu at this screen position; only with
     /// HostSettings::leftButtonOnly.
     void contextMenuWanted(SCfg_Item* item, const QPoint& globalPos);
 
 private:
     void endDownload();
+    void onProgress(double percent);
+    void onClick(Qt::MouseButton button);
+    bool onDoubleClick(Qt::MouseButton button);
 
     std::unique_ptr<Ui::MVThemeItemWdg> m_pUi;
     SCfg_Item* m_pItem = nullptr;
     QPointer<MVThemeDownLoader> m_pDownLoader; // deletes itself when its thread has finished
     QWidget** m_ppCurSel = nullptr;
+    QPointer<CellMarks> m_pMarks; // a child of the face; null while no marks are shown
+    EApplyOn m_eApplyOn = EApplyOn::SingleClick;
+    bool m_bDoubleClicked = false; // the release of its second press follows
     bool m_bDeletedAfterDownload = false;
     quint64 m_nChoice = 0; // number of the user's choice of this item; 0: never chosen
 

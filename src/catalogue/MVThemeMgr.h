@@ -349,6 +349,9 @@ private:
     bool isReadable(const QString& file);
     bool parse(SCfg_Item& item, const QString& file);
     static bool isInUse(const char* operation);
+    bool change(const char* operation, void (MVThemeMgr::*function)());
+    void readAll();
+    void forgetAll();
     QVector<SFileInfo*> ownNeededFiles(SCfg_Item& item);
     void clearVectors();
     bool readCatalogue(EDirTag half, QDomDocument& doc);

@@ -9,11 +9,13 @@
 #include "host/CBasePtr.h"
 #include "host/CurWrapper.h"
 #include "host/STransferFailure.h"
+#include "records/ECfgItemType.h"
 #include "records/FileRecord.h"
 #include "records/MvResourceExport.h"
 
 #include <QMutex>
 #include <QString>
+#include <QStringList>
 #include <QThread>
 #include <QVector>
 
@@ -117,6 +119,8 @@ private:
     bool stopIfCancelled(int point);
     Step end(EMVThemeDownLoadError result);
     void setCurrent(const QString& url, const QString& file);
+    void noteFiles();
+    void tellEnd();
     void noteFailure(const STransferFailure& failure);
     double shareStart() const;
     double share() const;
@@ -143,5 +147,9 @@ private:
     std::optional<CatalogueUse> m_use;        // from download() to the end signal
     std::optional<FileRecord::Taken> m_taken; // the theme's config; given back before the end
     bool m_bReplacesConfig = false;           // the config file exists but is unusable
+    ECfgItemType m_eKind = eCfgItem_Filter;   // of m_pItem, whose end may be told after its own
+    QString m_qsGuid;                         // of m_pItem
+    int m_nToldPercent = -1;                  // the last one that ResourceEvents was told
+    QStringList m_lstPaths;                   // files that this download may have stored
     std::atomic<bool> m_bEnded{false};        // the end signal of this download has been sent
 };

@@ -51,18 +51,20 @@ public:
     /// Reads nothing; each function looks at the disk when it is called.
     ResourceStorage();
 
-    /// Returns the disk use of every displayed item that is on disk, in the order of the catalogue:
-    /// its definition is in the download root, or a resource that only it names.
-    QVector<Use> uses() const;
+    /// Returns the displayed items that are on disk, in the order of the catalogue: the definition
+    /// of each is in the download root, or a resource that only it names.
+    QVector<SCfg_Item*> itemsOnDisk() const;
+    /// Returns the disk use of the items on disk, in the same order.
+    QVector<Use> diskUse() const;
     /// Returns that of one item.
-    Use useOf(SCfg_Item& item) const;
-    /// Returns the size of all files in the uses(), each counted once.
+    Use diskUse(SCfg_Item& item) const;
+    /// Returns the size of all files in the diskUse(), each counted once.
     qint64 usedBytes() const;
 
     /// Moves the files of an item out of the way that no other item on disk needs: its definition
     /// first, so that a removal that is interrupted leaves an item that is not ready. Previews
     /// stay, and so do the items it uses, if users can choose them themselves.
-    Removal remove(SCfg_Item& item) const;
+    Removal removeItem(SCfg_Item& item) const;
     /// Moves the files of a removal back. Returns false if some could not be, or have come back
     /// already.
     static bool undo(const Removal& removal);

@@ -6,6 +6,8 @@
 #include "download/EMVThemeDownLoadError.h"
 #include "host/STransferFailure.h"
 
+#include <QMetaType>
+
 /// Outcomes of an item download, for hosts that act on them.
 enum EItemDownloadEnd : int {
     eItemDownload_Complete = 0,  ///< every file is in place
@@ -23,3 +25,4 @@ struct SItemDownloadResult
     /// The first failure; set only if m_eEnd is eItemDownload_Failed.
     STransferFailure m_failure;
 };
+Q_DECLARE_METATYPE(SItemDownloadResult)

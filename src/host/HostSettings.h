@@ -61,8 +61,8 @@ struct MVHOST_EXPORT HostSettings
     QMap<QString, QString> productParams;
 
     /// True: only the left mouse button applies or downloads an item; the right button and the menu
-    /// key request a context menu from the host (mvThemelistview::contextMenuWanted()), others do
-    /// nothing. False: any button applies or downloads. Recommended: true.
+    /// key make it current and request a context menu (mvThemelistview::sigContextMenuRequested()),
+    /// others do nothing. False: any button applies or downloads. Recommended: true.
     bool leftButtonOnly = false;
     /// True: a download that ends after the user has chosen another item of the same kind leaves
     /// its item ready without applying it. False: it applies its item. Recommended: true.
