@@ -6,7 +6,6 @@
 #include "host/HostSettings.h"
 
 #include "FileFailure.h"
-#include "NetworkFailure.h"
 
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
@@ -19,6 +18,7 @@ namespace {
 
 /// Without a limit Qt buffers what a fast server sends, and a cancel waits behind it.
 constexpr qint64 readBufferBytes = 256 * 1024;
+constexpr int maxRedirects = 5;
 constexpr int statusOk = 200;
 constexpr int statusNotModified = 304;
 
@@ -32,6 +32,18 @@ bool isUsable(const QUrl& address)
 int statusOf(const QNetworkReply& reply)
 {
     return reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+}
+
+EFailureCause causeOf(QNetworkReply::NetworkError error)
+{
+    switch (error) {
+    case QNetworkReply::ConnectionRefusedError:
+    case QNetworkReply::HostNotFoundError:
+    case QNetworkReply::SslHandshakeFailedError:
+        return eFailure_Unreachable;
+    default:
+        return eFailure_ConnectionLost; // the stall, too
+    }
 }
 
 } // namespace
@@ -72,8 +84,7 @@ void Download::request(const QString& url, bool isPastCaches)
 {
     m_url = url;
     m_isPastCaches = isPastCaches;
-    if (!isUsable(QUrl(url)))
-        return fail(eTransfer_BadUrl, eFailure_BadAddress, QStringLiteral("not an http address"));
+    m_redirects = 0;
     m_file = std::make_unique<QSaveFile>(m_job.file);
     if (!m_file->open(QIODevice::WriteOnly))
         return end({eTransfer_LocalFile, FileFailure::of(*m_file, m_job.url), false, {}});
@@ -82,22 +93,28 @@ void Download::request(const QString& url, bool isPastCaches)
         const std::lock_guard<std::mutex> lock(m_mutex);
         m_counts = Counts();
     }
-    m_reply = m_network->get(requestFor(url, isPastCaches));
+    get(QUrl(url));
+}
+
+void Download::get(const QUrl& address)
+{
+    if (!isUsable(address))
+        return fail(eTransfer_BadUrl, eFailure_BadAddress, QStringLiteral("not an http address"));
+    m_reply = m_network->get(requestFor(address));
     m_reply->setReadBufferSize(readBufferBytes);
     const auto self = shared_from_this(); // lives until the reply is deleted
     QObject::connect(m_reply, &QNetworkReply::readyRead, m_reply, [self] { self->receive(); });
     QObject::connect(m_reply, &QNetworkReply::finished, m_reply, [self] { self->finish(); });
 }
 
-QNetworkRequest Download::requestFor(const QString& url, bool isPastCaches) const
+QNetworkRequest Download::requestFor(const QUrl& address) const
 {
-    QNetworkRequest request{QUrl(url)};
+    QNetworkRequest request(address);
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
-                         QNetworkRequest::NoLessSafeRedirectPolicy);
-    request.setMaximumRedirectsAllowed(5);
+                         QNetworkRequest::ManualRedirectPolicy); // see follow()
     request.setTransferTimeout(hostSettings().stallTimeoutMs);
     request.setRawHeader("Accept-Encoding", "identity"); // the file's own bytes, and their number
-    if (isPastCaches)
+    if (m_isPastCaches)
         request.setRawHeader("Cache-Control", "no-cache");
     if (!m_job.known.m_etag.isEmpty())
         request.setRawHeader("If-None-Match", m_job.known.m_etag);
@@ -140,15 +157,29 @@ void Download::finish()
         return requestAgain(m_job.url, false);
     if (status == statusNotModified && !m_job.known.isEmpty())
         return end({eTransfer_Success, {}, true, m_job.known});
-    if (NetworkFailure::causeOf(error) == eFailure_BadAddress || status == 0)
-        return fail(NetworkFailure::resultOf(error), NetworkFailure::causeOf(error),
-                    m_reply->errorString());
+    if (m_reply->attribute(QNetworkRequest::RedirectionTargetAttribute).isValid())
+        return follow();
+    if (status == 0)
+        return fail(eTransfer_Network, causeOf(error), m_reply->errorString());
     if (status != statusOk)
         return fail(eTransfer_Status, isMissing ? eFailure_NotOnServer : eFailure_ServerError,
                     QStringLiteral("HTTP status %1").arg(status));
     if (error != QNetworkReply::NoError || isTruncated())
         return fail(eTransfer_Network, eFailure_ConnectionLost, QStringLiteral("incomplete body"));
     store();
+}
+
+void Download::follow()
+{
+    const QUrl from = m_reply->url();
+    const QUrl target =
+        from.resolved(m_reply->attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl());
+    const bool isLessSafe =
+        from.scheme() == QLatin1String("https") && target.scheme() != QLatin1String("https");
+    if (isLessSafe || ++m_redirects > maxRedirects)
+        return fail(eTransfer_BadUrl, eFailure_BadAddress, QStringLiteral("redirect refused"));
+    dropReply();
+    get(target);
 }
 
 /// Keeps what has arrived if it is what the job demands; otherwise asks once more, past caches.

@@ -17,6 +17,7 @@
 class QNetworkAccessManager;
 class QNetworkReply;
 class QNetworkRequest;
+class QUrl;
 
 /// One file on its way from the server to the disk, by Qt Network.
 ///
@@ -56,9 +57,11 @@ public:
 
 private:
     void request(const QString& url, bool isPastCaches);
-    QNetworkRequest requestFor(const QString& url, bool isPastCaches) const;
+    void get(const QUrl& address);
+    QNetworkRequest requestFor(const QUrl& address) const;
     void receive();
     void finish();
+    void follow();
     void store();
     void requestAgain(const QString& url, bool isPastCaches);
     void dropReply();
@@ -72,7 +75,8 @@ private:
 
     QNetworkAccessManager* m_network = nullptr;
     QNetworkReply* m_reply = nullptr; // null between requests; deletes itself afterwards
-    QString m_url;                    // of the present request
+    QString m_url;                    // of the present attempt
+    int m_redirects = 0;              // of the present attempt
     bool m_isPastCaches = false;      // the last attempt at published content
     std::unique_ptr<QSaveFile> m_file;
     ContentDigest m_digest;

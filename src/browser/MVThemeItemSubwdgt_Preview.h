@@ -83,6 +83,7 @@ public:
     /// Sets the percentage; the ring shows 0 to 100, the text any value. Fractions are truncated,
     /// and NaN and infinity are ignored.
     void onProgress(double p);
+    /// Returns the percentage that onProgress() has set last.
     double progress() const { return m_dProgress; }
     /// Sets whether the ring shows a cross instead of the percentage while the mouse is over the
     /// cell; false by default.

@@ -60,6 +60,7 @@ public:
     bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
 
 protected:
+    /// Orders two rows of the source by the list's filter; "More>>" is last.
     bool lessThan(const QModelIndex& left, const QModelIndex& right) const override;
 
 private:

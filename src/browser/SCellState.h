@@ -7,6 +7,7 @@
 /// says. A value type; see mvThemelistview::stateOf().
 struct SCellState
 {
+    /// What is known of the item's files.
     enum class Files {
         OnDisk,      ///< the item can be applied
         Missing,     ///< it must be downloaded first
@@ -15,16 +16,18 @@ struct SCellState
         Failed,      ///< its last download has failed, and nothing has been tried since
     };
 
-    Files files = Files::OnDisk;
-    int percent = 0; ///< of a running download, 0 to 100
-    bool isFavourite = false;
-    bool isNew = false;     ///< among mvThemelistview::setNew()
-    bool isApplied = false; ///< see mvThemelistview::appliedItem()
+    Files files = Files::OnDisk; ///< of the item, with all that it uses
+    int percent = 0;             ///< of a running download, 0 to 100
+    bool isFavourite = false;    ///< the user has marked it
+    bool isNew = false;          ///< among mvThemelistview::setNew()
+    bool isApplied = false;      ///< see mvThemelistview::appliedItem()
 
+    /// Returns whether all fields are equal.
     bool operator==(const SCellState& other) const
     {
         return files == other.files && percent == other.percent && isFavourite == other.isFavourite
             && isNew == other.isNew && isApplied == other.isApplied;
     }
+    /// Returns the opposite of ==.
     bool operator!=(const SCellState& other) const { return !(*this == other); }
 };

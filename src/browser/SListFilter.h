@@ -23,10 +23,10 @@ struct SListFilter
     SearchWords words;
     /// The type of themes, all (999) or favourites (1), see MVThemeSortFilterProxyModel.
     int themeType = MVThemeSortFilterProxyModel::allThemes;
-    bool onlyFavourites = false;
-    bool onlyOnDisk = false;   ///< can be applied without a download
-    bool onlyOutdated = false; ///< those of mvThemelistview::setUpdatable()
-    EListOrder order = EListOrder::Published;
+    bool onlyFavourites = false;              ///< marked by the user
+    bool onlyOnDisk = false;                  ///< can be applied without a download
+    bool onlyOutdated = false;                ///< those of mvThemelistview::setUpdatable()
+    EListOrder order = EListOrder::Published; ///< of the rows that pass
 
     /// Returns whether some items do not pass; those of a theme type count as some.
     bool isNarrowing() const
@@ -35,11 +35,13 @@ struct SListFilter
             || onlyFavourites || onlyOnDisk || onlyOutdated;
     }
 
+    /// Returns whether all conditions and the order are equal.
     bool operator==(const SListFilter& other) const
     {
         return words == other.words && themeType == other.themeType
             && onlyFavourites == other.onlyFavourites && onlyOnDisk == other.onlyOnDisk
             && onlyOutdated == other.onlyOutdated && order == other.order;
     }
+    /// Returns the opposite of ==.
     bool operator!=(const SListFilter& other) const { return !(*this == other); }
 };

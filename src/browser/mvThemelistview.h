@@ -68,6 +68,7 @@ public:
     /// Sets what the list shows, and reads the size of its cells from the skin. Call it once,
     /// before any data.
     void setUIItemType(EUIItemType type);
+    /// Returns what the list shows; UIItem_None at first.
     EUIItemType uiItemType() const { return m_eType; }
 
     /// Sets whether only visible rows, and those of one page around them, have a cell. At first
@@ -82,11 +83,13 @@ public:
     /// Sets which mouse action applies an item or downloads it; a single click at first. Enter and
     /// the cell's download button do so in any case. May be changed at any time.
     void setApplyOn(EApplyOn action);
+    /// Returns which mouse action applies an item.
     EApplyOn applyOn() const { return m_eApplyOn; }
     /// Sets whether cells show by marks which items are on disk, missing, outdated, new, or failed
     /// to download, and a cross on the ring of a download while the mouse is over the cell; false
     /// at first. May be changed at any time.
     void setMarksShown(bool shown);
+    /// Returns whether cells show marks.
     bool areMarksShown() const { return m_bMarks; }
     /// Updates the marks after files have come or gone by other means than downloads of cells.
     void updateMarks();
@@ -97,6 +100,7 @@ public:
     void applyCurrent();
     /// @name For a host's menu, with an item of the list by exact GUID; others do nothing
     /// @{
+
     /// Adds the item to the favourites or removes it, if it is on disk and shown.
     void toggleFavourite(const QString& guid);
     /// Cancels the item's download without waiting.
@@ -130,6 +134,7 @@ public:
     /// @name Facts that only the host knows, by GUID
     /// They apply to items that come later, too, such as by a reload.
     /// @{
+
     /// Sets the items on disk for which an update is available.
     void setUpdatable(const QSet<QString>& guids);
     /// Sets the items that are new since the user's last visit.

@@ -29,16 +29,18 @@ struct SCfg_Item;
 class MVRESOURCE_EXPORT ItemSurvey
 {
 public:
+    /// A file that an item lacks, or that is not the published one.
     struct File
     {
-        ItemFiles::Entry entry;
-        EFileState state;
-        qint64 bytes; ///< as the release lists it; 0 if it does not
+        ItemFiles::Entry entry; ///< as it is on disk
+        EFileState state;       ///< missing, outdated or damaged
+        qint64 bytes;           ///< as the release lists it; 0 if it does not
     };
+    /// One item with what is wrong with it.
     struct Row
     {
-        SCfg_Item* item;
-        SItemState state;
+        SCfg_Item* item;     ///< owned by the catalogue
+        SItemState state;    ///< with all that it uses
         int missing;         ///< files without which the item cannot be used
         QVector<File> files; ///< to be fetched: missing, outdated and damaged ones
 
@@ -69,7 +71,9 @@ public:
                                   FileStates::Depth depth = FileStates::Depth::Quick,
                                   const Progress& progress = Progress());
 
+    /// Returns the items, in the order in which they were verified.
     const QVector<Row>& rows() const { return m_rows; }
+    /// Returns the items of the rows.
     QVector<SCfg_Item*> items() const;
     /// Returns the GUIDs that no item of the catalogue has, in their order.
     const QStringList& unknown() const { return m_unknown; }
@@ -83,9 +87,9 @@ public:
     /// Returns the survey of those items that a condition holds for.
     ItemSurvey where(const std::function<bool(const Row&)>& condition) const;
 
-    /// Return the number of files that an update of all items fetches and their size, each file
-    /// counted once.
+    /// Returns the number of files that an update of all items fetches, each file counted once.
     int fileCount() const;
+    /// Returns the size of those files, as far as the release names it.
     qint64 bytes() const;
     /// Returns false if more bytes may be fetched, see SItemState::m_bBytesKnown.
     bool areBytesKnown() const;

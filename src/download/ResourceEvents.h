@@ -27,16 +27,21 @@ class MVRESOURCE_EXPORT ResourceEvents : public QObject
     Q_OBJECT
 
 public:
+    /// Returns the object of this process.
     static ResourceEvents* instance();
 
-    /// Emit the signals. The library calls them.
+    /// Emits downloadStarted(). The library calls this function and the following ones.
     void tellDownloadStarted(ECfgItemType kind, const QString& guid);
+    /// Emits downloadProgressed().
     void tellDownloadProgress(ECfgItemType kind, const QString& guid, int percent);
+    /// Emits downloadEnded().
     void tellDownloadEnded(ECfgItemType kind, const QString& guid,
                            const SItemDownloadResult& result);
+    /// Emits filesChanged().
     void tellFilesChanged(const QStringList& paths);
 
 signals:
+    /// A download of the item has begun.
     void downloadStarted(ECfgItemType kind, const QString& guid);
     /// The whole part of MVThemeDownLoader::progress(), 0 to 100; emitted when it changes.
     void downloadProgressed(ECfgItemType kind, const QString& guid, int percent);

@@ -25,6 +25,7 @@
 class MVMODEL_EXPORT ResourceCatalogue : public QObject
 {
     Q_OBJECT
+    /// What the check is doing.
     Q_PROPERTY(ResourceCatalogue::Phase phase READ phase NOTIFY phaseChanged)
     /// Whether a check is waiting, checking or fetching previews.
     Q_PROPERTY(bool busy READ isBusy NOTIFY phaseChanged)
@@ -40,6 +41,7 @@ public:
     enum Outcome { Complete, PreviewsMissing, Failed, Cancelled };
     Q_ENUM(Outcome)
 
+    /// Creates an object that open() connects with the catalogue.
     explicit ResourceCatalogue(QObject* parent = nullptr);
     /// Saves favourites that have not been saved yet.
     ~ResourceCatalogue() override;
@@ -61,12 +63,17 @@ public:
     /// works on an item it returns false, and does it when that has ended.
     Q_INVOKABLE bool reload();
 
+    /// Returns the property of that name.
     Phase phase() const;
+    /// Returns the property busy.
     bool isBusy() const { return phase() != Idle; }
+    /// Returns the property of that name.
     int progress() const;
 
 signals:
+    /// The phase has changed.
     void phaseChanged();
+    /// The progress has changed.
     void progressChanged();
     /// The catalogue has been loaded again; models have followed.
     void reloaded();

@@ -50,9 +50,11 @@ class MVMODEL_EXPORT ResourceModel : public QAbstractListModel
     Q_PROPERTY(int count READ count NOTIFY countChanged)
     /// Whether states are being determined.
     Q_PROPERTY(bool examining READ isExamining NOTIFY examiningChanged)
+    /// Whether undoRemove() can bring an item back.
     Q_PROPERTY(bool canUndoRemove READ canUndoRemove NOTIFY canUndoRemoveChanged)
 
 public:
+    /// The kinds of items, as in ECfgItemType.
     enum Kind {
         Filter = eCfgItem_Filter,
         Transition = eCfgItem_Transition,
@@ -106,19 +108,28 @@ public:
     };
     Q_ENUM(Role)
 
+    /// Creates a model of the themes.
     explicit ResourceModel(QObject* parent = nullptr);
+    /// Creates a model of a kind.
     explicit ResourceModel(ResourceModel::Kind kind, QObject* parent = nullptr);
     ~ResourceModel() override;
 
+    /// Returns the property of that name.
     Kind kind() const { return static_cast<Kind>(m_kind); }
     /// Shows another kind, and resets the model.
     void setKind(Kind kind);
+    /// Returns the property of that name.
     int count() const { return static_cast<int>(m_rows.size()); }
+    /// Returns the property examining.
     bool isExamining() const;
+    /// Returns the property of that name.
     bool canUndoRemove() const;
 
+    /// Returns the number of rows; 0 below a row.
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
+    /// Returns the data of a row for a role; invalid for others.
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    /// Returns the names of the roles, as QML uses them.
     QHash<int, QByteArray> roleNames() const override;
 
     /// Returns the row of an item; -1 without one. Compares exactly.
@@ -155,12 +166,17 @@ public:
     /// Tells which rows a view shows, so that their states are determined and their previews
     /// fetched first (PreviewExchange).
     Q_INVOKABLE void showRows(int first, int count);
+    /// Does the same with the GUIDs of the items, most wanted first.
     void showItems(const QStringList& guids);
 
 signals:
+    /// The model shows another kind.
     void kindChanged();
+    /// The number of rows has changed.
     void countChanged();
+    /// The property examining has changed.
     void examiningChanged();
+    /// The property canUndoRemove has changed.
     void canUndoRemoveChanged();
 
     /// The user's item can be used: here an editor applies it. Only of this model's apply().
@@ -169,7 +185,9 @@ signals:
     /// new state. Emitted from the event loop. `errorText` is that of ErrorTextRole. Receivers may
     /// do anything, including reloading the catalogue and destroying the model.
     void fetchEnded(const QString& guid, ResourceModel::Outcome outcome, const QString& errorText);
+    /// The same for an update.
     void updateEnded(const QString& guid, ResourceModel::Outcome outcome, const QString& errorText);
+    /// The same for a removal.
     void removeEnded(const QString& guid, ResourceModel::Outcome outcome, const QString& errorText);
 
 private:
