@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "ItemIndex.h"
+#include "catalogue/ItemIndex.h"
 
 #include <QJsonObject>
 #include <QString>

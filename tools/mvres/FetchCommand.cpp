@@ -8,14 +8,14 @@
 #include "Causes.h"
 #include "ChosenItems.h"
 #include "Console.h"
-#include "download/FileStates.h"
+#include "download/ItemSurvey.h"
 #include "download/MVThemeDownLoader.h"
 #include "ExitStatus.h"
 #include "Interrupt.h"
 #include "Items.h"
 #include "ProgressDisplay.h"
 #include "records/SCfg_Item.h"
-#include "Survey.h"
+#include "SurveyText.h"
 #include "UpdateRun.h"
 
 #include <QEventLoop>
@@ -96,19 +96,19 @@ QVector<SCfg_Item*> FetchCommand::incompleteItems()
 /// Tells what would be fetched.
 int FetchCommand::preview(const QVector<SCfg_Item*>& items)
 {
-    const Survey lacking = Survey::ofDownloads(FileStates(FileStates::Depth::Quick), items);
+    const ItemSurvey lacking = ItemSurvey::verifyDownloads(items);
     if (m_json) {
-        QJsonObject object = lacking.toJsonWithTotals();
+        QJsonObject object = SurveyText::toJsonWithTotals(lacking);
         object.insert(QStringLiteral("dryRun"), true);
         Console::print(QJsonDocument(object));
         return ExitStatus::success;
     }
-    lacking.print(m_index);
+    SurveyText::print(lacking, m_index);
     Console::print(lacking.rows().isEmpty()
                        ? QStringLiteral("nothing to fetch")
                        : QStringLiteral("%1 to fetch: %2")
                              .arg(Console::counted(lacking.rows().size(), QStringLiteral("item")),
-                                  lacking.total()));
+                                  SurveyText::total(lacking)));
     return ExitStatus::success;
 }
 

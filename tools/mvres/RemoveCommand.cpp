@@ -70,7 +70,8 @@ void RemoveCommand::remove(const QVector<SCfg_Item*>& items)
     QVector<ResourceStorage::Removal> removals;
     for (SCfg_Item* const item : items) {
         const QStringList files = filesOnDisk(*item);
-        removals.append(m_isDryRun ? storage.preview(*item, removals) : storage.remove(*item));
+        removals.append(m_isDryRun ? storage.previewRemoval(*item, removals)
+                                   : storage.removeItem(*item));
         const ResourceStorage::Removal& removal = removals.constLast();
         m_rows.append({item, files, removal});
         if (!removal.isComplete())
@@ -85,7 +86,7 @@ void RemoveCommand::remove(const QVector<SCfg_Item*>& items)
 /// Finds the items that need what stays.
 void RemoveCommand::findUsers()
 {
-    const QVector<SCfg_Item*> others = Items::onDisk();
+    const QVector<SCfg_Item*> others = ResourceStorage().itemsOnDisk();
     for (SCfg_Item* const other : others) {
         const bool isRemoved =
             m_isDryRun && std::any_of(m_rows.cbegin(), m_rows.cend(), [&](const Row& row) {
