@@ -74,6 +74,8 @@ public:
     };
     /// Returns the missing files with one look at the disk. Parses a theme's config if necessary.
     static Missing missingOf(SCfg_Item& item);
+    /// Returns their paths alone.
+    static QSet<QString> missingPaths(SCfg_Item& item) { return missingOf(item).paths; }
 
 private:
     void add(SCfg_Item& item);

@@ -106,6 +106,18 @@ ItemSurvey ItemSurvey::verifyGuids(const QStringList& guids, FileStates::Depth d
     return survey;
 }
 
+ItemSurvey ItemSurvey::verifyDownloads(const QVector<SCfg_Item*>& items)
+{
+    const FileStates states(FileStates::Depth::Quick);
+    ItemSurvey survey;
+    for (SCfg_Item* const item : items) {
+        const SItemState state = states.of(*item);
+        if (state.m_nNeeded > 0)
+            survey.m_rows.append({item, state, state.m_nNeeded, filesToDownload(states, *item)});
+    }
+    return survey;
+}
+
 QVector<SCfg_Item*> ItemSurvey::items() const
 {
     QVector<SCfg_Item*> items;

@@ -71,6 +71,11 @@ public:
                                   FileStates::Depth depth = FileStates::Depth::Quick,
                                   const Progress& progress = Progress());
 
+    /// Verifies those of the items that are not ready, with the files that the download of each
+    /// fetches (MVThemeDownLoader): all that are missing, pictures included, and a definition that
+    /// cannot be read.
+    static ItemSurvey verifyDownloads(const QVector<SCfg_Item*>& items);
+
     /// Returns the items, in the order in which they were verified.
     const QVector<Row>& rows() const { return m_rows; }
     /// Returns the items of the rows.

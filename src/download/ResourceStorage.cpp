@@ -244,7 +244,7 @@ qint64 ResourceStorage::usedBytes() const
 
 Removal ResourceStorage::removeItem(SCfg_Item& item) const
 {
-    const Removal planned = preview(item);
+    const Removal planned = previewRemoval(item);
     if (!planned.isComplete())
         return planned;
     Removal removal;
@@ -258,10 +258,11 @@ Removal ResourceStorage::removeItem(SCfg_Item& item) const
         }
     }
     removal.bytes = planned.bytes;
+    tellMoved(removal);
     return removal;
 }
 
-Removal ResourceStorage::preview(SCfg_Item& item, const QVector<Removal>& earlier) const
+Removal ResourceStorage::previewRemoval(SCfg_Item& item, const QVector<Removal>& earlier) const
 {
     Removal removal;
     if (CatalogueUse::count() > 0) {
@@ -291,7 +292,6 @@ Removal ResourceStorage::preview(SCfg_Item& item, const QVector<Removal>& earlie
         removal.files.append({file.path, QString()});
         removal.bytes += file.sizeBytes;
     }
-    tellMoved(removal);
     return removal;
 }
 

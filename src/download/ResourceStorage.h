@@ -67,7 +67,7 @@ public:
     Removal removeItem(SCfg_Item& item) const;
     /// Returns what removeItem() would move, if the files of the removals in `earlier` were gone:
     /// without their new place, and without changing anything.
-    Removal preview(SCfg_Item& item, const QVector<Removal>& earlier = {}) const;
+    Removal previewRemoval(SCfg_Item& item, const QVector<Removal>& earlier = {}) const;
     /// Moves the files of a removal back. Returns false if some could not be, or have come back
     /// already.
     static bool undo(const Removal& removal);

@@ -76,12 +76,13 @@ QVector<TreeDiff::Item> merged(const QMap<QString, TreeDiff>& diffs,
     QVector<TreeDiff::Item> result;
     for (auto diff = diffs.cbegin(); diff != diffs.cend(); ++diff) {
         const bool isFirst = diff == diffs.cbegin();
-        for (TreeDiff::Item item : (*diff).*list) {
+        for (const TreeDiff::Item& item : (*diff).*list) {
             const bool isEverywhere = counts.value(item.text()) == diffs.size();
+            if (isEverywhere && !isFirst)
+                continue;
+            result.append(item);
             if (!isEverywhere)
-                item.catalogue = diff.key();
-            if (!isEverywhere || isFirst)
-                result.append(item);
+                result.last().catalogue = diff.key();
         }
     }
     return result;

@@ -96,7 +96,7 @@ QVector<SCfg_Item*> FetchCommand::incompleteItems()
 /// Tells what would be fetched.
 int FetchCommand::preview(const QVector<SCfg_Item*>& items)
 {
-    const ItemSurvey lacking = ItemSurvey::ofDownloads(items);
+    const ItemSurvey lacking = ItemSurvey::verifyDownloads(items);
     if (m_json) {
         QJsonObject object = SurveyText::toJsonWithTotals(lacking);
         object.insert(QStringLiteral("dryRun"), true);

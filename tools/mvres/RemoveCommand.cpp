@@ -70,7 +70,8 @@ void RemoveCommand::remove(const QVector<SCfg_Item*>& items)
     QVector<ResourceStorage::Removal> removals;
     for (SCfg_Item* const item : items) {
         const QStringList files = filesOnDisk(*item);
-        removals.append(m_isDryRun ? storage.preview(*item, removals) : storage.removeItem(*item));
+        removals.append(m_isDryRun ? storage.previewRemoval(*item, removals)
+                                   : storage.removeItem(*item));
         const ResourceStorage::Removal& removal = removals.constLast();
         m_rows.append({item, files, removal});
         if (!removal.isComplete())

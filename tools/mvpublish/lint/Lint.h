@@ -5,6 +5,7 @@
 
 #include "tree/Finding.h"
 
+class QJsonArray;
 class QJsonDocument;
 class ReadTree;
 
