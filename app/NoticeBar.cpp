@@ -37,6 +37,7 @@ NoticeBar::NoticeBar(const QString& name, QWidget* parent)
     m_progress->hide();
     m_action->setObjectName(name + QStringLiteral("Action"));
     m_close->setObjectName(name + QStringLiteral("Close"));
+    m_close->setText(tr("Close"));
     constexpr int leastLetters = 36;
     m_text->setMinimumWidth(leastLetters * m_text->fontMetrics().averageCharWidth());
     m_text->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);

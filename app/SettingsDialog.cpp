@@ -151,7 +151,6 @@ void SettingsDialog::arrange()
     addRow(form, tr("&Language:"), m_language);
     addRow(form, tr("&Skin:"), m_skin);
     addRow(form, tr("Sc&ale:"), m_scale);
-    m_connections->findChild<QLineEdit*>()->setAccessibleName(m_connections->accessibleName());
     m_connections->setToolTip(tr("Files that are fetched at the same time"));
     auto* const area = new QScrollArea(this); // for low screens
     area->setWidget(content);

@@ -22,6 +22,7 @@
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QTimer>
+#include <QToolButton>
 #include <QWheelEvent>
 
 #include <cstdlib>
@@ -138,8 +139,9 @@ void WindowActions::filter(const Receiver& receiver)
         const QSignalBlocker quiet(catalogue);
         catalogue->setItemCollected(&theme);
     }
-    measure(receiver, "favourites", show(MVThemeSortFilterProxyModel::favouriteThemes));
-    measure(receiver, "all-again", show(MVThemeSortFilterProxyModel::allThemes));
+    auto* const favourites = tabs.findChild<QToolButton*>(QStringLiteral("onlyFavourites"));
+    measure(receiver, "favourites", [favourites] { favourites->setChecked(true); });
+    measure(receiver, "all-again", [favourites] { favourites->setChecked(false); });
 }
 
 void WindowActions::look(const Receiver& receiver)

@@ -188,7 +188,8 @@ void WindowTexts::verifyNames(const QWidget& window)
     for (QWidget* part : parts) {
         const bool isControl =
             part->focusPolicy() != Qt::NoFocus || qobject_cast<QAbstractButton*>(part);
-        if (!isControl || !part->isVisibleTo(&window))
+        const bool isOfSpinBox = part->objectName() == QLatin1String("qt_spinbox_lineedit");
+        if (!isControl || isOfSpinBox || !part->isVisibleTo(&window))
             continue;
         QAccessibleInterface* const spoken = QAccessible::queryAccessibleInterface(part);
         const QString what = QStringLiteral("%1 \"%2\" in \"%3\"")

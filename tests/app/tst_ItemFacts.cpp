@@ -182,6 +182,13 @@ void tst_ItemFacts::filesInOrder()
              m_fixture.downloaded("config", "Themes", QStringLiteral("a.zip")));
     QCOMPARE(facts.name(), QStringLiteral("Journey"));
     QVERIFY(facts.used().isEmpty());
+    QStringList labels;
+    for (const ItemFacts::File& file : facts.files())
+        labels.append(file.label);
+    QCOMPARE(labels,
+             (QStringList{QStringLiteral("Definition"), QStringLiteral("Package: a"),
+                          QStringLiteral("Package: b"), QStringLiteral("Picture"),
+                          QStringLiteral("Animated preview")}));
 }
 
 void tst_ItemFacts::sizesAreThoseOnDisk()

@@ -92,11 +92,14 @@ void tst_editor_quit::quitIsShort(EditorWorld& world, const QString& before,
     Editor editor(world);
     const QString go = world.folder() + QStringLiteral("/go");
     const QString going = world.folder() + QStringLiteral("/going");
-    QString steps =
-        before + QStringLiteral("awaitfile %1\ntouch %2\npress Ctrl+Q\n").arg(go, going);
-    if (before.contains(QStringLiteral("downloading")))
-        steps += QStringLiteral("click widget confirmQuit\n");
-    editor.start(steps);
+    const bool isAsked = before.contains(QStringLiteral("downloading"));
+    const QString steps = isAsked ? QStringLiteral("awaitfile %1\n"
+                                                   "press Ctrl+Q\n"
+                                                   "hover widget confirmQuit\n"
+                                                   "touch %2\n"
+                                                   "click widget confirmQuit\n")
+                                  : QStringLiteral("awaitfile %1\ntouch %2\npress Ctrl+Q\n");
+    editor.start(before + steps.arg(go, going));
     QTRY_VERIFY_WITH_TIMEOUT(reached(), 20000);
     CatalogueFiles::write(go, QByteArray());
     QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(going), 20000);

@@ -3,6 +3,7 @@
 
 #include "Editor.h"
 #include "EditorWorld.h"
+#include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
 
 #include <QImage>
@@ -18,6 +19,7 @@ private slots:
     void skinChangesOpenCellsAndStays();
     void scaleAppliesAtTheNextStart();
     void reducedMotionPlaysOnlyOnDemand();
+    void reducedMotionFollowsTheDesktop();
     void tabAndTypeStay();
 
 private:
@@ -137,6 +139,27 @@ void tst_editor_view::reducedMotionPlaysOnlyOnDemand()
         hover cell Alpha
         wait playing Alpha
     )"),
+                                           false));
+}
+
+void tst_editor_view::reducedMotionFollowsTheDesktop()
+{
+    CatalogueFiles::write(m_world->folder() + QStringLiteral("/home/.config/gtk-3.0/settings.ini"),
+                          "[Settings]\ngtk-enable-animations=false\n");
+    VERIFY_ENDED_WELL(Editor(*m_world).run(QStringLiteral(R"(
+        wait quiet
+        hover cell Alpha
+        wait still Alpha
+        click action view
+        click action reduceMotion
+        hover cell Beta
+        wait playing Beta
+    )"),
+                                           false));
+    // The user's own choice takes precedence from now on.
+    VERIFY_ENDED_WELL(Editor(*m_world).run(QStringLiteral("wait quiet\n"
+                                                          "hover cell Alpha\n"
+                                                          "wait playing Alpha\n"),
                                            false));
 }
 
