@@ -69,18 +69,6 @@ ItemSurvey ItemSurvey::verify(const QVector<SCfg_Item*>& items, FileStates::Dept
     return survey;
 }
 
-ItemSurvey ItemSurvey::ofDownloads(const QVector<SCfg_Item*>& items)
-{
-    const FileStates states(FileStates::Depth::Quick);
-    ItemSurvey survey;
-    for (SCfg_Item* const item : items) {
-        const int missing = ItemFiles::countNeeded(*item);
-        if (missing > 0)
-            survey.m_rows.append({item, states.of(*item), missing, filesToDownload(states, *item)});
-    }
-    return survey;
-}
-
 ItemSurvey ItemSurvey::verifyAll(FileStates::Depth depth, const Progress& progress)
 {
     return verify(ResourceStorage().itemsOnDisk(), depth, progress);

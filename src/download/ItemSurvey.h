@@ -58,10 +58,6 @@ public:
     static ItemSurvey verify(const QVector<SCfg_Item*>& items,
                              FileStates::Depth depth = FileStates::Depth::Quick,
                              const Progress& progress = Progress());
-    /// Returns the survey of those items that lack files, with the files that a download, other
-    /// than an update, fetches: all that are missing, pictures included, and a definition that
-    /// cannot be read.
-    static ItemSurvey ofDownloads(const QVector<SCfg_Item*>& items);
     /// Verifies the items on disk, see ResourceStorage::itemsOnDisk().
     static ItemSurvey verifyAll(FileStates::Depth depth = FileStates::Depth::Quick,
                                 const Progress& progress = Progress());
@@ -70,7 +66,6 @@ public:
     static ItemSurvey verifyGuids(const QStringList& guids,
                                   FileStates::Depth depth = FileStates::Depth::Quick,
                                   const Progress& progress = Progress());
-
     /// Verifies those of the items that are not ready, with the files that the download of each
     /// fetches (MVThemeDownLoader): all that are missing, pictures included, and a definition that
     /// cannot be read.
