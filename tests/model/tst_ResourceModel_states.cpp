@@ -142,7 +142,7 @@ void tst_ResourceModel_states::cancelledUpdateChangesNothing()
     QTRY_COMPARE(watch.ends(), QStringList{text("updated 11 cancelled")});
     model.cancel(guid(13));
     QTRY_COMPARE(watch.ends().size(), 2);
-    QCOMPARE(watch.ends().last(), text("updated 13 cancelled"));
+    QCOMPARE(watch.ends().constLast(), text("updated 13 cancelled"));
     QCOMPARE(watch.state(13), int(ResourceModel::Outdated));
     QCOMPARE(m_world.content("VideoFilters/13.zip"), StorageWorld::archive(13));
 }
