@@ -244,7 +244,7 @@ qint64 ResourceStorage::usedBytes() const
 
 Removal ResourceStorage::removeItem(SCfg_Item& item) const
 {
-    const Removal planned = previewRemoval(item);
+    Removal planned = previewRemoval(item);
     if (!planned.isComplete())
         return planned;
     Removal removal;
