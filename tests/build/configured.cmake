@@ -113,6 +113,8 @@ elseif(CASE STREQUAL "platform")
             message(FATAL_ERROR "the build lacks \"${part}\":\n${commands}")
         endif()
     endforeach()
+    # The version is that of the libraries, whatever the platform.
+    string(REPLACE "${PROJECT_FOLDER}/src/host/MvVersion.cpp" "" commands "${commands}")
     if(commands MATCHES "${PROJECT_FOLDER}/(src/host/[A-Za-z]+\\.cpp|app|tools|tests)|libcurl")
         message(FATAL_ERROR "the build has \"${CMAKE_MATCH_0}\":\n${commands}")
     endif()
