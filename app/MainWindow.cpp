@@ -121,6 +121,57 @@ void MainWindow::createMenus()
 {
     menuBar()->addMenu(m_viewMenu);
     menuBar()->addMenu(m_helpMenu);
+    createFileMenu();
+    createViewMenu();
+    createHelpMenu();
+    m_resourcesMenu->menuAction()->setObjectName(QStringLiteral("resources"));
+    m_find->setShortcut(QKeySequence(QStringLiteral("Ctrl+F")));
+    m_checkNow->setShortcut(QKeySequence(QStringLiteral("F5")));
+    m_showDetails->setObjectName(QStringLiteral("showDetails"));
+    m_showDetails->setShortcut(QKeySequence(QStringLiteral("Ctrl+I")));
+    m_resourcesMenu->addSeparator();
+    m_storage->addActions(m_resourcesMenu);
+    connect(m_find, &QAction::triggered, m_tabs->filterBar(), &FilterBar::startSearch);
+    connect(m_checkNow, &QAction::triggered, this, &MainWindow::toggleCheck);
+}
+
+void MainWindow::createFileMenu()
+{
+    m_fileMenu->menuAction()->setObjectName(QStringLiteral("file"));
+    m_openProject->setObjectName(QStringLiteral("openProject"));
+    m_openProject->setShortcut(QKeySequence(QStringLiteral("Ctrl+O")));
+    m_fileMenu->insertSeparator(m_export);
+    m_export->setObjectName(QStringLiteral("export"));
+    m_import->setObjectName(QStringLiteral("import"));
+    m_fileMenu->insertAction(m_quit, m_settings->action());
+    m_fileMenu->insertSeparator(m_settings->action());
+    m_fileMenu->insertSeparator(m_quit);
+    m_quit->setObjectName(QStringLiteral("quit"));
+    m_quit->setShortcut(QKeySequence(QStringLiteral("Ctrl+Q")));
+    connect(m_openProject, &QAction::triggered, this, &MainWindow::chooseProject);
+    connect(m_export, &QAction::triggered, this, &MainWindow::exportFavourites);
+    connect(m_import, &QAction::triggered, this, &MainWindow::importFavourites);
+    connect(m_quit, &QAction::triggered, this, &MainWindow::quit);
+}
+
+void MainWindow::createViewMenu()
+{
+    m_viewMenu->menuAction()->setObjectName(QStringLiteral("view"));
+    m_unfolded->setObjectName(QStringLiteral("unfolded"));
+    m_unfolded->setShortcut(QKeySequence(QStringLiteral("F9")));
+    m_unfolded->setCheckable(true);
+    m_viewMenu->addAction(m_unfolded);
+    connect(m_unfolded, &QAction::triggered, m_splitter, &FoldingPanes::setUnfolded);
+    connect(m_splitter, &FoldingPanes::unfoldedChanged, this, [this](bool isUnfolded) {
+        m_unfolded->setChecked(isUnfolded);
+        m_preferences.setDetailsUnfolded(isUnfolded);
+    });
+    connect(m_splitter, &FoldingPanes::wentBack, this,
+            [this] { m_tabs->currentList()->setFocus(); });
+}
+
+void MainWindow::createHelpMenu()
+{
     m_helpMenu->menuAction()->setObjectName(QStringLiteral("help"));
     m_helpMenu->addActions({m_keys, m_about});
     m_keys->setObjectName(QStringLiteral("keys"));
@@ -133,42 +184,6 @@ void MainWindow::createMenus()
         about->open();
         about->activateWindow(); // in case no window manager does it
     });
-    m_fileMenu->menuAction()->setObjectName(QStringLiteral("file"));
-    m_resourcesMenu->menuAction()->setObjectName(QStringLiteral("resources"));
-    m_viewMenu->menuAction()->setObjectName(QStringLiteral("view"));
-    m_openProject->setObjectName(QStringLiteral("openProject"));
-    m_openProject->setShortcut(QKeySequence(QStringLiteral("Ctrl+O")));
-    m_fileMenu->insertSeparator(m_export);
-    m_export->setObjectName(QStringLiteral("export"));
-    m_import->setObjectName(QStringLiteral("import"));
-    m_fileMenu->insertAction(m_quit, m_settings->action());
-    m_fileMenu->insertSeparator(m_settings->action());
-    m_fileMenu->insertSeparator(m_quit);
-    m_quit->setObjectName(QStringLiteral("quit"));
-    m_quit->setShortcut(QKeySequence(QStringLiteral("Ctrl+Q")));
-    m_find->setShortcut(QKeySequence(QStringLiteral("Ctrl+F")));
-    m_checkNow->setShortcut(QKeySequence(QStringLiteral("F5")));
-    m_showDetails->setObjectName(QStringLiteral("showDetails"));
-    m_showDetails->setShortcut(QKeySequence(QStringLiteral("Ctrl+I")));
-    m_unfolded->setObjectName(QStringLiteral("unfolded"));
-    m_unfolded->setShortcut(QKeySequence(QStringLiteral("F9")));
-    m_unfolded->setCheckable(true);
-    m_viewMenu->addAction(m_unfolded);
-    connect(m_unfolded, &QAction::triggered, m_splitter, &FoldingPanes::setUnfolded);
-    connect(m_splitter, &FoldingPanes::unfoldedChanged, this, [this](bool isUnfolded) {
-        m_unfolded->setChecked(isUnfolded);
-        m_preferences.setDetailsUnfolded(isUnfolded);
-    });
-    connect(m_splitter, &FoldingPanes::wentBack, this,
-            [this] { m_tabs->currentList()->setFocus(); });
-    m_resourcesMenu->addSeparator();
-    m_storage->addActions(m_resourcesMenu);
-    connect(m_openProject, &QAction::triggered, this, &MainWindow::chooseProject);
-    connect(m_export, &QAction::triggered, this, &MainWindow::exportFavourites);
-    connect(m_import, &QAction::triggered, this, &MainWindow::importFavourites);
-    connect(m_quit, &QAction::triggered, this, &MainWindow::quit);
-    connect(m_find, &QAction::triggered, m_tabs->filterBar(), &FilterBar::startSearch);
-    connect(m_checkNow, &QAction::triggered, this, &MainWindow::toggleCheck);
 }
 
 void MainWindow::connectParts()

@@ -59,6 +59,9 @@ protected:
 private:
     void arrange();
     void createMenus();
+    void createFileMenu();
+    void createViewMenu();
+    void createHelpMenu();
     void connectParts();
     void connectView();
     void connectCells();
