@@ -101,7 +101,9 @@ QString CellMarks::textAt(const QPoint& point)
         text = CellText::ofFiles(state());
     else if (state().isNew && place(files).contains(point))
         text = CellText::ofNew();
-    return text.left(1).toUpper() + text.mid(1);
+    if (!text.isEmpty())
+        text[0] = text.at(0).toUpper();
+    return text;
 }
 
 bool CellMarks::event(QEvent* event)

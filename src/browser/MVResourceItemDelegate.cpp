@@ -112,7 +112,7 @@ QWidget* MVResourceItemDelegate::createEditor(QWidget* parent, const QStyleOptio
     MVThemeItemWdg* const widget = createItemWidget(parent, guid);
     if (!widget)
         return QStyledItemDelegate::createEditor(parent, option, index);
-    connectWidget(widget, guid);
+    connectWidget(widget);
     connect(widget, &QObject::destroyed, this,
             [this, guid, row = sourceRow(index)](QObject* dead) { forgetWidget(dead, guid, row); });
     widget->setListviewCurSel(&m_pCurSel);
@@ -120,11 +120,12 @@ QWidget* MVResourceItemDelegate::createEditor(QWidget* parent, const QStyleOptio
     adoptSelection(widget);
     if (m_errors.contains(guid))
         widget->showError(m_errors.take(guid));
-    emit cellCreated(widget);
+    if (m_setUpCell)
+        m_setUpCell(widget);
     return widget;
 }
 
-void MVResourceItemDelegate::connectWidget(const MVThemeItemWdg* widget, const QString& guid) const
+void MVResourceItemDelegate::connectWidget(const MVThemeItemWdg* widget) const
 {
     connect(widget, &MVThemeItemWdg::sigThemeItemClicked, this,
             &MVResourceItemDelegate::sigThemeItemClicked);
@@ -132,8 +133,7 @@ void MVResourceItemDelegate::connectWidget(const MVThemeItemWdg* widget, const Q
             &MVResourceItemDelegate::contextMenuWanted);
     connect(widget, &MVThemeItemWdg::previewRequested, this,
             &MVResourceItemDelegate::previewRequested);
-    connect(widget, &MVThemeItemWdg::progressed, this,
-            [this, guid](int percent) { emit progressed(guid, percent); });
+    connect(widget, &MVThemeItemWdg::progressed, this, &MVResourceItemDelegate::progressed);
     connect(widget, &MVThemeItemWdg::errorChanged, this, [this, widget] {
         if (widget->isDeletedAfterDownload()) // its row has no cell
             rememberError(*widget);

@@ -12,6 +12,9 @@
 #include <QSize>
 #include <QStyledItemDelegate>
 
+#include <functional>
+#include <utility>
+
 class MVThemeItemWdg;
 class QPersistentModelIndex;
 struct SCfg_Item;
@@ -32,6 +35,11 @@ public:
 
     /// Sets what the list shows; UIItem_None at first.
     void setUIItemType(EUIItemType type) { m_eType = type; }
+    /// Sets the function that prepares each new widget, which has no item in the "More>>" row.
+    void setCellSetUp(std::function<void(MVThemeItemWdg*)> setUp)
+    {
+        m_setUpCell = std::move(setUp);
+    }
     /// Sets the size of an item in pixels, without padding.
     void setItemSize(const QSize& size) { m_itemSize = size; }
     /// Sets the pixels around an item. Negative values follow the short forms of style sheets:
@@ -71,14 +79,12 @@ public:
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
 signals:
-    /// A row has got its widget, which has no item in the "More>>" row.
-    void cellCreated(MVThemeItemWdg* widget) const;
     /// The user has applied an item.
     void sigThemeItemClicked(SCfg_Item*);
     /// The user has clicked an item once; only with EApplyOn::DoubleClickOrEnter.
     void previewRequested(SCfg_Item* item);
     /// The progress of an item's download has reached another whole percentage.
-    void progressed(const QString& guid, int percent) const;
+    void progressed(const QString& guid, int percent);
     /// The user has requested an item's context menu.
     void contextMenuWanted(SCfg_Item* item, const QPoint& globalPos);
 
@@ -91,7 +97,7 @@ protected:
 
 private:
     MVThemeItemWdg* createItemWidget(QWidget* parent, const QString& guid) const;
-    void connectWidget(const MVThemeItemWdg* widget, const QString& guid) const;
+    void connectWidget(const MVThemeItemWdg* widget) const;
     void adoptSelection(MVThemeItemWdg* widget) const;
     void rememberError(const MVThemeItemWdg& widget) const;
     void rememberSelection(const MVThemeItemWdg* widget) const;
@@ -104,6 +110,7 @@ private:
     int m_nPaddingBottom = 0;
     int m_nPaddingLeft = 0;
     EUIItemType m_eType = UIItem_None;
+    std::function<void(MVThemeItemWdg*)> m_setUpCell;
     // GUID of the selected item while a filter hides it; empty otherwise
     mutable QString m_qsHiddenSelection;
     mutable QHash<QString, EMVThemeDownLoadError> m_errors; // by GUID, of rows without a cell

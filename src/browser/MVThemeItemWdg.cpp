@@ -199,8 +199,8 @@ void MVThemeItemWdg::onProgress(double percent)
 {
     const int before = this->percent();
     m_pUi->frmShow->onProgress(percent);
-    if (this->percent() != before)
-        emit progressed(this->percent());
+    if (m_pItem && this->percent() != before)
+        emit progressed(m_pItem->m_qsGUID, this->percent());
 }
 
 int MVThemeItemWdg::percent() const

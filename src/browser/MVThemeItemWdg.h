@@ -168,7 +168,7 @@ signals:
     /// A download has ended, and shownError() tells how; before the item is applied.
     void errorChanged();
     /// The progress of the download has reached another whole percentage.
-    void progressed(int percent);
+    void progressed(const QString& guid, int percent);
     /// The user has requested the item's context menu at this screen position; only with
     /// HostSettings::leftButtonOnly.
     void contextMenuWanted(SCfg_Item* item, const QPoint& globalPos);

@@ -89,7 +89,7 @@ void mvThemelistview::setUIItemType(EUIItemType type)
             &mvThemelistview::requestContextMenu);
     connect(m_pDelegate, &MVResourceItemDelegate::previewRequested, this,
             [this](const SCfg_Item* item) { emit sigPreviewRequested(item->m_qsGUID); });
-    connect(m_pDelegate, &MVResourceItemDelegate::cellCreated, this, &mvThemelistview::setUpCell);
+    m_pDelegate->setCellSetUp([this](MVThemeItemWdg* cell) { setUpCell(cell); });
     connect(m_pDelegate, &MVResourceItemDelegate::progressed, m_pAnnouncer,
             &ListAnnouncer::announceProgress);
     setUpView();

@@ -23,7 +23,8 @@ void mvThemelistview::setUpdatable(const QSet<QString>& guids)
 {
     const QSet<QString> before = std::exchange(m_updatable, guids);
     markRows(UIItemRole_Updatable, guids);
-    for (const QString& guid : (before - guids) + (guids - before))
+    const QSet<QString> changed = (before - guids) + (guids - before);
+    for (const QString& guid : changed)
         m_pAnnouncer->announceState(guid);
     updateMarks();
 }

@@ -119,7 +119,8 @@ void tst_announcements::announcesADownload()
     act(1, press);
     QTRY_COMPARE(m_world->requests(filesOfLake), 1);
     QTRY_VERIFY(!heard(QAccessible::ValueChanged).isEmpty());
-    QVERIFY(heard(QAccessible::ValueChanged).last().startsWith(QLatin1String("downloading, ")));
+    QVERIFY(
+        heard(QAccessible::ValueChanged).constLast().startsWith(QLatin1String("downloading, ")));
     QTRY_COMPARE(heard(QAccessible::ObjectShow).size(), 1);
     QCOMPARE(heard(QAccessible::StateChanged).size(), 1); // busy
     m_world->release();
