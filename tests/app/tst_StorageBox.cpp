@@ -37,7 +37,8 @@ void tst_StorageBox::lackOfSpaceIsTold()
     report.state.m_nToFetch = 1;
     report.state.m_nBytesToFetch = 1000;
     report.freeBytes = freeBytes;
-    StorageBox box(nullptr);
+    QWidget window;
+    StorageBox box(&window);
     box.showReport(report, false);
     const auto* const told = box.findChild<QLabel*>(QStringLiteral("itemNoSpace"));
     const auto* const download = box.findChild<QPushButton*>(QStringLiteral("updateItem"));
