@@ -11,7 +11,6 @@
 
 #include <QEvent>
 #include <QLabel>
-#include <QRegExp>
 #include <QTimer>
 #include <QUuid>
 #include <QVBoxLayout>
@@ -92,7 +91,7 @@ void ResourceList::refilter()
 
 void ResourceList::applyFilter(int themeType, const QString& text)
 {
-    m_view->reapplyFilter(themeType, QRegExp::escape(text));
+    m_view->reapplyFilter(themeType, NamePattern::escape(text));
     showWhyEmpty();
 }
 

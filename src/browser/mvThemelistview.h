@@ -80,7 +80,7 @@ public:
     void updateItemSize();
 
     /// Shows the items of a theme type (see MVThemeSortFilterProxyModel) whose names contain a
-    /// match of `text`, a case-insensitive QRegExp pattern.
+    /// match of `text`, the pattern of a NamePattern that ignores case.
     void reapplyFilter(int themeType, QString text);
     /// Opens the cells that are missing: those of all rows that pass the filter, or, with cells on
     /// demand, of the visible ones.

@@ -11,7 +11,6 @@
 #include "browser/MVThemeSortFilterProxyModel.h"
 #include "records/SCfg_Item.h"
 
-#include <QRegExp>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -56,7 +55,7 @@ void mvThemelistview::release()
         return;
     Kept kept;
     kept.themeType = m_pProxy->themeType();
-    kept.text = m_pProxy->filterRegExp().pattern();
+    kept.text = m_pProxy->namePattern().pattern();
     kept.scroll = verticalScrollBar()->value();
     kept.current = currentIndex().data(UIItemRole_GUID).toString();
     kept.applied = appliedItem();

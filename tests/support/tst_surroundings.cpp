@@ -12,7 +12,6 @@
 #include <QLocale>
 #include <QProcess>
 #include <QStyle>
-#include <QTextCodec>
 #include <QTimeZone>
 
 namespace {
@@ -37,7 +36,11 @@ private slots:
 
 void tst_surroundings::theTestsFontsAreTheOnlyOnes()
 {
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     QStringList families = QFontDatabase().families();
+#else
+    QStringList families = QFontDatabase::families();
+#endif
     for (const char* alias : {"Monospace", "Sans Serif", "Serif"})
         families.removeAll(QString::fromLatin1(alias)); // Qt's own aliases for one of them
     QCOMPARE(families,
@@ -61,7 +64,7 @@ void tst_surroundings::localeIsFixed()
     QCOMPARE(system.decimalPoint(), QLatin1Char('.'));
     QCOMPARE(QLocale().decimalPoint(), QLatin1Char('.'));
     QCOMPARE(std::strtod("0.5", nullptr), 0.5);
-    QCOMPARE(QTextCodec::codecForLocale()->name(), QByteArray("UTF-8"));
+    QCOMPARE(QStringLiteral("Größe").toLocal8Bit(), QByteArray("Größe"));
     QCOMPARE(QFile::encodeName(QStringLiteral("Größe")), QByteArray("Größe"));
 }
 

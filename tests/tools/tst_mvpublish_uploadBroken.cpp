@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The mvresource contributors
 // SPDX-License-Identifier: MIT
 
+#include "console/PreparedProcess.h"
 #include "DavServer.h"
 #include "Mvpublish.h"
 #include "ReleaseClient.h"
@@ -13,7 +14,6 @@
 #include <QDateTime>
 #include <QDir>
 #include <QElapsedTimer>
-#include <QProcess>
 
 #include <atomic>
 #include <chrono>
@@ -72,17 +72,18 @@ private:
 };
 
 /// A program with a process group of its own.
-class GroupProcess : public QProcess
+class GroupProcess : public PreparedProcess
 {
 public:
+    GroupProcess()
+        : PreparedProcess([] { ::setpgid(0, 0); })
+    {
+    }
     void killGroup()
     {
         if (processId() > 0)
             ::kill(-static_cast<pid_t>(processId()), SIGKILL);
     }
-
-protected:
-    void setupChildProcess() override { ::setpgid(0, 0); }
 };
 
 /// Brings release 5 into force in a web space.
