@@ -38,6 +38,8 @@ ResourceTabs::ResourceTabs(QWidget* parent)
     m_tabs->setExpanding(false);
     m_tabs->setDrawBase(false);
     m_types->setObjectName(QStringLiteral("themeType"));
+    m_types->setSizeAdjustPolicy(
+        QComboBox::AdjustToContents); // another language may need more room
     m_search->setObjectName(QStringLiteral("search"));
     m_search->setClearButtonEnabled(true);
     m_search->installEventFilter(this);

@@ -209,7 +209,7 @@ void tst_hostileCatalogues::xml_data()
         row("subset behind an identifier", before(valid, "<!DOCTYPE r SYSTEM \"]>'\" [ ]>"), false);
         row("document type", before(valid, "<!DOCTYPE Resource>"), true);
         row("document type elsewhere",
-            before(valid, "<!DOCTYPE r PUBLIC \"a'b\" \"http://localhost:1/[x]\">"), true);
+            before(valid, "<!DOCTYPE r PUBLIC \"ab\" \"http://localhost:1/[x]\">"), true);
         row("subset in a comment", before(valid, "<!-- <!DOCTYPE r [<!ENTITY e \"x\">]> -->"),
             true);
         row("a million character references",
