@@ -8,6 +8,7 @@
 #include "CommandLine.h"
 #include "download/CatalogueUpdate.h"
 #include "host/HostSettings.h"
+#include "host/MvVersion.h"
 #include "MainWindow.h"
 #include "Preferences.h"
 
@@ -45,10 +46,12 @@ EditorProgram::~EditorProgram() = default;
 int EditorProgram::run(int& argc, char** argv)
 {
     // A reader of the output that quits first must not end the window.
+#ifdef SIGPIPE // not on Windows
     std::signal(SIGPIPE, SIG_IGN);
+#endif
     m_name = QFileInfo(QFile::decodeName(argv[0])).fileName();
     QCoreApplication::setApplicationName(QStringLiteral("mveditor"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(MV_VERSION));
+    QCoreApplication::setApplicationVersion(QStringLiteral(MVRESOURCE_VERSION_STRING));
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0) // Qt 6 always does
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);

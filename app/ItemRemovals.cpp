@@ -30,7 +30,7 @@ void ItemRemovals::remove(const ItemKey& item)
         if (!found)
             return {};
         // Without a CatalogueUse, which would count as a download that uses the item.
-        return [found, removal] { *removal = ResourceStorage().remove(*found); };
+        return [found, removal] { *removal = ResourceStorage().removeItem(*found); };
     };
     job.ended = [this, item, name, removal](bool) { endRemoval(item, name, *removal); };
     m_queue.add(std::move(job));

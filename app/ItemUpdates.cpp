@@ -7,10 +7,10 @@
 #include "catalogue/CatalogueUse.h"
 #include "catalogue/MVThemeMgr.h"
 #include "download/FileStates.h"
+#include "download/ItemSurvey.h"
 #include "download/ItemUpdate.h"
 #include "download/ResourceStorage.h"
 
-#include <QSet>
 #include <QTimer>
 
 #include <atomic>
@@ -23,29 +23,22 @@ bool isUpdatable(const SItemState& state)
     return state.m_eState == eFile_Outdated || state.m_eState == eFile_Damaged;
 }
 
-/// Returns what items lack, each file counted once.
+QVector<ItemKey> keysOf(const QVector<SCfg_Item*>& items)
+{
+    QVector<ItemKey> keys;
+    for (const SCfg_Item* const item : items)
+        keys.append({item->m_eType, item->m_qsGUID});
+    return keys;
+}
+
 ItemUpdates::Lack lackOf(const QVector<SCfg_Item*>& items, const CancelToken& cancel)
 {
-    const FileStates states(FileStates::Depth::Quick,
-                            [&cancel](qint64) { return !cancel.isCancelled(); });
-    ItemUpdates::Lack lack;
-    QSet<QString> counted;
-    for (SCfg_Item* const item : items) {
-        const SItemState state = states.of(*item);
-        if (state.m_eState != eFile_Missing) {
-            lack.ready.append({item->m_eType, item->m_qsGUID});
-            continue;
-        }
-        lack.missing.append({item->m_eType, item->m_qsGUID});
-        lack.areBytesKnown = lack.areBytesKnown && state.m_bBytesKnown;
-        const QVector<ItemFiles::Entry> files = states.toFetch(*item);
-        for (const ItemFiles::Entry& file : files) {
-            if (!counted.contains(file.path))
-                lack.bytes += states.publishedOf(file).m_sizeBytes;
-            counted.insert(file.path);
-        }
-    }
-    return lack;
+    const ItemSurvey survey = ItemSurvey::verify(
+        items, FileStates::Depth::Quick, [&cancel](qint64) { return !cancel.isCancelled(); });
+    const ItemSurvey incomplete =
+        survey.where([](const ItemSurvey::Row& row) { return !row.isReady(); });
+    return {keysOf(survey.ready()), keysOf(incomplete.items()), incomplete.bytes(),
+            incomplete.areBytesKnown()};
 }
 
 } // namespace
@@ -75,7 +68,7 @@ void ItemUpdates::Scan::run(const CancelToken& cancel)
                             [&cancel](qint64) { return !cancel.isCancelled(); });
     if (isWhole) {
         CatalogueIndex items(MVThemeMgr::init()->getDisplayXML());
-        const QVector<ResourceStorage::Use> uses = ResourceStorage().uses();
+        const QVector<ResourceStorage::Use> uses = ResourceStorage().diskUse();
         for (const ResourceStorage::Use& use : uses) {
             if (cancel.isCancelled())
                 return;
@@ -214,7 +207,7 @@ WorkQueue::Work ItemUpdates::updateWork(const QVector<ItemKey>& items, SUpdateOu
         progress->totalBytes = totalBytes;
         progress->fetchedBytes = fetchedBytes;
     });
-    return [update, found = existing(items), &outcome] { outcome = update->run(found); };
+    return [update, found = existing(items), &outcome] { outcome = update->updateItems(found); };
 }
 
 void ItemUpdates::cancel()

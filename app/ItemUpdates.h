@@ -40,7 +40,7 @@ public:
     struct Lack
     {
         QVector<ItemKey> ready;   ///< can be used
-        QVector<ItemKey> missing; ///< cannot be used before files have been fetched
+        QVector<ItemKey> missing; ///< lack files, or have damaged ones
         qint64 bytes = 0;         ///< to be fetched, as far as the release tells
         bool areBytesKnown = true;
     };

@@ -38,9 +38,9 @@ void MainWindow::connectStorage()
         showDetails({list->kind(), list->view()->currentIndex().data(UIItemRole_GUID).toString()});
     });
     for (const ResourceList* list : m_tabs->lists()) {
-        connect(list->view(), &mvThemelistview::contextMenuWanted, this,
-                [this](const SCfg_Item* item, const QPoint& globalPos) {
-                    showItemMenu({item->m_eType, item->m_qsGUID}, globalPos);
+        connect(list->view(), &mvThemelistview::sigContextMenuRequested, this,
+                [this, list](const QString& guid, const QPoint& globalPos) {
+                    showItemMenu({list->kind(), guid}, globalPos);
                 });
     }
 }

@@ -92,7 +92,7 @@ bool RealClient::update() const
     SCfg_Item* const theme = catalogue->findItemByIDFromDisplay(eCfgItem_Theme, m_place.theme);
     if (!theme)
         return fail(QStringLiteral("the catalogue lacks the theme"));
-    const SUpdateOutcome outcome = ItemUpdate().run({theme});
+    const SUpdateOutcome outcome = ItemUpdate().updateItem(*theme);
     return outcome.m_eEnd == eItemUpdate_Complete
         || fail(outcome.m_vecFailures.isEmpty() ? QStringLiteral("no update")
                                                 : outcome.m_vecFailures.first().m_qsDetails);

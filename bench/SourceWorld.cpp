@@ -91,7 +91,8 @@ void SourceWorld::write(int items) const
             CatalogueFiles::write(folder + QStringLiteral("%1.gif").arg(i), animation);
         }
         CatalogueFiles::write(folder + QStringLiteral("%1.png").arg(i), picture);
-        CatalogueFiles::write(folder + QStringLiteral("data.bin"), QByteArray(2000, 'd'));
+        CatalogueFiles::write(folder + QStringLiteral("data.bin"),
+                              QByteArray::number(i).leftJustified(2000, 'd')); // no two are equal
         CatalogueFiles::write(folder + Manifest::fileName(), QJsonDocument(item).toJson());
     }
 }

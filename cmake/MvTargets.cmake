@@ -19,7 +19,6 @@ set(CMAKE_LINK_DEPENDS_NO_SHARED ON)
 # One folder for all programs and one for all libraries, so that programs run from the build tree.
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
-set(CMAKE_INSTALL_RPATH $ORIGIN/../${CMAKE_INSTALL_LIBDIR})
 
 # Shared libraries by default, also in a project that embeds this one and says nothing.
 set(MV_IS_STATIC OFF)
@@ -67,7 +66,9 @@ if(MV_FUZZ)
 endif()
 
 # mv_add_library(NAME EXPORT_DEFINE INSTALL_FOLDER <dir> SOURCES ... HEADERS ...)
-# Adds a library, shared unless BUILD_SHARED_LIBS is off, whose public headers are installed under their include paths.
+# Adds a library, shared unless BUILD_SHARED_LIBS is off, whose public headers are installed under their
+# include paths. Headers that are generated are below the project's binary folder as the others are below
+# its source folder.
 function(mv_add_library name export_define)
     cmake_parse_arguments(ARG "" "" "SOURCES;HEADERS;LIBRARIES;PRIVATE_LIBRARIES" ${ARGN})
     add_library(${name} ${MV_LIBRARY_TYPE} ${ARG_SOURCES} ${ARG_HEADERS})
@@ -83,16 +84,9 @@ function(mv_add_library name export_define)
     if(NOT MV_SANITIZE) # a sanitizer's own symbols come with the program
         target_link_options(${name} PRIVATE -Wl,--no-undefined)
     endif()
-    target_include_directories(${name} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>
-                                              $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/mvresource>)
-    set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
-    install(TARGETS ${name} EXPORT MvResourceTargets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-            RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-    foreach(header IN LISTS ARG_HEADERS)
-        cmake_path(ABSOLUTE_PATH header OUTPUT_VARIABLE absolute)
-        cmake_path(RELATIVE_PATH absolute BASE_DIRECTORY ${PROJECT_SOURCE_DIR}/src OUTPUT_VARIABLE relative)
-        cmake_path(GET relative PARENT_PATH folder)
-        install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/mvresource/${folder})
-        set_property(GLOBAL APPEND PROPERTY MV_PUBLIC_HEADERS ${relative})
-    endforeach()
+    target_include_directories(
+        ${name}
+        PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src> $<BUILD_INTERFACE:${PROJECT_BINARY_DIR}/src>
+               $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/mvresource>)
+    mv_install_library(${name} ${ARG_HEADERS})
 endfunction()

@@ -7,6 +7,8 @@
 #include "DemoWorld.h"
 #include "gui/ScriptRun.h"
 
+#include <cstdio>
+
 DemoProgram::DemoProgram(DemoCommandLine& commandLine, DemoWorld& world)
     : EditorProgram(commandLine)
     , m_commandLine(commandLine)
@@ -37,6 +39,20 @@ int DemoProgram::exec(MainWindow& window, CatalogueUpdate& check)
     ScriptRun script(window, check, m_commandLine.scriptFile, m_commandLine.screenshotFolder);
     if (!script.isReady())
         return refuse(script.errorText());
+    if (DemoShop* const shop = m_world.shop()) {
+        if (m_commandLine.scriptFile.isEmpty())
+            std::printf("%s\n", qPrintable(shop->instructions()));
+        script.addVerb(QStringLiteral("correct"), [shop](const QStringList& words, QString& error) {
+            const bool isDone = shop->correct(words.value(0));
+            error = shop->errorText();
+            return isDone;
+        });
+        script.addVerb(QStringLiteral("publish"), [shop](const QStringList&, QString& error) {
+            const bool isDone = shop->publish();
+            error = shop->errorText();
+            return isDone;
+        });
+    }
     // Once the window is shown and its events are handled.
     QMetaObject::invokeMethod(&script, &ScriptRun::start, Qt::QueuedConnection);
     const int status = EditorProgram::exec(window, check);

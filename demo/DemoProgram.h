@@ -9,7 +9,10 @@ class DemoCommandLine;
 class DemoWorld;
 
 /// Runs the editor on the samples, or on the settings that its command line names, and drives it by
-/// a script if there is one.
+/// a script if there is one. On the samples scripts have two more steps:
+///
+///     correct THEME      changes an archive of the theme in the publisher's source
+///     publish            publishes the source as another release
 class DemoProgram : public EditorProgram
 {
 public:

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "DemoShop.h"
 #include "server/TreeServer.h"
 
 #include <QString>
@@ -12,21 +13,27 @@
 
 struct HostSettings;
 
-/// The samples, served by this process, and a temporary folder for all output.
+/// The samples, served by this process, and a temporary folder for all output. Where mvpublish was
+/// built, too, they are published as a signed release, and a new one can follow.
 class DemoWorld
 {
 public:
-    /// Creates the folder and starts the server. On false see errorText().
+    /// Creates the folder, publishes the samples and starts the server. On false see errorText().
     bool start();
     QString errorText() const { return m_error; }
 
     /// Configures the host for the samples.
     void describe(HostSettings& settings) const;
+    /// Returns the publisher; null if mvpublish was not built.
+    DemoShop* shop() { return m_shop ? &*m_shop : nullptr; }
     /// Returns the temporary folder, which is removed with this object. Call it after start().
     QString folder() const { return m_folder->path(); }
 
 private:
+    bool fail(const QString& error);
+
     std::optional<QTemporaryDir> m_folder;
+    std::optional<DemoShop> m_shop;
     TreeServer m_server;
     QString m_error;
 };

@@ -2,6 +2,80 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>CellAccessible</name>
+    <message>
+        <source>Download and apply</source>
+        <translation>Herunterladen und anwenden</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Anwenden</translation>
+    </message>
+    <message>
+        <source>Show details</source>
+        <translation>Details anzeigen</translation>
+    </message>
+    <message>
+        <source>Cancel the download</source>
+        <translation>Download abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>CellText</name>
+    <message>
+        <source>favourite</source>
+        <translation>Favorit</translation>
+    </message>
+    <message>
+        <source>current</source>
+        <translation>aktuell</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>on disk</source>
+        <translation>auf diesem Computer</translation>
+    </message>
+    <message>
+        <source>not downloaded</source>
+        <translation>nicht heruntergeladen</translation>
+    </message>
+    <message>
+        <source>update available</source>
+        <translation>Aktualisierung verfügbar</translation>
+    </message>
+    <message>
+        <source>downloading, %1 %</source>
+        <translation>wird heruntergeladen, %1 %</translation>
+    </message>
+    <message>
+        <source>download failed</source>
+        <translation>Download fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>new</source>
+        <translation>neu</translation>
+    </message>
+    <message>
+        <source>festivals</source>
+        <translation>Feste</translation>
+    </message>
+    <message>
+        <source>travel</source>
+        <translation>Reisen</translation>
+    </message>
+    <message>
+        <source>banquets</source>
+        <translation>Festessen</translation>
+    </message>
+    <message>
+        <source>at least %1</source>
+        <translation>mindestens %1</translation>
+    </message>
+</context>
+<context>
     <name>MVThemeItemSubwdgt_Preview</name>
     <message>
         <source>Remove from Favorites</source>

@@ -2,6 +2,80 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es" sourcelanguage="en">
 <context>
+    <name>CellAccessible</name>
+    <message>
+        <source>Download and apply</source>
+        <translation>Descargar y aplicar</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Aplicar</translation>
+    </message>
+    <message>
+        <source>Show details</source>
+        <translation>Mostrar detalles</translation>
+    </message>
+    <message>
+        <source>Cancel the download</source>
+        <translation>Cancelar la descarga</translation>
+    </message>
+</context>
+<context>
+    <name>CellText</name>
+    <message>
+        <source>favourite</source>
+        <translation>favorito</translation>
+    </message>
+    <message>
+        <source>current</source>
+        <translation>actual</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 de %2</translation>
+    </message>
+    <message>
+        <source>on disk</source>
+        <translation>en este equipo</translation>
+    </message>
+    <message>
+        <source>not downloaded</source>
+        <translation>no descargado</translation>
+    </message>
+    <message>
+        <source>update available</source>
+        <translation>actualización disponible</translation>
+    </message>
+    <message>
+        <source>downloading, %1 %</source>
+        <translation>descargando, %1 %</translation>
+    </message>
+    <message>
+        <source>download failed</source>
+        <translation>descarga fallida</translation>
+    </message>
+    <message>
+        <source>new</source>
+        <translation>nuevo</translation>
+    </message>
+    <message>
+        <source>festivals</source>
+        <translation>fiestas</translation>
+    </message>
+    <message>
+        <source>travel</source>
+        <translation>viajes</translation>
+    </message>
+    <message>
+        <source>banquets</source>
+        <translation>banquetes</translation>
+    </message>
+    <message>
+        <source>at least %1</source>
+        <translation>al menos %1</translation>
+    </message>
+</context>
+<context>
     <name>MVThemeItemSubwdgt_Preview</name>
     <message>
         <source>Remove from Favorites</source>

@@ -2,6 +2,80 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr" sourcelanguage="en">
 <context>
+    <name>CellAccessible</name>
+    <message>
+        <source>Download and apply</source>
+        <translation>Télécharger et appliquer</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Appliquer</translation>
+    </message>
+    <message>
+        <source>Show details</source>
+        <translation>Afficher les détails</translation>
+    </message>
+    <message>
+        <source>Cancel the download</source>
+        <translation>Annuler le téléchargement</translation>
+    </message>
+</context>
+<context>
+    <name>CellText</name>
+    <message>
+        <source>favourite</source>
+        <translation>favori</translation>
+    </message>
+    <message>
+        <source>current</source>
+        <translation>actuel</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 sur %2</translation>
+    </message>
+    <message>
+        <source>on disk</source>
+        <translation>sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>not downloaded</source>
+        <translation>non téléchargé</translation>
+    </message>
+    <message>
+        <source>update available</source>
+        <translation>mise à jour disponible</translation>
+    </message>
+    <message>
+        <source>downloading, %1 %</source>
+        <translation>téléchargement, %1 %</translation>
+    </message>
+    <message>
+        <source>download failed</source>
+        <translation>échec du téléchargement</translation>
+    </message>
+    <message>
+        <source>new</source>
+        <translation>nouveau</translation>
+    </message>
+    <message>
+        <source>festivals</source>
+        <translation>fêtes</translation>
+    </message>
+    <message>
+        <source>travel</source>
+        <translation>voyages</translation>
+    </message>
+    <message>
+        <source>banquets</source>
+        <translation>banquets</translation>
+    </message>
+    <message>
+        <source>at least %1</source>
+        <translation>au moins %1</translation>
+    </message>
+</context>
+<context>
     <name>MVThemeItemSubwdgt_Preview</name>
     <message>
         <source>Remove from Favorites</source>

@@ -2,6 +2,80 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja" sourcelanguage="en">
 <context>
+    <name>CellAccessible</name>
+    <message>
+        <source>Download and apply</source>
+        <translation>ダウンロードして適用</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>適用</translation>
+    </message>
+    <message>
+        <source>Show details</source>
+        <translation>詳細を表示</translation>
+    </message>
+    <message>
+        <source>Cancel the download</source>
+        <translation>ダウンロードを中止</translation>
+    </message>
+</context>
+<context>
+    <name>CellText</name>
+    <message>
+        <source>favourite</source>
+        <translation>お気に入り</translation>
+    </message>
+    <message>
+        <source>current</source>
+        <translation>適用中</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%2 件中 %1 件目</translation>
+    </message>
+    <message>
+        <source>on disk</source>
+        <translation>保存済み</translation>
+    </message>
+    <message>
+        <source>not downloaded</source>
+        <translation>未ダウンロード</translation>
+    </message>
+    <message>
+        <source>update available</source>
+        <translation>更新あり</translation>
+    </message>
+    <message>
+        <source>downloading, %1 %</source>
+        <translation>ダウンロード中、%1 %</translation>
+    </message>
+    <message>
+        <source>download failed</source>
+        <translation>ダウンロード失敗</translation>
+    </message>
+    <message>
+        <source>new</source>
+        <translation>新着</translation>
+    </message>
+    <message>
+        <source>festivals</source>
+        <translation>お祭り</translation>
+    </message>
+    <message>
+        <source>travel</source>
+        <translation>旅行</translation>
+    </message>
+    <message>
+        <source>banquets</source>
+        <translation>宴会</translation>
+    </message>
+    <message>
+        <source>at least %1</source>
+        <translation>%1 以上</translation>
+    </message>
+</context>
+<context>
     <name>MVThemeItemSubwdgt_Preview</name>
     <message>
         <source>Remove from Favorites</source>

@@ -2,6 +2,80 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>CellAccessible</name>
+    <message>
+        <source>Download and apply</source>
+        <translation>下载并应用</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>应用</translation>
+    </message>
+    <message>
+        <source>Show details</source>
+        <translation>显示详细信息</translation>
+    </message>
+    <message>
+        <source>Cancel the download</source>
+        <translation>取消下载</translation>
+    </message>
+</context>
+<context>
+    <name>CellText</name>
+    <message>
+        <source>favourite</source>
+        <translation>收藏</translation>
+    </message>
+    <message>
+        <source>current</source>
+        <translation>当前</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>第 %1 项，共 %2 项</translation>
+    </message>
+    <message>
+        <source>on disk</source>
+        <translation>已在本机</translation>
+    </message>
+    <message>
+        <source>not downloaded</source>
+        <translation>未下载</translation>
+    </message>
+    <message>
+        <source>update available</source>
+        <translation>有更新</translation>
+    </message>
+    <message>
+        <source>downloading, %1 %</source>
+        <translation>正在下载，%1 %</translation>
+    </message>
+    <message>
+        <source>download failed</source>
+        <translation>下载失败</translation>
+    </message>
+    <message>
+        <source>new</source>
+        <translation>新</translation>
+    </message>
+    <message>
+        <source>festivals</source>
+        <translation>节日</translation>
+    </message>
+    <message>
+        <source>travel</source>
+        <translation>旅行</translation>
+    </message>
+    <message>
+        <source>banquets</source>
+        <translation>宴会</translation>
+    </message>
+    <message>
+        <source>at least %1</source>
+        <translation>至少 %1</translation>
+    </message>
+</context>
+<context>
     <name>MVThemeItemSubwdgt_Preview</name>
     <message>
         <source>Remove from Favorites</source>

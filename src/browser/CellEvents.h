@@ -25,6 +25,7 @@ class MVBROWSER_EXPORT CellEvents : public QObject
     Q_OBJECT
 
 public:
+    /// Returns the object of this process, created by the first call. Not owned.
     static CellEvents* instance();
 
 signals:
@@ -32,6 +33,7 @@ signals:
     void itemApplied(ECfgItemType kind, const QString& guid);
     /// The user has added an item to the favourites or removed it.
     void favouriteToggled(ECfgItemType kind, const QString& guid);
+    /// A cell has started to download the item; downloadEnded() follows.
     void downloadStarted(ECfgItemType kind, const QString& guid);
     /// Emitted once per downloadStarted(), with the outcome: complete, failed with a cause, or
     /// cancelled, as by clearing the list or destroying the cell; then no callback is called.

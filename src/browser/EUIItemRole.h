@@ -12,4 +12,6 @@ enum EUIItemRole : int {
     UIItemRole_Name = Qt::UserRole + 2,      ///< QString: the name that the filter matches
     /// QObject*: the row's MVThemeItemWdg, not owned; null while the row has none.
     UIItemRole_Widget = Qt::UserRole + 5,
+    UIItemRole_Updatable = Qt::UserRole + 6, ///< true: among mvThemelistview::setUpdatable()
+    UIItemRole_New = Qt::UserRole + 7,       ///< true: among mvThemelistview::setNew()
 };

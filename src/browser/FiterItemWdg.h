@@ -12,5 +12,6 @@ class MVBROWSER_EXPORT FiterItemWdg : public MVThemeItemWdg
     Q_OBJECT
 
 public:
+    /// Creates a cell without an item, see setItem().
     explicit FiterItemWdg(QWidget* parent);
 };

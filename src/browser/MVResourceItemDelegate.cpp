@@ -81,14 +81,19 @@ void MVResourceItemDelegate::select(const QString& guid, MVThemeItemWdg* widget)
     m_qsHiddenSelection = guid;
 }
 
-void MVResourceItemDelegate::forgetAll()
+void MVResourceItemDelegate::forgetSelection()
 {
-    m_errors.clear();
     m_qsHiddenSelection.clear();
     m_pCurSel = nullptr;
 }
 
-void MVResourceItemDelegate::rememberError(const MVThemeItemWdg& widget)
+EMVThemeDownLoadError MVResourceItemDelegate::rememberedError(const QString& guid) const
+{
+    return m_errors.value(guid, eDownLoadError_None);
+}
+
+/// The row keeps the error of its last download until it has a cell again.
+void MVResourceItemDelegate::rememberError(const MVThemeItemWdg& widget) const
 {
     if (widget.getItem() && widget.shownError() != eDownLoadError_None)
         m_errors.insert(widget.getItem()->m_qsGUID, widget.shownError());
@@ -107,10 +112,7 @@ QWidget* MVResourceItemDelegate::createEditor(QWidget* parent, const QStyleOptio
     MVThemeItemWdg* const widget = createItemWidget(parent, guid);
     if (!widget)
         return QStyledItemDelegate::createEditor(parent, option, index);
-    connect(widget, &MVThemeItemWdg::sigThemeItemClicked, this,
-            &MVResourceItemDelegate::sigThemeItemClicked);
-    connect(widget, &MVThemeItemWdg::contextMenuWanted, this,
-            &MVResourceItemDelegate::contextMenuWanted);
+    connectWidget(widget, guid);
     connect(widget, &QObject::destroyed, this,
             [this, guid, row = sourceRow(index)](QObject* dead) { forgetWidget(dead, guid, row); });
     widget->setListviewCurSel(&m_pCurSel);
@@ -118,7 +120,24 @@ QWidget* MVResourceItemDelegate::createEditor(QWidget* parent, const QStyleOptio
     adoptSelection(widget);
     if (m_errors.contains(guid))
         widget->showError(m_errors.take(guid));
+    emit cellCreated(widget);
     return widget;
+}
+
+void MVResourceItemDelegate::connectWidget(const MVThemeItemWdg* widget, const QString& guid) const
+{
+    connect(widget, &MVThemeItemWdg::sigThemeItemClicked, this,
+            &MVResourceItemDelegate::sigThemeItemClicked);
+    connect(widget, &MVThemeItemWdg::contextMenuWanted, this,
+            &MVResourceItemDelegate::contextMenuWanted);
+    connect(widget, &MVThemeItemWdg::previewRequested, this,
+            &MVResourceItemDelegate::previewRequested);
+    connect(widget, &MVThemeItemWdg::progressed, this,
+            [this, guid](int percent) { emit progressed(guid, percent); });
+    connect(widget, &MVThemeItemWdg::errorChanged, this, [this, widget] {
+        if (widget->isDeletedAfterDownload()) // its row has no cell
+            rememberError(*widget);
+    });
 }
 
 MVThemeItemWdg* MVResourceItemDelegate::createItemWidget(QWidget* parent, const QString& guid) const
@@ -144,6 +163,7 @@ void MVResourceItemDelegate::destroyEditor(QWidget* editor, const QModelIndex& i
     }
     if (widget) {
         rememberSelection(widget);
+        rememberError(*widget);
         widget->releaseItem();
     }
     editor->deleteLater();

@@ -27,6 +27,7 @@ class MVBROWSER_EXPORT MVResourceItemDelegate : public QStyledItemDelegate
     Q_OBJECT
 
 public:
+    /// Creates a delegate that shows nothing until setUIItemType().
     explicit MVResourceItemDelegate(QObject* parent);
 
     /// Sets what the list shows; UIItem_None at first.
@@ -45,10 +46,13 @@ public:
     /// Selects the item shown by `widget` without emitting a signal. If `widget` is null, the item
     /// with this GUID is selected once it gets a widget; an empty GUID selects none.
     void select(const QString& guid, MVThemeItemWdg* widget);
-    /// Clears the selection and the remembered errors; for use when all rows are removed.
-    void forgetAll();
-    /// Remembers the error that a cell shows, until its row has a cell again.
-    void rememberError(const MVThemeItemWdg& widget);
+    /// Clears the selection; for use before all rows are removed.
+    void forgetSelection();
+    /// Clears the remembered errors; for use after that.
+    void forgetErrors() { m_errors.clear(); }
+    /// Returns the error of the last download of an item whose row has no cell; success (5) if
+    /// there is none.
+    EMVThemeDownLoadError rememberedError(const QString& guid) const;
 
     /// Returns a row's widget, owned by `parent`; Qt's default editor, a line edit, for a GUID that
     /// the catalogue does not know. A filtered-out cell that is still downloading is reused for its
@@ -58,25 +62,38 @@ public:
     /// Deletes the widget after the current event; one that is downloading is hidden until it has
     /// finished.
     void destroyEditor(QWidget* editor, const QModelIndex& index) const override;
+    /// Paints what Qt's delegate paints; the live widget covers it.
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
+    /// Does what Qt's delegate does; a cell reads its item when it is created.
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;
+    /// Returns the item size with its padding, the same for every row.
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
 signals:
+    /// A row has got its widget, which has no item in the "More>>" row.
+    void cellCreated(MVThemeItemWdg* widget) const;
     /// The user has applied an item.
     void sigThemeItemClicked(SCfg_Item*);
+    /// The user has clicked an item once; only with EApplyOn::DoubleClickOrEnter.
+    void previewRequested(SCfg_Item* item);
+    /// The progress of an item's download has reached another whole percentage.
+    void progressed(const QString& guid, int percent) const;
     /// The user has requested an item's context menu.
     void contextMenuWanted(SCfg_Item* item, const QPoint& globalPos);
 
 protected:
+    /// Lets cells handle their own keys and focus: they have no data to commit.
     bool eventFilter(QObject* editor, QEvent* event) override;
+    /// Does what Qt's delegate does.
     bool editorEvent(QEvent* event, QAbstractItemModel* model, const QStyleOptionViewItem& option,
                      const QModelIndex& index) override;
 
 private:
     MVThemeItemWdg* createItemWidget(QWidget* parent, const QString& guid) const;
+    void connectWidget(const MVThemeItemWdg* widget, const QString& guid) const;
     void adoptSelection(MVThemeItemWdg* widget) const;
+    void rememberError(const MVThemeItemWdg& widget) const;
     void rememberSelection(const MVThemeItemWdg* widget) const;
     void forgetWidget(QObject* widget, const QString& guid, const QPersistentModelIndex& row) const;
 

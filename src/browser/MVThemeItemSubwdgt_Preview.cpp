@@ -174,6 +174,7 @@ void MVThemeItemSubwdgt_Preview::doEvent_Enter()
 {
     if (!m_pItem)
         return;
+    setHovered(true);
     const bool needed = ItemFiles::needsAny(*m_pItem);
     const bool favourite = !needed && isFavourite(m_pItem); // asking adds an entry for it
     m_pUi->btnDownload->setVisible(needed);
@@ -186,6 +187,7 @@ void MVThemeItemSubwdgt_Preview::doEvent_Leave()
 {
     if (!m_pItem)
         return;
+    setHovered(false);
     m_pUi->btnDownload->hide();
     m_pUi->btnCollect_No->hide();
     if (!ItemFiles::needsAny(*m_pItem))

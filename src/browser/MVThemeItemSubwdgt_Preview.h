@@ -48,8 +48,10 @@ class MVBROWSER_EXPORT MVThemeItemSubwdgt_Preview : public QFrame
     Q_PROPERTY(int nMarginTop_frmNetError READ marginTopNetError WRITE setMarginTopNetError)
 
 public:
+    /// Takes the item of the cell whose button was used.
     using ItemCallback = std::function<void(SCfg_Item*)>;
 
+    /// Creates a face that shows nothing until setItem().
     explicit MVThemeItemSubwdgt_Preview(QWidget* parent);
     ~MVThemeItemSubwdgt_Preview() override;
 
@@ -57,8 +59,12 @@ public:
     /// Shared by all cells and called on the GUI thread; empty ones are skipped. They receive the
     /// cell's item, or null from the "More>>" cell.
     /// @{
+
+    /// Sets the callback invoked after the user has added an item to the favourites or removed it.
     static void setCbBtnCollect(ItemCallback callback);
+    /// Sets the callback invoked when a download is requested, after sigDownLoad().
     static void setCbBtnDownload(ItemCallback callback);
+    /// Sets the callback invoked when the user activates "More>>".
     static void setCbBtnMore(ItemCallback callback);
     /// @}
 
@@ -72,50 +78,78 @@ public:
     void setCurText(bool cur);
     /// Shows why a download failed; success (5) hides the text.
     void setDownLoadErrorText(EMVThemeDownLoadError e);
+    /// Returns the error that setDownLoadErrorText() has set last; success (5) at first.
     EMVThemeDownLoadError downLoadError() const { return m_eDownloadErr; }
     /// Sets the percentage; the ring shows 0 to 100, the text any value. Fractions are truncated,
     /// and NaN and infinity are ignored.
     void onProgress(double p);
+    double progress() const { return m_dProgress; }
+    /// Sets whether the ring shows a cross instead of the percentage while the mouse is over the
+    /// cell; false by default.
+    void setCrossOnHover(bool shown);
     /// Starts the download as the download button does; ignored until the current one ends.
     void startDownLoad();
     /// Handles the mouse entering the cell: shows the buttons that apply to the item.
     void doEvent_Enter();
     /// Handles the mouse leaving the cell; a favourite keeps its heart.
     void doEvent_Leave();
+    /// Returns the download button, owned by this widget.
     QToolButton* getBtnDownload() const;
 
     /// @name Picture, see MVThemePreviewFrm
     /// @{
+
+    /// Decodes the thumbnail again for the current size.
     void adjustItem();
+    /// Locates the item's thumbnail again and shows it.
     void resetItemData();
     /// Shows the item's pictures that have been fetched since setItem().
     void showArrivedPictures();
+    /// Plays the animated preview from the beginning.
     void startPlayGif();
+    /// Returns to the thumbnail.
     void stopPlayGif();
+    /// Returns whether the animated preview plays.
     bool isPlaying() const;
     /// @}
     /// Returns whether this is the "More>>" cell.
     bool isMore() const;
 
+    /// Returns the property of that name.
     QImage progressImage() const { return m_progressImage; }
+    /// Sets the property progressImage.
     void setProgressImage(const QImage& image);
+    /// Returns the property of that name.
     QImage progressMask() const { return m_progressMask; }
+    /// Sets the property progressMask.
     void setProgressMask(const QImage& mask);
+    /// Returns the property of that name.
     QColor progressColor() const { return m_progressColor; }
+    /// Sets the property progressColor.
     void setProgressColor(const QColor& color);
+    /// Returns the property of that name.
     int progressFontSize() const { return m_nProgressFontSize; }
+    /// Sets the property progressFontSize.
     void setProgressFontSize(int pointSize);
+    /// Returns the property nMarginTop_lblCur.
     int marginTopCur() const { return m_nMarginTopCur; }
+    /// Sets the property nMarginTop_lblCur.
     void setMarginTopCur(int margin);
+    /// Returns the property nMarginTop_frmNetError.
     int marginTopNetError() const { return m_nMarginTopNetError; }
+    /// Sets the property nMarginTop_frmNetError.
     void setMarginTopNetError(int margin);
 
+    /// Paints the ring over its label and turns a click on it into sigCancelDownLoad().
     bool eventFilter(QObject* obj, QEvent* event) override;
 
 public slots:
     /// Adds the item to the favourites or removes it.
     void onBtnCollect();
+    /// Shows the ring and requests the download with sigDownLoad(); ignored until the current one
+    /// ends.
     void onBtnDownload();
+    /// Tells the host that the user has activated "More>>".
     void onBtnMore();
 
 signals:
@@ -132,8 +166,11 @@ signals:
     void sigApplyTheme(SCfg_Item*);
 
 protected:
+    /// Translates the texts again after a change of language.
     void changeEvent(QEvent* event) override;
+    /// Places the overlays for the new size.
     void resizeEvent(QResizeEvent* event) override;
+    /// Places the overlays for the size at which the widget is shown.
     void showEvent(QShowEvent* event) override;
 
 private:
@@ -144,6 +181,7 @@ private:
     void createOverlay();
     void arrangeOverlay();
     void placeOverlay(int overlayWidth);
+    void setHovered(bool hovered);
     void drawProgress(QPainter* p, const QRect& rect, int value) const;
 
     EMVThemeDownLoadError m_eDownloadErr;
@@ -151,6 +189,8 @@ private:
     std::unique_ptr<QVBoxLayout> m_pOverlay; // positions the overlays on the picture
     SCfg_Item* m_pItem = nullptr;
     double m_dProgress = 0.0;
+    bool m_bCrossOnHover = false;
+    bool m_bHovered = false;     // the mouse is over the cell
     bool m_bRingPressed = false; // the left button went down on the ring, not as a double click
     QImage m_progressImage;
     QImage m_progressMask;

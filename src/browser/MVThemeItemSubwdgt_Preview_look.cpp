@@ -99,7 +99,21 @@ void MVThemeItemSubwdgt_Preview::drawProgress(QPainter* p, const QRect& rect, in
     QFont textFont = font();
     if (m_nProgressFontSize > 0)
         textFont.setPointSize(static_cast<int>(UIHelper::changFontSize(m_nProgressFontSize)));
-    ProgressRing{m_progressImage, m_progressMask, m_progressColor, textFont}.paint(p, rect, value);
+    const bool isCross = m_bCrossOnHover && m_bHovered;
+    ProgressRing{m_progressImage, m_progressMask, m_progressColor, textFont, isCross}.paint(p, rect,
+                                                                                            value);
+}
+
+void MVThemeItemSubwdgt_Preview::setCrossOnHover(bool shown)
+{
+    m_bCrossOnHover = shown;
+    m_pUi->lblIcon->update();
+}
+
+void MVThemeItemSubwdgt_Preview::setHovered(bool hovered)
+{
+    m_bHovered = hovered;
+    m_pUi->lblIcon->update();
 }
 
 void MVThemeItemSubwdgt_Preview::resizeEvent(QResizeEvent* event)

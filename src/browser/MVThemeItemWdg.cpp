@@ -4,6 +4,7 @@
 #include "browser/MVThemeItemWdg.h"
 
 #include "browser/CellEvents.h"
+#include "browser/CellMarks.h"
 #include "browser/CheckedMark.h"
 #include "browser/LastChoice.h"
 #include "catalogue/ItemFiles.h"
@@ -17,6 +18,18 @@
 #include <QMouseEvent>
 #include <QStyle>
 #include <QToolButton>
+
+#include <utility>
+
+namespace {
+
+/// Returns whether a click with this button applies or downloads items.
+bool isActing(Qt::MouseButton button)
+{
+    return !hostSettings().leftButtonOnly || button == Qt::LeftButton;
+}
+
+} // namespace
 
 MVThemeItemWdg::ItemCallback MVThemeItemWdg::m_cbItemClicked;
 MVThemeItemWdg::ItemCallback MVThemeItemWdg::m_cbItemDownloaded;
@@ -139,8 +152,7 @@ void MVThemeItemWdg::onDownLoad(SCfg_Item* item)
     if (!item || m_pDownLoader)
         return;
     m_pDownLoader = new MVThemeDownLoader(nullptr); // owned by itself and this widget
-    connect(m_pDownLoader, &MVThemeDownLoader::progress, m_pUi->frmShow,
-            &MVThemeItemSubwdgt_Preview::onProgress);
+    connect(m_pDownLoader, &MVThemeDownLoader::progress, this, &MVThemeItemWdg::onProgress);
     connect(m_pDownLoader, &MVThemeDownLoader::sigDownloadFinish, this,
             &MVThemeItemWdg::onDownloadFinish);
     connect(m_pDownLoader, &QThread::finished, m_pDownLoader, &QObject::deleteLater);
@@ -165,6 +177,7 @@ void MVThemeItemWdg::onDownloadFinish(EMVThemeDownLoadError result)
     const bool isCancelled = outcome.m_eEnd == eItemDownload_Cancelled;
     m_pUi->frmShow->setDownLoadErrorText(isCancelled ? eDownLoadError_None : result);
     m_pUi->frmShow->setItemDownload(item);
+    emit errorChanged();
     // A mouse that has stayed over the cell causes no enter event.
     if (m_pUi->MVThemeItemWdgBg->underMouse()) {
         if (s_bPlayedByHover)
@@ -180,6 +193,37 @@ void MVThemeItemWdg::onDownloadFinish(EMVThemeDownLoadError result)
         failed(item, outcome.m_failure.m_qsDetails);
     if (downloaded)
         downloaded(item);
+}
+
+void MVThemeItemWdg::onProgress(double percent)
+{
+    const int before = this->percent();
+    m_pUi->frmShow->onProgress(percent);
+    if (this->percent() != before)
+        emit progressed(this->percent());
+}
+
+int MVThemeItemWdg::percent() const
+{
+    return static_cast<int>(qBound(0.0, m_pUi->frmShow->progress(), 100.0));
+}
+
+void MVThemeItemWdg::setMarks(std::function<SCellState()> state)
+{
+    delete m_pMarks;
+    if (state && m_pItem)
+        m_pMarks = new CellMarks(m_pUi->frmShow, std::move(state));
+}
+
+void MVThemeItemWdg::updateMarks()
+{
+    if (m_pMarks)
+        m_pMarks->invalidate();
+}
+
+void MVThemeItemWdg::setCrossOnHover(bool shown)
+{
+    m_pUi->frmShow->setCrossOnHover(shown);
 }
 
 void MVThemeItemWdg::onCollect(SCfg_Item* item)
@@ -271,16 +315,37 @@ void MVThemeItemWdg::releaseItem()
     m_pUi->frmShow->releaseItem();
 }
 
+void MVThemeItemWdg::onClick(Qt::MouseButton button)
+{
+    if (std::exchange(m_bDoubleClicked, false) || !isActing(button))
+        return;
+    if (m_eApplyOn == EApplyOn::DoubleClickOrEnter)
+        emit previewRequested(m_pItem);
+    else
+        doApplyTheme();
+}
+
+/// Returns whether the second press of a double click has a meaning of its own.
+bool MVThemeItemWdg::onDoubleClick(Qt::MouseButton button)
+{
+    if (m_eApplyOn != EApplyOn::DoubleClickOrEnter || !isActing(button))
+        return false;
+    m_bDoubleClicked = true;
+    doApplyTheme();
+    return true;
+}
+
 bool MVThemeItemWdg::eventFilter(QObject* watched, QEvent* event)
 {
     if (!m_pItem || watched != m_pUi->MVThemeItemWdgBg)
         return QFrame::eventFilter(watched, event);
     switch (event->type()) {
     case QEvent::MouseButtonRelease:
-        if (!hostSettings().leftButtonOnly
-            || static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
-            doApplyTheme();
+        onClick(static_cast<QMouseEvent*>(event)->button());
         return true;
+    case QEvent::MouseButtonDblClick:
+        return onDoubleClick(static_cast<QMouseEvent*>(event)->button())
+            || QFrame::eventFilter(watched, event);
     case QEvent::ContextMenu:
         if (!hostSettings().leftButtonOnly)
             return QFrame::eventFilter(watched, event);
@@ -292,6 +357,7 @@ bool MVThemeItemWdg::eventFilter(QObject* watched, QEvent* event)
         if (s_bPlayedByHover)
             m_pUi->frmShow->startPlayGif();
         m_pUi->frmShow->doEvent_Enter();
+        updateMarks();
         return true;
     }
     case QEvent::Leave:

@@ -3,7 +3,9 @@
 
 #pragma once
 
+#include "browser/EApplyOn.h"
 #include "browser/MvBrowserExport.h"
+#include "browser/SCellState.h"
 #include "download/SItemDownloadResult.h"
 
 #include <QFrame>
@@ -12,6 +14,7 @@
 #include <functional>
 #include <memory>
 
+class CellMarks;
 class MVThemeDownLoader;
 struct SCfg_Item;
 
@@ -35,10 +38,14 @@ class MVBROWSER_EXPORT MVThemeItemWdg : public QFrame
     Q_OBJECT
 
 public:
+    /// Takes the item of a cell.
     using ItemCallback = std::function<void(SCfg_Item*)>;
+    /// Takes the item of a cell and the details of its failure.
     using FailureCallback = std::function<void(SCfg_Item*, const QString& errorText)>;
+    /// Takes the item of a cell and the outcome of its download.
     using EndCallback = std::function<void(SCfg_Item*, const SItemDownloadResult&)>;
 
+    /// Creates a cell that shows nothing until setItem().
     explicit MVThemeItemWdg(QWidget* parent);
     ~MVThemeItemWdg() override;
 
@@ -48,6 +55,7 @@ public:
     /// clear or destroy the list that contains the cell, but must leave reloading the catalogue to
     /// a later event: another callback may get the same item.
     /// @{
+
     /// Called after an item was applied.
     static void setCbItemClicked(ItemCallback callback);
     /// Called after a download has ended, whatever its outcome.
@@ -74,7 +82,9 @@ public:
     /// the list sets and style sheets test.
     bool isChecked() const;
 
+    /// Decodes the thumbnail again for the current size.
     void adjustItem();
+    /// Locates the item's thumbnail again and shows it.
     void resetItemData();
     /// Shows the item's pictures that have been fetched since setItem(). A playing preview goes on.
     void showArrivedPictures();
@@ -83,11 +93,28 @@ public:
     void doApplyTheme();
     /// Hides an error and starts the download of `item`, unless one is running. Ignores null.
     void onDownLoad(SCfg_Item* item);
+    /// Handles the end of the cell's download: tells the host, and applies the item or shows the
+    /// error.
     void onDownloadFinish(EMVThemeDownLoadError result);
+    /// Declared for hosts; does nothing. CellEvents::favouriteToggled() reports the change.
     void onCollect(SCfg_Item* item);
+
+    /// Sets which mouse action applies the item or downloads it; a single click at first.
+    void setApplyOn(EApplyOn action) { m_eApplyOn = action; }
+    /// Sets whether the ring of a download shows a cross while the mouse is over the cell; false at
+    /// first. A click on the ring cancels in any case.
+    void setCrossOnHover(bool shown);
+    /// Shows marks on the picture for what `state` returns, which is queried while painting; an
+    /// empty function removes them.
+    void setMarks(std::function<SCellState()> state);
+    /// Updates the marks, if there are any, after the state has changed.
+    void updateMarks();
+    /// Returns the progress of a running download, 0 to 100 percent.
+    int percent() const;
 
     /// @name Keyboard actions
     /// @{
+
     /// Acts like a click: applies or downloads the item, or opens the target of "More>>".
     void activate();
     /// Adds the item to the favourites or removes it, if all its files are present.
@@ -99,14 +126,17 @@ public:
     /// Sets whether hovering plays the previews, for all cells; true by default. Turn it off for
     /// people who want less motion: togglePreview() still plays.
     static void setPlayedByHover(bool played) { s_bPlayedByHover = played; }
+    /// Returns what setPlayedByHover() has set.
     static bool isPlayedByHover() { return s_bPlayedByHover; }
 
     /// Returns whether the animated preview plays.
     bool isPlaying() const;
     /// Returns the error of the last download that the cell shows; success (5) if it shows none.
     EMVThemeDownLoadError shownError() const;
+    /// Shows an error as that of the last download; success (5) hides it.
     void showError(EMVThemeDownLoadError error);
 
+    /// Returns whether the cell downloads its item.
     bool isDownloading() const { return !m_pDownLoader.isNull(); }
     /// Cancels a running download without waiting; the cell then shows no error.
     void cancelDownload();
@@ -124,24 +154,38 @@ public:
     /// Returns whether the widget deletes itself at the end of its download: a cell that was
     /// filtered out of the list finishes the download while hidden.
     bool isDeletedAfterDownload() const { return m_bDeletedAfterDownload; }
+    /// Sets what isDeletedAfterDownload() returns.
     void setDeletedAfterDownload(bool deleted) { m_bDeletedAfterDownload = deleted; }
 
+    /// Turns the mouse's events on the cell into its actions.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 signals:
     /// The item was applied.
     void sigThemeItemClicked(SCfg_Item*);
+    /// The user has clicked the item once; only with EApplyOn::DoubleClickOrEnter.
+    void previewRequested(SCfg_Item* item);
+    /// A download has ended, and shownError() tells how; before the item is applied.
+    void errorChanged();
+    /// The progress of the download has reached another whole percentage.
+    void progressed(int percent);
     /// The user has requested the item's context menu at this screen position; only with
     /// HostSettings::leftButtonOnly.
     void contextMenuWanted(SCfg_Item* item, const QPoint& globalPos);
 
 private:
     void endDownload();
+    void onProgress(double percent);
+    void onClick(Qt::MouseButton button);
+    bool onDoubleClick(Qt::MouseButton button);
 
     std::unique_ptr<Ui::MVThemeItemWdg> m_pUi;
     SCfg_Item* m_pItem = nullptr;
     QPointer<MVThemeDownLoader> m_pDownLoader; // deletes itself when its thread has finished
     QWidget** m_ppCurSel = nullptr;
+    QPointer<CellMarks> m_pMarks; // a child of the face; null while no marks are shown
+    EApplyOn m_eApplyOn = EApplyOn::SingleClick;
+    bool m_bDoubleClicked = false; // the release of its second press follows
     bool m_bDeletedAfterDownload = false;
     quint64 m_nChoice = 0; // number of the user's choice of this item; 0: never chosen
 

@@ -27,6 +27,7 @@ class MVBROWSER_EXPORT MVThemePreviewFrm : public QFrame
     Q_OBJECT
 
 public:
+    /// Creates a frame that shows nothing until setItemData().
     explicit MVThemePreviewFrm(QWidget* parent);
     ~MVThemePreviewFrm() override;
 
@@ -43,6 +44,7 @@ public:
     void startPlayGif();
     /// Returns to the thumbnail and closes the file.
     void stopPlayGif();
+    /// Returns whether the preview plays.
     bool isPlaying() const;
 
     /// Decodes the thumbnail again for the current size, immediately or, with
@@ -56,6 +58,7 @@ public:
     void showArrivedPictures();
 
 protected:
+    /// Does what QFrame does.
     bool event(QEvent* event) override;
     /// Stops playing, since nobody sees the frame.
     void hideEvent(QHideEvent* event) override;

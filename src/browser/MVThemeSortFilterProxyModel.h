@@ -4,10 +4,19 @@
 #pragma once
 
 #include "browser/MvBrowserExport.h"
+#include "records/ECfgItemType.h"
 
+#include <QSet>
 #include <QSortFilterProxyModel>
+#include <QString>
+
+#include <memory>
+#include <optional>
 
 class CatalogueIndex;
+class RowOrder;
+struct SCfg_Item;
+struct SListFilter;
 
 /// Type of the patterns of names, that of the class's Qt filter: filterRegExp() with Qt 5,
 /// filterRegularExpression() with Qt 6.
@@ -19,23 +28,32 @@ using NamePattern = QRegExp;
 using NamePattern = QRegularExpression;
 #endif
 
-/// Filters the rows of a resource list by theme type, or favourites, and by name.
+/// Filters the rows of a resource list by theme type, or favourites, and by name; with an
+/// SListFilter by more, and sorts them.
 ///
-/// The name is matched by namePattern(), anywhere in the name; an invalid pattern matches none, an
-/// empty one every name. The catalogue is queried for favourites when the filter is applied. GUI
-/// thread only.
+/// The name is matched by namePattern(), anywhere in the name (an invalid pattern matches none, an
+/// empty one every name), or by the words of an SListFilter. The catalogue and the disk are queried
+/// for favourites, files and sizes when the filter is applied. GUI thread only.
 class MVBROWSER_EXPORT MVThemeSortFilterProxyModel : public QSortFilterProxyModel
 {
     Q_OBJECT
 
 public:
+    /// The theme type that shows every row.
     static constexpr int allThemes = 999;
+    /// The theme type that shows the favourite themes.
     static constexpr int favouriteThemes = 1;
 
+    /// Creates a model that shows every row of its source.
     explicit MVThemeSortFilterProxyModel(QObject* parent);
+    ~MVThemeSortFilterProxyModel() override;
+
+    /// Sets the kind of the rows' items, by which an SListFilter finds them; themes at first.
+    void setKind(ECfgItemType kind) { m_eKind = kind; }
 
     /// Shows the rows of this type (MVThemeMgr::Themetype), all (999) or the favourite themes (1).
     void setThemeType(int themeType);
+    /// Returns the theme type shown.
     int themeType() const { return m_nThemeType; }
     /// Sets the type as well as the pattern of the names and filters once.
     void setFilter(int themeType, const NamePattern& name);
@@ -45,13 +63,36 @@ public:
     static NamePattern ignoringCase(const QString& text);
     /// Sets the model's filter, which Qt calls filterRegExp() or filterRegularExpression().
     void setNamePattern(const NamePattern& name);
+    /// Returns that filter.
     NamePattern namePattern() const;
 
+    /// Filters and sorts by `filter`, until the other setFilter() is called.
+    void setFilter(const SListFilter& filter);
+    /// Moves rows that have come since to their places in its order.
+    void sortAgain();
+    /// Returns whether an SListFilter applies.
+    bool hasListFilter() const { return m_pFilter != nullptr; }
+    /// Returns that filter; the default one if none applies.
+    SListFilter listFilter() const;
+
+    /// Returns whether a row of the source has the theme type and a matching name.
     bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
+
+protected:
+    bool lessThan(const QModelIndex& left, const QModelIndex& right) const override;
 
 private:
     bool isFavouriteTheme(const QString& guid) const;
+    bool passesListFilter(const QModelIndex& row) const;
+    bool isOnDisk(SCfg_Item& item) const;
+    QSet<QString> guidsOnDisk() const;
+    SCfg_Item* itemOf(const QString& guid) const;
+    void dropListFilter();
 
     int m_nThemeType = allThemes;
-    CatalogueIndex* m_pIndex = nullptr; // of all themes while setFilter() runs
+    ECfgItemType m_eKind = eCfgItem_Theme;
+    std::unique_ptr<SListFilter> m_pFilter; // null: namePattern() matches the names
+    std::unique_ptr<RowOrder> m_pOrder;     // null: the rows are not sorted
+    CatalogueIndex* m_pIndex = nullptr;     // of the catalogue while setFilter() runs
+    std::optional<QSet<QString>> m_onDisk;  // GUIDs; while setFilter() runs and asks for them
 };

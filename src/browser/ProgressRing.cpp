@@ -31,10 +31,29 @@ void ProgressRing::paint(QPainter* p, const QRect& rect, int value) const
     const int percent = qMin(value, 100);
     if (percent >= 1)
         paintSector(p, rect, percent);
+    if (isCross) {
+        paintCross(p, rect);
+        return;
+    }
     p->save();
     p->setPen(color);
     p->setFont(font);
     p->drawText(rect, Qt::AlignCenter, QString::number(value) + QLatin1Char('%'));
+    p->restore();
+}
+
+void ProgressRing::paintCross(QPainter* p, const QRect& rect) const
+{
+    constexpr qreal armShare = 0.14; // of the ring's width, from the centre
+    constexpr qreal lineShare = 0.045;
+    const qreal width = qMin(rect.width(), rect.height());
+    const qreal arm = width * armShare;
+    const QPointF centre = QRectF(rect).center();
+    p->save();
+    p->setRenderHint(QPainter::Antialiasing);
+    p->setPen(QPen(color, width * lineShare, Qt::SolidLine, Qt::RoundCap));
+    p->drawLine(centre - QPointF(arm, arm), centre + QPointF(arm, arm));
+    p->drawLine(centre - QPointF(arm, -arm), centre + QPointF(arm, -arm));
     p->restore();
 }
 

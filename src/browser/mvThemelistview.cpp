@@ -7,10 +7,13 @@
 #include "browser/CellFocusMark.h"
 #include "browser/CellPool.h"
 #include "browser/EUIItemRole.h"
+#include "browser/ListAccessible.h"
+#include "browser/ListAnnouncer.h"
 #include "browser/MVResourceItemDelegate.h"
 #include "browser/MVThemeItemWdg.h"
 #include "browser/MVThemeSortFilterProxyModel.h"
 #include "browser/ShownItems.h"
+#include "browser/SListFilter.h"
 #include "catalogue/MVThemeMgr.h"
 #include "catalogue/NoneEntry.h"
 #include "download/PreviewExchange.h"
@@ -31,8 +34,10 @@ constexpr QSize fallbackItemSize(136, 110);
 
 mvThemelistview::mvThemelistview(QWidget* parent)
     : QListView(parent)
+    , m_pAnnouncer(new ListAnnouncer(*this))
     , m_pFocusMark(new CellFocusMark(viewport()))
 {
+    ListAccessible::install();
     setCellsOnDemand(hostSettings().cellsOnDemand);
     if (hostSettings().showWithoutPreviews) {
         m_pShown = std::make_unique<ShownItems>(*this);
@@ -45,6 +50,11 @@ mvThemelistview::mvThemelistview(QWidget* parent)
                 cell->showArrivedPictures();
         });
     }
+    // A download may bring files of other items, too.
+    for (const auto signal : {&CellEvents::downloadStarted, &CellEvents::itemApplied})
+        connect(CellEvents::instance(), signal, this, &mvThemelistview::updateMarks);
+    connect(CellEvents::instance(), &CellEvents::downloadEnded, this,
+            &mvThemelistview::updateMarks);
     // The style sheet has matched them as parts of a QListView, the class until now.
     for (QScrollBar* const bar : {verticalScrollBar(), horizontalScrollBar()}) {
         style()->unpolish(bar);
@@ -65,6 +75,7 @@ void mvThemelistview::setUIItemType(EUIItemType type)
     m_pModel = std::make_unique<QStandardItemModel>();
     m_pProxy = new MVThemeSortFilterProxyModel(this);
     m_pProxy->setSourceModel(m_pModel.get());
+    m_pProxy->setKind(kindShownBy(type));
     // A row that reappeared by itself would have no widget.
     m_pProxy->setDynamicSortFilter(false);
 
@@ -74,7 +85,12 @@ void mvThemelistview::setUIItemType(EUIItemType type)
     connect(m_pDelegate, &MVResourceItemDelegate::sigThemeItemClicked, this,
             &mvThemelistview::sigThemeItemClicked);
     connect(m_pDelegate, &MVResourceItemDelegate::contextMenuWanted, this,
-            &mvThemelistview::contextMenuWanted);
+            &mvThemelistview::requestContextMenu);
+    connect(m_pDelegate, &MVResourceItemDelegate::previewRequested, this,
+            [this](const SCfg_Item* item) { emit sigPreviewRequested(item->m_qsGUID); });
+    connect(m_pDelegate, &MVResourceItemDelegate::cellCreated, this, &mvThemelistview::setUpCell);
+    connect(m_pDelegate, &MVResourceItemDelegate::progressed, m_pAnnouncer,
+            &ListAnnouncer::announceProgress);
     setUpView();
 }
 
@@ -138,6 +154,7 @@ void mvThemelistview::initData(const QUuid& /*unused*/, bool /*unused*/)
         rows.append(newRow(QString(), 0, QString()));
     m_pModel->setColumnCount(1); // or Qt inserts the column while it inserts the rows
     m_pModel->invisibleRootItem()->appendRows(rows); // the model owns them
+    m_pProxy->sortAgain();
     nameMoreRow();
     updateItemState();
 }
@@ -147,15 +164,20 @@ void mvThemelistview::addItem(const SCfg_Item& item)
     if (!m_pModel)
         return;
     m_pModel->appendRow(newItemRow(item));
+    m_pProxy->sortAgain();
     if (m_pPool)
         updatePool();
     else
-        openPersistentEditor(m_pProxy->index(m_pProxy->rowCount() - 1, 0));
+        ShowThemeSubWdgByOptTag(m_pModel->index(rowCount() - 1, 0));
 }
 
 QStandardItem* mvThemelistview::newItemRow(const SCfg_Item& item)
 {
     QStandardItem* const row = newRow(item.m_qsGUID, item.m_nThemeType, item.m_qsName);
+    if (m_updatable.contains(item.m_qsGUID))
+        row->setData(true, UIItemRole_Updatable);
+    if (m_new.contains(item.m_qsGUID))
+        row->setData(true, UIItemRole_New);
     m_mapItems.insert(QUuid(item.m_qsGUID), row);
     return row;
 }
@@ -177,6 +199,13 @@ void mvThemelistview::reapplyFilter(int themeType, QString text)
     updateItemState();
 }
 
+void mvThemelistview::applyFilter(const SListFilter& filter)
+{
+    if (m_pProxy)
+        m_pProxy->setFilter(filter);
+    updateItemState();
+}
+
 void mvThemelistview::clear()
 {
     cancelDownloads(); // all at once before waiting
@@ -188,8 +217,9 @@ void mvThemelistview::clear()
     if (!m_pModel)
         return;
     // The selected widget exists until the current event is over; its item may not.
-    m_pDelegate->forgetAll();
+    m_pDelegate->forgetSelection();
     m_pModel->clear();
+    m_pDelegate->forgetErrors();
     m_pProxy->invalidate();
 }
 

@@ -138,8 +138,6 @@ bool mvThemelistview::isCellKept(const QModelIndex& index) const
 
 void mvThemelistview::giveBack(const QModelIndex& index)
 {
-    if (const MVThemeItemWdg* const cell = itemWidget(index))
-        m_pDelegate->rememberError(*cell);
     // The cell exists until the current event is over.
     m_pProxy->setData(index, QVariant::fromValue<QObject*>(nullptr), UIItemRole_Widget);
 }

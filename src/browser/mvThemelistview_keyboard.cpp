@@ -9,6 +9,7 @@
 #include "browser/MVThemeItemWdg.h"
 #include "browser/mvThemelistview.h"
 #include "host/HostSettings.h"
+#include "records/SCfg_Item.h"
 
 #include <QContextMenuEvent>
 #include <QFocusEvent>
@@ -68,6 +69,10 @@ bool mvThemelistview::actOnCurrentCell(int key)
 
 void mvThemelistview::mousePressEvent(QMouseEvent* event)
 {
+    const bool isMeaningful =
+        event->button() == Qt::LeftButton || event->button() == Qt::RightButton;
+    if (hostSettings().leftButtonOnly && !isMeaningful)
+        return; // Qt would make the row current
     showFocus(false);
     QListView::mousePressEvent(event);
 }
@@ -82,8 +87,15 @@ void mvThemelistview::contextMenuEvent(QContextMenuEvent* event)
         return;
     }
     const QPoint centre = visualRect(currentIndex()).center();
-    emit contextMenuWanted(widget->getItem(), viewport()->mapToGlobal(centre));
     event->accept();
+    requestContextMenu(widget->getItem(), viewport()->mapToGlobal(centre));
+}
+
+void mvThemelistview::requestContextMenu(const SCfg_Item* item, const QPoint& globalPos)
+{
+    const QString guid = item->m_qsGUID;
+    makeCurrent(guid);
+    emit sigContextMenuRequested(guid, globalPos);
 }
 
 void mvThemelistview::focusInEvent(QFocusEvent* event)

@@ -9,6 +9,7 @@
 #include "browser/MVThemeItemWdg.h"
 #include "browser/mvThemelistview.h"
 #include "browser/MVThemeSortFilterProxyModel.h"
+#include "browser/SListFilter.h"
 #include "records/SCfg_Item.h"
 
 #include <QScrollBar>
@@ -56,6 +57,8 @@ void mvThemelistview::release()
     Kept kept;
     kept.themeType = m_pProxy->themeType();
     kept.text = m_pProxy->namePattern().pattern();
+    if (m_pProxy->hasListFilter())
+        kept.filter = std::make_shared<const SListFilter>(m_pProxy->listFilter());
     kept.scroll = verticalScrollBar()->value();
     kept.current = currentIndex().data(UIItemRole_GUID).toString();
     kept.applied = appliedItem();
@@ -84,10 +87,18 @@ void mvThemelistview::refill()
     restartDownloads(kept);
     if (appliedItem().isEmpty()) // otherwise a completed download has applied its item
         setAppliedItem(kept.applied);
-    reapplyFilter(kept.themeType, kept.text);
+    restoreFilter(kept);
     makeCurrent(kept.current);
     doItemsLayout();
     verticalScrollBar()->setValue(kept.scroll);
+}
+
+void mvThemelistview::restoreFilter(const Kept& kept)
+{
+    if (kept.filter)
+        applyFilter(*kept.filter);
+    else
+        reapplyFilter(kept.themeType, kept.text);
 }
 
 void mvThemelistview::restartDownloads(const Kept& kept)

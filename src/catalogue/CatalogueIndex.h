@@ -17,6 +17,7 @@
 class MVRESOURCE_EXPORT CatalogueIndex
 {
 public:
+    /// Prepares an index of `catalogue`, which it does not copy.
     explicit CatalogueIndex(const MVThemeMgr::SResourceXML& catalogue);
 
     /// Returns the first item of the kind with exactly that GUID, or null. Owned by the catalogue.

@@ -6,6 +6,7 @@
 #include "host/FileLock.h"
 #include "host/LogL.h"
 #include "host/RegularFile.h"
+#include "host/SystemFile.h"
 #include "host/Utils.h"
 
 #include <QDateTime>
@@ -35,17 +36,11 @@ STransferFailure failed(EFailureCause cause, const QString& path, const QString&
 STransferFailure notLocked(const QString& path, int error)
 {
     const QString reason = QString::fromLocal8Bit(std::strerror(error));
-    switch (error) {
-    case ENOSPC:
-    case EDQUOT:
+    if (SystemFile::isFull(error))
         return failed(eFailure_DiskFull, path, reason);
-    case EMFILE:
-    case ENFILE:
-    case EIO:
+    if (error == EMFILE || error == ENFILE || error == EIO)
         return failed(eFailure_LocalFile, path, reason);
-    default:
-        return failed(eFailure_NoPermission, path, QStringLiteral("its folder cannot be written"));
-    }
+    return failed(eFailure_NoPermission, path, QStringLiteral("its folder cannot be written"));
 }
 
 bool parse(const QByteArray& bytes, QJsonDocument& document)

@@ -17,6 +17,7 @@
 class MVRESOURCE_EXPORT FavouritesFile
 {
 public:
+    /// Reasons why write() or read() failed.
     enum class Error {
         None,
         CannotWrite,   ///< see reason()
@@ -39,8 +40,9 @@ public:
     /// Returns how many of the favourites read are not in the catalogue.
     int unknown() const { return m_unknown; }
 
-    /// Returns why the last call failed, and the system's reason if there is one.
+    /// Returns why the last call failed.
     Error error() const { return m_error; }
+    /// Returns the system's reason for the last failure; empty if there is none.
     QString reason() const { return m_reason; }
     /// Returns the same as an English sentence; empty after a successful call.
     QString errorText() const;

@@ -20,6 +20,7 @@
 class GuidIndex
 {
 public:
+    /// Prepares an index of `items`, which it does not copy.
     explicit GuidIndex(const QVector<SCfg_Item>& items)
         : m_items(items)
     {

@@ -20,6 +20,7 @@ struct SFileInfo;
 class MVRESOURCE_EXPORT ItemFiles
 {
 public:
+    /// What an item uses a file for.
     enum class Role {
         Thumbnail,
         Preview, ///< animated
@@ -27,16 +28,18 @@ public:
         Resource,
     };
 
+    /// One file of an item, as it was on disk.
     struct Entry
     {
-        Role role;
+        Role role;             ///< the use of the file
         const SCfg_Item* item; ///< the first that needs the file
         QString path;          ///< absolute, without doubled slashes
-        QString url;
-        bool isPresent;
-        qint64 sizeBytes; ///< on disk; 0 for a missing file
+        QString url;           ///< address on the server
+        bool isPresent;        ///< on disk
+        qint64 sizeBytes;      ///< on disk; 0 for a missing file
     };
 
+    /// The items whose files are listed.
     enum class Scope {
         WithUses, ///< of the item and of everything that it uses
         Own,      ///< of the item alone
@@ -49,7 +52,9 @@ public:
     const QVector<Entry>& entries() const { return m_entries; }
     /// Returns the items that a theme uses, each once, in the order of its config.
     const QVector<SCfg_Item*>& uses() const { return m_uses; }
+    /// Returns how many of the entries are not on disk.
     int missingCount() const;
+    /// Returns the size on disk of all entries together.
     qint64 totalBytes() const;
 
     /// Returns how many different files must be fetched before the item can be used. Parses a

@@ -3,6 +3,7 @@
 
 #include "catalogue/MVThemeMgr.h"
 
+#include "catalogue/CatalogueChanges.h"
 #include "catalogue/CatalogueUse.h"
 #include "catalogue/CollectFile.h"
 #include "catalogue/FixedGuids.h"
@@ -80,8 +81,23 @@ void MVThemeMgr::load(bool bReload)
 
 bool MVThemeMgr::tryReload()
 {
-    if (isInUse("load"))
-        return false;
+    return change("load", &MVThemeMgr::readAll);
+}
+
+/// Runs a function that invalidates the items, between the signals that announce it and its end.
+bool MVThemeMgr::change(const char* operation, void (MVThemeMgr::*function)())
+{
+    CatalogueChanges* const changes = CatalogueChanges::instance();
+    emit changes->announced();
+    const bool isAllowed = !isInUse(operation);
+    if (isAllowed)
+        (this->*function)();
+    emit changes->ended(isAllowed);
+    return isAllowed;
+}
+
+void MVThemeMgr::readAll()
+{
     const PathGuard::Folders folders;
     clearVectors();
     readThemeCollect();
@@ -91,7 +107,6 @@ bool MVThemeMgr::tryReload()
     if (hasThemes())
         parseThemes();
     m_bLoaded = true;
-    return true;
 }
 
 /// Returns whether the product uses themes, so that their own configs count.
@@ -126,12 +141,14 @@ void MVThemeMgr::clear()
 
 bool MVThemeMgr::tryClear()
 {
-    if (isInUse("clear"))
-        return false;
+    return change("clear", &MVThemeMgr::forgetAll);
+}
+
+void MVThemeMgr::forgetAll()
+{
     m_bLoaded = false;
     m_pCurApplyTheme = nullptr;
     clearVectors();
-    return true;
 }
 
 void MVThemeMgr::clearVectors()

@@ -66,14 +66,16 @@ public:
     {
         /// Returns the items of a kind; null for eCfgItem_Resource and other invalid values.
         QVector<SCfg_Item>* ofKind(ECfgItemType k);
+        /// Returns the same for reading.
         const QVector<SCfg_Item>* ofKind(ECfgItemType k) const;
+        /// Returns whether there is no item of any kind.
         bool isEmpty() const;
 
-        QVector<SCfg_Item> vecFilter;
-        QVector<SCfg_Item> vecTransition;
-        QVector<SCfg_Item> vecMotion;
-        QVector<SCfg_Item> vecTheme;
-        QVector<SCfg_Item> vecBgMaterial;
+        QVector<SCfg_Item> vecFilter;     ///< video filters
+        QVector<SCfg_Item> vecTransition; ///< transitions
+        QVector<SCfg_Item> vecMotion;     ///< motions
+        QVector<SCfg_Item> vecTheme;      ///< themes
+        QVector<SCfg_Item> vecBgMaterial; ///< background materials
     };
 
     /// Returns the catalogue of this process. The first call creates it and must be made on the GUI
@@ -92,10 +94,12 @@ public:
     /// warning.
     void load(bool bReload);
 
-    /// Do the same as load(true) and clear(), but return false without changing anything while
+    /// Does the same as load(true), but returns false without changing anything while
     /// downloads work on items, see CatalogueUse. Cancel these or wait for their end, and call
     /// again.
     bool tryReload();
+    /// Does the same as clear(), but returns false without changing anything while downloads work
+    /// on items.
     bool tryClear();
 
     /// Parses the config of every displayed theme that has its config file on disk.
@@ -124,9 +128,11 @@ public:
 
     /// @}
     /// @name Lookup
-    /// Return the first item in vector order whose GUID equals `id` exactly, or null. Owned by the
+    /// Returns the first item in vector order whose GUID equals `id` exactly, or null. Owned by the
     /// vector.
     /// @{
+
+    /// Searches a vector of items.
     SCfg_Item* findItemByID(const QVector<SCfg_Item>& vec, QString id);
     /// Searches the config catalogue; null for a kind outside 0 to 4.
     SCfg_Item* findItemByIDFromConfig(ECfgItemType k, QString id);
@@ -134,14 +140,20 @@ public:
     SCfg_Item* findItemByIDFromDisplay(ECfgItemType k, QString id);
     /// @}
 
+    /// Returns all items of the config catalogue, owned by this object.
     const SResourceXML& getCfgXML() { return m_sCfgXML; }
+    /// Returns the items shown to the user, owned by this object.
     const SResourceXML& getDisplayXML() { return m_sDisplayXML; }
+    /// Returns the filters shown to the user.
     QVector<SCfg_Item>& getFilters_Display() { return m_sDisplayXML.vecFilter; }
+    /// Returns the themes shown to the user.
     QVector<SCfg_Item>& getThemes_Display() { return m_sDisplayXML.vecTheme; }
+    /// Returns the background materials shown to the user.
     QVector<SCfg_Item>& getBgMaterial_Display() { return m_sDisplayXML.vecBgMaterial; }
 
     /// Returns the theme the user applied last, or null; not owned.
     SCfg_Item* getCurApplyTheme() { return m_pCurApplyTheme; }
+    /// Records the theme that the user has applied; null for none.
     void setCurApplyTheme(SCfg_Item* item) { m_pCurApplyTheme = item; }
 
     /// Returns eLoadDir_Download for server items, whose config names begin with "/"; others are
@@ -156,6 +168,7 @@ public:
     /// Does the same, but returns false, with a warning in the log, if there are more than
     /// maxNeededFiles records: the item cannot be used.
     bool listNeededFiles(SCfg_Item* item, QVector<SFileInfo*>& out);
+    /// The most files that a usable item can lack.
     static constexpr int maxNeededFiles = 10000;
 
     /// @name Paths and addresses
@@ -164,12 +177,21 @@ public:
 
     /// Sets the download root, without normalising it, and creates the folders below it.
     void setResourceSaveRootPath(const QString& path);
+    /// Returns the root of a tree: "Resource" in the installed resources, or "Themes" in the
+    /// download root.
     QString Path_resource_RootDir(ELoadDir d);
+    /// Returns the folder of one half of a tree.
     QString Path_resource_Dir(ELoadDir d, EDirTag t);
+    /// Returns the folder of a kind in one half of a tree, with a trailing slash; empty for a kind
+    /// outside 0 to 4.
     QString Path_resource_Dir(ELoadDir d, EDirTag t, ECfgItemType k);
+    /// Returns the path of a tree's config or display catalogue.
     QString Path_resource_xml(ELoadDir d, EDirTag t);
+    /// Returns the path of a tree's version file.
     QString Path_resource_version_xml(ELoadDir d);
+    /// Returns the folder "ResourceConfig" in the download root.
     QString saveResourcePath() const;
+    /// Returns the folder of the downloaded config half, "Themes/config".
     QString saveThemePath() const;
     /// Returns whether a download may create, write and delete `path`: it is below the download
     /// root, by its name and by what is on disk (no "..", no link on the way).
@@ -224,16 +246,21 @@ public:
 
     /// @}
     /// @name Files of an item
-    /// Each sets the local path of the item's files (the downloaded one if it exists, else the
-    /// installed one, else the download target) and returns whether they are on disk or nothing is
-    /// to be fetched. A file that is outside these two trees once links are resolved counts as
+    /// Each function sets the local path of the item's files (the downloaded one if it exists, else
+    /// the installed one, else the download target) and returns whether they are on disk or nothing
+    /// is to be fetched. A file that is outside these two trees once links are resolved counts as
     /// missing. All but the first create the folder of a missing file.
     /// @{
+
+    /// Resolves the item's own config file.
     bool doItem_Info_CfgXML(SCfg_Item& item);
+    /// Resolves the thumbnail.
     bool doItem_Info_Thumb(SCfg_Item& item);
+    /// Resolves the animated preview.
     bool doItem_Info_Gif(SCfg_Item& item);
     /// Appends the records of the missing resource files to `missing`; they point into the item.
     bool doItem_Info_DependRes(SCfg_Item& item, QVector<SFileInfo*>& missing);
+    /// Resolves the resource files.
     bool doItem_Info_DependRes(SCfg_Item& item);
     /// @}
 
@@ -241,22 +268,31 @@ public:
     /// GUI thread only. Favourites are kept per GUID in JSON files below Utils::strDataLocation();
     /// background materials share the filters' file, except in the operations that name them.
     /// @{
+
+    /// Returns the path of the themes' favourites file and creates its folder.
     QString Path_ThemeCollect();
+    /// Returns the path of the file that filters and background materials share, and creates its
+    /// folder.
     QString Path_FilterCollect();
+    /// Returns the path of the background materials' own file and creates its folder.
     QString Path_BgMaterialCollect();
     /// Always returns an empty path: the theme-type file is searched for in both resource trees.
     QString Path_ThemeType();
-    /// Replace the marks by the file's; a missing file is created, a file that is not JSON changes
+    /// Replaces the marks by the file's; a missing file is created, a file that is not JSON changes
     /// nothing.
     void readThemeCollect();
+    /// Does the same for filters and background materials.
     void readFilterCollect();
+    /// Does the same for the background materials' own file.
     void readBgMaterialCollect();
-    /// Write this process's changes into the files, atomically and under a lock: marks of other
+    /// Writes this process's changes into the files, atomically and under a lock: marks of other
     /// processes are kept. A file that cannot be parsed is kept aside under "NAME.damaged-N". A
     /// process that has neither read a file nor changed a mark leaves it alone. Failures are
     /// silent.
     void saveThemeCollect();
+    /// Does the same for filters and background materials.
     void saveFilterCollect();
+    /// Does the same for the background materials' own file.
     void saveBgMaterialCollect();
     /// Saves all three. Returns false, with the reason in `error` (may be null), if one could not
     /// be written; the next successful call writes the changes.
@@ -266,13 +302,17 @@ public:
     QStringList favourites(ECfgItemType k) const;
     /// Returns whether the item is marked. The query adds an unknown GUID with the value false.
     bool isThemeCollect(const SCfg_Item* item);
+    /// Does the same with the marks of filters and background materials.
     bool isFilterCollect(const SCfg_Item* item);
+    /// Does the same with the background materials' own marks.
     bool isBgMaterialCollect(const SCfg_Item* item);
     /// Queries by the item's kind; false for kinds without favourites.
     bool isItemCollect(const SCfg_Item* item);
-    /// Adopt the item's m_bCollected and emit the matching signal; saved when the process ends.
+    /// Adopts the item's m_bCollected and emits the matching signal; saved when the process ends.
     void setThemesCollected(const SCfg_Item* item);
+    /// Does the same for filters and background materials.
     void setFilterCollected(const SCfg_Item* item);
+    /// Does the same with the background materials' own marks.
     void setBgMaterialCollected(const SCfg_Item* item);
     /// Sets by the item's kind; does nothing for kinds without favourites.
     void setItemCollected(const SCfg_Item* item);
@@ -281,17 +321,22 @@ public:
     /// Reads ThemeType.json into the three lists, from the downloaded file or else the installed
     /// one.
     void readThemeType();
+    /// Reads one theme-type file (JSON). Returns false if it cannot be read or parsed.
     bool readThemeType_a(QString path, QJsonObject& out);
-    /// Return the lists read by readThemeType().
+    /// Returns the list "festivals" that readThemeType() has read.
     const QVariantList& festivals() const { return m_lstFestivals; }
+    /// Returns its list "travel".
     const QVariantList& travel() const { return m_lstTravel; }
+    /// Returns its list "banquets".
     const QVariantList& banquets() const { return m_lstBanquets; }
     /// @}
 
 signals:
     /// The user has marked or unmarked the item passed as the argument.
     void sigThemesCollected(const SCfg_Item* pSCfg_Item);
+    /// The same for setFilterCollected().
     void sigFilterCollected(const SCfg_Item* pSCfg_Item);
+    /// The same for setBgMaterialCollected().
     void sigBgMaterialCollected(const SCfg_Item* pSCfg_Item);
 
 private:
@@ -304,6 +349,9 @@ private:
     bool isReadable(const QString& file);
     bool parse(SCfg_Item& item, const QString& file);
     static bool isInUse(const char* operation);
+    bool change(const char* operation, void (MVThemeMgr::*function)());
+    void readAll();
+    void forgetAll();
     QVector<SFileInfo*> ownNeededFiles(SCfg_Item& item);
     void clearVectors();
     bool readCatalogue(EDirTag half, QDomDocument& doc);

@@ -21,11 +21,9 @@ bool SearchWords::matches(const QString& name) const
 
 QString SearchWords::folded(const QString& text)
 {
-    QString letters;
-    const QString decomposed = text.normalized(QString::NormalizationForm_KD);
-    for (const QChar letter : decomposed) {
-        if (letter.category() != QChar::Mark_NonSpacing)
-            letters.append(letter);
-    }
+    QString letters = text.normalized(QString::NormalizationForm_KD);
+    const auto isMark = [](QChar letter) { return letter.category() == QChar::Mark_NonSpacing; };
+    const auto end = std::remove_if(letters.begin(), letters.end(), isMark);
+    letters.truncate(static_cast<int>(end - letters.begin()));
     return letters.toCaseFolded();
 }

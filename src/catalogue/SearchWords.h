@@ -23,7 +23,9 @@ public:
     /// Returns whether the name contains every word.
     bool matches(const QString& name) const;
 
+    /// Returns whether both are the same words in the same order.
     bool operator==(const SearchWords& other) const { return m_words == other.m_words; }
+    /// Returns the opposite of ==.
     bool operator!=(const SearchWords& other) const { return m_words != other.m_words; }
 
     /// Returns the text without the differences that a search ignores: compatibility forms

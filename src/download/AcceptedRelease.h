@@ -23,6 +23,7 @@
 class MVRESOURCE_EXPORT AcceptedRelease
 {
 public:
+    /// Shares an immutable release; null for none.
     using Pointer = std::shared_ptr<const AcceptedRelease>;
 
     /// Returns the accepted release of the present server; null if there is none, or if the policy
@@ -33,9 +34,13 @@ public:
     /// read, is damaged or is not signed by a trusted key. The next check fetches it again.
     static bool isUnusable();
 
+    /// Combines what a check has verified: the text of release.json, its content, its list and its
+    /// signature. Tests nothing.
     AcceptedRelease(QByteArray text, SRelease release, ReleaseList list, QByteArray signature);
 
+    /// Returns the content of release.json.
     const SRelease& release() const { return m_release; }
+    /// Returns the list of the release's files.
     const ReleaseList& list() const { return m_list; }
     /// Returns the bytes of release.json.
     const QByteArray& text() const { return m_text; }

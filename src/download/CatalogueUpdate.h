@@ -30,6 +30,7 @@ public:
     enum class Phase { Idle, Catalogue, Previews, Waiting };
     Q_ENUM(Phase)
 
+    /// Creates an idle object; start() or startSpread() begins.
     explicit CatalogueUpdate(QObject* parent = nullptr);
 
     /// Starts an update at once, for a user who asks for it; one that waits begins. Returns false
@@ -50,10 +51,13 @@ public:
     /// running.
     bool shutDown();
 
+    /// Returns the phase of the update; Idle before the first and after each.
     Phase phase() const;
     /// Returns whether an update is checking or fetching; one that waits is not running.
     bool isRunning() const { return phase() == Phase::Catalogue || phase() == Phase::Previews; }
+    /// Returns whether an update of startSpread() waits to begin.
     bool isWaiting() const { return phase() == Phase::Waiting; }
+    /// Returns whether the coordinator has refused the last update, see start().
     bool isRefused() const { return m_state == State::Refused; }
     /// Returns the progress of the phase; zeros while no update is running.
     const SUpdateProgress& progress() const { return m_progress; }
@@ -64,6 +68,7 @@ public:
     const SCatalogueUpdateResult& result() const { return m_result; }
 
 signals:
+    /// The update has entered this phase.
     void phaseChanged(CatalogueUpdate::Phase phase);
     /// The numbers of the phase have changed; emitted at most every 50 ms.
     void progressed(const SUpdateProgress& progress);

@@ -39,7 +39,9 @@ class MVRESOURCE_EXPORT CheckWorker_CfgAndDisplayXML : public QObject
     Q_OBJECT
 
 public:
+    /// Content of a version file.
     using SVersion = SCatalogueVersion;
+    /// Takes the outcome of a check.
     using ResultCallback = std::function<void(const SCatalogueCheckResult&)>;
 
     /// `cancel` belongs to the initiator of the operation, who may also cancel it by the token.

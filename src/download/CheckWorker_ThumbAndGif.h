@@ -38,6 +38,7 @@ class MVRESOURCE_EXPORT CheckWorker_ThumbAndGif : public QObject
     Q_OBJECT
 
 public:
+    /// Takes the outcome of a run.
     using ResultCallback = std::function<void(const SPreviewRunResult&)>;
 
     /// `cancel` belongs to the initiator of the operation, who may also cancel it by the token.

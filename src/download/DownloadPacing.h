@@ -19,6 +19,7 @@ class MVRESOURCE_EXPORT DownloadPacing
 public:
     DownloadPacing() = delete;
 
+    /// Returns the present length of a step; 0 means no pauses.
     static std::chrono::milliseconds step();
     /// Sets the pace from the next step on; 0 means no pauses.
     static void setStep(std::chrono::milliseconds step);

@@ -23,6 +23,7 @@ struct SCfg_Item;
 class MVRESOURCE_EXPORT FileStates
 {
 public:
+    /// How thoroughly files are compared with the release.
     enum class Depth {
         /// Reads only files that have changed, by size and time, since their digest was noted.
         Quick,
@@ -37,6 +38,7 @@ public:
     /// that were not read to their end then count as unlisted.
     explicit FileStates(Depth depth, Progress progress = Progress());
 
+    /// Returns the state of one file.
     EFileState of(const ItemFiles::Entry& entry) const;
     /// Returns the state of an item with all that it uses. Parses a theme's config if necessary.
     SItemState of(SCfg_Item& item) const;

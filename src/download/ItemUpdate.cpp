@@ -7,6 +7,7 @@
 #include "download/FileLedger.h"
 #include "download/FileTurn.h"
 #include "download/MVThemeDownLoader.h"
+#include "download/ResourceEvents.h"
 #include "download/RootPlaces.h"
 #include "download/UpdateFiles.h"
 #include "host/AppOptions.h"
@@ -22,6 +23,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QStringList>
 
 #include <algorithm>
 #include <chrono>
@@ -61,6 +63,8 @@ public:
     }
 
     SUpdateOutcome end();
+    /// Returns the paths of the files that were stored or replaced.
+    const QStringList& stored() const { return m_stored; }
 
 private:
     using File = UpdateFiles::File;
@@ -77,6 +81,7 @@ private:
     const ItemUpdate& m_update;
     UpdateFiles m_files;
     qint64 m_toldBytes = 0;
+    QStringList m_stored;
     SUpdateOutcome m_outcome;
 };
 
@@ -182,6 +187,7 @@ void ItemUpdate::Run::store()
         }
         if (storeFile(*file)) {
             ++m_outcome.m_nStored;
+            m_stored.append(file->entry.path);
             continue;
         }
         fail(*file,
@@ -220,7 +226,7 @@ ItemUpdate::ItemUpdate(CancelToken cancel)
 
 ItemUpdate::~ItemUpdate() = default;
 
-SUpdateOutcome ItemUpdate::run(const QVector<SCfg_Item*>& items)
+SUpdateOutcome ItemUpdate::updateItems(const QVector<SCfg_Item*>& items)
 {
     AppOptions::instance()->ensureDirExists(RootPlaces::arrivals());
     FileLock lock(lockPath());
@@ -229,12 +235,15 @@ SUpdateOutcome ItemUpdate::run(const QVector<SCfg_Item*>& items)
         outcome.m_eEnd = eItemUpdate_Cancelled;
         return outcome;
     }
-    const SUpdateOutcome outcome = Run(*this, items).end();
+    Run run(*this, items);
+    const SUpdateOutcome outcome = run.end();
     QDir().rmdir(RootPlaces::arrivals()); // unless something has been left for later
     for (SCfg_Item* const item : items) {
         if (item && item->m_eType == eCfgItem_Theme)
             MVThemeMgr::init()->parseThemeAgain(*item);
     }
+    if (!run.stored().isEmpty())
+        ResourceEvents::instance()->tellFilesChanged(run.stored());
     return outcome;
 }
 

@@ -28,7 +28,7 @@ struct SCfg_Item;
 /// other.
 ///
 ///     ItemUpdate update(token);
-///     const SUpdateOutcome outcome = update.run({item});
+///     const SUpdateOutcome outcome = update.updateItem(item);
 ///
 /// Create it on the thread that loads the catalogue. One object does one run, on any thread; the
 /// catalogue cannot be loaded again while the object exists. Load it afterwards if themes were
@@ -36,18 +36,21 @@ struct SCfg_Item;
 class MVRESOURCE_EXPORT ItemUpdate
 {
 public:
+    /// Prepares a run that `cancel` ends, within 200 ms while files are fetched.
     explicit ItemUpdate(CancelToken cancel = CancelToken());
     ~ItemUpdate();
     Q_DISABLE_COPY_MOVE(ItemUpdate)
 
     /// Takes the bytes fetched so far and the total as far as it is known.
     using Progress = std::function<void(qint64 fetchedBytes, qint64 totalBytes)>;
-    /// Sets the callback invoked on the thread of run(); the bytes fetched never decrease.
+    /// Sets the callback invoked on the thread of the update; the bytes fetched never decrease.
     void setProgress(Progress progress) { m_progress = std::move(progress); }
 
-    /// Runs the whole update and returns when it has ended. The items are the catalogue's; null
-    /// ones are ignored.
-    SUpdateOutcome run(const QVector<SCfg_Item*>& items);
+    /// Updates an item, and returns when that has ended.
+    SUpdateOutcome updateItem(SCfg_Item& item) { return updateItems({&item}); }
+    /// Updates a set of items as one download: a file that several need is fetched once. The items
+    /// are the catalogue's; null ones are ignored.
+    SUpdateOutcome updateItems(const QVector<SCfg_Item*>& items);
 
     /// Removes what interrupted updates have left, unless another process is updating.
     static void removeLeftovers();

@@ -8,12 +8,15 @@
 #include "download/DownloadPacing.h"
 #include "download/FileLedger.h"
 #include "download/FileTurn.h"
+#include "download/ResourceEvents.h"
 #include "host/HostSettings.h"
 #include "host/LogL.h"
 #include "records/FileRecord.h"
 
 #include <QFile>
 #include <QMutexLocker>
+
+#include <utility>
 
 namespace {
 
@@ -31,6 +34,14 @@ MVThemeDownLoader::MVThemeDownLoader(QObject* parent)
     : QThread(parent)
 {
     qRegisterMetaType<EMVThemeDownLoadError>("EMVThemeDownLoadError");
+    connect(
+        this, &MVThemeDownLoader::progress, this,
+        [this](double percent) {
+            const int whole = static_cast<int>(percent);
+            if (std::exchange(m_nToldPercent, whole) != whole)
+                ResourceEvents::instance()->tellDownloadProgress(m_eKind, m_qsGuid, whole);
+        },
+        Qt::DirectConnection); // on the download thread
 }
 
 MVThemeDownLoader::~MVThemeDownLoader()
@@ -50,6 +61,11 @@ void MVThemeDownLoader::download(SCfg_Item* item)
     m_bEnded = false;
     m_failure = STransferFailure(); // no thread is running yet
     m_pItem = item;
+    m_eKind = item->m_eType;
+    m_qsGuid = item->m_qsGUID;
+    m_lstPaths.clear();
+    m_nToldPercent = -1;
+    ResourceEvents::instance()->tellDownloadStarted(m_eKind, m_qsGuid);
     start();
 }
 
@@ -144,9 +160,19 @@ MVThemeDownLoader::Step MVThemeDownLoader::end(EMVThemeDownLoadError result)
     // A receiver of the signal may load the catalogue, so nothing of it is touched afterwards.
     m_taken.reset();
     m_use.reset();
+    tellEnd();
     m_bEnded = true;
     emit sigDownloadFinish(result);
     return Step::Ended;
+}
+
+/// Tells the process, before the own end signal: its receiver may start the next download.
+void MVThemeDownLoader::tellEnd()
+{
+    ResourceEvents* const events = ResourceEvents::instance();
+    events->tellDownloadEnded(m_eKind, m_qsGuid, outcome());
+    if (!m_lstPaths.isEmpty())
+        events->tellFilesChanged(m_lstPaths);
 }
 
 bool MVThemeDownLoader::stopIfCancelled(int point)

@@ -9,11 +9,13 @@
 #include "host/CBasePtr.h"
 #include "host/CurWrapper.h"
 #include "host/STransferFailure.h"
+#include "records/ECfgItemType.h"
 #include "records/FileRecord.h"
 #include "records/MvResourceExport.h"
 
 #include <QMutex>
 #include <QString>
+#include <QStringList>
 #include <QThread>
 #include <QVector>
 
@@ -44,6 +46,7 @@ class MVRESOURCE_EXPORT MVThemeDownLoader : public QThread
     Q_OBJECT
 
 public:
+    /// Creates a downloader without an item; download() starts its thread.
     explicit MVThemeDownLoader(QObject* parent);
     /// Cancels and waits until the thread has returned, which it does within 200 ms.
     ~MVThemeDownLoader() override;
@@ -55,10 +58,12 @@ public:
     /// Cancels this download and all later ones; the end signal follows within 200 ms. A transfer
     /// in progress ends as a failed one.
     void cancel();
+    /// Returns whether cancel() has been called.
     bool isCancelled() const { return m_bWillCancel.isCancelled(); }
 
-    /// Return address and local path of the file being fetched; empty before the first.
+    /// Returns the address of the file being fetched; empty before the first.
     QString downloadedUrl() const;
+    /// Returns the local path of that file.
     QString downloadedFile() const;
     /// Returns the failure of the first file that could not be fetched; no failure if there was
     /// none, and after a cancellation.
@@ -71,11 +76,13 @@ public:
 
     /// Stores a value for the caller, which is not interpreted here; null by default.
     void setUserData(void* data) { m_pUserData = data; }
+    /// Returns what setUserData() has stored.
     void* userData() const { return m_pUserData; }
 
     /// Sets the object that all downloaders notify of downloaded filter, transition and motion
     /// definitions; may be null. Any thread.
     static void setCoreContextPtr(CBasePtr<CoreContext> context);
+    /// Returns the object of setCoreContextPtr(); null if there is none. Any thread.
     static CBasePtr<CoreContext> coreContext();
 
 signals:
@@ -89,6 +96,7 @@ signals:
     void sigDownloadFinish(EMVThemeDownLoadError);
 
 protected:
+    /// Downloads the item on the thread of this object; call download() instead.
     void run() override;
     /// Emits progress(); returns false if the download is to stop.
     bool doProgress(double value);
@@ -111,6 +119,8 @@ private:
     bool stopIfCancelled(int point);
     Step end(EMVThemeDownLoadError result);
     void setCurrent(const QString& url, const QString& file);
+    void noteFiles();
+    void tellEnd();
     void noteFailure(const STransferFailure& failure);
     double shareStart() const;
     double share() const;
@@ -137,5 +147,9 @@ private:
     std::optional<CatalogueUse> m_use;        // from download() to the end signal
     std::optional<FileRecord::Taken> m_taken; // the theme's config; given back before the end
     bool m_bReplacesConfig = false;           // the config file exists but is unusable
+    ECfgItemType m_eKind = eCfgItem_Filter;   // of m_pItem, whose end may be told after its own
+    QString m_qsGuid;                         // of m_pItem
+    int m_nToldPercent = -1;                  // the last one that ResourceEvents was told
+    QStringList m_lstPaths;                   // files that this download may have stored
     std::atomic<bool> m_bEnded{false};        // the end signal of this download has been sent
 };

@@ -37,9 +37,12 @@ class MVRESOURCE_EXPORT MVThemeDownLoader_CheckCfg : public QObject
     Q_OBJECT
 
 public:
+    /// Takes the outcome of a check.
     using CatalogueCheckCallback = std::function<void(const SCatalogueCheckResult&)>;
+    /// Takes the outcome of a preview run.
     using PreviewRunCallback = std::function<void(const SPreviewRunResult&)>;
 
+    /// Returns the object of this process. The first call creates it, for the calling thread.
     static MVThemeDownLoader_CheckCfg* instance();
 
     ~MVThemeDownLoader_CheckCfg() override;
@@ -58,14 +61,16 @@ public:
     /// Starts a preview run; returns false while one is in progress.
     bool startDownloadThumbAndGif();
 
-    /// Return whether a check, or a preview run, is in progress.
+    /// Returns whether a check is in progress.
     bool isChecking() const { return m_pWorker; }
+    /// Returns whether a preview run is in progress.
     bool isFetchingPreviews() const { return m_pWorker_ThumbAndGif; }
 
-    /// Ask the run in progress to stop; it reports its end within 200 ms, unless it is reading or
-    /// copying files. To end a check together with the previews that follow it, also call
+    /// Asks the check in progress to stop; it reports its end within 200 ms, unless it is reading
+    /// or copying files. To end a check together with the previews that follow it, also call
     /// cancelThumbAndGif() on sig_startDownloadThumbAndGif().
     void cancelCfgAndDisplayXML();
+    /// Asks the preview run in progress to stop, in the same way.
     void cancelThumbAndGif();
 
     /// Ends both threads and waits, without a limit, until their runs have ended. Cancel them first
@@ -73,8 +78,9 @@ public:
     /// not begun stays in progress until its thread is started again.
     void waitThreadFinished();
 
-    /// Act on the end of a check and of a run, whatever the value.
+    /// Acts on the end of a check, whatever the value.
     void onEndDownloadXML(bool);
+    /// Acts on the end of a preview run.
     void onEndDownloadThumbAndGif(bool);
 
 signals:
@@ -87,12 +93,14 @@ signals:
     /// Starts the worker of a preview run.
     void sig_startDownloadThumbAndGif(const QString&);
 
-    /// Report the same as the callbacks, after them.
+    /// Reports the outcome of a check, after its callback.
     void sig_catalogueChecked(const SCatalogueCheckResult&);
+    /// Reports the outcome of a preview run, after its callback.
     void sig_previewsFetched(const SPreviewRunResult&);
-    /// Report the progress of the check or the preview run, at most every 50 ms. A check counts the
-    /// version file and the two catalogue files, a preview run the pictures of all items.
+    /// Reports the progress of the check, at most every 50 ms: the version file and the two
+    /// catalogue files.
     void sig_checkProgress(const SUpdateProgress&);
+    /// Reports the progress of a preview run, at most every 50 ms: the pictures of all items.
     void sig_previewsProgress(const SUpdateProgress&);
 
 private:

@@ -13,7 +13,10 @@
 #include "host/HostSettings.h"
 #include "records/FileRecord.h"
 
+#include <QDir>
+
 #include <mutex>
+#include <utility>
 
 namespace {
 
@@ -67,11 +70,26 @@ MVThemeDownLoader::Step MVThemeDownLoader::fetchFiles(bool& anyFailed)
         m_vecFiles.clear();
         anyFailed = true;
     }
+    noteFiles();
     const Step step = hostSettings().transfersSideBySide > 1 ? fetchSideBySide(anyFailed)
                                                              : fetchInOrder(anyFailed);
     m_vecFiles = QVector<SFileInfo*>();
     m_nIndex = -1;
     return step;
+}
+
+/// Notes the places of the files, since the records cannot be used after the end.
+void MVThemeDownLoader::noteFiles()
+{
+    const auto note = [this](const SFileInfo& info) {
+        const QString file = FileView(info).file();
+        if (!file.isEmpty())
+            m_lstPaths.append(QDir::cleanPath(file));
+    };
+    note(m_pItem->m_info_CfgXML);
+    for (const SFileInfo* const info : std::as_const(m_vecFiles))
+        note(*info);
+    m_lstPaths.removeDuplicates();
 }
 
 MVThemeDownLoader::Step MVThemeDownLoader::fetchSideBySide(bool& anyFailed)

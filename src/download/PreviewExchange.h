@@ -18,6 +18,7 @@ class MVRESOURCE_EXPORT PreviewExchange : public QObject
     Q_OBJECT
 
 public:
+    /// Returns the object of this process.
     static PreviewExchange* instance();
 
     /// Sets the GUIDs of the items that `viewer` shows, most wanted first; an empty list removes

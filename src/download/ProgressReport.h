@@ -14,6 +14,7 @@
 class MVRESOURCE_EXPORT ProgressReport
 {
 public:
+    /// Takes the numbers of the work.
     using Callback = std::function<void(const SUpdateProgress&)>;
 
     /// Sets the callback invoked on the worker's thread; an empty function removes it.

@@ -14,7 +14,9 @@
 class MVRESOURCE_EXPORT ReleaseKey
 {
 public:
+    /// Size of a key id.
     static constexpr int idBytes = 8;
+    /// Size of an Ed25519 public key.
     static constexpr int keyBytes = 32;
 
     /// Reads the line "RW…" or the content of a key file, whose first line is a comment. Returns
@@ -25,9 +27,12 @@ public:
     static bool areUsable(const QStringList& keys, QString& error);
 
     ReleaseKey() = default;
+    /// Takes an id of idBytes, in the order of the file, and a key of keyBytes.
     ReleaseKey(QByteArray id, QByteArray key);
 
+    /// Returns the key id, in the order of the file.
     const QByteArray& id() const { return m_id; }
+    /// Returns the Ed25519 public key.
     const QByteArray& key() const { return m_key; }
     /// Returns the key id as minisign prints it: 16 upper-case hexadecimal digits.
     QString idText() const;

@@ -18,16 +18,21 @@
 class MVRESOURCE_EXPORT ReleaseList
 {
 public:
+    /// Largest list that parse() reads.
     static constexpr qint64 maxBytes = 64 * 1024 * 1024;
+    /// Most files that a list may have.
     static constexpr int maxFiles = 500 * 1000;
+    /// Longest path that a list may have, in UTF-8.
     static constexpr int maxPathBytes = 1024;
 
+    /// One file of a release.
     struct Entry
     {
-        QByteArray digest; ///< see ContentDigest
-        qint64 sizeBytes = 0;
-        QByteArray path; ///< UTF-8
+        QByteArray digest;    ///< see ContentDigest
+        qint64 sizeBytes = 0; ///< of the content
+        QByteArray path;      ///< UTF-8
 
+        /// Returns whether this is a file: find() returns an invalid entry for an unknown path.
         bool isValid() const { return !path.isEmpty(); }
     };
 
@@ -44,6 +49,7 @@ public:
 
     /// Returns the files, sorted by path.
     const QVector<Entry>& entries() const { return m_entries; }
+    /// Returns whether the list has no file.
     bool isEmpty() const { return m_entries.isEmpty(); }
     /// Returns the entry of a path, which may begin with "/" and have doubled slashes, as in
     /// catalogues; an invalid entry if it is not listed.

@@ -18,7 +18,9 @@ class ReleaseKey;
 class MVRESOURCE_EXPORT ReleaseSignature
 {
 public:
+    /// Size of an Ed25519 signature.
     static constexpr int signatureBytes = 64;
+    /// Largest signature file that parse() reads.
     static constexpr qint64 maxBytes = 16 * 1024;
 
     /// Reads a signature file. Returns false, with the reason in `error`, for any other text; `out`

@@ -9,6 +9,7 @@
 #include "download/FileHolders.h"
 #include "download/FileLedger.h"
 #include "download/ItemUpdate.h"
+#include "download/ResourceEvents.h"
 #include "download/RootPlaces.h"
 #include "host/AppOptions.h"
 #include "host/LogL.h"
@@ -133,6 +134,16 @@ QSet<QString> unpackedFolders(const QSet<QString>& files)
     return folders;
 }
 
+/// Tells the process which files a removal or its undoing has moved.
+void tellMoved(const Removal& removal)
+{
+    QStringList paths;
+    for (const Moved& moved : removal.files)
+        paths.append(moved.path);
+    if (!paths.isEmpty())
+        ResourceEvents::instance()->tellFilesChanged(paths);
+}
+
 bool isInAny(const QSet<QString>& folders, const QString& path, const QString& top)
 {
     for (QString folder = QFileInfo(path).path(); folder.size() > top.size();
@@ -186,7 +197,16 @@ void removeEmptyFolders()
 
 ResourceStorage::ResourceStorage() = default;
 
-QVector<Use> ResourceStorage::uses() const
+QVector<SCfg_Item*> ResourceStorage::itemsOnDisk() const
+{
+    const FileHolders holders;
+    QVector<SCfg_Item*> items;
+    for (const FileHolders::Holder& holder : holders.all())
+        items.append(holder.item);
+    return items;
+}
+
+QVector<Use> ResourceStorage::diskUse() const
 {
     const FileHolders holders;
     QVector<Use> uses;
@@ -195,7 +215,7 @@ QVector<Use> ResourceStorage::uses() const
     return uses;
 }
 
-Use ResourceStorage::useOf(SCfg_Item& item) const
+Use ResourceStorage::diskUse(SCfg_Item& item) const
 {
     const FileHolders holders;
     return ::useOf(holders, item, FileHolders::filesOf(item), holds(holders, item) ? 1 : 0);
@@ -212,7 +232,7 @@ qint64 ResourceStorage::usedBytes() const
     return std::accumulate(sizes.cbegin(), sizes.cend(), qint64{0});
 }
 
-Removal ResourceStorage::remove(SCfg_Item& item) const
+Removal ResourceStorage::removeItem(SCfg_Item& item) const
 {
     Removal removal;
     if (CatalogueUse::count() > 0) {
@@ -247,6 +267,7 @@ Removal ResourceStorage::remove(SCfg_Item& item) const
         }
         removal.bytes += file.sizeBytes;
     }
+    tellMoved(removal);
     return removal;
 }
 
@@ -258,6 +279,7 @@ bool ResourceStorage::undo(const Removal& removal)
         AppOptions::instance()->ensureDirExists(QFileInfo(moved->path).path());
         isWhole = QFile::rename(moved->aside, moved->path) && isWhole; // never over a newer file
     }
+    tellMoved(removal);
     return isWhole;
 }
 

@@ -23,43 +23,48 @@ public:
     /// The space that one item takes in the download root.
     struct Use
     {
-        const SCfg_Item* item = nullptr;
-        qint64 ownBytes = 0;    ///< of files that no other item on disk needs
-        qint64 sharedBytes = 0; ///< of those that others need, too
+        const SCfg_Item* item = nullptr; ///< owned by the catalogue
+        qint64 ownBytes = 0;             ///< of files that no other item on disk needs
+        qint64 sharedBytes = 0;          ///< of those that others need, too
+        /// Returns the size of all files of the item.
         qint64 bytes() const { return ownBytes + sharedBytes; }
     };
 
     /// A file that is moved aside: its place and where it is now.
     struct Moved
     {
-        QString path;
-        QString aside;
+        QString path;  ///< where it was, absolute
+        QString aside; ///< where it is now, absolute
     };
 
     /// A removal that can be undone.
     struct Removal
     {
-        QVector<Moved> files;
-        qint64 bytes = 0;
+        QVector<Moved> files; ///< in the order in which they were moved
+        qint64 bytes = 0;     ///< size of the files together
         /// Empty after a success; otherwise why nothing was removed.
         QString error;
+        /// Returns whether the item has been removed.
         bool isComplete() const { return error.isEmpty(); }
     };
 
+    /// Reads nothing; each function looks at the disk when it is called.
     ResourceStorage();
 
-    /// Returns the disk use of every displayed item that is on disk, in the order of the catalogue:
-    /// its definition is in the download root, or a resource that only it names.
-    QVector<Use> uses() const;
+    /// Returns the displayed items that are on disk, in the order of the catalogue: the definition
+    /// of each is in the download root, or a resource that only it names.
+    QVector<SCfg_Item*> itemsOnDisk() const;
+    /// Returns the disk use of the items on disk, in the same order.
+    QVector<Use> diskUse() const;
     /// Returns that of one item.
-    Use useOf(SCfg_Item& item) const;
-    /// Returns the size of all files in the uses(), each counted once.
+    Use diskUse(SCfg_Item& item) const;
+    /// Returns the size of all files in the diskUse(), each counted once.
     qint64 usedBytes() const;
 
     /// Moves the files of an item out of the way that no other item on disk needs: its definition
     /// first, so that a removal that is interrupted leaves an item that is not ready. Previews
     /// stay, and so do the items it uses, if users can choose them themselves.
-    Removal remove(SCfg_Item& item) const;
+    Removal removeItem(SCfg_Item& item) const;
     /// Moves the files of a removal back. Returns false if some could not be, or have come back
     /// already.
     static bool undo(const Removal& removal);

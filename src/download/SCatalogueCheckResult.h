@@ -31,6 +31,7 @@ enum ECatalogueCheckEnd : int {
 /// Result of one catalogue check.
 struct SCatalogueCheckResult
 {
+    /// The outcome.
     ECatalogueCheckEnd m_eEnd = eCatalogueCheck_Current;
     /// Readable details, in English, if the server was unreachable or the catalogue was rejected or
     /// not stored; otherwise empty.

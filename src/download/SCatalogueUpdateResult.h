@@ -21,10 +21,12 @@ enum ECatalogueUpdateEnd : int {
 /// The single outcome of CatalogueUpdate.
 struct MVRESOURCE_EXPORT SCatalogueUpdateResult
 {
+    /// The outcome.
     ECatalogueUpdateEnd m_eEnd = eCatalogueUpdate_Complete;
     /// New files are in the download tree: the host reloads the catalogue once no download runs.
     /// May be true whatever the end.
     bool m_bContentArrived = false;
+    /// Result of the check.
     SCatalogueCheckResult m_check;
     /// Result of the preview runs, including files fetched during the check.
     SPreviewRunResult m_previews;

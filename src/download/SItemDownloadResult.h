@@ -6,6 +6,8 @@
 #include "download/EMVThemeDownLoadError.h"
 #include "host/STransferFailure.h"
 
+#include <QMetaType>
+
 /// Outcomes of an item download, for hosts that act on them.
 enum EItemDownloadEnd : int {
     eItemDownload_Complete = 0,  ///< every file is in place
@@ -16,9 +18,11 @@ enum EItemDownloadEnd : int {
 /// Result of one item download.
 struct SItemDownloadResult
 {
+    /// The outcome.
     EItemDownloadEnd m_eEnd = eItemDownload_Complete;
     /// The code of MVThemeDownLoader::sigDownloadFinish().
     EMVThemeDownLoadError m_eError = eDownLoadError_None;
     /// The first failure; set only if m_eEnd is eItemDownload_Failed.
     STransferFailure m_failure;
 };
+Q_DECLARE_METATYPE(SItemDownloadResult)

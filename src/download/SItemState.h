@@ -24,6 +24,7 @@ struct MVRESOURCE_EXPORT SItemState
     /// False if files are to be fetched whose sizes the release does not name, or of a theme whose
     /// definition is missing.
     bool m_bBytesKnown = true;
+    /// The size of its files on disk, wherever they are.
     qint64 m_nBytesOnDisk = 0;
 };
 

@@ -24,12 +24,13 @@ struct SPreviewRunResult
     /// Maximum number of failures listed; the others are only counted.
     static constexpr int maxFailures = 100;
 
+    /// The outcome.
     EPreviewRunEnd m_eEnd = ePreviewRun_Complete;
     /// Names the catalogue files that could not be read, for display; empty for other outcomes.
     QString m_qsReason;
-    int m_nFetched = 0;
+    int m_nFetched = 0; ///< fetched by the run
     int m_nPresent = 0; ///< were already on disk
-    int m_nFailed = 0;
+    int m_nFailed = 0;  ///< could not be fetched
     /// The first failures, in the order in which they occurred.
     QVector<STransferFailure> m_vecFailures;
     /// The value of the run's end signal: also true for a run cancelled when nothing was left to

@@ -25,7 +25,9 @@
 /// another number.
 struct MVRESOURCE_EXPORT SRelease
 {
+    /// The value of "format" that this version reads.
     static constexpr int knownFormat = 1;
+    /// Largest release.json that is read.
     static constexpr qint64 maxBytes = 4 * 1024;
     /// The largest serial: JSON numbers are exact up to 2^53.
     static constexpr qint64 maxSerial = Q_INT64_C(9007199254740991);

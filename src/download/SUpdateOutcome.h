@@ -19,10 +19,12 @@ enum EItemUpdateEnd : int {
 /// Outcome of an ItemUpdate. A value type.
 struct MVRESOURCE_EXPORT SUpdateOutcome
 {
+    /// The outcome.
     EItemUpdateEnd m_eEnd = eItemUpdate_Complete;
-    int m_nStored = 0; ///< files that were stored or replaced
-    qint64 m_nFetchedBytes = 0;
+    int m_nStored = 0;          ///< files that were stored or replaced
+    qint64 m_nFetchedBytes = 0; ///< received from the server
     /// The first failures, at most maxFailures.
     QVector<STransferFailure> m_vecFailures;
+    /// Maximum number of failures listed.
     static constexpr int maxFailures = 100;
 };

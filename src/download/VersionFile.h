@@ -15,6 +15,7 @@ class MVRESOURCE_EXPORT VersionFile
 public:
     VersionFile() = delete;
 
+    /// Largest version file that is read.
     static constexpr qint64 maxBytes = 64 * 1024;
 
     /// Reads a version file of at most maxBytes. An unreadable one sets `out` to

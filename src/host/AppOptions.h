@@ -14,6 +14,7 @@
 class MVHOST_EXPORT AppOptions
 {
 public:
+    /// Returns the object of this process.
     static AppOptions* instance();
 
     /// Returns the folder for the application's working data, without a trailing slash.
@@ -23,12 +24,16 @@ public:
     /// empty path and if a component of the path is a file or cannot be created.
     bool ensureDirExists(const QString& path) const;
 
-    /// Return whether the product is that partner edition; if it is neither, it is the standard
-    /// edition.
+    /// Returns whether the product is partner edition 1. A product of no partner edition is the
+    /// standard edition.
     bool isPartnerEdition1() const;
+    /// See isPartnerEdition1().
     bool isPartnerEdition2() const;
+    /// See isPartnerEdition1().
     bool isPartnerEdition3() const;
+    /// See isPartnerEdition1().
     bool isPartnerEdition4() const;
+    /// See isPartnerEdition1().
     bool isPartnerEdition5() const;
 
 private:

@@ -16,10 +16,12 @@
 class MVHOST_EXPORT CancelToken
 {
 public:
+    /// Creates a token of its own, which is not cancelled.
     CancelToken();
 
     /// Cancels the operation and ends all waiting. Idempotent.
     void cancel();
+    /// Returns whether cancel() has been called on this token or a copy.
     bool isCancelled() const;
 
     /// Waits until the token is cancelled, but at most for `duration`. Returns isCancelled().

@@ -19,18 +19,22 @@
 class MVHOST_EXPORT ContentDigest
 {
 public:
+    /// Length of a digest's text.
     static constexpr int hexDigits = 64;
 
+    /// Starts with an empty content.
     ContentDigest();
     ~ContentDigest();
     Q_DISABLE_COPY_MOVE(ContentDigest)
 
+    /// Adds the next `length` bytes of the content.
     void add(const char* bytes, qint64 length);
     /// Forgets what has been added.
     void reset();
     /// Returns the digest of what has been added so far.
     QByteArray hex() const;
 
+    /// Returns the digest of a content in memory.
     static QByteArray ofBytes(const QByteArray& bytes);
 
     /// Takes the number of bytes read so far; returns whether to continue.

@@ -19,7 +19,10 @@ class MVHOST_EXPORT CoreContext
 public:
     virtual ~CoreContext();
 
+    /// A filter's definition has been downloaded.
     virtual void addVideoFilter(const std::wstring& name) = 0;
+    /// A transition's definition has been downloaded.
     virtual void addTransition(const std::wstring& name) = 0;
+    /// A motion's definition has been downloaded.
     virtual void addMotion(const std::wstring& name) = 0;
 };

@@ -20,6 +20,7 @@
 class MVHOST_EXPORT FileLock
 {
 public:
+    /// Outcomes of lock().
     enum class Result {
         Locked,
         Busy,         // held by another process, or another object of this one
@@ -40,6 +41,7 @@ public:
     /// Waits for the lock until `cancel` is cancelled.
     Result lock(const CancelToken& cancel);
 
+    /// Returns whether this object holds the lock.
     bool isLocked() const { return m_handle >= 0; }
 
     /// Returns the errno of the last Result::CannotCreate, or 0.

@@ -34,6 +34,7 @@ public:
     /// Takes the values from a parser that has parsed the arguments. Accesses no files. On false
     /// see errorText().
     bool read(const QCommandLineParser& parser);
+    /// Returns why read() failed; empty after a success.
     QString errorText() const { return m_error; }
 
     /// Reads the settings file into hostSettings(), then applies the other options. Keys without a
@@ -46,14 +47,14 @@ public:
     /// HostSettings::dataLocation. Call it after apply().
     QString downloadRoot() const;
 
-    QString settingsFile; ///< an INI file; empty: none
-    QString server;       ///< ends in "/"; empty: not given
-    QString root;         ///< download root; empty: not given
-    QString resources;    ///< installed resources; empty: not given
-    QMap<QString, QString> params;
-    std::optional<EReleasePolicy> releasePolicy;
+    QString settingsFile;                        ///< an INI file; empty: none
+    QString server;                              ///< ends in "/"; empty: not given
+    QString root;                                ///< download root; empty: not given
+    QString resources;                           ///< installed resources; empty: not given
+    QMap<QString, QString> params;               ///< product parameters to set, by key
+    std::optional<EReleasePolicy> releasePolicy; ///< none: not given
     QStringList releaseKeys; ///< replace those of the settings; empty: none given
-    bool verbose = false;
+    bool verbose = false;    ///< see applyLog()
 
 private:
     bool readServer(const QString& text);

@@ -61,8 +61,8 @@ struct MVHOST_EXPORT HostSettings
     QMap<QString, QString> productParams;
 
     /// True: only the left mouse button applies or downloads an item; the right button and the menu
-    /// key request a context menu from the host (mvThemelistview::contextMenuWanted()), others do
-    /// nothing. False: any button applies or downloads. Recommended: true.
+    /// key make it current and request a context menu (mvThemelistview::sigContextMenuRequested()),
+    /// others do nothing. False: any button applies or downloads. Recommended: true.
     bool leftButtonOnly = false;
     /// True: a download that ends after the user has chosen another item of the same kind leaves
     /// its item ready without applying it. False: it applies its item. Recommended: true.
@@ -90,6 +90,7 @@ struct MVHOST_EXPORT HostSettings
     /// same moment do not reach the server together (CatalogueUpdate::startSpread()). 0: it begins
     /// at once.
     int checkSpreadSeconds = 0;
+    /// The largest checkSpreadSeconds.
     static constexpr int maxCheckSpreadSeconds = 24 * 60 * 60;
     /// Recommended: eRelease_Use, or eRelease_Require with releaseKeys.
     EReleasePolicy releasePolicy = eRelease_Ignore;
@@ -99,6 +100,7 @@ struct MVHOST_EXPORT HostSettings
     /// Number of files that an item download or a preview run fetches at a time, 1 to
     /// maxTransfersSideBySide. With 1 they are fetched in order. Recommended: 6.
     int transfersSideBySide = 1;
+    /// The largest transfersSideBySide.
     static constexpr int maxTransfersSideBySide = 32;
     /// Milliseconds that an item download pauses before each file, and at each of the ten steps of
     /// its simulated first phase; see DownloadPacing. Recommended: 0.

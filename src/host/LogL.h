@@ -11,9 +11,9 @@
 
 /// Levels of LogL().
 namespace LogLevel {
-constexpr int detail = 1;
-constexpr int event = 2;
-constexpr int warning = 3;
+constexpr int detail = 1;  ///< for tracing a part
+constexpr int event = 2;   ///< for following what happens
+constexpr int warning = 3; ///< for the host's developer
 } // namespace LogLevel
 
 /// Writes one line to the host's log. Callable from every thread.

@@ -47,19 +47,10 @@ bool isPartName(const QString& name)
 
 EFailureCause causeOf(int error)
 {
-    switch (error) {
-    case ENOSPC:
-#ifdef EDQUOT // not on Windows
-    case EDQUOT:
-#endif
+    if (SystemFile::isFull(error))
         return eFailure_DiskFull;
-    case EACCES:
-    case EPERM:
-    case EROFS:
-        return eFailure_NoPermission;
-    default:
-        return eFailure_LocalFile;
-    }
+    return error == EACCES || error == EPERM || error == EROFS ? eFailure_NoPermission
+                                                               : eFailure_LocalFile;
 }
 
 /// Returns the errno that explains why a folder could not be created, ENOENT by default.

@@ -16,6 +16,7 @@
 class MVHOST_EXPORT PictureFormat
 {
 public:
+    /// The formats; None for any other content.
     enum class Kind { None, Png, Jpeg, Gif };
 
     PictureFormat() = delete;

@@ -30,16 +30,18 @@ enum EFailureCause : int {
 /// One failure of a transfer, for programs and for people. A value type.
 struct MVHOST_EXPORT STransferFailure
 {
-    EFailureCause m_eCause = eFailure_None;
-    QString m_qsUrl;
-    QString m_qsFile; ///< local path
+    EFailureCause m_eCause = eFailure_None; ///< what to act on
+    QString m_qsUrl;                        ///< the address, without a password
+    QString m_qsFile;                       ///< local path
     /// Address, reason, bytes received and local path in one English line, for details and logs.
     QString m_qsDetails;
 
+    /// Returns whether there is a failure.
     bool isFailure() const { return m_eCause != eFailure_None; }
     /// Returns the cause as a short phrase in the application's language ("the disk is full");
     /// empty for eFailure_None.
     QString causeText() const { return causeText(m_eCause); }
+    /// Returns the phrase for a cause.
     static QString causeText(EFailureCause cause);
     /// Returns the cause as a word for programs, in no language: the enumerator without its prefix,
     /// "diskFull"; empty for eFailure_None.

@@ -10,6 +10,7 @@
 /// How a transfer of TransferPool ended. A value type.
 struct STransferOutcome
 {
+    /// The result code.
     ETransferResult m_eResult = eTransfer_Success;
     /// Explains the failure; no failure after a success.
     STransferFailure m_failure;

@@ -10,11 +10,12 @@
 /// did not.
 struct SValidators
 {
-    QByteArray m_etag;
-    QByteArray m_lastModified;
+    QByteArray m_etag;         ///< ETag
+    QByteArray m_lastModified; ///< Last-Modified
     /// The modification date alone identifies the version, see ResponseHead::hasStrongDate().
     bool m_bStrongDate = false;
 
+    /// Returns whether there is no validator.
     bool isEmpty() const { return m_etag.isEmpty() && m_lastModified.isEmpty(); }
     /// Returns whether equal validators prove that nothing has changed.
     bool areReliable() const { return !m_etag.isEmpty() || m_bStrongDate; }

@@ -89,6 +89,8 @@ public:
     static bool link(const QByteArray& existing, const QByteArray& added);
     static bool remove(const QByteArray& name);
 
+    /// Returns whether an errno means that the disk, or the user's share of it, is full.
+    static bool isFull(int error);
     /// Returns the errno that explains why no file or folder can be created in an existing folder:
     /// no permission, or no space. 0 if nothing speaks against it.
     static int obstacleIn(const QByteArray& folder);

@@ -18,6 +18,8 @@ extern "C" LONG NTAPI RtlGetLastNtStatus();
 
 namespace {
 
+/// ERROR_DISK_QUOTA_EXCEEDED, which the cross compiler's headers lack.
+constexpr DWORD quotaExceeded = 1295;
 /// The status behind "access denied" while the last handle of a removed file is open.
 constexpr LONG deletePending = static_cast<LONG>(0xC0000056);
 /// Everybody may read, write, rename and remove a file that is open here.
@@ -39,7 +41,7 @@ int errnoOf(DWORD error)
         return EEXIST;
     case ERROR_DISK_FULL:
     case ERROR_HANDLE_DISK_FULL:
-    case ERROR_DISK_QUOTA_EXCEEDED:
+    case quotaExceeded:
         return ENOSPC;
     case ERROR_ACCESS_DENIED:
     case ERROR_SHARING_VIOLATION:
@@ -346,6 +348,11 @@ bool SystemFile::link(const QByteArray& existing, const QByteArray& added)
 bool SystemFile::remove(const QByteArray& name)
 {
     return succeed(::DeleteFileW(systemName(name).c_str()));
+}
+
+bool SystemFile::isFull(int error)
+{
+    return error == ENOSPC;
 }
 
 int SystemFile::obstacleIn(const QByteArray& folder)

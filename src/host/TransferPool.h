@@ -40,9 +40,10 @@ public:
     /// Takes the outcome of a transfer; called once for each.
     using Ended = std::function<void(const STransferOutcome& outcome)>;
 
+    /// One transfer.
     struct Job
     {
-        QString url;
+        QString url;         ///< http or https, encoded as for CurWrapper::download()
         QString file;        ///< in a folder that exists
         bool resume = false; ///< see CurWrapper::download()
         SValidators known;   ///< unless empty: fetch only if the server has another version
@@ -76,6 +77,7 @@ public:
     /// Returns whether a transfer that has begun and not ended writes this file.
     bool isFetching(const QString& file) const;
 
+    /// The longest wait of step().
     static constexpr std::chrono::milliseconds maxStep{50};
     /// Works on the transfers: returns as soon as some have ended, after calling back, and at the
     /// latest after `longest`, at most maxStep. A callback must neither call it nor destroy the

@@ -14,6 +14,7 @@
 class MVHOST_EXPORT TzProductInfo
 {
 public:
+    /// Returns the object of this process.
     static TzProductInfo* instance();
 
     /// Returns the value configured for `key`, or `defaultValue` if there is none.

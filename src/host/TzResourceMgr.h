@@ -14,6 +14,7 @@
 class MVHOST_EXPORT TzResourceMgr
 {
 public:
+    /// Returns the object of this process.
     static TzResourceMgr* instance();
 
     /// Returns the application's resource folder, without a trailing slash.

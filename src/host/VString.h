@@ -14,6 +14,7 @@ class MVHOST_EXPORT VString
 {
 public:
     VString() = default;
+    /// Takes a path with forward slashes, or any other text.
     explicit VString(const QString& text);
 
     /// Returns the text as a wide string with the platform's own directory separators.

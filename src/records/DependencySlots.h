@@ -17,13 +17,16 @@
 class MVRESOURCE_EXPORT DependencySlots
 {
 public:
+    /// One slot of a theme element.
     struct Slot
     {
-        EDependType type;
-        QLatin1String name;
-        ECfgItemType kind; ///< among whose items the slot's GUID is looked up
+        EDependType type;   ///< its index
+        QLatin1String name; ///< its element in a theme's config
+        ECfgItemType kind;  ///< among whose items the slot's GUID is looked up
     };
+    /// Number of slots.
     static constexpr std::size_t count = 5;
+    /// All slots.
     using Slots = std::array<Slot, count>;
 
     DependencySlots() = delete;

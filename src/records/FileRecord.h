@@ -13,6 +13,7 @@ public:
     class MVRESOURCE_EXPORT Taken
     {
     public:
+        /// Takes over the claim; `other` then holds nothing.
         Taken(Taken&& other) noexcept;
         Taken(const Taken&) = delete;
         Taken& operator=(const Taken&) = delete;
@@ -32,6 +33,7 @@ public:
         SFileInfo* m_info; // not owned; null once released
     };
 
+    /// Gives access to `info`, which must outlive this object.
     explicit FileRecord(SFileInfo& info);
 
     /// Atomically takes the file for the calling thread and resets its counters. The claim must not
@@ -40,8 +42,11 @@ public:
 
     /// Setters write only changed values, so threads that read other fields are not disturbed.
     void setKind(ECfgItemType kind, bool isDisplayHalf);
+    /// Sets the name on the server.
     void setName(const QString& name);
+    /// Sets the absolute path on disk.
     void setFile(const QString& file);
+    /// Sets the bytes received and expected.
     void setCounts(const Counts& counts);
 
 private:

@@ -16,14 +16,17 @@ struct SFileInfo;
 class MVRESOURCE_EXPORT FileView
 {
 public:
+    /// The progress of a file's download.
     struct Counts
     {
-        qint64 receivedBytes = 0;
-        qint64 totalBytes = 0; ///< 0 while unknown
+        qint64 receivedBytes = 0; ///< so far
+        qint64 totalBytes = 0;    ///< 0 while unknown
     };
 
+    /// Gives access to `info`, which must outlive this object.
     explicit FileView(const SFileInfo& info);
 
+    /// Returns the kind of the folder that the file belongs to.
     ECfgItemType kind() const;
     /// Returns whether the file belongs to the display half, see SFileInfo::m_bThumbDir.
     bool isDisplayHalf() const;
@@ -33,6 +36,7 @@ public:
     QString file() const;
     /// Returns whether a download thread has taken the file, see FileRecord::take().
     bool isTaken() const;
+    /// Returns the progress of the file's download.
     Counts counts() const;
 
 private:

@@ -22,17 +22,17 @@ enum class EFavouritesFile {
 /// The properties of one kind of catalogue items.
 struct SKindInfo
 {
-    ECfgItemType type;
-    QLatin1String name;   ///< the kind's element in both catalogue files
-    QLatin1String folder; ///< its folder in both halves of a tree
-    bool hasThumbnail;    ///< its items need a thumbnail to be shown
-    bool hasPreview;      ///< its items need an animated preview to be shown
-    bool hasNoneEntry;    ///< its list begins with the "none" entry, see NoneEntry.h
-    bool isGrouped;       ///< its display category has a group for each theme type
-    EFavouritesFile favourites;
-    QLatin1String exportName; ///< in exported favourites; empty for kinds without favourites
-    QLatin1String definition; ///< root element of a generated definition
-    bool hasDefinitionList;   ///< its folder contains a list of its definitions
+    ECfgItemType type;          ///< the kind
+    QLatin1String name;         ///< the kind's element in both catalogue files
+    QLatin1String folder;       ///< its folder in both halves of a tree
+    bool hasThumbnail;          ///< its items need a thumbnail to be shown
+    bool hasPreview;            ///< its items need an animated preview to be shown
+    bool hasNoneEntry;          ///< its list begins with the "none" entry, see NoneEntry.h
+    bool isGrouped;             ///< its display category has a group for each theme type
+    EFavouritesFile favourites; ///< where its favourites are kept
+    QLatin1String exportName;   ///< in exported favourites; empty for kinds without favourites
+    QLatin1String definition;   ///< root element of a generated definition
+    bool hasDefinitionList;     ///< its folder contains a list of its definitions
 
     /// Returns the name in lower case, as used in manifests and on command lines.
     QString word() const { return QString(name).toLower(); }
@@ -42,7 +42,9 @@ struct SKindInfo
 class MVRESOURCE_EXPORT KindTable
 {
 public:
+    /// Number of kinds.
     static constexpr std::size_t count = 5;
+    /// All rows.
     using Rows = std::array<SKindInfo, count>;
 
     KindTable() = delete;

@@ -25,11 +25,15 @@ struct MVRESOURCE_EXPORT SCfg_Item
     /// Copies every field; the copy shares the parsed theme config and the mutexes with its source.
     /// The resource records get their own storage, so pointers into either vector stay valid.
     SCfg_Item(const SCfg_Item& other);
+    /// Copies every field, as the constructor does.
     SCfg_Item& operator=(const SCfg_Item& other);
+    /// Moves every field; the source may only be assigned to or destroyed.
     SCfg_Item(SCfg_Item&& other) noexcept = default;
+    /// Moves every field, as the constructor does.
     SCfg_Item& operator=(SCfg_Item&& other) noexcept = default;
     ~SCfg_Item() = default;
 
+    /// The kind of item.
     ECfgItemType m_eType = eCfgItem_Filter;
     /// Identity: the GUID in braces as written in the catalogue. Compared exactly, including case.
     QString m_qsGUID;

@@ -22,10 +22,15 @@ class QDebug;
 /// thread. A thread must not copy a record while holding its mutex.
 struct MVRESOURCE_EXPORT SFileInfo
 {
+    /// Creates an empty record with a mutex of its own.
     SFileInfo();
+    /// Copies the fields under the mutex, and shares it.
     SFileInfo(const SFileInfo& other);
+    /// Copies the fields and shares the mutex, as the constructor does.
     SFileInfo& operator=(const SFileInfo& other);
+    /// Moves the fields without locking; the source is left without a mutex.
     SFileInfo(SFileInfo&& other) noexcept = default;
+    /// Moves the fields, as the constructor does.
     SFileInfo& operator=(SFileInfo&& other) noexcept = default;
     ~SFileInfo() = default;
 

@@ -36,12 +36,12 @@ struct MVRESOURCE_EXPORT SThemes_a
     /// One slot per EDependType.
     using SDependArray = std::array<SDependInfo, DependencySlots::count>;
 
-    QString m_qsGUID;
-    QString m_qsName;
-    QVector<SDependArray> m_vecItems;
-    SDependArray m_aStart; ///< opening element; only the text slot is filled
-    SDependArray m_aEnd;   ///< closing element; only the text slot is filled
-    SDependArray m_aMask;  ///< mask; only the filter slot is filled
+    QString m_qsGUID;                 ///< of the theme
+    QString m_qsName;                 ///< of the theme
+    QVector<SDependArray> m_vecItems; ///< the elements, in document order
+    SDependArray m_aStart;            ///< opening element; only the text slot is filled
+    SDependArray m_aEnd;              ///< closing element; only the text slot is filled
+    SDependArray m_aMask;             ///< mask; only the filter slot is filled
 
     /// Calls `visit` for every slot that can be filled, in the order of the elements, then opening,
     /// end and mask. Stops at the first call that returns false, and returns that.

@@ -15,11 +15,13 @@
 class MVRESOURCE_EXPORT ThemeTypes
 {
 public:
+    /// One type of themes.
     struct Type
     {
-        QLatin1String name;
-        int code;
+        QLatin1String name; ///< in the catalogue files
+        int code;           ///< in SCfg_Item::m_nThemeType
     };
+    /// All types.
     using Types = std::array<Type, 4>;
 
     ThemeTypes() = delete;

@@ -8,6 +8,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 /// Tests the demonstration, which serves the samples itself, and an installation set by an option.
 class tst_editor_demo : public QObject
@@ -17,6 +18,8 @@ class tst_editor_demo : public QObject
 private slots:
     void showsTheSamplesAndLeavesNothing();
     void shownScriptEndsWell();
+    void stepThatCannotSucceedFails();
+    void withoutTheToolsItServesTheSamples();
     void resourcesAreThoseOfTheOption();
     void wrongArguments_data();
     void wrongArguments();
@@ -63,7 +66,36 @@ void tst_editor_demo::shownScriptEndsWell()
     VERIFY_ENDED_WELL(
         Editor(world).runDemo({QStringLiteral("--script"), QStringLiteral(MV_DEMO_SCRIPT),
                                QStringLiteral("--screenshot"), pictures}));
-    QVERIFY(QFile::exists(pictures + QStringLiteral("/06-applied.png")));
+    for (const char* name : {"/06-applied.png", "/07-outdated.png", "/08-updated.png"})
+        QVERIFY2(QFile::exists(pictures + QString::fromLatin1(name)), name);
+}
+
+void tst_editor_demo::stepThatCannotSucceedFails()
+{
+    const EditorWorld world;
+    const Outcome outcome = Editor(world).runDemo(
+        {QStringLiteral("--script"), scriptFile(world, "correct \"No Such Theme\"\n")});
+    QCOMPARE(outcome.status, 1);
+    QVERIFY2(outcome.out.contains("(the shop has no such theme)"), outcome.out.constData());
+}
+
+/// As in a build without them.
+void tst_editor_demo::withoutTheToolsItServesTheSamples()
+{
+    const EditorWorld world;
+    const QFileInfo original(QStringLiteral(MVEDITOR_DEMO_PROGRAM));
+    const QString program = world.folder() + QStringLiteral("/bin/mveditor-demo");
+    QVERIFY(QDir().mkpath(QFileInfo(program).path()));
+    QVERIFY(QFile::copy(original.filePath(), program));
+    // Where an installed program finds the samples.
+    QVERIFY(QFile::link(original.path() + QStringLiteral("/../share"),
+                        world.folder() + QStringLiteral("/share")));
+    QProcess process;
+    process.setProcessEnvironment(Editor::environment(world));
+    process.start(program,
+                  {QStringLiteral("--script"),
+                   scriptFile(world, "wait status \"Catalogue updated\"\nwait shown 16\n")});
+    VERIFY_ENDED_WELL(ConsoleProgram::end(process));
 }
 
 void tst_editor_demo::resourcesAreThoseOfTheOption()

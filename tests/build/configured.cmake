@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: The mvresource contributors
 # SPDX-License-Identifier: MIT
 
-# Configures the project on a machine without X11, libzip and cpp-httplib, or without libzip alone.
+# Configures the project on a machine without X11, Qt Quick, libzip and cpp-httplib, or without libzip alone.
 #
 #   noPackages    the libraries and the editor do without, and the editor is made of nothing else
 #   missingPart   what needs a package that is not there says so
@@ -13,7 +13,7 @@ set(packages ${WORK_FOLDER}/packages)
 file(REMOVE_RECURSE ${WORK_FOLDER})
 
 set(missing libzip cpp-httplib)
-set(find_options -DCMAKE_DISABLE_FIND_PACKAGE_X11=ON)
+set(find_options -DCMAKE_DISABLE_FIND_PACKAGE_X11=ON -DCMAKE_DISABLE_FIND_PACKAGE_Qt5Quick=ON)
 if(CASE STREQUAL "demoAlone")
     set(missing libzip)
     set(find_options)
@@ -92,11 +92,12 @@ elseif(CASE STREQUAL "demoAlone")
 elseif(CASE STREQUAL "missingPart")
     set(libraries -DMV_BUILD_APP=OFF -DMV_BUILD_TESTS=OFF)
     refuses("cpp-httplib" ${libraries} -DMV_BUILD_TOOLS=ON -DMV_BUILD_DEMO=OFF)
+    refuses("Qt5Quick" ${libraries} -DMV_BUILD_TOOLS=OFF -DMV_BUILD_DEMO=OFF -DMV_BUILD_QML=ON)
     refuses("MV_BUILD_DEMO needs MV_BUILD_APP" ${libraries} -DMV_BUILD_TOOLS=OFF -DMV_BUILD_DEMO=ON)
 elseif(CASE STREQUAL "subproject")
     configure(${CMAKE_CURRENT_LIST_DIR}/host -DMVRESOURCE=${PROJECT_FOLDER})
     require_success()
-    if(NOT output MATCHES "targets: mvbrowser;mvhost;mvhostui;mvresource\n")
+    if(NOT output MATCHES "targets: mvbrowser;mvhost;mvhostui;mvmodel;mvresource\n")
         message(FATAL_ERROR "the host gets something else:\n${output}")
     endif()
 endif()

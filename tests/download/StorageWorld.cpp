@@ -98,7 +98,7 @@ SCfg_Item& StorageWorld::filter(int number)
 
 bool StorageWorld::fetch(const QVector<SCfg_Item*>& items)
 {
-    return ItemUpdate().run(items).m_eEnd == eItemUpdate_Complete;
+    return ItemUpdate().updateItems(items).m_eEnd == eItemUpdate_Complete;
 }
 
 namespace {

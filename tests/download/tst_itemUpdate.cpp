@@ -55,7 +55,7 @@ const QByteArray changed("PK changed");
 
 void tst_itemUpdate::missingThemeComesWithAllItUses()
 {
-    SUpdateOutcome outcome = ItemUpdate().run({&StorageWorld::theme(1)});
+    SUpdateOutcome outcome = ItemUpdate().updateItem(StorageWorld::theme(1));
     QCOMPARE(outcome.m_eEnd, eItemUpdate_Complete);
     QCOMPARE(m_world.files(),
              (QStringList{text("Themes/1.xml"), text("Themes/1.zip"), text("VideoFilters/11.xml"),
@@ -70,7 +70,7 @@ void tst_itemUpdate::currentItemNeedsNoRequest()
 {
     QVERIFY(StorageWorld::fetch({&StorageWorld::theme(1)}));
     const int before = m_world.targets().size();
-    const SUpdateOutcome outcome = ItemUpdate().run({&StorageWorld::theme(1)});
+    const SUpdateOutcome outcome = ItemUpdate().updateItem(StorageWorld::theme(1));
     QCOMPARE(outcome.m_eEnd, eItemUpdate_Complete);
     QCOMPARE(outcome.m_nStored, 0);
     // The picture of a theme that has none on the server is asked for again.
@@ -85,7 +85,7 @@ void tst_itemUpdate::changedFileIsReplaced()
     m_world.change("VideoFilters/12.zip", changed);
     m_world.publishAndCheck(11);
     QCOMPARE(m_world.content("VideoFilters/12.zip"), StorageWorld::archive(12));
-    const SUpdateOutcome outcome = ItemUpdate().run({&StorageWorld::theme(1)});
+    const SUpdateOutcome outcome = ItemUpdate().updateItem(StorageWorld::theme(1));
     QCOMPARE(outcome.m_eEnd, eItemUpdate_Complete);
     QCOMPARE(outcome.m_nStored, 1);
     QCOMPARE(outcome.m_nFetchedBytes, qint64(changed.size()));
@@ -120,7 +120,7 @@ void tst_itemUpdate::definitionThatIsNoneLeavesTheOldItem()
     m_world.change("Themes/2.xml", "<Resource>");
     m_world.change("Themes/2.zip", changed);
     m_world.publishAndCheck(11);
-    const SUpdateOutcome outcome = ItemUpdate().run({&StorageWorld::theme(2)});
+    const SUpdateOutcome outcome = ItemUpdate().updateItem(StorageWorld::theme(2));
     QCOMPARE(outcome.m_eEnd, eItemUpdate_Failed);
     QCOMPARE(outcome.m_vecFailures.first().m_eCause, eFailure_Damaged);
     QCOMPARE(m_world.content("Themes/2.xml"), StorageWorld::themeConfig({12}));
@@ -144,7 +144,7 @@ void tst_itemUpdate::failedFileLeavesTheOldItem()
     m_world.publishAndCheck(11);
     m_world.route(ReleaseWorld::contentTarget(changed),
                   [](HttpExchange& exchange) { exchange.answer(HttpAnswer(500).body("no")); });
-    const SUpdateOutcome outcome = ItemUpdate().run({&StorageWorld::theme(1)});
+    const SUpdateOutcome outcome = ItemUpdate().updateItem(StorageWorld::theme(1));
     QCOMPARE(outcome.m_eEnd, eItemUpdate_Failed);
     QCOMPARE(outcome.m_vecFailures.size(), 1);
     QVERIFY(outcome.m_vecFailures.first().m_qsUrl.endsWith(text("Themes/1.zip")));
@@ -163,7 +163,7 @@ void tst_itemUpdate::otherItemsOfTheSetAreUpdatedAllTheSame()
     m_world.route(ReleaseWorld::contentTarget(StorageWorld::archive(1)),
                   [](HttpExchange& exchange) { exchange.answer(HttpAnswer(500).body("no")); });
     const SUpdateOutcome outcome =
-        ItemUpdate().run({&StorageWorld::theme(1), nullptr, &StorageWorld::filter(13)});
+        ItemUpdate().updateItems({&StorageWorld::theme(1), nullptr, &StorageWorld::filter(13)});
     QCOMPARE(outcome.m_eEnd, eItemUpdate_Failed);
     QCOMPARE(m_world.files(),
              (QStringList{text("VideoFilters/13.xml"), text("VideoFilters/13.zip")}));
@@ -172,7 +172,7 @@ void tst_itemUpdate::otherItemsOfTheSetAreUpdatedAllTheSame()
 void tst_itemUpdate::otherContentIsNotStored()
 {
     m_world.serve(ReleaseWorld::contentTarget(StorageWorld::archive(13)), changed);
-    const SUpdateOutcome outcome = ItemUpdate().run({&StorageWorld::filter(13)});
+    const SUpdateOutcome outcome = ItemUpdate().updateItem(StorageWorld::filter(13));
     QCOMPARE(outcome.m_eEnd, eItemUpdate_Failed);
     QCOMPARE(outcome.m_vecFailures.first().m_eCause, eFailure_Damaged);
     QCOMPARE(m_world.files(), QStringList());
@@ -196,7 +196,7 @@ void tst_itemUpdate::cancelReplacesNothingAndKeepsWhatHasArrived()
         return true;
     });
     ItemUpdate update(token);
-    QCOMPARE(update.run({&StorageWorld::theme(1)}).m_eEnd, eItemUpdate_Cancelled);
+    QCOMPARE(update.updateItem(StorageWorld::theme(1)).m_eEnd, eItemUpdate_Cancelled);
     QCOMPARE(m_world.files(), QStringList());
     QVERIFY(QFileInfo::exists(arrivals()));
 
@@ -214,7 +214,7 @@ void tst_itemUpdate::cancelBeforeTheRunBeginsNothing()
     token.cancel();
     const int before = m_world.targets().size();
     ItemUpdate update(token);
-    QCOMPARE(update.run({&StorageWorld::theme(1)}).m_eEnd, eItemUpdate_Cancelled);
+    QCOMPARE(update.updateItem(StorageWorld::theme(1)).m_eEnd, eItemUpdate_Cancelled);
     QCOMPARE(requestsSince(before), 0);
 }
 
@@ -229,7 +229,7 @@ void tst_itemUpdate::progressNeverDecreasesAndEndsAtTheTotal()
         last = fetchedBytes;
         lastTotal = totalBytes;
     });
-    const SUpdateOutcome outcome = update.run({&StorageWorld::theme(1)});
+    const SUpdateOutcome outcome = update.updateItem(StorageWorld::theme(1));
     QVERIFY(grows);
     QCOMPARE(last, outcome.m_nFetchedBytes);
     QCOMPARE(lastTotal, outcome.m_nFetchedBytes);
@@ -267,7 +267,7 @@ void tst_itemUpdate::requiredReleaseRefusesUnlistedFiles()
     m_world.unlist(text("config/VideoFilters/13.zip"));
     m_world.publishAndCheck(11);
     hostSettings().releasePolicy = eRelease_Require;
-    const SUpdateOutcome outcome = ItemUpdate().run({&StorageWorld::filter(13)});
+    const SUpdateOutcome outcome = ItemUpdate().updateItem(StorageWorld::filter(13));
     QCOMPARE(outcome.m_eEnd, eItemUpdate_Failed);
     QVERIFY(!m_world.targets().contains("/config/VideoFilters/13.zip"));
     QCOMPARE(m_world.files(), QStringList());

@@ -71,7 +71,7 @@ void tst_resourceStorage::init()
 
 void tst_resourceStorage::useTellsOwnAndShared()
 {
-    const ResourceStorage::Use use = m_storage.useOf(StorageWorld::theme(1));
+    const ResourceStorage::Use use = m_storage.diskUse(StorageWorld::theme(1));
     QCOMPARE(use.ownBytes, sizeOf(m_world, {"Themes/1.xml", "Themes/1.zip"}));
     QCOMPARE(use.sharedBytes,
              sizeOf(m_world,
@@ -92,7 +92,7 @@ void tst_resourceStorage::usedBytesCountAFileOnce()
 void tst_resourceStorage::onlyItemsOnDiskAreListed()
 {
     QStringList guids;
-    const QVector<ResourceStorage::Use> uses = m_storage.uses();
+    const QVector<ResourceStorage::Use> uses = m_storage.diskUse();
     for (const ResourceStorage::Use& use : uses)
         guids.append(use.item->m_qsGUID);
     guids.sort();
@@ -105,7 +105,7 @@ void tst_resourceStorage::onlyItemsOnDiskAreListed()
 void tst_resourceStorage::removalKeepsWhatOthersNeed()
 {
     const qint64 own = sizeOf(m_world, {"Themes/1.xml", "Themes/1.zip"});
-    const ResourceStorage::Removal removal = m_storage.remove(StorageWorld::theme(1));
+    const ResourceStorage::Removal removal = m_storage.removeItem(StorageWorld::theme(1));
     QVERIFY2(removal.isComplete(), qPrintable(removal.error));
     QCOMPARE(removal.bytes, own);
     QCOMPARE(m_world.files(),
@@ -117,11 +117,11 @@ void tst_resourceStorage::removalKeepsWhatOthersNeed()
 
 void tst_resourceStorage::removalOfTheLastUserTakesHiddenItemsAlong()
 {
-    m_storage.remove(StorageWorld::theme(1));
-    m_storage.remove(StorageWorld::theme(2));
+    m_storage.removeItem(StorageWorld::theme(1));
+    m_storage.removeItem(StorageWorld::theme(2));
     QCOMPARE(m_world.files(),
              (QStringList{text("VideoFilters/11.xml"), text("VideoFilters/11.zip")}));
-    m_storage.remove(StorageWorld::filter(11));
+    m_storage.removeItem(StorageWorld::filter(11));
     QCOMPARE(m_world.files(), QStringList());
 }
 
@@ -136,19 +136,19 @@ void tst_resourceStorage::sharedResourcePutsNoItemOnDisk()
     MVThemeMgr::init()->load(true);
     CatalogueFiles::write(m_world.file("ThemesBgm/song.mp3"), "song");
 
-    QCOMPARE(m_storage.uses().size(), 3);
-    QCOMPARE(m_storage.useOf(StorageWorld::theme(2)).sharedBytes,
+    QCOMPARE(m_storage.diskUse().size(), 3);
+    QCOMPARE(m_storage.diskUse(StorageWorld::theme(2)).sharedBytes,
              sizeOf(m_world, {"VideoFilters/12.xml", "VideoFilters/12.zip", "ThemesBgm/song.mp3"}));
-    m_storage.remove(StorageWorld::theme(2));
+    m_storage.removeItem(StorageWorld::theme(2));
     QVERIFY(m_world.files().contains(text("ThemesBgm/song.mp3")));
-    QCOMPARE(m_storage.uses().size(), 2);
-    m_storage.remove(StorageWorld::theme(1));
+    QCOMPARE(m_storage.diskUse().size(), 2);
+    m_storage.removeItem(StorageWorld::theme(1));
     QVERIFY(!m_world.files().contains(text("ThemesBgm/song.mp3")));
 }
 
 void tst_resourceStorage::removedItemIsMissing()
 {
-    m_storage.remove(StorageWorld::theme(1));
+    m_storage.removeItem(StorageWorld::theme(1));
     QCOMPARE(FileStates(FileStates::Depth::Quick).of(StorageWorld::theme(1)).m_eState,
              eFile_Missing);
     QVERIFY(StorageWorld::fetch({&StorageWorld::theme(1)}));
@@ -158,7 +158,7 @@ void tst_resourceStorage::removedItemIsMissing()
 void tst_resourceStorage::undoBringsEverythingBack()
 {
     const QStringList before = m_world.files();
-    const ResourceStorage::Removal removal = m_storage.remove(StorageWorld::theme(1));
+    const ResourceStorage::Removal removal = m_storage.removeItem(StorageWorld::theme(1));
     QVERIFY(m_world.files() != before);
     QVERIFY(ResourceStorage::undo(removal));
     QCOMPARE(m_world.files(), before);
@@ -169,7 +169,7 @@ void tst_resourceStorage::undoBringsEverythingBack()
 
 void tst_resourceStorage::undoKeepsNewerFiles()
 {
-    const ResourceStorage::Removal removal = m_storage.remove(StorageWorld::theme(1));
+    const ResourceStorage::Removal removal = m_storage.removeItem(StorageWorld::theme(1));
     CatalogueFiles::write(m_world.file("Themes/1.zip"), "newer");
     QVERIFY(!ResourceStorage::undo(removal));
     QCOMPARE(m_world.content("Themes/1.zip"), QByteArray("newer"));
@@ -177,7 +177,7 @@ void tst_resourceStorage::undoKeepsNewerFiles()
 
 void tst_resourceStorage::purgedRemovalCannotBeUndone()
 {
-    const ResourceStorage::Removal removal = m_storage.remove(StorageWorld::theme(1));
+    const ResourceStorage::Removal removal = m_storage.removeItem(StorageWorld::theme(1));
     QVERIFY(QFileInfo::exists(removed()));
     ResourceStorage::purge();
     QVERIFY(!QFileInfo::exists(removed()));
@@ -188,7 +188,7 @@ void tst_resourceStorage::previewsStay()
 {
     const QString thumbnail = m_world.preview("Themes", "t.jpg");
     CatalogueFiles::write(thumbnail, "picture");
-    m_storage.remove(StorageWorld::theme(1));
+    m_storage.removeItem(StorageWorld::theme(1));
     QVERIFY(QFileInfo::exists(thumbnail));
 }
 
@@ -196,7 +196,7 @@ void tst_resourceStorage::installedFilesStay()
 {
     const QString installed = StorageWorld::installed("VideoFilters/13.zip");
     CatalogueFiles::write(installed, "own");
-    const ResourceStorage::Removal removal = m_storage.remove(StorageWorld::filter(13));
+    const ResourceStorage::Removal removal = m_storage.removeItem(StorageWorld::filter(13));
     QVERIFY(removal.isComplete());
     QVERIFY(removal.files.isEmpty());
     QVERIFY(QFileInfo::exists(installed));
@@ -206,7 +206,7 @@ void tst_resourceStorage::nothingIsRemovedWhileADownloadWorks()
 {
     const QStringList before = m_world.files();
     const CatalogueUse use;
-    const ResourceStorage::Removal removal = m_storage.remove(StorageWorld::theme(1));
+    const ResourceStorage::Removal removal = m_storage.removeItem(StorageWorld::theme(1));
     QVERIFY(!removal.isComplete());
     QCOMPARE(removal.error, text("a download or an update is working"));
     QCOMPARE(m_world.files(), before);
@@ -232,7 +232,7 @@ void tst_resourceStorage::nothingIsJudgedByAStandInCatalogue()
     MVThemeMgr::init()->load(true);
     QVERIFY(!MVThemeMgr::init()->isCatalogueRead());
     CatalogueFiles::write(m_world.file("Themes/old.zip"), "old");
-    QCOMPARE(m_storage.remove(StorageWorld::theme(1)).error,
+    QCOMPARE(m_storage.removeItem(StorageWorld::theme(1)).error,
              text("the downloaded catalogue cannot be read"));
     QCOMPARE(m_storage.leftovers(), QStringList());
     QVERIFY(QFile::remove(m_world.file("Themes/old.zip")));
@@ -241,14 +241,14 @@ void tst_resourceStorage::nothingIsJudgedByAStandInCatalogue()
     CatalogueFiles::write(path, content);
     MVThemeMgr::init()->load(true);
     QVERIFY(MVThemeMgr::init()->isCatalogueRead());
-    QVERIFY(m_storage.remove(StorageWorld::theme(1)).isComplete());
+    QVERIFY(m_storage.removeItem(StorageWorld::theme(1)).isComplete());
 }
 
 void tst_resourceStorage::failedRemovalChangesNothing()
 {
     const QStringList before = m_world.files();
     CatalogueFiles::write(removed(), "a file where the folder should be");
-    const ResourceStorage::Removal removal = m_storage.remove(StorageWorld::theme(1));
+    const ResourceStorage::Removal removal = m_storage.removeItem(StorageWorld::theme(1));
     QVERIFY(!removal.isComplete());
     QVERIFY2(removal.error.endsWith(text("cannot be removed")), qPrintable(removal.error));
     QCOMPARE(m_world.files(), before);
@@ -290,7 +290,7 @@ void tst_resourceStorage::cleaningFreesLeftoversOnly()
 {
     const QStringList before = m_world.files();
     CatalogueFiles::write(m_world.file("Themes/old/deep/old.zip"), "old");
-    const ResourceStorage::Removal removal = m_storage.remove(StorageWorld::theme(2));
+    const ResourceStorage::Removal removal = m_storage.removeItem(StorageWorld::theme(2));
     QVERIFY(ResourceStorage::undo(removal));
     CatalogueFiles::write(removed() + text("/1/0"), "removed");
     CatalogueFiles::write(m_world.downloadedFile("updates") + text("/x"), "part");
@@ -321,7 +321,7 @@ void tst_resourceStorage::whatAThemeThatCannotBeReadMayUseStays()
 {
     CatalogueFiles::write(m_world.file("Themes/2.xml"), "<Resource>");
     MVThemeMgr::init()->load(true);
-    QVERIFY(m_storage.remove(StorageWorld::theme(1)).isComplete());
+    QVERIFY(m_storage.removeItem(StorageWorld::theme(1)).isComplete());
     QVERIFY(m_world.files().contains(text("VideoFilters/12.zip")));
     QVERIFY(!m_world.files().contains(text("Themes/1.zip")));
 }

@@ -55,6 +55,11 @@ ScriptRun::ScriptRun(MainWindow& window, const CatalogueUpdate& check, const QSt
         m_error = QStringLiteral("the folder cannot be created: %1").arg(m_pictures);
 }
 
+void ScriptRun::addVerb(const QString& verb, const Perform& perform)
+{
+    m_verbs.insert(verb, perform);
+}
+
 void ScriptRun::start()
 {
     if (m_scripted)
@@ -82,7 +87,7 @@ void ScriptRun::tryStep()
             finish();
         return;
     }
-    if (!m_stepTime.hasExpired(longestStep))
+    if (!m_stepTime.hasExpired(longestStep) && !m_isHopeless)
         return;
     print(QStringLiteral("FAILED in line %1: %2 (%3)")
               .arg(QString::number(step.line), step.text(), m_missing));
@@ -121,8 +126,21 @@ bool ScriptRun::done(const ScriptStep& step)
         m_missing = m_conditions.errorText();
         return holds;
     }
+    return performed(step);
+}
+
+/// Performs a step that the program has added.
+bool ScriptRun::performed(const ScriptStep& step)
+{
     m_missing = QStringLiteral("no such step");
-    return false;
+    const auto perform = m_verbs.constFind(step.verb);
+    if (perform == m_verbs.cend())
+        return false;
+    QString error;
+    const bool isDone = (*perform)(step.words, error);
+    m_isHopeless = !isDone && !error.isEmpty();
+    m_missing = m_isHopeless ? error : QStringLiteral("it has not ended");
+    return isDone;
 }
 
 bool ScriptRun::pointed(const ScriptStep& step)

@@ -9,9 +9,12 @@
 #include "gui/ScriptTargets.h"
 
 #include <QElapsedTimer>
+#include <QHash>
 #include <QObject>
 #include <QTimer>
 #include <QVector>
+
+#include <functional>
 
 class CatalogueUpdate;
 class MainWindow;
@@ -32,6 +35,8 @@ class MainWindow;
 ///     say TEXT                       prints it
 ///     touch FILE                     creates an empty file, to signal an observer
 ///     awaitfile FILE                 waits until the file exists
+///
+/// A program may add others, see addVerb().
 class ScriptRun : public QObject
 {
     Q_OBJECT
@@ -41,6 +46,12 @@ public:
     /// mean no script and no pictures.
     ScriptRun(MainWindow& window, const CatalogueUpdate& check, const QString& scriptFile,
               const QString& pictureFolder);
+
+    /// Performs a step of the program's own. Returns whether it is done; if not, it is called
+    /// again, unless it has set `error`, which ends the script.
+    using Perform = std::function<bool(const QStringList& words, QString& error)>;
+    /// Adds a verb for such steps. Call it before start().
+    void addVerb(const QString& verb, const Perform& perform);
 
     /// Returns false if the script cannot run; see errorText().
     bool isReady() const { return m_error.isEmpty(); }
@@ -53,6 +64,7 @@ private:
     void tryStep();
     bool done(const ScriptStep& step);
     bool pointed(const ScriptStep& step);
+    bool performed(const ScriptStep& step);
     bool wheeled(int steps);
     bool revealed(const QString& name);
     bool typed(bool ok);
@@ -69,10 +81,12 @@ private:
     QVector<ScriptStep> m_steps;
     QString m_pictures;
     bool m_scripted;
+    QHash<QString, Perform> m_verbs; // of the program
     QTimer m_timer;
     QElapsedTimer m_stepTime;
     QPoint m_lastPoint; // position of the current step's target when last checked
     int m_next = 0;
+    bool m_isHopeless = false; // the current step
     bool m_failed = false;
     QString m_error;
     QString m_missing; // the condition for which the current step waits

@@ -1,12 +1,12 @@
 # SPDX-FileCopyrightText: The mvresource contributors
 # SPDX-License-Identifier: MIT
 
-# Builds the libraries statically and tests that their installed tree serves the same program as the shared
+# Builds the libraries statically and tests that their installed tree serves the same programs as the shared
 # ones', see installed_package.cmake. Nobody debugs them, so debug information is left out.
 cmake_minimum_required(VERSION 3.25)
 
 set(BUILD_FOLDER ${WORK_FOLDER}/build)
-set(WORK_FOLDER ${WORK_FOLDER}/package)
+set(folder ${WORK_FOLDER})
 set(off APP TOOLS DEMO TESTS)
 list(TRANSFORM off REPLACE "(.+)" "-DMV_BUILD_\\1=OFF")
 
@@ -30,4 +30,7 @@ file(GLOB_RECURSE shared ${BUILD_FOLDER}/*.so)
 if(shared)
     message(FATAL_ERROR "shared libraries were built: ${shared}")
 endif()
-include(${CMAKE_CURRENT_LIST_DIR}/installed_package.cmake)
+foreach(CASE everything pkgConfig)
+    set(WORK_FOLDER ${folder}/${CASE})
+    include(${CMAKE_CURRENT_LIST_DIR}/installed_package.cmake)
+endforeach()

@@ -3,6 +3,8 @@
 
 #include "Minisign.h"
 
+#include "SmallMachine.h"
+
 #include <QStandardPaths>
 #include <QStringList>
 
@@ -28,7 +30,7 @@ QString Minisign::generate(const QString& file, const QByteArray& password)
     if (password.isEmpty())
         arguments.append(QStringLiteral("-W"));
     const Outcome outcome =
-        ConsoleProgram::runWithInput(program(), arguments, password + '\n' + password + '\n');
+        SmallMachine::runWithInput(program(), arguments, password + '\n' + password + '\n');
     return outcome.status == 0 ? QString() : QString::fromUtf8(outcome.err + outcome.out);
 }
 

@@ -15,8 +15,8 @@ public:
 
     /// Returns the installed program; empty if there is none.
     static QString program();
-    /// Makes a key in `file` and `file`.pub; without a password if that is empty. Returns an error;
-    /// empty: success.
+    /// Makes a key in `file` and `file`.pub, protected as on a SmallMachine; without a password if
+    /// that is empty. Returns an error; empty: success.
     static QString generate(const QString& file, const QByteArray& password);
     static Outcome sign(const QString& file, const QString& key, const QByteArray& password);
     /// Verifies the signature beside a file with the public key in `key`.pub.

@@ -3,6 +3,7 @@
 
 #include "Minisign.h"
 #include "Mvpublish.h"
+#include "SmallMachine.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
 #include "support/TestTexts.h"
@@ -12,6 +13,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
+#include <QtEndian>
 
 namespace {
 
@@ -19,7 +21,8 @@ constexpr int longestMs = 60000;
 
 } // namespace
 
-/// Tests mvpublish keygen. Protecting a key takes seconds and a gigabyte of memory, as intended.
+/// Tests mvpublish keygen. Protecting a key takes seconds and a gigabyte of memory, as intended;
+/// most tests make keys on a small machine.
 class TestMvpublishKeys : public QObject
 {
     Q_OBJECT
@@ -35,6 +38,8 @@ private slots:
     void unwritableFolderIsAFailure();
     void minisignUsesAKeyWithoutAPassword();
     void minisignUsesAKeyWithAPassword();
+    void protectionGoesByTheMemory_data();
+    void protectionGoesByTheMemory();
     void passwordThatIsNoneIsRefused_data();
     void passwordThatIsNoneIsRefused();
     void passwordIsAskedTwiceOnTheTerminal();
@@ -61,13 +66,14 @@ void TestMvpublishKeys::init()
     QDir().mkpath(QFileInfo(m_file).path());
 }
 
-/// Starts mvpublish with a terminal of its own.
+/// Starts mvpublish with a terminal of its own, on a small machine.
 void TestMvpublishKeys::start(QProcess& process, const Terminal& terminal,
                               const QStringList& arguments) const
 {
     process.setStandardInputFile(terminal.device());
     process.start(text("setsid"),
-                  QStringList{text("--ctty"), text("--wait"), Mvpublish::program()} + arguments);
+                  QStringList{text("--ctty"), text("--wait")}
+                      + SmallMachine::command(Mvpublish::program(), arguments));
     QVERIFY(process.waitForStarted());
 }
 
@@ -151,7 +157,7 @@ void TestMvpublishKeys::minisignUsesAKeyWithAPassword()
 {
     if (Minisign::program().isEmpty())
         QSKIP("minisign is not installed");
-    const Outcome outcome = ConsoleProgram::runWithInput(
+    const Outcome outcome = SmallMachine::runWithInput(
         Mvpublish::program(), {text("keygen"), m_file, text("--password-fd"), text("0")},
         "open sesame\r\nrest");
     QCOMPARE(outcome.err, QByteArray());
@@ -162,6 +168,35 @@ void TestMvpublishKeys::minisignUsesAKeyWithAPassword()
     const Outcome signing = Minisign::sign(letter, m_file, "open sesame");
     QVERIFY2(signing.status == 0, signing.err.constData());
     QCOMPARE(Minisign::verify(letter, m_file).status, 0);
+}
+
+void TestMvpublishKeys::protectionGoesByTheMemory_data()
+{
+    QTest::addColumn<bool>("isSmall");
+    QTest::newRow("enough") << false;
+#ifndef __SANITIZE_ADDRESS__ // which small machines do not take
+    QTest::newRow("little") << true;
+#endif
+}
+
+/// By default it is minisign's: as much as scrypt's authors advise for files, with a gigabyte.
+void TestMvpublishKeys::protectionGoesByTheMemory()
+{
+    QFETCH(bool, isSmall);
+    const QStringList arguments{text("keygen"), m_file, text("--password-fd"), text("0")};
+    const auto run = isSmall ? &SmallMachine::runWithInput : &ConsoleProgram::runWithInput;
+    QCOMPARE(run(Mvpublish::program(), arguments, "open sesame\n").status, 0);
+    constexpr int limitsAt = 38; // behind the algorithms and the salt
+    const QByteArray key =
+        QByteArray::fromBase64(CatalogueFiles::read(m_file).split('\n').value(1));
+    const auto operations = qFromLittleEndian<quint64>(key.constData() + limitsAt);
+    const auto memoryBytes = qFromLittleEndian<quint64>(key.constData() + limitsAt + 8);
+    constexpr quint64 usualBytes = 1024 * 1024 * 1024;
+    constexpr quint64 leastBytes = 16 * 1024 * 1024;
+    QVERIFY(memoryBytes >= leastBytes);
+    QCOMPARE(memoryBytes < usualBytes, isSmall);
+    QVERIFY(memoryBytes <= usualBytes);
+    QCOMPARE(operations, memoryBytes / 32);
 }
 
 void TestMvpublishKeys::passwordThatIsNoneIsRefused_data()

@@ -18,6 +18,15 @@
 
 namespace {
 
+/// A key that minisign has made with a gigabyte of memory; its password is "open sesame".
+const QByteArray minisignKey =
+    "untrusted comment: minisign encrypted secret key\n"
+    "RWRTY0Iyaj+mhNOX3HFziEPjHQI9TfnDfahLyRmEgQf7aCYNutAAAAACAAAAAAAAAEAAAAAATXeq0Ziv6ab7gBxbH/KX"
+    "UWtax0Bl0YwNS6cwxQ26wBEzigw8szIWFrYAm4/uQF48eT2+cF2i25vE6fxOkoXhELEaXalQucCDNAEkFR9XkAqQ3mCh"
+    "lo7ieTHm7NslO7wDQyxyWHVwb6I=\n";
+const QByteArray minisignPublicKey = "untrusted comment: minisign public key 793FE21EDB40A7DA\n"
+                                     "RWTap0DbHuI/eeyMD4p3gRFVrkLyPUXM53hSWsn98noZjFDISkrQHuJe\n";
+
 /// A key whose password "open sesame" was made cheap to verify, as no program makes them.
 const QByteArray cheapKey =
     "untrusted comment: minisign encrypted secret key\n"
@@ -43,6 +52,7 @@ private slots:
     void minisignVerifiesIt();
     void keysOfMinisignSign_data();
     void keysOfMinisignSign();
+    void keyWithTheUsualProtectionSigns();
     void laterKeyReplacesTheSignature();
     void signatureIsReadableWhateverTheUmask();
     void wrongKeyFileIsRefused_data();
@@ -57,6 +67,13 @@ private:
     Outcome sign(const QString& key) const
     {
         return Mvpublish::run({text("sign"), m_tree->folder(), text("--key"), key});
+    }
+    Outcome signWith(const QString& key, const QByteArray& password) const
+    {
+        return ConsoleProgram::runWithInput(
+            Mvpublish::program(),
+            {text("sign"), m_tree->folder(), text("--key"), key, text("--password-fd"), text("0")},
+            password);
     }
     /// Returns why the signature is not one of the release by the key; empty if it is.
     QString fault(const QString& key) const;
@@ -131,14 +148,22 @@ void TestMvpublishSign::keysOfMinisignSign()
         QSKIP("minisign is not installed");
     const QString key = home("minisign%1.key").arg(password.size());
     QCOMPARE(Minisign::generate(key, password), QString());
-    const Outcome outcome = ConsoleProgram::runWithInput(
-        Mvpublish::program(),
-        {text("sign"), m_tree->folder(), text("--key"), key, text("--password-fd"), text("0")},
-        password + '\n');
+    const Outcome outcome = signWith(key, password + '\n');
     QCOMPARE(outcome.err, QByteArray());
     QCOMPARE(outcome.status, 0);
     QCOMPARE(fault(key), QString());
     QCOMPARE(Minisign::verify(m_tree->file(ReleasePaths::release()), key).status, 0);
+}
+
+void TestMvpublishSign::keyWithTheUsualProtectionSigns()
+{
+    const QString key = home("usual.key");
+    CatalogueFiles::write(key, minisignKey);
+    CatalogueFiles::write(key + text(".pub"), minisignPublicKey);
+    const Outcome outcome = signWith(key, "open sesame\n");
+    QCOMPARE(outcome.err, QByteArray());
+    QCOMPARE(outcome.status, 0);
+    QCOMPARE(fault(key), QString());
 }
 
 /// As when keys are rotated: hosts know both.
@@ -206,18 +231,12 @@ void TestMvpublishSign::passwordMustBeThatOfTheKey()
     const QString key = home("protected.key");
     CatalogueFiles::write(key, cheapKey);
     CatalogueFiles::write(key + text(".pub"), cheapPublicKey);
-    const auto signWith = [&](const QByteArray& password) {
-        return ConsoleProgram::runWithInput(
-            Mvpublish::program(),
-            {text("sign"), m_tree->folder(), text("--key"), key, text("--password-fd"), text("0")},
-            password);
-    };
-    const Outcome wrong = signWith("open barley\n");
+    const Outcome wrong = signWith(key, "open barley\n");
     QCOMPARE(QString::fromUtf8(wrong.err),
              text("mvpublish: the password of %1 is wrong\n").arg(key));
     QCOMPARE(wrong.status, 2);
     QVERIFY(!QFile::exists(m_tree->file(ReleasePaths::signature())));
-    const Outcome right = signWith("open sesame\n");
+    const Outcome right = signWith(key, "open sesame\n");
     QCOMPARE(right.err, QByteArray());
     QCOMPARE(right.status, 0);
     QCOMPARE(fault(key), QString());

@@ -4,6 +4,7 @@
 #include "download/ReleasePaths.h"
 #include "host/ContentDigest.h"
 #include "Mvpublish.h"
+#include "RcloneServer.h"
 #include "ReleaseClient.h"
 #include "SmallSource.h"
 #include "support/CatalogueFiles.h"
@@ -256,23 +257,12 @@ void TestMvpublishUpload::lintAcceptsWhatAnUploadLeaves()
 /// Any server that rclone can reach will do.
 void TestMvpublishUpload::webdavServerOfRclone()
 {
-    QProcess server;
-    QVERIFY(QDir().mkpath(home("served")));
-    server.start(
-        text("rclone"),
-        {text("serve"), text("webdav"), text("--addr"), text("127.0.0.1:0"), home("served")});
-    QByteArray log;
-    const QRegularExpression address(text("(http://127\\.0\\.0\\.1:([0-9]+)/)\n"));
-    QTRY_VERIFY_WITH_TIMEOUT(
-        QString::fromUtf8(log += server.readAllStandardError()).contains(address), 20000);
-    const QRegularExpressionMatch match = address.match(QString::fromUtf8(log));
-    const QString remote = text(":webdav,url='%1':").arg(match.captured(1));
-    const Outcome outcome = Mvpublish::run({text("upload"), m_tree.folder(), remote});
-    ReleaseClient client(match.captured(2).toUShort());
-    QCOMPARE(client.read(), QString());
-    server.terminate();
-    QVERIFY(server.waitForFinished());
+    RcloneServer server;
+    QVERIFY2(server.start(home("served")), qPrintable(server.errorText()));
+    const Outcome outcome = Mvpublish::run({text("upload"), m_tree.folder(), server.remote()});
     QCOMPARE(outcome.err, QByteArray());
+    ReleaseClient client(server.port());
+    QCOMPARE(client.read(), QString());
     QCOMPARE(client.serial(), 5);
     QCOMPARE(CatalogueFiles::read(home("served/display/Themes/same \xc3\xa4.png")),
              QByteArray("always"));

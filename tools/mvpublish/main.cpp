@@ -9,6 +9,7 @@
 #include "Console.h"
 #include "DiffCommand.h"
 #include "ExitStatus.h"
+#include "host/MvVersion.h"
 #include "KeygenCommand.h"
 #include "LintCommand.h"
 #include "NewCommand.h"
@@ -51,7 +52,7 @@ int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("mvpublish"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(MV_VERSION));
+    QCoreApplication::setApplicationVersion(QStringLiteral(MVRESOURCE_VERSION_STRING));
 
     Arguments arguments;
     if (!arguments.parse(application))

@@ -4,10 +4,10 @@
 #include "DuCommand.h"
 
 #include "Arguments.h"
+#include "catalogue/ItemIndex.h"
 #include "Console.h"
 #include "download/ResourceStorage.h"
 #include "ExitStatus.h"
-#include "ItemIndex.h"
 #include "Items.h"
 #include "Table.h"
 
@@ -58,7 +58,7 @@ QJsonObject toJson(const QVector<Use>& uses, qint64 bytes)
 int DuCommand::run(const Arguments& arguments)
 {
     const ResourceStorage storage;
-    QVector<Use> uses = storage.uses();
+    QVector<Use> uses = storage.diskUse();
     std::stable_sort(uses.begin(), uses.end(), [](const Use& left, const Use& right) {
         return left.bytes() > right.bytes();
     });

@@ -4,10 +4,10 @@
 #include "FavouriteCommand.h"
 
 #include "Arguments.h"
+#include "catalogue/ItemIndex.h"
 #include "catalogue/MVThemeMgr.h"
 #include "Console.h"
 #include "ExitStatus.h"
-#include "ItemIndex.h"
 #include "Items.h"
 #include "records/KindTable.h"
 

@@ -3,8 +3,8 @@
 
 #pragma once
 
+#include "catalogue/ItemIndex.h"
 #include "download/SItemDownloadResult.h"
-#include "ItemIndex.h"
 
 #include <QJsonArray>
 

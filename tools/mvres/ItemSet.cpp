@@ -3,8 +3,8 @@
 
 #include "ItemSet.h"
 
+#include "catalogue/ItemIndex.h"
 #include "host/RegularFile.h"
-#include "ItemIndex.h"
 
 #include <QFile>
 #include <QJsonDocument>

@@ -4,7 +4,6 @@
 #include "Items.h"
 
 #include "catalogue/MVThemeMgr.h"
-#include "download/ResourceStorage.h"
 #include "records/KindTable.h"
 #include "records/ThemeTypes.h"
 
@@ -67,15 +66,6 @@ QVector<SCfg_Item*> displayed()
     QVector<SCfg_Item*> items;
     for (const SKindInfo& kind : KindTable::all())
         items += displayed(kind.type);
-    return items;
-}
-
-QVector<SCfg_Item*> onDisk()
-{
-    QVector<SCfg_Item*> items;
-    const QVector<ResourceStorage::Use> uses = ResourceStorage().uses();
-    for (const ResourceStorage::Use& use : uses)
-        items.append(const_cast<SCfg_Item*>(use.item));
     return items;
 }
 

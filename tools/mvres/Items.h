@@ -26,8 +26,6 @@ QString themeTypeName(const SCfg_Item& item);
 /// Return the shown items, of a kind or of all; owned by the catalogue.
 QVector<SCfg_Item*> displayed(ECfgItemType kind);
 QVector<SCfg_Item*> displayed();
-/// Returns the shown items that have files in the download root; owned by the catalogue.
-QVector<SCfg_Item*> onDisk();
 
 /// Return GUID, kind, name, theme type, favourite and missing files.
 QJsonObject toJson(SCfg_Item& item);

@@ -5,10 +5,10 @@
 
 #include "Arguments.h"
 #include "Console.h"
-#include "download/FileStates.h"
 #include "ExitStatus.h"
 #include "Items.h"
 #include "States.h"
+#include "SurveyText.h"
 #include "Table.h"
 #include "UpdateRun.h"
 
@@ -17,10 +17,11 @@
 #include <QSet>
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
-bool isIncomplete(const Survey::Row& row)
+bool isIncomplete(const ItemSurvey::Row& row)
 {
     return !row.files.isEmpty();
 }
@@ -49,17 +50,13 @@ bool NeedCommand::read(QString& error)
         error = set.errorText();
         return false;
     }
-    QVector<SCfg_Item*> items;
-    QSet<SCfg_Item*> known;
-    for (const ItemSet::Entry& entry : set.entries()) {
-        SCfg_Item* const item = m_index.find(entry.guid);
-        if (!item)
-            m_unknown.append(entry);
-        else if (!known.contains(item))
-            items.append(item);
-        known.insert(item);
-    }
-    m_survey = Survey(FileStates(FileStates::Depth::Quick), items);
+    QStringList guids;
+    for (const ItemSet::Entry& entry : set.entries())
+        guids.append(entry.guid);
+    m_survey = ItemSurvey::verifyGuids(guids);
+    const QSet<QString> unknown(m_survey.unknown().cbegin(), m_survey.unknown().cend());
+    std::copy_if(set.entries().cbegin(), set.entries().cend(), std::back_inserter(m_unknown),
+                 [&](const ItemSet::Entry& entry) { return unknown.contains(entry.guid); });
     return true;
 }
 
@@ -78,7 +75,7 @@ int NeedCommand::fetch()
         return Console::fail(ExitStatus::failure, UpdateRun::serverFault());
     const SUpdateOutcome outcome =
         UpdateRun(m_arguments.json).run(m_survey.where(isIncomplete).items());
-    m_survey = Survey(FileStates(FileStates::Depth::Quick), m_survey.items());
+    m_survey = ItemSurvey::verify(m_survey.items());
     if (m_arguments.json) {
         QJsonObject object = toJson();
         object.insert(QStringLiteral("fetch"), UpdateRun::toJson(outcome));
@@ -93,7 +90,7 @@ int NeedCommand::fetch()
 void NeedCommand::print()
 {
     Table table;
-    for (const Survey::Row& row : m_survey.rows()) {
+    for (const ItemSurvey::Row& row : m_survey.rows()) {
         table.add({row.item->m_qsGUID, Items::kindName(row.item->m_eType),
                    m_index.nameOf(*row.item), States::size(row.state, row.missing),
                    States::text(row.state, row.missing)});
@@ -108,7 +105,7 @@ void NeedCommand::print()
                        .arg(readyCount())
                        .arg(known - readyCount())
                        .arg(m_unknown.size())
-                       .arg(m_survey.total()));
+                       .arg(SurveyText::total(m_survey)));
 }
 
 QJsonObject NeedCommand::toJson()
@@ -118,7 +115,7 @@ QJsonObject NeedCommand::toJson()
         unknown.append(QJsonObject{{QStringLiteral("guid"), entry.guid},
                                    {QStringLiteral("name"), entry.name}});
     }
-    return {{QStringLiteral("items"), m_survey.toJson()},
+    return {{QStringLiteral("items"), SurveyText::toJson(m_survey)},
             {QStringLiteral("unknown"), unknown},
             {QStringLiteral("ready"), readyCount()},
             {QStringLiteral("filesToFetch"), m_survey.fileCount()},
@@ -127,8 +124,7 @@ QJsonObject NeedCommand::toJson()
 
 int NeedCommand::readyCount() const
 {
-    return static_cast<int>(std::count_if(m_survey.rows().cbegin(), m_survey.rows().cend(),
-                                          [](const Survey::Row& row) { return row.isReady(); }));
+    return static_cast<int>(m_survey.ready().size());
 }
 
 int NeedCommand::status() const

@@ -3,9 +3,9 @@
 
 #pragma once
 
-#include "ItemIndex.h"
+#include "catalogue/ItemIndex.h"
+#include "download/ItemSurvey.h"
 #include "ItemSet.h"
-#include "Survey.h"
 
 #include <QJsonObject>
 #include <QString>
@@ -36,5 +36,5 @@ private:
     const Arguments& m_arguments;
     ItemIndex m_index;
     QVector<ItemSet::Entry> m_unknown;
-    Survey m_survey; // of the others
+    ItemSurvey m_survey; // of the others
 };

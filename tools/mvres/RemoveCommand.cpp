@@ -68,13 +68,13 @@ void RemoveCommand::remove(const QVector<SCfg_Item*>& items)
     const ResourceStorage storage;
     for (SCfg_Item* const item : items) {
         const QStringList files = filesOnDisk(*item);
-        m_rows.append({item, files, storage.remove(*item)});
+        m_rows.append({item, files, storage.removeItem(*item)});
         const QString& error = m_rows.constLast().removal.error;
         if (!error.isEmpty())
             Console::note(QStringLiteral("%1: %2").arg(item->m_qsGUID, error));
     }
     ResourceStorage::purge();
-    const QVector<SCfg_Item*> others = Items::onDisk();
+    const QVector<SCfg_Item*> others = storage.itemsOnDisk();
     for (SCfg_Item* const other : others) {
         const QStringList files = filesOnDisk(*other);
         for (const QString& file : files)

@@ -3,8 +3,8 @@
 
 #pragma once
 
+#include "catalogue/ItemIndex.h"
 #include "download/ResourceStorage.h"
-#include "ItemIndex.h"
 
 #include <QHash>
 #include <QJsonArray>

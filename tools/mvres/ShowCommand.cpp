@@ -5,10 +5,10 @@
 
 #include "Arguments.h"
 #include "catalogue/ItemFiles.h"
+#include "catalogue/ItemIndex.h"
 #include "catalogue/MVThemeMgr.h"
 #include "Console.h"
 #include "ExitStatus.h"
-#include "ItemIndex.h"
 #include "Items.h"
 
 #include <QJsonDocument>

@@ -7,10 +7,9 @@
 #include "catalogue/MVThemeMgr.h"
 #include "Console.h"
 #include "download/AcceptedRelease.h"
-#include "download/FileStates.h"
 #include "download/ResourceStorage.h"
 #include "ExitStatus.h"
-#include "Items.h"
+#include "SurveyText.h"
 #include "UpdateRun.h"
 
 #include <QJsonDocument>
@@ -20,17 +19,17 @@ namespace {
 
 bool isOnDisk(SCfg_Item& item)
 {
-    return ResourceStorage().useOf(item).bytes() > 0;
+    return ResourceStorage().diskUse(item).bytes() > 0;
 }
 
-QJsonObject toJson(const Survey& survey)
+QJsonObject toJson(const ItemSurvey& survey)
 {
-    return {{QStringLiteral("items"), survey.toJson()},
+    return {{QStringLiteral("items"), SurveyText::toJson(survey)},
             {QStringLiteral("filesToFetch"), survey.fileCount()},
             {QStringLiteral("bytesToFetch"), static_cast<double>(survey.bytes())}};
 }
 
-bool isChanged(const Survey::Row& row)
+bool isChanged(const ItemSurvey::Row& row)
 {
     return row.state.m_eState == eFile_Outdated || row.state.m_eState == eFile_Damaged;
 }
@@ -75,7 +74,7 @@ bool UpdateCommand::select(QString& error)
     QString unknown;
     const bool isNamed = !m_arguments.operands.isEmpty();
     QVector<SCfg_Item*> items =
-        isNamed ? m_index.findAll(m_arguments.operands, unknown) : Items::onDisk();
+        isNamed ? m_index.findAll(m_arguments.operands, unknown) : ResourceStorage().itemsOnDisk();
     if (!unknown.isNull()) {
         error = QStringLiteral("unknown GUID %1").arg(unknown);
         return false;
@@ -87,11 +86,10 @@ bool UpdateCommand::select(QString& error)
             return false;
         }
     }
-    m_survey =
-        Survey(FileStates(FileStates::Depth::Quick), items).where([&](const Survey::Row& row) {
-            const bool isWanted = isNamed || m_arguments.all || isChanged(row);
-            return isWanted && !row.files.isEmpty();
-        });
+    m_survey = ItemSurvey::verify(items).where([&](const ItemSurvey::Row& row) {
+        const bool isWanted = isNamed || m_arguments.all || isChanged(row);
+        return isWanted && !row.files.isEmpty();
+    });
     return true;
 }
 
@@ -102,25 +100,25 @@ int UpdateCommand::preview()
         Console::print(QJsonDocument(toJson(m_survey)));
         return ExitStatus::success;
     }
-    m_survey.print(m_index);
+    SurveyText::print(m_survey, m_index);
     Console::print(m_survey.rows().isEmpty()
                        ? QStringLiteral("nothing to update")
                        : QStringLiteral("%1 to fetch: %2")
                              .arg(Console::counted(m_survey.rows().size(), QStringLiteral("item")),
-                                  m_survey.total()));
+                                  SurveyText::total(m_survey)));
     return ExitStatus::success;
 }
 
 int UpdateCommand::update()
 {
     const SUpdateOutcome outcome = UpdateRun(m_arguments.json).run(m_survey.items());
-    const Survey after(FileStates(FileStates::Depth::Quick), m_survey.items());
+    const ItemSurvey after = ItemSurvey::verify(m_survey.items());
     if (m_arguments.json) {
         QJsonObject object = toJson(after);
         object.insert(QStringLiteral("update"), UpdateRun::toJson(outcome));
         Console::print(QJsonDocument(object));
     } else {
-        after.print(m_index);
+        SurveyText::print(after, m_index);
         Console::print(UpdateRun::summary(outcome));
     }
     return UpdateRun::statusOf(outcome);

@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "ItemIndex.h"
-#include "Survey.h"
+#include "catalogue/ItemIndex.h"
+#include "download/ItemSurvey.h"
 
 #include <QString>
 #include <QVector>
@@ -30,5 +30,5 @@ private:
 
     const Arguments& m_arguments;
     ItemIndex m_index;
-    Survey m_survey; // of the items that are to be updated
+    ItemSurvey m_survey; // of the items that are to be updated
 };

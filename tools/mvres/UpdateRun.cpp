@@ -48,7 +48,7 @@ SUpdateOutcome UpdateRun::run(const QVector<SCfg_Item*>& items)
         display.updateBytes(fetchedBytes, totalBytes);
     });
     SUpdateOutcome outcome;
-    Background::run(cancel, [&] { outcome = update.run(items); });
+    Background::run(cancel, [&] { outcome = update.updateItems(items); });
     display.finish();
     for (const STransferFailure& failure : qAsConst(outcome.m_vecFailures))
         Console::note(QStringLiteral("%1: %2").arg(failure.causeText(), failure.m_qsDetails));

@@ -10,10 +10,11 @@
 #include "download/AcceptedRelease.h"
 #include "download/EMVThemeDownLoadError.h"
 #include "download/FileStates.h"
+#include "download/ResourceStorage.h"
 #include "ExitStatus.h"
-#include "Items.h"
 #include "ProgressDisplay.h"
 #include "States.h"
+#include "SurveyText.h"
 #include "UpdateRun.h"
 
 #include <QDateTime>
@@ -58,7 +59,7 @@ int VerifyCommand::run(const Arguments& arguments)
     VerifyCommand command(arguments);
     QString unknown;
     const QVector<SCfg_Item*> items = arguments.operands.isEmpty()
-        ? Items::onDisk()
+        ? ResourceStorage().itemsOnDisk()
         : command.m_index.findAll(arguments.operands, unknown);
     if (!unknown.isNull())
         return Console::fail(ExitStatus::failure, QStringLiteral("unknown GUID %1").arg(unknown));
@@ -81,15 +82,14 @@ void VerifyCommand::survey(const QVector<SCfg_Item*>& items)
                                     : ProgressDisplay::Style::None);
     const qint64 total = m_arguments.deep ? readableBytes(items) : 0;
     qint64 done = 0;
-    const FileStates states(m_arguments.deep ? FileStates::Depth::Deep : FileStates::Depth::Quick,
-                            [&](qint64 bytesRead) {
-                                done += bytesRead;
-                                display.updateBytes(done, std::max(done, total));
-                                return !m_cancel.isCancelled();
-                            });
-    Background::run(m_cancel, [&] {
-        m_survey = Survey(states, items, [this] { return m_cancel.isCancelled(); });
-    });
+    const auto depth = m_arguments.deep ? FileStates::Depth::Deep : FileStates::Depth::Quick;
+    const auto progress = [&](qint64 bytesRead) {
+        done += bytesRead;
+        if (bytesRead > 0)
+            display.updateBytes(done, std::max(done, total));
+        return !m_cancel.isCancelled();
+    };
+    Background::run(m_cancel, [&] { m_survey = ItemSurvey::verify(items, depth, progress); });
     display.finish();
 }
 
@@ -105,8 +105,8 @@ int VerifyCommand::report() const
 
 int VerifyCommand::repair()
 {
-    const Survey wrong =
-        m_survey.where([](const Survey::Row& row) { return !row.files.isEmpty(); });
+    const ItemSurvey wrong =
+        m_survey.where([](const ItemSurvey::Row& row) { return !row.files.isEmpty(); });
     if (wrong.rows().isEmpty())
         return report();
     if (!UpdateRun::serverFault().isEmpty())
@@ -127,7 +127,7 @@ int VerifyCommand::repair()
 void VerifyCommand::printSummary() const
 {
     ItemIndex index;
-    m_survey.print(index);
+    SurveyText::print(m_survey, index);
     const SRelease& release = AcceptedRelease::current()->release();
     Console::print(QStringLiteral("release %1 of %2")
                        .arg(release.m_serial)
@@ -155,7 +155,7 @@ QJsonObject VerifyCommand::toJson() const
          QJsonObject{{QStringLiteral("serial"), static_cast<double>(release.m_serial)},
                      {QStringLiteral("published"), release.m_published.toString(Qt::ISODate)}}},
         {QStringLiteral("counts"), counts},
-        {QStringLiteral("items"), m_survey.toJson()},
+        {QStringLiteral("items"), SurveyText::toJson(m_survey)},
         {QStringLiteral("filesToFetch"), m_survey.fileCount()},
         {QStringLiteral("bytesToFetch"), static_cast<double>(m_survey.bytes())},
     };

@@ -3,9 +3,9 @@
 
 #pragma once
 
+#include "catalogue/ItemIndex.h"
+#include "download/ItemSurvey.h"
 #include "host/CancelToken.h"
-#include "ItemIndex.h"
-#include "Survey.h"
 
 #include <QJsonObject>
 #include <QVector>
@@ -34,5 +34,5 @@ private:
     const Arguments& m_arguments;
     CancelToken m_cancel;
     ItemIndex m_index;
-    Survey m_survey;
+    ItemSurvey m_survey;
 };

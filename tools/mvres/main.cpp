@@ -12,6 +12,7 @@
 #include "ExitStatus.h"
 #include "FavouriteCommand.h"
 #include "FetchCommand.h"
+#include "host/MvVersion.h"
 #include "ListCommand.h"
 #include "NeedCommand.h"
 #include "PathsCommand.h"
@@ -55,7 +56,7 @@ int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("mvres"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(MV_VERSION));
+    QCoreApplication::setApplicationVersion(QStringLiteral(MVRESOURCE_VERSION_STRING));
 
     if (QCoreApplication::arguments().contains(QStringLiteral("--json")))
         Console::reportFailuresAsJson(); // even if the other arguments are invalid

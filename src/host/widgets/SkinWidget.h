@@ -24,9 +24,13 @@
 class MVHOSTUI_EXPORT SkinWidget : public QWidget
 {
     Q_OBJECT
+    /// Size of a theme cell in pixels, without padding.
     Q_PROPERTY(QSize themeItemSize READ themeItemSize WRITE setThemeItemSize)
+    /// Pixels around a theme cell.
     Q_PROPERTY(QRect themeItemPadding READ themeItemPadding WRITE setThemeItemPadding)
+    /// Size of a filter cell in pixels, without padding.
     Q_PROPERTY(QSize filterItemSize READ filterItemSize WRITE setFilterItemSize)
+    /// Pixels around a filter cell.
     Q_PROPERTY(QRect filterItemPadding READ filterItemPadding WRITE setFilterItemPadding)
 
 public:
@@ -35,13 +39,21 @@ public:
     /// pointer longer.
     static SkinWidget* instance();
 
+    /// Returns the property of that name.
     QSize themeItemSize() const { return m_themeItemSize; }
+    /// Sets the property themeItemSize.
     void setThemeItemSize(const QSize& size) { m_themeItemSize = size; }
+    /// Returns the property of that name.
     QRect themeItemPadding() const { return m_themeItemPadding; }
+    /// Sets the property themeItemPadding.
     void setThemeItemPadding(const QRect& padding) { m_themeItemPadding = padding; }
+    /// Returns the property of that name.
     QSize filterItemSize() const { return m_filterItemSize; }
+    /// Sets the property filterItemSize.
     void setFilterItemSize(const QSize& size) { m_filterItemSize = size; }
+    /// Returns the property of that name.
     QRect filterItemPadding() const { return m_filterItemPadding; }
+    /// Sets the property filterItemPadding.
     void setFilterItemPadding(const QRect& padding) { m_filterItemPadding = padding; }
 
 private:

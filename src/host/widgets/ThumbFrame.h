@@ -28,11 +28,13 @@ class MVHOSTUI_EXPORT ThumbFrame : public QFrame
     Q_OBJECT
 
 public:
+    /// Creates an empty frame, see setImagePath().
     explicit ThumbFrame(QWidget* parent = nullptr);
     ~ThumbFrame() override;
 
     /// Sets the image file to show; setting the same path changes nothing, see setIsEmpty().
     void setImagePath(const QString& path);
+    /// Returns the path of the image file.
     QString imagePath() const { return m_path; }
 
     /// Drops the decoded image if true; the next paint reads the file again, which ends that state.
@@ -46,6 +48,7 @@ public:
     void setPlaceholderShown(bool shown);
 
 protected:
+    /// Paints the picture, decoding or requesting it first if necessary.
     void paintEvent(QPaintEvent* event) override;
     /// Drops an image that has not arrived, since nobody sees the frame; the next paint requests it
     /// again.

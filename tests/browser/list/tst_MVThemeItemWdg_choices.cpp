@@ -122,26 +122,29 @@ void tst_MVThemeItemWdg_choices::rightButtonAsksForAMenu()
 {
     QFETCH(bool, leftOnly);
     hostSettings().leftButtonOnly = leftOnly;
-    const QSignalSpy wanted(m_list->view(), &mvThemelistview::contextMenuWanted);
+    const QSignalSpy wanted(m_list->view(), &mvThemelistview::sigContextMenuRequested);
+    const HostTrace trace;
     const QWidget* const frame = frameOf(m_list->cell(1));
     m_list->click(frame, Qt::RightButton);
     QCOMPARE(wanted.size(), int(leftOnly));
     if (!leftOnly)
         return;
-    QCOMPARE(wanted.first().at(0).value<SCfg_Item*>(), BrowserWorld::theme(2));
+    QCOMPARE(m_list->view()->currentIndex().row(), 1);
+    QCOMPARE(trace.entries(), QStringList()); // not applied
+    QCOMPARE(wanted.first().at(0).toString(), CatalogueFiles::guid(2));
     QCOMPARE(wanted.first().at(1).toPoint(), frame->mapToGlobal(frame->rect().center()));
 }
 
 void tst_MVThemeItemWdg_choices::menuKeyAsksForTheCurrentCell()
 {
     hostSettings().leftButtonOnly = true;
-    const QSignalSpy wanted(m_list->view(), &mvThemelistview::contextMenuWanted);
+    const QSignalSpy wanted(m_list->view(), &mvThemelistview::sigContextMenuRequested);
     m_list->view()->setCurrentIndex(m_list->view()->model()->index(0, 0));
     QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
     QCoreApplication::sendEvent(m_list->view(), &event);
     QVERIFY(event.isAccepted());
     QCOMPARE(wanted.size(), 1);
-    QCOMPARE(wanted.first().at(0).value<SCfg_Item*>(), BrowserWorld::theme(1));
+    QCOMPARE(wanted.first().at(0).toString(), CatalogueFiles::guid(1));
     const QRect cell(m_list->cell(0)->mapToGlobal(QPoint()), m_list->cell(0)->size());
     QVERIFY(cell.contains(wanted.first().at(1).toPoint()));
 
@@ -169,7 +172,7 @@ void tst_MVThemeItemWdg_choices::noMenuWithoutAnItem()
     ListWindow list(UIItem_Themes);
     list.fill();
     QCOMPARE(list.view()->model()->rowCount(), 3);
-    const QSignalSpy wanted(list.view(), &mvThemelistview::contextMenuWanted);
+    const QSignalSpy wanted(list.view(), &mvThemelistview::sigContextMenuRequested);
     list.view()->setCurrentIndex(list.view()->model()->index(row, 0));
     QContextMenuEvent event(static_cast<QContextMenuEvent::Reason>(reason), QPoint(), QPoint());
     QCoreApplication::sendEvent(list.view(), &event);

@@ -133,7 +133,7 @@ QWidget* tst_mvThemelistview_keyboard::outline() const
 QString tst_mvThemelistview_keyboard::spokenRow(int row) const
 {
     QAccessibleInterface* const list = QAccessible::queryAccessibleInterface(m_list->view());
-    return list->tableInterface()->cellAt(row, 0)->text(QAccessible::Name);
+    return list->child(row)->text(QAccessible::Name);
 }
 
 void tst_mvThemelistview_keyboard::arrowsMoveBetweenCells()
@@ -325,7 +325,7 @@ void tst_mvThemelistview_keyboard::tabLeavesTheListAtOnce()
 
 void tst_mvThemelistview_keyboard::rowsHaveNames()
 {
-    QCOMPARE(spokenRow(0), QStringLiteral("Theme 1"));
+    QVERIFY(spokenRow(0).startsWith(QLatin1String("Theme 1, ")));
     QCOMPARE(spokenRow(12), QStringLiteral("More>>"));
     QCOMPARE(m_list->cell(0)->accessibleName(), QStringLiteral("Theme 1"));
     BrowserLanguage::install(QStringLiteral("ja"));
@@ -353,7 +353,7 @@ void tst_mvThemelistview_keyboard::lastItemKeepsItsName()
     m_world->load();
     m_list = std::make_unique<ListWindow>(UIItem_Filters);
     m_list->fill();
-    QCOMPARE(spokenRow(m_list->rows()->rowCount() - 1), QStringLiteral("Sepia"));
+    QVERIFY(spokenRow(m_list->rows()->rowCount() - 1).startsWith(QLatin1String("Sepia, ")));
 }
 
 void tst_mvThemelistview_keyboard::buttonsHaveNames()

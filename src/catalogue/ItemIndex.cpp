@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The mvresource contributors
 // SPDX-License-Identifier: MIT
 
-#include "ItemIndex.h"
+#include "catalogue/ItemIndex.h"
 
 #include "records/KindTable.h"
 

@@ -4,14 +4,15 @@
 #pragma once
 
 #include "catalogue/CatalogueIndex.h"
+#include "records/MvResourceExport.h"
 
 #include <QString>
 #include <QStringList>
 #include <QVector>
 
-/// Finds many of the catalogue's items by GUID: any number of searches takes time linear in the
-/// catalogue, which must not be reloaded meanwhile.
-class ItemIndex
+/// Finds many items of both catalogue files by GUID alone: any number of searches takes time linear
+/// in the catalogue, which must not be reloaded meanwhile. One thread at a time.
+class MVRESOURCE_EXPORT ItemIndex
 {
 public:
     ItemIndex();

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The mvresource contributors
 // SPDX-License-Identifier: MIT
 
+#include "catalogue/ItemIndex.h"
 #include "catalogue/MVThemeMgr.h"
-#include "ItemIndex.h"
 #include "support/CatalogueFiles.h"
 #include "support/Growth.h"
 #include "support/ProcessorTime.h"
@@ -10,7 +10,7 @@
 
 using Files = CatalogueFiles;
 
-/// Tests finding items for mvres, in time proportional to the size of the catalogue.
+/// Tests finding items by GUID, in time proportional to the size of the catalogue.
 class tst_ItemIndex : public QObject
 {
     Q_OBJECT

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+/// What a list knows of one of its items: the content of the marks and of what a screen reader
+/// says. A value type; see mvThemelistview::stateOf().
+struct SCellState
+{
+    enum class Files {
+        OnDisk,      ///< the item can be applied
+        Missing,     ///< it must be downloaded first
+        Outdated,    ///< on disk, and among mvThemelistview::setUpdatable()
+        Downloading, ///< by its cell
+        Failed,      ///< its last download has failed, and nothing has been tried since
+    };
+
+    Files files = Files::OnDisk;
+    int percent = 0; ///< of a running download, 0 to 100
+    bool isFavourite = false;
+    bool isNew = false;     ///< among mvThemelistview::setNew()
+    bool isApplied = false; ///< see mvThemelistview::appliedItem()
+
+    bool operator==(const SCellState& other) const
+    {
+        return files == other.files && percent == other.percent && isFavourite == other.isFavourite
+            && isNew == other.isNew && isApplied == other.isApplied;
+    }
+    bool operator!=(const SCellState& other) const { return !(*this == other); }
+};

@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "model/ItemStates.h"
+#include "model/ItemTransfers.h"
+
+#include <memory>
+
+/// What all models of the process share; exists as long as any of them. Destroying it cancels
+/// downloads and updates and waits for their threads. Internal to the library; GUI thread only.
+struct ModelEngine
+{
+    static std::shared_ptr<ModelEngine> shared();
+
+    ItemStates states;
+    ItemTransfers transfers{states};
+};

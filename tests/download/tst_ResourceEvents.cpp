@@ -1,0 +1,165 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
+#include "catalogue/CatalogueChanges.h"
+#include "download/ResourceEvents.h"
+#include "download/ResourceStorage.h"
+#include "download/StorageWorld.h"
+#include "host/HostSettings.h"
+#include "support/TestMain.h"
+#include "support/TestTexts.h"
+
+/// Tests that the process learns of downloads and of changed files, whoever caused them.
+class tst_ResourceEvents : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        m_world.freshStorage();
+        hostSettings().downloadStepMs = 0;
+        hostSettings().downloadRetries = 0;
+    }
+
+    void downloadIsTold();
+    void failedDownloadIsTold();
+    void updateTellsItsFiles();
+    void removalAndUndoingTellTheirFiles();
+    void catalogueTellsItsChanges();
+
+private:
+    StorageWorld m_world;
+};
+
+namespace {
+
+/// Records the signals, on the thread that receives them.
+class Recorder : public QObject
+{
+public:
+    Recorder()
+    {
+        ResourceEvents* const events = ResourceEvents::instance();
+        connect(events, &ResourceEvents::downloadStarted, this,
+                [this](ECfgItemType kind, const QString& guid) {
+                    ends.append(QStringLiteral("started %1 %2").arg(kind).arg(guid));
+                });
+        connect(events, &ResourceEvents::downloadProgressed, this,
+                [this](ECfgItemType, const QString&, int percent) { percents.append(percent); });
+        connect(events, &ResourceEvents::downloadEnded, this,
+                [this](ECfgItemType kind, const QString& guid, const SItemDownloadResult& result) {
+                    ends.append(QStringLiteral("ended %1 %2 %3 %4")
+                                    .arg(kind)
+                                    .arg(guid)
+                                    .arg(result.m_eEnd)
+                                    .arg(result.m_failure.m_eCause));
+                });
+        connect(events, &ResourceEvents::filesChanged, this, [this](const QStringList& changed) {
+            paths = changed;
+            paths.sort();
+        });
+    }
+
+    QStringList ends;
+    QVector<int> percents;
+    QStringList paths;
+};
+
+} // namespace
+
+void tst_ResourceEvents::downloadIsTold()
+{
+    const Recorder recorder;
+    MVThemeDownLoader loader(nullptr);
+    loader.download(&StorageWorld::filter(13));
+    QTRY_VERIFY(!recorder.paths.isEmpty());
+    const QString guid = CatalogueFiles::guid(13);
+    QCOMPARE(recorder.ends,
+             (QStringList{text("started 0 ") + guid, text("ended 0 ") + guid + text(" 0 0")}));
+    for (const char* name : {"VideoFilters/13.xml", "VideoFilters/13.zip"})
+        QVERIFY2(recorder.paths.contains(QDir::cleanPath(m_world.file(name))), name);
+    QVERIFY(recorder.percents.contains(100));
+    const QVector<int> sorted = [&] {
+        QVector<int> all = recorder.percents;
+        std::sort(all.begin(), all.end());
+        return all;
+    }();
+    QCOMPARE(recorder.percents, sorted);
+    QCOMPARE(std::adjacent_find(sorted.cbegin(), sorted.cend()), sorted.cend()); // each once
+}
+
+void tst_ResourceEvents::failedDownloadIsTold()
+{
+    m_world.setFault([](HttpExchange& exchange, int) {
+        exchange.answer(HttpAnswer(404).body("no"));
+        return true;
+    });
+    const Recorder recorder;
+    MVThemeDownLoader loader(nullptr);
+    loader.download(&StorageWorld::theme(1));
+    QTRY_COMPARE(recorder.ends.size(), 2);
+    const QString guid = CatalogueFiles::guid(1);
+    QCOMPARE(recorder.ends.last(),
+             text("ended 3 ") + guid
+                 + QStringLiteral(" %1 %2").arg(eItemDownload_Failed).arg(eFailure_NotOnServer));
+}
+
+void tst_ResourceEvents::updateTellsItsFiles()
+{
+    const Recorder recorder;
+    QVERIFY(StorageWorld::fetch({&StorageWorld::filter(13)}));
+    QCOMPARE(recorder.paths,
+             (QStringList{QDir::cleanPath(m_world.file("VideoFilters/13.xml")),
+                          QDir::cleanPath(m_world.file("VideoFilters/13.zip"))}));
+}
+
+void tst_ResourceEvents::removalAndUndoingTellTheirFiles()
+{
+    QVERIFY(StorageWorld::fetch({&StorageWorld::filter(13)}));
+    const QStringList files{QDir::cleanPath(m_world.file("VideoFilters/13.xml")),
+                            QDir::cleanPath(m_world.file("VideoFilters/13.zip"))};
+    Recorder recorder;
+    const ResourceStorage::Removal removal = ResourceStorage().removeItem(StorageWorld::filter(13));
+    QCOMPARE(recorder.paths, files);
+    recorder.paths.clear();
+    QVERIFY(ResourceStorage::undo(removal));
+    QCOMPARE(recorder.paths, files);
+}
+
+void tst_ResourceEvents::catalogueTellsItsChanges()
+{
+    MVThemeMgr* const catalogue = MVThemeMgr::init();
+    QStringList told;
+    const QObject receiver;
+    std::optional<CatalogueUse> use;
+    connect(CatalogueChanges::instance(), &CatalogueChanges::announced, &receiver, [&] {
+        told.append(QStringLiteral("about %1").arg(catalogue->getThemes_Display().size()));
+        use.reset(); // what is given back now does not refuse the call
+    });
+    connect(CatalogueChanges::instance(), &CatalogueChanges::ended, &receiver,
+            [&](bool hasChanged) {
+                told.append(QStringLiteral("changed %1 %2")
+                                .arg(hasChanged)
+                                .arg(catalogue->getThemes_Display().size()));
+            });
+    use.emplace();
+    QVERIFY(catalogue->tryReload());
+    QCOMPARE(told, (QStringList{text("about 2"), text("changed 1 2")}));
+    told.clear();
+    {
+        const CatalogueUse other;
+        QVERIFY(!catalogue->tryClear());
+    }
+    QCOMPARE(told, (QStringList{text("about 2"), text("changed 0 2")}));
+    told.clear();
+    QVERIFY(catalogue->tryClear());
+    QCOMPARE(told, (QStringList{text("about 2"), text("changed 1 0")}));
+    told.clear();
+    catalogue->load(false);
+    catalogue->load(false); // has been read
+    QCOMPARE(told, (QStringList{text("about 0"), text("changed 1 2")}));
+}
+
+MV_TEST_MAIN(tst_ResourceEvents)
+#include "tst_ResourceEvents.moc"

@@ -1,0 +1,160 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
+#include "download/HeldAnswer.h"
+#include "download/StorageWorld.h"
+#include "host/HostSettings.h"
+#include "model/ResourceCatalogue.h"
+#include "ModelWatch.h"
+#include "support/TestMain.h"
+#include "support/TestTexts.h"
+
+/// Tests opening, checking and reloading with signals alone.
+class tst_ResourceCatalogue : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        m_world.freshStorage();
+        hostSettings().downloadStepMs = 0;
+        hostSettings().transfersSideBySide = 6;
+        hostSettings().downloadRetries = 0;
+    }
+
+    void openShowsWhatIsOnDisk();
+    void checkLoadsNewContent();
+    void failedCheckTellsTheReason();
+    void cancelEndsTheCheck();
+    void reloadWaitsForTheDownloadOfAnother();
+    void favouritesAreSaved();
+    void favouritesSurviveAReload();
+
+private:
+    static QString guid(int number) { return CatalogueFiles::guid(number); }
+    StorageWorld m_world;
+};
+
+void tst_ResourceCatalogue::openShowsWhatIsOnDisk()
+{
+    MVThemeMgr::init()->clear();
+    ResourceCatalogue catalogue;
+    const ResourceModel model;
+    QVERIFY(catalogue.open(m_world.root()));
+    QCOMPARE(model.count(), 2);
+    QVERIFY(!catalogue.isBusy());
+    QCOMPARE(catalogue.progress(), -1);
+    QVERIFY(!catalogue.open(home("empty")));
+    QCOMPARE(model.count(), 0);
+}
+
+void tst_ResourceCatalogue::checkLoadsNewContent()
+{
+    ResourceCatalogue catalogue;
+    QVERIFY(!catalogue.open(home("fresh")));
+    ResourceModel model;
+    const ModelWatch watch(model);
+    QSignalSpy reloaded(&catalogue, &ResourceCatalogue::reloaded);
+    QVector<int> phases;
+    connect(&catalogue, &ResourceCatalogue::phaseChanged, this,
+            [&] { phases.append(catalogue.phase()); });
+    QString reason;
+    int outcome = -1;
+    int shown = 0;
+    connect(&catalogue, &ResourceCatalogue::checkEnded, this,
+            [&](ResourceCatalogue::Outcome end, const QString& why) {
+                outcome = end;
+                reason = why;
+                shown = model.count();
+            });
+    QVERIFY(catalogue.check());
+    QVERIFY(!catalogue.check());
+    QTRY_VERIFY(outcome >= 0);
+    QCOMPARE(shown, 2);
+    QCOMPARE(reloaded.count(), 1);
+    QCOMPARE(outcome, int(ResourceCatalogue::PreviewsMissing)); // the server has none
+    QVERIFY(!reason.isEmpty());
+    QCOMPARE(phases,
+             (QVector<int>{ResourceCatalogue::Checking, ResourceCatalogue::FetchingPreviews,
+                           ResourceCatalogue::Idle}));
+    // And from there a theme, with signals alone.
+    QVERIFY(model.fetch(guid(1)));
+    QTRY_COMPARE(watch.ends(), QStringList{text("fetched 1 complete")});
+}
+
+void tst_ResourceCatalogue::failedCheckTellsTheReason()
+{
+    m_world.setFault([](HttpExchange& exchange, int) {
+        exchange.answer(HttpAnswer(500).body("no"));
+        return true;
+    });
+    ResourceCatalogue catalogue;
+    QSignalSpy ended(&catalogue, &ResourceCatalogue::checkEnded);
+    QVERIFY(catalogue.checkSpread());
+    QTRY_COMPARE(ended.count(), 1);
+    QCOMPARE(ended.first().first().value<ResourceCatalogue::Outcome>(), ResourceCatalogue::Failed);
+    QVERIFY(!ended.first().at(1).toString().isEmpty());
+}
+
+void tst_ResourceCatalogue::cancelEndsTheCheck()
+{
+    m_world.setFault([](HttpExchange& exchange, int) {
+        exchange.stall();
+        return true;
+    });
+    ResourceCatalogue catalogue;
+    QSignalSpy ended(&catalogue, &ResourceCatalogue::checkEnded);
+    QVERIFY(catalogue.check());
+    QVERIFY(catalogue.isBusy());
+    catalogue.cancel();
+    QTRY_COMPARE(ended.count(), 1);
+    QCOMPARE(ended.first().first().value<ResourceCatalogue::Outcome>(),
+             ResourceCatalogue::Cancelled);
+}
+
+void tst_ResourceCatalogue::reloadWaitsForTheDownloadOfAnother()
+{
+    HeldAnswer held;
+    m_world.route(ReleaseWorld::contentTarget(StorageWorld::archive(13)),
+                  held.handler(HttpAnswer(200).body(StorageWorld::archive(13))));
+    ResourceCatalogue catalogue;
+    QSignalSpy reloaded(&catalogue, &ResourceCatalogue::reloaded);
+    MVThemeDownLoader other(nullptr);
+    other.download(&StorageWorld::filter(13));
+    QVERIFY(held.hasArrived());
+    QVERIFY(!catalogue.reload());
+    QCOMPARE(reloaded.count(), 0);
+    held.release();
+    QTRY_COMPARE(reloaded.count(), 1);
+    QVERIFY(catalogue.reload());
+}
+
+void tst_ResourceCatalogue::favouritesAreSaved()
+{
+    ResourceModel model;
+    const QString path = MVThemeMgr::init()->Path_ThemeCollect();
+    {
+        const ResourceCatalogue catalogue;
+        QVERIFY(model.setFavourite(guid(2), true));
+        QTRY_VERIFY(CatalogueFiles::read(path).contains(guid(2).toUtf8()));
+        QVERIFY(model.setFavourite(guid(1), true));
+    }
+    QVERIFY(CatalogueFiles::read(path).contains(guid(1).toUtf8()));
+    for (const int number : {1, 2})
+        model.setFavourite(guid(number), false);
+}
+
+void tst_ResourceCatalogue::favouritesSurviveAReload()
+{
+    ResourceCatalogue catalogue;
+    ResourceModel model;
+    const ModelWatch watch(model);
+    QVERIFY(model.setFavourite(guid(2), true));
+    QVERIFY(catalogue.reload());
+    QVERIFY(watch.value(2, ResourceModel::FavouriteRole).toBool());
+    model.setFavourite(guid(2), false);
+}
+
+MV_TEST_MAIN(tst_ResourceCatalogue)
+#include "tst_ResourceCatalogue.moc"
