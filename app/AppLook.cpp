@@ -34,11 +34,8 @@ QString rules(const SSkinColors& colors)
     return QStringLiteral(
                "#appliedName { font-size: 14pt; font-weight: bold; }"
                "#appliedKind, #whyEmpty { color: %1; }"
-               "#failure, *[isNotice=\"true\"] { border: 1px solid %2; border-radius: 4px; }"
-               "#updateMark { background: %3; color: %4; padding: 1px 4px; "
-               "border-radius: 4px; }")
-        .arg(colors.dimText.name(), colors.border.name(), colors.accent.name(),
-             colors.onAccent.name());
+               "#failure, *[isNotice=\"true\"] { border: 1px solid %2; border-radius: 4px; }")
+        .arg(colors.dimText.name(), colors.border.name());
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 
 #include "catalogue/MVThemeMgr.h"
 #include "download/CatalogueUpdate.h"
+#include "ToolTip.h"
 
 #include <QDateTime>
 #include <QEvent>
@@ -22,6 +23,7 @@ CheckStatus::CheckStatus(const CatalogueUpdate& check, QWidget* parent)
 {
     m_label->setObjectName(QStringLiteral("checkStatus"));
     m_label->setTextFormat(Qt::PlainText);
+    m_label->setMinimumWidth(1); // the tool tip has the whole text
     m_busy->setRange(0, 0);
     m_busy->setTextVisible(false);
     constexpr int busyWidth = 90;
@@ -55,7 +57,8 @@ void CheckStatus::refresh()
         text = outcome();
     m_label->setText(text);
     const QString reasons = details();
-    m_label->setToolTip(reasons);
+    m_label->setToolTip(
+        ToolTip::wrapped(reasons.isEmpty() ? text : text + QLatin1Char('\n') + reasons));
     m_label->setAccessibleDescription(reasons);
     m_busy->setAccessibleName(text);
 }

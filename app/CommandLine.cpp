@@ -4,16 +4,12 @@
 #include "CommandLine.h"
 
 #include "download/ReleaseKey.h"
+#include "HelpText.h"
 
 #include <QCommandLineParser>
 #include <QFileInfo>
 
 namespace {
-
-const char description[] =
-    R"(Browses, previews, collects, downloads and applies the resources of a slideshow editor.
-
-Exit status: 0 success; 1 it could not start; 2 bad arguments.)";
 
 /// Returns the error of options that do not parse.
 QString unknownText(const QCommandLineParser& parser)
@@ -32,18 +28,14 @@ QString unknownText(const QCommandLineParser& parser)
 
 bool CommandLine::parse(const QStringList& arguments)
 {
-    // Not addHelpOption(): it also offers help on Qt's own options, which are not parsed here.
-    const QCommandLineOption helpOption({QStringLiteral("h"), QStringLiteral("help")},
-                                        QStringLiteral("print this help"));
+    const ProgramTable described = table();
     QCommandLineParser parser;
-    const QCommandLineOption versionOption = parser.addVersionOption();
-    parser.addOption(helpOption);
-    addOptions(parser);
+    parser.addOptions(described.allOptions());
     if (!parser.parse(arguments))
         return fail(unknownText(parser));
-    if (parser.isSet(helpOption))
-        parser.showHelp();
-    if (parser.isSet(versionOption))
+    if (parser.isSet(ProgramTable::helpOption()))
+        HelpText::printAndExit(HelpText::ofProgram(described));
+    if (parser.isSet(ProgramTable::versionOption()))
         parser.showVersion();
     const QStringList operands = parser.positionalArguments();
     if (operands.size() > 1)
@@ -52,13 +44,9 @@ bool CommandLine::parse(const QStringList& arguments)
     return read(parser);
 }
 
-void CommandLine::addOptions(QCommandLineParser& parser) const
+ProgramTable CommandLine::table() const
 {
-    parser.setApplicationDescription(QString::fromLatin1(description));
-    parser.addPositionalArgument(QStringLiteral("PROJECT"),
-                                 QStringLiteral("a project file to open, see README.md"),
-                                 QStringLiteral("[PROJECT]"));
-    HostOptions::addTo(parser);
+    return programTable();
 }
 
 bool CommandLine::read(const QCommandLineParser& parser)

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "host/HostOptions.h"
+#include "ProgramTable.h"
 
 #include <QString>
 #include <QStringList>
@@ -27,8 +28,8 @@ public:
     QString project; ///< a project file to open; empty: none
 
 protected:
-    /// Adds the options and the description of the program.
-    virtual void addOptions(QCommandLineParser& parser) const;
+    /// Returns what the program takes, and how its help describes it.
+    virtual ProgramTable table() const;
     /// Takes the options' values. Returns fail() with the reason if they are refused.
     virtual bool read(const QCommandLineParser& parser);
     /// Sets errorText() and returns false.

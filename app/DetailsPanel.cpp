@@ -4,19 +4,23 @@
 #include "DetailsPanel.h"
 
 #include "catalogue/MVThemeMgr.h"
+#include "FlowLayout.h"
 #include "ItemFacts.h"
 #include "PreviewPane.h"
+#include "StateText.h"
 #include "StorageBox.h"
+#include "ToolTip.h"
 
+#include <QCheckBox>
 #include <QDateTime>
 #include <QEvent>
 #include <QFileInfo>
-#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLocale>
 #include <QPushButton>
 #include <QTreeWidget>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -29,6 +33,25 @@ QString stateOf(const QString& file)
              QString::number(info.lastModified().toMSecsSinceEpoch()));
 }
 
+/// Appends a bold section to the tree, which owns it.
+QTreeWidgetItem* newSection(QTreeWidget* tree, const QString& title, const QString& sum)
+{
+    auto* const top = new QTreeWidgetItem(tree, {title, sum});
+    top->setTextAlignment(1, Qt::AlignRight);
+    top->setExpanded(true);
+    QFont bold = tree->font();
+    bold.setBold(true);
+    top->setFont(0, bold);
+    return top;
+}
+
+void addRow(QTreeWidgetItem* section, const QString& name, const QString& fact, const QString& tip)
+{
+    auto* const line = new QTreeWidgetItem(section, {name, fact}); // the section owns it
+    line->setTextAlignment(1, Qt::AlignRight);
+    line->setToolTip(0, ToolTip::wrapped(tip));
+}
+
 } // namespace
 
 DetailsPanel::DetailsPanel(QWidget* parent)
@@ -38,6 +61,8 @@ DetailsPanel::DetailsPanel(QWidget* parent)
     , m_kind(new QLabel(this))
     , m_storage(new StorageBox(this))
     , m_tree(new QTreeWidget(this))
+    , m_fileNames(new QCheckBox(this))
+    , m_apply(new QPushButton(this))
     , m_favourite(new QPushButton(this))
     , m_folder(new QPushButton(this))
 {
@@ -67,8 +92,12 @@ DetailsPanel::DetailsPanel(QWidget* parent)
 
 void DetailsPanel::createButtons()
 {
+    m_apply->setObjectName(QStringLiteral("applyShown"));
+    connect(m_apply, &QPushButton::clicked, this, [this] { emit applyWanted(m_eKind, m_guid); });
     m_favourite->setObjectName(QStringLiteral("favourite"));
     m_folder->setObjectName(QStringLiteral("showFolder"));
+    m_fileNames->setObjectName(QStringLiteral("fileNames"));
+    connect(m_fileNames, &QCheckBox::toggled, this, &DetailsPanel::refresh);
     connect(m_favourite, &QPushButton::clicked, this,
             [this] { emit favouriteWanted(m_eKind, m_guid); });
     connect(m_folder, &QPushButton::clicked, this, [this] { emit folderWanted(m_folderPath); });
@@ -76,9 +105,13 @@ void DetailsPanel::createButtons()
 
 void DetailsPanel::arrange()
 {
-    auto* const buttons = new QHBoxLayout;
-    buttons->addWidget(m_favourite, 1);
-    buttons->addWidget(m_folder, 1);
+    auto* const buttons = new QWidget(this);
+    auto* const row = new FlowLayout(buttons);
+    for (QPushButton* button : {m_apply, m_favourite, m_folder}) {
+        button->setParent(buttons);
+        button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        row->addWidget(button);
+    }
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_preview);
@@ -86,8 +119,9 @@ void DetailsPanel::arrange()
     layout->addWidget(m_kind);
     layout->addWidget(m_storage);
     layout->addWidget(m_tree, 1);
+    layout->addWidget(m_fileNames, 0, Qt::AlignLeading);
     layout->addStretch(0); // fills the space while there is no tree
-    layout->addLayout(buttons);
+    layout->addWidget(buttons);
 }
 
 void DetailsPanel::retranslate()
@@ -95,6 +129,9 @@ void DetailsPanel::retranslate()
     m_preview->setAccessibleName(tr("Preview of what is shown"));
     m_preview->setToolTip(tr("Click, or press Space, to play or stop"));
     m_tree->setAccessibleName(tr("What is used, and files"));
+    m_tree->setHeaderLabels({tr("Name"), tr("Kind or size")}); // spoken, not shown
+    m_fileNames->setText(tr("Show file names"));
+    m_apply->setText(tr("Apply"));
     m_folder->setText(tr("Show files in folder"));
 }
 
@@ -128,7 +165,9 @@ void DetailsPanel::showNothing()
     m_kind->setText(tr("Click a cell, or move to it with the arrow keys and press Enter. What it "
                        "lacks is downloaded first."));
     m_tree->hide();
-    m_favourite->setText(tr("Add to favourites"));
+    m_fileNames->hide();
+    m_apply->hide();
+    m_favourite->setText(tr("Add to favorites"));
     m_favourite->setEnabled(false);
     m_folder->setEnabled(false);
 }
@@ -145,8 +184,10 @@ void DetailsPanel::fill(SCfg_Item& item)
     m_kind->setText(facts.kind());
     fillTree(facts);
     m_tree->show();
+    m_fileNames->show();
+    m_apply->setVisible(!(key() == m_applied));
     const bool favourite = MVThemeMgr::init()->isItemCollect(&item);
-    m_favourite->setText(favourite ? tr("Remove favourite") : tr("Add to favourites"));
+    m_favourite->setText(favourite ? tr("Remove favorite") : tr("Add to favorites"));
     m_favourite->setEnabled(true);
     const QVector<ItemFacts::File>& files = facts.files();
     m_folderPath = files.isEmpty() ? QString() : QFileInfo(files.constFirst().path).path();
@@ -155,42 +196,37 @@ void DetailsPanel::fill(SCfg_Item& item)
 
 void DetailsPanel::fillTree(const ItemFacts& facts)
 {
-    const QLocale locale;
     m_tree->clear();
-    const auto section = [this](const QString& title, const QString& sum) {
-        auto* const top = new QTreeWidgetItem(m_tree, {title, sum}); // the tree owns it
-        top->setTextAlignment(1, Qt::AlignRight);
-        top->setExpanded(true);
-        QFont bold = m_tree->font();
-        bold.setBold(true);
-        top->setFont(0, bold);
-        return top;
-    };
-    const auto row = [](QTreeWidgetItem* top, const QString& name, const QString& fact,
-                        const QString& tip) {
-        auto* const line = new QTreeWidgetItem(top, {name, fact});
-        line->setTextAlignment(1, Qt::AlignRight);
-        line->setToolTip(0, tip);
-    };
     if (!facts.used().isEmpty()) {
-        QTreeWidgetItem* const top = section(tr("Uses"), locale.toString(facts.used().size()));
+        QTreeWidgetItem* const top =
+            newSection(m_tree, tr("Uses"), QLocale().toString(facts.used().size()));
         for (const ItemFacts::Used& used : facts.used())
-            row(top, used.name, used.kind, used.name);
+            addRow(top, used.name, used.kind, used.name);
     }
+    addFiles(facts);
+}
+
+void DetailsPanel::addFiles(const ItemFacts& facts)
+{
     QTreeWidgetItem* const top =
-        section(tr("Files: %1").arg(locale.toString(facts.files().size())),
-                locale.formattedDataSize(facts.totalSize(), 1, QLocale::DataSizeSIFormat));
-    for (const ItemFacts::File& file : facts.files())
-        row(top, file.name,
-            file.present ? locale.formattedDataSize(file.size, 1, QLocale::DataSizeSIFormat)
-                         : tr("missing"),
-            file.path);
+        newSection(m_tree, tr("Files: %1").arg(QLocale().toString(facts.files().size())),
+                   StateText::size(facts.totalSize()));
+    for (const ItemFacts::File& file : facts.files()) {
+        addRow(top, m_fileNames->isChecked() ? file.name : file.label,
+               file.present ? StateText::size(file.size) : tr("missing"), file.path);
+    }
 }
 
 void DetailsPanel::setMotionReduced(bool reduced)
 {
     m_motionReduced = reduced;
     m_preview->setPlaying(!reduced && !m_guid.isEmpty());
+}
+
+void DetailsPanel::setApplied(const ItemKey& item)
+{
+    m_applied = item;
+    m_apply->setVisible(!m_guid.isEmpty() && !(key() == m_applied));
 }
 
 void DetailsPanel::changeEvent(QEvent* event)

@@ -11,9 +11,11 @@
 
 class ItemFacts;
 class PreviewPane;
+class QCheckBox;
 class QLabel;
 class QPushButton;
 class QTreeWidget;
+class QTreeWidgetItem;
 class StorageBox;
 struct SCfg_Item;
 
@@ -31,6 +33,8 @@ public:
     /// Looks the item up again, after a reload of the catalogue or a change of a file or favourite.
     void refresh();
     void setMotionReduced(bool reduced);
+    /// Sets which item is applied: another one can be applied here.
+    void setApplied(const ItemKey& item);
 
     /// Returns the item that is shown; an empty key if there is none.
     ItemKey key() const { return {m_eKind, m_guid}; }
@@ -40,6 +44,7 @@ public:
 signals:
     /// key() may have changed.
     void itemShown();
+    void applyWanted(ECfgItemType kind, const QString& guid);
     void favouriteWanted(ECfgItemType kind, const QString& guid);
     void folderWanted(const QString& folder);
 
@@ -52,6 +57,7 @@ private:
     void retranslate();
     void fill(SCfg_Item& item);
     void fillTree(const ItemFacts& facts);
+    void addFiles(const ItemFacts& facts);
     void showNothing();
     SCfg_Item* item() const;
 
@@ -60,6 +66,8 @@ private:
     QLabel* m_kind;
     StorageBox* m_storage;
     QTreeWidget* m_tree;
+    QCheckBox* m_fileNames;
+    QPushButton* m_apply;
     QPushButton* m_favourite;
     QPushButton* m_folder;
     ECfgItemType m_eKind = eCfgItem_Theme;
@@ -67,4 +75,5 @@ private:
     QString m_shownPreview; // the files shown, with their state when opened
     QString m_folderPath;
     bool m_motionReduced = false;
+    ItemKey m_applied;
 };

@@ -9,8 +9,10 @@
 #include "download/CatalogueUpdate.h"
 #include "host/HostSettings.h"
 #include "host/MvVersion.h"
+#include "host/ProductParam.h"
 #include "MainWindow.h"
 #include "Preferences.h"
+#include "SettingsControls.h"
 
 #include <QApplication>
 #include <QFile>
@@ -89,6 +91,7 @@ int EditorProgram::openWindow(int& argc, char** argv)
         qunsetenv(scaleVariable); // programs opened by the window have their own scale
     // The same on every platform, with all colours from the palette.
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    m_startup.takePreferences(preferences, m_commandLine);
     if (!m_startup.openCatalogue(preferences.skin()))
         return refuse(m_startup.errorText());
     AppLanguage::install(preferences.language());
@@ -96,6 +99,9 @@ int EditorProgram::openWindow(int& argc, char** argv)
 
     CatalogueUpdate check;
     MainWindow window(preferences, check);
+    window.settings()->setGiven(
+        {!m_commandLine.host.server.isEmpty(), !m_commandLine.host.root.isEmpty()},
+        m_startup.unavailableFolder());
     if (!m_commandLine.project.isEmpty()) {
         QTimer::singleShot(0, &window, [&] { window.openProject(m_commandLine.project); });
     }
@@ -118,7 +124,8 @@ QString EditorProgram::preferencesFile() const
 int EditorProgram::exec(MainWindow& window, CatalogueUpdate& check)
 {
     window.show();
-    check.startSpread();
+    if (!ProductParam::text(ProductParam::serverRoot).isEmpty())
+        check.startSpread();
     return QApplication::exec();
 }
 

@@ -3,16 +3,23 @@
 
 #include "FailureBox.h"
 
+#include "FlowLayout.h"
+
 #include <QClipboard>
 #include <QEvent>
 #include <QGuiApplication>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QVBoxLayout>
 
-FailureBox::FailureBox(QWidget* parent)
+#include <utility>
+
+FailureBox::FailureBox(ItemKey item, QString name, const STransferFailure& failure, QWidget* parent)
     : QFrame(parent)
+    , m_item(std::move(item))
+    , m_name(std::move(name))
+    , m_failure(failure)
     , m_title(new QLabel(this))
     , m_text(new QPlainTextEdit(this))
     , m_retry(new QPushButton(this))
@@ -32,6 +39,7 @@ FailureBox::FailureBox(QWidget* parent)
     m_text->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     constexpr int lines = 6;
     m_text->setFixedHeight(m_text->fontMetrics().lineSpacing() * lines);
+    m_text->setPlainText(failure.m_qsDetails);
     m_text->hide();
     m_retry->setObjectName(QStringLiteral("failureRetry"));
     m_details->setObjectName(QStringLiteral("failureDetails"));
@@ -40,25 +48,27 @@ FailureBox::FailureBox(QWidget* parent)
     m_close->setObjectName(QStringLiteral("failureClose"));
 
     createLayout();
-    connect(m_retry, &QPushButton::clicked, this, [this] { emit retryWanted(m_kind, m_guid); });
+    connect(m_retry, &QPushButton::clicked, this,
+            [this] { emit retryWanted(m_item.kind, m_item.guid); });
     connect(m_details, &QPushButton::toggled, m_text, &QWidget::setVisible);
     connect(m_copy, &QPushButton::clicked, this, &FailureBox::copy);
-    connect(m_close, &QPushButton::clicked, this, &QWidget::hide);
+    connect(m_details, &QPushButton::toggled, this, &FailureBox::resized);
+    connect(m_close, &QPushButton::clicked, this, &FailureBox::closed);
     retranslate();
-    hide();
 }
 
 void FailureBox::createLayout()
 {
-    auto* const buttons = new QHBoxLayout;
-    buttons->addWidget(m_retry);
-    buttons->addWidget(m_details);
-    buttons->addWidget(m_copy);
-    buttons->addWidget(m_close);
+    auto* const buttons = new QWidget(this);
+    auto* const row = new FlowLayout(buttons);
+    for (QPushButton* button : {m_retry, m_details, m_copy, m_close}) {
+        button->setParent(buttons);
+        row->addWidget(button);
+    }
     auto* const layout = new QVBoxLayout(this);
     layout->addWidget(m_title);
     layout->addWidget(m_text);
-    layout->addLayout(buttons);
+    layout->addWidget(buttons);
 }
 
 void FailureBox::retranslate()
@@ -69,24 +79,7 @@ void FailureBox::retranslate()
     m_details->setText(tr("Details"));
     m_copy->setText(tr("Copy"));
     m_close->setText(tr("Close"));
-}
-
-void FailureBox::showFailure(ECfgItemType kind, const QString& guid, const QString& name,
-                             const STransferFailure& failure)
-{
-    m_kind = kind;
-    m_guid = guid;
-    m_name = name;
-    m_failure = failure;
-    m_text->setPlainText(failure.m_qsDetails);
-    retranslate();
-    show();
-}
-
-void FailureBox::forget(ECfgItemType kind, const QString& guid)
-{
-    if (kind == m_kind && guid == m_guid)
-        hide();
+    setAccessibleName(m_title->text());
 }
 
 void FailureBox::copy() const

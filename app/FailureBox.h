@@ -4,7 +4,7 @@
 #pragma once
 
 #include "host/STransferFailure.h"
-#include "records/ECfgItemType.h"
+#include "ItemKey.h"
 
 #include <QFrame>
 #include <QString>
@@ -13,23 +13,22 @@ class QLabel;
 class QPlainTextEdit;
 class QPushButton;
 
-/// Shows why the most recent failed download failed: the cause in the user's language and, behind a
-/// button, the details (address, reason, bytes and local path), which can be copied. Hidden while
-/// there is no failure.
+/// Shows why one download failed: the cause in the user's language and, behind a button, the
+/// details (address, reason, bytes and local path), which can be copied.
 class FailureBox : public QFrame
 {
     Q_OBJECT
 
 public:
-    explicit FailureBox(QWidget* parent);
+    FailureBox(ItemKey item, QString name, const STransferFailure& failure, QWidget* parent);
 
-    void showFailure(ECfgItemType kind, const QString& guid, const QString& name,
-                     const STransferFailure& failure);
-    /// Hides the box if it shows this item's failure.
-    void forget(ECfgItemType kind, const QString& guid);
+    const ItemKey& item() const { return m_item; }
 
 signals:
     void retryWanted(ECfgItemType kind, const QString& guid);
+    void closed();
+    /// The box needs another height.
+    void resized();
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -39,14 +38,13 @@ private:
     void retranslate();
     void copy() const;
 
+    ItemKey m_item;
+    QString m_name;
+    STransferFailure m_failure;
     QLabel* m_title;
     QPlainTextEdit* m_text;
     QPushButton* m_retry;
     QPushButton* m_details;
     QPushButton* m_copy;
     QPushButton* m_close;
-    QString m_name;
-    QString m_guid;
-    STransferFailure m_failure;
-    ECfgItemType m_kind = eCfgItem_Filter;
 };

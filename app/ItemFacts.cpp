@@ -4,8 +4,8 @@
 #include "ItemFacts.h"
 
 #include "catalogue/CatalogueIndex.h"
-#include "catalogue/ItemFiles.h"
 #include "catalogue/MVThemeMgr.h"
+#include "host/PictureFormat.h"
 #include "records/FileView.h"
 #include "records/ThemeTypes.h"
 
@@ -79,9 +79,50 @@ void ItemFacts::addFiles(const ItemFiles& files)
         });
         first = last;
     }
-    for (const ItemFiles::Entry& entry : qAsConst(entries))
-        m_files.append(
-            {QFileInfo(entry.path).fileName(), entry.path, entry.isPresent, entry.sizeBytes});
+    CatalogueIndex shownItems(MVThemeMgr::init()->getDisplayXML());
+    for (const ItemFiles::Entry& entry : qAsConst(entries)) {
+        QString label = labelOf(entry);
+        if (entry.item != entries.constFirst().item) {
+            const SCfg_Item* const shown =
+                shownItems.find(entry.item->m_eType, entry.item->m_qsGUID);
+            label =
+                tr("%1 (%2)").arg(label, shown ? shown->m_qsName : kindName(entry.item->m_eType));
+        }
+        m_files.append({label, QFileInfo(entry.path).fileName(), entry.path, entry.isPresent,
+                        entry.sizeBytes});
+    }
+}
+
+QString ItemFacts::labelOf(const ItemFiles::Entry& entry)
+{
+    switch (entry.role) {
+    case ItemFiles::Role::Config:
+        return tr("Definition");
+    case ItemFiles::Role::Thumbnail:
+        return tr("Picture");
+    case ItemFiles::Role::Preview:
+        return tr("Animated preview");
+    case ItemFiles::Role::Resource:
+        break;
+    }
+    return resourceLabel(QFileInfo(entry.path).fileName());
+}
+
+QString ItemFacts::resourceLabel(const QString& fileName)
+{
+    const QFileInfo file(fileName);
+    const QString suffix = file.suffix().toLower();
+    const QString name = file.completeBaseName();
+    static const QStringList music{QStringLiteral("mp3"), QStringLiteral("ogg"),
+                                   QStringLiteral("wav"), QStringLiteral("m4a"),
+                                   QStringLiteral("aac"), QStringLiteral("flac")};
+    if (music.contains(suffix))
+        return tr("Music: %1").arg(name);
+    if (PictureFormat::isPictureName(fileName))
+        return tr("Picture: %1").arg(name);
+    if (suffix == QLatin1String("zip"))
+        return tr("Package: %1").arg(name);
+    return name;
 }
 
 QString ItemFacts::kindName(ECfgItemType kind)

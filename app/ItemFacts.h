@@ -3,13 +3,13 @@
 
 #pragma once
 
+#include "catalogue/ItemFiles.h"
 #include "records/ECfgItemType.h"
 
 #include <QCoreApplication>
 #include <QString>
 #include <QVector>
 
-class ItemFiles;
 struct SCfg_Item;
 
 /// Describes one item for display: its kind, the items it uses, its files. The constructor reads
@@ -26,7 +26,8 @@ public:
     };
     struct File
     {
-        QString name;
+        QString label; ///< what the file is, for users: "Music: Snow Bells"
+        QString name;  ///< of the file
         QString path;
         bool present = false;
         qint64 size = 0; ///< bytes on disk
@@ -47,6 +48,8 @@ public:
 private:
     static QString kindName(ECfgItemType kind);
     static QString themeTypeName(int type);
+    static QString labelOf(const ItemFiles::Entry& entry);
+    static QString resourceLabel(const QString& fileName);
     void addUsed(const ItemFiles& files);
     void addFiles(const ItemFiles& files);
 

@@ -10,6 +10,7 @@
 #include "download/ItemSurvey.h"
 #include "download/ItemUpdate.h"
 #include "download/ResourceStorage.h"
+#include "DownloadFolder.h"
 
 #include <QTimer>
 
@@ -58,6 +59,8 @@ struct ItemUpdates::Scan
 
     bool isWhole = false;
     SCfg_Item* watched = nullptr;
+    QString folder; // for downloads
+    qint64 freeBytes = -1;
     Reports reports;
     QVector<ItemKey> updatable;
 };
@@ -66,6 +69,7 @@ void ItemUpdates::Scan::run(const CancelToken& cancel)
 {
     const FileStates states(FileStates::Depth::Quick,
                             [&cancel](qint64) { return !cancel.isCancelled(); });
+    freeBytes = DownloadFolder::freeBytes(folder);
     if (isWhole) {
         CatalogueIndex items(MVThemeMgr::init()->getDisplayXML());
         const QVector<ResourceStorage::Use> uses = ResourceStorage().diskUse();
@@ -77,14 +81,15 @@ void ItemUpdates::Scan::run(const CancelToken& cancel)
         }
     }
     if (watched && !reports.contains({watched->m_eType, watched->m_qsGUID}))
-        reports.insert({watched->m_eType, watched->m_qsGUID}, {states.of(*watched)});
+        reports.insert({watched->m_eType, watched->m_qsGUID},
+                       {states.of(*watched), 0, 0, freeBytes});
 }
 
 void ItemUpdates::Scan::add(const FileStates& states, SCfg_Item& item,
                             const ResourceStorage::Use& use)
 {
     const ItemKey key{item.m_eType, item.m_qsGUID};
-    const Report report{states.of(item), use.ownBytes, use.sharedBytes};
+    const Report report{states.of(item), use.ownBytes, use.sharedBytes, freeBytes};
     reports.insert(key, report);
     if (isUpdatable(report.state))
         updatable.append(key);
@@ -141,6 +146,7 @@ void ItemUpdates::addScan(bool isWhole)
     job.prepare = [this, scan](const CancelToken& cancel) {
         if (scan->isWhole)
             m_isScanWaiting = false;
+        scan->folder = DownloadFolder::inUse();
         scan->watched = m_watched.isEmpty() ? nullptr : m_watched.find();
         auto use = std::make_shared<CatalogueUse>();
         return [scan, use, cancel] { scan->run(cancel); };

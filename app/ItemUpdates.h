@@ -35,6 +35,7 @@ public:
         SItemState state;
         qint64 ownBytes = 0;    ///< on disk, needed by no other item
         qint64 sharedBytes = 0; ///< on disk, needed by others, too
+        qint64 freeBytes = -1;  ///< left on the disk of the download folder; -1: unknown
     };
     /// The result of examine(): which items are ready, and the files that the others need.
     struct Lack

@@ -5,22 +5,30 @@
 
 #include "records/ECfgItemType.h"
 
+#include "SeenItems.h"
+
 #include <QMainWindow>
 #include <QPointer>
 
 class CatalogueUpdate;
 class CheckStatus;
 class DetailsPanel;
-class FailureBox;
+class DownloadsBar;
+class FavouriteBar;
+class FailureList;
+class FoldingPanes;
+class ItemMenu;
 class Preferences;
 class ProjectDialog;
 class QAction;
 class QMenu;
-class QSplitter;
 class QTimer;
+class QStackedWidget;
 class ResourceTabs;
+class SettingsControls;
 class StorageControls;
 class ViewMenu;
+class WelcomePage;
 struct ItemKey;
 struct STransferFailure;
 
@@ -36,6 +44,7 @@ public:
 
     ResourceTabs* tabs() const { return m_tabs; }
     CheckStatus* checkStatus() const { return m_status; }
+    SettingsControls* settings() const { return m_settings; }
     /// Opens a project: says which of its items are ready, and why it cannot be read.
     void openProject(const QString& path);
     /// Returns how many times the catalogue was reloaded.
@@ -54,13 +63,26 @@ private:
     void connectView();
     void connectCells();
     void connectStorage();
+    void connectSettings();
+    void connectLists();
+    void connectMenu(const ItemMenu& menu);
+    void welcome();
+    void endWelcome();
+    void storeFilter();
     void restore();
     void retranslate();
 
     void showApplied();
     void applySkin(const QString& skin);
-    void applyMotion(bool reduced);
+    void applyMotion();
+    void applyLanguage(const QString& language);
+    void applyScale(int percent);
     void showDetails(const ItemKey& item);
+    void showCurrent();
+    void showFolderOf(const ItemKey& item);
+    void quit();
+    bool isQuittingAgreed();
+    void showKeys();
     void showItemMenu(const ItemKey& item, const QPoint& globalPos);
     void chooseProject();
     void requestReload();
@@ -82,16 +104,23 @@ private:
 
     Preferences& m_preferences;
     CatalogueUpdate& m_check;
-    QSplitter* m_splitter;
+    SeenItems m_seen;
+    QStackedWidget* m_pages;
+    FoldingPanes* m_splitter;
     ResourceTabs* m_tabs;
     DetailsPanel* m_details;
-    FailureBox* m_failure;
+    FailureList* m_failure;
+    DownloadsBar* m_downloads;
+    FavouriteBar* m_favouriteBar;
     CheckStatus* m_status;
     StorageControls* m_storage;
+    SettingsControls* m_settings;
+    WelcomePage* m_welcome = nullptr; // null: a server is known
     QTimer* m_favouritesChanged;
     QMenu* m_fileMenu;
     QMenu* m_resourcesMenu;
     ViewMenu* m_viewMenu;
+    QMenu* m_helpMenu;
     QAction* m_openProject;
     QAction* m_export;
     QAction* m_import;
@@ -99,6 +128,9 @@ private:
     QAction* m_find;
     QAction* m_checkNow;
     QAction* m_showDetails;
+    QAction* m_unfolded;
+    QAction* m_about;
+    QAction* m_keys;
     QPointer<ProjectDialog> m_project; // deletes itself when it is closed
     bool m_isReloadPending = false;
     int m_reloads = 0;

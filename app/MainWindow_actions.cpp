@@ -3,6 +3,7 @@
 
 // MainWindow: handling of its parts' requests.
 
+#include "AppLanguage.h"
 #include "AppLook.h"
 #include "browser/MVThemeItemWdg.h"
 #include "catalogue/CatalogueUse.h"
@@ -10,13 +11,18 @@
 #include "catalogue/MVThemeMgr.h"
 #include "DetailsPanel.h"
 #include "download/CatalogueUpdate.h"
-#include "FailureBox.h"
+#include "DownloadsBar.h"
+#include "FailureList.h"
+#include "FavouriteBar.h"
 #include "host/HostSettings.h"
 #include "host/ProductParam.h"
+#include "ItemUpdates.h"
 #include "MainWindow.h"
 #include "Preferences.h"
 #include "ResourceList.h"
 #include "ResourceTabs.h"
+#include "StorageControls.h"
+#include "ViewMenu.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -45,11 +51,11 @@ QString textOf(const FavouritesFile& file, const QString& path)
         return QCoreApplication::translate("FavouritesFile", "%1 cannot be read: %2")
             .arg(path, file.reason());
     case FavouritesFile::Error::NotFavourites:
-        return QCoreApplication::translate("FavouritesFile", "%1 is not a file of favourites")
+        return QCoreApplication::translate("FavouritesFile", "%1 is not a file of favorites")
             .arg(path);
     case FavouritesFile::Error::BadEntry:
         return QCoreApplication::translate("FavouritesFile",
-                                           "%1 contains an entry that is not a favourite")
+                                           "%1 contains an entry that is not a favorite")
             .arg(path);
     }
     return {};
@@ -60,6 +66,7 @@ QString textOf(const FavouritesFile& file, const QString& path)
 void MainWindow::showApplied()
 {
     const ECfgItemType kind = m_tabs->currentList()->kind();
+    m_details->setApplied({kind, m_tabs->appliedItem(kind)});
     m_details->showItem(kind, m_tabs->appliedItem(kind));
 }
 
@@ -68,10 +75,27 @@ void MainWindow::applySkin(const QString& skin)
     m_preferences.setSkin(skin);
     AppLook::apply(skin);
     m_tabs->updateItemSizes();
+    m_viewMenu->showChoices(m_preferences);
 }
 
-void MainWindow::applyMotion(bool reduced)
+void MainWindow::applyLanguage(const QString& language)
 {
+    m_preferences.setLanguage(language);
+    AppLanguage::install(language);
+    m_viewMenu->showChoices(m_preferences);
+}
+
+void MainWindow::applyScale(int percent)
+{
+    m_preferences.setScale(percent);
+    m_viewMenu->showChoices(m_preferences);
+    say(tr("The new scale applies from the next start on"));
+}
+
+void MainWindow::applyMotion()
+{
+    const bool reduced = m_preferences.isMotionReduced();
+    m_viewMenu->showChoices(m_preferences);
     MVThemeItemWdg::setPlayedByHover(!reduced);
     m_details->setMotionReduced(reduced);
 }
@@ -119,7 +143,7 @@ void MainWindow::saveFavourites()
 {
     QString error;
     if (!MVThemeMgr::init()->saveFavourites(&error))
-        say(tr("The favourites cannot be saved: %1").arg(error));
+        say(tr("The favorites cannot be saved: %1").arg(error));
 }
 
 void MainWindow::toggleFavourite(ECfgItemType kind, const QString& guid)
@@ -130,13 +154,17 @@ void MainWindow::toggleFavourite(ECfgItemType kind, const QString& guid)
         return;
     item->m_bCollected = !catalogue->isItemCollect(item);
     catalogue->setItemCollected(item);
+    if (item->m_bCollected)
+        m_favouriteBar->hide();
+    else
+        m_favouriteBar->showRemoval({kind, guid});
 }
 
 void MainWindow::showFailure(ECfgItemType kind, const QString& guid,
                              const STransferFailure& failure)
 {
     const SCfg_Item* const item = MVThemeMgr::init()->findItemByIDFromDisplay(kind, guid);
-    m_failure->showFailure(kind, guid, item ? item->m_qsName : guid, failure);
+    m_failure->add({kind, guid}, item ? item->m_qsName : guid, failure);
 }
 
 void MainWindow::retry(ECfgItemType kind, const QString& guid)
@@ -160,7 +188,7 @@ void MainWindow::openMore()
 
 void MainWindow::exportFavourites()
 {
-    QFileDialog dialog(this, tr("Export favourites"), QString(), favouritesFilter);
+    QFileDialog dialog(this, tr("Export favorites"), QString(), favouritesFilter);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("json"));
     dialog.selectFile(QStringLiteral("favourites.json"));
@@ -173,26 +201,69 @@ void MainWindow::exportFavourites()
         path += QStringLiteral(".json");
     FavouritesFile file;
     if (file.write(path))
-        say(tr("%n favourite(s) written", nullptr, file.count()));
+        say(tr("%n favorite(s) written", nullptr, file.count()));
     else
-        QMessageBox::warning(this, tr("Export favourites"), textOf(file, path));
+        QMessageBox::warning(this, tr("Export favorites"), textOf(file, path));
 }
 
 void MainWindow::importFavourites()
 {
     const QString path =
-        QFileDialog::getOpenFileName(this, tr("Import favourites"), QString(), favouritesFilter);
+        QFileDialog::getOpenFileName(this, tr("Import favorites"), QString(), favouritesFilter);
     if (path.isEmpty())
         return;
     FavouritesFile file;
     if (!file.read(path)) {
-        QMessageBox::warning(this, tr("Import favourites"), textOf(file, path));
+        QMessageBox::warning(this, tr("Import favorites"), textOf(file, path));
         return;
     }
-    QString text = tr("%n favourite(s) added", nullptr, file.count());
+    QString text = tr("%n favorite(s) added", nullptr, file.count());
     if (file.unknown() > 0)
         text += tr(", %n of them not in the catalogue now", nullptr, file.unknown());
     say(text);
+}
+
+void MainWindow::quit()
+{
+    if (isQuittingAgreed())
+        close();
+}
+
+/// Asks only if something would be lost.
+bool MainWindow::isQuittingAgreed()
+{
+    const int downloads = m_downloads->count() + (m_storage->updates().isUpdating() ? 1 : 0);
+    if (downloads == 0)
+        return true;
+    QMessageBox box(QMessageBox::Question, tr("Quit"),
+                    tr("%n download(s) would be cancelled", nullptr, downloads),
+                    QMessageBox::NoButton, this);
+    box.setTextFormat(Qt::PlainText);
+    QPushButton* const leave = box.addButton(tr("Quit"), QMessageBox::AcceptRole);
+    leave->setObjectName(QStringLiteral("confirmQuit"));
+    QPushButton* const stay = box.addButton(tr("Keep downloading"), QMessageBox::RejectRole);
+    box.setDefaultButton(stay);
+    box.setEscapeButton(stay);
+    box.exec();
+    return box.clickedButton() == leave;
+}
+
+void MainWindow::showKeys()
+{
+    const QVector<QPair<QString, QString>> keys{
+        {QStringLiteral("←↑→↓"), tr("move between the cells")},
+        {tr("Enter"), tr("apply or download the current one")},
+        {tr("Space"), tr("play or stop its preview")},
+        {QStringLiteral("F"), tr("add it to the favorites or remove it")},
+        {tr("Menu key"), tr("show everything that can be done with it")},
+        {tr("Esc"), tr("cancel its download; clear the search")},
+    };
+    QString text;
+    for (const auto& key : keys)
+        text += QStringLiteral("%1: %2\n").arg(key.first, key.second);
+    QMessageBox box(QMessageBox::NoIcon, tr("Keys"), text.trimmed(), QMessageBox::Close, this);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
 }
 
 void MainWindow::say(const QString& text)

@@ -3,8 +3,10 @@
 
 #include "NoticeBar.h"
 
+#include "FlowLayout.h"
+#include "ToolTip.h"
+
 #include <QEvent>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -35,11 +37,16 @@ NoticeBar::NoticeBar(const QString& name, QWidget* parent)
     m_progress->hide();
     m_action->setObjectName(name + QStringLiteral("Action"));
     m_close->setObjectName(name + QStringLiteral("Close"));
-    auto* const layout = new QHBoxLayout(this);
+    constexpr int leastLetters = 36;
+    m_text->setMinimumWidth(leastLetters * m_text->fontMetrics().averageCharWidth());
+    m_text->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    m_progress->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    auto* const layout = new FlowLayout(this);
     constexpr int margin = 4;
     layout->setContentsMargins(margin, margin, margin, margin);
-    layout->addWidget(m_text, 1);
+    layout->addWidget(m_text);
     layout->addWidget(m_progress);
+    layout->setAlignment(m_progress, Qt::AlignVCenter);
     layout->addWidget(m_action);
     layout->addWidget(m_close);
     connect(m_action, &QPushButton::clicked, this, [this] { act(); });
@@ -58,7 +65,7 @@ void NoticeBar::setTexts(const QString& text, const QString& action)
 
 void NoticeBar::setDetails(const QString& details)
 {
-    m_text->setToolTip(details);
+    m_text->setToolTip(ToolTip::wrapped(details));
     m_text->setAccessibleDescription(details);
 }
 

@@ -6,8 +6,10 @@
 #include "browser/BrowserLanguage.h"
 #include "browser/BrowserSkin.h"
 #include "browser/MVThemeSortFilterProxyModel.h"
+#include "DesktopMotion.h"
 #include "host/FileLock.h"
 #include "host/HostSettings.h"
+#include "ServerAddress.h"
 
 #include <QDir>
 #include <QFile>
@@ -25,12 +27,18 @@ namespace {
 
 const QLatin1String tabKey("tab");
 const QLatin1String typeKey("themeType");
+const QLatin1String orderKey("order");
 const QLatin1String geometryKey("geometry");
 const QLatin1String splitterSizesKey("splitterSizes");
 const QLatin1String skinKey("skin");
 const QLatin1String languageKey("language");
 const QLatin1String scaleKey("scale");
 const QLatin1String motionKey("reduceMotion");
+const QLatin1String serverKey("server");
+const QLatin1String folderKey("downloadFolder");
+const QLatin1String connectionsKey("connections");
+const QLatin1String clickKey("applyByClick");
+const QLatin1String detailsKey("details");
 
 constexpr int lastTab = 3;
 constexpr int lastType = 4;
@@ -107,22 +115,26 @@ void Preferences::setAside()
 void Preferences::store(const QString& key, const QJsonValue& value)
 {
     m_values.insert(key, value);
-    if (m_file.isEmpty())
-        return;
+    m_storeError = m_file.isEmpty() ? m_problem : writeToDisk(key, value);
+}
+
+/// Changes one value in the file. Returns why that failed; empty after a success.
+QString Preferences::writeToDisk(const QString& key, const QJsonValue& value) const
+{
     QDir().mkpath(QFileInfo(m_file).path());
     FileLock lock(m_file + QStringLiteral(".lock"));
     if (lock.lock(maxLockWait) != FileLock::Result::Locked)
-        return;
+        return QStringLiteral("%1.lock cannot be locked").arg(m_file);
     // Another process may have stored changes meanwhile.
     QJsonObject all = m_values;
     QFile present(m_file);
     if (present.open(QIODevice::ReadOnly) && parse(present.read(maxBytes + 1), all))
-        all.insert(key, value);
+        all.insert(key, value); // an undefined value removes it
     QSaveFile file(m_file);
-    if (file.open(QIODevice::WriteOnly)) {
-        file.write(QJsonDocument(all).toJson());
-        file.commit();
-    }
+    const QByteArray text = QJsonDocument(all).toJson();
+    const bool isWritten =
+        file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit();
+    return isWritten ? QString() : QStringLiteral("%1: %2").arg(m_file, file.errorString());
 }
 
 int Preferences::tab() const
@@ -139,12 +151,27 @@ int Preferences::themeType() const
 {
     const int all = MVThemeSortFilterProxyModel::allThemes;
     const int type = m_values.value(typeKey).toInt(all);
-    return type >= 0 && type <= lastType ? type : all;
+    const bool isType =
+        type >= 0 && type <= lastType && type != MVThemeSortFilterProxyModel::favouriteThemes;
+    return isType ? type : all;
 }
 
 void Preferences::setThemeType(int type)
 {
     store(typeKey, type);
+}
+
+EListOrder Preferences::order() const
+{
+    const int order = m_values.value(orderKey).toInt();
+    return order >= 0 && order <= static_cast<int>(EListOrder::Size)
+        ? static_cast<EListOrder>(order)
+        : EListOrder::Published;
+}
+
+void Preferences::setOrder(EListOrder order)
+{
+    store(orderKey, static_cast<int>(order));
 }
 
 QByteArray Preferences::geometry() const
@@ -213,12 +240,75 @@ void Preferences::setScale(int percent)
     store(scaleKey, percent);
 }
 
-bool Preferences::isMotionReduced() const
+Preferences::Motion Preferences::motion() const
 {
-    return m_values.value(motionKey).toBool();
+    const QJsonValue value = m_values.value(motionKey);
+    if (!value.isBool())
+        return Motion::AsDesktop;
+    return value.toBool() ? Motion::Reduced : Motion::Full;
 }
 
-void Preferences::setMotionReduced(bool reduced)
+void Preferences::setMotion(Motion motion)
 {
-    store(motionKey, reduced);
+    if (motion == Motion::AsDesktop)
+        store(motionKey, QJsonValue(QJsonValue::Undefined));
+    else
+        store(motionKey, motion == Motion::Reduced);
+}
+
+bool Preferences::isMotionReduced() const
+{
+    return motion() == Motion::AsDesktop ? DesktopMotion::isReduced() : motion() == Motion::Reduced;
+}
+
+QString Preferences::server() const
+{
+    return ServerAddress::normalized(m_values.value(serverKey).toString());
+}
+
+void Preferences::setServer(const QString& address)
+{
+    store(serverKey, address);
+}
+
+QString Preferences::downloadFolder() const
+{
+    const QString folder = m_values.value(folderKey).toString();
+    return QDir::isAbsolutePath(folder) ? QDir::cleanPath(folder) : QString();
+}
+
+void Preferences::setDownloadFolder(const QString& folder)
+{
+    store(folderKey, folder);
+}
+
+int Preferences::connections() const
+{
+    const int count = m_values.value(connectionsKey).toInt();
+    return count >= 1 && count <= HostSettings::maxTransfersSideBySide ? count : 0;
+}
+
+void Preferences::setConnections(int count)
+{
+    store(connectionsKey, count);
+}
+
+bool Preferences::isAppliedByClick() const
+{
+    return m_values.value(clickKey).toBool(true);
+}
+
+void Preferences::setAppliedByClick(bool applied)
+{
+    store(clickKey, applied);
+}
+
+bool Preferences::areDetailsUnfolded() const
+{
+    return m_values.value(detailsKey).toBool(true);
+}
+
+void Preferences::setDetailsUnfolded(bool areUnfolded)
+{
+    store(detailsKey, areUnfolded);
 }

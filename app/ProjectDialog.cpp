@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QLocale>
 #include <QPushButton>
+#include <QScreen>
 #include <QSet>
 #include <QStringList>
 #include <QTreeWidget>
@@ -60,7 +61,7 @@ void ProjectDialog::arrange()
     layout->addWidget(m_tree, 1);
     layout->addWidget(m_buttons);
     constexpr QSize firstSize(560, 420);
-    resize(firstSize);
+    resize(firstSize.boundedTo(screen()->availableSize()));
 }
 
 void ProjectDialog::refresh()

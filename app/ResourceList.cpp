@@ -7,39 +7,44 @@
 #include "browser/MVThemeItemSubwdgt_Preview.h"
 #include "browser/MVThemeItemWdg.h"
 #include "browser/mvThemelistview.h"
+#include "EmptyNote.h"
+#include "records/KindTable.h"
 #include "records/SCfg_Item.h"
 
+#include <QAbstractItemDelegate>
+#include <QAbstractProxyModel>
 #include <QEvent>
-#include <QLabel>
-#include <QTimer>
+#include <QItemSelectionModel>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QStyle>
+#include <QStyleOptionViewItem>
 #include <QUuid>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 ResourceList::ResourceList(EUIItemType type, QWidget* parent)
     : QWidget(parent)
     , m_type(type)
     , m_view(new mvThemelistview(this))
-    , m_whyEmpty(new QLabel(m_view->viewport()))
-    , m_marksTimer(new QTimer(this))
+    , m_whyEmpty(new EmptyNote(m_view->viewport()))
 {
-    m_marksTimer->setSingleShot(true);
-    m_marksTimer->setInterval(0);
-    connect(m_marksTimer, &QTimer::timeout, this, &ResourceList::refreshMarks);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_view);
     setFocusProxy(m_view);
 
-    m_whyEmpty->setObjectName(QStringLiteral("whyEmpty"));
-    m_whyEmpty->setAlignment(Qt::AlignCenter);
-    m_whyEmpty->setWordWrap(true);
-    m_whyEmpty->setTextFormat(Qt::PlainText);
-    m_whyEmpty->setAttribute(Qt::WA_TransparentForMouseEvents);
+    connect(m_whyEmpty, &EmptyNote::actionWanted, this, &ResourceList::removeFilter);
     m_view->viewport()->installEventFilter(this);
 
     m_view->setObjectName(QStringLiteral("list%1").arg(type));
     m_view->setUIItemType(type);
+    m_view->setMarksShown(true);
+    m_view->installEventFilter(this);
     connect(m_view, &mvThemelistview::sigThemeItemClicked, this, &ResourceList::applied);
+    connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &ResourceList::currentChanged);
     nameList();
     showItems();
 }
@@ -73,26 +78,39 @@ void ResourceList::showItems()
     showWhyEmpty();
 }
 
-void ResourceList::setFilter(int themeType, const QString& text)
+void ResourceList::setFilter(const SListFilter& filter, const QString& text)
 {
-    const int type =
-        m_type == UIItem_Themes ? themeType : int(MVThemeSortFilterProxyModel::allThemes);
-    if (type == m_themeType && text == m_text)
-        return;
-    m_themeType = type;
     m_text = text;
+    if (filter == m_filter)
+        return;
+    m_filter = filter;
     refilter();
 }
 
 void ResourceList::refilter()
 {
-    applyFilter(m_themeType, m_text);
+    m_view->applyFilter(m_filter);
+    showWhyEmpty();
 }
 
-void ResourceList::applyFilter(int themeType, const QString& text)
+void ResourceList::updateItemSize()
 {
-    m_view->reapplyFilter(themeType, NamePattern::escape(text));
-    showWhyEmpty();
+    m_view->updateItemSize();
+    shareWidth();
+}
+
+QString ResourceList::currentItem() const
+{
+    return m_view->currentIndex().data(UIItemRole_GUID).toString();
+}
+
+/// The cells collect only items that are on disk; a wish may come before the download.
+bool ResourceList::toggleFavouriteBy(const QKeyEvent& key)
+{
+    const bool isKey = key.key() == Qt::Key_F && key.modifiers() == Qt::NoModifier;
+    if (isKey && !currentItem().isEmpty() && !KindTable::of(kind()).exportName.isEmpty())
+        emit favouriteWanted(kind(), currentItem());
+    return isKey;
 }
 
 int ResourceList::shownItems() const
@@ -108,37 +126,23 @@ void ResourceList::refreshFavourites()
         if (face && !cell->underMouse())
             face->doEvent_Leave();
     }
-    if (m_themeType == MVThemeSortFilterProxyModel::favouriteThemes)
+    if (m_filter.onlyFavourites)
         refilter();
 }
 
 void ResourceList::setUpdatable(const QSet<QString>& guids)
 {
-    m_updatable = guids;
-    refreshMarks();
+    m_view->setUpdatable(guids);
+    m_view->updateMarks();
+    if (m_filter.onlyOutdated)
+        refilter();
 }
 
-void ResourceList::refreshMarks()
+void ResourceList::setNew(const QSet<QString>& guids)
 {
-    const QString name = QStringLiteral("updateMark");
-    const QVector<MVThemeItemWdg*> all = m_view->cells();
-    for (MVThemeItemWdg* cell : all) {
-        const SCfg_Item* const item = cell->getItem();
-        auto* mark = cell->findChild<QLabel*>(name);
-        if (!item || !m_updatable.contains(item->m_qsGUID)) {
-            delete mark;
-            continue;
-        }
-        if (!mark) {
-            mark = new QLabel(cell);
-            mark->setObjectName(name);
-            mark->setAttribute(Qt::WA_TransparentForMouseEvents);
-        }
-        mark->setText(tr("Update"));
-        mark->adjustSize();
-        mark->show();
-        mark->raise();
-    }
+    m_view->setNew(guids);
+    if (m_filter.order == EListOrder::Newest)
+        refilter();
 }
 
 bool ResourceList::isShown(const QString& guid) const
@@ -156,30 +160,100 @@ MVThemeItemWdg* ResourceList::reveal(const QString& guid)
     return m_view->cell(guid);
 }
 
-QString ResourceList::whyEmpty() const
+bool ResourceList::isAnyItemShown() const
 {
-    if (!m_text.isEmpty())
-        return tr("No name contains “%1”").arg(m_text);
-    if (m_themeType == MVThemeSortFilterProxyModel::favouriteThemes)
-        return tr("No favourites yet\nPoint at a theme and press its heart, or press F");
-    if (m_themeType != MVThemeSortFilterProxyModel::allThemes)
-        return tr("No themes of this type");
-    return tr("Nothing is here yet\nResources come with the first check of the server");
+    // The "More>>" row, which has no GUID, is the last one.
+    return !m_view->model()->index(0, 0).data(UIItemRole_GUID).toString().isEmpty();
+}
+
+bool ResourceList::wouldShowAny(const SListFilter& filter) const
+{
+    MVThemeSortFilterProxyModel rows(nullptr);
+    rows.setKind(kind());
+    rows.setSourceModel(qobject_cast<QAbstractProxyModel*>(m_view->model())->sourceModel());
+    rows.setFilter(filter);
+    return !rows.index(0, 0).data(UIItemRole_GUID).toString().isEmpty();
 }
 
 void ResourceList::showWhyEmpty()
 {
-    // The "More>>" row, which has no GUID, is the last one.
-    const bool anyItem = !m_view->model()->index(0, 0).data(UIItemRole_GUID).toString().isEmpty();
-    m_whyEmpty->setVisible(!anyItem);
-    m_whyEmpty->setText(whyEmpty());
+    const bool isEmpty = !isAnyItemShown();
+    m_whyEmpty->setVisible(isEmpty);
+    if (!isEmpty)
+        return;
+    const QVector<FilterPart> parts = FilterParts::of(m_filter);
+    const auto inTheWay = std::find_if(parts.cbegin(), parts.cend(), [this](FilterPart part) {
+        return wouldShowAny(FilterParts::without(m_filter, part));
+    });
+    m_isOnePartInTheWay = inTheWay != parts.cend();
+    if (m_isOnePartInTheWay) {
+        m_partInTheWay = *inTheWay;
+        explain(*inTheWay);
+    } else if (wouldShowAny(SListFilter())) {
+        m_whyEmpty->setTexts(tr("Nothing passes all of these filters"), tr("Remove all filters"));
+    } else {
+        m_whyEmpty->setTexts(
+            tr("Nothing is here yet\nResources come with the first check of the server"),
+            QString());
+    }
     placeWhyEmpty();
+}
+
+/// Says that one condition, whose removal fills the list, is in the way.
+void ResourceList::explain(FilterPart part)
+{
+    SListFilter only;
+    switch (part) {
+    case FilterPart::Words:
+        m_whyEmpty->setTexts(tr("No name contains “%1”").arg(m_text.trimmed()),
+                             tr("Clear the search"));
+        return;
+    case FilterPart::ThemeType:
+        m_whyEmpty->setTexts(tr("No themes of this type"), tr("Show all types"));
+        return;
+    case FilterPart::Favourites:
+        only.onlyFavourites = true;
+        m_whyEmpty->setTexts(wouldShowAny(only)
+                                 ? tr("None of these is a favorite")
+                                 : tr("No favorites yet\nPoint at a cell and press its heart, or "
+                                      "press F"),
+                             tr("Show more than favorites"));
+        return;
+    case FilterPart::OnDisk:
+        m_whyEmpty->setTexts(tr("None of these is on this computer yet"),
+                             tr("Show what can be downloaded"));
+        return;
+    case FilterPart::Outdated:
+        m_whyEmpty->setTexts(tr("There are no updates for these"), tr("Show the others, too"));
+        return;
+    }
+}
+
+void ResourceList::removeFilter()
+{
+    if (m_isOnePartInTheWay)
+        emit filterUnwanted(m_partInTheWay);
+    else
+        emit filtersUnwanted();
+    m_view->setFocus(); // the button is gone
 }
 
 void ResourceList::placeWhyEmpty()
 {
     constexpr int margin = 24;
     m_whyEmpty->setGeometry(m_view->viewport()->rect().adjusted(margin, margin, -margin, -margin));
+}
+
+/// Lets as many columns as there is room for share the whole width.
+void ResourceList::shareWidth()
+{
+    const QSize cell = m_view->itemDelegate()->sizeHint({}, {});
+    // A list always keeps room for its scroll bar.
+    const int bar = m_view->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr,
+                                                 m_view->verticalScrollBar());
+    const int width = m_view->maximumViewportSize().width() - bar - 1;
+    const int columns = cell.width() > 0 ? width / cell.width() : 0;
+    m_view->setGridSize(columns > 0 ? QSize(width / columns, cell.height()) : QSize());
 }
 
 void ResourceList::changeEvent(QEvent* event)
@@ -189,15 +263,16 @@ void ResourceList::changeEvent(QEvent* event)
         return;
     nameList();
     showWhyEmpty();
-    refreshMarks();
 }
 
 bool ResourceList::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_view->viewport() && event->type() == QEvent::Resize)
+    if (watched == m_view->viewport() && event->type() == QEvent::Resize) {
         placeWhyEmpty();
-    if (watched == m_view->viewport() && event->type() == QEvent::ChildPolished
-        && !m_updatable.isEmpty())
-        m_marksTimer->start(); // a cell has appeared
+        shareWidth();
+    }
+    if (watched == m_view && event->type() == QEvent::KeyPress
+        && toggleFavouriteBy(*static_cast<QKeyEvent*>(event)))
+        return true;
     return QWidget::eventFilter(watched, event);
 }

@@ -4,18 +4,17 @@
 #pragma once
 
 #include "browser/EUIItemType.h"
-#include "browser/MVThemeSortFilterProxyModel.h"
+#include "FilterPart.h"
 #include "records/ECfgItemType.h"
 
-#include <QPointer>
 #include <QSet>
-#include <QStringList>
+#include <QString>
 #include <QWidget>
 
+class EmptyNote;
 class MVThemeItemWdg;
 class mvThemelistview;
-class QLabel;
-class QTimer;
+class QKeyEvent;
 struct SCfg_Item;
 
 /// One list of resources with its filter, and a message if it is empty.
@@ -30,10 +29,12 @@ public:
     ECfgItemType kind() const;
     mvThemelistview* view() const { return m_view; }
 
-    /// Shows the items of a theme type whose names contain `text`. Only themes have types.
-    void setFilter(int themeType, const QString& text);
-    /// Applies the filter again, after favourites have changed.
+    /// Shows the items that pass a filter; `text` is that of its words, for messages.
+    void setFilter(const SListFilter& filter, const QString& text);
+    /// Applies the filter again, after favourites or files have changed.
     void refilter();
+    /// Returns the GUID of the current item; empty if there is none.
+    QString currentItem() const;
     /// Returns the number of rows, including "More>>".
     int shownItems() const;
 
@@ -42,15 +43,25 @@ public:
     /// Makes a shown item the current one and scrolls to it; returns null if it is not shown. Use
     /// the cell at once, see mvThemelistview::cell().
     MVThemeItemWdg* reveal(const QString& guid);
+    /// Applies the skin's current cell size.
+    void updateItemSize();
     /// Updates the marks of the favourites.
     void refreshFavourites();
-    /// Marks the cells of items for which an update is available, also those that come into view
-    /// later.
+    /// Marks the items for which an update is available, by GUID.
     void setUpdatable(const QSet<QString>& guids);
+    /// Names the items, by GUID, that are the newest.
+    void setNew(const QSet<QString>& guids);
 
 signals:
     /// The user has applied an item.
     void applied(SCfg_Item* item);
+    /// Another row has become the current one.
+    void currentChanged();
+    /// The user has pressed the key of the favorites.
+    void favouriteWanted(ECfgItemType kind, const QString& guid);
+    /// The list is empty, and the user wants to remove this condition, or all if there are several.
+    void filterUnwanted(FilterPart part);
+    void filtersUnwanted();
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -58,18 +69,21 @@ protected:
 
 private:
     void showItems();
-    void applyFilter(int themeType, const QString& text);
     void nameList();
     void showWhyEmpty();
     void placeWhyEmpty();
-    QString whyEmpty() const;
-    void refreshMarks();
+    void shareWidth();
+    void removeFilter();
+    bool isAnyItemShown() const;
+    bool wouldShowAny(const SListFilter& filter) const;
+    void explain(FilterPart part);
+    bool toggleFavouriteBy(const QKeyEvent& key);
 
     EUIItemType m_type;
     mvThemelistview* m_view;
-    QLabel* m_whyEmpty;
-    int m_themeType = MVThemeSortFilterProxyModel::allThemes;
-    QString m_text;
-    QSet<QString> m_updatable; // GUIDs
-    QTimer* m_marksTimer;      // once for all cells that have appeared
+    EmptyNote* m_whyEmpty;
+    SListFilter m_filter;
+    QString m_text; // of its words
+    bool m_isOnePartInTheWay = false;
+    FilterPart m_partInTheWay = FilterPart::Words; // removing it fills the list
 };

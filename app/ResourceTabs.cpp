@@ -3,124 +3,121 @@
 
 #include "ResourceTabs.h"
 
+#include "browser/MVThemeItemWdg.h"
 #include "browser/mvThemelistview.h"
-#include "browser/MVThemeSortFilterProxyModel.h"
 #include "catalogue/MVThemeMgr.h"
+#include "FilterBar.h"
+#include "FlowLayout.h"
 #include "ResourceList.h"
 
-#include <QComboBox>
 #include <QEvent>
-#include <QHBoxLayout>
-#include <QKeyEvent>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QTabBar>
+#include <QToolButton>
+#include <QVBoxLayout>
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
-const EUIItemType tabTypes[] = {UIItem_Themes, UIItem_Filters, UIItem_FiltersLarge,
-                                UIItem_BgMaterial};
+const EUIItemType listTypes[] = {UIItem_Themes, UIItem_Filters, UIItem_FiltersLarge,
+                                 UIItem_BgMaterial};
+constexpr int largeFilters = 2; // number of their list
+constexpr int tabOfLists[] = {0, 1, 1, 2};
+constexpr int listOfTabs[] = {0, 1, 3};
 
 } // namespace
 
 ResourceTabs::ResourceTabs(QWidget* parent)
     : QWidget(parent)
     , m_tabs(new QTabBar(this))
-    , m_types(new QComboBox(this))
-    , m_search(new QLineEdit(this))
+    , m_large(new QToolButton(this))
     , m_check(new QPushButton(this))
+    , m_filter(new FilterBar(this))
     , m_pages(new QStackedWidget(this))
 {
     m_tabs->setObjectName(QStringLiteral("tabs"));
     m_tabs->setExpanding(false);
     m_tabs->setDrawBase(false);
-    m_types->setObjectName(QStringLiteral("themeType"));
-    m_types->setSizeAdjustPolicy(
-        QComboBox::AdjustToContents); // another language may need more room
-    m_search->setObjectName(QStringLiteral("search"));
-    m_search->setClearButtonEnabled(true);
-    m_search->installEventFilter(this);
+    for (int tab = 0; tab < int(std::size(listOfTabs)); ++tab)
+        m_tabs->addTab(QString());
+    m_large->setObjectName(QStringLiteral("largeCells"));
+    m_large->setCheckable(true);
+    m_large->setFocusPolicy(Qt::StrongFocus);
     m_check->setObjectName(QStringLiteral("check"));
-
     createLists();
-    createBar();
+    arrange();
     retranslate();
-    connect(m_tabs, &QTabBar::currentChanged, this, &ResourceTabs::showTab);
-    connect(m_types, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this] {
-        applyFilter();
-        emit themeTypeChanged(themeType());
-    });
-    connect(m_search, &QLineEdit::textChanged, this, &ResourceTabs::applyFilter);
+    connectParts();
+    showCurrent();
 }
 
 void ResourceTabs::createLists()
 {
-    for (const EUIItemType type : tabTypes) {
+    for (const EUIItemType type : listTypes) {
         auto* const list = new ResourceList(type, m_pages);
         m_pages->addWidget(list);
         m_lists.append(list);
-        m_tabs->addTab(QString());
         connect(list, &ResourceList::applied, this,
                 [this, list](SCfg_Item* item) { noteApplied(list, item); });
+        connect(list, &ResourceList::filterUnwanted, m_filter, &FilterBar::remove);
+        connect(list, &ResourceList::filtersUnwanted, m_filter, &FilterBar::clear);
     }
-    const int types[] = {MVThemeSortFilterProxyModel::allThemes,
-                         MVThemeSortFilterProxyModel::favouriteThemes,
-                         0,
-                         MVThemeMgr::init()->Themetype(QStringLiteral("festivals")),
-                         MVThemeMgr::init()->Themetype(QStringLiteral("travel")),
-                         MVThemeMgr::init()->Themetype(QStringLiteral("banquets"))};
-    for (const int type : types)
-        m_types->addItem(QString(), type);
 }
 
-void ResourceTabs::createBar()
+void ResourceTabs::connectParts()
 {
-    auto* const bar = new QHBoxLayout;
-    bar->addWidget(m_types);
-    bar->addWidget(m_search, 1);
-    bar->addWidget(m_check);
+    connect(m_tabs, &QTabBar::currentChanged, this, &ResourceTabs::showCurrent);
+    connect(m_large, &QToolButton::toggled, this, &ResourceTabs::showCurrent);
+    connect(m_filter, &FilterBar::changed, this, [this] {
+        applyFilter();
+        emit filterChanged();
+    });
+    connect(m_filter, &FilterBar::listWanted, this,
+            [this] { currentList()->view()->setFocus(Qt::TabFocusReason); });
+}
+
+void ResourceTabs::arrange()
+{
+    auto* const top = new QWidget(this);
+    auto* const bar = new FlowLayout(top);
+    auto* const space = new QWidget(top);
+    space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    for (QWidget* part : {static_cast<QWidget*>(m_tabs), space, static_cast<QWidget*>(m_large),
+                          static_cast<QWidget*>(m_check)}) {
+        part->setParent(top);
+        bar->addWidget(part);
+    }
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_tabs);
-    layout->addLayout(bar);
+    layout->addWidget(top);
+    layout->addWidget(m_filter);
     layout->addWidget(m_pages, 1);
 }
 
 void ResourceTabs::retranslate()
 {
-    const QString names[] = {tr("Themes"), tr("Filters"), tr("Filters (large)"), tr("Backgrounds")};
+    const QString names[] = {tr("Themes"), tr("Filters"), tr("Backgrounds")};
     for (int tab = 0; tab < m_tabs->count(); ++tab)
         m_tabs->setTabText(tab, names[tab]);
-    const QString types[] = {tr("All"),       tr("Favourites"), tr("Others"),
-                             tr("Festivals"), tr("Travel"),     tr("Banquets")};
-    for (int type = 0; type < m_types->count(); ++type)
-        m_types->setItemText(type, types[type]);
-    m_types->setAccessibleName(tr("Theme type"));
-    m_search->setPlaceholderText(tr("Search (Ctrl+F)"));
-    m_search->setAccessibleName(tr("Search by name"));
+    m_tabs->setAccessibleName(tr("Kinds of resources"));
+    m_large->setText(tr("Large pictures"));
+    m_large->setToolTip(tr("Shows the filters in larger cells"));
 }
 
 int ResourceTabs::currentTab() const
 {
-    return m_tabs->currentIndex();
+    const int list = listOfTabs[qMax(0, m_tabs->currentIndex())];
+    return list == 1 && m_large->isChecked() ? largeFilters : list;
 }
 
 void ResourceTabs::setCurrentTab(int tab)
 {
-    m_tabs->setCurrentIndex(tab);
-}
-
-int ResourceTabs::themeType() const
-{
-    return m_types->currentData().toInt();
-}
-
-void ResourceTabs::setThemeType(int type)
-{
-    m_types->setCurrentIndex(qMax(0, m_types->findData(type)));
+    if (tabOfLists[tab] == 1)
+        m_large->setChecked(tab == largeFilters);
+    m_tabs->setCurrentIndex(tabOfLists[tab]);
 }
 
 ResourceList* ResourceTabs::currentList() const
@@ -128,17 +125,19 @@ ResourceList* ResourceTabs::currentList() const
     return m_lists.at(currentTab());
 }
 
-void ResourceTabs::showTab(int tab)
+void ResourceTabs::showCurrent()
 {
-    m_pages->setCurrentIndex(tab);
-    m_types->setVisible(currentList()->type() == UIItem_Themes);
+    const int tab = currentTab();
+    m_large->setVisible(currentList()->kind() == eCfgItem_Filter);
+    m_filter->setListType(currentList()->type());
     applyFilter();
+    m_pages->setCurrentIndex(tab);
     emit currentTabChanged(tab);
 }
 
 void ResourceTabs::applyFilter()
 {
-    currentList()->setFilter(themeType(), m_search->text());
+    currentList()->setFilter(m_filter->filter(), m_filter->text());
 }
 
 void ResourceTabs::noteApplied(const ResourceList* from, SCfg_Item* item)
@@ -160,19 +159,11 @@ MVThemeItemWdg* ResourceTabs::reveal(ECfgItemType kind, const QString& guid)
         const auto it =
             std::find_if(m_lists.cbegin(), m_lists.cend(),
                          [kind](const ResourceList* list) { return list->kind() == kind; });
-        setCurrentTab(int(it - m_lists.cbegin()));
+        m_tabs->setCurrentIndex(tabOfLists[it - m_lists.cbegin()]);
     }
-    if (!currentList()->isShown(guid)) {
-        setThemeType(MVThemeSortFilterProxyModel::allThemes);
-        m_search->clear();
-    }
+    if (!currentList()->isShown(guid))
+        m_filter->clear();
     return currentList()->reveal(guid);
-}
-
-void ResourceTabs::startSearch()
-{
-    m_search->setFocus(Qt::ShortcutFocusReason);
-    m_search->selectAll();
 }
 
 void ResourceTabs::refreshFavourites()
@@ -193,6 +184,12 @@ void ResourceTabs::setUpdatable(const QVector<ItemKey>& items)
     }
 }
 
+void ResourceTabs::setNew(const QSet<QString>& guids)
+{
+    for (ResourceList* list : qAsConst(m_lists))
+        list->setNew(guids);
+}
+
 void ResourceTabs::reloadCatalogue()
 {
     cancelDownloads(); // all at once, so that release() waits only for the slowest
@@ -211,7 +208,7 @@ void ResourceTabs::reloadCatalogue()
 void ResourceTabs::updateItemSizes()
 {
     for (ResourceList* list : qAsConst(m_lists))
-        list->view()->updateItemSize();
+        list->updateItemSize();
 }
 
 void ResourceTabs::cancelDownloads()
@@ -220,27 +217,28 @@ void ResourceTabs::cancelDownloads()
         list->view()->cancelDownloads();
 }
 
+void ResourceTabs::setAppliedByClick(bool applied)
+{
+    m_isAppliedByClick = applied;
+    for (const ResourceList* list : qAsConst(m_lists)) {
+        list->view()->setApplyOn(applied ? EApplyOn::SingleClick : EApplyOn::DoubleClickOrEnter);
+    }
+}
+
+int ResourceTabs::progress() const
+{
+    int sum = 0;
+    for (const ResourceList* list : m_lists) {
+        const QVector<MVThemeItemWdg*> cells = list->view()->cells();
+        for (const MVThemeItemWdg* cell : cells)
+            sum += cell->isDownloading() ? cell->percent() : 0;
+    }
+    return sum;
+}
+
 void ResourceTabs::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
         retranslate();
-}
-
-bool ResourceTabs::eventFilter(QObject* watched, QEvent* event)
-{
-    if (watched != m_search || event->type() != QEvent::KeyPress)
-        return QWidget::eventFilter(watched, event);
-    switch (static_cast<QKeyEvent*>(event)->key()) {
-    case Qt::Key_Escape:
-        m_search->clear();
-        return true;
-    case Qt::Key_Down:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        currentList()->view()->setFocus(Qt::TabFocusReason);
-        return true;
-    default:
-        return false;
-    }
 }

@@ -7,19 +7,21 @@
 #include "records/ECfgItemType.h"
 
 #include <QMap>
+#include <QSet>
 #include <QVector>
 #include <QWidget>
 
-class QComboBox;
-class QLineEdit;
+class FilterBar;
 class QPushButton;
 class QStackedWidget;
 class QTabBar;
+class QToolButton;
 class ResourceList;
 class MVThemeItemWdg;
 struct SCfg_Item;
 
-/// The four lists as tabs, and above them the controls that filter their items.
+/// The lists as tabs, and above them the controls that filter their items. Filters have two lists,
+/// with small and with large cells, on one tab.
 class ResourceTabs : public QWidget
 {
     Q_OBJECT
@@ -27,10 +29,11 @@ class ResourceTabs : public QWidget
 public:
     explicit ResourceTabs(QWidget* parent);
 
+    /// Returns the number of the shown list: 0 themes, 1 filters, 2 filters in large cells, 3
+    /// backgrounds.
     int currentTab() const;
     void setCurrentTab(int tab);
-    int themeType() const;
-    void setThemeType(int type);
+    FilterBar* filterBar() const { return m_filter; }
     ResourceList* currentList() const;
     const QVector<ResourceList*>& lists() const { return m_lists; }
     QPushButton* checkButton() const { return m_check; }
@@ -43,40 +46,46 @@ public:
     /// returns to the event loop.
     MVThemeItemWdg* reveal(ECfgItemType kind, const QString& guid);
 
-    /// Moves the keyboard focus to the search field.
-    void startSearch();
     void refreshFavourites();
     /// Marks the items for which an update is available.
     void setUpdatable(const QVector<ItemKey>& items);
+    /// Names the items, by GUID, that are the newest.
+    void setNew(const QSet<QString>& guids);
     /// Reloads the catalogue and keeps the user's view. Neither a check nor a preview run may be in
     /// progress; downloads are stopped and restarted.
     void reloadCatalogue();
     /// Applies the skin's current cell sizes.
     void updateItemSizes();
     void cancelDownloads();
+    /// Sets whether a click applies an item; otherwise it makes it the current one.
+    void setAppliedByClick(bool applied);
+    bool isAppliedByClick() const { return m_isAppliedByClick; }
+    /// Returns the sum of the progress of all running downloads, each 0 to 100.
+    int progress() const;
 
 signals:
     void currentTabChanged(int tab);
-    void themeTypeChanged(int type);
+    void filterChanged();
     void applied(SCfg_Item* item);
 
 protected:
     void changeEvent(QEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void createLists();
-    void createBar();
+    void arrange();
+    void connectParts();
     void retranslate();
     void applyFilter();
-    void showTab(int tab);
+    void showCurrent();
     void noteApplied(const ResourceList* from, SCfg_Item* item);
 
     QTabBar* m_tabs;
-    QComboBox* m_types;
-    QLineEdit* m_search;
+    QToolButton* m_large; // the cells of filters
     QPushButton* m_check;
+    FilterBar* m_filter;
     QStackedWidget* m_pages;
     QVector<ResourceList*> m_lists;
     QMap<ECfgItemType, QString> m_applied;
+    bool m_isAppliedByClick = true;
 };

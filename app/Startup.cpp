@@ -8,6 +8,7 @@
 #include "host/AppOptions.h"
 #include "host/HostSettings.h"
 #include "host/ProductParam.h"
+#include "Preferences.h"
 
 #include <QLatin1String>
 
@@ -26,6 +27,23 @@ bool Startup::readSettings(const CommandLine& commandLine)
         return false;
     m_root = commandLine.host.downloadRoot();
     return true;
+}
+
+void Startup::takePreferences(const Preferences& preferences, const CommandLine& commandLine)
+{
+    HostSettings& settings = hostSettings();
+    if (commandLine.host.server.isEmpty() && !preferences.server().isEmpty())
+        settings.productParams.insert(ProductParam::serverRoot, preferences.server());
+    if (preferences.connections() > 0)
+        settings.transfersSideBySide = preferences.connections();
+    const QString folder = preferences.downloadFolder();
+    if (!commandLine.host.root.isEmpty() || folder.isEmpty())
+        return;
+    // Perhaps on a disk that is not there now.
+    if (AppOptions::instance()->ensureDirExists(folder))
+        m_root = folder;
+    else
+        m_unavailable = folder;
 }
 
 bool Startup::openCatalogue(const QString& skin)

@@ -3,13 +3,13 @@
 
 #include "StorageBox.h"
 
+#include "FlowLayout.h"
 #include "StateText.h"
 
 #include <QEvent>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QStyle>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -28,22 +28,27 @@ StorageBox::StorageBox(QWidget* parent)
     : QWidget(parent)
     , m_state(newLabel("itemState", this))
     , m_use(newLabel("itemUse", this))
+    , m_noSpace(newLabel("itemNoSpace", this))
     , m_update(new QPushButton(this))
     , m_remove(new QPushButton(this))
 {
     setObjectName(QStringLiteral("storage"));
     m_update->setObjectName(QStringLiteral("updateItem"));
     m_remove->setObjectName(QStringLiteral("removeItem"));
-    auto* const buttons = new QHBoxLayout;
-    buttons->setSpacing(style()->pixelMetric(QStyle::PM_LayoutHorizontalSpacing));
-    buttons->addWidget(m_update, 1);
-    buttons->addWidget(m_remove, 1);
+    auto* const buttons = new QWidget(this);
+    auto* const row = new FlowLayout(buttons);
+    for (QPushButton* button : {m_update, m_remove}) {
+        button->setParent(buttons);
+        button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        row->addWidget(button);
+    }
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(2); // the lines belong together
     layout->addWidget(m_state);
     layout->addWidget(m_use);
-    layout->addLayout(buttons);
+    layout->addWidget(m_noSpace);
+    layout->addWidget(buttons);
     connect(m_update, &QPushButton::clicked, this, &StorageBox::updateWanted);
     connect(m_remove, &QPushButton::clicked, this, &StorageBox::removeWanted);
     refresh();
@@ -68,7 +73,13 @@ void StorageBox::refresh()
     m_use->setVisible(!m_use->text().isEmpty());
     m_update->setText(state.m_eState == eFile_Missing ? tr("Download") : tr("Update"));
     m_update->setVisible(state.m_nToFetch > 0 && state.m_eState != eFile_Current);
-    m_update->setEnabled(!m_isBusy);
+    const bool hasSpace = m_report->freeBytes < 0 || state.m_nBytesToFetch <= m_report->freeBytes;
+    m_noSpace->setText(
+        tr("There is not enough space on the disk: %1 are free. Remove something, or "
+           "choose another download folder in the settings.")
+            .arg(StateText::size(m_report->freeBytes)));
+    m_noSpace->setVisible(!hasSpace);
+    m_update->setEnabled(!m_isBusy && hasSpace);
     m_remove->setVisible(m_report->ownBytes > 0);
     m_remove->setEnabled(!m_isBusy);
 }

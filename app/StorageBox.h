@@ -35,6 +35,7 @@ private:
 
     QLabel* m_state;
     QLabel* m_use;
+    QLabel* m_noSpace;
     QPushButton* m_update;
     QPushButton* m_remove;
     std::optional<ItemUpdates::Report> m_report;

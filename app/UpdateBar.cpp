@@ -21,6 +21,7 @@ void UpdateBar::showStart()
 {
     m_fetchedBytes = 0;
     m_totalBytes = 0;
+    m_silence.start();
     setDetails({});
     setClosable(false);
     showProgress(0, 0);
@@ -30,6 +31,8 @@ void UpdateBar::showStart()
 
 void UpdateBar::showBytes(qint64 fetchedBytes, qint64 totalBytes)
 {
+    if (fetchedBytes != m_fetchedBytes)
+        m_silence.start();
     m_fetchedBytes = fetchedBytes;
     m_totalBytes = totalBytes;
     showProgress(fetchedBytes, totalBytes);
@@ -61,6 +64,8 @@ void UpdateBar::retranslate()
             ? QString()
             : m_outcome.m_vecFailures.first().causeText();
         setTexts(tr("Not everything could be fetched: %1").arg(cause), tr("Try again"));
+    } else if (m_silence.hasExpired(StateText::silenceMs)) {
+        setTexts(tr("Waiting for the server…"), tr("Cancel"));
     } else if (m_totalBytes > 0) {
         setTexts(tr("Fetching %n item(s): %1 of %2", nullptr, count)
                      .arg(StateText::size(m_fetchedBytes), StateText::size(m_totalBytes)),

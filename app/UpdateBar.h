@@ -6,6 +6,8 @@
 #include "download/SUpdateOutcome.h"
 #include "NoticeBar.h"
 
+#include <QElapsedTimer>
+
 class ItemUpdates;
 
 /// Shows the running update of items, which it can cancel, and why one failed.
@@ -29,5 +31,6 @@ private:
     ItemUpdates& m_updates;
     qint64 m_fetchedBytes = 0;
     qint64 m_totalBytes = 0;
+    QElapsedTimer m_silence;  // since bytes have arrived
     SUpdateOutcome m_outcome; // of the update that failed last
 };

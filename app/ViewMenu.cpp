@@ -25,7 +25,7 @@ ViewMenu::ViewMenu(const Preferences& preferences, QWidget* parent)
     m_motion->setObjectName(QStringLiteral("reduceMotion"));
     m_motion->setCheckable(true);
     m_motion->setChecked(preferences.isMotionReduced());
-    connect(m_motion, &QAction::toggled, this, &ViewMenu::motionReducedChosen);
+    connect(m_motion, &QAction::triggered, this, &ViewMenu::motionReducedChosen);
 
     QActionGroup* const skins = new QActionGroup(m_skin);
     const QStringList skinNames = BrowserSkin::names();
@@ -44,11 +44,27 @@ ViewMenu::ViewMenu(const Preferences& preferences, QWidget* parent)
 
     QActionGroup* const scales = new QActionGroup(m_scale);
     m_screenScale = addChoice(m_scale, scales, QString(), 0, preferences.scale());
-    for (const int percent : {100, 125, 150, 175, 200})
+    const QList<int> percents = Preferences::offeredScales();
+    for (const int percent : percents)
         addChoice(m_scale, scales, QString(), percent, preferences.scale());
     connect(scales, &QActionGroup::triggered, this,
             [this](QAction* action) { emit scaleChosen(action->data().toInt()); });
     retranslate();
+}
+
+void ViewMenu::showChoices(const Preferences& preferences)
+{
+    check(m_skin, preferences.skin());
+    check(m_language, preferences.language());
+    check(m_scale, preferences.scale());
+    m_motion->setChecked(preferences.isMotionReduced());
+}
+
+void ViewMenu::check(const QMenu* menu, const QVariant& value)
+{
+    const QList<QAction*> actions = menu->actions();
+    for (QAction* action : actions)
+        action->setChecked(action->data() == value);
 }
 
 QAction* ViewMenu::addChoice(QMenu* menu, QActionGroup* group, const QString& text,

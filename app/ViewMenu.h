@@ -16,6 +16,9 @@ class ViewMenu : public QMenu
 public:
     ViewMenu(const Preferences& preferences, QWidget* parent);
 
+    /// Moves the check marks after the preferences have changed; emits nothing.
+    void showChoices(const Preferences& preferences);
+
 signals:
     void skinChosen(const QString& skin);
     void languageChosen(const QString& language);
@@ -30,6 +33,7 @@ private:
     QAction* addChoice(QMenu* menu, QActionGroup* group, const QString& text, const QVariant& value,
                        const QVariant& current);
     void retranslate();
+    static void check(const QMenu* menu, const QVariant& value);
 
     QMenu* m_skin;
     QMenu* m_language;

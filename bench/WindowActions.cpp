@@ -10,6 +10,7 @@
 #include "BrowserWorld.h"
 #include "catalogue/MVThemeMgr.h"
 #include "download/CatalogueUpdate.h"
+#include "FilterBar.h"
 #include "MainWindow.h"
 #include "Preferences.h"
 #include "ResourceList.h"
@@ -121,7 +122,9 @@ void WindowActions::filter(const Receiver& receiver)
 {
     ResourceTabs& tabs = *m_window->tabs();
     auto* const search = tabs.findChild<QLineEdit*>(QStringLiteral("search"));
-    const auto show = [&tabs](int type) { return [&tabs, type] { tabs.setThemeType(type); }; };
+    const auto show = [&tabs](int type) {
+        return [&tabs, type] { tabs.filterBar()->setThemeType(type); };
+    };
     MVThemeMgr* const catalogue = MVThemeMgr::init();
     measure(receiver, "search-many", [search] { search->setText(QStringLiteral("7")); });
     measure(receiver, "search-few", [search] { search->setText(QStringLiteral("0001")); });

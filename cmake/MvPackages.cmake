@@ -117,7 +117,10 @@ if(MV_BUILD_DEMO)
     mv_package(
         demo mveditor-demo "miniature slideshow editor on mvresource - demo"
         "Shows the editor on the samples, which it serves itself. Scripts can drive
-its window." NEEDS browser samples RECOMMENDS ${qt_texts} SECTION graphics)
+its window. With mvpublish beside it, it shows updates, too."
+        NEEDS browser samples
+        RECOMMENDS "mvresource-tools, ${qt_texts}"
+        SECTION graphics)
 endif()
 
 set(CPACK_GENERATOR DEB)

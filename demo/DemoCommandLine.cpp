@@ -8,28 +8,28 @@
 
 namespace {
 
-const char description[] =
-    R"(Shows mveditor at work, on the samples: serves them itself, and keeps everything that is
-written in a temporary folder. With --settings it works on those settings instead.
-
-Exit status: 0 success; 1 it could not start, or a step of the script failed; 2 bad arguments.)";
-
 const QLatin1String scriptOption("script");
 const QLatin1String screenshotOption("screenshot");
 
 } // namespace
 
-void DemoCommandLine::addOptions(QCommandLineParser& parser) const
+ProgramTable DemoCommandLine::table() const
 {
-    CommandLine::addOptions(parser);
-    parser.setApplicationDescription(QString::fromLatin1(description));
-    parser.addOption({scriptOption,
-                      QStringLiteral("drive the window by the steps in a file, then end"),
-                      QStringLiteral("FILE")});
-    parser.addOption(
-        {screenshotOption,
-         QStringLiteral("where pictures go; without a script: one of the window, then end"),
-         QStringLiteral("DIR")});
+    ProgramTable table = CommandLine::table();
+    table.name = QStringLiteral("mveditor-demo");
+    table.description = QStringLiteral(
+        "Shows mveditor at work, on the samples: serves them itself, and keeps everything that is "
+        "written in a temporary folder. With --settings it works on those settings instead.");
+    table.options.append(QCommandLineOption(
+        scriptOption, QStringLiteral("drive the window by the steps in a file, then end"),
+        QStringLiteral("FILE")));
+    table.options.append(QCommandLineOption(
+        screenshotOption,
+        QStringLiteral("where pictures go; without a script: one of the window, then end"),
+        QStringLiteral("DIR")));
+    table.statuses.first().statuses[1].meaning =
+        QStringLiteral("it could not start, or a step of the script failed");
+    return table;
 }
 
 bool DemoCommandLine::read(const QCommandLineParser& parser)

@@ -16,6 +16,6 @@ public:
     QString screenshotFolder; ///< empty: no pictures
 
 protected:
-    void addOptions(QCommandLineParser& parser) const override;
+    ProgramTable table() const override;
     bool read(const QCommandLineParser& parser) override;
 };

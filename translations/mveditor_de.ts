@@ -2,6 +2,45 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE">
 <context>
+    <name>AboutDialog</name>
+    <message>
+        <source>About this program</source>
+        <translation>Über dieses Programm</translation>
+    </message>
+    <message>
+        <source>Copy report</source>
+        <translation>Bericht kopieren</translation>
+    </message>
+    <message>
+        <source>Copies versions, folders and settings for a report of a fault</source>
+        <translation>Kopiert Versionen, Ordner und Einstellungen für eine Fehlermeldung</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>mveditor %1, with Qt %2</source>
+        <translation>mveditor %1, mit Qt %2</translation>
+    </message>
+    <message>
+        <source>Licence: %1</source>
+        <translation>Lizenz: %1</translation>
+    </message>
+    <message>
+        <source>Downloads: %1</source>
+        <translation>Geladenes: %1</translation>
+    </message>
+    <message>
+        <source>Favorites: %1</source>
+        <translation>Favoriten: %1</translation>
+    </message>
+    <message>
+        <source>Installed resources: %1</source>
+        <translation>Installierte Ressourcen: %1</translation>
+    </message>
+</context>
+<context>
     <name>CheckStatus</name>
     <message>
         <source>Checking for new resources…</source>
@@ -97,14 +136,6 @@
         <translation>Klicken Sie auf eine Zelle, oder gehen Sie mit den Pfeiltasten hin und drücken Sie die Eingabetaste. Was fehlt, wird zuerst geladen.</translation>
     </message>
     <message>
-        <source>Add to favourites</source>
-        <translation>Zu Favoriten hinzufügen</translation>
-    </message>
-    <message>
-        <source>Remove favourite</source>
-        <translation>Favorit entfernen</translation>
-    </message>
-    <message>
         <source>Uses</source>
         <translation>Verwendet</translation>
     </message>
@@ -119,6 +150,52 @@
     <message>
         <source>Preview of what is shown</source>
         <translation>Vorschau des gezeigten Elements</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Kind or size</source>
+        <translation>Art oder Größe</translation>
+    </message>
+    <message>
+        <source>Show file names</source>
+        <translation>Dateinamen zeigen</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Anwenden</translation>
+    </message>
+    <message>
+        <source>Add to favorites</source>
+        <translation>Zu Favoriten hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove favorite</source>
+        <translation>Favorit entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>DownloadsBar</name>
+    <message>
+        <source>Waiting for the server…</source>
+        <translation>Wartet auf den Server…</translation>
+    </message>
+    <message numerus="yes">
+        <source>Downloading %n item(s)</source>
+        <translation>
+            <numerusform>%n Element wird geladen</numerusform>
+            <numerusform>%n Elemente werden geladen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Cancel all</source>
+        <translation>Alle abbrechen</translation>
     </message>
 </context>
 <context>
@@ -149,6 +226,17 @@
     </message>
 </context>
 <context>
+    <name>FavouriteBar</name>
+    <message>
+        <source>“%1” is no longer a favorite</source>
+        <translation>„%1“ ist kein Favorit mehr</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+</context>
+<context>
     <name>FavouritesFile</name>
     <message>
         <source>%1 cannot be written: %2</source>
@@ -159,12 +247,121 @@
         <translation>%1 kann nicht gelesen werden: %2</translation>
     </message>
     <message>
-        <source>%1 is not a file of favourites</source>
+        <source>%1 is not a file of favorites</source>
         <translation>%1 ist keine Datei mit Favoriten</translation>
     </message>
     <message>
-        <source>%1 contains an entry that is not a favourite</source>
+        <source>%1 contains an entry that is not a favorite</source>
         <translation>%1 enthält einen Eintrag, der kein Favorit ist</translation>
+    </message>
+</context>
+<context>
+    <name>FilterBar</name>
+    <message>
+        <source>All types</source>
+        <translation>Alle Arten</translation>
+    </message>
+    <message>
+        <source>Others</source>
+        <translation>Andere</translation>
+    </message>
+    <message>
+        <source>Festivals</source>
+        <translation>Feste</translation>
+    </message>
+    <message>
+        <source>Travel</source>
+        <translation>Reisen</translation>
+    </message>
+    <message>
+        <source>Banquets</source>
+        <translation>Festessen</translation>
+    </message>
+    <message>
+        <source>Theme type</source>
+        <translation>Art der Themen</translation>
+    </message>
+    <message>
+        <source>Search (Ctrl+F)</source>
+        <translation>Suchen (Strg+F)</translation>
+    </message>
+    <message>
+        <source>Search by name</source>
+        <translation>Nach Namen suchen</translation>
+    </message>
+    <message>
+        <source>Favorites</source>
+        <translation>Favoriten</translation>
+    </message>
+    <message>
+        <source>Shows only your favorites</source>
+        <translation>Zeigt nur Ihre Favoriten</translation>
+    </message>
+    <message>
+        <source>Downloaded</source>
+        <translation>Geladen</translation>
+    </message>
+    <message>
+        <source>Shows only what is ready on this computer</source>
+        <translation>Zeigt nur, was auf diesem Computer bereit ist</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <translation>Neuerungen</translation>
+    </message>
+    <message>
+        <source>Shows only what can be updated</source>
+        <translation>Zeigt nur, was aktualisiert werden kann</translation>
+    </message>
+    <message>
+        <source>As published</source>
+        <translation>Wie angeboten</translation>
+    </message>
+    <message>
+        <source>By name</source>
+        <translation>Nach Namen</translation>
+    </message>
+    <message>
+        <source>Newest first</source>
+        <translation>Neueste zuerst</translation>
+    </message>
+    <message>
+        <source>Largest first</source>
+        <translation>Größte zuerst</translation>
+    </message>
+    <message>
+        <source>Order</source>
+        <translation>Reihenfolge</translation>
+    </message>
+    <message>
+        <source>Clear the search</source>
+        <translation>Suche leeren</translation>
+    </message>
+</context>
+<context>
+    <name>FolderBar</name>
+    <message>
+        <source>The download folder is not available now: %1</source>
+        <translation>Der Download-Ordner ist gerade nicht erreichbar: %1</translation>
+    </message>
+    <message>
+        <source>Nothing can be downloaded: the download folder is not writable</source>
+        <translation>Nichts kann geladen werden: Der Download-Ordner ist nicht beschreibbar</translation>
+    </message>
+    <message>
+        <source>The disk of the download folder is almost full: %1 are free</source>
+        <translation>Der Datenträger des Download-Ordners ist fast voll: %1 sind frei</translation>
+    </message>
+    <message>
+        <source>Choose another folder…</source>
+        <translation>Anderen Ordner wählen…</translation>
+    </message>
+</context>
+<context>
+    <name>FoldingPanes</name>
+    <message>
+        <source>Back to the list</source>
+        <translation>Zurück zur Liste</translation>
     </message>
 </context>
 <context>
@@ -205,6 +402,85 @@
         <source>Others</source>
         <translation>Andere</translation>
     </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Definition</source>
+        <translation>Definition</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Animated preview</source>
+        <translation>Bewegte Vorschau</translation>
+    </message>
+    <message>
+        <source>Music: %1</source>
+        <translation>Musik: %1</translation>
+    </message>
+    <message>
+        <source>Picture: %1</source>
+        <translation>Bild: %1</translation>
+    </message>
+    <message>
+        <source>Package: %1</source>
+        <translation>Paket: %1</translation>
+    </message>
+</context>
+<context>
+    <name>ItemMenu</name>
+    <message>
+        <source>Remove from &amp;favorites</source>
+        <translation>Aus &amp;Favoriten entfernen</translation>
+    </message>
+    <message>
+        <source>Add to &amp;favorites</source>
+        <translation>Zu &amp;Favoriten hinzufügen</translation>
+    </message>
+    <message>
+        <source>Show &amp;details</source>
+        <translation>&amp;Einzelheiten zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Show files in folder</source>
+        <translation>&amp;Dateien im Ordner zeigen</translation>
+    </message>
+    <message>
+        <source>Copy &amp;name</source>
+        <translation>&amp;Namen kopieren</translation>
+    </message>
+    <message>
+        <source>Copy &amp;GUID</source>
+        <translation>&amp;GUID kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Remove from this computer…</source>
+        <translation>&amp;Vom Computer entfernen…</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel download</source>
+        <translation>Download a&amp;bbrechen</translation>
+    </message>
+    <message>
+        <source>Download and &amp;apply</source>
+        <translation>Laden und &amp;anwenden</translation>
+    </message>
+    <message>
+        <source>D&amp;ownload only</source>
+        <translation>Nur &amp;laden</translation>
+    </message>
+    <message>
+        <source>&amp;Apply</source>
+        <translation>&amp;Anwenden</translation>
+    </message>
+    <message>
+        <source>&amp;Update</source>
+        <translation>Akt&amp;ualisieren</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
@@ -223,14 +499,6 @@
     <message>
         <source>&amp;File</source>
         <translation>&amp;Datei</translation>
-    </message>
-    <message>
-        <source>&amp;Export favourites…</source>
-        <translation>Favoriten &amp;exportieren…</translation>
-    </message>
-    <message>
-        <source>&amp;Import favourites…</source>
-        <translation>Favoriten &amp;importieren…</translation>
     </message>
     <message>
         <source>&amp;Quit</source>
@@ -260,38 +528,12 @@
         <source>No program opens the address %1</source>
         <translation>Kein Programm öffnet die Adresse %1</translation>
     </message>
-    <message>
-        <source>Export favourites</source>
-        <translation>Favoriten exportieren</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n favourite(s) written</source>
-        <translation>
-            <numerusform>%n Favorit geschrieben</numerusform>
-            <numerusform>%n Favoriten geschrieben</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Import favourites</source>
-        <translation>Favoriten importieren</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n favourite(s) added</source>
-        <translation>
-            <numerusform>%n Favorit hinzugefügt</numerusform>
-            <numerusform>%n Favoriten hinzugefügt</numerusform>
-        </translation>
-    </message>
     <message numerus="yes">
         <source>, %n of them not in the catalogue now</source>
         <translation>
             <numerusform>, %n davon zurzeit nicht im Katalog</numerusform>
             <numerusform>, %n davon zurzeit nicht im Katalog</numerusform>
         </translation>
-    </message>
-    <message>
-        <source>The favourites cannot be saved: %1</source>
-        <translation>Die Favoriten können nicht gespeichert werden: %1</translation>
     </message>
     <message>
         <source>Show &amp;details</source>
@@ -304,6 +546,119 @@
     <message>
         <source>Open project</source>
         <translation>Projekt öffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Export favorites…</source>
+        <translation>Favoriten &amp;exportieren…</translation>
+    </message>
+    <message>
+        <source>&amp;Import favorites…</source>
+        <translation>Favoriten &amp;importieren…</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;Keys</source>
+        <translation>&amp;Tasten</translation>
+    </message>
+    <message>
+        <source>&amp;About this program</source>
+        <translation>&amp;Über dieses Programm</translation>
+    </message>
+    <message>
+        <source>&amp;Details beside the list</source>
+        <translation>&amp;Einzelheiten neben der Liste</translation>
+    </message>
+    <message>
+        <source>The favorites cannot be saved: %1</source>
+        <translation>Die Favoriten können nicht gespeichert werden: %1</translation>
+    </message>
+    <message>
+        <source>Export favorites</source>
+        <translation>Favoriten exportieren</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n favorite(s) written</source>
+        <translation>
+            <numerusform>%n Favorit geschrieben</numerusform>
+            <numerusform>%n Favoriten geschrieben</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Import favorites</source>
+        <translation>Favoriten importieren</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n favorite(s) added</source>
+        <translation>
+            <numerusform>%n Favorit hinzugefügt</numerusform>
+            <numerusform>%n Favoriten hinzugefügt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>Keep downloading</source>
+        <translation>Weiter laden</translation>
+    </message>
+    <message>
+        <source>move between the cells</source>
+        <translation>zwischen den Zellen wechseln</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>Eingabe</translation>
+    </message>
+    <message>
+        <source>apply or download the current one</source>
+        <translation>die aktuelle anwenden oder laden</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Leertaste</translation>
+    </message>
+    <message>
+        <source>play or stop its preview</source>
+        <translation>ihre Vorschau abspielen oder anhalten</translation>
+    </message>
+    <message>
+        <source>add it to the favorites or remove it</source>
+        <translation>zu den Favoriten hinzufügen oder entfernen</translation>
+    </message>
+    <message>
+        <source>Menu key</source>
+        <translation>Menütaste</translation>
+    </message>
+    <message>
+        <source>show everything that can be done with it</source>
+        <translation>alles zeigen, was damit getan werden kann</translation>
+    </message>
+    <message>
+        <source>Esc</source>
+        <translation>Esc</translation>
+    </message>
+    <message>
+        <source>cancel its download; clear the search</source>
+        <translation>ihren Download abbrechen; die Suche leeren</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Tasten</translation>
+    </message>
+    <message>
+        <source>The settings cannot be saved: %1</source>
+        <translation>Die Einstellungen können nicht gespeichert werden: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n download(s) would be cancelled</source>
+        <translation>
+            <numerusform>%n Download läuft noch und würde abgebrochen.</numerusform>
+            <numerusform>%n Downloads laufen noch und würden abgebrochen.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -418,12 +773,6 @@
         <translation>Kein Name enthält „%1“</translation>
     </message>
     <message>
-        <source>No favourites yet
-Point at a theme and press its heart, or press F</source>
-        <translation>Noch keine Favoriten
-Zeigen Sie auf ein Thema und drücken Sie sein Herz, oder drücken Sie F</translation>
-    </message>
-    <message>
         <source>No themes of this type</source>
         <translation>Keine Themen dieser Art</translation>
     </message>
@@ -434,8 +783,50 @@ Resources come with the first check of the server</source>
 Ressourcen kommen mit der ersten Prüfung des Servers</translation>
     </message>
     <message>
-        <source>Update</source>
-        <translation>Update</translation>
+        <source>Nothing passes all of these filters</source>
+        <translation>Nichts erfüllt alle diese Filter</translation>
+    </message>
+    <message>
+        <source>Remove all filters</source>
+        <translation>Alle Filter entfernen</translation>
+    </message>
+    <message>
+        <source>Clear the search</source>
+        <translation>Suche leeren</translation>
+    </message>
+    <message>
+        <source>Show all types</source>
+        <translation>Alle Arten zeigen</translation>
+    </message>
+    <message>
+        <source>None of these is a favorite</source>
+        <translation>Nichts davon ist ein Favorit</translation>
+    </message>
+    <message>
+        <source>No favorites yet
+Point at a cell and press its heart, or press F</source>
+        <translation>Noch keine Favoriten
+Zeigen Sie auf eine Zelle und drücken Sie ihr Herz, oder drücken Sie F</translation>
+    </message>
+    <message>
+        <source>Show more than favorites</source>
+        <translation>Nicht nur Favoriten zeigen</translation>
+    </message>
+    <message>
+        <source>None of these is on this computer yet</source>
+        <translation>Nichts davon ist schon auf diesem Computer</translation>
+    </message>
+    <message>
+        <source>Show what can be downloaded</source>
+        <translation>Auch Ladbares zeigen</translation>
+    </message>
+    <message>
+        <source>There are no updates for these</source>
+        <translation>Hierfür gibt es keine Neuerungen</translation>
+    </message>
+    <message>
+        <source>Show the others, too</source>
+        <translation>Auch die anderen zeigen</translation>
     </message>
 </context>
 <context>
@@ -449,48 +840,165 @@ Ressourcen kommen mit der ersten Prüfung des Servers</translation>
         <translation>Filter</translation>
     </message>
     <message>
-        <source>Filters (large)</source>
-        <translation>Filter (groß)</translation>
-    </message>
-    <message>
         <source>Backgrounds</source>
         <translation>Hintergründe</translation>
     </message>
     <message>
-        <source>All</source>
-        <translation>Alle</translation>
+        <source>Kinds of resources</source>
+        <translation>Arten von Ressourcen</translation>
     </message>
     <message>
-        <source>Favourites</source>
-        <translation>Favoriten</translation>
+        <source>Large pictures</source>
+        <translation>Große Bilder</translation>
     </message>
     <message>
-        <source>Others</source>
-        <translation>Andere</translation>
+        <source>Shows the filters in larger cells</source>
+        <translation>Zeigt die Filter in größeren Zellen</translation>
+    </message>
+</context>
+<context>
+    <name>ServerField</name>
+    <message>
+        <source>Address of the resource server</source>
+        <translation>Adresse des Ressourcenservers</translation>
     </message>
     <message>
-        <source>Festivals</source>
-        <translation>Feste</translation>
+        <source>This is not an address such as https://example.com/resources/</source>
+        <translation>Das ist keine Adresse wie https://example.com/resources/</translation>
     </message>
     <message>
-        <source>Travel</source>
-        <translation>Reisen</translation>
+        <source>Asking %1…</source>
+        <translation>%1 wird gefragt…</translation>
     </message>
     <message>
-        <source>Banquets</source>
-        <translation>Festessen</translation>
+        <source>The server answers, but has no resources at this address</source>
+        <translation>Der Server antwortet, hat unter dieser Adresse aber keine Ressourcen</translation>
     </message>
     <message>
-        <source>Theme type</source>
-        <translation>Art der Themen</translation>
+        <source>Nothing found: %1</source>
+        <translation>Nichts gefunden: %1</translation>
     </message>
     <message>
-        <source>Search (Ctrl+F)</source>
-        <translation>Suchen (Strg+F)</translation>
+        <source>Found: catalogue %1</source>
+        <translation>Gefunden: Katalog %1</translation>
     </message>
     <message>
-        <source>Search by name</source>
-        <translation>Nach Namen suchen</translation>
+        <source>Found: catalogue %1, published on %2</source>
+        <translation>Gefunden: Katalog %1 vom %2</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsControls</name>
+    <message>
+        <source>&amp;Settings…</source>
+        <translation>&amp;Einstellungen…</translation>
+    </message>
+    <message>
+        <source>The new folder is used from the next start on; what is in the old one stays there</source>
+        <translation>Der neue Ordner gilt ab dem nächsten Start; was im alten ist, bleibt dort</translation>
+    </message>
+    <message>
+        <source>The new server is used from the next start on</source>
+        <translation>Der neue Server gilt ab dem nächsten Start</translation>
+    </message>
+    <message>
+        <source>The number of connections applies from the next start on</source>
+        <translation>Die Zahl der Verbindungen gilt ab dem nächsten Start</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsDialog</name>
+    <message>
+        <source>Change…</source>
+        <translation>Ändern…</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>applies the item</source>
+        <translation>wendet das Element an</translation>
+    </message>
+    <message>
+        <source>selects the item and shows its details</source>
+        <translation>wählt es aus und zeigt Einzelheiten</translation>
+    </message>
+    <message>
+        <source>As the desktop</source>
+        <translation>Wie der Desktop</translation>
+    </message>
+    <message>
+        <source>Less motion</source>
+        <translation>Weniger Bewegung</translation>
+    </message>
+    <message>
+        <source>All previews move</source>
+        <translation>Alle Vorschauen bewegen sich</translation>
+    </message>
+    <message>
+        <source>As the screen</source>
+        <translation>Wie der Bildschirm</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Ser&amp;ver:</source>
+        <translation>Ser&amp;ver:</translation>
+    </message>
+    <message>
+        <source>&amp;Download folder:</source>
+        <translation>&amp;Download-Ordner:</translation>
+    </message>
+    <message>
+        <source>Download folder</source>
+        <translation>Download-Ordner</translation>
+    </message>
+    <message>
+        <source>&amp;Connections:</source>
+        <translation>&amp;Verbindungen:</translation>
+    </message>
+    <message>
+        <source>A cl&amp;ick:</source>
+        <translation>Ein Kl&amp;ick:</translation>
+    </message>
+    <message>
+        <source>&amp;Motion:</source>
+        <translation>&amp;Bewegung:</translation>
+    </message>
+    <message>
+        <source>&amp;Language:</source>
+        <translation>&amp;Sprache:</translation>
+    </message>
+    <message>
+        <source>&amp;Skin:</source>
+        <translation>&amp;Aussehen:</translation>
+    </message>
+    <message>
+        <source>Sc&amp;ale:</source>
+        <translation>&amp;Größe:</translation>
+    </message>
+    <message>
+        <source>Files that are fetched at the same time</source>
+        <translation>Dateien, die gleichzeitig geladen werden</translation>
+    </message>
+    <message>
+        <source>Measuring the folder…</source>
+        <translation>Der Ordner wird gemessen…</translation>
+    </message>
+    <message>
+        <source>This folder is not writable</source>
+        <translation>Dieser Ordner ist nicht beschreibbar</translation>
+    </message>
+    <message>
+        <source>Used: %1, free: %2</source>
+        <translation>Belegt: %1, frei: %2</translation>
+    </message>
+    <message>
+        <source>The settings cannot be saved: %1</source>
+        <translation>Die Einstellungen können nicht gespeichert werden: %1</translation>
     </message>
 </context>
 <context>
@@ -545,6 +1053,10 @@ Ressourcen kommen mit der ersten Prüfung des Servers</translation>
     <message>
         <source>Update</source>
         <translation>Aktualisieren</translation>
+    </message>
+    <message>
+        <source>There is not enough space on the disk: %1 are free. Remove something, or choose another download folder in the settings.</source>
+        <translation>Auf dem Datenträger ist nicht genug Platz: %1 sind frei. Entfernen Sie etwas, oder wählen Sie in den Einstellungen einen anderen Ordner.</translation>
     </message>
 </context>
 <context>
@@ -647,6 +1159,10 @@ Ressourcen kommen mit der ersten Prüfung des Servers</translation>
             <numerusform>%n Elemente werden geladen…</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Waiting for the server…</source>
+        <translation>Wartet auf den Server…</translation>
+    </message>
 </context>
 <context>
     <name>ViewMenu</name>
@@ -681,6 +1197,29 @@ Ressourcen kommen mit der ersten Prüfung des Servers</translation>
     <message>
         <source>%1 %</source>
         <translation>%1 %</translation>
+    </message>
+</context>
+<context>
+    <name>WelcomePage</name>
+    <message>
+        <source>Where do your resources come from?</source>
+        <translation>Woher kommen Ihre Ressourcen?</translation>
+    </message>
+    <message>
+        <source>Themes, filters and backgrounds come from a resource server. Enter the address that you have been given; it can be changed in the settings.</source>
+        <translation>Themen, Filter und Hintergründe kommen von einem Ressourcenserver. Geben Sie die Adresse ein, die Sie erhalten haben; sie lässt sich in den Einstellungen ändern.</translation>
+    </message>
+    <message>
+        <source>Continue without a server</source>
+        <translation>Ohne Server weiter</translation>
+    </message>
+    <message>
+        <source>Use this server</source>
+        <translation>Diesen Server verwenden</translation>
+    </message>
+    <message>
+        <source>Use it anyway</source>
+        <translation>Trotzdem verwenden</translation>
     </message>
 </context>
 </TS>

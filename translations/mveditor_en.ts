@@ -19,26 +19,43 @@
     </message>
 </context>
 <context>
+    <name>DownloadsBar</name>
+    <message numerus="yes">
+        <source>Downloading %n item(s)</source>
+        <translation>
+            <numerusform>Downloading %n item</numerusform>
+            <numerusform>Downloading %n items</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
-    <message numerus="yes">
-        <source>%n favourite(s) written</source>
-        <translation>
-            <numerusform>%n favourite written</numerusform>
-            <numerusform>%n favourites written</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n favourite(s) added</source>
-        <translation>
-            <numerusform>%n favourite added</numerusform>
-            <numerusform>%n favourites added</numerusform>
-        </translation>
-    </message>
     <message numerus="yes">
         <source>, %n of them not in the catalogue now</source>
         <translation>
             <numerusform>, %n of them not in the catalogue now</numerusform>
             <numerusform>, %n of them not in the catalogue now</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n favorite(s) written</source>
+        <translation>
+            <numerusform>%n favorite written</numerusform>
+            <numerusform>%n favorites written</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n favorite(s) added</source>
+        <translation>
+            <numerusform>%n favorite added</numerusform>
+            <numerusform>%n favorites added</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n download(s) would be cancelled</source>
+        <translation>
+            <numerusform>%n download would be cancelled</numerusform>
+            <numerusform>%n downloads would be cancelled</numerusform>
         </translation>
     </message>
 </context>

@@ -2,6 +2,45 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es_ES">
 <context>
+    <name>AboutDialog</name>
+    <message>
+        <source>About this program</source>
+        <translation>Acerca de este programa</translation>
+    </message>
+    <message>
+        <source>Copy report</source>
+        <translation>Copiar informe</translation>
+    </message>
+    <message>
+        <source>Copies versions, folders and settings for a report of a fault</source>
+        <translation>Copia versiones, carpetas y ajustes para informar de un fallo</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>mveditor %1, with Qt %2</source>
+        <translation>mveditor %1, con Qt %2</translation>
+    </message>
+    <message>
+        <source>Licence: %1</source>
+        <translation>Licencia: %1</translation>
+    </message>
+    <message>
+        <source>Downloads: %1</source>
+        <translation>Descargas: %1</translation>
+    </message>
+    <message>
+        <source>Favorites: %1</source>
+        <translation>Favoritos: %1</translation>
+    </message>
+    <message>
+        <source>Installed resources: %1</source>
+        <translation>Recursos instalados: %1</translation>
+    </message>
+</context>
+<context>
     <name>CheckStatus</name>
     <message>
         <source>Checking for new resources…</source>
@@ -97,14 +136,6 @@
         <translation>Haga clic en una celda, o vaya a ella con las flechas y pulse Intro. Lo que le falte se descarga antes.</translation>
     </message>
     <message>
-        <source>Add to favourites</source>
-        <translation>Añadir a favoritos</translation>
-    </message>
-    <message>
-        <source>Remove favourite</source>
-        <translation>Quitar de favoritos</translation>
-    </message>
-    <message>
         <source>Uses</source>
         <translation>Utiliza</translation>
     </message>
@@ -119,6 +150,52 @@
     <message>
         <source>Preview of what is shown</source>
         <translation>Vista previa de lo mostrado</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nombre</translation>
+    </message>
+    <message>
+        <source>Kind or size</source>
+        <translation>Tipo o tamaño</translation>
+    </message>
+    <message>
+        <source>Show file names</source>
+        <translation>Mostrar nombres de archivo</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Aplicar</translation>
+    </message>
+    <message>
+        <source>Add to favorites</source>
+        <translation>Añadir a favoritos</translation>
+    </message>
+    <message>
+        <source>Remove favorite</source>
+        <translation>Quitar de favoritos</translation>
+    </message>
+</context>
+<context>
+    <name>DownloadsBar</name>
+    <message>
+        <source>Waiting for the server…</source>
+        <translation>Esperando al servidor…</translation>
+    </message>
+    <message numerus="yes">
+        <source>Downloading %n item(s)</source>
+        <translation>
+            <numerusform>Descargando %n elemento</numerusform>
+            <numerusform>Descargando %n elementos</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Cancel all</source>
+        <translation>Cancelar todo</translation>
     </message>
 </context>
 <context>
@@ -149,6 +226,17 @@
     </message>
 </context>
 <context>
+    <name>FavouriteBar</name>
+    <message>
+        <source>“%1” is no longer a favorite</source>
+        <translation>«%1» ya no es favorito</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Deshacer</translation>
+    </message>
+</context>
+<context>
     <name>FavouritesFile</name>
     <message>
         <source>%1 cannot be written: %2</source>
@@ -159,12 +247,121 @@
         <translation>No se puede leer %1: %2</translation>
     </message>
     <message>
-        <source>%1 is not a file of favourites</source>
+        <source>%1 is not a file of favorites</source>
         <translation>%1 no es un archivo de favoritos</translation>
     </message>
     <message>
-        <source>%1 contains an entry that is not a favourite</source>
+        <source>%1 contains an entry that is not a favorite</source>
         <translation>%1 contiene una entrada que no es un favorito</translation>
+    </message>
+</context>
+<context>
+    <name>FilterBar</name>
+    <message>
+        <source>All types</source>
+        <translation>Todos los tipos</translation>
+    </message>
+    <message>
+        <source>Others</source>
+        <translation>Otros</translation>
+    </message>
+    <message>
+        <source>Festivals</source>
+        <translation>Fiestas</translation>
+    </message>
+    <message>
+        <source>Travel</source>
+        <translation>Viajes</translation>
+    </message>
+    <message>
+        <source>Banquets</source>
+        <translation>Banquetes</translation>
+    </message>
+    <message>
+        <source>Theme type</source>
+        <translation>Tipo de tema</translation>
+    </message>
+    <message>
+        <source>Search (Ctrl+F)</source>
+        <translation>Buscar (Ctrl+F)</translation>
+    </message>
+    <message>
+        <source>Search by name</source>
+        <translation>Buscar por nombre</translation>
+    </message>
+    <message>
+        <source>Favorites</source>
+        <translation>Favoritos</translation>
+    </message>
+    <message>
+        <source>Shows only your favorites</source>
+        <translation>Muestra solo sus favoritos</translation>
+    </message>
+    <message>
+        <source>Downloaded</source>
+        <translation>Descargados</translation>
+    </message>
+    <message>
+        <source>Shows only what is ready on this computer</source>
+        <translation>Muestra solo lo que está listo en este equipo</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <translation>Novedades</translation>
+    </message>
+    <message>
+        <source>Shows only what can be updated</source>
+        <translation>Muestra solo lo que se puede actualizar</translation>
+    </message>
+    <message>
+        <source>As published</source>
+        <translation>Orden original</translation>
+    </message>
+    <message>
+        <source>By name</source>
+        <translation>Por nombre</translation>
+    </message>
+    <message>
+        <source>Newest first</source>
+        <translation>Nuevos primero</translation>
+    </message>
+    <message>
+        <source>Largest first</source>
+        <translation>Grandes primero</translation>
+    </message>
+    <message>
+        <source>Order</source>
+        <translation>Orden</translation>
+    </message>
+    <message>
+        <source>Clear the search</source>
+        <translation>Borrar la búsqueda</translation>
+    </message>
+</context>
+<context>
+    <name>FolderBar</name>
+    <message>
+        <source>The download folder is not available now: %1</source>
+        <translation>La carpeta de descargas no está disponible ahora: %1</translation>
+    </message>
+    <message>
+        <source>Nothing can be downloaded: the download folder is not writable</source>
+        <translation>No se puede descargar nada: la carpeta de descargas no admite escritura</translation>
+    </message>
+    <message>
+        <source>The disk of the download folder is almost full: %1 are free</source>
+        <translation>El disco de la carpeta de descargas está casi lleno: quedan %1</translation>
+    </message>
+    <message>
+        <source>Choose another folder…</source>
+        <translation>Elegir otra carpeta…</translation>
+    </message>
+</context>
+<context>
+    <name>FoldingPanes</name>
+    <message>
+        <source>Back to the list</source>
+        <translation>Volver a la lista</translation>
     </message>
 </context>
 <context>
@@ -205,6 +402,85 @@
         <source>Others</source>
         <translation>Otros</translation>
     </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Definition</source>
+        <translation>Definición</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>Imagen</translation>
+    </message>
+    <message>
+        <source>Animated preview</source>
+        <translation>Vista previa animada</translation>
+    </message>
+    <message>
+        <source>Music: %1</source>
+        <translation>Música: %1</translation>
+    </message>
+    <message>
+        <source>Picture: %1</source>
+        <translation>Imagen: %1</translation>
+    </message>
+    <message>
+        <source>Package: %1</source>
+        <translation>Paquete: %1</translation>
+    </message>
+</context>
+<context>
+    <name>ItemMenu</name>
+    <message>
+        <source>Remove from &amp;favorites</source>
+        <translation>Quitar de &amp;favoritos</translation>
+    </message>
+    <message>
+        <source>Add to &amp;favorites</source>
+        <translation>Añadir a &amp;favoritos</translation>
+    </message>
+    <message>
+        <source>Show &amp;details</source>
+        <translation>Mostrar &amp;detalles</translation>
+    </message>
+    <message>
+        <source>&amp;Show files in folder</source>
+        <translation>&amp;Mostrar archivos en la carpeta</translation>
+    </message>
+    <message>
+        <source>Copy &amp;name</source>
+        <translation>Copiar &amp;nombre</translation>
+    </message>
+    <message>
+        <source>Copy &amp;GUID</source>
+        <translation>Copiar &amp;GUID</translation>
+    </message>
+    <message>
+        <source>&amp;Remove from this computer…</source>
+        <translation>&amp;Quitar del equipo…</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel download</source>
+        <translation>&amp;Cancelar la descarga</translation>
+    </message>
+    <message>
+        <source>Download and &amp;apply</source>
+        <translation>Descargar y &amp;aplicar</translation>
+    </message>
+    <message>
+        <source>D&amp;ownload only</source>
+        <translation>Solo &amp;descargar</translation>
+    </message>
+    <message>
+        <source>&amp;Apply</source>
+        <translation>&amp;Aplicar</translation>
+    </message>
+    <message>
+        <source>&amp;Update</source>
+        <translation>Act&amp;ualizar</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
@@ -223,14 +499,6 @@
     <message>
         <source>&amp;File</source>
         <translation>&amp;Archivo</translation>
-    </message>
-    <message>
-        <source>&amp;Export favourites…</source>
-        <translation>&amp;Exportar favoritos…</translation>
-    </message>
-    <message>
-        <source>&amp;Import favourites…</source>
-        <translation>&amp;Importar favoritos…</translation>
     </message>
     <message>
         <source>&amp;Quit</source>
@@ -260,38 +528,12 @@
         <source>No program opens the address %1</source>
         <translation>Ningún programa abre la dirección %1</translation>
     </message>
-    <message>
-        <source>Export favourites</source>
-        <translation>Exportar favoritos</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n favourite(s) written</source>
-        <translation>
-            <numerusform>%n favorito guardado</numerusform>
-            <numerusform>%n favoritos guardados</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Import favourites</source>
-        <translation>Importar favoritos</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n favourite(s) added</source>
-        <translation>
-            <numerusform>%n favorito añadido</numerusform>
-            <numerusform>%n favoritos añadidos</numerusform>
-        </translation>
-    </message>
     <message numerus="yes">
         <source>, %n of them not in the catalogue now</source>
         <translation>
             <numerusform>, %n no está ahora en el catálogo</numerusform>
             <numerusform>, %n no están ahora en el catálogo</numerusform>
         </translation>
-    </message>
-    <message>
-        <source>The favourites cannot be saved: %1</source>
-        <translation>No se pueden guardar los favoritos: %1</translation>
     </message>
     <message>
         <source>Show &amp;details</source>
@@ -304,6 +546,119 @@
     <message>
         <source>Open project</source>
         <translation>Abrir proyecto</translation>
+    </message>
+    <message>
+        <source>&amp;Export favorites…</source>
+        <translation>&amp;Exportar favoritos…</translation>
+    </message>
+    <message>
+        <source>&amp;Import favorites…</source>
+        <translation>&amp;Importar favoritos…</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>A&amp;yuda</translation>
+    </message>
+    <message>
+        <source>&amp;Keys</source>
+        <translation>&amp;Teclas</translation>
+    </message>
+    <message>
+        <source>&amp;About this program</source>
+        <translation>&amp;Acerca de este programa</translation>
+    </message>
+    <message>
+        <source>&amp;Details beside the list</source>
+        <translation>&amp;Detalles junto a la lista</translation>
+    </message>
+    <message>
+        <source>The favorites cannot be saved: %1</source>
+        <translation>No se pueden guardar los favoritos: %1</translation>
+    </message>
+    <message>
+        <source>Export favorites</source>
+        <translation>Exportar favoritos</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n favorite(s) written</source>
+        <translation>
+            <numerusform>%n favorito guardado</numerusform>
+            <numerusform>%n favoritos guardados</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Import favorites</source>
+        <translation>Importar favoritos</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n favorite(s) added</source>
+        <translation>
+            <numerusform>%n favorito añadido</numerusform>
+            <numerusform>%n favoritos añadidos</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Salir</translation>
+    </message>
+    <message>
+        <source>Keep downloading</source>
+        <translation>Seguir descargando</translation>
+    </message>
+    <message>
+        <source>move between the cells</source>
+        <translation>moverse entre las celdas</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>Intro</translation>
+    </message>
+    <message>
+        <source>apply or download the current one</source>
+        <translation>aplicar o descargar la actual</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Espacio</translation>
+    </message>
+    <message>
+        <source>play or stop its preview</source>
+        <translation>reproducir o detener su vista previa</translation>
+    </message>
+    <message>
+        <source>add it to the favorites or remove it</source>
+        <translation>añadirla a favoritos o quitarla</translation>
+    </message>
+    <message>
+        <source>Menu key</source>
+        <translation>Tecla Menú</translation>
+    </message>
+    <message>
+        <source>show everything that can be done with it</source>
+        <translation>mostrar todo lo que se puede hacer con ella</translation>
+    </message>
+    <message>
+        <source>Esc</source>
+        <translation>Esc</translation>
+    </message>
+    <message>
+        <source>cancel its download; clear the search</source>
+        <translation>cancelar su descarga; borrar la búsqueda</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Teclas</translation>
+    </message>
+    <message>
+        <source>The settings cannot be saved: %1</source>
+        <translation>No se pueden guardar los ajustes: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n download(s) would be cancelled</source>
+        <translation>
+            <numerusform>%n descarga sigue en curso y se cancelaría.</numerusform>
+            <numerusform>%n descargas siguen en curso y se cancelarían.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -418,12 +773,6 @@
         <translation>Ningún nombre contiene «%1»</translation>
     </message>
     <message>
-        <source>No favourites yet
-Point at a theme and press its heart, or press F</source>
-        <translation>Todavía no hay favoritos
-Señale un tema y pulse su corazón, o pulse F</translation>
-    </message>
-    <message>
         <source>No themes of this type</source>
         <translation>No hay temas de este tipo</translation>
     </message>
@@ -434,8 +783,50 @@ Resources come with the first check of the server</source>
 Los recursos llegan con la primera comprobación del servidor</translation>
     </message>
     <message>
-        <source>Update</source>
-        <translation>Actualizable</translation>
+        <source>Nothing passes all of these filters</source>
+        <translation>Nada cumple todos estos filtros</translation>
+    </message>
+    <message>
+        <source>Remove all filters</source>
+        <translation>Quitar todos los filtros</translation>
+    </message>
+    <message>
+        <source>Clear the search</source>
+        <translation>Borrar la búsqueda</translation>
+    </message>
+    <message>
+        <source>Show all types</source>
+        <translation>Mostrar todos los tipos</translation>
+    </message>
+    <message>
+        <source>None of these is a favorite</source>
+        <translation>Ninguno de estos es favorito</translation>
+    </message>
+    <message>
+        <source>No favorites yet
+Point at a cell and press its heart, or press F</source>
+        <translation>Todavía no hay favoritos
+Señale una celda y pulse su corazón, o pulse F</translation>
+    </message>
+    <message>
+        <source>Show more than favorites</source>
+        <translation>Mostrar no solo favoritos</translation>
+    </message>
+    <message>
+        <source>None of these is on this computer yet</source>
+        <translation>Ninguno de estos está aún en este equipo</translation>
+    </message>
+    <message>
+        <source>Show what can be downloaded</source>
+        <translation>Mostrar lo que se puede descargar</translation>
+    </message>
+    <message>
+        <source>There are no updates for these</source>
+        <translation>No hay novedades para estos</translation>
+    </message>
+    <message>
+        <source>Show the others, too</source>
+        <translation>Mostrar también los demás</translation>
     </message>
 </context>
 <context>
@@ -449,48 +840,165 @@ Los recursos llegan con la primera comprobación del servidor</translation>
         <translation>Filtros</translation>
     </message>
     <message>
-        <source>Filters (large)</source>
-        <translation>Filtros (grandes)</translation>
-    </message>
-    <message>
         <source>Backgrounds</source>
         <translation>Fondos</translation>
     </message>
     <message>
-        <source>All</source>
-        <translation>Todos</translation>
+        <source>Kinds of resources</source>
+        <translation>Tipos de recursos</translation>
     </message>
     <message>
-        <source>Favourites</source>
-        <translation>Favoritos</translation>
+        <source>Large pictures</source>
+        <translation>Imágenes grandes</translation>
     </message>
     <message>
-        <source>Others</source>
-        <translation>Otros</translation>
+        <source>Shows the filters in larger cells</source>
+        <translation>Muestra los filtros en celdas más grandes</translation>
+    </message>
+</context>
+<context>
+    <name>ServerField</name>
+    <message>
+        <source>Address of the resource server</source>
+        <translation>Dirección del servidor de recursos</translation>
     </message>
     <message>
-        <source>Festivals</source>
-        <translation>Fiestas</translation>
+        <source>This is not an address such as https://example.com/resources/</source>
+        <translation>No es una dirección como https://example.com/resources/</translation>
     </message>
     <message>
-        <source>Travel</source>
-        <translation>Viajes</translation>
+        <source>Asking %1…</source>
+        <translation>Consultando %1…</translation>
     </message>
     <message>
-        <source>Banquets</source>
-        <translation>Banquetes</translation>
+        <source>The server answers, but has no resources at this address</source>
+        <translation>El servidor responde, pero no tiene recursos en esta dirección</translation>
     </message>
     <message>
-        <source>Theme type</source>
-        <translation>Tipo de tema</translation>
+        <source>Nothing found: %1</source>
+        <translation>No se encontró nada: %1</translation>
     </message>
     <message>
-        <source>Search (Ctrl+F)</source>
-        <translation>Buscar (Ctrl+F)</translation>
+        <source>Found: catalogue %1</source>
+        <translation>Encontrado: catálogo %1</translation>
     </message>
     <message>
-        <source>Search by name</source>
-        <translation>Buscar por nombre</translation>
+        <source>Found: catalogue %1, published on %2</source>
+        <translation>Encontrado: catálogo %1, publicado el %2</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsControls</name>
+    <message>
+        <source>&amp;Settings…</source>
+        <translation>A&amp;justes…</translation>
+    </message>
+    <message>
+        <source>The new folder is used from the next start on; what is in the old one stays there</source>
+        <translation>La carpeta nueva se usará desde el próximo inicio; lo que hay en la anterior se queda allí</translation>
+    </message>
+    <message>
+        <source>The new server is used from the next start on</source>
+        <translation>El servidor nuevo se usará desde el próximo inicio</translation>
+    </message>
+    <message>
+        <source>The number of connections applies from the next start on</source>
+        <translation>El número de conexiones se aplicará en el próximo inicio</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsDialog</name>
+    <message>
+        <source>Change…</source>
+        <translation>Cambiar…</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Ajustes</translation>
+    </message>
+    <message>
+        <source>applies the item</source>
+        <translation>aplica el elemento</translation>
+    </message>
+    <message>
+        <source>selects the item and shows its details</source>
+        <translation>lo selecciona y muestra sus detalles</translation>
+    </message>
+    <message>
+        <source>As the desktop</source>
+        <translation>Como el escritorio</translation>
+    </message>
+    <message>
+        <source>Less motion</source>
+        <translation>Menos movimiento</translation>
+    </message>
+    <message>
+        <source>All previews move</source>
+        <translation>Se mueven todas las vistas previas</translation>
+    </message>
+    <message>
+        <source>As the screen</source>
+        <translation>Como la pantalla</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Ser&amp;ver:</source>
+        <translation>Ser&amp;vidor:</translation>
+    </message>
+    <message>
+        <source>&amp;Download folder:</source>
+        <translation>Carpeta de &amp;descargas:</translation>
+    </message>
+    <message>
+        <source>Download folder</source>
+        <translation>Carpeta de descargas</translation>
+    </message>
+    <message>
+        <source>&amp;Connections:</source>
+        <translation>&amp;Conexiones:</translation>
+    </message>
+    <message>
+        <source>A cl&amp;ick:</source>
+        <translation>Un cl&amp;ic:</translation>
+    </message>
+    <message>
+        <source>&amp;Motion:</source>
+        <translation>&amp;Movimiento:</translation>
+    </message>
+    <message>
+        <source>&amp;Language:</source>
+        <translation>&amp;Idioma:</translation>
+    </message>
+    <message>
+        <source>&amp;Skin:</source>
+        <translation>&amp;Aspecto:</translation>
+    </message>
+    <message>
+        <source>Sc&amp;ale:</source>
+        <translation>&amp;Escala:</translation>
+    </message>
+    <message>
+        <source>Files that are fetched at the same time</source>
+        <translation>Archivos que se descargan a la vez</translation>
+    </message>
+    <message>
+        <source>Measuring the folder…</source>
+        <translation>Midiendo la carpeta…</translation>
+    </message>
+    <message>
+        <source>This folder is not writable</source>
+        <translation>Esta carpeta no admite escritura</translation>
+    </message>
+    <message>
+        <source>Used: %1, free: %2</source>
+        <translation>Usado: %1, libre: %2</translation>
+    </message>
+    <message>
+        <source>The settings cannot be saved: %1</source>
+        <translation>No se pueden guardar los ajustes: %1</translation>
     </message>
 </context>
 <context>
@@ -545,6 +1053,10 @@ Los recursos llegan con la primera comprobación del servidor</translation>
     <message>
         <source>Update</source>
         <translation>Actualizar</translation>
+    </message>
+    <message>
+        <source>There is not enough space on the disk: %1 are free. Remove something, or choose another download folder in the settings.</source>
+        <translation>No hay espacio suficiente en el disco: quedan %1. Quite algo o elija otra carpeta en los ajustes.</translation>
     </message>
 </context>
 <context>
@@ -647,6 +1159,10 @@ Los recursos llegan con la primera comprobación del servidor</translation>
             <numerusform>Descargando %n elementos…</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Waiting for the server…</source>
+        <translation>Esperando al servidor…</translation>
+    </message>
 </context>
 <context>
     <name>ViewMenu</name>
@@ -681,6 +1197,29 @@ Los recursos llegan con la primera comprobación del servidor</translation>
     <message>
         <source>%1 %</source>
         <translation>%1 %</translation>
+    </message>
+</context>
+<context>
+    <name>WelcomePage</name>
+    <message>
+        <source>Where do your resources come from?</source>
+        <translation>¿De dónde vienen sus recursos?</translation>
+    </message>
+    <message>
+        <source>Themes, filters and backgrounds come from a resource server. Enter the address that you have been given; it can be changed in the settings.</source>
+        <translation>Los temas, filtros y fondos vienen de un servidor de recursos. Introduzca la dirección que le han dado; se puede cambiar en los ajustes.</translation>
+    </message>
+    <message>
+        <source>Continue without a server</source>
+        <translation>Continuar sin servidor</translation>
+    </message>
+    <message>
+        <source>Use this server</source>
+        <translation>Usar este servidor</translation>
+    </message>
+    <message>
+        <source>Use it anyway</source>
+        <translation>Usarlo de todos modos</translation>
     </message>
 </context>
 </TS>

@@ -2,6 +2,45 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr_FR">
 <context>
+    <name>AboutDialog</name>
+    <message>
+        <source>About this program</source>
+        <translation>À propos de ce programme</translation>
+    </message>
+    <message>
+        <source>Copy report</source>
+        <translation>Copier le rapport</translation>
+    </message>
+    <message>
+        <source>Copies versions, folders and settings for a report of a fault</source>
+        <translation>Copie versions, dossiers et réglages pour signaler un défaut</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>mveditor %1, with Qt %2</source>
+        <translation>mveditor %1, avec Qt %2</translation>
+    </message>
+    <message>
+        <source>Licence: %1</source>
+        <translation>Licence&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Downloads: %1</source>
+        <translation>Téléchargements&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Favorites: %1</source>
+        <translation>Favoris&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Installed resources: %1</source>
+        <translation>Ressources installées&#xa0;: %1</translation>
+    </message>
+</context>
+<context>
     <name>CheckStatus</name>
     <message>
         <source>Checking for new resources…</source>
@@ -97,14 +136,6 @@
         <translation>Cliquez sur une cellule, ou allez-y avec les flèches et appuyez sur Entrée. Ce qui manque est d’abord téléchargé.</translation>
     </message>
     <message>
-        <source>Add to favourites</source>
-        <translation>Ajouter aux favoris</translation>
-    </message>
-    <message>
-        <source>Remove favourite</source>
-        <translation>Retirer des favoris</translation>
-    </message>
-    <message>
         <source>Uses</source>
         <translation>Utilise</translation>
     </message>
@@ -119,6 +150,52 @@
     <message>
         <source>Preview of what is shown</source>
         <translation>Aperçu de l’élément affiché</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nom</translation>
+    </message>
+    <message>
+        <source>Kind or size</source>
+        <translation>Type ou taille</translation>
+    </message>
+    <message>
+        <source>Show file names</source>
+        <translation>Afficher les noms de fichiers</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Appliquer</translation>
+    </message>
+    <message>
+        <source>Add to favorites</source>
+        <translation>Ajouter aux favoris</translation>
+    </message>
+    <message>
+        <source>Remove favorite</source>
+        <translation>Retirer des favoris</translation>
+    </message>
+</context>
+<context>
+    <name>DownloadsBar</name>
+    <message>
+        <source>Waiting for the server…</source>
+        <translation>En attente du serveur…</translation>
+    </message>
+    <message numerus="yes">
+        <source>Downloading %n item(s)</source>
+        <translation>
+            <numerusform>Téléchargement de %n élément</numerusform>
+            <numerusform>Téléchargement de %n éléments</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Cancel all</source>
+        <translation>Tout annuler</translation>
     </message>
 </context>
 <context>
@@ -149,6 +226,17 @@
     </message>
 </context>
 <context>
+    <name>FavouriteBar</name>
+    <message>
+        <source>“%1” is no longer a favorite</source>
+        <translation>«&#xa0;%1&#xa0;» n’est plus un favori</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annuler</translation>
+    </message>
+</context>
+<context>
     <name>FavouritesFile</name>
     <message>
         <source>%1 cannot be written: %2</source>
@@ -159,12 +247,121 @@
         <translation>Impossible de lire %1&#xa0;: %2</translation>
     </message>
     <message>
-        <source>%1 is not a file of favourites</source>
+        <source>%1 is not a file of favorites</source>
         <translation>%1 n’est pas un fichier de favoris</translation>
     </message>
     <message>
-        <source>%1 contains an entry that is not a favourite</source>
+        <source>%1 contains an entry that is not a favorite</source>
         <translation>%1 contient une entrée qui n’est pas un favori</translation>
+    </message>
+</context>
+<context>
+    <name>FilterBar</name>
+    <message>
+        <source>All types</source>
+        <translation>Tous les types</translation>
+    </message>
+    <message>
+        <source>Others</source>
+        <translation>Autres</translation>
+    </message>
+    <message>
+        <source>Festivals</source>
+        <translation>Fêtes</translation>
+    </message>
+    <message>
+        <source>Travel</source>
+        <translation>Voyages</translation>
+    </message>
+    <message>
+        <source>Banquets</source>
+        <translation>Banquets</translation>
+    </message>
+    <message>
+        <source>Theme type</source>
+        <translation>Type de thème</translation>
+    </message>
+    <message>
+        <source>Search (Ctrl+F)</source>
+        <translation>Rechercher (Ctrl+F)</translation>
+    </message>
+    <message>
+        <source>Search by name</source>
+        <translation>Rechercher par nom</translation>
+    </message>
+    <message>
+        <source>Favorites</source>
+        <translation>Favoris</translation>
+    </message>
+    <message>
+        <source>Shows only your favorites</source>
+        <translation>N’affiche que vos favoris</translation>
+    </message>
+    <message>
+        <source>Downloaded</source>
+        <translation>Téléchargés</translation>
+    </message>
+    <message>
+        <source>Shows only what is ready on this computer</source>
+        <translation>N’affiche que ce qui est prêt sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <translation>Mises à jour</translation>
+    </message>
+    <message>
+        <source>Shows only what can be updated</source>
+        <translation>N’affiche que ce qui peut être mis à jour</translation>
+    </message>
+    <message>
+        <source>As published</source>
+        <translation>Ordre d’origine</translation>
+    </message>
+    <message>
+        <source>By name</source>
+        <translation>Par nom</translation>
+    </message>
+    <message>
+        <source>Newest first</source>
+        <translation>Récents d’abord</translation>
+    </message>
+    <message>
+        <source>Largest first</source>
+        <translation>Plus gros d’abord</translation>
+    </message>
+    <message>
+        <source>Order</source>
+        <translation>Ordre</translation>
+    </message>
+    <message>
+        <source>Clear the search</source>
+        <translation>Effacer la recherche</translation>
+    </message>
+</context>
+<context>
+    <name>FolderBar</name>
+    <message>
+        <source>The download folder is not available now: %1</source>
+        <translation>Le dossier de téléchargement n’est pas disponible&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Nothing can be downloaded: the download folder is not writable</source>
+        <translation>Rien ne peut être téléchargé&#xa0;: le dossier n’est pas accessible en écriture</translation>
+    </message>
+    <message>
+        <source>The disk of the download folder is almost full: %1 are free</source>
+        <translation>Le disque du dossier de téléchargement est presque plein&#xa0;: %1 libres</translation>
+    </message>
+    <message>
+        <source>Choose another folder…</source>
+        <translation>Choisir un autre dossier…</translation>
+    </message>
+</context>
+<context>
+    <name>FoldingPanes</name>
+    <message>
+        <source>Back to the list</source>
+        <translation>Retour à la liste</translation>
     </message>
 </context>
 <context>
@@ -205,6 +402,85 @@
         <source>Others</source>
         <translation>Autres</translation>
     </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Definition</source>
+        <translation>Définition</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>Image</translation>
+    </message>
+    <message>
+        <source>Animated preview</source>
+        <translation>Aperçu animé</translation>
+    </message>
+    <message>
+        <source>Music: %1</source>
+        <translation>Musique&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Picture: %1</source>
+        <translation>Image&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Package: %1</source>
+        <translation>Paquet&#xa0;: %1</translation>
+    </message>
+</context>
+<context>
+    <name>ItemMenu</name>
+    <message>
+        <source>Remove from &amp;favorites</source>
+        <translation>Retirer des &amp;favoris</translation>
+    </message>
+    <message>
+        <source>Add to &amp;favorites</source>
+        <translation>Ajouter aux &amp;favoris</translation>
+    </message>
+    <message>
+        <source>Show &amp;details</source>
+        <translation>Afficher les &amp;détails</translation>
+    </message>
+    <message>
+        <source>&amp;Show files in folder</source>
+        <translation>Afficher les fichiers dans le do&amp;ssier</translation>
+    </message>
+    <message>
+        <source>Copy &amp;name</source>
+        <translation>Copier le &amp;nom</translation>
+    </message>
+    <message>
+        <source>Copy &amp;GUID</source>
+        <translation>Copier le &amp;GUID</translation>
+    </message>
+    <message>
+        <source>&amp;Remove from this computer…</source>
+        <translation>&amp;Retirer de l’ordinateur…</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel download</source>
+        <translation>Annu&amp;ler le téléchargement</translation>
+    </message>
+    <message>
+        <source>Download and &amp;apply</source>
+        <translation>Télécharger et &amp;appliquer</translation>
+    </message>
+    <message>
+        <source>D&amp;ownload only</source>
+        <translation>Télécharger seu&amp;lement</translation>
+    </message>
+    <message>
+        <source>&amp;Apply</source>
+        <translation>&amp;Appliquer</translation>
+    </message>
+    <message>
+        <source>&amp;Update</source>
+        <translation>&amp;Mettre à jour</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
@@ -223,14 +499,6 @@
     <message>
         <source>&amp;File</source>
         <translation>&amp;Fichier</translation>
-    </message>
-    <message>
-        <source>&amp;Export favourites…</source>
-        <translation>&amp;Exporter les favoris…</translation>
-    </message>
-    <message>
-        <source>&amp;Import favourites…</source>
-        <translation>&amp;Importer des favoris…</translation>
     </message>
     <message>
         <source>&amp;Quit</source>
@@ -260,38 +528,12 @@
         <source>No program opens the address %1</source>
         <translation>Aucun programme n’ouvre l’adresse %1</translation>
     </message>
-    <message>
-        <source>Export favourites</source>
-        <translation>Exporter les favoris</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n favourite(s) written</source>
-        <translation>
-            <numerusform>%n favori écrit</numerusform>
-            <numerusform>%n favoris écrits</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Import favourites</source>
-        <translation>Importer des favoris</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n favourite(s) added</source>
-        <translation>
-            <numerusform>%n favori ajouté</numerusform>
-            <numerusform>%n favoris ajoutés</numerusform>
-        </translation>
-    </message>
     <message numerus="yes">
         <source>, %n of them not in the catalogue now</source>
         <translation>
             <numerusform>, dont %n absent du catalogue actuel</numerusform>
             <numerusform>, dont %n absents du catalogue actuel</numerusform>
         </translation>
-    </message>
-    <message>
-        <source>The favourites cannot be saved: %1</source>
-        <translation>Impossible d’enregistrer les favoris&#xa0;: %1</translation>
     </message>
     <message>
         <source>Show &amp;details</source>
@@ -304,6 +546,119 @@
     <message>
         <source>Open project</source>
         <translation>Ouvrir un projet</translation>
+    </message>
+    <message>
+        <source>&amp;Export favorites…</source>
+        <translation>&amp;Exporter les favoris…</translation>
+    </message>
+    <message>
+        <source>&amp;Import favorites…</source>
+        <translation>&amp;Importer des favoris…</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>Aid&amp;e</translation>
+    </message>
+    <message>
+        <source>&amp;Keys</source>
+        <translation>&amp;Touches</translation>
+    </message>
+    <message>
+        <source>&amp;About this program</source>
+        <translation>À &amp;propos de ce programme</translation>
+    </message>
+    <message>
+        <source>&amp;Details beside the list</source>
+        <translation>&amp;Détails à côté de la liste</translation>
+    </message>
+    <message>
+        <source>The favorites cannot be saved: %1</source>
+        <translation>Impossible d’enregistrer les favoris&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Export favorites</source>
+        <translation>Exporter les favoris</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n favorite(s) written</source>
+        <translation>
+            <numerusform>%n favori écrit</numerusform>
+            <numerusform>%n favoris écrits</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Import favorites</source>
+        <translation>Importer des favoris</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n favorite(s) added</source>
+        <translation>
+            <numerusform>%n favori ajouté</numerusform>
+            <numerusform>%n favoris ajoutés</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Quitter</translation>
+    </message>
+    <message>
+        <source>Keep downloading</source>
+        <translation>Continuer à télécharger</translation>
+    </message>
+    <message>
+        <source>move between the cells</source>
+        <translation>passer d’une cellule à l’autre</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>Entrée</translation>
+    </message>
+    <message>
+        <source>apply or download the current one</source>
+        <translation>appliquer ou télécharger la cellule active</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Espace</translation>
+    </message>
+    <message>
+        <source>play or stop its preview</source>
+        <translation>lire ou arrêter son aperçu</translation>
+    </message>
+    <message>
+        <source>add it to the favorites or remove it</source>
+        <translation>l’ajouter aux favoris ou l’en retirer</translation>
+    </message>
+    <message>
+        <source>Menu key</source>
+        <translation>Touche Menu</translation>
+    </message>
+    <message>
+        <source>show everything that can be done with it</source>
+        <translation>afficher toutes les actions possibles</translation>
+    </message>
+    <message>
+        <source>Esc</source>
+        <translation>Échap</translation>
+    </message>
+    <message>
+        <source>cancel its download; clear the search</source>
+        <translation>annuler son téléchargement&#xa0;; effacer la recherche</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Touches</translation>
+    </message>
+    <message>
+        <source>The settings cannot be saved: %1</source>
+        <translation>Impossible d’enregistrer les réglages&#xa0;: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n download(s) would be cancelled</source>
+        <translation>
+            <numerusform>%n téléchargement est en cours et serait annulé.</numerusform>
+            <numerusform>%n téléchargements sont en cours et seraient annulés.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -418,12 +773,6 @@
         <translation>Aucun nom ne contient «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
-        <source>No favourites yet
-Point at a theme and press its heart, or press F</source>
-        <translation>Pas encore de favoris
-Pointez un thème et cliquez sur son cœur, ou appuyez sur F</translation>
-    </message>
-    <message>
         <source>No themes of this type</source>
         <translation>Aucun thème de ce type</translation>
     </message>
@@ -434,8 +783,50 @@ Resources come with the first check of the server</source>
 Les ressources arrivent avec la première vérification du serveur</translation>
     </message>
     <message>
-        <source>Update</source>
-        <translation>Mise à jour</translation>
+        <source>Nothing passes all of these filters</source>
+        <translation>Rien ne correspond à tous ces filtres</translation>
+    </message>
+    <message>
+        <source>Remove all filters</source>
+        <translation>Retirer tous les filtres</translation>
+    </message>
+    <message>
+        <source>Clear the search</source>
+        <translation>Effacer la recherche</translation>
+    </message>
+    <message>
+        <source>Show all types</source>
+        <translation>Afficher tous les types</translation>
+    </message>
+    <message>
+        <source>None of these is a favorite</source>
+        <translation>Aucun de ceux-ci n’est un favori</translation>
+    </message>
+    <message>
+        <source>No favorites yet
+Point at a cell and press its heart, or press F</source>
+        <translation>Pas encore de favoris
+Pointez une cellule et cliquez sur son cœur, ou appuyez sur F</translation>
+    </message>
+    <message>
+        <source>Show more than favorites</source>
+        <translation>Ne pas se limiter aux favoris</translation>
+    </message>
+    <message>
+        <source>None of these is on this computer yet</source>
+        <translation>Aucun de ceux-ci n’est encore sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>Show what can be downloaded</source>
+        <translation>Afficher ce qui peut être téléchargé</translation>
+    </message>
+    <message>
+        <source>There are no updates for these</source>
+        <translation>Pas de mises à jour pour ceux-ci</translation>
+    </message>
+    <message>
+        <source>Show the others, too</source>
+        <translation>Afficher aussi les autres</translation>
     </message>
 </context>
 <context>
@@ -449,48 +840,165 @@ Les ressources arrivent avec la première vérification du serveur</translation>
         <translation>Filtres</translation>
     </message>
     <message>
-        <source>Filters (large)</source>
-        <translation>Filtres (grands)</translation>
-    </message>
-    <message>
         <source>Backgrounds</source>
         <translation>Arrière-plans</translation>
     </message>
     <message>
-        <source>All</source>
-        <translation>Tous</translation>
+        <source>Kinds of resources</source>
+        <translation>Types de ressources</translation>
     </message>
     <message>
-        <source>Favourites</source>
-        <translation>Favoris</translation>
+        <source>Large pictures</source>
+        <translation>Grandes images</translation>
     </message>
     <message>
-        <source>Others</source>
-        <translation>Autres</translation>
+        <source>Shows the filters in larger cells</source>
+        <translation>Affiche les filtres dans de plus grandes cellules</translation>
+    </message>
+</context>
+<context>
+    <name>ServerField</name>
+    <message>
+        <source>Address of the resource server</source>
+        <translation>Adresse du serveur de ressources</translation>
     </message>
     <message>
-        <source>Festivals</source>
-        <translation>Fêtes</translation>
+        <source>This is not an address such as https://example.com/resources/</source>
+        <translation>Ce n’est pas une adresse comme https://example.com/resources/</translation>
     </message>
     <message>
-        <source>Travel</source>
-        <translation>Voyages</translation>
+        <source>Asking %1…</source>
+        <translation>Interrogation de %1…</translation>
     </message>
     <message>
-        <source>Banquets</source>
-        <translation>Banquets</translation>
+        <source>The server answers, but has no resources at this address</source>
+        <translation>Le serveur répond, mais n’a pas de ressources à cette adresse</translation>
     </message>
     <message>
-        <source>Theme type</source>
-        <translation>Type de thème</translation>
+        <source>Nothing found: %1</source>
+        <translation>Rien trouvé&#xa0;: %1</translation>
     </message>
     <message>
-        <source>Search (Ctrl+F)</source>
-        <translation>Rechercher (Ctrl+F)</translation>
+        <source>Found: catalogue %1</source>
+        <translation>Trouvé&#xa0;: catalogue %1</translation>
     </message>
     <message>
-        <source>Search by name</source>
-        <translation>Rechercher par nom</translation>
+        <source>Found: catalogue %1, published on %2</source>
+        <translation>Trouvé&#xa0;: catalogue %1, publié le %2</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsControls</name>
+    <message>
+        <source>&amp;Settings…</source>
+        <translation>&amp;Réglages…</translation>
+    </message>
+    <message>
+        <source>The new folder is used from the next start on; what is in the old one stays there</source>
+        <translation>Le nouveau dossier servira au prochain démarrage&#xa0;; le contenu de l’ancien y reste</translation>
+    </message>
+    <message>
+        <source>The new server is used from the next start on</source>
+        <translation>Le nouveau serveur servira au prochain démarrage</translation>
+    </message>
+    <message>
+        <source>The number of connections applies from the next start on</source>
+        <translation>Le nombre de connexions s’appliquera au prochain démarrage</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsDialog</name>
+    <message>
+        <source>Change…</source>
+        <translation>Modifier…</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Réglages</translation>
+    </message>
+    <message>
+        <source>applies the item</source>
+        <translation>applique l’élément</translation>
+    </message>
+    <message>
+        <source>selects the item and shows its details</source>
+        <translation>le sélectionne et affiche ses détails</translation>
+    </message>
+    <message>
+        <source>As the desktop</source>
+        <translation>Comme le bureau</translation>
+    </message>
+    <message>
+        <source>Less motion</source>
+        <translation>Moins d’animations</translation>
+    </message>
+    <message>
+        <source>All previews move</source>
+        <translation>Tous les aperçus sont animés</translation>
+    </message>
+    <message>
+        <source>As the screen</source>
+        <translation>Comme l’écran</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Ser&amp;ver:</source>
+        <translation>Ser&amp;veur&#xa0;:</translation>
+    </message>
+    <message>
+        <source>&amp;Download folder:</source>
+        <translation>&amp;Dossier de téléchargement&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Download folder</source>
+        <translation>Dossier de téléchargement</translation>
+    </message>
+    <message>
+        <source>&amp;Connections:</source>
+        <translation>&amp;Connexions&#xa0;:</translation>
+    </message>
+    <message>
+        <source>A cl&amp;ick:</source>
+        <translation>Un cl&amp;ic&#xa0;:</translation>
+    </message>
+    <message>
+        <source>&amp;Motion:</source>
+        <translation>&amp;Animations&#xa0;:</translation>
+    </message>
+    <message>
+        <source>&amp;Language:</source>
+        <translation>&amp;Langue&#xa0;:</translation>
+    </message>
+    <message>
+        <source>&amp;Skin:</source>
+        <translation>A&amp;pparence&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Sc&amp;ale:</source>
+        <translation>&amp;Échelle&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Files that are fetched at the same time</source>
+        <translation>Fichiers téléchargés en même temps</translation>
+    </message>
+    <message>
+        <source>Measuring the folder…</source>
+        <translation>Mesure du dossier…</translation>
+    </message>
+    <message>
+        <source>This folder is not writable</source>
+        <translation>Ce dossier n’est pas accessible en écriture</translation>
+    </message>
+    <message>
+        <source>Used: %1, free: %2</source>
+        <translation>Utilisé&#xa0;: %1, libre&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>The settings cannot be saved: %1</source>
+        <translation>Impossible d’enregistrer les réglages&#xa0;: %1</translation>
     </message>
 </context>
 <context>
@@ -545,6 +1053,10 @@ Les ressources arrivent avec la première vérification du serveur</translation>
     <message>
         <source>Update</source>
         <translation>Mettre à jour</translation>
+    </message>
+    <message>
+        <source>There is not enough space on the disk: %1 are free. Remove something, or choose another download folder in the settings.</source>
+        <translation>Il n’y a pas assez de place sur le disque&#xa0;: %1 libres. Retirez quelque chose ou choisissez un autre dossier dans les réglages.</translation>
     </message>
 </context>
 <context>
@@ -647,6 +1159,10 @@ Les ressources arrivent avec la première vérification du serveur</translation>
             <numerusform>Téléchargement de %n éléments…</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Waiting for the server…</source>
+        <translation>En attente du serveur…</translation>
+    </message>
 </context>
 <context>
     <name>ViewMenu</name>
@@ -681,6 +1197,29 @@ Les ressources arrivent avec la première vérification du serveur</translation>
     <message>
         <source>%1 %</source>
         <translation>%1 %</translation>
+    </message>
+</context>
+<context>
+    <name>WelcomePage</name>
+    <message>
+        <source>Where do your resources come from?</source>
+        <translation>D’où viennent vos ressources&#xa0;?</translation>
+    </message>
+    <message>
+        <source>Themes, filters and backgrounds come from a resource server. Enter the address that you have been given; it can be changed in the settings.</source>
+        <translation>Thèmes, filtres et arrière-plans viennent d’un serveur de ressources. Saisissez l’adresse que l’on vous a donnée&#xa0;; elle peut être modifiée dans les réglages.</translation>
+    </message>
+    <message>
+        <source>Continue without a server</source>
+        <translation>Continuer sans serveur</translation>
+    </message>
+    <message>
+        <source>Use this server</source>
+        <translation>Utiliser ce serveur</translation>
+    </message>
+    <message>
+        <source>Use it anyway</source>
+        <translation>L’utiliser quand même</translation>
     </message>
 </context>
 </TS>

@@ -2,6 +2,45 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja_JP">
 <context>
+    <name>AboutDialog</name>
+    <message>
+        <source>About this program</source>
+        <translation>このプログラムについて</translation>
+    </message>
+    <message>
+        <source>Copy report</source>
+        <translation>レポートをコピー</translation>
+    </message>
+    <message>
+        <source>Copies versions, folders and settings for a report of a fault</source>
+        <translation>不具合の報告用に、バージョン、フォルダー、設定をコピーします</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>mveditor %1, with Qt %2</source>
+        <translation>mveditor %1（Qt %2）</translation>
+    </message>
+    <message>
+        <source>Licence: %1</source>
+        <translation>ライセンス: %1</translation>
+    </message>
+    <message>
+        <source>Downloads: %1</source>
+        <translation>ダウンロード: %1</translation>
+    </message>
+    <message>
+        <source>Favorites: %1</source>
+        <translation>お気に入り: %1</translation>
+    </message>
+    <message>
+        <source>Installed resources: %1</source>
+        <translation>インストール済みの素材: %1</translation>
+    </message>
+</context>
+<context>
     <name>CheckStatus</name>
     <message>
         <source>Checking for new resources…</source>
@@ -95,14 +134,6 @@
         <translation>セルをクリックするか、矢印キーで移動して Enter キーを押してください。足りないファイルは先にダウンロードされます。</translation>
     </message>
     <message>
-        <source>Add to favourites</source>
-        <translation>お気に入りに追加</translation>
-    </message>
-    <message>
-        <source>Remove favourite</source>
-        <translation>お気に入りから削除</translation>
-    </message>
-    <message>
         <source>Uses</source>
         <translation>使用しているもの</translation>
     </message>
@@ -117,6 +148,51 @@
     <message>
         <source>Preview of what is shown</source>
         <translation>表示中の項目のプレビュー</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名前</translation>
+    </message>
+    <message>
+        <source>Kind or size</source>
+        <translation>種類またはサイズ</translation>
+    </message>
+    <message>
+        <source>Show file names</source>
+        <translation>ファイル名を表示</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>適用</translation>
+    </message>
+    <message>
+        <source>Add to favorites</source>
+        <translation>お気に入りに追加</translation>
+    </message>
+    <message>
+        <source>Remove favorite</source>
+        <translation>お気に入りから削除</translation>
+    </message>
+</context>
+<context>
+    <name>DownloadsBar</name>
+    <message>
+        <source>Waiting for the server…</source>
+        <translation>サーバーを待っています…</translation>
+    </message>
+    <message numerus="yes">
+        <source>Downloading %n item(s)</source>
+        <translation>
+            <numerusform>%n 項目をダウンロード中</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Cancel all</source>
+        <translation>すべてキャンセル</translation>
     </message>
 </context>
 <context>
@@ -147,6 +223,17 @@
     </message>
 </context>
 <context>
+    <name>FavouriteBar</name>
+    <message>
+        <source>“%1” is no longer a favorite</source>
+        <translation>「%1」をお気に入りから外しました</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>元に戻す</translation>
+    </message>
+</context>
+<context>
     <name>FavouritesFile</name>
     <message>
         <source>%1 cannot be written: %2</source>
@@ -157,12 +244,121 @@
         <translation>%1 を読み込めません: %2</translation>
     </message>
     <message>
-        <source>%1 is not a file of favourites</source>
+        <source>%1 is not a file of favorites</source>
         <translation>%1 はお気に入りのファイルではありません</translation>
     </message>
     <message>
-        <source>%1 contains an entry that is not a favourite</source>
+        <source>%1 contains an entry that is not a favorite</source>
         <translation>%1 にお気に入りではない項目が含まれています</translation>
+    </message>
+</context>
+<context>
+    <name>FilterBar</name>
+    <message>
+        <source>All types</source>
+        <translation>すべての種類</translation>
+    </message>
+    <message>
+        <source>Others</source>
+        <translation>その他</translation>
+    </message>
+    <message>
+        <source>Festivals</source>
+        <translation>お祭り</translation>
+    </message>
+    <message>
+        <source>Travel</source>
+        <translation>旅行</translation>
+    </message>
+    <message>
+        <source>Banquets</source>
+        <translation>宴会</translation>
+    </message>
+    <message>
+        <source>Theme type</source>
+        <translation>テーマの種類</translation>
+    </message>
+    <message>
+        <source>Search (Ctrl+F)</source>
+        <translation>検索 (Ctrl+F)</translation>
+    </message>
+    <message>
+        <source>Search by name</source>
+        <translation>名前で検索</translation>
+    </message>
+    <message>
+        <source>Favorites</source>
+        <translation>お気に入り</translation>
+    </message>
+    <message>
+        <source>Shows only your favorites</source>
+        <translation>お気に入りだけを表示します</translation>
+    </message>
+    <message>
+        <source>Downloaded</source>
+        <translation>ダウンロード済み</translation>
+    </message>
+    <message>
+        <source>Shows only what is ready on this computer</source>
+        <translation>このコンピューターで使えるものだけを表示します</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <translation>更新</translation>
+    </message>
+    <message>
+        <source>Shows only what can be updated</source>
+        <translation>更新できるものだけを表示します</translation>
+    </message>
+    <message>
+        <source>As published</source>
+        <translation>公開順</translation>
+    </message>
+    <message>
+        <source>By name</source>
+        <translation>名前順</translation>
+    </message>
+    <message>
+        <source>Newest first</source>
+        <translation>新しい順</translation>
+    </message>
+    <message>
+        <source>Largest first</source>
+        <translation>大きい順</translation>
+    </message>
+    <message>
+        <source>Order</source>
+        <translation>並び順</translation>
+    </message>
+    <message>
+        <source>Clear the search</source>
+        <translation>検索を消去</translation>
+    </message>
+</context>
+<context>
+    <name>FolderBar</name>
+    <message>
+        <source>The download folder is not available now: %1</source>
+        <translation>ダウンロードフォルダーを現在利用できません: %1</translation>
+    </message>
+    <message>
+        <source>Nothing can be downloaded: the download folder is not writable</source>
+        <translation>ダウンロードできません: ダウンロードフォルダーに書き込めません</translation>
+    </message>
+    <message>
+        <source>The disk of the download folder is almost full: %1 are free</source>
+        <translation>ダウンロードフォルダーのディスクの空きがわずかです: 残り %1</translation>
+    </message>
+    <message>
+        <source>Choose another folder…</source>
+        <translation>別のフォルダーを選ぶ…</translation>
+    </message>
+</context>
+<context>
+    <name>FoldingPanes</name>
+    <message>
+        <source>Back to the list</source>
+        <translation>一覧に戻る</translation>
     </message>
 </context>
 <context>
@@ -203,6 +399,85 @@
         <source>Others</source>
         <translation>その他</translation>
     </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1（%2）</translation>
+    </message>
+    <message>
+        <source>Definition</source>
+        <translation>定義</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>画像</translation>
+    </message>
+    <message>
+        <source>Animated preview</source>
+        <translation>動くプレビュー</translation>
+    </message>
+    <message>
+        <source>Music: %1</source>
+        <translation>音楽: %1</translation>
+    </message>
+    <message>
+        <source>Picture: %1</source>
+        <translation>画像: %1</translation>
+    </message>
+    <message>
+        <source>Package: %1</source>
+        <translation>パッケージ: %1</translation>
+    </message>
+</context>
+<context>
+    <name>ItemMenu</name>
+    <message>
+        <source>Remove from &amp;favorites</source>
+        <translation>お気に入りから削除(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Add to &amp;favorites</source>
+        <translation>お気に入りに追加(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Show &amp;details</source>
+        <translation>詳細を表示(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Show files in folder</source>
+        <translation>フォルダーでファイルを表示(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Copy &amp;name</source>
+        <translation>名前をコピー(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Copy &amp;GUID</source>
+        <translation>GUID をコピー(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Remove from this computer…</source>
+        <translation>コンピューターから削除(&amp;R)…</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel download</source>
+        <translation>ダウンロードをキャンセル(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Download and &amp;apply</source>
+        <translation>ダウンロードして適用(&amp;A)</translation>
+    </message>
+    <message>
+        <source>D&amp;ownload only</source>
+        <translation>ダウンロードのみ(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Apply</source>
+        <translation>適用(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Update</source>
+        <translation>更新(&amp;U)</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
@@ -221,14 +496,6 @@
     <message>
         <source>&amp;File</source>
         <translation>ファイル(&amp;F)</translation>
-    </message>
-    <message>
-        <source>&amp;Export favourites…</source>
-        <translation>お気に入りの書き出し(&amp;E)…</translation>
-    </message>
-    <message>
-        <source>&amp;Import favourites…</source>
-        <translation>お気に入りの読み込み(&amp;I)…</translation>
     </message>
     <message>
         <source>&amp;Quit</source>
@@ -258,35 +525,11 @@
         <source>No program opens the address %1</source>
         <translation>アドレス %1 を開くプログラムがありません</translation>
     </message>
-    <message>
-        <source>Export favourites</source>
-        <translation>お気に入りの書き出し</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n favourite(s) written</source>
-        <translation>
-            <numerusform>お気に入り %n 件を書き出しました</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Import favourites</source>
-        <translation>お気に入りの読み込み</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n favourite(s) added</source>
-        <translation>
-            <numerusform>お気に入り %n 件を追加しました</numerusform>
-        </translation>
-    </message>
     <message numerus="yes">
         <source>, %n of them not in the catalogue now</source>
         <translation>
             <numerusform>（うち %n 件は現在のカタログにありません）</numerusform>
         </translation>
-    </message>
-    <message>
-        <source>The favourites cannot be saved: %1</source>
-        <translation>お気に入りを保存できません: %1</translation>
     </message>
     <message>
         <source>Show &amp;details</source>
@@ -299,6 +542,116 @@
     <message>
         <source>Open project</source>
         <translation>プロジェクトを開く</translation>
+    </message>
+    <message>
+        <source>&amp;Export favorites…</source>
+        <translation>お気に入りの書き出し(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>&amp;Import favorites…</source>
+        <translation>お気に入りの読み込み(&amp;I)…</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>ヘルプ(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Keys</source>
+        <translation>キー操作(&amp;K)</translation>
+    </message>
+    <message>
+        <source>&amp;About this program</source>
+        <translation>このプログラムについて(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Details beside the list</source>
+        <translation>一覧の横に詳細を表示(&amp;D)</translation>
+    </message>
+    <message>
+        <source>The favorites cannot be saved: %1</source>
+        <translation>お気に入りを保存できません: %1</translation>
+    </message>
+    <message>
+        <source>Export favorites</source>
+        <translation>お気に入りの書き出し</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n favorite(s) written</source>
+        <translation>
+            <numerusform>お気に入り %n 件を書き出しました</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Import favorites</source>
+        <translation>お気に入りの読み込み</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n favorite(s) added</source>
+        <translation>
+            <numerusform>お気に入り %n 件を追加しました</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>終了</translation>
+    </message>
+    <message>
+        <source>Keep downloading</source>
+        <translation>ダウンロードを続ける</translation>
+    </message>
+    <message>
+        <source>move between the cells</source>
+        <translation>セル間を移動</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>Enter</translation>
+    </message>
+    <message>
+        <source>apply or download the current one</source>
+        <translation>現在のセルを適用またはダウンロード</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>スペース</translation>
+    </message>
+    <message>
+        <source>play or stop its preview</source>
+        <translation>プレビューを再生または停止</translation>
+    </message>
+    <message>
+        <source>add it to the favorites or remove it</source>
+        <translation>お気に入りに追加または削除</translation>
+    </message>
+    <message>
+        <source>Menu key</source>
+        <translation>メニューキー</translation>
+    </message>
+    <message>
+        <source>show everything that can be done with it</source>
+        <translation>できることをすべて表示</translation>
+    </message>
+    <message>
+        <source>Esc</source>
+        <translation>Esc</translation>
+    </message>
+    <message>
+        <source>cancel its download; clear the search</source>
+        <translation>ダウンロードをキャンセル、検索を消去</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>キー操作</translation>
+    </message>
+    <message>
+        <source>The settings cannot be saved: %1</source>
+        <translation>設定を保存できません: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n download(s) would be cancelled</source>
+        <translation>
+            <numerusform>%n 件のダウンロードが実行中です。終了するとキャンセルされます。</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -413,12 +766,6 @@
         <translation>「%1」を含む名前はありません</translation>
     </message>
     <message>
-        <source>No favourites yet
-Point at a theme and press its heart, or press F</source>
-        <translation>お気に入りはまだありません
-テーマにマウスを合わせてハートを押すか、F キーを押してください</translation>
-    </message>
-    <message>
         <source>No themes of this type</source>
         <translation>この種類のテーマはありません</translation>
     </message>
@@ -429,8 +776,50 @@ Resources come with the first check of the server</source>
 リソースはサーバーの最初の確認で届きます</translation>
     </message>
     <message>
-        <source>Update</source>
-        <translation>更新</translation>
+        <source>Nothing passes all of these filters</source>
+        <translation>すべての条件に合うものはありません</translation>
+    </message>
+    <message>
+        <source>Remove all filters</source>
+        <translation>すべての条件を解除</translation>
+    </message>
+    <message>
+        <source>Clear the search</source>
+        <translation>検索を消去</translation>
+    </message>
+    <message>
+        <source>Show all types</source>
+        <translation>すべての種類を表示</translation>
+    </message>
+    <message>
+        <source>None of these is a favorite</source>
+        <translation>この中にお気に入りはありません</translation>
+    </message>
+    <message>
+        <source>No favorites yet
+Point at a cell and press its heart, or press F</source>
+        <translation>お気に入りはまだありません
+セルにマウスを合わせてハートを押すか、F キーを押してください</translation>
+    </message>
+    <message>
+        <source>Show more than favorites</source>
+        <translation>お気に入り以外も表示</translation>
+    </message>
+    <message>
+        <source>None of these is on this computer yet</source>
+        <translation>この中にダウンロード済みのものはありません</translation>
+    </message>
+    <message>
+        <source>Show what can be downloaded</source>
+        <translation>ダウンロードできるものも表示</translation>
+    </message>
+    <message>
+        <source>There are no updates for these</source>
+        <translation>この中に更新はありません</translation>
+    </message>
+    <message>
+        <source>Show the others, too</source>
+        <translation>ほかのものも表示</translation>
     </message>
 </context>
 <context>
@@ -444,48 +833,165 @@ Resources come with the first check of the server</source>
         <translation>フィルター</translation>
     </message>
     <message>
-        <source>Filters (large)</source>
-        <translation>フィルター（大）</translation>
-    </message>
-    <message>
         <source>Backgrounds</source>
         <translation>背景</translation>
     </message>
     <message>
-        <source>All</source>
-        <translation>すべて</translation>
+        <source>Kinds of resources</source>
+        <translation>素材の種類</translation>
     </message>
     <message>
-        <source>Favourites</source>
-        <translation>お気に入り</translation>
+        <source>Large pictures</source>
+        <translation>大きい画像</translation>
     </message>
     <message>
-        <source>Others</source>
-        <translation>その他</translation>
+        <source>Shows the filters in larger cells</source>
+        <translation>フィルターを大きいセルで表示します</translation>
+    </message>
+</context>
+<context>
+    <name>ServerField</name>
+    <message>
+        <source>Address of the resource server</source>
+        <translation>素材サーバーのアドレス</translation>
     </message>
     <message>
-        <source>Festivals</source>
-        <translation>お祭り</translation>
+        <source>This is not an address such as https://example.com/resources/</source>
+        <translation>https://example.com/resources/ のようなアドレスではありません</translation>
     </message>
     <message>
-        <source>Travel</source>
-        <translation>旅行</translation>
+        <source>Asking %1…</source>
+        <translation>%1 に問い合わせ中…</translation>
     </message>
     <message>
-        <source>Banquets</source>
-        <translation>宴会</translation>
+        <source>The server answers, but has no resources at this address</source>
+        <translation>サーバーは応答しますが、このアドレスに素材はありません</translation>
     </message>
     <message>
-        <source>Theme type</source>
-        <translation>テーマの種類</translation>
+        <source>Nothing found: %1</source>
+        <translation>見つかりません: %1</translation>
     </message>
     <message>
-        <source>Search (Ctrl+F)</source>
-        <translation>検索 (Ctrl+F)</translation>
+        <source>Found: catalogue %1</source>
+        <translation>見つかりました: カタログ %1</translation>
     </message>
     <message>
-        <source>Search by name</source>
-        <translation>名前で検索</translation>
+        <source>Found: catalogue %1, published on %2</source>
+        <translation>見つかりました: カタログ %1、%2 公開</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsControls</name>
+    <message>
+        <source>&amp;Settings…</source>
+        <translation>設定(&amp;S)…</translation>
+    </message>
+    <message>
+        <source>The new folder is used from the next start on; what is in the old one stays there</source>
+        <translation>新しいフォルダーは次回の起動から使われます。古いフォルダーの内容はそのまま残ります</translation>
+    </message>
+    <message>
+        <source>The new server is used from the next start on</source>
+        <translation>新しいサーバーは次回の起動から使われます</translation>
+    </message>
+    <message>
+        <source>The number of connections applies from the next start on</source>
+        <translation>接続数は次回の起動から有効になります</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsDialog</name>
+    <message>
+        <source>Change…</source>
+        <translation>変更…</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>設定</translation>
+    </message>
+    <message>
+        <source>applies the item</source>
+        <translation>項目を適用する</translation>
+    </message>
+    <message>
+        <source>selects the item and shows its details</source>
+        <translation>項目を選択して詳細を表示する</translation>
+    </message>
+    <message>
+        <source>As the desktop</source>
+        <translation>デスクトップに合わせる</translation>
+    </message>
+    <message>
+        <source>Less motion</source>
+        <translation>動きを減らす</translation>
+    </message>
+    <message>
+        <source>All previews move</source>
+        <translation>すべてのプレビューを動かす</translation>
+    </message>
+    <message>
+        <source>As the screen</source>
+        <translation>画面に合わせる</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Ser&amp;ver:</source>
+        <translation>サーバー(&amp;V):</translation>
+    </message>
+    <message>
+        <source>&amp;Download folder:</source>
+        <translation>ダウンロードフォルダー(&amp;D):</translation>
+    </message>
+    <message>
+        <source>Download folder</source>
+        <translation>ダウンロードフォルダー</translation>
+    </message>
+    <message>
+        <source>&amp;Connections:</source>
+        <translation>接続数(&amp;C):</translation>
+    </message>
+    <message>
+        <source>A cl&amp;ick:</source>
+        <translation>クリックすると(&amp;I):</translation>
+    </message>
+    <message>
+        <source>&amp;Motion:</source>
+        <translation>動き(&amp;M):</translation>
+    </message>
+    <message>
+        <source>&amp;Language:</source>
+        <translation>言語(&amp;L):</translation>
+    </message>
+    <message>
+        <source>&amp;Skin:</source>
+        <translation>スキン(&amp;S):</translation>
+    </message>
+    <message>
+        <source>Sc&amp;ale:</source>
+        <translation>倍率(&amp;A):</translation>
+    </message>
+    <message>
+        <source>Files that are fetched at the same time</source>
+        <translation>同時に取得するファイルの数</translation>
+    </message>
+    <message>
+        <source>Measuring the folder…</source>
+        <translation>フォルダーを調べています…</translation>
+    </message>
+    <message>
+        <source>This folder is not writable</source>
+        <translation>このフォルダーには書き込めません</translation>
+    </message>
+    <message>
+        <source>Used: %1, free: %2</source>
+        <translation>使用中: %1、空き: %2</translation>
+    </message>
+    <message>
+        <source>The settings cannot be saved: %1</source>
+        <translation>設定を保存できません: %1</translation>
     </message>
 </context>
 <context>
@@ -540,6 +1046,10 @@ Resources come with the first check of the server</source>
     <message>
         <source>Update</source>
         <translation>更新</translation>
+    </message>
+    <message>
+        <source>There is not enough space on the disk: %1 are free. Remove something, or choose another download folder in the settings.</source>
+        <translation>ディスクの空きが足りません: 残り %1。何かを削除するか、設定で別のフォルダーを選んでください。</translation>
     </message>
 </context>
 <context>
@@ -638,6 +1148,10 @@ Resources come with the first check of the server</source>
             <numerusform>%n 項目を取得中…</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Waiting for the server…</source>
+        <translation>サーバーを待っています…</translation>
+    </message>
 </context>
 <context>
     <name>ViewMenu</name>
@@ -672,6 +1186,29 @@ Resources come with the first check of the server</source>
     <message>
         <source>%1 %</source>
         <translation>%1 %</translation>
+    </message>
+</context>
+<context>
+    <name>WelcomePage</name>
+    <message>
+        <source>Where do your resources come from?</source>
+        <translation>素材の取得元はどこですか?</translation>
+    </message>
+    <message>
+        <source>Themes, filters and backgrounds come from a resource server. Enter the address that you have been given; it can be changed in the settings.</source>
+        <translation>テーマ、フィルター、背景は素材サーバーから取得します。指定されたアドレスを入力してください。あとから設定で変更できます。</translation>
+    </message>
+    <message>
+        <source>Continue without a server</source>
+        <translation>サーバーなしで続ける</translation>
+    </message>
+    <message>
+        <source>Use this server</source>
+        <translation>このサーバーを使う</translation>
+    </message>
+    <message>
+        <source>Use it anyway</source>
+        <translation>それでも使う</translation>
     </message>
 </context>
 </TS>

@@ -19,7 +19,7 @@ ItemBytes::ItemBytes()
 ItemBytes::Size ItemBytes::of(SCfg_Item& item) const
 {
     MVThemeMgr::init()->ensureThemeParsed(item);
-    const QSet<QString> missing = ItemFiles::missingPaths(item);
+    const QSet<QString> missing = ItemFiles::missingOf(item).paths;
     const ItemFiles files(item);
     Size size;
     for (const ItemFiles::Entry& entry : files.entries()) {

@@ -23,17 +23,10 @@ bool isConfigDamaged(SCfg_Item& item)
     return !MVThemeMgr::init()->ensureThemeParsed(item) && hostSettings().checkContent;
 }
 
-QVector<SFileInfo*> neededFiles(SCfg_Item& item)
+/// Returns whether the item cannot be used without a missing file.
+bool isNeeded(const SFileInfo& info)
 {
-    QVector<SFileInfo*> files;
-    MVThemeMgr::init()->getNeedDownLoadFiles(&item, files);
-    if (hostSettings().showWithoutPreviews) { // then items can be used without pictures, too
-        files.erase(
-            std::remove_if(files.begin(), files.end(),
-                           [](const SFileInfo* info) { return FileView(*info).isDisplayHalf(); }),
-            files.end());
-    }
-    return files;
+    return !hostSettings().showWithoutPreviews || !FileView(info).isDisplayHalf();
 }
 
 } // namespace
@@ -82,8 +75,9 @@ void ItemFiles::add(Role role, const SCfg_Item& item, const SFileInfo& info)
         return;
     m_paths.insert(path);
     const QFileInfo onDisk(file);
+    const qint64 size = onDisk.size(); // first: it also tells whether the file exists
     m_entries.append(
-        {role, &item, path, MVThemeMgr::init()->addressOf(info), onDisk.exists(), onDisk.size()});
+        {role, &item, path, MVThemeMgr::init()->addressOf(info), onDisk.exists(), size});
 }
 
 int ItemFiles::missingCount() const
@@ -100,13 +94,7 @@ qint64 ItemFiles::totalBytes() const
 
 int ItemFiles::countNeeded(SCfg_Item& item)
 {
-    QSet<QString> files;
-    if (isConfigDamaged(item))
-        files.insert(FileView(item.m_info_CfgXML).file());
-    const QVector<SFileInfo*> needed = neededFiles(item);
-    for (const SFileInfo* const info : needed)
-        files.insert(FileView(*info).file());
-    return files.size();
+    return missingOf(item).needed;
 }
 
 QVector<int> ItemFiles::countNeeded(const QVector<SCfg_Item*>& items)
@@ -119,17 +107,25 @@ QVector<int> ItemFiles::countNeeded(const QVector<SCfg_Item*>& items)
     return counts;
 }
 
-QSet<QString> ItemFiles::missingPaths(SCfg_Item& item)
+ItemFiles::Missing ItemFiles::missingOf(SCfg_Item& item)
 {
+    QSet<QString> needed;
+    if (isConfigDamaged(item))
+        needed.insert(FileView(item.m_info_CfgXML).file());
     QVector<SFileInfo*> files;
     MVThemeMgr::init()->getNeedDownLoadFiles(&item, files);
-    QSet<QString> paths;
-    for (const SFileInfo* const info : qAsConst(files))
-        paths.insert(QDir::cleanPath(FileView(*info).file()));
-    return paths;
+    Missing missing;
+    for (const SFileInfo* const info : qAsConst(files)) {
+        const QString file = FileView(*info).file();
+        missing.paths.insert(QDir::cleanPath(file));
+        if (isNeeded(*info))
+            needed.insert(file);
+    }
+    missing.needed = static_cast<int>(needed.size());
+    return missing;
 }
 
 bool ItemFiles::needsAny(SCfg_Item& item)
 {
-    return isConfigDamaged(item) || !neededFiles(item).isEmpty();
+    return isConfigDamaged(item) || countNeeded(item) > 0;
 }

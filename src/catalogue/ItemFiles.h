@@ -66,9 +66,14 @@ public:
     static QVector<int> countNeeded(const QVector<SCfg_Item*>& items);
     /// Returns whether any file must be fetched.
     static bool needsAny(SCfg_Item& item);
-    /// Returns the paths, as in entries(), of the missing files of an item and all that it uses,
-    /// pictures included.
-    static QSet<QString> missingPaths(SCfg_Item& item);
+    /// The missing files of an item and all that it uses.
+    struct Missing
+    {
+        QSet<QString> paths; ///< as in entries(), pictures included
+        int needed;          ///< as countNeeded() counts them
+    };
+    /// Returns the missing files with one look at the disk. Parses a theme's config if necessary.
+    static Missing missingOf(SCfg_Item& item);
 
 private:
     void add(SCfg_Item& item);

@@ -10,6 +10,8 @@
 #include <QFileInfo>
 #include <QHash>
 
+#include <utility>
+
 namespace {
 
 bool isSeparator(QChar c)
@@ -52,17 +54,27 @@ bool isLink(const QString& path)
     return entry.isSymLink();
 }
 
-thread_local QHash<QString, QString>* remembered = nullptr;
+thread_local PathGuard::Known* remembered = nullptr;
 
 /// Returns the real path of a folder, links followed; empty if there is none.
 QString realFolder(const QString& folder)
 {
     if (!remembered)
         return QFileInfo(folder).canonicalFilePath();
-    const auto known = remembered->constFind(folder);
-    if (known != remembered->constEnd())
+    const auto known = remembered->real.constFind(folder);
+    if (known != remembered->real.constEnd())
         return *known;
-    return *remembered->insert(folder, QFileInfo(folder).canonicalFilePath());
+    return *remembered->real.insert(folder, QFileInfo(folder).canonicalFilePath());
+}
+
+bool isLinkedFolder(const QString& folder)
+{
+    if (!remembered)
+        return isLink(folder);
+    const auto known = remembered->isLink.constFind(folder);
+    if (known != remembered->isLink.constEnd())
+        return *known;
+    return *remembered->isLink.insert(folder, isLink(folder));
 }
 
 } // namespace
@@ -75,7 +87,8 @@ bool PathGuard::hasPlainName(const QString& path)
 PathGuard::Folders::Folders()
     : m_previous(remembered)
 {
-    remembered = &m_real;
+    if (!remembered)
+        remembered = &m_known;
 }
 
 PathGuard::Folders::~Folders()
@@ -111,7 +124,7 @@ bool PathGuard::isInside(const QString& root, const QString& path)
         return false;
     for (int end = folder.size(); end >= 0;) {
         end = path.indexOf(QLatin1Char('/'), end + 1);
-        if (isLink(path.left(end)))
+        if (end < 0 ? isLink(path) : isLinkedFolder(path.left(end)))
             return false;
     }
     return true;
@@ -119,5 +132,8 @@ bool PathGuard::isInside(const QString& root, const QString& path)
 
 bool PathGuard::ensureDir(const QString& root, const QString& path)
 {
-    return isInside(root, path) && AppOptions::instance()->ensureDirExists(path);
+    Known* const known = std::exchange(remembered, nullptr); // a link may have come since
+    const bool isEnsured = isInside(root, path) && AppOptions::instance()->ensureDirExists(path);
+    remembered = known;
+    return isEnsured;
 }

@@ -13,9 +13,15 @@ class PathGuard
 public:
     PathGuard() = delete;
 
-    /// Makes isReallyInside() remember the real paths of folders on this thread while the object
+    /// Makes isReallyInside() and isInside() remember folders on this thread while the object
     /// exists: looking for the files of a whole catalogue resolves each folder once. What is linked
-    /// meanwhile goes unnoticed until its end.
+    /// meanwhile goes unnoticed until its end, except by ensureDir(). An object
+    /// within the scope of another shares what that knows.
+    struct Known
+    {
+        QHash<QString, QString> real; ///< paths of folders, by the path that was asked for
+        QHash<QString, bool> isLink;  ///< by path
+    };
     class Folders
     {
     public:
@@ -25,8 +31,8 @@ public:
         Folders& operator=(const Folders&) = delete;
 
     private:
-        QHash<QString, QString> m_real; // by the path that was asked for
-        QHash<QString, QString>* m_previous;
+        Known m_known;
+        Known* m_previous;
     };
 
     /// Returns false for a name with a ".." component or a NUL; on Windows also for one that it

@@ -20,19 +20,20 @@ bool isPicture(const ItemFiles::Entry& entry)
 
 } // namespace
 
-QVector<ItemFiles::Entry> FileHolders::filesOf(SCfg_Item& item)
+QVector<ItemFiles::Entry> FileHolders::filesOf(SCfg_Item& item, const QSet<QString>& gone)
 {
     MVThemeMgr::init()->ensureThemeParsed(item);
     QVector<ItemFiles::Entry> files;
     const ItemFiles all(item);
     std::copy_if(all.entries().cbegin(), all.entries().cend(), std::back_inserter(files),
-                 [](const ItemFiles::Entry& entry) {
-                     return entry.isPresent && !isPicture(entry) && FileStates::isManaged(entry);
+                 [&gone](const ItemFiles::Entry& entry) {
+                     return entry.isPresent && !isPicture(entry) && FileStates::isManaged(entry)
+                         && !gone.contains(entry.path);
                  });
     return files;
 }
 
-FileHolders::FileHolders()
+FileHolders::FileHolders(const QSet<QString>& gone)
 {
     const PathGuard::Folders folders;
     const MVThemeMgr::SResourceXML& displayed = MVThemeMgr::init()->getDisplayXML();
@@ -43,7 +44,7 @@ FileHolders::FileHolders()
         auto& items = const_cast<QVector<SCfg_Item>&>(*displayed.ofKind(kind.type));
         for (SCfg_Item& item : items) {
             m_isComplete = MVThemeMgr::init()->ensureThemeParsed(item) && m_isComplete;
-            const Holder holder = {&item, filesOf(item)};
+            const Holder holder = {&item, filesOf(item, gone)};
             if (holder.files.isEmpty())
                 continue;
             present.append(holder);

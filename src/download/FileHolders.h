@@ -20,8 +20,8 @@ struct SCfg_Item;
 class FileHolders
 {
 public:
-    /// Looks at the files of all displayed items.
-    FileHolders();
+    /// Looks at the files of all displayed items, as if those in `gone` were not there.
+    explicit FileHolders(const QSet<QString>& gone = {});
 
     struct Holder
     {
@@ -39,8 +39,8 @@ public:
     bool isComplete() const { return m_isComplete; }
 
     /// Returns those files of an item and of all that it uses that a removal may concern: present,
-    /// in the download root, no pictures.
-    static QVector<ItemFiles::Entry> filesOf(SCfg_Item& item);
+    /// in the download root, no pictures, none of `gone`.
+    static QVector<ItemFiles::Entry> filesOf(SCfg_Item& item, const QSet<QString>& gone = {});
 
 private:
     QVector<Holder> m_holders;

@@ -4,6 +4,7 @@
 #include "download/FileStates.h"
 
 #include "catalogue/MVThemeMgr.h"
+#include "catalogue/PathGuard.h"
 #include "download/FileLedger.h"
 #include "host/ContentDigest.h"
 #include "host/HostSettings.h"
@@ -99,27 +100,29 @@ bool FileStates::isNeeded(const ItemFiles::Entry& entry)
     return !isPicture || !hostSettings().showWithoutPreviews;
 }
 
-/// Visits the files of an item that are on disk, and those that are to be fetched.
-void FileStates::forEach(SCfg_Item& item, const Visit& visit) const
+/// Visits the files of an item that are on disk, and those that are to be fetched. Returns how many
+/// must be fetched before it can be used.
+int FileStates::forEach(SCfg_Item& item, const Visit& visit) const
 {
     const bool isReadable =
         MVThemeMgr::init()->ensureThemeParsed(item) || !hostSettings().checkContent;
-    const QSet<QString> missing = ItemFiles::missingPaths(item);
+    const ItemFiles::Missing missing = ItemFiles::missingOf(item);
     const ItemFiles files(item);
     for (const ItemFiles::Entry& entry : files.entries()) {
-        if (!entry.isPresent && !missing.contains(entry.path))
+        if (!entry.isPresent && !missing.paths.contains(entry.path))
             continue;
         const EFileState state = of(entry);
         const bool isOwnConfig = entry.item == &item && entry.role == ItemFiles::Role::Config;
         const bool isBroken = isOwnConfig && !isReadable && state == eFile_Unlisted;
         visit(entry, isBroken ? eFile_Damaged : state);
     }
+    return missing.needed;
 }
 
 SItemState FileStates::of(SCfg_Item& item) const
 {
     SItemState state;
-    forEach(item, [&](const ItemFiles::Entry& entry, EFileState fileState) {
+    state.m_nNeeded = forEach(item, [&](const ItemFiles::Entry& entry, EFileState fileState) {
         state.m_nBytesOnDisk += entry.sizeBytes;
         if (fileState != eFile_Missing || isNeeded(entry))
             state.m_eState = worse(state.m_eState, fileState);
@@ -133,6 +136,16 @@ SItemState FileStates::of(SCfg_Item& item) const
         state.m_bBytesKnown = state.m_bBytesKnown && published.isKnown() && !isUnread;
     });
     return state;
+}
+
+QVector<SItemState> FileStates::of(const QVector<SCfg_Item*>& items) const
+{
+    const PathGuard::Folders folders;
+    QVector<SItemState> states;
+    states.reserve(items.size());
+    for (SCfg_Item* const item : items)
+        states.append(of(*item));
+    return states;
 }
 
 QVector<ItemFiles::Entry> FileStates::toFetch(SCfg_Item& item) const

@@ -42,6 +42,9 @@ public:
     EFileState of(const ItemFiles::Entry& entry) const;
     /// Returns the state of an item with all that it uses. Parses a theme's config if necessary.
     SItemState of(SCfg_Item& item) const;
+    /// Returns the same of each of many items, and resolves each of their folders only once: what
+    /// becomes a link meanwhile goes unnoticed.
+    QVector<SItemState> of(const QVector<SCfg_Item*>& items) const;
     /// Returns those of an item's files that are not the published ones: missing, outdated and
     /// damaged ones. Parses a theme's config if necessary.
     QVector<ItemFiles::Entry> toFetch(SCfg_Item& item) const;
@@ -57,7 +60,7 @@ public:
 
 private:
     using Visit = std::function<void(const ItemFiles::Entry& entry, EFileState state)>;
-    void forEach(SCfg_Item& item, const Visit& visit) const;
+    int forEach(SCfg_Item& item, const Visit& visit) const;
     QByteArray digestOf(const QString& path) const;
     QByteArray read(const QString& path) const;
 

@@ -4,6 +4,7 @@
 #include "download/ItemSurvey.h"
 
 #include "catalogue/ItemIndex.h"
+#include "catalogue/MVThemeMgr.h"
 #include "download/ResourceStorage.h"
 
 #include <QSet>
@@ -30,6 +31,21 @@ QVector<ItemSurvey::File> filesToFetch(const FileStates& states, const ItemSurve
     return files;
 }
 
+QVector<ItemSurvey::File> filesToDownload(const FileStates& states, SCfg_Item& item)
+{
+    QVector<ItemSurvey::File> files;
+    const bool isReadable = MVThemeMgr::init()->ensureThemeParsed(item);
+    const QVector<ItemFiles::Entry> entries = states.toFetch(item);
+    for (const ItemFiles::Entry& entry : entries) {
+        const bool isBroken =
+            !isReadable && entry.item == &item && entry.role == ItemFiles::Role::Config;
+        if (!entry.isPresent || isBroken)
+            files.append({entry, entry.isPresent ? eFile_Damaged : eFile_Missing,
+                          states.publishedOf(entry).m_sizeBytes});
+    }
+    return files;
+}
+
 } // namespace
 
 bool ItemSurvey::Row::isReady() const
@@ -43,11 +59,24 @@ ItemSurvey ItemSurvey::verify(const QVector<SCfg_Item*>& items, FileStates::Dept
     const FileStates states(depth, progress);
     ItemSurvey survey;
     for (SCfg_Item* const item : items) {
-        Row row{item, states.of(*item), ItemFiles::countNeeded(*item), {}};
+        const SItemState state = states.of(*item);
+        Row row{item, state, state.m_nNeeded, {}};
         row.files = filesToFetch(states, row);
         if (progress && !progress(0))
             break;
         survey.m_rows.append(row);
+    }
+    return survey;
+}
+
+ItemSurvey ItemSurvey::ofDownloads(const QVector<SCfg_Item*>& items)
+{
+    const FileStates states(FileStates::Depth::Quick);
+    ItemSurvey survey;
+    for (SCfg_Item* const item : items) {
+        const int missing = ItemFiles::countNeeded(*item);
+        if (missing > 0)
+            survey.m_rows.append({item, states.of(*item), missing, filesToDownload(states, *item)});
     }
     return survey;
 }

@@ -56,6 +56,10 @@ public:
     static ItemSurvey verify(const QVector<SCfg_Item*>& items,
                              FileStates::Depth depth = FileStates::Depth::Quick,
                              const Progress& progress = Progress());
+    /// Returns the survey of those items that lack files, with the files that a download, other
+    /// than an update, fetches: all that are missing, pictures included, and a definition that
+    /// cannot be read.
+    static ItemSurvey ofDownloads(const QVector<SCfg_Item*>& items);
     /// Verifies the items on disk, see ResourceStorage::itemsOnDisk().
     static ItemSurvey verifyAll(FileStates::Depth depth = FileStates::Depth::Quick,
                                 const Progress& progress = Progress());

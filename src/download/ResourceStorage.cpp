@@ -59,6 +59,16 @@ bool holds(const FileHolders& holders, const SCfg_Item& item)
     });
 }
 
+QSet<QString> filesIn(const QVector<Removal>& removals)
+{
+    QSet<QString> files;
+    for (const Removal& removal : removals) {
+        for (const Moved& file : removal.files)
+            files.insert(file.path);
+    }
+    return files;
+}
+
 /// Moves a file into the folder of removed files; returns false if that fails.
 bool moveAside(const QString& path, const QString& folder, Removal& removal)
 {
@@ -234,6 +244,25 @@ qint64 ResourceStorage::usedBytes() const
 
 Removal ResourceStorage::removeItem(SCfg_Item& item) const
 {
+    const Removal planned = preview(item);
+    if (!planned.isComplete())
+        return planned;
+    Removal removal;
+    const QString folder = planned.files.isEmpty() ? QString() : newRemovedFolder();
+    for (const Moved& file : planned.files) {
+        if (!moveAside(file.path, folder, removal)) {
+            undo(removal);
+            removal = Removal();
+            removal.error = QStringLiteral("%1 cannot be removed").arg(file.path);
+            return removal;
+        }
+    }
+    removal.bytes = planned.bytes;
+    return removal;
+}
+
+Removal ResourceStorage::preview(SCfg_Item& item, const QVector<Removal>& earlier) const
+{
     Removal removal;
     if (CatalogueUse::count() > 0) {
         removal.error = QStringLiteral("a download or an update is working");
@@ -243,9 +272,10 @@ Removal ResourceStorage::removeItem(SCfg_Item& item) const
         removal.error = QStringLiteral("the downloaded catalogue cannot be read");
         return removal;
     }
-    const FileHolders holders;
+    const QSet<QString> gone = filesIn(earlier);
+    const FileHolders holders(gone);
     const int ownCount = holds(holders, item) ? 1 : 0;
-    QVector<ItemFiles::Entry> files = FileHolders::filesOf(item);
+    QVector<ItemFiles::Entry> files = FileHolders::filesOf(item, gone);
     files.erase(std::remove_if(files.begin(), files.end(),
                                [&](const ItemFiles::Entry& file) {
                                    // Another theme may use what this one uses.
@@ -257,14 +287,8 @@ Removal ResourceStorage::removeItem(SCfg_Item& item) const
     std::stable_partition(files.begin(), files.end(), [&](const ItemFiles::Entry& file) {
         return file.item == &item && file.role == ItemFiles::Role::Config;
     });
-    const QString folder = files.isEmpty() ? QString() : newRemovedFolder();
     for (const ItemFiles::Entry& file : qAsConst(files)) {
-        if (!moveAside(file.path, folder, removal)) {
-            undo(removal);
-            removal = Removal();
-            removal.error = QStringLiteral("%1 cannot be removed").arg(file.path);
-            return removal;
-        }
+        removal.files.append({file.path, QString()});
         removal.bytes += file.sizeBytes;
     }
     tellMoved(removal);

@@ -65,6 +65,9 @@ public:
     /// first, so that a removal that is interrupted leaves an item that is not ready. Previews
     /// stay, and so do the items it uses, if users can choose them themselves.
     Removal removeItem(SCfg_Item& item) const;
+    /// Returns what removeItem() would move, if the files of the removals in `earlier` were gone:
+    /// without their new place, and without changing anything.
+    Removal preview(SCfg_Item& item, const QVector<Removal>& earlier = {}) const;
     /// Moves the files of a removal back. Returns false if some could not be, or have come back
     /// already.
     static bool undo(const Removal& removal);

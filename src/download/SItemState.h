@@ -26,6 +26,9 @@ struct MVRESOURCE_EXPORT SItemState
     bool m_bBytesKnown = true;
     /// The size of its files on disk, wherever they are.
     qint64 m_nBytesOnDisk = 0;
+    /// The number of different files that must be fetched before the item can be used, as
+    /// ItemFiles::countNeeded() counts them.
+    int m_nNeeded = 0;
 };
 
 /// Prints the state for log output and test failures.

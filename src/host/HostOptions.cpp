@@ -11,6 +11,7 @@
 #include <QCommandLineOption>
 #include <QCommandLineParser>
 #include <QDir>
+#include <QFileInfo>
 #include <QUrl>
 
 #include <cstdio>
@@ -26,6 +27,9 @@ struct Option
 
 constexpr Option settingsOption = {"settings", "host settings (INI file)", "FILE"};
 constexpr Option serverOption = {"server", "root address of the resource server", "URL"};
+constexpr Option dataOption = {
+    "data", "one folder for the data of all programs: download root, favourites, settings.ini",
+    "DIR"};
 constexpr Option rootOption = {"root", "download root; created if it is missing", "DIR"};
 constexpr Option resourcesOption = {"resources", "the application's installed resources", "DIR"};
 constexpr Option paramOption = {"param", "product parameter; can be repeated", "KEY=VALUE"};
@@ -54,22 +58,31 @@ void dropLog(const QByteArray&, int, const QByteArray&) { }
 
 } // namespace
 
+QList<QCommandLineOption> HostOptions::options()
+{
+    QList<QCommandLineOption> all;
+    for (const Option& option :
+         {settingsOption, dataOption, serverOption, rootOption, resourcesOption, paramOption,
+          releaseOption, keyOption, verboseOption}) {
+        all.append(QCommandLineOption(nameOf(option), QString::fromLatin1(option.help),
+                                      QString::fromLatin1(option.value)));
+    }
+    return all;
+}
+
 void HostOptions::addTo(QCommandLineParser& parser)
 {
-    for (const Option& option : {settingsOption, serverOption, rootOption, resourcesOption,
-                                 paramOption, releaseOption, keyOption, verboseOption}) {
-        parser.addOption(
-            {nameOf(option), QString::fromLatin1(option.help), QString::fromLatin1(option.value)});
-    }
+    parser.addOptions(options());
 }
 
 bool HostOptions::read(const QCommandLineParser& parser)
 {
-    for (const Option& option : {settingsOption, rootOption, resourcesOption}) {
+    for (const Option& option : {settingsOption, dataOption, rootOption, resourcesOption}) {
         if (parser.isSet(nameOf(option)) && parser.value(nameOf(option)).isEmpty())
             return fail(QStringLiteral("--%1 is empty").arg(nameOf(option)));
     }
     settingsFile = parser.value(nameOf(settingsOption));
+    data = parser.value(nameOf(dataOption));
     root = parser.value(nameOf(rootOption));
     resources = parser.value(nameOf(resourcesOption));
     verbose = parser.isSet(nameOf(verboseOption));
@@ -120,9 +133,12 @@ bool HostOptions::readServer(const QString& text)
 
 bool HostOptions::apply(QString* error) const
 {
-    if (!settingsFile.isEmpty() && !loadHostSettings(settingsFile, error))
+    const QString file = settingsInUse();
+    if (!file.isEmpty() && !loadHostSettings(file, error))
         return false;
     HostSettings& settings = hostSettings();
+    if (!data.isEmpty())
+        applyData(settings);
     if (!resources.isEmpty())
         settings.resourcesPath = absolute(resources);
     if (!server.isEmpty())
@@ -136,6 +152,33 @@ bool HostOptions::apply(QString* error) const
     if (releasePolicy)
         settings.releasePolicy = *releasePolicy;
     return true;
+}
+
+/// Returns the settings file that is named, or that of the data folder if it has one.
+QString HostOptions::settingsInUse() const
+{
+    if (!settingsFile.isEmpty() || data.isEmpty())
+        return settingsFile;
+    const QString file = absolute(data) + QStringLiteral("/settings.ini");
+    return QFileInfo::exists(file) ? file : QString();
+}
+
+QString HostOptions::defaultResources() const
+{
+    return data.isEmpty() ? HostSettings().resourcesPath
+                          : absolute(data) + QStringLiteral("/resources");
+}
+
+/// Replaces the folders that depend on the program's name, so that programs share theirs.
+void HostOptions::applyData(HostSettings& settings) const
+{
+    const QString own = HostSettings().resourcesPath;
+    for (QString* const folder : {&settings.resourcesPath, &settings.testOutputDir}) {
+        if (*folder == own)
+            *folder = defaultResources();
+    }
+    settings.dataLocation = absolute(data);
+    settings.appDataPath = absolute(data);
 }
 
 void HostOptions::applyLog() const

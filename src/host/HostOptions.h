@@ -6,6 +6,8 @@
 #include "host/HostSettings.h"
 #include "host/MvHostExport.h"
 
+#include <QCommandLineOption>
+#include <QList>
 #include <QMap>
 #include <QString>
 #include <QStringList>
@@ -14,8 +16,8 @@
 
 class QCommandLineParser;
 
-/// The command line options with which host programs override their settings: settings file,
-/// server, folders, product parameters, releases, log.
+/// The command line options with which host programs override their settings: settings file, data
+/// folder, server, folders, product parameters, releases, log.
 ///
 ///     HostOptions::addTo(parser);
 ///     parser.process(application);
@@ -28,6 +30,8 @@ class QCommandLineParser;
 class MVHOST_EXPORT HostOptions
 {
 public:
+    /// Returns the options, for a program that describes them itself.
+    static QList<QCommandLineOption> options();
     /// Adds the options to a parser.
     static void addTo(QCommandLineParser& parser);
 
@@ -46,8 +50,15 @@ public:
     /// Returns the absolute path of the download root: the given one, or "download" in
     /// HostSettings::dataLocation. Call it after apply().
     QString downloadRoot() const;
+    /// Returns the installed resources that are used where neither options nor settings name any.
+    QString defaultResources() const;
 
-    QString settingsFile;                        ///< an INI file; empty: none
+    QString settingsFile; ///< an INI file; empty: none
+    /// The folder that HostSettings::dataLocation and HostSettings::appDataPath become, so that
+    /// programs which are given the same one share downloads and favourites. Its "settings.ini", if
+    /// there is one, is read without settingsFile, and its "resources" are the installed resources
+    /// unless others are named. Empty: not given.
+    QString data;
     QString server;                              ///< ends in "/"; empty: not given
     QString root;                                ///< download root; empty: not given
     QString resources;                           ///< installed resources; empty: not given
@@ -60,6 +71,8 @@ private:
     bool readServer(const QString& text);
     bool readParams(const QStringList& texts);
     bool readReleases(const QCommandLineParser& parser);
+    QString settingsInUse() const;
+    void applyData(HostSettings& settings) const;
     bool fail(const QString& text);
 
     QString m_error;

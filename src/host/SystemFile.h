@@ -8,6 +8,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <cerrno>
+
 /// The operations on files that Qt does not offer and that every system has in its own way: atomic
 /// renames, locks that end with their process, flushes, opening without waiting.
 ///
@@ -23,6 +25,7 @@ public:
     /// Returns a name as the other functions take it: in the encoding of the file system, or in
     /// UTF-8 on Windows.
     static QByteArray encodedName(const QString& name);
+    /// Returns the name that encodedName() has encoded.
     static QString decodedName(const QByteArray& name);
 
     /// Creates a file that did not exist, for reading and writing. Returns its handle, or -1.
@@ -31,6 +34,7 @@ public:
     /// Returns its handle, or -1.
     static int openOrCreate(const QByteArray& name);
 
+    /// Ways to open a file.
     enum class Access {
         Read,
         ReadWrite, ///< creates a missing file
@@ -40,6 +44,7 @@ public:
     /// refused. Returns its handle, or -1; errno is 0 then for anything but a regular file.
     static int openRegular(const QByteArray& name, Access access);
 
+    /// Closes a handle, which releases its lock.
     static void close(int handle);
 
     /// Writes everything at that position. Does not use the handle's own position, so other threads
@@ -51,6 +56,7 @@ public:
     /// Empties the file.
     static bool truncate(int handle);
 
+    /// Outcomes of lock().
     enum class Lock {
         Taken,      ///< by this call
         Held,       ///< by another handle, of this process or another
@@ -66,6 +72,7 @@ public:
     static bool hasAnyName(int handle);
     /// Returns whether both names lead to one file, following links.
     static bool isSame(const QByteArray& first, const QByteArray& second);
+    /// Returns whether the name leads to a folder, following links.
     static bool isFolder(const QByteArray& name);
 
     /// Waits until the file's content is on the disk.
@@ -87,10 +94,18 @@ public:
     static bool exchange(const QByteArray& first, const QByteArray& second);
     /// Gives a file a second name. Fails with EEXIST if that exists.
     static bool link(const QByteArray& existing, const QByteArray& added);
+    /// Removes the name of a file.
     static bool remove(const QByteArray& name);
 
     /// Returns whether an errno means that the disk, or the user's share of it, is full.
-    static bool isFull(int error);
+    static bool isFull(int error)
+    {
+#ifdef EDQUOT // not on Windows
+        if (error == EDQUOT)
+            return true;
+#endif
+        return error == ENOSPC;
+    }
     /// Returns the errno that explains why no file or folder can be created in an existing folder:
     /// no permission, or no space. 0 if nothing speaks against it.
     static int obstacleIn(const QByteArray& folder);

@@ -197,11 +197,6 @@ bool SystemFile::remove(const QByteArray& name)
     return ::unlink(name.constData()) == 0;
 }
 
-bool SystemFile::isFull(int error)
-{
-    return error == ENOSPC || error == EDQUOT;
-}
-
 int SystemFile::obstacleIn(const QByteArray& folder)
 {
     if (::access(folder.constData(), W_OK | X_OK) != 0)

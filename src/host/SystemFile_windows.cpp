@@ -350,11 +350,6 @@ bool SystemFile::remove(const QByteArray& name)
     return succeed(::DeleteFileW(systemName(name).c_str()));
 }
 
-bool SystemFile::isFull(int error)
-{
-    return error == ENOSPC;
-}
-
 int SystemFile::obstacleIn(const QByteArray& folder)
 {
     const QStorageInfo volume(decodedName(folder));

@@ -270,23 +270,29 @@ void ItemTransfers::endOwn(const ResourceKey& key, const SItemDownloadResult& re
 /// Reports the ends of operations whose items have been looked at.
 void ItemTransfers::report(const QVector<ResourceKey>& keys)
 {
-    QVector<std::pair<ResourceKey, Active>> over;
+    struct Ended
+    {
+        ResourceKey key;
+        Operation operation;
+        SItemDownloadResult result;
+    };
+    QVector<Ended> over;
     for (const ResourceKey& key : keys) {
-        const auto active = m_active.find(key);
-        if (active == m_active.end() || active->isOwn || active->running > 0 || !active->result)
+        const Active active = m_active.value(key);
+        if (active.isOwn || active.running > 0 || !active.result)
             continue;
-        over.append({key, *active});
-        m_active.erase(active);
+        over.append({key, active.operation, *active.result});
+        m_active.remove(key);
     }
-    for (const auto& [key, active] : std::as_const(over)) {
-        if (active.result->m_eEnd == eItemDownload_Failed)
-            m_failures.insert(key, active.result->m_failure);
+    for (const Ended& each : std::as_const(over)) {
+        if (each.result.m_eEnd == eItemDownload_Failed)
+            m_failures.insert(each.key, each.result.m_failure);
         else
-            m_failures.remove(key);
-        emit changed(key);
+            m_failures.remove(each.key);
+        emit changed(each.key);
     }
-    for (const auto& [key, active] : std::as_const(over))
-        emit ended(key, active.operation, *active.result);
+    for (const Ended& each : std::as_const(over))
+        emit ended(each.key, each.operation, each.result);
 }
 
 void ItemTransfers::setPercent(const ResourceKey& key, int percent)

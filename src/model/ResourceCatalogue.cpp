@@ -32,9 +32,11 @@ ResourceCatalogue::ResourceCatalogue(QObject* parent)
     m_save.setSingleShot(true);
     m_save.setInterval(saveDelayMs);
     connect(&m_save, &QTimer::timeout, this, &ResourceCatalogue::saveFavourites);
-    for (const auto signal : {&MVThemeMgr::sigThemesCollected, &MVThemeMgr::sigFilterCollected,
-                              &MVThemeMgr::sigBgMaterialCollected})
-        connect(MVThemeMgr::init(), signal, this, [this] { m_save.start(); });
+    const auto saveSoon = qOverload<>(&QTimer::start);
+    MVThemeMgr* const catalogue = MVThemeMgr::init();
+    connect(catalogue, &MVThemeMgr::sigThemesCollected, &m_save, saveSoon);
+    connect(catalogue, &MVThemeMgr::sigFilterCollected, &m_save, saveSoon);
+    connect(catalogue, &MVThemeMgr::sigBgMaterialCollected, &m_save, saveSoon);
 }
 
 ResourceCatalogue::~ResourceCatalogue()

@@ -47,9 +47,9 @@ void ResourceModel::follow()
         if (hasChanged)
             updateRows();
     });
-    for (const auto signal : {&MVThemeMgr::sigThemesCollected, &MVThemeMgr::sigFilterCollected,
-                              &MVThemeMgr::sigBgMaterialCollected})
-        connect(catalogue, signal, this, [this](const SCfg_Item* item) { noteFavourite(*item); });
+    connect(catalogue, &MVThemeMgr::sigThemesCollected, this, &ResourceModel::noteFavourite);
+    connect(catalogue, &MVThemeMgr::sigFilterCollected, this, &ResourceModel::noteFavourite);
+    connect(catalogue, &MVThemeMgr::sigBgMaterialCollected, this, &ResourceModel::noteFavourite);
     const ItemStates& states = m_engine->states;
     connect(&states, &ItemStates::changed, this,
             [this](ECfgItemType kind, const QStringList& guids) {
@@ -210,15 +210,15 @@ bool ResourceModel::setFavourite(const QString& guid, bool isFavourite)
 }
 
 /// Filters and background materials share their marks.
-void ResourceModel::noteFavourite(const SCfg_Item& item)
+void ResourceModel::noteFavourite(const SCfg_Item* item)
 {
-    const SKindInfo* const kind = KindTable::find(item.m_eType);
-    const int row = rowOf(item.m_qsGUID);
+    const SKindInfo* const kind = KindTable::find(item->m_eType);
+    const int row = rowOf(item->m_qsGUID);
     if (!kind || kind->favourites != KindTable::of(m_kind).favourites || row < 0
-        || m_rows.at(row).isFavourite == item.m_bCollected)
+        || m_rows.at(row).isFavourite == item->m_bCollected)
         return;
-    m_rows[row].isFavourite = item.m_bCollected;
-    tellChanged(item.m_qsGUID, {FavouriteRole});
+    m_rows[row].isFavourite = item->m_bCollected;
+    tellChanged(item->m_qsGUID, {FavouriteRole});
 }
 
 void ResourceModel::showRows(int first, int count)

@@ -152,8 +152,8 @@ public:
     /// and does nothing for kinds without favourites, and if the item is not in the catalogue.
     Q_INVOKABLE bool setFavourite(const QString& guid, bool isFavourite);
 
-    /// Tells which rows a view shows, so that their states are determined and their previews fetched
-    /// first (PreviewExchange).
+    /// Tells which rows a view shows, so that their states are determined and their previews
+    /// fetched first (PreviewExchange).
     Q_INVOKABLE void showRows(int first, int count);
     void showItems(const QStringList& guids);
 
@@ -188,7 +188,7 @@ private:
     State stateOf(const ResourceKey& key) const;
     void takeEnd(const ResourceKey& key, int operation, const SItemDownloadResult& result);
     void applyFetched(const QString& guid);
-    void noteFavourite(const SCfg_Item& item);
+    void noteFavourite(const SCfg_Item* item);
     void tellChanged(const QString& guid, const QVector<int>& roles);
     void tellChanged(const QStringList& guids);
 
@@ -197,7 +197,7 @@ private:
     void setRows(const Rows& next);
     void removeGone(const Rows& next);
     void orderKept(const Rows& next);
-    void moveKept(const QStringList& order, const QVector<bool>& staying);
+    void moveOthers(const QStringList& order, const QVector<bool>& staying);
     void reorderRows(const QStringList& order);
     void insertNew(const Rows& next);
     void changeKept(const Rows& next);

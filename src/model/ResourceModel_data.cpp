@@ -171,11 +171,11 @@ void ResourceModel::tellChanged(const QStringList& guids)
             rows.append(row);
     }
     std::sort(rows.begin(), rows.end());
-    for (auto first = rows.cbegin(); first != rows.cend();) {
-        auto last = first;
-        while (last + 1 != rows.cend() && *(last + 1) <= *last + 1)
+    for (int first = 0; first < rows.size();) {
+        int last = first;
+        while (last + 1 < rows.size() && rows.at(last + 1) <= rows.at(last) + 1)
             ++last;
-        emit dataChanged(index(*first), index(*last), roles);
+        emit dataChanged(index(rows.at(first)), index(rows.at(last)), roles);
         first = last + 1;
     }
 }

@@ -89,11 +89,11 @@ void ResourceModel::orderKept(const Rows& next)
     if (moves > maxMoves)
         reorderRows(order);
     else if (moves > 0)
-        moveKept(order, staying);
+        moveOthers(order, staying);
 }
 
 /// Moves the rows that do not stay, each behind its predecessor in `order`.
-void ResourceModel::moveKept(const QStringList& order, const QVector<bool>& staying)
+void ResourceModel::moveOthers(const QStringList& order, const QVector<bool>& staying)
 {
     int target = 0; // behind the predecessor
     for (int i = 0; i < order.size(); ++i) {

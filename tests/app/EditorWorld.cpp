@@ -271,7 +271,14 @@ QStringList EditorWorld::arguments(bool online) const
     const QString server = online
         ? m_server.url(QStringLiteral("/"))
         : QStringLiteral("http://127.0.0.1:%1/").arg(FaultServer::refusingPort());
-    return {QStringLiteral("--settings"), folder() + QStringLiteral("/host.ini"),
-            QStringLiteral("--root"),     root(),
-            QStringLiteral("--server"),   server};
+    const QVector<QPair<QString, QString>> options{
+        {QStringLiteral("--settings"), folder() + QStringLiteral("/host.ini")},
+        {QStringLiteral("--root"), root()},
+        {QStringLiteral("--server"), server}};
+    QStringList arguments;
+    for (const auto& option : options) {
+        if (!m_leftOut.contains(option.first))
+            arguments << option.first << option.second;
+    }
+    return arguments;
 }

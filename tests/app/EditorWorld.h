@@ -60,6 +60,8 @@ public:
     /// Returns the options for running the editor here; when offline, the server refuses
     /// connections.
     QStringList arguments(bool online = true) const;
+    /// Leaves an option out of arguments(): "--server", "--root".
+    void leaveOut(const QString& option) { m_leftOut.append(option); }
     void writeSettings(int stallTimeoutMs = 10000) const;
 
 private:
@@ -69,6 +71,7 @@ private:
     void answer(HttpExchange& exchange);
 
     QTemporaryDir m_folder;
+    QStringList m_leftOut;
     mutable std::mutex m_mutex; // guards m_tree, m_fault and m_requests
     Tree m_tree;
     Fault m_fault;

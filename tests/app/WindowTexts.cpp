@@ -3,26 +3,29 @@
 
 #include "WindowTexts.h"
 
+#include "AboutDialog.h"
 #include "AppLanguage.h"
 #include "AppLook.h"
 #include "browser/BrowserLanguage.h"
 #include "browser/MVThemeItemWdg.h"
 #include "browser/mvThemelistview.h"
-#include "browser/MVThemeSortFilterProxyModel.h"
 #include "browser/skins/SampleWorld.h"
 #include "catalogue/MVThemeMgr.h"
 #include "download/CatalogueUpdate.h"
-#include "FailureBox.h"
+#include "FailureList.h"
 #include "MainWindow.h"
 #include "Preferences.h"
 #include "ResourceList.h"
 #include "ResourceTabs.h"
+#include "SettingsControls.h"
 #include "StateText.h"
 #include "StorageBox.h"
 #include "support/TestLetters.h"
 #include "support/TestMain.h"
 #include "support/TextRoom.h"
+#include "WelcomePage.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QDir>
 #include <QLabel>
@@ -30,6 +33,7 @@
 #include <QLocale>
 #include <QPushButton>
 #include <QStyle>
+#include <QToolButton>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 
@@ -144,7 +148,7 @@ void WindowTexts::haveRoom()
     part<QPushButton>("favourite")->click();
     fail();
     verifyRoom("failed");
-    m_window->tabs()->setThemeType(MVThemeSortFilterProxyModel::favouriteThemes);
+    part<QToolButton>("onlyFavourites")->setChecked(true);
     verifyRoom(nullptr);
     part<QLineEdit>("search")->setText(QStringLiteral("no such name"));
     verifyRoom("nothing-found");
@@ -154,6 +158,46 @@ void WindowTexts::haveRoom()
     for (const QString& text : texts) {
         part<QLabel>("checkStatus")->setText(text);
         verifyRoom(nullptr);
+    }
+}
+
+/// Screen readers announce every control with a name and a role.
+void WindowTexts::controlsHaveNames()
+{
+    AppLanguage::install(QStringLiteral("en"));
+    openWindow();
+    apply(MVThemeMgr::init()->getThemes_Display().first().m_qsGUID);
+    fail();
+    showStorage();
+    verifyNames(*m_window);
+    m_window->tabs()->setCurrentTab(1);
+    part<QLineEdit>("search")->setText(QStringLiteral("no such name"));
+    verifyNames(*m_window);
+    m_window->settings()->show();
+    verifyNames(*part<QDialog>("settings"));
+    part<QDialog>("settings")->reject();
+    const AboutDialog about(nullptr);
+    verifyNames(about);
+    const WelcomePage welcome(nullptr);
+    verifyNames(welcome);
+}
+
+void WindowTexts::verifyNames(const QWidget& window)
+{
+    const QList<QWidget*> parts = window.findChildren<QWidget*>();
+    for (QWidget* part : parts) {
+        const bool isControl =
+            part->focusPolicy() != Qt::NoFocus || qobject_cast<QAbstractButton*>(part);
+        if (!isControl || !part->isVisibleTo(&window))
+            continue;
+        QAccessibleInterface* const spoken = QAccessible::queryAccessibleInterface(part);
+        const QString what = QStringLiteral("%1 \"%2\" in \"%3\"")
+                                 .arg(QString::fromLatin1(part->metaObject()->className()),
+                                      part->objectName(), part->parentWidget()->objectName());
+        QVERIFY2(spoken, qPrintable(what));
+        QVERIFY2(!spoken->text(QAccessible::Name).isEmpty(), qPrintable(what));
+        QVERIFY2(spoken->role() != QAccessible::NoRole && spoken->role() != QAccessible::Client,
+                 qPrintable(what));
     }
 }
 
@@ -182,8 +226,7 @@ void WindowTexts::fail()
     STransferFailure failure;
     failure.m_eCause = eFailure_ConnectionLost;
     failure.m_qsDetails = QStringLiteral("http://server/theme.zip: connection reset by peer");
-    part<FailureBox>("failure")->showFailure(eCfgItem_Theme, QString(),
-                                             QStringLiteral("Autumn Memories"), failure);
+    part<FailureList>("failures")->add({}, QStringLiteral("Autumn Memories"), failure);
     part<QPushButton>("failureDetails")->setChecked(true);
 }
 

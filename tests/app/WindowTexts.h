@@ -31,6 +31,7 @@ private slots:
     void cleanup();
     void haveRoom_data();
     void haveRoom();
+    void controlsHaveNames();
 
 private:
     void openWindow();
@@ -40,6 +41,7 @@ private:
     template <class Part>
     Part* part(const char* name) const;
     void verifyFonts() const;
+    static void verifyNames(const QWidget& window);
     /// Verifies the current state and saves a picture named after it; null saves none.
     void verifyRoom(const char* state);
 

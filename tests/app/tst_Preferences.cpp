@@ -31,6 +31,12 @@ QStringList everything(const Preferences& preferences)
                        preferences.skin(),
                        preferences.language(),
                        QString::number(preferences.scale()),
+                       QString::number(static_cast<int>(preferences.order())),
+                       preferences.server(),
+                       preferences.downloadFolder(),
+                       QString::number(preferences.connections()),
+                       QString::number(preferences.isAppliedByClick()),
+                       QString::number(static_cast<int>(preferences.motion())),
                        QString::number(preferences.isMotionReduced())};
     const QList<int> sizes = preferences.splitterSizes();
     for (const int size : sizes)
@@ -54,6 +60,8 @@ private slots:
     void valuesStay();
     void changesOfTwoProcessesAddUp();
     void anEmptyFileHoldsNothing();
+    void aValueCanBeTakenBack();
+    void whatCannotBeStoredIsTold();
     void aDamagedFileIsKeptAside_data();
     void aDamagedFileIsKeptAside();
     void aFileThatIsKeptAsideReplacesNone();
@@ -71,17 +79,27 @@ void tst_Preferences::valuesStay()
         Preferences preferences(path);
         preferences.setTab(2);
         preferences.setThemeType(3);
+        preferences.setOrder(EListOrder::Size);
+        preferences.setServer(QStringLiteral("http://server/tree/"));
+        preferences.setDownloadFolder(QStringLiteral("/some/folder"));
+        preferences.setConnections(32);
+        preferences.setAppliedByClick(false);
         preferences.setGeometry(geometry);
         preferences.setSplitterSizes({700, 0});
         preferences.setSkin(QStringLiteral("Elegance"));
         preferences.setLanguage(QStringLiteral("ja"));
         preferences.setScale(125);
-        preferences.setMotionReduced(true);
+        preferences.setMotion(Preferences::Motion::Reduced);
     }
     const Preferences preferences(path);
     QCOMPARE(preferences.problem(), QString());
     QCOMPARE(preferences.tab(), 2);
     QCOMPARE(preferences.themeType(), 3);
+    QCOMPARE(preferences.order(), EListOrder::Size);
+    QCOMPARE(preferences.server(), QStringLiteral("http://server/tree/"));
+    QCOMPARE(preferences.downloadFolder(), QStringLiteral("/some/folder"));
+    QCOMPARE(preferences.connections(), 32);
+    QVERIFY(!preferences.isAppliedByClick());
     QCOMPARE(preferences.geometry(), geometry);
     QCOMPARE(preferences.splitterSizes(), (QList<int>{700, 0}));
     QCOMPARE(preferences.skin(), QStringLiteral("Elegance"));
@@ -97,11 +115,34 @@ void tst_Preferences::changesOfTwoProcessesAddUp()
     Preferences other(path);
     one.setTab(1);
     other.setScale(150);
-    one.setMotionReduced(true);
+    one.setMotion(Preferences::Motion::Reduced);
     const Preferences later(path);
     QCOMPARE(later.tab(), 1);
     QCOMPARE(later.scale(), 150);
     QVERIFY(later.isMotionReduced());
+}
+
+void tst_Preferences::aValueCanBeTakenBack()
+{
+    const QString path = freshPath();
+    Preferences preferences(path);
+    preferences.setMotion(Preferences::Motion::Full);
+    QCOMPARE(Preferences(path).motion(), Preferences::Motion::Full);
+    preferences.setMotion(Preferences::Motion::AsDesktop);
+    QCOMPARE(Preferences(path).motion(), Preferences::Motion::AsDesktop);
+}
+
+void tst_Preferences::whatCannotBeStoredIsTold()
+{
+    const QString path = freshPath();
+    Preferences preferences(path);
+    preferences.setTab(1);
+    QCOMPARE(preferences.storeError(), QString());
+    // Not even the superuser can replace a folder with a file.
+    QVERIFY(QFile::remove(path));
+    QVERIFY(QDir().mkpath(path + QStringLiteral("/sub")));
+    preferences.setTab(2);
+    QVERIFY2(preferences.storeError().contains(path), qPrintable(preferences.storeError()));
 }
 
 void tst_Preferences::anEmptyFileHoldsNothing()
@@ -166,6 +207,16 @@ void tst_Preferences::senselessValuesReadAsDefaults_data()
                                R"("tab": 1e300)",
                                R"("themeType": 5)",
                                R"("themeType": -1)",
+                               R"("themeType": 1)",
+                               R"("order": 4)",
+                               R"("order": -1)",
+                               R"("server": "ftp://server/")",
+                               R"("server": "http://server/?query")",
+                               R"("server": 5)",
+                               R"("downloadFolder": "relative/folder")",
+                               R"("connections": 33)",
+                               R"("connections": -1)",
+                               R"("applyByClick": "false")",
                                R"("themeType": [0])",
                                R"("geometry": 5)",
                                R"("geometry": {})",

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "PreviewPane.h"
+
+#include "host/widgets/PictureLoader.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
 
@@ -21,6 +23,8 @@ private slots:
     void hugeAnimationsCountAsNone_data();
     void hugeAnimationsCountAsNone();
     void hugeThumbnailsCountAsNone();
+    void smallPicturesAreNotBlownUp();
+    void largePicturesFillThePaneAtEverySize();
 
 private:
     QString write(const QString& name, const QByteArray& bytes) const;
@@ -82,13 +86,13 @@ QString tst_PreviewPane::animation(const QColor& color) const
 QColor tst_PreviewPane::middle() const
 {
     const QImage shown = m_pane->grab().toImage();
-    return shown.pixelColor(shown.rect().center());
+    return shown.pixelColor(shown.width() / 2, shown.height() / 2);
 }
 
 void tst_PreviewPane::showsTheThumbnailUntilItPlays()
 {
     m_pane->show(thumbnail(Qt::green), animation(Qt::red), false);
-    QCOMPARE(middle(), QColor(Qt::green));
+    QTRY_COMPARE(middle(), QColor(Qt::green));
     m_pane->setPlaying(true);
     QTRY_COMPARE(middle(), QColor(Qt::red));
 }
@@ -99,7 +103,7 @@ void tst_PreviewPane::withoutAThumbnailTheFirstFrameIsShown()
     QTRY_COMPARE(middle(), QColor(Qt::red));
     m_pane->show(QString(), animation(Qt::blue), false);
     QVERIFY(!m_pane->isPlaying());
-    QCOMPARE(middle(), QColor(Qt::blue));
+    QTRY_COMPARE(middle(), QColor(Qt::blue));
 }
 
 void tst_PreviewPane::anItemWithoutFilesShowsNothing()
@@ -139,7 +143,36 @@ void tst_PreviewPane::hugeThumbnailsCountAsNone()
     const QColor nothing = middle();
     m_pane->show(write(QStringLiteral("huge.png"), gif(Qt::red, {4097, 4096}, {4097, 4096})),
                  QString(), true);
+    QTRY_VERIFY(PictureLoader::isIdle());
     QCOMPARE(middle(), nothing);
+}
+
+void tst_PreviewPane::smallPicturesAreNotBlownUp()
+{
+    const QColor nothing = middle();
+    m_pane->show(thumbnail(Qt::green), QString(), false);
+    QTRY_COMPARE(middle(), QColor(Qt::green));
+    const QImage shown = m_pane->grab().toImage();
+    const QPoint center(shown.width() / 2, shown.height() / 2);
+    QCOMPARE(shown.pixelColor(center - QPoint(6, 3)), QColor(Qt::green));
+    QCOMPARE(shown.pixelColor(center - QPoint(12, 0)), nothing);
+    QCOMPARE(shown.pixelColor(center + QPoint(0, 8)), nothing);
+}
+
+void tst_PreviewPane::largePicturesFillThePaneAtEverySize()
+{
+    QImage image(640, 360, QImage::Format_RGB32);
+    image.fill(Qt::green);
+    const QString file = m_folder->filePath(QStringLiteral("large.png"));
+    QVERIFY(image.save(file));
+    m_pane->show(file, QString(), false);
+    const auto corner = [this] {
+        const QImage shown = m_pane->grab().toImage();
+        return shown.pixelColor(2, 2);
+    };
+    QTRY_COMPARE(corner(), QColor(Qt::green));
+    m_pane->resize(320, 180);
+    QTRY_COMPARE(corner(), QColor(Qt::green));
 }
 
 MV_WIDGET_TEST_MAIN(tst_PreviewPane)

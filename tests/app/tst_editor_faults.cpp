@@ -157,7 +157,8 @@ void tst_editor_faults::tryingAgainStaysInTheListThatIsShown()
     world.setFault(failingOnce("sepia.xml"));
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
         wait quiet
-        click tab 2
+        click tab 1
+        click widget largeCells
         click cell Sepia
         wait failed Sepia
         click widget failureRetry

@@ -6,6 +6,7 @@
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
 
+#include <QDir>
 #include <QFile>
 
 /// Tests favourites: set by key and by button, kept over restarts, moved between computers.
@@ -17,6 +18,7 @@ private slots:
     void surviveARestart();
     void surviveAKill();
     void aRemovedFavouriteLeavesTheirList();
+    void areThoseOfMvresInOneDataFolder();
     void travelInAFile();
     void unknownFavouritesAreExportedToo();
     void wrongFilesAreRefused_data();
@@ -48,10 +50,10 @@ void tst_editor_favourites::surviveARestart()
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
         click cell Alpha
         wait applied Alpha
-        wait text favourite "Add to favourites"
+        wait text favourite "Add to favorites"
         press F
         wait favourite Alpha
-        wait text favourite "Remove favourite"
+        wait text favourite "Remove favorite"
         wait plain Beta
         click tab 1
         click cell Sepia
@@ -77,7 +79,7 @@ void tst_editor_favourites::surviveAKill()
     editor.start(QStringLiteral("click cell Beta\n"
                                 "wait applied Beta\n"
                                 "press F\n"
-                                "wait text favourite \"Remove favourite\"\n"
+                                "wait text favourite \"Remove favorite\"\n"
                                 "touch %1\n"
                                 "awaitfile /none\n")
                      .arg(marked),
@@ -96,15 +98,47 @@ void tst_editor_favourites::aRemovedFavouriteLeavesTheirList()
         wait applied Beta
         press F
         wait favourite Beta
-        click widget themeType
-        press Down
-        press Enter
+        click widget onlyFavourites
         wait shown 1
         click widget favourite
         wait shown 0
-        wait text whyEmpty "No favourites yet"
+        wait text whyEmpty "No favorites yet"
+        click widget whyEmptyAction
+        wait shown 3
+        wait gone whyEmpty
     )"),
                                         false));
+}
+
+/// Whichever program marks an item, both see it.
+void tst_editor_favourites::areThoseOfMvresInOneDataFolder()
+{
+    EditorWorld world;
+    world.publish(themes);
+    world.install(themes);
+    const QString data = world.folder() + QStringLiteral("/shared");
+    QVERIFY(QDir().mkpath(data));
+    QVERIFY(QDir().rename(world.folder() + QStringLiteral("/installed"),
+                          data + QStringLiteral("/resources")));
+    CatalogueFiles::write(
+        data + QStringLiteral("/settings.ini"),
+        "[params]\nurl_themeRootDir=" + world.server().url(QStringLiteral("/")).toUtf8() + '\n');
+    const auto mvres = [&](const QStringList& arguments) {
+        return ConsoleProgram::run(QStringLiteral(MVRES_PROGRAM),
+                                   QStringList{QStringLiteral("--data"), data} + arguments);
+    };
+    QCOMPARE(mvres({QStringLiteral("favourite"), EditorWorld::themeGuid(themes.at(1))}).status, 0);
+
+    const QString script = world.folder() + QStringLiteral("/marks.script");
+    CatalogueFiles::write(script,
+                          "pace 1\nwait favourite Beta\nclick cell Alpha\nwait applied Alpha\n"
+                          "press F\nwait favourite Alpha\n");
+    VERIFY_ENDED_WELL(Editor(world).runDemo(
+        {QStringLiteral("--data"), data, QStringLiteral("--settings"),
+         data + QStringLiteral("/settings.ini"), QStringLiteral("--script"), script}));
+    const QString listed = QString::fromUtf8(mvres({QStringLiteral("list")}).out);
+    QCOMPARE(listed.count(QStringLiteral("favourite")), 2);
+    QVERIFY(QFile::exists(data + QStringLiteral("/download")));
 }
 
 void tst_editor_favourites::travelInAFile()
@@ -117,7 +151,7 @@ void tst_editor_favourites::travelInAFile()
                        "wait applied Beta\n"
                        "press F\n"
                        "wait favourite Beta\n")
-            + chosen("export", file) + QStringLiteral("wait message \"1 favourite written\"\n"),
+            + chosen("export", file) + QStringLiteral("wait message \"1 favorite written\"\n"),
         false));
     const QByteArray written = CatalogueFiles::read(file);
     QVERIFY2(written.contains(EditorWorld::themeGuid(QStringLiteral("Beta")).toUtf8()), written);
@@ -126,7 +160,7 @@ void tst_editor_favourites::travelInAFile()
     EditorWorld to;
     to.fillRoot(themes);
     VERIFY_ENDED_WELL(Editor(to).run(QStringLiteral("wait plain Beta\n") + chosen("import", file)
-                                         + QStringLiteral("wait message \"1 favourite added\"\n"
+                                         + QStringLiteral("wait message \"1 favorite added\"\n"
                                                           "wait favourite Beta\n"
                                                           "wait plain Alpha\n"),
                                      false));
@@ -144,8 +178,8 @@ void tst_editor_favourites::unknownFavouritesAreExportedToo()
         in, R"({"format": 1, "favourites": [{"kind": "theme", "guid": ")" + other + R"("}]})");
     VERIFY_ENDED_WELL(Editor(world).run(
         chosen("import", in)
-            + QStringLiteral("wait message \"1 favourite added, 1 of them not in the catalogue\"\n")
-            + chosen("export", out) + QStringLiteral("wait message \"1 favourite written\"\n"),
+            + QStringLiteral("wait message \"1 favorite added, 1 of them not in the catalogue\"\n")
+            + chosen("export", out) + QStringLiteral("wait message \"1 favorite written\"\n"),
         false));
     const QByteArray written = CatalogueFiles::read(out + QStringLiteral(".json"));
     QVERIFY2(written.contains(other), written);

@@ -71,7 +71,7 @@ void tst_editor_items::updateIsOfferedAndFetched()
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
         wait quiet
         wait text updatesAvailable "1 update available"
-        wait text updateMark Update
+        wait outdated Alpha
         click cell Alpha
         wait applied Alpha
         wait text itemState "Update available, 22 bytes"
@@ -79,7 +79,7 @@ void tst_editor_items::updateIsOfferedAndFetched()
         click widget updateItem
         wait text itemState "Up to date"
         wait message "1 item fetched"
-        wait gone updateMark
+        wait uptodate Alpha
         wait gone updateItem
         wait applied Alpha
         wait reloads 1
@@ -118,7 +118,7 @@ void tst_editor_items::allAreUpdatedAtOnce()
         screenshot update-all
         click action updateAll
         wait message "2 items fetched"
-        wait gone updateMark
+        wait uptodate Alpha
     )")));
     QCOMPARE(CatalogueFiles::read(world.themeFile(alpha)), changed);
     QCOMPARE(CatalogueFiles::read(world.themeFile(beta)), changed);
@@ -137,9 +137,8 @@ void tst_editor_items::markAppearsWithItsCell()
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
         wait quiet
         wait text updatesAvailable "1 update available"
-        wait gone updateMark
         reveal "Theme 69"
-        wait text updateMark Update
+        wait outdated "Theme 69"
         screenshot mark
     )")));
 }
@@ -158,7 +157,7 @@ void tst_editor_items::updateCanBeCancelled()
     });
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
         wait quiet
-        wait text updateMark Update
+        wait outdated Alpha
         press Ctrl+U
         wait text updateBarText "Fetching 1 item"
         wait spoken updateBarAction Cancel
@@ -166,7 +165,7 @@ void tst_editor_items::updateCanBeCancelled()
         click widget updateBarAction
         wait message "Cancelled; what has arrived is kept"
         wait gone updateBarText
-        wait text updateMark Update
+        wait outdated Alpha
         press Ctrl+U
         wait text updateBarText "Fetching 1 item"
         press Ctrl+U
@@ -189,13 +188,13 @@ void tst_editor_items::failedUpdateIsTriedAgain()
     });
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
         wait quiet
-        wait text updateMark Update
+        wait outdated Alpha
         press Ctrl+U
         wait text updateBarText "Not everything could be fetched: the server reports an error"
         click widget updateBarAction
         wait message "1 item fetched"
         wait gone updateBarText
-        wait gone updateMark
+        wait uptodate Alpha
     )")));
     QCOMPARE(CatalogueFiles::read(world.themeFile(alpha)), changed);
 }
@@ -211,8 +210,10 @@ void tst_editor_items::changedThemeUsesWhatItsNewDefinitionNames()
         wait quiet
         click cell Alpha
         wait applied Alpha
+        wait row appliedFiles "Definition"
+        click widget fileNames
         wait row appliedFiles sepia.xml
-        wait text updateMark Update
+        wait outdated Alpha
         press Ctrl+U
         wait reloads 1
         wait norow appliedFiles sepia.xml
@@ -239,7 +240,7 @@ void tst_editor_items::sizeIsToldBeforeTheDownload()
         wait ready Alpha
         wait text itemState "Up to date"
         wait text itemUse "On this computer: "
-        click tab 3
+        click tab 2
         click cell Blue
         wait applied Blue
         wait text itemState "Up to date"
@@ -344,7 +345,7 @@ void tst_editor_items::serverWithoutReleaseHasNoUpdates()
         wait text itemState "Ready to use"
         wait text itemUse "On this computer: "
         wait gone updateItem
-        wait gone updateMark
+        wait uptodate Alpha
     )")));
 }
 

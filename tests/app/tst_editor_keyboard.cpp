@@ -29,14 +29,18 @@ void tst_editor_keyboard::tabWalksThroughTheWindow()
     world.fillRoot(themes);
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
         wait focus list0
+        wait disabled favourite
         press Enter
         wait applied Alpha
+        wait enabled removeItem
         press Tab
         wait focus largePreview
         press Tab
         wait focus removeItem
         press Tab
         wait focus appliedFiles
+        press Tab
+        wait focus fileNames
         press Tab
         wait focus favourite
         press Space
@@ -51,11 +55,19 @@ void tst_editor_keyboard::tabWalksThroughTheWindow()
         wait gone themeType
         press Left
         press Tab
-        wait focus themeType
+        wait focus check
         press Tab
         wait focus search
         press Tab
-        wait focus check
+        wait focus themeType
+        press Tab
+        wait focus onlyFavourites
+        press Tab
+        wait focus onlyOnDisk
+        press Tab
+        wait focus onlyOutdated
+        press Tab
+        wait focus order
         press Tab
         wait focus list0
     )"),
@@ -110,11 +122,12 @@ void tst_editor_keyboard::widgetsHaveNames()
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
         wait spoken list0 Themes
         wait spoken tabs Themes
-        wait spoken themeType All
+        wait spoken themeType "Theme type"
+        wait spoken order "Order"
         wait spoken search "Search by name"
         wait spoken check "Check now"
         wait spoken largePreview Preview
-        wait spoken favourite "Add to favourites"
+        wait spoken favourite "Add to favorites"
         wait spoken showFolder "Show files in folder"
         click cell Alpha
         hover cell Beta

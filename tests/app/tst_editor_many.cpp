@@ -29,7 +29,9 @@ void tst_editor_many::areShownSearchedAndApplied()
         wait scrolled no
         press Ctrl+F
         type "theme 51"
-        wait shown 10
+        wait shown 15
+        type 9
+        wait shown 1
         press Down
         wait focus list0
         press End

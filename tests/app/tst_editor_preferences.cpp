@@ -85,7 +85,7 @@ void tst_editor_preferences::senselessValuesDoNoHarm()
     CatalogueFiles::write(world.preferencesFile(), content);
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral("wait phase idle\n"
                                                        "wait text check \"Check now\"\n"
-                                                       "click tab 3\n"
+                                                       "click tab 2\n"
                                                        "wait shown 1\n"),
                                         false));
 }

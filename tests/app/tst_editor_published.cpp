@@ -72,11 +72,11 @@ void tst_editor_published::aChangedThemeIsUpdated()
     publish(world);
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
         wait quiet
-        wait text updateMark Update
+        wait outdated "My Theme"
         click action resources
         click action updateAll
         wait message "1 item fetched"
-        wait gone updateMark
+        wait uptodate "My Theme"
         click cell "My Theme"
         wait text itemState "Up to date"
     )")));

@@ -76,9 +76,9 @@ void tst_editor_start::offlineWorksWithWhatIsThere()
         click tab 1
         click cell Sepia
         wait applied Sepia
-        click tab 2
+        click widget largeCells
         wait applied Sepia
-        click tab 3
+        click tab 2
         click cell Blue
         wait applied Blue
         click tab 0
@@ -115,7 +115,7 @@ void tst_editor_start::emptyEverywhere()
         wait text appliedName "Nothing applied yet"
         wait text lblMore "More>>"
         wait text whyEmpty "Nothing is here yet"
-        click tab 3
+        click tab 2
         wait shown 1
         wait gone whyEmpty
     )"),

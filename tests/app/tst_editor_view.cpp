@@ -148,10 +148,9 @@ void tst_editor_view::tabAndTypeStay()
         click widget themeType
         press Down
         press Down
-        press Down
         press Enter
         wait shown 1
-        click tab 3
+        click tab 2
         wait shown 1
         wait gone themeType
     )"),

@@ -7,6 +7,7 @@
 #   missingPart   what needs a package that is not there says so
 #   demoAlone     the demo does without the tools, and so without libzip
 #   subproject    a project that embeds this one gets the libraries and nothing else
+#   platform      a platform in place of ours is built alone, and the libraries with it
 cmake_minimum_required(VERSION 3.25)
 
 set(packages ${WORK_FOLDER}/packages)
@@ -99,5 +100,20 @@ elseif(CASE STREQUAL "subproject")
     require_success()
     if(NOT output MATCHES "targets: mvbrowser;mvhost;mvhostui;mvmodel;mvresource\n")
         message(FATAL_ERROR "the host gets something else:\n${output}")
+    endif()
+elseif(CASE STREQUAL "platform")
+    set(platform ${PROJECT_FOLDER}/examples/platform)
+    configure(${PROJECT_FOLDER} -DMV_HOST_PLATFORM=${platform} -DCMAKE_DISABLE_FIND_PACKAGE_CURL=ON)
+    require_success()
+    execute_process(COMMAND ${CMAKE_COMMAND} --build ${WORK_FOLDER}/build -- -t commands all
+                    OUTPUT_VARIABLE commands COMMAND_ERROR_IS_FATAL ANY)
+    foreach(part "${platform}/TransferPool.cpp" "-o lib/libmvbrowser.so")
+        string(FIND "${commands}" "${part}" place)
+        if(place EQUAL -1)
+            message(FATAL_ERROR "the build lacks \"${part}\":\n${commands}")
+        endif()
+    endforeach()
+    if(commands MATCHES "${PROJECT_FOLDER}/(src/host/[A-Za-z]+\\.cpp|app|tools|tests)|libcurl")
+        message(FATAL_ERROR "the build has \"${CMAKE_MATCH_0}\":\n${commands}")
     endif()
 endif()

@@ -3,6 +3,7 @@
 
 #include "catalogue/ItemFiles.h"
 #include "catalogue/MVThemeMgr.h"
+#include "download/FileStates.h"
 #include "support/CatalogueFiles.h"
 #include "support/Growth.h"
 #include "support/ProcessorTime.h"
@@ -22,6 +23,7 @@ private slots:
     void listingGrowsWithTheFiles();
     void countsManyAsOneByOne();
     void countsManyInLessTimeThanOneByOne();
+    void statesOfManyTakeLessTimeThanOneByOne();
 
 private:
     static double listingTime(int dependencies);
@@ -131,6 +133,27 @@ void tst_ItemFiles::countsManyInLessTimeThanOneByOne()
     const double oneByOne = ProcessorTime::least([&] {
         for (SCfg_Item* const item : items)
             QCOMPARE(ItemFiles::countNeeded(*item), 0);
+    });
+    QVERIFY2(together * 2 < oneByOne,
+             qPrintable(QStringLiteral("%1 s, one by one %2 s").arg(together).arg(oneByOne)));
+}
+
+void tst_ItemFiles::statesOfManyTakeLessTimeThanOneByOne()
+{
+    MVThemeMgr::init()->setResourceSaveRootPath(TestHome::path() + QStringLiteral("/deeper")
+                                                + QStringLiteral("/d").repeated(100));
+    QVector<SCfg_Item> filters;
+    for (int number = 0; number < 100; ++number) {
+        filters.append(filter(number));
+        Files::write(configFolder() + QStringLiteral("/file%1").arg(number), "content");
+    }
+    const QVector<SCfg_Item*> items = pointersTo(filters);
+    const FileStates states(FileStates::Depth::Quick);
+    const double together =
+        ProcessorTime::least([&] { QCOMPARE(states.of(items).size(), items.size()); });
+    const double oneByOne = ProcessorTime::least([&] {
+        for (SCfg_Item* const item : items)
+            QCOMPARE(states.of(*item).m_nNeeded, 0);
     });
     QVERIFY2(together * 2 < oneByOne,
              qPrintable(QStringLiteral("%1 s, one by one %2 s").arg(together).arg(oneByOne)));

@@ -9,6 +9,12 @@
 #include "support/TestMain.h"
 #include "support/TestTexts.h"
 
+#include <QDir>
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
 /// Tests that the process learns of downloads and of changed files, whoever caused them.
 class tst_ResourceEvents : public QObject
 {
@@ -64,6 +70,35 @@ public:
     QStringList ends;
     QVector<int> percents;
     QStringList paths;
+};
+
+/// Records the catalogue's signals, and gives back what it uses when it is asked to.
+class CatalogueRecorder : public QObject
+{
+public:
+    CatalogueRecorder()
+    {
+        CatalogueChanges* const changes = CatalogueChanges::instance();
+        connect(changes, &CatalogueChanges::announced, this, [this] {
+            m_told.append(QStringLiteral("about %1").arg(themeCount()));
+            use.reset();
+        });
+        connect(changes, &CatalogueChanges::ended, this, [this](bool hasChanged) {
+            m_told.append(QStringLiteral("changed %1 %2").arg(hasChanged).arg(themeCount()));
+        });
+    }
+
+    QStringList takeTold() { return std::exchange(m_told, {}); }
+
+    std::optional<CatalogueUse> use;
+
+private:
+    static int themeCount()
+    {
+        return static_cast<int>(MVThemeMgr::init()->getThemes_Display().size());
+    }
+
+    QStringList m_told;
 };
 
 } // namespace
@@ -130,35 +165,20 @@ void tst_ResourceEvents::removalAndUndoingTellTheirFiles()
 void tst_ResourceEvents::catalogueTellsItsChanges()
 {
     MVThemeMgr* const catalogue = MVThemeMgr::init();
-    QStringList told;
-    const QObject receiver;
-    std::optional<CatalogueUse> use;
-    connect(CatalogueChanges::instance(), &CatalogueChanges::announced, &receiver, [&] {
-        told.append(QStringLiteral("about %1").arg(catalogue->getThemes_Display().size()));
-        use.reset(); // what is given back now does not refuse the call
-    });
-    connect(CatalogueChanges::instance(), &CatalogueChanges::ended, &receiver,
-            [&](bool hasChanged) {
-                told.append(QStringLiteral("changed %1 %2")
-                                .arg(hasChanged)
-                                .arg(catalogue->getThemes_Display().size()));
-            });
-    use.emplace();
+    CatalogueRecorder recorder;
+    recorder.use.emplace();
     QVERIFY(catalogue->tryReload());
-    QCOMPARE(told, (QStringList{text("about 2"), text("changed 1 2")}));
-    told.clear();
+    QCOMPARE(recorder.takeTold(), (QStringList{text("about 2"), text("changed 1 2")}));
     {
         const CatalogueUse other;
         QVERIFY(!catalogue->tryClear());
     }
-    QCOMPARE(told, (QStringList{text("about 2"), text("changed 0 2")}));
-    told.clear();
+    QCOMPARE(recorder.takeTold(), (QStringList{text("about 2"), text("changed 0 2")}));
     QVERIFY(catalogue->tryClear());
-    QCOMPARE(told, (QStringList{text("about 2"), text("changed 1 0")}));
-    told.clear();
+    QCOMPARE(recorder.takeTold(), (QStringList{text("about 2"), text("changed 1 0")}));
     catalogue->load(false);
     catalogue->load(false); // has been read
-    QCOMPARE(told, (QStringList{text("about 0"), text("changed 1 2")}));
+    QCOMPARE(recorder.takeTold(), (QStringList{text("about 0"), text("changed 1 2")}));
 }
 
 MV_TEST_MAIN(tst_ResourceEvents)

@@ -38,6 +38,7 @@ private slots:
     void cancelledReadingKnowsNothing();
     void worstStateCounts();
     void usedItemCountsToo();
+    void ofManyAsOneByOne();
     void printed();
 
 private:
@@ -274,6 +275,28 @@ void tst_fileStates::usedItemCountsToo()
     m_world.publishAndCheck(11);
     QCOMPARE(stateOf(StorageWorld::theme(1)), eFile_Outdated);
     QCOMPARE(stateOf(StorageWorld::filter(11)), eFile_Current);
+}
+
+void tst_fileStates::ofManyAsOneByOne()
+{
+    QVERIFY(StorageWorld::fetch({&StorageWorld::theme(2), &StorageWorld::filter(11)}));
+    QVERIFY(QFile::remove(m_world.file("VideoFilters/11.zip")));
+    CatalogueFiles::write(m_world.file("Themes/2.xml"), "<broken");
+    const QVector<SCfg_Item*> items{&StorageWorld::theme(1), &StorageWorld::theme(2),
+                                    &StorageWorld::filter(11), &StorageWorld::filter(13)};
+    const FileStates states(FileStates::Depth::Quick);
+    const QVector<SItemState> many = states.of(items);
+    QCOMPARE(many.size(), items.size());
+    for (int number = 0; number < items.size(); ++number) {
+        const SItemState one = states.of(*items.at(number));
+        QCOMPARE(many.at(number).m_eState, one.m_eState);
+        QCOMPARE(many.at(number).m_nBytesToFetch, one.m_nBytesToFetch);
+        QCOMPARE(many.at(number).m_nBytesOnDisk, one.m_nBytesOnDisk);
+        QCOMPARE(many.at(number).m_nNeeded, ItemFiles::countNeeded(*items.at(number)));
+        QVERIFY(many.at(number).m_nNeeded <= 2);
+    }
+    QCOMPARE(many.at(2).m_nNeeded, 1);
+    QVERIFY(states.of(QVector<SCfg_Item*>()).isEmpty());
 }
 
 void tst_fileStates::printed()

@@ -93,7 +93,7 @@ void PreferencesTarget::checkChanges(Preferences& preferences, const QByteArray&
     preferences.setSkin(BrowserSkin::names().constLast());
     preferences.setLanguage(QStringLiteral("ja"));
     preferences.setScale(150);
-    preferences.setMotionReduced(true);
+    preferences.setMotion(Preferences::Motion::Reduced);
     const Preferences stored(m_file);
     require(stored.problem().isEmpty(), "what was stored can be read", stored.problem());
     require(described(stored) == described(preferences), "changes are stored");

@@ -7,6 +7,7 @@
 #include "browser/MVThemeItemSubwdgt_Preview.h"
 #include "browser/MVThemeItemWdg.h"
 #include "browser/mvThemelistview.h"
+#include "browser/SCellState.h"
 #include "catalogue/MVThemeMgr.h"
 #include "CheckStatus.h"
 #include "download/CatalogueUpdate.h"
@@ -161,7 +162,8 @@ bool ScriptConditions::holdsForCell(const QString& what, const QString& name)
         QStringLiteral("applied"),   QStringLiteral("downloading"), QStringLiteral("failed"),
         QStringLiteral("sound"),     QStringLiteral("ready"),       QStringLiteral("lacking"),
         QStringLiteral("favourite"), QStringLiteral("plain"),       QStringLiteral("playing"),
-        QStringLiteral("still"),     QStringLiteral("seen"),        QStringLiteral("unseen")};
+        QStringLiteral("still"),     QStringLiteral("seen"),        QStringLiteral("unseen"),
+        QStringLiteral("outdated"),  QStringLiteral("uptodate")};
     if (!known.contains(what))
         return false;
     m_error = QStringLiteral("no cell of that name");
@@ -187,6 +189,11 @@ bool ScriptConditions::holdsForCell(const QString& what, const QString& name)
         return MVThemeMgr::init()->isItemCollect(item);
     if (what == QLatin1String("plain"))
         return !MVThemeMgr::init()->isItemCollect(item);
+    if (what == QLatin1String("outdated") || what == QLatin1String("uptodate")) {
+        const mvThemelistview* const view = m_window.tabs()->currentList()->view();
+        const bool isOutdated = view->stateOf(item->m_qsGUID).files == SCellState::Files::Outdated;
+        return isOutdated == (what == QLatin1String("outdated"));
+    }
     if (what.endsWith(QLatin1String("seen")))
         return cell->visibleRegion().isEmpty() == (what == QLatin1String("unseen"));
     return plays(*cell) == (what == QLatin1String("playing"));
@@ -211,6 +218,10 @@ bool ScriptConditions::holdsForWidget(const QString& what, const QString& name, 
     }
     if (what == QLatin1String("gone"))
         return equals(yesNo(!widget), QStringLiteral("yes"));
+    if (what.endsWith(QLatin1String("abled"))) {
+        const bool isEnabled = widget && widget->isEnabled();
+        return equals(isEnabled ? QStringLiteral("enabled") : QStringLiteral("disabled"), what);
+    }
     if (what != QLatin1String("focus"))
         return false;
     const QWidget* const focused = QApplication::focusWidget();

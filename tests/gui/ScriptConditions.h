@@ -26,12 +26,14 @@ class MainWindow;
 ///     applied NAME       the cell is marked, and the details show the item
 ///     downloading NAME   failed NAME   ready NAME   lacking NAME   favourite NAME   plain NAME
 ///     playing NAME       still NAME   seen NAME   unseen NAME: whether in view
+///     outdated NAME      uptodate NAME: whether its cell offers an update
 ///     preview playing|still           of the applied item
 ///     downloads none     no cell of any list is downloading
 ///     text WIDGET TEXT   the widget's text contains TEXT
 ///     row TREE TEXT      norow TREE TEXT     whether a row of the tree widget contains TEXT
 ///     spoken WIDGET TEXT the text for screen readers contains TEXT
 ///     focus WIDGET       gone WIDGET
+///     enabled WIDGET     disabled WIDGET     a missing widget is disabled
 ///     opened TEXT        an opened address contains TEXT
 ///     clipboard TEXT
 class ScriptConditions : public QObject

@@ -76,10 +76,18 @@ MVThemeItemWdg* ScriptTargets::cell(const QString& name) const
 QWidget* ScriptTargets::widget(const QString& name)
 {
     const QWidgetList all = QApplication::allWidgets();
-    const auto it = std::find_if(all.cbegin(), all.cend(), [&](const QWidget* widget) {
-        return widget->objectName() == name && widget->isVisible();
-    });
-    return it == all.cend() ? nullptr : *it;
+    QWidget* first = nullptr;
+    const auto isBefore = [](const QWidget* one, const QWidget* other) {
+        const QPoint left = one->mapToGlobal({});
+        const QPoint right = other->mapToGlobal({});
+        return left.y() != right.y() ? left.y() < right.y() : left.x() < right.x();
+    };
+    for (QWidget* widget : all) {
+        if (widget->objectName() == name && widget->isVisible()
+            && (!first || isBefore(widget, first)))
+            first = widget;
+    }
+    return first;
 }
 
 int ScriptTargets::place(const QString& name) const
@@ -96,6 +104,8 @@ bool ScriptTargets::findWidget(const QWidget* widget, const QString& what, QPoin
 {
     if (!widget || !widget->isVisible())
         return fail(QStringLiteral("%1 cannot be seen").arg(what));
+    if (!widget->isEnabled()) // perhaps it waits for the result of a thread
+        return fail(QStringLiteral("%1 is disabled").arg(what));
     global = widget->mapToGlobal(widget->rect().center());
     return true;
 }
@@ -123,6 +133,8 @@ bool ScriptTargets::findAction(const QString& name, QPoint& global)
         for (QAction* action : actions) {
             if (action->objectName() != name)
                 continue;
+            if (!action->isEnabled())
+                return fail(QStringLiteral("%1 is disabled").arg(name));
             const QRect place = menu ? menu->actionGeometry(action) : bar->actionGeometry(action);
             global = widget->mapToGlobal(place.center());
             return true;

@@ -26,13 +26,14 @@ class ScriptTargets
 public:
     explicit ScriptTargets(MainWindow& window);
 
-    /// Returns false, see errorText(), while the target does not exist or is not in view.
+    /// Returns false, see errorText(), while the target does not exist, is not in view or is
+    /// disabled.
     bool find(const QStringList& words, QPoint& global);
     QString errorText() const { return m_error; }
 
     /// Returns the cell of the current list, or null.
     MVThemeItemWdg* cell(const QString& name) const;
-    /// Returns a visible widget of any window, or null.
+    /// Returns a visible widget of any window, the topmost on the screen of several, or null.
     static QWidget* widget(const QString& name);
     /// Returns whether a cell is above (negative), in (0) or below (positive) the visible part of
     /// the list.

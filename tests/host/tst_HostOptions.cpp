@@ -5,6 +5,7 @@
 #include "host/IniFile.h"
 #include "host/LogL.h"
 #include "host/ProductParam.h"
+#include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
 #include "support/TestTexts.h"
 
@@ -30,6 +31,10 @@ private slots:
     void policy_data();
     void policy();
     void keysReplaceThoseOfTheFile();
+    void dataFolderIsSharedByPrograms();
+    void dataFolderHasSettings_data();
+    void dataFolderHasSettings();
+    void otherOptionsTakePrecedenceOverTheDataFolder();
     void downloadRootIsAbsolute_data();
     void downloadRootIsAbsolute();
     void logIsDroppedUnlessAskedFor();
@@ -111,6 +116,7 @@ void tst_HostOptions::refuses_data()
     };
     row("empty settings", "--settings=", "--settings is empty");
     row("empty root", "--root=", "--root is empty");
+    row("empty data", "--data=", "--data is empty");
     row("empty resources", "--resources=", "--resources is empty");
     row("empty server", "--server=", "--server takes an http or https address, not \"\"");
     row("server of another scheme", "--server ftp://host/",
@@ -183,6 +189,62 @@ void tst_HostOptions::keysReplaceThoseOfTheFile()
                   text("--key"), text("two")}));
     QVERIFY(options.apply(nullptr));
     QCOMPARE(hostSettings().releaseKeys, (QStringList{text("one"), text("two")}));
+}
+
+void tst_HostOptions::dataFolderIsSharedByPrograms()
+{
+    for (const char* program : {"one", "other"}) {
+        QCoreApplication::setApplicationName(text(program));
+        hostSettings() = HostSettings::recommended();
+        HostOptions options;
+        QVERIFY(read(options, {text("--data"), text("/srv/../srv/shared")}));
+        QVERIFY(options.apply(nullptr));
+        QCOMPARE(hostSettings().dataLocation, text("/srv/shared"));
+        QCOMPARE(hostSettings().appDataPath, text("/srv/shared"));
+        QCOMPARE(hostSettings().resourcesPath, text("/srv/shared/resources"));
+        QCOMPARE(options.defaultResources(), text("/srv/shared/resources"));
+        QCOMPARE(hostSettings().testOutputDir, text("/srv/shared/resources"));
+        QCOMPARE(options.downloadRoot(), text("/srv/shared/download"));
+    }
+    QCOMPARE(HostOptions().defaultResources(), HostSettings().resourcesPath);
+}
+
+void tst_HostOptions::dataFolderHasSettings_data()
+{
+    QTest::addColumn<QStringList>("more");
+    QTest::addColumn<QString>("server");
+    QTest::newRow("its own") << QStringList() << text("http://data/");
+    QTest::newRow("named ones") << QStringList{text("--settings"),
+                                               iniFile("[params]\nurl_themeRootDir=http://file/\n")}
+                                << text("http://file/");
+}
+
+void tst_HostOptions::dataFolderHasSettings()
+{
+    QFETCH(QStringList, more);
+    QFETCH(QString, server);
+    const QString data = home("data");
+    CatalogueFiles::write(data + text("/settings.ini"),
+                          "[params]\nurl_themeRootDir=http://data/\n[paths]\ndata=elsewhere\n");
+    HostOptions options;
+    QVERIFY(read(options, QStringList{text("--data"), data} + more));
+    QString error;
+    QVERIFY2(options.apply(&error), qPrintable(error));
+    QCOMPARE(ProductParam::text(ProductParam::serverRoot), server);
+    QCOMPARE(hostSettings().dataLocation, data);
+}
+
+void tst_HostOptions::otherOptionsTakePrecedenceOverTheDataFolder()
+{
+    HostOptions options;
+    QVERIFY(read(options,
+                 {text("--data"), text("/srv/shared"), text("--root"), text("/srv/root"),
+                  text("--resources"), text("/usr/share/editor"), text("--settings"),
+                  iniFile("[paths]\ntestOutput=/srv/test\n")}));
+    QVERIFY(options.apply(nullptr));
+    QCOMPARE(options.downloadRoot(), text("/srv/root"));
+    QCOMPARE(hostSettings().resourcesPath, text("/usr/share/editor"));
+    QCOMPARE(hostSettings().testOutputDir, text("/srv/test"));
 }
 
 void tst_HostOptions::downloadRootIsAbsolute_data()

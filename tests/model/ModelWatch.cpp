@@ -21,14 +21,16 @@ ModelWatch::ModelWatch(ResourceModel& model)
     : m_model(model)
     , m_tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal)
 {
-    const auto connectEnd = [&](auto signal, const char* what) {
-        QObject::connect(&model, signal, &m_tester,
-                         [this, what](const QString& guid, ResourceModel::Outcome outcome,
-                                      const QString&) { noteEnd(what, guid, outcome); });
-    };
-    connectEnd(&ResourceModel::fetchEnded, "fetched");
-    connectEnd(&ResourceModel::updateEnded, "updated");
-    connectEnd(&ResourceModel::removeEnded, "removed");
+    using Outcome = ResourceModel::Outcome;
+    QObject::connect(
+        &model, &ResourceModel::fetchEnded, &m_tester,
+        [this](const QString& guid, Outcome outcome) { noteEnd("fetched", guid, outcome); });
+    QObject::connect(
+        &model, &ResourceModel::updateEnded, &m_tester,
+        [this](const QString& guid, Outcome outcome) { noteEnd("updated", guid, outcome); });
+    QObject::connect(
+        &model, &ResourceModel::removeEnded, &m_tester,
+        [this](const QString& guid, Outcome outcome) { noteEnd("removed", guid, outcome); });
     QObject::connect(&model, &ResourceModel::applied, &m_tester, [this](const QString& guid) {
         m_ends.append(QStringLiteral("applied %1").arg(numberOf(guid)));
     });

@@ -9,6 +9,8 @@
 #include "support/TestMain.h"
 #include "support/TestTexts.h"
 
+#include <QSignalSpy>
+
 /// Tests opening, checking and reloading with signals alone.
 class tst_ResourceCatalogue : public QObject
 {

@@ -10,6 +10,8 @@
 #include "support/TestTexts.h"
 
 #include <QLocale>
+#include <QMetaProperty>
+#include <QSignalSpy>
 
 #include <memory>
 

@@ -10,6 +10,7 @@
 #include "support/TestTexts.h"
 
 #include <QFile>
+#include <QSignalSpy>
 
 /// Tests downloads, their progress and outcomes, and applying.
 class tst_ResourceModel_fetch : public QObject

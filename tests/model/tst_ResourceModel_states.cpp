@@ -14,6 +14,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QSignalSpy>
 #include <QUrl>
 
 /// Tests the states of items over checks, updates and removals, and the pictures that arrive.

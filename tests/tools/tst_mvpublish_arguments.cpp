@@ -56,7 +56,8 @@ void TestMvpublishArguments::refuses_data()
     row("verify", "verify takes one TREE or URL");
     row("verify a b", "verify takes one TREE or URL");
     row("verify a --force", "--force does not go with verify");
-    row("build a b --json", "--json does not go with build");
+    row("watch a b --renew", "--renew does not go with watch");
+    row("watch a", "watch takes SOURCE and OUT");
     row("lint a --edition 1", "--edition does not go with lint");
     row("lint a --port 1", "--port does not go with lint");
     row("new theme x --quiet", "--quiet does not go with new");
@@ -88,6 +89,7 @@ void TestMvpublishArguments::helpNamesTheCommands()
     QCOMPARE(outcome.status, 0);
     for (const char* part : {"new KIND NAME",
                              "build SOURCE OUT",
+                             "watch SOURCE OUT",
                              "keygen FILE",
                              "sign TREE",
                              "verify TREE|URL",

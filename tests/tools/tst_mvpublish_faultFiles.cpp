@@ -58,6 +58,11 @@ void TestMvpublishFaultFiles::fileRows()
         "look: the file name \"a\\b\" holds characters that not every client can store");
     row("device of Windows", set("look", "files", QJsonArray{text("nul.bin")}),
         "look: the file name \"nul.bin\" is a name that not every client can store");
+    row("long", set("look", "files", QJsonArray{text("é").repeated(99) + text(".zip")}),
+        qPrintable(
+            text("look: the file name \"%1.zip\" has a part of 202 bytes in UTF-8, and at most "
+                 "200 are accepted")
+                .arg(text("é").repeated(99))));
     // Qt warns when asked for such a file.
     row("NUL", set("look", "files", QJsonArray{QString(QStringLiteral("a\0.bin"))}),
         "look: the file name \"a .bin\" holds characters that not every client can store");

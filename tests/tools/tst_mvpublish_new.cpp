@@ -41,6 +41,8 @@ private slots:
     void worksInTheCurrentFolder();
     void folderIsMadeOfTheName_data();
     void folderIsMadeOfTheName();
+    void asciiFolderIsMadeOfTheName_data();
+    void asciiFolderIsMadeOfTheName();
     void keepsTheManifestOfTheSource();
     void namesOfEveryScript();
     void nameInAnotherEncodingIsRefused();
@@ -162,6 +164,7 @@ void TestMvpublishNew::folderIsMadeOfTheName_data()
     QTest::newRow("no letters") << text("\xf0\x9f\x8e\x89") << text("filter-6146299c");
     QTest::newRow("folder of the source's own") << text("Shared") << text("shared-filter");
     QTest::newRow("folder of the \"none\" entry") << text("None!") << text("none-filter");
+    QTest::newRow("device of Windows") << text("Con") << text("con-filter");
     QTest::newRow("long") << text("語").repeated(200)
                           << text("語").repeated(37) + text("-33ebd179");
 }
@@ -173,6 +176,35 @@ void TestMvpublishNew::folderIsMadeOfTheName()
     const QString source = home(text("names"));
     QCOMPARE(Mvpublish::run({text("new"), text("filter"), name, text("--in"), source}).status, 0);
     QCOMPARE(manifest(source + QLatin1Char('/') + folder).value(text("name")).toString(), name);
+}
+
+void TestMvpublishNew::asciiFolderIsMadeOfTheName_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("folder");
+    QTest::newRow("ASCII") << text("My  Best Look") << text("my-best-look");
+    QTest::newRow("accents") << text("naïve") << text("naive");
+    QTest::newRow("other letters between") << text("Große Øl 7") << text("gro-e-l-7-9f65070c");
+    QTest::newRow("Japanese") << text("日本語テーマ") << text("filter-e47ad328");
+    QTest::newRow("Chinese") << text("春節") << text("filter-251bf390");
+    QTest::newRow("Chinese and ASCII") << text("春節 2027") << text("2027-5625cc69");
+    QTest::newRow("special folder") << text("Shared") << text("shared-filter");
+    QTest::newRow("special folder and others") << text("春節 Shared") << text("shared-182f8e35");
+}
+
+/// What is in every letter's place is the name's digest, which no other name has.
+void TestMvpublishNew::asciiFolderIsMadeOfTheName()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, folder);
+    const QString source = home(text("ascii"));
+    const QStringList arguments{text("new"),  text("filter"), name,
+                                text("--in"), source,         text("--ascii")};
+    const Outcome outcome = Mvpublish::run(arguments);
+    QCOMPARE(outcome.lines(), QStringList{source + QLatin1Char('/') + folder + text("/item.json")});
+    QCOMPARE(manifest(source + QLatin1Char('/') + folder).value(text("name")).toString(), name);
+    QVERIFY(QFile::exists(source + QLatin1Char('/') + folder + QLatin1Char('/') + folder
+                          + text(".png")));
 }
 
 void TestMvpublishNew::keepsTheManifestOfTheSource()

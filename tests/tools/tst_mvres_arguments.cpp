@@ -74,8 +74,11 @@ void TestMvresArguments::refuses_data()
     row("du with an argument", "du all", "du takes no arguments");
     row("clean with an argument", "clean all", "clean takes no arguments");
     row("all with GUIDs", "fetch --all {A}", "fetch takes either GUIDs or --all");
-    row("all of verify", "verify --all", "--all applies only to update and fetch");
-    row("dry run of fetch", "fetch {A} --dry-run", "--dry-run applies only to update and clean");
+    row("all of verify", "verify --all", "--all applies only to fetch and update");
+    row("dry run of verify", "verify {A} --dry-run",
+        "--dry-run applies only to fetch, update, remove and clean");
+    row("search without words", "search", "search takes at least one WORD");
+    row("empty data folder", "list --data=", "--data is empty");
     row("deep update", "update --deep", "--deep applies only to verify");
     row("repair with update", "update --repair", "--repair applies only to verify");
     row("fetch option of verify", "verify --fetch", "--fetch applies only to need");

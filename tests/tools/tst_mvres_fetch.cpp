@@ -220,7 +220,7 @@ void TestMvresFetch::printsOneJsonDocument()
     const QJsonObject item = items.at(1).toObject();
     QCOMPARE(item[text("guid")].toString(), CatalogueFiles::guid(1));
     QCOMPARE(item[text("name")].toString(), text("One"));
-    QCOMPARE(item[text("result")].toInt(), 5);
+    QCOMPARE(item[text("result")].toString(), text("complete"));
     QCOMPARE(item[text("resultText")].toString(), text("complete"));
     QCOMPARE(item[text("ready")], QJsonValue(true));
     QCOMPARE(item[text("missing")].toInt(), 0);

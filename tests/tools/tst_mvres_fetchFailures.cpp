@@ -237,7 +237,7 @@ void TestMvresFetchFailures::jsonContainsTheResult()
     QCOMPARE(outcome.status, 36);
     const QJsonArray items = QJsonDocument::fromJson(outcome.out).array();
     QCOMPARE(items.size(), 3);
-    QCOMPARE(items.at(0)[text("result")].toInt(-1), 3);
+    QCOMPARE(items.at(0)[text("result")].toString(), text("failed"));
     QCOMPARE(items.at(0)[text("resultText")].toString(), text("the file is not on the server"));
     const QJsonObject error = items.at(0)[text("error")].toObject();
     QCOMPARE(error[text("cause")].toString(), text("notOnServer"));
@@ -247,8 +247,8 @@ void TestMvresFetchFailures::jsonContainsTheResult()
     QVERIFY(items.at(1)[text("error")].isUndefined());
     QCOMPARE(items.at(0)[text("ready")], QJsonValue(false));
     QCOMPARE(items.at(0)[text("missing")].toInt(), 1);
-    QCOMPARE(items.at(1)[text("result")].toInt(-1), 5);
-    QCOMPARE(items.at(2)[text("result")].toInt(-1), 0);
+    QCOMPARE(items.at(1)[text("result")].toString(), text("complete"));
+    QCOMPARE(items.at(2)[text("result")].toString(), text("failed"));
     QCOMPARE(items.at(2)[text("resultText")].toString(),
              text("the connection to the server was lost"));
 }

@@ -120,7 +120,7 @@ void TestMvresList::printsJson()
         {QStringLiteral("guid"), QString::fromLatin1(blueSilk)},
         {QStringLiteral("kind"), QStringLiteral("bgmaterial")},
         {QStringLiteral("name"), QStringLiteral("Blue Silk")},
-        {QStringLiteral("themeType"), QStringLiteral("-")},
+        {QStringLiteral("themeType"), QJsonValue()},
         {QStringLiteral("favourite"), true},
         {QStringLiteral("ready"), true},
         {QStringLiteral("missing"), 0},

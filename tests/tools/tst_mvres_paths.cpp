@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "Mvres.h"
+#include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
 
 #include <QDir>
@@ -19,6 +20,7 @@ private slots:
 
     void printsAllPlaces();
     void printsTheSameAsJson();
+    void dataFolderReplacesTheProgramsOwn();
     void serverEndsInASlash_data();
     void serverEndsInASlash();
     void serverOfTheParametersComesFirst();
@@ -88,6 +90,21 @@ void TestMvresPaths::printsTheSameAsJson()
         const int blank = line.indexOf(QLatin1Char(' '));
         QCOMPARE(object[line.left(blank)].toString(), line.mid(blank).trimmed());
     }
+}
+
+void TestMvresPaths::dataFolderReplacesTheProgramsOwn()
+{
+    const QString data = m_mvres.base() + QStringLiteral("/shared");
+    CatalogueFiles::write(data + QStringLiteral("/settings.ini"),
+                          "[params]\nurl_themeRootDir=http://data/\n");
+    const auto place = [&](const char* key) {
+        return value({QStringLiteral("--data"), data}, key);
+    };
+    QCOMPARE(place("server"), QStringLiteral("http://data/"));
+    QCOMPARE(place("root"), data + QStringLiteral("/download"));
+    QCOMPARE(place("resources"), data + QStringLiteral("/resources"));
+    QCOMPARE(place("themeFavourites"), data + QStringLiteral("/ThemeCollect/ThemeCollect.json"));
+    QCOMPARE(place("filterFavourites"), data + QStringLiteral("/FilterCollect/FilterCollect.json"));
 }
 
 void TestMvresPaths::serverEndsInASlash_data()

@@ -49,14 +49,31 @@ void reportFailuresAsJson()
     failuresAsJson = true;
 }
 
+QJsonObject error(int status, const QString& text)
+{
+    return {{QStringLiteral("status"), status}, {QStringLiteral("text"), text}};
+}
+
 int fail(int status, const QString& text)
 {
+    return fail(status, text, QJsonObject());
+}
+
+int fail(int status, const QString& text, const QJsonObject& details)
+{
     note(text);
-    if (failuresAsJson) {
-        const QJsonObject error{{QStringLiteral("status"), status}, {QStringLiteral("text"), text}};
-        print(QJsonDocument(QJsonObject{{QStringLiteral("error"), error}}));
-    }
+    printFailure(status, text, details);
     return status;
+}
+
+void printFailure(int status, const QString& text, const QJsonObject& details)
+{
+    if (!failuresAsJson)
+        return;
+    QJsonObject object = error(status, text);
+    for (auto detail = details.constBegin(); detail != details.constEnd(); ++detail)
+        object.insert(detail.key(), detail.value());
+    print(QJsonDocument(QJsonObject{{QStringLiteral("error"), object}}));
 }
 
 int finished(int status, int failure)

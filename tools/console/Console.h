@@ -6,6 +6,7 @@
 #include <QString>
 
 class QJsonDocument;
+class QJsonObject;
 
 /// Prints the output of the console programs, whose QCoreApplication::applicationName() is set.
 namespace Console {
@@ -21,13 +22,20 @@ void print(const QJsonDocument& document);
 /// Prints "PROGRAM: TEXT" on standard error.
 void note(const QString& text);
 
-/// Makes fail() also print a JSON document, for programs that read standard output: {"error":
-/// {"status": N, "text": "..."}}.
+/// Makes fail() also print a JSON document, for programs that read standard output: an object whose
+/// "error" is error().
 void reportFailuresAsJson();
 
-/// Reports the failure of a command with note() and, after reportFailuresAsJson(), the document.
-/// Returns `status`, for use in return statements.
+/// Returns the "error" of a JSON document: {"status": N, "text": "..."}.
+QJsonObject error(int status, const QString& text);
+
+/// Reports the failure of a command with note() and, after reportFailuresAsJson(), the document,
+/// whose "error" also has the members of `details`. Returns `status`, for use in return statements.
 int fail(int status, const QString& text);
+int fail(int status, const QString& text, const QJsonObject& details);
+
+/// Prints the document alone, after reportFailuresAsJson(), if the reasons have been noted already.
+void printFailure(int status, const QString& text, const QJsonObject& details);
 
 /// Returns the final exit status: `status`, or `failure` instead of 0 if the output could not be
 /// written.

@@ -3,133 +3,25 @@
 
 #include "Arguments.h"
 
+#include "HelpText.h"
+#include "ProgramTable.h"
+
 #include <QCommandLineParser>
 #include <QCoreApplication>
 
 namespace {
 
-const char description[] = R"(Makes, signs, checks and serves the tree of a resource server.
-
-Commands:
-  new KIND NAME         starts an item with a fresh GUID in a folder of its own; KIND is one of
-                        filter, transition, motion, theme, bgmaterial
-  build SOURCE OUT      writes the whole tree OUT from the items in SOURCE and checks it as lint
-                        does; a tree that is there is replaced in one step
-  retire SOURCE ITEM    takes an item (its folder or GUID) out of the source without deleting it,
-                        and keeps others from taking its GUID
-  keygen FILE           writes a new key for releases: FILE, which is secret, and FILE.pub
-  sign TREE             signs the release of a tree with the secret key of --key
-  verify TREE|URL       checks that a tree, or a server, has exactly what its release says
-  lint TREE             checks a server's tree or an installation the way it will be read
-  diff OLD NEW          what a user of the tree OLD fetches when NEW is published
-  serve TREE            serves a tree on 127.0.0.1, to try it out
-  upload TREE REMOTE    brings the release of a tree into force at an object store or web space,
-                        with the program rclone: REMOTE and the options after "--" are as rclone
-                        understands them
-
-Exit status: 0 success, nothing but warnings, no difference; 1 faults, errors,
-differences; 2 the work could not be done.)";
-
-struct Command
+QString name(const char* option)
 {
-    const char* name;
-    int operands;
-    const char* usage;
-    QStringList options; // in addition to the common ones
-};
-
-const QVector<Command>& commands()
-{
-    static const QVector<Command> known{
-        {"new", 2, "new takes a KIND and a NAME", {QStringLiteral("in")}},
-        {"build",
-         2,
-         "build takes SOURCE and OUT",
-         {QStringLiteral("edition"), QStringLiteral("installed"), QStringLiteral("expires"),
-          QStringLiteral("renew"), QStringLiteral("no-release"), QStringLiteral("force")}},
-        {"retire", 2, "retire takes SOURCE and ITEM", {}},
-        {"keygen",
-         1,
-         "keygen takes one FILE",
-         {QStringLiteral("password-fd"), QStringLiteral("no-password"), QStringLiteral("force")}},
-        {"sign", 1, "sign takes one TREE", {QStringLiteral("key"), QStringLiteral("password-fd")}},
-        {"verify", 1, "verify takes one TREE or URL", {QStringLiteral("key")}},
-        {"lint", 1, "lint takes one TREE", {QStringLiteral("json")}},
-        {"diff", 2, "diff takes OLD and NEW", {}},
-        {"serve", 1, "serve takes one TREE", {QStringLiteral("port"), QStringLiteral("quiet")}},
-        {"upload",
-         2,
-         "upload takes TREE and REMOTE",
-         {QStringLiteral("prune"), QStringLiteral("dry-run")}},
-    };
-    return known;
+    return QString::fromLatin1(option);
 }
 
-/// The options and their help texts.
-struct Options
+/// Prints the help on the command that is named, or on all, and ends the process.
+[[noreturn]] void printHelp(const QStringList& operands)
 {
-    QCommandLineOption edition{
-        QStringLiteral("edition"),
-        QStringLiteral("build: an edition to publish for, standard (the default) or 1 to 5; can be "
-                       "repeated"),
-        QStringLiteral("EDITION")};
-    QCommandLineOption installed{
-        QStringLiteral("installed"),
-        QStringLiteral("build: OUT is the application's folder \"Resource\"")};
-    QCommandLineOption expires{
-        QStringLiteral("expires"),
-        QStringLiteral("build: clients refuse the release DAYS after its publication"),
-        QStringLiteral("DAYS")};
-    QCommandLineOption renew{
-        QStringLiteral("renew"),
-        QStringLiteral("build: publish a new release even if nothing has changed")};
-    QCommandLineOption noRelease{QStringLiteral("no-release"),
-                                 QStringLiteral("build: write no release and no contents by "
-                                                "digest")};
-    QCommandLineOption force{
-        QStringLiteral("force"),
-        QStringLiteral("build: publish a tree in which lint finds errors; keygen: "
-                       "replace existing files")};
-    QCommandLineOption key{
-        QStringLiteral("key"),
-        QStringLiteral("sign: the secret key; verify: a public key that may have "
-                       "signed, a file or its line; can be repeated"),
-        QStringLiteral("FILE")};
-    QCommandLineOption passwordFd{
-        QStringLiteral("password-fd"),
-        QStringLiteral("keygen, sign: read the password from the open file descriptor N instead "
-                       "of asking on the terminal"),
-        QStringLiteral("N")};
-    QCommandLineOption noPassword{QStringLiteral("no-password"),
-                                  QStringLiteral("keygen: do not protect the secret key")};
-    QCommandLineOption in{QStringLiteral("in"),
-                          QStringLiteral("new: the source; the current folder by default"),
-                          QStringLiteral("SOURCE"), QStringLiteral(".")};
-    QCommandLineOption json{QStringLiteral("json"),
-                            QStringLiteral("lint: print one JSON document")};
-    QCommandLineOption port{QStringLiteral("port"),
-                            QStringLiteral("serve: port; a free one by default"),
-                            QStringLiteral("N"), QStringLiteral("0")};
-    QCommandLineOption quiet{QStringLiteral("quiet"),
-                             QStringLiteral("serve: do not print requests")};
-    QCommandLineOption prune{
-        QStringLiteral("prune"),
-        QStringLiteral("upload: then remove the files that no release of the last DAYS days names"),
-        QStringLiteral("DAYS")};
-    QCommandLineOption dryRun{QStringLiteral("dry-run"),
-                              QStringLiteral("upload: print what would be sent and removed")};
-    QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")},
-                            QStringLiteral("print this help")};
-};
-
-void describe(QCommandLineParser& parser)
-{
-    parser.setApplicationDescription(QString::fromLatin1(description));
-    parser.addPositionalArgument(
-        QStringLiteral("COMMAND"),
-        QStringLiteral("new, build, retire, keygen, sign, verify, lint, diff, serve or upload"));
-    parser.addPositionalArgument(QStringLiteral("ARGUMENTS"), QStringLiteral("see above"),
-                                 QStringLiteral("ARGUMENTS..."));
+    const ProgramTable::Command* const command = programTable().command(operands.value(0));
+    HelpText::printAndExit(command ? HelpText::ofCommand(programTable(), *command)
+                                   : HelpText::ofProgram(programTable()));
 }
 
 /// Removes "--" and what follows it, and returns what follows.
@@ -146,21 +38,15 @@ QStringList takeAfterDashes(QStringList& words)
 
 bool Arguments::parse(const QCoreApplication& application)
 {
-    const Options options;
     QCommandLineParser parser;
-    describe(parser);
-    const QCommandLineOption versionOption = parser.addVersionOption();
-    parser.addOptions({options.help, options.edition, options.installed, options.expires,
-                       options.renew, options.noRelease, options.force, options.key,
-                       options.passwordFd, options.noPassword, options.in, options.json,
-                       options.port, options.quiet, options.prune, options.dryRun});
+    parser.addOptions(programTable().allOptions());
     QStringList words = application.arguments();
     const QStringList afterDashes = takeAfterDashes(words);
     if (!parser.parse(words))
         return fail(parser.errorText());
-    if (parser.isSet(options.help))
-        parser.showHelp();
-    if (parser.isSet(versionOption))
+    if (parser.isSet(ProgramTable::helpOption()))
+        printHelp(parser.positionalArguments());
+    if (parser.isSet(ProgramTable::versionOption()))
         parser.showVersion();
     operands = parser.positionalArguments();
     if (operands.isEmpty())
@@ -168,19 +54,28 @@ bool Arguments::parse(const QCoreApplication& application)
     command = operands.takeFirst();
     const bool isUpload = command == QLatin1String("upload");
     (isUpload ? rcloneOptions : operands) += afterDashes;
-    installed = parser.isSet(options.installed);
-    renew = parser.isSet(options.renew);
-    force = parser.isSet(options.force);
-    keys = parser.values(options.key);
-    noPassword = parser.isSet(options.noPassword);
-    source = parser.value(options.in);
-    json = parser.isSet(options.json);
-    quiet = parser.isSet(options.quiet);
-    dryRun = parser.isSet(options.dryRun);
-    return checkOperands(parser.optionNames()) && readEditions(parser.values(options.edition))
-        && readRelease(parser.isSet(options.noRelease), parser.value(options.expires)) && readKeys()
-        && readPassword(parser.value(options.passwordFd)) && readPort(parser.value(options.port))
-        && readDays(QStringLiteral("prune"), parser.value(options.prune), pruneDays);
+    installed = parser.isSet(name("installed"));
+    renew = parser.isSet(name("renew"));
+    force = parser.isSet(name("force"));
+    keys = parser.values(name("key"));
+    noPassword = parser.isSet(name("no-password"));
+    source = parser.value(name("in"));
+    isAscii = parser.isSet(name("ascii"));
+    json = parser.isSet(name("json"));
+    quiet = parser.isSet(name("quiet"));
+    dryRun = parser.isSet(name("dry-run"));
+    return checkOperands(parser.optionNames()) && readEditions(parser.values(name("edition")))
+        && readRelease(parser.isSet(name("no-release")), parser.value(name("expires")))
+        && readKeys() && readPassword(parser.value(name("password-fd")))
+        && readPort(parser.value(name("port")))
+        && readDays(QStringLiteral("prune"), parser.value(name("prune")), pruneDays);
+}
+
+bool Arguments::asksForJson(const QStringList& words)
+{
+    const auto json = words.indexOf(QStringLiteral("--json"));
+    const auto dashes = words.indexOf(QStringLiteral("--"));
+    return json >= 0 && (dashes < 0 || json < dashes);
 }
 
 bool Arguments::isAddress(const QString& operand)
@@ -191,18 +86,16 @@ bool Arguments::isAddress(const QString& operand)
 
 bool Arguments::checkOperands(const QStringList& options)
 {
-    for (const Command& known : commands()) {
-        if (command != QLatin1String(known.name))
-            continue;
-        if (operands.size() != known.operands || operands.contains(QString()))
-            return fail(QString::fromLatin1(known.usage));
-        for (const QString& option : options) {
-            if (!known.options.contains(option))
-                return fail(QStringLiteral("--%1 does not go with %2").arg(option, command));
-        }
-        return true;
+    const ProgramTable::Command* const known = programTable().command(command);
+    if (!known)
+        return fail(QStringLiteral("unknown command \"%1\"; see mvpublish --help").arg(command));
+    if (operands.size() != known->minOperands || operands.contains(QString()))
+        return fail(known->operandsFault);
+    for (const QString& option : options) {
+        if (!programTable().commandsWith(option).contains(command))
+            return fail(QStringLiteral("--%1 does not go with %2").arg(option, command));
     }
-    return fail(QStringLiteral("unknown command \"%1\"; see mvpublish --help").arg(command));
+    return true;
 }
 
 bool Arguments::readEditions(const QStringList& texts)

@@ -20,6 +20,8 @@ public:
     bool parse(const QCoreApplication& application);
     QString errorText() const { return m_error; }
 
+    /// Returns whether words of a command line have "--json", apart from those for rclone.
+    static bool asksForJson(const QStringList& words);
     /// Returns whether an operand is the address of a server rather than a folder.
     static bool isAddress(const QString& operand);
 
@@ -35,6 +37,7 @@ public:
     bool noPassword = false;     ///< keygen
     int passwordDescriptor = -1; ///< keygen, sign: to be read for the password; -1: ask for it
     QString source;              ///< new: the folder for the item
+    bool isAscii = false;        ///< new: names its folder and files in ASCII
     bool json = false;
     bool quiet = false;
     quint16 port = 0;

@@ -18,6 +18,9 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QStringList>
 
 namespace {
@@ -66,32 +69,45 @@ int fail(const QString& text)
     return Console::fail(ExitStatus::failure, text);
 }
 
-QString report(const Arguments& arguments, const Source& source, const TreeBuilder& builder)
+/// What a build tells of the tree that it has written.
+struct Report
+{
+    QString text;
+    QJsonObject object;
+};
+
+Report report(const Arguments& arguments, const Source& source, const TreeBuilder& builder)
 {
     QStringList editions;
     for (const Edition& edition : arguments.editions)
         editions.append(edition.name);
-    return QStringLiteral("%1: %2, %3, %4, %5")
-        .arg(arguments.operands.at(1),
-             Console::counted(static_cast<qint64>(source.items().size()), QStringLiteral("item")),
-             Console::counted(builder.files().size(), QStringLiteral("file")),
-             Console::size(builder.byteCount()),
-             arguments.installed ? QStringLiteral("installation")
-                                 : QStringLiteral("for ") + editions.join(QStringLiteral(", ")));
+    const qint64 items = static_cast<qint64>(source.items().size());
+    const QString tree = arguments.operands.at(1);
+    const auto files = builder.files().size();
+    const QString audience = arguments.installed
+        ? QStringLiteral("installation")
+        : QStringLiteral("for ") + editions.join(QStringLiteral(", "));
+    return {QStringLiteral("%1: %2, %3, %4, %5")
+                .arg(tree, Console::counted(items, QStringLiteral("item")),
+                     Console::counted(files, QStringLiteral("file")),
+                     Console::size(builder.byteCount()), audience),
+            {{QStringLiteral("tree"), tree},
+             {QStringLiteral("items"), static_cast<double>(items)},
+             {QStringLiteral("files"), static_cast<double>(files)},
+             {QStringLiteral("bytes"), static_cast<double>(builder.byteCount())},
+             {QStringLiteral("isInstallation"), arguments.installed},
+             {QStringLiteral("editions"),
+              arguments.installed ? QJsonArray() : QJsonArray::fromStringList(editions)},
+             {QStringLiteral("warnings"), QJsonArray::fromStringList(source.warnings())},
+             {QStringLiteral("release"), QJsonValue()}}};
 }
 
-/// Writes the tree and its release into the folder of `place`, and describes them in `text`.
-/// Returns false, with the reason in `text`, if that fails.
-bool write(const Arguments& arguments, const Source& source, const QDateTime& now,
-           const FolderSwitch& place, QString& text)
+/// Writes the release of the tree that `builder` has written. Returns false, with the reason in
+/// `error`, if that fails.
+bool writeRelease(const Arguments& arguments, const Source& source, const QDateTime& now,
+                  const FolderSwitch& place, const TreeBuilder& builder, Report& report,
+                  QString& error)
 {
-    TreeBuilder builder(source);
-    const bool isWritten = arguments.installed
-        ? builder.writeInstallation(place.folder())
-        : builder.writeServer(place.folder(), arguments.editions);
-    text = isWritten ? report(arguments, source, builder) : builder.errorText();
-    if (!isWritten || !arguments.hasRelease)
-        return isWritten;
     ReleaseWriter writer(place.folder(), place.target());
     const bool isReleased =
         writer.write(builder.files(),
@@ -100,29 +116,52 @@ bool write(const Arguments& arguments, const Source& source, const QDateTime& no
     if (!writer.warning().isEmpty())
         Console::note(QStringLiteral("warning: the release of the tree that is replaced: ")
                       + writer.warning());
-    if (isReleased)
-        text += QStringLiteral(", release %1").arg(writer.release().m_serial);
-    else
-        text = writer.errorText();
-    return isReleased;
+    if (!isReleased) {
+        error = writer.errorText();
+        return false;
+    }
+    const qint64 serial = writer.release().m_serial;
+    report.text += QStringLiteral(", release %1").arg(serial);
+    report.object.insert(QStringLiteral("release"), static_cast<double>(serial));
+    return true;
+}
+
+/// Writes the tree and its release into the folder of `place`. Returns false, with the reason in
+/// `error`, if that fails.
+bool write(const Arguments& arguments, const Source& source, const QDateTime& now,
+           const FolderSwitch& place, Report& result, QString& error)
+{
+    TreeBuilder builder(source);
+    const bool isWritten = arguments.installed
+        ? builder.writeInstallation(place.folder())
+        : builder.writeServer(place.folder(), arguments.editions);
+    if (!isWritten) {
+        error = builder.errorText();
+        return false;
+    }
+    result = report(arguments, source, builder);
+    return !arguments.hasRelease
+        || writeRelease(arguments, source, now, place, builder, result, error);
 }
 
 /// Checks the written tree before anybody sees it, and prints the errors; of what is only a
-/// warning, the source has told. Returns the number of errors in words, or why the tree cannot be
-/// read; empty: none.
-QString treeFault(const FolderSwitch& place)
+/// warning, the source has told. Returns them, or why the tree cannot be read in `error`.
+Findings errorsIn(const FolderSwitch& place, QString& error)
 {
     ReadTree tree;
-    QString error;
     if (!tree.open(place.folder(), &error))
-        return error;
+        return {};
+    Findings errors;
     const Findings findings = Lint::check(tree);
     for (const Finding& finding : findings) {
-        if (finding.severity == Severity::Error)
-            Console::note(Lint::text(finding));
+        if (finding.severity != Severity::Error)
+            continue;
+        Console::note(Lint::text(finding));
+        errors.append(finding);
     }
-    const int errors = Lint::count(findings, Severity::Error);
-    return errors > 0 ? Console::counted(errors, QStringLiteral("error")) : QString();
+    if (!errors.isEmpty())
+        error = Console::counted(errors.size(), QStringLiteral("error"));
+    return errors;
 }
 
 int publish(const Arguments& arguments, const Source& source, const QDateTime& now,
@@ -132,18 +171,23 @@ int publish(const Arguments& arguments, const Source& source, const QDateTime& n
         Console::note(QStringLiteral("warning: ") + line);
     if (!place.begin())
         return fail(place.errorText());
-    QString text;
-    if (!write(arguments, source, now, place, text))
-        return fail(text);
-    const QString fault = treeFault(place);
-    if (!fault.isEmpty() && !arguments.force)
+    Report report;
+    QString error;
+    if (!write(arguments, source, now, place, report, error))
+        return fail(error);
+    const Findings errors = errorsIn(place, error);
+    if (!error.isEmpty() && !arguments.force)
         return Console::fail(ExitStatus::findings,
                              QStringLiteral("%1 is left as it is, since the new tree has %2; "
                                             "--force publishes it all the same")
-                                 .arg(arguments.operands.at(1), fault));
+                                 .arg(arguments.operands.at(1), error),
+                             {{QStringLiteral("findings"), Lint::json(errors)}});
     if (!place.commit())
         return fail(place.errorText());
-    Console::print(text);
+    if (arguments.json)
+        Console::print(QJsonDocument(report.object));
+    else
+        Console::print(report.text);
     return ExitStatus::success;
 }
 
@@ -174,5 +218,10 @@ int BuildCommand::run(const Arguments& arguments)
         return publish(arguments, source, now, place);
     for (const QString& line : source.faults())
         Console::note(line);
+    Console::printFailure(
+        ExitStatus::findings,
+        QStringLiteral("the source has %1")
+            .arg(Console::counted(source.faults().size(), QStringLiteral("fault"))),
+        {{QStringLiteral("faults"), QJsonArray::fromStringList(source.faults())}});
     return ExitStatus::findings;
 }

@@ -10,14 +10,18 @@
 #include "tree/ReadTree.h"
 #include "TreeDiff.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QVector>
 
 namespace {
 
-void printItems(const char* change, const QStringList& items)
+template <typename Change>
+void printChanges(const char* change, const QVector<Change>& changes)
 {
-    for (const QString& item : items)
-        Console::print(QLatin1String(change) + QLatin1Char(' ') + item);
+    for (const Change& each : changes)
+        Console::print(QLatin1String(change) + QLatin1Char(' ') + each.text());
 }
 
 void printFiles(const char* change, const QVector<TreeDiff::File>& files)
@@ -52,11 +56,11 @@ void printReleases(const TreeDiff& diff, const QVector<ItemUpdates::Update>& upd
 
 void print(const TreeDiff& diff, const QVector<ItemUpdates::Update>& updates)
 {
-    printItems("added", diff.added);
-    printItems("removed", diff.removed);
-    printItems("renamed", diff.renamed);
-    printItems("lost edition", diff.lostEditions);
-    printItems("version", diff.versions);
+    printChanges("added", diff.added);
+    printChanges("removed", diff.removed);
+    printChanges("renamed", diff.renamed);
+    printChanges("lost edition", diff.lostEditions);
+    printChanges("version", diff.versions);
     printFiles("catalogue", diff.catalogues);
     printFiles("new file", diff.newFiles);
     printFiles("changed file", diff.changedFiles);
@@ -81,6 +85,81 @@ void print(const TreeDiff& diff, const QVector<ItemUpdates::Update>& updates)
                             Console::size(diff.catalogueBytes), Console::size(diff.fileBytes)));
 }
 
+QJsonObject toJson(const TreeDiff::Item& item)
+{
+    const bool isRenamed = !item.newName.isEmpty();
+    QJsonObject object{
+        {QStringLiteral("kind"), item.kind},
+        {QStringLiteral("guid"), item.guid},
+        {QStringLiteral("name"), isRenamed ? item.newName : item.name},
+        {QStringLiteral("catalogue"),
+         item.catalogue.isEmpty() ? QJsonValue() : QJsonValue(item.catalogue)},
+    };
+    if (isRenamed)
+        object.insert(QStringLiteral("oldName"), item.name);
+    return object;
+}
+
+QJsonObject toJson(const TreeDiff::LostEditions& lost)
+{
+    return {{QStringLiteral("editions"), QJsonArray::fromStringList(lost.names)},
+            {QStringLiteral("file"), lost.file}};
+}
+
+QJsonObject toJson(const TreeDiff::Version& version)
+{
+    return {{QStringLiteral("file"), version.file},
+            {QStringLiteral("before"), version.before},
+            {QStringLiteral("after"), version.after}};
+}
+
+QJsonObject toJson(const TreeDiff::File& file)
+{
+    return {{QStringLiteral("name"), file.name},
+            {QStringLiteral("size"), static_cast<double>(file.size)}};
+}
+
+QJsonObject toJson(const ItemUpdates::Update& update)
+{
+    return {{QStringLiteral("kind"), update.item.section(QLatin1Char(' '), 0, 0)},
+            {QStringLiteral("guid"), update.item.section(QLatin1Char(' '), 1, 1)},
+            {QStringLiteral("name"), update.item.section(QLatin1Char(' '), 2)},
+            {QStringLiteral("files"), update.fileCount},
+            {QStringLiteral("bytes"), static_cast<double>(update.bytes)}};
+}
+
+template <typename Change>
+QJsonArray listed(const QVector<Change>& changes)
+{
+    QJsonArray array;
+    for (const Change& each : changes)
+        array.append(toJson(each));
+    return array;
+}
+
+QJsonObject toJson(const TreeDiff& diff, const QVector<ItemUpdates::Update>& updates)
+{
+    return {
+        {QStringLiteral("isDifferent"), !diff.isEmpty()},
+        {QStringLiteral("added"), listed(diff.added)},
+        {QStringLiteral("removed"), listed(diff.removed)},
+        {QStringLiteral("renamed"), listed(diff.renamed)},
+        {QStringLiteral("lostEditions"), listed(diff.lostEditions)},
+        {QStringLiteral("versions"), listed(diff.versions)},
+        {QStringLiteral("catalogues"), listed(diff.catalogues)},
+        {QStringLiteral("newFiles"), listed(diff.newFiles)},
+        {QStringLiteral("changedFiles"), listed(diff.changedFiles)},
+        {QStringLiteral("changedDefinitions"), listed(diff.changedDefinitions)},
+        {QStringLiteral("unfetchedFiles"), listed(diff.unfetchedFiles)},
+        {QStringLiteral("removedFiles"), listed(diff.removedFiles)},
+        {QStringLiteral("updates"), listed(updates)},
+        {QStringLiteral("catalogueBytes"), static_cast<double>(diff.catalogueBytes)},
+        {QStringLiteral("newFileBytes"), static_cast<double>(diff.fileBytes)},
+        {QStringLiteral("changedFileBytes"), static_cast<double>(diff.changedBytes)},
+        {QStringLiteral("listBytes"), static_cast<double>(diff.listBytes)},
+    };
+}
+
 } // namespace
 
 int DiffCommand::run(const Arguments& arguments)
@@ -92,10 +171,14 @@ int DiffCommand::run(const Arguments& arguments)
         || !after.open(arguments.operands.at(1), &error))
         return Console::fail(ExitStatus::failure, error);
     const TreeDiff diff = TreeDiff::between(before, after);
-    if (diff.isEmpty()) {
+    const QVector<ItemUpdates::Update> updates = diff.isUsed && !diff.isEmpty()
+        ? ItemUpdates::between(after, diff)
+        : QVector<ItemUpdates::Update>();
+    if (arguments.json)
+        Console::print(QJsonDocument(toJson(diff, updates)));
+    else if (diff.isEmpty())
         Console::print(QStringLiteral("no difference"));
-        return ExitStatus::success;
-    }
-    print(diff, diff.isUsed ? ItemUpdates::between(after, diff) : QVector<ItemUpdates::Update>());
-    return ExitStatus::findings;
+    else
+        print(diff, updates);
+    return diff.isEmpty() ? ExitStatus::success : ExitStatus::findings;
 }

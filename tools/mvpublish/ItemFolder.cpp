@@ -3,10 +3,13 @@
 
 #include "ItemFolder.h"
 
+#include "host/WindowsName.h"
 #include "records/KindTable.h"
 #include "Source.h"
 
 #include <QCryptographicHash>
+#include <QRegularExpression>
+#include <QStringList>
 #include <QVector>
 
 namespace ItemFolder {
@@ -56,6 +59,16 @@ QString digest(const QString& name)
         QCryptographicHash::hash(text, QCryptographicHash::Sha256).toHex().left(digits));
 }
 
+/// Returns the words in ASCII.
+QString asciiPart(const QString& readable)
+{
+    static const QRegularExpression others(QStringLiteral("[^a-z0-9]+"));
+    const QStringList words = QString(readable)
+                                  .replace(others, QStringLiteral("-"))
+                                  .split(QLatin1Char('-'), Qt::SkipEmptyParts);
+    return words.join(QLatin1Char('-'));
+}
+
 /// Truncates between characters.
 QString cut(QString text, int bytes)
 {
@@ -66,14 +79,16 @@ QString cut(QString text, int bytes)
 
 } // namespace
 
-QString nameFor(const QString& itemName, const SKindInfo& kind)
+QString nameFor(const QString& itemName, const SKindInfo& kind, Letters letters)
 {
-    QString readable = readablePart(itemName);
+    const QString all = readablePart(itemName);
+    QString readable = letters == Letters::Ascii ? asciiPart(all) : all;
     if (readable.isEmpty())
         return kind.word() + QLatin1Char('-') + digest(itemName);
-    if (Source::isSpecialFolder(readable))
+    const bool isShortened = readable != all;
+    if (!isShortened && (Source::isSpecialFolder(readable) || !WindowsName::isStorable(readable)))
         return readable + QLatin1Char('-') + kind.word();
-    if (readable.toUtf8().size() <= maxBytes)
+    if (!isShortened && readable.toUtf8().size() <= maxBytes)
         return readable;
     const QString tail = QLatin1Char('-') + digest(itemName);
     return cut(readable, maxBytes - tail.size()) + tail;

@@ -82,7 +82,8 @@ int NewCommand::run(const Arguments& arguments)
     const QString fault = Texts::nameFault(name);
     if (!fault.isEmpty())
         return Console::fail(ExitStatus::failure, QStringLiteral("the name ") + fault);
-    const QString slug = ItemFolder::nameFor(name, *kind);
+    const QString slug = ItemFolder::nameFor(
+        name, *kind, arguments.isAscii ? ItemFolder::Letters::Ascii : ItemFolder::Letters::All);
     const QString folder =
         QDir::cleanPath(arguments.source + QLatin1Char('/') + slug) + QLatin1Char('/');
     if (QFileInfo::exists(folder))

@@ -41,9 +41,9 @@ Shown shownBy(const ReadTree& tree, const QString& displayFile)
     return shown;
 }
 
-QString label(const ItemKey& key, const QString& name)
+TreeDiff::Item itemOf(const ItemKey& key, const QString& name, const QString& newName = QString())
 {
-    return QStringLiteral("%1 %2 %3").arg(KindTable::all().at(key.first).word(), key.second, name);
+    return {KindTable::all().at(key.first).word(), key.second, name, newName, QString()};
 }
 
 TreeDiff compareItems(const Shown& before, const Shown& after)
@@ -53,33 +53,35 @@ TreeDiff compareItems(const Shown& before, const Shown& after)
         const QString name = after.names.value(key);
         const auto old = before.names.constFind(key);
         if (old == before.names.constEnd())
-            diff.added.append(label(key, name));
+            diff.added.append(itemOf(key, name));
         else if (*old != name)
-            diff.renamed.append(label(key, *old) + QStringLiteral(" -> ") + name);
+            diff.renamed.append(itemOf(key, *old, name));
     }
     for (const ItemKey& key : before.order) {
         if (!after.names.contains(key))
-            diff.removed.append(label(key, before.names.value(key)));
+            diff.removed.append(itemOf(key, before.names.value(key)));
     }
     return diff;
 }
 
-/// Merges lists: a line in all catalogues appears once, other lines name their catalogue.
-QStringList merged(const QMap<QString, TreeDiff>& diffs, QStringList TreeDiff::*list)
+/// Merges lists: a change in all catalogues appears once, others name their catalogue.
+QVector<TreeDiff::Item> merged(const QMap<QString, TreeDiff>& diffs,
+                               QVector<TreeDiff::Item> TreeDiff::*list)
 {
     QHash<QString, int> counts;
     for (const TreeDiff& diff : diffs) {
-        for (const QString& line : diff.*list)
-            ++counts[line];
+        for (const TreeDiff::Item& item : diff.*list)
+            ++counts[item.text()];
     }
-    QStringList result;
+    QVector<TreeDiff::Item> result;
     for (auto diff = diffs.cbegin(); diff != diffs.cend(); ++diff) {
         const bool isFirst = diff == diffs.cbegin();
-        for (const QString& line : (*diff).*list) {
-            if (counts.value(line) < diffs.size())
-                result.append(QStringLiteral("%1 (%2)").arg(line, diff.key()));
-            else if (isFirst)
-                result.append(line);
+        for (TreeDiff::Item item : (*diff).*list) {
+            const bool isEverywhere = counts.value(item.text()) == diffs.size();
+            if (!isEverywhere)
+                item.catalogue = diff.key();
+            if (!isEverywhere || isFirst)
+                result.append(item);
         }
     }
     return result;
@@ -94,14 +96,14 @@ const PublishedVersion* sameEdition(const ReadTree& tree, const PublishedVersion
     return found == tree.versions().cend() ? nullptr : &*found;
 }
 
-QString editionsOf(const PublishedVersion& version)
+QStringList editionsOf(const PublishedVersion& version)
 {
     QStringList names;
     for (const Edition& edition : Editions::all()) {
         if (ReadTree::catalogue(edition.versionFile) == version.file)
             names.append(edition.name);
     }
-    return names.join(QStringLiteral(", "));
+    return names;
 }
 
 /// Compares versions without their dots.
@@ -159,8 +161,7 @@ void compareEditions(const ReadTree& before, const ReadTree& after, TreeDiff& di
     for (const PublishedVersion& version : before.versions()) {
         const PublishedVersion* const next = sameEdition(after, version);
         if (!next) {
-            diff.lostEditions.append(
-                QStringLiteral("%1 (%2)").arg(editionsOf(version), version.file));
+            diff.lostEditions.append({editionsOf(version), version.file});
             continue;
         }
         QStringList files{version.file};
@@ -171,8 +172,7 @@ void compareEditions(const ReadTree& before, const ReadTree& after, TreeDiff& di
             diff.isUsed = true;
         } else {
             diff.versions.append(
-                QStringLiteral("%1 %2 -> %3")
-                    .arg(version.file, version.content.m_qsVersion, next->content.m_qsVersion));
+                {version.file, version.content.m_qsVersion, next->content.m_qsVersion});
         }
         qint64 bytes = 0;
         for (const QString& file : qAsConst(files)) {
@@ -189,11 +189,32 @@ void compareEditions(const ReadTree& before, const ReadTree& after, TreeDiff& di
     }
     for (auto it = fetched.cbegin(); it != fetched.cend(); ++it)
         diff.catalogues.append({it.key(), it.value()});
-    for (QStringList TreeDiff::*list : {&TreeDiff::added, &TreeDiff::removed, &TreeDiff::renamed})
+    for (QVector<TreeDiff::Item> TreeDiff::*list :
+         {&TreeDiff::added, &TreeDiff::removed, &TreeDiff::renamed})
         diff.*list = merged(items, list);
 }
 
 } // namespace
+
+QString TreeDiff::Item::text() const
+{
+    QString text = QStringLiteral("%1 %2 %3").arg(kind, guid, name);
+    if (!newName.isEmpty())
+        text += QStringLiteral(" -> ") + newName;
+    if (!catalogue.isEmpty())
+        text += QStringLiteral(" (%1)").arg(catalogue);
+    return text;
+}
+
+QString TreeDiff::LostEditions::text() const
+{
+    return QStringLiteral("%1 (%2)").arg(names.join(QStringLiteral(", ")), file);
+}
+
+QString TreeDiff::Version::text() const
+{
+    return QStringLiteral("%1 %2 -> %3").arg(file, before, after);
+}
 
 bool TreeDiff::isEmpty() const
 {

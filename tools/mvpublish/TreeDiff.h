@@ -19,15 +19,45 @@ struct TreeDiff
         qint64 size = 0;
     };
 
-    /// Items as "KIND {GUID} Name", in the order of their catalogue. Lines of only some editions
-    /// are followed by the display catalogue in brackets.
-    QStringList added;
-    QStringList removed;
-    QStringList renamed; ///< "KIND {GUID} Old name -> New name"
-    /// "1, 5 (VERSION FILE)": the second tree does not serve them.
-    QStringList lostEditions;
-    /// "VERSION FILE 1.2.0 -> 1.3.0": users of an application with the old version fetch nothing.
-    QStringList versions;
+    /// A change of what users see of an item.
+    struct Item
+    {
+        QString kind;
+        QString guid;
+        QString name;
+        QString newName;   ///< of a renamed item
+        QString catalogue; ///< the display catalogue, for a change in only some editions
+
+        /// Returns "KIND {GUID} Name", "KIND {GUID} Old name -> New name", followed by the
+        /// catalogue in brackets.
+        QString text() const;
+    };
+    /// Editions that the second tree does not serve.
+    struct LostEditions
+    {
+        QStringList names;
+        QString file; ///< version file
+
+        /// Returns "1, 5 (VERSION FILE)".
+        QString text() const;
+    };
+    /// Another version: users of an application with the old one fetch nothing.
+    struct Version
+    {
+        QString file;
+        QString before;
+        QString after;
+
+        /// Returns "VERSION FILE 1.2.0 -> 1.3.0".
+        QString text() const;
+    };
+
+    /// In the order of their catalogue.
+    QVector<Item> added;
+    QVector<Item> removed;
+    QVector<Item> renamed;
+    QVector<LostEditions> lostEditions;
+    QVector<Version> versions;
     /// Version files and catalogues that checks fetch.
     QVector<File> catalogues;
     QVector<File> newFiles;

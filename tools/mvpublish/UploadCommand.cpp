@@ -8,6 +8,7 @@
 #include "ExitStatus.h"
 #include "FolderSwitch.h"
 #include "Interrupt.h"
+#include "ProgressLine.h"
 #include "upload/Pruning.h"
 #include "upload/Rclone.h"
 #include "upload/TreeRelease.h"
@@ -41,25 +42,14 @@ void printStep(const Upload::Step& step)
                        .arg(step.presentCount));
 }
 
-/// Prints a line for each percent of a step.
-class PercentLines
+void showProgress(ProgressLine& line, qint64 sentBytes, qint64 totalBytes)
 {
-public:
-    void begin() { m_percent = 0; }
-    void print(qint64 sentBytes, qint64 totalBytes)
-    {
-        const int percent = totalBytes > 0 ? static_cast<int>(sentBytes * 100 / totalBytes) : 0;
-        if (percent <= m_percent)
-            return;
-        m_percent = percent;
-        Console::print(QStringLiteral("%1%, %2 of %3")
-                           .arg(percent, 5)
-                           .arg(Console::size(sentBytes), Console::size(totalBytes)));
-    }
-
-private:
-    int m_percent = 0;
-};
+    const int percent = ProgressLine::percentOf(sentBytes, totalBytes);
+    line.show(percent,
+              QStringLiteral("%1%, %2 of %3")
+                  .arg(percent, 5)
+                  .arg(Console::size(sentBytes), Console::size(totalBytes)));
+}
 
 void printPlan(const Upload& upload)
 {
@@ -131,13 +121,15 @@ int upload(const Arguments& arguments, const TreeRelease& tree, Rclone& rclone)
     if (arguments.dryRun) {
         printPlan(upload);
     } else {
-        PercentLines lines;
+        ProgressLine line(stdout);
         const bool isUploaded = upload.run(
             [&](const Upload::Step& step) {
+                line.finish();
                 printStep(step);
-                lines.begin();
+                line.restart();
             },
-            [&](qint64 sent, qint64 total) { lines.print(sent, total); });
+            [&](qint64 sent, qint64 total) { showProgress(line, sent, total); });
+        line.finish();
         if (!isUploaded)
             return reportEnd(upload, rclone.isCancelled());
         printResult(upload, tree);

@@ -97,8 +97,14 @@ void examine(ReleaseCheck& check)
 {
     if (!check.readDocuments())
         return;
-    ProgressLine line(QStringLiteral("verifying"), check.filesBytes());
-    check.checkFiles([&line](qint64 bytes) { line.update(bytes); });
+    ProgressLine line(stderr, ProgressLine::Elsewhere::Nothing);
+    const auto show = [&](qint64 bytes) {
+        const int percent = ProgressLine::percentOf(bytes, check.filesBytes());
+        line.show(percent, QStringLiteral("verifying: %1%").arg(percent));
+    };
+    show(0);
+    check.checkFiles(show);
+    line.clear();
 }
 
 } // namespace

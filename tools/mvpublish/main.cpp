@@ -18,32 +18,32 @@
 #include "SignCommand.h"
 #include "UploadCommand.h"
 #include "VerifyCommand.h"
+#include "WatchCommand.h"
 
 #include <QCoreApplication>
 
 namespace {
 
+struct Command
+{
+    const char* name;
+    int (*run)(const Arguments& arguments);
+};
+
+const Command commands[] = {
+    {"new", &NewCommand::run},       {"build", &BuildCommand::run},   {"watch", &WatchCommand::run},
+    {"retire", &RetireCommand::run}, {"keygen", &KeygenCommand::run}, {"sign", &SignCommand::run},
+    {"verify", &VerifyCommand::run}, {"lint", &LintCommand::run},     {"diff", &DiffCommand::run},
+    {"serve", &ServeCommand::run},
+};
+
 int dispatch(const Arguments& arguments)
 {
-    if (arguments.command == QLatin1String("new"))
-        return NewCommand::run(arguments);
-    if (arguments.command == QLatin1String("lint"))
-        return LintCommand::run(arguments);
-    if (arguments.command == QLatin1String("diff"))
-        return DiffCommand::run(arguments);
-    if (arguments.command == QLatin1String("retire"))
-        return RetireCommand::run(arguments);
-    if (arguments.command == QLatin1String("keygen"))
-        return KeygenCommand::run(arguments);
-    if (arguments.command == QLatin1String("sign"))
-        return SignCommand::run(arguments);
-    if (arguments.command == QLatin1String("serve"))
-        return ServeCommand::run(arguments);
-    if (arguments.command == QLatin1String("upload"))
-        return UploadCommand::run(arguments);
-    if (arguments.command == QLatin1String("verify"))
-        return VerifyCommand::run(arguments);
-    return BuildCommand::run(arguments);
+    for (const Command& command : commands) {
+        if (arguments.command == QLatin1String(command.name))
+            return command.run(arguments);
+    }
+    return UploadCommand::run(arguments);
 }
 
 } // namespace
@@ -54,6 +54,8 @@ int main(int argc, char** argv)
     QCoreApplication::setApplicationName(QStringLiteral("mvpublish"));
     QCoreApplication::setApplicationVersion(QStringLiteral(MVRESOURCE_VERSION_STRING));
 
+    if (Arguments::asksForJson(QCoreApplication::arguments()))
+        Console::reportFailuresAsJson(); // even if the other arguments are invalid
     Arguments arguments;
     if (!arguments.parse(application))
         return Console::fail(ExitStatus::failure, arguments.errorText());

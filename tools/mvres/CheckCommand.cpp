@@ -216,10 +216,7 @@ QJsonObject CheckCommand::toJson() const
                        {QStringLiteral("reason"), check.m_qsReason},
                        {QStringLiteral("previews"), previewsObject}};
     const QString error = errorText();
-    if (!error.isEmpty()) {
-        object.insert(
-            QStringLiteral("error"),
-            QJsonObject{{QStringLiteral("status"), status()}, {QStringLiteral("text"), error}});
-    }
+    if (!error.isEmpty())
+        object.insert(QStringLiteral("error"), Console::error(status(), error));
     return object;
 }

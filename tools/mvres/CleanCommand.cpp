@@ -54,16 +54,24 @@ void print(const QVector<File>& files, qint64 bytes, const char* done)
                             Console::size(bytes), QString::fromLatin1(done)));
 }
 
-QJsonObject toJson(const QVector<File>& files, qint64 bytes, bool isDryRun)
+QJsonObject toJson(const QVector<File>& files, qint64 bytes, bool isDryRun, int remaining)
 {
     QJsonArray array;
     for (const File& file : files) {
         array.append(QJsonObject{{QStringLiteral("path"), file.path},
                                  {QStringLiteral("size"), static_cast<double>(file.bytes)}});
     }
-    return {{QStringLiteral("files"), array},
-            {QStringLiteral("bytes"), static_cast<double>(bytes)},
-            {QStringLiteral("dryRun"), isDryRun}};
+    QJsonObject object{{QStringLiteral("files"), array},
+                       {QStringLiteral("bytes"), static_cast<double>(bytes)},
+                       {QStringLiteral("dryRun"), isDryRun}};
+    if (remaining > 0) {
+        object.insert(
+            QStringLiteral("error"),
+            Console::error(ExitStatus::failure,
+                           QStringLiteral("%1 cannot be removed")
+                               .arg(Console::counted(remaining, QStringLiteral("file")))));
+    }
+    return object;
 }
 
 } // namespace
@@ -71,9 +79,9 @@ QJsonObject toJson(const QVector<File>& files, qint64 bytes, bool isDryRun)
 int CleanCommand::run(const Arguments& arguments)
 {
     if (!MVThemeMgr::init()->isCatalogueRead()) {
-        Console::note(
+        return Console::fail(
+            ExitStatus::failure,
             QStringLiteral("nothing is cleaned: the downloaded catalogue cannot be read"));
-        return ExitStatus::failure;
     }
     const ResourceStorage storage;
     const QVector<File> files = leftovers(storage);
@@ -82,10 +90,10 @@ int CleanCommand::run(const Arguments& arguments)
         bytes += file.bytes;
     if (!arguments.dryRun)
         bytes = storage.clean();
+    const int remaining = arguments.dryRun ? 0 : countRemaining(files);
     if (arguments.json)
-        Console::print(QJsonDocument(toJson(files, bytes, arguments.dryRun)));
+        Console::print(QJsonDocument(toJson(files, bytes, arguments.dryRun, remaining)));
     else
         print(files, bytes, arguments.dryRun ? "to be freed" : "freed");
-    const bool isComplete = arguments.dryRun || countRemaining(files) == 0;
-    return isComplete ? ExitStatus::success : ExitStatus::failure;
+    return remaining == 0 ? ExitStatus::success : ExitStatus::failure;
 }

@@ -6,13 +6,16 @@
 #include "Arguments.h"
 #include "catalogue/ItemFiles.h"
 #include "Causes.h"
+#include "ChosenItems.h"
 #include "Console.h"
+#include "download/ItemSurvey.h"
 #include "download/MVThemeDownLoader.h"
 #include "ExitStatus.h"
 #include "Interrupt.h"
 #include "Items.h"
 #include "ProgressDisplay.h"
 #include "records/SCfg_Item.h"
+#include "SurveyText.h"
 #include "UpdateRun.h"
 
 #include <QEventLoop>
@@ -37,6 +40,13 @@ QString textOf(const SItemDownloadResult& result)
                                         : QStringLiteral("not every file could be fetched");
 }
 
+/// Returns how a download has ended, for programs.
+QString wordOf(const SItemDownloadResult& result)
+{
+    static const char* const words[] = {"complete", "failed", "cancelled"};
+    return QString::fromLatin1(words[result.m_eEnd]);
+}
+
 int statusOf(const SItemDownloadResult& result)
 {
     if (result.m_eEnd == eItemDownload_Complete)
@@ -57,42 +67,66 @@ FetchCommand::FetchCommand(bool json)
 int FetchCommand::run(const Arguments& arguments)
 {
     FetchCommand command(arguments.json);
-    QString unknown;
-    const QVector<SCfg_Item*> items = command.itemsOf(arguments, unknown);
-    if (!unknown.isNull())
-        return Console::fail(ExitStatus::failure, QStringLiteral("unknown GUID %1").arg(unknown));
+    ChosenItems chosen(command.m_index);
+    if (!chosen.choose(arguments.operands))
+        return chosen.fail();
+    const QVector<SCfg_Item*> items = arguments.all ? incompleteItems() : chosen.items();
+    if (arguments.dryRun)
+        return command.preview(items);
     const bool complete = std::all_of(items.cbegin(), items.cend(), [](SCfg_Item* item) {
         return ItemFiles::countNeeded(*item) == 0;
     });
     if (!complete && !UpdateRun::serverFault().isEmpty())
         return Console::fail(ExitStatus::failure, UpdateRun::serverFault());
-    if (items.isEmpty() && !arguments.json)
-        Console::print(QStringLiteral("every item is ready"));
-    int status = ExitStatus::success;
-    for (SCfg_Item* item : items) {
-        const SItemDownloadResult result = command.fetch(*item);
-        if (status == ExitStatus::success)
-            status = statusOf(result);
-        if (command.m_interrupted)
-            break;
-    }
-    if (arguments.json)
-        Console::print(QJsonDocument(command.m_results));
-    return status;
+    return command.fetchAll(items);
 }
 
-/// Returns the named items or, with --all, every shown item that lacks files.
-QVector<SCfg_Item*> FetchCommand::itemsOf(const Arguments& arguments, QString& unknown)
+/// Returns every shown item that lacks files.
+QVector<SCfg_Item*> FetchCommand::incompleteItems()
 {
-    if (!arguments.all)
-        return m_index.findAll(arguments.operands, unknown);
     QVector<SCfg_Item*> items = Items::displayed();
     const QVector<int> missing = ItemFiles::countNeeded(items);
-    for (int row = items.size() - 1; row >= 0; --row) {
+    for (int row = static_cast<int>(items.size()) - 1; row >= 0; --row) {
         if (missing.at(row) == 0)
             items.remove(row);
     }
     return items;
+}
+
+/// Tells what would be fetched.
+int FetchCommand::preview(const QVector<SCfg_Item*>& items)
+{
+    const ItemSurvey lacking = ItemSurvey::ofDownloads(items);
+    if (m_json) {
+        QJsonObject object = SurveyText::toJsonWithTotals(lacking);
+        object.insert(QStringLiteral("dryRun"), true);
+        Console::print(QJsonDocument(object));
+        return ExitStatus::success;
+    }
+    SurveyText::print(lacking, m_index);
+    Console::print(lacking.rows().isEmpty()
+                       ? QStringLiteral("nothing to fetch")
+                       : QStringLiteral("%1 to fetch: %2")
+                             .arg(Console::counted(lacking.rows().size(), QStringLiteral("item")),
+                                  SurveyText::total(lacking)));
+    return ExitStatus::success;
+}
+
+int FetchCommand::fetchAll(const QVector<SCfg_Item*>& items)
+{
+    if (items.isEmpty() && !m_json)
+        Console::print(QStringLiteral("every item is ready"));
+    int status = ExitStatus::success;
+    for (SCfg_Item* const item : items) {
+        const SItemDownloadResult result = fetch(*item);
+        if (status == ExitStatus::success)
+            status = statusOf(result);
+        if (m_interrupted)
+            break;
+    }
+    if (m_json)
+        Console::print(QJsonDocument(m_results));
+    return status;
 }
 
 SItemDownloadResult FetchCommand::fetch(SCfg_Item& item)
@@ -149,10 +183,7 @@ void FetchCommand::appendJson(SCfg_Item& item, const ItemFiles& files,
                               const SItemDownloadResult& result)
 {
     QJsonObject object = Items::toJson(item);
-    // A download cancelled during its last file ends with that file's code.
-    const bool isCancelled = result.m_eEnd == eItemDownload_Cancelled;
-    object.insert(QStringLiteral("result"),
-                  static_cast<int>(isCancelled ? eDownLoadError_Cancel : result.m_eError));
+    object.insert(QStringLiteral("result"), wordOf(result));
     object.insert(QStringLiteral("resultText"), textOf(result));
     if (result.m_failure.isFailure())
         object.insert(QStringLiteral("error"), Causes::toJson(result.m_failure));

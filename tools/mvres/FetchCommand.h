@@ -11,7 +11,7 @@
 class Arguments;
 class ItemFiles;
 
-/// Implements "mvres fetch GUID...|--all".
+/// Implements "mvres fetch GUID...|--all [--dry-run]".
 ///
 /// Fetches the items one after the other and continues after a failure, but not after an interrupt.
 /// The exit status is determined by the cause of the first failure.
@@ -23,8 +23,9 @@ public:
 private:
     explicit FetchCommand(bool json);
 
-    QVector<SCfg_Item*> itemsOf(const Arguments& arguments, QString& unknown);
-
+    static QVector<SCfg_Item*> incompleteItems();
+    int preview(const QVector<SCfg_Item*>& items);
+    int fetchAll(const QVector<SCfg_Item*>& items);
     SItemDownloadResult fetch(SCfg_Item& item);
     SItemDownloadResult download(SCfg_Item& item);
     void report(SCfg_Item& item, const SItemDownloadResult& result);

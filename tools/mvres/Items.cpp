@@ -7,23 +7,6 @@
 #include "records/KindTable.h"
 #include "records/ThemeTypes.h"
 
-namespace {
-
-QJsonObject described(const SCfg_Item& item, int missing)
-{
-    return {
-        {QStringLiteral("guid"), item.m_qsGUID},
-        {QStringLiteral("kind"), Items::kindName(item.m_eType)},
-        {QStringLiteral("name"), item.m_qsName},
-        {QStringLiteral("themeType"), Items::themeTypeName(item)},
-        {QStringLiteral("favourite"), MVThemeMgr::init()->isItemCollect(&item)},
-        {QStringLiteral("ready"), missing == 0},
-        {QStringLiteral("missing"), missing},
-    };
-}
-
-} // namespace
-
 namespace Items {
 
 QString kindName(ECfgItemType kind)
@@ -71,16 +54,21 @@ QVector<SCfg_Item*> displayed()
 
 QJsonObject toJson(SCfg_Item& item)
 {
-    return described(item, ItemFiles::countNeeded(item));
+    return toJson(item, ItemFiles::countNeeded(item));
 }
 
-QJsonArray toJson(const QVector<SCfg_Item*>& items)
+QJsonObject toJson(const SCfg_Item& item, int missing)
 {
-    const QVector<int> missing = ItemFiles::countNeeded(items);
-    QJsonArray array;
-    for (int row = 0; row < items.size(); ++row)
-        array.append(described(*items.at(row), missing.at(row)));
-    return array;
+    return {
+        {QStringLiteral("guid"), item.m_qsGUID},
+        {QStringLiteral("kind"), Items::kindName(item.m_eType)},
+        {QStringLiteral("name"), item.m_qsName},
+        {QStringLiteral("themeType"),
+         item.m_eType == eCfgItem_Theme ? QJsonValue(Items::themeTypeName(item)) : QJsonValue()},
+        {QStringLiteral("favourite"), MVThemeMgr::init()->isItemCollect(&item)},
+        {QStringLiteral("ready"), missing == 0},
+        {QStringLiteral("missing"), missing},
+    };
 }
 
 QString roleName(ItemFiles::Role role)

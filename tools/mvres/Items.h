@@ -27,9 +27,10 @@ QString themeTypeName(const SCfg_Item& item);
 QVector<SCfg_Item*> displayed(ECfgItemType kind);
 QVector<SCfg_Item*> displayed();
 
-/// Return GUID, kind, name, theme type, favourite and missing files.
+/// Return GUID, kind, name, theme type (null for other kinds), favourite and missing files, which
+/// are counted unless their number is given.
 QJsonObject toJson(SCfg_Item& item);
-QJsonArray toJson(const QVector<SCfg_Item*>& items);
+QJsonObject toJson(const SCfg_Item& item, int missing);
 
 /// Returns "thumbnail", "preview", "config" or "resource".
 QString roleName(ItemFiles::Role role);

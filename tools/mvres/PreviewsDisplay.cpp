@@ -3,38 +3,32 @@
 
 #include "PreviewsDisplay.h"
 
-#include "Columns.h"
 #include "download/SUpdateProgress.h"
 
 #include <cstdio>
 
-#include <unistd.h>
-
 PreviewsDisplay::PreviewsDisplay(Style style)
-    : m_isSilent(style == Style::None || ::isatty(STDOUT_FILENO) != 1)
+    : m_isSilent(style == Style::None)
+    , m_progress(stdout, ProgressLine::Elsewhere::Nothing)
 {
 }
 
 void PreviewsDisplay::update(const SUpdateProgress& progress)
 {
-    if (m_isSilent || m_state == State::Finished || progress.m_nFiles == 0)
+    if (m_isSilent || progress.m_nFiles == 0)
         return;
     const QString line =
         QStringLiteral("previews: %1 of %2").arg(progress.m_nFilesDone).arg(progress.m_nFiles);
     if (line == m_line)
         return; // only the bytes have changed
     m_line = line;
-    m_state = State::Drawn;
-    // The line must fit: "\r" does not return across a wrapped line.
-    const QString fitting = Columns::elided(line, Columns::ofTerminal() - 1);
-    std::printf("\r%s\033[K", fitting.toLocal8Bit().constData());
-    std::fflush(stdout);
+    m_progress.show(line);
 }
 
 void PreviewsDisplay::finish()
 {
-    if (m_state != State::Drawn)
-        return;
-    m_state = State::Finished;
-    std::printf("\n");
+    if (m_line.isEmpty())
+        return; // what is to come first is not the end
+    m_progress.finish();
+    m_isSilent = true;
 }

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "ProgressLine.h"
+
 #include <QString>
 
 struct SUpdateProgress;
@@ -23,9 +25,7 @@ public:
     void finish();
 
 private:
-    enum class State { Empty, Drawn, Finished };
-
     bool m_isSilent;
-    State m_state = State::Empty;
+    ProgressLine m_progress;
     QString m_line;
 };

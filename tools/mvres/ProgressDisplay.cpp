@@ -11,8 +11,6 @@
 #include <algorithm>
 #include <cstdio>
 
-#include <unistd.h>
-
 namespace {
 
 constexpr int widestBar = 40;
@@ -25,7 +23,7 @@ constexpr int widthAroundBar = 2 + 3 + 4;
 ProgressDisplay::ProgressDisplay(const QString& title, Style style)
     : m_title(Console::oneLine(title))
     , m_silent(style == Style::None)
-    , m_bar(::isatty(STDOUT_FILENO) == 1)
+    , m_line(stdout)
 {
 }
 
@@ -36,43 +34,29 @@ void ProgressDisplay::update(double percent)
     if (m_silent || whole == m_percent)
         return;
     m_percent = whole;
-    if (m_bar)
-        drawBar();
-    else if (isFirst)
-        printLine();
+    if (m_line.isTerminal() || isFirst)
+        m_line.show(text());
 }
 
 void ProgressDisplay::updateBytes(qint64 bytes, qint64 total)
 {
-    constexpr int tenth = 10;
-    const int before = m_percent;
-    const int whole = total > 0 ? static_cast<int>(bytes * 100 / total) : 0;
-    m_percent = std::clamp(whole, std::max(m_percent, 0), 100);
+    const int whole = total > 0 ? ProgressLine::percentOf(bytes, total) : 0;
+    m_percent = std::max(whole, m_percent);
     m_file = QStringLiteral("%1 of %2").arg(Console::size(bytes), Console::size(total));
-    if (m_silent || m_percent == before)
-        return;
-    if (m_bar)
-        drawBar();
-    else if (before < 0 || m_percent / tenth != before / tenth)
-        printLine();
+    if (!m_silent)
+        m_line.show(m_percent, text());
 }
 
 void ProgressDisplay::begin(const QString& file)
 {
     m_file = file;
-    if (m_silent)
-        return;
-    if (m_bar)
-        drawBar();
-    else
-        printLine();
+    if (!m_silent)
+        m_line.show(text());
 }
 
-void ProgressDisplay::printLine() const
+void ProgressDisplay::finish()
 {
-    Console::print(
-        QStringLiteral("%1: %2%  %3")
-            .arg(m_title, QString::number(std::max(m_percent, 0)).rightJustified(3), fileName()));
+    m_line.finish();
 }
 
 QString ProgressDisplay::fileName() const
@@ -81,11 +65,19 @@ QString ProgressDisplay::fileName() const
                             : Console::oneLine(QFileInfo(m_file).fileName());
 }
 
-/// The line must fit: "\r" does not return across a wrapped line.
-void ProgressDisplay::drawBar() const
+QString ProgressDisplay::text() const
+{
+    if (m_line.isTerminal())
+        return barText();
+    return QStringLiteral("%1: %2%  %3")
+        .arg(m_title, QString::number(std::max(m_percent, 0)).rightJustified(3), fileName());
+}
+
+/// Returns a bar that leaves room for both names.
+QString ProgressDisplay::barText() const
 {
     const int percent = std::max(m_percent, 0);
-    const int room = Columns::ofTerminal() - 1;
+    const int room = m_line.room();
     const int barWidth = std::clamp(room / 3, narrowestBar, widestBar);
     const int filled = percent * barWidth / 100;
     const QString bar =
@@ -94,16 +86,7 @@ void ProgressDisplay::drawBar() const
     const int texts = std::max(room - barWidth - widthAroundBar, 0);
     const QString title =
         Columns::elided(m_title, std::max(texts / 2, texts - Columns::width(file)));
-    const QString line = QStringLiteral("%1 [%2] %3% %4")
-                             .arg(title, bar, QString::number(percent).rightJustified(3),
-                                  Columns::elided(file, texts - Columns::width(title)));
-    // Returns to the line's start and clears the rest of an earlier, longer file name.
-    std::printf("\r%s\033[K", line.toLocal8Bit().constData());
-    std::fflush(stdout);
-}
-
-void ProgressDisplay::finish()
-{
-    if (!m_silent && m_bar && m_percent >= 0)
-        std::printf("\n");
+    return QStringLiteral("%1 [%2] %3% %4")
+        .arg(title, bar, QString::number(percent).rightJustified(3),
+             Columns::elided(file, texts - Columns::width(title)));
 }

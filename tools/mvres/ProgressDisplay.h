@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "ProgressLine.h"
+
 #include <QString>
 #include <QtGlobal>
 
@@ -26,12 +28,12 @@ public:
 
 private:
     QString fileName() const;
-    void printLine() const;
-    void drawBar() const;
+    QString text() const;
+    QString barText() const;
 
     QString m_title;
     bool m_silent;
-    bool m_bar;
+    ProgressLine m_line;
     int m_percent = -1;
     QString m_file;
 };

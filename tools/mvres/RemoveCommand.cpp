@@ -38,48 +38,80 @@ QStringList filesOnDisk(SCfg_Item& item)
 
 } // namespace
 
+RemoveCommand::RemoveCommand(bool isDryRun)
+    : m_isDryRun(isDryRun)
+{
+}
+
 int RemoveCommand::run(const Arguments& arguments)
 {
-    RemoveCommand command;
+    RemoveCommand command(arguments.dryRun);
     QString unknown;
     const QVector<SCfg_Item*> items = command.m_index.findAll(arguments.operands, unknown);
     if (!unknown.isNull())
         return Console::fail(ExitStatus::failure, QStringLiteral("unknown GUID %1").arg(unknown));
     command.remove(items);
-    const qint64 bytes =
-        std::accumulate(command.m_rows.cbegin(), command.m_rows.cend(), qint64{0},
-                        [](qint64 sum, const Row& row) { return sum + row.removal.bytes; });
+    command.findUsers();
     if (arguments.json) {
-        Console::print(
-            QJsonDocument(QJsonObject{{QStringLiteral("items"), command.toJson()},
-                                      {QStringLiteral("freedBytes"), static_cast<double>(bytes)}}));
+        Console::print(QJsonDocument(command.toJson()));
     } else {
         command.print();
         if (command.m_rows.size() > 1)
-            Console::print(QStringLiteral("%1 freed").arg(Console::size(bytes)));
+            Console::print(QStringLiteral("%1 %2").arg(
+                Console::size(command.bytes()),
+                arguments.dryRun ? QStringLiteral("to be freed") : QStringLiteral("freed")));
     }
-    const bool isComplete = std::all_of(command.m_rows.cbegin(), command.m_rows.cend(),
-                                        [](const Row& row) { return row.removal.isComplete(); });
-    return isComplete ? ExitStatus::success : ExitStatus::failure;
+    return command.isComplete() ? ExitStatus::success : ExitStatus::failure;
 }
 
 void RemoveCommand::remove(const QVector<SCfg_Item*>& items)
 {
     const ResourceStorage storage;
+    QVector<ResourceStorage::Removal> removals;
     for (SCfg_Item* const item : items) {
         const QStringList files = filesOnDisk(*item);
-        m_rows.append({item, files, storage.removeItem(*item)});
-        const QString& error = m_rows.constLast().removal.error;
-        if (!error.isEmpty())
-            Console::note(QStringLiteral("%1: %2").arg(item->m_qsGUID, error));
+        removals.append(m_isDryRun ? storage.preview(*item, removals) : storage.removeItem(*item));
+        const ResourceStorage::Removal& removal = removals.constLast();
+        m_rows.append({item, files, removal});
+        if (!removal.isComplete())
+            Console::note(QStringLiteral("%1: %2").arg(item->m_qsGUID, removal.error));
+        for (const ResourceStorage::Moved& file : removal.files)
+            m_removed.insert(file.path);
     }
-    ResourceStorage::purge();
-    const QVector<SCfg_Item*> others = storage.itemsOnDisk();
+    if (!m_isDryRun)
+        ResourceStorage::purge();
+}
+
+/// Finds the items that need what stays.
+void RemoveCommand::findUsers()
+{
+    const QVector<SCfg_Item*> others = ResourceStorage().itemsOnDisk();
     for (SCfg_Item* const other : others) {
-        const QStringList files = filesOnDisk(*other);
+        const bool isRemoved =
+            m_isDryRun && std::any_of(m_rows.cbegin(), m_rows.cend(), [&](const Row& row) {
+                return row.item == other && !row.removal.files.isEmpty();
+            });
+        const QStringList files = isRemoved ? QStringList() : filesOnDisk(*other);
         for (const QString& file : files)
             m_users[file].append(other);
     }
+}
+
+bool RemoveCommand::isOnDisk(const QString& file) const
+{
+    return !m_removed.contains(file) && QFileInfo::exists(file);
+}
+
+qint64 RemoveCommand::bytes() const
+{
+    return std::accumulate(m_rows.cbegin(), m_rows.cend(), qint64{0},
+                           [](qint64 sum, const Row& row) { return sum + row.removal.bytes; });
+}
+
+bool RemoveCommand::isComplete() const
+{
+    return std::all_of(m_rows.cbegin(), m_rows.cend(),
+                       [](const Row& row) { return row.removal.isComplete(); });
 }
 
 /// Called after all removals: a later one may have freed what an earlier one had to leave.
@@ -87,11 +119,10 @@ RemoveCommand::Kept RemoveCommand::keptOf(const Row& row) const
 {
     Kept kept;
     for (const QString& file : row.files) {
-        const QFileInfo info(file);
-        if (!info.exists())
+        if (!isOnDisk(file))
             continue;
         kept.files.append(file);
-        kept.bytes += info.size();
+        kept.bytes += QFileInfo(file).size();
         const QVector<SCfg_Item*> users = m_users.value(file);
         std::copy_if(users.cbegin(), users.cend(), std::back_inserter(kept.users),
                      [&](SCfg_Item* user) { return !kept.users.contains(user); });
@@ -124,12 +155,25 @@ QString RemoveCommand::textOf(const Row& row)
         return QStringLiteral("%1: not removed").arg(title);
     if (row.files.isEmpty())
         return QStringLiteral("%1: not on disk").arg(title);
-    return QStringLiteral("%1: %2 removed, %3 freed")
-        .arg(title, Console::counted(row.removal.files.size(), QStringLiteral("file")),
-             Console::size(row.removal.bytes));
+    const QString form = m_isDryRun ? QStringLiteral("%1: %2 to be removed, %3 to be freed")
+                                    : QStringLiteral("%1: %2 removed, %3 freed");
+    return form.arg(title, Console::counted(row.removal.files.size(), QStringLiteral("file")),
+                    Console::size(row.removal.bytes));
 }
 
-QJsonArray RemoveCommand::toJson() const
+QJsonObject RemoveCommand::toJson() const
+{
+    QJsonObject object{{QStringLiteral("items"), itemsToJson()},
+                       {QStringLiteral("freedBytes"), static_cast<double>(bytes())},
+                       {QStringLiteral("dryRun"), m_isDryRun}};
+    if (!isComplete())
+        object.insert(
+            QStringLiteral("error"),
+            Console::error(ExitStatus::failure, QStringLiteral("not every item could be removed")));
+    return object;
+}
+
+QJsonArray RemoveCommand::itemsToJson() const
 {
     QJsonArray items;
     for (const Row& row : m_rows) {

@@ -8,6 +8,8 @@
 
 #include <QHash>
 #include <QJsonArray>
+#include <QJsonObject>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <QtGlobal>
@@ -15,7 +17,7 @@
 
 class Arguments;
 
-/// Implements "mvres remove GUID...".
+/// Implements "mvres remove GUID... [--dry-run]".
 ///
 /// Deletes the files of the items that no other item on disk needs, and tells what stays. Continues
 /// after a failure.
@@ -25,6 +27,8 @@ public:
     static int run(const Arguments& arguments);
 
 private:
+    explicit RemoveCommand(bool isDryRun);
+
     /// One of the items, and how its removal has ended.
     struct Row
     {
@@ -41,12 +45,19 @@ private:
     };
 
     void remove(const QVector<SCfg_Item*>& items);
+    void findUsers();
+    bool isOnDisk(const QString& file) const;
     Kept keptOf(const Row& row) const;
     void print();
     QString textOf(const Row& row);
-    QJsonArray toJson() const;
+    qint64 bytes() const;
+    bool isComplete() const;
+    QJsonObject toJson() const;
+    QJsonArray itemsToJson() const;
 
+    bool m_isDryRun;
     ItemIndex m_index;
     QVector<Row> m_rows;
+    QSet<QString> m_removed;                     // files, also if they only would be
     QHash<QString, QVector<SCfg_Item*>> m_users; // of files on disk after the removals, by path
 };

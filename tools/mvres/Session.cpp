@@ -36,7 +36,7 @@ bool Session::checkFolders(const Arguments& arguments)
 {
     const HostSettings& settings = hostSettings();
     // The default folder is optional: a downloaded catalogue is sufficient.
-    const bool resourcesNamed = settings.resourcesPath != HostSettings().resourcesPath;
+    const bool resourcesNamed = settings.resourcesPath != arguments.host.defaultResources();
     if (resourcesNamed && !QFileInfo(settings.resourcesPath).isDir())
         return fail(QStringLiteral("no such resources folder: %1").arg(settings.resourcesPath));
 

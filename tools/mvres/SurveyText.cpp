@@ -10,8 +10,6 @@
 #include "States.h"
 #include "Table.h"
 
-#include <QJsonObject>
-
 namespace {
 
 QJsonArray filesToJson(const QVector<ItemSurvey::File>& files)
@@ -61,12 +59,19 @@ QJsonArray toJson(const ItemSurvey& survey)
 {
     QJsonArray array;
     for (const ItemSurvey::Row& row : survey.rows()) {
-        QJsonObject object = Items::toJson(*row.item);
+        QJsonObject object = Items::toJson(*row.item, row.missing);
         States::addTo(object, row.state);
         object.insert(QStringLiteral("files"), filesToJson(row.files));
         array.append(object);
     }
     return array;
+}
+
+QJsonObject toJsonWithTotals(const ItemSurvey& survey)
+{
+    return {{QStringLiteral("items"), toJson(survey)},
+            {QStringLiteral("filesToFetch"), survey.fileCount()},
+            {QStringLiteral("bytesToFetch"), static_cast<double>(survey.bytes())}};
 }
 
 } // namespace SurveyText

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QJsonArray>
+#include <QJsonObject>
 #include <QString>
 
 class ItemIndex;
@@ -17,5 +18,7 @@ QString total(const ItemSurvey& survey);
 /// Prints a line for each item, and below it one for each file that an update fetches.
 void print(const ItemSurvey& survey, ItemIndex& index);
 QJsonArray toJson(const ItemSurvey& survey);
+/// Returns an object with the items, the number of files to fetch and their size.
+QJsonObject toJsonWithTotals(const ItemSurvey& survey);
 
 } // namespace SurveyText

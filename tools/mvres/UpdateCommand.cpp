@@ -22,13 +22,6 @@ bool isOnDisk(SCfg_Item& item)
     return ResourceStorage().diskUse(item).bytes() > 0;
 }
 
-QJsonObject toJson(const ItemSurvey& survey)
-{
-    return {{QStringLiteral("items"), SurveyText::toJson(survey)},
-            {QStringLiteral("filesToFetch"), survey.fileCount()},
-            {QStringLiteral("bytesToFetch"), static_cast<double>(survey.bytes())}};
-}
-
 bool isChanged(const ItemSurvey::Row& row)
 {
     return row.state.m_eState == eFile_Outdated || row.state.m_eState == eFile_Damaged;
@@ -97,7 +90,9 @@ bool UpdateCommand::select(QString& error)
 int UpdateCommand::preview()
 {
     if (m_arguments.json) {
-        Console::print(QJsonDocument(toJson(m_survey)));
+        QJsonObject object = SurveyText::toJsonWithTotals(m_survey);
+        object.insert(QStringLiteral("dryRun"), m_arguments.dryRun);
+        Console::print(QJsonDocument(object));
         return ExitStatus::success;
     }
     SurveyText::print(m_survey, m_index);
@@ -114,7 +109,7 @@ int UpdateCommand::update()
     const SUpdateOutcome outcome = UpdateRun(m_arguments.json).run(m_survey.items());
     const ItemSurvey after = ItemSurvey::verify(m_survey.items());
     if (m_arguments.json) {
-        QJsonObject object = toJson(after);
+        QJsonObject object = SurveyText::toJsonWithTotals(after);
         object.insert(QStringLiteral("update"), UpdateRun::toJson(outcome));
         Console::print(QJsonDocument(object));
     } else {

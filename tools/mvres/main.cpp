@@ -17,6 +17,7 @@
 #include "NeedCommand.h"
 #include "PathsCommand.h"
 #include "RemoveCommand.h"
+#include "SearchCommand.h"
 #include "Session.h"
 #include "ShowCommand.h"
 #include "UpdateCommand.h"
@@ -33,12 +34,19 @@ struct Command
 };
 
 const Command commands[] = {
-    {"list", &ListCommand::run},     {"show", &ShowCommand::run},
-    {"fetch", &FetchCommand::run},   {"need", &NeedCommand::run},
-    {"update", &UpdateCommand::run}, {"verify", &VerifyCommand::run},
-    {"remove", &RemoveCommand::run}, {"du", &DuCommand::run},
-    {"clean", &CleanCommand::run},   {"favourite", &FavouriteCommand::run},
-    {"check", &CheckCommand::run},   {"builtin", &BuiltinCommand::run},
+    {"list", &ListCommand::run},
+    {"search", &SearchCommand::run},
+    {"show", &ShowCommand::run},
+    {"fetch", &FetchCommand::run},
+    {"need", &NeedCommand::run},
+    {"update", &UpdateCommand::run},
+    {"verify", &VerifyCommand::run},
+    {"remove", &RemoveCommand::run},
+    {"du", &DuCommand::run},
+    {"clean", &CleanCommand::run},
+    {"favourite", &FavouriteCommand::run},
+    {"check", &CheckCommand::run},
+    {"builtin", &BuiltinCommand::run},
 };
 
 int dispatch(const Arguments& arguments, const Session& session)

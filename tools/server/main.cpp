@@ -3,6 +3,8 @@
 
 // mvserve: serves a resource server's tree on loopback for testing.
 
+#include "HelpText.h"
+#include "ProgramTable.h"
 #include "server/ServeLoop.h"
 
 #include <QCommandLineParser>
@@ -26,33 +28,27 @@ int fail(int status, const QString& text)
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("mvserve"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(MV_VERSION));
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral(
-        "Serves the tree of a resource server on 127.0.0.1 until it is interrupted."));
-    const QCommandLineOption helpOption({QStringLiteral("h"), QStringLiteral("help")},
-                                        QStringLiteral("print this help"));
-    parser.addPositionalArgument(QStringLiteral("TREE"), QStringLiteral("folder to serve"));
-    const QCommandLineOption portOption(QStringLiteral("port"),
-                                        QStringLiteral("port to listen on; a free one by default"),
-                                        QStringLiteral("N"), QStringLiteral("0"));
-    const QCommandLineOption quietOption(QStringLiteral("quiet"),
-                                         QStringLiteral("do not print requests"));
-    parser.addOptions({helpOption, portOption, quietOption});
+    parser.addOptions(programTable().allOptions());
     if (!parser.parse(application.arguments()))
         return fail(exitUsage, parser.errorText());
-    if (parser.isSet(helpOption))
-        parser.showHelp();
+    if (parser.isSet(ProgramTable::helpOption()))
+        HelpText::printAndExit(HelpText::ofProgram(programTable()));
+    if (parser.isSet(ProgramTable::versionOption()))
+        parser.showVersion();
 
     bool portOk = false;
-    const ushort port = parser.value(portOption).toUShort(&portOk);
+    const ushort port = parser.value(QStringLiteral("port")).toUShort(&portOk);
     if (!portOk)
         return fail(exitUsage, QStringLiteral("--port takes a number from 0 to 65535"));
     if (parser.positionalArguments().size() != 1)
         return fail(exitUsage, QStringLiteral("name one folder to serve"));
 
     QString error;
-    if (!ServeLoop::run(parser.positionalArguments().constFirst(), port, parser.isSet(quietOption),
-                        &error))
+    if (!ServeLoop::run(parser.positionalArguments().constFirst(), port,
+                        parser.isSet(QStringLiteral("quiet")), &error))
         return fail(exitFailure, error);
     return 0;
 }

@@ -38,7 +38,7 @@ private slots:
     void buttonsWithoutMeaning();
 
 private:
-    void doubleClick(const QWidget* frame, Qt::MouseButton button = Qt::LeftButton);
+    void clickTwice(const QWidget* frame, Qt::MouseButton button = Qt::LeftButton);
     MVThemeItemWdg* ready() const { return m_list->cell(1); }
     MVThemeItemWdg* missing() const { return m_list->cell(2); }
 
@@ -72,7 +72,7 @@ void tst_MVThemeItemWdg_applyOn::init()
 }
 
 /// Sends what the window system sends: the second press counts as a double click.
-void tst_MVThemeItemWdg_applyOn::doubleClick(const QWidget* frame, Qt::MouseButton button)
+void tst_MVThemeItemWdg_applyOn::clickTwice(const QWidget* frame, Qt::MouseButton button)
 {
     m_list->moveTo(frame);
     QWindow* const window = m_list->window().windowHandle();
@@ -111,7 +111,7 @@ void tst_MVThemeItemWdg_applyOn::doubleClickAppliesOnce()
 {
     const QSignalSpy preview(m_list->view(), &mvThemelistview::sigPreviewRequested);
     const HostTrace trace;
-    doubleClick(frameOf(ready()));
+    clickTwice(frameOf(ready()));
     QCOMPARE(trace.entries(), applied());
     QCOMPARE(preview.size(), 1); // of its first click
     QVERIFY(isMarked(ready()));
@@ -121,7 +121,7 @@ void tst_MVThemeItemWdg_applyOn::doubleClickAppliesOnce()
 
 void tst_MVThemeItemWdg_applyOn::doubleClickDownloads()
 {
-    doubleClick(frameOf(missing()));
+    clickTwice(frameOf(missing()));
     QVERIFY(missing()->isDownloading());
     QTRY_COMPARE(m_world->requests(filesOfMissing), 1);
     QVERIFY(missing()->isDownloading()); // its second release did not cancel
@@ -144,7 +144,7 @@ void tst_MVThemeItemWdg_applyOn::doubleClickWithAnotherButton()
     QFETCH(bool, applies);
     hostSettings().leftButtonOnly = leftOnly;
     const HostTrace trace;
-    doubleClick(frameOf(ready()), button);
+    clickTwice(frameOf(ready()), button);
     QCOMPARE(trace.entries(), applies ? applied() : QStringList());
 }
 
@@ -181,7 +181,7 @@ void tst_MVThemeItemWdg_applyOn::laterCellsBehaveAlike()
     const HostTrace trace;
     m_list->click(frameOf(ready()));
     QCOMPARE(trace.entries(), QStringList());
-    doubleClick(frameOf(ready()));
+    clickTwice(frameOf(ready()));
     QCOMPARE(trace.entries(), applied());
 }
 

@@ -65,7 +65,7 @@ QString text(const Finding& finding)
         .arg(finding.file, line, item, warning, finding.message, finding.code);
 }
 
-QJsonDocument json(const ReadTree& tree, const Findings& findings)
+QJsonArray json(const Findings& findings)
 {
     QJsonArray list;
     for (const Finding& finding : findings) {
@@ -82,11 +82,16 @@ QJsonDocument json(const ReadTree& tree, const Findings& findings)
             object.insert(QStringLiteral("item"), finding.item);
         list.append(object);
     }
+    return list;
+}
+
+QJsonDocument json(const ReadTree& tree, const Findings& findings)
+{
     return QJsonDocument(QJsonObject{
         {QStringLiteral("tree"), tree.folder()},
         {QStringLiteral("kind"),
          tree.isInstallation() ? QStringLiteral("installation") : QStringLiteral("server")},
-        {QStringLiteral("findings"), list}});
+        {QStringLiteral("findings"), json(findings)}});
 }
 
 } // namespace Lint

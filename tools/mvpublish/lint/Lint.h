@@ -26,5 +26,7 @@ QString summary(const Findings& findings);
 /// Returns "FILE:LINE: ITEM: MESSAGE [CODE]", with "warning: " before a warning's message.
 QString text(const Finding& finding);
 QJsonDocument json(const ReadTree& tree, const Findings& findings);
+/// Returns the findings alone, as in the document.
+QJsonArray json(const Findings& findings);
 
 } // namespace Lint

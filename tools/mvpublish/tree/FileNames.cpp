@@ -13,6 +13,13 @@
 
 namespace FileNames {
 
+namespace {
+
+// File systems take 255, in which suffixes of temporary files must fit, too.
+constexpr int maxBytes = 200;
+
+} // namespace
+
 QString fault(const QString& name)
 {
     if (name.isEmpty())
@@ -21,6 +28,13 @@ QString fault(const QString& name)
     for (const QString& part : parts) {
         if (part.isEmpty() || part == QLatin1String(".") || part == QLatin1String(".."))
             return QStringLiteral("is not a plain path below its folder");
+    }
+    for (const QString& part : parts) {
+        const auto bytes = part.toUtf8().size();
+        if (bytes > maxBytes)
+            return QStringLiteral("has a part of %1 bytes in UTF-8, and at most %2 are accepted")
+                .arg(bytes)
+                .arg(maxBytes);
     }
     // Windows stores the fewest names.
     const bool hasOdd =

@@ -14,7 +14,7 @@ int width(const QString& text);
 QString padded(const QString& text, int width);
 /// Returns the text, with its middle replaced by "..." if it is wider.
 QString elided(const QString& text, int width);
-/// Returns the width of the terminal on standard output; 80 if unknown.
-int ofTerminal();
+/// Returns the width of the terminal that is open as a file descriptor; 80 if unknown.
+int ofTerminal(int descriptor);
 
 } // namespace Columns

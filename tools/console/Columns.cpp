@@ -63,10 +63,10 @@ QString elided(const QString& text, int width)
     return QString::fromStdU32String(front) + dots + QString::fromStdU32String(back);
 }
 
-int ofTerminal()
+int ofTerminal(int descriptor)
 {
     winsize size = {};
-    const bool known = ::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+    const bool known = ::ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
     return known ? size.ws_col : usualWidth;
 }
 

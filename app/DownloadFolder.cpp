@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
+#include "DownloadFolder.h"
+
+#include "catalogue/MVThemeMgr.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFileInfo>
+#include <QStorageInfo>
+#include <QTemporaryFile>
+
+QString DownloadFolder::inUse()
+{
+    return QFileInfo(MVThemeMgr::init()->Path_resource_RootDir(MVThemeMgr::eLoadDir_Download))
+        .path();
+}
+
+bool DownloadFolder::isWritable(const QString& folder)
+{
+    if (!QDir().mkpath(folder))
+        return false;
+    QTemporaryFile probe(folder + QStringLiteral("/.writable-XXXXXX"));
+    return probe.open() && probe.write("x", 1) == 1 && probe.flush();
+}
+
+qint64 DownloadFolder::freeBytes(const QString& folder)
+{
+    const QStorageInfo disk(folder);
+    return disk.isValid() && disk.isReady() ? disk.bytesAvailable() : -1;
+}
+
+qint64 DownloadFolder::usedBytes(const QString& folder, const CancelToken& cancel)
+{
+    qint64 bytes = 0;
+    QDirIterator files(folder, QDir::Files | QDir::Hidden | QDir::NoSymLinks,
+                       QDirIterator::Subdirectories);
+    while (files.hasNext() && !cancel.isCancelled()) {
+        files.next();
+        bytes += files.fileInfo().size();
+    }
+    return bytes;
+}

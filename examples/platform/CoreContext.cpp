@@ -1,0 +1,6 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
+#include "host/CoreContext.h"
+
+CoreContext::~CoreContext() = default;
