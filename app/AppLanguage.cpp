@@ -28,11 +28,19 @@ void AppLanguage::install(const QString& language)
     static QTranslator* own = nullptr;
     static QTranslator* qt = nullptr;
     QLocale::setDefault(QLocale(language));
-    installTranslator(qt, QStringLiteral("qtbase_") + language,
-                      QLibraryInfo::location(QLibraryInfo::TranslationsPath));
+    installTranslator(qt, QStringLiteral("qtbase_") + language, qtTranslations());
     installTranslator(own, QStringLiteral("mveditor_") + language,
                       QStringLiteral(":/mveditor/translations"));
     BrowserLanguage::install(language);
+}
+
+QString AppLanguage::qtTranslations()
+{
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    return QLibraryInfo::location(QLibraryInfo::TranslationsPath);
+#else
+    return QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+#endif
 }
 
 QString AppLanguage::ownName(const QString& language)

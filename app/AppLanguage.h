@@ -16,4 +16,6 @@ public:
     static void install(const QString& language);
     /// Returns the language's own name for itself, for menus.
     static QString ownName(const QString& language);
+    /// Returns the folder of the translations of Qt's own texts.
+    static QString qtTranslations();
 };

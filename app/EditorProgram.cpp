@@ -54,8 +54,10 @@ int EditorProgram::run(int& argc, char** argv)
     m_name = QFileInfo(QFile::decodeName(argv[0])).fileName();
     QCoreApplication::setApplicationName(QStringLiteral("mveditor"));
     QCoreApplication::setApplicationVersion(QStringLiteral(MVRESOURCE_VERSION_STRING));
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0) // Qt 6 always does
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+#endif
     const int status = readSettings(argc, argv);
     return status != 0 ? status : openWindow(argc, argv);
 }

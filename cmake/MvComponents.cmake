@@ -10,6 +10,7 @@ set(MV_COMPONENTS Core Model Browser)
 
 set(MV_COMPONENT_Core_LIBRARIES mvresource mvhost)
 set(MV_COMPONENT_Core_QT Core Xml)
+set(MV_COMPONENT_Core_PRIVATE libcurl libsodium) # by their names for pkg-config
 set(MV_COMPONENT_Core_TEXT "the catalogue, downloads and releases, without a window system")
 
 set(MV_COMPONENT_Model_LIBRARIES mvmodel)

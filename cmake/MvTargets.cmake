@@ -20,6 +20,14 @@ set(CMAKE_LINK_DEPENDS_NO_SHARED ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
 
+# Shared libraries by default, also in a project that embeds this one and says nothing.
+set(MV_IS_STATIC OFF)
+set(MV_LIBRARY_TYPE SHARED)
+if(DEFINED BUILD_SHARED_LIBS AND NOT BUILD_SHARED_LIBS)
+    set(MV_IS_STATIC ON)
+    set(MV_LIBRARY_TYPE STATIC)
+endif()
+
 add_library(mv_options INTERFACE)
 target_compile_options(
     mv_options
@@ -27,6 +35,8 @@ target_compile_options(
         -Wall
         -Wextra
         -Wpedantic
+        # Standard C++20, and what Qt's own macros expect.
+        $<$<CXX_COMPILER_ID:Clang>:-Wno-gnu-zero-variadic-macro-arguments>
         -Wshadow
         -Wnon-virtual-dtor
         -Woverloaded-virtual
@@ -56,13 +66,18 @@ if(MV_FUZZ)
 endif()
 
 # mv_add_library(NAME EXPORT_DEFINE INSTALL_FOLDER <dir> SOURCES ... HEADERS ...)
-# Adds a shared library whose public headers are installed under their include paths. Headers that are
-# generated are below the project's binary folder as the others are below its source folder.
+# Adds a library, shared unless BUILD_SHARED_LIBS is off, whose public headers are installed under their
+# include paths. Headers that are generated are below the project's binary folder as the others are below
+# its source folder.
 function(mv_add_library name export_define)
     cmake_parse_arguments(ARG "" "" "SOURCES;HEADERS;LIBRARIES;PRIVATE_LIBRARIES" ${ARGN})
-    add_library(${name} SHARED ${ARG_SOURCES} ${ARG_HEADERS})
+    add_library(${name} ${MV_LIBRARY_TYPE} ${ARG_SOURCES} ${ARG_HEADERS})
     add_library(Mv::${name} ALIAS ${name})
-    target_compile_definitions(${name} PRIVATE ${export_define})
+    if(MV_IS_STATIC)
+        target_compile_definitions(${name} PUBLIC MV_STATIC)
+    else()
+        target_compile_definitions(${name} PRIVATE ${export_define})
+    endif()
     target_link_libraries(${name} PUBLIC ${ARG_LIBRARIES} PRIVATE $<BUILD_INTERFACE:mv_options>
                                                                   ${ARG_PRIVATE_LIBRARIES})
     mv_precompile(${name})

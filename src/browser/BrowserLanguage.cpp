@@ -9,6 +9,12 @@
 
 #include <memory>
 
+// A program takes only what it uses from a static library. The macro needs the global namespace.
+static void initTranslations()
+{
+    Q_INIT_RESOURCE(mvbrowser_translations);
+}
+
 namespace {
 
 std::unique_ptr<QTranslator>& theTranslator()
@@ -33,8 +39,10 @@ QStringList BrowserLanguage::languages()
 bool BrowserLanguage::install(const QString& language)
 {
     static bool registered = false;
-    if (!registered)
+    if (!registered) {
+        initTranslations();
         qAddPostRoutine(&destroyTranslator);
+    }
     registered = true;
 
     const QLocale locale(language);

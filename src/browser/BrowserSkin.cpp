@@ -13,10 +13,17 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+// A program takes only what it uses from a static library. The macro needs the global namespace.
+static void initSkins()
+{
+    Q_INIT_RESOURCE(mvbrowser_skins);
+}
+
 namespace {
 
 QByteArray resource(const QString& name)
 {
+    initSkins();
     QFile file(QStringLiteral(":/mvbrowser/skins/") + name);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }

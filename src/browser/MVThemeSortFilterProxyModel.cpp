@@ -28,19 +28,54 @@ void MVThemeSortFilterProxyModel::setThemeType(int themeType)
     invalidateFilter();
 }
 
-void MVThemeSortFilterProxyModel::setFilter(int themeType, const QRegExp& name)
+void MVThemeSortFilterProxyModel::setFilter(int themeType, const NamePattern& name)
 {
     dropListFilter();
     m_nThemeType = themeType;
     setFilterRole(UIItemRole_Name);
     if (themeType != favouriteThemes) {
-        setFilterRegExp(name);
+        setNamePattern(name);
         return;
     }
     CatalogueIndex index(MVThemeMgr::init()->getDisplayXML());
     const QScopedValueRollback<CatalogueIndex*> indexed(m_pIndex, &index);
+    setNamePattern(name);
+}
+
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+NamePattern MVThemeSortFilterProxyModel::ignoringCase(const QString& text)
+{
+    return QRegExp(text, Qt::CaseInsensitive, QRegExp::RegExp);
+}
+
+void MVThemeSortFilterProxyModel::setNamePattern(const NamePattern& name)
+{
     setFilterRegExp(name);
 }
+
+NamePattern MVThemeSortFilterProxyModel::namePattern() const
+{
+    return filterRegExp();
+}
+#else
+NamePattern MVThemeSortFilterProxyModel::ignoringCase(const QString& text)
+{
+    // Classes of characters contain those of every script, as with Qt 5.
+    return QRegularExpression(text,
+                              QRegularExpression::CaseInsensitiveOption
+                                  | QRegularExpression::UseUnicodePropertiesOption);
+}
+
+void MVThemeSortFilterProxyModel::setNamePattern(const NamePattern& name)
+{
+    setFilterRegularExpression(name);
+}
+
+NamePattern MVThemeSortFilterProxyModel::namePattern() const
+{
+    return filterRegularExpression();
+}
+#endif
 
 void MVThemeSortFilterProxyModel::dropListFilter()
 {
@@ -139,9 +174,9 @@ bool MVThemeSortFilterProxyModel::filterAcceptsRow(int row, const QModelIndex& p
     const QModelIndex index = sourceModel()->index(row, 0, parent);
     if (m_pFilter)
         return passesListFilter(index);
-    const QRegExp name = filterRegExp();
-    const bool matches =
-        name.isEmpty() || index.data(UIItemRole_Name).toString().indexOf(name, 0) != -1;
+    const NamePattern name = namePattern();
+    const bool matches = name.pattern().isEmpty()
+        || (name.isValid() && index.data(UIItemRole_Name).toString().indexOf(name, 0) != -1);
     if (m_nThemeType == allThemes)
         return matches;
     if (m_nThemeType == favouriteThemes && matches)

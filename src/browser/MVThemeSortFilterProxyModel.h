@@ -18,12 +18,22 @@ class RowOrder;
 struct SCfg_Item;
 struct SListFilter;
 
+/// Type of the patterns of names, that of the class's Qt filter: filterRegExp() with Qt 5,
+/// filterRegularExpression() with Qt 6.
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+#include <QRegExp>
+using NamePattern = QRegExp;
+#else
+#include <QRegularExpression>
+using NamePattern = QRegularExpression;
+#endif
+
 /// Filters the rows of a resource list by theme type, or favourites, and by name; with an
 /// SListFilter by more, and sorts them.
 ///
-/// The name is matched by filterRegExp(), anywhere in the name, or by the words of an SListFilter.
-/// The catalogue and the disk are queried for favourites, files and sizes when the filter is
-/// applied. GUI thread only.
+/// The name is matched by namePattern(), anywhere in the name (an invalid pattern matches none, an
+/// empty one every name), or by the words of an SListFilter. The catalogue and the disk are queried
+/// for favourites, files and sizes when the filter is applied. GUI thread only.
 class MVBROWSER_EXPORT MVThemeSortFilterProxyModel : public QSortFilterProxyModel
 {
     Q_OBJECT
@@ -46,7 +56,16 @@ public:
     /// Returns the theme type shown.
     int themeType() const { return m_nThemeType; }
     /// Sets the type as well as the pattern of the names and filters once.
-    void setFilter(int themeType, const QRegExp& name);
+    void setFilter(int themeType, const NamePattern& name);
+
+    /// Returns the pattern with this text that ignores case; NamePattern::escape() makes the text
+    /// of one that matches a name literally.
+    static NamePattern ignoringCase(const QString& text);
+    /// Sets the model's filter, which Qt calls filterRegExp() or filterRegularExpression().
+    void setNamePattern(const NamePattern& name);
+    /// Returns that filter.
+    NamePattern namePattern() const;
+
     /// Filters and sorts by `filter`, until the other setFilter() is called.
     void setFilter(const SListFilter& filter);
     /// Moves rows that have come since to their places in its order.
@@ -73,7 +92,7 @@ private:
 
     int m_nThemeType = allThemes;
     ECfgItemType m_eKind = eCfgItem_Theme;
-    std::unique_ptr<SListFilter> m_pFilter; // null: filterRegExp() matches the names
+    std::unique_ptr<SListFilter> m_pFilter; // null: namePattern() matches the names
     std::unique_ptr<RowOrder> m_pOrder;     // null: the rows are not sorted
     CatalogueIndex* m_pIndex = nullptr;     // of the catalogue while setFilter() runs
     std::optional<QSet<QString>> m_onDisk;  // GUIDs; while setFilter() runs and asks for them

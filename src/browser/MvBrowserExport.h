@@ -6,7 +6,9 @@
 #include <QtGlobal>
 
 /// Exports the public symbols of the library mvbrowser; all others are hidden.
-#if defined(MVBROWSER_LIBRARY)
+#if defined(MV_STATIC)
+#define MVBROWSER_EXPORT
+#elif defined(MVBROWSER_LIBRARY)
 #define MVBROWSER_EXPORT Q_DECL_EXPORT
 #else
 #define MVBROWSER_EXPORT Q_DECL_IMPORT

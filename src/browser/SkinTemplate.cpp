@@ -17,12 +17,12 @@ QString SkinTemplate::fill(const QString& text, const QMap<QString, QString>& va
         const QString name = match.captured(1);
         if (!values.contains(name) && match.capturedLength(2) == 0)
             faults.append(QStringLiteral("the placeholder \"%1\" has no value").arg(name));
-        filled += text.midRef(copied, match.capturedStart() - copied);
+        filled += text.mid(copied, match.capturedStart() - copied);
         filled += values.value(name, match.captured(3));
         copied = match.capturedEnd();
         unused.remove(name);
     }
     for (auto it = unused.keyBegin(); it != unused.keyEnd(); ++it)
         faults.append(QStringLiteral("the value \"%1\" has no placeholder").arg(*it));
-    return filled + text.midRef(copied);
+    return filled + text.mid(copied);
 }

@@ -21,7 +21,6 @@
 #include "host/ProductParam.h"
 #include "host/widgets/SkinWidget.h"
 
-#include <QRegExp>
 #include <QScrollBar>
 #include <QStandardItemModel>
 #include <QStyle>
@@ -153,6 +152,7 @@ void mvThemelistview::initData(const QUuid& /*unused*/, bool /*unused*/)
         rows.append(newItemRow(item));
     if (m_eType == UIItem_Themes && !ProductParam::text(ProductParam::moreAddress).isEmpty())
         rows.append(newRow(QString(), 0, QString()));
+    m_pModel->setColumnCount(1); // or Qt inserts the column while it inserts the rows
     m_pModel->invisibleRootItem()->appendRows(rows); // the model owns them
     m_pProxy->sortAgain();
     nameMoreRow();
@@ -195,7 +195,7 @@ QStandardItem* mvThemelistview::newRow(const QString& guid, int themeType, const
 void mvThemelistview::reapplyFilter(int themeType, QString text)
 {
     if (m_pProxy)
-        m_pProxy->setFilter(themeType, QRegExp(text, Qt::CaseInsensitive, QRegExp::RegExp));
+        m_pProxy->setFilter(themeType, MVThemeSortFilterProxyModel::ignoringCase(text));
     updateItemState();
 }
 

@@ -121,7 +121,7 @@ public:
     void updateItemSize();
 
     /// Shows the items of a theme type (see MVThemeSortFilterProxyModel) whose names contain a
-    /// match of `text`, a case-insensitive QRegExp pattern.
+    /// match of `text`, the pattern of a NamePattern that ignores case.
     void reapplyFilter(int themeType, QString text);
     /// Shows the items that pass `filter`, in its order, instead of what reapplyFilter() has set.
     /// Call it again after favourites, files, or the items of setUpdatable() and setNew() have

@@ -12,7 +12,6 @@
 #include "browser/SListFilter.h"
 #include "records/SCfg_Item.h"
 
-#include <QRegExp>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -57,7 +56,7 @@ void mvThemelistview::release()
         return;
     Kept kept;
     kept.themeType = m_pProxy->themeType();
-    kept.text = m_pProxy->filterRegExp().pattern();
+    kept.text = m_pProxy->namePattern().pattern();
     if (m_pProxy->hasListFilter())
         kept.filter = std::make_shared<const SListFilter>(m_pProxy->listFilter());
     kept.scroll = verticalScrollBar()->value();

@@ -105,7 +105,7 @@ bool PathGuard::isReallyInside(const QString& root, const QString& path)
     const int nameAt = path.lastIndexOf(QLatin1Char('/')) + 1;
     // Only the name of a link is not its real one; its folder may be a link in any case.
     const bool hasRealName = !file.isSymLink() && nameAt > 0 && nameAt < path.size();
-    const QString real = hasRealName ? realFolder(path.left(nameAt - 1)) + path.midRef(nameAt - 1)
+    const QString real = hasRealName ? realFolder(path.left(nameAt - 1)) + path.mid(nameAt - 1)
                                      : file.canonicalFilePath();
     if (real == path && path.startsWith(root + QLatin1Char('/')))
         return true; // a path without links has a root without links

@@ -4,7 +4,7 @@
 #include "host/AddressEncoder.h"
 
 #include <QLatin1String>
-#include <QStringRef>
+#include <QStringView>
 #include <QUrl>
 
 #include <algorithm>
@@ -12,7 +12,7 @@
 namespace {
 
 /// Returns whether a path is the same when it is encoded: RFC 3986 calls its characters unreserved.
-bool isPlain(const QStringRef& path)
+bool isPlain(QStringView path)
 {
     return std::all_of(path.cbegin(), path.cend(), [](QChar character) {
         const ushort c = character.unicode();
@@ -34,9 +34,9 @@ int pathStart(const QString& address)
 QByteArray AddressEncoder::encoded(const QString& address)
 {
     const int start = pathStart(address);
-    const QStringRef path = start < 0 ? QStringRef() : address.midRef(start);
+    const QStringView path = start < 0 ? QStringView() : QStringView(address).mid(start);
     const bool canReuse = start > 0 && isPlain(path);
-    if (canReuse && address.leftRef(start) == m_server)
+    if (canReuse && QStringView(address).left(start) == m_server)
         return m_encodedServer + path.toLatin1();
 
     const QUrl url(address, QUrl::TolerantMode);

@@ -53,7 +53,10 @@ private:
 class ContentDigest::Private
 {
 public:
-    void add(const char* bytes, qint64 length) { m_hash.addData(bytes, static_cast<int>(length)); }
+    void add(const char* bytes, qint64 length)
+    {
+        m_hash.addData(QByteArray::fromRawData(bytes, static_cast<int>(length)));
+    }
     void reset() { m_hash.reset(); }
     QByteArray result() const { return m_hash.result(); }
 

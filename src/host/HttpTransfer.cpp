@@ -310,8 +310,7 @@ bool HttpTransfer::isSameVersion() const
         return m_head.etag == m_request.validator;
     if (!m_request.validator.isEmpty())
         return m_head.lastModified.isEmpty() || m_head.lastModified == m_request.validator;
-    const QDateTime modified =
-        QDateTime::fromString(QString::fromLatin1(m_head.lastModified), Qt::RFC2822Date);
+    const QDateTime modified = ResponseHead::time(m_head.lastModified);
     return modified.isValid() && modified <= m_request.notAfter;
 }
 

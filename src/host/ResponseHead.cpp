@@ -3,7 +3,6 @@
 
 #include "host/ResponseHead.h"
 
-#include <QDateTime>
 #include <QList>
 
 #include <algorithm>
@@ -117,13 +116,19 @@ bool ResponseHead::isRedirect() const
 
 bool ResponseHead::hasStrongDate() const
 {
-    const auto parsed = [](const QByteArray& field) {
-        return QDateTime::fromString(QString::fromLatin1(field), Qt::RFC2822Date);
-    };
-    const QDateTime modified = parsed(lastModified);
-    const QDateTime answered = parsed(date);
+    const QDateTime modified = time(lastModified);
+    const QDateTime answered = time(date);
     return modified.isValid() && answered.isValid()
         && modified.secsTo(answered) >= strongDateSeconds;
+}
+
+QDateTime ResponseHead::time(QByteArray field)
+{
+    // Qt 6 reads zones as numbers only.
+    const QByteArray zone = "GMT";
+    if (field.endsWith(zone))
+        field.replace(field.size() - zone.size(), zone.size(), "+0000");
+    return QDateTime::fromString(QString::fromLatin1(field), Qt::RFC2822Date);
 }
 
 QByteArray ResponseHead::validator() const

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDateTime>
 
 /// The header of one HTTP answer (RFC 9110, RFC 9112), as far as a file download needs it. Internal
 /// to the library; a value type.
@@ -39,6 +40,8 @@ public:
     /// Returns whether the modification date identifies the version: it is so much older than the
     /// answer that the file cannot have changed twice in that second (RFC 9110, 8.8.2.2).
     bool hasStrongDate() const;
+    /// Returns the time of a field with a date (RFC 9110, 5.6.7); invalid if it is none.
+    static QDateTime time(QByteArray field);
     /// Returns the validator for a later range request: the entity tag if it is strong, or the
     /// modification date if there is no tag (RFC 9110, 13.1.5); otherwise empty.
     QByteArray validator() const;

@@ -34,7 +34,7 @@ QString Utils::getMD5(const QString& file)
         return QString();
     QCryptographicHash hash(QCryptographicHash::Md5);
     const bool isRead = RegularFile::readChunks(source, [&hash](const char* bytes, int length) {
-        hash.addData(bytes, length);
+        hash.addData(QByteArray::fromRawData(bytes, length));
         return true;
     });
     return isRead ? QString::fromLatin1(hash.result().toHex()) : QString();

@@ -6,7 +6,9 @@
 #include <QtGlobal>
 
 /// Exports the public symbols of the library mvmodel; all others are hidden.
-#if defined(MVMODEL_LIBRARY)
+#if defined(MV_STATIC)
+#define MVMODEL_EXPORT
+#elif defined(MVMODEL_LIBRARY)
 #define MVMODEL_EXPORT Q_DECL_EXPORT
 #else
 #define MVMODEL_EXPORT Q_DECL_IMPORT

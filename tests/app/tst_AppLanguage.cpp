@@ -7,7 +7,6 @@
 
 #include <QDialogButtonBox>
 #include <QFile>
-#include <QLibraryInfo>
 #include <QPushButton>
 
 /// Tests the language of Qt's own texts, such as dialog buttons.
@@ -48,7 +47,7 @@ void tst_AppLanguage::buttonsSpeakIt()
 {
     QFETCH(QString, language);
     QFETCH(QString, text);
-    const QString folder = QLibraryInfo::location(QLibraryInfo::TranslationsPath);
+    const QString folder = AppLanguage::qtTranslations();
     if (!QFile::exists(QStringLiteral("%1/qtbase_%2.qm").arg(folder, language)))
         QSKIP("Qt's translations are not installed");
     AppLanguage::install(language);

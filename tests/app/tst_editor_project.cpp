@@ -32,9 +32,9 @@ private:
 
 namespace {
 
-const QString alpha = QStringLiteral("Alpha");
-const QString beta = QStringLiteral("Beta");
-const QString gamma = QStringLiteral("Gamma");
+const QString alphaTheme = QStringLiteral("Alpha");
+const QString betaTheme = QStringLiteral("Beta");
+const QString gammaTheme = QStringLiteral("Gamma");
 
 } // namespace
 
@@ -49,7 +49,7 @@ QString tst_editor_project::write(const EditorWorld& world, const QByteArray& te
 QByteArray tst_editor_project::project()
 {
     QByteArray text = "{\"items\": [";
-    for (const QString& theme : {alpha, beta, gamma})
+    for (const QString& theme : {alphaTheme, betaTheme, gammaTheme})
         text += "\"" + EditorWorld::themeGuid(theme).toUtf8() + "\", ";
     return text + R"({"guid": "{00000000-0000-4000-8000-00000000ffff}", "name": "Old one"}]})";
 }
@@ -69,8 +69,8 @@ Outcome tst_editor_project::open(const EditorWorld& world, const QByteArray& ste
 void tst_editor_project::missingItemsAreFetchedTogether()
 {
     EditorWorld world;
-    world.fillRoot({alpha});
-    world.publishRelease({alpha, beta, gamma}, 10);
+    world.fillRoot({alphaTheme});
+    world.publishRelease({alphaTheme, betaTheme, gammaTheme}, 10);
     const QString file = write(world, project());
     VERIFY_ENDED_WELL(open(world, R"(
         wait quiet
@@ -88,8 +88,8 @@ void tst_editor_project::missingItemsAreFetchedTogether()
         wait ready Gamma
     )",
                            file));
-    QVERIFY(QFile::exists(world.themeFile(beta)));
-    QVERIFY(QFile::exists(world.themeFile(gamma)));
+    QVERIFY(QFile::exists(world.themeFile(betaTheme)));
+    QVERIFY(QFile::exists(world.themeFile(gammaTheme)));
     VERIFY_ENDED_WELL(open(world, R"(
         wait quiet
         wait text projectSummary "Ready: 3 of 4 items"
@@ -103,7 +103,7 @@ void tst_editor_project::missingItemsAreFetchedTogether()
 void tst_editor_project::downloadCanBeCancelled()
 {
     EditorWorld world;
-    world.publishRelease({alpha, beta, gamma}, 10);
+    world.publishRelease({alphaTheme, betaTheme, gammaTheme}, 10);
     const QByteArray archive =
         ReleasePaths::content(ContentDigest::ofBytes("PK\x03\x04 archive of Beta")).toUtf8();
     world.setFault([archive](HttpExchange& exchange, int) {
@@ -123,14 +123,14 @@ void tst_editor_project::downloadCanBeCancelled()
         wait lacking Beta
     )",
                            write(world, project())));
-    QVERIFY(!QFile::exists(world.themeFile(alpha)));
+    QVERIFY(!QFile::exists(world.themeFile(alphaTheme)));
 }
 
 void tst_editor_project::catalogueThatArrivesIsTakenIntoAccount()
 {
     EditorWorld world;
-    world.fillRoot({alpha});
-    world.publishRelease({alpha, beta, gamma}, 10);
+    world.fillRoot({alphaTheme});
+    world.publishRelease({alphaTheme, betaTheme, gammaTheme}, 10);
     const QString seen = world.folder() + QStringLiteral("/seen");
     world.setFault([seen](HttpExchange& exchange, int number) {
         constexpr int mostTurns = 2000;
@@ -155,8 +155,8 @@ void tst_editor_project::catalogueThatArrivesIsTakenIntoAccount()
 void tst_editor_project::projectIsChosenFromTheMenu()
 {
     EditorWorld world;
-    world.fillRoot({alpha});
-    const QString file = write(world, "[\"" + EditorWorld::themeGuid(alpha).toUtf8() + "\"]");
+    world.fillRoot({alphaTheme});
+    const QString file = write(world, "[\"" + EditorWorld::themeGuid(alphaTheme).toUtf8() + "\"]");
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
         wait quiet
         click action file
@@ -175,7 +175,7 @@ void tst_editor_project::projectIsChosenFromTheMenu()
 void tst_editor_project::damagedProjectIsExplained()
 {
     EditorWorld world;
-    world.fillRoot({alpha});
+    world.fillRoot({alphaTheme});
     VERIFY_ENDED_WELL(open(world, R"(
         wait text qt_msgbox_label "trip.json cannot be opened: line 2, column "
         screenshot damaged

@@ -5,11 +5,11 @@
 #include "download/CheckLines.h"
 #include "host/HostSettings.h"
 #include "records/SCfg_Item.h"
+#include "support/MetaTypes.h"
 #include "support/TestMain.h"
 #include "support/TransfersSideBySide.h"
 
 #include <QFile>
-#include <QMetaType>
 
 using namespace CheckLines;
 
@@ -87,7 +87,7 @@ void tst_CheckWorker_ThumbAndGif_run::init()
 void tst_CheckWorker_ThumbAndGif_run::itemsAreAMetaType()
 {
     const CheckWorker_ThumbAndGif worker;
-    QVERIFY(QMetaType::type("SCfg_Item") != QMetaType::UnknownType);
+    QVERIFY(isMetaType("SCfg_Item"));
 }
 
 void tst_CheckWorker_ThumbAndGif_run::themesThenFilters()

@@ -5,6 +5,7 @@
 #include "download/DownloadLines.h"
 #include "download/DownloadPacing.h"
 #include "host/HostSettings.h"
+#include "support/MetaTypes.h"
 #include "support/TestMain.h"
 
 #include <QElapsedTimer>
@@ -80,7 +81,7 @@ void tst_MVThemeDownLoader_object::signalsTravelThroughQueues()
     DownloadWorld world;
     SCfg_Item item = DownloadWorld::item(eCfgItem_Filter, 1);
     MVThemeDownLoader downloader(nullptr);
-    QVERIFY(QMetaType::type("EMVThemeDownLoadError") != QMetaType::UnknownType);
+    QVERIFY(isMetaType("EMVThemeDownLoadError"));
     QVector<int> results;
     QVector<double> values;
     connect(&downloader, &MVThemeDownLoader::progress, this,

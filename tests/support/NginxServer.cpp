@@ -84,11 +84,17 @@ QString directive(const QString& include)
     return include.isEmpty() ? QString() : QStringLiteral("include %1;").arg(include);
 }
 
-} // namespace
-
-void NginxServer::Process::setupChildProcess()
+/// Ends the server with the program, however that ends.
+void endWithTheProgram()
 {
     ::prctl(PR_SET_PDEATHSIG, SIGTERM);
+}
+
+} // namespace
+
+NginxServer::NginxServer()
+    : m_process(&endWithTheProgram)
+{
 }
 
 NginxServer::~NginxServer()

@@ -3,8 +3,9 @@
 
 #pragma once
 
+#include "console/PreparedProcess.h"
+
 #include <QByteArrayList>
-#include <QProcess>
 #include <QString>
 
 /// A real nginx on a free loopback port that serves a folder with its own configuration, run as the
@@ -12,7 +13,7 @@
 class NginxServer
 {
 public:
-    NginxServer() = default;
+    NginxServer();
     ~NginxServer();
     Q_DISABLE_COPY_MOVE(NginxServer)
 
@@ -41,16 +42,9 @@ public:
     QByteArrayList requests() const;
 
 private:
-    /// A process that never outlives the program, however the program ends.
-    class Process : public QProcess
-    {
-    protected:
-        void setupChildProcess() override;
-    };
-
     bool startOn(quint16 port, const QString& tree, const QString& work);
 
-    Process m_process;
+    PreparedProcess m_process;
     quint16 m_port = 0;
     QString m_include;
     QString m_module;

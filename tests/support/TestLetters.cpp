@@ -10,6 +10,8 @@
 #include <QSet>
 #include <QTest>
 
+#include <string>
+
 namespace {
 
 QSet<uint> lettersOfTheFonts()
@@ -34,8 +36,8 @@ QString lettersWithoutFont(const QString& text)
 {
     static const QSet<uint> known = lettersOfTheFonts();
     QString lacked;
-    const QVector<uint> letters = text.toUcs4();
-    for (const uint letter : letters) {
+    const std::u32string letters = text.toStdU32String();
+    for (const char32_t letter : letters) {
         if (QChar::isPrint(letter) && !known.contains(letter))
             lacked += QString::fromUcs4(&letter, 1);
     }

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The mvresource contributors
 // SPDX-License-Identifier: MIT
 
+#include "console/PreparedProcess.h"
 #include "DavServer.h"
 #include "Mvpublish.h"
 #include "RcloneServer.h"
@@ -13,7 +14,6 @@
 
 #include <QElapsedTimer>
 #include <QFileInfo>
-#include <QProcess>
 
 #include <csignal>
 #include <functional>
@@ -28,17 +28,18 @@ constexpr int longestMs = 20000;
 constexpr int spaces = 4; // at a time, each with its share of the moments
 
 /// A program with a process group of its own.
-class GroupProcess : public QProcess
+class GroupProcess : public PreparedProcess
 {
 public:
+    GroupProcess()
+        : PreparedProcess([] { ::setpgid(0, 0); })
+    {
+    }
     void killGroup()
     {
         if (processId() > 0)
             ::kill(-static_cast<pid_t>(processId()), SIGKILL);
     }
-
-protected:
-    void setupChildProcess() override { ::setpgid(0, 0); }
 };
 
 /// One web space to which uploads are killed, each at another moment.

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The mvresource contributors
 // SPDX-License-Identifier: MIT
 
+#include "console/PreparedProcess.h"
 #include "Mvres.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
@@ -28,19 +29,13 @@ QStringList favourite(const QString& guid)
     return {QStringLiteral("favourite"), guid};
 }
 
-/// A program that can write only the beginning of a file.
-class FullDiskProcess : public QProcess
+/// Lets a process write only the beginning of a file.
+void fillTheDisk()
 {
-    Q_OBJECT
-
-protected:
-    void setupChildProcess() override
-    {
-        std::signal(SIGXFSZ, SIG_IGN); // writing fails instead
-        const rlimit limit = {512, 512};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-};
+    std::signal(SIGXFSZ, SIG_IGN); // writing fails instead
+    const rlimit limit = {512, 512};
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+}
 
 } // namespace
 
@@ -221,7 +216,7 @@ void TestMvresFavourite::fullDiskLeavesTheOldMarks()
 {
     QCOMPARE(m_mvres.run(favourite(filter)).status, 0);
     QCOMPARE(m_mvres.run({QStringLiteral("list")}).status, 0); // enters all filters
-    FullDiskProcess process;
+    PreparedProcess process(&fillTheDisk);
     m_mvres.start(process, favourite(background));
     const Outcome outcome = ConsoleProgram::end(process);
     QCOMPARE(QString::fromUtf8(outcome.err),

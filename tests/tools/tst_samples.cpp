@@ -29,7 +29,7 @@ MVThemeMgr& manager()
     return *MVThemeMgr::init();
 }
 
-QVector<int> countsOf(const MVThemeMgr::SResourceXML& catalogue)
+QVector<qsizetype> countsOf(const MVThemeMgr::SResourceXML& catalogue)
 {
     return {catalogue.vecFilter.size(), catalogue.vecTransition.size(), catalogue.vecMotion.size(),
             catalogue.vecTheme.size(), catalogue.vecBgMaterial.size()};
@@ -101,7 +101,7 @@ void TestSamples::useRoot(const QString& name)
 void TestSamples::installationIsReadAsItStands()
 {
     manager().load(false);
-    QCOMPARE(countsOf(manager().getDisplayXML()), (QVector<int>{13, 6, 4, 6, 5}));
+    QCOMPARE(countsOf(manager().getDisplayXML()), (QVector<qsizetype>{13, 6, 4, 6, 5}));
     const MVThemeMgr::SResourceXML& display = manager().getDisplayXML();
     QCOMPARE(display.vecFilter.constFirst().m_qsGUID, noneGuid);
     QCOMPARE(display.vecBgMaterial.constFirst().m_qsGUID, noneGuid);
@@ -201,7 +201,7 @@ void TestSamples::serversCatalogueCanBeFetchedCompletely()
     DownloadPacing::setStep(std::chrono::milliseconds(1));
     installServersCatalogue();
     manager().load(false);
-    QCOMPARE(countsOf(manager().getCfgXML()), (QVector<int>{27, 12, 9, 15, 9}));
+    QCOMPARE(countsOf(manager().getCfgXML()), (QVector<qsizetype>{27, 12, 9, 15, 9}));
 
     for (const ECfgItemType kind : {eCfgItem_Theme, eCfgItem_Filter, eCfgItem_Transition,
                                     eCfgItem_Motion, eCfgItem_BgMaterial}) {
@@ -216,7 +216,7 @@ void TestSamples::serversCatalogueCanBeFetchedCompletely()
     // Now everything is shown, and the fetched files equal the published ones.
     manager().load(true);
     const MVThemeMgr::SResourceXML& display = manager().getDisplayXML();
-    QCOMPARE(countsOf(display), (QVector<int>{1 + 27, 12, 9, 15, 1 + 9}));
+    QCOMPARE(countsOf(display), (QVector<qsizetype>{1 + 27, 12, 9, 15, 1 + 9}));
     QCOMPARE(display.vecFilter.constFirst().m_qsGUID, noneGuid);
     QCOMPARE(display.vecBgMaterial.constFirst().m_qsGUID, noneGuid);
     QCOMPARE(themeTypesOf(display.vecTheme), (QVector<int>{0, 2, 3, 4}));

@@ -3,10 +3,9 @@
 
 #include "Columns.h"
 
-#include <QVector>
-
 #include <algorithm>
 #include <cwchar>
+#include <string>
 
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -15,20 +14,20 @@ namespace {
 
 constexpr int usualWidth = 80;
 
-int widthOf(uint character)
+int widthOf(char32_t character)
 {
     const int width = ::wcwidth(static_cast<wchar_t>(character));
     return width < 0 ? 1 : width; // printed as "?"
 }
 
 /// Returns as many leading characters as fit.
-QString fitting(const QVector<uint>& characters, int width)
+std::u32string fitting(const std::u32string& characters, int width)
 {
-    int count = 0;
+    std::size_t count = 0;
     int used = 0;
-    while (count < characters.size() && used + widthOf(characters.at(count)) <= width)
-        used += widthOf(characters.at(count++));
-    return QString::fromUcs4(characters.constData(), count);
+    while (count < characters.size() && used + widthOf(characters[count]) <= width)
+        used += widthOf(characters[count++]);
+    return characters.substr(0, count);
 }
 
 } // namespace
@@ -38,8 +37,8 @@ namespace Columns {
 int width(const QString& text)
 {
     int sum = 0;
-    const QVector<uint> characters = text.toUcs4();
-    for (const uint character : characters)
+    const std::u32string characters = text.toStdU32String();
+    for (const char32_t character : characters)
         sum += widthOf(character);
     return sum;
 }
@@ -55,14 +54,13 @@ QString elided(const QString& text, int width)
         return text;
     const QString dots = QStringLiteral("...");
     const int room = width - dots.size();
+    const std::u32string characters = text.toStdU32String();
     if (room < 2)
-        return fitting(text.toUcs4(), std::max(width, 0));
-    QVector<uint> backwards = text.toUcs4();
-    const QString front = fitting(backwards, room - room / 2);
-    std::reverse(backwards.begin(), backwards.end());
-    QVector<uint> back = fitting(backwards, room / 2).toUcs4();
+        return QString::fromStdU32String(fitting(characters, std::max(width, 0)));
+    const std::u32string front = fitting(characters, room - room / 2);
+    std::u32string back = fitting({characters.rbegin(), characters.rend()}, room / 2);
     std::reverse(back.begin(), back.end());
-    return front + dots + QString::fromUcs4(back.constData(), back.size());
+    return QString::fromStdU32String(front) + dots + QString::fromStdU32String(back);
 }
 
 int ofTerminal(int descriptor)

@@ -22,7 +22,7 @@ const QString catalogues = Editions::catalogueFolder + QLatin1Char('/');
 /// Returns the folder of an entry of the tree; empty for the tree itself.
 QString parentOf(const QString& name)
 {
-    return name.left(std::max(0, name.lastIndexOf(QLatin1Char('/'))));
+    return name.left(std::max(0, int(name.lastIndexOf(QLatin1Char('/')))));
 }
 
 } // namespace

@@ -90,6 +90,7 @@ void tst_MVThemeItemWdg::init()
     m_window->resize(400, 300);
     m_window->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+    QCursor::setPos(m_window->mapToGlobal(m_window->rect().bottomRight())); // on no cell
     m_slot = nullptr;
 }
 

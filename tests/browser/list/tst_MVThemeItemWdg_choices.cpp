@@ -140,7 +140,7 @@ void tst_MVThemeItemWdg_choices::menuKeyAsksForTheCurrentCell()
     hostSettings().leftButtonOnly = true;
     const QSignalSpy wanted(m_list->view(), &mvThemelistview::sigContextMenuRequested);
     m_list->view()->setCurrentIndex(m_list->view()->model()->index(0, 0));
-    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint());
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
     QCoreApplication::sendEvent(m_list->view(), &event);
     QVERIFY(event.isAccepted());
     QCOMPARE(wanted.size(), 1);
@@ -174,7 +174,7 @@ void tst_MVThemeItemWdg_choices::noMenuWithoutAnItem()
     QCOMPARE(list.view()->model()->rowCount(), 3);
     const QSignalSpy wanted(list.view(), &mvThemelistview::sigContextMenuRequested);
     list.view()->setCurrentIndex(list.view()->model()->index(row, 0));
-    QContextMenuEvent event(static_cast<QContextMenuEvent::Reason>(reason), QPoint());
+    QContextMenuEvent event(static_cast<QContextMenuEvent::Reason>(reason), QPoint(), QPoint());
     QCoreApplication::sendEvent(list.view(), &event);
     QCOMPARE(wanted.size(), 0);
     QVERIFY(!event.isAccepted()); // the host's own menu may come

@@ -124,11 +124,15 @@ SampleList::SampleList(EUIItemType type, const QSize& size)
     m_view->reapplyFilter(999, {});
     m_view->resize(size);
     m_window->resize(size);
+    // Beside the window, so that the list does not open below the cursor.
+    const auto moveAway = [this] {
+        QCursor::setPos(m_window->geometry().bottomRight() + QPoint(50, 50));
+    };
+    moveAway();
     m_window->show();
     if (!QTest::qWaitForWindowExposed(m_window.get()))
         qFatal("the window does not show");
-    // Beside the window, so that the list does not open below the cursor.
-    QCursor::setPos(m_window->geometry().bottomRight() + QPoint(50, 50));
+    moveAway(); // the window may have been placed
     QCoreApplication::processEvents();
 }
 

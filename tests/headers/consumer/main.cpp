@@ -21,5 +21,11 @@ int main(int argc, char** argv)
     // Uses symbols of the other libraries, so that the linker needs them too.
     mvThemelistview view;
     view.setUIItemType(UIItem_Themes);
-    return SkinWidget::instance()->themeItemSize() == QSize(-1, -1) ? 0 : 1;
+    if (SkinWidget::instance()->themeItemSize() != QSize(-1, -1))
+        return 1;
+    // What the libraries have compiled in.
+    if (BrowserSkin::styleSheet(QStringLiteral("Classical")).isEmpty()
+        || !BrowserSkin::windowColors(QStringLiteral("Classical")).window.isValid())
+        return 3;
+    return BrowserLanguage::install(QStringLiteral("de")) ? 0 : 4;
 }

@@ -4,11 +4,11 @@
 #include "upload/Rclone.h"
 
 #include "Console.h"
+#include "PreparedProcess.h"
 
 #include <QEventLoop>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTimer>
@@ -34,23 +34,6 @@ void prepareChild()
     ::prctl(PR_SET_PDEATHSIG, SIGTERM);
 #endif
 }
-
-class Child : public QProcess
-{
-public:
-#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
-    Child()
-    {
-        setChildProcessModifier(&prepareChild);
-    }
-#else
-protected:
-    void setupChildProcess() override
-    {
-        prepareChild();
-    }
-#endif
-};
 
 /// Returns the log as lines of JSON, with the progress in between.
 QStringList logOptions()
@@ -91,7 +74,7 @@ bool Rclone::run(const QStringList& arguments, QByteArray* out)
     m_status = -1;
     if (m_isCancelled && !m_isProtected)
         return false;
-    Child process;
+    PreparedProcess process(&prepareChild);
     QEventLoop loop;
     QObject::connect(&process, &QProcess::readyReadStandardError, &loop, [this] { readLog(); });
     QObject::connect(&process, qOverload<int, QProcess::ExitStatus>(&QProcess::finished), &loop,
