@@ -109,7 +109,7 @@ void TransferPool::Private::reportEnded()
     const std::vector<Running> ended(firstEnded, running.end());
     running.erase(firstEnded, running.end());
     for (const Running& download : ended) {
-        const STransferOutcome outcome = *download->outcome();
+        const STransferOutcome outcome = download->outcome().value_or(STransferOutcome());
         const Job& job = download->job();
         const Download::Counts counts = download->counts();
         if (job.progress && outcome.m_eResult == eTransfer_Success && !outcome.m_bNotModified)

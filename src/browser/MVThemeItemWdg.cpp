@@ -23,10 +23,12 @@
 
 namespace {
 
-/// Returns whether a click with this button applies or downloads items.
-bool isActing(Qt::MouseButton button)
+/// Returns whether a click applies or downloads items. Without leftButtonOnly the button is not
+/// asked for.
+bool isActing(const QEvent& click)
 {
-    return !hostSettings().leftButtonOnly || button == Qt::LeftButton;
+    return !hostSettings().leftButtonOnly
+        || static_cast<const QMouseEvent&>(click).button() == Qt::LeftButton;
 }
 
 } // namespace
@@ -315,9 +317,9 @@ void MVThemeItemWdg::releaseItem()
     m_pUi->frmShow->releaseItem();
 }
 
-void MVThemeItemWdg::onClick(Qt::MouseButton button)
+void MVThemeItemWdg::onClick(const QEvent& click)
 {
-    if (std::exchange(m_bDoubleClicked, false) || !isActing(button))
+    if (std::exchange(m_bDoubleClicked, false) || !isActing(click))
         return;
     if (m_eApplyOn == EApplyOn::DoubleClickOrEnter)
         emit previewRequested(m_pItem);
@@ -326,9 +328,9 @@ void MVThemeItemWdg::onClick(Qt::MouseButton button)
 }
 
 /// Returns whether the second press of a double click has a meaning of its own.
-bool MVThemeItemWdg::onDoubleClick(Qt::MouseButton button)
+bool MVThemeItemWdg::onDoubleClick(const QEvent& click)
 {
-    if (m_eApplyOn != EApplyOn::DoubleClickOrEnter || !isActing(button))
+    if (m_eApplyOn != EApplyOn::DoubleClickOrEnter || !isActing(click))
         return false;
     m_bDoubleClicked = true;
     doApplyTheme();
@@ -341,11 +343,10 @@ bool MVThemeItemWdg::eventFilter(QObject* watched, QEvent* event)
         return QFrame::eventFilter(watched, event);
     switch (event->type()) {
     case QEvent::MouseButtonRelease:
-        onClick(static_cast<QMouseEvent*>(event)->button());
+        onClick(*event);
         return true;
     case QEvent::MouseButtonDblClick:
-        return onDoubleClick(static_cast<QMouseEvent*>(event)->button())
-            || QFrame::eventFilter(watched, event);
+        return onDoubleClick(*event) || QFrame::eventFilter(watched, event);
     case QEvent::ContextMenu:
         if (!hostSettings().leftButtonOnly)
             return QFrame::eventFilter(watched, event);

@@ -176,8 +176,8 @@ signals:
 private:
     void endDownload();
     void onProgress(double percent);
-    void onClick(Qt::MouseButton button);
-    bool onDoubleClick(Qt::MouseButton button);
+    void onClick(const QEvent& click);
+    bool onDoubleClick(const QEvent& click);
 
     std::unique_ptr<Ui::MVThemeItemWdg> m_pUi;
     SCfg_Item* m_pItem = nullptr;

@@ -186,9 +186,9 @@ void tst_platform::refusesContentThatWasNotPublished()
     QVERIFY(serve(tree.folder()));
     const Outcome outcome = fetch(SmallSource::guid(QStringLiteral("film")));
     QCOMPARE(outcome.status, 1);
-    QVERIFY2(
-        outcome.lines().last().contains(QStringLiteral("the content is not the published one")),
-        outcome.out.constData());
+    QVERIFY2(outcome.lines().constLast().contains(
+                 QStringLiteral("the content is not the published one")),
+             outcome.out.constData());
     QVERIFY(!downloaded().contains(archive));
 }
 
@@ -203,8 +203,9 @@ void tst_platform::reportsAMissingFile()
     QVERIFY(serve(tree.folder()));
     const Outcome outcome = fetch(SmallSource::guid(QStringLiteral("film")));
     QCOMPARE(outcome.status, 1);
-    QVERIFY2(outcome.lines().last().contains(QStringLiteral("Slow Song.mp3: HTTP status 404 ")),
-             outcome.out.constData());
+    QVERIFY2(
+        outcome.lines().constLast().contains(QStringLiteral("Slow Song.mp3: HTTP status 404 ")),
+        outcome.out.constData());
     QVERIFY(!downloaded().contains(QStringLiteral("config/ThemesBgm/Slow Song.mp3")));
     QVERIFY(downloaded().size() > 5); // the others
 }
@@ -215,7 +216,7 @@ void tst_platform::reportsAServerThatIsNotThere()
     const QString gone = m_server.url();
     m_server.stop();
     const Outcome outcome = fetch(QStringLiteral("{1611435C-464C-5F2E-B9D6-2247770B2131}"), gone);
-    QVERIFY2(outcome.lines().first().startsWith(QStringLiteral("check: 2 ")),
+    QVERIFY2(outcome.lines().constFirst().startsWith(QStringLiteral("check: 2 ")),
              outcome.out.constData());
 }
 
