@@ -14,7 +14,7 @@ set(packages ${WORK_FOLDER}/packages)
 file(REMOVE_RECURSE ${WORK_FOLDER})
 
 set(missing libzip cpp-httplib)
-set(find_options -DCMAKE_DISABLE_FIND_PACKAGE_X11=ON -DCMAKE_DISABLE_FIND_PACKAGE_Qt5Quick=ON)
+set(find_options -DCMAKE_DISABLE_FIND_PACKAGE_X11=ON -DCMAKE_DISABLE_FIND_PACKAGE_Qt${MV_QT}Quick=ON)
 if(CASE STREQUAL "demoAlone")
     set(missing libzip)
     set(find_options)
@@ -40,8 +40,8 @@ function(configure source)
     execute_process(
         COMMAND
             ${CMAKE_COMMAND} -E env --unset=PKG_CONFIG_PATH PKG_CONFIG_LIBDIR=${packages} ${CMAKE_COMMAND} -S
-            ${source} -B ${WORK_FOLDER}/build -G Ninja -DCMAKE_CXX_COMPILER=${COMPILER} ${find_options}
-            ${ARGN}
+            ${source} -B ${WORK_FOLDER}/build -G Ninja -DCMAKE_CXX_COMPILER=${COMPILER} -DMV_QT=${MV_QT}
+            ${find_options} ${ARGN}
         RESULT_VARIABLE result
         OUTPUT_VARIABLE output
         ERROR_VARIABLE output)
@@ -93,7 +93,7 @@ elseif(CASE STREQUAL "demoAlone")
 elseif(CASE STREQUAL "missingPart")
     set(libraries -DMV_BUILD_APP=OFF -DMV_BUILD_TESTS=OFF)
     refuses("cpp-httplib" ${libraries} -DMV_BUILD_TOOLS=ON -DMV_BUILD_DEMO=OFF)
-    refuses("Qt5Quick" ${libraries} -DMV_BUILD_TOOLS=OFF -DMV_BUILD_DEMO=OFF -DMV_BUILD_QML=ON)
+    refuses("Qt${MV_QT}Quick" ${libraries} -DMV_BUILD_TOOLS=OFF -DMV_BUILD_DEMO=OFF -DMV_BUILD_QML=ON)
     refuses("MV_BUILD_DEMO needs MV_BUILD_APP" ${libraries} -DMV_BUILD_TOOLS=OFF -DMV_BUILD_DEMO=ON)
 elseif(CASE STREQUAL "subproject")
     configure(${CMAKE_CURRENT_LIST_DIR}/host -DMVRESOURCE=${PROJECT_FOLDER})
