@@ -112,7 +112,7 @@ QString ItemFacts::resourceLabel(const QString& fileName)
 {
     const QFileInfo file(fileName);
     const QString suffix = file.suffix().toLower();
-    const QString name = file.completeBaseName();
+    QString name = file.completeBaseName();
     static const QStringList music{QStringLiteral("mp3"), QStringLiteral("ogg"),
                                    QStringLiteral("wav"), QStringLiteral("m4a"),
                                    QStringLiteral("aac"), QStringLiteral("flac")};

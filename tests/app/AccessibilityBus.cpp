@@ -3,8 +3,6 @@
 
 #include "AccessibilityBus.h"
 
-#include <utility>
-
 namespace {
 
 constexpr int longestMs = 20000;
@@ -20,8 +18,8 @@ void end(QProcess& process)
 
 } // namespace
 
-AccessibilityBus::AccessibilityBus(QProcessEnvironment environment)
-    : m_environment(std::move(environment))
+AccessibilityBus::AccessibilityBus(const QProcessEnvironment& environment)
+    : m_environment(environment)
 {
     for (QProcess* const process : {&m_session, &m_launcher})
         process->setStandardErrorFile(QProcess::nullDevice());

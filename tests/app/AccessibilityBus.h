@@ -21,7 +21,7 @@ class AccessibilityBus
 {
 public:
     /// The environment is that of the programs on the bus.
-    explicit AccessibilityBus(QProcessEnvironment environment);
+    explicit AccessibilityBus(const QProcessEnvironment& environment);
     ~AccessibilityBus();
     Q_DISABLE_COPY_MOVE(AccessibilityBus)
 
