@@ -17,7 +17,7 @@ QString SkinTemplate::fill(const QString& text, const QMap<QString, QString>& va
         const QString name = match.captured(1);
         if (!values.contains(name) && match.capturedLength(2) == 0)
             faults.append(QStringLiteral("the placeholder \"%1\" has no value").arg(name));
-        filled += text.mid(copied, match.capturedStart() - copied);
+        filled.append(text.constData() + copied, match.capturedStart() - copied);
         filled += values.value(name, match.captured(3));
         copied = match.capturedEnd();
         unused.remove(name);

@@ -51,8 +51,9 @@ mvThemelistview::mvThemelistview(QWidget* parent)
         });
     }
     // A download may bring files of other items, too.
-    for (const auto signal : {&CellEvents::downloadStarted, &CellEvents::itemApplied})
-        connect(CellEvents::instance(), signal, this, &mvThemelistview::updateMarks);
+    connect(CellEvents::instance(), &CellEvents::downloadStarted, this,
+            &mvThemelistview::updateMarks);
+    connect(CellEvents::instance(), &CellEvents::itemApplied, this, &mvThemelistview::updateMarks);
     connect(CellEvents::instance(), &CellEvents::downloadEnded, this,
             &mvThemelistview::updateMarks);
     // The style sheet has matched them as parts of a QListView, the class until now.

@@ -249,7 +249,7 @@ Removal ResourceStorage::removeItem(SCfg_Item& item) const
         return planned;
     Removal removal;
     const QString folder = planned.files.isEmpty() ? QString() : newRemovedFolder();
-    for (const Moved& file : planned.files) {
+    for (const Moved& file : qAsConst(planned.files)) {
         if (!moveAside(file.path, folder, removal)) {
             undo(removal);
             removal = Removal();
