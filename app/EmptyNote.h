@@ -16,7 +16,8 @@ class EmptyNote : public QWidget
 public:
     explicit EmptyNote(QWidget* parent);
 
-    /// Without an `action` there is no button.
+    /// Sets the reason why the list is empty and the label of the button, which is hidden if
+    /// `action` is empty.
     void setTexts(const QString& why, const QString& action);
 
 signals:

@@ -25,7 +25,7 @@ void FavouriteBar::showRemoval(const ItemKey& item)
 
 void FavouriteBar::retranslate()
 {
-    setTexts(tr("“%1” is no longer a favorite").arg(m_item.name()), tr("Undo"));
+    setTexts(tr("“%1” was removed from the favorites").arg(m_item.name()), tr("Undo"));
 }
 
 void FavouriteBar::act()

@@ -8,7 +8,7 @@
 
 class QTimer;
 
-/// Tells for a while that an item is no longer a favorite, and offers to make it one again.
+/// Announces for a few seconds that an item was removed from the favorites, with an undo button.
 class FavouriteBar : public NoticeBar
 {
     Q_OBJECT

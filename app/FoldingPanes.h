@@ -7,8 +7,8 @@
 
 class QPushButton;
 
-/// The lists and, beside them, the details, which can be folded away. Where there is no room for
-/// both, the details fold by themselves, and take the place of the lists when they are asked for.
+/// Shows the lists and, beside them, the details, which the user can fold away. A window too narrow
+/// for both folds the details, and shows them in place of the lists on request.
 class FoldingPanes : public QSplitter
 {
     Q_OBJECT
@@ -27,7 +27,7 @@ public:
     bool isUnfolded() const { return m_isUnfolded; }
     /// Shows the details, wherever there is room.
     void showDetails();
-    /// Returns whether there is no room for both.
+    /// Returns whether the window is too narrow for both.
     bool isNarrow() const { return m_isNarrow; }
 
     QSize minimumSizeHint() const override;

@@ -15,7 +15,7 @@ class ItemMenu : public QMenu
     Q_OBJECT
 
 public:
-    /// What the menu offers depends on these facts.
+    /// Decides which actions the menu offers.
     struct Facts
     {
         SCellState state;

@@ -224,7 +224,7 @@ void ResourceList::explain(FilterPart part)
                              tr("Show what can be downloaded"));
         return;
     case FilterPart::Outdated:
-        m_whyEmpty->setTexts(tr("There are no updates for these"), tr("Show the others, too"));
+        m_whyEmpty->setTexts(tr("No updates are available"), tr("Show all items"));
         return;
     }
 }

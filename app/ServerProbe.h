@@ -24,7 +24,7 @@ public:
         QString address;          ///< that was asked
         QString version;          ///< of the catalogue
         QDateTime published;      ///< invalid: the server has no releases
-        STransferFailure failure; ///< why nothing was found; none: what was found is no catalogue
+        STransferFailure failure; ///< of the request; none: the answer was not a catalogue
     };
 
     explicit ServerProbe(QObject* parent);

@@ -25,7 +25,7 @@ class SettingsDialog : public QDialog
     Q_OBJECT
 
 public:
-    /// What the command line has set and the dialog cannot change.
+    /// Marks the settings that the command line overrides; the dialog disables them.
     struct Given
     {
         bool server = false;

@@ -13,7 +13,7 @@
 /// their operands and options, and the exit statuses.
 struct ProgramTable
 {
-    /// What a shell offers for an operand or an option's value.
+    /// The completions that a shell offers for an operand or an option's value.
     enum class Offer { Nothing, Words, Files, Folders };
 
     /// A placeholder of operands and options, such as DIR or KIND.
@@ -71,7 +71,8 @@ struct ProgramTable
     QList<QCommandLineOption> allOptions() const;
     /// Returns the options that a command takes: its own, those of every command, and for help.
     QList<QCommandLineOption> optionsOf(const Command& command) const;
-    /// Returns the values that a word of a usage line stands for: "[FILE|GUID...]" for two.
+    /// Returns the values that a word of a usage line names, such as FILE and GUID for
+    /// "[FILE|GUID...]".
     QVector<Value> valuesOf(const QString& word) const;
     /// Returns the exit statuses of a command: the program's, then its own.
     QVector<Status> statusesOf(const Command& command) const;

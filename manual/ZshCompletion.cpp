@@ -9,7 +9,7 @@ namespace {
 
 using Offer = ProgramTable::Offer;
 
-/// Returns a text within single quotes, in which `special` characters stand for themselves.
+/// Returns a text within single quotes, with the `special` characters escaped.
 QString quoted(QString text, const char* special)
 {
     for (const char* sign = special; *sign != '\0'; ++sign)
@@ -33,9 +33,10 @@ QString action(const QVector<ProgramTable::Value>& values)
                            : QStringLiteral("(%1)").arg(words.join(QLatin1Char(' ')));
 }
 
-QStringList optionSpecs(const ProgramTable& table, const QList<QCommandLineOption>& options)
+/// Returns the descriptions of options as zsh's _arguments takes them.
+QStringList optionArguments(const ProgramTable& table, const QList<QCommandLineOption>& options)
 {
-    QStringList specs;
+    QStringList described;
     for (const QCommandLineOption& option : options) {
         const QString help = quoted(option.description(), "\\[]:");
         const QStringList names = option.names();
@@ -46,34 +47,34 @@ QStringList optionSpecs(const ProgramTable& table, const QList<QCommandLineOptio
                 ? QString()
                 : QStringLiteral(":%1:%2").arg(quoted(option.valueName(), "\\:"),
                                                action(table.valuesOf(option.valueName())));
-            specs.append(QStringLiteral("'*%1%2%3[%4]%5'")
-                             .arg(dashes, name,
-                                  value.isEmpty() || isShort ? QString() : QStringLiteral("="),
-                                  help, value));
+            described.append(QStringLiteral("'*%1%2%3[%4]%5'")
+                                 .arg(dashes, name,
+                                      value.isEmpty() || isShort ? QString() : QStringLiteral("="),
+                                      help, value));
         }
     }
-    return specs;
+    return described;
 }
 
-QStringList operandSpecs(const ProgramTable& table, const QString& operands)
+QStringList operandArguments(const ProgramTable& table, const QString& operands)
 {
-    QStringList specs;
+    QStringList described;
     const QStringList words = operands.split(QLatin1Char(' '), Qt::SkipEmptyParts);
     for (int number = 0; number < words.size(); ++number) {
         const QString& word = words.at(number);
         const QString position =
             word.contains(QLatin1String("...")) ? QStringLiteral("*") : QString::number(number + 1);
-        specs.append(QStringLiteral("'%1:%2:%3'")
-                         .arg(position, quoted(word, "\\:"), action(table.valuesOf(word))));
+        described.append(QStringLiteral("'%1:%2:%3'")
+                             .arg(position, quoted(word, "\\:"), action(table.valuesOf(word))));
     }
-    return specs;
+    return described;
 }
 
-QString arguments(const QStringList& specs, int indent)
+QString arguments(const QStringList& described, int indent)
 {
     const QString margin = QStringLiteral(" \\\n") + QString(indent + 4, QLatin1Char(' '));
     return QString(indent, QLatin1Char(' ')) + QStringLiteral("_arguments -C")
-        + (specs.isEmpty() ? QString() : margin + specs.join(margin)) + QLatin1Char('\n');
+        + (described.isEmpty() ? QString() : margin + described.join(margin)) + QLatin1Char('\n');
 }
 
 QString commandList(const ProgramTable& table)
@@ -92,8 +93,8 @@ QString commandCases(const ProgramTable& table)
                                   "        case $words[1] in\n");
     for (const ProgramTable::Command& command : table.commands) {
         text += QStringLiteral("        %1)\n").arg(command.name)
-            + arguments(optionSpecs(table, table.optionsOf(command))
-                            + operandSpecs(table, command.operands),
+            + arguments(optionArguments(table, table.optionsOf(command))
+                            + operandArguments(table, command.operands),
                         12)
             + QStringLiteral("            ;;\n");
     }
@@ -107,14 +108,14 @@ QString commandCases(const ProgramTable& table)
 
 QString of(const ProgramTable& table)
 {
-    QStringList specs = optionSpecs(
+    QStringList described = optionArguments(
         table,
         table.options
             + QList<QCommandLineOption>{ProgramTable::helpOption(), ProgramTable::versionOption()});
     const bool hasCommands = !table.commands.isEmpty();
-    specs += hasCommands
+    described += hasCommands
         ? QStringList{QStringLiteral("'(-): :->command'"), QStringLiteral("'(-)*:: :->argument'")}
-        : operandSpecs(table, table.operands);
+        : operandArguments(table, table.operands);
     return QStringLiteral("#compdef %1\n"
                           "# Completes the command line of %1 in zsh.\n"
                           "\n"
@@ -122,7 +123,7 @@ QString of(const ProgramTable& table)
                           "    local curcontext=\"$curcontext\" state line\n"
                           "    local -a commands\n")
                .arg(table.name)
-        + (hasCommands ? commandList(table) : QString()) + arguments(specs, 4)
+        + (hasCommands ? commandList(table) : QString()) + arguments(described, 4)
         + (hasCommands ? commandCases(table) : QString())
         + QStringLiteral("}\n\n_%1 \"$@\"\n").arg(table.name);
 }

@@ -228,7 +228,7 @@
 <context>
     <name>FavouriteBar</name>
     <message>
-        <source>“%1” is no longer a favorite</source>
+        <source>“%1” was removed from the favorites</source>
         <translation>„%1“ ist kein Favorit mehr</translation>
     </message>
     <message>
@@ -821,11 +821,11 @@ Zeigen Sie auf eine Zelle und drücken Sie ihr Herz, oder drücken Sie F</transl
         <translation>Auch Ladbares zeigen</translation>
     </message>
     <message>
-        <source>There are no updates for these</source>
+        <source>No updates are available</source>
         <translation>Hierfür gibt es keine Neuerungen</translation>
     </message>
     <message>
-        <source>Show the others, too</source>
+        <source>Show all items</source>
         <translation>Auch die anderen zeigen</translation>
     </message>
 </context>

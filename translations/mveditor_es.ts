@@ -228,7 +228,7 @@
 <context>
     <name>FavouriteBar</name>
     <message>
-        <source>“%1” is no longer a favorite</source>
+        <source>“%1” was removed from the favorites</source>
         <translation>«%1» ya no es favorito</translation>
     </message>
     <message>
@@ -821,11 +821,11 @@ Señale una celda y pulse su corazón, o pulse F</translation>
         <translation>Mostrar lo que se puede descargar</translation>
     </message>
     <message>
-        <source>There are no updates for these</source>
+        <source>No updates are available</source>
         <translation>No hay novedades para estos</translation>
     </message>
     <message>
-        <source>Show the others, too</source>
+        <source>Show all items</source>
         <translation>Mostrar también los demás</translation>
     </message>
 </context>

@@ -228,7 +228,7 @@
 <context>
     <name>FavouriteBar</name>
     <message>
-        <source>“%1” is no longer a favorite</source>
+        <source>“%1” was removed from the favorites</source>
         <translation>«&#xa0;%1&#xa0;» n’est plus un favori</translation>
     </message>
     <message>
@@ -821,11 +821,11 @@ Pointez une cellule et cliquez sur son cœur, ou appuyez sur F</translation>
         <translation>Afficher ce qui peut être téléchargé</translation>
     </message>
     <message>
-        <source>There are no updates for these</source>
+        <source>No updates are available</source>
         <translation>Pas de mises à jour pour ceux-ci</translation>
     </message>
     <message>
-        <source>Show the others, too</source>
+        <source>Show all items</source>
         <translation>Afficher aussi les autres</translation>
     </message>
 </context>

@@ -225,7 +225,7 @@
 <context>
     <name>FavouriteBar</name>
     <message>
-        <source>“%1” is no longer a favorite</source>
+        <source>“%1” was removed from the favorites</source>
         <translation>「%1」をお気に入りから外しました</translation>
     </message>
     <message>
@@ -814,11 +814,11 @@ Point at a cell and press its heart, or press F</source>
         <translation>ダウンロードできるものも表示</translation>
     </message>
     <message>
-        <source>There are no updates for these</source>
+        <source>No updates are available</source>
         <translation>この中に更新はありません</translation>
     </message>
     <message>
-        <source>Show the others, too</source>
+        <source>Show all items</source>
         <translation>ほかのものも表示</translation>
     </message>
 </context>

@@ -225,7 +225,7 @@
 <context>
     <name>FavouriteBar</name>
     <message>
-        <source>“%1” is no longer a favorite</source>
+        <source>“%1” was removed from the favorites</source>
         <translation>“%1”已不再是收藏</translation>
     </message>
     <message>
@@ -814,11 +814,11 @@ Point at a cell and press its heart, or press F</source>
         <translation>显示可下载的内容</translation>
     </message>
     <message>
-        <source>There are no updates for these</source>
+        <source>No updates are available</source>
         <translation>这些没有更新</translation>
     </message>
     <message>
-        <source>Show the others, too</source>
+        <source>Show all items</source>
         <translation>也显示其他内容</translation>
     </message>
 </context>

@@ -27,8 +27,8 @@ void configure(const QStringList& arguments)
     settings.downloadStepMs = 0;
 }
 
-/// Downloads what the theme lacks; the program ends with the download. `owner` goes before the
-/// application object, as threads must.
+/// Downloads the missing files of the theme and quits when the download has ended. `owner` must be
+/// destroyed before the application object, since it owns a thread.
 void fetch(const QString& guid, QObject* owner)
 {
     SCfg_Item* const theme = MVThemeMgr::init()->findItemByIDFromDisplay(eCfgItem_Theme, guid);

@@ -7,7 +7,7 @@
 /// says. A value type; see mvThemelistview::stateOf().
 struct SCellState
 {
-    /// What is known of the item's files.
+    /// The state of the item's files.
     enum class Files {
         OnDisk,      ///< the item can be applied
         Missing,     ///< it must be downloaded first

@@ -20,7 +20,7 @@ struct SFileInfo;
 class MVRESOURCE_EXPORT ItemFiles
 {
 public:
-    /// What an item uses a file for.
+    /// The purpose of a file within its item.
     enum class Role {
         Thumbnail,
         Preview, ///< animated

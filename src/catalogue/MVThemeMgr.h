@@ -68,7 +68,7 @@ public:
         QVector<SCfg_Item>* ofKind(ECfgItemType k);
         /// Returns the same for reading.
         const QVector<SCfg_Item>* ofKind(ECfgItemType k) const;
-        /// Returns whether there is no item of any kind.
+        /// Returns whether all five vectors are empty.
         bool isEmpty() const;
 
         QVector<SCfg_Item> vecFilter;     ///< video filters

@@ -15,7 +15,7 @@ struct SValidators
     /// The modification date alone identifies the version, see ResponseHead::hasStrongDate().
     bool m_bStrongDate = false;
 
-    /// Returns whether there is no validator.
+    /// Returns whether both validators are missing.
     bool isEmpty() const { return m_etag.isEmpty() && m_lastModified.isEmpty(); }
     /// Returns whether equal validators prove that nothing has changed.
     bool areReliable() const { return !m_etag.isEmpty() || m_bStrongDate; }

@@ -103,7 +103,7 @@ void tst_editor_find::onlyUpdates()
         press Ctrl+U
         wait message "1 item fetched"
         wait shown 0
-        wait text whyEmpty "There are no updates for these"
+        wait text whyEmpty "No updates are available"
         click widget whyEmptyAction
         wait shown 4
     )")));
@@ -118,7 +118,7 @@ void tst_editor_find::emptyListNamesTheFilterInTheWay_data()
     QTest::newRow("favorites") << QStringLiteral("click widget onlyFavourites\n")
                                << QStringLiteral("No favorites yet");
     QTest::newRow("updates") << QStringLiteral("click widget onlyOutdated\n")
-                             << QStringLiteral("There are no updates for these");
+                             << QStringLiteral("No updates are available");
     QTest::newRow("type") << QStringLiteral("click widget themeType\npress End\npress Enter\n")
                           << QStringLiteral("No themes of this type");
 }

@@ -110,7 +110,7 @@ void tst_editor_menu::favoriteBeforeTheDownloadAndBack()
         rightclick cell Alpha
         click action itemFavourite
         wait plain Alpha
-        wait text favouriteBarText "“Alpha” is no longer a favorite"
+        wait text favouriteBarText "“Alpha” was removed from the favorites"
         click widget favouriteBarAction
         wait favourite Alpha
         wait gone favouriteBarText
