@@ -11,7 +11,8 @@ template <class T>
 class Immortal;
 class MVThemeMgr;
 
-/// Announces loads of the catalogue to everything that holds pointers into it. One object per
+/// Announces loads of the catalogue, and changes of the download root, to everything that holds
+/// pointers into the catalogue or looks for its files. One object per
 /// process, on the thread of its application object; the signals come on the thread that loads.
 class MVRESOURCE_EXPORT CatalogueChanges : public QObject
 {
@@ -22,8 +23,9 @@ public:
     static CatalogueChanges* instance();
 
 signals:
-    /// The catalogue is about to be loaded or cleared: receivers stop using its items and give back
-    /// every CatalogueUse before they return, or the call is refused.
+    /// The catalogue is about to be loaded or cleared, or its download root set: receivers stop
+    /// using its items and paths and give back every CatalogueUse before they return, or a load is
+    /// refused.
     void announced();
     /// The announced call has ended. All pointers into the catalogue are invalid if `hasChanged` is
     /// true; otherwise it was refused and nothing has changed.

@@ -3,6 +3,7 @@
 
 // MVThemeMgr: folders, catalogue files and server addresses.
 
+#include "catalogue/CatalogueChanges.h"
 #include "catalogue/MVThemeMgr.h"
 #include "catalogue/PathGuard.h"
 #include "host/LogL.h"
@@ -47,6 +48,8 @@ QString serverRoot()
 void MVThemeMgr::setResourceSaveRootPath(const QString& path)
 {
     LogL("MVThemeMgr", 2, "Resource root path: %s", path.toUtf8().constData());
+    CatalogueChanges* const changes = CatalogueChanges::instance();
+    emit changes->announced(); // threads that look for files read the root
     m_qsSaveRoot = path;
     // A link below the root would create folders elsewhere.
     for (const SKindInfo& kind : KindTable::all()) {
@@ -54,6 +57,7 @@ void MVThemeMgr::setResourceSaveRootPath(const QString& path)
             PathGuard::ensureDir(path, Path_resource_Dir(eLoadDir_Download, half, kind.type));
     }
     PathGuard::ensureDir(path, path + QStringLiteral("/imgThumb"));
+    emit changes->ended(true);
 }
 
 QString MVThemeMgr::Path_resource_RootDir(ELoadDir d)
