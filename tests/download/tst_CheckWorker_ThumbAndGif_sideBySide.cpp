@@ -159,11 +159,13 @@ void tst_CheckWorker_ThumbAndGif_sideBySide::visibleItemsComeFirst()
 void tst_CheckWorker_ThumbAndGif_sideBySide::wishesDuringTheRunCount()
 {
     writeThemes(40);
-    m_world.setFault([this](HttpExchange& exchange, int number) {
-        if (number == atOnce)
+    std::atomic<bool> isWished{false};
+    m_world.setFault([&](HttpExchange& exchange, int number) {
+        if (number == atOnce) {
             PreviewExchange::instance()->setShown(this, {Files::guid(40)});
-        if (number <= atOnce)
-            holdUntil(exchange, [] { return PreviewExchange::instance()->generation() > 0; });
+            isWished = true;
+        }
+        holdUntil(exchange, [&] { return isWished.load(); });
         return false;
     });
     QVERIFY(run());

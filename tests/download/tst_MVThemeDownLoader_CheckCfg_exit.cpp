@@ -6,7 +6,6 @@
 #include "host/HostSettings.h"
 #include "support/TestMain.h"
 
-#include <QElapsedTimer>
 #include <QProcess>
 #include <QSemaphore>
 #include <QSocketNotifier>
@@ -40,8 +39,8 @@ private:
 
 namespace {
 
-constexpr int longWait = 60000;       // ms
-constexpr qint64 shortEnough = 10000; // ms, far below the host's time limit for stalls
+constexpr int longWait = 60000;    // ms
+constexpr int stallLimit = 600000; // ms, of the host: what waits for the network waits that long
 
 /// Runs a host that makes no provision for the end of the process.
 int runHost(const QCoreApplication& application, const QStringList& arguments)
@@ -51,7 +50,7 @@ int runHost(const QCoreApplication& application, const QStringList& arguments)
     hostSettings().resourcesPath = base + QStringLiteral("/installed");
     hostSettings().dataLocation = base + QStringLiteral("/data");
     hostSettings().appDataPath = base + QStringLiteral("/appdata");
-    hostSettings().stallTimeoutMs = longWait;
+    hostSettings().stallTimeoutMs = stallLimit;
     hostSettings().downloadRetries = 0;
     hostSettings().productParams.insert(QStringLiteral("url_themeRootDir"), arguments.at(3));
     setLogSink([](const QByteArray&, int, const QByteArray&) {});
@@ -128,11 +127,8 @@ void tst_MVThemeDownLoader_CheckCfg_exit::duringATransfer()
     QTRY_VERIFY_WITH_TIMEOUT(m_world.targets().contains(target), longWait);
     if (both)
         QTRY_VERIFY_WITH_TIMEOUT(m_world.targets().contains(CheckWorld::versionTarget), longWait);
-    QElapsedTimer sinceEnd;
-    sinceEnd.start();
     host.closeWriteChannel();
     QVERIFY(host.waitForFinished(longWait));
-    QVERIFY(sinceEnd.elapsed() < shortEnough);
     QCOMPARE(host.exitStatus(), QProcess::NormalExit);
     QCOMPARE(host.exitCode(), 0);
 }
@@ -184,7 +180,7 @@ void tst_MVThemeDownLoader_CheckCfg_exit::processThatGoesOnWithoutItsApplication
     QTRY_VERIFY_WITH_TIMEOUT(m_world.targets().contains(CheckWorld::versionTarget), longWait);
     host.closeWriteChannel();
     QVERIFY(host.waitForReadyRead(longWait));
-    const bool hasLeft = left.tryAcquire(1, int(shortEnough));
+    const bool hasLeft = left.tryAcquire(1, longWait);
     const QProcess::ProcessState state = host.state();
     host.kill();
     QVERIFY(host.waitForFinished(longWait));

@@ -295,7 +295,7 @@ void TestManual::zshCompletes()
     QFETCH(QString, completed);
     const QString script =
         text("zmodload zsh/zpty\n"
-             "zpty -b shell zsh -f -i\n"
+             "zpty shell zsh -f -i\n"
              "zpty -w shell \"PS1=; fpath=($1 \\$fpath); autoload -U compinit; compinit -u -D; "
              "echo rea''dy\"\n"
              "zpty -r shell out '*ready*'\n"
