@@ -172,18 +172,27 @@ struct FreeEasy
 {
     void operator()(CURL* handle) const { curl_easy_cleanup(handle); }
 };
+struct FreeList
+{
+    void operator()(curl_slist* list) const { curl_slist_free_all(list); }
+};
 struct FreeMulti
 {
     void operator()(CURLM* handle) const { curl_multi_cleanup(handle); }
 };
 
-/// Fetches one file with as few calls of libcurl as possible. Each file has a handle of its own, as
-/// in the curl program, and the connection is kept by `connections`: to use a handle again is
-/// unsafe before libcurl 8.0, see HttpTransfer, so the floor does not save it either.
+/// Fetches one file by the same request, with as few calls of libcurl as possible. Each file has a
+/// handle of its own, as in the curl program, and the connection is kept by `connections`: reusing
+/// a handle is unsafe before libcurl 8.0, see HttpTransfer.
 bool fetchBare(CURLM* connections, const QByteArray& url, std::FILE* file)
 {
+    const std::unique_ptr<curl_slist, FreeList> fields(
+        curl_slist_append(nullptr, "Accept-Encoding: identity"));
     const std::unique_ptr<CURL, FreeEasy> easy(curl_easy_init());
     curl_easy_setopt(easy.get(), CURLOPT_URL, url.constData());
+    curl_easy_setopt(easy.get(), CURLOPT_NOSIGNAL, 1L);
+    curl_easy_setopt(easy.get(), CURLOPT_USERAGENT, "mvresource");
+    curl_easy_setopt(easy.get(), CURLOPT_HTTPHEADER, fields.get());
     curl_easy_setopt(easy.get(), CURLOPT_WRITEDATA, file); // libcurl's own fwrite
     curl_multi_add_handle(connections, easy.get());
     int unfinished = 1;

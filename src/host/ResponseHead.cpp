@@ -44,38 +44,48 @@ void ResponseHead::addLine(const QByteArray& line)
     }
     const int colon = line.indexOf(':');
     if (colon > 0)
-        addField(line.left(colon).toLower(), plain(line.mid(colon + 1)));
+        addField(QByteArray::fromRawData(line.constData(), colon), line.mid(colon + 1));
 }
 
+/// Most fields of an answer are none of these, so only the values of these are made plain.
 void ResponseHead::addField(const QByteArray& name, const QByteArray& value)
 {
-    bool ok = false;
-    if (name == "content-length") {
-        addLength(value);
-    } else if (name == "transfer-encoding") {
-        const QList<QByteArray> codings = value.toLower().split(',');
-        for (const QByteArray& coding : codings) {
-            chunked = chunked || coding.trimmed() == "chunked";
-            strangeTransferCoding = strangeTransferCoding
-                || (coding.trimmed() != "chunked" && coding.trimmed() != "identity");
-        }
-    } else if (name == "content-encoding") {
-        contentEncoding = value.toLower() == "identity" ? QByteArray() : value.toLower();
-    } else if (name == "location") {
-        location = value;
-    } else if (name == "etag") {
-        etag = value;
-    } else if (name == "last-modified") {
-        lastModified = value;
-    } else if (name == "date") {
-        date = value;
-    } else if (name == "accept-ranges") {
-        acceptRanges = value.toLower();
-    } else if (name == "content-range") {
-        readContentRange(value);
-    } else if (name == "retry-after") {
-        const int seconds = value.toInt(&ok);
+    const auto isNamed = [&](const char* field) {
+        return name.compare(field, Qt::CaseInsensitive) == 0;
+    };
+    if (isNamed("content-length")) {
+        addLength(plain(value));
+    } else if (isNamed("transfer-encoding")) {
+        addCodings(plain(value));
+    } else if (isNamed("content-encoding")) {
+        const QByteArray coding = plain(value).toLower();
+        contentEncoding = coding == "identity" ? QByteArray() : coding;
+    } else if (isNamed("location")) {
+        location = plain(value);
+    } else if (isNamed("etag")) {
+        etag = plain(value);
+    } else if (isNamed("last-modified")) {
+        lastModified = plain(value);
+    } else if (isNamed("date")) {
+        date = plain(value);
+    } else if (isNamed("accept-ranges")) {
+        acceptRanges = plain(value).toLower();
+    } else if (isNamed("content-range")) {
+        readContentRange(plain(value));
+    } else if (isNamed("retry-after")) {
+        bool ok = false;
+        const int seconds = plain(value).toInt(&ok);
         retryAfterSeconds = ok && seconds >= 0 ? seconds : -1;
+    }
+}
+
+void ResponseHead::addCodings(const QByteArray& value)
+{
+    const QList<QByteArray> codings = value.toLower().split(',');
+    for (const QByteArray& coding : codings) {
+        const QByteArray name = coding.trimmed();
+        chunked = chunked || name == "chunked";
+        strangeTransferCoding = strangeTransferCoding || (name != "chunked" && name != "identity");
     }
 }
 

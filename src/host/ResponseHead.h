@@ -49,6 +49,7 @@ public:
 private:
     void addField(const QByteArray& name, const QByteArray& value);
     void addLength(const QByteArray& value);
+    void addCodings(const QByteArray& value);
     void readContentRange(const QByteArray& value);
 
     bool m_hasLength = false; // a length field has been added
