@@ -8,6 +8,8 @@
 
 #include <cerrno>
 #include <cstdint>
+#include <utility>
+#include <vector>
 
 #include <fcntl.h>
 #include <io.h>
@@ -113,11 +115,59 @@ private:
     HANDLE m_handle;
 };
 
-HANDLE openAs(const QByteArray& name, DWORD access, DWORD disposition, DWORD flags)
+HANDLE openAs(const QByteArray& name, DWORD access, DWORD disposition, DWORD flags,
+              SECURITY_ATTRIBUTES* security = nullptr)
 {
-    return ::CreateFileW(systemName(name).c_str(), access, shareAll, nullptr, disposition, flags,
+    return ::CreateFileW(systemName(name).c_str(), access, shareAll, security, disposition, flags,
                          nullptr);
 }
+
+/// Permits the user of the process everything, and nobody else anything; the folder's permissions
+/// are not inherited.
+class OwnerOnly
+{
+public:
+    OwnerOnly()
+        : m_user(userOfProcess())
+    {
+        if (m_user.empty())
+            return;
+        auto* const user = reinterpret_cast<TOKEN_USER*>(m_user.data());
+        m_list.resize(sizeof(ACL) + sizeof(ACCESS_ALLOWED_ACE) + ::GetLengthSid(user->User.Sid));
+        auto* const list = reinterpret_cast<ACL*>(m_list.data());
+        m_isValid = ::InitializeAcl(list, static_cast<DWORD>(m_list.size()), ACL_REVISION) != 0
+            && ::AddAccessAllowedAce(list, ACL_REVISION, FILE_ALL_ACCESS, user->User.Sid) != 0
+            && ::InitializeSecurityDescriptor(&m_descriptor, SECURITY_DESCRIPTOR_REVISION) != 0
+            && ::SetSecurityDescriptorDacl(&m_descriptor, TRUE, list, FALSE) != 0
+            && ::SetSecurityDescriptorControl(&m_descriptor, SE_DACL_PROTECTED, SE_DACL_PROTECTED)
+                != 0;
+    }
+    Q_DISABLE_COPY_MOVE(OwnerOnly)
+
+    bool isValid() const { return m_isValid; }
+    SECURITY_ATTRIBUTES* attributes() { return &m_attributes; }
+
+private:
+    static std::vector<char> userOfProcess()
+    {
+        HANDLE token = nullptr;
+        if (::OpenProcessToken(::GetCurrentProcess(), TOKEN_QUERY, &token) == 0)
+            return {};
+        const SystemHandle closed(token);
+        DWORD length = 0;
+        ::GetTokenInformation(token, TokenUser, nullptr, 0, &length);
+        std::vector<char> user(length);
+        const bool isKnown =
+            ::GetTokenInformation(token, TokenUser, user.data(), length, &length) != 0;
+        return isKnown ? user : std::vector<char>();
+    }
+
+    std::vector<char> m_user; // a TOKEN_USER, with the identifier to which it points
+    std::vector<char> m_list;
+    SECURITY_DESCRIPTOR m_descriptor = {};
+    SECURITY_ATTRIBUTES m_attributes = {sizeof(SECURITY_ATTRIBUTES), &m_descriptor, FALSE};
+    bool m_isValid = false;
+};
 
 /// Hands a handle of the system over to the C library.
 int handedOver(SystemHandle& handle, int flags = 0)
@@ -176,10 +226,20 @@ QString SystemFile::decodedName(const QByteArray& name)
     return QString::fromUtf8(name);
 }
 
-int SystemFile::create(const QByteArray& name)
+int SystemFile::create(const QByteArray& name, Readers readers)
 {
+    constexpr DWORD access = GENERIC_READ | GENERIC_WRITE | DELETE;
+    if (readers != Readers::Owner) { // what the folder lets everyone read, everyone may read
+        SystemHandle handle(openAs(name, access, CREATE_NEW, FILE_ATTRIBUTE_NORMAL));
+        return handedOver(handle);
+    }
+    OwnerOnly owner;
+    if (!owner.isValid()) {
+        fail();
+        return -1;
+    }
     SystemHandle handle(
-        openAs(name, GENERIC_READ | GENERIC_WRITE | DELETE, CREATE_NEW, FILE_ATTRIBUTE_NORMAL));
+        openAs(name, access, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, owner.attributes()));
     return handedOver(handle);
 }
 
@@ -251,6 +311,11 @@ qint64 SystemFile::readAt(int handle, char* data, qint64 length, qint64 position
     return -1;
 }
 
+qint64 SystemFile::readNext(int handle, char* data, qint64 length)
+{
+    return ::_read(handle, data, pieceOf(length));
+}
+
 bool SystemFile::truncate(int handle)
 {
     FILE_END_OF_FILE_INFO end = {};
@@ -298,6 +363,24 @@ bool SystemFile::isFolder(const QByteArray& name)
 {
     const DWORD attributes = ::GetFileAttributesW(systemName(name).c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+QPair<quint64, quint64> SystemFile::identity(const QByteArray& name)
+{
+    constexpr int bitsOfHalf = 32;
+    const SystemHandle file(openAs(name, 0, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS));
+    BY_HANDLE_FILE_INFORMATION known = {};
+    if (!file.isValid() || ::GetFileInformationByHandle(file.get(), &known) == 0)
+        return {0, 0};
+    // Volumes may have the number 0.
+    return {quint64(known.dwVolumeSerialNumber) + 1,
+            (quint64(known.nFileIndexHigh) << bitsOfHalf) | known.nFileIndexLow};
+}
+
+bool SystemFile::createFolder(const QByteArray& name, const QByteArray&)
+{
+    // Its permissions are inherited from the folder around it, as those of its model were.
+    return succeed(::CreateDirectoryW(systemName(name).c_str(), nullptr));
 }
 
 bool SystemFile::flush(int handle)
