@@ -89,6 +89,10 @@ public:
     /// file give the same. Both are 0 if there is no such file.
     static QPair<quint64, quint64> identity(const QByteArray& name);
 
+    /// Returns the absolute path of a file or folder with all links followed, on Windows also
+    /// junctions, which QFileInfo does not follow; empty if there is none.
+    static QString realPath(const QString& name);
+
     /// Creates a folder that did not exist, with the permissions of `model`, or, if there is none,
     /// so that everyone may read it.
     static bool createFolder(const QByteArray& name, const QByteArray& model);

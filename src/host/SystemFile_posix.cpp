@@ -4,6 +4,7 @@
 #include "host/SystemFile.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <cerrno>
 #include <cstdio>
@@ -178,6 +179,11 @@ QPair<quint64, quint64> SystemFile::identity(const QByteArray& name)
     if (::stat(name.constData(), &status) != 0)
         return {0, 0};
     return {status.st_dev, status.st_ino};
+}
+
+QString SystemFile::realPath(const QString& name)
+{
+    return QFileInfo(name).canonicalFilePath();
 }
 
 bool SystemFile::createFolder(const QByteArray& name, const QByteArray& model)

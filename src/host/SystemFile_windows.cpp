@@ -3,12 +3,14 @@
 
 #include "host/SystemFile.h"
 
+#include "host/OwnerOnly.h"
+#include "host/SystemHandle.h"
+
 #include <QDir>
 #include <QStorageInfo>
 
 #include <cerrno>
 #include <cstdint>
-#include <utility>
 #include <vector>
 
 #include <fcntl.h>
@@ -92,82 +94,12 @@ HANDLE handleOf(int handle)
     return reinterpret_cast<HANDLE>(::_get_osfhandle(handle));
 }
 
-/// Closes a handle of the system when the object is destroyed.
-class SystemHandle
-{
-public:
-    explicit SystemHandle(HANDLE handle)
-        : m_handle(handle)
-    {
-    }
-    ~SystemHandle()
-    {
-        if (isValid())
-            ::CloseHandle(m_handle);
-    }
-    Q_DISABLE_COPY_MOVE(SystemHandle)
-
-    bool isValid() const { return m_handle != INVALID_HANDLE_VALUE; }
-    HANDLE get() const { return m_handle; }
-    HANDLE release() { return std::exchange(m_handle, INVALID_HANDLE_VALUE); }
-
-private:
-    HANDLE m_handle;
-};
-
 HANDLE openAs(const QByteArray& name, DWORD access, DWORD disposition, DWORD flags,
               SECURITY_ATTRIBUTES* security = nullptr)
 {
     return ::CreateFileW(systemName(name).c_str(), access, shareAll, security, disposition, flags,
                          nullptr);
 }
-
-/// Permits the user of the process everything, and nobody else anything; the folder's permissions
-/// are not inherited.
-class OwnerOnly
-{
-public:
-    OwnerOnly()
-        : m_user(userOfProcess())
-    {
-        if (m_user.empty())
-            return;
-        auto* const user = reinterpret_cast<TOKEN_USER*>(m_user.data());
-        m_list.resize(sizeof(ACL) + sizeof(ACCESS_ALLOWED_ACE) + ::GetLengthSid(user->User.Sid));
-        auto* const list = reinterpret_cast<ACL*>(m_list.data());
-        m_isValid = ::InitializeAcl(list, static_cast<DWORD>(m_list.size()), ACL_REVISION) != 0
-            && ::AddAccessAllowedAce(list, ACL_REVISION, FILE_ALL_ACCESS, user->User.Sid) != 0
-            && ::InitializeSecurityDescriptor(&m_descriptor, SECURITY_DESCRIPTOR_REVISION) != 0
-            && ::SetSecurityDescriptorDacl(&m_descriptor, TRUE, list, FALSE) != 0
-            && ::SetSecurityDescriptorControl(&m_descriptor, SE_DACL_PROTECTED, SE_DACL_PROTECTED)
-                != 0;
-    }
-    Q_DISABLE_COPY_MOVE(OwnerOnly)
-
-    bool isValid() const { return m_isValid; }
-    SECURITY_ATTRIBUTES* attributes() { return &m_attributes; }
-
-private:
-    static std::vector<char> userOfProcess()
-    {
-        HANDLE token = nullptr;
-        if (::OpenProcessToken(::GetCurrentProcess(), TOKEN_QUERY, &token) == 0)
-            return {};
-        const SystemHandle closed(token);
-        DWORD length = 0;
-        ::GetTokenInformation(token, TokenUser, nullptr, 0, &length);
-        std::vector<char> user(length);
-        const bool isKnown =
-            ::GetTokenInformation(token, TokenUser, user.data(), length, &length) != 0;
-        return isKnown ? user : std::vector<char>();
-    }
-
-    std::vector<char> m_user; // a TOKEN_USER, with the identifier to which it points
-    std::vector<char> m_list;
-    SECURITY_DESCRIPTOR m_descriptor = {};
-    SECURITY_ATTRIBUTES m_attributes = {sizeof(SECURITY_ATTRIBUTES), &m_descriptor, FALSE};
-    bool m_isValid = false;
-};
 
 /// Hands a handle of the system over to the C library.
 int handedOver(SystemHandle& handle, int flags = 0)
@@ -375,6 +307,24 @@ QPair<quint64, quint64> SystemFile::identity(const QByteArray& name)
     // Volumes may have the number 0.
     return {quint64(known.dwVolumeSerialNumber) + 1,
             (quint64(known.nFileIndexHigh) << bitsOfHalf) | known.nFileIndexLow};
+}
+
+QString SystemFile::realPath(const QString& name)
+{
+    const SystemHandle file(
+        openAs(encodedName(name), 0, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS));
+    if (!file.isValid())
+        return QString();
+    const DWORD length = ::GetFinalPathNameByHandleW(file.get(), nullptr, 0, 0);
+    std::vector<wchar_t> path(length + 1);
+    const DWORD written = ::GetFinalPathNameByHandleW(file.get(), path.data(), length, 0);
+    if (written == 0 || written > length)
+        return QString();
+    QString real =
+        QDir::fromNativeSeparators(QString::fromWCharArray(path.data(), static_cast<int>(written)));
+    if (real.startsWith(QLatin1String("//?/UNC/")))
+        return QLatin1Char('/') + real.mid(static_cast<int>(qstrlen("//?/UNC")));
+    return real.startsWith(QLatin1String("//?/")) ? real.mid(4) : real;
 }
 
 bool SystemFile::createFolder(const QByteArray& name, const QByteArray&)
