@@ -4,6 +4,7 @@
 #include "catalogue/PathGuard.h"
 
 #include "host/AppOptions.h"
+#include "host/SystemFile.h"
 #include "host/WindowsName.h"
 
 #include <QDir>
@@ -54,17 +55,27 @@ bool isLink(const QString& path)
     return entry.isSymLink();
 }
 
+/// Returns the path with all links followed; empty if there is no such file or folder.
+QString realPath(const QString& path)
+{
+#ifdef Q_OS_WIN // Qt does not follow junctions
+    return SystemFile::realPath(path);
+#else
+    return QFileInfo(path).canonicalFilePath();
+#endif
+}
+
 thread_local PathGuard::Known* remembered = nullptr;
 
 /// Returns the real path of a folder, links followed; empty if there is none.
 QString realFolder(const QString& folder)
 {
     if (!remembered)
-        return QFileInfo(folder).canonicalFilePath();
+        return realPath(folder);
     const auto known = remembered->real.constFind(folder);
     if (known != remembered->real.constEnd())
         return *known;
-    return *remembered->real.insert(folder, QFileInfo(folder).canonicalFilePath());
+    return *remembered->real.insert(folder, realPath(folder));
 }
 
 bool isLinkedFolder(const QString& folder)
@@ -104,9 +115,9 @@ bool PathGuard::isReallyInside(const QString& root, const QString& path)
         return false;
     const int nameAt = path.lastIndexOf(QLatin1Char('/')) + 1;
     // Only the name of a link is not its real one; its folder may be a link in any case.
-    const bool hasRealName = !file.isSymLink() && nameAt > 0 && nameAt < path.size();
-    const QString real = hasRealName ? realFolder(path.left(nameAt - 1)) + path.mid(nameAt - 1)
-                                     : file.canonicalFilePath();
+    const bool hasRealName = !isLink(path) && nameAt > 0 && nameAt < path.size();
+    const QString real =
+        hasRealName ? realFolder(path.left(nameAt - 1)) + path.mid(nameAt - 1) : realPath(path);
     if (real == path && path.startsWith(root + QLatin1Char('/')))
         return true; // a path without links has a root without links
     const QString realRoot = realFolder(root);

@@ -6,6 +6,7 @@
 #include "host/MvHostExport.h"
 
 #include <QByteArray>
+#include <QPair>
 #include <QString>
 
 #include <cerrno>
@@ -28,8 +29,14 @@ public:
     /// Returns the name that encodedName() has encoded.
     static QString decodedName(const QByteArray& name);
 
+    /// Users who may read a new file.
+    enum class Readers {
+        Usual,    ///< as the system, the folder and the user's umask have it
+        Everyone, ///< whatever the umask
+        Owner,    ///< nobody else, and nobody else may write it
+    };
     /// Creates a file that did not exist, for reading and writing. Returns its handle, or -1.
-    static int create(const QByteArray& name);
+    static int create(const QByteArray& name, Readers readers = Readers::Usual);
     /// Opens a file for reading and writing, and creates it if it is missing. Fails for a link.
     /// Returns its handle, or -1.
     static int openOrCreate(const QByteArray& name);
@@ -53,6 +60,9 @@ public:
     /// Reads at most `length` bytes from that position. Returns how many, 0 at the end and -1 on
     /// failure.
     static qint64 readAt(int handle, char* data, qint64 length, qint64 position);
+    /// Reads at most `length` bytes from the handle's own position; waits for those of pipes and
+    /// terminals. Returns how many, 0 at the end and -1 on failure.
+    static qint64 readNext(int handle, char* data, qint64 length);
     /// Empties the file.
     static bool truncate(int handle);
 
@@ -74,6 +84,18 @@ public:
     static bool isSame(const QByteArray& first, const QByteArray& second);
     /// Returns whether the name leads to a folder, following links.
     static bool isFolder(const QByteArray& name);
+
+    /// Returns two numbers that no two files of the system share, following links: all names of one
+    /// file give the same. Both are 0 if there is no such file.
+    static QPair<quint64, quint64> identity(const QByteArray& name);
+
+    /// Returns the absolute path of a file or folder with all links followed, on Windows also
+    /// junctions, which QFileInfo does not follow; empty if there is none.
+    static QString realPath(const QString& name);
+
+    /// Creates a folder that did not exist, with the permissions of `model`, or, if there is none,
+    /// so that everyone may read it.
+    static bool createFolder(const QByteArray& name, const QByteArray& model);
 
     /// Waits until the file's content is on the disk.
     static bool flush(int handle);

@@ -4,6 +4,7 @@
 #include "host/SystemFile.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <cerrno>
 #include <cstdio>
@@ -18,6 +19,11 @@ namespace {
 
 /// Permissions of every file that is created; the umask takes away what the user does not want.
 constexpr mode_t newFileMode = 0666;
+constexpr mode_t publicMode = 0644;
+constexpr mode_t privateMode = 0600;
+constexpr mode_t publicFolderMode = 0755;
+constexpr mode_t privateFolderMode = 0700;
+constexpr mode_t allPermissions = 07777;
 
 bool flushHandle(int handle, int (*flush)(int))
 {
@@ -57,9 +63,17 @@ QString SystemFile::decodedName(const QByteArray& name)
     return QFile::decodeName(name);
 }
 
-int SystemFile::create(const QByteArray& name)
+int SystemFile::create(const QByteArray& name, Readers readers)
 {
-    return ::open(name.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, newFileMode);
+    const mode_t mode = readers == Readers::Owner ? privateMode : newFileMode;
+    const int handle = ::open(name.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+    if (handle < 0 || readers != Readers::Everyone || ::fchmod(handle, publicMode) == 0)
+        return handle;
+    const int reason = errno;
+    ::close(handle);
+    ::unlink(name.constData());
+    errno = reason;
+    return -1;
 }
 
 int SystemFile::openOrCreate(const QByteArray& name)
@@ -110,6 +124,15 @@ qint64 SystemFile::readAt(int handle, char* data, qint64 length, qint64 position
     return count;
 }
 
+qint64 SystemFile::readNext(int handle, char* data, qint64 length)
+{
+    ssize_t count = 0;
+    do {
+        count = ::read(handle, data, static_cast<std::size_t>(length));
+    } while (count < 0 && errno == EINTR);
+    return count;
+}
+
 bool SystemFile::truncate(int handle)
 {
     return ::ftruncate(handle, 0) == 0;
@@ -148,6 +171,29 @@ bool SystemFile::isFolder(const QByteArray& name)
 {
     struct stat status = {};
     return ::stat(name.constData(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+QPair<quint64, quint64> SystemFile::identity(const QByteArray& name)
+{
+    struct stat status = {};
+    if (::stat(name.constData(), &status) != 0)
+        return {0, 0};
+    return {status.st_dev, status.st_ino};
+}
+
+QString SystemFile::realPath(const QString& name)
+{
+    return QFileInfo(name).canonicalFilePath();
+}
+
+bool SystemFile::createFolder(const QByteArray& name, const QByteArray& model)
+{
+    struct stat status = {};
+    const mode_t mode = ::stat(model.constData(), &status) == 0 ? status.st_mode & allPermissions
+                                                                : publicFolderMode;
+    // The umask does not apply to permissions that somebody has chosen.
+    return ::mkdir(name.constData(), privateFolderMode) == 0
+        && ::chmod(name.constData(), mode) == 0;
 }
 
 bool SystemFile::flush(int handle)

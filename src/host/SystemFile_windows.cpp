@@ -3,11 +3,15 @@
 
 #include "host/SystemFile.h"
 
+#include "host/OwnerOnly.h"
+#include "host/SystemHandle.h"
+
 #include <QDir>
 #include <QStorageInfo>
 
 #include <cerrno>
 #include <cstdint>
+#include <vector>
 
 #include <fcntl.h>
 #include <io.h>
@@ -90,32 +94,10 @@ HANDLE handleOf(int handle)
     return reinterpret_cast<HANDLE>(::_get_osfhandle(handle));
 }
 
-/// Closes a handle of the system when the object is destroyed.
-class SystemHandle
+HANDLE openAs(const QByteArray& name, DWORD access, DWORD disposition, DWORD flags,
+              SECURITY_ATTRIBUTES* security = nullptr)
 {
-public:
-    explicit SystemHandle(HANDLE handle)
-        : m_handle(handle)
-    {
-    }
-    ~SystemHandle()
-    {
-        if (isValid())
-            ::CloseHandle(m_handle);
-    }
-    Q_DISABLE_COPY_MOVE(SystemHandle)
-
-    bool isValid() const { return m_handle != INVALID_HANDLE_VALUE; }
-    HANDLE get() const { return m_handle; }
-    HANDLE release() { return std::exchange(m_handle, INVALID_HANDLE_VALUE); }
-
-private:
-    HANDLE m_handle;
-};
-
-HANDLE openAs(const QByteArray& name, DWORD access, DWORD disposition, DWORD flags)
-{
-    return ::CreateFileW(systemName(name).c_str(), access, shareAll, nullptr, disposition, flags,
+    return ::CreateFileW(systemName(name).c_str(), access, shareAll, security, disposition, flags,
                          nullptr);
 }
 
@@ -176,10 +158,20 @@ QString SystemFile::decodedName(const QByteArray& name)
     return QString::fromUtf8(name);
 }
 
-int SystemFile::create(const QByteArray& name)
+int SystemFile::create(const QByteArray& name, Readers readers)
 {
+    constexpr DWORD access = GENERIC_READ | GENERIC_WRITE | DELETE;
+    if (readers != Readers::Owner) { // what the folder lets everyone read, everyone may read
+        SystemHandle handle(openAs(name, access, CREATE_NEW, FILE_ATTRIBUTE_NORMAL));
+        return handedOver(handle);
+    }
+    OwnerOnly owner;
+    if (!owner.isValid()) {
+        fail();
+        return -1;
+    }
     SystemHandle handle(
-        openAs(name, GENERIC_READ | GENERIC_WRITE | DELETE, CREATE_NEW, FILE_ATTRIBUTE_NORMAL));
+        openAs(name, access, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, owner.attributes()));
     return handedOver(handle);
 }
 
@@ -251,6 +243,11 @@ qint64 SystemFile::readAt(int handle, char* data, qint64 length, qint64 position
     return -1;
 }
 
+qint64 SystemFile::readNext(int handle, char* data, qint64 length)
+{
+    return ::_read(handle, data, pieceOf(length));
+}
+
 bool SystemFile::truncate(int handle)
 {
     FILE_END_OF_FILE_INFO end = {};
@@ -298,6 +295,42 @@ bool SystemFile::isFolder(const QByteArray& name)
 {
     const DWORD attributes = ::GetFileAttributesW(systemName(name).c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+QPair<quint64, quint64> SystemFile::identity(const QByteArray& name)
+{
+    constexpr int bitsOfHalf = 32;
+    const SystemHandle file(openAs(name, 0, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS));
+    BY_HANDLE_FILE_INFORMATION known = {};
+    if (!file.isValid() || ::GetFileInformationByHandle(file.get(), &known) == 0)
+        return {0, 0};
+    // Volumes may have the number 0.
+    return {quint64(known.dwVolumeSerialNumber) + 1,
+            (quint64(known.nFileIndexHigh) << bitsOfHalf) | known.nFileIndexLow};
+}
+
+QString SystemFile::realPath(const QString& name)
+{
+    const SystemHandle file(
+        openAs(encodedName(name), 0, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS));
+    if (!file.isValid())
+        return QString();
+    const DWORD length = ::GetFinalPathNameByHandleW(file.get(), nullptr, 0, 0);
+    std::vector<wchar_t> path(length + 1);
+    const DWORD written = ::GetFinalPathNameByHandleW(file.get(), path.data(), length, 0);
+    if (written == 0 || written > length)
+        return QString();
+    QString real =
+        QDir::fromNativeSeparators(QString::fromWCharArray(path.data(), static_cast<int>(written)));
+    if (real.startsWith(QLatin1String("//?/UNC/")))
+        return QLatin1Char('/') + real.mid(static_cast<int>(qstrlen("//?/UNC")));
+    return real.startsWith(QLatin1String("//?/")) ? real.mid(4) : real;
+}
+
+bool SystemFile::createFolder(const QByteArray& name, const QByteArray&)
+{
+    // Its permissions are inherited from the folder around it, as those of its model were.
+    return succeed(::CreateDirectoryW(systemName(name).c_str(), nullptr));
 }
 
 bool SystemFile::flush(int handle)

@@ -3,20 +3,16 @@
 
 #include "Columns.h"
 
-#include <algorithm>
-#include <cwchar>
-#include <string>
+#include "SystemTerminal.h"
 
-#include <sys/ioctl.h>
-#include <unistd.h>
+#include <algorithm>
+#include <string>
 
 namespace {
 
-constexpr int usualWidth = 80;
-
 int widthOf(char32_t character)
 {
-    const int width = ::wcwidth(static_cast<wchar_t>(character));
+    const int width = SystemTerminal::columnsOf(character);
     return width < 0 ? 1 : width; // printed as "?"
 }
 
@@ -63,11 +59,11 @@ QString elided(const QString& text, int width)
     return QString::fromStdU32String(front) + dots + QString::fromStdU32String(back);
 }
 
-int ofTerminal(int descriptor)
+int ofTerminal(FILE* stream)
 {
-    winsize size = {};
-    const bool known = ::ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
-    return known ? size.ws_col : usualWidth;
+    constexpr int usual = 80;
+    const int known = SystemTerminal::columns(stream);
+    return known > 0 ? known : usual;
 }
 
 } // namespace Columns

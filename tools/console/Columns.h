@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <cstdio>
+
 /// Lays out texts in terminal columns, where some characters occupy two and some none.
 namespace Columns {
 
@@ -14,7 +16,7 @@ int width(const QString& text);
 QString padded(const QString& text, int width);
 /// Returns the text, with its middle replaced by "..." if it is wider.
 QString elided(const QString& text, int width);
-/// Returns the width of the terminal that is open as a file descriptor; 80 if unknown.
-int ofTerminal(int descriptor);
+/// Returns the width of the terminal on which the stream is open; 80 if unknown.
+int ofTerminal(FILE* stream);
 
 } // namespace Columns

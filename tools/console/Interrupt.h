@@ -7,10 +7,9 @@
 
 #include <memory>
 
-class QSocketNotifier;
-
-/// Delivers the first SIGINT or SIGTERM as a signal of the event loop; a second one ends the
-/// process as usual. One object per process, on the main thread.
+/// Delivers the first interrupt as a signal of the event loop; a second one ends the process as
+/// usual. Interrupts are SIGINT and SIGTERM, and ^C and ^Break in a console of Windows. One object
+/// per process, on the main thread.
 class Interrupt : public QObject
 {
     Q_OBJECT
@@ -23,5 +22,6 @@ signals:
     void requested();
 
 private:
-    std::unique_ptr<QSocketNotifier> m_notifier;
+    class Private; // of the system
+    std::unique_ptr<Private> d;
 };

@@ -5,21 +5,20 @@
 
 #include "Columns.h"
 #include "Console.h"
+#include "SystemTerminal.h"
 
 #include <algorithm>
-
-#include <unistd.h>
 
 ProgressLine::ProgressLine(FILE* stream, Elsewhere elsewhere)
     : m_stream(stream)
     , m_elsewhere(elsewhere)
-    , m_isTerminal(::isatty(::fileno(stream)) == 1)
+    , m_isTerminal(SystemTerminal::isOpenOn(stream))
 {
 }
 
 int ProgressLine::room() const
 {
-    return Columns::ofTerminal(::fileno(m_stream)) - 1;
+    return Columns::ofTerminal(m_stream) - 1;
 }
 
 int ProgressLine::percentOf(qint64 done, qint64 total)

@@ -3,6 +3,7 @@
 
 #include "FolderSwitch.h"
 
+#include "host/SystemFile.h"
 #include "host/Utils.h"
 #include "tree/FolderContent.h"
 
@@ -14,12 +15,7 @@
 
 #include <cerrno>
 #include <chrono>
-#include <cstdio>
 #include <cstring>
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
@@ -87,33 +83,9 @@ void keepDates(const QString& folder, const QString& before)
     }
 }
 
-/// Returns the mode of the folder, or by default one that lets every server read it.
-mode_t modeOf(const QString& folder)
-{
-    constexpr mode_t readable = 0755;
-    constexpr mode_t all = 07777;
-    struct stat info = {};
-    return ::stat(QFile::encodeName(folder).constData(), &info) == 0 ? info.st_mode & all
-                                                                     : readable;
-}
-
-/// Flushes everything to disk: a power failure must not leave a tree with empty files in place.
-bool flushToDisk(const QString& folder)
-{
-    const int handle =
-        ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (handle < 0)
-        return false;
-    const bool flushed = ::syncfs(handle) == 0;
-    const int reason = errno;
-    ::close(handle);
-    errno = reason;
-    return flushed;
-}
-
 bool rename(const QString& from, const QString& to)
 {
-    return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
+    return SystemFile::rename(SystemFile::encodedName(from), SystemFile::encodedName(to));
 }
 
 /// Resolves links as the system does, but also dangling ones: a killed run may have removed the
@@ -196,8 +168,9 @@ bool FolderSwitch::begin()
     // Remains of killed runs: the tree in place is newer than the old folder.
     if (!Utils::rmDir(oldFolder(), true))
         return fail(QStringLiteral("%1 cannot be removed").arg(oldFolder()));
-    if (!Utils::rmDir(m_folder, true) || !QDir().mkdir(m_folder)
-        || ::chmod(QFile::encodeName(m_folder).constData(), modeOf(m_target)) != 0)
+    if (!Utils::rmDir(m_folder, true)
+        || !SystemFile::createFolder(SystemFile::encodedName(m_folder),
+                                     SystemFile::encodedName(m_target)))
         return fail(QStringLiteral("%1 cannot be made").arg(m_folder));
     return true;
 }
@@ -207,7 +180,9 @@ bool FolderSwitch::commit()
     const bool replaces = QFileInfo(m_target).isDir();
     if (replaces)
         keepDates(m_folder, m_target);
-    if (!flushToDisk(m_folder) || !(replaces ? replace() : rename(m_folder, m_target)))
+    // A power failure must not leave a tree with empty files in place.
+    if (!SystemFile::flushTree(SystemFile::encodedName(m_folder))
+        || !(replaces ? replace() : rename(m_folder, m_target)))
         return fail(QStringLiteral("%1 cannot be put in place: %2").arg(m_target, systemError()));
     return true;
 }
@@ -215,11 +190,9 @@ bool FolderSwitch::commit()
 /// Exchanges the two names; the old folder is then removed with the object.
 bool FolderSwitch::replace()
 {
-    const QByteArray fresh = QFile::encodeName(m_folder);
-    const QByteArray place = QFile::encodeName(m_target);
     if (!m_canExchange)
         return replaceByRenames();
-    if (::renameat2(AT_FDCWD, fresh.constData(), AT_FDCWD, place.constData(), RENAME_EXCHANGE) == 0)
+    if (SystemFile::exchange(SystemFile::encodedName(m_folder), SystemFile::encodedName(m_target)))
         return true;
     return (errno == EINVAL || errno == ENOSYS) && replaceByRenames();
 }

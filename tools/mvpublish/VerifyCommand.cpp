@@ -9,6 +9,7 @@
 #include "host/CancelToken.h"
 #include "host/HostSettings.h"
 #include "host/LogL.h"
+#include "InterruptFlag.h"
 #include "lint/Lint.h"
 #include "ProgressLine.h"
 #include "release/LocalTree.h"
@@ -20,28 +21,10 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <csignal>
 #include <limits>
 #include <memory>
 
 namespace {
-
-volatile std::sig_atomic_t isInterrupted = 0; // written by the signal handler only
-
-void interrupt(int)
-{
-    isInterrupted = 1;
-}
-
-/// Lets the first interrupt end the command in an orderly way, which removes what was fetched.
-void catchInterrupts()
-{
-    struct sigaction action = {};
-    action.sa_handler = &interrupt;
-    action.sa_flags = static_cast<int>(SA_RESTART | SA_RESETHAND);
-    ::sigaction(SIGINT, &action, nullptr);
-    ::sigaction(SIGTERM, &action, nullptr);
-}
 
 /// Reads the keys, each a file or the line of one. Returns false with the reason in `error`.
 bool readKeys(const QStringList& texts, QVector<ReleaseKey>& keys, QString* error)
@@ -70,7 +53,7 @@ std::unique_ptr<PublishedTree> openTree(const QString& place, const CancelToken&
     hostSettings().maxDownloadBytes = std::numeric_limits<qint64>::max();
     auto tree = std::make_unique<RemoteTree>(place, cancel);
     tree->setWaiting([token = cancel]() mutable {
-        if (isInterrupted != 0)
+        if (InterruptFlag::isSet())
             token.cancel();
     });
     return tree;
@@ -120,8 +103,9 @@ int VerifyCommand::run(const Arguments& arguments)
         return Console::fail(ExitStatus::failure, error);
     CancelToken cancel;
     const std::unique_ptr<PublishedTree> tree = openTree(place, cancel);
+    // The first interrupt ends the command in an orderly way, which removes what was fetched.
     if (Arguments::isAddress(place))
-        catchInterrupts();
+        InterruptFlag::install();
     ReleaseCheck check(*tree, QDateTime::currentDateTimeUtc());
     check.setKeys(keys);
     examine(check);

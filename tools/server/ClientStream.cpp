@@ -4,35 +4,26 @@
 #include "server/ClientStream.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <limits>
-
-#include <poll.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 namespace {
 
 constexpr size_t maxRequestBytes = 64 * 1024;
 
-bool isTemporary(int error)
-{
-    return error == EAGAIN || error == EWOULDBLOCK || error == EINTR;
-}
-
 } // namespace
 
-ClientStream::ClientStream(int socket, const ServerLimits& limits)
+ClientStream::ClientStream(Sockets::Handle socket, const ServerLimits& limits)
     : m_socket(socket)
     , m_limits(limits)
+    , m_isExhausted(!Sockets::prepare(socket))
     , m_quietSince(Clock::now())
 {
 }
 
 ClientStream::~ClientStream()
 {
-    ::shutdown(m_socket, SHUT_RDWR);
-    ::close(m_socket);
+    Sockets::shutdown(m_socket);
+    Sockets::close(m_socket);
 }
 
 int ClientStream::timeoutMs(Clock::time_point end)
@@ -52,17 +43,17 @@ void ClientStream::beginRequest()
 void ClientStream::giveUp()
 {
     m_isGivenUp = true;
-    ::shutdown(m_socket, SHUT_RDWR);
+    Sockets::shutdown(m_socket);
 }
 
 bool ClientStream::is_readable() const
 {
-    return hasInput() || wait(POLLIN, m_requestEnd);
+    return hasInput() || wait(Sockets::Event::Input, m_requestEnd);
 }
 
 bool ClientStream::is_writable() const
 {
-    return wait(POLLOUT, Clock::now() + m_limits.stalled);
+    return wait(Sockets::Event::Room, Clock::now() + m_limits.stalled);
 }
 
 ssize_t ClientStream::read(char* data, size_t size)
@@ -79,12 +70,12 @@ ssize_t ClientStream::write(const char* data, size_t size)
 {
     const Clock::time_point end = Clock::now() + m_limits.stalled;
     for (;;) {
-        const ssize_t count = ::send(m_socket, data, size, MSG_DONTWAIT | MSG_NOSIGNAL);
+        const std::ptrdiff_t count = Sockets::send(m_socket, data, size);
         if (count >= 0) {
             m_quietSince = Clock::now();
             return count;
         }
-        if (!isTemporary(errno) || !wait(POLLOUT, end)) {
+        if (count != Sockets::notNow || !wait(Sockets::Event::Room, end)) {
             m_isExhausted = true;
             return -1;
         }
@@ -100,16 +91,16 @@ bool ClientStream::fill()
 {
     const size_t room = std::min(m_buffer.size(), maxRequestBytes - m_received);
     while (room > 0 && !m_isExhausted) {
-        const ssize_t count = ::recv(m_socket, m_buffer.data(), room, MSG_DONTWAIT);
+        const std::ptrdiff_t count = Sockets::receive(m_socket, m_buffer.data(), room);
         if (count > 0) {
             m_next = 0;
             m_end = static_cast<size_t>(count);
             m_received += m_end;
             return true;
         }
-        if (count == 0 || !isTemporary(errno))
+        if (count != Sockets::notNow)
             break;
-        m_isOverdue = !wait(POLLIN, m_requestEnd);
+        m_isOverdue = !wait(Sockets::Event::Input, m_requestEnd);
         m_isExhausted = m_isOverdue;
     }
     m_isExhausted = true;
@@ -117,14 +108,13 @@ bool ClientStream::fill()
 }
 
 /// Waits until the socket is ready for the event or has failed. Returns false on a timeout.
-bool ClientStream::wait(short event, Clock::time_point end) const
+bool ClientStream::wait(Sockets::Event event, Clock::time_point end) const
 {
     for (;;) {
-        pollfd state = {m_socket, event, 0};
         const int left = timeoutMs(end);
         if (left == 0)
             return false;
-        if (::poll(&state, 1, left) > 0)
+        if (Sockets::wait(m_socket, event, left))
             return true;
     }
 }

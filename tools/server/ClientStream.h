@@ -4,6 +4,7 @@
 #pragma once
 
 #include "server/ServerLimits.h"
+#include "server/Sockets.h"
 
 #include <QtGlobal>
 
@@ -22,13 +23,12 @@ public:
     using Clock = std::chrono::steady_clock;
 
     /// Takes ownership of a connected socket.
-    ClientStream(int socket, const ServerLimits& limits);
+    ClientStream(Sockets::Handle socket, const ServerLimits& limits);
     /// Closes the connection.
     ~ClientStream() override;
     Q_DISABLE_COPY_MOVE(ClientStream)
 
-    /// Returns the time until `end` in the form used by poll() and epoll_wait(); 0 once it has
-    /// passed.
+    /// Returns the time until `end`, as the system waits; 0 once it has passed.
     static int timeoutMs(Clock::time_point end);
 
     /// Starts counting the time and the size of a request. Call it when one begins to arrive.
@@ -61,9 +61,9 @@ public:
 
 private:
     bool fill();
-    bool wait(short event, Clock::time_point end) const;
+    bool wait(Sockets::Event event, Clock::time_point end) const;
 
-    const int m_socket;
+    const Sockets::Handle m_socket;
     const ServerLimits m_limits;
     std::array<char, 4096> m_buffer = {};
     size_t m_next = 0;     // start of the unread data in the buffer

@@ -4,12 +4,7 @@
 #include "server/Connections.h"
 
 #include <algorithm>
-#include <array>
 #include <vector>
-
-#include <sys/epoll.h>
-#include <sys/eventfd.h>
-#include <unistd.h>
 
 namespace {
 
@@ -18,21 +13,14 @@ constexpr std::chrono::milliseconds patience(200);
 /// Pause between two checks for quiet clients while others wait.
 constexpr std::chrono::milliseconds lookPause(50);
 
-constexpr quint64 endId = 0; // not used by any connection
-
 } // namespace
 
 Connections::Connections(const ServerLimits& limits, Answer answer)
     : m_limits(limits)
     , m_answer(std::move(answer))
-    , m_events(::epoll_create1(EPOLL_CLOEXEC))
-    , m_end(::eventfd(0, EFD_CLOEXEC))
     , m_workers(limits.requests)
 {
-    epoll_event event = {};
-    event.events = EPOLLIN;
-    event.data.u64 = endId;
-    if (::epoll_ctl(m_events, EPOLL_CTL_ADD, m_end, &event) == 0)
+    if (m_watch.isValid())
         m_watcher = std::thread(&Connections::watch, this);
 }
 
@@ -44,11 +32,9 @@ Connections::~Connections()
         for (auto& [id, connection] : m_connections)
             connection.client->giveUp();
     }
-    ::eventfd_write(m_end, 1);
+    m_watch.wake();
     if (m_watcher.joinable())
         m_watcher.join();
-    ::close(m_events);
-    ::close(m_end);
 }
 
 bool Connections::isValid() const
@@ -56,7 +42,7 @@ bool Connections::isValid() const
     return m_watcher.joinable();
 }
 
-void Connections::add(int socket)
+void Connections::add(Sockets::Handle socket)
 {
     Connection connection;
     connection.client = std::make_unique<ClientStream>(socket, m_limits);
@@ -66,24 +52,22 @@ void Connections::add(int socket)
     if (m_isEnding || (isFull && !closeLongestIdle()))
         return;
     const auto place = m_connections.emplace(++m_lastId, std::move(connection)).first;
-    if (!watchForRequest(*place, EPOLL_CTL_ADD))
+    if (!m_watch.add(socket, place->first))
         m_connections.erase(place);
 }
 
 /// Runs on a separate thread until the connections end.
 void Connections::watch()
 {
-    std::array<epoll_event, 64> events = {};
     Clock::time_point closing = Clock::now() + m_limits.idle;
     Clock::time_point next = closing;
     for (;;) {
-        const int count = ::epoll_wait(m_events, events.data(), static_cast<int>(events.size()),
-                                       ClientStream::timeoutMs(next));
+        const std::vector<Id> begun = m_watch.wait(ClientStream::timeoutMs(next));
         const std::lock_guard<std::mutex> lock(m_mutex);
         if (m_isEnding)
             return;
-        for (int i = 0; i < count; ++i)
-            beginRequest(events.at(static_cast<size_t>(i)).data.u64);
+        for (const Id id : begun)
+            beginRequest(id);
         const Clock::time_point now = Clock::now();
         // A connection that becomes idle meanwhile is not due before the time returned by
         // closeIdle().
@@ -123,17 +107,8 @@ void Connections::serve(Id id)
     --m_served;
     connection.state = State::Idle;
     connection.idleSince = Clock::now();
-    if (!isOpen || m_isEnding || !watchForRequest(*place, EPOLL_CTL_MOD))
+    if (!isOpen || m_isEnding || !m_watch.addAgain(connection.client->socket(), id))
         m_connections.erase(id);
-}
-
-/// Makes the watching thread report the next input of a connection, once.
-bool Connections::watchForRequest(const std::pair<const Id, Connection>& place, int operation) const
-{
-    epoll_event event = {};
-    event.events = EPOLLIN | EPOLLONESHOT;
-    event.data.u64 = place.first;
-    return ::epoll_ctl(m_events, operation, place.second.client->socket(), &event) == 0;
 }
 
 /// Closes the connections that have been idle for too long. Returns the time of the next check.

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "server/ClientStream.h"
+#include "server/InputWatch.h"
 #include "server/ServerLimits.h"
 #include "server/WorkerPool.h"
 
@@ -28,17 +29,16 @@ public:
     ~Connections();
     Q_DISABLE_COPY_MOVE(Connections)
 
-    /// Returns whether the descriptors for watching connections could be created; without them none
-    /// is served.
+    /// Returns whether connections can be watched; otherwise none is served.
     bool isValid() const;
 
     /// Takes ownership of a connected socket. Closes it if there are too many connections and none
     /// is idle. Any thread.
-    void add(int socket);
+    void add(Sockets::Handle socket);
 
 private:
     using Clock = ClientStream::Clock;
-    using Id = quint64;
+    using Id = InputWatch::Id;
 
     enum class State {
         Idle,    ///< watched, until a request begins
@@ -55,16 +55,14 @@ private:
     void watch();
     void beginRequest(Id id);
     void serve(Id id);
-    bool watchForRequest(const std::pair<const Id, Connection>& place, int operation) const;
     Clock::time_point closeIdle(Clock::time_point now);
     Clock::time_point makeWay(Clock::time_point now);
     bool closeLongestIdle();
 
     const ServerLimits m_limits;
     const Answer m_answer;
-    const int m_events; // epoll descriptor
-    const int m_end;    // eventfd, written to end the watching thread
-    std::mutex m_mutex; // guards the next four
+    InputWatch m_watch;
+    std::mutex m_mutex; // guards the next five
     std::unordered_map<Id, Connection> m_connections;
     Id m_lastId = 0;
     int m_waiting = 0; // connections in these states

@@ -3,7 +3,7 @@
 
 #include "server/HttpServer.h"
 
-#include <sys/socket.h>
+#include "server/Sockets.h"
 
 namespace {
 
@@ -20,15 +20,6 @@ public:
     void enqueue(std::function<void()> task) override { task(); }
     void shutdown() override { }
 };
-
-/// Sets the options of the listening socket; accepted ones inherit the buffer size. httplib's own
-/// options would let a second server bind the same port, and each would get some of the requests.
-void setOptions(int socket)
-{
-    const int on = 1;
-    ::setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
-    ::setsockopt(socket, SOL_SOCKET, SO_SNDBUF, &sendBufferBytes, sizeof sendBufferBytes);
-}
 
 /// The client whose request this thread is answering, for httplib's handlers.
 thread_local ClientStream* currentClient = nullptr;
@@ -59,7 +50,9 @@ HttpServer::HttpServer(const ServerLimits& limits)
     : m_connections(limits, [this](ClientStream& client) { return answer(client); })
 {
     new_task_queue = [] { return new DirectTasks; };
-    set_socket_options(&setOptions);
+    // httplib's own options would let a second server bind the same port, and each would get some
+    // of the requests.
+    set_socket_options([](socket_t socket) { Sockets::prepareListener(socket, sendBufferBytes); });
     // Head and body of an answer are written separately: the second must not wait for the
     // acknowledgement of the first.
     set_tcp_nodelay(true);
@@ -79,7 +72,7 @@ quint16 HttpServer::bind(quint16 port)
     if (bound <= 0)
         return 0;
     // httplib sets a backlog of 5; a further client would retry only after a second.
-    ::listen(svr_sock_, SOMAXCONN);
+    Sockets::extendBacklog(svr_sock_);
     return static_cast<quint16>(bound);
 }
 

@@ -21,7 +21,7 @@ public:
     /// Binds to a port of 127.0.0.1 that no other server uses; 0 picks a free one. Returns the
     /// port, or 0 if it is taken.
     quint16 bind(quint16 port);
-    /// Returns whether the descriptors for serving connections could be created.
+    /// Returns whether connections can be served.
     bool is_valid() const override { return m_connections.isValid(); }
 
 private:

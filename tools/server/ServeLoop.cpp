@@ -3,27 +3,16 @@
 
 #include "server/ServeLoop.h"
 
+#include "server/EndSignals.h"
 #include "server/OpenFiles.h"
 #include "server/ServerLimits.h"
 #include "server/TreeServer.h"
 
-#include <csignal>
 #include <cstdio>
-
-#include <pthread.h>
 
 namespace ServeLoop {
 
 namespace {
-
-sigset_t endSignals()
-{
-    sigset_t ends;
-    sigemptyset(&ends);
-    sigaddset(&ends, SIGINT);
-    sigaddset(&ends, SIGTERM);
-    return ends;
-}
 
 void print(const QString& line)
 {
@@ -35,9 +24,7 @@ void print(const QString& line)
 
 bool run(const QString& folder, quint16 port, bool quiet, QString* error)
 {
-    // Before the server's threads start, so that they inherit the mask and receive no signals.
-    const sigset_t ends = endSignals();
-    pthread_sigmask(SIG_BLOCK, &ends, nullptr);
+    EndSignals::keepBack(); // before the server's threads start
     OpenFiles::raiseLimit(ServerLimits().connections * OpenFiles::perConnection);
     TreeServer server;
     if (!quiet)
@@ -47,8 +34,7 @@ bool run(const QString& folder, quint16 port, bool quiet, QString* error)
         return false;
     }
     print(QStringLiteral("serving %1 at %2").arg(folder, server.url()));
-    int signal = 0;
-    sigwait(&ends, &signal);
+    EndSignals::wait();
     return true;
 }
 

@@ -3,14 +3,17 @@
 
 #include "server/TreeFile.h"
 
+#ifdef Q_OS_WIN
+#include "host/WindowsName.h"
+#endif
+
 #include <QDateTime>
 #include <QFile>
+#include <QFileDevice>
 #include <QFileInfo>
 #include <QLocale>
 #include <QRegularExpression>
 #include <QStringList>
-
-#include <sys/stat.h>
 
 namespace {
 
@@ -25,6 +28,10 @@ QString below(const QByteArray& address)
     for (const QString& part : given) {
         if (part == QLatin1String("."))
             continue;
+#ifdef Q_OS_WIN // devices, alternate streams, and names that lead to another file
+        if (part != QLatin1String("..") && !WindowsName::isStorable(part))
+            return QString();
+#endif
         if (part != QLatin1String(".."))
             parts.append(part);
         else if (parts.isEmpty())
@@ -55,16 +62,13 @@ TreeFile::TreeFile(const QString& folder, const QByteArray& address)
     if (!file.isFile() || !file.canonicalFilePath().startsWith(root + QLatin1Char('/')))
         return;
     auto opened = std::make_shared<QFile>(file.canonicalFilePath());
-    struct stat info = {};
-    if (!opened->open(QIODevice::ReadOnly) || ::fstat(opened->handle(), &info) != 0)
+    if (!opened->open(QIODevice::ReadOnly))
         return;
+    const QDateTime modified = opened->fileTime(QFileDevice::FileModificationTime).toUTC();
+    m_size = opened->size();
     m_file = std::move(opened);
     m_path = path;
-    m_size = info.st_size;
-    m_modified = info.st_mtim.tv_sec;
-    constexpr qint64 milli = 1000;
-    const QDateTime modified = QDateTime::fromMSecsSinceEpoch(
-        m_modified * milli + info.st_mtim.tv_nsec / (milli * milli), Qt::UTC);
+    m_modified = modified.toSecsSinceEpoch();
     m_entityTag = '"' + QByteArray::number(modified.toMSecsSinceEpoch(), 16) + '-'
         + QByteArray::number(m_size, 16) + '"';
     m_lastModified = QLocale::c().toString(modified, httpDate).toLatin1();

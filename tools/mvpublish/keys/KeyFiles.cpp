@@ -3,25 +3,17 @@
 
 #include "keys/KeyFiles.h"
 
+#include "host/SystemFile.h"
 #include "keys/SecretKey.h"
 
 #include <QByteArray>
-#include <QFile>
 #include <QFileInfo>
+#include <QRandomGenerator>
 
-#include <array>
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 namespace {
-
-constexpr mode_t ownerOnly = 0600;
-constexpr mode_t readable = 0644;
 
 QString systemError()
 {
@@ -33,73 +25,69 @@ class NewFile
 {
 public:
     explicit NewFile(const QString& target)
-        : m_target(QFile::encodeName(target))
-        , m_name(m_target + ".XXXXXX")
+        : m_target(SystemFile::encodedName(target))
     {
     }
     ~NewFile()
     {
-        if (m_isThere)
-            ::unlink(m_name.constData());
+        if (!m_name.isEmpty())
+            SystemFile::remove(m_name);
     }
     Q_DISABLE_COPY_MOVE(NewFile)
 
-    /// Writes and flushes it, readable by its owner only until it is complete.
-    bool write(const char* bytes, std::size_t size, mode_t mode)
+    /// Writes and flushes it.
+    bool write(const char* bytes, std::size_t size, SystemFile::Readers readers)
     {
-        const int handle = ::mkostemp(m_name.data(), O_CLOEXEC);
+        const int handle = create(readers);
         if (handle < 0)
             return false;
-        m_isThere = true;
-        std::size_t written = 0;
-        while (written < size) {
-            const ssize_t count = ::write(handle, bytes + written, size - written);
-            if (count < 0 && errno != EINTR)
-                break;
-            written += count > 0 ? static_cast<std::size_t>(count) : 0;
-        }
-        const bool isStored =
-            written == size && ::fchmod(handle, mode) == 0 && ::fsync(handle) == 0;
+        const bool isStored = SystemFile::writeAt(handle, bytes, static_cast<qint64>(size), 0)
+            && SystemFile::flush(handle) && SystemFile::hasTakenAllBytes(handle);
         const int reason = errno;
-        const bool isClosed = ::close(handle) == 0;
-        if (!isStored)
-            errno = reason;
-        return isStored && isClosed;
+        SystemFile::close(handle);
+        errno = reason;
+        return isStored;
     }
 
     /// Gives it its name. Without `overwrite` an existing file is kept, with EEXIST.
     bool place(bool overwrite)
     {
-        const unsigned flags = overwrite ? 0 : RENAME_NOREPLACE;
-        if (::renameat2(AT_FDCWD, m_name.constData(), AT_FDCWD, m_target.constData(), flags) == 0) {
-            m_isThere = false;
+        if (overwrite ? SystemFile::rename(m_name, m_target)
+                      : SystemFile::renameToNew(m_name, m_target)) {
+            m_name.clear();
             return true;
         }
         // Some file systems cannot rename without replacing, but they can link.
         return !overwrite && (errno == EINVAL || errno == ENOSYS)
-            && ::link(m_name.constData(), m_target.constData()) == 0;
+            && SystemFile::link(m_name, m_target);
     }
 
     /// Takes the name back.
-    void remove() const { ::unlink(m_target.constData()); }
+    void remove() const { SystemFile::remove(m_target); }
 
 private:
+    /// Creates it beside the target, under a name that nobody has.
+    int create(SystemFile::Readers readers)
+    {
+        constexpr int hexadecimal = 16;
+        int handle = -1;
+        do {
+            const quint64 number = QRandomGenerator::system()->generate64();
+            m_name = m_target + '.' + QByteArray::number(number, hexadecimal);
+            handle = SystemFile::create(m_name, readers);
+        } while (handle < 0 && errno == EEXIST);
+        if (handle < 0)
+            m_name.clear();
+        return handle;
+    }
+
     QByteArray m_target;
-    QByteArray m_name;
-    bool m_isThere = false;
+    QByteArray m_name; // empty unless the file is there
 };
 
 bool flushFolder(const QString& file)
 {
-    const QByteArray folder = QFile::encodeName(QFileInfo(file).absolutePath());
-    const int handle = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (handle < 0)
-        return false;
-    const bool isFlushed = ::fsync(handle) == 0;
-    const int reason = errno;
-    ::close(handle);
-    errno = reason;
-    return isFlushed;
+    return SystemFile::flushFolder(SystemFile::encodedName(QFileInfo(file).absolutePath()));
 }
 
 bool fail(QString* error, const QString& file)
@@ -131,10 +119,10 @@ bool KeyFiles::write(const QString& file, const SecretBytes& secret, const QByte
     const QString publicName = publicFile(file);
     NewFile secretFile(file);
     NewFile publicKey(publicName);
-    if (!secretFile.write(secret.text(), secret.size(), ownerOnly))
+    if (!secretFile.write(secret.text(), secret.size(), SystemFile::Readers::Owner))
         return fail(error, file);
     if (!publicKey.write(publicText.constData(), static_cast<std::size_t>(publicText.size()),
-                         readable))
+                         SystemFile::Readers::Everyone))
         return fail(error, publicName);
     if (!secretFile.place(overwrite))
         return fail(error, file);
@@ -151,20 +139,22 @@ bool KeyFiles::readSecret(const QString& file, SecretBytes& secret, QString* err
 {
     // Not QFile, whose buffer would keep a copy.
     const int handle =
-        ::open(QFile::encodeName(file).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+        SystemFile::openRegular(SystemFile::encodedName(file), SystemFile::Access::Read);
     SecretBytes content(SecretKey::maxFileBytes);
-    std::size_t length = 0;
-    ssize_t count = handle < 0 ? -1 : 1;
-    while (count > 0 && length < content.size()) {
-        count = ::read(handle, content.data() + length, content.size() - length);
-        length += count > 0 ? static_cast<std::size_t>(count) : 0;
+    qint64 length = 0;
+    qint64 count = handle < 0 ? -1 : 1;
+    while (count > 0 && length < static_cast<qint64>(content.size())) {
+        count = SystemFile::readAt(handle, content.text() + length,
+                                   static_cast<qint64>(content.size()) - length, length);
+        length += count > 0 ? count : 0;
     }
     const bool isRead = count >= 0;
     if (!isRead)
-        *error = QStringLiteral("%1 cannot be read: %2").arg(file, systemError());
+        *error = QStringLiteral("%1 cannot be read: %2")
+                     .arg(file, errno == 0 ? QStringLiteral("not a regular file") : systemError());
     if (handle >= 0)
-        ::close(handle);
-    content.truncate(length);
+        SystemFile::close(handle);
+    content.truncate(static_cast<std::size_t>(length));
     secret = std::move(content);
     return isRead;
 }

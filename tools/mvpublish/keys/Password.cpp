@@ -3,12 +3,11 @@
 
 #include "keys/Password.h"
 
+#include "host/SystemFile.h"
+#include "keys/SilentTerminal.h"
+
 #include <cerrno>
 #include <cstring>
-
-#include <fcntl.h>
-#include <termios.h>
-#include <unistd.h>
 
 namespace {
 
@@ -31,60 +30,14 @@ bool fail(QString* error, const QString& text)
 bool readByte(int descriptor, char& byte)
 {
     errno = 0;
-    ssize_t count = 0;
-    do {
-        count = ::read(descriptor, &byte, 1);
-    } while (count < 0 && errno == EINTR);
-    return count == 1;
+    return SystemFile::readNext(descriptor, &byte, 1) == 1;
 }
-
-/// The terminal of the process, which shows nothing of what is typed. The keys that would signal
-/// the process arrive as bytes, so that none ends it while the terminal is silent.
-class SilentTerminal
-{
-public:
-    SilentTerminal()
-        : m_handle(::open("/dev/tty", O_RDWR | O_CLOEXEC))
-    {
-        if (!isOpen() || ::tcgetattr(m_handle, &m_before) != 0)
-            return;
-        termios silent = m_before;
-        silent.c_lflag &= ~static_cast<tcflag_t>(ECHO | ECHONL | ICANON | ISIG);
-        silent.c_cc[VMIN] = 1;
-        silent.c_cc[VTIME] = 0;
-        m_isSilent = ::tcsetattr(m_handle, TCSAFLUSH, &silent) == 0;
-    }
-    ~SilentTerminal()
-    {
-        if (m_isSilent)
-            ::tcsetattr(m_handle, TCSAFLUSH, &m_before);
-        if (isOpen())
-            ::close(m_handle);
-    }
-    Q_DISABLE_COPY_MOVE(SilentTerminal)
-
-    bool isSilent() const { return m_isSilent; }
-    int handle() const { return m_handle; }
-    void print(const QByteArray& text) const
-    {
-        const ssize_t written =
-            ::write(m_handle, text.constData(), static_cast<size_t>(text.size()));
-        Q_UNUSED(written)
-    }
-
-private:
-    bool isOpen() const { return m_handle >= 0; }
-
-    int m_handle;
-    termios m_before = {};
-    bool m_isSilent = false;
-};
 
 /// Reads a line with the keys that edit one. Returns false with the reason in `error`.
 bool readTyped(const SilentTerminal& terminal, SecretBytes& line, QString* error)
 {
     std::size_t length = 0;
-    for (char byte = 0; readByte(terminal.handle(), byte);) {
+    for (char byte = 0; terminal.readByte(byte);) {
         if (byte == '\n' || byte == '\r' || byte == endOfInput) {
             line.truncate(length);
             return true;

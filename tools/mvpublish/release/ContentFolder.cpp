@@ -4,12 +4,10 @@
 #include "release/ContentFolder.h"
 
 #include "download/ReleasePaths.h"
+#include "host/SystemFile.h"
 #include "tree/ServedFiles.h"
 
-#include <QFile>
 #include <QFileInfo>
-
-#include <unistd.h>
 
 ContentFolder::ContentFolder(const QString& tree)
     : m_tree(tree)
@@ -43,7 +41,6 @@ bool ContentFolder::place(const QString& file, const QString& name)
     // Whatever keeps a file from being linked (the file system, its limit of links, a file of
     // another user) does not keep it from being copied.
     return (m_canLink
-            && ::link(QFile::encodeName(file).constData(), QFile::encodeName(target).constData())
-                == 0)
+            && SystemFile::link(SystemFile::encodedName(file), SystemFile::encodedName(target)))
         || ServedFiles::copy(file, target, &m_error);
 }

@@ -4,12 +4,10 @@
 #include "release/LocalTree.h"
 
 #include "host/ContentDigest.h"
+#include "host/SystemFile.h"
 #include "release/TreeBytes.h"
 
-#include <QFile>
 #include <QFileInfo>
-
-#include <sys/stat.h>
 
 LocalTree::LocalTree(const QString& folder)
     : m_folder(folder + QLatin1Char('/'))
@@ -55,10 +53,10 @@ QVector<PublishedTree::Deviation> LocalTree::compare(const QVector<Expected>& fi
 /// Reads a file once, however many names lead to it.
 QByteArray LocalTree::digestOf(const QString& file, const Progress& progress)
 {
-    struct stat info = {};
-    if (::stat(QFile::encodeName(file).constData(), &info) != 0)
+    const QPair<quint64, quint64> identity = SystemFile::identity(SystemFile::encodedName(file));
+    if (identity == QPair<quint64, quint64>())
         return {};
-    QByteArray& digest = m_digests[qMakePair(quint64(info.st_dev), quint64(info.st_ino))];
+    QByteArray& digest = m_digests[identity];
     if (digest.isEmpty())
         digest = ContentDigest::ofFile(file, [&progress](qint64 bytes) {
             progress(bytes);

@@ -21,5 +21,5 @@ private:
     QByteArray digestOf(const QString& file, const Progress& progress);
 
     QString m_folder;
-    QHash<QPair<quint64, quint64>, QByteArray> m_digests; // by device and number: links share one
+    QHash<QPair<quint64, quint64>, QByteArray> m_digests; // by identity: links share one
 };

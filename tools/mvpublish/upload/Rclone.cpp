@@ -4,36 +4,24 @@
 #include "upload/Rclone.h"
 
 #include "Console.h"
-#include "PreparedProcess.h"
+#include "upload/ChildGroup.h"
 
 #include <QEventLoop>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QProcess>
 #include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTimer>
 
 #include <chrono>
-#include <csignal>
+#include <memory>
 #include <utility>
-
-#include <unistd.h>
-#ifdef Q_OS_LINUX
-#include <sys/prctl.h>
-#endif
 
 namespace {
 
 // rclone ends its transfers, and what it has begun at an object store.
 constexpr std::chrono::seconds longestEnd(10);
-
-void prepareChild()
-{
-    ::setpgid(0, 0);
-#ifdef Q_OS_LINUX
-    ::prctl(PR_SET_PDEATHSIG, SIGTERM);
-#endif
-}
 
 /// Returns the log as lines of JSON, with the progress in between.
 QStringList logOptions()
@@ -74,7 +62,8 @@ bool Rclone::run(const QStringList& arguments, QByteArray* out)
     m_status = -1;
     if (m_isCancelled && !m_isProtected)
         return false;
-    PreparedProcess process(&prepareChild);
+    const std::unique_ptr<QProcess> child = ChildGroup::makeProcess();
+    QProcess& process = *child;
     QEventLoop loop;
     QObject::connect(&process, &QProcess::readyReadStandardError, &loop, [this] { readLog(); });
     QObject::connect(&process, qOverload<int, QProcess::ExitStatus>(&QProcess::finished), &loop,
@@ -119,9 +108,8 @@ void Rclone::cancel()
 
 void Rclone::terminate()
 {
-    QProcess* const process = m_process;
-    process->terminate();
-    QTimer::singleShot(longestEnd, process, &QProcess::kill);
+    ChildGroup::interrupt(*m_process);
+    QTimer::singleShot(longestEnd, m_process, &QProcess::kill);
 }
 
 void Rclone::readLog()

@@ -15,9 +15,8 @@ class QProcess;
 /// Runs the program rclone, one command at a time, as a child process and never through a shell.
 /// Belongs to the main thread, whose event loop runs while a command does.
 ///
-/// The child has a process group of its own, so that an interrupt at the terminal reaches only this
-/// program, which decides when to pass it on. On Linux it also ends with this program, however that
-/// ends.
+/// The child belongs to a ChildGroup, so an interrupt at the terminal reaches only this program,
+/// which decides when to pass it on.
 class Rclone
 {
 public:

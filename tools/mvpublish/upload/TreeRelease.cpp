@@ -7,13 +7,12 @@
 #include "download/ReleaseSignature.h"
 #include "host/ContentDigest.h"
 #include "host/RegularFile.h"
+#include "host/SystemFile.h"
 
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 #include <QVector>
-
-#include <sys/stat.h>
 
 namespace {
 
@@ -26,11 +25,7 @@ bool readBytes(const QString& path, qint64 maxBytes, QByteArray& bytes)
 /// Returns whether two names belong to one file, as those of a content and of its file do.
 bool areLinked(const QString& left, const QString& right)
 {
-    struct stat one = {};
-    struct stat other = {};
-    return ::stat(QFile::encodeName(left).constData(), &one) == 0
-        && ::stat(QFile::encodeName(right).constData(), &other) == 0 && one.st_dev == other.st_dev
-        && one.st_ino == other.st_ino;
+    return SystemFile::isSame(SystemFile::encodedName(left), SystemFile::encodedName(right));
 }
 
 } // namespace

@@ -31,13 +31,20 @@ void install(int number)
 
 } // namespace
 
+class Interrupt::Private
+{
+public:
+    std::unique_ptr<QSocketNotifier> notifier;
+};
+
 Interrupt::Interrupt()
+    : d(std::make_unique<Private>())
 {
     if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0)
         return; // an interrupt then ends the process at once
-    m_notifier = std::make_unique<QSocketNotifier>(ends[1], QSocketNotifier::Read);
-    connect(m_notifier.get(), &QSocketNotifier::activated, this, [this] {
-        m_notifier->setEnabled(false);
+    d->notifier = std::make_unique<QSocketNotifier>(ends[1], QSocketNotifier::Read);
+    connect(d->notifier.get(), &QSocketNotifier::activated, this, [this] {
+        d->notifier->setEnabled(false);
         emit requested();
     });
     install(SIGINT);
