@@ -104,7 +104,7 @@ function(mv_install_package)
                "set(_mv_${component}_qt ${MV_COMPONENT_${component}_QT})\n")
     endforeach()
     configure_package_config_file(MvResourceConfig.cmake.in ${CMAKE_CURRENT_BINARY_DIR}/MvResourceConfig.cmake
-                                  INSTALL_DESTINATION ${MV_INSTALL_CMAKEDIR})
+                                  INSTALL_DESTINATION ${MV_INSTALL_CMAKEDIR} PATH_VARS MV_INSTALL_QML_DIR)
     write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/MvResourceConfigVersion.cmake
                                      COMPATIBILITY SameMinorVersion)
     install(

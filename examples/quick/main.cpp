@@ -14,7 +14,7 @@ int main(int argc, char** argv)
         return 2;
     }
     QQmlApplicationEngine engine;
-    engine.addImportPath(QStringLiteral(MV_QML_FOLDER)); // an installed module needs no path
+    engine.addImportPath(QStringLiteral(MV_QML_DIR));
     engine.setInitialProperties(
         {{QStringLiteral("downloadFolder"), QString::fromLocal8Bit(argv[2])}});
     engine.load(QUrl(QStringLiteral("qrc:/quick/Main.qml")));

@@ -78,8 +78,8 @@ QWidget* ScriptTargets::widget(const QString& name)
     const QWidgetList all = QApplication::allWidgets();
     QWidget* first = nullptr;
     const auto isBefore = [](const QWidget* one, const QWidget* other) {
-        const QPoint left = one->mapToGlobal({});
-        const QPoint right = other->mapToGlobal({});
+        const QPoint left = one->mapToGlobal(QPoint());
+        const QPoint right = other->mapToGlobal(QPoint());
         return left.y() != right.y() ? left.y() < right.y() : left.x() < right.x();
     };
     for (QWidget* widget : all) {

@@ -7,6 +7,7 @@
 #   core          a host without a window, on a machine without Qt Widgets
 #   components    what find_package() answers to components that are there, unknown or missing
 #   pkgConfig     the same hosts with the compiler alone
+#   quick         examples/quick with the installed QML module
 cmake_minimum_required(VERSION 3.25)
 
 set(prefix ${WORK_FOLDER}/installed)
@@ -24,9 +25,10 @@ endfunction()
 
 # configure(PROJECT OPTIONS...): with nothing but the installed tree and the system.
 function(configure project)
+    cmake_path(ABSOLUTE_PATH project BASE_DIRECTORY ${CMAKE_CURRENT_LIST_DIR})
     run(${CMAKE_COMMAND}
         -S
-        ${CMAKE_CURRENT_LIST_DIR}/${project}
+        ${project}
         -B
         ${host}
         -G
@@ -36,6 +38,7 @@ function(configure project)
         -DCMAKE_CXX_COMPILER=${COMPILER}
         -DCMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER}
         -DPACKAGE_VERSION=${PACKAGE_VERSION}
+        -DPACKAGE_QT=${QT}
         -DSANITIZE=${SANITIZE}
         ${ARGN})
     file(READ ${host}/CMakeCache.txt cache)
@@ -96,7 +99,11 @@ function(every_header_is_public)
 endfunction()
 
 # Moved afterwards: the installed tree must be relocatable.
-foreach(component dev core model browser)
+set(components dev core model browser)
+if(CASE STREQUAL "quick")
+    list(APPEND components qml)
+endif()
+foreach(component IN LISTS components)
     run(${CMAKE_COMMAND} --install ${BUILD_FOLDER} --prefix ${WORK_FOLDER}/staged --component ${component})
 endforeach()
 file(RENAME ${WORK_FOLDER}/staged ${prefix})
@@ -132,6 +139,25 @@ elseif(CASE STREQUAL "pkgConfig")
     if(NOT output MATCHES "usage: embed SETTINGS.ini")
         message(FATAL_ERROR "embed printed:\n${output}")
     endif()
+elseif(CASE STREQUAL "quick")
+    if(SANITIZE)
+        set(flags -DCMAKE_CXX_FLAGS=-fsanitize=${SANITIZE})
+    endif()
+    configure(../../examples/quick ${flags})
+    run(${CMAKE_COMMAND} --build ${host})
+    file(MAKE_DIRECTORY ${WORK_FOLDER}/home)
+    set(environment HOME=${WORK_FOLDER}/home XDG_DATA_HOME=${WORK_FOLDER}/home QT_QUICK_BACKEND=software
+                    QT_LOGGING_RULES=MVThemeMgr=true)
+    # Its document has opened the catalogue, and so has found the module.
+    run(${CMAKE_COMMAND}
+        -E
+        env
+        ${environment}
+        ${CMAKE_CURRENT_LIST_DIR}/until_line
+        "Resource root path: ${WORK_FOLDER}/root"
+        ${host}/quick
+        ${SAMPLES}/settings.ini
+        ${WORK_FOLDER}/root)
 else()
     message(FATAL_ERROR "there is no case \"${CASE}\"")
 endif()

@@ -3,15 +3,13 @@
 
 #pragma once
 
-#include <QQmlExtensionPlugin>
+#include <QQmlEngineExtensionPlugin>
 
 /// The QML module Mv.Resources 1.0: ResourceCatalogue, ResourceModel and ResourceFilterModel, as in
-/// C++. The program sets HostSettings before it loads a document that imports the module.
-class MvResourcesPlugin : public QQmlExtensionPlugin
+/// C++. The program sets HostSettings before it loads a document that imports the module. What the
+/// build makes from ResourceTypes.h registers the types when the plugin is loaded.
+class MvResourcesPlugin : public QQmlEngineExtensionPlugin
 {
     Q_OBJECT
-    Q_PLUGIN_METADATA(IID QQmlExtensionInterface_iid)
-
-public:
-    void registerTypes(const char* uri) override;
+    Q_PLUGIN_METADATA(IID QQmlEngineExtensionInterface_iid)
 };
