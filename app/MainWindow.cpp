@@ -6,6 +6,7 @@
 #include "AboutDialog.h"
 #include "AppLanguage.h"
 #include "browser/CellEvents.h"
+#include "browser/SCellState.h"
 #include "catalogue/MVThemeMgr.h"
 #include "CheckStatus.h"
 #include "DetailsPanel.h"
@@ -18,6 +19,7 @@
 #include "host/HostSettings.h"
 #include "host/LogL.h"
 #include "host/ProductParam.h"
+#include "ItemKey.h"
 #include "Preferences.h"
 #include "ProjectDialog.h"
 #include "ResourceList.h"
@@ -54,7 +56,8 @@ MainWindow::MainWindow(Preferences& preferences, CatalogueUpdate& check)
     , m_tabs(new ResourceTabs(new QWidget(m_splitter)))
     , m_details(new DetailsPanel(new QWidget(m_splitter)))
     , m_failure(new FailureList(m_tabs->parentWidget()))
-    , m_downloads(new DownloadsBar([this] { return m_tabs->progress(); }, m_tabs->parentWidget()))
+    , m_downloads(new DownloadsBar([this](const ItemKey& item) { return m_tabs->stateOf(item); },
+                                   m_tabs->parentWidget()))
     , m_favouriteBar(new FavouriteBar(m_tabs->parentWidget()))
     , m_status(new CheckStatus(check, this))
     , m_storage(new StorageControls(*m_details, m_tabs->parentWidget(), this))

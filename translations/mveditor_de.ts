@@ -197,6 +197,81 @@
         <source>Cancel all</source>
         <translation>Alle abbrechen</translation>
     </message>
+    <message numerus="yes">
+        <source>, %n of them waiting for the server</source>
+        <translation>
+            <numerusform>, %n davon wartet auf den Server</numerusform>
+            <numerusform>, %n davon warten auf den Server</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>DownloadsMove</name>
+    <message>
+        <source>The folder cannot be created: %1</source>
+        <translation>Der Ordner kann nicht angelegt werden: %1</translation>
+    </message>
+    <message>
+        <source>One folder is within the other: %1</source>
+        <translation>Ein Ordner liegt im anderen: %1</translation>
+    </message>
+    <message>
+        <source>%1 cannot be created</source>
+        <translation>%1 kann nicht angelegt werden</translation>
+    </message>
+    <message>
+        <source>There is not enough space: %1 are needed, %2 are free</source>
+        <translation>Der Platz reicht nicht: %1 werden gebraucht, %2 sind frei</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation>%1 kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>The folder already holds another file of this name: %1</source>
+        <translation>Der Ordner enthält schon eine andere Datei dieses Namens: %1</translation>
+    </message>
+</context>
+<context>
+    <name>DownloadsMover</name>
+    <message>
+        <source>Move the downloads to the new folder?
+
+From %1
+to %2</source>
+        <translation>Die heruntergeladenen Dateien in den neuen Ordner verschieben?
+
+Von %1
+nach %2</translation>
+    </message>
+    <message>
+        <source>They cannot be moved now, while downloads or a check run.</source>
+        <translation>Jetzt können sie nicht verschoben werden, weil Downloads oder eine Prüfung laufen.</translation>
+    </message>
+    <message>
+        <source>Download folder</source>
+        <translation>Download-Ordner</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Verschieben</translation>
+    </message>
+    <message>
+        <source>Leave</source>
+        <translation>Dort lassen</translation>
+    </message>
+    <message>
+        <source>Moving the downloads…</source>
+        <translation>Dateien werden verschoben…</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
 </context>
 <context>
     <name>FailureBox</name>

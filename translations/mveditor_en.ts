@@ -27,6 +27,13 @@
             <numerusform>Downloading %n items</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>, %n of them waiting for the server</source>
+        <translation>
+            <numerusform>, %n of them waiting for the server</numerusform>
+            <numerusform>, %n of them waiting for the server</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>

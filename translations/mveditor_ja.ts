@@ -194,6 +194,80 @@
         <source>Cancel all</source>
         <translation>すべてキャンセル</translation>
     </message>
+    <message numerus="yes">
+        <source>, %n of them waiting for the server</source>
+        <translation>
+            <numerusform>（うち %n 項目がサーバーを待機中）</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>DownloadsMove</name>
+    <message>
+        <source>The folder cannot be created: %1</source>
+        <translation>フォルダーを作成できません: %1</translation>
+    </message>
+    <message>
+        <source>One folder is within the other: %1</source>
+        <translation>一方のフォルダーがもう一方の中にあります: %1</translation>
+    </message>
+    <message>
+        <source>%1 cannot be created</source>
+        <translation>%1 を作成できません</translation>
+    </message>
+    <message>
+        <source>There is not enough space: %1 are needed, %2 are free</source>
+        <translation>空き容量が足りません: 必要 %1、空き %2</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation>%1 を読み込めません: %2</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 に書き込めません: %2</translation>
+    </message>
+    <message>
+        <source>The folder already holds another file of this name: %1</source>
+        <translation>フォルダーには同じ名前の別のファイルがあります: %1</translation>
+    </message>
+</context>
+<context>
+    <name>DownloadsMover</name>
+    <message>
+        <source>Move the downloads to the new folder?
+
+From %1
+to %2</source>
+        <translation>ダウンロード済みのファイルを新しいフォルダーに移動しますか？
+
+移動元 %1
+移動先 %2</translation>
+    </message>
+    <message>
+        <source>They cannot be moved now, while downloads or a check run.</source>
+        <translation>ダウンロードまたは確認の実行中は移動できません。</translation>
+    </message>
+    <message>
+        <source>Download folder</source>
+        <translation>ダウンロードフォルダー</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>移動</translation>
+    </message>
+    <message>
+        <source>Leave</source>
+        <translation>そのままにする</translation>
+    </message>
+    <message>
+        <source>Moving the downloads…</source>
+        <translation>ファイルを移動しています…</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
 </context>
 <context>
     <name>FailureBox</name>
