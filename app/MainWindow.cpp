@@ -26,6 +26,7 @@
 #include "ResourceTabs.h"
 #include "SettingsControls.h"
 #include "StorageControls.h"
+#include "UndoAction.h"
 #include "ViewMenu.h"
 
 #include <QCloseEvent>
@@ -61,6 +62,7 @@ MainWindow::MainWindow(Preferences& preferences, CatalogueUpdate& check)
     , m_favouriteBar(new FavouriteBar(m_tabs->parentWidget()))
     , m_status(new CheckStatus(check, this))
     , m_storage(new StorageControls(*m_details, m_tabs->parentWidget(), this))
+    , m_undo(new UndoAction(m_storage->removals(), this))
     , m_settings(new SettingsControls(preferences, check, m_tabs->parentWidget(), this))
     , m_favouritesChanged(new QTimer(this))
     , m_fileMenu(menuBar()->addMenu(QString()))
@@ -133,7 +135,7 @@ void MainWindow::createMenus()
     m_showDetails->setObjectName(QStringLiteral("showDetails"));
     m_showDetails->setShortcut(QKeySequence(QStringLiteral("Ctrl+I")));
     m_resourcesMenu->addSeparator();
-    m_storage->addActions(m_resourcesMenu);
+    m_resourcesMenu->addActions({m_storage->updateAll(), m_undo});
     connect(m_find, &QAction::triggered, m_tabs->filterBar(), &FilterBar::startSearch);
     connect(m_checkNow, &QAction::triggered, this, &MainWindow::toggleCheck);
 }
@@ -244,6 +246,8 @@ void MainWindow::connectCells()
     connect(catalogue, &MVThemeMgr::sigThemesCollected, this, favouritesChanged);
     connect(catalogue, &MVThemeMgr::sigFilterCollected, this, favouritesChanged);
     const CellEvents* const cells = CellEvents::instance();
+    connect(cells, &CellEvents::favouriteToggled, this, &MainWindow::noteFavourite);
+    connect(m_undo, &UndoAction::favouriteWanted, this, &MainWindow::undoFavourite);
     connect(cells, &CellEvents::moreWanted, this, &MainWindow::openMore);
     connect(cells, &CellEvents::downloadStarted, m_failure, &FailureList::forget);
     connect(cells, &CellEvents::downloadEnded, this,
@@ -297,6 +301,7 @@ void MainWindow::retranslate()
     m_about->setText(tr("&About this program"));
     m_unfolded->setText(tr("&Details beside the list"));
     m_storage->retranslate();
+    m_undo->retranslate();
     m_settings->retranslate();
     refreshCheckButton();
 }

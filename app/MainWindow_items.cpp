@@ -23,6 +23,7 @@
 #include "SettingsControls.h"
 #include "StorageControls.h"
 #include "WelcomePage.h"
+#include "UndoAction.h"
 
 #include <QAction>
 #include <QFileDialog>
@@ -83,8 +84,10 @@ void MainWindow::connectLists()
         connect(list, &ResourceList::favouriteWanted, this, &MainWindow::toggleFavourite);
     }
     connect(m_downloads, &DownloadsBar::cancelWanted, m_tabs, &ResourceTabs::cancelDownloads);
-    connect(m_favouriteBar, &FavouriteBar::undoWanted, this,
-            [this](const ItemKey& item) { toggleFavourite(item.kind, item.guid); });
+    connect(m_favouriteBar, &FavouriteBar::undoWanted, this, [this](const ItemKey& item) {
+        m_undo->forgetFavourite(item);
+        undoFavourite(item);
+    });
     connect(m_settings, &SettingsControls::clickChosen, this,
             [this] { m_tabs->setAppliedByClick(m_preferences.isAppliedByClick()); });
 }

@@ -1145,10 +1145,6 @@ Zeigen Sie auf eine Zelle und drücken Sie ihr Herz, oder drücken Sie F</transl
         <translation>Einige Dateien von „%1“ ließen sich nicht zurückholen</translation>
     </message>
     <message>
-        <source>U&amp;ndo removal</source>
-        <translation>Entfernen &amp;rückgängig</translation>
-    </message>
-    <message>
         <source>Cancel &amp;update</source>
         <translation>Aktualisierung a&amp;bbrechen</translation>
     </message>
@@ -1218,6 +1214,21 @@ Zeigen Sie auf eine Zelle und drücken Sie ihr Herz, oder drücken Sie F</transl
     </message>
     <message numerus="yes">
         <source>Fetching %n item(s): %1 of %2</source>
+<context>
+    <name>UndoAction</name>
+    <message>
+        <source>U&amp;ndo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo removal</source>
+        <translation>Entfernen &amp;rückgängig</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo change of favorites</source>
+        <translation>Änderung der Favoriten &amp;rückgängig</translation>
+    </message>
+</context>
         <translation>
             <numerusform>%n Element wird geladen: %1 von %2</numerusform>
             <numerusform>%n Elemente werden geladen: %1 von %2</numerusform>

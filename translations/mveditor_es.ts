@@ -1145,10 +1145,6 @@ Señale una celda y pulse su corazón, o pulse F</translation>
         <translation>Algunos archivos de «%1» no se pudieron recuperar</translation>
     </message>
     <message>
-        <source>U&amp;ndo removal</source>
-        <translation>&amp;Deshacer la retirada</translation>
-    </message>
-    <message>
         <source>Cancel &amp;update</source>
         <translation>Cancelar la act&amp;ualización</translation>
     </message>
@@ -1218,6 +1214,21 @@ Señale una celda y pulse su corazón, o pulse F</translation>
     </message>
     <message numerus="yes">
         <source>Fetching %n item(s): %1 of %2</source>
+<context>
+    <name>UndoAction</name>
+    <message>
+        <source>U&amp;ndo</source>
+        <translation>&amp;Deshacer</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo removal</source>
+        <translation>&amp;Deshacer la retirada</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo change of favorites</source>
+        <translation>&amp;Deshacer cambio de favoritos</translation>
+    </message>
+</context>
         <translation>
             <numerusform>Descargando %n elemento: %1 de %2</numerusform>
             <numerusform>Descargando %n elementos: %1 de %2</numerusform>

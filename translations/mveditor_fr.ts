@@ -1145,10 +1145,6 @@ Pointez une cellule et cliquez sur son cœur, ou appuyez sur F</translation>
         <translation>Certains fichiers de « %1 » n’ont pas pu être rétablis</translation>
     </message>
     <message>
-        <source>U&amp;ndo removal</source>
-        <translation>A&amp;nnuler le retrait</translation>
-    </message>
-    <message>
         <source>Cancel &amp;update</source>
         <translation>Annuler la &amp;mise à jour</translation>
     </message>
@@ -1218,6 +1214,21 @@ Pointez une cellule et cliquez sur son cœur, ou appuyez sur F</translation>
     </message>
     <message numerus="yes">
         <source>Fetching %n item(s): %1 of %2</source>
+<context>
+    <name>UndoAction</name>
+    <message>
+        <source>U&amp;ndo</source>
+        <translation>A&amp;nnuler</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo removal</source>
+        <translation>A&amp;nnuler le retrait</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo change of favorites</source>
+        <translation>A&amp;nnuler le changement de favoris</translation>
+    </message>
+</context>
         <translation>
             <numerusform>Téléchargement de %n élément : %1 sur %2</numerusform>
             <numerusform>Téléchargement de %n éléments : %1 sur %2</numerusform>

@@ -1137,10 +1137,6 @@ Point at a cell and press its heart, or press F</source>
         <translation>「%1」の一部のファイルを元に戻せませんでした</translation>
     </message>
     <message>
-        <source>U&amp;ndo removal</source>
-        <translation>削除を元に戻す(&amp;N)</translation>
-    </message>
-    <message>
         <source>Cancel &amp;update</source>
         <translation>更新をキャンセル(&amp;U)</translation>
     </message>
@@ -1207,6 +1203,21 @@ Point at a cell and press its heart, or press F</source>
         <translation>再試行</translation>
     </message>
     <message numerus="yes">
+<context>
+    <name>UndoAction</name>
+    <message>
+        <source>U&amp;ndo</source>
+        <translation>元に戻す(&amp;N)</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo removal</source>
+        <translation>削除を元に戻す(&amp;N)</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo change of favorites</source>
+        <translation>お気に入りの変更を元に戻す(&amp;N)</translation>
+    </message>
+</context>
         <source>Fetching %n item(s): %1 of %2</source>
         <translation>
             <numerusform>%n 項目を取得中: %1 / %2</numerusform>

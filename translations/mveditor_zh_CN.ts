@@ -1137,10 +1137,6 @@ Point at a cell and press its heart, or press F</source>
         <translation>“%1”的部分文件无法恢复</translation>
     </message>
     <message>
-        <source>U&amp;ndo removal</source>
-        <translation>撤销移除(&amp;N)</translation>
-    </message>
-    <message>
         <source>Cancel &amp;update</source>
         <translation>取消更新(&amp;U)</translation>
     </message>
@@ -1207,6 +1203,21 @@ Point at a cell and press its heart, or press F</source>
         <translation>重试</translation>
     </message>
     <message numerus="yes">
+<context>
+    <name>UndoAction</name>
+    <message>
+        <source>U&amp;ndo</source>
+        <translation>撤销(&amp;N)</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo removal</source>
+        <translation>撤销移除(&amp;N)</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo change of favorites</source>
+        <translation>撤销收藏的更改(&amp;N)</translation>
+    </message>
+</context>
         <source>Fetching %n item(s): %1 of %2</source>
         <translation>
             <numerusform>正在下载 %n 项：%1 / %2</numerusform>
