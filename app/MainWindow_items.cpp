@@ -4,6 +4,7 @@
 // MainWindow: the details and the files of items, and reloading the catalogue.
 
 #include "browser/mvThemelistview.h"
+#include "catalogue/MVThemeMgr.h"
 #include "DetailsPanel.h"
 #include "download/CatalogueUpdate.h"
 #include "DownloadFolder.h"
@@ -22,8 +23,8 @@
 #include "ResourceTabs.h"
 #include "SettingsControls.h"
 #include "StorageControls.h"
-#include "WelcomePage.h"
 #include "UndoAction.h"
+#include "WelcomePage.h"
 
 #include <QAction>
 #include <QFileDialog>
@@ -137,7 +138,22 @@ void MainWindow::connectSettings()
     connect(m_settings, &SettingsControls::scaleChosen, this, &MainWindow::applyScale);
     connect(m_settings, &SettingsControls::motionChosen, this, &MainWindow::applyMotion);
     connect(m_settings, &SettingsControls::serverInUse, this, &MainWindow::endWelcome);
+    m_settings->setBusyQuery([this] {
+        return m_downloads->count() > 0 || m_storage->updates().isUpdating() || m_check.isRunning();
+    });
+    connect(m_settings, &SettingsControls::folderMoved, this, &MainWindow::useFolder);
     connect(m_settings, &SettingsControls::said, this, &MainWindow::say);
+}
+
+/// Changes the download root as soon as no thread looks at its files.
+void MainWindow::useFolder(const QString& folder)
+{
+    m_storage->updates().queue().runAlone([this, folder] {
+        MVThemeMgr::init()->setResourceSaveRootPath(folder);
+        reloadCatalogue();
+        m_storage->refresh();
+        m_settings->endMove();
+    });
 }
 
 /// Asks for a server instead of showing lists that nothing fills.

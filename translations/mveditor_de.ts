@@ -980,6 +980,29 @@ Zeigen Sie auf eine Zelle und drücken Sie ihr Herz, oder drücken Sie F</transl
         <source>The number of connections applies from the next start on</source>
         <translation>Die Zahl der Verbindungen gilt ab dem nächsten Start</translation>
     </message>
+    <message>
+        <source>Nothing was moved</source>
+        <translation>Nichts wurde verschoben</translation>
+    </message>
+    <message>
+        <source>Download folder</source>
+        <translation>Download-Ordner</translation>
+    </message>
+    <message>
+        <source>Nothing was moved: %1</source>
+        <translation>Nichts wurde verschoben: %1</translation>
+    </message>
+    <message>
+        <source>The downloads are in the new folder now</source>
+        <translation>Die Dateien sind jetzt im neuen Ordner</translation>
+    </message>
+    <message numerus="yes">
+        <source>The downloads are in the new folder now; %n file(s) of the old one could not be removed</source>
+        <translation>
+            <numerusform>Die Dateien sind jetzt im neuen Ordner; %n Datei im alten konnte nicht gelöscht werden</numerusform>
+            <numerusform>Die Dateien sind jetzt im neuen Ordner; %n Dateien im alten konnten nicht gelöscht werden</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>SettingsDialog</name>
@@ -1192,6 +1215,21 @@ Zeigen Sie auf eine Zelle und drücken Sie ihr Herz, oder drücken Sie F</transl
     </message>
 </context>
 <context>
+    <name>UndoAction</name>
+    <message>
+        <source>U&amp;ndo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo removal</source>
+        <translation>Entfernen &amp;rückgängig</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo change of favorites</source>
+        <translation>Änderung der Favoriten &amp;rückgängig</translation>
+    </message>
+</context>
+<context>
     <name>UndoBar</name>
     <message>
         <source>“%1” was removed: %2 will be free after the next start</source>
@@ -1214,21 +1252,6 @@ Zeigen Sie auf eine Zelle und drücken Sie ihr Herz, oder drücken Sie F</transl
     </message>
     <message numerus="yes">
         <source>Fetching %n item(s): %1 of %2</source>
-<context>
-    <name>UndoAction</name>
-    <message>
-        <source>U&amp;ndo</source>
-        <translation>&amp;Rückgängig</translation>
-    </message>
-    <message>
-        <source>U&amp;ndo removal</source>
-        <translation>Entfernen &amp;rückgängig</translation>
-    </message>
-    <message>
-        <source>U&amp;ndo change of favorites</source>
-        <translation>Änderung der Favoriten &amp;rückgängig</translation>
-    </message>
-</context>
         <translation>
             <numerusform>%n Element wird geladen: %1 von %2</numerusform>
             <numerusform>%n Elemente werden geladen: %1 von %2</numerusform>

@@ -67,6 +67,16 @@
     </message>
 </context>
 <context>
+    <name>SettingsControls</name>
+    <message numerus="yes">
+        <source>The downloads are in the new folder now; %n file(s) of the old one could not be removed</source>
+        <translation>
+            <numerusform>The downloads are in the new folder now; %n file of the old one could not be removed</numerusform>
+            <numerusform>The downloads are in the new folder now; %n files of the old one could not be removed</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>StorageControls</name>
     <message numerus="yes">
         <source>%n update(s) available</source>

@@ -980,6 +980,29 @@ Señale una celda y pulse su corazón, o pulse F</translation>
         <source>The number of connections applies from the next start on</source>
         <translation>El número de conexiones se aplicará en el próximo inicio</translation>
     </message>
+    <message>
+        <source>Nothing was moved</source>
+        <translation>No se ha movido nada</translation>
+    </message>
+    <message>
+        <source>Download folder</source>
+        <translation>Carpeta de descargas</translation>
+    </message>
+    <message>
+        <source>Nothing was moved: %1</source>
+        <translation>No se ha movido nada: %1</translation>
+    </message>
+    <message>
+        <source>The downloads are in the new folder now</source>
+        <translation>Las descargas están ahora en la carpeta nueva</translation>
+    </message>
+    <message numerus="yes">
+        <source>The downloads are in the new folder now; %n file(s) of the old one could not be removed</source>
+        <translation>
+            <numerusform>Las descargas están ahora en la carpeta nueva; no se pudo eliminar %n archivo de la antigua</numerusform>
+            <numerusform>Las descargas están ahora en la carpeta nueva; no se pudieron eliminar %n archivos de la antigua</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>SettingsDialog</name>
@@ -1192,6 +1215,21 @@ Señale una celda y pulse su corazón, o pulse F</translation>
     </message>
 </context>
 <context>
+    <name>UndoAction</name>
+    <message>
+        <source>U&amp;ndo</source>
+        <translation>&amp;Deshacer</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo removal</source>
+        <translation>&amp;Deshacer la retirada</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo change of favorites</source>
+        <translation>&amp;Deshacer cambio de favoritos</translation>
+    </message>
+</context>
+<context>
     <name>UndoBar</name>
     <message>
         <source>“%1” was removed: %2 will be free after the next start</source>
@@ -1214,21 +1252,6 @@ Señale una celda y pulse su corazón, o pulse F</translation>
     </message>
     <message numerus="yes">
         <source>Fetching %n item(s): %1 of %2</source>
-<context>
-    <name>UndoAction</name>
-    <message>
-        <source>U&amp;ndo</source>
-        <translation>&amp;Deshacer</translation>
-    </message>
-    <message>
-        <source>U&amp;ndo removal</source>
-        <translation>&amp;Deshacer la retirada</translation>
-    </message>
-    <message>
-        <source>U&amp;ndo change of favorites</source>
-        <translation>&amp;Deshacer cambio de favoritos</translation>
-    </message>
-</context>
         <translation>
             <numerusform>Descargando %n elemento: %1 de %2</numerusform>
             <numerusform>Descargando %n elementos: %1 de %2</numerusform>

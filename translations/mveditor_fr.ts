@@ -980,6 +980,29 @@ Pointez une cellule et cliquez sur son cœur, ou appuyez sur F</translation>
         <source>The number of connections applies from the next start on</source>
         <translation>Le nombre de connexions s’appliquera au prochain démarrage</translation>
     </message>
+    <message>
+        <source>Nothing was moved</source>
+        <translation>Rien n’a été déplacé</translation>
+    </message>
+    <message>
+        <source>Download folder</source>
+        <translation>Dossier de téléchargement</translation>
+    </message>
+    <message>
+        <source>Nothing was moved: %1</source>
+        <translation>Rien n’a été déplacé : %1</translation>
+    </message>
+    <message>
+        <source>The downloads are in the new folder now</source>
+        <translation>Les téléchargements sont maintenant dans le nouveau dossier</translation>
+    </message>
+    <message numerus="yes">
+        <source>The downloads are in the new folder now; %n file(s) of the old one could not be removed</source>
+        <translation>
+            <numerusform>Les téléchargements sont maintenant dans le nouveau dossier ; %n fichier de l’ancien n’a pas pu être supprimé</numerusform>
+            <numerusform>Les téléchargements sont maintenant dans le nouveau dossier ; %n fichiers de l’ancien n’ont pas pu être supprimés</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>SettingsDialog</name>
@@ -1192,6 +1215,21 @@ Pointez une cellule et cliquez sur son cœur, ou appuyez sur F</translation>
     </message>
 </context>
 <context>
+    <name>UndoAction</name>
+    <message>
+        <source>U&amp;ndo</source>
+        <translation>A&amp;nnuler</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo removal</source>
+        <translation>A&amp;nnuler le retrait</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo change of favorites</source>
+        <translation>A&amp;nnuler le changement de favoris</translation>
+    </message>
+</context>
+<context>
     <name>UndoBar</name>
     <message>
         <source>“%1” was removed: %2 will be free after the next start</source>
@@ -1214,21 +1252,6 @@ Pointez une cellule et cliquez sur son cœur, ou appuyez sur F</translation>
     </message>
     <message numerus="yes">
         <source>Fetching %n item(s): %1 of %2</source>
-<context>
-    <name>UndoAction</name>
-    <message>
-        <source>U&amp;ndo</source>
-        <translation>A&amp;nnuler</translation>
-    </message>
-    <message>
-        <source>U&amp;ndo removal</source>
-        <translation>A&amp;nnuler le retrait</translation>
-    </message>
-    <message>
-        <source>U&amp;ndo change of favorites</source>
-        <translation>A&amp;nnuler le changement de favoris</translation>
-    </message>
-</context>
         <translation>
             <numerusform>Téléchargement de %n élément : %1 sur %2</numerusform>
             <numerusform>Téléchargement de %n éléments : %1 sur %2</numerusform>

@@ -972,6 +972,28 @@ Point at a cell and press its heart, or press F</source>
         <source>The number of connections applies from the next start on</source>
         <translation>接続数は次回の起動から有効になります</translation>
     </message>
+    <message>
+        <source>Nothing was moved</source>
+        <translation>何も移動されませんでした</translation>
+    </message>
+    <message>
+        <source>Download folder</source>
+        <translation>ダウンロードフォルダー</translation>
+    </message>
+    <message>
+        <source>Nothing was moved: %1</source>
+        <translation>何も移動されませんでした: %1</translation>
+    </message>
+    <message>
+        <source>The downloads are in the new folder now</source>
+        <translation>ファイルは新しいフォルダーに移動しました</translation>
+    </message>
+    <message numerus="yes">
+        <source>The downloads are in the new folder now; %n file(s) of the old one could not be removed</source>
+        <translation>
+            <numerusform>ファイルは新しいフォルダーに移動しました。古いフォルダーの %n 個のファイルは削除できませんでした</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>SettingsDialog</name>
@@ -1182,6 +1204,21 @@ Point at a cell and press its heart, or press F</source>
     </message>
 </context>
 <context>
+    <name>UndoAction</name>
+    <message>
+        <source>U&amp;ndo</source>
+        <translation>元に戻す(&amp;N)</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo removal</source>
+        <translation>削除を元に戻す(&amp;N)</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo change of favorites</source>
+        <translation>お気に入りの変更を元に戻す(&amp;N)</translation>
+    </message>
+</context>
+<context>
     <name>UndoBar</name>
     <message>
         <source>“%1” was removed: %2 will be free after the next start</source>
@@ -1203,21 +1240,6 @@ Point at a cell and press its heart, or press F</source>
         <translation>再試行</translation>
     </message>
     <message numerus="yes">
-<context>
-    <name>UndoAction</name>
-    <message>
-        <source>U&amp;ndo</source>
-        <translation>元に戻す(&amp;N)</translation>
-    </message>
-    <message>
-        <source>U&amp;ndo removal</source>
-        <translation>削除を元に戻す(&amp;N)</translation>
-    </message>
-    <message>
-        <source>U&amp;ndo change of favorites</source>
-        <translation>お気に入りの変更を元に戻す(&amp;N)</translation>
-    </message>
-</context>
         <source>Fetching %n item(s): %1 of %2</source>
         <translation>
             <numerusform>%n 項目を取得中: %1 / %2</numerusform>

@@ -972,6 +972,28 @@ Point at a cell and press its heart, or press F</source>
         <source>The number of connections applies from the next start on</source>
         <translation>连接数将在下次启动时生效</translation>
     </message>
+    <message>
+        <source>Nothing was moved</source>
+        <translation>未移动任何文件</translation>
+    </message>
+    <message>
+        <source>Download folder</source>
+        <translation>下载文件夹</translation>
+    </message>
+    <message>
+        <source>Nothing was moved: %1</source>
+        <translation>未移动任何文件：%1</translation>
+    </message>
+    <message>
+        <source>The downloads are in the new folder now</source>
+        <translation>文件现在位于新文件夹中</translation>
+    </message>
+    <message numerus="yes">
+        <source>The downloads are in the new folder now; %n file(s) of the old one could not be removed</source>
+        <translation>
+            <numerusform>文件现在位于新文件夹中；旧文件夹中有 %n 个文件无法删除</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>SettingsDialog</name>
@@ -1182,6 +1204,21 @@ Point at a cell and press its heart, or press F</source>
     </message>
 </context>
 <context>
+    <name>UndoAction</name>
+    <message>
+        <source>U&amp;ndo</source>
+        <translation>撤销(&amp;N)</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo removal</source>
+        <translation>撤销移除(&amp;N)</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo change of favorites</source>
+        <translation>撤销收藏的更改(&amp;N)</translation>
+    </message>
+</context>
+<context>
     <name>UndoBar</name>
     <message>
         <source>“%1” was removed: %2 will be free after the next start</source>
@@ -1203,21 +1240,6 @@ Point at a cell and press its heart, or press F</source>
         <translation>重试</translation>
     </message>
     <message numerus="yes">
-<context>
-    <name>UndoAction</name>
-    <message>
-        <source>U&amp;ndo</source>
-        <translation>撤销(&amp;N)</translation>
-    </message>
-    <message>
-        <source>U&amp;ndo removal</source>
-        <translation>撤销移除(&amp;N)</translation>
-    </message>
-    <message>
-        <source>U&amp;ndo change of favorites</source>
-        <translation>撤销收藏的更改(&amp;N)</translation>
-    </message>
-</context>
         <source>Fetching %n item(s): %1 of %2</source>
         <translation>
             <numerusform>正在下载 %n 项：%1 / %2</numerusform>
