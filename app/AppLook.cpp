@@ -34,8 +34,10 @@ QString rules(const SSkinColors& colors)
     return QStringLiteral(
                "#appliedName { font-size: 14pt; font-weight: bold; }"
                "#appliedKind, #whyEmpty { color: %1; }"
-               "#failure, *[isNotice=\"true\"] { border: 1px solid %2; border-radius: 4px; }")
-        .arg(colors.dimText.name(), colors.border.name());
+               "#failure, *[isNotice=\"true\"] { border: 1px solid %2; border-radius: 4px; }"
+               "QTreeView, QPlainTextEdit { border: 1px solid %2; padding: 1px; }"
+               "QTreeView:focus, QPlainTextEdit:focus { border: 2px solid %3; padding: 0; }")
+        .arg(colors.dimText.name(), colors.border.name(), colors.accent.name());
 }
 
 } // namespace

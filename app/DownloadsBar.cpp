@@ -4,15 +4,15 @@
 #include "DownloadsBar.h"
 
 #include "browser/CellEvents.h"
-#include "StateText.h"
 
 #include <QTimer>
 
+#include <algorithm>
 #include <utility>
 
-DownloadsBar::DownloadsBar(std::function<int()> progress, QWidget* parent)
+DownloadsBar::DownloadsBar(StateOf stateOf, QWidget* parent)
     : NoticeBar(QStringLiteral("downloadsBar"), parent)
-    , m_progress(std::move(progress))
+    , m_stateOf(std::move(stateOf))
     , m_looking(new QTimer(this))
 {
     setClosable(false);
@@ -28,17 +28,20 @@ void DownloadsBar::begin(ECfgItemType kind, const QString& guid)
 {
     if (m_running.isEmpty())
         m_ended = 0;
-    m_running.append({kind, guid});
+    m_running.append(Download{{kind, guid}, ServerSilence()});
     m_age.start();
-    m_silence.start();
     m_looking->start();
 }
 
 void DownloadsBar::end(ECfgItemType kind, const QString& guid)
 {
-    m_running.removeOne({kind, guid});
+    const auto ended =
+        std::find_if(m_running.begin(), m_running.end(), [&](const Download& download) {
+            return download.item == ItemKey{kind, guid};
+        });
+    if (ended != m_running.end())
+        m_running.erase(ended);
     ++m_ended;
-    m_silence.start();
     if (!m_running.isEmpty())
         return;
     m_looking->stop();
@@ -47,13 +50,14 @@ void DownloadsBar::end(ECfgItemType kind, const QString& guid)
 
 void DownloadsBar::look()
 {
-    const int progress = m_progress();
-    if (progress != std::exchange(m_lastProgress, progress))
-        m_silence.start();
-    m_isWaiting = m_silence.hasExpired(StateText::silenceMs);
-    constexpr int whole = 100;
-    const int total = whole * (m_running.size() + m_ended);
-    showProgress(qMin(progress + whole * m_ended, total), total);
+    constexpr int whole = 100; // per cent
+    int done = whole * m_ended;
+    for (Download& download : m_running) {
+        const SCellState state = m_stateOf(download.item);
+        done += state.percent;
+        download.silence.note(state.receivedBytes);
+    }
+    showProgress(done, whole * (m_running.size() + m_ended));
     retranslate();
     // Most downloads are short: a bar that flashes would disturb.
     constexpr int shortMs = 700;
@@ -63,10 +67,16 @@ void DownloadsBar::look()
 
 void DownloadsBar::retranslate()
 {
-    const bool isOne = m_running.size() == 1;
-    const QString text = m_isWaiting ? tr("Waiting for the server…")
-                                     : tr("Downloading %n item(s)", nullptr, m_running.size());
-    setTexts(isOne ? QStringLiteral("%1: %2").arg(m_running.first().name(), text) : text,
+    const auto silent =
+        std::count_if(m_running.cbegin(), m_running.cend(),
+                      [](const Download& download) { return download.silence.isLong(); });
+    const int count = m_running.size();
+    QString text = silent == count ? tr("Waiting for the server…")
+                                   : tr("Downloading %n item(s)", nullptr, count);
+    if (silent > 0 && silent < count)
+        text += tr(", %n of them waiting for the server", nullptr, static_cast<int>(silent));
+    const bool isOne = count == 1;
+    setTexts(isOne ? QStringLiteral("%1: %2").arg(m_running.first().item.name(), text) : text,
              isOne ? tr("Cancel") : tr("Cancel all"));
 }
 

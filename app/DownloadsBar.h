@@ -3,8 +3,10 @@
 
 #pragma once
 
+#include "browser/SCellState.h"
 #include "ItemKey.h"
 #include "NoticeBar.h"
+#include "ServerSilence.h"
 
 #include <QElapsedTimer>
 #include <QVector>
@@ -13,15 +15,17 @@
 
 class QTimer;
 
-/// Shows how many downloads of cells are running, and when the server has sent nothing for a while;
-/// cancels them all.
+/// Shows how many downloads of cells are running, and which of them have received nothing for a
+/// while; cancels them all.
 class DownloadsBar : public NoticeBar
 {
     Q_OBJECT
 
 public:
-    /// `progress` returns the sum of the running downloads' progress, in percent.
-    DownloadsBar(std::function<int()> progress, QWidget* parent);
+    /// Returns the state of an item; looked at a few times a second while it is downloaded.
+    using StateOf = std::function<SCellState(const ItemKey& item)>;
+
+    DownloadsBar(StateOf stateOf, QWidget* parent);
 
     int count() const { return m_running.size(); }
 
@@ -33,16 +37,19 @@ protected:
     void act() override;
 
 private:
+    struct Download
+    {
+        ItemKey item;
+        ServerSilence silence;
+    };
+
     void begin(ECfgItemType kind, const QString& guid);
     void end(ECfgItemType kind, const QString& guid);
     void look();
 
-    std::function<int()> m_progress;
-    QVector<ItemKey> m_running; // in the order of their start
+    StateOf m_stateOf;
+    QVector<Download> m_running; // in the order of their start
     QTimer* m_looking;
-    QElapsedTimer m_age;     // since a download has begun or ended
-    QElapsedTimer m_silence; // since the progress has changed
-    int m_lastProgress = 0;
-    int m_ended = 0; // since no download was running
-    bool m_isWaiting = false;
+    QElapsedTimer m_age; // since a download has begun
+    int m_ended = 0;     // since no download was running
 };

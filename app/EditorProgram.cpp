@@ -5,6 +5,7 @@
 
 #include "AppLanguage.h"
 #include "AppLook.h"
+#include "AppStyle.h"
 #include "CommandLine.h"
 #include "download/CatalogueUpdate.h"
 #include "host/HostSettings.h"
@@ -18,7 +19,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
-#include <QStyleFactory>
 #include <QTimer>
 
 #include <csignal>
@@ -89,8 +89,7 @@ int EditorProgram::openWindow(int& argc, char** argv)
     QApplication application(argc, argv);
     if (ownScale)
         qunsetenv(scaleVariable); // programs opened by the window have their own scale
-    // The same on every platform, with all colours from the palette.
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new AppStyle); // owned by the application
     m_startup.takePreferences(preferences, m_commandLine);
     if (!m_startup.openCatalogue(preferences.skin()))
         return refuse(m_startup.errorText());

@@ -6,6 +6,7 @@
 #include "AboutDialog.h"
 #include "AppLanguage.h"
 #include "browser/CellEvents.h"
+#include "browser/SCellState.h"
 #include "catalogue/MVThemeMgr.h"
 #include "CheckStatus.h"
 #include "DetailsPanel.h"
@@ -18,12 +19,14 @@
 #include "host/HostSettings.h"
 #include "host/LogL.h"
 #include "host/ProductParam.h"
+#include "ItemKey.h"
 #include "Preferences.h"
 #include "ProjectDialog.h"
 #include "ResourceList.h"
 #include "ResourceTabs.h"
 #include "SettingsControls.h"
 #include "StorageControls.h"
+#include "UndoAction.h"
 #include "ViewMenu.h"
 
 #include <QCloseEvent>
@@ -54,10 +57,12 @@ MainWindow::MainWindow(Preferences& preferences, CatalogueUpdate& check)
     , m_tabs(new ResourceTabs(new QWidget(m_splitter)))
     , m_details(new DetailsPanel(new QWidget(m_splitter)))
     , m_failure(new FailureList(m_tabs->parentWidget()))
-    , m_downloads(new DownloadsBar([this] { return m_tabs->progress(); }, m_tabs->parentWidget()))
+    , m_downloads(new DownloadsBar([this](const ItemKey& item) { return m_tabs->stateOf(item); },
+                                   m_tabs->parentWidget()))
     , m_favouriteBar(new FavouriteBar(m_tabs->parentWidget()))
     , m_status(new CheckStatus(check, this))
     , m_storage(new StorageControls(*m_details, m_tabs->parentWidget(), this))
+    , m_undo(new UndoAction(m_storage->removals(), this))
     , m_settings(new SettingsControls(preferences, check, m_tabs->parentWidget(), this))
     , m_favouritesChanged(new QTimer(this))
     , m_fileMenu(menuBar()->addMenu(QString()))
@@ -130,7 +135,7 @@ void MainWindow::createMenus()
     m_showDetails->setObjectName(QStringLiteral("showDetails"));
     m_showDetails->setShortcut(QKeySequence(QStringLiteral("Ctrl+I")));
     m_resourcesMenu->addSeparator();
-    m_storage->addActions(m_resourcesMenu);
+    m_resourcesMenu->addActions({m_storage->updateAll(), m_undo});
     connect(m_find, &QAction::triggered, m_tabs->filterBar(), &FilterBar::startSearch);
     connect(m_checkNow, &QAction::triggered, this, &MainWindow::toggleCheck);
 }
@@ -241,6 +246,8 @@ void MainWindow::connectCells()
     connect(catalogue, &MVThemeMgr::sigThemesCollected, this, favouritesChanged);
     connect(catalogue, &MVThemeMgr::sigFilterCollected, this, favouritesChanged);
     const CellEvents* const cells = CellEvents::instance();
+    connect(cells, &CellEvents::favouriteToggled, this, &MainWindow::noteFavourite);
+    connect(m_undo, &UndoAction::favouriteWanted, this, &MainWindow::undoFavourite);
     connect(cells, &CellEvents::moreWanted, this, &MainWindow::openMore);
     connect(cells, &CellEvents::downloadStarted, m_failure, &FailureList::forget);
     connect(cells, &CellEvents::downloadEnded, this,
@@ -294,6 +301,7 @@ void MainWindow::retranslate()
     m_about->setText(tr("&About this program"));
     m_unfolded->setText(tr("&Details beside the list"));
     m_storage->retranslate();
+    m_undo->retranslate();
     m_settings->retranslate();
     refreshCheckButton();
 }

@@ -27,6 +27,7 @@ class QStackedWidget;
 class ResourceTabs;
 class SettingsControls;
 class StorageControls;
+class UndoAction;
 class ViewMenu;
 class WelcomePage;
 struct ItemKey;
@@ -97,9 +98,13 @@ private:
     void refreshFavourites();
     void saveFavourites();
     void toggleFavourite(ECfgItemType kind, const QString& guid);
+    bool changeFavourite(const ItemKey& item);
+    void noteFavourite(ECfgItemType kind, const QString& guid);
+    void undoFavourite(const ItemKey& item);
     void showFailure(ECfgItemType kind, const QString& guid, const STransferFailure& failure);
     void retry(ECfgItemType kind, const QString& guid);
     void openFolder(const QString& folder);
+    void useFolder(const QString& folder);
     void openMore();
     void exportFavourites();
     void importFavourites();
@@ -117,6 +122,7 @@ private:
     FavouriteBar* m_favouriteBar;
     CheckStatus* m_status;
     StorageControls* m_storage;
+    UndoAction* m_undo;
     SettingsControls* m_settings;
     WelcomePage* m_welcome = nullptr; // null: a server is known
     QTimer* m_favouritesChanged;

@@ -22,6 +22,7 @@
 #include "ResourceList.h"
 #include "ResourceTabs.h"
 #include "StorageControls.h"
+#include "UndoAction.h"
 #include "ViewMenu.h"
 
 #include <QAction>
@@ -148,16 +149,40 @@ void MainWindow::saveFavourites()
 
 void MainWindow::toggleFavourite(ECfgItemType kind, const QString& guid)
 {
+    if (changeFavourite({kind, guid}))
+        noteFavourite(kind, guid);
+}
+
+/// Returns false if the item has left the catalogue.
+bool MainWindow::changeFavourite(const ItemKey& item)
+{
     MVThemeMgr* const catalogue = MVThemeMgr::init();
-    SCfg_Item* const item = catalogue->findItemByIDFromDisplay(kind, guid);
+    SCfg_Item* const found = catalogue->findItemByIDFromDisplay(item.kind, item.guid);
+    if (!found)
+        return false;
+    found->m_bCollected = !catalogue->isItemCollect(found);
+    catalogue->setItemCollected(found);
+    return true;
+}
+
+/// Offers to undo what the user has changed, whichever control was used.
+void MainWindow::noteFavourite(ECfgItemType kind, const QString& guid)
+{
+    MVThemeMgr* const catalogue = MVThemeMgr::init();
+    const SCfg_Item* const item = catalogue->findItemByIDFromDisplay(kind, guid);
     if (!item)
         return;
-    item->m_bCollected = !catalogue->isItemCollect(item);
-    catalogue->setItemCollected(item);
-    if (item->m_bCollected)
+    m_undo->noteFavourite({kind, guid});
+    if (catalogue->isItemCollect(item))
         m_favouriteBar->hide();
     else
         m_favouriteBar->showRemoval({kind, guid});
+}
+
+void MainWindow::undoFavourite(const ItemKey& item)
+{
+    m_favouriteBar->hide();
+    changeFavourite(item);
 }
 
 void MainWindow::showFailure(ECfgItemType kind, const QString& guid,

@@ -4,6 +4,7 @@
 // MainWindow: the details and the files of items, and reloading the catalogue.
 
 #include "browser/mvThemelistview.h"
+#include "catalogue/MVThemeMgr.h"
 #include "DetailsPanel.h"
 #include "download/CatalogueUpdate.h"
 #include "DownloadFolder.h"
@@ -22,6 +23,7 @@
 #include "ResourceTabs.h"
 #include "SettingsControls.h"
 #include "StorageControls.h"
+#include "UndoAction.h"
 #include "WelcomePage.h"
 
 #include <QAction>
@@ -83,8 +85,10 @@ void MainWindow::connectLists()
         connect(list, &ResourceList::favouriteWanted, this, &MainWindow::toggleFavourite);
     }
     connect(m_downloads, &DownloadsBar::cancelWanted, m_tabs, &ResourceTabs::cancelDownloads);
-    connect(m_favouriteBar, &FavouriteBar::undoWanted, this,
-            [this](const ItemKey& item) { toggleFavourite(item.kind, item.guid); });
+    connect(m_favouriteBar, &FavouriteBar::undoWanted, this, [this](const ItemKey& item) {
+        m_undo->forgetFavourite(item);
+        undoFavourite(item);
+    });
     connect(m_settings, &SettingsControls::clickChosen, this,
             [this] { m_tabs->setAppliedByClick(m_preferences.isAppliedByClick()); });
 }
@@ -134,7 +138,22 @@ void MainWindow::connectSettings()
     connect(m_settings, &SettingsControls::scaleChosen, this, &MainWindow::applyScale);
     connect(m_settings, &SettingsControls::motionChosen, this, &MainWindow::applyMotion);
     connect(m_settings, &SettingsControls::serverInUse, this, &MainWindow::endWelcome);
+    m_settings->setBusyQuery([this] {
+        return m_downloads->count() > 0 || m_storage->updates().isUpdating() || m_check.isRunning();
+    });
+    connect(m_settings, &SettingsControls::folderMoved, this, &MainWindow::useFolder);
     connect(m_settings, &SettingsControls::said, this, &MainWindow::say);
+}
+
+/// Changes the download root as soon as no thread looks at its files.
+void MainWindow::useFolder(const QString& folder)
+{
+    m_storage->updates().queue().runAlone([this, folder] {
+        MVThemeMgr::init()->setResourceSaveRootPath(folder);
+        reloadCatalogue();
+        m_storage->refresh();
+        m_settings->endMove();
+    });
 }
 
 /// Asks for a server instead of showing lists that nothing fills.

@@ -5,6 +5,7 @@
 
 #include "browser/MVThemeItemWdg.h"
 #include "browser/mvThemelistview.h"
+#include "browser/SCellState.h"
 #include "catalogue/MVThemeMgr.h"
 #include "FilterBar.h"
 #include "FlowLayout.h"
@@ -225,15 +226,17 @@ void ResourceTabs::setAppliedByClick(bool applied)
     }
 }
 
-int ResourceTabs::progress() const
+SCellState ResourceTabs::stateOf(const ItemKey& item) const
 {
-    int sum = 0;
+    SCellState state;
     for (const ResourceList* list : m_lists) {
-        const QVector<MVThemeItemWdg*> cells = list->view()->cells();
-        for (const MVThemeItemWdg* cell : cells)
-            sum += cell->isDownloading() ? cell->percent() : 0;
+        if (list->kind() != item.kind)
+            continue;
+        state = list->view()->stateOf(item.guid);
+        if (state.files == SCellState::Files::Downloading)
+            break;
     }
-    return sum;
+    return state;
 }
 
 void ResourceTabs::changeEvent(QEvent* event)

@@ -18,6 +18,7 @@ class QTabBar;
 class QToolButton;
 class ResourceList;
 class MVThemeItemWdg;
+struct SCellState;
 struct SCfg_Item;
 
 /// The lists as tabs, and above them the controls that filter their items. Filters have two lists,
@@ -60,8 +61,8 @@ public:
     /// Sets whether a click applies an item; otherwise it makes it the current one.
     void setAppliedByClick(bool applied);
     bool isAppliedByClick() const { return m_isAppliedByClick; }
-    /// Returns the sum of the progress of all running downloads, each 0 to 100.
-    int progress() const;
+    /// Returns what the lists know of an item, first the list that downloads it.
+    SCellState stateOf(const ItemKey& item) const;
 
 signals:
     void currentTabChanged(int tab);

@@ -5,6 +5,7 @@
 
 #include "catalogue/CatalogueUse.h"
 #include "download/CatalogueUpdate.h"
+#include "DownloadFolder.h"
 #include "FolderBar.h"
 #include "host/HostSettings.h"
 #include "host/ProductParam.h"
@@ -12,6 +13,7 @@
 
 #include <QAction>
 #include <QGuiApplication>
+#include <QMessageBox>
 
 SettingsControls::SettingsControls(Preferences& preferences, CatalogueUpdate& check,
                                    QWidget* barParent, QWidget* window)
@@ -20,6 +22,7 @@ SettingsControls::SettingsControls(Preferences& preferences, CatalogueUpdate& ch
     , m_check(check)
     , m_window(window)
     , m_bar(new FolderBar(barParent))
+    , m_mover(new DownloadsMover(window))
     , m_action(new QAction(this))
 {
     m_action->setObjectName(QStringLiteral("preferences"));
@@ -29,8 +32,48 @@ SettingsControls::SettingsControls(Preferences& preferences, CatalogueUpdate& ch
     // The user may come back from making room.
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this,
             &SettingsControls::lookAtFolder);
+    connectMover();
     retranslate();
     lookAtFolder();
+}
+
+void SettingsControls::connectMover()
+{
+    connect(m_mover, &DownloadsMover::declined, this, [this] {
+        emit said(tr("The new folder is used from the next start on; what is in the old one stays "
+                     "there"));
+    });
+    // A kill before the end must leave the folder that is complete.
+    connect(m_mover, &DownloadsMover::begun, this,
+            [this] { m_preferences.setDownloadFolder(m_folderBefore); });
+    connect(m_mover, &DownloadsMover::brought, this, &SettingsControls::useFolder);
+    connect(m_mover, &DownloadsMover::failed, this, [this](const QString& reason) {
+        if (reason.isEmpty())
+            emit said(tr("Nothing was moved"));
+        else
+            QMessageBox::warning(m_window, tr("Download folder"),
+                                 tr("Nothing was moved: %1").arg(reason));
+    });
+    connect(m_mover, &DownloadsMover::moved, this, [this](int filesLeft) {
+        lookAtFolder();
+        emit said(filesLeft == 0
+                      ? tr("The downloads are in the new folder now")
+                      : tr("The downloads are in the new folder now; %n file(s) of the old one "
+                           "could not be removed",
+                           nullptr, filesLeft));
+    });
+}
+
+void SettingsControls::useFolder(const QString& folder)
+{
+    m_preferences.setDownloadFolder(folder);
+    if (m_preferences.storeError().isEmpty()) {
+        emit folderMoved(folder);
+        return;
+    }
+    m_mover->finish(false);
+    QMessageBox::warning(m_window, tr("Download folder"),
+                         tr("Nothing was moved: %1").arg(m_preferences.storeError()));
 }
 
 QWidget* SettingsControls::bar() const
@@ -56,6 +99,7 @@ void SettingsControls::lookAtFolder()
 
 void SettingsControls::show()
 {
+    m_folderBefore = m_preferences.downloadFolder();
     auto* const dialog = new SettingsDialog(m_preferences, m_given, m_window);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     connectDialog(*dialog);
@@ -72,10 +116,13 @@ void SettingsControls::connectDialog(const SettingsDialog& dialog)
     connect(&dialog, &SettingsDialog::clickChosen, this, &SettingsControls::clickChosen);
     connect(&dialog, &SettingsDialog::serverChosen, this, &SettingsControls::useServer);
     connect(&dialog, &SettingsDialog::connectionsChosen, this, &SettingsControls::useConnections);
-    connect(&dialog, &SettingsDialog::folderChosen, this, [this] {
-        emit said(tr("The new folder is used from the next start on; what is in the old one stays "
-                     "there"));
-    });
+    // Once the dialog is closed.
+    connect(
+        &dialog, &SettingsDialog::folderChosen, this,
+        [this](const QString& folder) {
+            m_mover->offer(DownloadFolder::inUse(), folder, m_isBusy());
+        },
+        Qt::QueuedConnection);
 }
 
 void SettingsControls::useServer(const QString& address)

@@ -3,10 +3,14 @@
 
 #pragma once
 
+#include "DownloadsMover.h"
 #include "SettingsDialog.h"
 
 #include <QObject>
 #include <QString>
+
+#include <functional>
+#include <utility>
 
 class CatalogueUpdate;
 class FolderBar;
@@ -29,6 +33,10 @@ public:
     void setGiven(SettingsDialog::Given given, const QString& unavailableFolder);
     /// Returns the warning to be placed below the lists.
     QWidget* bar() const;
+    /// Sets what tells whether downloads or a check run, so that no files can be moved.
+    void setBusyQuery(std::function<bool()> isBusy) { m_isBusy = std::move(isBusy); }
+    /// Ends a move of the downloads; call it when folderMoved() has been followed.
+    void endMove() { m_mover->finish(true); }
     /// Returns the action that opens the dialog.
     QAction* action() const { return m_action; }
     void retranslate();
@@ -46,6 +54,8 @@ signals:
     void scaleChosen(int percent);
     void motionChosen();
     void clickChosen();
+    /// All downloads are in this folder, too: it is to be used from now on, then endMove() called.
+    void folderMoved(const QString& folder);
     /// A server is in use for the first time.
     void serverInUse();
     /// A message for the status bar.
@@ -54,11 +64,16 @@ signals:
 private:
     void connectDialog(const SettingsDialog& dialog);
     void useConnections(int count);
+    void connectMover();
+    void useFolder(const QString& folder);
 
     Preferences& m_preferences;
     CatalogueUpdate& m_check;
     QWidget* m_window;
     FolderBar* m_bar;
+    DownloadsMover* m_mover;
+    std::function<bool()> m_isBusy = [] { return false; };
+    QString m_folderBefore; // the user's choice before the dialog was opened
     QAction* m_action;
     SettingsDialog::Given m_given;
 };

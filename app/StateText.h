@@ -16,9 +16,6 @@ class StateText
 public:
     StateText() = delete;
 
-    /// A download that has received nothing for so long says that it is waiting.
-    static constexpr int silenceMs = 5000;
-
     /// Returns a size such as "1.2 MB".
     static QString size(qint64 bytes);
     /// Returns the size of a download, of which not all may be known: "at least 1.2 MB".

@@ -15,7 +15,6 @@
 #include <QAction>
 #include <QLabel>
 #include <QLocale>
-#include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -28,14 +27,11 @@ StorageControls::StorageControls(DetailsPanel& details, QWidget* barsParent, QWi
     , m_bars(new QWidget(barsParent))
     , m_line(new QLabel(window))
     , m_updateAll(new QAction(this))
-    , m_undo(new QAction(this))
 {
     m_line->setObjectName(QStringLiteral("updatesAvailable"));
     m_line->setTextFormat(Qt::PlainText);
     m_updateAll->setObjectName(QStringLiteral("updateAll"));
     m_updateAll->setShortcut(QKeySequence(QStringLiteral("Ctrl+U")));
-    m_undo->setObjectName(QStringLiteral("undoRemoval"));
-    m_undo->setShortcut(QKeySequence(QStringLiteral("Ctrl+Z")));
     auto* const column = new QVBoxLayout(m_bars);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(new UpdateBar(*m_updates, m_bars));
@@ -69,7 +65,6 @@ void StorageControls::connectRemovals()
     };
     connect(m_details.storage(), &StorageBox::removeWanted, this,
             [this] { askAndRemove(m_details.key()); });
-    connect(m_undo, &QAction::triggered, m_removals, &ItemRemovals::undo);
     connect(m_removals, &ItemRemovals::removed, this, filesChanged);
     connect(m_removals, &ItemRemovals::undone, this, [=](const QString& name, bool isWhole) {
         filesChanged();
@@ -79,15 +74,8 @@ void StorageControls::connectRemovals()
     connect(m_removals, &ItemRemovals::failed, this, &StorageControls::explainFailure);
 }
 
-void StorageControls::addActions(QMenu* menu) const
-{
-    menu->addAction(m_updateAll);
-    menu->addAction(m_undo);
-}
-
 void StorageControls::retranslate()
 {
-    m_undo->setText(tr("U&ndo removal"));
     refreshControls();
 }
 
@@ -103,7 +91,6 @@ void StorageControls::refreshControls()
     m_updateAll->setText(isUpdating ? tr("Cancel &update")
                                     : tr("&Update all (%1)").arg(QLocale().toString(count)));
     m_updateAll->setEnabled(isUpdating || count > 0);
-    m_undo->setEnabled(m_removals->canUndo());
     m_line->setText(count > 0 ? tr("%n update(s) available", nullptr, count) : QString());
     m_details.storage()->showReport(m_updates->report(m_details.key()), isUpdating);
 }

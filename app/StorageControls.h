@@ -13,7 +13,6 @@ class ItemRemovals;
 class ItemUpdates;
 class QAction;
 class QLabel;
-class QMenu;
 class QWidget;
 struct SUpdateOutcome;
 
@@ -28,12 +27,13 @@ public:
     StorageControls(DetailsPanel& details, QWidget* barsParent, QWidget* window);
 
     ItemUpdates& updates() { return *m_updates; }
+    ItemRemovals& removals() { return *m_removals; }
     /// Returns the bars to be placed below the lists.
     QWidget* bars() const { return m_bars; }
     /// Returns the line for the status bar that says how many updates there are.
     QLabel* line() const { return m_line; }
-    /// Adds the actions to a menu.
-    void addActions(QMenu* menu) const;
+    /// Returns the action that updates everything.
+    QAction* updateAll() const { return m_updateAll; }
     void retranslate();
 
     /// Looks at the files again, after a check, and when some have come or gone.
@@ -67,5 +67,4 @@ private:
     QWidget* m_bars;
     QLabel* m_line;
     QAction* m_updateAll;
-    QAction* m_undo;
 };

@@ -21,7 +21,7 @@ void UpdateBar::showStart()
 {
     m_fetchedBytes = 0;
     m_totalBytes = 0;
-    m_silence.start();
+    m_silence = ServerSilence();
     setDetails({});
     setClosable(false);
     showProgress(0, 0);
@@ -31,8 +31,7 @@ void UpdateBar::showStart()
 
 void UpdateBar::showBytes(qint64 fetchedBytes, qint64 totalBytes)
 {
-    if (fetchedBytes != m_fetchedBytes)
-        m_silence.start();
+    m_silence.note(fetchedBytes);
     m_fetchedBytes = fetchedBytes;
     m_totalBytes = totalBytes;
     showProgress(fetchedBytes, totalBytes);
@@ -64,7 +63,7 @@ void UpdateBar::retranslate()
             ? QString()
             : m_outcome.m_vecFailures.first().causeText();
         setTexts(tr("Not everything could be fetched: %1").arg(cause), tr("Try again"));
-    } else if (m_silence.hasExpired(StateText::silenceMs)) {
+    } else if (m_silence.isLong()) {
         setTexts(tr("Waiting for the server…"), tr("Cancel"));
     } else if (m_totalBytes > 0) {
         setTexts(tr("Fetching %n item(s): %1 of %2", nullptr, count)

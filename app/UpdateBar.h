@@ -5,8 +5,7 @@
 
 #include "download/SUpdateOutcome.h"
 #include "NoticeBar.h"
-
-#include <QElapsedTimer>
+#include "ServerSilence.h"
 
 class ItemUpdates;
 
@@ -31,6 +30,6 @@ private:
     ItemUpdates& m_updates;
     qint64 m_fetchedBytes = 0;
     qint64 m_totalBytes = 0;
-    QElapsedTimer m_silence;  // since bytes have arrived
+    ServerSilence m_silence;  // of the running update
     SUpdateOutcome m_outcome; // of the update that failed last
 };

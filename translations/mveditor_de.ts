@@ -197,6 +197,81 @@
         <source>Cancel all</source>
         <translation>Alle abbrechen</translation>
     </message>
+    <message numerus="yes">
+        <source>, %n of them waiting for the server</source>
+        <translation>
+            <numerusform>, %n davon wartet auf den Server</numerusform>
+            <numerusform>, %n davon warten auf den Server</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>DownloadsMove</name>
+    <message>
+        <source>The folder cannot be created: %1</source>
+        <translation>Der Ordner kann nicht angelegt werden: %1</translation>
+    </message>
+    <message>
+        <source>One folder is within the other: %1</source>
+        <translation>Ein Ordner liegt im anderen: %1</translation>
+    </message>
+    <message>
+        <source>%1 cannot be created</source>
+        <translation>%1 kann nicht angelegt werden</translation>
+    </message>
+    <message>
+        <source>There is not enough space: %1 are needed, %2 are free</source>
+        <translation>Der Platz reicht nicht: %1 werden gebraucht, %2 sind frei</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation>%1 kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>The folder already holds another file of this name: %1</source>
+        <translation>Der Ordner enthält schon eine andere Datei dieses Namens: %1</translation>
+    </message>
+</context>
+<context>
+    <name>DownloadsMover</name>
+    <message>
+        <source>Move the downloads to the new folder?
+
+From %1
+to %2</source>
+        <translation>Die heruntergeladenen Dateien in den neuen Ordner verschieben?
+
+Von %1
+nach %2</translation>
+    </message>
+    <message>
+        <source>They cannot be moved now, while downloads or a check run.</source>
+        <translation>Jetzt können sie nicht verschoben werden, weil Downloads oder eine Prüfung laufen.</translation>
+    </message>
+    <message>
+        <source>Download folder</source>
+        <translation>Download-Ordner</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Verschieben</translation>
+    </message>
+    <message>
+        <source>Leave</source>
+        <translation>Dort lassen</translation>
+    </message>
+    <message>
+        <source>Moving the downloads…</source>
+        <translation>Dateien werden verschoben…</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
 </context>
 <context>
     <name>FailureBox</name>
@@ -905,6 +980,29 @@ Zeigen Sie auf eine Zelle und drücken Sie ihr Herz, oder drücken Sie F</transl
         <source>The number of connections applies from the next start on</source>
         <translation>Die Zahl der Verbindungen gilt ab dem nächsten Start</translation>
     </message>
+    <message>
+        <source>Nothing was moved</source>
+        <translation>Nichts wurde verschoben</translation>
+    </message>
+    <message>
+        <source>Download folder</source>
+        <translation>Download-Ordner</translation>
+    </message>
+    <message>
+        <source>Nothing was moved: %1</source>
+        <translation>Nichts wurde verschoben: %1</translation>
+    </message>
+    <message>
+        <source>The downloads are in the new folder now</source>
+        <translation>Die Dateien sind jetzt im neuen Ordner</translation>
+    </message>
+    <message numerus="yes">
+        <source>The downloads are in the new folder now; %n file(s) of the old one could not be removed</source>
+        <translation>
+            <numerusform>Die Dateien sind jetzt im neuen Ordner; %n Datei im alten konnte nicht gelöscht werden</numerusform>
+            <numerusform>Die Dateien sind jetzt im neuen Ordner; %n Dateien im alten konnten nicht gelöscht werden</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>SettingsDialog</name>
@@ -1070,10 +1168,6 @@ Zeigen Sie auf eine Zelle und drücken Sie ihr Herz, oder drücken Sie F</transl
         <translation>Einige Dateien von „%1“ ließen sich nicht zurückholen</translation>
     </message>
     <message>
-        <source>U&amp;ndo removal</source>
-        <translation>Entfernen &amp;rückgängig</translation>
-    </message>
-    <message>
         <source>Cancel &amp;update</source>
         <translation>Aktualisierung a&amp;bbrechen</translation>
     </message>
@@ -1118,6 +1212,21 @@ Zeigen Sie auf eine Zelle und drücken Sie ihr Herz, oder drücken Sie F</transl
     <message>
         <source>“%1” was not removed: %2</source>
         <translation>„%1“ wurde nicht entfernt: %2</translation>
+    </message>
+</context>
+<context>
+    <name>UndoAction</name>
+    <message>
+        <source>U&amp;ndo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo removal</source>
+        <translation>Entfernen &amp;rückgängig</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo change of favorites</source>
+        <translation>Änderung der Favoriten &amp;rückgängig</translation>
     </message>
 </context>
 <context>

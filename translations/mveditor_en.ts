@@ -27,6 +27,13 @@
             <numerusform>Downloading %n items</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>, %n of them waiting for the server</source>
+        <translation>
+            <numerusform>, %n of them waiting for the server</numerusform>
+            <numerusform>, %n of them waiting for the server</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
@@ -56,6 +63,16 @@
         <translation>
             <numerusform>%n download would be cancelled</numerusform>
             <numerusform>%n downloads would be cancelled</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>SettingsControls</name>
+    <message numerus="yes">
+        <source>The downloads are in the new folder now; %n file(s) of the old one could not be removed</source>
+        <translation>
+            <numerusform>The downloads are in the new folder now; %n file of the old one could not be removed</numerusform>
+            <numerusform>The downloads are in the new folder now; %n files of the old one could not be removed</numerusform>
         </translation>
     </message>
 </context>

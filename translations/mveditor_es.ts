@@ -197,6 +197,81 @@
         <source>Cancel all</source>
         <translation>Cancelar todo</translation>
     </message>
+    <message numerus="yes">
+        <source>, %n of them waiting for the server</source>
+        <translation>
+            <numerusform>, %n espera al servidor</numerusform>
+            <numerusform>, %n esperan al servidor</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>DownloadsMove</name>
+    <message>
+        <source>The folder cannot be created: %1</source>
+        <translation>No se puede crear la carpeta: %1</translation>
+    </message>
+    <message>
+        <source>One folder is within the other: %1</source>
+        <translation>Una carpeta está dentro de la otra: %1</translation>
+    </message>
+    <message>
+        <source>%1 cannot be created</source>
+        <translation>No se puede crear %1</translation>
+    </message>
+    <message>
+        <source>There is not enough space: %1 are needed, %2 are free</source>
+        <translation>No hay suficiente espacio: se necesitan %1, hay %2 libres</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation>No se puede leer %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>No se puede escribir %1: %2</translation>
+    </message>
+    <message>
+        <source>The folder already holds another file of this name: %1</source>
+        <translation>La carpeta ya contiene otro archivo con este nombre: %1</translation>
+    </message>
+</context>
+<context>
+    <name>DownloadsMover</name>
+    <message>
+        <source>Move the downloads to the new folder?
+
+From %1
+to %2</source>
+        <translation>¿Mover las descargas a la carpeta nueva?
+
+De %1
+a %2</translation>
+    </message>
+    <message>
+        <source>They cannot be moved now, while downloads or a check run.</source>
+        <translation>Ahora no se pueden mover: hay descargas o una comprobación en curso.</translation>
+    </message>
+    <message>
+        <source>Download folder</source>
+        <translation>Carpeta de descargas</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Mover</translation>
+    </message>
+    <message>
+        <source>Leave</source>
+        <translation>Dejar</translation>
+    </message>
+    <message>
+        <source>Moving the downloads…</source>
+        <translation>Moviendo las descargas…</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
 </context>
 <context>
     <name>FailureBox</name>
@@ -905,6 +980,29 @@ Señale una celda y pulse su corazón, o pulse F</translation>
         <source>The number of connections applies from the next start on</source>
         <translation>El número de conexiones se aplicará en el próximo inicio</translation>
     </message>
+    <message>
+        <source>Nothing was moved</source>
+        <translation>No se ha movido nada</translation>
+    </message>
+    <message>
+        <source>Download folder</source>
+        <translation>Carpeta de descargas</translation>
+    </message>
+    <message>
+        <source>Nothing was moved: %1</source>
+        <translation>No se ha movido nada: %1</translation>
+    </message>
+    <message>
+        <source>The downloads are in the new folder now</source>
+        <translation>Las descargas están ahora en la carpeta nueva</translation>
+    </message>
+    <message numerus="yes">
+        <source>The downloads are in the new folder now; %n file(s) of the old one could not be removed</source>
+        <translation>
+            <numerusform>Las descargas están ahora en la carpeta nueva; no se pudo eliminar %n archivo de la antigua</numerusform>
+            <numerusform>Las descargas están ahora en la carpeta nueva; no se pudieron eliminar %n archivos de la antigua</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>SettingsDialog</name>
@@ -1070,10 +1168,6 @@ Señale una celda y pulse su corazón, o pulse F</translation>
         <translation>Algunos archivos de «%1» no se pudieron recuperar</translation>
     </message>
     <message>
-        <source>U&amp;ndo removal</source>
-        <translation>&amp;Deshacer la retirada</translation>
-    </message>
-    <message>
         <source>Cancel &amp;update</source>
         <translation>Cancelar la act&amp;ualización</translation>
     </message>
@@ -1118,6 +1212,21 @@ Señale una celda y pulse su corazón, o pulse F</translation>
     <message>
         <source>“%1” was not removed: %2</source>
         <translation>«%1» no se quitó: %2</translation>
+    </message>
+</context>
+<context>
+    <name>UndoAction</name>
+    <message>
+        <source>U&amp;ndo</source>
+        <translation>&amp;Deshacer</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo removal</source>
+        <translation>&amp;Deshacer la retirada</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo change of favorites</source>
+        <translation>&amp;Deshacer cambio de favoritos</translation>
     </message>
 </context>
 <context>

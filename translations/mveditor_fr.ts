@@ -197,6 +197,81 @@
         <source>Cancel all</source>
         <translation>Tout annuler</translation>
     </message>
+    <message numerus="yes">
+        <source>, %n of them waiting for the server</source>
+        <translation>
+            <numerusform>, %n attend le serveur</numerusform>
+            <numerusform>, %n attendent le serveur</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>DownloadsMove</name>
+    <message>
+        <source>The folder cannot be created: %1</source>
+        <translation>Impossible de créer le dossier : %1</translation>
+    </message>
+    <message>
+        <source>One folder is within the other: %1</source>
+        <translation>Un dossier se trouve dans l’autre : %1</translation>
+    </message>
+    <message>
+        <source>%1 cannot be created</source>
+        <translation>Impossible de créer %1</translation>
+    </message>
+    <message>
+        <source>There is not enough space: %1 are needed, %2 are free</source>
+        <translation>L’espace ne suffit pas : %1 nécessaires, %2 libres</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation>Impossible de lire %1 : %2</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>Impossible d’écrire %1 : %2</translation>
+    </message>
+    <message>
+        <source>The folder already holds another file of this name: %1</source>
+        <translation>Le dossier contient déjà un autre fichier de ce nom : %1</translation>
+    </message>
+</context>
+<context>
+    <name>DownloadsMover</name>
+    <message>
+        <source>Move the downloads to the new folder?
+
+From %1
+to %2</source>
+        <translation>Déplacer les téléchargements dans le nouveau dossier ?
+
+De %1
+vers %2</translation>
+    </message>
+    <message>
+        <source>They cannot be moved now, while downloads or a check run.</source>
+        <translation>Impossible de les déplacer maintenant : des téléchargements ou une vérification sont en cours.</translation>
+    </message>
+    <message>
+        <source>Download folder</source>
+        <translation>Dossier de téléchargement</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Déplacer</translation>
+    </message>
+    <message>
+        <source>Leave</source>
+        <translation>Laisser</translation>
+    </message>
+    <message>
+        <source>Moving the downloads…</source>
+        <translation>Déplacement des téléchargements…</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
 </context>
 <context>
     <name>FailureBox</name>
@@ -905,6 +980,29 @@ Pointez une cellule et cliquez sur son cœur, ou appuyez sur F</translation>
         <source>The number of connections applies from the next start on</source>
         <translation>Le nombre de connexions s’appliquera au prochain démarrage</translation>
     </message>
+    <message>
+        <source>Nothing was moved</source>
+        <translation>Rien n’a été déplacé</translation>
+    </message>
+    <message>
+        <source>Download folder</source>
+        <translation>Dossier de téléchargement</translation>
+    </message>
+    <message>
+        <source>Nothing was moved: %1</source>
+        <translation>Rien n’a été déplacé : %1</translation>
+    </message>
+    <message>
+        <source>The downloads are in the new folder now</source>
+        <translation>Les téléchargements sont maintenant dans le nouveau dossier</translation>
+    </message>
+    <message numerus="yes">
+        <source>The downloads are in the new folder now; %n file(s) of the old one could not be removed</source>
+        <translation>
+            <numerusform>Les téléchargements sont maintenant dans le nouveau dossier ; %n fichier de l’ancien n’a pas pu être supprimé</numerusform>
+            <numerusform>Les téléchargements sont maintenant dans le nouveau dossier ; %n fichiers de l’ancien n’ont pas pu être supprimés</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>SettingsDialog</name>
@@ -1070,10 +1168,6 @@ Pointez une cellule et cliquez sur son cœur, ou appuyez sur F</translation>
         <translation>Certains fichiers de « %1 » n’ont pas pu être rétablis</translation>
     </message>
     <message>
-        <source>U&amp;ndo removal</source>
-        <translation>A&amp;nnuler le retrait</translation>
-    </message>
-    <message>
         <source>Cancel &amp;update</source>
         <translation>Annuler la &amp;mise à jour</translation>
     </message>
@@ -1118,6 +1212,21 @@ Pointez une cellule et cliquez sur son cœur, ou appuyez sur F</translation>
     <message>
         <source>“%1” was not removed: %2</source>
         <translation>« %1 » n’a pas été retiré : %2</translation>
+    </message>
+</context>
+<context>
+    <name>UndoAction</name>
+    <message>
+        <source>U&amp;ndo</source>
+        <translation>A&amp;nnuler</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo removal</source>
+        <translation>A&amp;nnuler le retrait</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo change of favorites</source>
+        <translation>A&amp;nnuler le changement de favoris</translation>
     </message>
 </context>
 <context>

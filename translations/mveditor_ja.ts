@@ -194,6 +194,80 @@
         <source>Cancel all</source>
         <translation>すべてキャンセル</translation>
     </message>
+    <message numerus="yes">
+        <source>, %n of them waiting for the server</source>
+        <translation>
+            <numerusform>（うち %n 項目がサーバーを待機中）</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>DownloadsMove</name>
+    <message>
+        <source>The folder cannot be created: %1</source>
+        <translation>フォルダーを作成できません: %1</translation>
+    </message>
+    <message>
+        <source>One folder is within the other: %1</source>
+        <translation>一方のフォルダーがもう一方の中にあります: %1</translation>
+    </message>
+    <message>
+        <source>%1 cannot be created</source>
+        <translation>%1 を作成できません</translation>
+    </message>
+    <message>
+        <source>There is not enough space: %1 are needed, %2 are free</source>
+        <translation>空き容量が足りません: 必要 %1、空き %2</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation>%1 を読み込めません: %2</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 に書き込めません: %2</translation>
+    </message>
+    <message>
+        <source>The folder already holds another file of this name: %1</source>
+        <translation>フォルダーには同じ名前の別のファイルがあります: %1</translation>
+    </message>
+</context>
+<context>
+    <name>DownloadsMover</name>
+    <message>
+        <source>Move the downloads to the new folder?
+
+From %1
+to %2</source>
+        <translation>ダウンロード済みのファイルを新しいフォルダーに移動しますか？
+
+移動元 %1
+移動先 %2</translation>
+    </message>
+    <message>
+        <source>They cannot be moved now, while downloads or a check run.</source>
+        <translation>ダウンロードまたは確認の実行中は移動できません。</translation>
+    </message>
+    <message>
+        <source>Download folder</source>
+        <translation>ダウンロードフォルダー</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>移動</translation>
+    </message>
+    <message>
+        <source>Leave</source>
+        <translation>そのままにする</translation>
+    </message>
+    <message>
+        <source>Moving the downloads…</source>
+        <translation>ファイルを移動しています…</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
 </context>
 <context>
     <name>FailureBox</name>
@@ -898,6 +972,28 @@ Point at a cell and press its heart, or press F</source>
         <source>The number of connections applies from the next start on</source>
         <translation>接続数は次回の起動から有効になります</translation>
     </message>
+    <message>
+        <source>Nothing was moved</source>
+        <translation>何も移動されませんでした</translation>
+    </message>
+    <message>
+        <source>Download folder</source>
+        <translation>ダウンロードフォルダー</translation>
+    </message>
+    <message>
+        <source>Nothing was moved: %1</source>
+        <translation>何も移動されませんでした: %1</translation>
+    </message>
+    <message>
+        <source>The downloads are in the new folder now</source>
+        <translation>ファイルは新しいフォルダーに移動しました</translation>
+    </message>
+    <message numerus="yes">
+        <source>The downloads are in the new folder now; %n file(s) of the old one could not be removed</source>
+        <translation>
+            <numerusform>ファイルは新しいフォルダーに移動しました。古いフォルダーの %n 個のファイルは削除できませんでした</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>SettingsDialog</name>
@@ -1063,10 +1159,6 @@ Point at a cell and press its heart, or press F</source>
         <translation>「%1」の一部のファイルを元に戻せませんでした</translation>
     </message>
     <message>
-        <source>U&amp;ndo removal</source>
-        <translation>削除を元に戻す(&amp;N)</translation>
-    </message>
-    <message>
         <source>Cancel &amp;update</source>
         <translation>更新をキャンセル(&amp;U)</translation>
     </message>
@@ -1109,6 +1201,21 @@ Point at a cell and press its heart, or press F</source>
     <message>
         <source>“%1” was not removed: %2</source>
         <translation>「%1」は削除されませんでした: %2</translation>
+    </message>
+</context>
+<context>
+    <name>UndoAction</name>
+    <message>
+        <source>U&amp;ndo</source>
+        <translation>元に戻す(&amp;N)</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo removal</source>
+        <translation>削除を元に戻す(&amp;N)</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo change of favorites</source>
+        <translation>お気に入りの変更を元に戻す(&amp;N)</translation>
     </message>
 </context>
 <context>

@@ -194,6 +194,80 @@
         <source>Cancel all</source>
         <translation>全部取消</translation>
     </message>
+    <message numerus="yes">
+        <source>, %n of them waiting for the server</source>
+        <translation>
+            <numerusform>，其中 %n 项正在等待服务器</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>DownloadsMove</name>
+    <message>
+        <source>The folder cannot be created: %1</source>
+        <translation>无法创建文件夹：%1</translation>
+    </message>
+    <message>
+        <source>One folder is within the other: %1</source>
+        <translation>一个文件夹在另一个文件夹中：%1</translation>
+    </message>
+    <message>
+        <source>%1 cannot be created</source>
+        <translation>无法创建 %1</translation>
+    </message>
+    <message>
+        <source>There is not enough space: %1 are needed, %2 are free</source>
+        <translation>空间不足：需要 %1，可用 %2</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation>无法读取 %1：%2</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>无法写入 %1：%2</translation>
+    </message>
+    <message>
+        <source>The folder already holds another file of this name: %1</source>
+        <translation>该文件夹中已有另一个同名文件：%1</translation>
+    </message>
+</context>
+<context>
+    <name>DownloadsMover</name>
+    <message>
+        <source>Move the downloads to the new folder?
+
+From %1
+to %2</source>
+        <translation>要将已下载的文件移动到新文件夹吗？
+
+从 %1
+到 %2</translation>
+    </message>
+    <message>
+        <source>They cannot be moved now, while downloads or a check run.</source>
+        <translation>正在下载或检查，现在无法移动。</translation>
+    </message>
+    <message>
+        <source>Download folder</source>
+        <translation>下载文件夹</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>移动</translation>
+    </message>
+    <message>
+        <source>Leave</source>
+        <translation>保留原处</translation>
+    </message>
+    <message>
+        <source>Moving the downloads…</source>
+        <translation>正在移动文件…</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
 </context>
 <context>
     <name>FailureBox</name>
@@ -898,6 +972,28 @@ Point at a cell and press its heart, or press F</source>
         <source>The number of connections applies from the next start on</source>
         <translation>连接数将在下次启动时生效</translation>
     </message>
+    <message>
+        <source>Nothing was moved</source>
+        <translation>未移动任何文件</translation>
+    </message>
+    <message>
+        <source>Download folder</source>
+        <translation>下载文件夹</translation>
+    </message>
+    <message>
+        <source>Nothing was moved: %1</source>
+        <translation>未移动任何文件：%1</translation>
+    </message>
+    <message>
+        <source>The downloads are in the new folder now</source>
+        <translation>文件现在位于新文件夹中</translation>
+    </message>
+    <message numerus="yes">
+        <source>The downloads are in the new folder now; %n file(s) of the old one could not be removed</source>
+        <translation>
+            <numerusform>文件现在位于新文件夹中；旧文件夹中有 %n 个文件无法删除</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>SettingsDialog</name>
@@ -1063,10 +1159,6 @@ Point at a cell and press its heart, or press F</source>
         <translation>“%1”的部分文件无法恢复</translation>
     </message>
     <message>
-        <source>U&amp;ndo removal</source>
-        <translation>撤销移除(&amp;N)</translation>
-    </message>
-    <message>
         <source>Cancel &amp;update</source>
         <translation>取消更新(&amp;U)</translation>
     </message>
@@ -1109,6 +1201,21 @@ Point at a cell and press its heart, or press F</source>
     <message>
         <source>“%1” was not removed: %2</source>
         <translation>未移除“%1”：%2</translation>
+    </message>
+</context>
+<context>
+    <name>UndoAction</name>
+    <message>
+        <source>U&amp;ndo</source>
+        <translation>撤销(&amp;N)</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo removal</source>
+        <translation>撤销移除(&amp;N)</translation>
+    </message>
+    <message>
+        <source>U&amp;ndo change of favorites</source>
+        <translation>撤销收藏的更改(&amp;N)</translation>
     </message>
 </context>
 <context>

@@ -210,6 +210,11 @@ int MVThemeItemWdg::percent() const
     return static_cast<int>(qBound(0.0, m_pUi->frmShow->progress(), 100.0));
 }
 
+qint64 MVThemeItemWdg::receivedBytes() const
+{
+    return m_pDownLoader ? m_pDownLoader->receivedBytes() : 0;
+}
+
 void MVThemeItemWdg::setMarks(std::function<SCellState()> state)
 {
     delete m_pMarks;

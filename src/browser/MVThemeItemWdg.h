@@ -111,6 +111,9 @@ public:
     void updateMarks();
     /// Returns the progress of a running download, 0 to 100 percent.
     int percent() const;
+    /// Returns how many bytes have arrived for a running download, see
+    /// MVThemeDownLoader::receivedBytes(); 0 without one.
+    qint64 receivedBytes() const;
 
     /// @name Keyboard actions
     /// @{

@@ -61,6 +61,7 @@ SCellState mvThemelistview::stateOf(const QString& guid) const
     if (cell && cell->isDownloading()) {
         state.files = SCellState::Files::Downloading;
         state.percent = cell->percent();
+        state.receivedBytes = cell->receivedBytes();
         return state;
     }
     const auto error = cell ? cell->shownError() : m_pDelegate->rememberedError(guid);

@@ -65,6 +65,8 @@ void MVThemeDownLoader::download(SCfg_Item* item)
     m_qsGuid = item->m_qsGUID;
     m_lstPaths.clear();
     m_nToldPercent = -1;
+    m_nReceived = 0;
+    m_nReceivedOfFile = 0;
     ResourceEvents::instance()->tellDownloadStarted(m_eKind, m_qsGuid);
     start();
 }
@@ -99,6 +101,13 @@ SItemDownloadResult MVThemeDownLoader::outcome() const
     if (m_eEnd == eDownLoadError_None)
         return {};
     return {isCancelled() ? eItemDownload_Cancelled : eItemDownload_Failed, m_eEnd, m_failure};
+}
+
+/// Counts what has arrived since the last call for the same file. A retry starts from zero.
+void MVThemeDownLoader::noteReceived(qint64 received)
+{
+    m_nReceived += qMax<qint64>(0, received - m_nReceivedOfFile);
+    m_nReceivedOfFile = received;
 }
 
 /// Keeps the first failure: later ones often have the same cause.
@@ -302,6 +311,7 @@ bool MVThemeDownLoader::downloadProgressCallback(qint64 received, qint64 total, 
     auto* const self = static_cast<MVThemeDownLoader*>(user);
     if (!self)
         return true;
+    self->noteReceived(received);
     if (total > 0)
         self->doProgress(static_cast<double>(received) / static_cast<double>(total) * firstPhase);
     return !self->isCancelled();

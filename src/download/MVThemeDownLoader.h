@@ -65,6 +65,10 @@ public:
     QString downloadedUrl() const;
     /// Returns the local path of that file.
     QString downloadedFile() const;
+    /// Returns how many bytes have arrived since download(), for all files and tries together, also
+    /// those of files that another download of this process fetches meanwhile. It grows only while
+    /// the server sends something, unlike progress(), which counts whole files. Any thread.
+    qint64 receivedBytes() const { return m_nReceived; }
     /// Returns the failure of the first file that could not be fetched; no failure if there was
     /// none, and after a cancellation.
     STransferFailure failure() const;
@@ -122,6 +126,7 @@ private:
     void noteFiles();
     void tellEnd();
     void noteFailure(const STransferFailure& failure);
+    void noteReceived(qint64 received);
     double shareStart() const;
     double share() const;
 
@@ -152,4 +157,6 @@ private:
     int m_nToldPercent = -1;                  // the last one that ResourceEvents was told
     QStringList m_lstPaths;                   // files that this download may have stored
     std::atomic<bool> m_bEnded{false};        // the end signal of this download has been sent
+    std::atomic<qint64> m_nReceived{0};       // bytes of all files
+    qint64 m_nReceivedOfFile = 0;             // of the file being fetched in order
 };

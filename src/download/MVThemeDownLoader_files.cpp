@@ -95,6 +95,7 @@ void MVThemeDownLoader::noteFiles()
 MVThemeDownLoader::Step MVThemeDownLoader::fetchSideBySide(bool& anyFailed)
 {
     SideBySideFiles::Reports reports;
+    reports.received = [this](qint64 bytes) { m_nReceived += bytes; };
     reports.progress = [this](double share) { doProgress(firstPhase + secondPhase * share); };
     reports.begun = [this](const QString& url, const QString& file) { setCurrent(url, file); };
     reports.failed = [this, &anyFailed](const STransferFailure& failure) {
@@ -124,6 +125,7 @@ MVThemeDownLoader::Step MVThemeDownLoader::fetchInOrder(bool& anyFailed)
         if (stopIfCancelled(pointBeforeFile))
             return Step::Ended;
         m_nIndex = i;
+        m_nReceivedOfFile = 0;
         FileTurn turn(*m_vecFiles.at(i), i, release, &FileTurn::logNow);
         if (turn.take())
             anyFailed = !fetchFile(turn) || anyFailed;
@@ -181,6 +183,7 @@ bool MVThemeDownLoader::downloadProgressCallback_a(qint64 received, qint64 total
     if (!self)
         return true;
     FileRecord(*self->m_vecFiles.at(self->m_nIndex)).setCounts({received, total});
+    self->noteReceived(received);
     if (total > 0) {
         const double part = static_cast<double>(received) / static_cast<double>(total);
         self->doProgress(self->shareStart() + part * self->share());
@@ -195,6 +198,7 @@ bool MVThemeDownLoader::downloadProgressCallback_a_downloading(SFileInfo* info, 
         return true;
     const FileView record(*info);
     const FileView::Counts counts = record.counts();
+    self->noteReceived(counts.receivedBytes);
     if (counts.receivedBytes == 0 || counts.totalBytes == 0)
         return true;
     const double value = self->shareStart()

@@ -123,6 +123,9 @@ void SideBySideFiles::transfer(Entry& entry)
 /// A retry may start from zero; the progress must not decrease.
 void SideBySideFiles::note(Entry& entry, const FileView::Counts& counts)
 {
+    const qint64 before = std::exchange(entry.received, counts.receivedBytes);
+    if (counts.receivedBytes > before)
+        m_reports.received(counts.receivedBytes - before);
     if (counts.totalBytes == 0)
         return;
     const double part =

@@ -28,6 +28,7 @@ public:
     /// Receive the state of the files, on the download thread.
     struct Reports
     {
+        std::function<void(qint64 bytes)> received; ///< bytes that have arrived since the last call
         std::function<void(double share)> progress; ///< 0 to 1; increases with every call
         std::function<void(const QString& url, const QString& file)> begun;
         std::function<void(const STransferFailure& failure)> failed;
@@ -55,7 +56,8 @@ private:
 
         QVector<QString> lines; // of the log, until the file ends
         FileTurn turn;
-        double part = 0; // of the file that has arrived
+        qint64 received = 0; // bytes, of the present try
+        double part = 0;     // of the file that has arrived
         Clock::time_point nextLine;
     };
 

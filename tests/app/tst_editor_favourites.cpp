@@ -18,6 +18,7 @@ private slots:
     void surviveARestart();
     void surviveAKill();
     void aRemovedFavouriteLeavesTheirList();
+    void changesAreUndone();
     void areThoseOfMvresInOneDataFolder();
     void travelInAFile();
     void unknownFavouritesAreExportedToo();
@@ -106,6 +107,39 @@ void tst_editor_favourites::aRemovedFavouriteLeavesTheirList()
         click widget whyEmptyAction
         wait shown 3
         wait gone whyEmpty
+    )"),
+                                        false));
+}
+
+/// By key, the last change first, whichever control made it.
+void tst_editor_favourites::changesAreUndone()
+{
+    EditorWorld world;
+    world.fillRoot(themes);
+    VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
+        click cell Alpha
+        wait applied Alpha
+        press F
+        wait favourite Alpha
+        press F
+        wait plain Alpha
+        wait text favouriteBarText Alpha
+        press Ctrl+Z
+        wait favourite Alpha
+        wait gone favouriteBarText
+        hover cell Beta
+        click heart Beta
+        wait favourite Beta
+        click heart Beta
+        wait plain Beta
+        wait text favouriteBarText Beta
+        click widget favouriteBarAction
+        wait favourite Beta
+        press Ctrl+Z
+        wait plain Beta
+        wait favourite Alpha
+        press Ctrl+Z
+        wait plain Alpha
     )"),
                                         false));
 }

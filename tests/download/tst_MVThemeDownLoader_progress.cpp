@@ -61,6 +61,7 @@ private slots:
     void failedFilesKeepTheirShare();
     void countsStandInTheRecord();
     void unknownTotal();
+    void bytesOfAllFilesAreCounted();
     void emptyFile();
     void staysWithinBounds();
 };
@@ -205,6 +206,35 @@ void tst_MVThemeDownLoader_progress::unknownTotal()
     QVERIFY(!shown);
     QCOMPARE(ofSecondPhase(trace), QVector<double>{100.0});
     QCOMPARE(trace.results(), QVector<int>{eDownLoadError_None});
+}
+
+/// Also those whose total is unknown, so that progress() does not change while they arrive.
+void tst_MVThemeDownLoader_progress::bytesOfAllFilesAreCounted()
+{
+    DownloadWorld world;
+    SCfg_Item theme = DownloadWorld::item(
+        eCfgItem_Theme, 1, {QStringLiteral("/Themes/a.zip"), QStringLiteral("/Themes/b.zip")});
+    theme.m_info_CfgXML.m_qsUrl = QStringLiteral("/Themes/t.xml");
+    MVThemeDownLoader downloader(nullptr);
+    qint64 inTheMiddle = 0;
+    world.serve(QStringLiteral("/config/Themes/t.xml"), QByteArray(20, 'x'));
+    world.serve(QStringLiteral("/config/Themes/a.zip"), QByteArray(300, 'x'));
+    world.route(QStringLiteral("/config/Themes/b.zip"), [&](HttpExchange& exchange) {
+        exchange.send(HttpAnswer(200).field("Transfer-Encoding", "chunked").bytes());
+        exchange.send(HttpAnswer::chunk(QByteArray(4000, 'x')));
+        while (inTheMiddle < 4000 + 300 + 20 && exchange.isOpen()) {
+            exchange.pause(std::chrono::milliseconds(1));
+            inTheMiddle = downloader.receivedBytes();
+        }
+        exchange.send(HttpAnswer::chunk(QByteArray(1, 'x')) + HttpAnswer::lastChunk());
+    });
+
+    QVERIFY(DownloadWorld::run(downloader, theme));
+
+    QCOMPARE(inTheMiddle, qint64{4320});
+    QCOMPARE(downloader.receivedBytes(), qint64{4321});
+    QVERIFY(DownloadWorld::run(downloader, theme));
+    QCOMPARE(downloader.receivedBytes(), qint64{0}); // everything is on disk
 }
 
 void tst_MVThemeDownLoader_progress::emptyFile()

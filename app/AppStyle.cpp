@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: The mvresource contributors
+// SPDX-License-Identifier: MIT
+
+#include "AppStyle.h"
+
+#include <QPainter>
+#include <QStyleFactory>
+#include <QStyleOption>
+
+AppStyle::AppStyle()
+    : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion")))
+{
+}
+
+/// Marks the keyboard's focus, unless the user works with the mouse.
+void AppStyle::drawFocus(QPainter& painter, const QStyleOption& option)
+{
+    if (!option.state.testFlag(State_KeyboardFocusChange))
+        return;
+    constexpr qreal lineWidth = 2;
+    constexpr qreal radius = 3;
+    constexpr qreal inset = lineWidth / 2;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(option.palette.highlight().color(), lineWidth));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(option.rect).adjusted(inset, inset, -inset, -inset), radius,
+                            radius);
+    painter.restore();
+}
+
+/// Buttons and fields mark their focus by an outline of their own.
+void AppStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                             QPainter* painter, const QWidget* widget) const
+{
+    if (element == PE_FrameFocusRect)
+        drawFocus(*painter, *option);
+    else
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+/// The label of a tab does not ask a proxy for its mark.
+void AppStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                           const QWidget* widget) const
+{
+    QProxyStyle::drawControl(element, option, painter, widget);
+    if (element != CE_TabBarTabLabel || !option->state.testFlag(State_HasFocus))
+        return;
+    constexpr int inset = 3;
+    QStyleOption inner(*option);
+    inner.rect.adjust(inset, inset, -inset, -inset);
+    drawFocus(*painter, inner);
+}
