@@ -17,6 +17,9 @@
 #include <QSignalSpy>
 #include <QUrl>
 
+#include <atomic>
+#include <chrono>
+
 /// Tests the states of items over checks, updates and removals, and the pictures that arrive.
 class tst_ResourceModel_states : public QObject
 {
@@ -35,6 +38,7 @@ private slots:
     void updateFetchesTheNewContent();
     void updatesBegunTogetherFollowEachOther();
     void cancelledUpdateChangesNothing();
+    void updateTellsItsProgress();
     void failedUpdateIsTold();
     void reloadRestartsTheUpdate();
     void updateOfAnotherIsFollowed();
@@ -145,6 +149,29 @@ void tst_ResourceModel_states::cancelledUpdateChangesNothing()
     QCOMPARE(watch.ends().constLast(), text("updated 13 cancelled"));
     QCOMPARE(watch.state(13), int(ResourceModel::Outdated));
     QCOMPARE(m_world.content("VideoFilters/13.zip"), StorageWorld::archive(13));
+}
+
+void tst_ResourceModel_states::updateTellsItsProgress()
+{
+    QVERIFY(StorageWorld::fetch({&StorageWorld::filter(13)}));
+    publishChanged("VideoFilters/13.zip");
+    m_world.publishAndCheck(12);
+    std::atomic<bool> isHalfTold{false};
+    m_world.route(ReleaseWorld::contentTarget("PK changed"), [&](HttpExchange& exchange) {
+        exchange.send("HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\nPK ch");
+        while (!isHalfTold)
+            exchange.pause(std::chrono::milliseconds(1));
+        exchange.send("anged");
+    });
+    ResourceModel model(ResourceModel::Filter);
+    const ModelWatch watch(model);
+    EXAMINED(model);
+    QCOMPARE(watch.value(13, ResourceModel::ProgressRole).toInt(), 0);
+    QVERIFY(model.update(guid(13)));
+    QTRY_COMPARE(watch.value(13, ResourceModel::ProgressRole).toInt(), 50);
+    isHalfTold = true;
+    QTRY_COMPARE(watch.ends(), QStringList{text("updated 13 complete")});
+    QCOMPARE(m_world.content("VideoFilters/13.zip"), QByteArray("PK changed"));
 }
 
 void tst_ResourceModel_states::failedUpdateIsTold()
