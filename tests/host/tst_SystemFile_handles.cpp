@@ -13,7 +13,7 @@
 #include <cerrno>
 
 /// Tests the operations on files as their callers rely on them.
-class tst_SystemFile : public QObject
+class tst_SystemFile_handles : public QObject
 {
     Q_OBJECT
 
@@ -80,14 +80,14 @@ private:
 
 } // namespace
 
-void tst_SystemFile::init()
+void tst_SystemFile_handles::init()
 {
     QDir(folder()).removeRecursively();
     QVERIFY(QDir().mkpath(folder()));
     write("old", "old");
 }
 
-void tst_SystemFile::createsOnlyNewFiles()
+void tst_SystemFile_handles::createsOnlyNewFiles()
 {
     QVERIFY(Handle(SystemFile::create(path("new"))).isOpen());
     QCOMPARE(content("new"), QByteArray());
@@ -96,7 +96,7 @@ void tst_SystemFile::createsOnlyNewFiles()
     QCOMPARE(content("old"), QByteArray("old"));
 }
 
-void tst_SystemFile::opensOrCreatesNoLink()
+void tst_SystemFile_handles::opensOrCreatesNoLink()
 {
     QVERIFY(Handle(SystemFile::openOrCreate(path("new"))).isOpen());
     QVERIFY(exists("new"));
@@ -107,7 +107,7 @@ void tst_SystemFile::opensOrCreatesNoLink()
     QVERIFY(!Handle(SystemFile::openOrCreate(path("link"))).isOpen());
 }
 
-void tst_SystemFile::opensRegularFilesOnly()
+void tst_SystemFile_handles::opensRegularFilesOnly()
 {
     using Access = SystemFile::Access;
     QVERIFY(Handle(SystemFile::openRegular(path("old"), Access::Read)).isOpen());
@@ -119,7 +119,7 @@ void tst_SystemFile::opensRegularFilesOnly()
     QCOMPARE(errno, 0);
 }
 
-void tst_SystemFile::appendsAtTheEnd()
+void tst_SystemFile_handles::appendsAtTheEnd()
 {
     const Handle handle(SystemFile::openRegular(path("old"), SystemFile::Access::Append));
     QFile file;
@@ -129,7 +129,7 @@ void tst_SystemFile::appendsAtTheEnd()
     QCOMPARE(content("old"), QByteArray("older"));
 }
 
-void tst_SystemFile::readsAndWritesAtAPosition()
+void tst_SystemFile_handles::readsAndWritesAtAPosition()
 {
     const Handle handle(SystemFile::openOrCreate(path("old")));
     QVERIFY(SystemFile::writeAt(handle.number(), "ABCDEF", 6, 2));
@@ -146,7 +146,7 @@ void tst_SystemFile::readsAndWritesAtAPosition()
     QCOMPARE(SystemFile::readAt(-1, read, 1, 0), qint64(-1));
 }
 
-void tst_SystemFile::locksBelongToTheHandle()
+void tst_SystemFile_handles::locksBelongToTheHandle()
 {
     const Handle second(SystemFile::openOrCreate(path("old")));
     {
@@ -160,7 +160,7 @@ void tst_SystemFile::locksBelongToTheHandle()
     QCOMPARE(SystemFile::lock(-1), SystemFile::Lock::Impossible);
 }
 
-void tst_SystemFile::knowsTheNamesOfAnOpenFile()
+void tst_SystemFile_handles::knowsTheNamesOfAnOpenFile()
 {
     const Handle handle(SystemFile::openOrCreate(path("old")));
     QVERIFY(SystemFile::hasName(handle.number(), path("old")));
@@ -177,7 +177,7 @@ void tst_SystemFile::knowsTheNamesOfAnOpenFile()
     QVERIFY(!SystemFile::hasName(-1, path("old")));
 }
 
-void tst_SystemFile::comparesNames()
+void tst_SystemFile_handles::comparesNames()
 {
     write("other", "old");
     QVERIFY(SystemFile::isSame(path("old"), path("../files/old")));
@@ -189,7 +189,7 @@ void tst_SystemFile::comparesNames()
     QVERIFY(!SystemFile::isFolder(path("missing")));
 }
 
-void tst_SystemFile::renamesOverAFile()
+void tst_SystemFile_handles::renamesOverAFile()
 {
     write("new", "new");
     QVERIFY(SystemFile::rename(path("new"), path("old")));
@@ -198,7 +198,7 @@ void tst_SystemFile::renamesOverAFile()
     QVERIFY(!SystemFile::rename(path("new"), path("old")));
 }
 
-void tst_SystemFile::renamesToANewNameOnly()
+void tst_SystemFile_handles::renamesToANewNameOnly()
 {
     write("new", "new");
     QVERIFY(!SystemFile::renameToNew(path("new"), path("old")));
@@ -209,7 +209,7 @@ void tst_SystemFile::renamesToANewNameOnly()
     QVERIFY(!exists("new"));
 }
 
-void tst_SystemFile::exchangesFolders()
+void tst_SystemFile_handles::exchangesFolders()
 {
     write("first/1", "one");
     write("second/2", "two");
@@ -219,7 +219,7 @@ void tst_SystemFile::exchangesFolders()
     QVERIFY(!SystemFile::exchange(path("first"), path("third")));
 }
 
-void tst_SystemFile::linksToANewNameOnly()
+void tst_SystemFile_handles::linksToANewNameOnly()
 {
     QVERIFY(SystemFile::link(path("old"), path("second")));
     QVERIFY(SystemFile::isSame(path("old"), path("second")));
@@ -229,7 +229,7 @@ void tst_SystemFile::linksToANewNameOnly()
     QCOMPARE(content("other"), QByteArray("other"));
 }
 
-void tst_SystemFile::flushesWhatIsThere()
+void tst_SystemFile_handles::flushesWhatIsThere()
 {
     const Handle handle(SystemFile::openOrCreate(path("old")));
     QVERIFY(SystemFile::flush(handle.number()));
@@ -242,7 +242,7 @@ void tst_SystemFile::flushesWhatIsThere()
     QVERIFY(!SystemFile::flushTree(path("missing")));
 }
 
-void tst_SystemFile::tellsWhatIsInTheWay()
+void tst_SystemFile_handles::tellsWhatIsInTheWay()
 {
     QCOMPARE(SystemFile::obstacleIn(path(".")), 0);
     QCOMPARE(SystemFile::obstacleIn(path("missing")), ENOENT);
@@ -250,5 +250,5 @@ void tst_SystemFile::tellsWhatIsInTheWay()
     QVERIFY(!SystemFile::isFull(EIO));
 }
 
-MV_TEST_MAIN(tst_SystemFile)
-#include "tst_SystemFile.moc"
+MV_TEST_MAIN(tst_SystemFile_handles)
+#include "tst_SystemFile_handles.moc"
