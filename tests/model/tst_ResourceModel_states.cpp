@@ -12,8 +12,10 @@
 #include "support/TestMain.h"
 #include "support/TestTexts.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSignalSpy>
 #include <QUrl>
 
@@ -48,6 +50,7 @@ private slots:
     void removedFilesAreDeletedWithTheLastModel();
     void removalOfAnotherIsFollowed();
     void arrivedPictureIsShown();
+    void replacedPictureHasANewAddress_data();
     void replacedPictureHasANewAddress();
     void shownRowsAreTold();
 
@@ -314,8 +317,19 @@ void tst_ResourceModel_states::arrivedPictureIsShown()
                  m_world.preview("Themes", "p.gif"));
 }
 
+void tst_ResourceModel_states::replacedPictureHasANewAddress_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<int>("secondsLater");
+    QTest::newRow("larger, later") << QByteArray("another") << 10;
+    QTest::newRow("larger, at the same time") << QByteArray("another") << 0;
+    QTest::newRow("as large, later") << QByteArray("new") << 10;
+}
+
 void tst_ResourceModel_states::replacedPictureHasANewAddress()
 {
+    QFETCH(QByteArray, content);
+    QFETCH(int, secondsLater);
     const QString path = m_world.preview("Themes", "t.jpg");
     CatalogueFiles::write(path, "old");
     ResourceModel model;
@@ -323,7 +337,12 @@ void tst_ResourceModel_states::replacedPictureHasANewAddress()
     EXAMINED(model);
     const QUrl old = watch.value(1, ResourceModel::ThumbnailRole).toUrl();
     QCOMPARE(old.toLocalFile(), path);
-    CatalogueFiles::write(path, "another");
+    const QDateTime time = QFileInfo(path).lastModified().addSecs(secondsLater);
+    CatalogueFiles::write(path, content);
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QVERIFY(file.setFileTime(time, QFileDevice::FileModificationTime));
+    file.close();
     PreviewExchange::instance()->tellArrived(guid(1));
     QTRY_VERIFY(watch.value(1, ResourceModel::ThumbnailRole).toUrl() != old);
     QCOMPARE(watch.value(1, ResourceModel::ThumbnailRole).toUrl().toLocalFile(), path);
