@@ -134,7 +134,6 @@ void MVThemeItemSubwdgt_Preview::createOverlay()
     // only positions the overlays.
     m_pOverlay = std::make_unique<QVBoxLayout>();
     m_pOverlay->setObjectName(QStringLiteral("verticalLayout_2"));
-    m_pOverlay->setSpacing(0);
     m_pOverlay->addWidget(m_pUi->frmBtns_theme);
     m_pOverlay->addItem(new QSpacerItem(20, 0, QSizePolicy::Minimum, QSizePolicy::Expanding));
     m_pOverlay->addWidget(m_pUi->frmNetError);

@@ -55,7 +55,6 @@ double MVThemeDownLoader::shareStart() const
 
 MVThemeDownLoader::Step MVThemeDownLoader::fetchFiles(bool& anyFailed)
 {
-    m_vecFiles.clear();
     m_nIndex = -1;
     if (!MVThemeMgr::init()->ensureThemeParsed(*m_pItem) && hostSettings().checkContent) {
         const QString file = FileView(m_pItem->m_info_CfgXML).file();

@@ -70,6 +70,7 @@ void tst_MVThemeMgr_checkXml::refuses_data()
     QTest::newRow("not closed") << QByteArray("<a><b></b>");
     QTest::newRow("crossed") << QByteArray("<a><b></a></b>");
     QTest::newRow("two roots") << QByteArray("<a/><b/>");
+    QTest::newRow("cut before a name") << QByteArray("<a><");
     QTest::newRow("cut in a tag") << QByteArray("<a><b");
     QTest::newRow("cut in a comment") << QByteArray("<a><!-- ");
     QTest::newRow("cut in CDATA") << QByteArray("<a><![CDATA[x</a>");

@@ -25,7 +25,8 @@ class tst_favouritesShared : public QObject
 private slots:
     void init() { m_fixture.fresh(); }
     void marksOfAnotherProcessStay();
-    void marksThatAnotherProcessTookAwayStayAway();
+    void marksThatWereReadAreNoChanges_data();
+    void marksThatWereReadAreNoChanges();
     void savedMarksAreNoChangesAnyMore();
     void lastChangeOfOneMarkWins();
     void manyProcessesAtATime();
@@ -110,14 +111,34 @@ void tst_favouritesShared::marksOfAnotherProcessStay()
     QCOMPARE(mgr().favourites(eCfgItem_Theme), (QStringList{Files::guid(1), Files::guid(2)}));
 }
 
-void tst_favouritesShared::marksThatAnotherProcessTookAwayStayAway()
+/// Rows tell the mark of theme 1: 1, 0 or, without an entry, -1.
+void tst_favouritesShared::marksThatWereReadAreNoChanges_data()
 {
-    Files::write(file(), QJsonDocument(QJsonObject{{Files::guid(1), true}}).toJson());
+    QTest::addColumn<int>("read");
+    QTest::addColumn<int>("writtenByAnother");
+    QTest::addColumn<int>("expected");
+    QTest::newRow("another took a mark away") << 1 << 0 << 0;
+    QTest::newRow("another removed the entry") << 1 << -1 << -1;
+    QTest::newRow("another marked") << 0 << 1 << 1;
+    QTest::newRow("an entry without a mark is kept") << 0 << -1 << 0;
+}
+
+void tst_favouritesShared::marksThatWereReadAreNoChanges()
+{
+    QFETCH(int, read);
+    QFETCH(int, writtenByAnother);
+    const auto write = [this](int mark) {
+        const QJsonObject marks{{Files::guid(1), mark == 1}};
+        Files::write(file(), QJsonDocument(mark < 0 ? QJsonObject() : marks).toJson());
+    };
+    write(read);
     mgr().readThemeCollect();
-    Files::write(file(), QJsonDocument(QJsonObject{{Files::guid(1), false}}).toJson());
+    write(writtenByAnother);
     mark(2);
     mgr().saveThemeCollect();
-    QCOMPARE(onDisk(), (QJsonObject{{Files::guid(1), false}, {Files::guid(2), true}}));
+    const QJsonValue left = onDisk().value(Files::guid(1));
+    QTEST(left.isUndefined() ? -1 : int(left.toBool()), "expected");
+    QCOMPARE(onDisk().value(Files::guid(2)), QJsonValue(true));
 }
 
 /// A mark that another process removes after our last save does not come back with the next one.

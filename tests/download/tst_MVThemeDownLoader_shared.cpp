@@ -3,6 +3,7 @@
 
 #include "download/DownloadFixture.h"
 #include "download/DownloadLines.h"
+#include "download/HeldAnswer.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
 
@@ -42,6 +43,7 @@ private slots:
     void twiceInOneList();
     void twiceInOneListAndMissing();
     void configOfOneTheme();
+    void configIsGivenBackBeforeTheOtherFiles();
     void configFailsForTheFirst();
     void recordWithoutMutex();
 
@@ -292,6 +294,28 @@ void tst_MVThemeDownLoader_shared::configOfOneTheme()
 }
 
 /// A config is required: a download that has waited for it in vain tries again itself.
+/// A theme with the same config need not wait for the other files of the first one.
+void tst_MVThemeDownLoader_shared::configIsGivenBackBeforeTheOtherFiles()
+{
+    DownloadWorld world;
+    SCfg_Item theme = world.themeWithConfig();
+    HeldAnswer held;
+    world.route(QStringLiteral("/config/Themes/r.zip"),
+                held.handler(HttpAnswer(200).body("content")));
+    SCfg_Item other = theme;
+    other.m_qsGUID = CatalogueFiles::guid(2);
+    other.m_vecResource.clear();
+    MVThemeDownLoader first(nullptr);
+    MVThemeDownLoader second(nullptr);
+    first.download(&theme);
+    QVERIFY(held.hasArrived());
+    second.download(&other);
+    QVERIFY(DownloadWorld::ends(second));
+    QVERIFY(first.isRunning());
+    held.release();
+    QVERIFY(DownloadWorld::ends(first));
+}
+
 void tst_MVThemeDownLoader_shared::configFailsForTheFirst()
 {
     DownloadWorld world;

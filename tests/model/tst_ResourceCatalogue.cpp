@@ -9,7 +9,11 @@
 #include "support/TestMain.h"
 #include "support/TestTexts.h"
 
+#include <QDir>
+#include <QFile>
 #include <QSignalSpy>
+
+#include <algorithm>
 
 /// Tests opening, checking and reloading with signals alone.
 class tst_ResourceCatalogue : public QObject
@@ -27,10 +31,13 @@ private slots:
 
     void openShowsWhatIsOnDisk();
     void checkLoadsNewContent();
+    void progressIsTheShareOfTheFiles();
     void failedCheckTellsTheReason();
     void cancelEndsTheCheck();
+    void spreadCheckWaitsUntilItIsCancelled();
     void reloadWaitsForTheDownloadOfAnother();
     void favouritesAreSaved();
+    void favouritesThatCannotBeSavedAreTold();
     void favouritesSurviveAReload();
 
 private:
@@ -85,6 +92,36 @@ void tst_ResourceCatalogue::checkLoadsNewContent()
     QTRY_COMPARE(watch.ends(), QStringList{text("fetched 1 complete")});
 }
 
+/// Themes 1 and 2 and filters 11 and 13 share one picture and one preview by folder.
+void tst_ResourceCatalogue::progressIsTheShareOfTheFiles()
+{
+    for (const char* target : {"/display/Themes/t.jpg", "/display/Themes/p.gif",
+                               "/display/VideoFilters/t.jpg", "/display/VideoFilters/p.gif"})
+        m_world.serve(target, "picture");
+    ResourceCatalogue catalogue;
+    ResourceCatalogue::Outcome outcome = ResourceCatalogue::Failed;
+    QVector<int> percents;
+    int last = -1;
+    bool isOver = false;
+    connect(&catalogue, &ResourceCatalogue::progressChanged, this, [&] {
+        if (catalogue.progress() >= 0)
+            percents.append(catalogue.progress());
+        last = catalogue.progress();
+    });
+    connect(&catalogue, &ResourceCatalogue::checkEnded, this,
+            [&](ResourceCatalogue::Outcome end, const QString& reason) {
+                outcome = end;
+                isOver = reason.isEmpty();
+            });
+    QVERIFY(catalogue.check());
+    QTRY_VERIFY(isOver);
+    QCOMPARE(outcome, ResourceCatalogue::Complete);
+    QVERIFY(!percents.isEmpty());
+    QVERIFY(std::is_sorted(percents.cbegin(), percents.cend()));
+    QCOMPARE(percents.constLast(), 100);
+    QCOMPARE(last, -1); // no file is being fetched any more
+}
+
 void tst_ResourceCatalogue::failedCheckTellsTheReason()
 {
     m_world.setFault([](HttpExchange& exchange, int) {
@@ -113,6 +150,23 @@ void tst_ResourceCatalogue::cancelEndsTheCheck()
     QTRY_COMPARE(ended.count(), 1);
     QCOMPARE(ended.first().first().value<ResourceCatalogue::Outcome>(),
              ResourceCatalogue::Cancelled);
+}
+
+void tst_ResourceCatalogue::spreadCheckWaitsUntilItIsCancelled()
+{
+    hostSettings().checkSpreadSeconds = 36000;
+    const int before = m_world.targets().size();
+    ResourceCatalogue catalogue;
+    QSignalSpy ended(&catalogue, &ResourceCatalogue::checkEnded);
+    QVERIFY(catalogue.checkSpread());
+    QCOMPARE(catalogue.phase(), ResourceCatalogue::Waiting);
+    QVERIFY(catalogue.isBusy());
+    catalogue.cancel();
+    QTRY_COMPARE(ended.count(), 1);
+    QCOMPARE(ended.first().first().value<ResourceCatalogue::Outcome>(),
+             ResourceCatalogue::Cancelled);
+    QCOMPARE(catalogue.phase(), ResourceCatalogue::Idle);
+    QCOMPARE(m_world.targets().size(), before);
 }
 
 void tst_ResourceCatalogue::reloadWaitsForTheDownloadOfAnother()
@@ -145,6 +199,21 @@ void tst_ResourceCatalogue::favouritesAreSaved()
     QVERIFY(CatalogueFiles::read(path).contains(guid(1).toUtf8()));
     for (const int number : {1, 2})
         model.setFavourite(guid(number), false);
+}
+
+void tst_ResourceCatalogue::favouritesThatCannotBeSavedAreTold()
+{
+    const QString path = MVThemeMgr::init()->Path_ThemeCollect();
+    QFile::remove(path);
+    QVERIFY(QDir().mkpath(path)); // a folder of that name
+    ResourceCatalogue catalogue;
+    QSignalSpy refused(&catalogue, &ResourceCatalogue::favouritesNotSaved);
+    ResourceModel model;
+    QVERIFY(model.setFavourite(guid(2), true));
+    QTRY_COMPARE(refused.count(), 1);
+    QVERIFY(!refused.first().first().toString().isEmpty());
+    QVERIFY(QDir().rmdir(path));
+    model.setFavourite(guid(2), false);
 }
 
 void tst_ResourceCatalogue::favouritesSurviveAReload()

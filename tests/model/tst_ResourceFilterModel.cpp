@@ -294,6 +294,10 @@ void tst_ResourceFilterModel::shownRowsAreThoseOfTheFilter()
     m_model->showRows(0, 2);
     quint64 generation = 0;
     QCOMPARE(PreviewExchange::instance()->shown(generation), (QStringList{guid(3), guid(2)}));
+    m_model->showRows(1, 99);
+    QCOMPARE(PreviewExchange::instance()->shown(generation), (QStringList{guid(2), guid(1)}));
+    m_model->showRows(-1, 2);
+    QCOMPARE(PreviewExchange::instance()->shown(generation), QStringList{guid(3)});
 }
 
 void tst_ResourceFilterModel::worksWithoutASource()

@@ -35,10 +35,13 @@ private slots:
     void unknownItemIsRefused();
     void manyItemsAreFetchedInTurn();
     void downloadOfAnotherIsFollowed();
+    void downloadBegunBeforeTheModelIsNotTold();
     void reloadStopsAndResumes();
     void reloadWithdrawsAnItem();
     void applyFetchesAndApplies();
     void applyOfAReadyItemAsksNoServer();
+    void applyOfAnItemThatCannotBeFetched();
+    void otherKindForgetsTheChoice();
     void lastChoiceWins_data();
     void lastChoiceWins();
     void receiverMayReloadTheCatalogue();
@@ -135,6 +138,7 @@ void tst_ResourceModel_fetch::failureIsForgottenByTheNextAttempt()
     QTRY_COMPARE(watch.state(13), int(ResourceModel::Failed));
     m_world.setFault({});
     QVERIFY(model.fetch(guid(13)));
+    QVERIFY(watch.value(13, ResourceModel::ErrorTextRole).toString().isEmpty());
     QTRY_COMPARE(watch.state(13), int(ResourceModel::Ready));
     QVERIFY(watch.value(13, ResourceModel::ErrorTextRole).toString().isEmpty());
 }
@@ -217,6 +221,22 @@ void tst_ResourceModel_fetch::downloadOfAnotherIsFollowed()
         (QVector<int>{ResourceModel::Missing, ResourceModel::Downloading, ResourceModel::Ready}));
 }
 
+void tst_ResourceModel_fetch::downloadBegunBeforeTheModelIsNotTold()
+{
+    HeldAnswer held;
+    hold(13, held);
+    MVThemeDownLoader other(nullptr);
+    other.download(&StorageWorld::filter(13));
+    QVERIFY(held.hasArrived());
+    ResourceModel model(ResourceModel::Filter);
+    const ModelWatch watch(model);
+    EXAMINED(model);
+    QCOMPARE(watch.state(13), int(ResourceModel::Missing));
+    held.release();
+    QTRY_COMPARE(watch.state(13), int(ResourceModel::Ready));
+    QCOMPARE(watch.ends(), QStringList());
+}
+
 void tst_ResourceModel_fetch::reloadStopsAndResumes()
 {
     ResourceModel model(ResourceModel::Filter);
@@ -271,6 +291,36 @@ void tst_ResourceModel_fetch::applyOfAReadyItemAsksNoServer()
     QVERIFY(model.apply(guid(1)));
     QCOMPARE(watch.ends(), QStringList{text("applied 1")});
     QCOMPARE(m_world.targets().size(), before);
+}
+
+void tst_ResourceModel_fetch::applyOfAnItemThatCannotBeFetched()
+{
+    m_world.setFault([](HttpExchange& exchange, int) {
+        exchange.answer(HttpAnswer(404).body("no"));
+        return true;
+    });
+    ResourceModel model(ResourceModel::Filter);
+    const ModelWatch watch(model);
+    QVERIFY(model.apply(guid(13)));
+    QTRY_COMPARE(watch.ends(), QStringList{text("fetched 13 failed")});
+    m_world.setFault({});
+    QVERIFY(model.fetch(guid(13))); // which does not apply it
+    QTRY_COMPARE(watch.ends().size(), 2);
+    QCOMPARE(watch.ends().constLast(), text("fetched 13 complete"));
+}
+
+void tst_ResourceModel_fetch::otherKindForgetsTheChoice()
+{
+    HeldAnswer held;
+    hold(13, held);
+    ResourceModel model(ResourceModel::Filter);
+    const ModelWatch watch(model);
+    QVERIFY(model.apply(guid(13)));
+    QVERIFY(held.hasArrived());
+    model.setKind(ResourceModel::Theme);
+    model.setKind(ResourceModel::Filter);
+    held.release();
+    QTRY_COMPARE(watch.ends(), QStringList{text("fetched 13 complete")});
 }
 
 void tst_ResourceModel_fetch::lastChoiceWins_data()

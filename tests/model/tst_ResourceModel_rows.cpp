@@ -108,11 +108,25 @@ void tst_ResourceModel_rows::loadFollows()
     ModelWatch watch(model);
     QSignalSpy counted(&model, &ResourceModel::countChanged);
     QSignalSpy moved(&model, &QAbstractItemModel::rowsMoved);
+    int misplaced = 0;
+    const auto findAll = [&] {
+        for (int row = 0; row < model.count(); ++row)
+            misplaced +=
+                model.rowOf(model.data(model.index(row), ResourceModel::GuidRole).toString()) == row
+                ? 0
+                : 1;
+    };
+    connect(&model, &QAbstractItemModel::rowsRemoved, &model, findAll);
+    connect(&model, &QAbstractItemModel::rowsInserted, &model, findAll);
+    connect(&model, &QAbstractItemModel::rowsMoved, &model, findAll);
+    connect(&model, &QAbstractItemModel::layoutChanged, &model, findAll);
+    findAll();
     watch.keep();
     load(after);
     QCOMPARE(watch.numbers(), after);
     QVERIFY(watch.haveRowsKeptTheirItems());
     QCOMPARE(watch.resets(), 0);
+    QCOMPARE(misplaced, 0);         // at any time
     QCOMPARE(moved.count(), moves); // the fewest, or the whole layout at once
     QCOMPARE(counted.count(), before.size() == after.size() ? 0 : 1);
     EXAMINED(model);
@@ -178,7 +192,17 @@ void tst_ResourceModel_rows::kindCanBeChanged()
     ResourceModel model;
     const ModelWatch watch(model);
     QSignalSpy changed(&model, &ResourceModel::kindChanged);
+    QSignalSpy counted(&model, &ResourceModel::countChanged);
+    QSignalSpy examining(&model, &ResourceModel::examiningChanged);
+    EXAMINED(model);
+    QCOMPARE(model.rowOf(CatalogueFiles::guid(2)), 1);
+    examining.clear();
     model.setKind(ResourceModel::Filter);
+    QCOMPARE(model.rowOf(CatalogueFiles::guid(7)), 0);
+    QCOMPARE(model.rowOf(CatalogueFiles::guid(2)), -1);
+    QCOMPARE(counted.count(), 1);
+    QVERIFY(model.isExamining());
+    QVERIFY(!examining.isEmpty());
     QCOMPARE(watch.numbers(), Numbers{7});
     QCOMPARE(changed.count(), 1);
     QCOMPARE(watch.resets(), 1);
@@ -207,6 +231,7 @@ void tst_ResourceModel_rows::favouritesFollow()
     MVThemeMgr::init()->setItemCollected(item);
     QVERIFY(!watch.value(2, ResourceModel::FavouriteRole).toBool());
     QVERIFY(model.setFavourite(CatalogueFiles::guid(1), true));
+    QVERIFY(watch.value(1, ResourceModel::FavouriteRole).toBool());
     QVERIFY(MVThemeMgr::init()->saveFavourites(nullptr));
     load({2, 1});
     QVERIFY(watch.value(1, ResourceModel::FavouriteRole).toBool());

@@ -12,10 +12,15 @@
 #include "support/TestMain.h"
 #include "support/TestTexts.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSignalSpy>
 #include <QUrl>
+
+#include <atomic>
+#include <chrono>
 
 /// Tests the states of items over checks, updates and removals, and the pictures that arrive.
 class tst_ResourceModel_states : public QObject
@@ -35,6 +40,7 @@ private slots:
     void updateFetchesTheNewContent();
     void updatesBegunTogetherFollowEachOther();
     void cancelledUpdateChangesNothing();
+    void updateTellsItsProgress();
     void failedUpdateIsTold();
     void reloadRestartsTheUpdate();
     void updateOfAnotherIsFollowed();
@@ -44,6 +50,7 @@ private slots:
     void removedFilesAreDeletedWithTheLastModel();
     void removalOfAnotherIsFollowed();
     void arrivedPictureIsShown();
+    void replacedPictureHasANewAddress_data();
     void replacedPictureHasANewAddress();
     void shownRowsAreTold();
 
@@ -145,6 +152,29 @@ void tst_ResourceModel_states::cancelledUpdateChangesNothing()
     QCOMPARE(watch.ends().constLast(), text("updated 13 cancelled"));
     QCOMPARE(watch.state(13), int(ResourceModel::Outdated));
     QCOMPARE(m_world.content("VideoFilters/13.zip"), StorageWorld::archive(13));
+}
+
+void tst_ResourceModel_states::updateTellsItsProgress()
+{
+    QVERIFY(StorageWorld::fetch({&StorageWorld::filter(13)}));
+    publishChanged("VideoFilters/13.zip");
+    m_world.publishAndCheck(12);
+    std::atomic<bool> isHalfTold{false};
+    m_world.route(ReleaseWorld::contentTarget("PK changed"), [&](HttpExchange& exchange) {
+        exchange.send("HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\nPK ch");
+        while (!isHalfTold)
+            exchange.pause(std::chrono::milliseconds(1));
+        exchange.send("anged");
+    });
+    ResourceModel model(ResourceModel::Filter);
+    const ModelWatch watch(model);
+    EXAMINED(model);
+    QCOMPARE(watch.value(13, ResourceModel::ProgressRole).toInt(), 0);
+    QVERIFY(model.update(guid(13)));
+    QTRY_COMPARE(watch.value(13, ResourceModel::ProgressRole).toInt(), 50);
+    isHalfTold = true;
+    QTRY_COMPARE(watch.ends(), QStringList{text("updated 13 complete")});
+    QCOMPARE(m_world.content("VideoFilters/13.zip"), QByteArray("PK changed"));
 }
 
 void tst_ResourceModel_states::failedUpdateIsTold()
@@ -287,8 +317,19 @@ void tst_ResourceModel_states::arrivedPictureIsShown()
                  m_world.preview("Themes", "p.gif"));
 }
 
+void tst_ResourceModel_states::replacedPictureHasANewAddress_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<int>("secondsLater");
+    QTest::newRow("larger, later") << QByteArray("another") << 10;
+    QTest::newRow("larger, at the same time") << QByteArray("another") << 0;
+    QTest::newRow("as large, later") << QByteArray("new") << 10;
+}
+
 void tst_ResourceModel_states::replacedPictureHasANewAddress()
 {
+    QFETCH(QByteArray, content);
+    QFETCH(int, secondsLater);
     const QString path = m_world.preview("Themes", "t.jpg");
     CatalogueFiles::write(path, "old");
     ResourceModel model;
@@ -296,7 +337,12 @@ void tst_ResourceModel_states::replacedPictureHasANewAddress()
     EXAMINED(model);
     const QUrl old = watch.value(1, ResourceModel::ThumbnailRole).toUrl();
     QCOMPARE(old.toLocalFile(), path);
-    CatalogueFiles::write(path, "another");
+    const QDateTime time = QFileInfo(path).lastModified().addSecs(secondsLater);
+    CatalogueFiles::write(path, content);
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QVERIFY(file.setFileTime(time, QFileDevice::FileModificationTime));
+    file.close();
     PreviewExchange::instance()->tellArrived(guid(1));
     QTRY_VERIFY(watch.value(1, ResourceModel::ThumbnailRole).toUrl() != old);
     QCOMPARE(watch.value(1, ResourceModel::ThumbnailRole).toUrl().toLocalFile(), path);

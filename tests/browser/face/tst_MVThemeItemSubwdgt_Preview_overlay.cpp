@@ -5,7 +5,14 @@
 
 #include <QLayout>
 
+#include <functional>
+
 Q_DECLARE_METATYPE(QMargins)
+
+using FaceChange = std::function<void(MVThemeItemSubwdgt_Preview&, SCfg_Item&)>;
+using FacePart = QWidget* (*)(const FaceParts&);
+Q_DECLARE_METATYPE(FaceChange)
+Q_DECLARE_METATYPE(FacePart)
 
 /// Tests the placement of buttons, error and "Current" mark over the picture.
 class tst_MVThemeItemSubwdgt_Preview_overlay : public QObject
@@ -19,8 +26,12 @@ private slots:
     void floatsAtItsMargins();
     void followsEachResize();
     void partsAreAsHighAsTheyNeed();
+    void partsFitWithoutSpaceBetweenThem();
     void theErrorHasRoomWhenItComes();
     void buttonsHaveRoomWhenTheyCome();
+    void eachPartHasItsHeightAtOnce_data();
+    void eachPartHasItsHeightAtOnce();
+    void marginsApplyAtOnce();
     void changesWhileHiddenShowWhenItIsShown();
     void thePictureFillsItsPage();
 
@@ -106,6 +117,76 @@ void tst_MVThemeItemSubwdgt_Preview_overlay::partsAreAsHighAsTheyNeed()
     QCOMPARE(parts.frmBtns->height(), parts.frmBtns->sizeHint().height());
     QCOMPARE(parts.lblCur->height(), parts.lblCur->sizeHint().height());
     QCOMPARE(parts.frmNetError->height(), parts.frmNetError->sizeHint().height());
+}
+
+void tst_MVThemeItemSubwdgt_Preview_overlay::partsFitWithoutSpaceBetweenThem()
+{
+    SCfg_Item item = m_world.completeItem();
+    Stage stage;
+    MVThemeItemSubwdgt_Preview& face = stage.face;
+    face.setItem(&item);
+    face.setCurText(true);
+    face.setDownLoadErrorText(eDownLoadError_Path);
+    face.doEvent_Enter();
+    QVERIFY(stage.show({153, 316}));
+    const FaceParts parts(face);
+    const QVector<QWidget*> all{parts.frmBtns, parts.frmNetError, parts.lblCur};
+    QVector<int> heights;
+    int needed = 0;
+    for (const QWidget* const one : all) {
+        heights.append(one->height());
+        needed += one->height();
+    }
+    face.resize(153, face.height() - parts.stack->height() + needed);
+    QTRY_COMPARE(parts.stack->height(), needed);
+    for (int i = 0; i < all.size(); ++i)
+        QCOMPARE(all.at(i)->height(), heights.at(i));
+}
+
+void tst_MVThemeItemSubwdgt_Preview_overlay::eachPartHasItsHeightAtOnce_data()
+{
+    QTest::addColumn<FaceChange>("change");
+    QTest::addColumn<FacePart>("part");
+    const FacePart buttons = [](const FaceParts& parts) -> QWidget* { return parts.frmBtns; };
+    const FacePart current = [](const FaceParts& parts) -> QWidget* { return parts.lblCur; };
+    const FacePart error = [](const FaceParts& parts) -> QWidget* { return parts.frmNetError; };
+    using Face = MVThemeItemSubwdgt_Preview;
+    QTest::newRow("buttons under the mouse")
+        << FaceChange([](Face& face, SCfg_Item&) { face.doEvent_Enter(); }) << buttons;
+    QTest::newRow("download button")
+        << FaceChange([](Face& face, SCfg_Item& item) { face.setItemDownload(&item); }) << buttons;
+    QTest::newRow("mark of the current item")
+        << FaceChange([](Face& face, SCfg_Item&) { face.setCurText(true); }) << current;
+    QTest::newRow("error") << FaceChange([](Face& face, SCfg_Item&) {
+        face.setDownLoadErrorText(eDownLoadError_Path);
+    }) << error;
+}
+
+void tst_MVThemeItemSubwdgt_Preview_overlay::eachPartHasItsHeightAtOnce()
+{
+    QFETCH(FaceChange, change);
+    QFETCH(FacePart, part);
+    SCfg_Item item = FaceFixture::item();
+    Stage stage;
+    stage.face.setItem(&item);
+    QVERIFY(stage.show({153, 316}));
+    const FaceParts parts(stage.face);
+    change(stage.face, item);
+    QVERIFY(part(parts)->isVisible());
+    QCOMPARE(part(parts)->height(), part(parts)->sizeHint().height());
+}
+
+void tst_MVThemeItemSubwdgt_Preview_overlay::marginsApplyAtOnce()
+{
+    SCfg_Item item = m_world.completeItem();
+    Stage stage;
+    stage.face.setItem(&item);
+    QVERIFY(stage.show({153, 316}));
+    const FaceParts parts(stage.face);
+    stage.face.setProperty("nMarginTop_lblCur", 61);
+    QCOMPARE(parts.lblCur->y(), 61);
+    stage.face.setProperty("nMarginTop_frmNetError", 23);
+    QCOMPARE(parts.frmNetError->y(), 23);
 }
 
 void tst_MVThemeItemSubwdgt_Preview_overlay::theErrorHasRoomWhenItComes()

@@ -34,10 +34,14 @@ private slots:
     void positionsFollowTheFilter();
     void rowsAreWhereTheyAreShown();
     void tellsCurrentAndFocus();
+    void tellsWhatIsScrolledAway();
     void offersActions();
+    void tellsKeysAndNamesOfActions_data();
+    void tellsKeysAndNamesOfActions();
     void downloadsByActionsAlone();
     void cancelsByActionAlone();
     void cancelsByTheProgressBar();
+    void progressBarIsReadOnly();
     void failureIsRead();
     void togglesAFavourite();
     void asksForDetails();
@@ -145,6 +149,7 @@ void tst_cellAccessibility::readsWhatChanges()
     m_list->view()->setUpdatable({CatalogueFiles::guid(1)});
     m_list->view()->setNew({CatalogueFiles::guid(3)});
     QCOMPARE(spoken(0), QStringLiteral("Sea, festivals, favourite, update available, 1 of 3"));
+    QVERIFY(row(0)->actionInterface()->actionNames().contains(QStringLiteral("Favourite")));
     QCOMPARE(spoken(2), QStringLiteral("Road, new, on disk, 3 of 3"));
     act(2, press);
     QTRY_COMPARE(spoken(2), QStringLiteral("Road, new, on disk, current, 3 of 3"));
@@ -183,6 +188,8 @@ void tst_cellAccessibility::rowsAreWhereTheyAreShown()
     QCOMPARE(list()->childAt(origin.x() + 5, origin.y() + 5), row(1));
     QVERIFY(!list()->childAt(origin.x() - 5000, origin.y()));
     QVERIFY(!row(1)->state().offscreen);
+    QVERIFY(!row(1)->state().invisible);
+    QVERIFY(!row(1)->childAt(origin.x() + 5, origin.y() + 5)); // nothing is being downloaded
 }
 
 void tst_cellAccessibility::tellsCurrentAndFocus()
@@ -191,6 +198,8 @@ void tst_cellAccessibility::tellsCurrentAndFocus()
     QVERIFY(QTest::qWaitForWindowActive(&m_list->window()));
     QVERIFY(row(1)->state().focusable);
     QVERIFY(!row(1)->state().focused);
+    QVERIFY(row(1)->state().selectable);
+    QVERIFY(!row(1)->state().selected);
     act(1, QAccessibleActionInterface::setFocusAction());
     QTRY_VERIFY(row(1)->state().focused);
     QVERIFY(row(1)->state().selected);
@@ -198,6 +207,41 @@ void tst_cellAccessibility::tellsCurrentAndFocus()
     QTest::keyClick(m_list->view(), Qt::Key_Left);
     QVERIFY(row(0)->state().focused);
     QVERIFY(!row(1)->state().focused);
+}
+
+void tst_cellAccessibility::tellsWhatIsScrolledAway()
+{
+    m_list = std::make_unique<ListWindow>(UIItem_Themes, QSize(200, 150));
+    m_list->fill();
+    QVERIFY(!row(0)->state().offscreen);
+    QVERIFY(row(3)->state().offscreen);
+    m_list->view()->scrollToBottom();
+    QVERIFY(row(0)->state().offscreen);
+    QVERIFY(!row(3)->state().offscreen);
+}
+
+void tst_cellAccessibility::tellsKeysAndNamesOfActions_data()
+{
+    QTest::addColumn<QString>("action");
+    QTest::addColumn<QStringList>("keys");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("press") << press << QStringList{QStringLiteral("Return")}
+                           << QStringLiteral("Download and apply");
+    QTest::newRow("favourite") << QStringLiteral("Favourite") << QStringList{QStringLiteral("F")}
+                               << QStringLiteral("Add to Favorites");
+    QTest::newRow("details") << QStringLiteral("Details") << QStringList()
+                             << QStringLiteral("Show details");
+    QTest::newRow("cancel") << QStringLiteral("Cancel") << QStringList{QStringLiteral("Escape")}
+                            << QStringLiteral("Cancel the download");
+}
+
+void tst_cellAccessibility::tellsKeysAndNamesOfActions()
+{
+    QFETCH(QString, action);
+    QAccessibleActionInterface* const actions = row(1)->actionInterface();
+    QTEST(actions->keyBindingsForAction(action), "keys");
+    QTEST(actions->localizedActionName(action), "name");
+    QTEST(actions->localizedActionDescription(action), "name");
 }
 
 void tst_cellAccessibility::offersActions()
@@ -232,6 +276,10 @@ void tst_cellAccessibility::downloadsByActionsAlone()
     QCOMPARE(progress->role(), QAccessible::ProgressBar);
     QCOMPARE(progress->parent(), row(1));
     QCOMPARE(row(1)->indexOfChild(progress), 0);
+    QCOMPARE(row(1)->indexOfChild(row(0)), -1);
+    QVERIFY(!row(1)->child(1));
+    QCOMPARE(progress->text(QAccessible::Value), progress->text(QAccessible::Name));
+    QCOMPARE(progress->text(QAccessible::Description), QString());
     QCOMPARE(progress->valueInterface()->maximumValue(), QVariant(100));
     const int percent = progress->valueInterface()->currentValue().toInt();
     QVERIFY(percent >= 0 && percent < 100);
@@ -267,6 +315,26 @@ void tst_cellAccessibility::cancelsByTheProgressBar()
     QTRY_COMPARE(spoken(1), QStringLiteral("Lake, travel, not downloaded, 2 of 3"));
 }
 
+void tst_cellAccessibility::progressBarIsReadOnly()
+{
+    m_world->stall(filesOfLake);
+    act(1, press);
+    QTRY_COMPARE(m_world->requests(filesOfLake), 1);
+    QAccessibleInterface* const progress = row(1)->child(0);
+    QVERIFY(progress->isValid());
+    QVERIFY(progress->state().readOnly);
+    QVERIFY(progress->state().busy);
+    QVERIFY(!progress->state().selectable && !progress->state().selected);
+    QVERIFY(!progress->state().focusable && !progress->state().focused);
+    QCOMPARE(progress->rect(), row(1)->rect());
+    QCOMPARE(row(1)->childAt(row(1)->rect().x() + 5, row(1)->rect().y() + 5), progress);
+    QVERIFY(!row(1)->childAt(row(1)->rect().x() - 5, row(1)->rect().y()));
+    progress->actionInterface()->doAction(press); // of the row alone
+    QCoreApplication::processEvents();
+    QVERIFY(row(1)->state().busy);
+    QCOMPARE(m_world->requests(filesOfLake), 1);
+}
+
 void tst_cellAccessibility::failureIsRead()
 {
     m_world->route(filesOfLake, [](HttpExchange& exchange) {
@@ -275,6 +343,8 @@ void tst_cellAccessibility::failureIsRead()
     act(1, press);
     const QString failed = QStringLiteral("Lake, travel, download failed, 2 of 3");
     QTRY_COMPARE(spoken(1), failed);
+    QCOMPARE(row(1)->actionInterface()->localizedActionName(press),
+             QStringLiteral("Download and apply"));
     m_list->view()->reapplyFilter(0, QString());
     m_list->view()->reapplyFilter(MVThemeSortFilterProxyModel::allThemes, QString());
     QCOMPARE(spoken(1), failed);
