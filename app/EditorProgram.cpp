@@ -88,7 +88,7 @@ int EditorProgram::openWindow(int& argc, char** argv)
         applyScale(preferences.scale());
     QApplication application(argc, argv);
     if (ownScale)
-        qunsetenv(scaleVariable); // programs opened by the window have their own scale
+        qunsetenv(scaleVariable);         // programs opened by the window have their own scale
     QApplication::setStyle(new AppStyle); // owned by the application
     m_startup.takePreferences(preferences, m_commandLine);
     if (!m_startup.openCatalogue(preferences.skin()))

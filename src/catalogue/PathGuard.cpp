@@ -55,7 +55,7 @@ bool isLink(const QString& path)
     return entry.isSymLink();
 }
 
-/// Returns the path with all links followed; empty if there is no such file or folder.
+/// Returns the path with all links followed; empty if the file or folder does not exist.
 QString realPath(const QString& path)
 {
 #ifdef Q_OS_WIN // Qt does not follow junctions

@@ -86,7 +86,7 @@ public:
     static bool isFolder(const QByteArray& name);
 
     /// Returns two numbers that no two files of the system share, following links: all names of one
-    /// file give the same. Both are 0 if there is no such file.
+    /// file give the same. Both are 0 if the file does not exist.
     static QPair<quint64, quint64> identity(const QByteArray& name);
 
     /// Returns the absolute path of a file or folder with all links followed, on Windows also

@@ -24,7 +24,7 @@ bool storePicture(SItemFacts::Picture& known, SItemFacts::Picture next)
         && known.sizeBytes == next.sizeBytes && known.modifiedMs == next.modifiedMs;
     if (isSame)
         return false;
-    // Who has read the old picture may keep it under its address.
+    // Viewers may have cached the old picture under its address.
     next.revision = known.revision + (known.url.isEmpty() ? 0 : 1);
     if (!next.url.isEmpty() && next.revision > 0)
         next.url.setFragment(QString::number(next.revision));

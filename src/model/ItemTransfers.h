@@ -55,7 +55,7 @@ public:
     STransferFailure failure(const ResourceKey& key) const { return m_failures.value(key); }
 
 signals:
-    /// What the functions above return for an item has changed.
+    /// The results of the functions above have changed for an item.
     void changed(const ResourceKey& key);
     /// An operation, or a download of others, has ended, and the item's state is known again.
     void ended(const ResourceKey& key, ItemTransfers::Operation operation,

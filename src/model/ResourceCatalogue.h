@@ -25,19 +25,19 @@
 class MVMODEL_EXPORT ResourceCatalogue : public QObject
 {
     Q_OBJECT
-    /// What the check is doing.
+    /// The phase of the check; Idle if none is running.
     Q_PROPERTY(ResourceCatalogue::Phase phase READ phase NOTIFY phaseChanged)
-    /// Whether a check is waiting, checking or fetching previews.
+    /// True while a check is waiting, checking or fetching previews.
     Q_PROPERTY(bool busy READ isBusy NOTIFY phaseChanged)
     /// The share of the phase that is done, in per cent; -1 while unknown.
     Q_PROPERTY(int progress READ progress NOTIFY progressChanged)
 
 public:
-    /// What a check is doing, see CatalogueUpdate::Phase.
+    /// The phases of a check, see CatalogueUpdate::Phase.
     enum Phase { Idle, Waiting, Checking, FetchingPreviews };
     Q_ENUM(Phase)
 
-    /// How a check has ended, see ECatalogueUpdateEnd.
+    /// The outcomes of a check, see ECatalogueUpdateEnd.
     enum Outcome { Complete, PreviewsMissing, Failed, Cancelled };
     Q_ENUM(Outcome)
 

@@ -36,7 +36,7 @@ class MVMODEL_EXPORT ResourceFilterModel : public QSortFilterProxyModel
 public:
     /// The value of AllThemeTypes.
     static constexpr int allThemeTypes = -1;
-    /// A value of themeType that is no code: every type.
+    /// A value of themeType that selects every type; not a code of the catalogue.
     enum ThemeType { AllThemeTypes = allThemeTypes };
     Q_ENUM(ThemeType)
 

@@ -48,9 +48,9 @@ class MVMODEL_EXPORT ResourceModel : public QAbstractListModel
     Q_PROPERTY(ResourceModel::Kind kind READ kind WRITE setKind NOTIFY kindChanged)
     /// The number of rows.
     Q_PROPERTY(int count READ count NOTIFY countChanged)
-    /// Whether states are being determined.
+    /// True while states are being determined.
     Q_PROPERTY(bool examining READ isExamining NOTIFY examiningChanged)
-    /// Whether undoRemove() can bring an item back.
+    /// True while undoRemove() can bring an item back.
     Q_PROPERTY(bool canUndoRemove READ canUndoRemove NOTIFY canUndoRemoveChanged)
 
 public:
@@ -64,7 +64,7 @@ public:
     };
     Q_ENUM(Kind)
 
-    /// What can be done with an item.
+    /// The actions that an item offers.
     enum State {
         Unknown,  ///< not looked at yet
         Missing,  ///< must be fetched before it can be used

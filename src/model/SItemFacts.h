@@ -9,7 +9,7 @@
 #include <QUrl>
 #include <QVector>
 
-/// What is known of an item's files on disk. A value type, internal to the library.
+/// Facts about an item's files on disk. A value type, internal to the library.
 struct SItemFacts
 {
     /// A picture file; equal values mean that it shows the same.

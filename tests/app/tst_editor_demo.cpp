@@ -87,7 +87,7 @@ void tst_editor_demo::withoutTheToolsItServesTheSamples()
     const QString program = world.folder() + QStringLiteral("/bin/mveditor-demo");
     QVERIFY(QDir().mkpath(QFileInfo(program).path()));
     QVERIFY(QFile::copy(original.filePath(), program));
-    // Where an installed program finds the samples.
+    // An installed program finds the samples there.
     QVERIFY(QFile::link(original.path() + QStringLiteral("/../share"),
                         world.folder() + QStringLiteral("/share")));
     QProcess process;

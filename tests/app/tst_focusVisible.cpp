@@ -4,8 +4,8 @@
 #include "AppLook.h"
 #include "AppStyle.h"
 #include "browser/BrowserSkin.h"
-#include "PreviewPane.h"
 #include "browser/skins/SkinLook.h"
+#include "PreviewPane.h"
 #include "support/TestMain.h"
 
 #include <QApplication>

@@ -159,5 +159,5 @@ elseif(CASE STREQUAL "quick")
         ${SAMPLES}/settings.ini
         ${WORK_FOLDER}/root)
 else()
-    message(FATAL_ERROR "there is no case \"${CASE}\"")
+    message(FATAL_ERROR "unknown case \"${CASE}\"")
 endif()

@@ -192,7 +192,7 @@ void TestMvpublishNew::asciiFolderIsMadeOfTheName_data()
     QTest::newRow("special folder and others") << text("春節 Shared") << text("shared-182f8e35");
 }
 
-/// What is in every letter's place is the name's digest, which no other name has.
+/// The name's digest, unique to it, replaces the letters.
 void TestMvpublishNew::asciiFolderIsMadeOfTheName()
 {
     QFETCH(QString, name);

@@ -45,7 +45,7 @@ private:
     ReleaseShop m_shop;
 };
 
-/// What a theme uses is in its definition, which is not there yet.
+/// A theme's definition, which names the items it uses, has not been fetched yet.
 void TestMvresDryRun::fetchTellsWhatItWouldFetch()
 {
     const int before = m_shop.world().targets().size();

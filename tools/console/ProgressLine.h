@@ -8,12 +8,12 @@
 
 #include <cstdio>
 
-/// The progress of a long command: a line that is drawn anew on a terminal. Elsewhere, in a file or
-/// a pipe, lines stay, so there is one for the beginning and for each tenth.
+/// The progress of a long command: one line, redrawn, on a terminal. A file or a pipe keeps every
+/// line, so it gets one for the beginning and one for each tenth.
 class ProgressLine
 {
 public:
-    /// What is shown elsewhere than on a terminal.
+    /// The output for files and pipes.
     enum class Elsewhere { Tenths, Nothing };
 
     /// `stream` is standard output or standard error.

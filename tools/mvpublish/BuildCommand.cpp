@@ -69,7 +69,7 @@ int fail(const QString& text)
     return Console::fail(ExitStatus::failure, text);
 }
 
-/// What a build tells of the tree that it has written.
+/// A build's report on the tree that it has written.
 struct Report
 {
     QString text;

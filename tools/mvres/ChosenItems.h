@@ -12,15 +12,15 @@
 
 /// Finds the items that a user chooses by GUID, by name or by words of a name.
 ///
-/// A text that is no GUID stands for the shown item of exactly that name; else for that whose name
-/// differs only in case and accents; else for the only one whose name has all its words.
+/// A text other than a GUID selects the shown item of exactly that name; else the one whose name
+/// differs only in case and accents; else the only one whose name has all its words.
 class ChosenItems
 {
 public:
     explicit ChosenItems(ItemIndex& index);
 
-    /// Takes the items, each once. Returns false if a text stands for none, or for several; then
-    /// fail() tells.
+    /// Takes the items, each once. Returns false, after an error message, if a text selects none or
+    /// several.
     bool choose(const QStringList& texts);
     const QVector<SCfg_Item*>& items() const { return m_items; }
 

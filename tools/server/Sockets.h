@@ -35,7 +35,7 @@ std::ptrdiff_t receive(Handle socket, char* data, std::size_t size);
 /// Sends as many of the bytes as there is room for, without waiting.
 std::ptrdiff_t send(Handle socket, const char* data, std::size_t size);
 
-/// What wait() waits for.
+/// The events that wait() can wait for.
 enum class Event { Input, Room };
 /// Waits until the event has come or the socket has failed. Returns false on a timeout, and when a
 /// signal has interrupted the wait.

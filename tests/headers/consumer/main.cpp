@@ -23,7 +23,7 @@ int main(int argc, char** argv)
     view.setUIItemType(UIItem_Themes);
     if (SkinWidget::instance()->themeItemSize() != QSize(-1, -1))
         return 1;
-    // What the libraries have compiled in.
+    // Compiled into the libraries.
     if (BrowserSkin::styleSheet(QStringLiteral("Classical")).isEmpty()
         || !BrowserSkin::windowColors(QStringLiteral("Classical")).window.isValid())
         return 3;
