@@ -19,8 +19,8 @@ class ChosenItems
 public:
     explicit ChosenItems(ItemIndex& index);
 
-    /// Takes the items, each once. Returns false, after an error message, if a text selects none or
-    /// several.
+    /// Takes the items, each once. Returns false if a text selects none or several; report it by
+    /// fail().
     bool choose(const QStringList& texts);
     const QVector<SCfg_Item*>& items() const { return m_items; }
 
