@@ -29,7 +29,8 @@ CheckStatus::CheckStatus(const CatalogueUpdate& check, QWidget* parent)
     constexpr int busyWidth = 90;
     m_busy->setFixedSize(busyWidth, m_label->fontMetrics().height() / 2);
     auto* const layout = new QHBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
+    const int gap = m_label->fontMetrics().height(); // to the messages before it
+    layout->setContentsMargins(gap, 0, 0, 0);
     layout->addWidget(m_busy);
     layout->addWidget(m_label);
     connect(&check, &CatalogueUpdate::phaseChanged, this, &CheckStatus::refresh);

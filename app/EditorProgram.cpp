@@ -89,7 +89,7 @@ int EditorProgram::openWindow(int& argc, char** argv)
     QApplication application(argc, argv);
     if (ownScale)
         qunsetenv(scaleVariable); // programs opened by the window have their own scale
-    QApplication::setStyle(new AppStyle); // owned by the application
+    QApplication::setStyle(new AppStyle);
     m_startup.takePreferences(preferences, m_commandLine);
     if (!m_startup.openCatalogue(preferences.skin()))
         return refuse(m_startup.errorText());
