@@ -29,13 +29,18 @@ CheckStatus::CheckStatus(const CatalogueUpdate& check, QWidget* parent)
     constexpr int busyWidth = 90;
     m_busy->setFixedSize(busyWidth, m_label->fontMetrics().height() / 2);
     auto* const layout = new QHBoxLayout(this);
-    const int gap = m_label->fontMetrics().height(); // to the messages before it
-    layout->setContentsMargins(gap, 0, 0, 0);
+    layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_busy);
     layout->addWidget(m_label);
     connect(&check, &CatalogueUpdate::phaseChanged, this, &CheckStatus::refresh);
     connect(&check, &CatalogueUpdate::progressed, this, &CheckStatus::showProgress);
     refresh();
+}
+
+void CheckStatus::makeRoomFor(const QString& message)
+{
+    const int gap = message.isEmpty() ? 0 : m_label->fontMetrics().height();
+    layout()->setContentsMargins(gap, 0, 0, 0);
 }
 
 QString CheckStatus::text() const
