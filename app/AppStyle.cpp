@@ -33,10 +33,33 @@ void AppStyle::drawFocus(QPainter& painter, const QStyleOption& option)
 void AppStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                              QPainter* painter, const QWidget* widget) const
 {
-    if (element == PE_FrameFocusRect)
+    if (element == PE_FrameFocusRect) {
         drawFocus(*painter, *option);
-    else
-        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        return;
+    }
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    if (element == PE_IndicatorCheckBox)
+        outline(*painter, *option);
+}
+
+/// Draws an outline that stands out in dark skins, too, where the style's own is darker still.
+void AppStyle::outline(QPainter& painter, const QStyleOption& option)
+{
+    constexpr qreal half = 0.5; // of the line
+    painter.save();
+    painter.setPen(option.palette.placeholderText().color());
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(QRectF(option.rect).adjusted(half, half, -half, -half));
+    painter.restore();
+}
+
+/// The icons of a desktop's theme match no skin.
+int AppStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                        QStyleHintReturn* result) const
+{
+    return hint == SH_DialogButtonBox_ButtonsHaveIcons
+        ? 0
+        : QProxyStyle::styleHint(hint, option, widget, result);
 }
 
 /// The label of a tab does not ask a proxy for its mark.

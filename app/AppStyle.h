@@ -18,7 +18,10 @@ public:
                        const QWidget* widget) const override;
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* result) const override;
 
 private:
     static void drawFocus(QPainter& painter, const QStyleOption& option);
+    static void outline(QPainter& painter, const QStyleOption& option);
 };

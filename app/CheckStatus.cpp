@@ -37,6 +37,12 @@ CheckStatus::CheckStatus(const CatalogueUpdate& check, QWidget* parent)
     refresh();
 }
 
+void CheckStatus::makeRoomFor(const QString& message)
+{
+    const int gap = message.isEmpty() ? 0 : m_label->fontMetrics().height();
+    layout()->setContentsMargins(gap, 0, 0, 0);
+}
+
 QString CheckStatus::text() const
 {
     return m_label->text();

@@ -20,6 +20,8 @@ public:
     CheckStatus(const CatalogueUpdate& check, QWidget* parent);
 
     QString text() const;
+    /// Keeps its distance from a message on its left; an empty one needs none.
+    void makeRoomFor(const QString& message);
 
 protected:
     void changeEvent(QEvent* event) override;

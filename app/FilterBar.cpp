@@ -42,6 +42,8 @@ FilterBar::FilterBar(QWidget* parent)
 void FilterBar::createParts()
 {
     m_search->setClearButtonEnabled(true);
+    constexpr int margin = 3; // as in the buttons beside it
+    m_search->setTextMargins(margin, 0, margin, 0);
     m_search->installEventFilter(this);
     const int types[] = {MVThemeSortFilterProxyModel::allThemes, 0,
                          MVThemeMgr::init()->Themetype(QStringLiteral("festivals")),

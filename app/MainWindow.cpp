@@ -201,6 +201,7 @@ void MainWindow::connectParts()
         m_preferences.setTab(tab);
         showApplied();
     });
+    connect(statusBar(), &QStatusBar::messageChanged, m_status, &CheckStatus::makeRoomFor);
     connect(m_tabs, &ResourceTabs::filterChanged, this, &MainWindow::storeFilter);
     connect(m_tabs->checkButton(), &QPushButton::clicked, this, &MainWindow::toggleCheck);
     connect(&m_check, &CatalogueUpdate::phaseChanged, this, &MainWindow::refreshCheckButton);

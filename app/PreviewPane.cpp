@@ -65,7 +65,6 @@ PreviewPane::PreviewPane(QWidget* parent)
         return true;
     }();
     Q_UNUSED(isInstalled)
-    setFocusPolicy(Qt::TabFocus);
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
@@ -83,6 +82,7 @@ void PreviewPane::show(const QString& thumbnail, const QString& animation, bool 
     m_hasFrame = false;
     m_movie.setFileName(animation);
     m_animated = PictureDecoder::prepare(m_movie);
+    setFocusPolicy(m_animated ? Qt::TabFocus : Qt::NoFocus); // keys play it
     m_stillFile = thumbnail.isEmpty() && m_animated ? animation : thumbnail;
     m_stillPixels = QSize();
     m_still = QPixmap();

@@ -3,6 +3,8 @@
 
 #include "DemoCommandLine.h"
 
+#include "browser/BrowserSkin.h"
+
 #include <QCommandLineParser>
 #include <QFileInfo>
 
@@ -10,6 +12,8 @@ namespace {
 
 const QLatin1String scriptOption("script");
 const QLatin1String screenshotOption("screenshot");
+const QLatin1String skinOption("skin");
+const QLatin1String firstStartOption("first-start");
 
 } // namespace
 
@@ -27,6 +31,10 @@ ProgramTable DemoCommandLine::table() const
         screenshotOption,
         QStringLiteral("where pictures go; without a script: one of the window, then end"),
         QStringLiteral("DIR")));
+    table.options.append(QCommandLineOption(
+        skinOption, QStringLiteral("show the window in this skin"), QStringLiteral("NAME")));
+    table.options.append(QCommandLineOption(
+        firstStartOption, QStringLiteral("configure no server, as for a new user")));
     table.statuses.first().statuses[1].meaning =
         QStringLiteral("it could not start, or a step of the script failed");
     return table;
@@ -38,6 +46,10 @@ bool DemoCommandLine::read(const QCommandLineParser& parser)
         return false;
     scriptFile = parser.value(scriptOption);
     screenshotFolder = parser.value(screenshotOption);
+    skin = parser.value(skinOption);
+    isFirstStart = parser.isSet(firstStartOption);
+    if (!skin.isEmpty() && !BrowserSkin::names().contains(skin))
+        return fail(QStringLiteral("no such skin: %1").arg(skin));
     if (!scriptFile.isEmpty() && !QFileInfo(scriptFile).isFile())
         return fail(QStringLiteral("no such script: %1").arg(scriptFile));
     if (showsSamples() && !host.server.isEmpty())

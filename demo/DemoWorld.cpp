@@ -9,6 +9,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QUrl>
 
 namespace {
 
@@ -26,16 +27,32 @@ bool DemoWorld::start()
     m_folder.emplace();
     if (!m_folder->isValid())
         return fail(m_folder->errorString());
-    QString tree = sample("server");
-    if (!QFileInfo(tree).isDir())
-        return fail(QStringLiteral("the samples are not there: %1").arg(tree));
+    m_tree = sample("server");
+    if (!QFileInfo(m_tree).isDir())
+        return fail(QStringLiteral("the samples are not there: %1").arg(m_tree));
     if (!DemoShop::program().isEmpty() && QFileInfo(sample("source")).isDir()) {
         m_shop.emplace();
         if (!m_shop->open(sample("source"), folder() + QStringLiteral("/shop")))
             return fail(m_shop->errorText());
-        tree = m_shop->tree();
+        m_tree = m_shop->tree();
     }
-    return m_server.start(tree) || fail(m_server.errorText());
+    if (!setServer(Server::Answers))
+        return false;
+    m_serverUrl = m_server.url();
+    return true;
+}
+
+bool DemoWorld::setServer(Server state)
+{
+    m_server.setHeld(state == Server::IsSilent);
+    if (state == Server::IsStopped) {
+        m_server.stop();
+        return true;
+    }
+    const int port = QUrl(m_serverUrl).port(0);
+    const bool isRunning = !m_server.url().isEmpty();
+    return isRunning || m_server.start(m_tree, static_cast<quint16>(port))
+        || fail(m_server.errorText());
 }
 
 bool DemoWorld::fail(const QString& error)
@@ -50,8 +67,8 @@ void DemoWorld::describe(HostSettings& settings) const
     settings.testOutputDir = sample("testoutput");
     settings.dataLocation = folder() + QStringLiteral("/data");
     settings.appDataPath = folder() + QStringLiteral("/work");
-    settings.productParams.insert(ProductParam::serverRoot, m_server.url());
-    settings.productParams.insert(ProductParam::moreAddress, m_server.url());
+    settings.productParams.insert(ProductParam::serverRoot, m_serverUrl);
+    settings.productParams.insert(ProductParam::moreAddress, m_serverUrl);
     if (m_shop) {
         settings.releasePolicy = eRelease_Require;
         settings.releaseKeys = QStringList{m_shop->publicKey()};

@@ -24,6 +24,12 @@ public:
 
     /// Configures the host for the samples.
     void describe(HostSettings& settings) const;
+    /// What the server does with requests.
+    enum class Server { Answers, IsSilent, IsStopped };
+    /// Returns whether the server does it now; see errorText().
+    bool setServer(Server state);
+    /// Returns the address of the server, also while it is stopped.
+    QString serverUrl() const { return m_serverUrl; }
     /// Returns the publisher; null if mvpublish was not built.
     DemoShop* shop() { return m_shop ? &*m_shop : nullptr; }
     /// Returns the temporary folder, which is removed with this object. Call it after start().
@@ -35,5 +41,7 @@ private:
     std::optional<QTemporaryDir> m_folder;
     std::optional<DemoShop> m_shop;
     TreeServer m_server;
+    QString m_tree; // the folder that it serves
+    QString m_serverUrl;
     QString m_error;
 };

@@ -260,6 +260,7 @@ private:
     void nameMoreRow();
     void showFocus(bool byKeyboard);
     void placeFocusMark();
+    void findCurrent();
     static QStandardItem* newRow(const QString& guid, int themeType, const QString& name);
     QStandardItem* newItemRow(const SCfg_Item& item);
     void markRows(int role, const QSet<QString>& guids);

@@ -11,6 +11,7 @@
 #include "host/HostSettings.h"
 #include "records/SCfg_Item.h"
 
+#include <QAbstractItemModel>
 #include <QContextMenuEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -102,9 +103,20 @@ void mvThemelistview::focusInEvent(QFocusEvent* event)
 {
     QListView::focusInEvent(event);
     if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason
-        || event->reason() == Qt::ShortcutFocusReason)
+        || event->reason() == Qt::ShortcutFocusReason) {
         m_bKeyboard = true;
+        findCurrent();
+    }
     placeFocusMark();
+}
+
+/// Gives the keyboard a row after a filter has hidden all of them.
+void mvThemelistview::findCurrent()
+{
+    if (!model() || currentIndex().isValid())
+        return;
+    const QModelIndex applied = shownRow(appliedItem());
+    setCurrentIndex(applied.isValid() ? applied : model()->index(0, 0));
 }
 
 void mvThemelistview::focusOutEvent(QFocusEvent* event)

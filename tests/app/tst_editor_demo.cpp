@@ -17,7 +17,8 @@ class tst_editor_demo : public QObject
 
 private slots:
     void showsTheSamplesAndLeavesNothing();
-    void shownScriptEndsWell();
+    void shownScriptsEndWell_data();
+    void shownScriptsEndWell();
     void stepThatCannotSucceedFails();
     void withoutTheToolsItServesTheSamples();
     void resourcesAreThoseOfTheOption();
@@ -57,17 +58,35 @@ void tst_editor_demo::showsTheSamplesAndLeavesNothing()
     QVERIFY2(left.isEmpty(), qPrintable(left.join(QLatin1Char(' '))));
 }
 
-/// The one that script/demo shows.
-void tst_editor_demo::shownScriptEndsWell()
+void tst_editor_demo::shownScriptsEndWell_data()
 {
+    QTest::addColumn<QString>("script");
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QStringList>("pictures");
+    const auto row = [](const char* script, const char* options, const char* pictures) {
+        QTest::newRow(script) << QString::fromLatin1(script)
+                              << QString::fromLatin1(options).split(QLatin1Char(' '))
+                              << QString::fromLatin1(pictures).split(QLatin1Char(' '));
+    };
+    row("demo.script", "--skin Classical", "11-applied 12-outdated 13-updated 21-about");
+    row("first-start.script", "--first-start --skin Calm", "30-first-start 32-server-found");
+    row("sizes.script", "--skin Simplicity", "themes failed settings");
+}
+
+/// Those that script/demo shows.
+void tst_editor_demo::shownScriptsEndWell()
+{
+    QFETCH(QString, script);
+    QFETCH(QStringList, options);
+    QFETCH(QStringList, pictures);
     const EditorWorld world;
-    const QString pictures = world.folder() + QStringLiteral("/pictures");
-    QVERIFY(QDir().mkpath(pictures));
-    VERIFY_ENDED_WELL(
-        Editor(world).runDemo({QStringLiteral("--script"), QStringLiteral(MV_DEMO_SCRIPT),
-                               QStringLiteral("--screenshot"), pictures}));
-    for (const char* name : {"/06-applied.png", "/07-outdated.png", "/08-updated.png"})
-        QVERIFY2(QFile::exists(pictures + QString::fromLatin1(name)), name);
+    const QString folder = world.folder() + QStringLiteral("/pictures/");
+    VERIFY_ENDED_WELL(Editor(world).runDemo(
+        options
+        + QStringList{QStringLiteral("--script"), QStringLiteral(MV_DEMO_FOLDER "/") + script,
+                      QStringLiteral("--screenshot"), folder}));
+    for (const QString& name : qAsConst(pictures))
+        QVERIFY2(QFile::exists(folder + name + QStringLiteral(".png")), qPrintable(name));
 }
 
 void tst_editor_demo::stepThatCannotSucceedFails()
@@ -123,6 +142,7 @@ void tst_editor_demo::wrongArguments_data()
     QTest::newRow("server for the samples")
         << list("--server http://x/") << 2 << QByteArray("a server of its own");
     QTest::newRow("option of the editor") << list("--root /proc/none") << 1 << QByteArray("root");
+    QTest::newRow("skin") << list("--skin Gloomy") << 2 << QByteArray("no such skin: Gloomy");
     QTest::newRow("help") << list("--help") << 0 << QByteArray("--screenshot <DIR>");
 }
 

@@ -4,8 +4,10 @@
 #include "AppLook.h"
 #include "AppStyle.h"
 #include "browser/BrowserSkin.h"
+#include "browser/list/BrowserWorld.h"
 #include "browser/skins/SkinLook.h"
 #include "PreviewPane.h"
+#include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
 
 #include <QApplication>
@@ -81,6 +83,16 @@ QWidget* tree()
     return tree;
 }
 
+/// Returns a pane with an animation, which the keys play.
+QWidget* previewPane()
+{
+    const QString file = TestHome::path() + QStringLiteral("/preview.gif");
+    CatalogueFiles::write(file, BrowserWorld::animation());
+    auto* const pane = new PreviewPane(nullptr);
+    pane->show(QString(), file, false);
+    return pane;
+}
+
 QVector<QPair<const char*, Create>> controls()
 {
     return {
@@ -94,7 +106,7 @@ QVector<QPair<const char*, Create>> controls()
         {"tabs", tabBar},
         {"tree", tree},
         {"text", [] { return new QPlainTextEdit; }},
-        {"preview", [] { return new PreviewPane(nullptr); }},
+        {"preview", previewPane},
     };
 }
 

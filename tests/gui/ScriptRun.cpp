@@ -210,7 +210,9 @@ bool ScriptRun::pictured(const QString& name)
     if (m_pictures.isEmpty())
         return true;
     const QString file = m_pictures + QLatin1Char('/') + name + QStringLiteral(".png");
-    const QRect frame = m_window.geometry();
+    QRect frame = m_window.geometry();
+    if (const QWidget* const dialog = QApplication::activeModalWidget())
+        frame |= dialog->geometry(); // it may be larger
     // Takes the picture from the display, including open menus; other platforms only render the
     // window.
     const QPixmap picture = QGuiApplication::platformName() == QLatin1String("xcb")

@@ -75,6 +75,7 @@ private slots:
     void connectionEndsWhereTheNextRequestIsUnknown_data();
     void connectionEndsWhereTheNextRequestIsUnknown();
     void stopEndsEveryConnection();
+    void heldRequestsWait();
 
 private:
     void start(const ServerLimits& limits);
@@ -365,6 +366,24 @@ void TestTreeServerLimits::stopEndsEveryConnection()
         QVERIFY(client->isEnded());
     }
     QVERIFY(!RawClient(m_port).isConnected());
+}
+
+void TestTreeServerLimits::heldRequestsWait()
+{
+    std::atomic<int> answers{0};
+    m_server.setAccessLog([&answers](const QString&) { ++answers; });
+    start(wideLimits());
+    m_server.setHeld(true);
+    const auto client = connectClient(smallRequest);
+    const auto other = connectClient(smallRequest);
+    QTest::qWait(100); // in which a server that does not hold them answers
+    QCOMPARE(answers.load(), 0);
+    m_server.setHeld(false);
+    QVERIFY(isServed(*client));
+    m_server.setHeld(true);
+    QVERIFY(connectClient(smallRequest)->isConnected());
+    m_server.stop(); // ends also while requests are held
+    m_server.setAccessLog({});
 }
 
 MV_TEST_MAIN(TestTreeServerLimits)

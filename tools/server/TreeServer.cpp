@@ -11,6 +11,8 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <condition_variable>
+#include <mutex>
 #include <thread>
 
 #include <httplib.h>
@@ -109,7 +111,9 @@ void answer(const QString& folder, const httplib::Request& request, httplib::Res
 class TreeServer::Private
 {
 public:
-    std::unique_ptr<HttpServer> makeServer(const QString& folder) const;
+    std::unique_ptr<HttpServer> makeServer(const QString& folder);
+    void setHeld(bool held);
+    void waitWhileHeld();
 
     std::unique_ptr<HttpServer> server; // null while stopped
     std::thread thread;
@@ -117,9 +121,27 @@ public:
     ServerLimits limits;
     QString errorText;
     int port = 0;
+    std::mutex mutex; // guards isHeld
+    std::condition_variable released;
+    bool isHeld = false;
 };
 
-std::unique_ptr<HttpServer> TreeServer::Private::makeServer(const QString& folder) const
+void TreeServer::Private::setHeld(bool held)
+{
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        isHeld = held;
+    }
+    released.notify_all();
+}
+
+void TreeServer::Private::waitWhileHeld()
+{
+    std::unique_lock<std::mutex> lock(mutex);
+    released.wait(lock, [this] { return !isHeld; });
+}
+
+std::unique_ptr<HttpServer> TreeServer::Private::makeServer(const QString& folder)
 {
     ServerLimits possible = limits;
     possible.connections =
@@ -128,8 +150,9 @@ std::unique_ptr<HttpServer> TreeServer::Private::makeServer(const QString& folde
     // Before httplib's routing, which would read and decompress whole bodies into memory and match
     // paths with a recursive regular expression.
     made->set_pre_routing_handler(
-        [root = QFileInfo(folder).absoluteFilePath()](const httplib::Request& request,
-                                                      httplib::Response& response) {
+        [this, root = QFileInfo(folder).absoluteFilePath()](const httplib::Request& request,
+                                                            httplib::Response& response) {
+            waitWhileHeld();
             if (request.method == "GET" || request.method == "HEAD")
                 answer(root, request, response);
             else
@@ -193,10 +216,16 @@ bool TreeServer::start(const QString& folder, quint16 port)
     return true;
 }
 
+void TreeServer::setHeld(bool isHeld)
+{
+    d->setHeld(isHeld);
+}
+
 void TreeServer::stop()
 {
     if (!d->server)
         return;
+    d->setHeld(false); // its threads are joined
     d->server->stop();
     d->thread.join();
     d->server.reset();

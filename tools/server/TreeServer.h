@@ -38,6 +38,9 @@ public:
 
     /// Starts serving `folder` on 127.0.0.1; port 0 picks a free one. On false see errorText().
     bool start(const QString& folder, quint16 port = 0);
+    /// True: requests that come from now on wait for their answers, until false or stop(), so that
+    /// clients meet a server that is silent. False by default.
+    void setHeld(bool isHeld);
     /// Ends all connections at once, and joins the threads.
     void stop();
 

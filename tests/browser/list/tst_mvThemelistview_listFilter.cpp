@@ -36,6 +36,7 @@ private slots:
     void addedItemTakesItsPlace();
     void marksOutliveAReload();
     void filterOutlivesAReload();
+    void keyboardFindsARowAfterAFilter();
 
 private:
     SListFilter filter(const char* words = "") const;
@@ -265,6 +266,24 @@ void tst_mvThemelistview_listFilter::filterOutlivesAReload()
     m_list->view()->refill();
     QCOMPARE(m_list->proxy()->listFilter(), asked);
     QCOMPARE(m_list->shownNames().join(QLatin1Char(',')), QStringLiteral("Ape 9,ape 10"));
+}
+
+/// A filter has hidden all rows meanwhile: the list must not have the focus without showing where.
+void tst_mvThemelistview_listFilter::keyboardFindsARowAfterAFilter()
+{
+    mvThemelistview* const view = m_list->view();
+    m_list->window().activateWindow();
+    view->setCurrentIndex(view->shownRow(CatalogueFiles::guid(1)));
+    view->clearFocus();
+    QCOMPARE(shown(filter("nothing")), QString());
+    view->setAppliedItem(CatalogueFiles::guid(4));
+    shown(SListFilter());
+    QVERIFY(!view->currentIndex().isValid());
+    view->setFocus(Qt::TabFocusReason);
+    QTRY_VERIFY(view->hasFocus());
+    QCOMPARE(view->currentIndex(), view->shownRow(CatalogueFiles::guid(4)));
+    const auto* const mark = view->viewport()->findChild<QWidget*>(QStringLiteral("focusMark"));
+    QVERIFY(mark && mark->isVisible());
 }
 
 MV_WIDGET_TEST_MAIN(tst_mvThemelistview_listFilter)
