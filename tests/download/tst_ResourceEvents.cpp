@@ -115,6 +115,8 @@ void tst_ResourceEvents::downloadIsTold()
              (QStringList{text("started 0 ") + guid, text("ended 0 ") + guid + text(" 0 0")}));
     for (const char* name : {"VideoFilters/13.xml", "VideoFilters/13.zip"})
         QVERIFY2(recorder.paths.contains(QDir::cleanPath(m_world.file(name))), name);
+    QStringList paths = recorder.paths;
+    QCOMPARE(int(paths.removeDuplicates()), 0);
     QVERIFY(recorder.percents.contains(100));
     const QVector<int> sorted = [&] {
         QVector<int> all = recorder.percents;
