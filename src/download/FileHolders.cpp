@@ -45,8 +45,6 @@ FileHolders::FileHolders(const QSet<QString>& gone)
         for (SCfg_Item& item : items) {
             m_isComplete = MVThemeMgr::init()->ensureThemeParsed(item) && m_isComplete;
             const Holder holder = {&item, filesOf(item, gone)};
-            if (holder.files.isEmpty())
-                continue;
             present.append(holder);
             for (const ItemFiles::Entry& file : holder.files)
                 owners[file.path] += file.item == &item ? 1 : 0;

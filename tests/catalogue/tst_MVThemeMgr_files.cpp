@@ -24,6 +24,7 @@ private slots:
     void thumbnailOfEveryKind_data();
     void thumbnailOfEveryKind();
     void thumbnailWithoutGuid();
+    void thumbnailNameDoesNotGoUp();
     void emptyThumbnailNameIsTheKindFolder();
 
     void gifOfAThemeOnly_data();
@@ -185,6 +186,15 @@ void tst_MVThemeMgr_files::thumbnailWithoutGuid()
         QCOMPARE(item.m_info_Thumb.m_bThumbDir, true);
     }
     QVERIFY(!QDir(m_fixture.downloaded("display", "VideoFilters", QStringLiteral("new"))).exists());
+}
+
+void tst_MVThemeMgr_files::thumbnailNameDoesNotGoUp()
+{
+    const QString name = QStringLiteral("a.png");
+    CatalogueFiles::write(m_fixture.downloaded("display", "VideoFilters", name), "picture");
+    SCfg_Item item = itemOf(eCfgItem_Theme);
+    item.m_info_Thumb.m_qsUrl = QStringLiteral("../VideoFilters/") + name;
+    QVERIFY(!mgr().doItem_Info_Thumb(item));
 }
 
 void tst_MVThemeMgr_files::emptyThumbnailNameIsTheKindFolder()

@@ -25,6 +25,7 @@ private slots:
     void itemsAreAMetaType();
     void themesThenFilters();
     void presentFilesAreNotFetched();
+    void nextRunCountsAnew();
     void installedPreviewsArePresent();
     void kindsByProductParameter_data();
     void kindsByProductParameter();
@@ -137,6 +138,20 @@ void tst_CheckWorker_ThumbAndGif_run::presentFilesAreNotFetched()
              << end() << QStringLiteral("result 0 2 0 1 0") << QStringLiteral("end 1");
     QCOMPARE(m_entries, expected);
     QCOMPARE(m_world.targets(), QByteArrayList());
+}
+
+void tst_CheckWorker_ThumbAndGif_run::nextRunCountsAnew()
+{
+    m_world.writeCatalogue(download, {1}, {});
+    servePreview("Themes", "t1.jpg");
+    servePreview("Themes", "t1.gif");
+    DownloadTrace trace;
+    CheckWorker_ThumbAndGif worker;
+    CheckWorld::watch(worker, trace);
+    QVERIFY(worker.onStartDownload_ThumbAndGif());
+    QVERIFY(trace.contains(QStringLiteral("result 2 0 0 1 0")));
+    QVERIFY(worker.onStartDownload_ThumbAndGif());
+    QVERIFY(trace.contains(QStringLiteral("result 0 2 0 1 0")));
 }
 
 void tst_CheckWorker_ThumbAndGif_run::installedPreviewsArePresent()

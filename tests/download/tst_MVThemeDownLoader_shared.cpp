@@ -3,7 +3,6 @@
 
 #include "download/DownloadFixture.h"
 #include "download/DownloadLines.h"
-#include "download/HeldAnswer.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
 
@@ -294,26 +293,34 @@ void tst_MVThemeDownLoader_shared::configOfOneTheme()
 }
 
 /// A config is required: a download that has waited for it in vain tries again itself.
-/// A theme with the same config need not wait for the other files of the first one.
+/// The second download, which waits for the config, then gets as far as the first one.
 void tst_MVThemeDownLoader_shared::configIsGivenBackBeforeTheOtherFiles()
 {
+    MV_SKIP_SIDE_BY_SIDE("the lines about waiting are written when it ends",
+                         "tst_MVThemeDownLoader_sideBySideShared");
     DownloadWorld world;
     SCfg_Item theme = world.themeWithConfig();
-    HeldAnswer held;
-    world.route(QStringLiteral("/config/Themes/r.zip"),
-                held.handler(HttpAnswer(200).body("content")));
-    SCfg_Item other = theme;
-    other.m_qsGUID = CatalogueFiles::guid(2);
-    other.m_vecResource.clear();
+    const QString file = world.folder(eCfgItem_Theme) + QStringLiteral("/r.zip");
+    const DownloadTrace trace;
     MVThemeDownLoader first(nullptr);
     MVThemeDownLoader second(nullptr);
+    std::atomic<bool> secondIsThere{false};
+    connect(
+        &second, &MVThemeDownLoader::progress, &second, [&] { secondIsThere = true; },
+        Qt::DirectConnection);
+    world.route(QStringLiteral("/config/Themes/t.xml"), [&](HttpExchange& exchange) {
+        while (!secondIsThere)
+            exchange.pause(std::chrono::milliseconds(1));
+        exchange.answer(HttpAnswer(200).body(DownloadWorld::themeConfig({})));
+    });
+    world.route(QStringLiteral("/config/Themes/r.zip"),
+                after(trace, waiting(0, file), HttpAnswer(200).body("content")));
     first.download(&theme);
-    QVERIFY(held.hasArrived());
-    second.download(&other);
-    QVERIFY(DownloadWorld::ends(second));
-    QVERIFY(first.isRunning());
-    held.release();
+    QVERIFY(trace.waitForPart(QStringLiteral("start download template(theme cfg xml)")));
+    second.download(&theme);
     QVERIFY(DownloadWorld::ends(first));
+    QVERIFY(DownloadWorld::ends(second));
+    QVERIFY(trace.contains(waiting(0, file)));
 }
 
 void tst_MVThemeDownLoader_shared::configFailsForTheFirst()

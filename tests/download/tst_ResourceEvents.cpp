@@ -29,6 +29,7 @@ private slots:
     }
 
     void downloadIsTold();
+    void downloadOfAThemeTellsAllItsFiles();
     void failedDownloadIsTold();
     void updateTellsItsFiles();
     void removalAndUndoingTellTheirFiles();
@@ -114,6 +115,8 @@ void tst_ResourceEvents::downloadIsTold()
              (QStringList{text("started 0 ") + guid, text("ended 0 ") + guid + text(" 0 0")}));
     for (const char* name : {"VideoFilters/13.xml", "VideoFilters/13.zip"})
         QVERIFY2(recorder.paths.contains(QDir::cleanPath(m_world.file(name))), name);
+    QStringList paths = recorder.paths;
+    QCOMPARE(int(paths.removeDuplicates()), 0);
     QVERIFY(recorder.percents.contains(100));
     const QVector<int> sorted = [&] {
         QVector<int> all = recorder.percents;
@@ -122,6 +125,16 @@ void tst_ResourceEvents::downloadIsTold()
     }();
     QCOMPARE(recorder.percents, sorted);
     QCOMPARE(std::adjacent_find(sorted.cbegin(), sorted.cend()), sorted.cend()); // each once
+}
+
+void tst_ResourceEvents::downloadOfAThemeTellsAllItsFiles()
+{
+    const Recorder recorder;
+    MVThemeDownLoader loader(nullptr);
+    loader.download(&StorageWorld::theme(2));
+    QTRY_VERIFY(!recorder.paths.isEmpty());
+    for (const char* name : {"Themes/2.xml", "Themes/2.zip", "VideoFilters/12.zip"})
+        QVERIFY2(recorder.paths.contains(QDir::cleanPath(m_world.file(name))), name);
 }
 
 void tst_ResourceEvents::failedDownloadIsTold()

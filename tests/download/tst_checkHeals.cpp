@@ -24,6 +24,7 @@ private slots:
     void serverGoesBackAfterAKill();
     void installedCatalogueIsLeftAlone();
     void endlessVersionFile();
+    void cataloguesMayTakeLonger();
 
 private:
     int check();
@@ -139,6 +140,20 @@ void tst_checkHeals::endlessVersionFile()
     QCOMPARE(result.m_eEnd, eCatalogueCheck_Unreachable);
     QVERIFY2(result.m_qsReason.contains(QStringLiteral("not complete within 500 ms")),
              qPrintable(result.m_qsReason));
+}
+
+/// Only the version file has a limit for all of it.
+void tst_checkHeals::cataloguesMayTakeLonger()
+{
+    hostSettings().versionTimeoutMs = 1500;
+    m_world.route(CheckWorld::displayTarget, [](HttpExchange& exchange) {
+        exchange.send("HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(display.size())
+                      + "\r\n\r\n" + display.left(5));
+        exchange.pause(std::chrono::milliseconds(1600));
+        exchange.send(display.mid(5));
+    });
+    QCOMPARE(check(), int(eCatalogueCheck_Changed));
+    QCOMPARE(Files::read(m_world.downloadedFile("resource_display.xml")), display);
 }
 
 MV_TEST_MAIN(tst_checkHeals)

@@ -28,6 +28,7 @@ private slots:
     void failedFileLeavesTheOldItem();
     void otherItemsOfTheSetAreUpdatedAllTheSame();
     void otherContentIsNotStored();
+    void publishedPicturesComeAlong();
     void missingPictureIsNoFailure();
     void cancelReplacesNothingAndKeepsWhatHasArrived();
     void cancelBeforeTheRunBeginsNothing();
@@ -176,6 +177,16 @@ void tst_itemUpdate::otherContentIsNotStored()
     QCOMPARE(outcome.m_eEnd, eItemUpdate_Failed);
     QCOMPARE(outcome.m_vecFailures.first().m_eCause, eFailure_Damaged);
     QCOMPARE(m_world.files(), QStringList());
+}
+
+void tst_itemUpdate::publishedPicturesComeAlong()
+{
+    m_world.put(text("display/Themes/t.jpg"), "a thumbnail");
+    m_world.put(text("display/Themes/p.gif"), "a preview");
+    m_world.publishAndCheck(11);
+    QVERIFY(StorageWorld::fetch({&StorageWorld::theme(1)}));
+    QCOMPARE(CatalogueFiles::read(m_world.preview("Themes", "t.jpg")), QByteArray("a thumbnail"));
+    QCOMPARE(CatalogueFiles::read(m_world.preview("Themes", "p.gif")), QByteArray("a preview"));
 }
 
 void tst_itemUpdate::missingPictureIsNoFailure()

@@ -5,6 +5,7 @@
 #include "download/ReleasePaths.h"
 #include "download/ReleaseWorld.h"
 #include "host/HostSettings.h"
+#include "support/LogCapture.h"
 #include "support/TestMain.h"
 #include "support/TestTexts.h"
 
@@ -84,7 +85,9 @@ void tst_releaseCheck::releasesAreNotAskedForByDefault()
 void tst_releaseCheck::filesOfTheReleaseAreFetchedByDigest()
 {
     QString reason;
+    const LogCapture log;
     QVERIFY2(ReleaseWorld::check(&reason) == eCatalogueCheck_Changed, qPrintable(reason));
+    QCOMPARE(log.countContaining("not accepted"), 0);
     const QByteArray version =
         CheckWorld::version("1.0.2", CheckWorld::md5(display), CheckWorld::md5(config));
     QCOMPARE(
@@ -159,8 +162,11 @@ void tst_releaseCheck::serverWithoutReleaseIsRefused()
     m_world.route(ReleaseWorld::releaseTarget(),
                   [](HttpExchange& exchange) { exchange.answer(HttpAnswer(410).body("no")); });
     QString reason;
+    const LogCapture log;
     QCOMPARE(ReleaseWorld::check(&reason), eCatalogueCheck_Rejected);
     QCOMPARE(reason, text("the server has no release"));
+    QVERIFY(log.contains("CheckCfgWorker", 2,
+                         "the release is not accepted: the server has no release"));
     QCOMPARE(m_world.targets(), QByteArrayList{ReleaseWorld::releaseTarget()});
     QVERIFY(m_world.tree().isEmpty());
 }

@@ -40,6 +40,7 @@ private slots:
     void nothingIsLeftOverWithoutACatalogue();
     void unpackedArchivesBelongToTheirArchives();
     void cleaningFreesLeftoversOnly();
+    void cleaningSortsTheLedger();
     void cleaningRemovesFoldersOfAnInterruptedOne();
     void whatAThemeThatCannotBeReadMayUseStays();
     void linksAreNotFollowed();
@@ -305,6 +306,22 @@ void tst_resourceStorage::cleaningFreesLeftoversOnly()
     QVERIFY(!QFileInfo::exists(m_world.downloadedFile("updates")));
     QCOMPARE(FileStates(FileStates::Depth::Quick).of(StorageWorld::theme(1)).m_eState,
              eFile_Current);
+}
+
+/// It then has one line for each file on disk.
+void tst_resourceStorage::cleaningSortsTheLedger()
+{
+    m_storage.removeItem(StorageWorld::theme(1));
+    m_storage.clean();
+    QByteArrayList lines = CatalogueFiles::read(m_world.downloadedFile("ledger.txt")).split('\n');
+    QCOMPARE(lines.takeLast(), QByteArray());
+    QStringList names;
+    for (const QByteArray& line : qAsConst(lines)) {
+        const QString name = QString::fromUtf8(line.split('\t').last());
+        if (name.contains(text("/config/")))
+            names.append(name.section(QLatin1Char('/'), -2));
+    }
+    QCOMPARE(names, m_world.files());
 }
 
 void tst_resourceStorage::cleaningRemovesFoldersOfAnInterruptedOne()

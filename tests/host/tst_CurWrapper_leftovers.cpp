@@ -351,6 +351,7 @@ void TestCurWrapperLeftovers::worksWithoutStandardInput()
 
     FaultServer server(answering(HttpAnswer(status).body("the file")));
     Download download;
+    CatalogueFiles::write(download.folder() + QStringLiteral("/.mv-0123456789abcdef.part"), "left");
     QProcess child;
     child.start(
         QCoreApplication::applicationFilePath(),

@@ -39,6 +39,7 @@ private slots:
     void otherContentIsRequestedOnceMorePastCaches_data();
     void otherContentIsRequestedOnceMorePastCaches();
     void largeFileIsHashedAgainFromItsBeginning();
+    void lastByteOfALargeFileIsHashedAlone();
     void cancelledLargeFileEnds();
     void freshContentBehindAStaleCacheIsStored();
     void endlessBodyEndsAtTheAnnouncedSize();
@@ -126,6 +127,24 @@ void TestTransferPoolPublished::largeFileIsHashedAgainFromItsBeginning()
     });
     PoolRun run(1);
     fetch(run, server.url(QStringLiteral("/file.bin")), large);
+    QCOMPARE(run.result(name), int(eTransfer_Success));
+    QCOMPARE(run.content(name), large);
+}
+
+/// It comes when all others have been hashed.
+void TestTransferPoolPublished::lastByteOfALargeFileIsHashedAlone()
+{
+    const QByteArray large = pattern(5 * 1024 * 1024);
+    FaultServer server([&large](HttpExchange& exchange) {
+        exchange.send(HttpAnswer(200)
+                          .field("Content-Length", QByteArray::number(large.size()))
+                          .bareBody(large.left(large.size() - 1))
+                          .bytes());
+        exchange.pause(std::chrono::milliseconds(150));
+        exchange.send(large.right(1));
+    });
+    PoolRun run(1);
+    fetch(run, server.url(QStringLiteral("/file")), large);
     QCOMPARE(run.result(name), int(eTransfer_Success));
     QCOMPARE(run.content(name), large);
 }

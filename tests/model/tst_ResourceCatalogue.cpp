@@ -15,6 +15,11 @@
 
 #include <algorithm>
 
+using Mark = void (MVThemeMgr::*)(const SCfg_Item*);
+using FilePath = QString (MVThemeMgr::*)();
+Q_DECLARE_METATYPE(Mark)
+Q_DECLARE_METATYPE(FilePath)
+
 /// Tests opening, checking and reloading with signals alone.
 class tst_ResourceCatalogue : public QObject
 {
@@ -37,6 +42,8 @@ private slots:
     void spreadCheckWaitsUntilItIsCancelled();
     void reloadWaitsForTheDownloadOfAnother();
     void favouritesAreSaved();
+    void favouritesOfEveryKindAreSaved_data();
+    void favouritesOfEveryKindAreSaved();
     void favouritesThatCannotBeSavedAreTold();
     void favouritesSurviveAReload();
 
@@ -199,6 +206,34 @@ void tst_ResourceCatalogue::favouritesAreSaved()
     QVERIFY(CatalogueFiles::read(path).contains(guid(1).toUtf8()));
     for (const int number : {1, 2})
         model.setFavourite(guid(number), false);
+}
+
+void tst_ResourceCatalogue::favouritesOfEveryKindAreSaved_data()
+{
+    QTest::addColumn<Mark>("mark");
+    QTest::addColumn<FilePath>("path");
+    QTest::newRow("theme") << Mark(&MVThemeMgr::setThemesCollected)
+                           << FilePath(&MVThemeMgr::Path_ThemeCollect);
+    QTest::newRow("filter") << Mark(&MVThemeMgr::setFilterCollected)
+                            << FilePath(&MVThemeMgr::Path_FilterCollect);
+    QTest::newRow("background") << Mark(&MVThemeMgr::setBgMaterialCollected)
+                                << FilePath(&MVThemeMgr::Path_BgMaterialCollect);
+}
+
+/// Whoever sets them.
+void tst_ResourceCatalogue::favouritesOfEveryKindAreSaved()
+{
+    QFETCH(Mark, mark);
+    QFETCH(FilePath, path);
+    MVThemeMgr* const manager = MVThemeMgr::init();
+    const ResourceCatalogue catalogue;
+    SCfg_Item item;
+    item.m_qsGUID = guid(77);
+    item.m_bCollected = true;
+    (manager->*mark)(&item);
+    QTRY_VERIFY(CatalogueFiles::read((manager->*path)()).contains(item.m_qsGUID.toUtf8()));
+    item.m_bCollected = false;
+    (manager->*mark)(&item);
 }
 
 void tst_ResourceCatalogue::favouritesThatCannotBeSavedAreTold()

@@ -36,6 +36,7 @@ private slots:
     }
 
     void statesAreUnknownAtFirst();
+    void examiningIsTold();
     void checkTellsOutdatedItems();
     void updateFetchesTheNewContent();
     void updatesBegunTogetherFollowEachOther();
@@ -83,6 +84,17 @@ void tst_ResourceModel_states::statesAreUnknownAtFirst()
     EXAMINED(model);
     QCOMPARE(model.valueOf(guid(1), text("state")).toInt(), int(ResourceModel::Missing));
     QVERIFY(model.valueOf(guid(1), text("size")).toLongLong() > 0);
+}
+
+void tst_ResourceModel_states::examiningIsTold()
+{
+    ResourceModel model;
+    EXAMINED(model);
+    QVector<bool> told;
+    connect(&model, &ResourceModel::examiningChanged, this,
+            [&] { told.append(model.isExamining()); });
+    PreviewExchange::instance()->tellArrived(guid(1));
+    QTRY_COMPARE(told, (QVector<bool>{true, false}));
 }
 
 /// Without a reload: the catalogue has not changed, only the release.

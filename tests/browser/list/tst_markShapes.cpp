@@ -8,6 +8,7 @@
 #include "support/HttpAnswer.h"
 #include "support/TestMain.h"
 
+#include <QEvent>
 #include <QImage>
 
 #include <memory>
@@ -22,6 +23,7 @@ private slots:
     void signsAreDrawn_data();
     void signsAreDrawn();
     void marksAreInTheCornerSideBySide();
+    void marksAreRepaintedWhenTheHostSaysSo();
 
 private:
     QWidget* marksOf(int row) const
@@ -43,6 +45,22 @@ constexpr int failed = 3;
 
 constexpr int diameter = 16; // of a mark
 constexpr int gap = 3;       // between two marks
+
+class PaintWatch : public QObject
+{
+public:
+    bool hasPainted() const { return m_hasPainted; }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        m_hasPainted = m_hasPainted || event->type() == QEvent::Paint;
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    bool m_hasPainted = false;
+};
 
 /// Returns the middle of a mark, whose sign is black on white, with "#" for a dark pixel.
 QString shapeOf(const QImage& marks, int number)
@@ -185,6 +203,17 @@ void tst_markShapes::marksAreInTheCornerSideBySide()
     QCOMPARE(textAt(marks, {diameter + gap, 0}), QStringLiteral("New"));
     QVERIFY(marks->setProperty("diameter", 30));
     QCOMPARE(marks->size(), QSize(30 + gap + 30, 30));
+}
+
+void tst_markShapes::marksAreRepaintedWhenTheHostSaysSo()
+{
+    QWidget* const marks = marksOf(onDisk);
+    QTRY_VERIFY(marks->isVisible());
+    QCoreApplication::processEvents();
+    PaintWatch watch;
+    marks->installEventFilter(&watch);
+    m_list->view()->updateMarks();
+    QTRY_VERIFY(watch.hasPainted());
 }
 
 MV_WIDGET_TEST_MAIN(tst_markShapes)

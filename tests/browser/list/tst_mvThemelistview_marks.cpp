@@ -39,6 +39,7 @@ private slots:
     void failureStaysWhenTheCellIsGivenBack();
     void nextAttemptForgetsTheFailure();
     void reloadForgetsTheFailure();
+    void clearForgetsTheHiddenAppliedItem();
     void crossUnderTheMouse_data();
     void crossUnderTheMouse();
 
@@ -262,6 +263,15 @@ void tst_mvThemelistview_marks::reloadForgetsTheFailure()
     m_world->load();
     m_list->view()->refill();
     QCOMPARE(shown(missing), QStringList{QStringLiteral("Not downloaded")});
+}
+
+void tst_mvThemelistview_marks::clearForgetsTheHiddenAppliedItem()
+{
+    m_list->click(frameOf(m_list->cell(0)));
+    m_list->view()->reapplyFilter(3, QString());
+    QCOMPARE(m_list->view()->appliedItem(), CatalogueFiles::guid(1));
+    m_list->view()->clear();
+    QCOMPARE(m_list->view()->appliedItem(), QString());
 }
 
 void tst_mvThemelistview_marks::crossUnderTheMouse_data()

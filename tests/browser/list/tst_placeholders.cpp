@@ -271,6 +271,9 @@ void tst_placeholders::visibleItemsAreTold()
     QVERIFY(first.size() < themes / 2);
     for (int row = 0; row < first.size(); ++row)
         QCOMPARE(first.at(row), m_list->rows()->index(row, 0).data(UIItemRole_GUID).toString());
+    m_list->view()->resize(m_list->view()->width(), m_list->view()->height() / 2);
+    QTRY_VERIFY(shown().size() < first.size());
+    QCOMPARE(shown(), first.mid(0, shown().size()));
     m_list->view()->verticalScrollBar()->setValue(m_list->view()->verticalScrollBar()->maximum());
     QTRY_COMPARE(shown().constLast(), Files::guid(themes));
     QVERIFY(!shown().contains(Files::guid(1)));

@@ -25,6 +25,17 @@ public:
         resize(size);
     }
     QImage paint() { return grab().toImage().convertToFormat(QImage::Format_RGB32); }
+    int paints() const { return m_paints; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override
+    {
+        ++m_paints;
+        ThumbFrame::paintEvent(event);
+    }
+
+private:
+    int m_paints = 0;
 };
 
 } // namespace
@@ -38,6 +49,7 @@ private slots:
     void cleanup() { qApp->setStyleSheet(QString()); }
 
     void startsWithoutAnImage();
+    void placeholderIsPaintedAtOnce();
     void remembersThePath();
     void fillsTheContents_data();
     void fillsTheContents();
@@ -64,6 +76,18 @@ void tst_ThumbFrame::startsWithoutAnImage()
     QVERIFY(frame.isEmpty());
     QVERIFY(!TestImages::areaOf(frame.paint(), red).isValid());
     QVERIFY(frame.isEmpty());
+}
+
+void tst_ThumbFrame::placeholderIsPaintedAtOnce()
+{
+    Frame frame({40, 30});
+    frame.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&frame));
+    QTRY_VERIFY(frame.paints() > 0);
+    QCoreApplication::processEvents();
+    const int before = frame.paints();
+    frame.setPlaceholderShown(true);
+    QTRY_VERIFY(frame.paints() > before);
 }
 
 void tst_ThumbFrame::remembersThePath()
