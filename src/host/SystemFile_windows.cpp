@@ -94,6 +94,8 @@ HANDLE handleOf(int handle)
     return reinterpret_cast<HANDLE>(::_get_osfhandle(handle));
 }
 
+/// Who asks for DELETE could not be read meanwhile by QFile, which does not share that; renaming
+/// and removing go by name.
 HANDLE openAs(const QByteArray& name, DWORD access, DWORD disposition, DWORD flags,
               SECURITY_ATTRIBUTES* security = nullptr)
 {
@@ -160,7 +162,7 @@ QString SystemFile::decodedName(const QByteArray& name)
 
 int SystemFile::create(const QByteArray& name, Readers readers)
 {
-    constexpr DWORD access = GENERIC_READ | GENERIC_WRITE | DELETE;
+    constexpr DWORD access = GENERIC_READ | GENERIC_WRITE;
     if (readers != Readers::Owner) { // what the folder lets everyone read, everyone may read
         SystemHandle handle(openAs(name, access, CREATE_NEW, FILE_ATTRIBUTE_NORMAL));
         return handedOver(handle);
@@ -177,7 +179,7 @@ int SystemFile::create(const QByteArray& name, Readers readers)
 
 int SystemFile::openOrCreate(const QByteArray& name)
 {
-    SystemHandle handle(openAs(name, GENERIC_READ | GENERIC_WRITE | DELETE, OPEN_ALWAYS,
+    SystemHandle handle(openAs(name, GENERIC_READ | GENERIC_WRITE, OPEN_ALWAYS,
                                FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT));
     if (!handle.isValid() && RtlGetLastNtStatus() == deletePending) {
         errno = EBUSY;
