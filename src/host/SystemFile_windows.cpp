@@ -117,13 +117,15 @@ int handedOver(SystemHandle& handle, int flags = 0)
     return number;
 }
 
+/// Wine does not know the volume of a file that has been renamed while it is open.
 bool isOne(HANDLE first, HANDLE second)
 {
     BY_HANDLE_FILE_INFORMATION one = {};
     BY_HANDLE_FILE_INFORMATION other = {};
     return ::GetFileInformationByHandle(first, &one) != 0
         && ::GetFileInformationByHandle(second, &other) != 0
-        && one.dwVolumeSerialNumber == other.dwVolumeSerialNumber
+        && (one.dwVolumeSerialNumber == other.dwVolumeSerialNumber || one.dwVolumeSerialNumber == 0
+            || other.dwVolumeSerialNumber == 0)
         && one.nFileIndexHigh == other.nFileIndexHigh && one.nFileIndexLow == other.nFileIndexLow;
 }
 
@@ -282,7 +284,7 @@ bool SystemFile::hasAnyName(int handle)
     return ::GetFileInformationByHandleEx(handleOf(handle), FileStandardInfo, &information,
                                           sizeof information)
         != 0
-        && information.DeletePending == 0;
+        && information.DeletePending == 0 && information.NumberOfLinks > 0;
 }
 
 bool SystemFile::isSame(const QByteArray& first, const QByteArray& second)
