@@ -5,8 +5,8 @@
 # Writes the manual page of a program and its completions for bash, zsh and fish while building, below
 # share/ in the build folder, and installs them. The source TABLE defines programTable().
 function(mv_add_manual program table)
-    if(CMAKE_CROSSCOMPILING AND NOT CMAKE_CROSSCOMPILING_EMULATOR)
-        return() # the writer would not run here
+    if(WIN32 OR (CMAKE_CROSSCOMPILING AND NOT CMAKE_CROSSCOMPILING_EMULATOR))
+        return() # nobody reads them there, or the writer would not run here
     endif()
     set(writer ${program}_manual)
     add_executable(${writer} ${table})

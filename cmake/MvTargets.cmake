@@ -50,6 +50,14 @@ target_compile_definitions(
     mv_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING
                          QT_DEPRECATED_WARNINGS QT_STRICT_ITERATORS)
 
+if(WIN32)
+    target_compile_definitions(mv_options INTERFACE UNICODE _UNICODE NOMINMAX _WIN32_WINNT=0x0A00)
+    add_library(mv_manifest OBJECT ${PROJECT_SOURCE_DIR}/cmake/windows/program.rc)
+    set_target_properties(mv_manifest PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF LINKER_LANGUAGE CXX)
+    target_sources(mv_options
+                   INTERFACE $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:$<TARGET_OBJECTS:mv_manifest>>)
+endif()
+
 if(MV_SANITIZE)
     # Reports need line numbers but no variables, which take most of the compile time.
     add_compile_options(-fsanitize=${MV_SANITIZE} -fno-omit-frame-pointer -Og -g1)

@@ -21,5 +21,5 @@ set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 # The compilers of translations run on this machine.
 set(Qt5LinguistTools_DIR /usr/lib/x86_64-linux-gnu/cmake/Qt5LinguistTools)
-set(ENV{PKG_CONFIG_LIBDIR} ${MV_WINDOWS_PREFIX}/lib/pkgconfig)
+set(ENV{PKG_CONFIG_LIBDIR} ${MV_WINDOWS_PREFIX}/lib/pkgconfig:/usr/${host}/lib/pkgconfig)
 set(ENV{PKG_CONFIG_SYSROOT_DIR} "")

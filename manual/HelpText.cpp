@@ -3,6 +3,8 @@
 
 #include "HelpText.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -154,6 +156,12 @@ QString helpOn(const ProgramTable& table, const QCommandLineOption& option)
 QString titleOf(const ProgramTable::StatusGroup& group)
 {
     return group.commands.join(QStringLiteral(", ")) + QLatin1Char(':');
+}
+
+QString version()
+{
+    return QStringLiteral("%1 %2\n").arg(QCoreApplication::applicationName(),
+                                         QCoreApplication::applicationVersion());
 }
 
 void printAndExit(const QString& help)

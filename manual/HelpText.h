@@ -13,8 +13,11 @@ QString ofProgram(const ProgramTable& table);
 /// Returns the help on one of its commands, ending in a line end.
 QString ofCommand(const ProgramTable& table, const ProgramTable::Command& command);
 
-/// Prints a help on standard output and ends the process with success, or with 1 if it cannot be
-/// printed.
+/// Returns the application's name and version, ending in a line end.
+QString version();
+
+/// Prints a help, or the version, on standard output, on Windows, too, where Qt would open a window
+/// for it, and ends the process with success, or with 1 if it cannot be printed.
 [[noreturn]] void printAndExit(const QString& help);
 
 /// Returns the forms of an option: "-h, --help", "--root <DIR>".

@@ -17,8 +17,9 @@ std::vector<char> userOfProcess()
     DWORD length = 0;
     ::GetTokenInformation(token, TokenUser, nullptr, 0, &length);
     std::vector<char> user(length);
-    const bool isKnown = ::GetTokenInformation(token, TokenUser, user.data(), length, &length) != 0;
-    return isKnown ? user : std::vector<char>();
+    if (::GetTokenInformation(token, TokenUser, user.data(), length, &length) == 0)
+        return {};
+    return user; // never a copy: it points into itself
 }
 
 } // namespace

@@ -94,6 +94,8 @@ HANDLE handleOf(int handle)
     return reinterpret_cast<HANDLE>(::_get_osfhandle(handle));
 }
 
+/// Who asks for DELETE could not be read meanwhile by QFile, which does not share that; renaming
+/// and removing go by name.
 HANDLE openAs(const QByteArray& name, DWORD access, DWORD disposition, DWORD flags,
               SECURITY_ATTRIBUTES* security = nullptr)
 {
@@ -115,13 +117,15 @@ int handedOver(SystemHandle& handle, int flags = 0)
     return number;
 }
 
+/// Wine does not know the volume of a file that has been renamed while it is open.
 bool isOne(HANDLE first, HANDLE second)
 {
     BY_HANDLE_FILE_INFORMATION one = {};
     BY_HANDLE_FILE_INFORMATION other = {};
     return ::GetFileInformationByHandle(first, &one) != 0
         && ::GetFileInformationByHandle(second, &other) != 0
-        && one.dwVolumeSerialNumber == other.dwVolumeSerialNumber
+        && (one.dwVolumeSerialNumber == other.dwVolumeSerialNumber || one.dwVolumeSerialNumber == 0
+            || other.dwVolumeSerialNumber == 0)
         && one.nFileIndexHigh == other.nFileIndexHigh && one.nFileIndexLow == other.nFileIndexLow;
 }
 
@@ -160,7 +164,7 @@ QString SystemFile::decodedName(const QByteArray& name)
 
 int SystemFile::create(const QByteArray& name, Readers readers)
 {
-    constexpr DWORD access = GENERIC_READ | GENERIC_WRITE | DELETE;
+    constexpr DWORD access = GENERIC_READ | GENERIC_WRITE;
     if (readers != Readers::Owner) { // what the folder lets everyone read, everyone may read
         SystemHandle handle(openAs(name, access, CREATE_NEW, FILE_ATTRIBUTE_NORMAL));
         return handedOver(handle);
@@ -177,7 +181,7 @@ int SystemFile::create(const QByteArray& name, Readers readers)
 
 int SystemFile::openOrCreate(const QByteArray& name)
 {
-    SystemHandle handle(openAs(name, GENERIC_READ | GENERIC_WRITE | DELETE, OPEN_ALWAYS,
+    SystemHandle handle(openAs(name, GENERIC_READ | GENERIC_WRITE, OPEN_ALWAYS,
                                FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT));
     if (!handle.isValid() && RtlGetLastNtStatus() == deletePending) {
         errno = EBUSY;
@@ -280,7 +284,7 @@ bool SystemFile::hasAnyName(int handle)
     return ::GetFileInformationByHandleEx(handleOf(handle), FileStandardInfo, &information,
                                           sizeof information)
         != 0
-        && information.DeletePending == 0;
+        && information.DeletePending == 0 && information.NumberOfLinks > 0;
 }
 
 bool SystemFile::isSame(const QByteArray& first, const QByteArray& second)

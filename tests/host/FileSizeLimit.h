@@ -5,13 +5,26 @@
 
 #include <QtGlobal>
 
+#ifndef Q_OS_WIN
 #include <csignal>
 
 #include <sys/resource.h>
+#endif
 
-/// Limits the size of every file written by this process during its lifetime, like a full disk.
+/// Limits the size of every file written by this process during its lifetime, like a full disk. Is
+/// never active on Windows, which has no such limit.
 class FileSizeLimit
 {
+#ifdef Q_OS_WIN
+public:
+    explicit FileSizeLimit(qint64 /*bytes*/) { }
+    Q_DISABLE_COPY_MOVE(FileSizeLimit)
+
+    bool isActive() const
+    {
+        return false;
+    }
+#else
 public:
     explicit FileSizeLimit(rlim_t bytes)
         : m_previousHandler(std::signal(SIGXFSZ, SIG_IGN))
@@ -28,10 +41,14 @@ public:
     }
     Q_DISABLE_COPY_MOVE(FileSizeLimit)
 
-    bool isActive() const { return m_active; }
+    bool isActive() const
+    {
+        return m_active;
+    }
 
 private:
     void (*m_previousHandler)(int);
     rlimit m_previous = {};
     bool m_active = false;
+#endif
 };

@@ -140,7 +140,8 @@ void TestCurWrapperTarget::diskFull()
         CatalogueFiles::write(download.target(), pattern(150000));
     {
         const FileSizeLimit full(100000);
-        QVERIFY(full.isActive());
+        if (!full.isActive())
+            QSKIP("This system cannot limit the size of files.");
         QCOMPARE(download.run(server.url(QStringLiteral("/file")), resume), 2);
     }
     QVERIFY2(download.errorText().contains(download.target()), qPrintable(download.errorText()));

@@ -3,13 +3,12 @@
 
 #include "host/RegularFile.h"
 #include "support/CatalogueFiles.h"
+#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTest>
-
-#include <sys/stat.h>
 
 /// Tests reading files whose names cannot be trusted, and whose size neither.
 class tst_RegularFile : public QObject
@@ -32,7 +31,9 @@ void tst_RegularFile::onlyRegularFilesAreOpened_data()
     QDir().mkpath(m_folder + QStringLiteral("/folder"));
     CatalogueFiles::write(m_folder + QStringLiteral("/file"), "content");
     QFile::link(QStringLiteral("file"), m_folder + QStringLiteral("/link"));
-    ::mkfifo(QFile::encodeName(m_folder + QStringLiteral("/pipe")).constData(), 0600);
+    const QString pipe = m_folder + QStringLiteral("/pipe");
+    if (SpecialFiles::hasPipes)
+        SpecialFiles::makePipe(pipe);
 
     QTest::addColumn<QString>("name");
     QTest::addColumn<bool>("isOpened");

@@ -92,9 +92,8 @@ void tst_SystemFile::readersOfANewFile()
     SystemFile::close(handle);
     QCOMPARE(read("file"), QByteArray("content"));
     const QFile::Permissions others = QFile::ReadGroup | QFile::ReadOther;
-#ifdef Q_OS_WIN // where the folder has a say in what others may
-    if (isForOthers)
-        return;
+#ifdef Q_OS_WIN
+    QSKIP("Qt does not tell there what others may.");
 #endif
     QCOMPARE(info("file").permissions() & others, isForOthers ? others : QFile::Permissions());
 }

@@ -3,43 +3,25 @@
 
 #include "support/FaultServer.h"
 
+#include "support/TestSocket.h"
+
 #include <QList>
 
 #include <algorithm>
 
-#include <arpa/inet.h>
-#include <netinet/in.h>
-#include <netinet/tcp.h>
-#include <poll.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
 namespace {
 
 constexpr int pollMs = 20;
-constexpr int backlog = 64;
 constexpr int receiveChunk = 16 * 1024;
 
 /// Opens a listening socket on a free port of loopback.
-int listenOnLoopback(quint16& port)
+TestSocket::Handle listenOnLoopback(quint16& port)
 {
-    const int listener = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_in address = {};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t length = sizeof address;
-    auto* const generic = reinterpret_cast<sockaddr*>(&address);
-    if (::bind(listener, generic, length) != 0 || ::getsockname(listener, generic, &length) != 0
-        || ::listen(listener, backlog) != 0)
+    port = 0;
+    const TestSocket::Handle listener = TestSocket::listen(port);
+    if (listener == TestSocket::none)
         qFatal("no loopback socket");
-    port = ntohs(address.sin_port);
     return listener;
-}
-
-bool readable(int socket)
-{
-    pollfd descriptor = {socket, POLLIN, 0};
-    return ::poll(&descriptor, 1, pollMs) > 0;
 }
 
 } // namespace
@@ -57,7 +39,7 @@ FaultServer::~FaultServer()
     m_acceptor.join();
     for (std::thread& worker : m_workers)
         worker.join();
-    ::close(m_listener);
+    TestSocket::close(m_listener);
 }
 
 QString FaultServer::url(const QString& target) const
@@ -91,27 +73,25 @@ int FaultServer::requestCount(const QByteArray& target) const
 quint16 FaultServer::refusingPort()
 {
     quint16 port = 0;
-    ::close(listenOnLoopback(port));
+    TestSocket::close(listenOnLoopback(port));
     return port;
 }
 
 void FaultServer::acceptConnections()
 {
     while (!m_stopping) {
-        if (!readable(m_listener))
+        if (!TestSocket::isReadable(m_listener, pollMs))
             continue;
-        const int socket = ::accept4(m_listener, nullptr, nullptr, SOCK_CLOEXEC);
-        if (socket < 0)
+        const TestSocket::Handle socket = TestSocket::accept(m_listener);
+        if (socket == TestSocket::none)
             continue;
-        const int on = 1;
-        ::setsockopt(socket, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
         const int number = ++m_connections;
         const std::lock_guard<std::mutex> lock(m_mutex);
         m_workers.emplace_back(&FaultServer::serve, this, socket, number);
     }
 }
 
-void FaultServer::serve(int socket, int number)
+void FaultServer::serve(TestSocket::Handle socket, int number)
 {
     QByteArray buffer;
     for (bool open = true; open && !m_stopping;) {
@@ -127,19 +107,20 @@ void FaultServer::serve(int socket, int number)
         m_handler(exchange);
         open = exchange.isOpen();
     }
-    ::close(socket);
+    TestSocket::close(socket);
 }
 
-bool FaultServer::readRequest(int socket, QByteArray& buffer, HttpRequest& request) const
+bool FaultServer::readRequest(TestSocket::Handle socket, QByteArray& buffer,
+                              HttpRequest& request) const
 {
     int end = -1;
     while ((end = buffer.indexOf("\r\n\r\n")) < 0) {
         if (m_stopping)
             return false;
-        if (!readable(socket))
+        if (!TestSocket::isReadable(socket, pollMs))
             continue;
         char chunk[receiveChunk];
-        const ssize_t count = ::recv(socket, chunk, sizeof chunk, 0);
+        const std::ptrdiff_t count = TestSocket::receive(socket, chunk, sizeof chunk);
         if (count <= 0)
             return false;
         buffer.append(chunk, static_cast<int>(count));

@@ -44,12 +44,12 @@ public:
 
 private:
     void acceptConnections();
-    void serve(int socket, int number);
-    bool readRequest(int socket, QByteArray& buffer, HttpRequest& request) const;
+    void serve(TestSocket::Handle socket, int number);
+    bool readRequest(TestSocket::Handle socket, QByteArray& buffer, HttpRequest& request) const;
 
     Handler m_handler;
     quint16 m_port = 0; // initialised before m_listener, which sets it
-    int m_listener = -1;
+    TestSocket::Handle m_listener = TestSocket::none;
     std::atomic<bool> m_stopping{false};
     std::atomic<int> m_connections{0};
     mutable std::mutex m_mutex; // guards m_requests and m_workers

@@ -4,12 +4,9 @@
 #include "support/HttpExchange.h"
 
 #include "support/HttpAnswer.h"
+#include "support/TestSocket.h"
 
 #include <thread>
-
-#include <poll.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 namespace {
 
@@ -17,7 +14,8 @@ constexpr std::chrono::milliseconds tick(10);
 
 } // namespace
 
-HttpExchange::HttpExchange(int socket, HttpRequest request, const std::atomic<bool>& stopping)
+HttpExchange::HttpExchange(TestSocket::Handle socket, HttpRequest request,
+                           const std::atomic<bool>& stopping)
     : m_socket(socket)
     , m_request(std::move(request))
     , m_stopping(stopping)
@@ -34,7 +32,7 @@ void HttpExchange::send(const QByteArray& bytes)
     const char* at = bytes.constData();
     std::size_t left = static_cast<std::size_t>(bytes.size());
     while (m_open && left > 0) {
-        const ssize_t sent = ::send(m_socket, at, left, MSG_NOSIGNAL);
+        const std::ptrdiff_t sent = TestSocket::send(m_socket, at, left);
         if (sent <= 0) {
             m_open = false;
             return;
@@ -46,7 +44,7 @@ void HttpExchange::send(const QByteArray& bytes)
 
 void HttpExchange::close()
 {
-    ::shutdown(m_socket, SHUT_WR);
+    TestSocket::endSending(m_socket);
     m_open = false;
 }
 
@@ -54,8 +52,7 @@ void HttpExchange::reset()
 {
     // The kernel needs a moment to send queued data before a reset.
     std::this_thread::sleep_for(tick * 5);
-    const linger abort = {1, 0};
-    ::setsockopt(m_socket, SOL_SOCKET, SO_LINGER, &abort, sizeof abort);
+    TestSocket::resetOnClose(m_socket);
     m_open = false;
 }
 
@@ -75,6 +72,5 @@ void HttpExchange::pause(std::chrono::milliseconds time) const
 
 bool HttpExchange::clientIsGone() const
 {
-    pollfd descriptor = {m_socket, POLLIN | POLLRDHUP, 0};
-    return ::poll(&descriptor, 1, 0) > 0;
+    return TestSocket::isReadable(m_socket, 0); // so is the end of the connection
 }

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "support/TestSocket.h"
+
 #include <QByteArray>
 #include <QMap>
 
@@ -24,7 +26,7 @@ struct HttpRequest
 class HttpExchange
 {
 public:
-    HttpExchange(int socket, HttpRequest request, const std::atomic<bool>& stopping);
+    HttpExchange(TestSocket::Handle socket, HttpRequest request, const std::atomic<bool>& stopping);
 
     const HttpRequest& request() const { return m_request; }
 
@@ -46,7 +48,7 @@ public:
 private:
     bool clientIsGone() const;
 
-    int m_socket;
+    TestSocket::Handle m_socket;
     HttpRequest m_request;
     const std::atomic<bool>& m_stopping;
     bool m_open = true;

@@ -3,6 +3,8 @@
 
 #include "support/NginxServer.h"
 
+#include "support/TestSocket.h"
+
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -12,11 +14,7 @@
 #include <csignal>
 #include <thread>
 
-#include <arpa/inet.h>
-#include <netinet/in.h>
 #include <sys/prctl.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 namespace {
 
@@ -24,35 +22,22 @@ constexpr int attempts = 5; // another program may take a port that was free
 constexpr int longestMs = 20000;
 constexpr std::chrono::milliseconds tick(10);
 
-int loopbackSocket(quint16 port, sockaddr_in& address)
-{
-    address = {};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    address.sin_port = htons(port);
-    return ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-}
-
 quint16 freePort()
 {
-    sockaddr_in address;
-    const int socket = loopbackSocket(0, address);
-    auto* const generic = reinterpret_cast<sockaddr*>(&address);
-    socklen_t length = sizeof address;
-    const bool ok =
-        ::bind(socket, generic, length) == 0 && ::getsockname(socket, generic, &length) == 0;
-    ::close(socket);
-    return ok ? ntohs(address.sin_port) : 0;
+    quint16 port = 0;
+    const TestSocket::Handle socket = TestSocket::listen(port);
+    if (socket != TestSocket::none)
+        TestSocket::close(socket);
+    return port;
 }
 
 bool answers(quint16 port)
 {
-    sockaddr_in address;
-    const int socket = loopbackSocket(port, address);
-    const bool ok =
-        ::connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
-    ::close(socket);
-    return ok;
+    const TestSocket::Handle socket = TestSocket::connect(port);
+    if (socket == TestSocket::none)
+        return false;
+    TestSocket::close(socket);
+    return true;
 }
 
 /// A single foreground process, whose ID is the one to terminate.

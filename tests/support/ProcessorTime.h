@@ -38,7 +38,7 @@ private:
     static double now()
     {
         constexpr double nanosecond = 1e-9;
-        std::timespec time = {};
+        timespec time = {};
         ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
         return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * nanosecond;
     }

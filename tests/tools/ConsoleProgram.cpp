@@ -3,11 +3,21 @@
 
 #include "ConsoleProgram.h"
 
+#ifndef Q_OS_WIN
 #include <csignal>
+#endif
 
 namespace {
 
 constexpr int longestMs = 240000; // of the longest walk on a busy machine
+
+QByteArray withPlainLineEnds(QByteArray text)
+{
+#ifdef Q_OS_WIN
+    text.replace("\r\n", "\n");
+#endif
+    return text;
+}
 
 } // namespace
 
@@ -44,18 +54,23 @@ Outcome ConsoleProgram::end(QProcess& process)
     // Waiting for a program that has already ended reports a failure.
     const bool ended =
         process.state() == QProcess::NotRunning || process.waitForFinished(longestMs);
-    outcome.out = process.readAllStandardOutput();
-    outcome.err = process.readAllStandardError();
+    outcome.out = withPlainLineEnds(process.readAllStandardOutput());
+    outcome.err = withPlainLineEnds(process.readAllStandardError());
     if (ended && process.error() != QProcess::FailedToStart
         && process.exitStatus() == QProcess::NormalExit)
         outcome.status = process.exitCode();
     return outcome;
 }
 
-void ConsoleProgram::signal(const QProcess& process, int number)
+void ConsoleProgram::signal(QProcess& process, int number)
 {
+#ifdef Q_OS_WIN
+    Q_UNUSED(number)
+    process.kill();
+#else
     if (process.processId() > 0) // 0, once it has ended, is the test's own process group
         ::kill(static_cast<pid_t>(process.processId()), number);
+#endif
 }
 
 QProcessEnvironment ConsoleProgram::utf8Environment()

@@ -12,7 +12,7 @@
 struct Outcome
 {
     int status = -1; ///< exit status; -1 for a crash or a timeout
-    QByteArray out;
+    QByteArray out;  ///< with the line ends "\n" on every system, as `err`
     QByteArray err;
 
     /// Returns the lines of standard output, without line ends.
@@ -32,8 +32,14 @@ public:
                                 const QByteArray& input);
     /// Waits for a running program to end.
     static Outcome end(QProcess& process);
-    /// Sends a signal.
-    static void signal(const QProcess& process, int number);
+    /// Whether a program can be signalled so that it ends in an orderly way.
+#ifdef Q_OS_WIN
+    static constexpr bool hasSignals = false;
+#else
+    static constexpr bool hasSignals = true;
+#endif
+    /// Sends a signal. On Windows, which has none, ends the program at once.
+    static void signal(QProcess& process, int number);
     /// Returns the environment with a locale that covers all characters.
     static QProcessEnvironment utf8Environment();
 };

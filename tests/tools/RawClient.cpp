@@ -7,30 +7,16 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
-
-#include <arpa/inet.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <sys/time.h>
-#include <unistd.h>
 
 RawClient::RawClient(quint16 port)
-    : m_socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
+    : m_socket(TestSocket::connect(port))
 {
-    sockaddr_in address = {};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    address.sin_port = htons(port);
-    const timeval longest = {20, 0};
-    ::setsockopt(m_socket, SOL_SOCKET, SO_RCVTIMEO, &longest, sizeof longest);
-    ::setsockopt(m_socket, SOL_SOCKET, SO_SNDTIMEO, &longest, sizeof longest);
-    m_connected = ::connect(m_socket, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
 }
 
 RawClient::~RawClient()
 {
-    ::close(m_socket);
+    if (isConnected())
+        TestSocket::close(m_socket);
 }
 
 QByteArray RawClient::get(const QByteArray& target, const QByteArray& fields,
@@ -77,14 +63,17 @@ void RawClient::ask(const QByteArray& method, const QByteArray& target,
 bool RawClient::send(const QByteArray& bytes) const
 {
     const auto size = static_cast<size_t>(bytes.size());
-    return ::send(m_socket, bytes.constData(), size, MSG_NOSIGNAL) == bytes.size();
+    return TestSocket::send(m_socket, bytes.constData(), size) == bytes.size();
 }
 
 bool RawClient::receive(QByteArray& answer) const
 {
+    constexpr int longestMs = 20000;
     std::array<char, 65536> part = {};
-    const ssize_t count = ::recv(m_socket, part.data(), part.size(), 0);
-    answer.append(part.data(), static_cast<int>(std::max<ssize_t>(count, 0)));
+    const std::ptrdiff_t count = TestSocket::isReadable(m_socket, longestMs)
+        ? TestSocket::receive(m_socket, part.data(), part.size())
+        : 0;
+    answer.append(part.data(), static_cast<int>(std::max<std::ptrdiff_t>(count, 0)));
     return count > 0;
 }
 
@@ -97,7 +86,5 @@ QByteArray RawClient::receiveAll() const
 
 bool RawClient::isEnded() const
 {
-    char byte = 0;
-    const ssize_t count = ::recv(m_socket, &byte, 1, MSG_PEEK | MSG_DONTWAIT);
-    return count == 0 || (count < 0 && errno != EAGAIN && errno != EWOULDBLOCK && errno != EINTR);
+    return TestSocket::hasEnded(m_socket);
 }

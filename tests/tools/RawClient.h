@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "support/TestSocket.h"
+
 #include <QByteArray>
 #include <QtGlobal>
 
@@ -14,7 +16,7 @@ public:
     ~RawClient();
     Q_DISABLE_COPY_MOVE(RawClient)
 
-    bool isConnected() const { return m_connected; }
+    bool isConnected() const { return m_socket != TestSocket::none; }
 
     /// Returns header and body of the answer, after which the server closes the connection.
     /// `fields` are whole lines, each with its end.
@@ -41,6 +43,5 @@ public:
 private:
     void ask(const QByteArray& method, const QByteArray& target, const QByteArray& fields) const;
 
-    int m_socket;
-    bool m_connected = false;
+    TestSocket::Handle m_socket;
 };

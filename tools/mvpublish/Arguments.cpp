@@ -47,7 +47,7 @@ bool Arguments::parse(const QCoreApplication& application)
     if (parser.isSet(ProgramTable::helpOption()))
         printHelp(parser.positionalArguments());
     if (parser.isSet(ProgramTable::versionOption()))
-        parser.showVersion();
+        HelpText::printAndExit(HelpText::version());
     operands = parser.positionalArguments();
     if (operands.isEmpty())
         return fail(QStringLiteral("no command; see mvpublish --help"));

@@ -52,7 +52,7 @@ bool Arguments::parse(const QCoreApplication& application)
     if (parser.isSet(ProgramTable::helpOption()))
         printHelp(parser.positionalArguments());
     if (parser.isSet(ProgramTable::versionOption()))
-        parser.showVersion();
+        HelpText::printAndExit(HelpText::version());
     if (!host.read(parser))
         return fail(host.errorText());
     QString error;

@@ -117,13 +117,13 @@ std::vector<InputWatch::Id> InputWatch::wait(int timeoutMs)
     std::vector<WSAPOLLFD> states = d->current();
     if (::WSAPoll(states.data(), static_cast<ULONG>(states.size()), timeoutMs) <= 0)
         return {};
-    char byte = 0;
-    while (::recv(d->waking, &byte, 1, 0) > 0) { }
+    char wakeByte = 0;
+    while (::recv(d->waking, &wakeByte, 1, 0) > 0) { }
     return d->take(states);
 }
 
 void InputWatch::wake()
 {
-    const char byte = 1;
-    ::send(d->waking, &byte, 1, 0);
+    const char wakeByte = 1;
+    ::send(d->waking, &wakeByte, 1, 0);
 }

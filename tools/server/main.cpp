@@ -37,7 +37,7 @@ int main(int argc, char** argv)
     if (parser.isSet(ProgramTable::helpOption()))
         HelpText::printAndExit(HelpText::ofProgram(programTable()));
     if (parser.isSet(ProgramTable::versionOption()))
-        parser.showVersion();
+        HelpText::printAndExit(HelpText::version());
 
     bool portOk = false;
     const ushort port = parser.value(QStringLiteral("port")).toUShort(&portOk);
