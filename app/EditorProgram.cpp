@@ -88,13 +88,8 @@ int EditorProgram::openWindow(int& argc, char** argv)
         applyScale(preferences.scale());
     QApplication application(argc, argv);
     if (ownScale)
-<<<<<<< HEAD
-        qunsetenv(scaleVariable);         // programs opened by the window have their own scale
-    QApplication::setStyle(new AppStyle); // owned by the application
-=======
         qunsetenv(scaleVariable); // programs opened by the window have their own scale
     QApplication::setStyle(new AppStyle);
->>>>>>> window
     m_startup.takePreferences(preferences, m_commandLine);
     if (!m_startup.openCatalogue(preferences.skin()))
         return refuse(m_startup.errorText());

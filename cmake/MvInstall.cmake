@@ -17,6 +17,13 @@ else()
     set(MV_ABI_VERSION ${PROJECT_VERSION_MAJOR})
 endif()
 
+# Libraries for Qt 6 have names of their own, so that they can be installed beside those for Qt 5, which
+# programs may need at the same time.
+set(MV_LIBRARY_SUFFIX)
+if(NOT MV_QT EQUAL 5)
+    set(MV_LIBRARY_SUFFIX -qt${MV_QT})
+endif()
+
 set(MV_INSTALL_CMAKEDIR ${CMAKE_INSTALL_LIBDIR}/cmake/MvResource)
 set(MV_INSTALL_PKGCONFIGDIR ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
@@ -44,7 +51,9 @@ endfunction()
 function(mv_install_library name)
     mv_component_of(${name} component)
     string(TOLOWER ${component} install_component)
-    set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${MV_ABI_VERSION})
+    set_target_properties(
+        ${name} PROPERTIES OUTPUT_NAME ${name}${MV_LIBRARY_SUFFIX} VERSION ${PROJECT_VERSION}
+                           SOVERSION ${MV_ABI_VERSION})
     install(
         TARGETS ${name}
         EXPORT MvResource${component}Targets
@@ -85,7 +94,7 @@ function(mv_install_pkgconfig component)
     endif()
     list(JOIN requires ", " requires)
     set(libraries ${MV_COMPONENT_${component}_LIBRARIES})
-    list(TRANSFORM libraries PREPEND -l)
+    list(TRANSFORM libraries REPLACE "(.+)" "-l\\1${MV_LIBRARY_SUFFIX}")
     list(JOIN libraries " " libraries)
     set(text ${MV_COMPONENT_${component}_TEXT})
     configure_file(${PROJECT_SOURCE_DIR}/cmake/mvresource.pc.in ${name}.pc @ONLY)

@@ -13,11 +13,11 @@ set(MV_PACKAGE_MAINTAINER "The mvresource contributors <mvresource@example.org>"
     CACHE STRING "Maintainer of the Debian packages")
 
 # mv_package(COMPONENT NAME TEXT LONG_TEXT [NEEDS COMPONENTS...] [DEPENDS PACKAGES] [RECOMMENDS PACKAGES]
-#            [SUGGESTS PACKAGES] [SECTION SECTION] [DATA])
+#            [SUGGESTS PACKAGES] [CONFLICTS PACKAGES] [SECTION SECTION] [DATA])
 # Describes the package of a component. What its programs and libraries link, it depends on anyway. DATA:
 # it has neither, and suits every machine. cpack asks for the type of every single file of the others.
 macro(mv_package component name text long_text)
-    cmake_parse_arguments(ARG "DATA" "DEPENDS;RECOMMENDS;SUGGESTS;SECTION" "NEEDS" ${ARGN})
+    cmake_parse_arguments(ARG "DATA" "DEPENDS;RECOMMENDS;SUGGESTS;CONFLICTS;SECTION" "NEEDS" ${ARGN})
     string(TOUPPER ${component} upper)
     list(APPEND CPACK_COMPONENTS_ALL ${component})
     set(CPACK_COMPONENT_${upper}_DEPENDS ${ARG_NEEDS})
@@ -26,6 +26,7 @@ macro(mv_package component name text long_text)
     set(CPACK_DEBIAN_${upper}_PACKAGE_DEPENDS "${ARG_DEPENDS}")
     set(CPACK_DEBIAN_${upper}_PACKAGE_RECOMMENDS "${ARG_RECOMMENDS}")
     set(CPACK_DEBIAN_${upper}_PACKAGE_SUGGESTS "${ARG_SUGGESTS}")
+    set(CPACK_DEBIAN_${upper}_PACKAGE_CONFLICTS "${ARG_CONFLICTS}")
     set(CPACK_DEBIAN_${upper}_PACKAGE_SECTION ${ARG_SECTION})
     if(ARG_DATA)
         set(CPACK_DEBIAN_${upper}_PACKAGE_ARCHITECTURE all)
@@ -33,11 +34,24 @@ macro(mv_package component name text long_text)
     endif()
 endmacro()
 
+# The libraries for Qt 5 and Qt 6 can be installed beside each other; what hosts find them by, cannot.
 if(MV_QT EQUAL 5)
+    set(for_qt)
+    set(version_of_library ${MV_ABI_VERSION})
+    set(dev_package libmvresource-dev)
+    set(other_dev_package libmvresource-qt6-dev)
+    set(qml_package qml-module-mv-resources)
+    set(qml_qtquick "qml-module-qtquick2, qml-module-qtquick-window2")
     set(qt_dev "qtbase5-dev (>= ${MV_QT_MINIMUM})")
     set(qt_svg libqt5svg5)
     set(qt_texts qttranslations5-l10n)
 else()
+    set(for_qt " (Qt ${MV_QT})")
+    set(version_of_library ${MV_LIBRARY_SUFFIX}-${MV_ABI_VERSION})
+    set(dev_package libmvresource${MV_LIBRARY_SUFFIX}-dev)
+    set(other_dev_package libmvresource-dev)
+    set(qml_package qml${MV_QT}-module-mv-resources)
+    set(qml_qtquick "qml6-module-qtqml, qml6-module-qtquick, qml6-module-qtquick-window")
     set(qt_dev "qt6-base-dev (>= ${MV_QT_MINIMUM})")
     set(qt_svg libqt6svg6)
     set(qt_texts qt6-translations-l10n)
@@ -51,7 +65,8 @@ macro(mv_library_package component name)
     string(TOUPPER ${install_component} upper)
     set(shlibs)
     foreach(library IN LISTS MV_COMPONENT_${component}_LIBRARIES)
-        string(APPEND shlibs "lib${library} ${MV_ABI_VERSION} ${name} (>= ${PROJECT_VERSION})\n")
+        string(APPEND shlibs
+               "lib${library}${MV_LIBRARY_SUFFIX} ${MV_ABI_VERSION} ${name} (>= ${PROJECT_VERSION})\n")
     endforeach()
     file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/packaging/${name}/shlibs CONTENT "${shlibs}" @ONLY)
     set(CPACK_DEBIAN_${upper}_PACKAGE_CONTROL_EXTRA ${PROJECT_BINARY_DIR}/packaging/${name}/shlibs)
@@ -60,8 +75,8 @@ endmacro()
 set(CPACK_COMPONENTS_ALL)
 mv_library_package(
     Core
-    libmvresource${MV_ABI_VERSION}
-    "resource manager for slideshow editors"
+    libmvresource${version_of_library}
+    "resource manager for slideshow editors${for_qt}"
     "A catalogue of downloadable filters, transitions, motions, themes and
 background materials: it is read, kept current, and its items are
 downloaded and verified. These libraries need no window system.")
@@ -69,20 +84,28 @@ mv_built_components(built)
 set(libraries core)
 if("Model" IN_LIST built)
     list(APPEND libraries model)
-    mv_library_package(Model libmvmodel${MV_ABI_VERSION} "resource manager for slideshow editors - item model"
-                       "The catalogue as an item model for lists, without widgets." NEEDS core)
+    mv_library_package(
+        Model libmvmodel${version_of_library} "resource manager for slideshow editors - item model${for_qt}"
+        "The catalogue as an item model for lists, without widgets." NEEDS core)
+endif()
+if(MV_BUILD_QML)
+    mv_package(
+        qml ${qml_package} "resource manager for slideshow editors - QML module${for_qt}"
+        "The QML module Mv.Resources: the catalogue as an item model for Qt Quick." NEEDS model
+        RECOMMENDS ${qml_qtquick} SECTION libs)
 endif()
 list(APPEND libraries browser)
 mv_library_package(
-    Browser libmvbrowser${MV_ABI_VERSION} "resource manager for slideshow editors - lists"
+    Browser libmvbrowser${version_of_library} "resource manager for slideshow editors - lists${for_qt}"
     "The lists of items as widgets: live cells with previews, downloads and
 favourites, in four skins and six languages." NEEDS core DEPENDS ${qt_svg})
 mv_package(
-    dev libmvresource-dev "resource manager for slideshow editors - development files"
+    dev ${dev_package} "resource manager for slideshow editors - development files${for_qt}"
     "Headers, and what CMake and pkg-config need to find the libraries."
     NEEDS ${libraries}
     DEPENDS ${qt_dev}
-    SUGGESTS mvresource-doc
+    SUGGESTS "mvresource-doc, ${qml_package}"
+    CONFLICTS ${other_dev_package}
     SECTION libdevel)
 set(CPACK_DEBIAN_DEV_PACKAGE_SHLIBDEPS OFF) # headers only
 mv_package(

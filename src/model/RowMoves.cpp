@@ -9,7 +9,7 @@ QVector<bool> RowMoves::staying(const QVector<int>& places)
 {
     const int count = static_cast<int>(places.size());
     QVector<int> ends; // ends[n]: the row that ends the best subsequence of n + 1 rows
-    QVector<int> before(count, -1);
+    QVector<int> before(places.size(), -1);
     for (int row = 0; row < count; ++row) {
         const auto end =
             std::lower_bound(ends.begin(), ends.end(), places.at(row),
@@ -21,7 +21,7 @@ QVector<bool> RowMoves::staying(const QVector<int>& places)
         else
             *end = row;
     }
-    QVector<bool> stays(count, false);
+    QVector<bool> stays(places.size(), false);
     for (int row = ends.isEmpty() ? -1 : ends.constLast(); row >= 0; row = before.at(row))
         stays[row] = true;
     return stays;

@@ -107,7 +107,7 @@ elseif(CASE STREQUAL "platform")
     require_success()
     execute_process(COMMAND ${CMAKE_COMMAND} --build ${WORK_FOLDER}/build -- -t commands all
                     OUTPUT_VARIABLE commands COMMAND_ERROR_IS_FATAL ANY)
-    foreach(part "${platform}/TransferPool.cpp" "-o lib/libmvbrowser.so")
+    foreach(part "${platform}/TransferPool.cpp" "-o lib/libmvbrowser")
         string(FIND "${commands}" "${part}" place)
         if(place EQUAL -1)
             message(FATAL_ERROR "the build lacks \"${part}\":\n${commands}")
