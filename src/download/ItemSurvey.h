@@ -37,7 +37,7 @@ public:
         qint64 bytes;           ///< as the release lists it; 0 if it does not
     };
     /// One item with what is wrong with it.
-    struct Row
+    struct MVRESOURCE_EXPORT Row
     {
         SCfg_Item* item;     ///< owned by the catalogue
         SItemState state;    ///< with all that it uses
