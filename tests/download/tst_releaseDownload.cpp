@@ -89,6 +89,13 @@ void tst_releaseDownload::previewsComeByDigest()
     QCOMPARE(CatalogueFiles::read(m_world.preview("Themes", "t.jpg")), picture);
     QVERIFY(m_world.targets().contains(ReleaseWorld::contentTarget(picture)));
     QVERIFY(!m_world.targets().contains("/display/Themes/t.jpg"));
+    qint64 read = 0;
+    const FileStates states(FileStates::Depth::Quick, [&](qint64 bytes) {
+        read += bytes;
+        return true;
+    });
+    states.of(StorageWorld::theme(1));
+    QCOMPARE(read, qint64(0)); // the ledger knows the picture
 }
 
 void tst_releaseDownload::otherContentIsNotStored_data()
