@@ -4,11 +4,13 @@
 #include "DownloadsMove.h"
 
 #include "catalogue/MVThemeMgr.h"
+#include "download/ResourceStorage.h"
 #include "DownloadFolder.h"
 #include "host/ContentDigest.h"
+#include "host/FileLock.h"
+#include "host/SystemFile.h"
 #include "StateText.h"
 
-#include <QDateTime>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -16,18 +18,24 @@
 #include <QSaveFile>
 #include <QTemporaryFile>
 
+#include <chrono>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 namespace {
 
-/// Returns the folder of a download root in which the catalogue keeps everything.
+/// Returns the folder of the download root in use in which the catalogue keeps everything.
+QString downloadsInUse()
+{
+    return QDir::cleanPath(
+        MVThemeMgr::init()->Path_resource_RootDir(MVThemeMgr::eLoadDir_Download));
+}
+
+/// Returns the same folder of any download root.
 QString downloadsOf(const QString& root)
 {
-    const QString name =
-        QFileInfo(MVThemeMgr::init()->Path_resource_RootDir(MVThemeMgr::eLoadDir_Download))
-            .fileName();
-    return QDir::cleanPath(root) + QLatin1Char('/') + name;
+    return QDir::cleanPath(root) + QLatin1Char('/') + QFileInfo(downloadsInUse()).fileName();
 }
 
 QDirIterator filesBelow(const QString& folder)
@@ -41,12 +49,41 @@ std::filesystem::path native(const QString& path)
     return std::filesystem::path(path.toStdU16String());
 }
 
+/// Returns the path with the links of its existing part followed.
+QString placeOf(const QString& path)
+{
+    const QFileInfo entry(path);
+    if (entry.exists() || entry.isRoot())
+        return SystemFile::realPath(path);
+    return placeOf(entry.path()) + QLatin1Char('/') + entry.fileName();
+}
+
+/// Returns whether the path, or a folder on the way to it from the root, is a link.
+bool hasLink(const QString& root, const QString& path)
+{
+    for (QFileInfo entry(path); entry.filePath().size() > root.size();
+         entry.setFile(entry.path())) {
+        if (entry.isSymLink() || entry.isJunction())
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
 DownloadsMove::DownloadsMove(const QString& from, const QString& to)
-    : m_from(downloadsOf(from))
+    : m_root(QDir::cleanPath(to))
+    , m_from(downloadsOf(from))
     , m_to(downloadsOf(to))
+    , m_lockName(QDir(downloadsInUse()).relativeFilePath(ResourceStorage::lockFile()))
 {
+}
+
+DownloadsMove::~DownloadsMove() = default;
+
+bool DownloadsMove::isSame(const QString& root, const QString& other)
+{
+    return placeOf(QDir::cleanPath(root)) == placeOf(QDir::cleanPath(other));
 }
 
 bool DownloadsMove::holdsAny(const QString& root)
@@ -56,71 +93,116 @@ bool DownloadsMove::holdsAny(const QString& root)
 
 DownloadsMove::End DownloadsMove::bring(const CancelToken& cancel, const Progress& progress)
 {
-    if (!QDir().mkpath(m_to)) {
-        m_error = tr("The folder cannot be created: %1").arg(m_to);
-        return End::Failed;
-    }
-    if (!areApart()) {
-        m_error = tr("One folder is within the other: %1").arg(m_to);
-        return End::Failed;
-    }
+    const Step step = bringAll(cancel, progress);
+    if (step == Step::Done)
+        return End::Complete;
+    takeBack();
+    return step == Step::Failed ? End::Failed : End::Cancelled;
+}
+
+DownloadsMove::Step DownloadsMove::bringAll(const CancelToken& cancel, const Progress& progress)
+{
+    if (!areApart())
+        return fail(tr("One folder is within the other: %1").arg(m_to));
+    if (!lock())
+        return fail(tr("Another program is working with the downloads"));
+    if (!makeFolder(m_to))
+        return fail(tr("The folder cannot be created: %1").arg(m_to));
     list();
-    for (const QString& name : std::as_const(m_files)) {
+    for (const File& file : std::as_const(m_files)) {
         const Step step =
-            cancel.isCancelled() ? Step::Cancelled : bringFile(name, cancel, progress);
+            cancel.isCancelled() ? Step::Cancelled : bringFile(file, cancel, progress);
         if (step != Step::Done)
-            return give(step == Step::Failed ? End::Failed : End::Cancelled);
+            return step;
         progress(m_doneBytes, m_totalBytes);
     }
-    return cancel.isCancelled() ? give(End::Cancelled) : End::Complete;
+    // Before the originals are removed: a power failure must not lose both.
+    if (!SystemFile::flushTree(SystemFile::encodedName(m_to)))
+        return fail(tr("The disk has not taken all files: %1").arg(m_to));
+    return cancel.isCancelled() ? Step::Cancelled : Step::Done;
 }
 
 /// Returns false for one folder under two names, too, which a file that appears in both betrays.
-bool DownloadsMove::areApart()
+bool DownloadsMove::areApart() const
 {
-    const QString from = QFileInfo(m_from).canonicalFilePath() + QLatin1Char('/');
-    const QString to = QFileInfo(m_to).canonicalFilePath() + QLatin1Char('/');
+    const QString from = placeOf(m_from) + QLatin1Char('/');
+    const QString to = placeOf(m_to) + QLatin1Char('/');
     if (from.startsWith(to) || to.startsWith(from))
         return false;
     QTemporaryFile probe(m_to + QStringLiteral("/.move-XXXXXX"));
-    return !probe.open()
+    return !QFileInfo::exists(m_to) || !probe.open()
         || !QFileInfo::exists(m_from + QLatin1Char('/') + QFileInfo(probe.fileName()).fileName());
+}
+
+/// Returns false if another process updates the old root. Where no lock can be created, none can
+/// be updated.
+bool DownloadsMove::lock()
+{
+    m_lock = std::make_unique<FileLock>(m_from + QLatin1Char('/') + m_lockName);
+    return m_lock->lock(std::chrono::milliseconds::zero()) != FileLock::Result::Busy;
 }
 
 void DownloadsMove::list()
 {
     QDirIterator each = filesBelow(m_from);
     while (each.hasNext()) {
-        m_files.append(each.next().mid(m_from.size() + 1));
-        m_totalBytes += each.fileInfo().size();
+        const QString name = each.next().mid(m_from.size() + 1);
+        if (name == m_lockName)
+            continue;
+        const QFileInfo file = each.fileInfo();
+        m_files.append({name, file.size(), file.lastModified()});
+        m_totalBytes += file.size();
     }
 }
 
-DownloadsMove::Step DownloadsMove::bringFile(const QString& name, const CancelToken& cancel,
+bool DownloadsMove::makeFolder(const QString& folder)
+{
+    QStringList missing;
+    for (QString path = folder; !QFileInfo::exists(path) && !QFileInfo(path).isRoot();
+         path = QFileInfo(path).path())
+        missing.prepend(path);
+    for (const QString& path : std::as_const(missing)) {
+        if (QDir().mkdir(path))
+            m_created.append(path);
+    }
+    return QFileInfo(folder).isDir();
+}
+
+DownloadsMove::Step DownloadsMove::bringFile(const File& file, const CancelToken& cancel,
                                              const Progress& progress)
 {
-    const QString source = m_from + QLatin1Char('/') + name;
-    const QString target = m_to + QLatin1Char('/') + name;
+    const QString source = m_from + QLatin1Char('/') + file.name;
+    const QString target = m_to + QLatin1Char('/') + file.name;
+    if (hasLink(m_root, target))
+        return fail(tr("Downloads are not stored behind links: %1").arg(target));
     if (QFileInfo::exists(target)) {
-        m_doneBytes += QFileInfo(source).size();
-        return verify(source, target, cancel);
+        m_doneBytes += file.sizeBytes;
+        return verify(source, target,
+                      tr("The new folder already holds other downloads; choose an empty folder: %1")
+                          .arg(target),
+                      cancel);
     }
-    if (!QDir().mkpath(QFileInfo(target).path()))
+    if (!makeFolder(QFileInfo(target).path()))
         return fail(tr("%1 cannot be created").arg(QFileInfo(target).path()));
-    std::error_code error;
-    if (m_canLink)
-        std::filesystem::create_hard_link(native(source), native(target), error);
-    m_canLink = m_canLink && !error;
-    if (m_canLink) {
-        m_brought.append(name);
-        m_doneBytes += QFileInfo(source).size();
+    if (link(source, target)) {
+        m_brought.append(file.name);
+        m_doneBytes += file.sizeBytes;
         return Step::Done;
     }
     const Step step = copy(source, target, cancel, progress);
     if (step != Step::Done)
         return step;
-    m_brought.append(name);
-    return verify(source, target, cancel);
+    m_brought.append(file.name);
+    return verify(source, target, tr("The copy is damaged: %1").arg(target), cancel);
+}
+
+bool DownloadsMove::link(const QString& source, const QString& target)
+{
+    std::error_code error;
+    if (m_canLink)
+        std::filesystem::create_hard_link(native(source), native(target), error);
+    m_canLink = m_canLink && !error;
+    return m_canLink;
 }
 
 DownloadsMove::Step DownloadsMove::copy(const QString& source, const QString& target,
@@ -157,21 +239,16 @@ DownloadsMove::Step DownloadsMove::copy(const QString& source, const QString& ta
 }
 
 DownloadsMove::Step DownloadsMove::verify(const QString& source, const QString& target,
-                                          const CancelToken& cancel)
+                                          const QString& textIfDifferent, const CancelToken& cancel)
 {
     const auto goOn = [&cancel](qint64) { return !cancel.isCancelled(); };
     const QByteArray wanted = ContentDigest::ofFile(source, goOn);
-    const bool isSame = !wanted.isEmpty() && ContentDigest::ofFile(target, goOn) == wanted;
+    const QByteArray found = ContentDigest::ofFile(target, goOn);
     if (cancel.isCancelled())
         return Step::Cancelled;
-    return isSame ? Step::Done
-                  : fail(tr("The folder already holds another file of this name: %1").arg(target));
-}
-
-DownloadsMove::End DownloadsMove::give(End end)
-{
-    takeBack();
-    return end;
+    if (wanted.isEmpty() || found.isEmpty())
+        return fail(tr("%1 cannot be read").arg(wanted.isEmpty() ? source : target));
+    return found == wanted ? Step::Done : fail(textIfDifferent);
 }
 
 DownloadsMove::Step DownloadsMove::fail(const QString& error)
@@ -183,8 +260,13 @@ DownloadsMove::Step DownloadsMove::fail(const QString& error)
 int DownloadsMove::removeOriginals()
 {
     int left = 0;
-    for (const QString& name : std::as_const(m_files))
-        left += QFile::remove(m_from + QLatin1Char('/') + name) ? 0 : 1;
+    for (const File& file : std::as_const(m_files)) {
+        const QFileInfo now(m_from + QLatin1Char('/') + file.name);
+        const bool hasChanged = now.size() != file.sizeBytes || now.lastModified() != file.modified;
+        if (now.exists() && (hasChanged || !QFile::remove(now.filePath())))
+            ++left;
+    }
+    m_lock.reset();
     removeEmptyFolders(m_from);
     return left;
 }
@@ -194,7 +276,9 @@ void DownloadsMove::takeBack()
     for (const QString& name : std::as_const(m_brought))
         QFile::remove(m_to + QLatin1Char('/') + name);
     m_brought.clear();
-    removeEmptyFolders(m_to);
+    while (!m_created.isEmpty())
+        QDir().rmdir(m_created.takeLast()); // fails unless it is empty
+    m_lock.reset();
 }
 
 void DownloadsMove::removeEmptyFolders(const QString& folder)

@@ -6,11 +6,16 @@
 #include "host/CancelToken.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QString>
 #include <QStringList>
 #include <QtGlobal>
+#include <QVector>
 
 #include <functional>
+#include <memory>
+
+class FileLock;
 
 /// Moves what has been downloaded from one download root to another, in two steps between which
 /// every file is in both:
@@ -25,7 +30,8 @@
 /// links stay. On one file system the files are linked, otherwise copied and compared. A kill
 /// leaves the originals complete, or the new root.
 ///
-/// No download may run meanwhile. One thread at a time.
+/// No download may run meanwhile in this process. Updates of other processes wait; what such a
+/// process changes in the old root although the move goes on stays there. One thread at a time.
 class DownloadsMove
 {
     Q_DECLARE_TR_FUNCTIONS(DownloadsMove)
@@ -41,39 +47,59 @@ public:
 
     /// Both are absolute paths of download roots; `to` is created if it is missing.
     DownloadsMove(const QString& from, const QString& to);
+    /// Lets other processes use the old root again.
+    ~DownloadsMove();
+    Q_DISABLE_COPY_MOVE(DownloadsMove)
 
+    /// Returns whether both are one folder, perhaps under two names.
+    static bool isSame(const QString& root, const QString& other);
     /// Returns whether a download root holds any file.
     static bool holdsAny(const QString& root);
 
-    /// Brings all files to the new root. A file that is there must have the same content.
+    /// Brings all files to the new root, and waits until they are on its disk. A file that is there
+    /// must have the same content; links there are refused, since downloads do not follow them.
     End bring(const CancelToken& cancel, const Progress& progress);
     QString errorText() const { return m_error; }
 
     /// Removes the originals and the folders that are then empty. Returns how many files it could
-    /// not remove.
+    /// not remove, or has left because they have changed since bring() began.
     int removeOriginals();
-    /// Removes what bring() has brought.
+    /// Removes what bring() has brought, and the folders that it has created.
     void takeBack();
 
 private:
     enum class Step { Done, Cancelled, Failed };
+    struct File
+    {
+        QString name; // its path below the folder of downloads
+        qint64 sizeBytes;
+        QDateTime modified;
+    };
 
-    bool areApart();
+    bool areApart() const;
+    bool lock();
     void list();
-    Step bringFile(const QString& name, const CancelToken& cancel, const Progress& progress);
+    bool makeFolder(const QString& folder);
+    Step bringAll(const CancelToken& cancel, const Progress& progress);
+    Step bringFile(const File& file, const CancelToken& cancel, const Progress& progress);
+    bool link(const QString& source, const QString& target);
     Step copy(const QString& source, const QString& target, const CancelToken& cancel,
               const Progress& progress);
-    Step verify(const QString& source, const QString& target, const CancelToken& cancel);
-    End give(End end);
+    Step verify(const QString& source, const QString& target, const QString& textIfDifferent,
+                const CancelToken& cancel);
     Step fail(const QString& error);
     static void removeEmptyFolders(const QString& folder);
 
+    QString m_root;        // the new root
     QString m_from;        // the folder of downloads in the old root
     QString m_to;          // and in the new one
-    QStringList m_files;   // relative paths
-    QStringList m_brought; // those that bring() has created
+    QString m_lockName;    // of the lock file, below the folder of downloads
+    QVector<File> m_files; // those to be moved
+    QStringList m_brought; // names of those that bring() has created
+    QStringList m_created; // folders that bring() has created, outer ones first
     qint64 m_totalBytes = 0;
     qint64 m_doneBytes = 0;
     bool m_canLink = true; // no link has failed yet
     QString m_error;
+    std::unique_ptr<FileLock> m_lock; // of the old root, from bring() to the end
 };

@@ -4,6 +4,7 @@
 #include "DownloadsMover.h"
 
 #include <QDir>
+#include <QEvent>
 #include <QMessageBox>
 #include <QProgressDialog>
 #include <QPushButton>
@@ -36,12 +37,24 @@ DownloadsMover::~DownloadsMover()
     m_queue.shutDown();
 }
 
-void DownloadsMover::offer(const QString& from, const QString& to, bool isBusy)
+void DownloadsMover::offer(const QString& from, const QString& to,
+                           const std::function<bool()>& isBusy)
 {
-    if (DownloadsMove::holdsAny(from) && isWanted(from, to, isBusy))
-        begin(from, to);
-    else
+    if (DownloadsMove::isSame(from, to)) {
+        emit stayed();
+        return;
+    }
+    if (!DownloadsMove::holdsAny(from)) {
         emit declined();
+        return;
+    }
+    do { // again if something has begun while the user looked at the question
+        if (!isWanted(from, to, isMoving() || isBusy())) {
+            emit declined();
+            return;
+        }
+    } while (isMoving() || isBusy());
+    begin(from, to);
 }
 
 bool DownloadsMover::isWanted(const QString& from, const QString& to, bool isBusy) const
@@ -50,7 +63,7 @@ bool DownloadsMover::isWanted(const QString& from, const QString& to, bool isBus
                        .arg(QDir::toNativeSeparators(from), QDir::toNativeSeparators(to));
     if (isBusy)
         text += QStringLiteral("\n\n")
-            + tr("They cannot be moved now, while downloads or a check run.");
+            + tr("They cannot be moved now, while downloads run, or a check runs or is about to.");
     QMessageBox box(QMessageBox::Question, tr("Download folder"), text, QMessageBox::NoButton,
                     m_window);
     box.setTextFormat(Qt::PlainText);
@@ -67,18 +80,11 @@ bool DownloadsMover::isWanted(const QString& from, const QString& to, bool isBus
 
 void DownloadsMover::begin(const QString& from, const QString& to)
 {
+    m_state = State::Bringing;
     m_cancel = CancelToken();
     m_move = std::make_shared<DownloadsMove>(from, to);
     m_progress = std::make_shared<Progress>();
-    m_dialog = new QProgressDialog(tr("Moving the downloads…"), tr("Cancel"), 0, 0, m_window);
-    m_dialog->setObjectName(QStringLiteral("moveProgress"));
-    m_dialog->setWindowTitle(tr("Download folder"));
-    m_dialog->setWindowModality(Qt::WindowModal); // no download can be started meanwhile
-    m_dialog->setAutoClose(false);
-    m_dialog->setAutoReset(false);
-    connect(m_dialog, &QProgressDialog::canceled, this, [this] { m_cancel.cancel(); });
-    m_dialog->show();
-    m_looking->start();
+    showDialog();
     emit begun();
     auto result = std::make_shared<DownloadsMove::End>();
     WorkQueue::Job job;
@@ -90,47 +96,104 @@ void DownloadsMover::begin(const QString& from, const QString& to)
             });
         };
     };
-    job.ended = [=](bool) { end(to, *result); };
+    job.ended = [=](bool) { endBringing(to, *result); };
     m_queue.add(std::move(job));
+}
+
+/// The dialog stays until the move has ended: no download can be started meanwhile.
+void DownloadsMover::showDialog()
+{
+    m_dialog = new QProgressDialog(tr("Moving the downloads…"), QString(), 0, 0, m_window);
+    auto* const cancel = new QPushButton(tr("Cancel"), m_dialog);
+    cancel->setObjectName(QStringLiteral("cancelMove"));
+    m_dialog->setCancelButton(cancel);
+    m_dialog->setObjectName(QStringLiteral("moveProgress"));
+    m_dialog->setWindowTitle(tr("Download folder"));
+    m_dialog->setWindowModality(Qt::WindowModal);
+    m_dialog->setAutoClose(false);
+    m_dialog->setAutoReset(false);
+    disconnect(m_dialog, &QProgressDialog::canceled, m_dialog, nullptr); // which would hide it
+    m_dialog->installEventFilter(this);
+    connect(m_dialog, &QProgressDialog::canceled, this, &DownloadsMover::cancel);
+    m_dialog->show();
+    m_looking->start();
+}
+
+/// Closing the dialog cancels.
+bool DownloadsMover::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched != m_dialog || event->type() != QEvent::Close)
+        return QObject::eventFilter(watched, event);
+    event->ignore();
+    cancel();
+    return true;
+}
+
+void DownloadsMover::cancel()
+{
+    if (m_state != State::Bringing)
+        return;
+    m_cancel.cancel();
+    m_dialog->setLabelText(tr("Cancelling…"));
 }
 
 void DownloadsMover::showProgress()
 {
     constexpr int steps = 1000; // bytes do not fit into the bar's numbers
     const qint64 total = m_progress->totalBytes;
-    if (!m_dialog || m_dialog->wasCanceled() || total == 0)
+    if (m_state != State::Bringing || m_cancel.isCancelled() || total == 0)
         return;
     m_dialog->setMaximum(steps);
     m_dialog->setValue(static_cast<int>(m_progress->doneBytes * steps / total));
 }
 
-void DownloadsMover::end(const QString& to, DownloadsMove::End end)
+void DownloadsMover::endBringing(const QString& to, DownloadsMove::End result)
 {
     m_looking->stop();
-    m_dialog->hide();
-    m_dialog->deleteLater(); // it may be handling events just now
-    m_dialog.clear();
-    if (end == DownloadsMove::End::Complete)
-        emit brought(to);
-    else
+    if (result != DownloadsMove::End::Complete) {
+        end();
         emit failed(m_move->errorText());
+    } else if (m_cancel.isCancelled()) { // after the move has last looked
+        giveUp({});
+    } else {
+        m_state = State::Ending;
+        m_dialog->setCancelButton(nullptr);
+        emit brought(to);
+    }
 }
 
-void DownloadsMover::finish(bool isUsed)
+void DownloadsMover::finish()
 {
     auto filesLeft = std::make_shared<int>(0);
     WorkQueue::Job job;
     job.prepare = [=](const CancelToken&) -> WorkQueue::Work {
-        return [move = m_move, isUsed, filesLeft] {
-            if (isUsed)
-                *filesLeft = move->removeOriginals();
-            else
-                move->takeBack();
-        };
+        return [move = m_move, filesLeft] { *filesLeft = move->removeOriginals(); };
     };
     job.ended = [=](bool) {
-        if (isUsed)
-            emit moved(*filesLeft);
+        end();
+        emit moved(*filesLeft);
     };
     m_queue.add(std::move(job));
+}
+
+void DownloadsMover::giveUp(const QString& reason)
+{
+    m_state = State::Ending;
+    WorkQueue::Job job;
+    job.prepare = [=](const CancelToken&) -> WorkQueue::Work {
+        return [move = m_move] { move->takeBack(); };
+    };
+    job.ended = [=](bool) {
+        end();
+        emit failed(reason);
+    };
+    m_queue.add(std::move(job));
+}
+
+void DownloadsMover::end()
+{
+    m_state = State::Idle;
+    m_dialog->hide();
+    m_dialog->deleteLater(); // it may be handling events just now
+    m_dialog.clear();
 }

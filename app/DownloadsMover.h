@@ -11,6 +11,7 @@
 #include <QPointer>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 class QProgressDialog;
@@ -28,19 +29,29 @@ public:
     explicit DownloadsMover(QWidget* window);
     ~DownloadsMover() override;
 
-    /// Asks, unless the old folder is empty; one of begun() and declined() follows. While
-    /// downloads run (`isBusy`), the user can only leave the files where they are.
-    void offer(const QString& from, const QString& to, bool isBusy);
-    /// Ends a move after brought(): the originals are removed if the new folder is used from now
-    /// on, otherwise what was brought.
-    void finish(bool isUsed);
+    /// Asks, unless the old folder is empty or both are one; one of begun(), declined() and
+    /// stayed() follows. While downloads run (`isBusy`) or files are moved, the user can only leave
+    /// the files where they are.
+    void offer(const QString& from, const QString& to, const std::function<bool()>& isBusy);
+    /// Ends a move after brought(), when the new folder is in use: removes the originals; moved()
+    /// follows.
+    void finish();
+    /// Ends a move after brought(), when the new folder cannot be used: removes what was brought;
+    /// failed() follows.
+    void giveUp(const QString& reason);
+    /// Returns whether a move has begun and not ended.
+    bool isMoving() const { return m_state != State::Idle; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 signals:
     /// The files stay where they are.
     void declined();
+    /// Both are one folder.
+    void stayed();
     /// The move has begun; brought() or failed() follows.
     void begun();
-    /// Both folders hold all files: the receiver uses the new one and calls finish().
+    /// Both folders hold all files: the receiver uses the new one and calls finish(), or giveUp().
     void brought(const QString& folder);
     /// Nothing has changed: the user has cancelled (an empty reason), or why not.
     void failed(const QString& reason);
@@ -49,14 +60,19 @@ signals:
 
 private:
     struct Progress;
+    enum class State { Idle, Bringing, Ending };
 
     bool isWanted(const QString& from, const QString& to, bool isBusy) const;
     void begin(const QString& from, const QString& to);
+    void showDialog();
     void showProgress();
-    void end(const QString& to, DownloadsMove::End end);
+    void cancel();
+    void endBringing(const QString& to, DownloadsMove::End result);
+    void end();
 
     QWidget* m_window;
-    QPointer<QProgressDialog> m_dialog;
+    State m_state = State::Idle;
+    QPointer<QProgressDialog> m_dialog; // unless the state is Idle
     QTimer* m_looking;
     std::shared_ptr<DownloadsMove> m_move;
     std::shared_ptr<Progress> m_progress; // of m_move

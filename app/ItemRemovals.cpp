@@ -42,8 +42,10 @@ void ItemRemovals::endRemoval(const ItemKey& item, const QString& name, const Re
         emit failed(name, removal.error);
         return;
     }
-    if (!removal.files.isEmpty())
+    if (!removal.files.isEmpty()) {
         m_undoable.append({name, removal});
+        emit undoCountChanged();
+    }
     emit removed(item);
 }
 
@@ -59,6 +61,13 @@ void ItemRemovals::undo()
     };
     job.ended = [this, last, isWhole](bool) { emit undone(last.name, *isWhole); };
     m_queue.add(std::move(job));
+    emit undoCountChanged();
+}
+
+void ItemRemovals::forget()
+{
+    m_undoable.clear();
+    emit undoCountChanged();
 }
 
 QString ItemRemovals::undoName() const

@@ -32,11 +32,16 @@ public:
     /// Brings the item back that was removed last; undone() follows.
     void undo();
     bool canUndo() const { return !m_undoable.isEmpty(); }
+    int undoCount() const { return m_undoable.size(); }
+    /// Makes the removals so far final, before another download root is used.
+    void forget();
     /// Returns the name of the item that undo() brings back, and the bytes that were freed.
     QString undoName() const;
     qint64 undoBytes() const;
 
 signals:
+    /// undoCount() has changed.
+    void undoCountChanged();
     void removed(const ItemKey& item);
     /// Nothing was removed.
     void failed(const QString& name, const QString& reason);

@@ -149,20 +149,23 @@ void MainWindow::saveFavourites()
 
 void MainWindow::toggleFavourite(ECfgItemType kind, const QString& guid)
 {
-    if (changeFavourite({kind, guid}))
-        noteFavourite(kind, guid);
+    MVThemeMgr* const catalogue = MVThemeMgr::init();
+    const SCfg_Item* const item = catalogue->findItemByIDFromDisplay(kind, guid);
+    if (!item)
+        return;
+    setFavourite({kind, guid}, !catalogue->isItemCollect(item));
+    noteFavourite(kind, guid);
 }
 
-/// Returns false if the item has left the catalogue.
-bool MainWindow::changeFavourite(const ItemKey& item)
+/// Does nothing if the item has left the catalogue.
+void MainWindow::setFavourite(const ItemKey& item, bool isFavourite)
 {
     MVThemeMgr* const catalogue = MVThemeMgr::init();
     SCfg_Item* const found = catalogue->findItemByIDFromDisplay(item.kind, item.guid);
-    if (!found)
-        return false;
-    found->m_bCollected = !catalogue->isItemCollect(found);
+    if (!found || catalogue->isItemCollect(found) == isFavourite)
+        return;
+    found->m_bCollected = isFavourite;
     catalogue->setItemCollected(found);
-    return true;
 }
 
 /// Offers to undo what the user has changed, whichever control was used.
@@ -172,17 +175,18 @@ void MainWindow::noteFavourite(ECfgItemType kind, const QString& guid)
     const SCfg_Item* const item = catalogue->findItemByIDFromDisplay(kind, guid);
     if (!item)
         return;
-    m_undo->noteFavourite({kind, guid});
-    if (catalogue->isItemCollect(item))
+    const bool isFavourite = catalogue->isItemCollect(item);
+    m_undo->noteFavourite({kind, guid}, !isFavourite);
+    if (isFavourite)
         m_favouriteBar->hide();
     else
         m_favouriteBar->showRemoval({kind, guid});
 }
 
-void MainWindow::undoFavourite(const ItemKey& item)
+void MainWindow::undoFavourite(const ItemKey& item, bool isFavourite)
 {
     m_favouriteBar->hide();
-    changeFavourite(item);
+    setFavourite(item, isFavourite);
 }
 
 void MainWindow::showFailure(ECfgItemType kind, const QString& guid,

@@ -4,7 +4,6 @@
 // MainWindow: the details and the files of items, and reloading the catalogue.
 
 #include "browser/mvThemelistview.h"
-#include "catalogue/MVThemeMgr.h"
 #include "DetailsPanel.h"
 #include "download/CatalogueUpdate.h"
 #include "DownloadFolder.h"
@@ -13,6 +12,7 @@
 #include "FoldingPanes.h"
 #include "ItemFacts.h"
 #include "ItemMenu.h"
+#include "ItemRemovals.h"
 #include "ItemUpdates.h"
 #include "MainWindow.h"
 #include "Preferences.h"
@@ -87,7 +87,7 @@ void MainWindow::connectLists()
     connect(m_downloads, &DownloadsBar::cancelWanted, m_tabs, &ResourceTabs::cancelDownloads);
     connect(m_favouriteBar, &FavouriteBar::undoWanted, this, [this](const ItemKey& item) {
         m_undo->forgetFavourite(item);
-        undoFavourite(item);
+        undoFavourite(item, true); // the bar offers to undo removals only
     });
     connect(m_settings, &SettingsControls::clickChosen, this,
             [this] { m_tabs->setAppliedByClick(m_preferences.isAppliedByClick()); });
@@ -139,18 +139,21 @@ void MainWindow::connectSettings()
     connect(m_settings, &SettingsControls::motionChosen, this, &MainWindow::applyMotion);
     connect(m_settings, &SettingsControls::serverInUse, this, &MainWindow::endWelcome);
     m_settings->setBusyQuery([this] {
-        return m_downloads->count() > 0 || m_storage->updates().isUpdating() || m_check.isRunning();
+        // A check that waits would begin in the middle of a move.
+        return m_downloads->count() > 0 || m_storage->updates().isUpdating()
+            || m_check.phase() != CatalogueUpdate::Phase::Idle;
     });
     connect(m_settings, &SettingsControls::folderMoved, this, &MainWindow::useFolder);
     connect(m_settings, &SettingsControls::said, this, &MainWindow::say);
 }
 
-/// Changes the download root as soon as no thread looks at its files.
+/// Changes the download root as soon as no thread looks at its files. No check runs: the move has
+/// waited for its end and none can be started meanwhile.
 void MainWindow::useFolder(const QString& folder)
 {
     m_storage->updates().queue().runAlone([this, folder] {
-        MVThemeMgr::init()->setResourceSaveRootPath(folder);
-        reloadCatalogue();
+        m_storage->removals().forget(); // their files are known by their places in the old root
+        reloadCatalogue(folder);
         m_storage->refresh();
         m_settings->endMove();
     });
@@ -219,11 +222,11 @@ void MainWindow::reloadIfPossible()
     reloadCatalogue();
 }
 
-void MainWindow::reloadCatalogue()
+void MainWindow::reloadCatalogue(const QString& newRoot)
 {
     saveFavourites(); // they are reloaded, too
     passSkinOn();
-    m_tabs->reloadCatalogue();
+    m_tabs->reloadCatalogue(newRoot);
     m_tabs->setNew(m_seen.newItems());
     m_details->refresh();
     if (m_project)

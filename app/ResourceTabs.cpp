@@ -191,12 +191,14 @@ void ResourceTabs::setNew(const QSet<QString>& guids)
         list->setNew(guids);
 }
 
-void ResourceTabs::reloadCatalogue()
+void ResourceTabs::reloadCatalogue(const QString& newRoot)
 {
     cancelDownloads(); // all at once, so that release() waits only for the slowest
     for (ResourceList* list : qAsConst(m_lists))
         list->view()->release();
     MVThemeMgr* const catalogue = MVThemeMgr::init();
+    if (!newRoot.isEmpty())
+        catalogue->setResourceSaveRootPath(newRoot);
     catalogue->load(true);
     catalogue->setCurApplyTheme(
         catalogue->findItemByIDFromDisplay(eCfgItem_Theme, appliedItem(eCfgItem_Theme)));

@@ -53,8 +53,9 @@ public:
     /// Names the items, by GUID, that are the newest.
     void setNew(const QSet<QString>& guids);
     /// Reloads the catalogue and keeps the user's view. Neither a check nor a preview run may be in
-    /// progress; downloads are stopped and restarted.
-    void reloadCatalogue();
+    /// progress; downloads are stopped and restarted. Uses another download root from now on,
+    /// unless that is empty.
+    void reloadCatalogue(const QString& newRoot = QString());
     /// Applies the skin's current cell sizes.
     void updateItemSizes();
     void cancelDownloads();

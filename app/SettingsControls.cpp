@@ -43,9 +43,16 @@ void SettingsControls::connectMover()
         emit said(tr("The new folder is used from the next start on; what is in the old one stays "
                      "there"));
     });
+    connect(m_mover, &DownloadsMover::stayed, this, [this] {
+        m_bar->setUnavailable({});
+        emit said(tr("The downloads stay in this folder"));
+    });
     // A kill before the end must leave the folder that is complete.
-    connect(m_mover, &DownloadsMover::begun, this,
-            [this] { m_preferences.setDownloadFolder(m_folderBefore); });
+    connect(m_mover, &DownloadsMover::begun, this, [this] {
+        m_preferences.setDownloadFolder(m_folderBefore);
+        if (!m_preferences.storeError().isEmpty())
+            emit said(tr("The settings cannot be saved: %1").arg(m_preferences.storeError()));
+    });
     connect(m_mover, &DownloadsMover::brought, this, &SettingsControls::useFolder);
     connect(m_mover, &DownloadsMover::failed, this, [this](const QString& reason) {
         if (reason.isEmpty())
@@ -67,13 +74,14 @@ void SettingsControls::connectMover()
 void SettingsControls::useFolder(const QString& folder)
 {
     m_preferences.setDownloadFolder(folder);
-    if (m_preferences.storeError().isEmpty()) {
+    const QString error = m_preferences.storeError();
+    if (error.isEmpty()) {
+        m_bar->setUnavailable({});
         emit folderMoved(folder);
         return;
     }
-    m_mover->finish(false);
-    QMessageBox::warning(m_window, tr("Download folder"),
-                         tr("Nothing was moved: %1").arg(m_preferences.storeError()));
+    m_preferences.setDownloadFolder(m_folderBefore); // which is still stored
+    m_mover->giveUp(error);
 }
 
 QWidget* SettingsControls::bar() const
@@ -120,7 +128,7 @@ void SettingsControls::connectDialog(const SettingsDialog& dialog)
     connect(
         &dialog, &SettingsDialog::folderChosen, this,
         [this](const QString& folder) {
-            m_mover->offer(DownloadFolder::inUse(), folder, m_isBusy());
+            m_mover->offer(DownloadFolder::inUse(), folder, m_isBusy);
         },
         Qt::QueuedConnection);
 }

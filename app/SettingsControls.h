@@ -33,10 +33,11 @@ public:
     void setGiven(SettingsDialog::Given given, const QString& unavailableFolder);
     /// Returns the warning to be placed below the lists.
     QWidget* bar() const;
-    /// Sets what tells whether downloads or a check run, so that no files can be moved.
+    /// Sets what tells whether downloads or a check run, or one is about to, so that no files can
+    /// be moved.
     void setBusyQuery(std::function<bool()> isBusy) { m_isBusy = std::move(isBusy); }
     /// Ends a move of the downloads; call it when folderMoved() has been followed.
-    void endMove() { m_mover->finish(true); }
+    void endMove() { m_mover->finish(); }
     /// Returns the action that opens the dialog.
     QAction* action() const { return m_action; }
     void retranslate();

@@ -5,6 +5,9 @@
 
 #include "ItemRemovals.h"
 
+#include <algorithm>
+#include <iterator>
+
 UndoAction::UndoAction(ItemRemovals& removals, QObject* parent)
     : QAction(parent)
     , m_removals(removals)
@@ -12,36 +15,46 @@ UndoAction::UndoAction(ItemRemovals& removals, QObject* parent)
     setObjectName(QStringLiteral("undo"));
     setShortcut(QKeySequence(QStringLiteral("Ctrl+Z")));
     connect(this, &QAction::triggered, this, &UndoAction::undo);
-    connect(&removals, &ItemRemovals::removed, this, [this] {
-        m_changes.append(ItemKey());
-        retranslate();
-    });
-    connect(&removals, &ItemRemovals::undone, this, [this] {
-        const int last = m_changes.lastIndexOf(ItemKey());
-        if (last >= 0)
-            m_changes.remove(last);
-        retranslate();
-    });
+    connect(&removals, &ItemRemovals::undoCountChanged, this, &UndoAction::noteRemovals);
     retranslate();
 }
 
-void UndoAction::noteFavourite(const ItemKey& item)
+void UndoAction::noteFavourite(const ItemKey& item, bool wasFavourite)
 {
-    m_changes.append(item);
+    m_changes.append({item, wasFavourite});
     retranslate();
 }
 
 void UndoAction::forgetFavourite(const ItemKey& item)
 {
-    const int last = m_changes.lastIndexOf(item);
-    if (last >= 0)
-        m_changes.remove(last);
+    forgetLast(item);
     retranslate();
+}
+
+/// Another control may have undone removals, too.
+void UndoAction::noteRemovals()
+{
+    const auto noted = std::count_if(m_changes.cbegin(), m_changes.cend(),
+                                     [](const Change& change) { return change.item.isEmpty(); });
+    const int missing = m_removals.undoCount() - static_cast<int>(noted);
+    for (int i = 0; i < missing; ++i)
+        m_changes.append(Change());
+    for (int i = 0; i > missing; --i)
+        forgetLast(ItemKey());
+    retranslate();
+}
+
+void UndoAction::forgetLast(const ItemKey& item)
+{
+    const auto last = std::find_if(m_changes.rbegin(), m_changes.rend(),
+                                   [&](const Change& change) { return change.item == item; });
+    if (last != m_changes.rend())
+        m_changes.erase(std::next(last).base());
 }
 
 void UndoAction::retranslate()
 {
-    const bool isRemoval = !m_changes.isEmpty() && m_changes.last().isEmpty();
+    const bool isRemoval = !m_changes.isEmpty() && m_changes.last().item.isEmpty();
     if (m_changes.isEmpty())
         setText(tr("U&ndo"));
     else
@@ -49,14 +62,13 @@ void UndoAction::retranslate()
     setEnabled(!m_changes.isEmpty());
 }
 
-/// A removal leaves the list when its files are back.
 void UndoAction::undo()
 {
-    if (m_changes.last().isEmpty()) {
-        m_removals.undo();
+    if (m_changes.last().item.isEmpty()) {
+        m_removals.undo(); // which makes noteRemovals() forget it
         return;
     }
-    const ItemKey item = m_changes.takeLast();
+    const Change change = m_changes.takeLast();
     retranslate();
-    emit favouriteWanted(item);
+    emit favouriteWanted(change.item, change.wasFavourite);
 }

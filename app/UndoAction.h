@@ -21,19 +21,27 @@ public:
     UndoAction(ItemRemovals& removals, QObject* parent);
 
     /// Records that the user has added an item to the favorites or removed it.
-    void noteFavourite(const ItemKey& item);
+    void noteFavourite(const ItemKey& item, bool wasFavourite);
     /// Forgets the last change of the favorites that concerned the item, which another control has
     /// taken back.
     void forgetFavourite(const ItemKey& item);
     void retranslate();
 
 signals:
-    /// The item's favourite mark should change back.
-    void favouriteWanted(const ItemKey& item);
+    /// The item should be a favorite again, or not.
+    void favouriteWanted(const ItemKey& item, bool isFavourite);
 
 private:
+    struct Change
+    {
+        ItemKey item; // empty: a removal
+        bool wasFavourite = false;
+    };
+
     void undo();
+    void noteRemovals();
+    void forgetLast(const ItemKey& item);
 
     ItemRemovals& m_removals;
-    QVector<ItemKey> m_changes; // the last one at the end; an empty key is a removal
+    QVector<Change> m_changes; // the last one at the end
 };

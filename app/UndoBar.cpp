@@ -10,8 +10,7 @@ UndoBar::UndoBar(ItemRemovals& removals, QWidget* parent)
     : NoticeBar(QStringLiteral("undoBar"), parent)
     , m_removals(removals)
 {
-    connect(&removals, &ItemRemovals::removed, this, &UndoBar::refresh);
-    connect(&removals, &ItemRemovals::undone, this, &UndoBar::refresh);
+    connect(&removals, &ItemRemovals::undoCountChanged, this, &UndoBar::refresh);
 }
 
 void UndoBar::refresh()

@@ -232,8 +232,28 @@
         <translation>%1 kann nicht geschrieben werden: %2</translation>
     </message>
     <message>
-        <source>The folder already holds another file of this name: %1</source>
-        <translation>Der Ordner enthält schon eine andere Datei dieses Namens: %1</translation>
+        <source>Another program is working with the downloads</source>
+        <translation>Ein anderes Programm arbeitet gerade mit den Downloads</translation>
+    </message>
+    <message>
+        <source>The disk has not taken all files: %1</source>
+        <translation>Der Datenträger hat nicht alle Dateien angenommen: %1</translation>
+    </message>
+    <message>
+        <source>Downloads are not stored behind links: %1</source>
+        <translation>Hinter Verknüpfungen wird nichts gespeichert: %1</translation>
+    </message>
+    <message>
+        <source>The new folder already holds other downloads; choose an empty folder: %1</source>
+        <translation>Der neue Ordner enthält schon andere Downloads; wählen Sie einen leeren Ordner: %1</translation>
+    </message>
+    <message>
+        <source>The copy is damaged: %1</source>
+        <translation>Die Kopie ist beschädigt: %1</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read</source>
+        <translation>%1 kann nicht gelesen werden</translation>
     </message>
 </context>
 <context>
@@ -247,10 +267,6 @@ to %2</source>
 
 Von %1
 nach %2</translation>
-    </message>
-    <message>
-        <source>They cannot be moved now, while downloads or a check run.</source>
-        <translation>Jetzt können sie nicht verschoben werden, weil Downloads oder eine Prüfung laufen.</translation>
     </message>
     <message>
         <source>Download folder</source>
@@ -271,6 +287,14 @@ nach %2</translation>
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>They cannot be moved now, while downloads run, or a check runs or is about to.</source>
+        <translation>Jetzt können sie nicht verschoben werden, weil Downloads oder eine Prüfung laufen oder eine Prüfung bevorsteht.</translation>
+    </message>
+    <message>
+        <source>Cancelling…</source>
+        <translation>Wird abgebrochen…</translation>
     </message>
 </context>
 <context>
@@ -1002,6 +1026,14 @@ Zeigen Sie auf eine Zelle und drücken Sie ihr Herz, oder drücken Sie F</transl
             <numerusform>Die Dateien sind jetzt im neuen Ordner; %n Datei im alten konnte nicht gelöscht werden</numerusform>
             <numerusform>Die Dateien sind jetzt im neuen Ordner; %n Dateien im alten konnten nicht gelöscht werden</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>The downloads stay in this folder</source>
+        <translation>Die Downloads bleiben in diesem Ordner</translation>
+    </message>
+    <message>
+        <source>The settings cannot be saved: %1</source>
+        <translation>Die Einstellungen können nicht gespeichert werden: %1</translation>
     </message>
 </context>
 <context>

@@ -232,8 +232,28 @@
         <translation>No se puede escribir %1: %2</translation>
     </message>
     <message>
-        <source>The folder already holds another file of this name: %1</source>
-        <translation>La carpeta ya contiene otro archivo con este nombre: %1</translation>
+        <source>Another program is working with the downloads</source>
+        <translation>Otro programa está trabajando con las descargas</translation>
+    </message>
+    <message>
+        <source>The disk has not taken all files: %1</source>
+        <translation>El disco no ha guardado todos los archivos: %1</translation>
+    </message>
+    <message>
+        <source>Downloads are not stored behind links: %1</source>
+        <translation>Las descargas no se guardan detrás de enlaces: %1</translation>
+    </message>
+    <message>
+        <source>The new folder already holds other downloads; choose an empty folder: %1</source>
+        <translation>La nueva carpeta ya contiene otras descargas; elija una carpeta vacía: %1</translation>
+    </message>
+    <message>
+        <source>The copy is damaged: %1</source>
+        <translation>La copia está dañada: %1</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read</source>
+        <translation>No se puede leer %1</translation>
     </message>
 </context>
 <context>
@@ -247,10 +267,6 @@ to %2</source>
 
 De %1
 a %2</translation>
-    </message>
-    <message>
-        <source>They cannot be moved now, while downloads or a check run.</source>
-        <translation>Ahora no se pueden mover: hay descargas o una comprobación en curso.</translation>
     </message>
     <message>
         <source>Download folder</source>
@@ -271,6 +287,14 @@ a %2</translation>
     <message>
         <source>Cancel</source>
         <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>They cannot be moved now, while downloads run, or a check runs or is about to.</source>
+        <translation>Ahora no se pueden mover, porque hay descargas o una comprobación en curso o a punto de empezar.</translation>
+    </message>
+    <message>
+        <source>Cancelling…</source>
+        <translation>Cancelando…</translation>
     </message>
 </context>
 <context>
@@ -1002,6 +1026,14 @@ Señale una celda y pulse su corazón, o pulse F</translation>
             <numerusform>Las descargas están ahora en la carpeta nueva; no se pudo eliminar %n archivo de la antigua</numerusform>
             <numerusform>Las descargas están ahora en la carpeta nueva; no se pudieron eliminar %n archivos de la antigua</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>The downloads stay in this folder</source>
+        <translation>Las descargas permanecen en esta carpeta</translation>
+    </message>
+    <message>
+        <source>The settings cannot be saved: %1</source>
+        <translation>No se pueden guardar los ajustes: %1</translation>
     </message>
 </context>
 <context>

@@ -232,8 +232,28 @@
         <translation>Impossible d’écrire %1 : %2</translation>
     </message>
     <message>
-        <source>The folder already holds another file of this name: %1</source>
-        <translation>Le dossier contient déjà un autre fichier de ce nom : %1</translation>
+        <source>Another program is working with the downloads</source>
+        <translation>Un autre programme travaille avec les téléchargements</translation>
+    </message>
+    <message>
+        <source>The disk has not taken all files: %1</source>
+        <translation>Le disque n’a pas enregistré tous les fichiers : %1</translation>
+    </message>
+    <message>
+        <source>Downloads are not stored behind links: %1</source>
+        <translation>Les téléchargements ne sont pas enregistrés derrière des liens : %1</translation>
+    </message>
+    <message>
+        <source>The new folder already holds other downloads; choose an empty folder: %1</source>
+        <translation>Le nouveau dossier contient déjà d’autres téléchargements ; choisissez un dossier vide : %1</translation>
+    </message>
+    <message>
+        <source>The copy is damaged: %1</source>
+        <translation>La copie est endommagée : %1</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read</source>
+        <translation>Impossible de lire %1</translation>
     </message>
 </context>
 <context>
@@ -247,10 +267,6 @@ to %2</source>
 
 De %1
 vers %2</translation>
-    </message>
-    <message>
-        <source>They cannot be moved now, while downloads or a check run.</source>
-        <translation>Impossible de les déplacer maintenant : des téléchargements ou une vérification sont en cours.</translation>
     </message>
     <message>
         <source>Download folder</source>
@@ -271,6 +287,14 @@ vers %2</translation>
     <message>
         <source>Cancel</source>
         <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>They cannot be moved now, while downloads run, or a check runs or is about to.</source>
+        <translation>Impossible de les déplacer maintenant : des téléchargements ou une vérification sont en cours ou sur le point de commencer.</translation>
+    </message>
+    <message>
+        <source>Cancelling…</source>
+        <translation>Annulation…</translation>
     </message>
 </context>
 <context>
@@ -1002,6 +1026,14 @@ Pointez une cellule et cliquez sur son cœur, ou appuyez sur F</translation>
             <numerusform>Les téléchargements sont maintenant dans le nouveau dossier ; %n fichier de l’ancien n’a pas pu être supprimé</numerusform>
             <numerusform>Les téléchargements sont maintenant dans le nouveau dossier ; %n fichiers de l’ancien n’ont pas pu être supprimés</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>The downloads stay in this folder</source>
+        <translation>Les téléchargements restent dans ce dossier</translation>
+    </message>
+    <message>
+        <source>The settings cannot be saved: %1</source>
+        <translation>Impossible d’enregistrer les réglages&#xa0;: %1</translation>
     </message>
 </context>
 <context>

@@ -228,8 +228,28 @@
         <translation>%1 に書き込めません: %2</translation>
     </message>
     <message>
-        <source>The folder already holds another file of this name: %1</source>
-        <translation>フォルダーには同じ名前の別のファイルがあります: %1</translation>
+        <source>Another program is working with the downloads</source>
+        <translation>別のプログラムがダウンロードを使用しています</translation>
+    </message>
+    <message>
+        <source>The disk has not taken all files: %1</source>
+        <translation>ディスクにすべてのファイルを保存できませんでした: %1</translation>
+    </message>
+    <message>
+        <source>Downloads are not stored behind links: %1</source>
+        <translation>リンクの先にはダウンロードを保存しません: %1</translation>
+    </message>
+    <message>
+        <source>The new folder already holds other downloads; choose an empty folder: %1</source>
+        <translation>新しいフォルダーには既に別のダウンロードがあります。空のフォルダーを選択してください: %1</translation>
+    </message>
+    <message>
+        <source>The copy is damaged: %1</source>
+        <translation>コピーが破損しています: %1</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read</source>
+        <translation>%1 を読み取れません</translation>
     </message>
 </context>
 <context>
@@ -243,10 +263,6 @@ to %2</source>
 
 移動元 %1
 移動先 %2</translation>
-    </message>
-    <message>
-        <source>They cannot be moved now, while downloads or a check run.</source>
-        <translation>ダウンロードまたは確認の実行中は移動できません。</translation>
     </message>
     <message>
         <source>Download folder</source>
@@ -267,6 +283,14 @@ to %2</source>
     <message>
         <source>Cancel</source>
         <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>They cannot be moved now, while downloads run, or a check runs or is about to.</source>
+        <translation>ダウンロード中や確認中、または確認の開始前のため、今は移動できません。</translation>
+    </message>
+    <message>
+        <source>Cancelling…</source>
+        <translation>キャンセルしています…</translation>
     </message>
 </context>
 <context>
@@ -993,6 +1017,14 @@ Point at a cell and press its heart, or press F</source>
         <translation>
             <numerusform>ファイルは新しいフォルダーに移動しました。古いフォルダーの %n 個のファイルは削除できませんでした</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>The downloads stay in this folder</source>
+        <translation>ダウンロードはこのフォルダーに残ります</translation>
+    </message>
+    <message>
+        <source>The settings cannot be saved: %1</source>
+        <translation>設定を保存できません: %1</translation>
     </message>
 </context>
 <context>

@@ -228,8 +228,28 @@
         <translation>无法写入 %1：%2</translation>
     </message>
     <message>
-        <source>The folder already holds another file of this name: %1</source>
-        <translation>该文件夹中已有另一个同名文件：%1</translation>
+        <source>Another program is working with the downloads</source>
+        <translation>另一个程序正在使用下载内容</translation>
+    </message>
+    <message>
+        <source>The disk has not taken all files: %1</source>
+        <translation>磁盘未能保存全部文件：%1</translation>
+    </message>
+    <message>
+        <source>Downloads are not stored behind links: %1</source>
+        <translation>下载内容不会保存到链接所指的位置：%1</translation>
+    </message>
+    <message>
+        <source>The new folder already holds other downloads; choose an empty folder: %1</source>
+        <translation>新文件夹中已有其他下载内容，请选择空文件夹：%1</translation>
+    </message>
+    <message>
+        <source>The copy is damaged: %1</source>
+        <translation>副本已损坏：%1</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read</source>
+        <translation>无法读取 %1</translation>
     </message>
 </context>
 <context>
@@ -243,10 +263,6 @@ to %2</source>
 
 从 %1
 到 %2</translation>
-    </message>
-    <message>
-        <source>They cannot be moved now, while downloads or a check run.</source>
-        <translation>正在下载或检查，现在无法移动。</translation>
     </message>
     <message>
         <source>Download folder</source>
@@ -267,6 +283,14 @@ to %2</source>
     <message>
         <source>Cancel</source>
         <translation>取消</translation>
+    </message>
+    <message>
+        <source>They cannot be moved now, while downloads run, or a check runs or is about to.</source>
+        <translation>正在下载或检查，或即将检查，现在无法移动。</translation>
+    </message>
+    <message>
+        <source>Cancelling…</source>
+        <translation>正在取消…</translation>
     </message>
 </context>
 <context>
@@ -993,6 +1017,14 @@ Point at a cell and press its heart, or press F</source>
         <translation>
             <numerusform>文件现在位于新文件夹中；旧文件夹中有 %n 个文件无法删除</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>The downloads stay in this folder</source>
+        <translation>下载内容保留在此文件夹中</translation>
+    </message>
+    <message>
+        <source>The settings cannot be saved: %1</source>
+        <translation>无法保存设置：%1</translation>
     </message>
 </context>
 <context>

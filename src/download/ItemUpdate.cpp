@@ -34,11 +34,6 @@ namespace {
 
 constexpr char category[] = "ItemUpdate";
 
-QString lockPath()
-{
-    return RootPlaces::catalogueFolder() + QStringLiteral("/updates.lock");
-}
-
 /// Moves a file over another one, atomically on one file system.
 bool replace(const QString& from, const QString& to)
 {
@@ -229,7 +224,7 @@ ItemUpdate::~ItemUpdate() = default;
 SUpdateOutcome ItemUpdate::updateItems(const QVector<SCfg_Item*>& items)
 {
     AppOptions::instance()->ensureDirExists(RootPlaces::arrivals());
-    FileLock lock(lockPath());
+    FileLock lock(RootPlaces::updatesLock());
     if (lock.lock(m_cancel) == FileLock::Result::Cancelled) {
         SUpdateOutcome outcome;
         outcome.m_eEnd = eItemUpdate_Cancelled;
@@ -249,7 +244,7 @@ SUpdateOutcome ItemUpdate::updateItems(const QVector<SCfg_Item*>& items)
 
 void ItemUpdate::removeLeftovers()
 {
-    FileLock lock(lockPath());
+    FileLock lock(RootPlaces::updatesLock());
     if (!QFileInfo::exists(RootPlaces::arrivals())
         || lock.lock(std::chrono::milliseconds(0)) != FileLock::Result::Locked)
         return;

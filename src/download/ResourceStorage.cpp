@@ -345,6 +345,11 @@ QStringList ResourceStorage::remains() const
     return remains;
 }
 
+QString ResourceStorage::lockFile()
+{
+    return RootPlaces::updatesLock();
+}
+
 qint64 ResourceStorage::clean() const
 {
     qint64 bytes = 0;

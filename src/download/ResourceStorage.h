@@ -80,6 +80,10 @@ public:
     QStringList leftovers() const;
     /// Returns the files that removals and interrupted updates have left, with their paths.
     QStringList remains() const;
+    /// Returns the file that updates of all processes lock while they work on the download root. A
+    /// host that moves or deletes files of the root itself locks it, too, see FileLock.
+    static QString lockFile();
+
     /// Deletes the leftovers, what removals and interrupted updates have left, and the empty
     /// folders of all of them. Returns the number of bytes that were freed.
     qint64 clean() const;

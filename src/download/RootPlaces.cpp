@@ -29,3 +29,8 @@ QString RootPlaces::removed()
 {
     return catalogueFolder() + QStringLiteral("/removed/");
 }
+
+QString RootPlaces::updatesLock()
+{
+    return catalogueFolder() + QStringLiteral("/updates.lock");
+}

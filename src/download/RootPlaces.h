@@ -20,4 +20,6 @@ public:
     static QString arrivals();
     /// Returns the folder of removed files, with its trailing slash.
     static QString removed();
+    /// Returns the file that updates lock while they work, see FileLock.
+    static QString updatesLock();
 };

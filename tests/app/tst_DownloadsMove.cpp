@@ -3,6 +3,7 @@
 
 #include "DownloadsMove.h"
 
+#include "host/FileLock.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
 
@@ -14,6 +15,7 @@
 #include <QStorageInfo>
 #include <QTemporaryDir>
 
+#include <chrono>
 #include <memory>
 
 /// Tests moving the downloads to another folder, on one file system and from one to another.
@@ -35,6 +37,15 @@ private slots:
     void foldersWithinEachOtherAreRefused_data();
     void foldersWithinEachOtherAreRefused();
     void whatIsNotDownloadedStays();
+    void linksInTheNewFolderAreRefused_data();
+    void linksInTheNewFolderAreRefused();
+    void refusalCreatesNoFolder();
+    void emptyFoldersThatWereThereStay();
+    void unreadableFileIsNamed();
+    void anotherProgramsUpdateIsRespected();
+    void changedOriginalsStay_data() { everyFileArrives_data(); }
+    void changedOriginalsStay();
+    void oneFolderIsKnownByTwoNames();
 
 private:
     using Files = QMap<QString, QByteArray>;
@@ -130,7 +141,8 @@ void tst_DownloadsMove::originalsStayUntilTheyAreRemoved()
     const QString to = m_here->path() + QStringLiteral("/new");
     DownloadsMove move(from(), to);
     QCOMPARE(move.bring(CancelToken(), noProgress), End::Complete);
-    QCOMPARE(filesOf(from()), m_files);
+    for (auto it = m_files.cbegin(); it != m_files.cend(); ++it)
+        QCOMPARE(CatalogueFiles::read(from() + QLatin1Char('/') + it.key()), it.value());
     move.takeBack();
     QCOMPARE(filesOf(from()), m_files);
     QCOMPARE(filesOf(to), Files());
@@ -156,6 +168,8 @@ void tst_DownloadsMove::otherFilesAreNotReplaced()
     DownloadsMove move(from(), to);
     QCOMPARE(move.bring(CancelToken(), noProgress), End::Failed);
     QVERIFY2(move.errorText().contains(theirs), qPrintable(move.errorText()));
+    QVERIFY2(move.errorText().contains(QStringLiteral("choose an empty folder")),
+             qPrintable(move.errorText()));
     QCOMPARE(filesOf(from()), m_files);
     QCOMPARE(filesOf(to), (Files{{theirs, "theirs"}}));
 }
@@ -215,6 +229,118 @@ void tst_DownloadsMove::whatIsNotDownloadedStays()
     QVERIFY(QFile::exists(own));
     QCOMPARE(CatalogueFiles::read(outside), QByteArray("installed"));
     QVERIFY(QFileInfo(from() + QStringLiteral("/Themes/linked")).isSymLink());
+}
+
+void tst_DownloadsMove::linksInTheNewFolderAreRefused_data()
+{
+    QTest::addColumn<QString>("link");   // below the new folder
+    QTest::addColumn<QString>("target"); // below the temporary one
+    QTest::newRow("a folder, to the original")
+        << QStringLiteral("Themes/config") << QStringLiteral("old/Themes/config");
+    QTest::newRow("a file, to the original") << QStringLiteral("Themes/config/Themes/a.xml")
+                                             << QStringLiteral("old/Themes/config/Themes/a.xml");
+    QTest::newRow("a folder, elsewhere")
+        << QStringLiteral("Themes/display") << QStringLiteral("elsewhere");
+    QTest::newRow("all, elsewhere") << QStringLiteral("Themes") << QStringLiteral("elsewhere");
+    QTest::newRow("to nothing") << QStringLiteral("Themes/display/empty.png")
+                                << QStringLiteral("elsewhere/none");
+}
+
+/// Downloads are read and stored inside their root only, and a linked original is the only one.
+void tst_DownloadsMove::linksInTheNewFolderAreRefused()
+{
+    QFETCH(QString, link);
+    QFETCH(QString, target);
+    const QString to = m_here->path() + QStringLiteral("/new");
+    const QString elsewhere = m_here->path() + QStringLiteral("/elsewhere");
+    const QString path = to + QLatin1Char('/') + link;
+    QVERIFY(QDir().mkpath(elsewhere) && QDir().mkpath(QFileInfo(path).path()));
+    QVERIFY(QFile::link(m_here->path() + QLatin1Char('/') + target, path));
+    DownloadsMove move(from(), to);
+    QCOMPARE(move.bring(CancelToken(), noProgress), End::Failed);
+    QVERIFY2(move.errorText().contains(QStringLiteral("links")), qPrintable(move.errorText()));
+    QVERIFY2(move.errorText().contains(path), qPrintable(move.errorText()));
+    QCOMPARE(filesOf(from()), m_files);
+    QCOMPARE(filesOf(elsewhere), Files());
+}
+
+void tst_DownloadsMove::refusalCreatesNoFolder()
+{
+    const QString to = from() + QStringLiteral("/Themes/config/new/inner");
+    DownloadsMove move(from(), to);
+    QCOMPARE(move.bring(CancelToken(), noProgress), End::Failed);
+    QVERIFY(!QFile::exists(QFileInfo(to).path()));
+}
+
+void tst_DownloadsMove::emptyFoldersThatWereThereStay()
+{
+    const QString to = m_here->path() + QStringLiteral("/new");
+    const QString theirs = to + QStringLiteral("/Themes/config/theirs");
+    QVERIFY(QDir().mkpath(theirs));
+    DownloadsMove move(from(), to);
+    QCOMPARE(move.bring(CancelToken(), noProgress), End::Complete);
+    QVERIFY(QFile::exists(to + QStringLiteral("/Themes/display")));
+    move.takeBack();
+    QVERIFY(QFile::exists(theirs));
+    QVERIFY(!QFile::exists(to + QStringLiteral("/Themes/display")));
+}
+
+void tst_DownloadsMove::unreadableFileIsNamed()
+{
+    const QString to = m_here->path() + QStringLiteral("/new");
+    // Not even the superuser can read it.
+    const QString folder = to + QLatin1Char('/') + m_files.firstKey();
+    QVERIFY(QDir().mkpath(folder));
+    DownloadsMove move(from(), to);
+    QCOMPARE(move.bring(CancelToken(), noProgress), End::Failed);
+    QCOMPARE(move.errorText(), folder + QStringLiteral(" cannot be read"));
+    QCOMPARE(filesOf(from()), m_files);
+}
+
+void tst_DownloadsMove::anotherProgramsUpdateIsRespected()
+{
+    const QString to = m_here->path() + QStringLiteral("/new");
+    const QString lockFile = from() + QStringLiteral("/Themes/ResourceConfig/updates.lock");
+    {
+        FileLock other(lockFile);
+        QCOMPARE(other.lock(std::chrono::seconds(0)), FileLock::Result::Locked);
+        DownloadsMove move(from(), to);
+        QCOMPARE(move.bring(CancelToken(), noProgress), End::Failed);
+        QVERIFY2(move.errorText().contains(QStringLiteral("Another program")),
+                 qPrintable(move.errorText()));
+    }
+    DownloadsMove move(from(), to);
+    QCOMPARE(move.bring(CancelToken(), noProgress), End::Complete);
+    FileLock other(lockFile);
+    QCOMPARE(other.lock(std::chrono::seconds(0)), FileLock::Result::Busy);
+    QCOMPARE(move.removeOriginals(), 0);
+    QCOMPARE(filesOf(to), m_files);
+    QVERIFY(!QFile::exists(from() + QStringLiteral("/Themes")));
+}
+
+void tst_DownloadsMove::changedOriginalsStay()
+{
+    MV_FETCH_TARGET(to);
+    const QString changed = m_files.firstKey();
+    const QString added = QStringLiteral("Themes/config/Themes/new.xml");
+    DownloadsMove move(from(), to);
+    QCOMPARE(move.bring(CancelToken(), noProgress), End::Complete);
+    QVERIFY(QFile::remove(from() + QLatin1Char('/') + changed));
+    for (const QString& name : {changed, added})
+        CatalogueFiles::write(from() + QLatin1Char('/') + name, "newer");
+    QCOMPARE(move.removeOriginals(), 1);
+    QCOMPARE(filesOf(from()), (Files{{changed, "newer"}, {added, "newer"}}));
+    QCOMPARE(filesOf(to), m_files);
+}
+
+void tst_DownloadsMove::oneFolderIsKnownByTwoNames()
+{
+    const QString link = m_here->path() + QStringLiteral("/link");
+    QVERIFY(QFile::link(from(), link));
+    QVERIFY(DownloadsMove::isSame(from(), link + QLatin1Char('/')));
+    QVERIFY(
+        DownloadsMove::isSame(from() + QStringLiteral("/none"), link + QStringLiteral("/none")));
+    QVERIFY(!DownloadsMove::isSame(from(), m_here->path()));
 }
 
 MV_TEST_MAIN(tst_DownloadsMove)

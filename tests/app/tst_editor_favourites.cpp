@@ -19,6 +19,8 @@ private slots:
     void surviveAKill();
     void aRemovedFavouriteLeavesTheirList();
     void changesAreUndone();
+    void undoRestoresTheMark();
+    void removalsAndFavouritesAreUndoneInTurn();
     void areThoseOfMvresInOneDataFolder();
     void travelInAFile();
     void unknownFavouritesAreExportedToo();
@@ -137,6 +139,55 @@ void tst_editor_favourites::changesAreUndone()
         wait favourite Beta
         press Ctrl+Z
         wait plain Beta
+        wait favourite Alpha
+        press Ctrl+Z
+        wait plain Alpha
+    )"),
+                                        false));
+}
+
+/// Even if the item has become a favorite again by other means.
+void tst_editor_favourites::undoRestoresTheMark()
+{
+    EditorWorld world;
+    world.fillRoot(themes);
+    const QString file = world.folder() + QStringLiteral("/alpha.json");
+    CatalogueFiles::write(file,
+                          R"({"format": 1, "favourites": [{"kind": "theme", "guid": ")"
+                              + EditorWorld::themeGuid(themes.first()).toUtf8() + R"("}]})");
+    VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral("click cell Alpha\n"
+                                                       "wait applied Alpha\n"
+                                                       "press F\n"
+                                                       "wait favourite Alpha\n"
+                                                       "press F\n"
+                                                       "wait plain Alpha\n")
+                                            + chosen("import", file)
+                                            + QStringLiteral("wait favourite Alpha\n"
+                                                             "press Ctrl+Z\n"
+                                                             "wait gone favouriteBarText\n"
+                                                             "wait favourite Alpha\n"
+                                                             "press Ctrl+Z\n"
+                                                             "wait plain Alpha\n"),
+                                        false));
+}
+
+void tst_editor_favourites::removalsAndFavouritesAreUndoneInTurn()
+{
+    EditorWorld world;
+    world.fillRoot(themes);
+    VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
+        wait quiet
+        click cell Alpha
+        wait applied Alpha
+        press F
+        wait favourite Alpha
+        click widget removeItem
+        click widget confirmRemoval
+        wait lacking Alpha
+        wait text undoBarText Alpha
+        press Ctrl+Z
+        wait ready Alpha
+        wait gone undoBarText
         wait favourite Alpha
         press Ctrl+Z
         wait plain Alpha

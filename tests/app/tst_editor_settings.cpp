@@ -26,11 +26,8 @@ private slots:
     void commandLineTakesPrecedence();
     void missingDownloadFolderIsSaidBeforeADownload();
     void unwritableDownloadFolderIsSaidBeforeADownload();
-    void downloadsFollowToANewFolder();
-    void downloadsStayWhileOneRuns();
 
 private:
-    static QString changeFolder(const EditorWorld& world);
     static QJsonObject stored(const EditorWorld& world);
 };
 
@@ -206,72 +203,6 @@ void tst_editor_settings::unwritableDownloadFolderIsSaidBeforeADownload()
     CatalogueFiles::write(world.preferencesFile(), R"({"downloadFolder": "/proc/self/fd"})");
     VERIFY_ENDED_WELL(Editor(world).run(
         QStringLiteral("wait text folderBarText \"the download folder is not writable\"\n")));
-}
-
-/// Returns the steps that choose another download folder, "new", after the one of the world.
-QString tst_editor_settings::changeFolder(const EditorWorld& world)
-{
-    const QString folder = world.folder() + QStringLiteral("/new");
-    if (!QDir().mkpath(folder))
-        return {};
-    CatalogueFiles::write(world.preferencesFile(),
-                          "{\"downloadFolder\": \"" + world.root().toUtf8() + "\"}");
-    return openSettings
-        + QStringLiteral("click widget settingsFolderChoose\n"
-                         "wait focus fileNameEdit\n"
-                         "press Ctrl+A\n"
-                         "type \"%1\"\n"
-                         "press Enter\n"
-                         "wait text settingsFolder \"%1\"\n"
-                         "click widget settingsOk\n"
-                         "wait text qt_msgbox_label \"Move the downloads to the new folder?\"\n")
-              .arg(folder);
-}
-
-void tst_editor_settings::downloadsFollowToANewFolder()
-{
-    EditorWorld world;
-    world.fillRoot(themes);
-    world.publish(themes);
-    world.leaveOut(QStringLiteral("--root"));
-    const QString change = changeFolder(world);
-    VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral("wait quiet\n") + change
-                                        + QStringLiteral("screenshot move\n"
-                                                         "click widget moveDownloads\n"
-                                                         "wait message \"in the new folder now\"\n"
-                                                         "wait reloads 1\n"
-                                                         "click cell Alpha\n"
-                                                         "wait applied Alpha\n")));
-    QVERIFY(!QFile::exists(world.root() + QStringLiteral("/Themes")));
-    const QString folder = world.folder() + QStringLiteral("/new");
-    QCOMPARE(stored(world).value(QStringLiteral("downloadFolder")).toString(), folder);
-    VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral("wait status \"Up to date\"\n"
-                                                       "click cell Beta\n"
-                                                       "wait applied Beta\n")));
-    QVERIFY(!QFile::exists(world.root() + QStringLiteral("/Themes")));
-}
-
-void tst_editor_settings::downloadsStayWhileOneRuns()
-{
-    EditorWorld world;
-    world.install(themes);
-    world.publish(themes);
-    world.leaveOut(QStringLiteral("--root"));
-    world.setFault([](HttpExchange& exchange, int) {
-        const bool isHeld = exchange.request().target.contains("alpha/theme.zip");
-        if (isHeld)
-            exchange.stall();
-        return isHeld;
-    });
-    const QString change = changeFolder(world);
-    VERIFY_ENDED_WELL(Editor(world).run(
-        QStringLiteral("wait quiet\nclick cell Alpha\nwait downloading Alpha\n") + change
-        + QStringLiteral("wait text qt_msgbox_label \"while downloads or a check run\"\n"
-                         "wait disabled moveDownloads\n"
-                         "click widget leaveDownloads\n"
-                         "wait message \"from the next start on\"\n"
-                         "wait downloading Alpha\n")));
-    QVERIFY(QFile::exists(world.root() + QStringLiteral("/Themes")));
 }
 
 MV_TEST_MAIN(tst_editor_settings)
