@@ -292,7 +292,6 @@ void tst_MVThemeDownLoader_shared::configOfOneTheme()
     QCOMPARE(trace.count(end()), 2);
 }
 
-/// A config is required: a download that has waited for it in vain tries again itself.
 /// The second download, which waits for the config, then gets as far as the first one.
 void tst_MVThemeDownLoader_shared::configIsGivenBackBeforeTheOtherFiles()
 {
@@ -323,6 +322,7 @@ void tst_MVThemeDownLoader_shared::configIsGivenBackBeforeTheOtherFiles()
     QVERIFY(trace.contains(waiting(0, file)));
 }
 
+/// A config is required: a download that has waited for it in vain tries again itself.
 void tst_MVThemeDownLoader_shared::configFailsForTheFirst()
 {
     DownloadWorld world;

@@ -12,25 +12,20 @@
 
 #include <cerrno>
 
-/// Tests the operations on files as their callers rely on them.
+/// Tests open files, the comparison of names, and flushes.
 class tst_SystemFile_handles : public QObject
 {
     Q_OBJECT
 
 private slots:
     void init();
-    void createsOnlyNewFiles();
     void opensOrCreatesNoLink();
     void opensRegularFilesOnly();
     void appendsAtTheEnd();
     void readsAndWritesAtAPosition();
-    void locksBelongToTheHandle();
+    void lockOutlivesTheQuestionForLateFailures();
     void knowsTheNamesOfAnOpenFile();
     void comparesNames();
-    void renamesOverAFile();
-    void renamesToANewNameOnly();
-    void exchangesFolders();
-    void linksToANewNameOnly();
     void flushesWhatIsThere();
     void tellsWhatIsInTheWay();
 
@@ -87,15 +82,6 @@ void tst_SystemFile_handles::init()
     write("old", "old");
 }
 
-void tst_SystemFile_handles::createsOnlyNewFiles()
-{
-    QVERIFY(Handle(SystemFile::create(path("new"))).isOpen());
-    QCOMPARE(content("new"), QByteArray());
-    QVERIFY(!Handle(SystemFile::create(path("old"))).isOpen());
-    QCOMPARE(errno, EEXIST);
-    QCOMPARE(content("old"), QByteArray("old"));
-}
-
 void tst_SystemFile_handles::opensOrCreatesNoLink()
 {
     QVERIFY(Handle(SystemFile::openOrCreate(path("new"))).isOpen());
@@ -146,17 +132,13 @@ void tst_SystemFile_handles::readsAndWritesAtAPosition()
     QCOMPARE(SystemFile::readAt(-1, read, 1, 0), qint64(-1));
 }
 
-void tst_SystemFile_handles::locksBelongToTheHandle()
+void tst_SystemFile_handles::lockOutlivesTheQuestionForLateFailures()
 {
+    const Handle first(SystemFile::openOrCreate(path("old")));
     const Handle second(SystemFile::openOrCreate(path("old")));
-    {
-        const Handle first(SystemFile::openOrCreate(path("old")));
-        QCOMPARE(SystemFile::lock(first.number()), SystemFile::Lock::Taken);
-        QCOMPARE(SystemFile::lock(second.number()), SystemFile::Lock::Held);
-        QVERIFY(SystemFile::hasTakenAllBytes(first.number()));
-        QCOMPARE(SystemFile::lock(second.number()), SystemFile::Lock::Held);
-    }
-    QCOMPARE(SystemFile::lock(second.number()), SystemFile::Lock::Taken);
+    QCOMPARE(SystemFile::lock(first.number()), SystemFile::Lock::Taken);
+    QVERIFY(SystemFile::hasTakenAllBytes(first.number()));
+    QCOMPARE(SystemFile::lock(second.number()), SystemFile::Lock::Held);
     QCOMPARE(SystemFile::lock(-1), SystemFile::Lock::Impossible);
 }
 
@@ -187,46 +169,6 @@ void tst_SystemFile_handles::comparesNames()
     QVERIFY(SystemFile::isFolder(path(".")));
     QVERIFY(!SystemFile::isFolder(path("old")));
     QVERIFY(!SystemFile::isFolder(path("missing")));
-}
-
-void tst_SystemFile_handles::renamesOverAFile()
-{
-    write("new", "new");
-    QVERIFY(SystemFile::rename(path("new"), path("old")));
-    QCOMPARE(content("old"), QByteArray("new"));
-    QVERIFY(!exists("new"));
-    QVERIFY(!SystemFile::rename(path("new"), path("old")));
-}
-
-void tst_SystemFile_handles::renamesToANewNameOnly()
-{
-    write("new", "new");
-    QVERIFY(!SystemFile::renameToNew(path("new"), path("old")));
-    QCOMPARE(errno, EEXIST);
-    QCOMPARE(content("old"), QByteArray("old"));
-    QVERIFY(SystemFile::renameToNew(path("new"), path("newer")));
-    QCOMPARE(content("newer"), QByteArray("new"));
-    QVERIFY(!exists("new"));
-}
-
-void tst_SystemFile_handles::exchangesFolders()
-{
-    write("first/1", "one");
-    write("second/2", "two");
-    QVERIFY(SystemFile::exchange(path("first"), path("second")));
-    QCOMPARE(content("first/2"), QByteArray("two"));
-    QCOMPARE(content("second/1"), QByteArray("one"));
-    QVERIFY(!SystemFile::exchange(path("first"), path("third")));
-}
-
-void tst_SystemFile_handles::linksToANewNameOnly()
-{
-    QVERIFY(SystemFile::link(path("old"), path("second")));
-    QVERIFY(SystemFile::isSame(path("old"), path("second")));
-    write("other", "other");
-    QVERIFY(!SystemFile::link(path("old"), path("other")));
-    QCOMPARE(errno, EEXIST);
-    QCOMPARE(content("other"), QByteArray("other"));
 }
 
 void tst_SystemFile_handles::flushesWhatIsThere()

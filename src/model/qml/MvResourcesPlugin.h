@@ -6,8 +6,8 @@
 #include <QQmlEngineExtensionPlugin>
 
 /// The QML module Mv.Resources 1.0: ResourceCatalogue, ResourceModel and ResourceFilterModel, as in
-/// C++. The program sets HostSettings before it loads a document that imports the module. What the
-/// build makes from ResourceTypes.h registers the types when the plugin is loaded.
+/// C++. The program sets HostSettings before it loads a document that imports the module. Loading
+/// the plugin registers the types, with code that the build generates from ResourceTypes.h.
 class MvResourcesPlugin : public QQmlEngineExtensionPlugin
 {
     Q_OBJECT
