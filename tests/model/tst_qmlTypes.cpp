@@ -147,7 +147,7 @@ void tst_qmlTypes::linterKnowsTheTypes()
     QProcess linter;
     linter.setProcessChannelMode(QProcess::MergedChannels);
     // A delegate's "model" is in no document.
-    linter.start(QStringLiteral(MV_QMLLINT),
+    linter.start(text(MV_QMLLINT),
                  {text("--unqualified"), text("disable"), text("-I"), QStringLiteral(MV_QML_FOLDER),
                   document});
     QVERIFY(linter.waitForFinished(longestWaitMs));
