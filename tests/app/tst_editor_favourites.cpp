@@ -146,7 +146,8 @@ void tst_editor_favourites::changesAreUndone()
                                         false));
 }
 
-/// Even if the item has become a favorite again by other means.
+/// Even if the item has become a favorite again by other means. Without a window manager, a click
+/// gives the keyboard back to the window after a dialog.
 void tst_editor_favourites::undoRestoresTheMark()
 {
     EditorWorld world;
@@ -163,6 +164,8 @@ void tst_editor_favourites::undoRestoresTheMark()
                                                        "wait plain Alpha\n")
                                             + chosen("import", file)
                                             + QStringLiteral("wait favourite Alpha\n"
+                                                             "click cell Beta\n"
+                                                             "wait applied Beta\n"
                                                              "press Ctrl+Z\n"
                                                              "wait gone favouriteBarText\n"
                                                              "wait favourite Alpha\n"
@@ -185,6 +188,8 @@ void tst_editor_favourites::removalsAndFavouritesAreUndoneInTurn()
         click widget confirmRemoval
         wait lacking Alpha
         wait text undoBarText Alpha
+        click cell Beta
+        wait applied Beta
         press Ctrl+Z
         wait ready Alpha
         wait gone undoBarText
