@@ -7,8 +7,15 @@
 #include "CommandLine.h"
 #include "EditorProgram.h"
 
+#ifdef Q_OS_WIN
+#include "ParentConsole.h"
+#endif
+
 int main(int argc, char** argv)
 {
+#ifdef Q_OS_WIN
+    ParentConsole::attach();
+#endif
     CommandLine commandLine;
     return EditorProgram(commandLine).run(argc, argv);
 }

@@ -56,8 +56,8 @@ void SilentTerminal::print(const QByteArray& text) const
     ::WriteConsoleA(d->out, text.constData(), static_cast<DWORD>(text.size()), &written, nullptr);
 }
 
-bool SilentTerminal::readByte(char& byte) const
+bool SilentTerminal::readByte(char& letter) const // "byte" is a type in the headers of Windows
 {
     DWORD count = 0;
-    return ::ReadFile(d->in, &byte, 1, &count, nullptr) != 0 && count == 1;
+    return ::ReadFile(d->in, &letter, 1, &count, nullptr) != 0 && count == 1;
 }
