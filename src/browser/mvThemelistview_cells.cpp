@@ -13,8 +13,9 @@
 #include "browser/ShownItems.h"
 #include "records/SCfg_Item.h"
 
+#include <QApplication>
 #include <QCoreApplication>
-#include <QElapsedTimer>
+#include <QEvent>
 #include <QHideEvent>
 #include <QLayout>
 #include <QStandardItemModel>
@@ -22,11 +23,11 @@
 namespace {
 
 constexpr int maxShownOneByOne = 8; // cells
-constexpr int maxLosses = 4;        // cells in succession
 
 /// Performs at once what the parts of a new cell have asked Qt to do later, and removes the
-/// requests. Qt compares each one with all pending ones, so those of a thousand cells would take
-/// longer than the cells themselves.
+/// requests. Qt compares each one with all pending events, so those of a thousand cells would take
+/// longer than the cells themselves. Removing those of one part compares just as many, even events
+/// that are removed already while Qt delivers others, so requests are removed for all widgets.
 void settleRequests(QWidget* cell)
 {
     const QList<QWidget*> parts = QList<QWidget*>{cell} + cell->findChildren<QWidget*>();
@@ -35,10 +36,21 @@ void settleRequests(QWidget* cell)
         if (part->layout() && part->isVisible())
             part->layout()->activate();
     }
-    for (QWidget* const part : parts) {
-        for (const auto request :
-             {QEvent::PolishRequest, QEvent::LayoutRequest, QEvent::UpdateLater})
-            QCoreApplication::removePostedEvents(part, request);
+    // Others are polished when they are shown, and renewLayoutRequests() follows.
+    QCoreApplication::removePostedEvents(nullptr, QEvent::PolishRequest);
+    QCoreApplication::removePostedEvents(nullptr, QEvent::LayoutRequest);
+    for (QWidget* const part : parts)
+        QCoreApplication::removePostedEvents(part, QEvent::UpdateLater);
+}
+
+/// Asks all widgets outside `cells` to lay out their children, which takes those no time that have
+/// nothing to do. A layout whose request is lost would not ask again.
+void renewLayoutRequests(const QWidget* cells)
+{
+    const QWidgetList widgets = QApplication::allWidgets();
+    for (QWidget* const widget : widgets) {
+        if (!cells->isAncestorOf(widget))
+            QCoreApplication::postEvent(widget, new QEvent(QEvent::LayoutRequest));
     }
 }
 
@@ -100,23 +112,15 @@ void mvThemelistview::openAllCells()
         if (!isPersistentEditorOpen(index))
             missing.append(index);
     }
-    int losses = missing.size() > maxShownOneByOne ? 0 : maxLosses;
+    const bool areMany = missing.size() > maxShownOneByOne;
     for (const QModelIndex& index : std::as_const(missing)) {
-        QElapsedTimer clock;
-        clock.start();
         openPersistentEditor(index);
         QWidget* const cell = indexWidget(index);
-        if (losses == maxLosses || !cell)
-            continue;
-        // Settling saves three quarters of the time of 2,000 cells. But while Qt delivers a posted
-        // event, such as to a queued slot that calls this, removed requests stay in its queue, and
-        // searching for them makes the same cells take four times as long. No public function tells
-        // whether Qt is doing that, but settling then takes longer than creating the cell.
-        const qint64 opened = clock.nsecsElapsed();
-        clock.start();
-        settleRequests(cell);
-        losses = clock.nsecsElapsed() < opened ? 0 : losses + 1;
+        if (cell && areMany)
+            settleRequests(cell);
     }
+    if (areMany)
+        renewLayoutRequests(viewport());
 }
 
 void mvThemelistview::updatePool()

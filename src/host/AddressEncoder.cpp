@@ -33,11 +33,14 @@ int pathStart(const QString& address)
 
 QByteArray AddressEncoder::encoded(const QString& address)
 {
+    if (!m_server.isEmpty() && address.startsWith(m_server)) {
+        const QStringView rest = QStringView(address).mid(m_server.size());
+        if (rest.startsWith(QLatin1Char('/')) && isPlain(rest))
+            return m_encodedServer + rest.toLatin1();
+    }
     const int start = pathStart(address);
     const QStringView path = start < 0 ? QStringView() : QStringView(address).mid(start);
     const bool canReuse = start > 0 && isPlain(path);
-    if (canReuse && QStringView(address).left(start) == m_server)
-        return m_encodedServer + path.toLatin1();
 
     const QUrl url(address, QUrl::TolerantMode);
     if (!url.isValid() || !isHttp(url))

@@ -113,21 +113,20 @@ void HttpTransfer::prepare(void* owner)
     curl_easy_setopt(easy, CURLOPT_HTTP_VERSION,
                      long{isMultiplexed ? CURL_HTTP_VERSION_2TLS : CURL_HTTP_VERSION_1_1});
     curl_easy_setopt(easy, CURLOPT_PRIVATE, owner);
-    curl_easy_setopt(easy, CURLOPT_FOLLOWLOCATION, 0L);
     curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
     curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L); // a cancel does not wait for name look-up
-    curl_easy_setopt(easy, CURLOPT_NOPROGRESS, 1L);
     curl_easy_setopt(easy, CURLOPT_BUFFERSIZE, receiveBuffer);
     curl_easy_setopt(easy, CURLOPT_USERAGENT, "mvresource");
     curl_easy_setopt(easy, CURLOPT_ERRORBUFFER, m_curlError);
-    // A proxy's answer to the tunnel request is not an answer about the file.
-    curl_easy_setopt(easy, CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
     curl_easy_setopt(easy, CURLOPT_HEADERFUNCTION, &HttpTransfer::onHeader);
     curl_easy_setopt(easy, CURLOPT_HEADERDATA, this);
     curl_easy_setopt(easy, CURLOPT_WRITEFUNCTION, &HttpTransfer::onBody);
     curl_easy_setopt(easy, CURLOPT_WRITEDATA, this);
     if (!proxy.isEmpty())
         curl_easy_setopt(easy, CURLOPT_PROXY, proxy.constData());
+    // A proxy's answer to the tunnel request is not an answer about the file. The environment may
+    // name a proxy, too.
+    curl_easy_setopt(easy, CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
     if (!caFile.isEmpty()) {
         curl_easy_setopt(easy, CURLOPT_CAINFO, caFile.constData());
         curl_easy_setopt(easy, CURLOPT_CAPATH, nullptr); // has the system's authorities
@@ -142,7 +141,8 @@ void HttpTransfer::configure(const Request& request, void* owner)
     curl_easy_setopt(easy, CURLOPT_URL, request.url.constData());
     // Otherwise requests that begin together would open a connection each.
     const bool mayShare = m_version == Version::Http2OverTls && request.url.startsWith("https:");
-    curl_easy_setopt(easy, CURLOPT_PIPEWAIT, mayShare ? 1L : 0L);
+    if (mayShare)
+        curl_easy_setopt(easy, CURLOPT_PIPEWAIT, 1L);
     curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT_MS, long{settings.connectTimeoutMs});
     curl_slist* fields = curl_slist_append(nullptr, "Accept-Encoding: identity");
     QByteArray range;
@@ -157,7 +157,8 @@ void HttpTransfer::configure(const Request& request, void* owner)
         fields = curl_slist_append(fields, "If-Modified-Since: " + request.known.m_lastModified);
     if (request.revalidate)
         fields = curl_slist_append(fields, "Cache-Control: no-cache");
-    curl_easy_setopt(easy, CURLOPT_RANGE, range.isEmpty() ? nullptr : range.constData());
+    if (!range.isEmpty())
+        curl_easy_setopt(easy, CURLOPT_RANGE, range.constData());
     curl_easy_setopt(easy, CURLOPT_HTTPHEADER, fields);
     m_fields.reset(fields);
 }
@@ -243,7 +244,7 @@ bool HttpTransfer::refuse(End end, const QString& reason)
 std::size_t HttpTransfer::takeHeader(const char* data, std::size_t length)
 {
     m_stall.add(length);
-    const QByteArray line(data, static_cast<int>(length));
+    const QByteArray line = QByteArray::fromRawData(data, static_cast<int>(length));
     m_head.addLine(line);
     const bool last = line == "\r\n" || line == "\n";
     if (last && m_head.status >= 200 && !m_refused && !headerEnded() && !m_discarding)

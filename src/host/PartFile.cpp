@@ -31,13 +31,13 @@ QByteArray partPath(const QByteArray& beside)
 {
     constexpr int digits = 16;
     constexpr int bitsOfDigit = 4;
+    char number[digits + 1] = {};
+    quint64 rest = QRandomGenerator::global()->generate64();
+    for (int i = 0; i < digits; ++i, rest >>= bitsOfDigit)
+        number[i] = "0123456789abcdef"[rest & 0xf];
     QByteArray path;
     path.reserve(beside.size() + partPrefix.size() + digits + partSuffix.size());
-    path.append(beside).append(partPrefix.data());
-    quint64 number = QRandomGenerator::global()->generate64();
-    for (int i = 0; i < digits; ++i, number >>= bitsOfDigit)
-        path.append("0123456789abcdef"[number & 0xf]);
-    return path.append(partSuffix.data());
+    return path.append(beside).append(partPrefix.data()).append(number).append(partSuffix.data());
 }
 
 bool isPartName(const QString& name)

@@ -3,6 +3,7 @@
 
 #include "host/ResponseHead.h"
 
+#include <QLatin1String>
 #include <QList>
 
 #include <algorithm>
@@ -11,20 +12,26 @@ namespace {
 
 constexpr qint64 strongDateSeconds = 60; // the clocks of servers differ
 
+QByteArray bytes(QLatin1String text)
+{
+    return {text.data(), static_cast<int>(text.size())};
+}
+
 /// Returns the three-digit status of a status line; 0 if there is none.
-int statusOf(const QByteArray& line)
+int statusOf(QLatin1String line)
 {
     constexpr int length = 3;
-    const QByteArray code = line.mid(line.indexOf(' ') + 1, length);
+    const QLatin1String code = line.mid(line.indexOf(QLatin1Char(' ')) + 1).left(length);
     const bool isNumber = code.size() == length
-        && std::all_of(code.cbegin(), code.cend(), [](char c) { return c >= '0' && c <= '9'; });
-    return isNumber ? code.toInt() : 0;
+        && std::all_of(code.begin(), code.end(), [](char c) { return c >= '0' && c <= '9'; });
+    return isNumber ? bytes(code).toInt() : 0;
 }
 
 /// Replaces control characters by blanks, since a field's value may be sent back (RFC 9110, 5.5).
-QByteArray plain(QByteArray value)
+QByteArray plain(QLatin1String field)
 {
     constexpr char deleteCharacter = 0x7f;
+    QByteArray value = bytes(field);
     const auto isControl = [](char c) {
         return static_cast<unsigned char>(c) < ' ' || c == deleteCharacter;
     };
@@ -34,45 +41,46 @@ QByteArray plain(QByteArray value)
 
 } // namespace
 
+/// Most lines are of no interest, so they are only viewed.
 void ResponseHead::addLine(const QByteArray& line)
 {
-    if (line.startsWith("HTTP/")) {
+    const QLatin1String view(line.constData(), static_cast<int>(line.size()));
+    if (view.startsWith(QLatin1String("HTTP/"))) {
         *this = ResponseHead();
-        status = statusOf(line);
+        status = statusOf(view);
         framed = !line.startsWith("HTTP/1") && !line.startsWith("HTTP/0");
         return;
     }
-    const int colon = line.indexOf(':');
+    const auto colon = view.indexOf(QLatin1Char(':'));
     if (colon > 0)
-        addField(QByteArray::fromRawData(line.constData(), colon), line.mid(colon + 1));
+        addField(view.left(colon), view.mid(colon + 1));
 }
 
-/// Most fields of an answer are none of these, so only the values of these are made plain.
-void ResponseHead::addField(const QByteArray& name, const QByteArray& value)
+void ResponseHead::addField(QLatin1String name, QLatin1String value)
 {
-    const auto isNamed = [&](const char* field) {
-        return name.compare(field, Qt::CaseInsensitive) == 0;
+    const auto isNamed = [name](QLatin1String field) {
+        return name.size() == field.size() && name.compare(field, Qt::CaseInsensitive) == 0;
     };
-    if (isNamed("content-length")) {
+    if (isNamed(QLatin1String("content-length"))) {
         addLength(plain(value));
-    } else if (isNamed("transfer-encoding")) {
+    } else if (isNamed(QLatin1String("transfer-encoding"))) {
         addCodings(plain(value));
-    } else if (isNamed("content-encoding")) {
+    } else if (isNamed(QLatin1String("content-encoding"))) {
         const QByteArray coding = plain(value).toLower();
         contentEncoding = coding == "identity" ? QByteArray() : coding;
-    } else if (isNamed("location")) {
+    } else if (isNamed(QLatin1String("location"))) {
         location = plain(value);
-    } else if (isNamed("etag")) {
+    } else if (isNamed(QLatin1String("etag"))) {
         etag = plain(value);
-    } else if (isNamed("last-modified")) {
+    } else if (isNamed(QLatin1String("last-modified"))) {
         lastModified = plain(value);
-    } else if (isNamed("date")) {
+    } else if (isNamed(QLatin1String("date"))) {
         date = plain(value);
-    } else if (isNamed("accept-ranges")) {
+    } else if (isNamed(QLatin1String("accept-ranges"))) {
         acceptRanges = plain(value).toLower();
-    } else if (isNamed("content-range")) {
+    } else if (isNamed(QLatin1String("content-range"))) {
         readContentRange(plain(value));
-    } else if (isNamed("retry-after")) {
+    } else if (isNamed(QLatin1String("retry-after"))) {
         bool ok = false;
         const int seconds = plain(value).toInt(&ok);
         retryAfterSeconds = ok && seconds >= 0 ? seconds : -1;
@@ -126,6 +134,8 @@ bool ResponseHead::isRedirect() const
 
 bool ResponseHead::hasStrongDate() const
 {
+    if (lastModified.isEmpty() || date.isEmpty())
+        return false;
     const QDateTime modified = time(lastModified);
     const QDateTime answered = time(date);
     return modified.isValid() && answered.isValid()

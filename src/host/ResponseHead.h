@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QDateTime>
+#include <QLatin1String>
 
 /// The header of one HTTP answer (RFC 9110, RFC 9112), as far as a file download needs it. Internal
 /// to the library; a value type.
@@ -47,7 +48,7 @@ public:
     QByteArray validator() const;
 
 private:
-    void addField(const QByteArray& name, const QByteArray& value);
+    void addField(QLatin1String name, QLatin1String value);
     void addLength(const QByteArray& value);
     void addCodings(const QByteArray& value);
     void readContentRange(const QByteArray& value);
