@@ -76,7 +76,8 @@ void tst_editor_items::updateIsOfferedAndFetched()
         wait applied Alpha
         wait text itemState "Update available, 22 bytes"
         screenshot update
-        click widget updateItem
+        rightclick cell Alpha
+        click action itemUpdate
         wait text itemState "Up to date"
         wait message "1 item fetched"
         wait uptodate Alpha
