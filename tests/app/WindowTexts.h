@@ -32,6 +32,10 @@ private slots:
     void haveRoom_data();
     void haveRoom();
     void controlsHaveNames();
+    void listsUseTheWholeWidth();
+    void toolTipsAreWrapped();
+    void longMessageEndsInAnEllipsis();
+    void welcomeIsInTheMiddle();
 
 private:
     void openWindow();
