@@ -13,6 +13,7 @@
 #include "catalogue/MVThemeMgr.h"
 #include "download/CatalogueUpdate.h"
 #include "FailureList.h"
+#include "FilterBar.h"
 #include "host/HostSettings.h"
 #include "MainWindow.h"
 #include "MessageBar.h"
@@ -29,6 +30,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
@@ -81,11 +83,10 @@ QStringList statusTexts()
 
 QString widest(const QStringList& texts, const QFontMetrics& metrics)
 {
-    return *std::max_element(texts.cbegin(), texts.cend(),
-                             [&metrics](const QString& left, const QString& right) {
-                                 return metrics.horizontalAdvance(left)
-                                     < metrics.horizontalAdvance(right);
-                             });
+    return *std::max_element(
+        texts.cbegin(), texts.cend(), [&metrics](const QString& left, const QString& right) {
+            return metrics.horizontalAdvance(left) < metrics.horizontalAdvance(right);
+        });
 }
 
 /// Returns the bold section titles that the tree cuts off because the facts beside them need the
@@ -217,6 +218,18 @@ void WindowTexts::listsUseTheWholeWidth()
         QTRY_VERIFY2(strip() <= list->maximumViewportSize().width() / list->gridSize().width(),
                      qPrintable(QString::number(strip())));
     }
+}
+
+void WindowTexts::searchStaysNarrowInAWideWindow()
+{
+    AppLanguage::install(QStringLiteral("en"));
+    openWindow();
+    m_window->resize(2500, 700);
+    const auto* const search = part<QLineEdit>("search");
+    const auto* const next = part<QComboBox>("themeType");
+    QTRY_VERIFY(m_window->tabs()->filterBar()->width() > 1500);
+    QTRY_VERIFY(search->width() <= 60 * search->fontMetrics().averageCharWidth());
+    QVERIFY(next->x() - search->geometry().right() < 20);
 }
 
 void WindowTexts::toolTipsAreWrapped()

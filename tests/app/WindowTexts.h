@@ -33,6 +33,7 @@ private slots:
     void haveRoom();
     void controlsHaveNames();
     void listsUseTheWholeWidth();
+    void searchStaysNarrowInAWideWindow();
     void toolTipsAreWrapped();
     void longMessageEndsInAnEllipsis();
     void welcomeIsInTheMiddle();
