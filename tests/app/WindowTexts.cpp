@@ -13,12 +13,9 @@
 #include "catalogue/MVThemeMgr.h"
 #include "download/CatalogueUpdate.h"
 #include "FailureList.h"
-#include "FilterBar.h"
 #include "host/HostSettings.h"
 #include "MainWindow.h"
-#include "MessageBar.h"
 #include "Preferences.h"
-#include "ResourceList.h"
 #include "ResourceTabs.h"
 #include "SettingsControls.h"
 #include "StateText.h"
@@ -36,11 +33,7 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QPushButton>
-#include <QScreen>
-#include <QScrollBar>
-#include <QStatusBar>
 #include <QStyle>
-#include <QTextDocument>
 #include <QToolButton>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
@@ -176,6 +169,28 @@ void WindowTexts::haveRoom()
     auto* const status = part<QLabel>("checkStatus");
     status->setText(widest(statusTexts(), status->fontMetrics())); // then the others have room, too
     verifyRoom(nullptr);
+    verifyDialogs();
+}
+
+void WindowTexts::verifyDialogs()
+{
+    m_window->settings()->show();
+    AboutDialog about(nullptr);
+    WelcomePage welcome(nullptr);
+    welcome.setObjectName(QStringLiteral("welcome"));
+    welcome.resize(480, 360);
+    about.show();
+    welcome.show();
+    for (QWidget* const dialog : {static_cast<QWidget*>(part<QDialog>("settings")),
+                                  static_cast<QWidget*>(&about), static_cast<QWidget*>(&welcome)}) {
+        QVERIFY(QTest::qWaitForWindowExposed(dialog));
+        const auto cutOff = [dialog] {
+            return cutOffTexts(*dialog, QString()).join(QStringLiteral(" | "));
+        };
+        QTRY_COMPARE_WITH_TIMEOUT(cutOff(), QString(), 1000);
+        savePicture(*dialog, dialog->objectName());
+    }
+    part<QDialog>("settings")->reject();
 }
 
 /// Screen readers announce every control with a name and a role.
@@ -197,82 +212,6 @@ void WindowTexts::controlsHaveNames()
     verifyNames(about);
     const WelcomePage welcome(nullptr);
     verifyNames(welcome);
-}
-
-/// The columns leave no strip at the right, and the window opens within the screen.
-void WindowTexts::listsUseTheWholeWidth()
-{
-    AppLanguage::install(QStringLiteral("en"));
-    openWindow();
-    QVERIFY(m_window->screen()->availableGeometry().contains(m_window->frameGeometry()));
-    mvThemelistview* const list = m_window->tabs()->currentList()->view();
-    for (const int width : {700, 733, 777, 861}) {
-        m_window->resize(width, m_window->height());
-        // A list always keeps room for its scroll bar.
-        const int bar = list->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr,
-                                                   list->verticalScrollBar());
-        const auto strip = [list, bar] {
-            const int room = list->maximumViewportSize().width() - bar;
-            return room % list->gridSize().width();
-        };
-        QTRY_VERIFY2(strip() <= list->maximumViewportSize().width() / list->gridSize().width(),
-                     qPrintable(QString::number(strip())));
-    }
-}
-
-void WindowTexts::searchStaysNarrowInAWideWindow()
-{
-    AppLanguage::install(QStringLiteral("en"));
-    openWindow();
-    m_window->resize(2500, 700);
-    const auto* const search = part<QLineEdit>("search");
-    const auto* const next = part<QComboBox>("themeType");
-    QTRY_VERIFY(m_window->tabs()->filterBar()->width() > 1500);
-    QTRY_VERIFY(search->width() <= 60 * search->fontMetrics().averageCharWidth());
-    QVERIFY(next->x() - search->geometry().right() < 20);
-}
-
-void WindowTexts::toolTipsAreWrapped()
-{
-    AppLanguage::install(QStringLiteral("de"));
-    openWindow();
-    apply(MVThemeMgr::init()->getThemes_Display().first().m_qsGUID);
-    fail();
-    constexpr int longestLine = 60; // letters, as long as a line of a wrapped one
-    const QList<QWidget*> parts = m_window->findChildren<QWidget*>();
-    for (const QWidget* part : parts) {
-        const QString tip = part->toolTip();
-        QVERIFY2(tip.size() <= longestLine || Qt::mightBeRichText(tip), qPrintable(tip));
-    }
-}
-
-void WindowTexts::longMessageEndsInAnEllipsis()
-{
-    AppLanguage::install(QStringLiteral("en"));
-    openWindow();
-    m_window->resize(480, 360);
-    part<QLabel>("checkStatus")->setText(QStringLiteral("Catalogue updated, 38 previews fetched"));
-    auto* const bar = qobject_cast<MessageBar*>(m_window->statusBar());
-    QVERIFY(bar);
-    bar->showMessage(QStringLiteral("Short"));
-    QTRY_COMPARE(bar->shownMessage(), QStringLiteral("Short"));
-    bar->showMessage(QStringLiteral("Applied: ") + QString(40, QLatin1Char('m')));
-    QTRY_VERIFY(bar->shownMessage().endsWith(QStringLiteral("…")));
-    QVERIFY(bar->shownMessage().startsWith(QStringLiteral("Applied:")));
-}
-
-void WindowTexts::welcomeIsInTheMiddle()
-{
-    AppLook::apply(QStringLiteral("Classical"));
-    WelcomePage page(nullptr);
-    page.resize(1100, 700);
-    page.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&page));
-    const auto* const title = page.findChild<QLabel*>(QStringLiteral("welcomeTitle"));
-    const int left = title->mapTo(&page, QPoint()).x();
-    const int right = page.width() - left - title->width();
-    QVERIFY2(qAbs(left - right) <= 2, qPrintable(QStringLiteral("%1, %2").arg(left).arg(right)));
-    QVERIFY(title->fontInfo().pixelSize() > page.fontInfo().pixelSize());
 }
 
 void WindowTexts::verifyNames(const QWidget& window)
@@ -356,13 +295,15 @@ void WindowTexts::showStorage()
     part<QWidget>("undoBar")->show();
 }
 
-template <class Part>
-Part* WindowTexts::part(const char* name) const
+QObject* WindowTexts::partOf(const QMetaObject& type, const char* name) const
 {
-    auto* const found = m_window->findChild<Part*>(QString::fromLatin1(name));
-    if (!found)
-        qFatal("the window has no %s", name);
-    return found;
+    const QList<QObject*> parts = m_window->findChildren<QObject*>(QString::fromLatin1(name));
+    for (QObject* const part : parts) {
+        if (type.cast(part))
+            return part;
+    }
+    qFatal("the window has no %s", name);
+    return nullptr;
 }
 
 void WindowTexts::verifyFonts() const
@@ -388,9 +329,15 @@ void WindowTexts::verifyRoom(const char* state)
     const QSize least = m_window->minimumSizeHint();
     QVERIFY2(least.width() <= m_firstSize.width() && least.height() <= m_firstSize.height(),
              qPrintable(QStringLiteral("%1 x %2").arg(least.width()).arg(least.height())));
-    if (!state || m_pictures.isEmpty())
+    if (state)
+        savePicture(*m_window, QString::fromLatin1(state));
+}
+
+void WindowTexts::savePicture(QWidget& window, const QString& name) const
+{
+    if (m_pictures.isEmpty())
         return;
-    const QString name = QStringLiteral(MV_SCREENSHOTS "/window-%1-%2-%3x.png")
-                             .arg(QString::fromLatin1(state), m_pictures, m_scale);
-    QVERIFY(m_window->grab().save(name, "PNG", quicklyPacked));
+    const QString path =
+        QStringLiteral(MV_SCREENSHOTS "/window-%1-%2-%3x.png").arg(name, m_pictures, m_scale);
+    QVERIFY(window.grab().save(path, "PNG", quicklyPacked));
 }
