@@ -32,7 +32,7 @@ QPalette paletteOf(const SSkinColors& colors)
 QString rules(const SSkinColors& colors)
 {
     return QStringLiteral(
-               "#appliedName { font-size: 14pt; font-weight: bold; }"
+               "#appliedName, #welcomeTitle { font-size: 14pt; font-weight: bold; }"
                "#appliedKind, #whyEmpty { color: %1; }"
                "#failure, *[isNotice=\"true\"] { border: 1px solid %2; border-radius: 4px; }"
                "QTreeView, QPlainTextEdit { border: 1px solid %2; padding: 1px; }"

@@ -40,17 +40,39 @@ void AppStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* optio
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     if (element == PE_IndicatorCheckBox)
         outline(*painter, *option);
+    else if (element == PE_FrameLineEdit)
+        outlineField(*painter, *option);
 }
 
 /// Draws an outline that stands out in dark skins, too, where the style's own is darker still.
-void AppStyle::outline(QPainter& painter, const QStyleOption& option)
+void AppStyle::outline(QPainter& painter, const QStyleOption& option, qreal radius)
 {
     constexpr qreal half = 0.5; // of the line
     painter.save();
+    painter.setRenderHint(QPainter::Antialiasing, radius > 0);
     painter.setPen(option.palette.placeholderText().color());
     painter.setBrush(Qt::NoBrush);
-    painter.drawRect(QRectF(option.rect).adjusted(half, half, -half, -half));
+    painter.drawRoundedRect(QRectF(option.rect).adjusted(half, half, -half, -half), radius, radius);
     painter.restore();
+}
+
+/// Does so for a field without the focus, which has an outline of its own, in dark skins.
+void AppStyle::outlineField(QPainter& painter, const QStyleOption& option)
+{
+    constexpr qreal radius = 2; // the style's
+    constexpr int darkest = 128;
+    const bool isDark = option.palette.window().color().lightness() < darkest;
+    if (isDark && !option.state.testFlag(State_HasFocus))
+        outline(painter, option, radius);
+}
+
+/// A box with a number draws its frame itself.
+void AppStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                  QPainter* painter, const QWidget* widget) const
+{
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    if (control == CC_SpinBox)
+        outlineField(*painter, *option);
 }
 
 /// The icons of a desktop's theme match no skin.

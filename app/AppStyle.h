@@ -16,6 +16,8 @@ public:
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                            QPainter* painter, const QWidget* widget) const override;
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
@@ -23,5 +25,6 @@ public:
 
 private:
     static void drawFocus(QPainter& painter, const QStyleOption& option);
-    static void outline(QPainter& painter, const QStyleOption& option);
+    static void outline(QPainter& painter, const QStyleOption& option, qreal radius = 0);
+    static void outlineField(QPainter& painter, const QStyleOption& option);
 };

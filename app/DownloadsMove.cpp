@@ -88,7 +88,13 @@ bool DownloadsMove::isSame(const QString& root, const QString& other)
 
 bool DownloadsMove::holdsAny(const QString& root)
 {
-    return filesBelow(downloadsOf(root)).hasNext();
+    QDirIterator each = filesBelow(downloadsOf(root));
+    while (each.hasNext()) {
+        each.next();
+        if (each.fileName() != MoveJournal::fileName())
+            return true;
+    }
+    return false;
 }
 
 DownloadsMove::End DownloadsMove::bring(const CancelToken& cancel, const Progress& progress)
@@ -109,6 +115,9 @@ DownloadsMove::Step DownloadsMove::bringAll(const CancelToken& cancel, const Pro
     if (!makeFolder(m_to))
         return fail(tr("The folder cannot be created: %1").arg(m_to));
     list();
+    if (!startJournal())
+        return fail(
+            tr("%1 cannot be created").arg(m_to + QLatin1Char('/') + MoveJournal::fileName()));
     for (const File& file : std::as_const(m_files)) {
         const Step step =
             cancel.isCancelled() ? Step::Cancelled : bringFile(file, cancel, progress);
@@ -147,12 +156,24 @@ void DownloadsMove::list()
     QDirIterator each = filesBelow(m_from);
     while (each.hasNext()) {
         const QString name = each.next().mid(m_from.size() + 1);
-        if (name == m_lockName)
+        if (name == m_lockName || name == MoveJournal::fileName())
             continue;
         const QFileInfo file = each.fileInfo();
         m_files.append({name, file.size(), file.lastModified()});
         m_totalBytes += file.size();
     }
+}
+
+/// Notes what is about to be brought: a file that is there already is not ours.
+bool DownloadsMove::startJournal()
+{
+    m_journal = std::make_unique<MoveJournal>(m_to, placeOf(m_from));
+    m_isResumed = !m_journal->isEmpty();
+    for (const File& file : std::as_const(m_files)) {
+        if (!QFileInfo::exists(m_to + QLatin1Char('/') + file.name) || m_journal->isCopy(file.name))
+            m_journal->note(file.name, file.sizeBytes, file.modified);
+    }
+    return m_journal->store();
 }
 
 bool DownloadsMove::makeFolder(const QString& folder)
@@ -176,11 +197,17 @@ DownloadsMove::Step DownloadsMove::bringFile(const File& file, const CancelToken
     if (hasLink(m_root, target))
         return fail(tr("Downloads are not stored behind links: %1").arg(target));
     if (QFileInfo::exists(target)) {
-        m_doneBytes += file.sizeBytes;
-        return verify(source, target,
-                      tr("The new folder already holds other downloads; choose an empty folder: %1")
-                          .arg(target),
-                      cancel);
+        const Step step =
+            verify(source, target,
+                   tr("The new folder already holds other downloads; choose an empty folder: %1")
+                       .arg(target),
+                   cancel);
+        const bool isOldCopy = step == Step::Failed && m_journal->isCopy(file.name);
+        if (!isOldCopy || !QFile::remove(target)) {
+            m_doneBytes += file.sizeBytes;
+            return step;
+        }
+        m_error.clear();
     }
     if (!makeFolder(QFileInfo(target).path()))
         return fail(tr("%1 cannot be created").arg(QFileInfo(target).path()));
@@ -259,6 +286,7 @@ DownloadsMove::Step DownloadsMove::fail(const QString& error)
 
 int DownloadsMove::removeOriginals()
 {
+    m_journal->remove(); // from now on these are no copies
     int left = 0;
     for (const File& file : std::as_const(m_files)) {
         const QFileInfo now(m_from + QLatin1Char('/') + file.name);
@@ -276,6 +304,8 @@ void DownloadsMove::takeBack()
     for (const QString& name : std::as_const(m_brought))
         QFile::remove(m_to + QLatin1Char('/') + name);
     m_brought.clear();
+    if (m_journal && !m_isResumed)
+        m_journal->remove();
     while (!m_created.isEmpty())
         QDir().rmdir(m_created.takeLast()); // fails unless it is empty
     m_lock.reset();

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "host/CancelToken.h"
+#include "MoveJournal.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
@@ -28,7 +29,8 @@ class FileLock;
 ///
 /// Only the folder of a root that holds downloads is moved: what else is in the root stays, and
 /// links stay. On one file system the files are linked, otherwise copied and compared. A kill
-/// leaves the originals complete, or the new root.
+/// leaves the originals complete, or the new root; a new move between the same folders resumes a
+/// killed one, even if originals have changed since.
 ///
 /// No download may run meanwhile in this process. Updates of other processes wait; what such a
 /// process changes in the old root although the move goes on stays there. One thread at a time.
@@ -57,14 +59,16 @@ public:
     static bool holdsAny(const QString& root);
 
     /// Brings all files to the new root, and waits until they are on its disk. A file that is there
-    /// must have the same content; links there are refused, since downloads do not follow them.
+    /// must have the same content, or be the copy of an earlier original that a killed move has
+    /// left; links there are refused, since downloads do not follow them.
     End bring(const CancelToken& cancel, const Progress& progress);
     QString errorText() const { return m_error; }
 
     /// Removes the originals and the folders that are then empty. Returns how many files it could
     /// not remove, or has left because they have changed since bring() began.
     int removeOriginals();
-    /// Removes what bring() has brought, and the folders that it has created.
+    /// Removes what bring() has brought, and the folders that it has created. What a killed move
+    /// has left stays for the next one.
     void takeBack();
 
 private:
@@ -80,6 +84,7 @@ private:
     bool lock();
     void list();
     bool makeFolder(const QString& folder);
+    bool startJournal();
     Step bringAll(const CancelToken& cancel, const Progress& progress);
     Step bringFile(const File& file, const CancelToken& cancel, const Progress& progress);
     bool link(const QString& source, const QString& target);
@@ -101,5 +106,7 @@ private:
     qint64 m_doneBytes = 0;
     bool m_canLink = true; // no link has failed yet
     QString m_error;
-    std::unique_ptr<FileLock> m_lock; // of the old root, from bring() to the end
+    std::unique_ptr<MoveJournal> m_journal; // of the new root; null before a file is brought
+    bool m_isResumed = false;               // a killed move has left copies
+    std::unique_ptr<FileLock> m_lock;       // of the old root, from bring() to the end
 };

@@ -93,12 +93,15 @@ void FilterBar::retranslate()
     makeRoomForSearch();
 }
 
-/// Keeps the field wide enough for its placeholder, and for words to be typed.
+/// Keeps the field wide enough for its placeholder, and for words to be typed, but near the other
+/// controls in a wide window.
 void FilterBar::makeRoomForSearch()
 {
     const QFontMetrics metrics = m_search->fontMetrics();
     m_search->setMinimumWidth(metrics.horizontalAdvance(m_search->placeholderText())
                               + 2 * metrics.height());
+    constexpr int mostLetters = 60;
+    m_search->setMaximumWidth(mostLetters * metrics.averageCharWidth());
 }
 
 /// Qt creates the button without a name.

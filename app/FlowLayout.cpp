@@ -21,6 +21,13 @@ int widthOf(const QLayoutItem& item)
     return expands(item) ? item.minimumSize().width() : item.sizeHint().width();
 }
 
+/// Returns the width of an item to which its row gives `extra` if it expands.
+int widthWith(int extra, const QLayoutItem& item, int room)
+{
+    const int width = widthOf(item);
+    return qMin(expands(item) ? qMin(width + extra, item.maximumSize().width()) : width, room);
+}
+
 } // namespace
 
 FlowLayout::FlowLayout(QWidget* parent)
@@ -76,7 +83,7 @@ int FlowLayout::heightOf(const Row& row, int width) const
     const int extra = extraWidth(row, width);
     int height = 0;
     for (const QLayoutItem* item : row) {
-        const int own = qMin(widthOf(*item) + (expands(*item) ? extra : 0), width);
+        const int own = widthWith(extra, *item, width);
         height =
             qMax(height,
                  item->hasHeightForWidth() ? item->heightForWidth(own) : item->sizeHint().height());
@@ -156,7 +163,7 @@ void FlowLayout::placeRow(const Row& row, const QRect& place) const
         parentWidget() ? parentWidget()->layoutDirection() : Qt::LeftToRight;
     int left = place.left();
     for (QLayoutItem* item : row) {
-        const int width = qMin(widthOf(*item) + (expands(*item) ? extra : 0), place.width());
+        const int width = widthWith(extra, *item, place.width());
         const QRect cell(left, place.top(), width, place.height());
         item->setGeometry(QStyle::visualRect(direction, place, cell));
         left += width + gap();

@@ -20,6 +20,7 @@
 #include "host/LogL.h"
 #include "host/ProductParam.h"
 #include "ItemKey.h"
+#include "MessageBar.h"
 #include "Preferences.h"
 #include "ProjectDialog.h"
 #include "ResourceList.h"
@@ -118,6 +119,7 @@ void MainWindow::arrange()
     layout->addWidget(m_splitter);
     m_pages->addWidget(frame);
     setCentralWidget(m_pages);
+    setStatusBar(new MessageBar(this));
     statusBar()->addWidget(m_storage->line());
     statusBar()->addPermanentWidget(m_status);
 }

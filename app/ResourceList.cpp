@@ -43,6 +43,7 @@ ResourceList::ResourceList(EUIItemType type, QWidget* parent)
     m_view->setMarksShown(true);
     m_view->installEventFilter(this);
     connect(m_view, &mvThemelistview::sigThemeItemClicked, this, &ResourceList::applied);
+    connect(m_view, &mvThemelistview::filesFollowed, this, &ResourceList::showWhyEmpty);
     connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &ResourceList::currentChanged);
     nameList();
@@ -181,6 +182,11 @@ void ResourceList::showWhyEmpty()
     m_whyEmpty->setVisible(isEmpty);
     if (!isEmpty)
         return;
+    if (m_view->isLookingAtFiles()) {
+        m_whyEmpty->setTexts(tr("Looking for what is on this computer…"), QString());
+        placeWhyEmpty();
+        return;
+    }
     const QVector<FilterPart> parts = FilterParts::of(m_filter);
     const auto inTheWay = std::find_if(parts.cbegin(), parts.cend(), [this](FilterPart part) {
         return wouldShowAny(FilterParts::without(m_filter, part));

@@ -45,18 +45,18 @@ void WelcomePage::arrange()
     buttons->addWidget(m_use);
     buttons->addWidget(m_skip);
     buttons->addStretch();
-    auto* const column = new QVBoxLayout;
+    auto* const parts = new QWidget(this);
+    parts->setMaximumWidth(maxColumn);
+    auto* const column = new QVBoxLayout(parts);
     column->addStretch(1);
     for (QWidget* part : {static_cast<QWidget*>(m_title), static_cast<QWidget*>(m_text),
-                          static_cast<QWidget*>(m_server)}) {
-        part->setMaximumWidth(maxColumn);
+                          static_cast<QWidget*>(m_server)})
         column->addWidget(part);
-    }
     column->addLayout(buttons);
     column->addStretch(2);
     auto* const layout = new QHBoxLayout(this);
     layout->addStretch(1);
-    layout->addLayout(column, maxColumn);
+    layout->addWidget(parts, maxColumn);
     layout->addStretch(1);
 }
 

@@ -11,6 +11,8 @@
 #include "catalogue/MVThemeMgr.h"
 #include "download/CatalogueUpdate.h"
 #include "FilterBar.h"
+#include "host/HostSettings.h"
+#include "host/ProductParam.h"
 #include "MainWindow.h"
 #include "Preferences.h"
 #include "ResourceList.h"
@@ -98,6 +100,8 @@ void WindowActions::run(const Receiver& receiver)
     look(receiver);
     scroll(receiver);
     receiver("memory MB", heapMegabytes());
+    filterByFiles(receiver);
+    receiver("memory with files MB", heapMegabytes());
 }
 
 void WindowActions::open(const Receiver& receiver)
@@ -106,6 +110,9 @@ void WindowActions::open(const Receiver& receiver)
     m_world.load();
     mergeFreedMemory();
     receiver("load ms", processMs() - before);
+    // Otherwise the window asks for a server instead of showing lists.
+    hostSettings().productParams.insert(ProductParam::serverRoot,
+                                        QStringLiteral("http://localhost/"));
     AppLanguage::install(QStringLiteral("en"));
     AppLook::apply(m_preferences->skin());
     m_window = std::make_unique<MainWindow>(*m_preferences, *m_check);
@@ -165,6 +172,18 @@ void WindowActions::scroll(const Receiver& receiver)
             turnLoop();
         }
     });
+}
+
+void WindowActions::filterByFiles(const Receiver& receiver)
+{
+    auto* const onDisk = m_window->findChild<QToolButton*>(QStringLiteral("onlyOnDisk"));
+    FilterBar* const bar = m_window->tabs()->filterBar();
+    const auto sort = [bar](EListOrder order) { return [bar, order] { bar->setOrder(order); }; };
+    measure(receiver, "on-disk", [onDisk] { onDisk->setChecked(true); });
+    measure(receiver, "on-disk-or-not", [onDisk] { onDisk->setChecked(false); });
+    measure(receiver, "by-size", sort(EListOrder::Size));
+    measure(receiver, "by-name", sort(EListOrder::Name));
+    measure(receiver, "as-published", sort(EListOrder::Published));
 }
 
 void WindowActions::measure(const Receiver& receiver, const char* what,

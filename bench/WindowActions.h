@@ -35,6 +35,7 @@ public:
 private:
     void open(const Receiver& receiver);
     void filter(const Receiver& receiver);
+    void filterByFiles(const Receiver& receiver);
     void look(const Receiver& receiver);
     void scroll(const Receiver& receiver);
     void measure(const Receiver& receiver, const char* what, const std::function<void()>& action);

@@ -927,6 +927,10 @@ Zeigen Sie auf eine Zelle und drücken Sie ihr Herz, oder drücken Sie F</transl
         <source>Show all items</source>
         <translation>Auch die anderen zeigen</translation>
     </message>
+    <message>
+        <source>Looking for what is on this computer…</source>
+        <translation>Suche, was auf diesem Computer ist…</translation>
+    </message>
 </context>
 <context>
     <name>ResourceTabs</name>

@@ -927,6 +927,10 @@ Señale una celda y pulse su corazón, o pulse F</translation>
         <source>Show all items</source>
         <translation>Mostrar también los demás</translation>
     </message>
+    <message>
+        <source>Looking for what is on this computer…</source>
+        <translation>Buscando lo que hay en este equipo…</translation>
+    </message>
 </context>
 <context>
     <name>ResourceTabs</name>

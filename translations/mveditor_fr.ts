@@ -927,6 +927,10 @@ Pointez une cellule et cliquez sur son cœur, ou appuyez sur F</translation>
         <source>Show all items</source>
         <translation>Afficher aussi les autres</translation>
     </message>
+    <message>
+        <source>Looking for what is on this computer…</source>
+        <translation>Recherche de ce qui est sur cet ordinateur…</translation>
+    </message>
 </context>
 <context>
     <name>ResourceTabs</name>

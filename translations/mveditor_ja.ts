@@ -919,6 +919,10 @@ Point at a cell and press its heart, or press F</source>
         <source>Show all items</source>
         <translation>ほかのものも表示</translation>
     </message>
+    <message>
+        <source>Looking for what is on this computer…</source>
+        <translation>ダウンロード済みのものを確認しています…</translation>
+    </message>
 </context>
 <context>
     <name>ResourceTabs</name>

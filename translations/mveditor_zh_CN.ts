@@ -919,6 +919,10 @@ Point at a cell and press its heart, or press F</source>
         <source>Show all items</source>
         <translation>也显示其他内容</translation>
     </message>
+    <message>
+        <source>Looking for what is on this computer…</source>
+        <translation>正在检查本机上的资源…</translation>
+    </message>
 </context>
 <context>
     <name>ResourceTabs</name>

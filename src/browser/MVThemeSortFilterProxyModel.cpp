@@ -4,10 +4,10 @@
 #include "browser/MVThemeSortFilterProxyModel.h"
 
 #include "browser/EUIItemRole.h"
+#include "browser/ListFiles.h"
 #include "browser/RowOrder.h"
 #include "browser/SListFilter.h"
 #include "catalogue/CatalogueIndex.h"
-#include "catalogue/ItemFiles.h"
 #include "catalogue/MVThemeMgr.h"
 
 #include <QScopedValueRollback>
@@ -19,6 +19,12 @@ MVThemeSortFilterProxyModel::MVThemeSortFilterProxyModel(QObject* parent)
 }
 
 MVThemeSortFilterProxyModel::~MVThemeSortFilterProxyModel() = default;
+
+void MVThemeSortFilterProxyModel::setKind(ECfgItemType kind)
+{
+    m_eKind = kind;
+    m_pFiles.reset();
+}
 
 void MVThemeSortFilterProxyModel::setThemeType(int themeType)
 {
@@ -88,27 +94,44 @@ void MVThemeSortFilterProxyModel::dropListFilter()
 
 void MVThemeSortFilterProxyModel::setFilter(const SListFilter& filter)
 {
-    const bool wasSorted = m_pOrder != nullptr;
+    const bool again = m_pFilter && *m_pFilter == filter;
+    const bool usedFiles = usesFiles();
     m_pFilter = std::make_unique<SListFilter>(filter);
-    m_nThemeType = filter.themeType;
-    m_pOrder.reset();
-    if (filter.order != EListOrder::Published)
-        m_pOrder = std::make_unique<RowOrder>(filter.order,
-                                              [this](const QString& guid) { return itemOf(guid); });
+    if (usesFiles())
+        lookAtFiles(again || !usedFiles);
+    applyListFilter();
+}
+
+void MVThemeSortFilterProxyModel::applyListFilter()
+{
+    m_nThemeType = m_pFilter->themeType;
     CatalogueIndex index(MVThemeMgr::init()->getDisplayXML());
     const QScopedValueRollback<CatalogueIndex*> indexed(m_pIndex, &index);
-    if (filter.onlyOnDisk)
-        m_onDisk = guidsOnDisk();
+    const bool wasSorted = m_pOrder != nullptr;
+    if (m_pFilter->onlyOnDisk)
+        m_shownBefore = shownRows();
+    m_pOrder.reset(); // rows that appear need no place yet
     invalidateFilter();
-    m_onDisk.reset();
-    if (m_pOrder || wasSorted)
-        sort(m_pOrder ? 0 : -1);
+    m_shownBefore.clear();
+    if (m_pFilter->order != EListOrder::Published || wasSorted)
+        sortBy(m_pFilter->order);
+}
+
+/// Orders the rows anew, as they are now.
+void MVThemeSortFilterProxyModel::sortBy(EListOrder order)
+{
+    m_pOrder.reset();
+    if (order != EListOrder::Published) {
+        m_pOrder = std::make_unique<RowOrder>(
+            order, [this](const QString& guid) { return m_pFiles ? m_pFiles->bytesOf(guid) : 0; });
+    }
+    sort(m_pOrder ? 0 : -1);
 }
 
 void MVThemeSortFilterProxyModel::sortAgain()
 {
     if (m_pOrder)
-        sort(0);
+        sortBy(m_pFilter->order);
 }
 
 SListFilter MVThemeSortFilterProxyModel::listFilter() const
@@ -116,27 +139,50 @@ SListFilter MVThemeSortFilterProxyModel::listFilter() const
     return m_pFilter ? *m_pFilter : SListFilter();
 }
 
-/// Asks for the files of all rows at once, which resolves their folders only once.
-QSet<QString> MVThemeSortFilterProxyModel::guidsOnDisk() const
+bool MVThemeSortFilterProxyModel::usesFiles() const
 {
-    QVector<SCfg_Item*> items;
-    const QAbstractItemModel* const rows = sourceModel();
-    for (int row = 0; rows && row < rows->rowCount(); ++row) {
-        if (SCfg_Item* const item = itemOf(rows->index(row, 0).data(UIItemRole_GUID).toString()))
-            items.append(item);
-    }
-    const QVector<int> counts = ItemFiles::countNeeded(items);
-    QSet<QString> guids;
-    for (int i = 0; i < counts.size(); ++i) {
-        if (counts.at(i) == 0)
-            guids.insert(items.at(i)->m_qsGUID);
-    }
-    return guids;
+    return m_pFilter && (m_pFilter->onlyOnDisk || m_pFilter->order == EListOrder::Size);
 }
 
-bool MVThemeSortFilterProxyModel::isOnDisk(SCfg_Item& item) const
+bool MVThemeSortFilterProxyModel::isLookingAtFiles() const
 {
-    return m_onDisk ? m_onDisk->contains(item.m_qsGUID) : !ItemFiles::needsAny(item);
+    return usesFiles() && m_pFiles && m_pFiles->isLooking();
+}
+
+void MVThemeSortFilterProxyModel::lookAtFiles(bool again)
+{
+    if (m_pFiles) {
+        if (again)
+            m_pFiles->lookAgain();
+        return;
+    }
+    m_pFiles = std::make_unique<ListFiles>(m_eKind);
+    connect(m_pFiles.get(), &ListFiles::changed, this, &MVThemeSortFilterProxyModel::followFiles);
+}
+
+/// Rows find their places when all sizes are known: they would move under the user's eyes.
+void MVThemeSortFilterProxyModel::followFiles()
+{
+    if (!usesFiles() || (m_pFiles->isLooking() && !m_pFilter->onlyOnDisk))
+        return;
+    emit followingFiles();
+    applyListFilter();
+    emit filesFollowed();
+}
+
+QBitArray MVThemeSortFilterProxyModel::shownRows() const
+{
+    QBitArray shown(sourceModel() ? sourceModel()->rowCount() : 0);
+    for (int row = 0; row < rowCount(); ++row)
+        shown.setBit(mapToSource(index(row, 0)).row());
+    return shown;
+}
+
+bool MVThemeSortFilterProxyModel::passesOnDisk(const QModelIndex& row, const QString& guid) const
+{
+    if (m_pFiles && m_pFiles->isKnown(guid))
+        return m_pFiles->isOnDisk(guid);
+    return row.row() < m_shownBefore.size() && m_shownBefore.testBit(row.row());
 }
 
 SCfg_Item* MVThemeSortFilterProxyModel::itemOf(const QString& guid) const
@@ -158,9 +204,10 @@ bool MVThemeSortFilterProxyModel::passesListFilter(const QModelIndex& row) const
     const bool isFavouriteAsked = m_pFilter->onlyFavourites || m_nThemeType == favouriteThemes;
     if (!isFavouriteAsked && !m_pFilter->onlyOnDisk)
         return true;
-    SCfg_Item* const item = itemOf(guid);
-    return item && (!isFavouriteAsked || MVThemeMgr::init()->isItemCollect(item))
-        && (!m_pFilter->onlyOnDisk || isOnDisk(*item));
+    if (m_pFilter->onlyOnDisk && !passesOnDisk(row, guid))
+        return false;
+    const SCfg_Item* const item = itemOf(guid);
+    return item && (!isFavouriteAsked || MVThemeMgr::init()->isItemCollect(item));
 }
 
 bool MVThemeSortFilterProxyModel::lessThan(const QModelIndex& left, const QModelIndex& right) const

@@ -6,17 +6,18 @@
 #include "browser/MvBrowserExport.h"
 #include "records/ECfgItemType.h"
 
-#include <QSet>
+#include <QBitArray>
 #include <QSortFilterProxyModel>
 #include <QString>
 
 #include <memory>
-#include <optional>
 
 class CatalogueIndex;
+class ListFiles;
 class RowOrder;
 struct SCfg_Item;
 struct SListFilter;
+enum class EListOrder : int;
 
 /// Type of the patterns of names, that of the class's Qt filter: filterRegExp() with Qt 5,
 /// filterRegularExpression() with Qt 6.
@@ -32,8 +33,12 @@ using NamePattern = QRegularExpression;
 /// SListFilter by more, and sorts them.
 ///
 /// The name is matched by namePattern(), anywhere in the name (an invalid pattern matches none, an
-/// empty one every name), or by the words of an SListFilter. The catalogue and the disk are queried
-/// for favourites, files and sizes when the filter is applied. GUI thread only.
+/// empty one every name), or by the words of an SListFilter. The catalogue is queried for
+/// favourites when the filter is applied.
+///
+/// The disk is never touched: from the first SListFilter on that asks for files or sizes, a thread
+/// looks at them, and the rows follow what it finds, and downloads and removals. An item that has
+/// not been looked at stays as it is, shown or not, and sorts as if it were empty. GUI thread only.
 class MVBROWSER_EXPORT MVThemeSortFilterProxyModel : public QSortFilterProxyModel
 {
     Q_OBJECT
@@ -49,7 +54,7 @@ public:
     ~MVThemeSortFilterProxyModel() override;
 
     /// Sets the kind of the rows' items, by which an SListFilter finds them; themes at first.
-    void setKind(ECfgItemType kind) { m_eKind = kind; }
+    void setKind(ECfgItemType kind);
 
     /// Shows the rows of this type (MVThemeMgr::Themetype), all (999) or the favourite themes (1).
     void setThemeType(int themeType);
@@ -66,7 +71,8 @@ public:
     /// Returns that filter.
     NamePattern namePattern() const;
 
-    /// Filters and sorts by `filter`, until the other setFilter() is called.
+    /// Filters and sorts by `filter`, until the other setFilter() is called. The same filter again
+    /// looks at the files again.
     void setFilter(const SListFilter& filter);
     /// Moves rows that have come since to their places in its order.
     void sortAgain();
@@ -74,9 +80,17 @@ public:
     bool hasListFilter() const { return m_pFilter != nullptr; }
     /// Returns that filter; the default one if none applies.
     SListFilter listFilter() const;
+    /// Returns whether the filter or the order depends on files that have not been looked at.
+    bool isLookingAtFiles() const;
 
     /// Returns whether a row of the source has the theme type and a matching name.
     bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
+
+signals:
+    /// The rows are about to follow changed files.
+    void followingFiles();
+    /// The rows have followed them, or no file is left to be looked at.
+    void filesFollowed();
 
 protected:
     /// Orders two rows of the source by the list's filter; "More>>" is last.
@@ -85,8 +99,13 @@ protected:
 private:
     bool isFavouriteTheme(const QString& guid) const;
     bool passesListFilter(const QModelIndex& row) const;
-    bool isOnDisk(SCfg_Item& item) const;
-    QSet<QString> guidsOnDisk() const;
+    bool passesOnDisk(const QModelIndex& row, const QString& guid) const;
+    bool usesFiles() const;
+    void lookAtFiles(bool again);
+    void followFiles();
+    void applyListFilter();
+    void sortBy(EListOrder order);
+    QBitArray shownRows() const;
     SCfg_Item* itemOf(const QString& guid) const;
     void dropListFilter();
 
@@ -95,5 +114,6 @@ private:
     std::unique_ptr<SListFilter> m_pFilter; // null: namePattern() matches the names
     std::unique_ptr<RowOrder> m_pOrder;     // null: the rows are not sorted
     CatalogueIndex* m_pIndex = nullptr;     // of the catalogue while setFilter() runs
-    std::optional<QSet<QString>> m_onDisk;  // GUIDs; while setFilter() runs and asks for them
+    QBitArray m_shownBefore;                // rows of the source, while the list filter is applied
+    std::unique_ptr<ListFiles> m_pFiles;    // null until a filter asks for files
 };

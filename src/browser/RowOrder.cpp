@@ -8,11 +8,12 @@
 #include <QLocale>
 #include <QModelIndex>
 
+#include <cstddef>
 #include <utility>
 
-RowOrder::RowOrder(EListOrder order, Finder itemOf)
+RowOrder::RowOrder(EListOrder order, Sizes bytesOf)
     : m_order(order)
-    , m_itemOf(std::move(itemOf))
+    , m_bytesOf(std::move(bytesOf))
     , m_collator(QLocale())
 {
     m_collator.setNumericMode(true);
@@ -21,37 +22,39 @@ RowOrder::RowOrder(EListOrder order, Finder itemOf)
 
 bool RowOrder::isBefore(const QModelIndex& left, const QModelIndex& right) const
 {
-    const QString leftGuid = left.data(UIItemRole_GUID).toString();
-    const QString rightGuid = right.data(UIItemRole_GUID).toString();
-    if (leftGuid.isEmpty() || rightGuid.isEmpty())
-        return !leftGuid.isEmpty(); // "More>>" is the last row
+    read(left);
+    read(right);
+    const Key& leftKey = m_keys[static_cast<std::size_t>(left.row())];
+    const Key& rightKey = m_keys[static_cast<std::size_t>(right.row())];
+    if (!leftKey.hasItem || !rightKey.hasItem)
+        return leftKey.hasItem; // "More>>" is the last row
     switch (m_order) {
     case EListOrder::Published:
         break;
     case EListOrder::Name:
-        return keyOf(leftGuid, left) < keyOf(rightGuid, right);
+        return *leftKey.name < *rightKey.name;
     case EListOrder::Newest:
-        return left.data(UIItemRole_New).toBool() && !right.data(UIItemRole_New).toBool();
+        return leftKey.isNew && !rightKey.isNew;
     case EListOrder::Size:
-        return bytesOf(leftGuid) > bytesOf(rightGuid);
+        return leftKey.bytes > rightKey.bytes;
     }
     return left.row() < right.row();
 }
 
-QCollatorSortKey RowOrder::keyOf(const QString& guid, const QModelIndex& row) const
+void RowOrder::read(const QModelIndex& row) const
 {
-    auto found = m_keys.find(guid);
-    if (found == m_keys.end())
-        found = m_keys.insert(guid, m_collator.sortKey(row.data(UIItemRole_Name).toString()));
-    return *found;
-}
-
-qint64 RowOrder::bytesOf(const QString& guid) const
-{
-    auto found = m_bytes.find(guid);
-    if (found == m_bytes.end()) {
-        SCfg_Item* const item = m_itemOf(guid);
-        found = m_bytes.insert(guid, item ? m_sizes.of(*item).total() : 0);
-    }
-    return *found;
+    const auto number = static_cast<std::size_t>(row.row());
+    if (m_keys.size() <= number)
+        m_keys.resize(static_cast<std::size_t>(row.model()->rowCount()));
+    Key& key = m_keys[number];
+    if (std::exchange(key.isRead, true))
+        return;
+    const QString guid = row.data(UIItemRole_GUID).toString();
+    key.hasItem = !guid.isEmpty();
+    if (m_order == EListOrder::Name)
+        key.name = m_collator.sortKey(row.data(UIItemRole_Name).toString());
+    else if (m_order == EListOrder::Newest)
+        key.isNew = row.data(UIItemRole_New).toBool();
+    else if (m_order == EListOrder::Size)
+        key.bytes = m_bytesOf(guid);
 }

@@ -3,39 +3,45 @@
 
 #pragma once
 
-#include "browser/ItemBytes.h"
 #include "browser/SListFilter.h"
 
 #include <QCollator>
-#include <QHash>
 #include <QString>
+#include <QtGlobal>
 
 #include <functional>
+#include <optional>
+#include <vector>
 
 class QModelIndex;
-struct SCfg_Item;
 
-/// Compares the rows of a resource list by an order. It computes what it compares once per row;
-/// create another one after items have changed. Internal to the library; GUI thread only.
+/// Compares the rows of a resource list by an order. It looks at each row once; create another one
+/// after rows have changed. Internal to the library; GUI thread only.
 class RowOrder
 {
 public:
-    /// Returns the item with a GUID, or null.
-    using Finder = std::function<SCfg_Item*(const QString& guid)>;
+    /// Returns the size of the item with a GUID.
+    using Sizes = std::function<qint64(const QString& guid)>;
 
-    RowOrder(EListOrder order, Finder itemOf);
+    RowOrder(EListOrder order, Sizes bytesOf);
 
     /// Returns whether the left row must be before the right one.
     bool isBefore(const QModelIndex& left, const QModelIndex& right) const;
 
 private:
-    QCollatorSortKey keyOf(const QString& guid, const QModelIndex& row) const;
-    qint64 bytesOf(const QString& guid) const;
+    struct Key
+    {
+        bool isRead = false;
+        bool hasItem = false; // "More>>" has none
+        bool isNew = false;
+        qint64 bytes = 0;
+        std::optional<QCollatorSortKey> name;
+    };
+
+    void read(const QModelIndex& row) const;
 
     EListOrder m_order;
-    Finder m_itemOf;
+    Sizes m_bytesOf;
     QCollator m_collator;
-    ItemBytes m_sizes;
-    mutable QHash<QString, QCollatorSortKey> m_keys; // by GUID
-    mutable QHash<QString, qint64> m_bytes;          // by GUID
+    mutable std::vector<Key> m_keys; // by row
 };

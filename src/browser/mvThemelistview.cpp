@@ -79,6 +79,10 @@ void mvThemelistview::setUIItemType(EUIItemType type)
     m_pProxy->setKind(kindShownBy(type));
     // A row that reappeared by itself would have no widget.
     m_pProxy->setDynamicSortFilter(false);
+    connect(m_pProxy, &MVThemeSortFilterProxyModel::followingFiles, this,
+            &mvThemelistview::rememberPlace);
+    connect(m_pProxy, &MVThemeSortFilterProxyModel::filesFollowed, this,
+            &mvThemelistview::showFollowedFiles);
 
     m_pDelegate = new MVResourceItemDelegate(this);
     m_pDelegate->setUIItemType(type);

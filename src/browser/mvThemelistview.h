@@ -124,9 +124,12 @@ public:
     /// match of `text`, the pattern of a NamePattern that ignores case.
     void reapplyFilter(int themeType, QString text);
     /// Shows the items that pass `filter`, in its order, instead of what reapplyFilter() has set.
-    /// Call it again after favourites, files, or the items of setUpdatable() and setNew() have
-    /// changed: rows neither disappear nor move by themselves.
+    /// Call it again after favourites, or the items of setUpdatable() and setNew() have changed:
+    /// rows neither disappear nor move because of these. A filter or an order by files shows at
+    /// once what is known of them, never waits for the disk, and follows it: see filesFollowed().
     void applyFilter(const SListFilter& filter);
+    /// Returns whether the filter or its order depends on files that have not been looked at yet.
+    bool isLookingAtFiles() const;
     /// Opens the cells that are missing: those of all rows that pass the filter, or, with cells on
     /// demand, of the visible ones.
     void updateItemState();
@@ -202,6 +205,10 @@ signals:
     /// The user has clicked an item once, which has become the current one; only with
     /// EApplyOn::DoubleClickOrEnter.
     void sigPreviewRequested(const QString& guid);
+    /// Rows have appeared, gone or moved because files have been looked at, downloaded or removed;
+    /// current row and scroll position are as before. Also emitted when no file is left to be
+    /// looked at. Only with a filter or an order by files, and from the event loop.
+    void filesFollowed();
     /// The user of a screen reader has asked for an item's details.
     void detailsRequested(const QString& guid);
 
@@ -250,10 +257,20 @@ private:
         int scroll = 0;
     };
 
+    /// What is at the top of the viewport.
+    struct Place
+    {
+        QString guid;
+        int top = 0;
+        int scroll = 0;
+    };
+
     static const QVector<SCfg_Item>& getItems(EUIItemType type);
     void restartDownloads(const Kept& kept);
     void restoreFilter(const Kept& kept);
     void makeCurrent(const QString& guid);
+    void rememberPlace();
+    void showFollowedFiles();
     void setUpView();
     void readItemSize();
     bool actOnCurrentCell(int key);
@@ -300,4 +317,5 @@ private:
     QSet<QString> m_new;                    // GUIDs
     std::unique_ptr<ShownItems> m_pShown;   // null unless items are shown without previews
     std::optional<Kept> m_kept;             // from release() to refill()
+    Place m_place;                          // while the rows follow files
 };

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The mvresource contributors
 // SPDX-License-Identifier: MIT
 
-// mvThemelistview: look-up of items, and state kept over a reload of the catalogue.
+// mvThemelistview: look-up of items, and state kept over a reload of the catalogue and while the
+// rows follow files.
 
 #include "browser/CellPool.h"
 #include "browser/EUIItemRole.h"
@@ -10,6 +11,7 @@
 #include "browser/mvThemelistview.h"
 #include "browser/MVThemeSortFilterProxyModel.h"
 #include "browser/SListFilter.h"
+#include "browser/ViewRows.h"
 #include "records/SCfg_Item.h"
 
 #include <QScrollBar>
@@ -122,4 +124,35 @@ void mvThemelistview::makeCurrent(const QString& guid)
     setAutoScroll(false);
     setCurrentIndex(row);
     setAutoScroll(isScrolling);
+}
+
+bool mvThemelistview::isLookingAtFiles() const
+{
+    return m_pProxy && m_pProxy->isLookingAtFiles();
+}
+
+void mvThemelistview::rememberPlace()
+{
+    m_place = Place();
+    m_place.scroll = verticalScrollBar()->value();
+    const bool isSorted = m_pProxy->listFilter().order == EListOrder::Size;
+    if (isSorted || m_place.scroll == 0) // new rows at the top are to be seen
+        return;
+    const QModelIndex row = m_pProxy->index(ViewRows::within(*this, 0).first, 0);
+    m_place.guid = row.data(UIItemRole_GUID).toString();
+    m_place.top = visualRect(row).top();
+}
+
+void mvThemelistview::showFollowedFiles()
+{
+    {
+        const CellPool::Pause pause(m_pPool.get());
+        updateItemState();
+        doItemsLayout();
+        QScrollBar* const bar = verticalScrollBar();
+        const QModelIndex row = shownRow(m_place.guid);
+        bar->setValue(row.isValid() ? bar->value() + visualRect(row).top() - m_place.top
+                                    : m_place.scroll);
+    }
+    emit filesFollowed();
 }

@@ -4,10 +4,10 @@
 #include "model/ItemTransfers.h"
 
 #include "catalogue/CatalogueChanges.h"
+#include "download/ItemStates.h"
 #include "download/ItemUpdate.h"
 #include "download/MVThemeDownLoader.h"
 #include "download/ResourceEvents.h"
-#include "model/ItemStates.h"
 
 #include <QDir>
 #include <QFile>

@@ -3,11 +3,11 @@
 
 #pragma once
 
+#include "catalogue/CatalogueJobs.h"
+#include "download/ResourceKey.h"
 #include "download/ResourceStorage.h"
 #include "download/SItemDownloadResult.h"
 #include "download/SUpdateOutcome.h"
-#include "model/CatalogueJobs.h"
-#include "model/ResourceKey.h"
 
 #include <QHash>
 #include <QObject>

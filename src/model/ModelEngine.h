@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "model/ItemStates.h"
+#include "download/ItemStates.h"
 #include "model/ItemTransfers.h"
 
 #include <memory>
@@ -14,6 +14,7 @@ struct ModelEngine
 {
     static std::shared_ptr<ModelEngine> shared();
 
-    ItemStates states;
+    const std::shared_ptr<ItemStates> sharedStates = ItemStates::shared(); // by lists, too
+    ItemStates& states = *sharedStates;
     ItemTransfers transfers{states};
 };

@@ -13,9 +13,9 @@
 #include "catalogue/MVThemeMgr.h"
 #include "download/CatalogueUpdate.h"
 #include "FailureList.h"
+#include "host/HostSettings.h"
 #include "MainWindow.h"
 #include "Preferences.h"
-#include "ResourceList.h"
 #include "ResourceTabs.h"
 #include "SettingsControls.h"
 #include "StateText.h"
@@ -27,6 +27,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
@@ -36,6 +37,8 @@
 #include <QToolButton>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
+
+#include <algorithm>
 
 namespace {
 
@@ -71,6 +74,14 @@ QStringList statusTexts()
     return texts;
 }
 
+QString widest(const QStringList& texts, const QFontMetrics& metrics)
+{
+    return *std::max_element(
+        texts.cbegin(), texts.cend(), [&metrics](const QString& left, const QString& right) {
+            return metrics.horizontalAdvance(left) < metrics.horizontalAdvance(right);
+        });
+}
+
 /// Returns the bold section titles that the tree cuts off because the facts beside them need the
 /// room.
 QStringList cutOffTitles(const QTreeWidget& tree)
@@ -97,6 +108,7 @@ WindowTexts::~WindowTexts() = default;
 
 void WindowTexts::initTestCase()
 {
+    hostSettings().cellsOnDemand = true; // as in the editor
     m_world = std::make_unique<SampleWorld>();
     m_world->setAnswer(SampleWorld::NotFound);
     QVERIFY(QDir().mkpath(QStringLiteral(MV_SCREENSHOTS)));
@@ -154,11 +166,31 @@ void WindowTexts::haveRoom()
     verifyRoom("nothing-found");
     showStorage();
     verifyRoom("storage");
-    const QStringList texts = statusTexts();
-    for (const QString& text : texts) {
-        part<QLabel>("checkStatus")->setText(text);
-        verifyRoom(nullptr);
+    auto* const status = part<QLabel>("checkStatus");
+    status->setText(widest(statusTexts(), status->fontMetrics())); // then the others have room, too
+    verifyRoom(nullptr);
+    verifyDialogs();
+}
+
+void WindowTexts::verifyDialogs()
+{
+    m_window->settings()->show();
+    AboutDialog about(nullptr);
+    WelcomePage welcome(nullptr);
+    welcome.setObjectName(QStringLiteral("welcome"));
+    welcome.resize(480, 360);
+    about.show();
+    welcome.show();
+    for (QWidget* const dialog : {static_cast<QWidget*>(part<QDialog>("settings")),
+                                  static_cast<QWidget*>(&about), static_cast<QWidget*>(&welcome)}) {
+        QVERIFY(QTest::qWaitForWindowExposed(dialog));
+        const auto cutOff = [dialog] {
+            return cutOffTexts(*dialog, QString()).join(QStringLiteral(" | "));
+        };
+        QTRY_COMPARE_WITH_TIMEOUT(cutOff(), QString(), 1000);
+        savePicture(*dialog, dialog->objectName());
     }
+    part<QDialog>("settings")->reject();
 }
 
 /// Screen readers announce every control with a name and a role.
@@ -263,13 +295,15 @@ void WindowTexts::showStorage()
     part<QWidget>("undoBar")->show();
 }
 
-template <class Part>
-Part* WindowTexts::part(const char* name) const
+QObject* WindowTexts::partOf(const QMetaObject& type, const char* name) const
 {
-    auto* const found = m_window->findChild<Part*>(QString::fromLatin1(name));
-    if (!found)
-        qFatal("the window has no %s", name);
-    return found;
+    const QList<QObject*> parts = m_window->findChildren<QObject*>(QString::fromLatin1(name));
+    for (QObject* const part : parts) {
+        if (type.cast(part))
+            return part;
+    }
+    qFatal("the window has no %s", name);
+    return nullptr;
 }
 
 void WindowTexts::verifyFonts() const
@@ -295,9 +329,15 @@ void WindowTexts::verifyRoom(const char* state)
     const QSize least = m_window->minimumSizeHint();
     QVERIFY2(least.width() <= m_firstSize.width() && least.height() <= m_firstSize.height(),
              qPrintable(QStringLiteral("%1 x %2").arg(least.width()).arg(least.height())));
-    if (!state || m_pictures.isEmpty())
+    if (state)
+        savePicture(*m_window, QString::fromLatin1(state));
+}
+
+void WindowTexts::savePicture(QWidget& window, const QString& name) const
+{
+    if (m_pictures.isEmpty())
         return;
-    const QString name = QStringLiteral(MV_SCREENSHOTS "/window-%1-%2-%3x.png")
-                             .arg(QString::fromLatin1(state), m_pictures, m_scale);
-    QVERIFY(m_window->grab().save(name, "PNG", quicklyPacked));
+    const QString path =
+        QStringLiteral(MV_SCREENSHOTS "/window-%1-%2-%3x.png").arg(name, m_pictures, m_scale);
+    QVERIFY(window.grab().save(path, "PNG", quicklyPacked));
 }

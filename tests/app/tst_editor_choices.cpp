@@ -97,6 +97,13 @@ void tst_editor_choices::escapeCancels()
         wait downloads none
         wait sound Alpha
         wait applied Beta
+        press Enter
+        wait downloading Alpha
+        rightclick cell Alpha
+        click action itemCancel
+        wait downloads none
+        wait sound Alpha
+        wait applied Beta
     )")));
 }
 

@@ -36,6 +36,8 @@ private slots:
     void serverWithoutReleaseHasNoUpdates();
 
 private:
+    /// Fills the downloads as if themes had been fetched from a server with the release 10.
+    static void fill(EditorWorld& world, const QStringList& themes);
     /// Lets the editor download themes from a server with the release 10.
     static void fetch(EditorWorld& world, const QStringList& themes);
 };
@@ -54,6 +56,16 @@ QByteArray contentTarget(const QByteArray& content)
 
 } // namespace
 
+void tst_editor_items::fill(EditorWorld& world, const QStringList& themes)
+{
+    world.publishRelease({alpha, beta}, 10);
+    world.fillRoot({alpha, beta});
+    for (const QString& theme : {alpha, beta}) {
+        if (!themes.contains(theme))
+            QVERIFY(QFile::remove(world.themeFile(theme)));
+    }
+}
+
 void tst_editor_items::fetch(EditorWorld& world, const QStringList& themes)
 {
     world.publishRelease({alpha, beta}, 10);
@@ -66,7 +78,7 @@ void tst_editor_items::fetch(EditorWorld& world, const QStringList& themes)
 void tst_editor_items::updateIsOfferedAndFetched()
 {
     EditorWorld world;
-    fetch(world, {alpha});
+    fill(world, {alpha});
     world.publishRelease({alpha, beta}, 11, changedAlpha);
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
         wait quiet
@@ -76,7 +88,8 @@ void tst_editor_items::updateIsOfferedAndFetched()
         wait applied Alpha
         wait text itemState "Update available, 22 bytes"
         screenshot update
-        click widget updateItem
+        rightclick cell Alpha
+        click action itemUpdate
         wait text itemState "Up to date"
         wait message "1 item fetched"
         wait uptodate Alpha
@@ -107,7 +120,7 @@ void tst_editor_items::damagedItemIsFetchedAgain()
 void tst_editor_items::allAreUpdatedAtOnce()
 {
     EditorWorld world;
-    fetch(world, {alpha, beta});
+    fill(world, {alpha, beta});
     EditorWorld::Tree both = changedAlpha;
     both.insert(QStringLiteral("config/Themes/beta/theme.zip"), changed);
     world.publishRelease({alpha, beta}, 11, both);
@@ -146,7 +159,7 @@ void tst_editor_items::markAppearsWithItsCell()
 void tst_editor_items::updateCanBeCancelled()
 {
     EditorWorld world;
-    fetch(world, {alpha});
+    fill(world, {alpha});
     const QByteArray before = CatalogueFiles::read(world.themeFile(alpha));
     world.publishRelease({alpha, beta}, 11, changedAlpha);
     world.setFault([](HttpExchange& exchange, int) {
@@ -177,7 +190,7 @@ void tst_editor_items::updateCanBeCancelled()
 void tst_editor_items::failedUpdateIsTriedAgain()
 {
     EditorWorld world;
-    fetch(world, {alpha});
+    fill(world, {alpha});
     world.publishRelease({alpha, beta}, 11, changedAlpha);
     auto failed = std::make_shared<std::atomic<bool>>(false);
     world.setFault([failed](HttpExchange& exchange, int) {
@@ -202,7 +215,7 @@ void tst_editor_items::failedUpdateIsTriedAgain()
 void tst_editor_items::changedThemeUsesWhatItsNewDefinitionNames()
 {
     EditorWorld world;
-    fetch(world, {alpha});
+    fill(world, {alpha});
     world.publishRelease(
         {alpha, beta}, 11,
         {{QStringLiteral("config/Themes/alpha.xml"), CatalogueFiles::document("<Item/>")}});
@@ -251,7 +264,7 @@ void tst_editor_items::sizeIsToldBeforeTheDownload()
 void tst_editor_items::menuOfACellShowsDetails()
 {
     EditorWorld world;
-    fetch(world, {alpha});
+    fill(world, {alpha});
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
         wait quiet
         rightclick cell Beta
@@ -269,7 +282,7 @@ void tst_editor_items::menuOfACellShowsDetails()
 void tst_editor_items::removedItemCanBeBroughtBack()
 {
     EditorWorld world;
-    fetch(world, {alpha, beta});
+    fill(world, {alpha, beta});
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
         wait quiet
         click cell Alpha
@@ -294,7 +307,7 @@ void tst_editor_items::removedItemCanBeBroughtBack()
 void tst_editor_items::removalIsAskedForFirst()
 {
     EditorWorld world;
-    fetch(world, {alpha, beta});
+    fill(world, {alpha, beta});
     const QString bytes = QStringLiteral("This frees ");
     VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
         wait quiet
@@ -314,7 +327,7 @@ void tst_editor_items::removalIsAskedForFirst()
 void tst_editor_items::removedFilesAreGoneAfterTheNextStart()
 {
     EditorWorld world;
-    fetch(world, {alpha});
+    fill(world, {alpha});
     const QString remove = QStringLiteral(R"(
         wait quiet
         click cell Alpha

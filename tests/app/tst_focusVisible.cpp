@@ -24,6 +24,7 @@
 #include <QVBoxLayout>
 
 #include <functional>
+#include <memory>
 
 using Create = std::function<QWidget*()>;
 Q_DECLARE_METATYPE(Create)
@@ -37,6 +38,8 @@ private slots:
     void initTestCase();
     void focusStandsOut_data();
     void focusStandsOut();
+    void fieldsStandOutInDarkSkins_data();
+    void fieldsStandOutInDarkSkins();
 };
 
 namespace {
@@ -169,6 +172,33 @@ void tst_focusVisible::focusStandsOut()
     const int count = clearlyChanged(before.copy(place), after.copy(place));
     const int length = control->width() + control->height(); // of half a frame of one pixel
     QVERIFY2(count >= length, qPrintable(QStringLiteral("%1 pixels of %2").arg(count).arg(length)));
+}
+
+void tst_focusVisible::fieldsStandOutInDarkSkins_data()
+{
+    QTest::addColumn<QString>("skin");
+    QTest::addColumn<Create>("create");
+    const auto all = controls();
+    for (const char* skin : {"Elegance", "Calm"}) {
+        for (const auto& [name, create] : all) {
+            if (QByteArray(name) == "field" || QByteArray(name) == "spin box")
+                QTest::addRow("%s, %s", name, skin) << QString::fromLatin1(skin) << create;
+        }
+    }
+}
+
+void tst_focusVisible::fieldsStandOutInDarkSkins()
+{
+    QFETCH(QString, skin);
+    QFETCH(Create, create);
+    AppLook::apply(skin);
+    const std::unique_ptr<QWidget> field(create());
+    field->resize(field->sizeHint());
+    const QImage picture = field->grab().toImage();
+    const QColor window = BrowserSkin::windowColors(skin).window;
+    constexpr double visible = 3;
+    QVERIFY(contrast(picture.pixelColor(picture.width() / 2, 0), window) >= visible);
+    QVERIFY(contrast(picture.pixelColor(0, picture.height() / 2), window) >= visible);
 }
 
 MV_WIDGET_TEST_MAIN(tst_focusVisible)

@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QXmlStreamReader>
 
 /// Tests that translations/ is complete and uses only letters that the tests can measure.
@@ -22,6 +23,8 @@ private slots:
     void areFinished();
     void haveFonts_data() { files(); }
     void haveFonts();
+    void favoritesHaveOneSpelling_data();
+    void favoritesHaveOneSpelling();
 
 private:
     void files() const;
@@ -102,6 +105,26 @@ void tst_translations::haveFonts()
     QFETCH(QString, name);
     forEachTranslation(m_project + QStringLiteral("/translations/") + name,
                        [](const QString& text, bool /*finished*/) { verifyHasFont(text); });
+}
+
+void tst_translations::favoritesHaveOneSpelling_data()
+{
+    QTest::addColumn<QString>("name");
+    const QStringList names = m_names.filter(QStringLiteral("mveditor"));
+    for (const QString& name : names)
+        QTest::newRow(qPrintable(name)) << name;
+}
+
+/// Names in the code differ from what users read.
+void tst_translations::favoritesHaveOneSpelling()
+{
+    QFETCH(QString, name);
+    const QString texts = QString::fromUtf8(
+        CatalogueFiles::read(m_project + QStringLiteral("/translations/") + name));
+    static const QRegularExpression other(
+        QStringLiteral("<(source|translation|numerusform)>[^<]*favourite[^<]*"),
+        QRegularExpression::CaseInsensitiveOption);
+    QCOMPARE(other.match(texts).captured(), QString());
 }
 
 MV_WIDGET_TEST_MAIN(tst_translations)

@@ -95,6 +95,8 @@ SListFilter tst_mvThemelistview_listFilter::filter(const char* words) const
 QString tst_mvThemelistview_listFilter::shown(const SListFilter& filter)
 {
     m_list->view()->applyFilter(filter);
+    if (!QTest::qWaitFor([this] { return !m_list->view()->isLookingAtFiles(); }))
+        return QStringLiteral("still looking at files");
     return m_list->shownNames().join(QLatin1Char(','));
 }
 

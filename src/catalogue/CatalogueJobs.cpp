@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The mvresource contributors
 // SPDX-License-Identifier: MIT
 
-#include "model/CatalogueJobs.h"
+#include "catalogue/CatalogueJobs.h"
 
 #include "catalogue/CatalogueChanges.h"
 

@@ -3,12 +3,13 @@
 
 #pragma once
 
+#include "catalogue/CatalogueJobs.h"
 #include "download/AcceptedRelease.h"
-#include "model/CatalogueJobs.h"
-#include "model/ResourceKey.h"
-#include "model/SItemFacts.h"
-#include "model/StateScan.h"
+#include "download/ResourceKey.h"
+#include "download/SItemFacts.h"
+#include "download/StateScan.h"
 #include "records/KindTable.h"
+#include "records/MvResourceExport.h"
 
 #include <QHash>
 #include <QObject>
@@ -24,13 +25,17 @@
 /// loads, checks, pictures that arrive, and files that come, go or are replaced. A thread of its
 /// own looks at the files, so that reading what is known never touches the disk.
 ///
-/// Shared by all models of the process, internal to the library. GUI thread only.
-class ItemStates : public QObject
+/// Shared by all models and lists of the process, internal to this project's libraries. GUI thread
+/// only.
+class MVRESOURCE_EXPORT ItemStates : public QObject
 {
     Q_OBJECT
 
 public:
     ItemStates();
+
+    /// Returns the object that all users share; it exists as long as one of them keeps it.
+    static std::shared_ptr<ItemStates> shared();
 
     /// Begins and ends following a kind; a kind is followed until every begin has its end.
     void watch(ECfgItemType kind);
@@ -42,6 +47,8 @@ public:
     /// Looks at items again, before all that waits; looked() tells when that has been done, also of
     /// items that do not exist.
     void refresh(const QVector<ResourceKey>& keys);
+    /// Looks at all items of a watched kind again; what is known stays until then.
+    void refreshKind(ECfgItemType kind);
     /// Returns whether items of a kind wait to be looked at.
     bool isExamining(ECfgItemType kind) const { return m_waiting.at(kind) > 0; }
 
@@ -53,7 +60,6 @@ signals:
     void examiningChanged(ECfgItemType kind);
 
 private:
-    void refreshKind(ECfgItemType kind);
     void refreshAll();
     void refreshPictures(const QString& guid);
     void refreshUsersOf(const QStringList& paths);

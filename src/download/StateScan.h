@@ -3,9 +3,9 @@
 
 #pragma once
 
+#include "download/ResourceKey.h"
+#include "download/SItemFacts.h"
 #include "host/CancelToken.h"
-#include "model/ResourceKey.h"
-#include "model/SItemFacts.h"
 
 #include <QString>
 #include <QVector>

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "host/CancelToken.h"
+#include "records/MvResourceExport.h"
 
 #include <QObject>
 
@@ -15,8 +16,8 @@ class QThread;
 /// Runs jobs that use items of the catalogue, one after the other, on a thread of its own. A reload
 /// of the catalogue cancels the running job and waits for it; none begins until the reload is over.
 ///
-/// Internal to the library. GUI thread only, except for Work.
-class CatalogueJobs : public QObject
+/// Internal to this project's libraries. GUI thread only, except for Work.
+class MVRESOURCE_EXPORT CatalogueJobs : public QObject
 {
     Q_OBJECT
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The mvresource contributors
 // SPDX-License-Identifier: MIT
 
-#include "model/ItemStates.h"
+#include "download/ItemStates.h"
 
 #include "catalogue/CatalogueChanges.h"
 #include "catalogue/CatalogueIndex.h"
@@ -53,6 +53,17 @@ ItemStates::ItemStates()
             &ItemStates::refreshUsersOf);
     connect(MVThemeDownLoader_CheckCfg::instance(),
             &MVThemeDownLoader_CheckCfg::sig_catalogueChecked, this, &ItemStates::refreshByRelease);
+}
+
+std::shared_ptr<ItemStates> ItemStates::shared()
+{
+    static std::weak_ptr<ItemStates> existing;
+    std::shared_ptr<ItemStates> states = existing.lock();
+    if (!states) {
+        states = std::make_shared<ItemStates>();
+        existing = states;
+    }
+    return states;
 }
 
 void ItemStates::watch(ECfgItemType kind)

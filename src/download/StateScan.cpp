@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The mvresource contributors
 // SPDX-License-Identifier: MIT
 
-#include "model/StateScan.h"
+#include "download/StateScan.h"
 
 #include "catalogue/ItemFiles.h"
 #include "download/FileStates.h"
