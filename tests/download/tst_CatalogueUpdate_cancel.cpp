@@ -4,6 +4,7 @@
 #include "download/CheckFixture.h"
 #include "download/MVThemeDownLoader_CheckCfg.h"
 #include "download/UpdateTrace.h"
+#include "support/LogCapture.h"
 #include "support/TestMain.h"
 #include "support/TransfersSideBySide.h"
 
@@ -88,10 +89,13 @@ void tst_CatalogueUpdate_cancel::cancelledUpdateGivesNoReason()
     m_world.route("/display/Themes/t1.jpg",
                   [](HttpExchange& exchange) { exchange.answer(HttpAnswer(404).body("no")); });
     m_world.route("/display/Themes/t1.gif", stall);
+    const LogCapture log;
     CatalogueUpdate update;
     const UpdateTrace trace(update);
     QVERIFY(update.start());
     QTRY_VERIFY(m_world.targets().contains("/display/Themes/t1.gif"));
+    // Side by side, that request may overtake the failure.
+    QTRY_COMPARE(log.countContaining("Thumb download template is error!"), 1);
     update.cancel();
     QVERIFY(trace.hasFinished());
     const SCatalogueUpdateResult& result = trace.results().constFirst();

@@ -55,7 +55,8 @@ Outcome ConsoleProgram::end(QProcess& process)
     const bool ended =
         process.state() == QProcess::NotRunning || process.waitForFinished(longestMs);
     outcome.out = withPlainLineEnds(process.readAllStandardOutput());
-    outcome.err = withPlainLineEnds(process.readAllStandardError());
+    if (process.processChannelMode() != QProcess::MergedChannels)
+        outcome.err = withPlainLineEnds(process.readAllStandardError());
     if (ended && process.error() != QProcess::FailedToStart
         && process.exitStatus() == QProcess::NormalExit)
         outcome.status = process.exitCode();

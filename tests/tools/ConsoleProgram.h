@@ -30,7 +30,7 @@ public:
     /// Runs a program whose standard input is `input`.
     static Outcome runWithInput(const QString& program, const QStringList& arguments,
                                 const QByteArray& input);
-    /// Waits for a running program to end.
+    /// Waits for a running program to end. With merged channels, `out` has what it wrote to both.
     static Outcome end(QProcess& process);
     /// Whether a program can be signalled so that it ends in an orderly way.
 #ifdef Q_OS_WIN
