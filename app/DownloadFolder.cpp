@@ -4,9 +4,9 @@
 #include "DownloadFolder.h"
 
 #include "catalogue/MVThemeMgr.h"
+#include "download/FolderWalk.h"
 
 #include <QDir>
-#include <QDirIterator>
 #include <QFileInfo>
 #include <QStorageInfo>
 #include <QTemporaryFile>
@@ -34,11 +34,11 @@ qint64 DownloadFolder::freeBytes(const QString& folder)
 qint64 DownloadFolder::usedBytes(const QString& folder, const CancelToken& cancel)
 {
     qint64 bytes = 0;
-    QDirIterator files(folder, QDir::Files | QDir::Hidden | QDir::NoSymLinks,
-                       QDirIterator::Subdirectories);
-    while (files.hasNext() && !cancel.isCancelled()) {
-        files.next();
-        bytes += files.fileInfo().size();
-    }
+    FolderWalk::visit(folder, QDir::Files | QDir::Hidden, [&](const QFileInfo& file) {
+        if (cancel.isCancelled())
+            return false;
+        bytes += file.size();
+        return true;
+    });
     return bytes;
 }

@@ -4,15 +4,16 @@
 #include "DownloadsMove.h"
 
 #include "catalogue/MVThemeMgr.h"
+#include "download/FolderWalk.h"
 #include "download/ResourceStorage.h"
 #include "DownloadFolder.h"
 #include "host/ContentDigest.h"
+#include "host/FileLink.h"
 #include "host/FileLock.h"
 #include "host/SystemFile.h"
 #include "StateText.h"
 
 #include <QDir>
-#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -38,12 +39,6 @@ QString downloadsOf(const QString& root)
     return QDir::cleanPath(root) + QLatin1Char('/') + QFileInfo(downloadsInUse()).fileName();
 }
 
-QDirIterator filesBelow(const QString& folder)
-{
-    return QDirIterator(folder, QDir::Files | QDir::Hidden | QDir::NoSymLinks,
-                        QDirIterator::Subdirectories);
-}
-
 std::filesystem::path native(const QString& path)
 {
     return std::filesystem::path(path.toStdU16String());
@@ -63,7 +58,7 @@ bool hasLink(const QString& root, const QString& path)
 {
     for (QFileInfo entry(path); entry.filePath().size() > root.size();
          entry.setFile(entry.path())) {
-        if (entry.isSymLink() || entry.isJunction())
+        if (FileLink::isLink(entry))
             return true;
     }
     return false;
@@ -88,13 +83,9 @@ bool DownloadsMove::isSame(const QString& root, const QString& other)
 
 bool DownloadsMove::holdsAny(const QString& root)
 {
-    QDirIterator each = filesBelow(downloadsOf(root));
-    while (each.hasNext()) {
-        each.next();
-        if (each.fileName() != MoveJournal::fileName())
-            return true;
-    }
-    return false;
+    return !FolderWalk::visit(
+        downloadsOf(root), QDir::Files | QDir::Hidden,
+        [](const QFileInfo& file) { return file.fileName() == MoveJournal::fileName(); });
 }
 
 DownloadsMove::End DownloadsMove::bring(const CancelToken& cancel, const Progress& progress)
@@ -153,15 +144,14 @@ bool DownloadsMove::lock()
 
 void DownloadsMove::list()
 {
-    QDirIterator each = filesBelow(m_from);
-    while (each.hasNext()) {
-        const QString name = each.next().mid(m_from.size() + 1);
+    FolderWalk::visit(m_from, QDir::Files | QDir::Hidden, [this](const QFileInfo& file) {
+        const QString name = file.filePath().mid(m_from.size() + 1);
         if (name == m_lockName || name == MoveJournal::fileName())
-            continue;
-        const QFileInfo file = each.fileInfo();
+            return true;
         m_files.append({name, file.size(), file.lastModified()});
         m_totalBytes += file.size();
-    }
+        return true;
+    });
 }
 
 /// Notes what is about to be brought: a file that is there already is not ours.
@@ -313,9 +303,11 @@ void DownloadsMove::takeBack()
 
 void DownloadsMove::removeEmptyFolders(const QString& folder)
 {
-    const QStringList names =
-        QDir(folder).entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot | QDir::NoSymLinks);
-    for (const QString& name : names)
-        removeEmptyFolders(folder + QLatin1Char('/') + name);
+    const QFileInfoList inner =
+        QDir(folder).entryInfoList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot);
+    for (const QFileInfo& entry : inner) {
+        if (!FileLink::isLink(entry))
+            removeEmptyFolders(entry.filePath());
+    }
     QDir().rmdir(folder); // fails unless it is empty
 }

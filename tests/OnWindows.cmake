@@ -18,25 +18,7 @@ endif()
 
 mv_leave_out("a library that is preloaded into a program" tst_UtilsDurable tst_FavouritesFile_durable
              tst_mvpublish_killed tst_mvpublish_uploadKilled)
-mv_leave_out(
-    "a process that is copied, or that continues after signals" tst_CurWrapper_leftovers tst_FileLock
-    tst_UtilsFolders tst_checkKilled tst_checksTogether tst_MVThemeDownLoader_CheckCfg_exit)
-mv_leave_out(
-    "pipes with names, permissions and inotify"
-    tst_CurWrapper_failure
-    tst_CurWrapper_target
-    tst_favouritesLimits
-    tst_favouritesShared
-    tst_mvres_specialFiles
-    tst_MVThemeMgr_exit
-    tst_MVThemeMgr_paths
-    tst_mvpublish_replace
-    tst_mvpublish_release
-    tst_mvpublish_switch
-    tst_mvpublish_places)
-mv_leave_out("the size of the process in /proc" tst_reloadMemory tst_listGrowth)
-mv_leave_out("a connection that is neither accepted nor refused" tst_CurWrapper_cancel tst_CurWrapper_faults
-             tst_CurWrapper_retries tst_TransferPool_outcomes tst_TransferPool_cancel)
+mv_leave_out("a folder that stays open while it is renamed" tst_mvpublish_replace)
 mv_leave_out("an HTTPS server" tst_CurWrapper_tls tst_TransferPool_http2)
 mv_leave_out(
     "programs of the other systems: nginx, rclone, minisign, a shell"
@@ -51,9 +33,7 @@ mv_leave_out(
     tst_mvpublish_uploadPrune
     tst_mvpublish_uploadRefusals
     tst_mvpublish_verify
-    tst_mvpublish_verifyServer
-    tst_mvserve)
+    tst_mvpublish_verifyServer)
 mv_leave_out("a pseudo terminal" tst_ProgressLine tst_mvpublish_keys tst_mvres_checkTerminal
-             tst_mvres_fetchTerminal tst_mvres_verify)
-mv_leave_out("signals that end a program in an orderly way" tst_mvres_fetchInterrupt tst_mvres_favourite
-             tst_mvpublish_serve tst_mvpublish_watch)
+             tst_mvres_fetchTerminal)
+mv_leave_out("signals that end a program in an orderly way" tst_mvres_fetchInterrupt)

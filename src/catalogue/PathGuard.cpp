@@ -4,6 +4,7 @@
 #include "catalogue/PathGuard.h"
 
 #include "host/AppOptions.h"
+#include "host/FileLink.h"
 #include "host/SystemFile.h"
 #include "host/WindowsName.h"
 
@@ -47,12 +48,7 @@ bool isTakenLiterally(const QString& path)
 
 bool isLink(const QString& path)
 {
-    const QFileInfo entry(path);
-#ifdef Q_OS_WIN
-    if (entry.isJunction())
-        return true;
-#endif
-    return entry.isSymLink();
+    return FileLink::isLink(QFileInfo(path));
 }
 
 /// Returns the path with all links followed; empty if the file or folder does not exist.

@@ -8,6 +8,7 @@
 #include "catalogue/PathGuard.h"
 #include "download/FileHolders.h"
 #include "download/FileLedger.h"
+#include "download/FolderWalk.h"
 #include "download/ItemUpdate.h"
 #include "download/ResourceEvents.h"
 #include "download/RootPlaces.h"
@@ -19,7 +20,6 @@
 
 #include <QDateTime>
 #include <QDir>
-#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
@@ -191,10 +191,10 @@ void removeEmptyFolders()
     const QStringList tops = halves();
     for (const QString& top : tops) {
         QStringList folders;
-        QDirIterator each(top, QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks,
-                          QDirIterator::Subdirectories);
-        while (each.hasNext())
-            folders.append(QDir::cleanPath(each.next()));
+        FolderWalk::visit(top, QDir::Dirs, [&folders](const QFileInfo& folder) {
+            folders.append(QDir::cleanPath(folder.filePath()));
+            return true;
+        });
         std::sort(folders.begin(), folders.end(), std::greater<>()); // inner ones first
         for (const QString& folder : qAsConst(folders)) {
             if (!lasting.contains(folder) && MVThemeMgr::init()->isDownloadPath(folder))
@@ -322,12 +322,12 @@ QStringList ResourceStorage::leftovers() const
     QStringList leftovers;
     const QStringList tops = halves();
     for (const QString& top : tops) {
-        QDirIterator each(top, QDir::Files | QDir::NoSymLinks, QDirIterator::Subdirectories);
-        while (each.hasNext()) {
-            const QString path = QDir::cleanPath(each.next());
+        FolderWalk::visit(top, QDir::Files, [&](const QFileInfo& file) {
+            const QString path = QDir::cleanPath(file.filePath());
             if (!named.contains(path) && !isInAny(unpacked, path, top))
                 leftovers.append(path);
-        }
+            return true;
+        });
     }
     leftovers.sort();
     return leftovers;
@@ -337,9 +337,10 @@ QStringList ResourceStorage::remains() const
 {
     QStringList remains;
     for (const QString& folder : {RootPlaces::removed(), RootPlaces::arrivals()}) {
-        QDirIterator each(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
-        while (each.hasNext())
-            remains.append(each.next());
+        FolderWalk::visit(folder, QDir::Files | QDir::Hidden, [&remains](const QFileInfo& file) {
+            remains.append(file.filePath());
+            return true;
+        });
     }
     remains.sort();
     return remains;

@@ -87,6 +87,19 @@ QByteArray print(const Conversion& c, const int (&stars)[2], const char* length,
     return text;
 }
 
+/// Prints an address as glibc does: every system has its own form.
+QByteArray printAddress(Conversion c, const int (&stars)[2], const void* address)
+{
+    if (!address) {
+        c.letter = 's';
+        return print(c, stars, "", "(nil)");
+    }
+    c.letter = 'x';
+    c.flags.prepend('#');
+    return print(c, stars, "j",
+                 static_cast<std::uintmax_t>(reinterpret_cast<std::uintptr_t>(address)));
+}
+
 std::intmax_t takeSigned(const QByteArray& length, Arguments& from)
 {
     if (length == "ll")
@@ -140,7 +153,7 @@ QByteArray convert(const Conversion& c, Arguments& from)
         return c.flags.isEmpty() ? QByteArray(text) : print(c, stars, "", text);
     }
     case 'p':
-        return print(c, stars, "", va_arg(from.list, void*));
+        return printAddress(c, stars, va_arg(from.list, void*));
     case 'e':
     case 'E':
     case 'f':

@@ -85,6 +85,10 @@ public:
     /// Returns whether the name leads to a folder, following links.
     static bool isFolder(const QByteArray& name);
 
+    /// Returns whether the name itself is a link, on Windows also a junction or another folder that
+    /// stands for one elsewhere, but no shortcut, which QFileInfo takes for a link.
+    static bool isLink(const QString& name);
+
     /// Returns two numbers that no two files of the system share, following links: all names of one
     /// file give the same. Both are 0 if the file does not exist.
     static QPair<quint64, quint64> identity(const QByteArray& name);

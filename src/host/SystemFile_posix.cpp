@@ -3,6 +3,7 @@
 
 #include "host/SystemFile.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -179,6 +180,11 @@ QPair<quint64, quint64> SystemFile::identity(const QByteArray& name)
     if (::stat(name.constData(), &status) != 0)
         return {0, 0};
     return {status.st_dev, status.st_ino};
+}
+
+bool SystemFile::isLink(const QString& name)
+{
+    return QFileInfo(QDir::cleanPath(name)).isSymLink();
 }
 
 QString SystemFile::realPath(const QString& name)

@@ -150,6 +150,14 @@ bool moveAs(const QByteArray& from, const QByteArray& to, DWORD flags)
     return succeed(::MoveFileExW(systemName(from).c_str(), systemName(to).c_str(), flags));
 }
 
+/// Returns whether the last failure may be due to the file's being open elsewhere. Keeps errno.
+bool isHeldFile(const QByteArray& name)
+{
+    constexpr DWORD others = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY;
+    const DWORD attributes = ::GetFileAttributesW(systemName(name).c_str());
+    return errno == EACCES && attributes != INVALID_FILE_ATTRIBUTES && (attributes & others) == 0;
+}
+
 } // namespace
 
 QByteArray SystemFile::encodedName(const QString& name)
@@ -301,6 +309,21 @@ bool SystemFile::isFolder(const QByteArray& name)
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
+bool SystemFile::isLink(const QString& name)
+{
+    const std::wstring path = systemName(encodedName(name));
+    const DWORD attributes = ::GetFileAttributesW(path.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0)
+        return false;
+    WIN32_FIND_DATAW found = {};
+    const HANDLE search = ::FindFirstFileW(path.c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE)
+        return true; // in doubt
+    ::FindClose(search);
+    // Files in a cloud or compressed by the system have such a point, too. Wine tells no tag.
+    return found.dwReserved0 == 0 || IsReparseTagNameSurrogate(found.dwReserved0);
+}
+
 QPair<quint64, quint64> SystemFile::identity(const QByteArray& name)
 {
     constexpr int bitsOfHalf = 32;
@@ -345,6 +368,10 @@ bool SystemFile::flush(int handle)
 bool SystemFile::hasTakenAllBytes(int handle)
 {
     HANDLE second = nullptr;
+    if (handleOf(handle) == INVALID_HANDLE_VALUE) { // which would stand for this process
+        errno = EBADF;
+        return false;
+    }
     return succeed(::DuplicateHandle(::GetCurrentProcess(), handleOf(handle), ::GetCurrentProcess(),
                                      &second, 0, FALSE, DUPLICATE_SAME_ACCESS))
         && succeed(::CloseHandle(second));
@@ -360,9 +387,18 @@ bool SystemFile::flushTree(const QByteArray&)
     return true; // only an administrator may flush a whole volume
 }
 
+/// A file that another program reads, if only to look for viruses, cannot be replaced before that
+/// has ended, which usually takes milliseconds. A cancel must not wait longer.
 bool SystemFile::rename(const QByteArray& from, const QByteArray& to)
 {
-    return moveAs(from, to, MOVEFILE_REPLACE_EXISTING);
+    constexpr int attempts = 16;
+    constexpr DWORD pauseMs = 10;
+    for (int attempt = 1; !moveAs(from, to, MOVEFILE_REPLACE_EXISTING); ++attempt) {
+        if (attempt == attempts || !isHeldFile(to))
+            return false;
+        ::Sleep(pauseMs);
+    }
+    return true;
 }
 
 bool SystemFile::renameToNew(const QByteArray& from, const QByteArray& to)
@@ -389,6 +425,8 @@ bool SystemFile::remove(const QByteArray& name)
 
 int SystemFile::obstacleIn(const QByteArray& folder)
 {
+    if (!isFolder(folder))
+        return ENOENT;
     const QStorageInfo volume(decodedName(folder));
     if (volume.isReadOnly())
         return EROFS;

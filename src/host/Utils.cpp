@@ -3,10 +3,12 @@
 
 #include "host/Utils.h"
 
+#include "host/FileLink.h"
 #include "host/HostSettings.h"
 #include "host/PartFile.h"
 #include "host/RegularFile.h"
 #include "host/STransferFailure.h"
+#include "host/SystemFile.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -21,8 +23,33 @@ QString realFolder(const QString& path)
     QFileInfo info(QDir::cleanPath(QDir::current().absoluteFilePath(path)));
     while (!info.exists() && !info.isRoot())
         info.setFile(info.path());
-    const QString real = info.canonicalFilePath();
+    const QString real = SystemFile::realPath(info.filePath());
     return real.endsWith(QLatin1Char('/')) ? real : real + QLatin1Char('/');
+}
+
+/// Removes a file or a link, which may be a folder to the system.
+bool removeEntry(const QString& path)
+{
+    if (QFile::remove(path) || QDir().rmdir(path))
+        return true;
+    // Windows removes no file that must not be written.
+    return QFile::setPermissions(path, QFile::permissions(path) | QFile::WriteUser)
+        && QFile::remove(path);
+}
+
+/// Removes a folder with everything in it. QDir::removeRecursively() empties what a junction leads
+/// to.
+bool removeFolder(const QString& folder)
+{
+    bool allRemoved = true;
+    const QFileInfoList entries = QDir(folder).entryInfoList(QDir::AllEntries | QDir::Hidden
+                                                             | QDir::System | QDir::NoDotAndDotDot);
+    for (const QFileInfo& entry : entries) {
+        const QString path = entry.filePath();
+        const bool isFolder = entry.isDir() && !FileLink::isLink(entry);
+        allRemoved = (isFolder ? removeFolder(path) : removeEntry(path)) && allRemoved;
+    }
+    return QDir().rmdir(folder) && allRemoved;
 }
 
 } // namespace
@@ -56,10 +83,10 @@ bool Utils::copyFileToPath(const QString& from, const QString& to, bool overwrit
     PartFile target;
     if (!target.open(to))
         return false;
-    return RegularFile::readChunks(
-               source,
-               [&target](const char* bytes, int length) { return target.write(bytes, length); })
-        && target.commit();
+    const bool isCopied = RegularFile::readChunks(
+        source, [&target](const char* bytes, int length) { return target.write(bytes, length); });
+    source.close(); // Windows replaces no open file, and it may be this one
+    return isCopied && target.commit();
 }
 
 bool Utils::writeFile(const QString& path, const QByteArray& content, STransferFailure* failure)
@@ -83,10 +110,12 @@ bool Utils::copyDirectoryFiles(const QString& from, const QString& to, bool over
         return false;
 
     bool allCopied = true;
-    const QFileInfoList entries = source.entryInfoList(QDir::AllEntries | QDir::Hidden
-                                                       | QDir::NoDotAndDotDot | QDir::NoSymLinks);
+    const QFileInfoList entries =
+        source.entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     for (const QFileInfo& entry : entries) {
         const QString target = to + QLatin1Char('/') + entry.fileName();
+        if (FileLink::isLink(entry))
+            continue;
         if (entry.isDir())
             allCopied = copyDirectoryFiles(entry.filePath(), target, overwrite) && allCopied;
         else if (overwrite || !QFile::exists(target))
@@ -101,14 +130,14 @@ bool Utils::rmDir(const QString& path, bool recursive)
         return false;
     // QDir would remove the target of a link; a trailing slash hides that it is one.
     const QFileInfo info(QDir::cleanPath(path));
-    if (info.isSymLink())
-        return QFile::remove(info.filePath());
+    if (FileLink::isLink(info))
+        return removeEntry(info.filePath());
     if (!info.exists())
         return true;
     // Canonical, since "/.." is the root, too, and "." may be.
     if (!info.isDir() || QDir(info.canonicalFilePath()).isRoot())
         return false;
-    return recursive ? QDir(info.filePath()).removeRecursively() : QDir().rmdir(info.filePath());
+    return recursive ? removeFolder(info.filePath()) : QDir().rmdir(info.filePath());
 }
 
 QString Utils::strDataLocation()

@@ -6,6 +6,7 @@
 #include "host/FileLock.h"
 #include "MoveJournal.h"
 #include "support/CatalogueFiles.h"
+#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
 
 #include <QDateTime>
@@ -196,7 +197,7 @@ void tst_DownloadsMove::foldersWithinEachOtherAreRefused_data()
 void tst_DownloadsMove::foldersWithinEachOtherAreRefused()
 {
     QFETCH(QString, to);
-    QVERIFY(QFile::link(from(), m_here->path() + QStringLiteral("/link")));
+    MV_LINK(from(), m_here->path() + QStringLiteral("/link"));
     DownloadsMove move(from(), m_here->path() + to);
     QCOMPARE(move.bring(CancelToken(), noProgress), End::Failed);
     QCOMPARE(filesOf(from()), m_files);
@@ -209,7 +210,7 @@ void tst_DownloadsMove::whatIsNotDownloadedStays()
     CatalogueFiles::write(own, "mine");
     const QString outside = m_here->path() + QStringLiteral("/installed/a.xml");
     CatalogueFiles::write(outside, "installed");
-    QVERIFY(QFile::link(QFileInfo(outside).path(), from() + QStringLiteral("/Themes/linked")));
+    MV_LINK(QFileInfo(outside).path(), from() + QStringLiteral("/Themes/linked"));
     const QString to = m_here->path() + QStringLiteral("/new");
     DownloadsMove move(from(), to);
     QCOMPARE(move.bring(CancelToken(), noProgress), End::Complete);
@@ -217,7 +218,7 @@ void tst_DownloadsMove::whatIsNotDownloadedStays()
     QCOMPARE(filesOf(to), m_files);
     QVERIFY(QFile::exists(own));
     QCOMPARE(CatalogueFiles::read(outside), QByteArray("installed"));
-    QVERIFY(QFileInfo(from() + QStringLiteral("/Themes/linked")).isSymLink());
+    QVERIFY(SpecialFiles::isLink(from() + QStringLiteral("/Themes/linked")));
 }
 
 void tst_DownloadsMove::linksInTheNewFolderAreRefused_data()
@@ -244,7 +245,7 @@ void tst_DownloadsMove::linksInTheNewFolderAreRefused()
     const QString elsewhere = m_here->path() + QStringLiteral("/elsewhere");
     const QString path = to + QLatin1Char('/') + link;
     QVERIFY(QDir().mkpath(elsewhere) && QDir().mkpath(QFileInfo(path).path()));
-    QVERIFY(QFile::link(m_here->path() + QLatin1Char('/') + target, path));
+    MV_LINK(m_here->path() + QLatin1Char('/') + target, path);
     DownloadsMove move(from(), to);
     QCOMPARE(move.bring(CancelToken(), noProgress), End::Failed);
     QVERIFY2(move.errorText().contains(QStringLiteral("links")), qPrintable(move.errorText()));
@@ -325,7 +326,7 @@ void tst_DownloadsMove::changedOriginalsStay()
 void tst_DownloadsMove::oneFolderIsKnownByTwoNames()
 {
     const QString link = m_here->path() + QStringLiteral("/link");
-    QVERIFY(QFile::link(from(), link));
+    MV_LINK(from(), link);
     QVERIFY(DownloadsMove::isSame(from(), link + QLatin1Char('/')));
     QVERIFY(
         DownloadsMove::isSame(from() + QStringLiteral("/none"), link + QStringLiteral("/none")));

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 
 #include "CatalogueFixture.h"
+#ifndef Q_OS_WIN
 #include "FolderEvents.h"
+#endif
 
 #include <QJsonDocument>
 #include <QProcess>
@@ -190,6 +192,9 @@ void tst_MVThemeMgr_exit::firstStartLeavesEmptyObjects()
 
 void tst_MVThemeMgr_exit::themesAreSavedBeforeFilters()
 {
+#ifdef Q_OS_WIN
+    QSKIP("This system tells the changes of a folder in another way.");
+#else
     FolderEvents events;
     QVERIFY(events.watch(m_data + QStringLiteral("/ThemeCollect"), QStringLiteral("themes")));
     QVERIFY(events.watch(m_data + QStringLiteral("/FilterCollect"), QStringLiteral("filters")));
@@ -200,6 +205,7 @@ void tst_MVThemeMgr_exit::themesAreSavedBeforeFilters()
     const int themes = appeared.indexOf(QStringLiteral("themes/ThemeCollect.json"));
     const int filters = appeared.indexOf(QStringLiteral("filters/FilterCollect.json"));
     QVERIFY2(themes >= 0 && filters > themes, qPrintable(appeared.join(QLatin1Char(' '))));
+#endif
 }
 
 void tst_MVThemeMgr_exit::backgroundFavouritesAreNotSaved()

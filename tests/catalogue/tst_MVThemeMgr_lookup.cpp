@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "CatalogueFixture.h"
+#include "support/SpecialFiles.h"
 
 using Files = CatalogueFiles;
 using Mgr = MVThemeMgr;
@@ -235,8 +236,8 @@ void tst_MVThemeMgr_lookup::linkedFoldersAreNotExtended()
     const QString outside = m_fixture.base() + QStringLiteral("/outside");
     QVERIFY(QDir().mkpath(outside));
     for (const char* half : {"config", "display"})
-        QVERIFY(QFile::link(outside, m_fixture.downloaded(half, "Themes", QStringLiteral("link"))));
-    QVERIFY(QFile::link(outside, m_fixture.downloaded("config", "Themes", Files::guid(1))));
+        MV_LINK(outside, m_fixture.downloaded(half, "Themes", QStringLiteral("link")));
+    MV_LINK(outside, m_fixture.downloaded("config", "Themes", Files::guid(1)));
     for (const Rule rule : {thumb, gif, resource}) {
         SCfg_Item item = themeWith(
             rule, rule == resource ? QStringLiteral("new/a") : QStringLiteral("link/new/a"));

@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: MIT
 
 #include "CatalogueFixture.h"
+#ifndef Q_OS_WIN
 #include "FolderEvents.h"
+#endif
+#include "support/SpecialFiles.h"
 
 using Mgr = MVThemeMgr;
 
@@ -260,6 +263,9 @@ void tst_MVThemeMgr_paths::settingTheRootCreatesItsFolders()
 
 void tst_MVThemeMgr_paths::foldersAreCreatedKindByKindConfigFirst()
 {
+#ifdef Q_OS_WIN
+    QSKIP("This system tells the changes of a folder in another way.");
+#else
     const QString root = m_fixture.base() + QStringLiteral("/ordered");
     const QString config = root + QStringLiteral("/Themes/config/PQD/Download");
     const QString display = root + QStringLiteral("/Themes/display/PQD/Download");
@@ -277,6 +283,7 @@ void tst_MVThemeMgr_paths::foldersAreCreatedKindByKindConfigFirst()
     }
     expected.append(QStringLiteral("root/imgThumb"));
     QCOMPARE(events.appeared(), expected);
+#endif
 }
 
 void tst_MVThemeMgr_paths::rootIsUsedUnchanged()
@@ -322,10 +329,10 @@ void tst_MVThemeMgr_paths::noFolderIsCreatedBehindALink()
     const QString outside = m_fixture.base() + QStringLiteral("/outside");
     const QString path = root + QLatin1Char('/') + link;
     QVERIFY(QDir().mkpath(outside) && QDir().mkpath(QFileInfo(path).path()));
-    QVERIFY(QFile::link(outside, path));
+    MV_LINK(outside, path);
     mgr().setResourceSaveRootPath(root);
     QCOMPARE(CatalogueFixture::entriesBelow(outside), QStringList());
-    QVERIFY(QFileInfo(path).isSymLink());
+    QVERIFY(SpecialFiles::isLink(path));
     QVERIFY(QFileInfo(root + QLatin1Char('/') + other).isDir());
 }
 

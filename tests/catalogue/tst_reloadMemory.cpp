@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "CatalogueFixture.h"
-
-#include <unistd.h>
+#include "support/ThisProcess.h"
 
 using Files = CatalogueFiles;
 using Mgr = MVThemeMgr;
@@ -31,13 +30,6 @@ namespace {
 
 constexpr int items = 8;
 constexpr qint64 tolerated = 4 * 1024 * 1024;
-
-/// Returns this process's resident memory in bytes.
-qint64 residentBytes()
-{
-    const QList<QByteArray> pages = Files::read(QStringLiteral("/proc/self/statm")).split(' ');
-    return pages.size() > 1 ? pages.at(1).toLongLong() * sysconf(_SC_PAGESIZE) : 0;
-}
 
 void reload(int times)
 {
@@ -84,10 +76,10 @@ void tst_reloadMemory::reloadingDoesNotGrowMemory()
     Mgr& mgr = CatalogueFixture::manager();
     QCOMPARE(mgr.getThemes_Display().size(), items);
     QCOMPARE(mgr.getThemes_Display().last().m_pThemes_a->m_vecItems.size(), items);
-    const qint64 before = residentBytes();
+    const qint64 before = ThisProcess::residentBytes();
     QVERIFY(before > 0);
     reload(900);
-    const qint64 grown = residentBytes() - before;
+    const qint64 grown = ThisProcess::residentBytes() - before;
     QVERIFY2(grown < tolerated, qPrintable(QStringLiteral("%1 bytes more").arg(grown)));
 }
 

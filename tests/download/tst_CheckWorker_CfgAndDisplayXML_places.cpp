@@ -5,6 +5,7 @@
 #include "download/CheckFixture.h"
 #include "download/CheckLines.h"
 #include "host/HostSettings.h"
+#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
 
 #include <QDir>
@@ -208,7 +209,7 @@ void tst_CheckWorker_CfgAndDisplayXML_places::nothingOutsideTheDownloadRoot()
     const QString outside = m_base + QStringLiteral("/outside");
     QDir().mkpath(outside);
     QVERIFY(QDir(m_base + QStringLiteral("/root/Themes")).removeRecursively());
-    QVERIFY(QFile::link(outside, m_base + QStringLiteral("/root/Themes")));
+    MV_LINK(outside, m_base + QStringLiteral("/root/Themes"));
     CheckWorker_CfgAndDisplayXML worker;
     QVERIFY(worker.getDownLoad_XML_Temp(EType_XML_resource_version_xml, false).isEmpty());
     QVERIFY(QDir(outside).isEmpty());

@@ -5,16 +5,16 @@
 #include "download/MVThemeDownLoader_CheckCfg.h"
 #include "host/HostSettings.h"
 #include "support/TestMain.h"
+#include "support/ThisProcess.h"
 
 #include <QProcess>
 #include <QSemaphore>
-#include <QSocketNotifier>
 #include <QTest>
+#include <QThread>
 
 #include <cstdio>
 #include <cstdlib>
-
-#include <unistd.h>
+#include <memory>
 
 /// Tests a process that exits during a check or a preview run. The program runs itself as the host,
 /// which exits when the test closes its input.
@@ -65,13 +65,16 @@ int runHost(const QCoreApplication& application, const QStringList& arguments)
         return 0;
     if (ending == QLatin1String("exit at once"))
         std::exit(0);
-    QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
-    QObject::connect(&input, &QSocketNotifier::activated, &input, [&] {
+    const std::unique_ptr<QThread> input(QThread::create([] { std::getchar(); }));
+    QObject::connect(input.get(), &QThread::finished, &application, [&] {
         if (ending == QLatin1String("exit"))
             std::exit(0);
         QCoreApplication::quit();
     });
-    return application.exec();
+    input->start();
+    const int status = application.exec();
+    input->wait();
+    return status;
 }
 
 } // namespace
@@ -202,8 +205,7 @@ int main(int argc, char** argv)
             return status;
         std::puts("without an application");
         std::fflush(stdout);
-        for (;;)
-            ::pause();
+        ThisProcess::waitForKill();
     }
     const TestHome home;
     TestApplication<QCoreApplication> application(argc, argv);

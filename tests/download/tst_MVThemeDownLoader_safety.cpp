@@ -5,6 +5,7 @@
 #include "download/DownloadFixture.h"
 #include "download/DownloadLines.h"
 #include "support/CatalogueFiles.h"
+#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
 
 #include <QDir>
@@ -241,7 +242,7 @@ void tst_MVThemeDownLoader_safety::links()
     const QString folder = world.root() + QStringLiteral("-outside/");
     CatalogueFiles::write(folder + QStringLiteral("old.zip"), "old");
     CatalogueFiles::write(folder + QStringLiteral("folder/kept.txt"), "kept");
-    QVERIFY(QFile::link(folder + target, world.folder(eCfgItem_Filter) + QLatin1Char('/') + link));
+    MV_LINK(folder + target, world.folder(eCfgItem_Filter) + QLatin1Char('/') + link);
     SCfg_Item filter =
         DownloadWorld::item(eCfgItem_Filter, 1, {QStringLiteral("/VideoFilters/") + name});
     world.serve(QStringLiteral("/config/VideoFilters/") + name, "content");
@@ -262,8 +263,7 @@ void tst_MVThemeDownLoader_safety::folderBesideTheFileIsALink()
     DownloadWorld world;
     const QString folder = world.root() + QStringLiteral("-outside/");
     QVERIFY(QDir().mkpath(folder));
-    QVERIFY(QFile::link(folder + QStringLiteral("new"),
-                        world.folder(eCfgItem_Filter) + QStringLiteral("/f")));
+    MV_LINK(folder + QStringLiteral("new"), world.folder(eCfgItem_Filter) + QStringLiteral("/f"));
     SCfg_Item filter =
         DownloadWorld::item(eCfgItem_Filter, 1, {QStringLiteral("/VideoFilters/f.zip")});
     world.serve(QStringLiteral("/config/VideoFilters/f.zip"), "content");
@@ -284,7 +284,7 @@ void tst_MVThemeDownLoader_safety::rootMayBeALink()
     const QString real = world.root() + QStringLiteral("-real");
     const QString link = world.root() + QStringLiteral("-link");
     QVERIFY(QDir().mkpath(real));
-    QVERIFY(QFile::link(real, link));
+    MV_LINK(real, link);
     MVThemeMgr::init()->setResourceSaveRootPath(link);
     SCfg_Item filter =
         DownloadWorld::item(eCfgItem_Filter, 1, {QStringLiteral("/VideoFilters/f.zip")});

@@ -4,6 +4,7 @@
 #include "download/CheckFixture.h"
 #include "host/HostSettings.h"
 #include "support/TestMain.h"
+#include "support/ThisProcess.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -13,10 +14,7 @@
 #include <QTest>
 
 #include <atomic>
-#include <csignal>
 #include <thread>
-
-#include <unistd.h>
 
 using Files = CatalogueFiles;
 
@@ -60,7 +58,7 @@ int runHost(const QStringList& arguments)
     std::atomic<int> lines{0};
     setLogSink([&](const QByteArray&, int, const QByteArray&) {
         if (++lines == killAt)
-            ::kill(::getpid(), SIGKILL);
+            ThisProcess::kill();
     });
     hostSettings().resourcesPath = base + QStringLiteral("/installed");
     hostSettings().dataLocation = base + QStringLiteral("/data");

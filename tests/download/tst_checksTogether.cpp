@@ -4,6 +4,7 @@
 #include "download/CheckFixture.h"
 #include "host/HostSettings.h"
 #include "support/TestMain.h"
+#include "support/ThisProcess.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -15,8 +16,6 @@
 #include <memory>
 #include <thread>
 #include <vector>
-
-#include <unistd.h>
 
 using Files = CatalogueFiles;
 
@@ -65,8 +64,7 @@ int runHost(const QStringList& arguments)
             return 1;
         std::puts("locked");
         std::fflush(stdout);
-        for (;;)
-            ::pause();
+        ThisProcess::waitForKill();
     }
     worker.onStartDownloadXML(QString());
     return 100 + end;

@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#ifndef Q_OS_WIN
 #include <cerrno>
 #include <vector>
 
@@ -14,12 +15,24 @@
 #include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
+#endif
 
 /// A loopback port on which a connection is neither established nor refused: nobody accepts, and
-/// the backlog is full.
+/// the backlog is full. There is none on Windows, where a full backlog refuses.
 class SilentPort
 {
+#ifdef Q_OS_WIN
 public:
+    static constexpr bool isPossible = false;
+
+    QString url(const QString& target) const
+    {
+        return target;
+    }
+#else
+public:
+    static constexpr bool isPossible = true;
+
     SilentPort()
         : m_listener(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
     {
@@ -46,7 +59,10 @@ public:
     }
 
 private:
-    sockaddr* generic() { return reinterpret_cast<sockaddr*>(&m_address); }
+    sockaddr* generic()
+    {
+        return reinterpret_cast<sockaddr*>(&m_address);
+    }
 
     /// Returns false once the backlog is full: loopback establishes a connection at once, or never.
     bool connectOneMore()
@@ -62,4 +78,5 @@ private:
     int m_listener;
     sockaddr_in m_address = {};
     std::vector<int> m_waiting;
+#endif
 };

@@ -16,6 +16,8 @@ class Unprivileged
 {
 #ifdef Q_OS_WIN
 public:
+    static constexpr bool isPossible = false;
+
     Unprivileged() = default;
     Q_DISABLE_COPY_MOVE(Unprivileged)
 
@@ -25,6 +27,8 @@ public:
     }
 #else
 public:
+    static constexpr bool isPossible = true;
+
     Unprivileged()
         : m_wasRoot(::geteuid() == 0)
     {

@@ -169,6 +169,8 @@ void TestCurWrapperCancel::cancelEndsAConnectionThatDoesNotStand()
 {
     QFETCH(bool, secure);
 
+    if (!secure && !SilentPort::isPossible)
+        QSKIP("This system refuses what it cannot queue.");
     const SilentPort silent;
     // Waits for the end of a request, which a TLS client never sends.
     FaultServer mute([](HttpExchange& exchange) { exchange.stall(); });

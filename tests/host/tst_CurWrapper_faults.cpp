@@ -103,6 +103,8 @@ void TestCurWrapperFaults::unknownHost()
 
 void TestCurWrapperFaults::connectionThatIsNeverEstablished()
 {
+    if (!SilentPort::isPossible)
+        QSKIP("This system refuses what it cannot queue.");
     const SilentPort silent;
     hostSettings().connectTimeoutMs = 300;
     Download download;

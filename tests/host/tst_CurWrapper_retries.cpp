@@ -194,6 +194,8 @@ void TestCurWrapperRetries::doesNotTryAConnectionAgain()
 {
     QFETCH(QString, url);
 
+    if (url.isEmpty() && !SilentPort::isPossible)
+        QSKIP("This system refuses what it cannot queue.");
     const SilentPort silent;
     hostSettings().connectTimeoutMs = 200;
     hostSettings().retryPauseMs = longPauseMs;

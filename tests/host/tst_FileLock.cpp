@@ -4,19 +4,36 @@
 #include "host/FileLock.h"
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
+#include "support/ThisProcess.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QProcess>
 
 #include <array>
 #include <atomic>
 #include <cerrno>
+#include <cstdio>
 #include <thread>
 
-#include <sys/wait.h>
-#include <unistd.h>
-
 using namespace std::chrono_literals;
+
+namespace {
+
+/// With this argument the program holds the lock of a file until it is killed.
+const char* const holderArgument = "--hold";
+
+int holdLock(const QString& file)
+{
+    FileLock lock(file);
+    if (lock.lock(0ms) != FileLock::Result::Locked)
+        return 1;
+    std::puts("locked");
+    std::fflush(stdout);
+    ThisProcess::waitForKill();
+}
+
+} // namespace
 
 /// Tests that a lock excludes other processes, but only while its owner lives.
 class tst_FileLock : public QObject
@@ -136,14 +153,14 @@ void tst_FileLock::leftFileBlocksNobody()
 
 void tst_FileLock::killedHolderBlocksNobody()
 {
-    const pid_t child = ::fork();
-    if (child == 0) {
-        FileLock lock(m_file);
-        ::_exit(lock.lock(0ms) == FileLock::Result::Locked ? 0 : 1); // and without a destructor
-    }
-    int status = -1;
-    QCOMPARE(::waitpid(child, &status, 0), child);
-    QCOMPARE(status, 0);
+    QProcess holder;
+    holder.start(QCoreApplication::applicationFilePath(),
+                 {QString::fromLatin1(holderArgument), m_file});
+    QVERIFY(holder.waitForReadyRead());
+    QCOMPARE(holder.readAllStandardOutput().trimmed(), QByteArray("locked"));
+    QVERIFY(FileLock(m_file).lock(0ms) == FileLock::Result::Busy);
+    holder.kill();
+    QVERIFY(holder.waitForFinished());
     QVERIFY(QFileInfo::exists(m_file));
     QCOMPARE(FileLock(m_file).lock(0ms), FileLock::Result::Locked);
 }
@@ -177,5 +194,14 @@ void tst_FileLock::excludesWhileTheFileComesAndGoes()
     QVERIFY(!QFileInfo::exists(m_file));
 }
 
-MV_TEST_MAIN(tst_FileLock)
+int main(int argc, char** argv)
+{
+    if (argc == 3 && qstrcmp(argv[1], holderArgument) == 0)
+        return holdLock(QString::fromUtf8(argv[2]));
+    const TestHome home;
+    TestApplication<QCoreApplication> application(argc, argv);
+    tst_FileLock test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "tst_FileLock.moc"

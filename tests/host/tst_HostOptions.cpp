@@ -75,7 +75,7 @@ void tst_HostOptions::overrideTheSettings()
                   text("http://host/mv"), text("--param"), text("a=b=c"), text("--param"),
                   text("empty=")}));
     QVERIFY(options.apply(nullptr));
-    QCOMPARE(hostSettings().resourcesPath, text("/usr/share/editor"));
+    QCOMPARE(hostSettings().resourcesPath, absolute("/usr/share/editor"));
     QCOMPARE(hostSettings().productParams,
              (QMap<QString, QString>{{QString(ProductParam::serverRoot), text("http://host/mv/")},
                                      {text("a"), text("b=c")},
@@ -199,12 +199,12 @@ void tst_HostOptions::dataFolderIsSharedByPrograms()
         HostOptions options;
         QVERIFY(read(options, {text("--data"), text("/srv/../srv/shared")}));
         QVERIFY(options.apply(nullptr));
-        QCOMPARE(hostSettings().dataLocation, text("/srv/shared"));
-        QCOMPARE(hostSettings().appDataPath, text("/srv/shared"));
-        QCOMPARE(hostSettings().resourcesPath, text("/srv/shared/resources"));
-        QCOMPARE(options.defaultResources(), text("/srv/shared/resources"));
-        QCOMPARE(hostSettings().testOutputDir, text("/srv/shared/resources"));
-        QCOMPARE(options.downloadRoot(), text("/srv/shared/download"));
+        QCOMPARE(hostSettings().dataLocation, absolute("/srv/shared"));
+        QCOMPARE(hostSettings().appDataPath, absolute("/srv/shared"));
+        QCOMPARE(hostSettings().resourcesPath, absolute("/srv/shared/resources"));
+        QCOMPARE(options.defaultResources(), absolute("/srv/shared/resources"));
+        QCOMPARE(hostSettings().testOutputDir, absolute("/srv/shared/resources"));
+        QCOMPARE(options.downloadRoot(), absolute("/srv/shared/download"));
     }
     QCOMPARE(HostOptions().defaultResources(), HostSettings().resourcesPath);
 }
@@ -242,17 +242,18 @@ void tst_HostOptions::otherOptionsTakePrecedenceOverTheDataFolder()
                   text("--resources"), text("/usr/share/editor"), text("--settings"),
                   iniFile("[paths]\ntestOutput=/srv/test\n")}));
     QVERIFY(options.apply(nullptr));
-    QCOMPARE(options.downloadRoot(), text("/srv/root"));
-    QCOMPARE(hostSettings().resourcesPath, text("/usr/share/editor"));
-    QCOMPARE(hostSettings().testOutputDir, text("/srv/test"));
+    QCOMPARE(options.downloadRoot(), absolute("/srv/root"));
+    QCOMPARE(hostSettings().resourcesPath, absolute("/usr/share/editor"));
+    QCOMPARE(hostSettings().testOutputDir, absolute("/srv/test", TestHome::path()));
 }
 
 void tst_HostOptions::downloadRootIsAbsolute_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("root");
-    QTest::newRow("none") << QStringList() << text("/data/download");
-    QTest::newRow("absolute") << QStringList{text("--root"), text("/tmp/./x/")} << text("/tmp/x");
+    QTest::newRow("none") << QStringList() << absolute("/data/download");
+    QTest::newRow("absolute") << QStringList{text("--root"), text("/tmp/./x/")}
+                              << absolute("/tmp/x");
     QTest::newRow("relative") << QStringList{text("--root"), text("x")}
                               << QDir::current().filePath(text("x"));
 }

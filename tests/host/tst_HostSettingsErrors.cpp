@@ -84,9 +84,9 @@ void tst_HostSettingsErrors::refusesAnythingButAFile_data()
     QTest::newRow("no name") << QString() << missing;
     const auto other = QStringLiteral("the file cannot be read: not a regular file");
     QTest::newRow("folder") << TestHome::path() << other;
-    QTest::newRow("device") << SpecialFiles::endlessDevice() << other;
     if (!SpecialFiles::hasPipes)
-        return;
+        return; // nor are there devices among the files
+    QTest::newRow("device") << SpecialFiles::endlessDevice() << other;
     const QString pipe = TestHome::path() + QStringLiteral("/pipe");
     SpecialFiles::makePipe(pipe);
     QTest::newRow("pipe") << pipe << other;
@@ -127,6 +127,9 @@ void tst_HostSettingsErrors::refusesAFileThatCannotBeRead()
 void tst_HostSettingsErrors::refusesAFileWhoseReadingFails()
 {
     const QString path = QStringLiteral("/proc/self/mem"); // offset 0 cannot be read
+#ifdef Q_OS_WIN
+    QSKIP("This system has no file whose reading fails.");
+#endif
     QString error;
     QVERIFY(!loadHostSettings(path, &error));
     QCOMPARE(error, path + QStringLiteral(": the file cannot be read: Input/output error"));

@@ -112,9 +112,12 @@ void tst_LogL::convertsEveryLength_data()
     row("hhu", logged("%hhu", 0x1FF), "255");
     row("hd", logged("%hd", 0x1FFFF), "-1");
     row("hu", logged("%hu", 0x1FFFF), "65535");
-    row("ld", logged("%ld", std::numeric_limits<long>::min()), "-9223372036854775808");
-    row("lu", logged("%lu", std::numeric_limits<unsigned long>::max()), "18446744073709551615");
-    row("lx", logged("%lx", 0xFFFFFFFFFFUL), "ffffffffff");
+    // Whatever the system's size of a long is.
+    const long lowest = std::numeric_limits<long>::min();
+    const unsigned long highest = std::numeric_limits<unsigned long>::max();
+    row("ld", logged("%ld", lowest), QByteArray::number(qlonglong(lowest)));
+    row("lu", logged("%lu", highest), QByteArray::number(qulonglong(highest)));
+    row("lx", logged("%lx", highest), QByteArray::number(qulonglong(highest), 16));
     row("lld", logged("%lld", std::numeric_limits<long long>::max()), "9223372036854775807");
     row("llu", logged("%llu", 18446744073709551615ULL), "18446744073709551615");
     row("llo", logged("%llo", 8ULL), "10");

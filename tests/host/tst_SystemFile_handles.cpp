@@ -3,6 +3,7 @@
 
 #include "host/SystemFile.h"
 #include "support/CatalogueFiles.h"
+#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
 
 #include <QDir>
@@ -88,8 +89,7 @@ void tst_SystemFile_handles::opensOrCreatesNoLink()
     QVERIFY(exists("new"));
     QVERIFY(Handle(SystemFile::openOrCreate(path("old"))).isOpen());
     QCOMPARE(content("old"), QByteArray("old"));
-    QVERIFY(
-        QFile::link(SystemFile::decodedName(path("old")), SystemFile::decodedName(path("link"))));
+    MV_LINK(SystemFile::decodedName(path("old")), SystemFile::decodedName(path("link")));
     QVERIFY(!Handle(SystemFile::openOrCreate(path("link"))).isOpen());
 }
 
@@ -153,9 +153,11 @@ void tst_SystemFile_handles::knowsTheNamesOfAnOpenFile()
     QVERIFY(!SystemFile::hasName(handle.number(), path("old")));
     QVERIFY(SystemFile::hasAnyName(handle.number()));
     QVERIFY(SystemFile::remove(path("renamed")));
-    QVERIFY(!SystemFile::hasAnyName(handle.number()));
+    if (SpecialFiles::tellsRemoved())
+        QVERIFY(!SystemFile::hasAnyName(handle.number()));
     QVERIFY(!SystemFile::remove(path("renamed")));
-    QVERIFY(!SystemFile::hasAnyName(-1));
+    if (SpecialFiles::tellsRemoved())
+        QVERIFY(!SystemFile::hasAnyName(-1));
     QVERIFY(!SystemFile::hasName(-1, path("old")));
 }
 

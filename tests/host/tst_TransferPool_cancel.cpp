@@ -163,10 +163,12 @@ void TestTransferPoolCancel::endsUnfinishedConnections()
 {
     QFETCH(QString, scheme);
 
+    const bool isSecure = scheme == QLatin1String("https");
+    if (!isSecure && !SilentPort::isPossible)
+        QSKIP("This system refuses what it cannot queue.");
     const SilentPort silent;
     // Waits for the end of a request, which a TLS client never sends.
     FaultServer mute([](HttpExchange& exchange) { exchange.stall(); });
-    const bool isSecure = scheme == QLatin1String("https");
     const QString url = isSecure ? QStringLiteral("https://127.0.0.1:%1/file").arg(mute.port())
                                  : silent.url(QStringLiteral("/file"));
     PoolRun run(number);

@@ -151,7 +151,7 @@ void tst_Utils::copyReplacesALinkNotWhatItPointsTo()
 {
     write(QStringLiteral("a"), "new");
     write(QStringLiteral("elsewhere"), "untouched");
-    QVERIFY(QFile::link(path(QStringLiteral("elsewhere")), path(QStringLiteral("b"))));
+    MV_LINK(path(QStringLiteral("elsewhere")), path(QStringLiteral("b")));
     QVERIFY(Utils::copyFile(path(QStringLiteral("a")), QDir(m_folder), QStringLiteral("b")));
     QVERIFY(!QFileInfo(path(QStringLiteral("b"))).isSymLink());
     QCOMPARE(read(QStringLiteral("b")), QByteArray("new"));

@@ -3,14 +3,17 @@
 
 #include "host/Utils.h"
 #include "support/CatalogueFiles.h"
+#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 
+#ifndef Q_OS_WIN
 #include <sys/wait.h>
 #include <unistd.h>
+#endif
 
 namespace {
 
@@ -20,6 +23,11 @@ enum Verdict { refused, removed, notPossible };
 /// "marker" in it proves that the root has changed.
 Verdict removeBelow(const QString& root, const QString& path)
 {
+#ifdef Q_OS_WIN
+    Q_UNUSED(root)
+    Q_UNUSED(path)
+    return notPossible;
+#else
     const QByteArray rootName = QFile::encodeName(root);
     const pid_t child = ::fork();
     if (child == 0) {
@@ -32,6 +40,7 @@ Verdict removeBelow(const QString& root, const QString& path)
     if (child < 0 || ::waitpid(child, &status, 0) != child || !WIFEXITED(status))
         qFatal("the child process failed");
     return Verdict(WEXITSTATUS(status));
+#endif
 }
 
 } // namespace
@@ -135,10 +144,12 @@ void tst_UtilsFolders::copyLeavesLinksOut()
 {
     write("from/a", "1");
     write("elsewhere/b", "2");
-    QVERIFY(QFile::link(path("elsewhere"), path("from/folderLink")));
-    QVERIFY(QFile::link(path("elsewhere/b"), path("from/fileLink")));
-    QVERIFY(QFile::link(path("none"), path("from/brokenLink")));
-    QVERIFY(QFile::link(path("from"), path("from/loop")));
+    MV_LINK(path("elsewhere"), path("from/folderLink"));
+    if (SpecialFiles::hasFileLinks) {
+        MV_LINK(path("elsewhere/b"), path("from/fileLink"));
+        MV_LINK(path("none"), path("from/brokenLink"));
+    }
+    MV_LINK(path("from"), path("from/loop"));
     QVERIFY(Utils::copyDirectoryFiles(path("from"), path("to"), true));
     QCOMPARE(QDir(path("to"))
                  .entryList(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot),
@@ -148,7 +159,7 @@ void tst_UtilsFolders::copyLeavesLinksOut()
 void tst_UtilsFolders::copyFollowsTheSourceItself()
 {
     write("real/a", "1");
-    QVERIFY(QFile::link(path("real"), path("from")));
+    MV_LINK(path("real"), path("from"));
     QVERIFY(Utils::copyDirectoryFiles(path("from"), path("to"), true));
     QCOMPARE(files("to"), QStringList{QStringLiteral("a")});
 }
@@ -212,8 +223,8 @@ void tst_UtilsFolders::copyIntoItselfIsRefused()
     QFETCH(QString, to);
     write("from/a", "1");
     write("from/sub/b", "2");
-    QVERIFY(QFile::link(path("from"), path("link")));
-    QVERIFY(QFile::link(path("from/sub"), path("subLink")));
+    MV_LINK(path("from"), path("link"));
+    MV_LINK(path("from/sub"), path("subLink"));
     QVERIFY(!Utils::copyDirectoryFiles(path("from"), m_folder + to, true));
     QCOMPARE(files("from"), (QStringList{QStringLiteral("a"), QStringLiteral("sub/b")}));
     QCOMPARE(QDir(path("from")).entryList(QDir::Dirs | QDir::NoDotAndDotDot),
@@ -290,6 +301,8 @@ void tst_UtilsFolders::removesALinkNotItsTarget_data()
         QTest::addRow("with a slash, %s", kind) << QStringLiteral("folderLink/") << recursive;
         QTest::addRow("with slashes, %s", kind) << QStringLiteral("folderLink//") << recursive;
         QTest::addRow("with a dot, %s", kind) << QStringLiteral("folderLink/.") << recursive;
+        if (!SpecialFiles::hasFileLinks)
+            continue;
         QTest::addRow("to a file, %s", kind) << QStringLiteral("fileLink") << recursive;
         QTest::addRow("to nothing, %s", kind) << QStringLiteral("brokenLink") << recursive;
     }
@@ -300,24 +313,34 @@ void tst_UtilsFolders::removesALinkNotItsTarget()
     QFETCH(QString, link);
     QFETCH(bool, recursive);
     write("real/a", "kept");
-    QVERIFY(QFile::link(path("real"), path("folderLink")));
-    QVERIFY(QFile::link(path("real/a"), path("fileLink")));
-    QVERIFY(QFile::link(path("none"), path("brokenLink")));
-    QVERIFY(Utils::rmDir(m_folder + link, recursive));
-    QVERIFY(!QFileInfo(QDir::cleanPath(m_folder + link)).isSymLink());
+    MV_LINK(path("real"), path("folderLink"));
+    if (SpecialFiles::hasFileLinks) {
+        MV_LINK(path("real/a"), path("fileLink"));
+        MV_LINK(path("none"), path("brokenLink"));
+    }
+    const bool isRemoved = Utils::rmDir(m_folder + link, recursive);
     QCOMPARE(read("real/a"), QByteArray("kept"));
+    if (!SpecialFiles::canRemoveLinks())
+        QSKIP("This system removes no links to folders.");
+    QVERIFY(isRemoved);
+    QVERIFY(!SpecialFiles::isLink(QDir::cleanPath(m_folder + link)));
 }
 
 void tst_UtilsFolders::removesLinksInsideNotTheirTargets()
 {
     write("real/a", "kept");
     write("tree/b", "1");
-    QVERIFY(QFile::link(path("real"), path("tree/folderLink")));
-    QVERIFY(QFile::link(path("real/a"), path("tree/fileLink")));
-    QVERIFY(QFile::link(path("none"), path("tree/brokenLink")));
-    QVERIFY(Utils::rmDir(path("tree"), true));
-    QVERIFY(!QFileInfo::exists(path("tree")));
+    MV_LINK(path("real"), path("tree/folderLink"));
+    if (SpecialFiles::hasFileLinks) {
+        MV_LINK(path("real/a"), path("tree/fileLink"));
+        MV_LINK(path("none"), path("tree/brokenLink"));
+    }
+    const bool isRemoved = Utils::rmDir(path("tree"), true);
     QCOMPARE(read("real/a"), QByteArray("kept"));
+    if (!SpecialFiles::canRemoveLinks())
+        QSKIP("This system removes no links to folders.");
+    QVERIFY(isRemoved);
+    QVERIFY(!QFileInfo::exists(path("tree")));
 }
 
 void tst_UtilsFolders::removesNothingWithoutAPath()

@@ -3,8 +3,9 @@
 
 #include "support/CatalogueFiles.h"
 
+#include "host/FileLink.h"
+
 #include <QDir>
-#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 
@@ -112,11 +113,16 @@ QByteArray CatalogueFiles::read(const QString& path)
 
 QStringList CatalogueFiles::filesBelow(const QString& folder)
 {
-    QStringList files;
-    QDirIterator it(folder, QDir::Files | QDir::Hidden | QDir::System,
-                    QDirIterator::Subdirectories);
-    while (it.hasNext())
-        files.append(QDir(folder).relativeFilePath(it.next()));
+    const QDir::Filters all = QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
+    QStringList files = QDir(folder).entryList(QDir::Files | all);
+    const QFileInfoList folders = QDir(folder).entryInfoList(QDir::Dirs | all);
+    for (const QFileInfo& inner : folders) {
+        if (FileLink::isLink(inner))
+            continue;
+        const QStringList below = filesBelow(inner.filePath());
+        for (const QString& file : below)
+            files.append(inner.fileName() + QLatin1Char('/') + file);
+    }
     files.sort();
     return files;
 }

@@ -9,11 +9,14 @@
 /// Files that are no regular ones.
 namespace SpecialFiles {
 
-/// Whether a folder can contain a pipe. On Windows none can.
+/// Whether a folder can contain a pipe, and whether a link can lead to a file or to nothing. On
+/// Windows only folders are linked, by junctions: other links are for administrators.
 #ifdef Q_OS_WIN
 constexpr bool hasPipes = false;
+constexpr bool hasFileLinks = false;
 #else
 constexpr bool hasPipes = true;
+constexpr bool hasFileLinks = true;
 #endif
 
 /// Makes a pipe that nobody writes; ends the program if that fails.
@@ -24,4 +27,26 @@ void makePipe(const QString& path);
 QString emptyDevice();
 QString endlessDevice();
 
+/// Returns whether link() can lead to that target.
+bool canLinkTo(const QString& target, const QString& path);
+/// Makes the link `path`, on Windows a junction. A relative target begins at the link's folder.
+/// Returns whether the link exists.
+bool link(const QString& target, const QString& path);
+/// Returns whether the path is a link, on Windows also a junction.
+bool isLink(const QString& path);
+/// Whether the system can remove a link to a folder. Wine removes what it leads to, if it is empty.
+bool canRemoveLinks();
+/// Removes a link, also where canRemoveLinks() is false.
+void unlink(const QString& path);
+/// Whether the system tells that an open file has lost its name. Wine does not.
+bool tellsRemoved();
+
 } // namespace SpecialFiles
+
+/// Makes a link in a test function, which is skipped where the system lacks links to that target.
+#define MV_LINK(target, path)                                                                      \
+    do {                                                                                           \
+        if (!SpecialFiles::canLinkTo(target, path))                                                \
+            QSKIP("This system links folders only.");                                              \
+        QVERIFY(SpecialFiles::link(target, path));                                                 \
+    } while (false)

@@ -4,6 +4,7 @@
 #include "support/SpecialFiles.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <sys/stat.h>
 
@@ -21,4 +22,34 @@ QString SpecialFiles::emptyDevice()
 QString SpecialFiles::endlessDevice()
 {
     return QStringLiteral("/dev/zero");
+}
+
+bool SpecialFiles::canLinkTo(const QString& /*target*/, const QString& /*path*/)
+{
+    return true;
+}
+
+bool SpecialFiles::link(const QString& target, const QString& path)
+{
+    return QFile::link(target, path);
+}
+
+bool SpecialFiles::isLink(const QString& path)
+{
+    return QFileInfo(path).isSymLink();
+}
+
+bool SpecialFiles::canRemoveLinks()
+{
+    return true;
+}
+
+void SpecialFiles::unlink(const QString& path)
+{
+    QFile::remove(path);
+}
+
+bool SpecialFiles::tellsRemoved()
+{
+    return true;
 }

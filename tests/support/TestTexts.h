@@ -5,6 +5,7 @@
 
 #include "support/TestMain.h"
 
+#include <QDir>
 #include <QString>
 
 /// @name Short names for tests that are full of literals
@@ -18,5 +19,12 @@ inline QString text(const char* utf8)
 inline QString home(const char* name)
 {
     return TestHome::path() + QLatin1Char('/') + text(name);
+}
+
+/// Returns a path that begins with a slash as an absolute one, on Windows on the drive of the
+/// current folder or of another one.
+inline QString absolute(const char* path, const QString& folder = QDir::currentPath())
+{
+    return QDir(folder).absoluteFilePath(text(path));
 }
 /// @}

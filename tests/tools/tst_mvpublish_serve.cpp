@@ -56,7 +56,7 @@ void TestMvpublishServe::start(const QStringList& options)
 {
     m_process.start(Mvpublish::program(), QStringList{text("serve"), m_tree} + options);
     QTRY_VERIFY_WITH_TIMEOUT(m_process.canReadLine(), longestMs);
-    const QString line = QString::fromUtf8(m_process.readLine());
+    const QString line = QString::fromUtf8(m_process.readLine().replace("\r\n", "\n"));
     const QRegularExpressionMatch match =
         QRegularExpression(text("^serving (.*) at http://127\\.0\\.0\\.1:(\\d+)/\n$")).match(line);
     QVERIFY2(match.hasMatch(), qPrintable(line));
@@ -72,7 +72,8 @@ void TestMvpublishServe::servesTheTreeAndPrintsRequests()
     QCOMPARE(RawClient::status(RawClient(m_port).get("/%2e%2e/secret.txt")), 404);
     ConsoleProgram::signal(m_process, SIGINT);
     const Outcome outcome = ConsoleProgram::end(m_process);
-    QCOMPARE(outcome.status, 0);
+    if (ConsoleProgram::hasSignals)
+        QCOMPARE(outcome.status, 0);
     QCOMPARE(outcome.lines(),
              (QStringList{text("GET //a.txt 200"), text("GET /a.txt 206"),
                           text("GET /../secret.txt 404")}));

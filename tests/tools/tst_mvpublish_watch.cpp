@@ -48,7 +48,8 @@ private:
     void start(const QStringList& options = {});
     /// Waits until the program has printed a text so many times.
     bool shows(const char* shown, int count = 1);
-    int interrupted();
+    /// Interrupts the program. Returns whether it has ended in an orderly way, where it can.
+    bool endsWell();
 
     SmallSource m_source{home("source")};
     QString m_out = home("out");
@@ -79,12 +80,12 @@ bool TestMvpublishWatch::shows(const char* shown, int count)
                            longestMs);
 }
 
-int TestMvpublishWatch::interrupted()
+bool TestMvpublishWatch::endsWell()
 {
     ConsoleProgram::signal(m_process, SIGINT);
     const Outcome outcome = ConsoleProgram::end(m_process);
     m_written += outcome.out;
-    return outcome.status;
+    return outcome.status == 0 || !ConsoleProgram::hasSignals;
 }
 
 void TestMvpublishWatch::buildsAgainAfterAChange_data()
@@ -128,7 +129,7 @@ void TestMvpublishWatch::buildsAgainAfterAChange()
     m_source.set(text("zoom"), "name", text("Zoom again"));
     QCOMPARE(Mvpublish::build(m_source.folder(), expected, {text("--no-release")}), QString());
     QTRY_VERIFY_WITH_TIMEOUT(isSame(), longestMs);
-    QCOMPARE(interrupted(), 0);
+    QVERIFY(endsWell());
 }
 
 void TestMvpublishWatch::faultLeavesTheTreeUntilItIsMended()
@@ -142,14 +143,14 @@ void TestMvpublishWatch::faultLeavesTheTreeUntilItIsMended()
     m_source.set(text("look"), "name", text("Mended"));
     QTRY_VERIFY_WITH_TIMEOUT(
         CatalogueFiles::read(m_out + text("/ResourceConfig/release.json")) != before, longestMs);
-    QCOMPARE(interrupted(), 0);
+    QVERIFY(endsWell());
 }
 
 void TestMvpublishWatch::interruptEndsItCleanly()
 {
     start();
     const QStringList files = CatalogueFiles::filesBelow(TestHome::path());
-    QCOMPARE(interrupted(), 0);
+    QVERIFY(endsWell());
     QVERIFY(!m_written.contains("error"));
     QCOMPARE(CatalogueFiles::filesBelow(TestHome::path()), files);
     QCOMPARE(Mvpublish::run({text("lint"), m_out}).status, 0);

@@ -8,14 +8,13 @@
 #include "catalogue/MVThemeMgr.h"
 #include "support/ProcessorTime.h"
 #include "support/TestMain.h"
+#include "support/ThisProcess.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QUuid>
 
 #include <memory>
-
-#include <unistd.h>
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 constexpr bool sanitized = true; // freed memory stays in quarantine, and everything is slow
@@ -51,21 +50,6 @@ constexpr int rounds = sanitized ? 3 : 30;
 constexpr qint64 tolerated = 3 * 1024 * 1024;
 constexpr double timesSlower = 3;
 constexpr double leastSeconds = 0.2; // shorter times are too noisy to compare
-
-/// Returns this process's resident memory in bytes.
-qint64 residentBytes()
-{
-    const QList<QByteArray> pages =
-        CatalogueFiles::read(QStringLiteral("/proc/self/statm")).split(' ');
-    return pages.size() > 1 ? pages.at(1).toLongLong() * sysconf(_SC_PAGESIZE) : 0;
-}
-
-int openFiles()
-{
-    return static_cast<int>(QDir(QStringLiteral("/proc/self/fd"))
-                                .entryList(QDir::NoDotAndDotDot | QDir::AllEntries)
-                                .size());
-}
 
 /// Counts the requests of a cell's parts that Qt delivers later.
 class RequestCounter : public QObject
@@ -129,11 +113,11 @@ void tst_listGrowth::refillingDoesNotGrow()
         refill();
     QCOMPARE(list.cellCount(), 0);
     const int objects = list.window().findChildren<QObject*>().size();
-    const qint64 before = residentBytes();
+    const qint64 before = ThisProcess::residentBytes();
     for (int i = 0; i < rounds; ++i)
         refill();
     QCOMPARE(list.window().findChildren<QObject*>().size(), objects);
-    const qint64 grown = residentBytes() - before;
+    const qint64 grown = ThisProcess::residentBytes() - before;
     QVERIFY2(sanitized || grown < tolerated, qPrintable(QString::number(grown)));
 }
 
@@ -152,12 +136,12 @@ void tst_listGrowth::filteringDoesNotGrow()
     for (int i = 0; i < rounds; ++i)
         filter();
     const int objects = list.window().findChildren<QObject*>().size();
-    const qint64 before = residentBytes();
+    const qint64 before = ThisProcess::residentBytes();
     for (int i = 0; i < rounds; ++i)
         filter();
     QCOMPARE(list.window().findChildren<QObject*>().size(), objects);
     QCOMPARE(list.cellCount(), fewThemes);
-    const qint64 grown = residentBytes() - before;
+    const qint64 grown = ThisProcess::residentBytes() - before;
     QVERIFY2(sanitized || grown < tolerated, qPrintable(QString::number(grown)));
 }
 
@@ -166,11 +150,11 @@ void tst_listGrowth::hoveringKeepsNoFilesOpen()
     fillWorld(fewThemes);
     ListWindow list(UIItem_Themes, {900, 500});
     list.fill();
-    const int before = openFiles();
+    const int before = ThisProcess::openFiles();
     for (int row = 0; row < fewThemes; ++row)
         list.moveTo(frameOf(list.cell(row)));
     list.moveAway();
-    QCOMPARE(openFiles(), before);
+    QCOMPARE(ThisProcess::openFiles(), before);
 }
 
 void tst_listGrowth::laterPagesCostNoMoreThanTheFirst()

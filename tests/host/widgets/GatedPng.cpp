@@ -3,6 +3,8 @@
 
 #include "host/widgets/GatedPng.h"
 
+#include "support/ThisProcess.h"
+
 #include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
@@ -45,8 +47,7 @@ QString nameOf(const QIODevice* device)
     const auto* const file = qobject_cast<const QFile*>(device);
     if (!file)
         return {};
-    const QString link = QStringLiteral("/proc/self/fd/%1").arg(file->handle());
-    return QFileInfo(QFile::symLinkTarget(link)).baseName();
+    return QFileInfo(ThisProcess::pathOf(file->handle())).baseName();
 }
 
 QImage decodeInside(const QByteArray& content)
