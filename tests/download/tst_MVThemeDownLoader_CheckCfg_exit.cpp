@@ -7,6 +7,7 @@
 #include "support/TestMain.h"
 #include "support/ThisProcess.h"
 
+#include <QFile>
 #include <QProcess>
 #include <QSemaphore>
 #include <QTest>
@@ -15,6 +16,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <thread>
 
 /// Tests a process that exits during a check or a preview run. The program runs itself as the host,
 /// which exits when the test closes its input.
@@ -28,6 +30,7 @@ private slots:
     void duringATransfer();
     void rightAfterTheStart_data();
     void rightAfterTheStart();
+    void catalogueOutlivesTheThreads();
     void afterEverything();
     void processThatGoesOnWithoutItsApplication();
 
@@ -41,6 +44,27 @@ namespace {
 
 constexpr int longWait = 60000;    // ms
 constexpr int stallLimit = 600000; // ms, of the host: what waits for the network waits that long
+
+QString favouritesFile(const QString& base)
+{
+    return base + QStringLiteral("/data/ThemeCollect/ThemeCollect.json");
+}
+
+/// Marks a favourite, which the catalogue writes when it is destroyed, and tells the test with each
+/// log line of a thread whether that has happened.
+void tellWhetherTheCatalogueLives(const QString& base)
+{
+    SCfg_Item theme;
+    theme.m_eType = eCfgItem_Theme;
+    theme.m_qsGUID = CatalogueFiles::guid(1);
+    theme.m_bCollected = true;
+    MVThemeMgr::init()->setItemCollected(&theme);
+    setLogSink([favourites = favouritesFile(base),
+                main = std::this_thread::get_id()](const QByteArray&, int, const QByteArray&) {
+        if (std::this_thread::get_id() != main)
+            std::puts(QFile::exists(favourites) ? "destroyed" : "alive");
+    });
+}
 
 /// Runs a host that makes no provision for the end of the process.
 int runHost(const QCoreApplication& application, const QStringList& arguments)
@@ -58,6 +82,8 @@ int runHost(const QCoreApplication& application, const QStringList& arguments)
     // it.
     MVThemeDownLoader_CheckCfg* const coordinator = MVThemeDownLoader_CheckCfg::instance();
     MVThemeMgr::init()->setResourceSaveRootPath(base + QStringLiteral("/root"));
+    if (ending == QLatin1String("mark and exit"))
+        tellWhetherTheCatalogueLives(base);
     coordinator->startDownloadXML();
     if (ending == QLatin1String("both"))
         coordinator->startDownloadThumbAndGif();
@@ -67,7 +93,7 @@ int runHost(const QCoreApplication& application, const QStringList& arguments)
         std::exit(0);
     const std::unique_ptr<QThread> input(QThread::create([] { std::getchar(); }));
     QObject::connect(input.get(), &QThread::finished, &application, [&] {
-        if (ending == QLatin1String("exit"))
+        if (ending.endsWith(QLatin1String("exit")))
             std::exit(0);
         QCoreApplication::quit();
     });
@@ -154,6 +180,24 @@ void tst_MVThemeDownLoader_CheckCfg_exit::rightAfterTheStart()
         QCOMPARE(host.exitStatus(), QProcess::NormalExit);
         QCOMPARE(host.exitCode(), 0);
     }
+}
+
+void tst_MVThemeDownLoader_CheckCfg_exit::catalogueOutlivesTheThreads()
+{
+    m_world.setFault([](HttpExchange& exchange, int) {
+        exchange.answer(HttpAnswer(200).field("Content-Length", "1000").bareBody("begin"));
+        exchange.stall();
+        return true;
+    });
+    QProcess host;
+    start(host, "mark and exit");
+    QTRY_VERIFY_WITH_TIMEOUT(m_world.targets().contains(CheckWorld::versionTarget), longWait);
+    host.closeWriteChannel();
+    QVERIFY(host.waitForFinished(longWait));
+    QCOMPARE(host.exitStatus(), QProcess::NormalExit);
+    const QByteArray told = host.readAllStandardOutput();
+    QVERIFY2(told.contains("alive") && !told.contains("destroyed"), told.constData());
+    QVERIFY(QFile::exists(favouritesFile(m_world.base())));
 }
 
 void tst_MVThemeDownLoader_CheckCfg_exit::afterEverything()

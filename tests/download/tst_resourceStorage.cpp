@@ -285,7 +285,9 @@ void tst_resourceStorage::unpackedArchivesBelongToTheirArchives()
 {
     CatalogueFiles::write(m_world.file("Themes/1/unpacked/a.png"), "a");
     CatalogueFiles::write(m_world.file("Themes/11/a.png"), "a");
-    QCOMPARE(m_storage.leftovers(), QStringList{m_world.file("Themes/11/a.png")});
+    CatalogueFiles::write(m_world.preview("Themes", "t/a.png"), "a"); // beside a picture, t.jpg
+    QCOMPARE(m_storage.leftovers(),
+             (QStringList{m_world.file("Themes/11/a.png"), m_world.preview("Themes", "t/a.png")}));
 }
 
 void tst_resourceStorage::cleaningFreesLeftoversOnly()

@@ -270,13 +270,14 @@ void tst_ThumbFrameBackground::anotherPathReplacesTheOneBeingDecoded()
 {
     GatedPng::close();
     Frame frame(picture(QStringLiteral("a")));
-    const Frame other(frame.imagePath()); // still waits for it
     QTRY_COMPARE(GatedPng::begun().size(), 1);
+    const Frame other(frame.imagePath()); // waits for the same decoding
     QTRY_VERIFY(frame.paints > 0 && other.paints > 0);
     frame.setImagePath(TestHome::path() + QStringLiteral("/none.png"));
     middle(frame);
     GatedPng::open();
     QTRY_VERIFY(PictureLoader::isIdle());
+    QCOMPARE(GatedPng::begun(), QStringList{QStringLiteral("a")});
     QVERIFY(frame.isEmpty());
     frame.setImagePath(picture(QStringLiteral("b"), blue));
     QTRY_VERIFY(!frame.isEmpty());
