@@ -32,6 +32,9 @@ bool removeEntry(const QString& path)
 {
     if (QFile::remove(path) || QDir().rmdir(path))
         return true;
+    // Permissions are those of a link's target, which may be anywhere.
+    if (FileLink::isLink(QFileInfo(path)))
+        return false;
     // Windows removes no file that must not be written.
     return QFile::setPermissions(path, QFile::permissions(path) | QFile::WriteUser)
         && QFile::remove(path);
