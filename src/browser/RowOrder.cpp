@@ -32,7 +32,7 @@ bool RowOrder::isBefore(const QModelIndex& left, const QModelIndex& right) const
     case EListOrder::Published:
         break;
     case EListOrder::Name:
-        return *leftKey.name < *rightKey.name;
+        return leftKey.name && rightKey.name && *leftKey.name < *rightKey.name;
     case EListOrder::Newest:
         return leftKey.isNew && !rightKey.isNew;
     case EListOrder::Size:

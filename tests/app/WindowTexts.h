@@ -35,6 +35,7 @@ private slots:
     void haveRoom();
     void controlsHaveNames();
     void listsUseTheWholeWidth();
+    void headingIsBelowThePicture();
     void searchStaysNarrowInAWideWindow();
     void toolTipsAreWrapped();
     void longMessageEndsInAnEllipsis();

@@ -45,6 +45,19 @@ void WindowTexts::listsUseTheWholeWidth()
     }
 }
 
+void WindowTexts::headingIsBelowThePicture()
+{
+    AppLanguage::install(QStringLiteral("en"));
+    openWindow();
+    apply(MVThemeMgr::init()->getThemes_Display().first().m_qsGUID);
+    const auto bottomOf = [this](const QWidget& part) {
+        return part.mapTo(m_window.get(), QPoint(0, part.height())).y();
+    };
+    const auto* const heading = part<QLabel>("appliedName");
+    QTRY_VERIFY(heading->mapTo(m_window.get(), QPoint()).y()
+                >= bottomOf(*part<QWidget>("largePreview")));
+}
+
 void WindowTexts::searchStaysNarrowInAWideWindow()
 {
     AppLanguage::install(QStringLiteral("en"));

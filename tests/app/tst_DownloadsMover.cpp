@@ -3,6 +3,7 @@
 
 #include "DownloadsMover.h"
 
+#include "MoveJournal.h"
 #include "support/CatalogueFiles.h"
 #include "support/SpecialFiles.h"
 #include "support/TestMain.h"
@@ -39,7 +40,9 @@ private:
     QString to() const { return m_folder->path() + QStringLiteral("/new"); }
     QStringList filesOf(const QString& root) const
     {
-        return CatalogueFiles::filesBelow(root + QStringLiteral("/Themes"));
+        QStringList files = CatalogueFiles::filesBelow(root + QStringLiteral("/Themes"));
+        files.removeAll(MoveJournal::fileName());
+        return files;
     }
     void answer(const char* button, bool canMove = true);
     QProgressDialog* dialog() const { return m_window->findChild<QProgressDialog*>(); }

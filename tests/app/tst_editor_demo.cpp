@@ -19,6 +19,7 @@ private slots:
     void showsTheSamplesAndLeavesNothing();
     void shownScriptsEndWell_data();
     void shownScriptsEndWell();
+    void animationOfTheReadmeIsSmall();
     void stepThatCannotSucceedFails();
     void withoutTheToolsItServesTheSamples();
     void resourcesAreThoseOfTheOption();
@@ -87,6 +88,18 @@ void tst_editor_demo::shownScriptsEndWell()
                       QStringLiteral("--screenshot"), folder}));
     for (const QString& name : qAsConst(pictures))
         QVERIFY2(QFile::exists(folder + name + QStringLiteral(".png")), qPrintable(name));
+}
+
+/// It is made from another of the shown scripts, and everybody who looks at the project loads it.
+void tst_editor_demo::animationOfTheReadmeIsSmall()
+{
+    const QString project = QStringLiteral(MV_DEMO_FOLDER "/../");
+    const QString animation = QStringLiteral("docs/images/editor.gif");
+    QVERIFY(CatalogueFiles::read(project + QStringLiteral("README.md"))
+                .contains("(" + animation.toUtf8() + ")"));
+    const QByteArray content = CatalogueFiles::read(project + animation);
+    QVERIFY(content.startsWith("GIF89a"));
+    QVERIFY2(content.size() < 2000000, QByteArray::number(content.size()).constData());
 }
 
 void tst_editor_demo::stepThatCannotSucceedFails()
