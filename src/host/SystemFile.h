@@ -37,8 +37,9 @@ public:
     };
     /// Creates a file that did not exist, for reading and writing. Returns its handle, or -1.
     static int create(const QByteArray& name, Readers readers = Readers::Usual);
-    /// Opens a file for reading and writing, and creates it if it is missing. Fails for a link.
-    /// Returns its handle, or -1.
+    /// Opens a file for reading and writing, and creates it if it is missing. Fails for a link, and
+    /// on Windows with EBUSY where another program shares it with nobody. Returns its handle, or
+    /// -1.
     static int openOrCreate(const QByteArray& name);
 
     /// Ways to open a file.

@@ -191,7 +191,8 @@ int SystemFile::openOrCreate(const QByteArray& name)
 {
     SystemHandle handle(openAs(name, GENERIC_READ | GENERIC_WRITE, OPEN_ALWAYS,
                                FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT));
-    if (!handle.isValid() && RtlGetLastNtStatus() == deletePending) {
+    if (!handle.isValid()
+        && (RtlGetLastNtStatus() == deletePending || ::GetLastError() == ERROR_SHARING_VIOLATION)) {
         errno = EBUSY;
         return -1;
     }
@@ -377,14 +378,19 @@ bool SystemFile::hasTakenAllBytes(int handle)
         && succeed(::CloseHandle(second));
 }
 
-bool SystemFile::flushFolder(const QByteArray&)
+/// Names are in the file system's journal.
+bool SystemFile::flushFolder(const QByteArray& folder)
 {
-    return true; // names are in the file system's journal
+    if (isFolder(folder))
+        return true;
+    errno = ENOENT;
+    return false;
 }
 
-bool SystemFile::flushTree(const QByteArray&)
+/// Only an administrator may flush a whole volume.
+bool SystemFile::flushTree(const QByteArray& folder)
 {
-    return true; // only an administrator may flush a whole volume
+    return flushFolder(folder);
 }
 
 /// A file that another program reads, if only to look for viruses, cannot be replaced before that

@@ -61,7 +61,9 @@ void tst_MVThemeMgr_downloadPath::names_data()
     row("double slash", "R//Themes//a.zip", true);
     row("blank", "R/Themes/a b.zip", true);
     row("one dot", "R/./Themes/a.zip", true);
-    row("dots in a name", "R/Themes/a..b/..c/d../...", true);
+    row("dots in a name", "R/Themes/a..b/..c", true);
+    // Windows drops dots at the end of a name.
+    row("dots at the end", "R/Themes/d../...", QDir::separator() == QLatin1Char('/'));
     row("percent encoded dots", "R/Themes/%2e%2e/a", true);
 
     row("the root", "R", false);

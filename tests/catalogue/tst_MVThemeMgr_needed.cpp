@@ -52,6 +52,12 @@ private:
 
 namespace {
 
+#ifdef Q_OS_WIN
+constexpr double longestSeconds = 5; // wine looks a file up in ten times the time
+#else
+constexpr double longestSeconds = 1;
+#endif
+
 const QString noneGuid = QStringLiteral("{25DA2554-DB68-4026-ACE1-3EDDA71DA6D4}");
 
 SFileInfo resource(const QString& url)
@@ -280,7 +286,7 @@ void tst_MVThemeMgr_needed::moreFilesThanTheLimitMakeItUnusable()
     LogCapture log;
     const ProcessorTime time;
     QCOMPARE(mgr().listNeededFiles(&m_theme, out), isUsable);
-    QVERIFY2(time.seconds() < 1, qPrintable(QString::number(time.seconds())));
+    QVERIFY2(time.seconds() < longestSeconds, qPrintable(QString::number(time.seconds())));
     QCOMPARE(out.size(), listed);
     const QByteArray line = CatalogueFixture::line(
         3,

@@ -125,6 +125,7 @@ void tst_favouritesLimits::namesOfLeftovers()
     QVERIFY(old.open(QIODevice::ReadWrite));
     QVERIFY(old.setFileTime(QDateTime::currentDateTime().addSecs(-2 * 3600),
                             QFileDevice::FileModificationTime));
+    old.close();
     mark();
     QVERIFY(mgr().saveFavourites(nullptr));
     QCOMPARE(QFile::exists(path), !isLeftover);

@@ -103,6 +103,7 @@ void tst_itemSurvey::deepVerificationFindsWhatTimesHide()
     file.write("!");
     file.flush();
     QVERIFY(file.setFileTime(time, QFileDevice::FileModificationTime));
+    file.close();
 
     QCOMPARE(ItemSurvey::verifyAll().count(eFile_Damaged), 0);
     const ItemSurvey survey = ItemSurvey::verifyAll(deep);

@@ -12,7 +12,9 @@
 #include <QTemporaryDir>
 
 #include <cerrno>
+#include <chrono>
 #include <memory>
+#include <thread>
 #ifndef Q_OS_WIN
 #include <sys/stat.h>
 #endif
@@ -38,6 +40,8 @@ private slots:
     void realPathOfNothingIsEmpty();
     void renameToNewKeepsAnExistingFile();
     void renameReplaces();
+    void fileThatIsReadForAMomentIsReplaced();
+    void folderIsNotReplaced();
     void openFileCanBeRenamedAndRemoved();
     void readNextContinues();
     void lockBelongsToItsHandle();
@@ -206,6 +210,36 @@ void tst_SystemFile::renameReplaces()
     QCOMPARE(read("file"), QByteArray("new"));
     QVERIFY(!info("new").exists());
     QVERIFY(!SystemFile::rename(path("new"), path("file")));
+}
+
+/// Windows replaces no open file; others do not care.
+void tst_SystemFile::fileThatIsReadForAMomentIsReplaced()
+{
+    write("new", "new");
+    write("file", "old");
+    bool isReplaced = false;
+    for (int attempt = 0; attempt < 5 && !isReplaced; ++attempt) { // on a busy machine
+        QFile reader(SystemFile::decodedName(path("file")));
+        QVERIFY(reader.open(QIODevice::ReadOnly));
+        std::thread closer([&reader] {
+            std::this_thread::sleep_for(std::chrono::milliseconds(30));
+            reader.close();
+        });
+        isReplaced = SystemFile::rename(path("new"), path("file"));
+        closer.join();
+    }
+    QVERIFY(isReplaced);
+    QCOMPARE(read("file"), QByteArray("new"));
+}
+
+/// A read-only file or a folder is refused at once.
+void tst_SystemFile::folderIsNotReplaced()
+{
+    write("new", "new");
+    write("folder/file", "old");
+    QVERIFY(!SystemFile::rename(path("new"), path("folder")));
+    QCOMPARE(read("folder/file"), QByteArray("old"));
+    QCOMPARE(read("new"), QByteArray("new"));
 }
 
 void tst_SystemFile::openFileCanBeRenamedAndRemoved()

@@ -286,6 +286,9 @@ void tst_Utils::copiesRegularFilesOnly()
 
 void tst_Utils::aReaderSeesOneOfTheTwoFiles()
 {
+#ifdef Q_OS_WIN
+    QSKIP("This system replaces no open file.");
+#endif
     const QByteArray black(600 * 1024, 'b');
     const QByteArray white(700 * 1024, 'w');
     write(QStringLiteral("black"), black);

@@ -64,7 +64,7 @@ tst_consoleExample::Outcome tst_consoleExample::run(const QStringList& arguments
     console.start(QStringLiteral(CONSOLE_PROGRAM), arguments);
     const bool hasEnded =
         console.waitForFinished(60000) && console.exitStatus() == QProcess::NormalExit;
-    return {hasEnded ? console.exitCode() : -1, console.readAll()};
+    return {hasEnded ? console.exitCode() : -1, console.readAll().replace("\r\n", "\n")};
 }
 
 void tst_consoleExample::checksListsAndFetches()

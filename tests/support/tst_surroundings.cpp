@@ -58,6 +58,9 @@ void tst_surroundings::lettersWithoutFontAreFound()
 
 void tst_surroundings::localeIsFixed()
 {
+#ifdef Q_OS_WIN
+    QSKIP("Only the user's settings decide there.");
+#endif
     const QLocale system = QLocale::system();
     QCOMPARE(system.language(), QLocale::C);
     QCOMPARE(system.uiLanguages().constFirst(), QStringLiteral("C"));
@@ -72,7 +75,9 @@ void tst_surroundings::timeZoneIsFixed()
 {
     const QDateTime noon(QDate(2020, 7, 1), QTime(12, 0), Qt::LocalTime);
     QCOMPARE(noon.offsetFromUtc(), 0);
+#ifndef Q_OS_WIN // which has a name of its own for it
     QCOMPARE(QTimeZone::systemTimeZoneId(), QByteArray("UTC"));
+#endif
 }
 
 void tst_surroundings::styleAndScaleAreFixed()

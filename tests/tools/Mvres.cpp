@@ -10,7 +10,8 @@
 
 namespace {
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#ifdef Q_OS_WIN
+#elif defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 const QString memoryLimit = QStringLiteral("ulimit -v unlimited");
 #else
 const QString memoryLimit = QStringLiteral("ulimit -v 1000000"); // KiB
@@ -57,12 +58,16 @@ Outcome Mvres::run(const QStringList& own) const
 
 Outcome Mvres::runLimited(const QStringList& own) const
 {
+#ifdef Q_OS_WIN
+    return run(own); // nobody waits for pipes there
+#else
     writeSettings();
     QProcess process;
     const QString command = memoryLimit + QStringLiteral(" && exec timeout 40 \"$0\" \"$@\"");
     process.start(QStringLiteral("/bin/sh"),
                   QStringList{QStringLiteral("-c"), command, program()} + arguments(own));
     return ConsoleProgram::end(process);
+#endif
 }
 
 void Mvres::start(QProcess& process, const QStringList& own) const

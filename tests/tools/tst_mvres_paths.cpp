@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QStandardPaths>
 
 /// Tests mvres paths.
 class TestMvresPaths : public QObject
@@ -159,8 +160,14 @@ void TestMvresPaths::rootIsMadeAbsoluteAndCreated()
 
 void TestMvresPaths::rootIsBelowTheDataFolderUnlessNamed()
 {
+#ifdef Q_OS_WIN // which has no variable for it
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)
+                             .replace(QStringLiteral("/Local"), QStringLiteral("/Roaming"));
+#else
+    const QString data = TestHome::path() + QStringLiteral("/home/.local/share");
+#endif
     QCOMPARE(value({QStringLiteral("--resources"), m_mvres.installed()}, "root"),
-             TestHome::path() + QStringLiteral("/home/.local/share/mvres/download"));
+             data + QStringLiteral("/mvres/download"));
 }
 
 void TestMvresPaths::resourcesAreRelativeToTheWorkingFolder()

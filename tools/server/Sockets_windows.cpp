@@ -28,6 +28,14 @@ void setOption(Sockets::Handle socket, int option, int value)
     ::setsockopt(socket, SOL_SOCKET, option, reinterpret_cast<const char*>(&value), sizeof value);
 }
 
+/// Returns whether nothing can be received any more.
+bool hasEnded(Sockets::Handle socket)
+{
+    char next = 0;
+    const std::ptrdiff_t count = resultOf(::recv(socket, &next, 1, MSG_PEEK));
+    return count == 0 || count == Sockets::failed;
+}
+
 } // namespace
 
 bool Sockets::prepare(Handle socket)
@@ -58,10 +66,17 @@ std::ptrdiff_t Sockets::send(Handle socket, const char* data, std::size_t size)
     return resultOf(::send(socket, data, pieceOf(size), 0));
 }
 
+/// Waits in slices: a shutdown by another thread does not end a call here.
 bool Sockets::wait(Handle socket, Event event, int timeoutMs)
 {
+    constexpr int sliceMs = 50;
     WSAPOLLFD state = {socket, static_cast<short>(event == Event::Input ? POLLIN : POLLOUT), 0};
-    return ::WSAPoll(&state, 1, timeoutMs) > 0;
+    for (int left = timeoutMs;; left -= sliceMs) {
+        if (::WSAPoll(&state, 1, std::min(left, sliceMs)) > 0 || hasEnded(socket))
+            return true;
+        if (left <= sliceMs)
+            return false;
+    }
 }
 
 void Sockets::shutdown(Handle socket)

@@ -4,6 +4,7 @@
 #include "server/TreeFile.h"
 
 #ifdef Q_OS_WIN
+#include "host/SystemFile.h"
 #include "host/WindowsName.h"
 #endif
 
@@ -42,6 +43,16 @@ QString below(const QByteArray& address)
     return QLatin1Char('/') + parts.join(QLatin1Char('/'));
 }
 
+/// Returns the path with links followed, on Windows also junctions, which Qt does not follow.
+QString realPath(const QString& path)
+{
+#ifdef Q_OS_WIN
+    return SystemFile::realPath(path);
+#else
+    return QFileInfo(path).canonicalFilePath();
+#endif
+}
+
 QDateTime parsedDate(const QByteArray& text)
 {
     QDateTime date = QLocale::c().toDateTime(QString::fromLatin1(text), httpDate);
@@ -58,10 +69,10 @@ TreeFile::TreeFile(const QString& folder, const QByteArray& address)
     if (path.isEmpty() || path.contains(QLatin1Char('\\')) || path.contains(QChar(QChar::Null)))
         return;
     const QFileInfo file(folder + path);
-    const QString root = QFileInfo(folder).canonicalFilePath();
-    if (!file.isFile() || !file.canonicalFilePath().startsWith(root + QLatin1Char('/')))
+    const QString real = realPath(folder + path);
+    if (!file.isFile() || !real.startsWith(realPath(folder) + QLatin1Char('/')))
         return;
-    auto opened = std::make_shared<QFile>(file.canonicalFilePath());
+    auto opened = std::make_shared<QFile>(real);
     if (!opened->open(QIODevice::ReadOnly))
         return;
     const QDateTime modified = opened->fileTime(QFileDevice::FileModificationTime).toUTC();
