@@ -13,8 +13,10 @@
 #include "support/HttpAnswer.h"
 #include "support/TestMain.h"
 
+#include <QApplication>
 #include <QCursor>
 #include <QDir>
+#include <QEvent>
 #include <QFileInfo>
 #include <QTest>
 
@@ -115,10 +117,26 @@ void SampleWorld::serve(HttpExchange& exchange) const
     exchange.reset();
 }
 
+namespace {
+
+/// Discards the requests for tool tips, which would cover the list.
+class NoToolTips : public QObject
+{
+public:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        return event->type() == QEvent::ToolTip || QObject::eventFilter(watched, event);
+    }
+};
+
+} // namespace
+
 SampleList::SampleList(EUIItemType type, const QSize& size)
     : m_window(std::make_unique<QWidget>())
     , m_view(new mvThemelistview(m_window.get()))
+    , m_noToolTips(std::make_unique<NoToolTips>())
 {
+    qApp->installEventFilter(m_noToolTips.get());
     m_view->setUIItemType(type);
     m_view->initData({}, false);
     m_view->reapplyFilter(999, {});

@@ -6,6 +6,7 @@
 #include "browser/EUIItemType.h"
 #include "support/FaultServer.h"
 
+#include <QObject>
 #include <QSize>
 #include <QString>
 #include <QStringList>
@@ -68,12 +69,14 @@ public:
     int count() const;
     /// Returns the live cell of a row.
     MVThemeItemWdg* cell(int row) const;
-    /// Moves the mouse over the cell, as the window system does.
+    /// Moves the mouse over the cell, as the window system does. No tool tip comes up, however long
+    /// it rests there.
     static void hover(const MVThemeItemWdg* cell);
 
 private:
     std::unique_ptr<QWidget> m_window;
     mvThemelistview* m_view; // owned by the window
+    std::unique_ptr<QObject> m_noToolTips;
 };
 
 /// Returns a part of a cell by its object name.
