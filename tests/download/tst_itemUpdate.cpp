@@ -2,13 +2,20 @@
 // SPDX-License-Identifier: MIT
 
 #include "download/ItemUpdate.h"
+#include "download/MVThemeDownLoader.h"
 #include "download/StorageWorld.h"
+#include "host/CancelToken.h"
+#include "host/CoreContext.h"
 #include "host/HostSettings.h"
 #include "support/TestMain.h"
 #include "support/TestTexts.h"
 
 #include <QDir>
 #include <QFileInfo>
+
+#include <memory>
+#include <string>
+#include <utility>
 
 /// Tests fetching what is not the published content: updates of items and downloads of sets.
 class tst_itemUpdate : public QObject
@@ -31,6 +38,7 @@ private slots:
     void publishedPicturesComeAlong();
     void missingPictureIsNoFailure();
     void cancelReplacesNothingAndKeepsWhatHasArrived();
+    void cancelWhileStoringLeavesTheRest();
     void cancelBeforeTheRunBeginsNothing();
     void progressNeverDecreasesAndEndsAtTheTotal();
     void sharedFileIsFetchedOnce();
@@ -51,6 +59,22 @@ private:
 namespace {
 
 const QByteArray changed("PK changed");
+
+/// Cancels as soon as a filter's definition has been stored.
+class CancellingContext : public CoreContext
+{
+public:
+    explicit CancellingContext(CancelToken token)
+        : m_token(std::move(token))
+    {
+    }
+    void addVideoFilter(const std::wstring&) override { m_token.cancel(); }
+    void addTransition(const std::wstring&) override { }
+    void addMotion(const std::wstring&) override { }
+
+private:
+    CancelToken m_token;
+};
 
 } // namespace
 
@@ -217,6 +241,17 @@ void tst_itemUpdate::cancelReplacesNothingAndKeepsWhatHasArrived()
     QVERIFY(!m_world.targets().mid(before).contains(
         ReleaseWorld::contentTarget(StorageWorld::themeConfig({11, 12}))));
     QCOMPARE(m_world.files().size(), 6);
+}
+
+void tst_itemUpdate::cancelWhileStoringLeavesTheRest()
+{
+    CancelToken token;
+    MVThemeDownLoader::setCoreContextPtr(std::make_shared<CancellingContext>(token));
+    const SUpdateOutcome outcome = ItemUpdate(token).updateItem(StorageWorld::theme(1));
+    MVThemeDownLoader::setCoreContextPtr(nullptr);
+    QCOMPARE(outcome.m_eEnd, eItemUpdate_Cancelled);
+    QCOMPARE(outcome.m_nStored, 4); // the archives and a definition
+    QVERIFY(!QFileInfo::exists(m_world.file("Themes/1.xml")));
 }
 
 void tst_itemUpdate::cancelBeforeTheRunBeginsNothing()
