@@ -276,7 +276,7 @@ DownloadsMove::Step DownloadsMove::fail(const QString& error)
 
 int DownloadsMove::removeOriginals()
 {
-    m_journal->remove(); // from now on these are no copies
+    m_journal->remove(); // the moved files are now the originals
     int left = 0;
     for (const File& file : std::as_const(m_files)) {
         const QFileInfo now(m_from + QLatin1Char('/') + file.name);

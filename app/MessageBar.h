@@ -7,8 +7,7 @@
 #include <QStatusBar>
 #include <QString>
 
-/// A status bar that ends a message with an ellipsis where there is no room for all of it, instead
-/// of cutting it off.
+/// A status bar that elides messages longer than itself.
 class MessageBar : public QStatusBar
 {
     Q_OBJECT

@@ -58,7 +58,7 @@ qint64 ListFiles::bytesOf(const QString& guid) const
     const SItemFacts* const facts = stateOf(*m_states, m_kind, guid);
     if (!facts)
         return 0;
-    // What replaces outdated files is not added to them.
+    // An update replaces outdated files, so its bytes do not count in addition.
     const SItemState& state = facts->state;
     return state.m_nBytesOnDisk + (state.m_eState == eFile_Missing ? state.m_nBytesToFetch : 0);
 }

@@ -117,7 +117,7 @@ void MVThemeSortFilterProxyModel::applyListFilter()
         sortBy(m_pFilter->order);
 }
 
-/// Orders the rows anew, as they are now.
+/// Sorts the rows by their current names, marks or sizes.
 void MVThemeSortFilterProxyModel::sortBy(EListOrder order)
 {
     m_pOrder.reset();

@@ -257,7 +257,7 @@ private:
         int scroll = 0;
     };
 
-    /// What is at the top of the viewport.
+    /// The row at the top of the viewport and its offset.
     struct Place
     {
         QString guid;

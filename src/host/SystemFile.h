@@ -86,8 +86,8 @@ public:
     /// Returns whether the name leads to a folder, following links.
     static bool isFolder(const QByteArray& name);
 
-    /// Returns whether the name itself is a link, on Windows also a junction or another folder that
-    /// stands for one elsewhere, but no shortcut, which QFileInfo takes for a link.
+    /// Returns whether the name itself is a symbolic link, or on Windows a junction or mount point.
+    /// Unlike QFileInfo, takes no shortcut (.lnk) for a link.
     static bool isLink(const QString& name);
 
     /// Returns two numbers that no two files of the system share, following links: all names of one

@@ -369,7 +369,7 @@ bool SystemFile::flush(int handle)
 bool SystemFile::hasTakenAllBytes(int handle)
 {
     HANDLE second = nullptr;
-    if (handleOf(handle) == INVALID_HANDLE_VALUE) { // which would stand for this process
+    if (handleOf(handle) == INVALID_HANDLE_VALUE) { // also the pseudo handle of this process
         errno = EBADF;
         return false;
     }

@@ -6,11 +6,11 @@
 #include <QString>
 #include <QtGlobal>
 
-/// Files that are no regular ones.
+/// Creates pipes, links and other special files.
 namespace SpecialFiles {
 
-/// Whether a folder can contain a pipe, and whether a link can lead to a file or to nothing. On
-/// Windows only folders are linked, by junctions: other links are for administrators.
+/// Tell whether folders can contain pipes, and whether links can lead to files or to nothing. On
+/// Windows only folders are linked, by junctions, since other links need an administrator.
 #ifdef Q_OS_WIN
 constexpr bool hasPipes = false;
 constexpr bool hasFileLinks = false;
@@ -22,8 +22,8 @@ constexpr bool hasFileLinks = true;
 /// Makes a pipe that nobody writes; ends the program if that fails.
 void makePipe(const QString& path);
 
-/// Return the names of devices: one from which nothing can be read, and one from which reading has
-/// no end, where the system has such a one.
+/// Return the names of a device that is always empty and of one without an end, which Windows
+/// lacks.
 QString emptyDevice();
 QString endlessDevice();
 
@@ -34,11 +34,11 @@ bool canLinkTo(const QString& target, const QString& path);
 bool link(const QString& target, const QString& path);
 /// Returns whether the path is a link, on Windows also a junction.
 bool isLink(const QString& path);
-/// Whether the system can remove a link to a folder. Wine removes what it leads to, if it is empty.
+/// Returns whether the system can remove a link to a folder. Wine removes an empty target instead.
 bool canRemoveLinks();
 /// Removes a link, also where canRemoveLinks() is false.
 void unlink(const QString& path);
-/// Whether the system tells that an open file has lost its name. Wine does not.
+/// Returns whether the system reports that an open file has lost its name. Wine does not.
 bool tellsRemoved();
 
 } // namespace SpecialFiles

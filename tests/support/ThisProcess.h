@@ -6,7 +6,7 @@
 #include <QString>
 #include <QtGlobal>
 
-/// What a test program asks the system about itself, or has it do to itself.
+/// Measures or ends the test's own process.
 namespace ThisProcess {
 
 /// Ends the process at once, as if another one had killed it: nothing is destroyed or saved.

@@ -32,7 +32,7 @@ public:
                                 const QByteArray& input);
     /// Waits for a running program to end. With merged channels, `out` has what it wrote to both.
     static Outcome end(QProcess& process);
-    /// Whether a program can be signalled so that it ends in an orderly way.
+    /// Returns whether a signal can make a program end in an orderly way.
 #ifdef Q_OS_WIN
     static constexpr bool hasSignals = false;
 #else

@@ -32,7 +32,7 @@ QVector<SCfg_Item*> itemsWhere(const std::function<bool(const QString& name)>& i
     return found;
 }
 
-/// Returns the items that a text may stand for, by the closest kind of match.
+/// Returns the items that `text` may name, by the closest kind of match that has any.
 QVector<SCfg_Item*> candidatesFor(const QString& text)
 {
     const SearchWords words(text);
