@@ -7,6 +7,7 @@
 #include "Mvpublish.h"
 #include "SmallSource.h"
 #include "support/CatalogueFiles.h"
+#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
 
 #include <QDir>
@@ -168,6 +169,13 @@ Break linkOut(const QString& file)
         tree.remove(file);
         QFile::link(elsewhere, tree.file(file));
     };
+}
+
+bool isRowImpossible()
+{
+    const QByteArray row = QTest::currentDataTag();
+    return !SpecialFiles::hasFileLinks
+        && (row.contains("a link out of the tree") || row.endsWith("with a question mark"));
 }
 
 void columns()

@@ -74,6 +74,9 @@ Break cut(const QString& file, int bytes);
 /// Replaces the file by a link to a copy outside the tree.
 Break linkOut(const QString& file);
 
+/// Returns whether the running row needs a link to a file, or a name, that this system lacks.
+bool isRowImpossible();
+
 /// Adds the columns of the rows.
 void columns();
 /// Adds a row that expects one error: its code, its place, and the GUID of the item concerned.

@@ -160,6 +160,8 @@ void TestMvpublishLint::brokenTree_data()
 
 void TestMvpublishLint::brokenTree()
 {
+    if (isRowImpossible())
+        QSKIP("This system has no such link or name.");
     QCOMPARE(check(BrokenTree::cleanServer()), QString());
 }
 
@@ -201,6 +203,8 @@ void TestMvpublishLint::brokenInstallation_data()
 
 void TestMvpublishLint::brokenInstallation()
 {
+    if (isRowImpossible())
+        QSKIP("This system has no such link or name.");
     QCOMPARE(check(BrokenTree::cleanInstallation()), QString());
 }
 

@@ -309,6 +309,8 @@ void TestMvpublishLintFiles::brokenTree_data()
 
 void TestMvpublishLintFiles::brokenTree()
 {
+    if (isRowImpossible())
+        QSKIP("This system has no such link or name.");
     QCOMPARE(check(BrokenTree::cleanServer()), QString());
 }
 

@@ -3,6 +3,7 @@
 
 #include "Source.h"
 
+#include "host/FileLink.h"
 #include "host/PictureFormat.h"
 #include "host/Skins.h"
 #include "JsonFields.h"
@@ -158,7 +159,7 @@ void Source::findItems(const QString& relative)
         m_faults.append(error);
     for (const QString& name : std::as_const(names)) {
         const QFileInfo entry(folder.filePath(name));
-        const bool isSearched = entry.isDir() && !entry.isSymLink() && !entry.isHidden()
+        const bool isSearched = entry.isDir() && !FileLink::isLink(entry) && !entry.isHidden()
             && (!relative.isEmpty() || !isSpecialFolder(name));
         if (isSearched)
             findItems(relative.isEmpty() ? name : relative + QLatin1Char('/') + name);
@@ -300,7 +301,7 @@ void Source::checkPacked(const SourceItem& item, const QString& folder)
         m_faults.append(QStringLiteral("%1: %2").arg(item.path, error));
     for (const QString& path : std::as_const(paths)) {
         const QFileInfo entry(folder + QLatin1Char('/') + path);
-        if (entry.isSymLink() || !(entry.isFile() || entry.isDir()))
+        if (FileLink::isLink(entry) || !(entry.isFile() || entry.isDir()))
             m_faults.append(
                 QStringLiteral("%1: %2 is neither a file nor a folder, so it cannot be packed")
                     .arg(item.path, QDir(item.folder).relativeFilePath(entry.filePath())));

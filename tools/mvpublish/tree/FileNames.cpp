@@ -3,6 +3,7 @@
 
 #include "tree/FileNames.h"
 
+#include "host/SystemFile.h"
 #include "host/WindowsName.h"
 #include "tree/Texts.h"
 
@@ -52,8 +53,8 @@ namespace {
 
 bool isBelow(const QString& folder, const QFileInfo& info)
 {
-    return info.canonicalFilePath().startsWith(QFileInfo(folder).canonicalFilePath()
-                                               + QLatin1Char('/'));
+    return SystemFile::realPath(info.filePath())
+        .startsWith(SystemFile::realPath(folder) + QLatin1Char('/'));
 }
 
 } // namespace

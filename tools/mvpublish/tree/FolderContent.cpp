@@ -3,6 +3,8 @@
 
 #include "tree/FolderContent.h"
 
+#include "host/FileLink.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -36,7 +38,7 @@ bool paths(const QString& folder, QStringList& paths, QString* error)
     for (const QString& name : qAsConst(found)) {
         paths.append(name);
         const QFileInfo entry(folder + QLatin1Char('/') + name);
-        if (!entry.isDir() || entry.isSymLink())
+        if (!entry.isDir() || FileLink::isLink(entry))
             continue;
         QStringList inner;
         if (!FolderContent::paths(entry.filePath(), inner, error))
