@@ -231,6 +231,7 @@ void tst_hostileCatalogues::xml_data()
             inside(valid, repeated("<n a=\"/>\" b='</n>'>", 64) + repeated("</n>", 64)), false);
         row("25,000 levels in a comment", inside(valid, "<!-- " + repeated("<n>", 25000) + " -->"),
             true);
+        row("65 comments that end in a tag", inside(valid, repeated("<!--<n>-->", 65)), true);
         row("25,000 levels in CDATA",
             inside(valid, "<n><![CDATA[" + repeated("<n>", 25000) + "]]></n>"), true);
 
