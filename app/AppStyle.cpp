@@ -56,7 +56,7 @@ void AppStyle::outline(QPainter& painter, const QStyleOption& option, qreal radi
     painter.restore();
 }
 
-/// Does so for a field without the focus, which has an outline of its own, in dark skins.
+/// Outlines a field in dark skins, unless it has the focus and with it another outline.
 void AppStyle::outlineField(QPainter& painter, const QStyleOption& option)
 {
     constexpr qreal radius = 2; // the style's

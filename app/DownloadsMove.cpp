@@ -94,11 +94,13 @@ DownloadsMove::End DownloadsMove::bring(const CancelToken& cancel, const Progres
     if (step == Step::Done)
         return End::Complete;
     takeBack();
-    return step == Step::Failed ? End::Failed : End::Cancelled;
+    return step == Step::Cancelled ? End::Cancelled : End::Failed;
 }
 
 DownloadsMove::Step DownloadsMove::bringAll(const CancelToken& cancel, const Progress& progress)
 {
+    if (hasLink(m_root, m_to))
+        return fail(tr("Downloads are not stored behind links: %1").arg(m_to));
     if (!areApart())
         return fail(tr("One folder is within the other: %1").arg(m_to));
     if (!lock())
@@ -192,7 +194,8 @@ DownloadsMove::Step DownloadsMove::bringFile(const File& file, const CancelToken
                    tr("The new folder already holds other downloads; choose an empty folder: %1")
                        .arg(target),
                    cancel);
-        const bool isOldCopy = step == Step::Failed && m_journal->isCopy(file.name);
+        // A copy is replaced only if the original can be read.
+        const bool isOldCopy = step == Step::Different && m_journal->isCopy(file.name);
         if (!isOldCopy || !QFile::remove(target)) {
             m_doneBytes += file.sizeBytes;
             return step;
@@ -265,7 +268,10 @@ DownloadsMove::Step DownloadsMove::verify(const QString& source, const QString& 
         return Step::Cancelled;
     if (wanted.isEmpty() || found.isEmpty())
         return fail(tr("%1 cannot be read").arg(wanted.isEmpty() ? source : target));
-    return found == wanted ? Step::Done : fail(textIfDifferent);
+    if (found == wanted)
+        return Step::Done;
+    fail(textIfDifferent);
+    return Step::Different;
 }
 
 DownloadsMove::Step DownloadsMove::fail(const QString& error)
@@ -285,6 +291,8 @@ int DownloadsMove::removeOriginals()
             ++left;
     }
     m_lock.reset();
+    QFile::remove(m_from + QLatin1Char('/')
+                  + MoveJournal::fileName()); // of an earlier move to here
     removeEmptyFolders(m_from);
     return left;
 }

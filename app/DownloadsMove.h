@@ -41,8 +41,8 @@ class DownloadsMove
 public:
     enum class End {
         Complete,
-        Cancelled, ///< nothing has changed
-        Failed,    ///< nothing has changed; see errorText()
+        Cancelled, ///< the originals are untouched
+        Failed,    ///< the originals are untouched; see errorText()
     };
     /// Takes the bytes that are in the new root and those of all files.
     using Progress = std::function<void(qint64 doneBytes, qint64 totalBytes)>;
@@ -72,7 +72,7 @@ public:
     void takeBack();
 
 private:
-    enum class Step { Done, Cancelled, Failed };
+    enum class Step { Done, Different, Cancelled, Failed };
     struct File
     {
         QString name; // its path below the folder of downloads

@@ -3,6 +3,7 @@
 
 #include "MoveJournal.h"
 
+#include "host/RegularFile.h"
 #include "host/Utils.h"
 
 #include <QFile>
@@ -10,6 +11,8 @@
 #include <QList>
 
 namespace {
+
+constexpr qint64 maxBytes = 256 * 1024 * 1024;
 
 /// Returns a name on one line and without tabs.
 QByteArray encoded(const QString& name)
@@ -36,9 +39,10 @@ MoveJournal::MoveJournal(const QString& folder, const QString& source)
     , m_source(encoded(source))
 {
     QFile file(path());
-    if (!file.open(QIODevice::ReadOnly))
+    QByteArray text;
+    if (!RegularFile::open(file) || !RegularFile::readAll(file, maxBytes, text))
         return;
-    QList<QByteArray> lines = file.readAll().split('\n');
+    QList<QByteArray> lines = text.split('\n');
     if (lines.takeFirst() != m_source)
         return;
     for (const QByteArray& line : qAsConst(lines)) {

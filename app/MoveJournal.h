@@ -21,8 +21,8 @@ public:
     /// The file in the folder.
     static QString fileName();
 
-    /// Reads what the moves from `source` into `folder` have noted; nothing if another move was
-    /// there last.
+    /// Reads what the moves from `source` into `folder` have noted; empty if the journal belongs to
+    /// another source or cannot be read.
     MoveJournal(const QString& folder, const QString& source);
 
     /// Returns whether no copy is noted.

@@ -39,7 +39,7 @@ public:
     void lookAgain();
 
 signals:
-    /// More is known, or something else. Comes from the event loop, and not too often while many
+    /// Known states or sizes have changed. Emitted from the event loop, and at intervals while many
     /// items wait.
     void changed();
 

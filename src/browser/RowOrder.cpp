@@ -32,13 +32,24 @@ bool RowOrder::isBefore(const QModelIndex& left, const QModelIndex& right) const
     case EListOrder::Published:
         break;
     case EListOrder::Name:
-        return leftKey.name && rightKey.name && *leftKey.name < *rightKey.name;
+        if (const int order = compareNames(leftKey, rightKey); order != 0)
+            return order < 0;
+        break;
     case EListOrder::Newest:
-        return leftKey.isNew && !rightKey.isNew;
+        if (leftKey.isNew != rightKey.isNew)
+            return leftKey.isNew;
+        break;
     case EListOrder::Size:
-        return leftKey.bytes > rightKey.bytes;
+        if (leftKey.bytes != rightKey.bytes)
+            return leftKey.bytes > rightKey.bytes;
+        break;
     }
     return left.row() < right.row();
+}
+
+int RowOrder::compareNames(const Key& left, const Key& right)
+{
+    return left.name && right.name ? left.name->compare(*right.name) : 0;
 }
 
 void RowOrder::read(const QModelIndex& row) const

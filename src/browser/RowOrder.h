@@ -38,6 +38,7 @@ private:
         std::optional<QCollatorSortKey> name;
     };
 
+    static int compareNames(const Key& left, const Key& right);
     void read(const QModelIndex& row) const;
 
     EListOrder m_order;

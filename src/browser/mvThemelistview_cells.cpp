@@ -13,7 +13,6 @@
 #include "browser/ShownItems.h"
 #include "records/SCfg_Item.h"
 
-#include <QApplication>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QHideEvent>
@@ -26,8 +25,7 @@ constexpr int maxShownOneByOne = 8; // cells
 
 /// Performs at once what the parts of a new cell have asked Qt to do later, and removes the
 /// requests. Qt compares each one with all pending events, so those of a thousand cells would take
-/// longer than the cells themselves. Removing those of one part compares just as many, even events
-/// that are removed already while Qt delivers others, so requests are removed for all widgets.
+/// longer than the cells themselves.
 void settleRequests(QWidget* cell)
 {
     const QList<QWidget*> parts = QList<QWidget*>{cell} + cell->findChildren<QWidget*>();
@@ -36,21 +34,12 @@ void settleRequests(QWidget* cell)
         if (part->layout() && part->isVisible())
             part->layout()->activate();
     }
-    // Others are polished when they are shown, and renewLayoutRequests() follows.
+    // One look through the queue removes those of all parts. Other widgets do not need theirs: they
+    // are polished when they are shown.
     QCoreApplication::removePostedEvents(nullptr, QEvent::PolishRequest);
-    QCoreApplication::removePostedEvents(nullptr, QEvent::LayoutRequest);
-    for (QWidget* const part : parts)
+    for (QWidget* const part : parts) {
+        QCoreApplication::removePostedEvents(part, QEvent::LayoutRequest);
         QCoreApplication::removePostedEvents(part, QEvent::UpdateLater);
-}
-
-/// Asks all widgets outside `cells` to lay out their children, which takes those no time that have
-/// nothing to do. A layout whose request is lost would not ask again.
-void renewLayoutRequests(const QWidget* cells)
-{
-    const QWidgetList widgets = QApplication::allWidgets();
-    for (QWidget* const widget : widgets) {
-        if (!cells->isAncestorOf(widget))
-            QCoreApplication::postEvent(widget, new QEvent(QEvent::LayoutRequest));
     }
 }
 
@@ -119,8 +108,6 @@ void mvThemelistview::openAllCells()
         if (cell && areMany)
             settleRequests(cell);
     }
-    if (areMany)
-        renewLayoutRequests(viewport());
 }
 
 void mvThemelistview::updatePool()

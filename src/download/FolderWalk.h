@@ -21,8 +21,8 @@ public:
     /// Called with each entry; returns whether the walk goes on.
     using Visitor = std::function<bool(const QFileInfo& entry)>;
 
-    /// Visits the files below the folder or, with QDir::Dirs, the folders, those with QDir::Hidden
-    /// that are hidden, too. The order is that of the disk; an inner folder follows the one around
+    /// Visits the files (QDir::Files) and folders (QDir::Dirs) below the folder, hidden ones only
+    /// with QDir::Hidden. The order is that of the disk; an inner folder follows the one around
     /// it. Links and junctions are not visited. Returns false if the visitor has ended the walk.
     static bool visit(const QString& folder, QDir::Filters filters, const Visitor& visitor);
 };

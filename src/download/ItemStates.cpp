@@ -131,8 +131,11 @@ void ItemStates::refreshPictures(const QString& guid)
 void ItemStates::refreshUsersOf(const QStringList& paths)
 {
     QSet<quint32> hashes;
-    for (const QString& path : paths)
+    for (const QString& path : paths) {
         hashes.insert(StateScan::hashOf(path));
+        if (!m_requests.isEmpty())
+            m_changedFiles.insert(StateScan::hashOf(path), m_lastRequest);
+    }
     QVector<ResourceKey> keys;
     for (auto known = m_facts.cbegin(); known != m_facts.cend(); ++known) {
         const QVector<quint32>& used = known->paths;
@@ -193,6 +196,8 @@ void ItemStates::finish(const QVector<ResourceKey>& keys)
         if (m_requests.remove(key) > 0 && --m_waiting.at(key.kind) == 0)
             idle.insert(key.kind);
     }
+    if (m_requests.isEmpty())
+        m_changedFiles.clear();
     if (!keys.isEmpty())
         emit looked(keys);
     for (const ECfgItemType kind : std::as_const(idle))
@@ -255,15 +260,30 @@ void ItemStates::take(const QVector<StateScan::Found>& found)
 {
     QMap<ECfgItemType, QStringList> news;
     QVector<ResourceKey> done;
+    QVector<ResourceKey> stale;
     for (const StateScan::Found& item : found) {
         if (m_watchers.at(item.key.kind) > 0 && store(item))
             news[item.key.kind].append(item.key.guid);
-        if (item.facts.hasState && m_requests.value(item.key) == item.request)
-            done.append(item.key);
+        if (!item.facts.hasState || m_requests.value(item.key) != item.request)
+            continue;
+        (isStale(item) ? stale : done).append(item.key);
     }
     for (auto kind = news.cbegin(); kind != news.cend(); ++kind)
         emit changed(kind.key(), kind.value());
+    if (!stale.isEmpty())
+        refresh(stale);
     finish(done);
+}
+
+/// Returns whether one of the item's files has changed since it was requested. Until its first
+/// state is stored, refreshUsersOf() does not know which files it uses.
+bool ItemStates::isStale(const StateScan::Found& found) const
+{
+    const QVector<quint32>& used = found.facts.paths;
+    return std::any_of(used.cbegin(), used.cend(), [&](quint32 hash) {
+        const auto changed = m_changedFiles.constFind(hash);
+        return changed != m_changedFiles.cend() && found.request <= *changed;
+    });
 }
 
 /// Returns whether anything has changed. What only tells the pictures leaves the state as it was.

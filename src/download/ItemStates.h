@@ -72,6 +72,7 @@ private:
     void endScan();
     void take(const QVector<StateScan::Found>& found);
     bool store(const StateScan::Found& found);
+    bool isStale(const StateScan::Found& found) const;
 
     QHash<ResourceKey, SItemFacts> m_facts;
     std::array<int, KindTable::count> m_watchers{};
@@ -79,6 +80,8 @@ private:
     std::deque<ResourceKey> m_queue;        // to be looked at; those without a request are skipped
     QHash<ResourceKey, quint64> m_requests; // the last one of each item that waits
     quint64 m_lastRequest = 0;
+    /// By the hashes of files that have changed while items waited: the last request before.
+    QHash<quint32, quint64> m_changedFiles;
     std::shared_ptr<StateScan> m_scan; // null: none is running
     bool m_isScanAdded = false;
     AcceptedRelease::Pointer m_release; // by which the states were last determined

@@ -21,9 +21,12 @@ QByteArray bytes(QLatin1String text)
 int statusOf(QLatin1String line)
 {
     constexpr int length = 3;
-    const QLatin1String code = line.mid(line.indexOf(QLatin1Char(' ')) + 1).left(length);
-    const bool isNumber = code.size() == length
-        && std::all_of(code.begin(), code.end(), [](char c) { return c >= '0' && c <= '9'; });
+    const QLatin1String rest = line.mid(line.indexOf(QLatin1Char(' ')) + 1);
+    if (rest.size() < length)
+        return 0;
+    const QLatin1String code = rest.left(length);
+    const bool isNumber =
+        std::all_of(code.begin(), code.end(), [](char c) { return c >= '0' && c <= '9'; });
     return isNumber ? bytes(code).toInt() : 0;
 }
 

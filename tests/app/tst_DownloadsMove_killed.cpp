@@ -4,10 +4,13 @@
 #include "DownloadsMove.h"
 #include "MoveJournal.h"
 #include "support/CatalogueFiles.h"
+#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
 
+#include <QDir>
 #include <QDirIterator>
 #include <QFile>
+#include <QFileInfo>
 #include <QMap>
 #include <QTemporaryDir>
 
@@ -25,6 +28,8 @@ private slots:
     void moveFromAnotherFolderIsNotResumed();
     void changedCopyIsNotReplaced();
     void cancelledMoveCanStillBeResumed();
+    void copyOfAnUnreadableOriginalIsKept();
+    void journalThatIsAPipeIsReplaced();
     void journalAloneIsNoDownload();
 
 private:
@@ -170,6 +175,30 @@ void tst_DownloadsMove_killed::cancelledMoveCanStillBeResumed()
     change("<newer/>");
     DownloadsMove move(from(), to());
     QVERIFY2(move.bring(CancelToken(), noProgress) == End::Complete, qPrintable(move.errorText()));
+    QCOMPARE(filesOf(to()), m_files);
+}
+
+/// It may be all that is left.
+void tst_DownloadsMove_killed::copyOfAnUnreadableOriginalIsKept()
+{
+    QCOMPARE(DownloadsMove(from(), to()).bring(CancelToken(), noProgress), End::Complete);
+    const auto removeOriginals = [this](qint64, qint64) { QDir(from()).removeRecursively(); };
+    DownloadsMove move(from(), to());
+    QCOMPARE(move.bring(CancelToken(), removeOriginals), End::Failed);
+    QVERIFY2(move.errorText().contains(QStringLiteral("cannot be read")),
+             qPrintable(move.errorText()));
+    QCOMPARE(filesOf(to()), m_files);
+}
+
+void tst_DownloadsMove_killed::journalThatIsAPipeIsReplaced()
+{
+    if (!SpecialFiles::hasPipes)
+        QSKIP("the system has no pipes with names");
+    QVERIFY(QDir().mkpath(QFileInfo(journal()).path()));
+    SpecialFiles::makePipe(journal());
+    DownloadsMove move(from(), to());
+    QVERIFY2(move.bring(CancelToken(), noProgress) == End::Complete, qPrintable(move.errorText()));
+    QVERIFY(QFileInfo(journal()).isFile());
     QCOMPARE(filesOf(to()), m_files);
 }
 

@@ -28,6 +28,7 @@ private slots:
     void shows();
     void sorts_data();
     void sorts();
+    void equalRowsAreAsPublishedWhateverTheOrderWas();
     void showsFavouriteFilters();
     void rowsStayUntilAskedAgain();
     void sizesAreMeasuredAnew();
@@ -170,6 +171,15 @@ void tst_mvThemelistview_listFilter::sorts()
     QCOMPARE(shown(asked), expected);
     asked.order = EListOrder::Published;
     QCOMPARE(shown(asked), QStringLiteral("Zebra,ape 10,Élan des Alpes,Ape 9,"));
+}
+
+void tst_mvThemelistview_listFilter::equalRowsAreAsPublishedWhateverTheOrderWas()
+{
+    SListFilter asked;
+    asked.order = EListOrder::Name;
+    shown(asked);
+    asked.order = EListOrder::Newest;
+    QCOMPARE(shown(asked), QStringLiteral("ape 10,Ape 9,Zebra,Élan des Alpes,"));
 }
 
 void tst_mvThemelistview_listFilter::showsFavouriteFilters()
