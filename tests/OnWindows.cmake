@@ -19,12 +19,13 @@ endif()
 mv_leave_out("a library that is preloaded into a program" tst_UtilsDurable tst_FavouritesFile_durable
              tst_mvpublish_killed tst_mvpublish_uploadKilled)
 mv_leave_out("a folder that stays open while it is renamed" tst_mvpublish_replace)
-mv_leave_out("the time of a thread in steps below 10 ms" tst_catalogueGrowth tst_ItemIndex)
+mv_leave_out("the time of a thread in steps below 10 ms" tst_catalogueGrowth tst_ItemIndex tst_largeCatalogue)
 mv_leave_out("an HTTPS server" tst_CurWrapper_tls tst_TransferPool_http2)
 mv_leave_out(
     "programs of the other systems: nginx, rclone, minisign, a shell"
     tst_checkNginx
     tst_ReleaseSignature
+    tst_translations
     tst_mvpublish_example
     tst_mvpublish_nginx
     tst_mvpublish_nginxCache

@@ -239,6 +239,10 @@ void TestMvpublishRelease::clockThatIsNoTimeIsRefused_data()
 void TestMvpublishRelease::clockThatIsNoTimeIsRefused()
 {
     QFETCH(QByteArray, clock);
+#ifdef Q_OS_WIN
+    if (clock.isEmpty())
+        QSKIP("An empty variable is none there.");
+#endif
     qputenv("SOURCE_DATE_EPOCH", clock);
     const Outcome outcome =
         Mvpublish::run({text("build"), m_tree->source().folder(), m_tree->folder()});
