@@ -130,7 +130,7 @@ QString Preferences::writeToDisk(const QString& key, const QJsonValue& value) co
     QFile present(m_file);
     if (present.open(QIODevice::ReadOnly) && parse(present.read(maxBytes + 1), all))
         all.insert(key, value); // an undefined value removes it
-    present.close(); // Windows replaces no open file
+    present.close();            // Windows replaces no open file
     QSaveFile file(m_file);
     const QByteArray text = QJsonDocument(all).toJson();
     const bool isWritten =
