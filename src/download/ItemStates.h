@@ -5,6 +5,7 @@
 
 #include "catalogue/CatalogueJobs.h"
 #include "download/AcceptedRelease.h"
+#include "download/ResourceEvents.h" // declares ECfgItemType to Qt, which the signals need
 #include "download/ResourceKey.h"
 #include "download/SItemFacts.h"
 #include "download/StateScan.h"
