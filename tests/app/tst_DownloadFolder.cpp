@@ -4,8 +4,8 @@
 #include "DownloadFolder.h"
 
 #include "support/CatalogueFiles.h"
-#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
+#include "support/UnusualFiles.h"
 
 #include <QDir>
 #include <QScopeGuard>
@@ -61,7 +61,7 @@ void tst_DownloadFolder::sizesAddUp()
     CatalogueFiles::write(elsewhere.filePath(QStringLiteral("other")), QByteArray(5000, 'x'));
     const QString link = home.filePath(QStringLiteral("link"));
     MV_LINK(elsewhere.path(), link);
-    const auto unlinked = qScopeGuard([&] { SpecialFiles::unlink(link); });
+    const auto unlinked = qScopeGuard([&] { UnusualFiles::unlink(link); });
     QCOMPARE(DownloadFolder::usedBytes(home.path(), CancelToken()), qint64(1234));
 }
 

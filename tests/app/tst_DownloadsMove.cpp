@@ -6,8 +6,8 @@
 #include "host/FileLock.h"
 #include "MoveJournal.h"
 #include "support/CatalogueFiles.h"
-#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
+#include "support/UnusualFiles.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -218,7 +218,7 @@ void tst_DownloadsMove::whatIsNotDownloadedStays()
     QCOMPARE(filesOf(to), m_files);
     QVERIFY(QFile::exists(own));
     QCOMPARE(CatalogueFiles::read(outside), QByteArray("installed"));
-    QVERIFY(SpecialFiles::isLink(from() + QStringLiteral("/Themes/linked")));
+    QVERIFY(UnusualFiles::isLink(from() + QStringLiteral("/Themes/linked")));
 }
 
 void tst_DownloadsMove::linksInTheNewFolderAreRefused_data()

@@ -4,8 +4,8 @@
 #include "DownloadsMove.h"
 #include "MoveJournal.h"
 #include "support/CatalogueFiles.h"
-#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
+#include "support/UnusualFiles.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -192,10 +192,10 @@ void tst_DownloadsMove_killed::copyOfAnUnreadableOriginalIsKept()
 
 void tst_DownloadsMove_killed::journalThatIsAPipeIsReplaced()
 {
-    if (!SpecialFiles::hasPipes)
+    if (!UnusualFiles::hasPipes)
         QSKIP("the system has no pipes with names");
     QVERIFY(QDir().mkpath(QFileInfo(journal()).path()));
-    SpecialFiles::makePipe(journal());
+    UnusualFiles::makePipe(journal());
     DownloadsMove move(from(), to());
     QVERIFY2(move.bring(CancelToken(), noProgress) == End::Complete, qPrintable(move.errorText()));
     QVERIFY(QFileInfo(journal()).isFile());

@@ -5,8 +5,8 @@
 
 #include "MoveJournal.h"
 #include "support/CatalogueFiles.h"
-#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
+#include "support/UnusualFiles.h"
 
 #include <QDir>
 #include <QFile>

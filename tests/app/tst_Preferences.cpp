@@ -4,8 +4,8 @@
 #include "Preferences.h"
 
 #include "support/CatalogueFiles.h"
-#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
+#include "support/UnusualFiles.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -253,7 +253,7 @@ void tst_Preferences::anythingButAFileIsLeftAlone_data()
 {
     QTest::addColumn<bool>("isFolder");
     QTest::newRow("folder") << true;
-    if (SpecialFiles::hasPipes)
+    if (UnusualFiles::hasPipes)
         QTest::newRow("pipe") << false;
 }
 
@@ -263,7 +263,7 @@ void tst_Preferences::anythingButAFileIsLeftAlone()
     const QString path = freshPath();
     QVERIFY(QDir().mkpath(isFolder ? path : QFileInfo(path).path()));
     if (!isFolder)
-        SpecialFiles::makePipe(path);
+        UnusualFiles::makePipe(path);
     Preferences preferences(path);
     QVERIFY2(preferences.problem().contains(path), qPrintable(preferences.problem()));
     QCOMPARE(everything(preferences), defaults());

@@ -4,7 +4,7 @@
 #include "catalogue/FavouritesFile.h"
 #include "CatalogueFixture.h"
 #include "FavouriteSignals.h"
-#include "support/SpecialFiles.h"
+#include "support/UnusualFiles.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -164,7 +164,7 @@ void tst_FavouritesFile::replacesTheFileBehindALink()
     MV_LINK(QStringLiteral("elsewhere/target.json"), file());
     mark(eCfgItem_Theme, 1);
     QCOMPARE(written(), QJsonArray{entry("theme", 1, "Caf\xc3\xa9")});
-    QVERIFY(SpecialFiles::isLink(file()));
+    QVERIFY(UnusualFiles::isLink(file()));
     QCOMPARE(Files::read(target), Files::read(file()));
 }
 
@@ -300,8 +300,8 @@ void tst_FavouritesFile::anythingButAFileIsRefused_data()
     QTest::addColumn<QString>("path"); // BASE is replaced by the test's folder
     QTest::newRow("missing") << QStringLiteral("BASE/none.json");
     QTest::newRow("folder") << QStringLiteral("BASE");
-    QTest::newRow("device without an end") << SpecialFiles::endlessDevice();
-    if (SpecialFiles::hasPipes)
+    QTest::newRow("device without an end") << UnusualFiles::endlessDevice();
+    if (UnusualFiles::hasPipes)
         QTest::newRow("pipe that nobody writes") << QStringLiteral("BASE/pipe");
 }
 
@@ -310,7 +310,7 @@ void tst_FavouritesFile::anythingButAFileIsRefused()
     QFETCH(QString, path);
     path.replace(QStringLiteral("BASE"), m_fixture.base());
     if (path.endsWith(QLatin1String("pipe")))
-        SpecialFiles::makePipe(path);
+        UnusualFiles::makePipe(path);
     FavouritesFile favourites;
     QVERIFY(!favourites.read(path));
     const QString beginning = path + QStringLiteral(" cannot be read: ");

@@ -7,9 +7,9 @@
 #include "support/CatalogueFiles.h"
 #include "support/Growth.h"
 #include "support/ProcessorTime.h"
-#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
 #include "support/ThemeUsing.h"
+#include "support/UnusualFiles.h"
 
 using Files = CatalogueFiles;
 

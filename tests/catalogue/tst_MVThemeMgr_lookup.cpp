@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "CatalogueFixture.h"
-#include "support/SpecialFiles.h"
+#include "support/UnusualFiles.h"
 
 using Files = CatalogueFiles;
 using Mgr = MVThemeMgr;

@@ -5,7 +5,7 @@
 #ifndef Q_OS_WIN
 #include "FolderEvents.h"
 #endif
-#include "support/SpecialFiles.h"
+#include "support/UnusualFiles.h"
 
 using Mgr = MVThemeMgr;
 
@@ -332,7 +332,7 @@ void tst_MVThemeMgr_paths::noFolderIsCreatedBehindALink()
     MV_LINK(outside, path);
     mgr().setResourceSaveRootPath(root);
     QCOMPARE(CatalogueFixture::entriesBelow(outside), QStringList());
-    QVERIFY(SpecialFiles::isLink(path));
+    QVERIFY(UnusualFiles::isLink(path));
     QVERIFY(QFileInfo(root + QLatin1Char('/') + other).isDir());
 }
 

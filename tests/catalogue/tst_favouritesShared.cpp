@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "CatalogueFixture.h"
-#include "support/SpecialFiles.h"
 #include "support/ThisProcess.h"
+#include "support/UnusualFiles.h"
 
 #include <QJsonDocument>
 #include <QLockFile>
@@ -238,7 +238,7 @@ void tst_favouritesShared::nothingChangedWritesNothing()
 void tst_favouritesShared::fileThatCannotBeReadIsNotReplaced_data()
 {
     QTest::addColumn<bool>("isPipe");
-    if (SpecialFiles::hasPipes)
+    if (UnusualFiles::hasPipes)
         QTest::newRow("a pipe") << true;
     QTest::newRow("a folder") << false;
 }
@@ -248,7 +248,7 @@ void tst_favouritesShared::fileThatCannotBeReadIsNotReplaced()
     QFETCH(bool, isPipe);
     QVERIFY(QFile::remove(file()));
     if (isPipe)
-        SpecialFiles::makePipe(file());
+        UnusualFiles::makePipe(file());
     else
         QVERIFY(QDir().mkpath(file()));
     mark(1);
@@ -355,7 +355,7 @@ void tst_favouritesShared::linkStaysALink()
     mgr().readThemeCollect();
     mark(1);
     mgr().saveThemeCollect();
-    QVERIFY(SpecialFiles::isLink(file()));
+    QVERIFY(UnusualFiles::isLink(file()));
     QCOMPARE(QJsonDocument::fromJson(Files::read(elsewhere)).object(),
              (QJsonObject{{Files::guid(1), true}}));
 }

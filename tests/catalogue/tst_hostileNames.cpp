@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "CatalogueFixture.h"
-#include "support/SpecialFiles.h"
+#include "support/UnusualFiles.h"
 
 using Files = CatalogueFiles;
 using Mgr = MVThemeMgr;
@@ -193,7 +193,7 @@ void tst_hostileNames::linksOutOfTheTreesCountForNothing()
     Files::write(outside + QStringLiteral("/a.png"), "secret");
     QVERIFY(QDir().mkpath(folder));
     MV_LINK(outside, folder + QStringLiteral("/folder"));
-    if (SpecialFiles::hasFileLinks)
+    if (UnusualFiles::hasFileLinks)
         MV_LINK(outside + QStringLiteral("/a.png"), folder + QStringLiteral("/file.png"));
     for (const char* name : {"/file.png", "/folder/a.png"}) {
         SCfg_Item theme;
@@ -227,7 +227,7 @@ void tst_hostileNames::loadShowsNoItemWithAPreviewBehindALink()
     Files::write(outside + QStringLiteral("/a.gif"), "secret");
     for (const char* name : {"/1.gif", "/4.gif", "/1.png", "/2.png", "/3.png", "/4.png"})
         Files::write(folder + QString::fromLatin1(name), "picture");
-    if (SpecialFiles::hasFileLinks)
+    if (UnusualFiles::hasFileLinks)
         MV_LINK(outside + QStringLiteral("/a.gif"), folder + QStringLiteral("/2.gif"));
     MV_LINK(outside, folder + QStringLiteral("/folder"));
     QVector<Files::CfgItem> items;

@@ -5,8 +5,8 @@
 #include "download/CheckFixture.h"
 #include "download/CheckLines.h"
 #include "host/HostSettings.h"
-#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
+#include "support/UnusualFiles.h"
 
 #include <QDir>
 #include <QFile>

@@ -5,8 +5,8 @@
 #include "download/DownloadFixture.h"
 #include "download/DownloadLines.h"
 #include "support/CatalogueFiles.h"
-#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
+#include "support/UnusualFiles.h"
 
 #include <QDir>
 #include <QDirIterator>

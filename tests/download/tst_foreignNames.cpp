@@ -5,9 +5,9 @@
 #include "download/MVThemeDownLoader.h"
 #include "host/HostSettings.h"
 #include "host/WindowsName.h"
-#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
 #include "support/TestTexts.h"
+#include "support/UnusualFiles.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -180,7 +180,7 @@ void tst_foreignNames::links()
     const bool isChecked = fetchAll();
     QCOMPARE(isChecked, link != text("ResourceConfig"));
     QCOMPARE(outside(), before);
-    QVERIFY(SpecialFiles::isLink(path));
+    QVERIFY(UnusualFiles::isLink(path));
 }
 
 /// Names that differ in case are two files, or one to a file system that ignores it.

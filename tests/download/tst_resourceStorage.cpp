@@ -5,9 +5,9 @@
 #include "download/FileStates.h"
 #include "download/ResourceStorage.h"
 #include "download/StorageWorld.h"
-#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
 #include "support/TestTexts.h"
+#include "support/UnusualFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -352,7 +352,7 @@ void tst_resourceStorage::linksAreNotFollowed()
     CatalogueFiles::write(outside + text("/precious"), "x");
     MV_LINK(outside, m_world.file("Themes/link"));
     MV_LINK(m_world.file("Themes"), m_world.file("Themes/around"));
-    if (SpecialFiles::hasFileLinks)
+    if (UnusualFiles::hasFileLinks)
         MV_LINK(outside + text("/precious"), m_world.file("Themes/file"));
     QCOMPARE(m_storage.leftovers(), QStringList());
     m_storage.clean();

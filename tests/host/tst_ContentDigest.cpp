@@ -3,8 +3,8 @@
 
 #include "host/ContentDigest.h"
 #include "support/CatalogueFiles.h"
-#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
+#include "support/UnusualFiles.h"
 
 #include <QTemporaryDir>
 
@@ -69,11 +69,11 @@ void TestContentDigest::onlyRegularFilesHaveDigests()
 {
     QCOMPARE(ContentDigest::ofFile(m_folder.path()), QByteArray());
     QCOMPARE(ContentDigest::ofFile(m_folder.filePath(QStringLiteral("missing"))), QByteArray());
-    QCOMPARE(ContentDigest::ofFile(SpecialFiles::emptyDevice()), QByteArray());
-    if (!SpecialFiles::hasPipes)
+    QCOMPARE(ContentDigest::ofFile(UnusualFiles::emptyDevice()), QByteArray());
+    if (!UnusualFiles::hasPipes)
         return;
     const QString pipe = m_folder.filePath(QStringLiteral("pipe"));
-    SpecialFiles::makePipe(pipe);
+    UnusualFiles::makePipe(pipe);
     QCOMPARE(ContentDigest::ofFile(pipe), QByteArray());
 }
 

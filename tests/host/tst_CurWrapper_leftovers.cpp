@@ -3,7 +3,7 @@
 
 #include "Download.h"
 #include "host/HostSettings.h"
-#include "support/SpecialFiles.h"
+#include "support/UnusualFiles.h"
 
 #include <QDir>
 #include <QProcess>
@@ -338,7 +338,7 @@ void TestCurWrapperLeftovers::otherFilesAreLeftAlone()
     for (const QString& name : names)
         CatalogueFiles::write(download.folder() + QLatin1Char('/') + name, "precious");
     const QString link = download.folder() + QStringLiteral("/.mv-link.part");
-    if (SpecialFiles::hasFileLinks)
+    if (UnusualFiles::hasFileLinks)
         MV_LINK(download.folder() + QStringLiteral("/file.part"), link);
     QCOMPARE(download.run(server.url(QStringLiteral("/file"))), 0);
     for (const QString& name : names)

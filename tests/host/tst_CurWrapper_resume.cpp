@@ -3,7 +3,7 @@
 
 #include "Download.h"
 #include "host/HostSettings.h"
-#include "support/SpecialFiles.h"
+#include "support/UnusualFiles.h"
 
 #include <QDateTime>
 #include <QLocale>
@@ -283,11 +283,11 @@ void TestCurWrapperResume::withoutResumeTheBeginningDoesNotCount()
 
 void TestCurWrapperResume::aPipeIsNoBeginning()
 {
-    if (!SpecialFiles::hasPipes)
+    if (!UnusualFiles::hasPipes)
         QSKIP("This system's folders contain no pipes.");
     FaultServer server(answering(wholeNewVersion()));
     Download download;
-    SpecialFiles::makePipe(download.target());
+    UnusualFiles::makePipe(download.target());
     download.wrapper().download(server.url(QStringLiteral("/file")), download.target(), true);
     QCOMPARE(download.wrapper().result(), 0);
     QCOMPARE(download.content(), pattern(whole, 2));

@@ -4,7 +4,7 @@
 #include "Download.h"
 #include "FileSizeLimit.h"
 #include "host/HostSettings.h"
-#include "support/SpecialFiles.h"
+#include "support/UnusualFiles.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -68,7 +68,7 @@ void TestCurWrapperTarget::cannotWrite()
     QVERIFY(QDir(download.folder()).mkdir(QStringLiteral("folder")));
     const QString link = download.folder() + QStringLiteral("/link");
     MV_LINK(QStringLiteral("folder"), link);
-    const auto unlinked = qScopeGuard([&] { SpecialFiles::unlink(link); });
+    const auto unlinked = qScopeGuard([&] { UnusualFiles::unlink(link); });
     CatalogueFiles::write(download.folder() + QStringLiteral("/file"), "in the way");
     const QString path = QDir(download.folder()).filePath(target);
 
@@ -120,13 +120,13 @@ void TestCurWrapperTarget::cannotReplaceAFolderMadeBetweenDownloads()
     QVERIFY2(
         download.errorText().contains(target + QStringLiteral(": is a folder, not a file name")),
         qPrintable(download.errorText()));
-    QCOMPARE(SpecialFiles::isLink(target), isLink);
+    QCOMPARE(UnusualFiles::isLink(target), isLink);
     QVERIFY(QFileInfo(target).isDir());
     QVERIFY(QDir(download.folder())
                 .entryList({QStringLiteral("*.part")}, QDir::Files | QDir::Hidden)
                 .isEmpty());
     if (isLink)
-        SpecialFiles::unlink(target);
+        UnusualFiles::unlink(target);
 }
 
 void TestCurWrapperTarget::diskFull_data()

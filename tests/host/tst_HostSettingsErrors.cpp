@@ -4,7 +4,7 @@
 #include "host/HostSettings.h"
 #include "host/IniFile.h"
 #include "host/Unprivileged.h"
-#include "support/SpecialFiles.h"
+#include "support/UnusualFiles.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -84,11 +84,11 @@ void tst_HostSettingsErrors::refusesAnythingButAFile_data()
     QTest::newRow("no name") << QString() << missing;
     const auto other = QStringLiteral("the file cannot be read: not a regular file");
     QTest::newRow("folder") << TestHome::path() << other;
-    if (!SpecialFiles::hasPipes)
+    if (!UnusualFiles::hasPipes)
         return; // nor are there devices among the files
-    QTest::newRow("device") << SpecialFiles::endlessDevice() << other;
+    QTest::newRow("device") << UnusualFiles::endlessDevice() << other;
     const QString pipe = TestHome::path() + QStringLiteral("/pipe");
-    SpecialFiles::makePipe(pipe);
+    UnusualFiles::makePipe(pipe);
     QTest::newRow("pipe") << pipe << other;
 }
 

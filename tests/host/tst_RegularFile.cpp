@@ -3,8 +3,8 @@
 
 #include "host/RegularFile.h"
 #include "support/CatalogueFiles.h"
-#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
+#include "support/UnusualFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -32,8 +32,8 @@ void tst_RegularFile::onlyRegularFilesAreOpened_data()
     CatalogueFiles::write(m_folder + QStringLiteral("/file"), "content");
     QFile::link(QStringLiteral("file"), m_folder + QStringLiteral("/link"));
     const QString pipe = m_folder + QStringLiteral("/pipe");
-    if (SpecialFiles::hasPipes)
-        SpecialFiles::makePipe(pipe);
+    if (UnusualFiles::hasPipes)
+        UnusualFiles::makePipe(pipe);
 
     QTest::addColumn<QString>("name");
     QTest::addColumn<bool>("isOpened");

@@ -3,8 +3,8 @@
 
 #include "host/SystemFile.h"
 #include "support/CatalogueFiles.h"
-#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
+#include "support/UnusualFiles.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -166,7 +166,7 @@ void tst_SystemFile::realPathFollowsLinks()
     QCOMPARE(SystemFile::realPath(file), QFileInfo(file).canonicalFilePath());
     const QString link = SystemFile::decodedName(path("link"));
     MV_LINK(SystemFile::decodedName(path("folder")), link);
-    const auto unlinked = qScopeGuard([&] { SpecialFiles::unlink(link); });
+    const auto unlinked = qScopeGuard([&] { UnusualFiles::unlink(link); });
     QCOMPARE(SystemFile::realPath(link + QStringLiteral("/file")),
              QFileInfo(file).canonicalFilePath());
 }
@@ -177,7 +177,7 @@ void tst_SystemFile::linksAreKnown()
     const QString folder = SystemFile::decodedName(path("folder"));
     const QString link = SystemFile::decodedName(path("link"));
     MV_LINK(folder, link);
-    const auto unlinked = qScopeGuard([&] { SpecialFiles::unlink(link); });
+    const auto unlinked = qScopeGuard([&] { UnusualFiles::unlink(link); });
     QVERIFY(SystemFile::isLink(link));
     QVERIFY(SystemFile::isLink(link + QLatin1Char('/')));
     for (const QString& name : {folder, folder + QStringLiteral("/file"),
@@ -250,7 +250,7 @@ void tst_SystemFile::openFileCanBeRenamedAndRemoved()
     QVERIFY(SystemFile::hasName(handle, path("renamed")));
     QVERIFY(!SystemFile::hasName(handle, path("file")));
     QVERIFY(SystemFile::remove(path("renamed")));
-    if (SpecialFiles::tellsRemoved())
+    if (UnusualFiles::tellsRemoved())
         QVERIFY(!SystemFile::hasAnyName(handle));
     SystemFile::close(handle);
     QVERIFY(!info("renamed").exists());

@@ -3,8 +3,8 @@
 
 #include "host/SystemFile.h"
 #include "support/CatalogueFiles.h"
-#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
+#include "support/UnusualFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -153,7 +153,7 @@ void tst_SystemFile_handles::knowsTheNamesOfAnOpenFile()
     QVERIFY(!SystemFile::hasName(handle.number(), path("old")));
     QVERIFY(SystemFile::hasAnyName(handle.number()));
     QVERIFY(SystemFile::remove(path("renamed")));
-    if (SpecialFiles::tellsRemoved()) {
+    if (UnusualFiles::tellsRemoved()) {
         QVERIFY(!SystemFile::hasAnyName(handle.number()));
         QVERIFY(!SystemFile::remove(path("renamed")));
     }

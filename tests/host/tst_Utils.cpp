@@ -5,8 +5,8 @@
 #include "host/HostSettings.h"
 #include "host/Utils.h"
 #include "support/CatalogueFiles.h"
-#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
+#include "support/UnusualFiles.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -103,11 +103,11 @@ void tst_Utils::unreadableFileHasNoDigest_data()
     QTest::newRow("folder") << TestHome::path();
     QTest::newRow("no name") << QString();
     QTest::newRow("reading fails") << unreadable;
-    QTest::newRow("device without an end") << SpecialFiles::endlessDevice();
-    if (!SpecialFiles::hasPipes)
+    QTest::newRow("device without an end") << UnusualFiles::endlessDevice();
+    if (!UnusualFiles::hasPipes)
         return;
     const QString pipe = TestHome::path() + QStringLiteral("/pipe");
-    SpecialFiles::makePipe(pipe);
+    UnusualFiles::makePipe(pipe);
     QTest::newRow("pipe that nobody writes") << pipe;
 }
 
@@ -269,11 +269,11 @@ void tst_Utils::copyToPathFailsWithoutASource()
 void tst_Utils::copiesRegularFilesOnly_data()
 {
     QTest::addColumn<QString>("source");
-    QTest::newRow("device") << SpecialFiles::emptyDevice();
-    if (!SpecialFiles::hasPipes)
+    QTest::newRow("device") << UnusualFiles::emptyDevice();
+    if (!UnusualFiles::hasPipes)
         return;
     const QString pipe = TestHome::path() + QStringLiteral("/source-pipe");
-    SpecialFiles::makePipe(pipe);
+    UnusualFiles::makePipe(pipe);
     QTest::newRow("pipe that nobody writes") << pipe;
 }
 

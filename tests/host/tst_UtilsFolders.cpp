@@ -3,8 +3,8 @@
 
 #include "host/Utils.h"
 #include "support/CatalogueFiles.h"
-#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
+#include "support/UnusualFiles.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -145,7 +145,7 @@ void tst_UtilsFolders::copyLeavesLinksOut()
     write("from/a", "1");
     write("elsewhere/b", "2");
     MV_LINK(path("elsewhere"), path("from/folderLink"));
-    if (SpecialFiles::hasFileLinks) {
+    if (UnusualFiles::hasFileLinks) {
         MV_LINK(path("elsewhere/b"), path("from/fileLink"));
         MV_LINK(path("none"), path("from/brokenLink"));
     }
@@ -301,7 +301,7 @@ void tst_UtilsFolders::removesALinkNotItsTarget_data()
         QTest::addRow("with a slash, %s", kind) << QStringLiteral("folderLink/") << recursive;
         QTest::addRow("with slashes, %s", kind) << QStringLiteral("folderLink//") << recursive;
         QTest::addRow("with a dot, %s", kind) << QStringLiteral("folderLink/.") << recursive;
-        if (!SpecialFiles::hasFileLinks)
+        if (!UnusualFiles::hasFileLinks)
             continue;
         QTest::addRow("to a file, %s", kind) << QStringLiteral("fileLink") << recursive;
         QTest::addRow("to nothing, %s", kind) << QStringLiteral("brokenLink") << recursive;
@@ -314,16 +314,16 @@ void tst_UtilsFolders::removesALinkNotItsTarget()
     QFETCH(bool, recursive);
     write("real/a", "kept");
     MV_LINK(path("real"), path("folderLink"));
-    if (SpecialFiles::hasFileLinks) {
+    if (UnusualFiles::hasFileLinks) {
         MV_LINK(path("real/a"), path("fileLink"));
         MV_LINK(path("none"), path("brokenLink"));
     }
     const bool isRemoved = Utils::rmDir(m_folder + link, recursive);
     QCOMPARE(read("real/a"), QByteArray("kept"));
-    if (!SpecialFiles::canRemoveLinks())
+    if (!UnusualFiles::canRemoveLinks())
         QSKIP("This system removes no links to folders.");
     QVERIFY(isRemoved);
-    QVERIFY(!SpecialFiles::isLink(QDir::cleanPath(m_folder + link)));
+    QVERIFY(!UnusualFiles::isLink(QDir::cleanPath(m_folder + link)));
 }
 
 void tst_UtilsFolders::removesLinksInsideNotTheirTargets()
@@ -331,13 +331,13 @@ void tst_UtilsFolders::removesLinksInsideNotTheirTargets()
     write("real/a", "kept");
     write("tree/b", "1");
     MV_LINK(path("real"), path("tree/folderLink"));
-    if (SpecialFiles::hasFileLinks) {
+    if (UnusualFiles::hasFileLinks) {
         MV_LINK(path("real/a"), path("tree/fileLink"));
         MV_LINK(path("none"), path("tree/brokenLink"));
     }
     const bool isRemoved = Utils::rmDir(path("tree"), true);
     QCOMPARE(read("real/a"), QByteArray("kept"));
-    if (!SpecialFiles::canRemoveLinks())
+    if (!UnusualFiles::canRemoveLinks())
         QSKIP("This system removes no links to folders.");
     QVERIFY(isRemoved);
     QVERIFY(!QFileInfo::exists(path("tree")));

@@ -40,7 +40,7 @@ void TestFonts::useOnly(const QString& home)
     if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
         qFatal("%s cannot be written", qPrintable(path));
     qputenv("FONTCONFIG_FILE", QFile::encodeName(path));
-    qputenv("QT_QPA_FONTDIR", QFile::encodeName(folder())); // where there is no fontconfig
+    qputenv("QT_QPA_FONTDIR", QFile::encodeName(folder())); // for systems without fontconfig
     for (const char* other : {"FONTCONFIG_PATH", "FONTCONFIG_SYSROOT", "FC_LANG"})
         qunsetenv(other);
 }

@@ -7,8 +7,8 @@
 #include "Mvpublish.h"
 #include "SmallSource.h"
 #include "support/CatalogueFiles.h"
-#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
+#include "support/UnusualFiles.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -174,7 +174,7 @@ Break linkOut(const QString& file)
 bool isRowImpossible()
 {
     const QByteArray row = QTest::currentDataTag();
-    return !SpecialFiles::hasFileLinks
+    return !UnusualFiles::hasFileLinks
         && (row.contains("a link out of the tree") || row.endsWith("with a question mark"));
 }
 

@@ -4,9 +4,9 @@
 #include "RawClient.h"
 #include "server/TreeServer.h"
 #include "support/CatalogueFiles.h"
-#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
 #include "support/TestTexts.h"
+#include "support/UnusualFiles.h"
 
 #include <QDateTime>
 #include <QFile>
@@ -66,10 +66,10 @@ void TestTreeServer::initTestCase()
     CatalogueFiles::write(tree() + text("/empty.xml"), "");
     CatalogueFiles::write(tree() + text("/large.zip"), QByteArray(3000000, 'z') + "end");
     CatalogueFiles::write(TestHome::path() + text("/base/secret.txt"), "secret");
-    QVERIFY(SpecialFiles::link(text(".."), tree() + text("/folder")));
-    if (SpecialFiles::hasFileLinks) {
-        QVERIFY(SpecialFiles::link(text("../secret.txt"), tree() + text("/link.txt")));
-        QVERIFY(SpecialFiles::link(text("ten.txt"), tree() + text("/within.txt")));
+    QVERIFY(UnusualFiles::link(text(".."), tree() + text("/folder")));
+    if (UnusualFiles::hasFileLinks) {
+        QVERIFY(UnusualFiles::link(text("../secret.txt"), tree() + text("/link.txt")));
+        QVERIFY(UnusualFiles::link(text("ten.txt"), tree() + text("/within.txt")));
     }
     QFile file(tree() + text("/ten.txt"));
     QVERIFY(file.open(QIODevice::ReadWrite));
@@ -351,7 +351,7 @@ void TestTreeServer::nothingOutsideIsServed()
 
 void TestTreeServer::linkWithinTheTreeIsServed()
 {
-    if (!SpecialFiles::hasFileLinks)
+    if (!UnusualFiles::hasFileLinks)
         QSKIP("This system links folders only.");
     QCOMPARE(RawClient::body(get("/within.txt")), QByteArray("0123456789"));
 }

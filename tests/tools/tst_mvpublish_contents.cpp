@@ -7,9 +7,9 @@
 #include "release/ContentFolder.h"
 #include "ReleasedTree.h"
 #include "support/CatalogueFiles.h"
-#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
 #include "support/TestTexts.h"
+#include "support/UnusualFiles.h"
 
 #include <QDateTime>
 #include <QDir>

@@ -5,9 +5,9 @@
 #include "SmallSource.h"
 #include "SourceFault.h"
 #include "support/CatalogueFiles.h"
-#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
 #include "support/TestTexts.h"
+#include "support/UnusualFiles.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -150,7 +150,7 @@ void TestMvpublishFaultFiles::linkRows()
         return [=](const SmallSource& source) {
             const QString file = source.file(text("zoom/") + text(link));
             QDir(file).removeRecursively();
-            QVERIFY(SpecialFiles::link(to, file));
+            QVERIFY(UnusualFiles::link(to, file));
         };
     };
     CatalogueFiles::write(home("secrets/secret.txt"), "secret");
@@ -163,17 +163,17 @@ void TestMvpublishFaultFiles::linkRows()
         [](const SmallSource& source) {
             CatalogueFiles::write(home("songs/Slow Song.mp3"), "secret");
             QDir(source.file(text("shared/ThemesBgm"))).removeRecursively();
-            SpecialFiles::link(home("songs"), source.file(text("shared/ThemesBgm")));
+            UnusualFiles::link(home("songs"), source.file(text("shared/ThemesBgm")));
         },
         "film: ThemesBgm/Slow Song.mp3 is missing");
     row("archive of everything", set("zoom", "files", QJsonArray{text(".zip")}),
         "zoom: .zip is missing");
-    if (SpecialFiles::hasFileLinks) {
+    if (UnusualFiles::hasFileLinks) {
         row(
             "link out of the source",
             [](const SmallSource& source) {
                 CatalogueFiles::write(home("secret.txt"), "secret");
-                SpecialFiles::link(home("secret.txt"), source.file(text("look/link.txt")));
+                UnusualFiles::link(home("secret.txt"), source.file(text("look/link.txt")));
                 source.set(text("look"), "files", QJsonArray{text("link.txt")});
             },
             "look: link.txt is missing");
@@ -187,7 +187,7 @@ void TestMvpublishFaultFiles::linkRows()
             "own none picture out of the source",
             [](const SmallSource& source) {
                 source.addNonePicturesBut(text("Calm.png"));
-                SpecialFiles::link(home("secrets/secret.txt"), source.file(text("none/Calm.png")));
+                UnusualFiles::link(home("secrets/secret.txt"), source.file(text("none/Calm.png")));
             },
             "none/Calm.png: is missing");
     }

@@ -5,9 +5,9 @@
 #include "SmallSource.h"
 #include "SourceFault.h"
 #include "support/CatalogueFiles.h"
-#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
 #include "support/TestTexts.h"
+#include "support/UnusualFiles.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -131,12 +131,12 @@ void TestMvpublishFaults::manifestRows()
         [](const SmallSource& source) { QFile::remove(source.file(text("catalogue.json"))); },
         "catalogue.json: is missing; write the version of the installed catalogue into "
             + home("source/catalogue.json").toUtf8() + ", for example {\"version\": \"1.2.0\"}");
-    if (SpecialFiles::hasFileLinks)
+    if (UnusualFiles::hasFileLinks)
         row(
             "manifest of the source is a link to nothing",
             [](const SmallSource& source) {
                 QFile::remove(source.file(text("catalogue.json")));
-                SpecialFiles::link(home("nowhere"), source.file(text("catalogue.json")));
+                UnusualFiles::link(home("nowhere"), source.file(text("catalogue.json")));
             },
             "catalogue.json: cannot be read");
     row("no version", set("", "version", nothing()), "catalogue.json: \"version\" is missing");

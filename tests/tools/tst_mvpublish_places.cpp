@@ -4,9 +4,9 @@
 #include "Mvpublish.h"
 #include "SmallSource.h"
 #include "support/CatalogueFiles.h"
-#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
 #include "support/TestTexts.h"
+#include "support/UnusualFiles.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -45,7 +45,7 @@ void TestMvpublishPlaces::refusesThePlace_data()
                             << home("foreign/letter.txt") + noTree;
     CatalogueFiles::write(home("hidden/.git/config"), "dear");
     QTest::newRow("holds hidden files only") << source << home("hidden") << home("hidden") + noTree;
-    if (SpecialFiles::link(home("nowhere"), home("dangling")))
+    if (UnusualFiles::link(home("nowhere"), home("dangling")))
         QTest::newRow("link to nothing") << source << home("dangling") << home("dangling") + noTree;
     QTest::newRow("no parent") << source << home("no/where")
                                << text("nothing can be written beside ") + home("no/where")

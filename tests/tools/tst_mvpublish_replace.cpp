@@ -4,9 +4,9 @@
 #include "Mvpublish.h"
 #include "SmallSource.h"
 #include "support/CatalogueFiles.h"
-#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
 #include "support/TestTexts.h"
+#include "support/UnusualFiles.h"
 
 #include <QCryptographicHash>
 #include <QDateTime>
@@ -263,7 +263,7 @@ void TestMvpublishReplace::placeThatIsALink()
     QVERIFY(QDir().mkpath(real));
     MV_LINK(real, m_out);
     QCOMPARE(Mvpublish::build(source.folder(), m_out), QString());
-    QVERIFY(SpecialFiles::isLink(m_out));
+    QVERIFY(UnusualFiles::isLink(m_out));
     QVERIFY(QFileInfo::exists(real + text("/ResourceConfig/resource_config.xml")));
 }
 

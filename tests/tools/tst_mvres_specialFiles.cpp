@@ -5,9 +5,9 @@
 #include "Routes.h"
 #include "SmallCatalogue.h"
 #include "support/CatalogueFiles.h"
-#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
 #include "support/TestTexts.h"
+#include "support/UnusualFiles.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -20,7 +20,7 @@ using Files = CatalogueFiles;
 
 /// Tests catalogues that name devices, pipes and files of the user, and pipes in place of catalogue
 /// files: nothing hangs, and nothing outside the trees is read.
-class TestMvresSpecialFiles : public QObject
+class TestMvresUnusualFiles : public QObject
 {
     Q_OBJECT
 
@@ -67,7 +67,7 @@ QByteArray version(const QByteArray& display, const QByteArray& config)
 void makePipe(const QString& path)
 {
     QDir().mkpath(QFileInfo(path).path());
-    SpecialFiles::makePipe(path);
+    UnusualFiles::makePipe(path);
 }
 
 /// Returns a theme's config that uses the filter of installTheme().
@@ -78,7 +78,7 @@ QByteArray usersXml()
 
 } // namespace
 
-void TestMvresSpecialFiles::init()
+void TestMvresUnusualFiles::init()
 {
     m_mvres = Mvres();
     m_mvres.set("paths/appData", m_mvres.base() + text("/appdata"));
@@ -87,7 +87,7 @@ void TestMvresSpecialFiles::init()
 }
 
 /// The filter lacks two files, so that reading a config that names it shows in the count.
-void TestMvresSpecialFiles::installTheme(const QString& config) const
+void TestMvresUnusualFiles::installTheme(const QString& config) const
 {
     SmallCatalogue catalogue;
     catalogue.addFilter(1, QString(), QString(), {text("/f/a.zip"), text("/f/b.zip")});
@@ -96,7 +96,7 @@ void TestMvresSpecialFiles::installTheme(const QString& config) const
 }
 
 /// Returns the theme's state in the list, "ready" or "N missing", or why there is none.
-QString TestMvresSpecialFiles::themeState() const
+QString TestMvresUnusualFiles::themeState() const
 {
     const Outcome outcome = m_mvres.runLimited({text("list"), text("theme")});
     if (outcome.status != 0 || outcome.lines().size() != 1)
@@ -104,21 +104,21 @@ QString TestMvresSpecialFiles::themeState() const
     return outcome.lines().constFirst().section(text("  "), -1);
 }
 
-QString TestMvresSpecialFiles::expanded(QString path) const
+QString TestMvresUnusualFiles::expanded(QString path) const
 {
     return path.replace(text("ROOT"), m_mvres.root())
         .replace(text("INSTALLED"), m_mvres.installed())
         .replace(text("BASE"), m_mvres.base());
 }
 
-void TestMvresSpecialFiles::themeConfigs_data()
+void TestMvresUnusualFiles::themeConfigs_data()
 {
     QTest::addColumn<QString>("config"); // as named in the catalogue
     QTest::addColumn<QString>("link");   // in the download tree: what it points to, or "pipe"
     QTest::addColumn<QString>("state");
     const QString missing = text("1 missing"); // the config
     const QString unknown = missing;           // present but not read
-    const QString device = SpecialFiles::endlessDevice();
+    const QString device = UnusualFiles::endlessDevice();
     QTest::newRow("device") << up + device << QString() << missing;
     QTest::newRow("file of the user") << up + text("BASE/user.xml") << QString() << missing;
     QTest::newRow("file of the user, encoded")
@@ -128,20 +128,20 @@ void TestMvresSpecialFiles::themeConfigs_data()
         << text("/Themes/t.xml") << text("BASE/user.xml") << missing;
     QTest::newRow("in a linked folder")
         << text("/Themes/t.xml/user.xml") << text("BASE") << missing;
-    if (!SpecialFiles::hasPipes)
+    if (!UnusualFiles::hasPipes)
         return;
     QTest::newRow("pipe") << up + text("BASE/pipe") << QString() << missing;
     QTest::newRow("link to a pipe") << text("/Themes/t.xml") << text("BASE/pipe") << missing;
     QTest::newRow("pipe in the tree") << text("/Themes/t.xml") << text("pipe") << unknown;
 }
 
-void TestMvresSpecialFiles::themeConfigs()
+void TestMvresUnusualFiles::themeConfigs()
 {
     QFETCH(QString, config);
     QFETCH(QString, link);
     QFETCH(QString, state);
     Files::write(expanded(text("BASE/user.xml")), usersXml());
-    if (SpecialFiles::hasPipes)
+    if (UnusualFiles::hasPipes)
         makePipe(expanded(text("BASE/pipe")));
     const QString place = m_mvres.downloadedFile(text("/Themes/t.xml"));
     if (link == text("pipe")) {
@@ -155,7 +155,7 @@ void TestMvresSpecialFiles::themeConfigs()
 }
 
 /// The rows above would show this state if the file had been read.
-void TestMvresSpecialFiles::aThemeConfigInTheTreeIsRead()
+void TestMvresUnusualFiles::aThemeConfigInTheTreeIsRead()
 {
     installTheme(text("/Themes/t.xml"));
     QCOMPARE(themeState(), text("1 missing"));
@@ -163,9 +163,9 @@ void TestMvresSpecialFiles::aThemeConfigInTheTreeIsRead()
     QCOMPARE(themeState(), text("2 missing"));
 }
 
-void TestMvresSpecialFiles::pipesCountAsMissingForList_data()
+void TestMvresUnusualFiles::pipesCountAsMissingForList_data()
 {
-    if (!SpecialFiles::hasPipes)
+    if (!UnusualFiles::hasPipes)
         QSKIP("This system's folders contain no pipes.");
     QTest::addColumn<QString>("pipe");
     for (const char* name : {"config.xml", "display.xml"}) {
@@ -174,7 +174,7 @@ void TestMvresSpecialFiles::pipesCountAsMissingForList_data()
     }
 }
 
-void TestMvresSpecialFiles::pipesCountAsMissingForList()
+void TestMvresUnusualFiles::pipesCountAsMissingForList()
 {
     QFETCH(QString, pipe);
     const QString path = expanded(pipe);
@@ -188,7 +188,7 @@ void TestMvresSpecialFiles::pipesCountAsMissingForList()
     QCOMPARE(with.out, without.out);
 }
 
-void TestMvresSpecialFiles::serveCatalogue()
+void TestMvresUnusualFiles::serveCatalogue()
 {
     const QString guid = Files::guid(3);
     const QByteArray config =
@@ -203,9 +203,9 @@ void TestMvresSpecialFiles::serveCatalogue()
     m_mvres.setServer(m_server->url(text("/")));
 }
 
-void TestMvresSpecialFiles::pipesCountAsMissingForCheck_data()
+void TestMvresUnusualFiles::pipesCountAsMissingForCheck_data()
 {
-    if (!SpecialFiles::hasPipes)
+    if (!UnusualFiles::hasPipes)
         QSKIP("This system's folders contain no pipes.");
     QTest::addColumn<QString>("pipe");
     QTest::addColumn<QStringList>("missing"); // makes the check look at the pipe
@@ -218,7 +218,7 @@ void TestMvresSpecialFiles::pipesCountAsMissingForCheck_data()
 }
 
 /// Runs a check with `path` missing, or a pipe, after one that has fetched everything.
-Outcome TestMvresSpecialFiles::checkWith(const QString& path, const QStringList& missing,
+Outcome TestMvresUnusualFiles::checkWith(const QString& path, const QStringList& missing,
                                          bool isPipe)
 {
     QDir(m_mvres.root()).removeRecursively();
@@ -236,7 +236,7 @@ Outcome TestMvresSpecialFiles::checkWith(const QString& path, const QStringList&
     return m_mvres.runLimited({text("check")});
 }
 
-void TestMvresSpecialFiles::pipesCountAsMissingForCheck()
+void TestMvresUnusualFiles::pipesCountAsMissingForCheck()
 {
     QFETCH(QString, pipe);
     QFETCH(QStringList, missing);
@@ -252,5 +252,5 @@ void TestMvresSpecialFiles::pipesCountAsMissingForCheck()
         QVERIFY(QFileInfo(path).isFile());
 }
 
-MV_TEST_MAIN(TestMvresSpecialFiles)
+MV_TEST_MAIN(TestMvresUnusualFiles)
 #include "tst_mvres_specialFiles.moc"

@@ -4,8 +4,8 @@
 #include "host/widgets/PictureDecoder.h"
 #include "host/widgets/TestImages.h"
 #include "support/CatalogueFiles.h"
-#include "support/SpecialFiles.h"
 #include "support/TestMain.h"
+#include "support/UnusualFiles.h"
 
 #include <QApplication>
 #include <QBuffer>
@@ -221,10 +221,10 @@ void tst_PictureDecoder::picturesFitTheirPlace()
 
 void tst_PictureDecoder::pipesAreNotOpened()
 {
-    if (!SpecialFiles::hasPipes)
+    if (!UnusualFiles::hasPipes)
         QSKIP("This system's folders contain no pipes.");
     const QString pipe = TestHome::path() + QStringLiteral("/pipe.png");
-    SpecialFiles::makePipe(pipe);
+    UnusualFiles::makePipe(pipe);
     QVERIFY(PictureDecoder::read(pipe).isNull()); // it must return
     QVERIFY(!PictureDecoder::announcedSize(pipe).isValid());
     QVERIFY(!isPlayable(pipe));

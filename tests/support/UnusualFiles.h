@@ -6,8 +6,8 @@
 #include <QString>
 #include <QtGlobal>
 
-/// Creates pipes, links and other special files.
-namespace SpecialFiles {
+/// Creates pipes, links and other unusual files.
+namespace UnusualFiles {
 
 /// Tell whether folders can contain pipes, and whether links can lead to files or to nothing. On
 /// Windows only folders are linked, by junctions, since other links need an administrator.
@@ -41,12 +41,12 @@ void unlink(const QString& path);
 /// Returns whether the system reports that an open file has lost its name. Wine does not.
 bool tellsRemoved();
 
-} // namespace SpecialFiles
+} // namespace UnusualFiles
 
 /// Makes a link in a test function, which is skipped where the system lacks links to that target.
 #define MV_LINK(target, path)                                                                      \
     do {                                                                                           \
-        if (!SpecialFiles::canLinkTo(target, path))                                                \
+        if (!UnusualFiles::canLinkTo(target, path))                                                \
             QSKIP("This system links folders only.");                                              \
-        QVERIFY(SpecialFiles::link(target, path));                                                 \
+        QVERIFY(UnusualFiles::link(target, path));                                                 \
     } while (false)

@@ -1,55 +1,55 @@
 // SPDX-FileCopyrightText: The mvresource contributors
 // SPDX-License-Identifier: MIT
 
-#include "support/SpecialFiles.h"
+#include "support/UnusualFiles.h"
 
 #include <QFile>
 #include <QFileInfo>
 
 #include <sys/stat.h>
 
-void SpecialFiles::makePipe(const QString& path)
+void UnusualFiles::makePipe(const QString& path)
 {
     if (::mkfifo(QFile::encodeName(path).constData(), S_IRUSR | S_IWUSR) != 0)
         qFatal("no pipe %s", qPrintable(path));
 }
 
-QString SpecialFiles::emptyDevice()
+QString UnusualFiles::emptyDevice()
 {
     return QStringLiteral("/dev/null");
 }
 
-QString SpecialFiles::endlessDevice()
+QString UnusualFiles::endlessDevice()
 {
     return QStringLiteral("/dev/zero");
 }
 
-bool SpecialFiles::canLinkTo(const QString& /*target*/, const QString& /*path*/)
+bool UnusualFiles::canLinkTo(const QString& /*target*/, const QString& /*path*/)
 {
     return true;
 }
 
-bool SpecialFiles::link(const QString& target, const QString& path)
+bool UnusualFiles::link(const QString& target, const QString& path)
 {
     return QFile::link(target, path);
 }
 
-bool SpecialFiles::isLink(const QString& path)
+bool UnusualFiles::isLink(const QString& path)
 {
     return QFileInfo(path).isSymLink();
 }
 
-bool SpecialFiles::canRemoveLinks()
+bool UnusualFiles::canRemoveLinks()
 {
     return true;
 }
 
-void SpecialFiles::unlink(const QString& path)
+void UnusualFiles::unlink(const QString& path)
 {
     QFile::remove(path);
 }
 
-bool SpecialFiles::tellsRemoved()
+bool UnusualFiles::tellsRemoved()
 {
     return true;
 }

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The mvresource contributors
 // SPDX-License-Identifier: MIT
 
-#include "support/SpecialFiles.h"
+#include "support/UnusualFiles.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -57,27 +57,27 @@ void startOutsideWine(const QString& line)
 
 } // namespace
 
-void SpecialFiles::makePipe(const QString& path)
+void UnusualFiles::makePipe(const QString& path)
 {
     qFatal("no pipe %s", qPrintable(path));
 }
 
-QString SpecialFiles::emptyDevice()
+QString UnusualFiles::emptyDevice()
 {
     return QStringLiteral("NUL");
 }
 
-QString SpecialFiles::endlessDevice()
+QString UnusualFiles::endlessDevice()
 {
     return emptyDevice();
 }
 
-bool SpecialFiles::canLinkTo(const QString& target, const QString& path)
+bool UnusualFiles::canLinkTo(const QString& target, const QString& path)
 {
     return !folderOf(target, path).isEmpty();
 }
 
-bool SpecialFiles::link(const QString& target, const QString& path)
+bool UnusualFiles::link(const QString& target, const QString& path)
 {
     const QString folder = folderOf(target, path);
     if (folder.isEmpty())
@@ -93,7 +93,7 @@ bool SpecialFiles::link(const QString& target, const QString& path)
     return QTest::qWaitFor([&] { return isLink(path); });
 }
 
-bool SpecialFiles::isLink(const QString& path)
+bool UnusualFiles::isLink(const QString& path)
 {
     const DWORD attributes =
         ::GetFileAttributesW(QDir::toNativeSeparators(path).toStdWString().c_str());
@@ -101,12 +101,12 @@ bool SpecialFiles::isLink(const QString& path)
         && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
 }
 
-bool SpecialFiles::canRemoveLinks()
+bool UnusualFiles::canRemoveLinks()
 {
     return !isWine();
 }
 
-void SpecialFiles::unlink(const QString& path)
+void UnusualFiles::unlink(const QString& path)
 {
     if (!isWine()) {
         QDir().rmdir(path);
@@ -119,7 +119,7 @@ void SpecialFiles::unlink(const QString& path)
         qFatal("cannot remove the link %s", qPrintable(path));
 }
 
-bool SpecialFiles::tellsRemoved()
+bool UnusualFiles::tellsRemoved()
 {
     return !isWine();
 }
