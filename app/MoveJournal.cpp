@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr qint64 maxBytes = 256 * 1024 * 1024;
+constexpr qint64 maxJournalBytes = 256 * 1024 * 1024;
 
 /// Returns a name on one line and without tabs.
 QByteArray encoded(const QString& name)
@@ -40,7 +40,7 @@ MoveJournal::MoveJournal(const QString& folder, const QString& source)
 {
     QFile file(path());
     QByteArray text;
-    if (!RegularFile::open(file) || !RegularFile::readAll(file, maxBytes, text))
+    if (!RegularFile::open(file) || !RegularFile::readAll(file, maxJournalBytes, text))
         return;
     QList<QByteArray> lines = text.split('\n');
     if (lines.takeFirst() != m_source)

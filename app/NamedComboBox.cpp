@@ -41,7 +41,7 @@ private:
     QComboBox* m_box;
 };
 
-QAccessibleInterface* createAccess(const QString& className, QObject* object)
+QAccessibleInterface* createBoxAccess(const QString& className, QObject* object)
 {
     auto* const box = className == QLatin1String("NamedComboBox")
         ? qobject_cast<NamedComboBox*>(object)
@@ -55,7 +55,7 @@ NamedComboBox::NamedComboBox(QWidget* parent)
     : QComboBox(parent)
 {
     static const bool isInstalled = [] {
-        QAccessible::installFactory(&createAccess);
+        QAccessible::installFactory(&createBoxAccess);
         return true;
     }();
     Q_UNUSED(isInstalled)

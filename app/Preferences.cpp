@@ -44,7 +44,7 @@ constexpr int lastTab = 3;
 constexpr int lastType = 4;
 constexpr int minScale = 50;
 constexpr int maxScale = 400;
-constexpr qint64 maxBytes = 1024 * 1024;
+constexpr qint64 maxPreferencesBytes = 1024 * 1024;
 constexpr std::chrono::seconds maxLockWait(1);
 
 QString systemLanguage()
@@ -61,7 +61,7 @@ QString systemLanguage()
 bool parse(const QByteArray& content, QJsonObject& values)
 {
     const QJsonDocument document = QJsonDocument::fromJson(content);
-    if (content.size() > maxBytes || !(content.isEmpty() || document.isObject()))
+    if (content.size() > maxPreferencesBytes || !(content.isEmpty() || document.isObject()))
         return false;
     values = document.object();
     return true;
@@ -87,7 +87,7 @@ void Preferences::read()
         m_file.clear();
         return;
     }
-    if (parse(file.read(maxBytes + 1), m_values))
+    if (parse(file.read(maxPreferencesBytes + 1), m_values))
         return;
     file.close();
     setAside();
@@ -128,7 +128,7 @@ QString Preferences::writeToDisk(const QString& key, const QJsonValue& value) co
     // Another process may have stored changes meanwhile.
     QJsonObject all = m_values;
     QFile present(m_file);
-    if (present.open(QIODevice::ReadOnly) && parse(present.read(maxBytes + 1), all))
+    if (present.open(QIODevice::ReadOnly) && parse(present.read(maxPreferencesBytes + 1), all))
         all.insert(key, value); // an undefined value removes it
     present.close();            // Windows replaces no open file
     QSaveFile file(m_file);

@@ -48,7 +48,7 @@ private:
     PreviewPane* m_pane;
 };
 
-QAccessibleInterface* createAccess(const QString& className, QObject* object)
+QAccessibleInterface* createPaneAccess(const QString& className, QObject* object)
 {
     auto* const pane =
         className == QLatin1String("PreviewPane") ? qobject_cast<PreviewPane*>(object) : nullptr;
@@ -61,7 +61,7 @@ PreviewPane::PreviewPane(QWidget* parent)
     : QWidget(parent)
 {
     static const bool isInstalled = [] {
-        QAccessible::installFactory(&createAccess);
+        QAccessible::installFactory(&createPaneAccess);
         return true;
     }();
     Q_UNUSED(isInstalled)

@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr qint64 maxBytes = 16 * 1024 * 1024;
+constexpr qint64 maxSeenBytes = 16 * 1024 * 1024;
 
 QSet<QString> shownItems()
 {
@@ -37,7 +37,7 @@ SeenItems::SeenItems(QString file)
     QFile stored(m_file);
     if (!QFileInfo(m_file).isFile() || !stored.open(QIODevice::ReadOnly))
         return;
-    const QJsonDocument document = QJsonDocument::fromJson(stored.read(maxBytes));
+    const QJsonDocument document = QJsonDocument::fromJson(stored.read(maxSeenBytes));
     m_isKnown = document.isArray();
     const QJsonArray guids = document.array();
     for (const QJsonValue& guid : guids)

@@ -25,7 +25,7 @@ namespace {
 
 constexpr std::chrono::seconds maxLockWait(5);
 constexpr int maxDamaged = 1000; // number of copies kept
-constexpr qint64 maxBytes = 64 * 1024 * 1024;
+constexpr qint64 maxCollectBytes = 64 * 1024 * 1024;
 constexpr int leftoverAgeSeconds = 3600;
 
 STransferFailure failed(EFailureCause cause, const QString& path, const QString& reason)
@@ -80,7 +80,7 @@ CollectFile::Read CollectFile::read(const QString& path, QJsonObject& marks)
     QFile file(path);
     QByteArray bytes;
     if (!RegularFile::open(file, QIODevice::ReadWrite)
-        || !RegularFile::readAll(file, maxBytes, bytes))
+        || !RegularFile::readAll(file, maxCollectBytes, bytes))
         return Read::CannotOpen;
     if (bytes.isEmpty())
         m_isInUse = true; // created by this process, or by one that has not written it yet
@@ -131,7 +131,7 @@ STransferFailure CollectFile::readDisk(const QString& path, OnDisk& disk)
     QString reason;
     if (!RegularFile::open(file, QIODevice::ReadOnly, &reason))
         return failed(eFailure_LocalFile, path, QStringLiteral("cannot be read: %1").arg(reason));
-    if (!RegularFile::readAll(file, maxBytes, disk.bytes))
+    if (!RegularFile::readAll(file, maxCollectBytes, disk.bytes))
         return failed(eFailure_LocalFile, path,
                       QStringLiteral("cannot be read: %1").arg(file.errorString()));
     QJsonDocument document;

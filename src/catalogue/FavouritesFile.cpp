@@ -23,7 +23,7 @@
 namespace {
 
 constexpr int format = 1;
-constexpr qint64 maxBytes = 16 * 1024 * 1024;
+constexpr qint64 maxFavouritesBytes = 16 * 1024 * 1024;
 
 const QString formatKey = QStringLiteral("format");
 const QString listKey = QStringLiteral("favourites");
@@ -125,7 +125,7 @@ bool FavouritesFile::read(const QString& path)
     QString reason;
     if (!RegularFile::open(file, QIODevice::ReadOnly, &reason))
         return fail(Error::CannotRead, path, reason);
-    const QJsonDocument document = QJsonDocument::fromJson(file.read(maxBytes));
+    const QJsonDocument document = QJsonDocument::fromJson(file.read(maxFavouritesBytes));
     const QJsonValue list = document.object().value(listKey);
     if (document.object().value(formatKey).toInt() != format || !list.isArray())
         return fail(Error::NotFavourites, path);

@@ -7,6 +7,7 @@
 #include "catalogue/XmlGuard.h"
 #include "download/AnswerCache.h"
 #include "download/CheckTransfer.h"
+#include "download/LogCategories.h"
 #include "download/ReleaseCheck.h"
 #include "download/VersionFile.h"
 #include "host/AppOptions.h"
@@ -21,18 +22,18 @@
 
 namespace {
 
-constexpr char category[] = "CheckCfgWorker";
 constexpr int filesOfACheck = 3; // version file and two catalogue files
 
 void logFile(int level, const char* format, const QString& url, const QString& file)
 {
-    LogL(category, level, format, url.toUtf8().constData(), file.toUtf8().constData());
+    LogL(LogCategories::checkOfCatalogue, level, format, url.toUtf8().constData(),
+         file.toUtf8().constData());
 }
 
 void logChecksums(int level, const char* format, const SCatalogueVersion& version)
 {
-    LogL(category, level, format, version.m_qsVer_config.toUtf8().constData(),
-         version.m_qsVer_Display.toUtf8().constData());
+    LogL(LogCategories::checkOfCatalogue, level, format,
+         version.m_qsVer_config.toUtf8().constData(), version.m_qsVer_Display.toUtf8().constData());
 }
 
 void logNumber(const char* format, const SCatalogueVersion& version)
@@ -90,8 +91,10 @@ void CheckWorker_CfgAndDisplayXML::onStartDownloadXML(const QString&)
     bool needDisplay = false;
     if (isSameFormat()) {
         checkNeedUpdate(needConfig, needDisplay);
-        LogL(category, 2, "doWork download bNeedUpdate_cfg = %d", needConfig ? 1 : 0);
-        LogL(category, 2, "doWork download bNeedUpdate_display = %d", needDisplay ? 1 : 0);
+        LogL(LogCategories::checkOfCatalogue, 2, "doWork download bNeedUpdate_cfg = %d",
+             needConfig ? 1 : 0);
+        LogL(LogCategories::checkOfCatalogue, 2, "doWork download bNeedUpdate_display = %d",
+             needDisplay ? 1 : 0);
         if (needConfig || needDisplay)
             fetchCatalogue(transfer, needConfig, needDisplay);
     }
@@ -180,7 +183,7 @@ bool CheckWorker_CfgAndDisplayXML::readVersions()
                  ? QStringLiteral("the server's version file announces no checksums")
                  : QStringLiteral("the server's version file is malformed"),
              eFailure_Damaged);
-        LogL(category, 2,
+        LogL(LogCategories::checkOfCatalogue, 2,
              "m_sVer_Ser.m_qsVer_config.isEmpty() || m_sVer_Ser.m_qsVer_Display.isEmpty(), "
              "will return!");
         return false;
@@ -215,17 +218,20 @@ bool CheckWorker_CfgAndDisplayXML::isSameFormat()
     logNumber("nVer_Download [%d],bLoadXMLOK [%d], m_hasVersion [%d].", m_sVer_Download);
     logNumber("nVer_Local [%d],bLoadXMLOK [%d], m_hasVersion [%d].", m_sVer_Local);
     if (server > installed) {
-        LogL(category, 2, "nVer_ser > nVer_Local, not download, sig_NeedUpdateApp!");
+        LogL(LogCategories::checkOfCatalogue, 2,
+             "nVer_ser > nVer_Local, not download, sig_NeedUpdateApp!");
         note(eCatalogueCheck_ServerNewer);
         emit sig_NeedUpdateApp();
         return false;
     }
     if (server < installed) {
-        LogL(category, 2, "nVer_ser < nVer_Local, not download, not sig_NeedUpdateApp!");
+        LogL(LogCategories::checkOfCatalogue, 2,
+             "nVer_ser < nVer_Local, not download, not sig_NeedUpdateApp!");
         note(eCatalogueCheck_ServerOlder);
         return false;
     }
-    LogL(category, 2, "nVer_ser == nVer_Local, download, not sig_NeedUpdateApp!");
+    LogL(LogCategories::checkOfCatalogue, 2,
+         "nVer_ser == nVer_Local, download, not sig_NeedUpdateApp!");
     return true;
 }
 

@@ -8,6 +8,7 @@
 #include "catalogue/XmlFile.h"
 #include "download/CheckTransfer.h"
 #include "download/FileLedger.h"
+#include "download/LogCategories.h"
 #include "download/PreviewExchange.h"
 #include "host/ETransferResult.h"
 #include "host/HostSettings.h"
@@ -20,7 +21,6 @@
 
 namespace {
 
-constexpr char category[] = "CheckWorker_ThumbAndGif";
 constexpr char fileCategory[] = "MVThemeDownLoader";
 
 // Numbers of the cancellation points, as they appear in the log.
@@ -36,11 +36,11 @@ bool readCatalogue(MVThemeMgr::EDirTag tag, const char* downloadError, const cha
     const QString downloaded = manager->Path_resource_xml(MVThemeMgr::eLoadDir_Download, tag);
     if (manager->checkXml(downloaded, doc))
         return true;
-    LogL(category, 1, downloadError, downloaded.toUtf8().constData());
+    LogL(LogCategories::checkOfPreviews, 1, downloadError, downloaded.toUtf8().constData());
     const QString installed = manager->Path_resource_xml(MVThemeMgr::eLoadDir_Local, tag);
     if (manager->checkXml(installed, doc))
         return true;
-    LogL(category, 1, localError, installed.toUtf8().constData());
+    LogL(LogCategories::checkOfPreviews, 1, localError, installed.toUtf8().constData());
     reason = QStringLiteral("neither %1 nor %2 can be read").arg(downloaded, installed);
     return false;
 }
@@ -89,7 +89,7 @@ void CheckWorker_ThumbAndGif::cancel()
 
 bool CheckWorker_ThumbAndGif::onStartDownload_ThumbAndGif()
 {
-    LogL(category, 1, "onStartDownload_ThumbAndGif start!");
+    LogL(LogCategories::checkOfPreviews, 1, "onStartDownload_ThumbAndGif start!");
     m_result = SPreviewRunResult();
     m_release = AcceptedRelease::current();
     const bool hasMV = ProductParam::isOn(ProductParam::hasThemes);
@@ -108,7 +108,7 @@ bool CheckWorker_ThumbAndGif::onStartDownload_ThumbAndGif()
     const bool isSideBySide = hostSettings().transfersSideBySide > 1;
     if (!(isSideBySide ? fetchSideBySide() : fetchInOrder()))
         return end(false);
-    LogL(category, 1, "onStartDownload_ThumbAndGif end!");
+    LogL(LogCategories::checkOfPreviews, 1, "onStartDownload_ThumbAndGif end!");
     return end(true);
 }
 

@@ -25,7 +25,7 @@
 namespace {
 
 /// Room for the list of a release at its limit; a larger ledger is not read.
-constexpr qint64 maxBytes = 256 * 1024 * 1024;
+constexpr qint64 maxLedgerBytes = 256 * 1024 * 1024;
 constexpr int fieldsOfALine = 4;
 
 /// Ends a line that a killed process has begun, so that the next one can be read.
@@ -106,7 +106,7 @@ void FileLedger::readNew()
         return;
     QByteArray text;
     if (!RegularFile::open(file) || !file.seek(m_readBytes)
-        || !RegularFile::readAll(file, maxBytes, text)) {
+        || !RegularFile::readAll(file, maxLedgerBytes, text)) {
         LogL("CheckCfgWorker", 2, "%s cannot be read: files will be hashed again",
              file.fileName().toUtf8().constData());
         return;

@@ -6,6 +6,7 @@
 #include "catalogue/MVThemeMgr.h"
 #include "download/FileLedger.h"
 #include "download/FileTurn.h"
+#include "download/LogCategories.h"
 #include "download/MVThemeDownLoader.h"
 #include "download/ResourceEvents.h"
 #include "download/RootPlaces.h"
@@ -31,8 +32,6 @@
 #include <utility>
 
 namespace {
-
-constexpr char category[] = "ItemUpdate";
 
 /// Moves a file over another one, atomically on one file system.
 bool replace(const QString& from, const QString& to)
@@ -166,7 +165,7 @@ void ItemUpdate::Run::fail(File& file, const STransferFailure& failure)
 {
     file.isFailed = true;
     file.isReady = false;
-    LogL(category, 2, "update: %s", failure.m_qsDetails.toUtf8().constData());
+    LogL(LogCategories::itemUpdate, 2, "update: %s", failure.m_qsDetails.toUtf8().constData());
     if (FileStates::isNeeded(file.entry)
         && m_outcome.m_vecFailures.size() < SUpdateOutcome::maxFailures)
         m_outcome.m_vecFailures.append(failure);

@@ -6,6 +6,7 @@
 #include "catalogue/MVThemeMgr.h"
 #include "download/CheckWorker_CfgAndDisplayXML.h"
 #include "download/CheckWorker_ThumbAndGif.h"
+#include "download/LogCategories.h"
 #include "host/CurWrapper.h"
 #include "host/LogL.h"
 
@@ -15,8 +16,6 @@
 #include <memory>
 
 namespace {
-
-constexpr char category[] = "MVThemeDownLoader";
 
 } // namespace
 
@@ -91,7 +90,7 @@ bool MVThemeDownLoader_CheckCfg::begin(Worker*& worker, QThread& thread, CancelT
                                        int level, const char* busy)
 {
     if (worker) {
-        LogL(category, level, busy);
+        LogL(LogCategories::coordinator, level, busy);
         return false;
     }
     cancel = CancelToken();
@@ -115,7 +114,7 @@ void MVThemeDownLoader_CheckCfg::leave(Worker*& worker, const CancelToken& cance
     m_vecLeaving.append({worker, cancel}); // before the thread may delete it
     worker->deleteLater();
     worker = nullptr;
-    LogL(category, 1, text);
+    LogL(LogCategories::coordinator, 1, text);
 }
 
 template <class Worker>
@@ -123,7 +122,7 @@ void MVThemeDownLoader_CheckCfg::cancel(Worker* worker, const char* text)
 {
     if (!worker)
         return;
-    LogL(category, 1, text);
+    LogL(LogCategories::coordinator, 1, text);
     worker->cancel();
 }
 
@@ -143,7 +142,8 @@ bool MVThemeDownLoader_CheckCfg::startDownloadXML()
                "MVThemeDownLoader_CheckCfg startDownloadXML, but it is downloading!"))
         return false;
     emit sig_startDownloadXML(QStringLiteral("start!"));
-    LogL(category, 2, "MVThemeDownLoader_CheckCfg startDownloadXML, download start!");
+    LogL(LogCategories::coordinator, 2,
+         "MVThemeDownLoader_CheckCfg startDownloadXML, download start!");
     return true;
 }
 
@@ -181,7 +181,8 @@ bool MVThemeDownLoader_CheckCfg::startDownloadThumbAndGif()
                "m_pWorker_ThumbAndGif startDownloadThumbAndGif, but it is downloading!"))
         return false;
     emit sig_startDownloadThumbAndGif(QStringLiteral("start!"));
-    LogL(category, 1, "MVThemeDownLoader_CheckCfg sig_startDownloadThumbAndGif, download start!");
+    LogL(LogCategories::coordinator, 1,
+         "MVThemeDownLoader_CheckCfg sig_startDownloadThumbAndGif, download start!");
     return true;
 }
 
@@ -245,7 +246,7 @@ void MVThemeDownLoader_CheckCfg::cancelThumbAndGif()
 
 void MVThemeDownLoader_CheckCfg::waitThreadFinished()
 {
-    LogL(category, 1,
+    LogL(LogCategories::coordinator, 1,
          "MVThemeDownLoader_CheckCfg start call MVThemeDownLoader_CheckCfg::waitThreadFinished()");
     m_bQuitting = false; // a thread that was finishing is not restarted either
     for (QThread* const thread : {&m_thread_CfgAndDisplayXML, &m_thread_ThumbAndGif}) {
@@ -254,6 +255,6 @@ void MVThemeDownLoader_CheckCfg::waitThreadFinished()
             thread->wait();
         }
     }
-    LogL(category, 1,
+    LogL(LogCategories::coordinator, 1,
          "MVThemeDownLoader_CheckCfg end call MVThemeDownLoader_CheckCfg::waitThreadFinished()");
 }

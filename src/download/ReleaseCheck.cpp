@@ -4,6 +4,7 @@
 #include "download/ReleaseCheck.h"
 
 #include "download/CheckTransfer.h"
+#include "download/LogCategories.h"
 #include "download/ReleasePaths.h"
 #include "download/ReleaseSignature.h"
 #include "download/ReleaseStore.h"
@@ -20,13 +21,12 @@
 
 namespace {
 
-constexpr char category[] = "CheckCfgWorker";
 /// A clock that is a day wrong, and an hour for a wrong time zone, is a reason to warn only.
 constexpr qint64 clockToleranceSeconds = 25 * 3600;
 
 void warn(const QString& text)
 {
-    LogL(category, 2, "%s", text.toUtf8().constData());
+    LogL(LogCategories::checkOfCatalogue, 2, "%s", text.toUtf8().constData());
 }
 
 } // namespace

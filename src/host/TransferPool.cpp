@@ -21,11 +21,6 @@ using std::chrono::milliseconds;
 
 namespace {
 
-struct FreeMulti
-{
-    void operator()(CURLM* handle) const { curl_multi_cleanup(handle); }
-};
-
 CURLM* createConnections(int maxTransfers)
 {
     static const CURLcode once = curl_global_init(CURL_GLOBAL_DEFAULT);
@@ -42,6 +37,11 @@ CURLM* createConnections(int maxTransfers)
 class TransferPool::Private
 {
 public:
+    struct FreeMulti
+    {
+        void operator()(CURLM* handle) const { curl_multi_cleanup(handle); }
+    };
+
     Private(int atOnce, CancelToken token)
         : maxTransfers(
             static_cast<std::size_t>(std::clamp(atOnce, 1, HostSettings::maxTransfersSideBySide)))

@@ -6,6 +6,8 @@
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
 
+namespace tst_editor_find {
+
 /// Tests that users find items: search, filters, order, and the way out of an empty list.
 class tst_editor_find : public QObject
 {
@@ -204,4 +206,7 @@ void tst_editor_find::newItemsComeFirst()
 }
 
 MV_TEST_MAIN(tst_editor_find)
+
+} // namespace tst_editor_find
+
 #include "tst_editor_find.moc"

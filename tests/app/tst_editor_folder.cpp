@@ -11,6 +11,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+namespace tst_editor_folder {
+
 /// Tests choosing another download folder, to which the downloads may follow.
 class tst_editor_folder : public QObject
 {
@@ -235,4 +237,7 @@ void tst_editor_folder::unavailableFolderIsForgotten()
 }
 
 MV_TEST_MAIN(tst_editor_folder)
+
+} // namespace tst_editor_folder
+
 #include "tst_editor_folder.moc"

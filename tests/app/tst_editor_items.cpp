@@ -14,6 +14,8 @@
 #include <atomic>
 #include <memory>
 
+namespace tst_editor_items {
+
 /// Tests what the window tells of the files of items, and what it does with them: updates,
 /// downloads and removals, on a server with releases.
 class tst_editor_items : public QObject
@@ -363,4 +365,7 @@ void tst_editor_items::serverWithoutReleaseHasNoUpdates()
 }
 
 MV_TEST_MAIN(tst_editor_items)
+
+} // namespace tst_editor_items
+
 #include "tst_editor_items.moc"

@@ -5,6 +5,8 @@
 #include "EditorWorld.h"
 #include "support/TestMain.h"
 
+namespace tst_editor_keyboard {
+
 /// Tests keyboard-only operation and what screen readers are told.
 class tst_editor_keyboard : public QObject
 {
@@ -138,4 +140,7 @@ void tst_editor_keyboard::widgetsHaveNames()
 }
 
 MV_TEST_MAIN(tst_editor_keyboard)
+
+} // namespace tst_editor_keyboard
+
 #include "tst_editor_keyboard.moc"

@@ -9,6 +9,8 @@
 #include <atomic>
 #include <memory>
 
+namespace tst_editor_layout {
+
 /// Tests that the window can be used at every size, and what it does with several failures.
 class tst_editor_layout : public QObject
 {
@@ -106,4 +108,7 @@ void tst_editor_layout::severalFailuresAreTriedAgainOneByOne()
 }
 
 MV_TEST_MAIN(tst_editor_layout)
+
+} // namespace tst_editor_layout
+
 #include "tst_editor_layout.moc"

@@ -5,6 +5,8 @@
 #include "EditorWorld.h"
 #include "support/TestMain.h"
 
+namespace tst_editor_menu {
+
 /// Tests the context menu of a cell, favorites before a download, and selection without applying.
 class tst_editor_menu : public QObject
 {
@@ -190,4 +192,7 @@ void tst_editor_menu::keysAreExplained()
 }
 
 MV_TEST_MAIN(tst_editor_menu)
+
+} // namespace tst_editor_menu
+
 #include "tst_editor_menu.moc"

@@ -10,6 +10,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+namespace tst_editor_settings {
+
 /// Tests the first start without a server, the settings, and the warnings about the download
 /// folder.
 class tst_editor_settings : public QObject
@@ -206,4 +208,7 @@ void tst_editor_settings::unwritableDownloadFolderIsSaidBeforeADownload()
 }
 
 MV_TEST_MAIN(tst_editor_settings)
+
+} // namespace tst_editor_settings
+
 #include "tst_editor_settings.moc"

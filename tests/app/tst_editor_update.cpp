@@ -9,6 +9,8 @@
 
 #include <functional>
 
+namespace tst_editor_update {
+
 /// Tests a new catalogue that arrives while the editor is in use.
 class tst_editor_update : public QObject
 {
@@ -285,4 +287,7 @@ void tst_editor_update::aHiddenListKeepsItsPlace()
 }
 
 MV_TEST_MAIN(tst_editor_update)
+
+} // namespace tst_editor_update
+
 #include "tst_editor_update.moc"

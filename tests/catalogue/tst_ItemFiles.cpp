@@ -11,6 +11,8 @@
 #include "support/ThemeUsing.h"
 #include "support/UnusualFiles.h"
 
+namespace tst_ItemFiles {
+
 using Files = CatalogueFiles;
 
 /// Tests listing the files of an item and its dependencies, in time proportional to their number.
@@ -166,4 +168,7 @@ void tst_ItemFiles::statesOfManyTakeLessTimeThanOneByOne()
 }
 
 MV_TEST_MAIN(tst_ItemFiles)
+
+} // namespace tst_ItemFiles
+
 #include "tst_ItemFiles.moc"

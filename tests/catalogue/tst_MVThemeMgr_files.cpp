@@ -3,6 +3,8 @@
 
 #include "CatalogueFixture.h"
 
+namespace tst_MVThemeMgr_files {
+
 using Files = CatalogueFiles;
 using Mgr = MVThemeMgr;
 
@@ -398,4 +400,7 @@ void tst_MVThemeMgr_files::nothingIsLogged()
 }
 
 MV_TEST_MAIN(tst_MVThemeMgr_files)
+
+} // namespace tst_MVThemeMgr_files
+
 #include "tst_MVThemeMgr_files.moc"

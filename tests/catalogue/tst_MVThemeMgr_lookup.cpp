@@ -4,6 +4,8 @@
 #include "CatalogueFixture.h"
 #include "support/UnusualFiles.h"
 
+namespace tst_MVThemeMgr_lookup {
+
 using Files = CatalogueFiles;
 using Mgr = MVThemeMgr;
 
@@ -248,4 +250,7 @@ void tst_MVThemeMgr_lookup::linkedFoldersAreNotExtended()
 }
 
 MV_TEST_MAIN(tst_MVThemeMgr_lookup)
+
+} // namespace tst_MVThemeMgr_lookup
+
 #include "tst_MVThemeMgr_lookup.moc"

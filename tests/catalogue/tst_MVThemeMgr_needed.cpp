@@ -4,6 +4,8 @@
 #include "CatalogueFixture.h"
 #include "support/ProcessorTime.h"
 
+namespace tst_MVThemeMgr_needed {
+
 using Files = CatalogueFiles;
 using Mgr = MVThemeMgr;
 
@@ -306,4 +308,7 @@ void tst_MVThemeMgr_needed::itemUsedOftenIsLookedForOnce()
 }
 
 MV_TEST_MAIN(tst_MVThemeMgr_needed)
+
+} // namespace tst_MVThemeMgr_needed
+
 #include "tst_MVThemeMgr_needed.moc"

@@ -6,6 +6,8 @@
 
 #include <QJsonDocument>
 
+namespace tst_MVThemeMgr_themeTypes {
+
 using Files = CatalogueFiles;
 using Mgr = MVThemeMgr;
 
@@ -230,4 +232,7 @@ void tst_MVThemeMgr_themeTypes::readingOneFile()
 }
 
 MV_TEST_MAIN(tst_MVThemeMgr_themeTypes)
+
+} // namespace tst_MVThemeMgr_themeTypes
+
 #include "tst_MVThemeMgr_themeTypes.moc"

@@ -3,6 +3,8 @@
 
 #include "CatalogueFixture.h"
 
+namespace tst_MVThemeMgr_urls {
+
 using Mgr = MVThemeMgr;
 
 /// Tests addresses on the server.
@@ -131,4 +133,7 @@ void tst_MVThemeMgr_urls::withoutServerRootAddressesHaveNoPrefix()
 }
 
 MV_TEST_MAIN(tst_MVThemeMgr_urls)
+
+} // namespace tst_MVThemeMgr_urls
+
 #include "tst_MVThemeMgr_urls.moc"

@@ -5,6 +5,8 @@
 
 #include <QThread>
 
+namespace tst_hostileCatalogues {
+
 using Files = CatalogueFiles;
 using Readers = CatalogueReaders;
 
@@ -347,4 +349,7 @@ void tst_hostileCatalogues::json()
 }
 
 MV_TEST_MAIN(tst_hostileCatalogues)
+
+} // namespace tst_hostileCatalogues
+
 #include "tst_hostileCatalogues.moc"

@@ -4,6 +4,8 @@
 #include "CatalogueFixture.h"
 #include "support/UnusualFiles.h"
 
+namespace tst_hostileNames {
+
 using Files = CatalogueFiles;
 using Mgr = MVThemeMgr;
 
@@ -314,4 +316,7 @@ void tst_hostileNames::tenThousandItems()
 }
 
 MV_TEST_MAIN(tst_hostileNames)
+
+} // namespace tst_hostileNames
+
 #include "tst_hostileNames.moc"

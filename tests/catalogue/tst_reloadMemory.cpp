@@ -4,6 +4,8 @@
 #include "CatalogueFixture.h"
 #include "support/ThisProcess.h"
 
+namespace tst_reloadMemory {
+
 using Files = CatalogueFiles;
 using Mgr = MVThemeMgr;
 
@@ -84,4 +86,7 @@ void tst_reloadMemory::reloadingDoesNotGrowMemory()
 }
 
 MV_TEST_MAIN(tst_reloadMemory)
+
+} // namespace tst_reloadMemory
+
 #include "tst_reloadMemory.moc"

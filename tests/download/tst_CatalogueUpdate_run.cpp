@@ -11,6 +11,8 @@
 #include <QFile>
 #include <QSignalSpy>
 
+namespace tst_CatalogueUpdate_run {
+
 /// Tests updates that run to their end.
 class tst_CatalogueUpdate_run : public QObject
 {
@@ -347,5 +349,7 @@ void tst_CatalogueUpdate_run::hostMayStillUseTheCallbacks()
 }
 
 MV_TEST_MAIN(tst_CatalogueUpdate_run)
+
+} // namespace tst_CatalogueUpdate_run
 
 #include "tst_CatalogueUpdate_run.moc"

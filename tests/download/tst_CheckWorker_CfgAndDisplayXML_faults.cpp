@@ -10,6 +10,8 @@
 #include <QDir>
 #include <QFile>
 
+namespace tst_CheckWorker_CfgAndDisplayXML_faults {
+
 using namespace CheckLines;
 
 using Files = CatalogueFiles;
@@ -80,8 +82,6 @@ Handler cut()
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(Handler)
 
 void tst_CheckWorker_CfgAndDisplayXML_faults::init()
 {
@@ -402,5 +402,7 @@ void tst_CheckWorker_CfgAndDisplayXML_faults::nothingIsWrittenOutsideTheFolders(
 }
 
 MV_TEST_MAIN(tst_CheckWorker_CfgAndDisplayXML_faults)
+
+} // namespace tst_CheckWorker_CfgAndDisplayXML_faults
 
 #include "tst_CheckWorker_CfgAndDisplayXML_faults.moc"

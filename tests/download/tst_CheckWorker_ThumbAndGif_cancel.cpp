@@ -9,6 +9,8 @@
 #include <QFile>
 #include <QSemaphore>
 
+namespace tst_CheckWorker_ThumbAndGif_cancel {
+
 using namespace CheckLines;
 
 /// Tests cancelling a preview run before, between, during and after its transfers.
@@ -241,5 +243,7 @@ void tst_CheckWorker_ThumbAndGif_cancel::byTheTokenAlone()
 }
 
 MV_TEST_MAIN(tst_CheckWorker_ThumbAndGif_cancel)
+
+} // namespace tst_CheckWorker_ThumbAndGif_cancel
 
 #include "tst_CheckWorker_ThumbAndGif_cancel.moc"

@@ -13,6 +13,8 @@
 #include <chrono>
 #include <mutex>
 
+namespace tst_CheckWorker_ThumbAndGif_sideBySide {
+
 using Files = CatalogueFiles;
 
 /// Tests preview runs that fetch several files at a time.
@@ -324,5 +326,7 @@ void tst_CheckWorker_ThumbAndGif_sideBySide::backgroundsAreFetchedIfShown()
 }
 
 MV_TEST_MAIN(tst_CheckWorker_ThumbAndGif_sideBySide)
+
+} // namespace tst_CheckWorker_ThumbAndGif_sideBySide
 
 #include "tst_CheckWorker_ThumbAndGif_sideBySide.moc"

@@ -14,6 +14,8 @@
 #include <atomic>
 #include <thread>
 
+namespace tst_CheckWorker_ThumbAndGif_sideBySideEnds {
+
 using Files = CatalogueFiles;
 
 /// Tests how preview runs with several files at a time end, and the catalogue meanwhile.
@@ -242,5 +244,7 @@ void tst_CheckWorker_ThumbAndGif_sideBySideEnds::unchangedCatalogueNeedsNoReload
 }
 
 MV_TEST_MAIN(tst_CheckWorker_ThumbAndGif_sideBySideEnds)
+
+} // namespace tst_CheckWorker_ThumbAndGif_sideBySideEnds
 
 #include "tst_CheckWorker_ThumbAndGif_sideBySideEnds.moc"

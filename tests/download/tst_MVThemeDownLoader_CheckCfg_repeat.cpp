@@ -8,6 +8,8 @@
 #include <QDir>
 #include <QFile>
 
+namespace tst_MVThemeDownLoader_CheckCfg_repeat {
+
 /// Tests many checks in a row: each one runs, and nothing accumulates.
 class tst_MVThemeDownLoader_CheckCfg_repeat : public QObject
 {
@@ -127,5 +129,7 @@ void tst_MVThemeDownLoader_CheckCfg_repeat::nextCheckFromTheEndOfTheLast()
 }
 
 MV_TEST_MAIN(tst_MVThemeDownLoader_CheckCfg_repeat)
+
+} // namespace tst_MVThemeDownLoader_CheckCfg_repeat
 
 #include "tst_MVThemeDownLoader_CheckCfg_repeat.moc"

@@ -10,6 +10,8 @@
 #include <QFile>
 #include <QSignalSpy>
 
+namespace tst_MVThemeDownLoader_CheckCfg_run {
+
 using namespace CheckLines;
 
 using Files = CatalogueFiles;
@@ -335,5 +337,7 @@ void tst_MVThemeDownLoader_CheckCfg_run::hostAsksTheCatalogueMeanwhile()
 }
 
 MV_TEST_MAIN(tst_MVThemeDownLoader_CheckCfg_run)
+
+} // namespace tst_MVThemeDownLoader_CheckCfg_run
 
 #include "tst_MVThemeDownLoader_CheckCfg_run.moc"

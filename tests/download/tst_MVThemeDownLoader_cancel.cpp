@@ -13,6 +13,8 @@
 
 #include <memory>
 
+namespace tst_MVThemeDownLoader_cancel {
+
 using namespace DownloadLines;
 
 namespace {
@@ -311,5 +313,7 @@ void tst_MVThemeDownLoader_cancel::duringAFile()
 }
 
 MV_TEST_MAIN(tst_MVThemeDownLoader_cancel)
+
+} // namespace tst_MVThemeDownLoader_cancel
 
 #include "tst_MVThemeDownLoader_cancel.moc"

@@ -10,6 +10,8 @@
 
 #include <memory>
 
+namespace tst_MVThemeDownLoader_destroy {
+
 using namespace DownloadLines;
 
 namespace {
@@ -154,5 +156,7 @@ void tst_MVThemeDownLoader_destroy::destroyedWhileRunning()
 }
 
 MV_TEST_MAIN(tst_MVThemeDownLoader_destroy)
+
+} // namespace tst_MVThemeDownLoader_destroy
 
 #include "tst_MVThemeDownLoader_destroy.moc"

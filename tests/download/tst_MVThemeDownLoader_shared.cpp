@@ -8,6 +8,8 @@
 
 #include <atomic>
 
+namespace tst_MVThemeDownLoader_shared {
+
 using namespace DownloadLines;
 
 namespace {
@@ -384,5 +386,7 @@ void tst_MVThemeDownLoader_shared::recordWithoutMutex()
 }
 
 MV_TEST_MAIN(tst_MVThemeDownLoader_shared)
+
+} // namespace tst_MVThemeDownLoader_shared
 
 #include "tst_MVThemeDownLoader_shared.moc"

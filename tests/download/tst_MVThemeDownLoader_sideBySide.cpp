@@ -7,6 +7,8 @@
 
 #include <QElapsedTimer>
 
+namespace tst_MVThemeDownLoader_sideBySide {
+
 using namespace DownloadLines;
 
 namespace {
@@ -261,4 +263,7 @@ void tst_MVThemeDownLoader_sideBySide::paceIsKeptBetweenBeginnings()
 }
 
 MV_TEST_MAIN(tst_MVThemeDownLoader_sideBySide)
+
+} // namespace tst_MVThemeDownLoader_sideBySide
+
 #include "tst_MVThemeDownLoader_sideBySide.moc"

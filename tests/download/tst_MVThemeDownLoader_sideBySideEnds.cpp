@@ -9,6 +9,8 @@
 
 #include <memory>
 
+namespace tst_MVThemeDownLoader_sideBySideEnds {
+
 using namespace DownloadLines;
 using namespace std::chrono_literals;
 
@@ -58,7 +60,11 @@ void cancelByProgress(MVThemeDownLoader& downloader)
 
 } // namespace
 
-Q_DECLARE_METATYPE(State)
+} // namespace tst_MVThemeDownLoader_sideBySideEnds
+
+Q_DECLARE_METATYPE(tst_MVThemeDownLoader_sideBySideEnds::State)
+
+namespace tst_MVThemeDownLoader_sideBySideEnds {
 
 /// Tests downloads side by side that are cancelled, or destroyed, before their end.
 class tst_MVThemeDownLoader_sideBySideEnds : public QObject
@@ -306,4 +312,7 @@ void tst_MVThemeDownLoader_sideBySideEnds::cancelledAfterAFailure()
 }
 
 MV_TEST_MAIN(tst_MVThemeDownLoader_sideBySideEnds)
+
+} // namespace tst_MVThemeDownLoader_sideBySideEnds
+
 #include "tst_MVThemeDownLoader_sideBySideEnds.moc"

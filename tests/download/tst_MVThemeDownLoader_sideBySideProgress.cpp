@@ -8,6 +8,8 @@
 #include <functional>
 #include <memory>
 
+namespace tst_MVThemeDownLoader_sideBySideProgress {
+
 namespace {
 
 constexpr int atOnce = SideBySideWorld::atOnce;
@@ -45,8 +47,6 @@ FaultServer::Handler inHalves(int number, Condition condition)
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(FaultServer::Handler)
 
 /// Tests the progress of downloads that fetch several files at a time.
 class tst_MVThemeDownLoader_sideBySideProgress : public QObject
@@ -187,4 +187,7 @@ void tst_MVThemeDownLoader_sideBySideProgress::whatHasArrivedStaysCounted()
 }
 
 MV_TEST_MAIN(tst_MVThemeDownLoader_sideBySideProgress)
+
+} // namespace tst_MVThemeDownLoader_sideBySideProgress
+
 #include "tst_MVThemeDownLoader_sideBySideProgress.moc"

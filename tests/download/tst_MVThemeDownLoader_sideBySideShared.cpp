@@ -6,6 +6,8 @@
 #include "support/CatalogueFiles.h"
 #include "support/TestMain.h"
 
+namespace tst_MVThemeDownLoader_sideBySideShared {
+
 using namespace DownloadLines;
 
 namespace {
@@ -199,4 +201,7 @@ void tst_MVThemeDownLoader_sideBySideShared::waitingNeedsNoRoom()
 }
 
 MV_TEST_MAIN(tst_MVThemeDownLoader_sideBySideShared)
+
+} // namespace tst_MVThemeDownLoader_sideBySideShared
+
 #include "tst_MVThemeDownLoader_sideBySideShared.moc"

@@ -5,6 +5,8 @@
 #include "support/TestMain.h"
 #include "support/TestTexts.h"
 
+namespace tst_ReleaseList {
+
 namespace {
 
 const QByteArray digest = QByteArray(64, 'a');
@@ -169,4 +171,7 @@ void TestReleaseList::tooManyFilesAreRefused()
 }
 
 MV_TEST_MAIN(TestReleaseList)
+
+} // namespace tst_ReleaseList
+
 #include "tst_ReleaseList.moc"

@@ -15,6 +15,8 @@
 #include <optional>
 #include <utility>
 
+namespace tst_ResourceEvents {
+
 /// Tests that the process learns of downloads and of changed files, whoever caused them.
 class tst_ResourceEvents : public QObject
 {
@@ -195,4 +197,7 @@ void tst_ResourceEvents::catalogueTellsItsChanges()
 }
 
 MV_TEST_MAIN(tst_ResourceEvents)
+
+} // namespace tst_ResourceEvents
+
 #include "tst_ResourceEvents.moc"

@@ -7,6 +7,8 @@
 
 #include <QDir>
 
+namespace tst_checkConditional {
+
 using Files = CatalogueFiles;
 
 /// Tests checks that ask whether the version file has changed instead of fetching it again.
@@ -255,5 +257,7 @@ void tst_checkConditional::answerWithoutAQuestionIsAFailure()
 }
 
 MV_TEST_MAIN(tst_checkConditional)
+
+} // namespace tst_checkConditional
 
 #include "tst_checkConditional.moc"

@@ -8,6 +8,8 @@
 #include <QElapsedTimer>
 #include <QFile>
 
+namespace tst_checkHeals {
+
 using Files = CatalogueFiles;
 
 /// Tests what the next check repairs: catalogue files that were damaged or deleted, and the remains
@@ -157,5 +159,7 @@ void tst_checkHeals::cataloguesMayTakeLonger()
 }
 
 MV_TEST_MAIN(tst_checkHeals)
+
+} // namespace tst_checkHeals
 
 #include "tst_checkHeals.moc"

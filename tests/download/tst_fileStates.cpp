@@ -11,6 +11,8 @@
 #include <QDir>
 #include <QFile>
 
+namespace tst_fileStates {
+
 /// Tests the states of files and items, and the ledger of digests behind them.
 class tst_fileStates : public QObject
 {
@@ -307,4 +309,7 @@ void tst_fileStates::printed()
 }
 
 MV_TEST_MAIN(tst_fileStates)
+
+} // namespace tst_fileStates
+
 #include "tst_fileStates.moc"

@@ -17,6 +17,8 @@
 #include <string>
 #include <utility>
 
+namespace tst_itemUpdate {
+
 /// Tests fetching what is not the published content: updates of items and downloads of sets.
 class tst_itemUpdate : public QObject
 {
@@ -342,4 +344,7 @@ void tst_itemUpdate::leftoversAreRemoved()
 }
 
 MV_TEST_MAIN(tst_itemUpdate)
+
+} // namespace tst_itemUpdate
+
 #include "tst_itemUpdate.moc"

@@ -14,6 +14,8 @@
 
 #include <functional>
 
+namespace tst_releaseAttacks {
+
 namespace {
 
 const QByteArray display("<Resource>display</Resource>");
@@ -36,7 +38,11 @@ void sendEndlessly(HttpExchange& exchange)
 } // namespace
 
 using Attack = std::function<void(ReleaseWorld&)>;
-Q_DECLARE_METATYPE(Attack)
+} // namespace tst_releaseAttacks
+
+Q_DECLARE_METATYPE(tst_releaseAttacks::Attack)
+
+namespace tst_releaseAttacks {
 
 /// Tests a server, or a network, that lies to a client that has accepted a release: each attack
 /// changes nothing on disk and is told with its reason, and the next honest check succeeds.
@@ -326,4 +332,7 @@ void tst_releaseAttacks::clockThatIsADayWrongIsAWarning()
 }
 
 MV_TEST_MAIN(tst_releaseAttacks)
+
+} // namespace tst_releaseAttacks
+
 #include "tst_releaseAttacks.moc"

@@ -10,7 +10,6 @@
 
 namespace {
 
-enum Item { Look = 1, Paper, Film };
 constexpr int changed = 20;
 constexpr int serverNewer = 21;
 constexpr int notStored = 26;

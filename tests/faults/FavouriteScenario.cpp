@@ -7,9 +7,7 @@
 
 namespace {
 
-enum Item { Look = 1, Paper, Film };
-
-QStringList favourite(Item item)
+QStringList favourite(MvresItem item)
 {
     return {QStringLiteral("favourite"), CatalogueFiles::guid(item)};
 }

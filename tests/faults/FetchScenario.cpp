@@ -8,7 +8,6 @@
 
 namespace {
 
-enum Item { Film = 1, Look, Paper };
 constexpr int firstCause = 30; // of the exit status
 
 } // namespace

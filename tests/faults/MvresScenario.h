@@ -7,6 +7,9 @@
 #include "Scenario.h"
 #include "tools/Mvres.h"
 
+/// The items of the catalogues, as the numbers of their GUIDs.
+enum MvresItem { Look = 1, Paper, Film };
+
 /// A command of `mvres`, whose world is the base folder of the Mvres object.
 class MvresScenario : public Scenario
 {

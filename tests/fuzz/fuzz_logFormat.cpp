@@ -23,7 +23,7 @@ namespace {
 
 using Argument = std::variant<int, long, long long, double, const char*, const void*>;
 constexpr int maxArguments = 3;
-using Arguments = std::array<Argument, maxArguments>;
+using LogArguments = std::array<Argument, maxArguments>;
 
 /// The documented conversions: flags, width, precision and a letter, optionally with a length.
 const char grammar[] = "%(?:%|[-+ #0]*(\\*|[0-9]*)(?:\\.(\\*|[0-9]*))?"
@@ -65,7 +65,7 @@ private:
     const QRegularExpression m_conversion{QString::fromLatin1(grammar)};
     QList<QByteArray> m_texts; // that the arguments point to
     QByteArray m_expected;
-    Arguments m_arguments;
+    LogArguments m_arguments;
     int m_count = 0;
 };
 
@@ -74,7 +74,7 @@ void LogFormatTarget::run(const QByteArray& input)
     const Parts parts(input);
     m_texts.clear();
     m_expected.clear();
-    m_arguments = Arguments();
+    m_arguments = LogArguments();
     m_count = 0;
     // Byte by byte: a log line need not be UTF-8.
     QString format = QString::fromLatin1(parts.at(0).constData()); // up to a NUL
@@ -107,7 +107,7 @@ bool LogFormatTarget::take(const QRegularExpressionMatch& match, const Parts& va
         m_expected += '%';
         return true;
     }
-    Arguments own;
+    LogArguments own;
     int count = 0;
     for (const QString& number : {match.captured(1), match.captured(2)}) {
         constexpr int maxWidth = 300;

@@ -16,8 +16,6 @@
 #include <memory>
 #include <vector>
 
-Q_DECLARE_METATYPE(FaultServer::Handler)
-
 /// One downloader with a folder of its own to download into.
 class Download
 {

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <thread>
 
+namespace tst_CurWrapper_cancel {
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -370,4 +372,7 @@ void TestCurWrapperCancel::manyCancelsAtOnce()
 }
 
 MV_TEST_MAIN(TestCurWrapperCancel)
+
+} // namespace tst_CurWrapper_cancel
+
 #include "tst_CurWrapper_cancel.moc"

@@ -6,6 +6,8 @@
 
 #include <QElapsedTimer>
 
+namespace tst_CurWrapper_progress {
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -194,4 +196,7 @@ void TestCurWrapperProgress::callbackCanBeRemoved()
 }
 
 MV_TEST_MAIN(TestCurWrapperProgress)
+
+} // namespace tst_CurWrapper_progress
+
 #include "tst_CurWrapper_progress.moc"

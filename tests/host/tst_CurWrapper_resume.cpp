@@ -10,6 +10,8 @@
 
 #include <ctime>
 
+namespace tst_CurWrapper_resume {
+
 namespace {
 
 constexpr int whole = 1000;
@@ -324,4 +326,7 @@ void TestCurWrapperResume::datesAreInGreenwichTime()
 }
 
 MV_TEST_MAIN(TestCurWrapperResume)
+
+} // namespace tst_CurWrapper_resume
+
 #include "tst_CurWrapper_resume.moc"

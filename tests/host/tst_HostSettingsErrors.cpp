@@ -11,6 +11,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+namespace tst_HostSettingsErrors {
+
 namespace {
 
 /// Returns every setting as text, to compare two states.
@@ -268,4 +270,7 @@ void tst_HostSettingsErrors::refusesAValueOutOfRange()
 }
 
 MV_TEST_MAIN(tst_HostSettingsErrors)
+
+} // namespace tst_HostSettingsErrors
+
 #include "tst_HostSettingsErrors.moc"

@@ -9,6 +9,8 @@
 #include <mutex>
 #include <thread>
 
+namespace tst_TransferPool_cancel {
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -72,7 +74,11 @@ private:
 
 } // namespace
 
-Q_DECLARE_METATYPE(By)
+} // namespace tst_TransferPool_cancel
+
+Q_DECLARE_METATYPE(tst_TransferPool_cancel::By)
+
+namespace tst_TransferPool_cancel {
 
 /// Tests the ways to end the transfers of a pool early.
 class TestTransferPoolCancel : public QObject
@@ -360,4 +366,7 @@ void TestTransferPoolCancel::destroyingABusyPoolLeavesNothing()
 }
 
 MV_TEST_MAIN(TestTransferPoolCancel)
+
+} // namespace tst_TransferPool_cancel
+
 #include "tst_TransferPool_cancel.moc"

@@ -7,6 +7,8 @@
 #include <QDateTime>
 #include <QFileInfo>
 
+namespace tst_TransferPool_conditional {
+
 namespace {
 
 const QByteArray tag = "\"v1\"";
@@ -36,7 +38,11 @@ FaultServer::Handler serving(const SValidators& version, const QByteArray& body)
 
 } // namespace
 
+} // namespace tst_TransferPool_conditional
+
 Q_DECLARE_METATYPE(SValidators)
+
+namespace tst_TransferPool_conditional {
 
 /// Tests requests for a file only if the server has another version of it.
 class TestTransferPoolConditional : public QObject
@@ -265,4 +271,7 @@ void TestTransferPoolConditional::resumedFileKeepsItsVersion()
 }
 
 MV_TEST_MAIN(TestTransferPoolConditional)
+
+} // namespace tst_TransferPool_conditional
+
 #include "tst_TransferPool_conditional.moc"

@@ -8,6 +8,8 @@
 #include <QElapsedTimer>
 #include <QUrl>
 
+namespace tst_TransferPool_outcomes {
+
 namespace {
 
 using Handler = FaultServer::Handler;
@@ -364,4 +366,7 @@ void TestTransferPoolOutcomes::unfinishedConnectionsFailTogether()
 }
 
 MV_TEST_MAIN(TestTransferPoolOutcomes)
+
+} // namespace tst_TransferPool_outcomes
+
 #include "tst_TransferPool_outcomes.moc"

@@ -7,6 +7,8 @@
 
 #include <QVector>
 
+namespace tst_TransferPool_published {
+
 namespace {
 
 const QString name = QStringLiteral("file.bin");
@@ -323,4 +325,7 @@ void TestTransferPoolPublished::portalsPageIsToldAsSuch()
 }
 
 MV_TEST_MAIN(TestTransferPoolPublished)
+
+} // namespace tst_TransferPool_published
+
 #include "tst_TransferPool_published.moc"

@@ -6,6 +6,8 @@
 
 #include <mutex>
 
+namespace tst_TransferPool_retries {
+
 /// Tests retries and resumption of transfers side by side: each has its own.
 class TestTransferPoolRetries : public QObject
 {
@@ -115,4 +117,7 @@ void TestTransferPoolRetries::resumesThePresentFile()
 }
 
 MV_TEST_MAIN(TestTransferPoolRetries)
+
+} // namespace tst_TransferPool_retries
+
 #include "tst_TransferPool_retries.moc"

@@ -5,6 +5,8 @@
 
 #include <thread>
 
+namespace tst_TransferPool_threads {
+
 namespace {
 
 constexpr int number = 6;
@@ -92,4 +94,7 @@ void TestTransferPoolThreads::manyCancelsAtOnce()
 }
 
 MV_TEST_MAIN(TestTransferPoolThreads)
+
+} // namespace tst_TransferPool_threads
+
 #include "tst_TransferPool_threads.moc"

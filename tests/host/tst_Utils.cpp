@@ -15,6 +15,8 @@
 #include <atomic>
 #include <thread>
 
+namespace tst_Utils {
+
 namespace {
 
 /// A file that can be opened but not read.
@@ -323,4 +325,7 @@ void tst_Utils::dataLocationFollowsTheSettings()
 }
 
 MV_TEST_MAIN(tst_Utils)
+
+} // namespace tst_Utils
+
 #include "tst_Utils.moc"

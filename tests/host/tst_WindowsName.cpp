@@ -6,6 +6,8 @@
 
 #include <QtTest>
 
+namespace tst_WindowsName {
+
 class tst_WindowsName : public QObject
 {
     Q_OBJECT
@@ -87,4 +89,7 @@ void tst_WindowsName::storesPaths()
 }
 
 MV_TEST_MAIN(tst_WindowsName)
+
+} // namespace tst_WindowsName
+
 #include "tst_WindowsName.moc"

@@ -5,6 +5,7 @@
 
 #include "support/HttpExchange.h"
 
+#include <QMetaType>
 #include <QString>
 #include <QVector>
 
@@ -57,3 +58,5 @@ private:
     std::list<std::thread> m_workers;
     std::thread m_acceptor;
 };
+
+Q_DECLARE_METATYPE(FaultServer::Handler)

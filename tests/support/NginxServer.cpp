@@ -41,7 +41,7 @@ bool answers(quint16 port)
 }
 
 /// A single foreground process, whose ID is the one to terminate.
-const char configuration[] = R"(daemon off;
+const char nginxConfiguration[] = R"(daemon off;
 master_process off;
 pid %1/nginx.pid;
 error_log %1/error.log;
@@ -123,7 +123,7 @@ bool NginxServer::startOn(quint16 port, const QString& tree, const QString& work
     QFile conf(file);
     if (!conf.open(QIODevice::WriteOnly))
         return false;
-    conf.write(QString::fromLatin1(configuration)
+    conf.write(QString::fromLatin1(nginxConfiguration)
                    .arg(work)
                    .arg(port)
                    .arg(tree, directive(m_include), directive(m_includeBeside))

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "support/RegisteredTest.h"
+
 #include <QTest>
 
 #ifdef MV_WATCH_THREADS
@@ -31,22 +33,21 @@ public:
     static QString path();
 };
 
-/// Runs a test class in a home of its own, with a QCoreApplication.
-#define MV_TEST_MAIN(TestClass)                                                                    \
-    int main(int argc, char** argv)                                                                \
-    {                                                                                              \
-        const TestHome home;                                                                       \
-        TestApplication<QCoreApplication> application(argc, argv);                                 \
-        TestClass test;                                                                            \
-        return QTest::qExec(&test, argc, argv);                                                    \
-    }
+/// Runs a test class in a home of its own. Returns the exit status.
+template <class Application, class TestClass>
+int runTest(int argc, char** argv)
+{
+    const TestHome home;
+    TestApplication<Application> application(argc, argv);
+    TestClass test;
+    return QTest::qExec(&test, argc, argv);
+}
 
-/// Runs a test class in a home of its own, with a QApplication, for widgets.
+/// Makes a class the test of its source file, with a QCoreApplication.
+#define MV_TEST_MAIN(TestClass)                                                                    \
+    static const RegisteredTest registered##TestClass(__FILE__,                                    \
+                                                      runTest<QCoreApplication, TestClass>);
+
+/// Makes a class the test of its source file, with a QApplication, for widgets.
 #define MV_WIDGET_TEST_MAIN(TestClass)                                                             \
-    int main(int argc, char** argv)                                                                \
-    {                                                                                              \
-        const TestHome home;                                                                       \
-        TestApplication<QApplication> application(argc, argv);                                     \
-        TestClass test;                                                                            \
-        return QTest::qExec(&test, argc, argv);                                                    \
-    }
+    static const RegisteredTest registered##TestClass(__FILE__, runTest<QApplication, TestClass>);

@@ -15,6 +15,8 @@
 #include <QStandardPaths>
 #include <QtEndian>
 
+namespace tst_mvpublish_keys {
+
 namespace {
 
 constexpr int longestMs = 60000;
@@ -302,4 +304,7 @@ void TestMvpublishKeys::withoutATerminalThereIsNoPassword()
 }
 
 MV_TEST_MAIN(TestMvpublishKeys)
+
+} // namespace tst_mvpublish_keys
+
 #include "tst_mvpublish_keys.moc"

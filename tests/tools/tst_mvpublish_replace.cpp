@@ -24,6 +24,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+namespace tst_mvpublish_replace {
+
 namespace {
 
 QByteArray md5(const QByteArray& content)
@@ -268,4 +270,7 @@ void TestMvpublishReplace::placeThatIsALink()
 }
 
 MV_TEST_MAIN(TestMvpublishReplace)
+
+} // namespace tst_mvpublish_replace
+
 #include "tst_mvpublish_replace.moc"

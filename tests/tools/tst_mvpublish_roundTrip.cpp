@@ -15,6 +15,8 @@
 #include <memory>
 #include <vector>
 
+namespace tst_mvpublish_roundTrip {
+
 namespace {
 
 // Exit statuses of mvres check.
@@ -170,4 +172,7 @@ void TestMvpublishRoundTrip::everyKindOfRootLeadsToTheTree()
 }
 
 MV_TEST_MAIN(TestMvpublishRoundTrip)
+
+} // namespace tst_mvpublish_roundTrip
+
 #include "tst_mvpublish_roundTrip.moc"

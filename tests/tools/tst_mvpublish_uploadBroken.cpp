@@ -18,6 +18,8 @@
 #include <csignal>
 #include <memory>
 
+namespace tst_mvpublish_uploadBroken {
+
 namespace {
 
 constexpr int longestMs = 20000;
@@ -139,4 +141,7 @@ void TestMvpublishUploadBroken::killEndsRclone()
 }
 
 MV_TEST_MAIN(TestMvpublishUploadBroken)
+
+} // namespace tst_mvpublish_uploadBroken
+
 #include "tst_mvpublish_uploadBroken.moc"

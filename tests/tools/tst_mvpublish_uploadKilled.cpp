@@ -22,6 +22,8 @@
 
 #include <unistd.h>
 
+namespace tst_mvpublish_uploadKilled {
+
 namespace {
 
 constexpr int longestMs = 20000;
@@ -244,4 +246,7 @@ void TestMvpublishUploadKilled::tornFilesAreReplaced()
 }
 
 MV_TEST_MAIN(TestMvpublishUploadKilled)
+
+} // namespace tst_mvpublish_uploadKilled
+
 #include "tst_mvpublish_uploadKilled.moc"

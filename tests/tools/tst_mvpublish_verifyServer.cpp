@@ -17,6 +17,8 @@
 #include <csignal>
 #include <memory>
 
+namespace tst_mvpublish_verifyServer {
+
 namespace {
 
 constexpr int longestMs = 20000;
@@ -194,4 +196,7 @@ void TestMvpublishVerifyServer::interruptEndsWhatIsStalled()
 }
 
 MV_TEST_MAIN(TestMvpublishVerifyServer)
+
+} // namespace tst_mvpublish_verifyServer
+
 #include "tst_mvpublish_verifyServer.moc"

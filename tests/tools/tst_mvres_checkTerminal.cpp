@@ -13,6 +13,8 @@
 #include <csignal>
 #include <memory>
 
+namespace tst_mvres_checkTerminal {
+
 namespace {
 
 constexpr int longestMs = 20000;
@@ -159,4 +161,7 @@ void TestMvresCheckTerminal::jsonDrawsNothing()
 }
 
 MV_TEST_MAIN(TestMvresCheckTerminal)
+
+} // namespace tst_mvres_checkTerminal
+
 #include "tst_mvres_checkTerminal.moc"

@@ -21,6 +21,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace tst_mvres_fetchInterrupt {
+
 namespace {
 
 constexpr int longestMs = 20000;
@@ -237,4 +239,7 @@ void TestMvresFetchInterrupt::goesOnTheNextTime()
 }
 
 MV_TEST_MAIN(TestMvresFetchInterrupt)
+
+} // namespace tst_mvres_fetchInterrupt
+
 #include "tst_mvres_fetchInterrupt.moc"

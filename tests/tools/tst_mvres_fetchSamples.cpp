@@ -10,6 +10,8 @@
 #include <QMutex>
 #include <QRegularExpression>
 
+namespace tst_mvres_fetchSamples {
+
 namespace {
 
 const QString theme = QStringLiteral("{C03E1D76-2CEA-5E2A-8517-C805C9A0C695}");
@@ -91,4 +93,7 @@ void TestMvresFetchSamples::aThemeComesCompletely()
 }
 
 MV_TEST_MAIN(TestMvresFetchSamples)
+
+} // namespace tst_mvres_fetchSamples
+
 #include "tst_mvres_fetchSamples.moc"

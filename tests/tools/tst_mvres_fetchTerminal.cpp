@@ -13,6 +13,8 @@
 #include <csignal>
 #include <memory>
 
+namespace tst_mvres_fetchTerminal {
+
 namespace {
 
 constexpr int longestMs = 20000;
@@ -197,4 +199,7 @@ void TestMvresFetchTerminal::jsonDrawsNothing()
 }
 
 MV_TEST_MAIN(TestMvresFetchTerminal)
+
+} // namespace tst_mvres_fetchTerminal
+
 #include "tst_mvres_fetchTerminal.moc"

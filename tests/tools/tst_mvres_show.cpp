@@ -10,6 +10,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+namespace tst_mvres_show {
+
 namespace {
 
 const QString whiteChristmas = QStringLiteral("{C03E1D76-2CEA-5E2A-8517-C805C9A0C695}");
@@ -294,4 +296,7 @@ void TestMvresShow::noneEntryNeedsNothing()
 }
 
 MV_TEST_MAIN(TestMvresShow)
+
+} // namespace tst_mvres_show
+
 #include "tst_mvres_show.moc"

@@ -16,6 +16,8 @@
 
 #include <memory>
 
+namespace tst_mvres_specialFiles {
+
 using Files = CatalogueFiles;
 
 /// Tests catalogues that name devices, pipes and files of the user, and pipes in place of catalogue
@@ -253,4 +255,7 @@ void TestMvresUnusualFiles::pipesCountAsMissingForCheck()
 }
 
 MV_TEST_MAIN(TestMvresUnusualFiles)
+
+} // namespace tst_mvres_specialFiles
+
 #include "tst_mvres_specialFiles.moc"

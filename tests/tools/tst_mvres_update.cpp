@@ -13,6 +13,8 @@
 
 #include <csignal>
 
+namespace tst_mvres_update {
+
 namespace {
 
 constexpr int longestMs = 20000;
@@ -303,4 +305,7 @@ void TestMvresUpdate::fetchesAll()
 }
 
 MV_TEST_MAIN(TestMvresUpdate)
+
+} // namespace tst_mvres_update
+
 #include "tst_mvres_update.moc"

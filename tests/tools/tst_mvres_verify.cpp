@@ -16,6 +16,8 @@
 
 #include <csignal>
 
+namespace tst_mvres_verify {
+
 namespace {
 
 constexpr int longestMs = 20000;
@@ -277,4 +279,7 @@ void TestMvresVerify::unknownGuid()
 }
 
 MV_TEST_MAIN(TestMvresVerify)
+
+} // namespace tst_mvres_verify
+
 #include "tst_mvres_verify.moc"

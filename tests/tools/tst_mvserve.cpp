@@ -18,6 +18,8 @@
 #include <memory>
 #include <vector>
 
+namespace tst_mvserve {
+
 namespace {
 
 using Clients = std::vector<std::unique_ptr<RawClient>>;
@@ -378,4 +380,7 @@ void TestMvserve::helpNamesTheArguments()
 }
 
 MV_TEST_MAIN(TestMvserve)
+
+} // namespace tst_mvserve
+
 #include "tst_mvserve.moc"

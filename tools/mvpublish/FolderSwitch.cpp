@@ -5,6 +5,7 @@
 
 #include "host/SystemFile.h"
 #include "host/Utils.h"
+#include "SystemError.h"
 #include "tree/FolderContent.h"
 
 #include <QDateTime>
@@ -15,19 +16,8 @@
 
 #include <cerrno>
 #include <chrono>
-#include <cstring>
 
 namespace {
-
-QString textOf(int error)
-{
-    return QString::fromLocal8Bit(std::strerror(error));
-}
-
-QString systemError()
-{
-    return textOf(errno);
-}
 
 bool sameBytes(const QString& a, const QString& b)
 {
@@ -138,7 +128,7 @@ bool FolderSwitch::lock()
         return fail(QStringLiteral("%1 is being written by another run").arg(m_target));
     if (result != FileLock::Result::Locked)
         return fail(QStringLiteral("nothing can be written beside %1: %2")
-                        .arg(m_target, textOf(m_lock.error())));
+                        .arg(m_target, systemError(m_lock.error())));
     return putBack()
         || fail(QStringLiteral("%1 cannot be put back: %2").arg(oldFolder(), systemError()));
 }

@@ -24,13 +24,13 @@
 
 namespace {
 
-struct Command
+struct NamedCommand
 {
     const char* name;
     int (*run)(const Arguments& arguments);
 };
 
-const Command commands[] = {
+const NamedCommand commands[] = {
     {"new", &NewCommand::run},       {"build", &BuildCommand::run},   {"watch", &WatchCommand::run},
     {"retire", &RetireCommand::run}, {"keygen", &KeygenCommand::run}, {"sign", &SignCommand::run},
     {"verify", &VerifyCommand::run}, {"lint", &LintCommand::run},     {"diff", &DiffCommand::run},
@@ -39,7 +39,7 @@ const Command commands[] = {
 
 int dispatch(const Arguments& arguments)
 {
-    for (const Command& command : commands) {
+    for (const NamedCommand& command : commands) {
         if (arguments.command == QLatin1String(command.name))
             return command.run(arguments);
     }

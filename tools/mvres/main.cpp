@@ -27,13 +27,13 @@
 
 namespace {
 
-struct Command
+struct NamedCommand
 {
     const char* name;
     int (*run)(const Arguments& arguments);
 };
 
-const Command commands[] = {
+const NamedCommand commands[] = {
     {"list", &ListCommand::run},
     {"search", &SearchCommand::run},
     {"show", &ShowCommand::run},
@@ -51,7 +51,7 @@ const Command commands[] = {
 
 int dispatch(const Arguments& arguments, const Session& session)
 {
-    for (const Command& command : commands) {
+    for (const NamedCommand& command : commands) {
         if (arguments.command == QLatin1String(command.name))
             return command.run(arguments);
     }

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "browser/BrowserMetaTypes.h"
 #include "browser/EUIItemType.h"
 #include "browser/mvThemelistview.h"
 
@@ -12,6 +13,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 
 class MVResourceItemDelegate;
@@ -79,3 +81,5 @@ bool isMarked(const MVThemeItemWdg* cell);
 QString errorOf(const MVThemeItemWdg* cell);
 /// Returns whether the animation is shown.
 bool playsAnimation(const MVThemeItemWdg* cell);
+
+Q_DECLARE_METATYPE(std::function<void(ListWindow&)>)

@@ -20,8 +20,9 @@
 #include <functional>
 #include <memory>
 
+namespace tst_CellEvents {
+
 using Action = std::function<void(ListWindow&)>;
-Q_DECLARE_METATYPE(Action)
 
 /// Tests the signals with which cells report their events to a host.
 class tst_CellEvents : public QObject
@@ -255,5 +256,7 @@ void tst_CellEvents::callbacksStayTheHosts()
 }
 
 MV_WIDGET_TEST_MAIN(tst_CellEvents)
+
+} // namespace tst_CellEvents
 
 #include "tst_CellEvents.moc"

@@ -17,8 +17,6 @@
 
 #include <memory>
 
-Q_DECLARE_METATYPE(EUIItemType)
-
 /// Tests the sizes of cells and the widgets in them.
 class tst_MVResourceItemDelegate : public QObject
 {

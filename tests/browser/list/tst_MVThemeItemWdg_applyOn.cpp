@@ -14,8 +14,6 @@
 
 #include <memory>
 
-Q_DECLARE_METATYPE(Qt::MouseButton)
-
 /// Tests which actions apply an item, and that others only make it the current one.
 class tst_MVThemeItemWdg_applyOn : public QObject
 {

@@ -13,7 +13,7 @@
 
 #include <memory>
 
-Q_DECLARE_METATYPE(Qt::MouseButton)
+namespace tst_MVThemeItemWdg_cancel {
 
 /// Tests that the user can cancel a cell's download.
 class tst_MVThemeItemWdg_cancel : public QObject
@@ -193,5 +193,7 @@ void tst_MVThemeItemWdg_cancel::clickAgainStartsAnew()
 }
 
 MV_WIDGET_TEST_MAIN(tst_MVThemeItemWdg_cancel)
+
+} // namespace tst_MVThemeItemWdg_cancel
 
 #include "tst_MVThemeItemWdg_cancel.moc"

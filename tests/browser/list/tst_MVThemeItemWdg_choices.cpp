@@ -13,7 +13,7 @@
 
 #include <memory>
 
-Q_DECLARE_METATYPE(Qt::MouseButton)
+namespace tst_MVThemeItemWdg_choices {
 
 /// Tests the host's choices: which mouse buttons act, and whether a late download still applies.
 class tst_MVThemeItemWdg_choices : public QObject
@@ -263,5 +263,7 @@ void tst_MVThemeItemWdg_choices::resumedDownloadDoesNotCountAsAChoice()
 }
 
 MV_WIDGET_TEST_MAIN(tst_MVThemeItemWdg_choices)
+
+} // namespace tst_MVThemeItemWdg_choices
 
 #include "tst_MVThemeItemWdg_choices.moc"

@@ -17,7 +17,7 @@
 
 #include <memory>
 
-Q_DECLARE_METATYPE(Qt::MouseButton)
+namespace tst_MVThemeItemWdg_mouse {
 
 /// Tests a user's mouse actions on a list.
 class tst_MVThemeItemWdg_mouse : public QObject
@@ -289,5 +289,7 @@ void tst_MVThemeItemWdg_mouse::moreButtonWithoutACallback()
 }
 
 MV_WIDGET_TEST_MAIN(tst_MVThemeItemWdg_mouse)
+
+} // namespace tst_MVThemeItemWdg_mouse
 
 #include "tst_MVThemeItemWdg_mouse.moc"

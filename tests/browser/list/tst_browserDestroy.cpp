@@ -17,8 +17,9 @@
 #include <functional>
 #include <memory>
 
+namespace tst_browserDestroy {
+
 using Action = std::function<void(ListWindow&)>;
-Q_DECLARE_METATYPE(Action)
 
 /// Tests destroying lists and cells while they work.
 class tst_browserDestroy : public QObject
@@ -204,5 +205,7 @@ void tst_browserDestroy::listsOneByOne()
 }
 
 MV_WIDGET_TEST_MAIN(tst_browserDestroy)
+
+} // namespace tst_browserDestroy
 
 #include "tst_browserDestroy.moc"

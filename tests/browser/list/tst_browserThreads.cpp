@@ -12,6 +12,8 @@
 
 #include <memory>
 
+namespace tst_browserThreads {
+
 /// Tests lists in use while the threads of several downloads work on their items. The test
 /// synchronizes the threads no more than a user would.
 class tst_browserThreads : public QObject
@@ -138,5 +140,7 @@ void tst_browserThreads::twoListsOfTheSameItems()
 }
 
 MV_WIDGET_TEST_MAIN(tst_browserThreads)
+
+} // namespace tst_browserThreads
 
 #include "tst_browserThreads.moc"

@@ -15,6 +15,8 @@
 
 #include <memory>
 
+namespace tst_hiddenDownloads {
+
 /// Tests cells that a filter hides while their items download.
 class tst_hiddenDownloads : public QObject
 {
@@ -275,5 +277,7 @@ void tst_hiddenDownloads::selectionMadeMeanwhileIsKept()
 }
 
 MV_WIDGET_TEST_MAIN(tst_hiddenDownloads)
+
+} // namespace tst_hiddenDownloads
 
 #include "tst_hiddenDownloads.moc"

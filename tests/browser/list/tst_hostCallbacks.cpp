@@ -16,7 +16,6 @@
 #include <memory>
 
 using Callback = std::function<void(ListWindow&)>;
-Q_DECLARE_METATYPE(Callback)
 
 /// Tests host callbacks that destroy their caller.
 class tst_hostCallbacks : public QObject

@@ -13,6 +13,8 @@
 
 #include <memory>
 
+namespace tst_markShapes {
+
 /// Tests the signs and the places of the marks on cells, without a style sheet.
 class tst_markShapes : public QObject
 {
@@ -217,5 +219,7 @@ void tst_markShapes::marksAreRepaintedWhenTheHostSaysSo()
 }
 
 MV_WIDGET_TEST_MAIN(tst_markShapes)
+
+} // namespace tst_markShapes
 
 #include "tst_markShapes.moc"

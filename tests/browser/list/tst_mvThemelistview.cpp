@@ -17,7 +17,7 @@
 
 #include <memory>
 
-Q_DECLARE_METATYPE(EUIItemType)
+namespace tst_mvThemelistview {
 
 /// Tests the setup, cell size and scrolling of a list.
 class tst_mvThemelistview : public QObject
@@ -302,5 +302,7 @@ void tst_mvThemelistview::wheelWithoutAnythingToScroll()
 }
 
 MV_WIDGET_TEST_MAIN(tst_mvThemelistview)
+
+} // namespace tst_mvThemelistview
 
 #include "tst_mvThemelistview.moc"

@@ -20,6 +20,8 @@
 
 #include <memory>
 
+namespace tst_mvThemelistview_files {
+
 /// Tests that a filter and an order by files do not wait for the disk, and follow it.
 class tst_mvThemelistview_files : public QObject
 {
@@ -293,5 +295,7 @@ void tst_mvThemelistview_files::givenFilterIgnoresFiles()
 }
 
 MV_WIDGET_TEST_MAIN(tst_mvThemelistview_files)
+
+} // namespace tst_mvThemelistview_files
 
 #include "tst_mvThemelistview_files.moc"

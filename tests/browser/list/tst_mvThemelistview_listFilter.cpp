@@ -15,8 +15,6 @@
 
 #include <memory>
 
-Q_DECLARE_METATYPE(EListOrder)
-
 /// Tests which rows an SListFilter shows, in which order, and what becomes of their cells.
 class tst_mvThemelistview_listFilter : public QObject
 {

@@ -18,6 +18,8 @@
 #include <chrono>
 #include <memory>
 
+namespace tst_mvThemelistview_marks {
+
 /// Tests the marks on cells, by the texts that they show to the mouse, and the states behind them.
 class tst_mvThemelistview_marks : public QObject
 {
@@ -302,5 +304,7 @@ void tst_mvThemelistview_marks::crossUnderTheMouse()
 }
 
 MV_WIDGET_TEST_MAIN(tst_mvThemelistview_marks)
+
+} // namespace tst_mvThemelistview_marks
 
 #include "tst_mvThemelistview_marks.moc"

@@ -19,8 +19,14 @@
 #include <functional>
 #include <memory>
 
+namespace tst_mvThemelistview_onDemand_kept {
+
 using Action = std::function<void(MVThemeItemWdg*)>;
-Q_DECLARE_METATYPE(Action)
+} // namespace tst_mvThemelistview_onDemand_kept
+
+Q_DECLARE_METATYPE(tst_mvThemelistview_onDemand_kept::Action)
+
+namespace tst_mvThemelistview_onDemand_kept {
 
 /// Tests cells on demand whose rows are out of view: which ones stay, what survives the others, and
 /// operations that need a cell.
@@ -346,5 +352,7 @@ void tst_mvThemelistview_onDemand_kept::reloadKeepsFarState()
 }
 
 MV_WIDGET_TEST_MAIN(tst_mvThemelistview_onDemand_kept)
+
+} // namespace tst_mvThemelistview_onDemand_kept
 
 #include "tst_mvThemelistview_onDemand_kept.moc"

@@ -16,6 +16,8 @@
 
 #include <memory>
 
+namespace tst_mvThemelistview_reload {
+
 /// Tests that a list's state survives a reload of the catalogue.
 class tst_mvThemelistview_reload : public QObject
 {
@@ -281,5 +283,7 @@ void tst_mvThemelistview_reload::cellsByItem()
 }
 
 MV_WIDGET_TEST_MAIN(tst_mvThemelistview_reload)
+
+} // namespace tst_mvThemelistview_reload
 
 #include "tst_mvThemelistview_reload.moc"

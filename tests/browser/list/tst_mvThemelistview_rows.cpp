@@ -17,7 +17,7 @@
 
 #include <memory>
 
-Q_DECLARE_METATYPE(EUIItemType)
+namespace tst_mvThemelistview_rows {
 
 /// Tests how a list creates and removes rows and cells.
 class tst_mvThemelistview_rows : public QObject
@@ -341,5 +341,7 @@ void tst_mvThemelistview_rows::twoListsAtATime()
 }
 
 MV_WIDGET_TEST_MAIN(tst_mvThemelistview_rows)
+
+} // namespace tst_mvThemelistview_rows
 
 #include "tst_mvThemelistview_rows.moc"

@@ -24,6 +24,8 @@
 
 #include <memory>
 
+namespace tst_placeholders {
+
 using Files = CatalogueFiles;
 
 /// Tests items that are shown before their pictures are on disk.
@@ -294,5 +296,7 @@ void tst_placeholders::hiddenListsTellNothing()
 }
 
 MV_WIDGET_TEST_MAIN(tst_placeholders)
+
+} // namespace tst_placeholders
 
 #include "tst_placeholders.moc"

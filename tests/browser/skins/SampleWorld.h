@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "browser/BrowserMetaTypes.h"
 #include "browser/EUIItemType.h"
 #include "support/FaultServer.h"
 

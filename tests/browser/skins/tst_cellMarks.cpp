@@ -17,8 +17,6 @@
 
 #include <memory>
 
-Q_DECLARE_METATYPE(EUIItemType)
-
 /// Tests the look of the marks on cells in every skin, and saves pictures of them.
 class tst_cellMarks : public QObject
 {

@@ -29,6 +29,8 @@ const QColor white(255, 255, 255);
 constexpr QSize usualSize(40, 40);
 constexpr int moreThanThreads = 12;
 
+} // namespace
+
 /// A shown frame on a white background.
 class Frame : public CountingFrame
 {
@@ -41,6 +43,8 @@ public:
         show();
     }
 };
+
+namespace {
 
 /// The events that a frame meets while its picture is waiting.
 using Action = void (*)(std::unique_ptr<Frame>&);

@@ -5,20 +5,15 @@
 
 #include "host/SystemFile.h"
 #include "keys/SecretKey.h"
+#include "SystemError.h"
 
 #include <QByteArray>
 #include <QFileInfo>
 #include <QRandomGenerator>
 
 #include <cerrno>
-#include <cstring>
 
 namespace {
-
-QString systemError()
-{
-    return QString::fromLocal8Bit(std::strerror(errno));
-}
 
 /// A complete file without its final name yet; removed with the object unless it gets one.
 class NewFile
@@ -90,7 +85,7 @@ bool flushFolder(const QString& file)
     return SystemFile::flushFolder(SystemFile::encodedName(QFileInfo(file).absolutePath()));
 }
 
-bool fail(QString* error, const QString& file)
+bool failToWrite(QString* error, const QString& file)
 {
     *error = QStringLiteral("%1 cannot be written: %2").arg(file, systemError());
     return false;
@@ -120,19 +115,19 @@ bool KeyFiles::write(const QString& file, const SecretBytes& secret, const QByte
     NewFile secretFile(file);
     NewFile publicKey(publicName);
     if (!secretFile.write(secret.text(), secret.size(), SystemFile::Readers::Owner))
-        return fail(error, file);
+        return failToWrite(error, file);
     if (!publicKey.write(publicText.constData(), static_cast<std::size_t>(publicText.size()),
                          SystemFile::Readers::Everyone))
-        return fail(error, publicName);
+        return failToWrite(error, publicName);
     if (!secretFile.place(overwrite))
-        return fail(error, file);
+        return failToWrite(error, file);
     if (!publicKey.place(overwrite)) {
-        fail(error, publicName);
+        failToWrite(error, publicName);
         if (!overwrite)
             secretFile.remove();
         return false;
     }
-    return flushFolder(file) || fail(error, file);
+    return flushFolder(file) || failToWrite(error, file);
 }
 
 bool KeyFiles::readSecret(const QString& file, SecretBytes& secret, QString* error)

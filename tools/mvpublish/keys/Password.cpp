@@ -5,9 +5,9 @@
 
 #include "host/SystemFile.h"
 #include "keys/SilentTerminal.h"
+#include "SystemError.h"
 
 #include <cerrno>
-#include <cstring>
 
 namespace {
 
@@ -88,7 +88,7 @@ bool Password::read(int descriptor, SecretBytes& password, QString* error)
         return fail(error,
                     QStringLiteral("the password cannot be read from descriptor %1: %2")
                         .arg(descriptor)
-                        .arg(QString::fromLocal8Bit(std::strerror(errno))));
+                        .arg(systemError()));
     if (length > 0 && line.text()[length - 1] == '\r')
         --length;
     line.truncate(length);
