@@ -12,6 +12,8 @@
 #include <atomic>
 #include <memory>
 
+namespace tst_editor_choices {
+
 /// Tests the user's choices about downloads: which item ends up applied, and cancelling.
 class tst_editor_choices : public QObject
 {
@@ -228,4 +230,7 @@ void tst_editor_choices::endedReaderOfItsOutputEndsNothing()
 }
 
 MV_TEST_MAIN(tst_editor_choices)
+
+} // namespace tst_editor_choices
+
 #include "tst_editor_choices.moc"

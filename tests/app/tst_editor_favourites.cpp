@@ -9,6 +9,8 @@
 #include <QDir>
 #include <QFile>
 
+namespace tst_editor_favourites {
+
 /// Tests favourites: set by key and by button, kept over restarts, moved between computers.
 class tst_editor_favourites : public QObject
 {
@@ -308,4 +310,7 @@ void tst_editor_favourites::wrongFilesAreRefused()
 }
 
 MV_TEST_MAIN(tst_editor_favourites)
+
+} // namespace tst_editor_favourites
+
 #include "tst_editor_favourites.moc"

@@ -7,6 +7,8 @@
 
 #include <QFile>
 
+namespace tst_CheckWorker_CfgAndDisplayXML_run {
+
 using namespace CheckLines;
 
 using Files = CatalogueFiles;
@@ -389,5 +391,7 @@ void tst_CheckWorker_CfgAndDisplayXML_run::progressCountsTheFiles()
 }
 
 MV_TEST_MAIN(tst_CheckWorker_CfgAndDisplayXML_run)
+
+} // namespace tst_CheckWorker_CfgAndDisplayXML_run
 
 #include "tst_CheckWorker_CfgAndDisplayXML_run.moc"

@@ -7,6 +7,8 @@
 
 #include <QTest>
 
+namespace tst_PreviewQueue {
+
 /// Tests the order in which previews are fetched, and the exchange that decides on it.
 class tst_PreviewQueue : public QObject
 {
@@ -124,5 +126,7 @@ void tst_PreviewQueue::sameWishesChangeNothing()
 }
 
 MV_TEST_MAIN(tst_PreviewQueue)
+
+} // namespace tst_PreviewQueue
 
 #include "tst_PreviewQueue.moc"

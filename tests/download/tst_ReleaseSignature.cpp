@@ -10,6 +10,8 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+namespace tst_ReleaseSignature {
+
 namespace {
 
 const QByteArray content("{ \"serial\": 1 }\n");
@@ -231,4 +233,7 @@ void TestReleaseSignature::keyIdIsThatOfTheProgram()
 }
 
 MV_TEST_MAIN(TestReleaseSignature)
+
+} // namespace tst_ReleaseSignature
+
 #include "tst_ReleaseSignature.moc"

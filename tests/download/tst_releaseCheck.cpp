@@ -12,6 +12,8 @@
 #include <QDir>
 #include <QFile>
 
+namespace tst_releaseCheck {
+
 /// Tests checks that go by the server's release.
 class tst_releaseCheck : public QObject
 {
@@ -333,4 +335,7 @@ void tst_releaseCheck::unlistedFileDependsOnThePolicy()
 }
 
 MV_TEST_MAIN(tst_releaseCheck)
+
+} // namespace tst_releaseCheck
+
 #include "tst_releaseCheck.moc"

@@ -11,6 +11,8 @@
 
 #include <memory>
 
+namespace tst_ResourceModel_queue {
+
 /// Tests downloads that wait for others to end, as only four run at a time.
 class tst_ResourceModel_queue : public QObject
 {
@@ -142,4 +144,7 @@ void tst_ResourceModel_queue::cancelledOneIsNotResumedByAReload()
 }
 
 MV_TEST_MAIN(tst_ResourceModel_queue)
+
+} // namespace tst_ResourceModel_queue
+
 #include "tst_ResourceModel_queue.moc"

@@ -15,6 +15,8 @@
 #include <sys/resource.h>
 #endif
 
+namespace tst_mvres_favourite {
+
 namespace {
 
 const QString theme = QStringLiteral("{1611435C-464C-5F2E-B9D6-2247770B2131}");
@@ -236,4 +238,7 @@ void TestMvresFavourite::fullDiskLeavesTheOldMarks()
 }
 
 MV_TEST_MAIN(TestMvresFavourite)
+
+} // namespace tst_mvres_favourite
+
 #include "tst_mvres_favourite.moc"

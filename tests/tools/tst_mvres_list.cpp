@@ -10,6 +10,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+namespace tst_mvres_list {
+
 namespace {
 
 const char themes[] =
@@ -319,4 +321,7 @@ void TestMvresList::controlCharactersBecomeBlanks()
 }
 
 MV_TEST_MAIN(TestMvresList)
+
+} // namespace tst_mvres_list
+
 #include "tst_mvres_list.moc"
