@@ -5,8 +5,8 @@
 # once for each set of Qt libraries, since those change what the headers declare. They contain none
 # of the project's own headers, so that changing one recompiles only the sources that include it.
 #
-# They save time and must not hide a missing include: clazy, in script/lint, reads every source
-# without them. CMAKE_DISABLE_PRECOMPILE_HEADERS=ON turns them off.
+# They save time and must not hide a missing include: clazy, in script/lint, reads every source of the
+# libraries without them. CMAKE_DISABLE_PRECOMPILE_HEADERS=ON turns them off.
 
 set(MV_HEADERS_CORE
     <QByteArray>
@@ -97,7 +97,7 @@ function(mv_precompile target)
     if(NOT TARGET ${name})
         file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/${name}.cpp CONTENT "")
         add_library(${name} OBJECT EXCLUDE_FROM_ALL ${CMAKE_BINARY_DIR}/${name}.cpp)
-        set_target_properties(${name} PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF)
+        set_target_properties(${name} PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF UNITY_BUILD OFF)
         target_link_libraries(${name} PRIVATE mv_options ${libraries})
         target_compile_options(${name} PRIVATE ${debug_options})
         target_precompile_headers(${name} PRIVATE ${headers})

@@ -11,7 +11,7 @@ constexpr const char* loopback = "127.0.0.1";
 
 /// Send buffer of a connection, which the kernel doubles. By default it grows to megabytes, and the
 /// kernel reports room only when a third is free: a slow reader would seem stalled for minutes.
-constexpr int sendBufferBytes = 64 * 1024;
+constexpr int usualSendBufferBytes = 64 * 1024;
 
 /// Runs tasks on the accepting thread, which only passes on sockets and never blocks.
 class DirectTasks final : public httplib::TaskQueue
@@ -52,7 +52,7 @@ HttpServer::HttpServer(const ServerLimits& limits)
     new_task_queue = [] { return new DirectTasks; };
     // httplib's own options would let a second server bind the same port, and each would get some
     // of the requests.
-    set_socket_options([](socket_t socket) { Sockets::prepareListener(socket, sendBufferBytes); });
+    set_socket_options([](socket_t socket) { Sockets::prepareListener(socket, usualSendBufferBytes); });
     // Head and body of an answer are written separately: the second must not wait for the
     // acknowledgement of the first.
     set_tcp_nodelay(true);
