@@ -32,6 +32,7 @@ void settleSurroundings()
     qputenv("LC_ALL", "C.UTF-8");
     qputenv("LANG", "C.UTF-8");
     qputenv("TZ", "UTC");
+    qputenv("GOGC", "400"); // rclone never lives long enough to need memory back
     // Must happen now: the first file name makes Qt fix the encoding of file names, before there is
     // an application.
     std::setlocale(LC_ALL, "");
