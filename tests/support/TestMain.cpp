@@ -6,6 +6,7 @@
 #include "host/HostSettings.h"
 #include "host/LogL.h"
 #include "support/TestFonts.h"
+#include "support/TestIcons.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -57,6 +58,7 @@ TestHome::TestHome()
                               "ALL_PROXY", "NO_PROXY"})
         qunsetenv(proxy);
     TestFonts::useOnly(homePath);
+    TestIcons::hide(homePath + QStringLiteral("/home"));
 
     HostSettings& settings = hostSettings();
     settings.resourcesPath = homePath + QStringLiteral("/installed");
