@@ -20,21 +20,37 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <QTimer>
+#include <QVector>
+#include <QWidget>
 
 #include <csignal>
 #include <cstdio>
 
 namespace {
 
-constexpr char scaleVariable[] = "QT_SCALE_FACTOR";
-
-/// Sets the scale, which Qt reads only while an application starts.
-void applyScale(int percent)
+/// Environment variables that Qt reads only while an application starts. The user's own take
+/// precedence.
+class StartVariables
 {
-    constexpr double whole = 100.0;
-    if (percent > 0)
-        qputenv(scaleVariable, QByteArray::number(percent / whole));
-}
+public:
+    void set(const char* name, const QByteArray& value)
+    {
+        if (qEnvironmentVariableIsSet(name))
+            return;
+        qputenv(name, value);
+        m_own.append(name);
+    }
+    /// Programs opened by the window do without them.
+    void unset()
+    {
+        for (const char* name : qAsConst(m_own))
+            qunsetenv(name);
+        m_own.clear();
+    }
+
+private:
+    QVector<const char*> m_own;
+};
 
 } // namespace
 
@@ -82,13 +98,16 @@ int EditorProgram::openWindow(int& argc, char** argv)
     Preferences preferences(preferencesFile());
     if (!preferences.problem().isEmpty())
         say(preferences.problem());
-    // QT_SCALE_FACTOR in the environment takes precedence.
-    const bool ownScale = !qEnvironmentVariableIsSet(scaleVariable);
-    if (ownScale)
-        applyScale(preferences.scale());
+    StartVariables variables;
+    constexpr double wholeScale = 100.0;
+    if (preferences.scale() > 0)
+        variables.set("QT_SCALE_FACTOR", QByteArray::number(preferences.scale() / wholeScale));
+    // The window draws nothing with OpenGL, whose drivers take half of the memory and a third of
+    // the start.
+    variables.set("QT_XCB_GL_INTEGRATION", "none");
     QApplication application(argc, argv);
-    if (ownScale)
-        qunsetenv(scaleVariable); // programs opened by the window have their own scale
+    QWidget().winId(); // for the first window Qt reads the last of them
+    variables.unset();
     QApplication::setStyle(new AppStyle);
     m_startup.takePreferences(preferences, m_commandLine);
     if (!m_startup.openCatalogue(preferences.skin()))

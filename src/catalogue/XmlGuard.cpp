@@ -77,8 +77,7 @@ private:
 
     void skipDeclaration()
     {
-        const int end = findOutsideQuotes(
-            m_at, [](QChar c) { return c == QLatin1Char('>') || c == QLatin1Char('['); });
+        const int end = findOutsideQuotes(m_at, [](ushort c) { return c == u'>' || c == u'['; });
         m_at = end;
         if (end >= 0 && m_text.at(end) == QLatin1Char('['))
             refuse(QStringLiteral("a document type that declares entities"));
@@ -87,7 +86,7 @@ private:
     void enterElement()
     {
         const int piecesBefore = m_pieces;
-        const int end = findOutsideQuotes(m_at, [](QChar c) { return c == QLatin1Char('>'); });
+        const int end = findOutsideQuotes(m_at, [](ushort c) { return c == u'>'; });
         if (m_pieces - piecesBefore > XmlGuard::maxAttributes) {
             refuse(QStringLiteral("more than %1 attributes on one element")
                        .arg(XmlGuard::maxAttributes));
@@ -107,14 +106,15 @@ private:
     template <class Predicate>
     int findOutsideQuotes(int from, Predicate isEnd)
     {
-        QChar quote;
-        const QChar* const text = m_text.constData();
-        for (int at = from; at < m_text.size(); ++at) {
-            const QChar c = text[at];
-            if (!quote.isNull()) {
+        ushort quote = 0;
+        const ushort* const text = m_text.utf16();
+        const int size = static_cast<int>(m_text.size());
+        for (int at = from; at < size; ++at) {
+            const ushort c = text[at];
+            if (quote != 0) {
                 if (c == quote)
-                    quote = QChar();
-            } else if (c == QLatin1Char('"') || c == QLatin1Char('\'')) {
+                    quote = 0;
+            } else if (c == u'"' || c == u'\'') {
                 quote = c;
                 ++m_pieces; // an attribute
             } else if (isEnd(c)) {

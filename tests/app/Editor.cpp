@@ -6,6 +6,7 @@
 #include "EditorWorld.h"
 #include "gui/RealInput.h"
 #include "support/CatalogueFiles.h"
+#include "support/TestIcons.h"
 
 #include <QDir>
 #include <QFile>
@@ -33,6 +34,7 @@ QProcessEnvironment Editor::environment(const EditorWorld& world)
     const QString runtime = home + QStringLiteral("/run");
     QDir().mkpath(runtime);
     QFile::setPermissions(runtime, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    TestIcons::hide(home);
     variables.insert(QStringLiteral("HOME"), home);
     variables.insert(QStringLiteral("XDG_CONFIG_HOME"), home + QStringLiteral("/.config"));
     variables.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtime);

@@ -22,6 +22,7 @@
 #include "StorageBox.h"
 #include "support/TestLetters.h"
 #include "support/TestMain.h"
+#include "support/TestPictures.h"
 #include "support/TextRoom.h"
 #include "WelcomePage.h"
 
@@ -150,7 +151,7 @@ void WindowTexts::haveRoom()
     AppLanguage::install(changed ? QStringLiteral("en") : language);
     openWindow();
     AppLanguage::install(language);
-    m_pictures = changed ? QString() : language;
+    m_pictures = changed || !TestPictures::areWanted() ? QString() : language;
 
     verifyRoom("nothing");
     apply(MVThemeMgr::init()->getThemes_Display().first().m_qsGUID);

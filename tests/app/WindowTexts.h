@@ -16,8 +16,8 @@ class SampleWorld;
 
 /// Verifies that the window and its dialogs cut off no text, and that it fits its initial size, in
 /// every language, whether created in that language or switched to it, at the usual and at larger
-/// font sizes. Saves pictures to the folder MV_SCREENSHOTS. The process determines the scale
-/// factor.
+/// font sizes. Saves pictures to the folder MV_SCREENSHOTS on request. The process determines the
+/// scale factor.
 class WindowTexts : public QObject
 {
     Q_OBJECT

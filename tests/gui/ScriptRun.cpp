@@ -25,6 +25,7 @@ namespace {
 constexpr int tryEvery = 25;           // ms
 constexpr int shortWay = 24;           // pixels per movement of the mouse
 constexpr int longestStep = 30 * 1000; // ms
+constexpr int quicklyPacked = 80;      // 100 disables compression
 
 void print(const QString& text)
 {
@@ -219,7 +220,7 @@ bool ScriptRun::pictured(const QString& name)
         ? m_window.screen()->grabWindow(0, frame.x(), frame.y(), frame.width(), frame.height())
         : m_window.grab();
     m_missing = QStringLiteral("%1 cannot be written").arg(file);
-    return picture.save(file);
+    return picture.save(file, "PNG", quicklyPacked);
 }
 
 bool ScriptRun::written(const QString& file)

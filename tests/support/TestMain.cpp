@@ -6,6 +6,7 @@
 #include "host/HostSettings.h"
 #include "host/LogL.h"
 #include "support/TestFonts.h"
+#include "support/TestIcons.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -32,6 +33,7 @@ void settleSurroundings()
     qputenv("LC_ALL", "C.UTF-8");
     qputenv("LANG", "C.UTF-8");
     qputenv("TZ", "UTC");
+    qputenv("GOGC", "400"); // rclone never lives long enough to need memory back
     // Must happen now: the first file name makes Qt fix the encoding of file names, before there is
     // an application.
     std::setlocale(LC_ALL, "");
@@ -56,6 +58,7 @@ TestHome::TestHome()
                               "ALL_PROXY", "NO_PROXY"})
         qunsetenv(proxy);
     TestFonts::useOnly(homePath);
+    TestIcons::hide(homePath + QStringLiteral("/home"));
 
     HostSettings& settings = hostSettings();
     settings.resourcesPath = homePath + QStringLiteral("/installed");

@@ -22,6 +22,7 @@ bool RcloneServer::start(const QString& folder)
 {
     if (!QDir().mkpath(folder))
         return false;
+    m_process.setReadChannel(QProcess::StandardError); // the one that waitForReadyRead() watches
     m_process.start(QStringLiteral("rclone"),
                     {QStringLiteral("serve"), QStringLiteral("webdav"), QStringLiteral("--addr"),
                      QStringLiteral("127.0.0.1:0"), folder});

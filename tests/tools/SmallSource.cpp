@@ -113,7 +113,8 @@ void SmallSource::set(const QString& item, const char* key, const QJsonValue& va
 
 QString SmallSource::addWork() const
 {
-    constexpr int bytes = 32 << 20;
+    constexpr int bytes = 1 << 20; // a repetition after so many is too far away to be packed
+    constexpr int times = 32;
     QByteArray noise(bytes, '\0');
     quint32 state = 1;
     for (char& byte : noise) {
@@ -121,7 +122,7 @@ QString SmallSource::addWork() const
         byte = static_cast<char>(state >> 24U);
     }
     QString name = file(QStringLiteral("zoom/pack/noise.bin"));
-    CatalogueFiles::write(name, noise);
+    CatalogueFiles::write(name, noise.repeated(times));
     return name;
 }
 

@@ -53,13 +53,12 @@ private:
     }
     void killBetweenTheRenames(const QString& out) const;
 
-    QString m_folder;
+    const QString m_folder{home("places")};
     std::unique_ptr<SmallSource> m_source;
 };
 
 void TestMvpublishKilled::init()
 {
-    m_folder = TestHome::path() + text("/places");
     QDir(m_folder).removeRecursively();
     QVERIFY(QDir().mkpath(m_folder));
     m_source = std::make_unique<SmallSource>(TestHome::path() + text("/source"));
@@ -120,7 +119,7 @@ void TestMvpublishKilled::buildsExcludeEachOther()
     QFETCH(QString, second);
     QVERIFY(QDir().mkdir(place("tree")));
     QVERIFY(QFile::link(place("tree"), place("link")));
-    m_source->addWork();
+    const QString work = m_source->addWork();
     QProcess process;
     process.start(Mvpublish::program(), {text("build"), m_source->folder(), first});
     QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(place(".tree.new/config")), 20000);
@@ -132,6 +131,7 @@ void TestMvpublishKilled::buildsExcludeEachOther()
     QCOMPARE(outcome.status, 2);
     QCOMPARE(ConsoleProgram::end(process).status, 0);
     QVERIFY(QFileInfo::exists(place("tree/ResourceConfig/resource_config.xml")));
+    QVERIFY(QFile::remove(work));
     QCOMPARE(build(second).status, 0);
 }
 

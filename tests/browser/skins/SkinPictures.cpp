@@ -12,6 +12,7 @@
 #include "catalogue/NoneEntry.h"
 #include "SkinFacts.h"
 #include "SkinLook.h"
+#include "support/TestPictures.h"
 
 #include <QApplication>
 #include <QDir>
@@ -185,7 +186,8 @@ void SkinPictures::everyState()
     bringAbout(list, rows);
     if (QTest::currentTestFailed())
         return;
-    save(list.window().grab().toImage(), QStringLiteral("states"));
+    if (TestPictures::areWanted())
+        save(list.window().grab().toImage(), QStringLiteral("states"));
     const SkinFacts facts(list);
     facts.cellsAreAligned();
     facts.overlaysLieInTheirCells();
@@ -240,8 +242,10 @@ void SkinPictures::textsInEveryLanguage()
 
         for (MVThemeItemWdg* cell : qAsConst(cells)) {
             SkinFacts::holdsItsTexts(cell, language);
-            pictures.append(drawnOn(*cell, ground));
+            if (TestPictures::areWanted())
+                pictures.append(drawnOn(*cell, ground));
         }
     }
-    save(sheetOf(pictures, cells.size()), QStringLiteral("texts"));
+    if (TestPictures::areWanted())
+        save(sheetOf(pictures, cells.size()), QStringLiteral("texts"));
 }
