@@ -218,7 +218,7 @@ bool PartFile::nameTarget()
     if (UnnamedFile::setName(m_handle, m_path))
         return true;
     // Only a file with a name can replace another one.
-    return errno == EEXIST ? nameBeside() && rename() : failWith(errno);
+    return errno == EEXIST ? nameBeside() && replaceTarget() : failWith(errno);
 }
 
 bool PartFile::nameBeside()
@@ -246,10 +246,15 @@ bool PartFile::rename()
         // Not every file system can do it.
         if (errno != EEXIST && errno != EINVAL && errno != ENOSYS)
             return failWith(errno);
-        // A plain rename would refuse a folder, but replace a link to one.
-        if (SystemFile::isFolder(m_path))
-            return failAsFolder();
     }
+    return replaceTarget();
+}
+
+bool PartFile::replaceTarget()
+{
+    // A plain rename would refuse a folder, but replace a link to one.
+    if (m_check == FolderCheck::AtCommit && SystemFile::isFolder(m_path))
+        return failAsFolder();
     return SystemFile::rename(m_name, m_path) || failWith(errno);
 }
 

@@ -92,6 +92,7 @@ private:
     bool nameTarget();
     void keepBeginning(const char* data, qint64 length);
     bool rename();
+    bool replaceTarget();
     void close();
     bool failAsFolder();
     bool failWith(int error);
