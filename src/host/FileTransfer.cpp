@@ -346,8 +346,10 @@ milliseconds FileTransfer::pauseBefore(int retry) const
 
 bool FileTransfer::keepGoing(qint64 received, qint64 total)
 {
+    if (!m_job.progress)
+        return true;
     const Clock::time_point now = Clock::now();
-    if (!m_job.progress || now < m_nextCallback)
+    if (now < m_nextCallback)
         return true;
     m_nextCallback = now + callbackPause;
     return m_job.progress(received, total);
