@@ -85,7 +85,7 @@ bool ContentCheck::isPageName(const QString& name)
         || suffix == QLatin1String("xhtml");
 }
 
-QString ContentCheck::fault(const QString& file, const QString& name, bool* isUnreadable)
+QString ContentCheck::fault(QFile& file, const QString& name, bool* isUnreadable)
 {
     const QString suffix = QFileInfo(name).suffix().toLower();
     const bool isPicture = PictureFormat::isPictureName(name);
@@ -93,16 +93,11 @@ QString ContentCheck::fault(const QString& file, const QString& name, bool* isUn
     const bool isArchive = suffix == QLatin1String("zip");
     if (!isPicture && !isXml && !isArchive)
         return {};
-    QFile content(file);
-    QString fault;
-    if (!content.open(QIODevice::ReadOnly))
-        fault = content.errorString();
-    else if (isXml)
-        fault = xmlFault(content);
-    else
-        fault = signatureFault(content.read(PictureFormat::signatureBytes), isPicture);
-    const bool hasFailed = content.error() != QFileDevice::NoError;
+    const QString fault = isXml
+        ? xmlFault(file)
+        : signatureFault(file.read(PictureFormat::signatureBytes), isPicture);
+    const bool hasFailed = file.error() != QFileDevice::NoError;
     if (isUnreadable)
         *isUnreadable = hasFailed;
-    return hasFailed ? QStringLiteral("it cannot be read: %1").arg(content.errorString()) : fault;
+    return hasFailed ? QStringLiteral("it cannot be read: %1").arg(file.errorString()) : fault;
 }

@@ -73,7 +73,9 @@ void FileTransfer::begin(const Addresses& addresses, PartFile::FolderCheck check
 
 bool FileTransfer::openTarget(PartFile::FolderCheck check)
 {
-    if (!m_file.open(m_job.file, check))
+    // A beginning that is there has to be replaced, which needs a name.
+    const auto temporary = m_job.resume ? PartFile::Temporary::Named : PartFile::Temporary::Unnamed;
+    if (!m_file.open(m_job.file, check, temporary))
         return false;
     if (m_job.published.isKnown())
         m_file.startDigest();
@@ -241,9 +243,7 @@ void FileTransfer::store()
     if (isWrong)
         return failAsOther();
     bool isUnreadable = false;
-    const QString fault = hostSettings().checkContent
-        ? ContentCheck::fault(m_file.temporaryPath(), m_job.file, &isUnreadable)
-        : QString();
+    const QString fault = hostSettings().checkContent ? contentFault(isUnreadable) : QString();
     if (isUnreadable)
         return fail(eTransfer_LocalFile, eFailure_LocalFile, fault);
     if (!fault.isEmpty()) {
@@ -254,6 +254,16 @@ void FileTransfer::store()
         return failAtFile();
     noteValidators();
     succeed();
+}
+
+/// Reads through the file's own handle, since it may have no name.
+QString FileTransfer::contentFault(bool& isUnreadable) const
+{
+    QFile content;
+    if (m_file.openContent(content))
+        return ContentCheck::fault(content, m_job.file, &isUnreadable);
+    isUnreadable = true;
+    return content.errorString();
 }
 
 bool FileTransfer::isPageWanted() const
@@ -336,8 +346,10 @@ milliseconds FileTransfer::pauseBefore(int retry) const
 
 bool FileTransfer::keepGoing(qint64 received, qint64 total)
 {
+    if (!m_job.progress)
+        return true;
     const Clock::time_point now = Clock::now();
-    if (!m_job.progress || now < m_nextCallback)
+    if (now < m_nextCallback)
         return true;
     m_nextCallback = now + callbackPause;
     return m_job.progress(received, total);

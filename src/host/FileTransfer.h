@@ -57,6 +57,7 @@ private:
     QUrl url() const;
     void continuePaused();
     void store();
+    QString contentFault(bool& isUnreadable) const;
     bool isPageWanted() const;
     void rememberVersion();
     void noteValidators();

@@ -6,6 +6,7 @@
 #include "host/ContentDigest.h"
 #include "host/FollowingDigest.h"
 #include "host/SystemFile.h"
+#include "host/UnnamedFile.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -84,7 +85,7 @@ PartFile::~PartFile()
     discard();
 }
 
-bool PartFile::open(const QString& target, FolderCheck check)
+bool PartFile::open(const QString& target, FolderCheck check, Temporary temporary)
 {
     discard();
     m_target = target;
@@ -98,12 +99,21 @@ bool PartFile::open(const QString& target, FolderCheck check)
     if (m_path.isEmpty() || m_path.endsWith('/')
         || (check == FolderCheck::AtOnce && SystemFile::isFolder(m_path)))
         return failAsFolder();
-    return createLocked();
+    m_name.clear();
+    if (temporary == Temporary::Unnamed)
+        m_handle = UnnamedFile::create(folder(), &partPath);
+    return m_handle >= 0 || createLocked();
+}
+
+/// Returns the target's folder with a slash at its end; empty for the current one.
+QByteArray PartFile::folder() const
+{
+    return m_path.left(m_path.lastIndexOf('/') + 1);
 }
 
 bool PartFile::createLocked()
 {
-    const QByteArray beside = m_path.left(m_path.lastIndexOf('/') + 1);
+    const QByteArray beside = folder();
     for (int attempt = 0; attempt < createAttempts; ++attempt) {
         m_name = partPath(beside);
         m_handle = SystemFile::create(m_name);
@@ -180,9 +190,10 @@ bool PartFile::restart()
     return true;
 }
 
-QString PartFile::temporaryPath() const
+bool PartFile::openContent(QFile& content) const
 {
-    return SystemFile::decodedName(m_name);
+    return content.open(m_handle, QIODevice::ReadOnly, QFileDevice::DontCloseHandle)
+        && content.seek(0);
 }
 
 bool PartFile::commit(Flush flush)
@@ -191,13 +202,40 @@ bool PartFile::commit(Flush flush)
         flush == Flush::Yes ? SystemFile::flush(m_handle) : SystemFile::hasTakenAllBytes(m_handle);
     if (!isStored)
         return failWith(errno);
-    if (!rename())
+    if (!nameTarget())
         return false;
     close();
     // The new name already exists, so a failure is ignored: some file systems cannot do it.
     if (flush == Flush::Yes)
         SystemFile::flushFolder(SystemFile::encodedName(QFileInfo(m_target).path()));
     return true;
+}
+
+bool PartFile::nameTarget()
+{
+    if (!m_name.isEmpty())
+        return rename();
+    if (UnnamedFile::setName(m_handle, m_path))
+        return true;
+    // Only a file with a name can replace another one.
+    return errno == EEXIST ? nameBeside() && replaceTarget() : failWith(errno);
+}
+
+bool PartFile::nameBeside()
+{
+    // Before a sweep can see it.
+    SystemFile::lock(m_handle);
+    const QByteArray beside = folder();
+    for (int attempt = 0; attempt < createAttempts; ++attempt) {
+        const QByteArray name = partPath(beside);
+        if (UnnamedFile::setName(m_handle, name)) {
+            m_name = name;
+            return true;
+        }
+        if (errno != EEXIST)
+            break;
+    }
+    return failWith(errno);
 }
 
 bool PartFile::rename()
@@ -208,10 +246,15 @@ bool PartFile::rename()
         // Not every file system can do it.
         if (errno != EEXIST && errno != EINVAL && errno != ENOSYS)
             return failWith(errno);
-        // A plain rename would refuse a folder, but replace a link to one.
-        if (SystemFile::isFolder(m_path))
-            return failAsFolder();
     }
+    return replaceTarget();
+}
+
+bool PartFile::replaceTarget()
+{
+    // A plain rename would refuse a folder, but replace a link to one.
+    if (m_check == FolderCheck::AtCommit && SystemFile::isFolder(m_path))
+        return failAsFolder();
     return SystemFile::rename(m_name, m_path) || failWith(errno);
 }
 
@@ -219,7 +262,8 @@ void PartFile::discard()
 {
     if (m_handle < 0)
         return;
-    SystemFile::remove(m_name);
+    if (!m_name.isEmpty())
+        SystemFile::remove(m_name);
     close();
 }
 

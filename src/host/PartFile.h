@@ -12,11 +12,12 @@
 
 class ContentDigest;
 class FollowingDigest;
+class QFile;
 
-/// A file that is written beside its target and renamed to the target when it is complete.
+/// A file that is written beside its target and becomes the target when it is complete.
 ///
-/// Until commit() the target keeps its content, even after a kill, since the bytes are in a file
-/// with another name. That file is locked while its writer exists, so removeLeftovers() can tell
+/// Until commit() the target keeps its content, even after a kill, since the bytes are in another
+/// file. If that has a name, it is locked while its writer exists, so removeLeftovers() can tell
 /// the remains of a killed process from a transfer by another thread or process. Internal to the
 /// library; one thread at a time.
 class PartFile
@@ -30,8 +31,17 @@ public:
     /// alone, which saves looking up the name of a file that is new.
     enum class FolderCheck { AtOnce, AtCommit };
 
+    /// The name of the file before commit().
+    enum class Temporary {
+        Named,
+        /// None, where the system can do that: a kill leaves nothing, and a target that does not
+        /// exist takes fewer operations. One that exists takes more.
+        Unnamed,
+    };
+
     /// Starts a file for `target`, whose folder must exist. On false see errorText().
-    bool open(const QString& target, FolderCheck check = FolderCheck::AtOnce);
+    bool open(const QString& target, FolderCheck check = FolderCheck::AtOnce,
+              Temporary temporary = Temporary::Named);
 
     /// Starts a digest of what is written from now on.
     void startDigest();
@@ -47,8 +57,8 @@ public:
     /// Returns the bytes written since open() or restart().
     qint64 size() const { return m_size; }
 
-    /// Returns the path of the temporary file, for inspecting its content before commit().
-    QString temporaryPath() const;
+    /// Opens what has been written, for inspecting it before commit().
+    bool openContent(QFile& content) const;
     /// Number of leading bytes that beginning() keeps.
     static constexpr int beginningBytes = 1024;
     /// Returns the first bytes written so far, at most beginningBytes.
@@ -58,8 +68,8 @@ public:
     /// leaves either the old file or the new one.
     enum class Flush { No, Yes };
 
-    /// Renames over the target; every write was checked. On false the target is unchanged and the
-    /// file is removed.
+    /// Replaces the target; every write was checked. On false the target is unchanged and the file
+    /// is removed.
     bool commit(Flush flush = Flush::No);
 
     /// Removes the file; the destructor does so for an uncommitted one.
@@ -76,9 +86,13 @@ public:
 
 private:
     void addToDigest(const char* data, qint64 length);
+    QByteArray folder() const;
     bool createLocked();
+    bool nameBeside();
+    bool nameTarget();
     void keepBeginning(const char* data, qint64 length);
     bool rename();
+    bool replaceTarget();
     void close();
     bool failAsFolder();
     bool failWith(int error);
@@ -86,9 +100,9 @@ private:
 
     QString m_target;
     QByteArray m_path; // of the target, in the encoding of the file system
-    QByteArray m_name; // of the temporary file, likewise
+    QByteArray m_name; // of the temporary file, likewise; empty: it has none
     FolderCheck m_check = FolderCheck::AtOnce;
-    int m_handle = -1; // open for writing; -1: no temporary file
+    int m_handle = -1; // open for writing; -1: no file
     qint64 m_size = 0;
     std::unique_ptr<ContentDigest> m_digest;      // null: not wanted, or m_following
     std::unique_ptr<FollowingDigest> m_following; // of a large file

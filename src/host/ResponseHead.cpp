@@ -7,15 +7,11 @@
 #include <QList>
 
 #include <algorithm>
+#include <numeric>
 
 namespace {
 
 constexpr qint64 strongDateSeconds = 60; // the clocks of servers differ
-
-QByteArray bytes(QLatin1String text)
-{
-    return {text.data(), static_cast<int>(text.size())};
-}
 
 /// Returns the three-digit status of a status line; 0 if there is none.
 int statusOf(QLatin1String line)
@@ -27,19 +23,30 @@ int statusOf(QLatin1String line)
     const QLatin1String code = rest.left(length);
     const bool isNumber =
         std::all_of(code.begin(), code.end(), [](char c) { return c >= '0' && c <= '9'; });
-    return isNumber ? bytes(code).toInt() : 0;
+    const auto addDigit = [](int number, char c) { return number * 10 + (c - '0'); };
+    return isNumber ? std::accumulate(code.begin(), code.end(), 0, addDigit) : 0;
 }
 
-/// Replaces control characters by blanks, since a field's value may be sent back (RFC 9110, 5.5).
-QByteArray plain(QLatin1String field)
+bool isControlByte(char c)
 {
     constexpr char deleteCharacter = 0x7f;
-    QByteArray value = bytes(field);
-    const auto isControl = [](char c) {
-        return static_cast<unsigned char>(c) < ' ' || c == deleteCharacter;
-    };
-    std::replace_if(value.begin(), value.end(), isControl, ' ');
-    return value.trimmed();
+    return static_cast<unsigned char>(c) < ' ' || c == deleteCharacter;
+}
+
+/// Removes blanks and control characters at both ends, and replaces control characters by blanks,
+/// since a field's value may be sent back (RFC 9110, 5.5).
+QByteArray plain(QLatin1String field)
+{
+    const auto isBlank = [](char c) { return c == ' ' || isControlByte(c); };
+    const char* begin = field.data();
+    const char* end = begin + field.size();
+    while (begin != end && isBlank(*begin))
+        ++begin;
+    while (begin != end && isBlank(end[-1]))
+        --end;
+    QByteArray value(begin, static_cast<int>(end - begin));
+    std::replace_if(value.begin(), value.end(), isControlByte, ' ');
+    return value;
 }
 
 } // namespace
@@ -65,7 +72,7 @@ void ResponseHead::addField(QLatin1String name, QLatin1String value)
         return name.size() == field.size() && name.compare(field, Qt::CaseInsensitive) == 0;
     };
     if (isNamed(QLatin1String("content-length"))) {
-        addLength(plain(value));
+        addLengths(plain(value));
     } else if (isNamed(QLatin1String("transfer-encoding"))) {
         addCodings(plain(value));
     } else if (isNamed(QLatin1String("content-encoding"))) {
@@ -101,17 +108,23 @@ void ResponseHead::addCodings(const QByteArray& value)
 }
 
 /// Accepts equal lengths repeated in one field or several (RFC 9110, 8.6).
+void ResponseHead::addLengths(const QByteArray& value)
+{
+    if (!value.contains(','))
+        return addLength(value); // as in almost every answer
+    const QList<QByteArray> parts = value.split(',');
+    for (const QByteArray& part : parts)
+        addLength(part.trimmed());
+}
+
 void ResponseHead::addLength(const QByteArray& value)
 {
-    const QList<QByteArray> parts = value.split(',');
-    for (const QByteArray& part : parts) {
-        bool ok = false;
-        const qint64 number = part.trimmed().toLongLong(&ok);
-        const qint64 length = ok && number >= 0 ? number : -1;
-        hasTwoLengths = hasTwoLengths || (m_hasLength && length != contentLength);
-        m_hasLength = true;
-        contentLength = length;
-    }
+    bool ok = false;
+    const qint64 number = value.toLongLong(&ok);
+    const qint64 length = ok && number >= 0 ? number : -1;
+    hasTwoLengths = hasTwoLengths || (m_hasLength && length != contentLength);
+    m_hasLength = true;
+    contentLength = length;
 }
 
 /// Parses "bytes FIRST-LAST/TOTAL", where TOTAL may be "*" (RFC 9110, 14.4).

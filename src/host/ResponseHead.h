@@ -49,6 +49,7 @@ public:
 
 private:
     void addField(QLatin1String name, QLatin1String value);
+    void addLengths(const QByteArray& value);
     void addLength(const QByteArray& value);
     void addCodings(const QByteArray& value);
     void readContentRange(const QByteArray& value);

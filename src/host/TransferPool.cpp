@@ -165,8 +165,11 @@ void TransferPool::Private::tickAll()
 
 std::vector<std::unique_ptr<FileTransfer>> TransferPool::Private::takeEnded()
 {
-    const auto firstEnded = std::stable_partition(
-        running.begin(), running.end(), [](const auto& transfer) { return !transfer->hasEnded(); });
+    const auto goesOn = [](const auto& transfer) { return !transfer->hasEnded(); };
+    // Most steps end no transfer, and a partition takes memory.
+    if (std::all_of(running.cbegin(), running.cend(), goesOn))
+        return {};
+    const auto firstEnded = std::stable_partition(running.begin(), running.end(), goesOn);
     std::vector<std::unique_ptr<FileTransfer>> ended(std::make_move_iterator(firstEnded),
                                                      std::make_move_iterator(running.end()));
     running.erase(firstEnded, running.end());

@@ -25,10 +25,13 @@ CountedOperation CountedOperation::fromLine(const QByteArray& line)
 
 QString CountedOperation::text() const
 {
-    const QString name = path.section(QLatin1Char('/'), -1);
+    QString name = path.section(QLatin1Char('/'), -1);
+    if (name.endsWith(QLatin1String(".part")))
+        name = QStringLiteral("PART");
+    else if (name.endsWith(QLatin1String(" (deleted)")))
+        name = QStringLiteral("UNNAMED");
     return QString::fromLatin1(operationNames[static_cast<std::size_t>(operation)])
-        + QLatin1Char(' ')
-        + (name.endsWith(QLatin1String(".part")) ? QStringLiteral("PART") : name);
+        + QLatin1Char(' ') + name;
 }
 
 QString Fault::text() const

@@ -18,8 +18,8 @@ struct CountedOperation
 
     /// Parses a line "NUMBER OPERATION PATH"; number 0: the line reports no operation.
     static CountedOperation fromLine(const QByteArray& line);
-    /// Returns the operation with the last part of its path, "PART" for a temporary name: "rename
-    /// target".
+    /// Returns the operation with the last part of its path, "PART" for a temporary name and
+    /// "UNNAMED" for a file without one, but its folder where it is created: "rename target".
     QString text() const;
 };
 

@@ -54,7 +54,7 @@ FaultLab::FaultLab(Scenario& scenario, const QString& home)
 {
     m_runner.setPreloads(scenario.preloads());
     if (!scenario.canExchange())
-        m_runner.setWithoutExchange();
+        m_runner.setWithout(QStringLiteral("exchange"));
 }
 
 QString FaultLab::begin()
@@ -108,7 +108,8 @@ QVector<Fault> FaultLab::chosenFaults() const
     for (int i = 0; i < all.size(); ++i) {
         const Fault& fault = all.at(i);
         const CountedOperation& hit = m_operations.at(fault.at - 1);
-        const bool isSwitch = fault.kind == FaultKind::Kill && hit.operation == Operation::Rename;
+        const bool isSwitch = fault.kind == FaultKind::Kill
+            && (hit.operation == Operation::Rename || hit.operation == Operation::Link);
         const bool isLost = fault.kind == FaultKind::Broken && fault.stays
             && hit.operation == Operation::Read && hit.path.contains(QLatin1String("/Download"))
             && !unreadable.contains(hit.path);
@@ -131,13 +132,15 @@ void FaultLab::addRows(const QVector<Fault>& faults) const
 QString FaultLab::rowName(const Fault& fault) const
 {
     static const QRegularExpression drawn(QStringLiteral("mv-[0-9a-f]{16}"));
+    static const QRegularExpression unnamed(QStringLiteral("#[0-9]+ \\(deleted\\)"));
     const CountedOperation& operation = m_operations.at(fault.at - 1);
     return QStringLiteral("%1: %2 %3")
         .arg(fault.text(),
              QString::fromLatin1(operationNames[static_cast<std::size_t>(operation.operation)]),
              QDir(m_scenario.world())
                  .relativeFilePath(operation.path)
-                 .replace(drawn, QStringLiteral("mv-*")));
+                 .replace(drawn, QStringLiteral("mv-*"))
+                 .replace(unnamed, QStringLiteral("UNNAMED")));
 }
 
 QString FaultLab::troubleWith(const Fault& fault)

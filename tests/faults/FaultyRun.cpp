@@ -60,9 +60,7 @@ FaultyOutcome FaultyRun::start(const QString& program, const QStringList& argume
     set("MV_FAULT_REPORT", m_reportFile);
     set("MV_FAULT_AT", QString::number(fault.at));
     set("MV_FAULT_KIND", QString::fromLatin1(faultNames[static_cast<std::size_t>(fault.kind)]));
-    // The power never fails here, so waiting for the disk is unnecessary.
-    const QString without = QStringLiteral("flush");
-    set("MV_FAULT_WITHOUT", m_withoutExchange ? without + QStringLiteral(",exchange") : without);
+    set("MV_FAULT_WITHOUT", m_lacking.join(QLatin1Char(',')));
     if (fault.stays)
         set("MV_FAULT_STAYS", QStringLiteral("1"));
     if (traced)

@@ -32,8 +32,8 @@ public:
     /// Counts operations below `world`; reports are written to `reportFile`, which is elsewhere.
     FaultyRun(const QString& world, const QString& reportFile);
 
-    /// Makes the file system refuse to exchange two names from now on.
-    void setWithoutExchange() { m_withoutExchange = true; }
+    /// Makes the system lack a feature from now on, named as in injector/FaultPlan.h.
+    void setWithout(const QString& feature) { m_lacking.append(feature); }
     /// Sets additional libraries to preload.
     void setPreloads(const QStringList& libraries) { m_preloads = libraries; }
 
@@ -51,5 +51,6 @@ private:
     QString m_world;
     QString m_reportFile;
     QStringList m_preloads;
-    bool m_withoutExchange = false;
+    // The power never fails here, so waiting for the disk is unnecessary.
+    QStringList m_lacking{QStringLiteral("flush")};
 };

@@ -56,8 +56,11 @@ EFailureCause MvresScenario::causeToTell(const Fault& fault, const CountedOperat
     });
     const bool brings = hit.operation == Operation::CreateFile || hit.operation == Operation::Write
         || hit.operation == Operation::Rename
-        // A download is read for inspection before it is renamed.
-        || (hit.operation == Operation::Read && hit.path.endsWith(QLatin1String(".part")))
+        || hit.operation == Operation::Link
+        // A download is read for inspection before it gets its name.
+        || (hit.operation == Operation::Read
+            && (hit.path.endsWith(QLatin1String(".part"))
+                || hit.path.endsWith(QLatin1String(" (deleted)"))))
         // The cause of a missing folder is reported only if it persists and can be queried, as
         // with a full disk; if every access fails, reading fails first.
         || (hit.operation == Operation::MakeFolder && fault.stays

@@ -147,6 +147,8 @@ Acts openingActs()
         {"mkstemp", [=] { return opened(::mkstemp(in("XXXXXX").data())); }},
         {"mkstemp64", [=] { return opened(::mkstemp64(in("XXXXXX").data())); }},
         {"mkostemp", [=] { return opened(::mkostemp(in("XXXXXX").data(), O_CLOEXEC)); }},
+        {"unnamed",
+         [=] { return opened(::open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, readable)); }},
         {"opendir",
          [] {
              DIR* const entries = ::opendir(in("full").c_str());
@@ -233,6 +235,14 @@ Acts nameActs()
         {"link", [=] { return done(::link(from().c_str(), to().c_str())); }},
         {"linkat",
          [=] { return done(::linkat(AT_FDCWD, from().c_str(), AT_FDCWD, to().c_str(), 0)); }},
+        {"emptypath",
+         [=] { return done(::linkat(openFile(), "", AT_FDCWD, to().c_str(), AT_EMPTY_PATH)); }},
+        {"procpath",
+         [=] {
+             const std::string file = "/proc/self/fd/" + std::to_string(openFile());
+             return done(
+                 ::linkat(AT_FDCWD, file.c_str(), AT_FDCWD, to().c_str(), AT_SYMLINK_FOLLOW));
+         }},
         {"symlink", [=] { return done(::symlink("file", to().c_str())); }},
         {"symlinkat", [=] { return done(::symlinkat("file", AT_FDCWD, to().c_str())); }},
         {"unlink", [=] { return done(::unlink(from().c_str())); }},

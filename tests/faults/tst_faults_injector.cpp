@@ -43,7 +43,8 @@ private slots:
     void laterOperationsFailAsWell();
     void lastingFaultsShow_data();
     void lastingFaultsShow();
-    void exchangeCanBeMissing();
+    void featureCanBeMissing_data();
+    void featureCanBeMissing();
 
 private:
     FaultyOutcome run(const QString& function, const Fault& fault = {}) const
@@ -79,6 +80,7 @@ void TestFaultsInjector::everyFunctionIsCounted_data()
     rows("open", "/file", {"open", "open64", "openat", "fopen64", "relative"});
     rows("create", "/new", {"openat64", "creat", "creat64", "fopen"});
     rows("create", "/XXXXXX", {"mkstemp", "mkstemp64", "mkostemp"});
+    rows("create", "", {"unnamed"});
     rows("openfolder", "/full", {"opendir", "openfolder"});
     rows("read", "/file", {"read", "pread", "pread64", "fread"});
     rows("write", "/file", {"write", "pwrite", "pwrite64", "writev", "fwrite"});
@@ -89,7 +91,7 @@ void TestFaultsInjector::everyFunctionIsCounted_data()
     rows("resize", "/file", {"ftruncate", "ftruncate64", "truncate", "truncate64"});
     rows("rename", "/new", {"rename", "renameat", "renameat2"});
     rows("rename", "/full", {"exchange"});
-    rows("link", "/new", {"link", "linkat", "symlink", "symlinkat"});
+    rows("link", "/new", {"link", "linkat", "symlink", "symlinkat", "emptypath", "procpath"});
     rows("remove", "/file", {"unlink", "unlinkat", "remove"});
     rows("makefolder", "/new", {"mkdir", "mkdirat"});
     rows("removefolder", "/empty", {"rmdir"});
@@ -257,13 +259,25 @@ void TestFaultsInjector::lastingFaultsShow()
     QCOMPARE(run(text(QTest::currentDataTag())).status, 0);
 }
 
-void TestFaultsInjector::exchangeCanBeMissing()
+void TestFaultsInjector::featureCanBeMissing_data()
 {
-    QCOMPARE(run(text("exchange")).status, 0);
+    QTest::addColumn<int>("error");
+    QTest::newRow("exchange") << EINVAL;
+    QTest::newRow("unnamed") << EOPNOTSUPP;
+    QTest::newRow("emptypath") << ENOENT;
+    QTest::newRow("procpath") << ENOENT;
+}
+
+void TestFaultsInjector::featureCanBeMissing()
+{
+    QFETCH(int, error);
+    const QString feature = text(QTest::currentDataTag());
+    QCOMPARE(run(feature).status, 0);
+    init();
     FaultyRun without = m_runner;
-    without.setWithoutExchange();
-    QCOMPARE(without.run(QStringLiteral(FAULT_PROBE), {text("exchange"), m_world}, {}).status,
-             EINVAL);
+    without.setWithout(feature);
+    const FaultyOutcome outcome = without.trace(QStringLiteral(FAULT_PROBE), {feature, m_world});
+    QCOMPARE(outcome.status, error);
 }
 
 MV_TEST_MAIN(TestFaultsInjector)

@@ -3,6 +3,7 @@
 
 #include "Download.h"
 #include "host/HostSettings.h"
+#include "NamedParts.h"
 #include "support/UnusualFiles.h"
 
 #include <QDir>
@@ -35,13 +36,14 @@ void sendHalf(HttpExchange& exchange)
     exchange.stall();
 }
 
-/// A separate process that is downloading into a folder.
+/// A separate process that is downloading into a folder, where its file has a temporary name.
 class Child
 {
 public:
     Child(const QString& url, const Download& into)
         : m_folder(into.folder())
     {
+        m_process.setProcessEnvironment(withNamedParts());
         m_process.start(QCoreApplication::applicationFilePath(),
                         {QString::fromLatin1(childArgument), url, into.target()});
     }

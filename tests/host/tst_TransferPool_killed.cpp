@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The mvresource contributors
 // SPDX-License-Identifier: MIT
 
+#include "NamedParts.h"
 #include "PoolRun.h"
 
 #include <QProcess>
@@ -39,7 +40,8 @@ QStringList halves(const PoolRun& run)
 
 } // namespace
 
-/// Tests what a process leaves that is killed while transfers run side by side.
+/// Tests what a process leaves that is killed while transfers run side by side into files with
+/// temporary names.
 class TestTransferPoolKilled : public QObject
 {
     Q_OBJECT
@@ -62,6 +64,7 @@ void TestTransferPoolKilled::killLeavesPartsThatALaterPoolRemoves()
     PoolRun run(number);
     CatalogueFiles::write(run.path(QStringLiteral("f1")), "older");
     QProcess child;
+    child.setProcessEnvironment(withNamedParts());
     child.start(QCoreApplication::applicationFilePath(),
                 {QString::fromLatin1(childArgument), url, run.folder().folder()});
     QVERIFY(QTest::qWaitFor([&] { return halves(run).size() == number; }, 30000));
@@ -96,6 +99,7 @@ void TestTransferPoolKilled::partsOfALivingPoolAreLeftAlone()
     });
     PoolRun run(number);
     QProcess child;
+    child.setProcessEnvironment(withNamedParts());
     child.start(QCoreApplication::applicationFilePath(),
                 {QString::fromLatin1(childArgument), server.url(QStringLiteral("/file")),
                  run.folder().folder()});

@@ -28,6 +28,9 @@ bool isLasting = false;
 bool isTraced = false;
 bool canExchange = true;
 bool canFlush = true;
+bool canBeUnnamed = true;
+bool canLinkEmptyPath = true;
+bool canLinkProcPath = true;
 
 std::atomic<long> counter{0};
 std::atomic<bool> hasFailed{false};
@@ -57,6 +60,9 @@ FaultKind kindNamed(const char* name)
     if (const char* const lacking = std::getenv("MV_FAULT_WITHOUT")) {
         canExchange = std::strstr(lacking, "exchange") == nullptr;
         canFlush = std::strstr(lacking, "flush") == nullptr;
+        canBeUnnamed = std::strstr(lacking, "unnamed") == nullptr;
+        canLinkEmptyPath = std::strstr(lacking, "emptypath") == nullptr;
+        canLinkProcPath = std::strstr(lacking, "procpath") == nullptr;
     }
     copyVariable("MV_FAULT_REPORT", reportFile);
     copyVariable("MV_FAULT_BELOW", below); // last, since counting starts here
@@ -137,6 +143,21 @@ bool hasExchange()
 bool hasFlush()
 {
     return canFlush;
+}
+
+bool hasUnnamed()
+{
+    return canBeUnnamed;
+}
+
+bool hasEmptyPath()
+{
+    return canLinkEmptyPath;
+}
+
+bool hasProcPath()
+{
+    return canLinkProcPath;
 }
 
 } // namespace FaultPlan

@@ -16,8 +16,9 @@
 ///     MV_FAULT_REPORT  file, not below the folder, to which a line is appended when an operation
 ///                      fails: "! NUMBER OPERATION PATH"
 ///     MV_FAULT_TRACE   if set: a line "NUMBER OPERATION PATH" for every operation
-///     MV_FAULT_WITHOUT features the file system lacks, comma-separated: "exchange", exchanging
-///                      two names; "flush", waiting for the disk, so that runs are fast
+///     MV_FAULT_WITHOUT features the system lacks, comma-separated: "exchange", exchanging two
+///                      names; "flush", waiting for the disk, so that runs are fast; "unnamed",
+///                      files without a name; "emptypath" and "procpath", the two ways to name them
 ///
 /// Callable on any thread. Allocates nothing and calls nothing that could be interposed.
 namespace FaultPlan {
@@ -58,5 +59,8 @@ bool stays(FaultKind kind);
 
 bool hasExchange();
 bool hasFlush();
+bool hasUnnamed();
+bool hasEmptyPath();
+bool hasProcPath();
 
 } // namespace FaultPlan

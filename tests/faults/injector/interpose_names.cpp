@@ -8,6 +8,7 @@
 #include "WatchedFiles.h"
 
 #include <cstdio>
+#include <cstring>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -58,8 +59,21 @@ int folderMade(int folder, const char* name, mode_t mode)
     return static_cast<int>(::syscall(SYS_mkdirat, folder, name, mode));
 }
 
+/// Returns why an open file cannot be linked by its number; 0 if it can.
+int obstacleToNaming(const char* from, int flags)
+{
+    if ((flags & AT_EMPTY_PATH) != 0 && !FaultPlan::hasEmptyPath())
+        return ENOENT; // as for users without rights, before Linux 6.10
+    const bool isOfProc = std::strncmp(from, "/proc/", std::strlen("/proc/")) == 0;
+    return isOfProc && !FaultPlan::hasProcPath() ? ENOENT : 0;
+}
+
 int linked(int fromFolder, const char* from, int toFolder, const char* to, int flags)
 {
+    if (const int obstacle = obstacleToNaming(from, flags)) {
+        errno = obstacle;
+        return -1;
+    }
     const PlainPath path(toFolder, to);
     if (!path.exists() && fails(Operation::Link, path))
         return -1;

@@ -23,9 +23,15 @@ bool exists(int folder, const char* name)
     return found;
 }
 
+/// The name is that of its folder then.
+bool isUnnamed(int flags)
+{
+    return (flags & O_TMPFILE) == O_TMPFILE;
+}
+
 Operation operationOf(int folder, const char* name, int flags)
 {
-    if ((flags & O_TMPFILE) == O_TMPFILE)
+    if (isUnnamed(flags))
         return Operation::CreateFile;
     if ((flags & O_DIRECTORY) != 0)
         return Operation::OpenFolder;
@@ -35,8 +41,12 @@ Operation operationOf(int folder, const char* name, int flags)
 
 int openAt(int folder, const char* name, int flags, mode_t mode)
 {
+    if (isUnnamed(flags) && !FaultPlan::hasUnnamed()) {
+        errno = EOPNOTSUPP;
+        return -1;
+    }
     const PlainPath path(folder, name);
-    const bool watched = path.isWatched();
+    const bool watched = isUnnamed(flags) ? path.isOnWatchedDisk() : path.isWatched();
     if (watched
         && FaultPlan::next(operationOf(folder, name, flags), path.text())
             == FaultPlan::Verdict::Fail)
@@ -49,7 +59,7 @@ int openAt(int folder, const char* name, int flags, mode_t mode)
 
 int openWith(int folder, const char* name, int flags, va_list& arguments)
 {
-    const bool hasMode = (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE;
+    const bool hasMode = (flags & O_CREAT) != 0 || isUnnamed(flags);
     return openAt(folder, name, flags, hasMode ? va_arg(arguments, mode_t) : 0);
 }
 
