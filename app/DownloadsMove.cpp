@@ -33,6 +33,12 @@ QString downloadsInUse()
         MVThemeMgr::init()->Path_resource_RootDir(MVThemeMgr::eLoadDir_Download));
 }
 
+/// Returns the path of a file below that folder.
+QString nameOf(const QString& path)
+{
+    return QDir(downloadsInUse()).relativeFilePath(path);
+}
+
 /// Returns the same folder of any download root.
 QString downloadsOf(const QString& root)
 {
@@ -70,8 +76,11 @@ DownloadsMove::DownloadsMove(const QString& from, const QString& to)
     : m_root(QDir::cleanPath(to))
     , m_from(downloadsOf(from))
     , m_to(downloadsOf(to))
-    , m_lockName(QDir(downloadsInUse()).relativeFilePath(ResourceStorage::lockFile()))
+    , m_lockName(nameOf(ResourceStorage::lockFile()))
 {
+    const QStringList growing = ResourceStorage::growingFiles();
+    for (const QString& path : growing)
+        m_growing.append(nameOf(path));
 }
 
 DownloadsMove::~DownloadsMove() = default;
@@ -204,7 +213,7 @@ DownloadsMove::Step DownloadsMove::bringFile(const File& file, const CancelToken
     }
     if (!makeFolder(QFileInfo(target).path()))
         return fail(tr("%1 cannot be created").arg(QFileInfo(target).path()));
-    if (link(source, target)) {
+    if (link(file.name)) {
         m_brought.append(file.name);
         m_doneBytes += file.sizeBytes;
         return Step::Done;
@@ -216,11 +225,15 @@ DownloadsMove::Step DownloadsMove::bringFile(const File& file, const CancelToken
     return verify(source, target, tr("The copy is damaged: %1").arg(target), cancel);
 }
 
-bool DownloadsMove::link(const QString& source, const QString& target)
+bool DownloadsMove::link(const QString& name)
 {
+    if (m_growing.contains(name))
+        return false;
     std::error_code error;
-    if (m_canLink)
-        std::filesystem::create_hard_link(native(source), native(target), error);
+    if (m_canLink) {
+        std::filesystem::create_hard_link(native(m_from + QLatin1Char('/') + name),
+                                          native(m_to + QLatin1Char('/') + name), error);
+    }
     m_canLink = m_canLink && !error;
     return m_canLink;
 }
@@ -229,9 +242,11 @@ DownloadsMove::Step DownloadsMove::copy(const QString& source, const QString& ta
                                         const CancelToken& cancel, const Progress& progress)
 {
     const qint64 free = DownloadFolder::freeBytes(m_to);
-    if (free >= 0 && free < m_totalBytes - m_doneBytes)
+    // Links take no space.
+    const qint64 needed = m_canLink ? QFileInfo(source).size() : m_totalBytes - m_doneBytes;
+    if (free >= 0 && free < needed)
         return fail(tr("There is not enough space: %1 are needed, %2 are free")
-                        .arg(StateText::size(m_totalBytes - m_doneBytes), StateText::size(free)));
+                        .arg(StateText::size(needed), StateText::size(free)));
     QFile from(source);
     QSaveFile to(target);
     if (!from.open(QIODevice::ReadOnly))

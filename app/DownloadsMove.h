@@ -28,7 +28,8 @@ class FileLock;
 ///         move.takeBack();
 ///
 /// Only the folder of a root that holds downloads is moved: what else is in the root stays, and
-/// links stay. On one file system the files are linked, otherwise copied and compared. A kill
+/// links stay. On one file system files are linked, unless they grow in place; otherwise they are
+/// copied and compared. A kill
 /// leaves the originals complete, or the new root; a new move between the same folders resumes a
 /// killed one, even if originals have changed since.
 ///
@@ -87,7 +88,7 @@ private:
     bool startJournal();
     Step bringAll(const CancelToken& cancel, const Progress& progress);
     Step bringFile(const File& file, const CancelToken& cancel, const Progress& progress);
-    bool link(const QString& source, const QString& target);
+    bool link(const QString& name);
     Step copy(const QString& source, const QString& target, const CancelToken& cancel,
               const Progress& progress);
     Step verify(const QString& source, const QString& target, const QString& textIfDifferent,
@@ -99,6 +100,7 @@ private:
     QString m_from;        // the folder of downloads in the old root
     QString m_to;          // and in the new one
     QString m_lockName;    // of the lock file, below the folder of downloads
+    QStringList m_growing; // names of files that must not be linked
     QVector<File> m_files; // those to be moved
     QStringList m_brought; // names of those that bring() has created
     QStringList m_created; // folders that bring() has created, outer ones first

@@ -351,6 +351,11 @@ QString ResourceStorage::lockFile()
     return RootPlaces::updatesLock();
 }
 
+QStringList ResourceStorage::growingFiles()
+{
+    return {FileLedger::path()};
+}
+
 qint64 ResourceStorage::clean() const
 {
     qint64 bytes = 0;

@@ -83,6 +83,9 @@ public:
     /// Returns the file that updates of all processes lock while they work on the download root. A
     /// host that moves or deletes files of the root itself locks it, too, see FileLock.
     static QString lockFile();
+    /// Returns the files of the root whose content grows in place; every other one is replaced by a
+    /// new file. A host that copies the root must not link these: both names would change.
+    static QStringList growingFiles();
 
     /// Deletes the leftovers, what removals and interrupted updates have left, and the empty
     /// folders of all of them. Returns the number of bytes that were freed.

@@ -26,6 +26,7 @@ private slots:
     void equalFilesAreKept();
     void changedOriginalsReplaceTheirCopies();
     void moveFromAnotherFolderIsNotResumed();
+    void ledgerThatHasGrownIsNoObstacle();
     void changedCopyIsNotReplaced();
     void cancelledMoveCanStillBeResumed();
     void copyOfAnUnreadableOriginalIsKept();
@@ -40,6 +41,7 @@ private:
     QString journal() const { return to() + QStringLiteral("/Themes/") + MoveJournal::fileName(); }
     Files filesOf(const QString& root) const;
     void change(const QByteArray& content);
+    void kill(const QString& last) const;
     void kill() const;
 
     std::unique_ptr<QTemporaryDir> m_folder;
@@ -52,6 +54,7 @@ using End = DownloadsMove::End;
 
 const DownloadsMove::Progress noProgress = [](qint64, qint64) {};
 const QString catalogue = QStringLiteral("Themes/ResourceConfig/Themes.xml");
+const QString ledger = QStringLiteral("Themes/ResourceConfig/ledger.txt");
 
 struct Killed
 {
@@ -71,6 +74,7 @@ void tst_DownloadsMove_killed::init()
     m_folder = std::make_unique<QTemporaryDir>();
     m_files = {{QStringLiteral("Themes/config/Themes/a.xml"), "a"},
                {QStringLiteral("Themes/config/Themes/100% ä.zip"), "PK"},
+               {ledger, "first\n"},
                {catalogue, "<first/>"}};
     for (auto it = m_files.cbegin(); it != m_files.cend(); ++it)
         CatalogueFiles::write(from() + QLatin1Char('/') + it.key(), it.value());
@@ -94,12 +98,17 @@ void tst_DownloadsMove_killed::change(const QByteArray& content)
     replace(from() + QLatin1Char('/') + catalogue, content);
 }
 
-/// Ends a move as soon as the catalogue has been brought, and leaves everything as it is then.
 void tst_DownloadsMove_killed::kill() const
 {
+    kill(catalogue);
+}
+
+/// Ends a move as soon as that file has been brought, and leaves everything as it is then.
+void tst_DownloadsMove_killed::kill(const QString& last) const
+{
     try {
-        DownloadsMove(from(), to()).bring(CancelToken(), [this](qint64, qint64) {
-            if (filesOf(to()).value(catalogue) == m_files.value(catalogue))
+        DownloadsMove(from(), to()).bring(CancelToken(), [&](qint64, qint64) {
+            if (filesOf(to()).value(last) == m_files.value(last))
                 throw Killed();
         });
         QFAIL("the move was not killed");
@@ -151,6 +160,23 @@ void tst_DownloadsMove_killed::moveFromAnotherFolderIsNotResumed()
     QVERIFY2(move.errorText().contains(catalogue), qPrintable(move.errorText()));
     QCOMPARE(filesOf(to()), brought);
     QCOMPARE(filesOf(other), (Files{{catalogue, "other"}}));
+}
+
+/// Downloads append to it, and cleaning replaces it.
+void tst_DownloadsMove_killed::ledgerThatHasGrownIsNoObstacle()
+{
+    kill(ledger);
+    QFile grown(from() + QLatin1Char('/') + ledger);
+    QVERIFY(grown.open(QIODevice::Append));
+    grown.write("second\n");
+    grown.close();
+    QCOMPARE(filesOf(to()).value(ledger), QByteArray("first\n"));
+    m_files[ledger] = "second\n";
+    replace(grown.fileName(), m_files.value(ledger));
+    DownloadsMove move(from(), to());
+    QVERIFY2(move.bring(CancelToken(), noProgress) == End::Complete, qPrintable(move.errorText()));
+    QCOMPARE(move.removeOriginals(), 0);
+    QCOMPARE(filesOf(to()), m_files);
 }
 
 /// Another program may have used the new folder since.
