@@ -56,11 +56,7 @@ bool ListFiles::isOnDisk(const QString& guid) const
 qint64 ListFiles::bytesOf(const QString& guid) const
 {
     const SItemFacts* const facts = stateOf(*m_states, m_kind, guid);
-    if (!facts)
-        return 0;
-    // An update replaces outdated files, so its bytes do not count in addition.
-    const SItemState& state = facts->state;
-    return state.m_nBytesOnDisk + (state.m_eState == eFile_Missing ? state.m_nBytesToFetch : 0);
+    return facts ? facts->state.m_nBytes : 0;
 }
 
 bool ListFiles::isLooking() const

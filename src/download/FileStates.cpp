@@ -124,6 +124,7 @@ SItemState FileStates::of(SCfg_Item& item) const
     SItemState state;
     state.m_nNeeded = forEach(item, [&](const ItemFiles::Entry& entry, EFileState fileState) {
         state.m_nBytesOnDisk += entry.sizeBytes;
+        state.m_nBytes += entry.sizeBytes;
         if (fileState != eFile_Missing || isNeeded(entry))
             state.m_eState = worse(state.m_eState, fileState);
         if (fileState == eFile_Current || fileState == eFile_Unlisted)
@@ -131,6 +132,8 @@ SItemState FileStates::of(SCfg_Item& item) const
         const SPublishedContent published = publishedOf(entry);
         ++state.m_nToFetch;
         state.m_nBytesToFetch += published.m_sizeBytes;
+        if (fileState == eFile_Missing)
+            state.m_nBytes += published.m_sizeBytes;
         const bool isUnread = entry.role == ItemFiles::Role::Config && fileState == eFile_Missing
             && entry.item->m_eType == eCfgItem_Theme;
         state.m_bBytesKnown = state.m_bBytesKnown && published.isKnown() && !isUnread;

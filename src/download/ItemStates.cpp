@@ -36,7 +36,8 @@ bool isSame(const SItemState& left, const SItemState& right)
 {
     return left.m_eState == right.m_eState && left.m_nToFetch == right.m_nToFetch
         && left.m_nBytesToFetch == right.m_nBytesToFetch
-        && left.m_bBytesKnown == right.m_bBytesKnown && left.m_nBytesOnDisk == right.m_nBytesOnDisk;
+        && left.m_bBytesKnown == right.m_bBytesKnown && left.m_nBytesOnDisk == right.m_nBytesOnDisk
+        && left.m_nBytes == right.m_nBytes;
 }
 
 } // namespace

@@ -29,6 +29,9 @@ struct MVRESOURCE_EXPORT SItemState
     /// The number of different files that must be fetched before the item can be used, as
     /// ItemFiles::countNeeded() counts them.
     int m_nNeeded = 0;
+    /// The size of all its files, each counted once: as it is on disk, or as the release names it
+    /// if it is missing.
+    qint64 m_nBytes = 0;
 };
 
 /// Prints the state for log output and test failures.

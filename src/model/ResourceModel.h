@@ -99,7 +99,7 @@ public:
         OutdatedRole,     ///< outdated: bool, whether update() changes files that are on disk
         BytesToFetchRole, ///< bytesToFetch: qint64, of fetch() or update(), as far as is known
         BytesKnownRole,   ///< bytesKnown: bool, whether bytesToFetch is all
-        SizeRole,         ///< size: qint64, bytes on disk and to be fetched; -1 until examined
+        SizeRole,         ///< size: qint64, see SItemState::m_nBytes; -1 until examined
         BusyRole,         ///< busy: bool, whether it is Downloading, Updating or Removing
         ProgressRole,     ///< progress: int, 0 to 100, of a download or update
         ErrorTextRole,    ///< errorText: QString, a phrase in the application's language why the

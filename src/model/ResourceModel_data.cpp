@@ -41,8 +41,7 @@ bool isOutdated(const SItemFacts* facts)
 
 qint64 sizeOf(const SItemFacts* facts)
 {
-    return facts && facts->hasState ? facts->state.m_nBytesOnDisk + facts->state.m_nBytesToFetch
-                                    : -1;
+    return facts && facts->hasState ? facts->state.m_nBytes : -1;
 }
 
 } // namespace
