@@ -15,15 +15,17 @@ QString MessageBar::shownMessage() const
 /// A message hides all widgets except the permanent ones, which are at the end.
 QRect MessageBar::messageRoom() const
 {
-    constexpr int margin = 6; // as in Qt
+    constexpr int margin = 6;                         // as in Qt
+    const auto inOrder = [this](const QRect& place) { // as if the layout went from left to right
+        return QStyle::visualRect(layoutDirection(), rect(), place);
+    };
     int end = width();
     const QList<QWidget*> parts = findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
     for (const QWidget* part : parts) {
         if (part->isVisible())
-            end = qMin(end, part->x());
+            end = qMin(end, inOrder(part->geometry()).left());
     }
-    const QRect room(margin, 0, end - 2 * margin, height());
-    return QStyle::visualRect(layoutDirection(), rect(), room);
+    return inOrder(QRect(margin, 0, end - 2 * margin, height()));
 }
 
 void MessageBar::paintEvent(QPaintEvent* event)
