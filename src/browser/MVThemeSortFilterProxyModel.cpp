@@ -20,6 +20,44 @@ MVThemeSortFilterProxyModel::MVThemeSortFilterProxyModel(QObject* parent)
 
 MVThemeSortFilterProxyModel::~MVThemeSortFilterProxyModel() = default;
 
+void MVThemeSortFilterProxyModel::setSourceModel(QAbstractItemModel* source)
+{
+    if (m_pOrder)
+        m_pOrder->noteAllChanged();
+    m_pFollower = std::make_unique<QObject>();
+    if (source)
+        followRows(*source); // before the base class, which then compares the rows
+    QSortFilterProxyModel::setSourceModel(source);
+}
+
+void MVThemeSortFilterProxyModel::followRows(const QAbstractItemModel& source)
+{
+    using Model = QAbstractItemModel;
+    const QObject* const follower = m_pFollower.get();
+    connect(&source, &Model::dataChanged, follower,
+            [this](const QModelIndex& first, const QModelIndex& last) {
+                if (m_pOrder)
+                    m_pOrder->noteChanged(first.row(), last.row());
+            });
+    connect(&source, &Model::rowsInserted, follower,
+            [this](const QModelIndex&, int first, int last) {
+                if (m_pOrder)
+                    m_pOrder->noteInserted(first, last);
+            });
+    connect(&source, &Model::rowsRemoved, follower,
+            [this](const QModelIndex&, int first, int last) {
+                if (m_pOrder)
+                    m_pOrder->noteRemoved(first, last);
+            });
+    const auto forget = [this] {
+        if (m_pOrder)
+            m_pOrder->noteAllChanged();
+    };
+    connect(&source, &Model::rowsMoved, follower, forget);
+    connect(&source, &Model::layoutChanged, follower, forget);
+    connect(&source, &Model::modelReset, follower, forget);
+}
+
 void MVThemeSortFilterProxyModel::setKind(ECfgItemType kind)
 {
     m_eKind = kind;

@@ -53,6 +53,10 @@ public:
     explicit MVThemeSortFilterProxyModel(QObject* parent);
     ~MVThemeSortFilterProxyModel() override;
 
+    /// Sets the model of the rows, whose roles are those of EUIItemRole. The proxy's rows follow
+    /// its changes, in their order, too.
+    void setSourceModel(QAbstractItemModel* source) override;
+
     /// Sets the kind of the rows' items, by which an SListFilter finds them; themes at first.
     void setKind(ECfgItemType kind);
 
@@ -105,6 +109,7 @@ private:
     void followFiles();
     void applyListFilter();
     void sortBy(EListOrder order);
+    void followRows(const QAbstractItemModel& source);
     QBitArray shownRows() const;
     SCfg_Item* itemOf(const QString& guid) const;
     void dropListFilter();
@@ -113,6 +118,7 @@ private:
     ECfgItemType m_eKind = eCfgItem_Theme;
     std::unique_ptr<SListFilter> m_pFilter; // null: namePattern() matches the names
     std::unique_ptr<RowOrder> m_pOrder;     // null: the rows are not sorted
+    std::unique_ptr<QObject> m_pFollower;   // receives the source's signals for m_pOrder
     CatalogueIndex* m_pIndex = nullptr;     // of the catalogue while setFilter() runs
     QBitArray m_shownBefore;                // rows of the source, while the list filter is applied
     std::unique_ptr<ListFiles> m_pFiles;    // null until a filter asks for files

@@ -47,6 +47,22 @@ bool RowOrder::isBefore(const QModelIndex& left, const QModelIndex& right) const
     return left.row() < right.row();
 }
 
+void RowOrder::noteChanged(int first, int last)
+{
+    std::fill(m_keys.begin() + known(first), m_keys.begin() + known(last + 1), Key());
+}
+
+void RowOrder::noteInserted(int first, int last)
+{
+    if (first < static_cast<int>(m_keys.size())) // the others have not been looked at
+        m_keys.insert(m_keys.begin() + first, static_cast<std::size_t>(last - first + 1), Key());
+}
+
+void RowOrder::noteRemoved(int first, int last)
+{
+    m_keys.erase(m_keys.begin() + known(first), m_keys.begin() + known(last + 1));
+}
+
 int RowOrder::compareNames(const Key& left, const Key& right)
 {
     return left.name && right.name ? left.name->compare(*right.name) : 0;

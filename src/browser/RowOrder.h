@@ -9,14 +9,15 @@
 #include <QString>
 #include <QtGlobal>
 
+#include <algorithm>
 #include <functional>
 #include <optional>
 #include <vector>
 
 class QModelIndex;
 
-/// Compares the rows of a resource list by an order. It looks at each row once; create another one
-/// after rows have changed. Internal to the library; GUI thread only.
+/// Compares the rows of a resource list by an order. It looks at each row once, until it is told
+/// that the row has changed. Internal to the library; GUI thread only.
 class RowOrder
 {
 public:
@@ -27,6 +28,13 @@ public:
 
     /// Returns whether the left row must be before the right one.
     bool isBefore(const QModelIndex& left, const QModelIndex& right) const;
+
+    /// Look at these rows again.
+    void noteChanged(int first, int last);
+    void noteAllChanged() { m_keys.clear(); }
+    /// Follow rows that have come or gone.
+    void noteInserted(int first, int last);
+    void noteRemoved(int first, int last);
 
 private:
     struct Key
@@ -40,6 +48,7 @@ private:
 
     static int compareNames(const Key& left, const Key& right);
     void read(const QModelIndex& row) const;
+    int known(int row) const { return std::min(row, static_cast<int>(m_keys.size())); }
 
     EListOrder m_order;
     Sizes m_bytesOf;

@@ -4,6 +4,7 @@
 #include "browser/EUIItemRole.h"
 #include "browser/list/BrowserWorld.h"
 #include "browser/MVThemeSortFilterProxyModel.h"
+#include "browser/SListFilter.h"
 #include "support/TestMain.h"
 
 #include <QAbstractItemModelTester>
@@ -26,6 +27,7 @@ private slots:
     void favouritesAreAskedWhenTheFilterIsApplied();
     void aNewTypeTakesEffectAtOnce();
     void staysConsistentWhileRowsComeAndGo();
+    void orderFollowsTheRows();
 
 private:
     void addRow(const QString& guid, int themeType, const QString& name);
@@ -212,6 +214,34 @@ void tst_MVThemeSortFilterProxyModel::staysConsistentWhileRowsComeAndGo()
     QVERIFY(!shown().contains(QStringLiteral("Sea")));
     m_rows->clear();
     QCOMPARE(m_proxy->rowCount(), 0);
+}
+
+/// Those of a model of the host's own, which nobody sorts again.
+void tst_MVThemeSortFilterProxyModel::orderFollowsTheRows()
+{
+    m_rows->clear();
+    for (const char* name : {"Cave", "Bay", "Dune"})
+        addRow(CatalogueFiles::guid(1), othersType, QString::fromLatin1(name));
+    SListFilter byName;
+    byName.order = EListOrder::Name;
+    m_proxy->setFilter(byName);
+    QCOMPARE(shown(), names("Bay Cave Dune"));
+    m_rows->item(0)->setData(QStringLiteral("Fjord"), UIItemRole_Name);
+    QCOMPARE(shown(), names("Bay Dune Fjord"));
+    addRow(CatalogueFiles::guid(1), othersType, QStringLiteral("Atoll"));
+    m_rows->insertRow(0, m_rows->takeRow(3));
+    QCOMPARE(shown(), names("Atoll Bay Dune Fjord"));
+    m_rows->removeRow(1);
+    m_rows->item(0)->setData(QStringLiteral("Cliff"), UIItemRole_Name);
+    QCOMPARE(shown(), names("Bay Cliff Dune"));
+    m_rows->setSortRole(UIItemRole_Name);
+    m_rows->sort(0, Qt::DescendingOrder);
+    m_rows->item(0)->setData(QStringLiteral("Alp"), UIItemRole_Name);
+    QCOMPARE(shown(), names("Alp Bay Cliff"));
+    m_rows->clear();
+    for (const char* name : {"Plain", "Oasis"})
+        addRow(CatalogueFiles::guid(1), othersType, QString::fromLatin1(name));
+    QCOMPARE(shown(), names("Oasis Plain"));
 }
 
 MV_WIDGET_TEST_MAIN(tst_MVThemeSortFilterProxyModel)
