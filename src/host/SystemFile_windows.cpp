@@ -150,12 +150,32 @@ bool moveAs(const QByteArray& from, const QByteArray& to, DWORD flags)
     return succeed(::MoveFileExW(systemName(from).c_str(), systemName(to).c_str(), flags));
 }
 
-/// Returns whether the last failure may be due to the file's being open elsewhere. Keeps errno.
-bool isHeldFile(const QByteArray& name)
+/// Returns whether the last failure may be due to one of the files' being open elsewhere. Keeps
+/// errno.
+bool mayBeHeld(const QByteArray& from, const QByteArray& to)
 {
-    constexpr DWORD others = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY;
-    const DWORD attributes = ::GetFileAttributesW(systemName(name).c_str());
-    return errno == EACCES && attributes != INVALID_FILE_ATTRIBUTES && (attributes & others) == 0;
+    constexpr DWORD irreplaceable = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY;
+    if (errno != EACCES)
+        return false;
+    const DWORD renamed = ::GetFileAttributesW(systemName(from).c_str());
+    const DWORD replaced = ::GetFileAttributesW(systemName(to).c_str());
+    return renamed != INVALID_FILE_ATTRIBUTES && (renamed & FILE_ATTRIBUTE_DIRECTORY) == 0
+        && (replaced == INVALID_FILE_ATTRIBUTES || (replaced & irreplaceable) == 0);
+}
+
+/// A file that another program reads, if only to look for viruses, can neither get another name nor
+/// be replaced before that has ended, which usually takes milliseconds. A cancel must not wait
+/// longer.
+bool moveWhenFree(const QByteArray& from, const QByteArray& to, DWORD flags)
+{
+    constexpr int attempts = 16;
+    constexpr DWORD pauseMs = 10;
+    for (int attempt = 1; !moveAs(from, to, flags); ++attempt) {
+        if (attempt == attempts || !mayBeHeld(from, to))
+            return false;
+        ::Sleep(pauseMs);
+    }
+    return true;
 }
 
 } // namespace
@@ -393,23 +413,14 @@ bool SystemFile::flushTree(const QByteArray& folder)
     return flushFolder(folder);
 }
 
-/// A file that another program reads, if only to look for viruses, cannot be replaced before that
-/// has ended, which usually takes milliseconds. A cancel must not wait longer.
 bool SystemFile::rename(const QByteArray& from, const QByteArray& to)
 {
-    constexpr int attempts = 16;
-    constexpr DWORD pauseMs = 10;
-    for (int attempt = 1; !moveAs(from, to, MOVEFILE_REPLACE_EXISTING); ++attempt) {
-        if (attempt == attempts || !isHeldFile(to))
-            return false;
-        ::Sleep(pauseMs);
-    }
-    return true;
+    return moveWhenFree(from, to, MOVEFILE_REPLACE_EXISTING);
 }
 
 bool SystemFile::renameToNew(const QByteArray& from, const QByteArray& to)
 {
-    return moveAs(from, to, 0);
+    return moveWhenFree(from, to, 0);
 }
 
 bool SystemFile::exchange(const QByteArray&, const QByteArray&)

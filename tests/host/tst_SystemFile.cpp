@@ -41,6 +41,8 @@ private slots:
     void renameToNewKeepsAnExistingFile();
     void renameReplaces();
     void fileThatIsReadForAMomentIsReplaced();
+    void fileThatIsReadForAMomentGetsItsName_data();
+    void fileThatIsReadForAMomentGetsItsName();
     void folderIsNotReplaced();
     void openFileCanBeRenamedAndRemoved();
     void readNextContinues();
@@ -230,6 +232,34 @@ void tst_SystemFile::fileThatIsReadForAMomentIsReplaced()
     }
     QVERIFY(isReplaced);
     QCOMPARE(read("file"), QByteArray("new"));
+}
+
+void tst_SystemFile::fileThatIsReadForAMomentGetsItsName_data()
+{
+    QTest::addColumn<bool>("isNew");
+    QTest::newRow("a new one") << true;
+    QTest::newRow("any") << false;
+}
+
+/// Windows renames no file that others have open without sharing that.
+void tst_SystemFile::fileThatIsReadForAMomentGetsItsName()
+{
+    QFETCH(bool, isNew);
+    bool isRenamed = false;
+    for (int attempt = 0; attempt < 5 && !isRenamed; ++attempt) { // on a busy machine
+        write("part", "new");
+        QFile reader(SystemFile::decodedName(path("part")));
+        QVERIFY(reader.open(QIODevice::ReadOnly));
+        std::thread closer([&reader] {
+            std::this_thread::sleep_for(std::chrono::milliseconds(30));
+            reader.close();
+        });
+        isRenamed = isNew ? SystemFile::renameToNew(path("part"), path("first"))
+                          : SystemFile::rename(path("part"), path("first"));
+        closer.join();
+    }
+    QVERIFY(isRenamed);
+    QCOMPARE(read("first"), QByteArray("new"));
 }
 
 /// A read-only file or a folder is refused at once.
