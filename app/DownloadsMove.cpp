@@ -297,6 +297,11 @@ DownloadsMove::Step DownloadsMove::fail(const QString& error)
 
 int DownloadsMove::removeOriginals()
 {
+    // A kill leaves some of them, which a move back to here may replace.
+    MoveJournal remains(m_from, placeOf(m_to));
+    for (const File& file : std::as_const(m_files))
+        remains.note(file.name, file.sizeBytes, file.modified);
+    remains.store();     // without it, a move back refuses what is not the same
     m_journal->remove(); // the moved files are now the originals
     int left = 0;
     for (const File& file : std::as_const(m_files)) {
@@ -306,8 +311,7 @@ int DownloadsMove::removeOriginals()
             ++left;
     }
     m_lock.reset();
-    QFile::remove(m_from + QLatin1Char('/')
-                  + MoveJournal::fileName()); // of an earlier move to here
+    remains.remove();
     removeEmptyFolders(m_from);
     return left;
 }
