@@ -16,9 +16,11 @@
 #include <QFile>
 #include <QPixmap>
 #include <QScreen>
+#include <QScrollBar>
 
 #include <chrono>
 #include <cstdio>
+#include <utility>
 
 namespace {
 
@@ -184,6 +186,9 @@ bool ScriptRun::wheeled(int steps)
 bool ScriptRun::revealed(const QString& name)
 {
     m_missing = QStringLiteral("the cell does not come into view");
+    const int scrolled = m_window.tabs()->currentList()->view()->verticalScrollBar()->value();
+    if (std::exchange(m_lastScrolled, scrolled) != scrolled)
+        m_stepTime.start(); // it is on its way, however long that is and however slow the machine
     const int place = m_targets.place(name);
     if (place != 0)
         wheeled(-place);

@@ -21,7 +21,7 @@ class MainWindow;
 
 /// Runs a script's steps on the window, with the mouse and the keyboard of the X display, prints
 /// each step, and closes the window after the last step or the first failure. A step waits up to 30
-/// seconds until it can be performed.
+/// seconds until it can be performed; "reveal" as long as the list scrolls, and 30 seconds more.
 ///
 ///     hover TARGET, click TARGET     see ScriptTargets
 ///     reveal NAME                    turns the wheel over the list until the cell is visible
@@ -84,7 +84,8 @@ private:
     QHash<QString, Perform> m_verbs; // of the program
     QTimer m_timer;
     QElapsedTimer m_stepTime;
-    QPoint m_lastPoint; // position of the current step's target when last checked
+    QPoint m_lastPoint;     // position of the current step's target when last checked
+    int m_lastScrolled = 0; // position of the list when last revealed
     int m_next = 0;
     bool m_isHopeless = false; // the current step
     bool m_failed = false;
