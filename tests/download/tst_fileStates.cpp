@@ -32,6 +32,7 @@ private slots:
     void unlistedFile();
     void nothingIsListedWithoutAReleasePolicy();
     void ledgerSavesReading();
+    void longLedgerSavesReading();
     void unusableLedgerMeansReadingAgain_data();
     void unusableLedgerMeansReadingAgain();
     void forgedLedgerIsNotBelievedByAVerification();
@@ -189,6 +190,24 @@ void tst_fileStates::ledgerSavesReading()
     QCOMPARE(read, qint64(0));
     const SItemState state = FileStates(FileStates::Depth::Deep, count).of(filter());
     QCOMPARE(read, state.m_nBytesOnDisk);
+}
+
+/// That of a large shop has megabytes.
+void tst_fileStates::longLedgerSavesReading()
+{
+    QVERIFY(StorageWorld::fetch({&filter()}));
+    const QByteArray genuine = CatalogueFiles::read(ledger());
+    const QByteArray other = QByteArray(64, '0') + "\t1\t1\tThemes/config/Themes/none.zip\n";
+    QVERIFY(QFile::remove(ledger()));
+    FileStates(FileStates::Depth::Quick, [](qint64) { return false; }).of(filter()); // forgets it
+    CatalogueFiles::write(ledger(), other.repeated(40000) + genuine);
+    qint64 read = 0;
+    const auto count = [&](qint64 bytesRead) {
+        read += bytesRead;
+        return true;
+    };
+    QCOMPARE(FileStates(FileStates::Depth::Quick, count).of(filter()).m_eState, eFile_Current);
+    QCOMPARE(read, qint64(0));
 }
 
 void tst_fileStates::unusableLedgerMeansReadingAgain_data()
