@@ -3,6 +3,8 @@
 
 #include "download/ItemStates.h"
 
+#include "catalogue/CatalogueUse.h"
+#include "catalogue/MVThemeMgr.h"
 #include "download/ResourceEvents.h"
 #include "download/StorageWorld.h"
 #include "support/TestMain.h"
@@ -20,6 +22,7 @@ class tst_ItemStates : public QObject
 private slots:
     void init() { m_world.freshStorage(); }
     void fileThatChangesDuringTheFirstScanIsLookedAtAgain();
+    void refusedLoadDoesNotEndTheScan();
 
 private:
     bool hasBeenRead(const char* name) const;
@@ -55,6 +58,20 @@ void tst_ItemStates::fileThatChangesDuringTheFirstScanIsLookedAtAgain()
     QTRY_VERIFY(!states.isExamining(eCfgItem_Filter));
     QVERIFY(states.find(key));
     QCOMPARE(states.find(key)->state.m_eState, eFile_Damaged);
+    states.unwatch(eCfgItem_Filter);
+}
+
+/// It only interrupts it, and nothing has changed that would begin another one.
+void tst_ItemStates::refusedLoadDoesNotEndTheScan()
+{
+    ItemStates states;
+    states.watch(eCfgItem_Filter);
+    {
+        const CatalogueUse use; // as a download has
+        MVThemeMgr::init()->load(true);
+    }
+    QTRY_VERIFY(!states.isExamining(eCfgItem_Filter));
+    QVERIFY(states.find({eCfgItem_Filter, StorageWorld::filter(13).m_qsGUID}));
     states.unwatch(eCfgItem_Filter);
 }
 
