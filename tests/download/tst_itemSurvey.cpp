@@ -12,6 +12,8 @@
 
 #include <algorithm>
 
+namespace tst_itemSurvey {
+
 /// Tests verifying items, and what sets of items need.
 class tst_itemSurvey : public QObject
 {
@@ -195,4 +197,7 @@ void tst_itemSurvey::whatASetLacksIsOneDownload()
 }
 
 MV_TEST_MAIN(tst_itemSurvey)
+
+} // namespace tst_itemSurvey
+
 #include "tst_itemSurvey.moc"
