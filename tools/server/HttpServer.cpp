@@ -52,7 +52,8 @@ HttpServer::HttpServer(const ServerLimits& limits)
     new_task_queue = [] { return new DirectTasks; };
     // httplib's own options would let a second server bind the same port, and each would get some
     // of the requests.
-    set_socket_options([](socket_t socket) { Sockets::prepareListener(socket, usualSendBufferBytes); });
+    set_socket_options(
+        [](socket_t socket) { Sockets::prepareListener(socket, usualSendBufferBytes); });
     // Head and body of an answer are written separately: the second must not wait for the
     // acknowledgement of the first.
     set_tcp_nodelay(true);
