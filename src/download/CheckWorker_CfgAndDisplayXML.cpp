@@ -346,7 +346,6 @@ void CheckWorker_CfgAndDisplayXML::note(ECatalogueCheckEnd end, const QString& r
 
 void CheckWorker_CfgAndDisplayXML::report()
 {
-    m_progress.end();
     if (m_resultCallback)
         m_resultCallback(m_result);
 }

@@ -309,7 +309,6 @@ bool CheckWorker_ThumbAndGif::end(bool workedThrough)
     m_result.m_bWorkedThrough = workedThrough;
     if (!workedThrough && m_result.m_eEnd == ePreviewRun_Complete)
         m_result.m_eEnd = ePreviewRun_Cancelled;
-    m_progress.end();
     if (m_resultCallback)
         m_resultCallback(m_result);
     emit sig_endDownload_ThumbAndGif(workedThrough);

@@ -42,19 +42,11 @@ void ProgressReport::countFiles(int files)
     tell(m_progress.m_nFilesDone == m_progress.m_nFiles);
 }
 
-void ProgressReport::end()
-{
-    if (!m_isTold)
-        tell(true);
-}
-
 void ProgressReport::tell(bool now)
 {
-    m_isTold = false;
     const auto time = std::chrono::steady_clock::now();
     if (!m_callback || (!now && time - m_toldLast < interval))
         return;
     m_toldLast = time;
-    m_isTold = true;
     m_callback(m_progress);
 }

@@ -10,7 +10,7 @@
 #include <functional>
 
 /// Counts the work of the background check and reports it at most every 50 ms, but always at the
-/// beginning, after the last file and at the end. The worker's thread only.
+/// beginning and after the last file. The worker's thread only.
 class MVRESOURCE_EXPORT ProgressReport
 {
 public:
@@ -30,8 +30,6 @@ public:
     void endTransfer();
     /// Counts files as done.
     void countFiles(int files);
-    /// Reports what has not been reported yet. Call it however the work has ended.
-    void end();
 
 private:
     void tell(bool now);
@@ -40,5 +38,4 @@ private:
     SUpdateProgress m_progress;
     qint64 m_bytesBefore = 0; // of the files before the current one
     std::chrono::steady_clock::time_point m_toldLast;
-    bool m_isTold = true; // m_progress has been reported
 };

@@ -45,7 +45,6 @@ private slots:
     void startTextIsIgnored();
     void progressCountsTheFiles_data();
     void progressCountsTheFiles();
-    void lastProgressIsToldBeforeTheEnd();
 
 private:
     QString url(const char* name) const { return m_world.catalogueUrl(name); }
@@ -389,22 +388,6 @@ void tst_CheckWorker_CfgAndDisplayXML_run::progressCountsTheFiles()
         CheckWorld::version("1.0.2", CheckWorld::md5(display), CheckWorld::md5(config));
     QCOMPARE(told.last().m_nBytes,
              qint64(version.size() + config.size() + (hasDisplay ? 0 : display.size())));
-}
-
-/// A check that finds nothing new ends before the pause between two reports is over.
-void tst_CheckWorker_CfgAndDisplayXML_run::lastProgressIsToldBeforeTheEnd()
-{
-    m_world.publish("1.0.2", display, config);
-    m_world.install("1.0.2", CheckWorld::md5(display), CheckWorld::md5(config));
-    SUpdateProgress last;
-    SUpdateProgress atTheEnd;
-    CheckWorker_CfgAndDisplayXML worker;
-    worker.setProgressCallback([&](const SUpdateProgress& progress) { last = progress; });
-    connect(&worker, &CheckWorker_CfgAndDisplayXML::sig_endDownloadXML, [&] { atTheEnd = last; });
-    DownloadTrace trace;
-    CheckWorld::check(worker, trace);
-    QCOMPARE(atTheEnd.m_nFilesDone, 1);
-    QVERIFY(atTheEnd.m_nBytes > 0);
 }
 
 MV_TEST_MAIN(tst_CheckWorker_CfgAndDisplayXML_run)

@@ -17,7 +17,6 @@ private slots:
     void bytesNeverDecrease();
     void quickFilesAreReportedTogether();
     void slowFilesAreReportedSeparately();
-    void lastNumbersAreReportedAtTheEnd();
     void everyRunStartsFromZero();
     void worksWithoutACallback();
 };
@@ -76,27 +75,6 @@ void tst_ProgressReport::slowFilesAreReportedSeparately()
         report.countFiles(1);
     }
     QCOMPARE(done, (QVector<int>{0, 1, 2}));
-}
-
-/// Once, also if the work has ended early.
-void tst_ProgressReport::lastNumbersAreReportedAtTheEnd()
-{
-    int told = 0;
-    SUpdateProgress last;
-    ProgressReport report;
-    report.setCallback([&](const SUpdateProgress& progress) {
-        last = progress;
-        ++told;
-    });
-    report.begin(1000);
-    report.addReceived(100);
-    report.countFiles(1);
-    report.end();
-    QCOMPARE(last.m_nFilesDone, 1);
-    QCOMPARE(last.m_nBytes, qint64(100));
-    const int toldByThen = told;
-    report.end();
-    QCOMPARE(told, toldByThen);
 }
 
 void tst_ProgressReport::everyRunStartsFromZero()
