@@ -141,7 +141,9 @@ function(mv_add_test_run name program command timeout)
         set_tests_properties(${name} PROPERTIES LABELS qt)
     endif()
     set_tests_properties(
-        ${name} PROPERTIES TIMEOUT ${timeout} ENVIRONMENT "QT_QPA_PLATFORM=offscreen;${MV_TEST_ENVIRONMENT}"
+        ${name} PROPERTIES
+        TIMEOUT ${timeout} COST ${timeout} # the longest begin first
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;${MV_TEST_ENVIRONMENT}"
         # A warning that the test has not announced with QTest::ignoreMessage is a failure.
         FAIL_REGULAR_EXPRESSION "QWARN;QCRITICAL;QSYSTEM;WARNING: ThreadSanitizer")
     if(MV_SANITIZE STREQUAL "thread")

@@ -4,6 +4,7 @@
 #include "download/AnswerCache.h"
 
 #include "catalogue/MVThemeMgr.h"
+#include "download/LogCategories.h"
 #include "download/RootPlaces.h"
 #include "download/SRelease.h"
 #include "download/VersionFile.h"
@@ -102,8 +103,8 @@ bool AnswerCache::store(const QString& url, Entry entry) const
     STransferFailure failure;
     if (Utils::writeFile(path(), QJsonDocument(json).toJson(), &failure))
         return true;
-    LogL("CheckCfgWorker", 2, "the next check will fetch %s again: %s", url.toUtf8().constData(),
-         failure.m_qsDetails.toUtf8().constData());
+    LogL(LogCategories::checkOfCatalogue, 2, "the next check will fetch %s again: %s",
+         url.toUtf8().constData(), failure.m_qsDetails.toUtf8().constData());
     return false;
 }
 

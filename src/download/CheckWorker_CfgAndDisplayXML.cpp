@@ -291,7 +291,7 @@ bool CheckWorker_CfgAndDisplayXML::fetchFile(CheckTransfer& transfer, const Cata
         noteFailure(result, failure, false);
         QFile::remove(target);
         emit sig_endDownloadXML(true);
-        LogL("MVThemeDownLoader", 1,
+        LogL(LogCategories::coordinator, 1,
              "parseData_xml  download template is error!, sType_XML_Info.eType_XML = %d, "
              "strUrl = %s, strFile = %s",
              static_cast<int>(file.type), url.toUtf8().constData(), target.toUtf8().constData());
@@ -299,7 +299,7 @@ bool CheckWorker_CfgAndDisplayXML::fetchFile(CheckTransfer& transfer, const Cata
     }
     if (stopIfCancelled(1, url, target))
         return false;
-    LogL("MVThemeDownLoader", 1,
+    LogL(LogCategories::coordinator, 1,
          "parseData_xml  download template is ok!, sType_XML_Info.eType_XML = %d, strUrl = %s, "
          "strFile = %s",
          static_cast<int>(file.type), url.toUtf8().constData(), target.toUtf8().constData());

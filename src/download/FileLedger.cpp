@@ -4,6 +4,7 @@
 #include "download/FileLedger.h"
 
 #include "catalogue/MVThemeMgr.h"
+#include "download/LogCategories.h"
 #include "download/RootPlaces.h"
 #include "host/AppOptions.h"
 #include "host/ContentDigest.h"
@@ -107,7 +108,7 @@ void FileLedger::readNew()
     QByteArray text;
     if (!RegularFile::open(file) || !file.seek(m_readBytes)
         || !RegularFile::readAll(file, maxLedgerBytes, text)) {
-        LogL("CheckCfgWorker", 2, "%s cannot be read: files will be hashed again",
+        LogL(LogCategories::checkOfCatalogue, 2, "%s cannot be read: files will be hashed again",
              file.fileName().toUtf8().constData());
         return;
     }
@@ -148,8 +149,8 @@ void FileLedger::append(const QString& path, const Entry& entry)
     const QByteArray line = lineOf(name, entry);
     if (!RegularFile::open(file, QIODevice::ReadWrite | QIODevice::Append | QIODevice::Unbuffered)
         || !endLine(file) || file.write(line) != line.size()) {
-        LogL("CheckCfgWorker", 1, "%s cannot be written: %s", ledger.toUtf8().constData(),
-             file.errorString().toUtf8().constData());
+        LogL(LogCategories::checkOfCatalogue, 1, "%s cannot be written: %s",
+             ledger.toUtf8().constData(), file.errorString().toUtf8().constData());
     }
 }
 

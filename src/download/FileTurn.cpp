@@ -5,6 +5,7 @@
 
 #include "catalogue/MVThemeMgr.h"
 #include "download/FileLedger.h"
+#include "download/LogCategories.h"
 #include "host/AppOptions.h"
 #include "host/CoreContext.h"
 #include "host/HostSettings.h"
@@ -167,7 +168,7 @@ QString FileTurn::othersProgress(int index, const FileView& record, double progr
 
 void FileTurn::logNow(const QString& line)
 {
-    LogL("MVThemeDownLoader", 1, "%s", line.toUtf8().constData());
+    LogL(LogCategories::coordinator, 1, "%s", line.toUtf8().constData());
 }
 
 STransferFailure FileTurn::faultOf(const QString& url, const QString& file, const Log& log)

@@ -8,6 +8,7 @@
 #include "download/DownloadPacing.h"
 #include "download/FileLedger.h"
 #include "download/FileTurn.h"
+#include "download/LogCategories.h"
 #include "download/ResourceEvents.h"
 #include "host/HostSettings.h"
 #include "host/LogL.h"
@@ -130,7 +131,7 @@ void MVThemeDownLoader::setCurrent(const QString& url, const QString& file)
 
 void MVThemeDownLoader::run()
 {
-    LogL("MVThemeDownLoader", 1, "MVThemeDownLoader::run() start!");
+    LogL(LogCategories::coordinator, 1, "MVThemeDownLoader::run() start!");
     emit progress(0.0);
 
     if ((needsConfig() ? fetchThemeConfig() : simulateFirstPhase()) == Step::Ended)
@@ -141,7 +142,7 @@ void MVThemeDownLoader::run()
     if (fetchFiles(anyFailed) == Step::Ended)
         return;
     end(anyFailed ? eDownLoadError_Element : eDownLoadError_None);
-    LogL("MVThemeDownLoader", 1, "MVThemeDownLoader::run() end!");
+    LogL(LogCategories::coordinator, 1, "MVThemeDownLoader::run() end!");
 }
 
 /// Returns whether the theme's own config must be fetched: it is missing or, if the host checks
@@ -188,7 +189,7 @@ bool MVThemeDownLoader::stopIfCancelled(int point)
 {
     if (!isCancelled())
         return false;
-    LogL("MVThemeDownLoader", 1, "m_bWillCancel == true! will return![line = %d]", point);
+    LogL(LogCategories::coordinator, 1, "m_bWillCancel == true! will return![line = %d]", point);
     m_CurWrapper.cancel();
     end(eDownLoadError_Cancel);
     return true;
@@ -245,7 +246,7 @@ MVThemeDownLoader::Step MVThemeDownLoader::transferThemeConfig(const SFileInfo& 
     setCurrent(url, file);
     const QByteArray urlText = url.toUtf8();
     const QByteArray fileText = file.toUtf8();
-    LogL("MVThemeDownLoader", 1,
+    LogL(LogCategories::coordinator, 1,
          "start download template(theme cfg xml), m_strUrl = %s, m_strFile = %s",
          urlText.constData(), fileText.constData());
     const AcceptedRelease::Source source =
@@ -269,7 +270,7 @@ MVThemeDownLoader::Step MVThemeDownLoader::transferThemeConfig(const SFileInfo& 
             return configFailed(url, file);
         FileLedger::instance()->note(file, source.published);
     }
-    LogL("MVThemeDownLoader", 1,
+    LogL(LogCategories::coordinator, 1,
          "download template is ok!(theme cfg xml), m_strUrl = %s, m_strFile = %s",
          urlText.constData(), fileText.constData());
     return takeConfig(url, file);
@@ -278,7 +279,7 @@ MVThemeDownLoader::Step MVThemeDownLoader::transferThemeConfig(const SFileInfo& 
 MVThemeDownLoader::Step MVThemeDownLoader::configFailed(const QString& url, const QString& file)
 {
     const int result = m_CurWrapper.result();
-    LogL("MVThemeDownLoader", 1,
+    LogL(LogCategories::coordinator, 1,
          "download template is error!(theme cfg xml),m_strUrl = %s, m_strFile = %s, "
          "m_CurWrapper.result() = %d",
          url.toUtf8().constData(), file.toUtf8().constData(), result);

@@ -4,6 +4,7 @@
 #include "download/ReleaseStore.h"
 
 #include "catalogue/MVThemeMgr.h"
+#include "download/LogCategories.h"
 #include "download/ReleaseKey.h"
 #include "download/ReleasePaths.h"
 #include "download/ReleaseSignature.h"
@@ -40,7 +41,7 @@ bool replace(const QString& path, const QByteArray& content)
     AppOptions::instance()->ensureDirExists(QFileInfo(path).path());
     if (Utils::writeFile(path, content, &failure))
         return true;
-    LogL("CheckCfgWorker", 2, "the release cannot be stored: %s",
+    LogL(LogCategories::checkOfCatalogue, 2, "the release cannot be stored: %s",
          failure.m_qsDetails.toUtf8().constData());
     return false;
 }

@@ -117,8 +117,12 @@ bool CheckScenario::isTold(const FaultyOutcome& outcome) const
             && outcome.out.contains("the application must be updated"));
 }
 
+/// The cache of answers only saves a request, so its loss is logged and not told; what fails
+/// afterwards has a cause of its own.
 QString CheckScenario::wrongCause(const Fault& fault, const FaultyOutcome& outcome) const
 {
+    if (outcome.hit.path.endsWith(QLatin1String("/version-cache.json")))
+        return {};
     const EFailureCause cause = causeToTell(
         fault, outcome.hit,
         {QStringLiteral("root/Themes"), QStringLiteral("appdata/MVTheme/DownloadTemp")});
