@@ -222,6 +222,9 @@ DownloadsMove::Step DownloadsMove::bringFile(const File& file, const CancelToken
     if (step != Step::Done)
         return step;
     m_brought.append(file.name);
+    if (m_growing.contains(file.name))
+        return Step::Done; // another program may write to it meanwhile; each line holds without the
+                           // next
     return verify(source, target, tr("The copy is damaged: %1").arg(target), cancel);
 }
 
@@ -304,14 +307,19 @@ int DownloadsMove::removeOriginals()
     remains.store();     // without it, a move back refuses what is not the same
     m_journal->remove(); // the moved files are now the originals
     int left = 0;
+    bool isKept = false; // one that has not changed
     for (const File& file : std::as_const(m_files)) {
         const QFileInfo now(m_from + QLatin1Char('/') + file.name);
-        const bool hasChanged = now.size() != file.sizeBytes || now.lastModified() != file.modified;
-        if (now.exists() && (hasChanged || !QFile::remove(now.filePath())))
-            ++left;
+        const bool hasChanged = !m_growing.contains(file.name)
+            && (now.size() != file.sizeBytes || now.lastModified() != file.modified);
+        if (!now.exists() || (!hasChanged && QFile::remove(now.filePath())))
+            continue;
+        ++left;
+        isKept = isKept || !hasChanged;
     }
     m_lock.reset();
-    remains.remove();
+    if (!isKept)
+        remains.remove();
     removeEmptyFolders(m_from);
     return left;
 }

@@ -36,7 +36,7 @@ void MVThemeSortFilterProxyModel::followRows(const QAbstractItemModel& source)
     const QObject* const follower = m_pFollower.get();
     connect(&source, &Model::dataChanged, follower,
             [this](const QModelIndex& first, const QModelIndex& last) {
-                if (m_pOrder)
+                if (m_pOrder && first.isValid() && last.isValid())
                     m_pOrder->noteChanged(first.row(), last.row());
             });
     connect(&source, &Model::rowsInserted, follower,

@@ -21,8 +21,6 @@
 
 namespace {
 
-constexpr char fileCategory[] = "MVThemeDownLoader";
-
 // Numbers of the cancellation points, as they appear in the log.
 constexpr int pointAfterThumb = 1119;
 constexpr int pointAfterGif = 1151;
@@ -279,7 +277,7 @@ bool CheckWorker_ThumbAndGif::endTurn(const Picture& picture, ETransferResult re
 
 void CheckWorker_ThumbAndGif::log(const Picture& picture, const char* format)
 {
-    LogL(fileCategory, 1, format, picture.index, picture.url.toUtf8().constData(),
+    LogL(LogCategories::coordinator, 1, format, picture.index, picture.url.toUtf8().constData(),
          picture.file.toUtf8().constData());
 }
 
@@ -297,7 +295,7 @@ bool CheckWorker_ThumbAndGif::stopIfCancelled(const Kind& kind) const
 {
     if (!m_bWillCancel.isCancelled())
         return false;
-    LogL(fileCategory, 1,
+    LogL(LogCategories::coordinator, 1,
          "CheckCfgWorker_willCancel downloadThumbAndGif m_bWillCancel == true! will "
          "return![line = %d]",
          kind.cancelPoint);

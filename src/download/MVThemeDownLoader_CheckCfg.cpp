@@ -15,10 +15,6 @@
 #include <algorithm>
 #include <memory>
 
-namespace {
-
-} // namespace
-
 MVThemeDownLoader_CheckCfg::CatalogueCheckCallback
     MVThemeDownLoader_CheckCfg::m_funCatalogueCheckEnded;
 MVThemeDownLoader_CheckCfg::PreviewRunCallback MVThemeDownLoader_CheckCfg::m_funPreviewRunEnded;

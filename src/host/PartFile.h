@@ -34,8 +34,8 @@ public:
     /// The name of the file before commit().
     enum class Temporary {
         Named,
-        /// None, where the system can do that: a kill leaves nothing, and a target that does not
-        /// exist takes fewer operations. One that exists takes more.
+        /// None, where the system can do that: a kill leaves nothing before the name is given, and
+        /// a target that does not exist takes fewer operations. One that exists takes more.
         Unnamed,
     };
 

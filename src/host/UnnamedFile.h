@@ -22,7 +22,8 @@ public:
     /// or else tells the reason.
     ///
     /// The first call of a process tries, under a name of `trialName`, whether setName() works.
-    /// What the system or the file system does not support is not tried again.
+    /// A process in which the system, or one of its file systems, does not support it creates files
+    /// with names from then on.
     static int create(const QByteArray& folder, NameMaker trialName);
 
     /// Gives the file its first name, in the folder for which it was created. Fails with EEXIST if

@@ -21,10 +21,10 @@ enum class Way {
     Unknown,
     ByHandle, ///< needs Linux 6.10, or the rights of the administrator
     ByProc,   ///< needs /proc
-    None,
 };
 
-std::atomic<Way> usableWay{Way::Unknown};
+std::atomic<Way> namingWay{Way::Unknown}; // once found, it is kept
+std::atomic<bool> isUseless{false};
 
 bool nameBy(Way way, int handle, const QByteArray& name)
 {
@@ -57,42 +57,61 @@ bool isUnsupported(int error)
     return error == EOPNOTSUPP || error == EISDIR || error == EINVAL;
 }
 
-/// A system may refuse the name only when everything has been written, so that is tried before.
-Way tryWays(const QByteArray& folder, UnnamedFile::NameMaker trialName)
+/// A full disk says nothing about the next file.
+bool isFull(int error)
 {
-    if (!respectsUmask())
-        return Way::None;
-    const int handle = createIn(folder);
-    if (handle < 0)
-        return isUnsupported(errno) ? Way::None : Way::Unknown;
-    const QByteArray name = trialName(folder);
-    Way found = Way::None;
-    for (const Way way : {Way::ByHandle, Way::ByProc}) {
-        if (found == Way::None && nameBy(way, handle, name))
-            found = way;
+    return error == ENOSPC || error == EDQUOT;
+}
+
+/// Finds out how files in the folder get a name: a system may refuse that only when everything has
+/// been written. Returns false if no file without a name can be created there now.
+bool findNamingWay(const QByteArray& folder, UnnamedFile::NameMaker trialName)
+{
+    const int handle = respectsUmask() ? createIn(folder) : -1;
+    if (handle < 0) {
+        if (!respectsUmask() || isUnsupported(errno))
+            isUseless = true;
+        return false;
     }
-    if (found != Way::None)
-        ::unlink(name.constData());
+    const QByteArray name = trialName(folder);
+    Way found = Way::Unknown;
+    int error = 0;
+    for (const Way way : {Way::ByHandle, Way::ByProc}) {
+        if (found == Way::Unknown && nameBy(way, handle, name))
+            found = way;
+        error = errno;
+    }
     ::close(handle);
-    return found;
+    if (found != Way::Unknown) {
+        ::unlink(name.constData());
+        namingWay = found;
+        return true;
+    }
+    if (!isFull(error))
+        isUseless = true;
+    return false;
 }
 
 } // namespace
 
 int UnnamedFile::create(const QByteArray& folder, NameMaker trialName)
 {
-    if (usableWay == Way::Unknown)
-        usableWay = tryWays(folder, trialName);
-    const Way way = usableWay;
-    if (way == Way::Unknown || way == Way::None)
+    if (isUseless || (namingWay == Way::Unknown && !findNamingWay(folder, trialName)))
         return -1;
     const int handle = createIn(folder);
     if (handle < 0 && isUnsupported(errno))
-        usableWay = Way::None;
+        isUseless = true;
     return handle;
 }
 
 bool UnnamedFile::setName(int handle, const QByteArray& name)
 {
-    return nameBy(usableWay, handle, name);
+    if (nameBy(namingWay, handle, name))
+        return true;
+    const int error = errno;
+    if (error != EEXIST && error != ENOENT && !isFull(error))
+        isUseless =
+            true; // this file system differs from that of the trial: the next attempt uses names
+    errno = error;
+    return false;
 }

@@ -4,6 +4,7 @@
 #include "support/RegisteredTest.h"
 
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <map>
 #include <string>
@@ -29,7 +30,11 @@ int refuse(const char* program)
 
 RegisteredTest::RegisteredTest(const char* file, Run run)
 {
-    registeredTests().emplace(std::filesystem::path(file).stem().string(), run);
+    const std::string name = std::filesystem::path(file).stem().string();
+    if (registeredTests().emplace(name, run).second)
+        return;
+    std::fprintf(stderr, "two tests are called %s\n", name.c_str());
+    std::abort();
 }
 
 int main(int argc, char** argv)

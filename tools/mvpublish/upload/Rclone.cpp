@@ -36,7 +36,9 @@ QStringList logOptions()
 QProcessEnvironment quickStart()
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("TCELL_MINIMIZE"), QStringLiteral("1"));
+    const QString minimize = QStringLiteral("TCELL_MINIMIZE");
+    if (!environment.contains(minimize))
+        environment.insert(minimize, QStringLiteral("1"));
     return environment;
 }
 
