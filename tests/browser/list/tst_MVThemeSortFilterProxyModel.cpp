@@ -28,6 +28,7 @@ private slots:
     void aNewTypeTakesEffectAtOnce();
     void staysConsistentWhileRowsComeAndGo();
     void orderFollowsTheRows();
+    void changeOfNoRowsKeepsTheOrder();
 
 private:
     void addRow(const QString& guid, int themeType, const QString& name);
@@ -242,6 +243,21 @@ void tst_MVThemeSortFilterProxyModel::orderFollowsTheRows()
     for (const char* name : {"Plain", "Oasis"})
         addRow(CatalogueFiles::guid(1), othersType, QString::fromLatin1(name));
     QCOMPARE(shown(), names("Oasis Plain"));
+}
+
+/// Some models announce a change without saying of what.
+void tst_MVThemeSortFilterProxyModel::changeOfNoRowsKeepsTheOrder()
+{
+    m_rows->clear();
+    for (const char* name : {"Cave", "Bay"})
+        addRow(CatalogueFiles::guid(1), othersType, QString::fromLatin1(name));
+    SListFilter byName;
+    byName.order = EListOrder::Name;
+    m_proxy->setFilter(byName);
+    QCOMPARE(shown(), names("Bay Cave"));
+    emit m_rows->dataChanged(QModelIndex(), QModelIndex());
+    m_rows->item(1)->setData(QStringLiteral("Dune"), UIItemRole_Name);
+    QCOMPARE(shown(), names("Cave Dune"));
 }
 
 MV_WIDGET_TEST_MAIN(tst_MVThemeSortFilterProxyModel)
