@@ -15,7 +15,7 @@ private slots:
     void workIsDestroyedBeforeItsEnd();
 };
 
-/// What it holds may belong to the catalogue, which whoever learns of the end may load again.
+/// A handler of the end may load the catalogue again, to which the data of the work may belong.
 void tst_CatalogueJobs::workIsDestroyedBeforeItsEnd()
 {
     CatalogueJobs jobs;

@@ -123,7 +123,7 @@ QStringList onFiles(const FaultyOutcome& outcome, const QString& folder)
     return texts;
 }
 
-/// What tells a process whether files without a name can be given one.
+/// The operations with which a process tries whether files without a name can be given one.
 const QStringList trial{QStringLiteral("create UNNAMED"), QStringLiteral("link PART"),
                         QStringLiteral("remove PART")};
 
@@ -295,7 +295,7 @@ void TestCurWrapperUnnamed::worksWithoutSupport_data()
         << QStringList{emptyPath, procPath} << QStringList{trial.first()} << false;
 }
 
-/// What the system lacks is tried once by a process.
+/// A process tries each way once.
 void TestCurWrapperUnnamed::worksWithoutSupport()
 {
     QFETCH(QStringList, lacking);

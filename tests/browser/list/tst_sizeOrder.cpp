@@ -30,7 +30,7 @@ void tst_sizeOrder::init()
     CatalogueFiles::write(m_world.preview("VideoFilters", "p.gif"), BrowserWorld::animation());
 }
 
-/// Of filter 13 one file is outdated and the other missing.
+/// Filter 13 has an outdated file and a missing one.
 void tst_sizeOrder::everyFileCountsOnce()
 {
     m_world.change("VideoFilters/11.zip", "PK" + QByteArray(8000, '.'));
