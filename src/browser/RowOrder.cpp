@@ -54,8 +54,9 @@ void RowOrder::noteChanged(int first, int last)
 
 void RowOrder::noteInserted(int first, int last)
 {
+    const int rows = last - first + 1;
     if (first < static_cast<int>(m_keys.size())) // the others have not been looked at
-        m_keys.insert(m_keys.begin() + first, static_cast<std::size_t>(last - first + 1), Key());
+        m_keys.insert(m_keys.begin() + first, static_cast<std::size_t>(rows), Key());
 }
 
 void RowOrder::noteRemoved(int first, int last)

@@ -3,6 +3,8 @@
 
 #include "host/UnnamedFile.h"
 
+#include <QVersionNumber>
+
 #include <array>
 #include <atomic>
 #include <cerrno>
@@ -45,11 +47,8 @@ int createIn(const QByteArray& folder)
 bool respectsUmask()
 {
     utsname system = {};
-    int major = 0;
-    int minor = 0;
-    if (::uname(&system) != 0 || std::sscanf(system.release, "%d.%d", &major, &minor) != 2)
-        return false;
-    return major > 6 || (major == 6 && minor >= 1);
+    return ::uname(&system) == 0
+        && QVersionNumber::fromString(QString::fromLatin1(system.release)) >= QVersionNumber(6, 1);
 }
 
 bool isUnsupported(int error)
