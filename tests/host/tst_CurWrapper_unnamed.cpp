@@ -24,7 +24,8 @@ int downloadAsChild(const QStringList& arguments)
 {
     hostSettings().checkContent = true;
     CurWrapper wrapper;
-    for (const QString& file : arguments.mid(2)) {
+    const QStringList files = arguments.mid(2);
+    for (const QString& file : files) {
         wrapper.download(arguments.at(1), file, false);
         if (wrapper.result() != 0) {
             std::fputs(qPrintable(wrapper.errorText()), stderr);
@@ -115,8 +116,8 @@ QString creation(const QString& folder)
 /// Returns the operations by which files of that folder begin, change or get their names.
 QStringList onFiles(const FaultyOutcome& outcome, const QString& folder)
 {
-    QStringList texts = outcome.operationTexts().replaceInStrings(creation(folder),
-                                                                  QStringLiteral("create UNNAMED"));
+    QStringList texts = outcome.operationTexts();
+    texts.replaceInStrings(creation(folder), QStringLiteral("create UNNAMED"));
     for (const char* read : {"read UNNAMED", "read PART"})
         texts.removeAll(QString::fromLatin1(read));
     texts.removeAll(QStringLiteral("openfolder ") + QFileInfo(folder).fileName());
