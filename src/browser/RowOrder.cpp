@@ -79,8 +79,11 @@ void RowOrder::read(const QModelIndex& row) const
         return;
     const QString guid = row.data(UIItemRole_GUID).toString();
     key.hasItem = !guid.isEmpty();
-    if (m_order == EListOrder::Name)
-        key.name = m_collator.sortKey(row.data(UIItemRole_Name).toString());
+    if (m_order == EListOrder::Name) {
+        const QString name = row.data(UIItemRole_Name).toString();
+        // Windows has no key for an empty text, and Qt warns of it.
+        key.name = m_collator.sortKey(name.isEmpty() ? QStringLiteral(" ") : name);
+    }
     else if (m_order == EListOrder::Newest)
         key.isNew = row.data(UIItemRole_New).toBool();
     else if (m_order == EListOrder::Size)
