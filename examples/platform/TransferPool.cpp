@@ -31,6 +31,7 @@ public:
     bool hasRoom() const { return running.size() < maxTransfers; }
     void beginWaiting();
     void reportProgress();
+    void beginRequests();
     void cancelAll();
     void cancelRunning(const Running& download);
     void waitForEnd(std::chrono::milliseconds longest);
@@ -41,6 +42,7 @@ public:
     std::atomic<bool> isCancelled{false}; // by cancel(), until the next step() that has transfers
     std::deque<Job> waiting;
     std::vector<Running> running;
+    std::vector<Running> unasked; // of the running ones, those without a request yet
 
     std::mutex mutex; // guards hasEnded, and waiting for a change
     std::condition_variable changed;
@@ -61,7 +63,7 @@ void TransferPool::Private::beginWaiting()
         });
         waiting.pop_front();
         running.push_back(download);
-        network.run([download](QNetworkAccessManager& manager) { download->begin(manager); });
+        unasked.push_back(download);
     }
 }
 
@@ -72,9 +74,18 @@ void TransferPool::Private::reportProgress()
         const Download::Counts counts = download->counts();
         const auto& progress = download->job().progress;
         const bool isWhole = counts.total > 0 && counts.received == counts.total; // told by the end
-        if (progress && !isWhole && !progress(counts.received, counts.total))
-            cancelRunning(download);
+        if (!progress || isWhole || progress(counts.received, counts.total))
+            continue;
+        unasked.erase(std::remove(unasked.begin(), unasked.end(), download), unasked.end());
+        cancelRunning(download);
     }
+}
+
+/// After the first report, whose refusal might otherwise come after a small file is complete.
+void TransferPool::Private::beginRequests()
+{
+    for (const Running& download : std::exchange(unasked, {}))
+        network.run([download](QNetworkAccessManager& manager) { download->begin(manager); });
 }
 
 void TransferPool::Private::cancelRunning(const Running& download)
@@ -84,6 +95,7 @@ void TransferPool::Private::cancelRunning(const Running& download)
 
 void TransferPool::Private::cancelAll()
 {
+    unasked.clear();
     for (const Running& download : running)
         cancelRunning(download);
     const std::deque<Job> none = std::exchange(waiting, {});
@@ -158,6 +170,7 @@ void TransferPool::step(std::chrono::milliseconds longest)
     if (d->isCancelled.exchange(false) || d->cancelToken.isCancelled())
         d->cancelAll();
     d->reportProgress();
+    d->beginRequests();
     d->waitForEnd(std::clamp(longest, std::chrono::milliseconds(0), maxStep));
     d->reportEnded();
     d->beginWaiting();
