@@ -83,9 +83,9 @@ void RowOrder::read(const QModelIndex& row) const
         const QString name = row.data(UIItemRole_Name).toString();
         // Windows has no key for an empty text, and Qt warns of it.
         key.name = m_collator.sortKey(name.isEmpty() ? QStringLiteral(" ") : name);
-    }
-    else if (m_order == EListOrder::Newest)
+    } else if (m_order == EListOrder::Newest) {
         key.isNew = row.data(UIItemRole_New).toBool();
-    else if (m_order == EListOrder::Size)
+    } else if (m_order == EListOrder::Size) {
         key.bytes = m_bytesOf(guid);
+    }
 }
