@@ -34,8 +34,9 @@ MVThemeItemSubwdgt_Preview::MVThemeItemSubwdgt_Preview(QWidget* parent)
     , m_pUi(std::make_unique<Ui::MVThemeItemSubwdgt_Preview>())
 {
     m_pUi->setupUi(this);
+    m_pUi->stackedWidget->addPages();
     createOverlay();
-    style()->polish(this);
+    ensurePolished();
     createUI();
     m_pUi->lblIcon->installEventFilter(this);
 }

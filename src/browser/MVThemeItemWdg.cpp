@@ -44,7 +44,8 @@ MVThemeItemWdg::MVThemeItemWdg(QWidget* parent)
     , m_pUi(std::make_unique<Ui::MVThemeItemWdg>())
 {
     m_pUi->setupUi(this);
-    style()->polish(this);
+    m_pUi->stackedWidget->addPages();
+    ensurePolished();
     m_pUi->MVThemeItemWdgBg->installEventFilter(this);
     connect(m_pUi->frmShow->getBtnDownload(), &QToolButton::clicked, this,
             &MVThemeItemWdg::doApplyTheme);

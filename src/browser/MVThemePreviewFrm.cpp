@@ -28,7 +28,8 @@ MVThemePreviewFrm::MVThemePreviewFrm(QWidget* parent)
     , m_pUi(std::make_unique<Ui::MVThemePreviewFrm>())
 {
     m_pUi->setupUi(this);
-    style()->polish(this);
+    m_pUi->stackedWidget->addPages();
+    ensurePolished();
 }
 
 MVThemePreviewFrm::~MVThemePreviewFrm()
