@@ -136,10 +136,6 @@ function(mv_add_test_run name program command timeout)
     if(WIN32) # wine starts a program in a second, and opens files slowly
         math(EXPR timeout "3 * ${timeout}")
     endif()
-    if(MV_DEPENDS_ON_QT)
-        add_dependencies(qt_tests ${program})
-        set_tests_properties(${name} PROPERTIES LABELS qt)
-    endif()
     set_tests_properties(
         ${name} PROPERTIES
         TIMEOUT ${timeout} COST ${timeout} # the longest begin first
