@@ -40,7 +40,7 @@ public:
     int requestCount(const QByteArray& target) const;
     int connectionCount() const { return m_connections; }
 
-    /// Returns a loopback port that refuses connections.
+    /// Returns a loopback port that refuses connections as long as this process runs.
     static quint16 refusingPort();
 
 private:

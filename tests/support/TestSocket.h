@@ -18,6 +18,9 @@ using Handle = int;
 #endif
 constexpr Handle none = static_cast<Handle>(-1);
 
+/// Returns a socket that keeps a port of loopback from others and refuses connections, and the
+/// port; 0 picks a free one. Returns none if the port is taken.
+Handle reserve(quint16& port);
 /// Returns a socket that listens on the port of loopback, and the port; 0 picks a free one. Returns
 /// none if the port is taken.
 Handle listen(quint16& port);

@@ -39,19 +39,27 @@ void setOption(TestSocket::Handle socket, int level, int option, Value value)
 
 } // namespace
 
-TestSocket::Handle TestSocket::listen(quint16& port)
+TestSocket::Handle TestSocket::reserve(quint16& port)
 {
-    const Handle listener = make();
+    const Handle socket = make();
     sockaddr_in address = loopback(port);
     int length = sizeof address;
     auto* const generic = reinterpret_cast<sockaddr*>(&address);
-    if (::bind(listener, generic, length) != 0 || ::getsockname(listener, generic, &length) != 0
-        || ::listen(listener, backlog) != 0) {
-        close(listener);
+    if (::bind(socket, generic, length) != 0 || ::getsockname(socket, generic, &length) != 0) {
+        close(socket);
         return none;
     }
     port = ntohs(address.sin_port);
-    return listener;
+    return socket;
+}
+
+TestSocket::Handle TestSocket::listen(quint16& port)
+{
+    const Handle listener = reserve(port);
+    if (listener == none || ::listen(listener, backlog) == 0)
+        return listener;
+    close(listener);
+    return none;
 }
 
 TestSocket::Handle TestSocket::connect(quint16 port)
