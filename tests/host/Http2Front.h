@@ -22,35 +22,33 @@ public:
     {
         const QString folder = TestHome::path() + QStringLiteral("/nginx%1").arg(++s_count);
         const QString include = folder + QStringLiteral("/front.conf");
-        m_port = FaultServer::refusingPort();
         m_tree = folder + QStringLiteral("/tree");
         CatalogueFiles::write(m_tree + QStringLiteral("/empty"), "");
         CatalogueFiles::write(include,
                               QStringLiteral(R"(
-listen 127.0.0.1:%1 ssl http2;
-ssl_certificate %2;
-ssl_certificate_key %3;
-%5
+ssl_certificate %1;
+ssl_certificate_key %2;
+%4
 location /back/ {
-    proxy_pass http://127.0.0.1:%4;
+    proxy_pass http://127.0.0.1:%3;
     proxy_http_version 1.1;
     proxy_buffering off;
     proxy_set_header X-Connection $connection;
     proxy_set_header X-Protocol $server_protocol;
 }
 )")
-                                  .arg(m_port)
                                   .arg(certificate.file(), certificate.keyFile())
                                   .arg(back.port())
                                   .arg(options)
                                   .toUtf8());
+        m_nginx.listenWith(QStringLiteral("ssl http2"));
         m_nginx.include(include);
         return m_nginx.start(m_tree, folder + QStringLiteral("/work"));
     }
 
     QString url(const QString& target) const
     {
-        return QStringLiteral("https://127.0.0.1:%1%2").arg(m_port).arg(target);
+        return QStringLiteral("https://127.0.0.1:%1%2").arg(m_nginx.port()).arg(target);
     }
     QString tree() const { return m_tree; }
     NginxServer& nginx() { return m_nginx; }
@@ -78,5 +76,4 @@ private:
 
     NginxServer m_nginx;
     QString m_tree;
-    quint16 m_port = 0;
 };

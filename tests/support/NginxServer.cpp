@@ -31,15 +31,6 @@ quint16 freePort()
     return port;
 }
 
-bool answers(quint16 port)
-{
-    const TestSocket::Handle socket = TestSocket::connect(port);
-    if (socket == TestSocket::none)
-        return false;
-    TestSocket::close(socket);
-    return true;
-}
-
 /// A single foreground process, whose ID is the one to terminate.
 const char nginxConfiguration[] = R"(daemon off;
 master_process off;
@@ -57,7 +48,7 @@ http {
     keepalive_requests 100000;
     %5
     server {
-        listen 127.0.0.1:%2;
+        listen 127.0.0.1:%2 %6;
         root %3;
         %4
     }
@@ -120,13 +111,15 @@ bool NginxServer::start(const QString& tree, const QString& work)
 bool NginxServer::startOn(quint16 port, const QString& tree, const QString& work)
 {
     const QString file = work + QStringLiteral("/nginx.conf");
+    const QString pidFile = work + QStringLiteral("/nginx.pid");
+    QFile::remove(pidFile);
     QFile conf(file);
     if (!conf.open(QIODevice::WriteOnly))
         return false;
     conf.write(QString::fromLatin1(nginxConfiguration)
                    .arg(work)
                    .arg(port)
-                   .arg(tree, directive(m_include), directive(m_includeBeside))
+                   .arg(tree, directive(m_include), directive(m_includeBeside), m_listenOptions)
                    .toUtf8());
     conf.close();
     QStringList arguments{QStringLiteral("-e"), QStringLiteral("stderr"),
@@ -137,10 +130,10 @@ bool NginxServer::startOn(quint16 port, const QString& tree, const QString& work
     m_process.start(program(), arguments);
     QElapsedTimer timer;
     timer.start();
-    // nginx exits if the port has been taken meanwhile.
+    // nginx writes the file once it listens, and exits if the port has been taken meanwhile.
     while (!m_process.waitForFinished(0) && m_process.state() != QProcess::NotRunning
            && timer.elapsed() < longestMs) {
-        if (m_process.state() == QProcess::Running && answers(port)) {
+        if (QFile::exists(pidFile)) {
             m_port = port;
             return true;
         }

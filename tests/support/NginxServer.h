@@ -20,6 +20,8 @@ public:
     /// Returns the path of nginx; empty if it is not installed.
     static QString program();
 
+    /// Sets the parameters of the server's listen directive, "ssl http2". Call it before start().
+    void listenWith(const QString& options) { m_listenOptions = options; }
     /// Adds a file of directives to the server's configuration. Call it before start().
     void include(const QString& file) { m_include = file; }
     /// Adds one beside the server. Call it before start().
@@ -35,6 +37,7 @@ public:
     /// Terminates the server; its port refuses connections then.
     void stop();
 
+    quint16 port() const { return m_port; }
     /// Returns "http://127.0.0.1:PORT/".
     QString url() const;
     /// Returns the request lines and statuses so far, "GET /a.xml HTTP/1.1 200"; nginx writes each
@@ -46,6 +49,7 @@ private:
 
     PreparedProcess m_process;
     quint16 m_port = 0;
+    QString m_listenOptions;
     QString m_include;
     QString m_module;
     QString m_includeBeside;
