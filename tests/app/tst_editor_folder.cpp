@@ -225,7 +225,10 @@ void tst_editor_folder::unavailableFolderIsForgotten()
     world.publish(themes);
     world.leaveOut(QStringLiteral("--root"));
     const QString change = changeFolder(world);
-    CatalogueFiles::write(world.preferencesFile(), R"({"downloadFolder": "/proc/none"})");
+    const QString file = world.folder() + QStringLiteral("/file");
+    CatalogueFiles::write(file, "in the way");
+    CatalogueFiles::write(world.preferencesFile(),
+                          "{\"downloadFolder\": \"" + file.toUtf8() + "/none\"}");
     VERIFY_ENDED_WELL(Editor(world).run(
         QStringLiteral("wait quiet\n"
                        "wait text folderBarText \"The download folder is not available now\"\n")

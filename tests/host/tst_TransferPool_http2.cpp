@@ -122,8 +122,8 @@ void TestTransferPoolHttp2::bodyWithoutALengthIsComplete()
         QCOMPARE(run.result(name), 0);
         QCOMPARE(run.content(name), QByteArray(5000, 'x') + name.toLatin1());
     }
+    QTRY_COMPARE(front.nginx().requests().size(), number);
     const QByteArrayList requests = front.nginx().requests();
-    QCOMPARE(requests.size(), number);
     for (const QByteArray& request : requests)
         QVERIFY2(request.endsWith("HTTP/2.0 200"), request.constData());
 }
