@@ -6,7 +6,6 @@
 #include "catalogue/MVThemeMgr.h"
 #include "host/HostSettings.h"
 #include "support/CatalogueFiles.h"
-#include "support/FaultServer.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -82,15 +81,9 @@ bool CheckWorld::configureHttp2()
 {
     const QString key = m_folder + QStringLiteral("/key.pem");
     const QString include = m_folder + QStringLiteral("/http2.conf");
-    m_securePort = FaultServer::refusingPort();
-    CatalogueFiles::write(include,
-                          QStringLiteral("listen 127.0.0.1:%1 ssl http2;\n"
-                                         "ssl_certificate %2;\nssl_certificate_key %3;\n"
-                                         "http2_max_concurrent_streams 128;\n")
-                              .arg(m_securePort)
-                              .arg(certificate(), key)
-                              .toUtf8());
+    CatalogueFiles::write(include, "http2_max_concurrent_streams 128;\n");
     m_server.include(include);
+    m_server.speakHttp2(certificate(), key);
     QProcess openssl;
     openssl.start(
         QStringLiteral("openssl"),
@@ -118,8 +111,7 @@ QStringList CheckWorld::secureUrls() const
 {
     QStringList result;
     for (int theme = 0; theme < m_themes; ++theme) {
-        result << QStringLiteral("https://127.0.0.1:%1/display/Themes/").arg(m_securePort)
-                + name(theme, "jpg");
+        result << m_server.secureUrl() + QStringLiteral("display/Themes/") + name(theme, "jpg");
     }
     return result;
 }

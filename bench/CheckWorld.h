@@ -46,7 +46,6 @@ private:
 
     QString m_folder;
     QString m_root; // address of the server
-    quint16 m_securePort = 0;
     int m_themes = 0;
     NginxServer m_server;
 };

@@ -26,30 +26,25 @@ public:
         CatalogueFiles::write(m_tree + QStringLiteral("/empty"), "");
         CatalogueFiles::write(include,
                               QStringLiteral(R"(
-ssl_certificate %1;
-ssl_certificate_key %2;
-%4
+%2
 location /back/ {
-    proxy_pass http://127.0.0.1:%3;
+    proxy_pass http://127.0.0.1:%1;
     proxy_http_version 1.1;
     proxy_buffering off;
     proxy_set_header X-Connection $connection;
     proxy_set_header X-Protocol $server_protocol;
 }
 )")
-                                  .arg(certificate.file(), certificate.keyFile())
                                   .arg(back.port())
                                   .arg(options)
                                   .toUtf8());
-        m_nginx.listenWith(QStringLiteral("ssl http2"));
+        m_nginx.speakHttp2(certificate.file(), certificate.keyFile());
         m_nginx.include(include);
         return m_nginx.start(m_tree, folder + QStringLiteral("/work"));
     }
 
-    QString url(const QString& target) const
-    {
-        return QStringLiteral("https://127.0.0.1:%1%2").arg(m_nginx.port()).arg(target);
-    }
+    /// Returns the address of "/PATH".
+    QString url(const QString& target) const { return m_nginx.secureUrl() + target.mid(1); }
     QString tree() const { return m_tree; }
     NginxServer& nginx() { return m_nginx; }
 

@@ -48,11 +48,19 @@ http {
     keepalive_requests 100000;
     %5
     server {
-        listen 127.0.0.1:%2 %6;
+        listen 127.0.0.1:%2;
+        %6
         root %3;
         %4
     }
 }
+)";
+
+/// What speaks HTTP/2 over TLS beside it: a port, a certificate and its key.
+const char secureConfiguration[] = R"(
+        listen 127.0.0.1:%1 ssl http2;
+        ssl_certificate %2;
+        ssl_certificate_key %3;
 )";
 
 QString directive(const QString& include)
@@ -101,50 +109,62 @@ bool NginxServer::start(const QString& tree, const QString& work)
     m_work = work;
     QDir().mkpath(work);
     for (int attempt = 0; attempt < attempts; ++attempt) {
-        if (startOn(freePort(), tree, work))
+        m_port = freePort();
+        m_securePort = m_certificate.isEmpty() ? quint16(0) : freePort();
+        if (startOnPorts(tree))
             return true;
     }
     m_error = QString::fromLocal8Bit(m_process.readAllStandardError());
     return false;
 }
 
-bool NginxServer::startOn(quint16 port, const QString& tree, const QString& work)
+bool NginxServer::startOnPorts(const QString& tree)
 {
-    const QString file = work + QStringLiteral("/nginx.conf");
-    const QString pidFile = work + QStringLiteral("/nginx.pid");
+    const QString file = m_work + QStringLiteral("/nginx.conf");
+    const QString pidFile = m_work + QStringLiteral("/nginx.pid");
     QFile::remove(pidFile);
     QFile conf(file);
     if (!conf.open(QIODevice::WriteOnly))
         return false;
     conf.write(QString::fromLatin1(nginxConfiguration)
-                   .arg(work)
-                   .arg(port)
-                   .arg(tree, directive(m_include), directive(m_includeBeside), m_listenOptions)
+                   .arg(m_work)
+                   .arg(m_port)
+                   .arg(tree, directive(m_include), directive(m_includeBeside), secureDirectives())
                    .toUtf8());
     conf.close();
     QStringList arguments{QStringLiteral("-e"), QStringLiteral("stderr"),
-                          QStringLiteral("-p"), work,
+                          QStringLiteral("-p"), m_work,
                           QStringLiteral("-c"), file};
     if (!m_module.isEmpty())
         arguments << QStringLiteral("-g") << QStringLiteral("load_module %1;").arg(m_module);
     m_process.start(program(), arguments);
     QElapsedTimer timer;
     timer.start();
-    // nginx writes the file once it listens, and exits if the port has been taken meanwhile.
+    // nginx writes the file once it listens, and exits if a port has been taken meanwhile.
     while (!m_process.waitForFinished(0) && m_process.state() != QProcess::NotRunning
            && timer.elapsed() < longestMs) {
-        if (QFile::exists(pidFile)) {
-            m_port = port;
+        if (QFile::exists(pidFile))
             return true;
-        }
         std::this_thread::sleep_for(tick);
     }
     return false;
 }
 
+QString NginxServer::secureDirectives() const
+{
+    if (m_certificate.isEmpty())
+        return {};
+    return QString::fromLatin1(secureConfiguration).arg(m_securePort).arg(m_certificate, m_key);
+}
+
 QString NginxServer::url() const
 {
     return QStringLiteral("http://127.0.0.1:%1/").arg(m_port);
+}
+
+QString NginxServer::secureUrl() const
+{
+    return QStringLiteral("https://127.0.0.1:%1/").arg(m_securePort);
 }
 
 QByteArrayList NginxServer::requests() const

@@ -20,8 +20,13 @@ public:
     /// Returns the path of nginx; empty if it is not installed.
     static QString program();
 
-    /// Sets the parameters of the server's listen directive, "ssl http2". Call it before start().
-    void listenWith(const QString& options) { m_listenOptions = options; }
+    /// Makes the server also speak HTTP/2 over TLS, on a port of its own. Takes the files of the
+    /// certificate and its key. Call it before start().
+    void speakHttp2(const QString& certificate, const QString& key)
+    {
+        m_certificate = certificate;
+        m_key = key;
+    }
     /// Adds a file of directives to the server's configuration. Call it before start().
     void include(const QString& file) { m_include = file; }
     /// Adds one beside the server. Call it before start().
@@ -37,19 +42,23 @@ public:
     /// Terminates the server; its port refuses connections then.
     void stop();
 
-    quint16 port() const { return m_port; }
     /// Returns "http://127.0.0.1:PORT/".
     QString url() const;
+    /// Returns the same for HTTP/2, "https://127.0.0.1:PORT/".
+    QString secureUrl() const;
     /// Returns the request lines and statuses so far, "GET /a.xml HTTP/1.1 200"; nginx writes each
     /// after its answer.
     QByteArrayList requests() const;
 
 private:
-    bool startOn(quint16 port, const QString& tree, const QString& work);
+    bool startOnPorts(const QString& tree);
+    QString secureDirectives() const;
 
     PreparedProcess m_process;
     quint16 m_port = 0;
-    QString m_listenOptions;
+    quint16 m_securePort = 0;
+    QString m_certificate; // empty: no HTTP/2
+    QString m_key;
     QString m_include;
     QString m_module;
     QString m_includeBeside;
