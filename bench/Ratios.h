@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-/// Prints the usual table, keeps the best time of every benchmark over its repetitions, and
-/// compares them at the end. The best time is the one least disturbed by other work.
+/// Prints the usual table, keeps the times of every benchmark over its repetitions, and compares
+/// them at the end.
 class Ratios : public benchmark::ConsoleReporter
 {
 public:
@@ -21,9 +21,14 @@ public:
 
     void ReportRuns(const std::vector<Run>& runs) override;
 
+    enum class Compared {
+        Best,   ///< the time least disturbed by other work
+        Median, ///< for disks, which are sometimes several times as fast for one run
+    };
+
     /// Adds a limit on the ratio of two benchmarks: value / floor must not exceed it.
     void limit(const std::string& name, const std::string& value, const std::string& floor,
-               double highest);
+               double highest, Compared compared = Compared::Best);
 
     /// Prints a line "NAME ratio VALUE limit LIMIT" per limit; returns exit status 1 if one is
     /// exceeded or was not measured.
@@ -36,8 +41,11 @@ private:
         std::string value;
         std::string floor;
         double highest;
+        Compared compared;
     };
 
-    std::map<std::string, double> m_best; // seconds by benchmark name
+    double time(const std::string& benchmark, Compared compared) const;
+
+    std::map<std::string, std::vector<double>> m_times; // seconds by benchmark name
     std::vector<Limit> m_limits;
 };

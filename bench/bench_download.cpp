@@ -15,11 +15,13 @@
 #include <QStorageInfo>
 #include <QTemporaryDir>
 
+#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <ctime>
 #include <memory>
 #include <optional>
+#include <thread>
 
 #include <curl/curl.h>
 #include <sched.h>
@@ -36,9 +38,11 @@ constexpr int maxWaitMs = 1000;
 constexpr int largeRepetitions = 3;
 constexpr double highestRatio = 1.15;
 constexpr double highestDigestRatio = 1.1;
+/// ext4 creates files several times slower for five seconds after many were removed.
+constexpr std::chrono::seconds settling(6);
 /// A file system in memory, where no disk hides what the code costs.
 const QLatin1String memory("/dev/shm");
-constexpr qint64 memoryNeeded = 2 * smallFiles * smallSize;
+constexpr qint64 memoryNeeded = 3 * smallRepetitions * smallFiles * smallSize;
 
 /// Runs the server's process, which ends with this object.
 class ServerProcess
@@ -120,20 +124,32 @@ struct Load
     SPublishedContent published = {}; // if known, its digest is computed
 };
 
+/// On a disk, a single run may be much faster than the others.
+Ratios::Compared compared(const Load& load)
+{
+    return load.isProcessorTime ? Ratios::Compared::Best : Ratios::Compared::Median;
+}
+
 QString fileName(const QString& folder, int number)
 {
     return QStringLiteral("%1/%2.bin").arg(folder).arg(number);
 }
 
-/// Gives both sides an empty folder, since downloads store new files, and a file system without
-/// work pending from the previous run.
-void empty(benchmark::State& state, const QString& folder)
+/// Makes an empty folder, since downloads store new files, on a file system without work pending
+/// from the previous run, and returns it. Only large files of earlier runs are removed: ext4
+/// creates files several times slower for five seconds after many were removed, so the first run
+/// would win.
+QString emptyFolder(benchmark::State& state, const QString& parent, const Load& load)
 {
+    static int count = 0;
     state.PauseTiming();
-    QDir(folder).removeRecursively();
+    if (load.size == largeSize)
+        QDir(parent).removeRecursively();
+    const QString folder = QStringLiteral("%1/%2").arg(parent).arg(++count);
     QDir().mkpath(folder);
     ::sync();
     state.ResumeTiming();
+    return folder;
 }
 
 /// Returns the content that the server sends for every file of that size.
@@ -146,7 +162,7 @@ SPublishedContent publishedBy(const ServerProcess& server, const QString& folder
     return {ContentDigest::ofFile(file), size};
 }
 
-void measureWrapper(benchmark::State& state, const ServerProcess& server, const QString& folder,
+void measureWrapper(benchmark::State& state, const ServerProcess& server, const QString& parent,
                     const Load& load)
 {
     std::optional<ProcessorTime> clock;
@@ -155,7 +171,7 @@ void measureWrapper(benchmark::State& state, const ServerProcess& server, const 
     CurWrapper wrapper;
     for (auto iteration : state) {
         Q_UNUSED(iteration)
-        empty(state, folder);
+        const QString folder = emptyFolder(state, parent, load);
         const double begin = clock ? clock->seconds() : 0;
         for (int i = 0; i < load.files; ++i) {
             wrapper.downloadPublished(server.url(load.size, i), fileName(folder, i), QString(),
@@ -205,7 +221,7 @@ bool fetchBare(CURLM* connections, const QByteArray& url, std::FILE* file)
     return ok;
 }
 
-void measureBareLibcurl(benchmark::State& state, const ServerProcess& server, const QString& folder,
+void measureBareLibcurl(benchmark::State& state, const ServerProcess& server, const QString& parent,
                         const Load& load)
 {
     std::optional<ProcessorTime> clock;
@@ -214,7 +230,7 @@ void measureBareLibcurl(benchmark::State& state, const ServerProcess& server, co
     const std::unique_ptr<CURLM, FreeMulti> connections(curl_multi_init());
     for (auto iteration : state) {
         Q_UNUSED(iteration)
-        empty(state, folder);
+        const QString folder = emptyFolder(state, parent, load);
         const double begin = clock ? clock->seconds() : 0;
         for (int i = 0; i < load.files; ++i) {
             const QByteArray url = server.url(load.size, i).toUtf8();
@@ -230,23 +246,29 @@ void measureBareLibcurl(benchmark::State& state, const ServerProcess& server, co
     }
 }
 
+template <typename Measure>
+void addMeasurement(const std::string& name, const Load& load, Measure measure)
+{
+    auto* const added = benchmark::RegisterBenchmark(name.c_str(), measure);
+    added->Unit(benchmark::kMillisecond)->Repetitions(load.repetitions)->Iterations(1);
+    if (load.isProcessorTime)
+        added->UseManualTime();
+    else
+        added->UseRealTime();
+}
+
 void addPair(Ratios& ratios, const ServerProcess& server, const QString& folder,
              const std::string& name, const Load& load)
 {
     const auto add = [&](const std::string& benchmark, auto measure) {
-        auto* const added = benchmark::RegisterBenchmark(
-            benchmark.c_str(), [&server, folder, load, measure](benchmark::State& state) {
-                measure(state, server, folder, load);
-            });
-        added->Unit(benchmark::kMillisecond)->Repetitions(load.repetitions)->Iterations(1);
-        if (load.isProcessorTime)
-            added->UseManualTime();
-        else
-            added->UseRealTime();
+        addMeasurement(benchmark, load, [&server, folder, load, measure](benchmark::State& state) {
+            measure(state, server, folder, load);
+        });
     };
     add("download_" + name, &measureWrapper);
     add("floor_" + name, &measureBareLibcurl);
-    ratios.limit("download_" + name, "download_" + name, "floor_" + name, highestRatio);
+    ratios.limit("download_" + name, "download_" + name, "floor_" + name, highestRatio,
+                 compared(load));
 }
 
 /// Adds the same downloads with and without a digest of what arrives.
@@ -254,19 +276,15 @@ void addDigestPair(Ratios& ratios, const ServerProcess& server, const QString& f
                    const std::string& name, Load load)
 {
     const auto add = [&](const std::string& benchmark, const Load& measured) {
-        benchmark::RegisterBenchmark(benchmark.c_str(),
-                                     [&server, folder, measured](benchmark::State& state) {
-                                         measureWrapper(state, server, folder, measured);
-                                     })
-            ->Unit(benchmark::kMillisecond)
-            ->Repetitions(load.repetitions)
-            ->Iterations(1)
-            ->UseRealTime();
+        addMeasurement(benchmark, measured, [&server, folder, measured](benchmark::State& state) {
+            measureWrapper(state, server, folder, measured);
+        });
     };
     add("plain_" + name, load);
     load.published = publishedBy(server, folder, load.size);
     add("digest_" + name, load);
-    ratios.limit("digest_" + name, "digest_" + name, "plain_" + name, highestDigestRatio);
+    ratios.limit("digest_" + name, "digest_" + name, "plain_" + name, highestDigestRatio,
+                 compared(load));
 }
 
 /// Returns why small files cannot be measured in memory; empty if they can.
@@ -303,9 +321,11 @@ int main(int argc, char** argv)
     } else {
         std::printf("download_1000x20kB_memory skipped: %s\n", qPrintable(obstacle));
     }
-    addPair(ratios, server, folder, "1x1GB", {1, largeSize, largeRepetitions});
+    const QString large = home.path() + QStringLiteral("/large");
+    addPair(ratios, server, large, "1x1GB", {1, largeSize, largeRepetitions});
     addDigestPair(ratios, server, folder, "1000x20kB", {smallFiles, smallSize, smallRepetitions});
-    addDigestPair(ratios, server, folder, "1x1GB", {1, largeSize, smallRepetitions});
+    addDigestPair(ratios, server, large, "1x1GB", {1, largeSize, smallRepetitions});
+    std::this_thread::sleep_for(settling);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks(&ratios);
     return ratios.finish();
