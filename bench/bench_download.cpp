@@ -247,7 +247,7 @@ void measureBareLibcurl(benchmark::State& state, const ServerProcess& server, co
 }
 
 template <typename Measure>
-void addMeasurement(const std::string& name, const Load& load, Measure measure)
+void addMeasurement(const std::string& name, const Load& load, const Measure& measure)
 {
     auto* const added = benchmark::RegisterBenchmark(name.c_str(), measure);
     added->Unit(benchmark::kMillisecond)->Repetitions(load.repetitions)->Iterations(1);
