@@ -28,7 +28,7 @@ private:
     static Mgr& mgr() { return CatalogueFixture::manager(); }
     /// Returns the seconds that one call takes to query or mark `count` favourites.
     double favouriteTime(int count, bool isMarking);
-    /// Returns the seconds to parse 100 themes that each use the last of `filters` filters.
+    /// Returns the seconds to parse 400 themes that each use the last of `filters` filters.
     double parseTime(int filters);
     double extractTime(int elements);
     void writeCatalogue(int filters, int themes) const;
@@ -118,7 +118,7 @@ void tst_catalogueGrowth::writeThemeConfig(int elements, const QString& filter) 
 
 double tst_catalogueGrowth::parseTime(int filters)
 {
-    constexpr int themes = 100;
+    constexpr int themes = 400;
     constexpr int elements = 10;
     writeCatalogue(filters, themes);
     writeThemeConfig(elements, Files::guid(filters - 1));
