@@ -56,7 +56,7 @@ http {
 }
 )";
 
-/// What speaks HTTP/2 over TLS beside it: a port, a certificate and its key.
+/// Adds HTTP/2 over TLS on another port, with a certificate and its key.
 const char secureConfiguration[] = R"(
         listen 127.0.0.1:%1 ssl http2;
         ssl_certificate %2;
