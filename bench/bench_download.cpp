@@ -136,9 +136,8 @@ QString fileName(const QString& folder, int number)
 }
 
 /// Makes an empty folder, since downloads store new files, on a file system without work pending
-/// from the previous run, and returns it. Only large files of earlier runs are removed: ext4
-/// creates files several times slower for five seconds after many were removed, so the first run
-/// would win.
+/// from the previous run, and returns it. Removes only the large files of earlier runs, see
+/// `settling`.
 QString emptyFolder(benchmark::State& state, const QString& parent, const Load& load)
 {
     static int count = 0;
