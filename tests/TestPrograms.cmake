@@ -7,14 +7,19 @@
 
 # mv_generate_moc(TARGET SOURCE)
 # Runs moc on a test's own source, which includes the result. AUTOMOC would scan all sources and add one to
-# compile. It stays in use where a header of the test needs moc.
+# compile. It stays in use where a header of the test needs moc. The target test_mocs has the results without the
+# libraries: a command that two targets share waits only for what both depend on.
 function(mv_generate_moc target source)
     cmake_path(GET source STEM test)
     set(folder ${CMAKE_CURRENT_BINARY_DIR}/${target}_moc)
     qt_generate_moc(${source} ${folder}/${test}.moc TARGET ${target})
     target_sources(${target} PRIVATE ${folder}/${test}.moc)
     target_include_directories(${target} PRIVATE ${folder})
-    set_property(GLOBAL APPEND PROPERTY MV_TEST_MOCS ${folder}/${test}.moc)
+    if(NOT TARGET ${target}_mocs)
+        add_custom_target(${target}_mocs)
+        add_dependencies(test_mocs ${target}_mocs)
+    endif()
+    target_sources(${target}_mocs PRIVATE ${folder}/${test}.moc)
 endfunction()
 
 # Stores in NEEDS_AUTOMOC whether a source other than the tests' own has something for moc, in OWN the tests'
