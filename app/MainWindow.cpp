@@ -42,8 +42,8 @@
 
 namespace {
 
-constexpr QSize firstSize(1150, 750); // on a usual screen
-constexpr int firstListWidth = 772;   // four themes, or six filters, side by side
+constexpr QSize firstWindowSize(1150, 750); // on a usual screen
+constexpr int firstListWidth = 772;         // four themes, or six filters, side by side
 
 } // namespace
 
@@ -113,7 +113,7 @@ void MainWindow::arrange()
     column->addWidget(m_splitter->backButton(), 0, Qt::AlignLeft);
     column->addWidget(m_details, 1);
     m_splitter->setPanes(left, right);
-    m_splitter->setSizes({firstListWidth, firstSize.width() - firstListWidth});
+    m_splitter->setSizes({firstListWidth, firstWindowSize.width() - firstListWidth});
     QWidget* const frame = m_splitter->parentWidget();
     auto* const layout = new QVBoxLayout(frame);
     layout->addWidget(m_splitter);
@@ -267,7 +267,7 @@ void MainWindow::restore()
 {
     const QSize room = screen()->availableSize();
     constexpr double share = 0.6; // of a large screen
-    resize((QSizeF(room) * share).toSize().expandedTo(firstSize).boundedTo(room));
+    resize((QSizeF(room) * share).toSize().expandedTo(firstWindowSize).boundedTo(room));
     restoreGeometry(m_preferences.geometry());
     const QSize largest = screen()->availableVirtualSize();
     if (size().boundedTo(largest) != size())

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr qreal lineWidth = 2.0;
+constexpr qreal frameWidth = 2.0;
 constexpr qreal radius = 4.0;
 
 } // namespace
@@ -49,7 +49,7 @@ void CellFocusMark::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(m_color.isValid() ? m_color : palette().highlight().color(), lineWidth));
-    const qreal inset = lineWidth / 2;
+    painter.setPen(QPen(m_color.isValid() ? m_color : palette().highlight().color(), frameWidth));
+    const qreal inset = frameWidth / 2;
     painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), radius, radius);
 }

@@ -14,8 +14,8 @@
 
 namespace {
 
-constexpr int inset = 4; // from the corner of the picture
-constexpr int gap = 3;   // between two marks
+constexpr int cornerGap = 4; // from the corner of the picture
+constexpr int gap = 3;       // between two marks
 constexpr int maxMarks = 2;
 
 } // namespace
@@ -26,7 +26,7 @@ CellMarks::CellMarks(QWidget* face, StateQuery state)
 {
     setObjectName(QStringLiteral("marks"));
     setAttribute(Qt::WA_NoSystemBackground);
-    move(inset, inset);
+    move(cornerGap, cornerGap);
     setDiameter(m_diameter);
     raise();
     show();

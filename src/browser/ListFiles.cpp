@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int pauseMs = 400; // between two changes that are told while many items wait
+constexpr int tellingPauseMs = 400; // between two changes that are told while many items wait
 
 const SItemFacts* stateOf(const ItemStates& states, ECfgItemType kind, const QString& guid)
 {
@@ -100,6 +100,6 @@ void ListFiles::timerEvent(QTimerEvent* event)
         return;
     m_isTold = true;
     if (m_states->isExamining(m_kind))
-        m_timer.start(pauseMs, this);
+        m_timer.start(tellingPauseMs, this);
     emit changed();
 }

@@ -9,7 +9,7 @@
 namespace {
 
 constexpr qreal unit = 16; // the signs are drawn on a square of this size
-constexpr qreal lineWidth = 1.7;
+constexpr qreal strokeWidth = 1.7;
 constexpr int rimAlpha = 70; // keeps a disc apart from a picture of its colour
 
 QPainterPath lines(std::initializer_list<QPolygonF> all)
@@ -101,7 +101,7 @@ void MarkSign::paint(QPainter& painter, const QRectF& place, Sign sign, const QC
     painter.setBrush(plate);
     painter.drawEllipse(QRectF(0, 0, unit, unit).adjusted(inset, inset, -inset, -inset));
     painter.setPen(isFilled ? QPen(Qt::NoPen)
-                            : QPen(color, lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+                            : QPen(color, strokeWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.setBrush(isFilled ? QBrush(color) : QBrush(Qt::NoBrush));
     painter.drawPath(pathOf(sign));
     painter.restore();

@@ -7,21 +7,21 @@
 
 namespace {
 
-std::atomic<int> uses{0};
+std::atomic<int> useCount{0};
 
 } // namespace
 
 CatalogueUse::CatalogueUse()
 {
-    ++uses;
+    ++useCount;
 }
 
 CatalogueUse::~CatalogueUse()
 {
-    --uses;
+    --useCount;
 }
 
 int CatalogueUse::count()
 {
-    return uses;
+    return useCount;
 }

@@ -22,11 +22,11 @@
 
 namespace {
 
-constexpr int format = 1;
+constexpr int formatVersion = 1;
 constexpr qint64 maxFavouritesBytes = 16 * 1024 * 1024;
 
-const QString formatKey = QStringLiteral("format");
-const QString listKey = QStringLiteral("favourites");
+const QString versionKey = QStringLiteral("format");
+const QString favouritesKey = QStringLiteral("favourites");
 const QString kindKey = QStringLiteral("kind");
 const QString guidKey = QStringLiteral("guid");
 const QString nameKey = QStringLiteral("name");
@@ -110,7 +110,7 @@ bool FavouritesFile::write(const QString& path)
     const QJsonArray list = allFavourites();
     m_count = list.size();
     const QByteArray bytes =
-        QJsonDocument(QJsonObject{{formatKey, format}, {listKey, list}}).toJson();
+        QJsonDocument(QJsonObject{{versionKey, formatVersion}, {favouritesKey, list}}).toJson();
     const QFileInfo file(path); // a link keeps its place, and the file that it names is replaced
     STransferFailure failure;
     if (!Utils::writeFile(file.isSymLink() ? file.symLinkTarget() : path, bytes, &failure))
@@ -126,8 +126,8 @@ bool FavouritesFile::read(const QString& path)
     if (!RegularFile::open(file, QIODevice::ReadOnly, &reason))
         return fail(Error::CannotRead, path, reason);
     const QJsonDocument document = QJsonDocument::fromJson(file.read(maxFavouritesBytes));
-    const QJsonValue list = document.object().value(listKey);
-    if (document.object().value(formatKey).toInt() != format || !list.isArray())
+    const QJsonValue list = document.object().value(favouritesKey);
+    if (document.object().value(versionKey).toInt() != formatVersion || !list.isArray())
         return fail(Error::NotFavourites, path);
     QVector<SCfg_Item> items;
     const QJsonArray entries = list.toArray();

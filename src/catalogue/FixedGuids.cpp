@@ -5,7 +5,7 @@
 
 namespace {
 
-const char* const guids[] = {
+const char* const guidTexts[] = {
     "{05424433-FB6F-41CD-96E4-ECD6D1C2C841}", "{B2F3012D-6D28-4EC1-9C46-9D6631F07FF9}",
     "{1A6094B7-8297-4047-9701-4D3B3B11455C}", "{E6D5EF1E-1AD3-49EE-9A9E-B6703413C8AC}",
     "{A191A2E9-78A8-4734-BC06-8E9465EB66F3}", "{634BDEC3-11F6-4AA9-AAC8-36E837B01FFC}",
@@ -76,7 +76,7 @@ const char* const guids[] = {
 QList<QString> fixedGuids()
 {
     QList<QString> list;
-    for (const char* guid : guids)
+    for (const char* guid : guidTexts)
         list.append(QString::fromLatin1(guid));
     return list;
 }

@@ -28,7 +28,7 @@ const QLatin1String urlKey("url");
 const QLatin1String etagKey("etag");
 const QLatin1String modifiedKey("lastModified");
 const QLatin1String contentKey("content");
-const QLatin1String digestKey("sha256");
+const QLatin1String entryDigestKey("sha256");
 
 /// Covers all that a 304 relies on.
 QString digestOf(const QString& url, const AnswerCache::Entry& entry)
@@ -82,7 +82,7 @@ AnswerCache::Entry AnswerCache::read(const QString& url) const
     const auto text = [&](QLatin1String key) { return json.value(key).toString(); };
     const Entry entry = {{text(etagKey).toUtf8(), text(modifiedKey).toUtf8()},
                          QByteArray::fromBase64(text(contentKey).toLatin1())};
-    const bool isIntact = text(urlKey) == url && text(digestKey) == digestOf(url, entry);
+    const bool isIntact = text(urlKey) == url && text(entryDigestKey) == digestOf(url, entry);
     return isIntact ? entry : Entry();
 }
 
@@ -97,7 +97,7 @@ bool AnswerCache::store(const QString& url, Entry entry) const
         {etagKey, QString::fromUtf8(entry.validators.m_etag)},
         {modifiedKey, QString::fromUtf8(entry.validators.m_lastModified)},
         {contentKey, QString::fromLatin1(entry.content.toBase64())},
-        {digestKey, digestOf(url, entry)},
+        {entryDigestKey, digestOf(url, entry)},
     };
     AppOptions::instance()->ensureDirExists(QFileInfo(path()).path());
     STransferFailure failure;

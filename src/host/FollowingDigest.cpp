@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int chunkBytes = 256 * 1024;
+constexpr int stepBytes = 256 * 1024;
 
 } // namespace
 
@@ -18,7 +18,7 @@ FollowingDigest::FollowingDigest(int handle, std::unique_ptr<ContentDigest> dige
     : m_handle(handle)
     , m_digest(std::move(digest))
     , m_position(position)
-    , m_buffer(chunkBytes, Qt::Uninitialized)
+    , m_buffer(stepBytes, Qt::Uninitialized)
     , m_size(position)
     , m_thread([this] { run(); })
 {
@@ -39,7 +39,7 @@ void FollowingDigest::advanceTo(qint64 size)
 {
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        const bool isWorthIt = size / chunkBytes != m_size / chunkBytes;
+        const bool isWorthIt = size / stepBytes != m_size / stepBytes;
         m_size = size;
         if (!isWorthIt)
             return;
@@ -66,7 +66,7 @@ void FollowingDigest::run()
             m_isBusy = true;
             continue;
         }
-        const qint64 end = std::min(m_size, m_position + chunkBytes);
+        const qint64 end = std::min(m_size, m_position + stepBytes);
         lock.unlock();
         const bool isRead = read(end);
         lock.lock();

@@ -24,7 +24,7 @@ private slots:
 
 namespace {
 
-const QString theme = QStringLiteral("Alpha");
+const QString publishedTheme = QStringLiteral("Alpha");
 
 /// Makes one request fail, with an error status or a dropped connection.
 EditorWorld::Fault failing(int request)
@@ -57,7 +57,7 @@ void tst_editor_faults::theNextStartMakesUpForIt()
 {
     QFETCH(int, request);
     EditorWorld world;
-    world.publish({theme});
+    world.publish({publishedTheme});
     world.setFault(failing(request));
     Editor editor(world);
     VERIFY_ENDED_WELL(editor.run(QStringLiteral("wait quiet\nclick tab 1\nclick cell Sepia\n")));
@@ -84,8 +84,8 @@ void tst_editor_faults::aFailedDownloadIsTriedAgain()
 {
     QFETCH(QByteArray, target);
     EditorWorld world;
-    world.install({theme});
-    world.publish({theme});
+    world.install({publishedTheme});
+    world.publish({publishedTheme});
     auto failed = std::make_shared<std::atomic<bool>>(false);
     world.setFault([target, failed](HttpExchange& exchange, int) {
         if (exchange.request().target != target || failed->exchange(true))
@@ -129,7 +129,7 @@ EditorWorld::Fault failingOnce(const QByteArray& target)
 void tst_editor_faults::tryingAgainFindsWhatAFilterHides()
 {
     EditorWorld world;
-    const QStringList themes{theme, QStringLiteral("Beta")};
+    const QStringList themes{publishedTheme, QStringLiteral("Beta")};
     world.install(themes);
     world.publish(themes);
     world.setFault(failingOnce("alpha/theme.zip"));

@@ -32,7 +32,7 @@ private:
 namespace {
 
 /// Returns a config and a display document with `count` items, numbered from `first`, per category.
-QByteArray config(int first, int count)
+QByteArray configItems(int first, int count)
 {
     QVector<Files::CfgItem> items;
     for (int number = first; number < first + count; ++number)
@@ -43,7 +43,7 @@ QByteArray config(int first, int count)
     return Files::document(content);
 }
 
-QByteArray display(int first, int count)
+QByteArray displayItems(int first, int count)
 {
     QVector<Files::DisplayItem> items;
     for (int number = first; number < first + count; ++number)
@@ -109,7 +109,7 @@ void tst_MVThemeMgr_displayFile::categoriesAreReadInTheirOrder()
 
 void tst_MVThemeMgr_displayFile::itemsWithoutPreviewsAreNotShown()
 {
-    Files::write(m_fixture.configXml(), config(0, 2));
+    Files::write(m_fixture.configXml(), configItems(0, 2));
     Files::write(m_fixture.displayXml(),
                  Files::document(Files::displayCategory(
                      QStringLiteral("Filter"),
@@ -122,9 +122,9 @@ void tst_MVThemeMgr_displayFile::itemsWithoutPreviewsAreNotShown()
 
 void tst_MVThemeMgr_displayFile::downloadedFileWins()
 {
-    Files::write(m_fixture.configXml(), config(0, 9));
-    Files::write(m_fixture.displayXml(Mgr::eLoadDir_Local), display(1, 1));
-    Files::write(m_fixture.displayXml(), display(2, 1));
+    Files::write(m_fixture.configXml(), configItems(0, 9));
+    Files::write(m_fixture.displayXml(Mgr::eLoadDir_Local), displayItems(1, 1));
+    Files::write(m_fixture.displayXml(), displayItems(2, 1));
     mgr().read_resource_config_xml();
     const LogCapture log;
     mgr().read_resource_display_xml();
@@ -135,8 +135,8 @@ void tst_MVThemeMgr_displayFile::downloadedFileWins()
 
 void tst_MVThemeMgr_displayFile::missingDownloadFallsBack()
 {
-    Files::write(m_fixture.configXml(), config(0, 9));
-    Files::write(m_fixture.displayXml(Mgr::eLoadDir_Local), display(1, 1));
+    Files::write(m_fixture.configXml(), configItems(0, 9));
+    Files::write(m_fixture.displayXml(Mgr::eLoadDir_Local), displayItems(1, 1));
     mgr().read_resource_config_xml();
     const LogCapture log;
     mgr().read_resource_display_xml();
@@ -148,8 +148,8 @@ void tst_MVThemeMgr_displayFile::missingDownloadFallsBack()
 
 void tst_MVThemeMgr_displayFile::bothBadLeavesTheLists()
 {
-    Files::write(m_fixture.configXml(), config(0, 9));
-    Files::write(m_fixture.displayXml(), display(1, 1));
+    Files::write(m_fixture.configXml(), configItems(0, 9));
+    Files::write(m_fixture.displayXml(), displayItems(1, 1));
     mgr().read_resource_config_xml();
     mgr().read_resource_display_xml();
     Files::write(m_fixture.displayXml(), "<");
@@ -186,8 +186,8 @@ void tst_MVThemeMgr_displayFile::fewFilters()
     QFETCH(int, shown);
     if (!value.isNull())
         CatalogueFixture::setParam("disableDownloadFiter", value.constData());
-    Files::write(m_fixture.configXml(), config(0, listed));
-    Files::write(m_fixture.displayXml(), display(0, listed));
+    Files::write(m_fixture.configXml(), configItems(0, listed));
+    Files::write(m_fixture.displayXml(), displayItems(0, listed));
     mgr().read_resource_config_xml();
     mgr().read_resource_display_xml();
     QCOMPARE(guidsOf(mgr().getFilters_Display()), guids(0, shown));
@@ -196,8 +196,8 @@ void tst_MVThemeMgr_displayFile::fewFilters()
 void tst_MVThemeMgr_displayFile::otherListsAreNeverCut()
 {
     CatalogueFixture::setParam("disableDownloadFiter", "1");
-    Files::write(m_fixture.configXml(), config(0, 20));
-    Files::write(m_fixture.displayXml(), display(0, 20));
+    Files::write(m_fixture.configXml(), configItems(0, 20));
+    Files::write(m_fixture.displayXml(), displayItems(0, 20));
     mgr().read_resource_config_xml();
     mgr().read_resource_display_xml();
     const Mgr::SResourceXML& shown = mgr().getDisplayXML();

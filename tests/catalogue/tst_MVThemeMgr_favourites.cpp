@@ -70,7 +70,7 @@ struct Favourites
     void (Mgr::*mark)(const SCfg_Item*);
 };
 
-const Favourites all[] = {
+const Favourites favouriteFiles[] = {
     {"ThemeCollect", "readThemeCollect open file[%1] error!", "MVThemeMgr", &Mgr::Path_ThemeCollect,
      &Mgr::readThemeCollect, &Mgr::saveThemeCollect, &Mgr::isThemeCollect,
      &Mgr::setThemesCollected},
@@ -109,21 +109,22 @@ void tst_MVThemeMgr_favourites::addFiles()
 {
     QTest::addColumn<int>("file");
     for (int file = 0; file < 3; ++file)
-        QTest::newRow(all[file].name) << file;
+        QTest::newRow(favouriteFiles[file].name) << file;
 }
 
 /// Saves all favourites and returns the content of one file.
 QJsonObject tst_MVThemeMgr_favourites::saved(int file) const
 {
-    for (const Favourites& each : all)
+    for (const Favourites& each : favouriteFiles)
         (mgr().*each.save)();
-    return QJsonDocument::fromJson(Files::read(m_fixture.collectFile(all[file].name))).object();
+    return QJsonDocument::fromJson(Files::read(m_fixture.collectFile(favouriteFiles[file].name)))
+        .object();
 }
 
 void tst_MVThemeMgr_favourites::pathsCreateTheirFolder()
 {
     QFETCH(int, file);
-    const Favourites& f = all[file];
+    const Favourites& f = favouriteFiles[file];
     hostSettings().dataLocation = m_fixture.base() + QStringLiteral("/not/yet");
     const QString folder =
         m_fixture.base() + QStringLiteral("/not/yet/") + QString::fromLatin1(f.name);
@@ -136,7 +137,7 @@ void tst_MVThemeMgr_favourites::pathsCreateTheirFolder()
 void tst_MVThemeMgr_favourites::missingFileIsCreatedEmpty()
 {
     QFETCH(int, file);
-    const Favourites& f = all[file];
+    const Favourites& f = favouriteFiles[file];
     const SCfg_Item kept = item(1, true);
     (mgr().*f.mark)(&kept);
     hostSettings().dataLocation = m_fixture.base() + QStringLiteral("/first");
@@ -152,7 +153,7 @@ void tst_MVThemeMgr_favourites::missingFileIsCreatedEmpty()
 void tst_MVThemeMgr_favourites::fileThatCannotBeOpened()
 {
     QFETCH(int, file);
-    const Favourites& f = all[file];
+    const Favourites& f = favouriteFiles[file];
     const SCfg_Item kept = item(1, true);
     (mgr().*f.mark)(&kept);
     const QString path = m_fixture.collectFile(f.name);
@@ -167,7 +168,7 @@ void tst_MVThemeMgr_favourites::fileThatCannotBeOpened()
 void tst_MVThemeMgr_favourites::malformedFileChangesNothing()
 {
     QFETCH(int, file);
-    const Favourites& f = all[file];
+    const Favourites& f = favouriteFiles[file];
     const SCfg_Item kept = item(1, true);
     (mgr().*f.mark)(&kept);
     for (const char* content : {"", "{", "{\"a\": tru", "{\"a\": true} x", "{'a': true}", "text"}) {
@@ -183,7 +184,7 @@ void tst_MVThemeMgr_favourites::malformedFileChangesNothing()
 void tst_MVThemeMgr_favourites::readingReplacesTheMarks()
 {
     QFETCH(int, file);
-    const Favourites& f = all[file];
+    const Favourites& f = favouriteFiles[file];
     const SCfg_Item before = item(1, true);
     (mgr().*f.mark)(&before);
     Files::write(m_fixture.collectFile(f.name),
@@ -202,7 +203,7 @@ void tst_MVThemeMgr_favourites::readingReplacesTheMarks()
 void tst_MVThemeMgr_favourites::documentThatIsNotAnObjectIsEmpty()
 {
     QFETCH(int, file);
-    const Favourites& f = all[file];
+    const Favourites& f = favouriteFiles[file];
     const SCfg_Item before = item(1, true);
     (mgr().*f.mark)(&before);
     Files::write(m_fixture.collectFile(f.name), "[true]");
@@ -215,7 +216,7 @@ void tst_MVThemeMgr_favourites::documentThatIsNotAnObjectIsEmpty()
 void tst_MVThemeMgr_favourites::fileIsWrittenIndented()
 {
     QFETCH(int, file);
-    const Favourites& f = all[file];
+    const Favourites& f = favouriteFiles[file];
     SCfg_Item first = item(1, true);
     first.m_qsGUID = QString::fromUtf8("{\xc3\xa9}");
     const SCfg_Item second = item(2, false);
@@ -229,14 +230,14 @@ void tst_MVThemeMgr_favourites::fileIsWrittenIndented()
 void tst_MVThemeMgr_favourites::emptyMarksAreAnEmptyObject()
 {
     QFETCH(int, file);
-    (mgr().*all[file].save)();
-    QCOMPARE(Files::read(m_fixture.collectFile(all[file].name)), QByteArray("{\n}\n"));
+    (mgr().*favouriteFiles[file].save)();
+    QCOMPARE(Files::read(m_fixture.collectFile(favouriteFiles[file].name)), QByteArray("{\n}\n"));
 }
 
 void tst_MVThemeMgr_favourites::savingReplacesTheFile()
 {
     QFETCH(int, file);
-    const Favourites& f = all[file];
+    const Favourites& f = favouriteFiles[file];
     const QString path = m_fixture.collectFile(f.name);
     Files::write(path, "{\"" + QByteArray(100000, 'x') + "\": \"x\"}");
     (mgr().*f.read)();
@@ -257,7 +258,7 @@ void tst_MVThemeMgr_favourites::savingReplacesTheFile()
 void tst_MVThemeMgr_favourites::savingThatFailsIsSilent()
 {
     QFETCH(int, file);
-    const Favourites& f = all[file];
+    const Favourites& f = favouriteFiles[file];
     const QString path = m_fixture.collectFile(f.name);
     QVERIFY(QFile::remove(path) && QDir().mkpath(path));
     const LogCapture log;
@@ -275,7 +276,7 @@ void tst_MVThemeMgr_favourites::savingThatFailsIsSilent()
 void tst_MVThemeMgr_favourites::askingEntersTheGuid()
 {
     QFETCH(int, file);
-    const Favourites& f = all[file];
+    const Favourites& f = favouriteFiles[file];
     const SCfg_Item asked = item(1, true); // the answer does not come from the record's own flag
     QVERIFY(!(mgr().*f.isMarked)(&asked));
     for (int other = 0; other < 3; ++other)
@@ -285,7 +286,7 @@ void tst_MVThemeMgr_favourites::askingEntersTheGuid()
 void tst_MVThemeMgr_favourites::valuesThatAreNoBooleansAreFalse()
 {
     QFETCH(int, file);
-    const Favourites& f = all[file];
+    const Favourites& f = favouriteFiles[file];
     const SCfg_Item asked = item(1);
     for (const char* value : {"1", "\"true\"", "null", "[true]", "{\"a\": true}"}) {
         const QByteArray content = "{\"" + Files::guid(1).toLatin1() + "\": " + value + "}";
@@ -299,7 +300,7 @@ void tst_MVThemeMgr_favourites::valuesThatAreNoBooleansAreFalse()
 void tst_MVThemeMgr_favourites::settingStoresAndSignals()
 {
     QFETCH(int, file);
-    const Favourites& f = all[file];
+    const Favourites& f = favouriteFiles[file];
     SCfg_Item one = item(1, true);
     bool markedWhenSignalled = false;
     const FavouriteSignals signalled(
@@ -322,7 +323,7 @@ void tst_MVThemeMgr_favourites::settingStoresAndSignals()
 void tst_MVThemeMgr_favourites::settingWritesNothing()
 {
     QFETCH(int, file);
-    const Favourites& f = all[file];
+    const Favourites& f = favouriteFiles[file];
     const SCfg_Item one = item(1, true);
     (mgr().*f.mark)(&one);
     (mgr().*f.isMarked)(&one);

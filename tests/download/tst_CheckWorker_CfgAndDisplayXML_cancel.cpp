@@ -53,8 +53,8 @@ constexpr qint64 prompt = 200; // ms, from the cancellation to the end
 /// Extra time granted on a busy machine or under a sanitizer.
 constexpr qint64 slack = 800; // ms
 
-const QByteArray display = "<Resource>display</Resource>";
-const QByteArray config = "<Resource>config</Resource>";
+const QByteArray displayBody = "<Resource>display</Resource>";
+const QByteArray configBody = "<Resource>config</Resource>";
 const QByteArray sum = "00112233445566778899aabbccddeeff";
 
 } // namespace
@@ -66,7 +66,7 @@ void tst_CheckWorker_CfgAndDisplayXML_cancel::init()
 
 void tst_CheckWorker_CfgAndDisplayXML_cancel::publishAll()
 {
-    m_world.publish("1.0.2", display, config);
+    m_world.publish("1.0.2", displayBody, configBody);
     m_world.install("1.0.2", sum, sum);
 }
 
@@ -182,8 +182,8 @@ void tst_CheckWorker_CfgAndDisplayXML_cancel::justAfterATransfer()
     QFETCH(int, level);
     publishAll();
     const QByteArray files[] = {
-        CheckWorld::version("1.0.2", CheckWorld::md5(display), CheckWorld::md5(config)), display,
-        config};
+        CheckWorld::version("1.0.2", CheckWorld::md5(displayBody), CheckWorld::md5(configBody)),
+        displayBody, configBody};
     qint64 bytes = 0;
     for (int i = 0; i < transfer; ++i)
         bytes += files[i].size();
@@ -217,7 +217,7 @@ void tst_CheckWorker_CfgAndDisplayXML_cancel::afterTheLastTransfer()
     CheckWorld::check(worker, trace);
     QCOMPARE(trace.count(QStringLiteral("result 0")), 1);
     QCOMPARE(trace.count(QStringLiteral("end 1")), 1);
-    QCOMPARE(Files::read(m_world.downloadedFile("resource_config.xml")), config);
+    QCOMPARE(Files::read(m_world.downloadedFile("resource_config.xml")), configBody);
 }
 
 /// A token's holder needs no pointer to a worker, which may no longer exist.

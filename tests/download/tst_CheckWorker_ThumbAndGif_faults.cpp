@@ -51,7 +51,7 @@ private:
 
 namespace {
 
-const char* const files[] = {"t1.jpg", "t1.gif", "t2.jpg", "t2.gif"};
+const char* const previewNames[] = {"t1.jpg", "t1.gif", "t2.jpg", "t2.gif"};
 
 } // namespace
 
@@ -64,7 +64,7 @@ void tst_CheckWorker_ThumbAndGif_faults::init()
 void tst_CheckWorker_ThumbAndGif_faults::serveTwoThemes()
 {
     m_world.writeCatalogue(MVThemeMgr::eLoadDir_Download, {1, 2}, {});
-    for (const char* name : files)
+    for (const char* name : previewNames)
         m_world.serve(CheckWorld::previewTarget("Themes", name), name);
 }
 
@@ -72,14 +72,14 @@ void tst_CheckWorker_ThumbAndGif_faults::previewsFailOneByOne_data()
 {
     QTest::addColumn<int>("failing");
     for (int i = 0; i < 4; ++i)
-        QTest::newRow(files[i]) << i;
+        QTest::newRow(previewNames[i]) << i;
 }
 
 void tst_CheckWorker_ThumbAndGif_faults::previewsFailOneByOne()
 {
     QFETCH(int, failing);
     serveTwoThemes();
-    m_world.route(CheckWorld::previewTarget("Themes", files[failing]),
+    m_world.route(CheckWorld::previewTarget("Themes", previewNames[failing]),
                   [](HttpExchange& exchange) { exchange.answer(HttpAnswer(500).body("no")); });
     run();
     QVERIFY(m_ok);
@@ -87,8 +87,8 @@ void tst_CheckWorker_ThumbAndGif_faults::previewsFailOneByOne()
     QCOMPARE(m_entries.last(), QStringLiteral("end 1"));
     for (int i = 0; i < 4; ++i) {
         const char* const what = i % 2 == 0 ? "Thumb" : "Gif";
-        const QString url = m_world.previewUrl("Themes", files[i]);
-        const QString file = m_world.preview("Themes", files[i]);
+        const QString url = m_world.previewUrl("Themes", previewNames[i]);
+        const QString file = m_world.preview("Themes", previewNames[i]);
         QCOMPARE(m_entries.count(previewError(what, i / 2, url, file)), int(i == failing));
         QCOMPARE(m_entries.count(previewOk(what, i / 2, url, file)), int(i != failing));
         QCOMPARE(QFile::exists(file), i != failing);

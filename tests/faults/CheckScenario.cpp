@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int changed = 20;
+constexpr int changedStatus = 20;
 constexpr int serverNewer = 21;
 constexpr int notStored = 26;
 constexpr int previewsFailed = 27;
@@ -49,7 +49,7 @@ QString CheckScenario::prepare()
     mvres().set("paths/appData", mvres().base() + QStringLiteral("/appdata"));
     QString trouble = run({QStringLiteral("list")});
     if (trouble.isEmpty() && m_before == Before::Downloaded)
-        trouble = run(command(), changed);
+        trouble = run(command(), changedStatus);
     publish({Look, Paper}, true);
     return trouble;
 }
@@ -89,7 +89,7 @@ void CheckScenario::publish(const QVector<int>& filters, bool withTheme) const
 
 bool CheckScenario::isSuccess(int status) const
 {
-    return status == 0 || status == changed;
+    return status == 0 || status == changedStatus;
 }
 
 /// Previews are fetched for the installed catalogue if the new one cannot be read; the others are

@@ -20,7 +20,7 @@ namespace {
 
 constexpr int attempts = 5; // another program may take a port that was free
 constexpr int longestMs = 20000;
-constexpr std::chrono::milliseconds tick(10);
+constexpr std::chrono::milliseconds startPoll(10);
 
 quint16 freePort()
 {
@@ -145,7 +145,7 @@ bool NginxServer::startOnPorts(const QString& tree)
            && timer.elapsed() < longestMs) {
         if (QFile::exists(pidFile))
             return true;
-        std::this_thread::sleep_for(tick);
+        std::this_thread::sleep_for(startPoll);
     }
     return false;
 }

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr const char* variable = "MV_TEST_SCALE";
+constexpr const char* scaleVariable = "MV_TEST_SCALE";
 constexpr std::chrono::seconds longestRun{280};
 
 /// Keeps only failures: a message of QVERIFY2 has few lines.
@@ -27,14 +27,14 @@ QByteArray failuresIn(const QByteArray& output)
 
 QString ScaledRuns::enter()
 {
-    if (qEnvironmentVariableIsSet(variable))
-        qputenv("QT_SCALE_FACTOR", qgetenv(variable));
-    return qEnvironmentVariable(variable);
+    if (qEnvironmentVariableIsSet(scaleVariable))
+        qputenv("QT_SCALE_FACTOR", qgetenv(scaleVariable));
+    return qEnvironmentVariable(scaleVariable);
 }
 
 void ScaledRuns::setScale(QProcessEnvironment& environment, const QString& scale)
 {
-    environment.insert(QString::fromLatin1(variable), scale);
+    environment.insert(QString::fromLatin1(scaleVariable), scale);
 }
 
 void ScaledRuns::start(const QProcessEnvironment& environment)

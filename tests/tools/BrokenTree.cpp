@@ -101,15 +101,15 @@ void BrokenTree::announce() const
     }
 }
 
-void BrokenTree::announce(const QString& version, const char* element,
+void BrokenTree::announce(const QString& versionFile, const char* element,
                           const QString& catalogue) const
 {
     if (!QFileInfo::exists(catalogue))
         return;
-    QString content = QString::fromUtf8(read(version));
+    QString content = QString::fromUtf8(read(versionFile));
     content.replace(QRegularExpression(text("<%1 value=\"[^\"]*\"").arg(text(element))),
                     text("<%1 value=\"%2\"").arg(text(element), Utils::getMD5(catalogue)));
-    write(version, content.toUtf8());
+    write(versionFile, content.toUtf8());
 }
 
 QJsonArray BrokenTree::findings(const QString& tree)
@@ -120,11 +120,11 @@ QJsonArray BrokenTree::findings(const QString& tree)
 
 namespace Broken {
 
-const QString config = QStringLiteral("ResourceConfig/resource_config.xml");
-const QString display = QStringLiteral("ResourceConfig/resource_display.xml");
-const QString displayAff = QStringLiteral("ResourceConfig/resource_display_aff.xml");
-const QString version = QStringLiteral("ResourceConfig/resource_version_v3.xml");
-const QString none = QStringLiteral("{25DA2554-DB68-4026-ACE1-3EDDA71DA6D4}");
+const QString configFile = QStringLiteral("ResourceConfig/resource_config.xml");
+const QString displayFile = QStringLiteral("ResourceConfig/resource_display.xml");
+const QString displayAffFile = QStringLiteral("ResourceConfig/resource_display_aff.xml");
+const QString versionFile = QStringLiteral("ResourceConfig/resource_version_v3.xml");
+const QString noneGuid = QStringLiteral("{25DA2554-DB68-4026-ACE1-3EDDA71DA6D4}");
 
 QString guid(const char* item)
 {

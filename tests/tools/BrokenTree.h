@@ -55,11 +55,11 @@ Q_DECLARE_METATYPE(Break)
 /// Names and changes for rows of broken trees.
 namespace Broken {
 
-extern const QString config;
-extern const QString display;
-extern const QString displayAff;
-extern const QString version;
-extern const QString none; ///< GUID of the "none" entry
+extern const QString configFile;
+extern const QString displayFile;
+extern const QString displayAffFile;
+extern const QString versionFile;
+extern const QString noneGuid; ///< GUID of the "none" entry
 
 QString guid(const char* item);
 /// Returns the GUID as encoded in names of the config catalogue.

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int longestMs = 20000;
+constexpr int serverLongestMs = 20000;
 
 } // namespace
 
@@ -29,8 +29,8 @@ bool RcloneServer::start(const QString& folder)
     static const QRegularExpression address(QStringLiteral("http://127\\.0\\.0\\.1:([0-9]+)/\n"));
     QElapsedTimer timer;
     timer.start();
-    while (timer.elapsed() < longestMs && m_process.state() != QProcess::NotRunning) {
-        m_process.waitForReadyRead(longestMs);
+    while (timer.elapsed() < serverLongestMs && m_process.state() != QProcess::NotRunning) {
+        m_process.waitForReadyRead(serverLongestMs);
         m_log += QString::fromUtf8(m_process.readAllStandardError());
         const QRegularExpressionMatch match = address.match(m_log);
         m_port = match.captured(1).toUShort();
@@ -45,7 +45,7 @@ void RcloneServer::stop()
     if (m_process.state() == QProcess::NotRunning)
         return;
     m_process.terminate();
-    if (!m_process.waitForFinished(longestMs))
+    if (!m_process.waitForFinished(serverLongestMs))
         m_process.kill();
 }
 

@@ -6,17 +6,17 @@
 namespace {
 
 #ifdef __SANITIZE_ADDRESS__
-const char script[] = R"(exec "$@")";
+const char limitedCommand[] = R"(exec "$@")";
 #else
-const char script[] = R"(ulimit -v 240000 && exec "$@")"; // KiB of addresses
+const char limitedCommand[] = R"(ulimit -v 240000 && exec "$@")"; // KiB of addresses
 #endif
 
 } // namespace
 
 QStringList SmallMachine::command(const QString& program, const QStringList& arguments)
 {
-    return QStringList{QStringLiteral("/bin/sh"), QStringLiteral("-c"), QString::fromLatin1(script),
-                       QStringLiteral("sh"), program}
+    return QStringList{QStringLiteral("/bin/sh"), QStringLiteral("-c"),
+                       QString::fromLatin1(limitedCommand), QStringLiteral("sh"), program}
     + arguments;
 }
 

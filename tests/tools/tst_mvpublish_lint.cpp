@@ -68,18 +68,18 @@ void TestMvpublishLint::cleanTree()
 
 void TestMvpublishLint::catalogueRows()
 {
-    row("malformed config catalogue", replace(config, text("</ResourceConfig>"), QString()),
-        "malformed", config);
-    row("malformed display catalogue", replace(display, text("</BgMaterial>"), QString()),
-        "malformed", display);
-    row("malformed version file", replace(version, text("<config"), text("<config<")), "malformed",
-        version);
+    row("malformed config catalogue", replace(configFile, text("</ResourceConfig>"), QString()),
+        "malformed", configFile);
+    row("malformed display catalogue", replace(displayFile, text("</BgMaterial>"), QString()),
+        "malformed", displayFile);
+    row("malformed version file", replace(versionFile, text("<config"), text("<config<")),
+        "malformed", versionFile);
     row("entities",
-        replace(config, text("<ResourceConfig>"),
+        replace(configFile, text("<ResourceConfig>"),
                 text("<!DOCTYPE a [<!ENTITY b \"c\">]><ResourceConfig>")),
-        "malformed", config);
-    row("missing config catalogue", remove(config), "missing-file", config);
-    row("missing display catalogue", remove(display), "missing-file", display);
+        "malformed", configFile);
+    row("missing config catalogue", remove(configFile), "missing-file", configFile);
+    row("missing display catalogue", remove(displayFile), "missing-file", displayFile);
     row(
         "no version file",
         [](const BrokenTree& tree) {
@@ -90,65 +90,68 @@ void TestMvpublishLint::catalogueRows()
     row("version file of an installation in a server's tree",
         write(text("ResourceConfig/resource_version.xml"), "<a/>"), "unused-file",
         text("ResourceConfig/resource_version.xml"));
-    row("config catalogue is a link out of the tree", linkOut(config), "outside", config);
-    row("display catalogue is a link out of the tree", linkOut(displayAff), "outside", displayAff);
-    row("version file is a link out of the tree", linkOut(version), "outside", version);
+    row("config catalogue is a link out of the tree", linkOut(configFile), "outside", configFile);
+    row("display catalogue is a link out of the tree", linkOut(displayAffFile), "outside",
+        displayAffFile);
+    row("version file is a link out of the tree", linkOut(versionFile), "outside", versionFile);
     row("list of definitions is a link out of the tree",
         linkOut(text("config/Motions/Motions.xml")), "outside", text("config/Motions/Motions.xml"));
-    row("sum under another name", replace(version, text("dislplay"), text("display")), "version",
-        version);
-    row("version is no number", replace(version, text("1.2.0"), text("1.x")), "version", version);
+    row("sum under another name", replace(versionFile, text("dislplay"), text("display")),
+        "version", versionFile);
+    row("version is no number", replace(versionFile, text("1.2.0"), text("1.x")), "version",
+        versionFile);
     row(
         "version file too large",
         [](const BrokenTree& tree) {
-            tree.write(version, tree.read(version) + "<!--" + QByteArray(70000, 'x') + "-->");
+            tree.write(versionFile,
+                       tree.read(versionFile) + "<!--" + QByteArray(70000, 'x') + "-->");
         },
-        "version", version);
+        "version", versionFile);
     row("malformed list of definitions",
         write(text("config/Motions/Motions.xml"), "<Motions><Item></Motions>"), "malformed",
         text("config/Motions/Motions.xml"));
-    row("theme type", replace(displayAff, text("\"travel\""), text("\"Travel\"")), "theme-type",
-        displayAff);
+    row("theme type", replace(displayAffFile, text("\"travel\""), text("\"Travel\"")), "theme-type",
+        displayAffFile);
 }
 
 void TestMvpublishLint::editionRows()
 {
     row("unknown item in one edition",
-        replace(display, text("</Transition>"),
+        replace(displayFile, text("</Transition>"),
                 text("<Item><GUID>%1</GUID><Name>x</Name></Item></Transition>")
                     .arg(CatalogueFiles::guid(99))),
-        "guid-unknown", display, CatalogueFiles::guid(99));
+        "guid-unknown", displayFile, CatalogueFiles::guid(99));
     row(
         "item missing in an edition",
         [](const BrokenTree& tree) {
-            QString content = QString::fromUtf8(tree.read(displayAff));
+            QString content = QString::fromUtf8(tree.read(displayAffFile));
             content.remove(
                 QRegularExpression(text("<Item>\\s*<GUID>\\%1</GUID>.*?</Item>").arg(guid("fade")),
                                    QRegularExpression::DotMatchesEverythingOption));
-            tree.write(displayAff, content.toUtf8());
+            tree.write(displayAffFile, content.toUtf8());
         },
-        "editions", displayAff, guid("fade"));
+        "editions", displayAffFile, guid("fade"));
     row("item with another thumbnail in an edition",
-        replace(displayAff, text("look 1.png"), text("title 1.png")), "editions", displayAff,
-        guid("look"));
-    row("text in one edition only", replace(displayAff, text("<IsText>1"), text("<IsText>0")),
-        "editions", displayAff, guid("title"));
+        replace(displayAffFile, text("look 1.png"), text("title 1.png")), "editions",
+        displayAffFile, guid("look"));
+    row("text in one edition only", replace(displayAffFile, text("<IsText>1"), text("<IsText>0")),
+        "editions", displayAffFile, guid("title"));
     row("versions differ",
         replace(text("ResourceConfig/resource_version_aff_de_v2.xml"), text("1.2.0"),
                 text("1.3.0")),
         "editions", text("ResourceConfig/resource_version_aff_de_v2.xml"));
     row("display catalogue without a version file",
-        remove(text("ResourceConfig/resource_version_aff_v2.xml")), "unused-file", displayAff);
+        remove(text("ResourceConfig/resource_version_aff_v2.xml")), "unused-file", displayAffFile);
     row(
         "no \"none\" entry in an edition",
         [](const BrokenTree& tree) {
-            QString content = QString::fromUtf8(tree.read(displayAff));
+            QString content = QString::fromUtf8(tree.read(displayAffFile));
             const int at = content.indexOf(text("<Filter>"));
             const int end = content.indexOf(text("</Item>"), at);
-            tree.write(displayAff,
+            tree.write(displayAffFile,
                        (content.left(at) + text("<Filter>") + content.mid(end + 7)).toUtf8());
         },
-        "none-missing", displayAff, none);
+        "none-missing", displayAffFile, noneGuid);
 }
 
 void TestMvpublishLint::brokenTree_data()
@@ -169,11 +172,11 @@ void TestMvpublishLint::brokenInstallation_data()
 {
     columns();
     const QString zoom = text("Motions/") + guid("zoom");
-    row("missing file of a built-in item", remove(zoom + text("/pack.zip")), "missing-file", config,
-        guid("zoom"));
+    row("missing file of a built-in item", remove(zoom + text("/pack.zip")), "missing-file",
+        configFile, guid("zoom"));
     row("missing definition of a built-in item", remove(zoom + text(".xml")), "missing-file",
-        config, guid("zoom"));
-    row("missing preview", remove(text("display/Themes/film.gif")), "missing-file", display,
+        configFile, guid("zoom"));
+    row("missing preview", remove(text("display/Themes/film.gif")), "missing-file", displayFile,
         guid("film"));
     row("malformed theme types", write(text("ResourceConfig/ThemeType.json"), "{\n]"), "malformed",
         text("ResourceConfig/ThemeType.json"));
@@ -193,8 +196,8 @@ void TestMvpublishLint::brokenInstallation_data()
         guid("look"));
     row("theme types are a link out of the tree", linkOut(types), "outside", types);
     row("fetched file named by a slash",
-        replace(config, text(">/Themes/") + encoded("film") + text("/pack.zip<"), text(">/<")),
-        "no-name", config, guid("film"));
+        replace(configFile, text(">/Themes/") + encoded("film") + text("/pack.zip<"), text(">/<")),
+        "no-name", configFile, guid("film"));
     row("unused file", write(text("Themes/old.zip"), "old"), "unused-file", text("Themes/old.zip"));
     row("version",
         replace(text("ResourceConfig/resource_version.xml"), text("dislplay"), text("display")),
@@ -210,7 +213,7 @@ void TestMvpublishLint::brokenInstallation()
 
 void TestMvpublishLint::wrongSum()
 {
-    const QVector<QPair<QString, int>> catalogues{{display, 1}, {config, 3}};
+    const QVector<QPair<QString, int>> catalogues{{displayFile, 1}, {configFile, 3}};
     for (const auto& catalogue : catalogues) {
         const BrokenTree tree(BrokenTree::cleanServer());
         tree.write(catalogue.first, tree.read(catalogue.first) + '\n');
@@ -224,8 +227,8 @@ void TestMvpublishLint::wrongSum()
 void TestMvpublishLint::sumInCapitalsIsRight()
 {
     const BrokenTree tree(BrokenTree::cleanServer());
-    const QString sum = Utils::getMD5(tree.file(config));
-    tree.replace(version, sum, sum.toUpper());
+    const QString sum = Utils::getMD5(tree.file(configFile));
+    tree.replace(versionFile, sum, sum.toUpper());
     QCOMPARE(BrokenTree::findings(tree.folder()), QJsonArray());
 }
 
@@ -236,7 +239,7 @@ void TestMvpublishLint::textNamesPlaceItemAndRemedy()
     const Outcome outcome = Mvpublish::run({text("lint"), tree.folder()});
     QCOMPARE(outcome.status, 1);
     QCOMPARE(outcome.err, QByteArray());
-    const QByteArray before = tree.read(display);
+    const QByteArray before = tree.read(displayFile);
     const int line = before.left(before.indexOf(guid("look").toUtf8())).count('\n');
     QCOMPARE(outcome.lines(),
              (QStringList{text("ResourceConfig/resource_display.xml:%1: %2 My look: "
@@ -259,12 +262,13 @@ void TestMvpublishLint::findingsStandInOrder()
     for (const QJsonValue& value : findings) {
         const QJsonObject finding = value.toObject();
         places.append(finding.value(text("file")).toString());
-        if (places.constLast() == display) {
+        if (places.constLast() == displayFile) {
             QVERIFY(finding.value(text("line")).toInt() > last);
             last = finding.value(text("line")).toInt();
         }
     }
-    QCOMPARE(places, (QStringList{display, display, text("config/a.zip"), text("display/z.png")}));
+    QCOMPARE(places,
+             (QStringList{displayFile, displayFile, text("config/a.zip"), text("display/z.png")}));
 }
 
 void TestMvpublishLint::jsonDescribesTheTree()

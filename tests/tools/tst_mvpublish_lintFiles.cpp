@@ -42,7 +42,8 @@ void TestMvpublishLintFiles::nameRows()
     const QString zoomFolder = text("config/Motions/") + guid("zoom");
     const auto resource = [=](const QString& to, bool keepFile) -> Break {
         return [=](const BrokenTree& tree) {
-            tree.replace(config, text(">") + zoom + text("/pack.zip<"), text(">") + to + text("<"));
+            tree.replace(configFile, text(">") + zoom + text("/pack.zip<"),
+                         text(">") + to + text("<"));
             if (!keepFile)
                 tree.remove(zoomFolder + text("/pack.zip"));
         };
@@ -53,47 +54,47 @@ void TestMvpublishLintFiles::nameRows()
             tree.remove(text("display/BgMaterial/paper 1.png"));
         };
     };
-    row("resource above the tree", resource(text("/../secret.zip"), false), "outside", config,
+    row("resource above the tree", resource(text("/../secret.zip"), false), "outside", configFile,
         guid("zoom"));
     row("resource above the tree, encoded", resource(text("/%2E%2e/secret.zip"), false), "outside",
-        config, guid("zoom"));
+        configFile, guid("zoom"));
     row("resource above its folder", resource(zoom + text("/../") + text("a.zip"), false),
-        "outside", config, guid("zoom"));
-    row("thumbnail above the tree", thumbnail(text("../../a.png")), "outside", display,
+        "outside", configFile, guid("zoom"));
+    row("thumbnail above the tree", thumbnail(text("../../a.png")), "outside", displayFile,
         guid("paper"));
     row("resource with braces",
-        resource(text("/Motions/") + guid("zoom") + text("/pack.zip"), true), "encoding", config,
-        guid("zoom"));
+        resource(text("/Motions/") + guid("zoom") + text("/pack.zip"), true), "encoding",
+        configFile, guid("zoom"));
     row("resource with a blank",
-        replace(config, zoom + text("/notes/read%20me.txt"), zoom + text("/notes/read me.txt")),
-        "encoding", config, guid("zoom"));
+        replace(configFile, zoom + text("/notes/read%20me.txt"), zoom + text("/notes/read me.txt")),
+        "encoding", configFile, guid("zoom"));
     row("resource with a question mark", resource(zoom + text("/pack.zip?"), false), "encoding",
-        config, guid("zoom"));
+        configFile, guid("zoom"));
     row(
         "resource with a stray percent sign",
         [=](const BrokenTree& tree) {
             resource(zoom + text("/pack.zip%"), true)(tree);
             QDir(tree.file(zoomFolder)).rename(text("pack.zip"), text("pack.zip%"));
         },
-        "encoding", config, guid("zoom"));
-    row("resource without a slash", resource(text("pack.zip"), true), "address", config,
+        "encoding", configFile, guid("zoom"));
+    row("resource without a slash", resource(text("pack.zip"), true), "address", configFile,
         guid("zoom"));
     row(
         "music half encoded",
         [](const BrokenTree& tree) {
-            tree.replace(config, text("Slow%20Song.mp3"), text("a b%20c.mp3"));
+            tree.replace(configFile, text("Slow%20Song.mp3"), text("a b%20c.mp3"));
             tree.remove(text("config/ThemesBgm/Slow Song.mp3"));
             tree.write(text("config/ThemesBgm/a b c.mp3"), "a song");
         },
-        "address", config, guid("film"));
+        "address", configFile, guid("film"));
     row(
         "thumbnail with a slash in front",
         [=](const BrokenTree& tree) {
             thumbnail(text("/a.png"))(tree);
             tree.write(text("display/a.png"), SmallSource::thumbnail());
         },
-        "address", display, guid("paper"));
-    row("item without a thumbnail", thumbnail(QString()), "no-name", display, guid("paper"));
+        "address", displayFile, guid("paper"));
+    row("item without a thumbnail", thumbnail(QString()), "no-name", displayFile, guid("paper"));
 }
 
 /// Names from which no client can derive a file path.
@@ -102,7 +103,7 @@ void TestMvpublishLintFiles::unusableNameRows()
     const QString zoom = text("/Motions/") + encoded("zoom");
     const auto resource = [=](const char* name, const char* file = "") -> Break {
         return [=](const BrokenTree& tree) {
-            tree.replace(config, text(">") + zoom + text("/pack.zip<"),
+            tree.replace(configFile, text(">") + zoom + text("/pack.zip<"),
                          text(">") + text(name) + text("<"));
             tree.remove(text("config/Motions/") + guid("zoom") + text("/pack.zip"));
             if (*file)
@@ -120,53 +121,57 @@ void TestMvpublishLintFiles::unusableNameRows()
         };
     };
     const QString item = guid("zoom");
-    row("resource without a name", resource(""), "no-name", config, item);
-    row("resource named by a slash", resource("/"), "no-name", config, item);
-    row("resource named like a folder", resource("/ThemesBgm/"), "no-name", config, item);
-    row("resource named by a dot", resource("/ThemesBgm/%2E"), "no-name", config, item);
+    row("resource without a name", resource(""), "no-name", configFile, item);
+    row("resource named by a slash", resource("/"), "no-name", configFile, item);
+    row("resource named like a folder", resource("/ThemesBgm/"), "no-name", configFile, item);
+    row("resource named by a dot", resource("/ThemesBgm/%2E"), "no-name", configFile, item);
     row("resource with a broken escape", resource("/100%.png", "config/100%.png"), "encoding",
-        config, item);
-    row("resource with half an escape", resource("/100%2", "config/100%2"), "encoding", config,
+        configFile, item);
+    row("resource with half an escape", resource("/100%2", "config/100%2"), "encoding", configFile,
         item);
-    row("resource with an escaped NUL", resource("/a%00.zip"), "encoding", config, item);
-    row("resource with escapes that are no text", resource("/a%FF.zip"), "encoding", config, item);
-    row("thumbnail named by a slash", preview("paper 1.png", "/"), "no-name", display,
+    row("resource with an escaped NUL", resource("/a%00.zip"), "encoding", configFile, item);
+    row("resource with escapes that are no text", resource("/a%FF.zip"), "encoding", configFile,
+        item);
+    row("thumbnail named by a slash", preview("paper 1.png", "/"), "no-name", displayFile,
         guid("paper"));
     row("thumbnail with a broken escape", preview("paper 1.png", "/100%.png", "display/100%.png"),
-        "encoding", display, guid("paper"));
-    row("animation named by a slash", preview("film.gif", "/"), "no-name", display, guid("film"));
-    row("animation named by a dot", preview("film.gif", "."), "no-name", display, guid("film"));
+        "encoding", displayFile, guid("paper"));
+    row("animation named by a slash", preview("film.gif", "/"), "no-name", displayFile,
+        guid("film"));
+    row("animation named by a dot", preview("film.gif", "."), "no-name", displayFile, guid("film"));
     row(
         "definition named by a slash",
         [=](const BrokenTree& tree) {
-            tree.replace(config, text(">") + zoom + text(".xml<"), text(">/<"));
+            tree.replace(configFile, text(">") + zoom + text(".xml<"), text(">/<"));
             tree.remove(text("config/Motions/") + guid("zoom") + text(".xml"));
         },
-        "no-name", config, item);
+        "no-name", configFile, item);
 }
 
 void TestMvpublishLintFiles::fileRows()
 {
     const QString zoom = text("config/Motions/") + guid("zoom");
-    row("missing definition", remove(zoom + text(".xml")), "missing-file", config, guid("zoom"));
-    row("missing resource", remove(zoom + text("/pack.zip")), "missing-file", config, guid("zoom"));
-    row("missing music", remove(text("config/ThemesBgm/Slow Song.mp3")), "missing-file", config,
+    row("missing definition", remove(zoom + text(".xml")), "missing-file", configFile,
+        guid("zoom"));
+    row("missing resource", remove(zoom + text("/pack.zip")), "missing-file", configFile,
+        guid("zoom"));
+    row("missing music", remove(text("config/ThemesBgm/Slow Song.mp3")), "missing-file", configFile,
         guid("film"));
     row("missing thumbnail", remove(text("display/VideoFilters/look 1.png")), "missing-file",
-        display, guid("look"));
-    row("missing animation", remove(text("display/Themes/film.gif")), "missing-file", display,
+        displayFile, guid("look"));
+    row("missing animation", remove(text("display/Themes/film.gif")), "missing-file", displayFile,
         guid("film"));
     row("missing picture of \"none\"", remove(text("display/BgMaterial/Calm.png")), "missing-file",
-        display, none);
-    row("definition is a link out of the tree", linkOut(zoom + text(".xml")), "outside", config,
+        displayFile, noneGuid);
+    row("definition is a link out of the tree", linkOut(zoom + text(".xml")), "outside", configFile,
         guid("zoom"));
-    row("archive is a link out of the tree", linkOut(zoom + text("/pack.zip")), "outside", config,
-        guid("zoom"));
+    row("archive is a link out of the tree", linkOut(zoom + text("/pack.zip")), "outside",
+        configFile, guid("zoom"));
     row("theme is a link out of the tree",
-        linkOut(text("config/Themes/") + guid("film") + text(".xml")), "outside", config,
+        linkOut(text("config/Themes/") + guid("film") + text(".xml")), "outside", configFile,
         guid("film"));
     row("thumbnail is a link out of the tree", linkOut(text("display/VideoFilters/look 1.png")),
-        "outside", display, guid("look"));
+        "outside", displayFile, guid("look"));
     row("malformed definition", write(zoom + text(".xml"), "<Motion>\n<a>"), "malformed",
         zoom + text(".xml"), guid("zoom"));
     row("cut archive", cut(zoom + text("/pack.zip"), 100), "archive", zoom + text("/pack.zip"),
@@ -192,7 +197,7 @@ void TestMvpublishLintFiles::fileRows()
             }
             tree.remove(text("display/BgMaterial/paper 1.png"));
         },
-        "unused-item", config, guid("paper"));
+        "unused-item", configFile, guid("paper"));
 }
 
 void TestMvpublishLintFiles::pictureRows()
@@ -228,7 +233,7 @@ void TestMvpublishLintFiles::pictureRows()
     row(
         "JPEG under a PNG's name among an item's files",
         [=](const BrokenTree& tree) {
-            tree.replace(config, encoded("paper") + text("/pack.zip"),
+            tree.replace(configFile, encoded("paper") + text("/pack.zip"),
                          encoded("paper") + text("/paper.png"));
             tree.remove(text("config/BgMaterial/") + guid("paper") + text("/pack.zip"));
             tree.write(own, jpeg);
@@ -272,7 +277,7 @@ void TestMvpublishLintFiles::pictureRows()
         guid("film"));
     row("cut animation", cut(animation, 5000), "picture", animation, guid("film"));
     row("picture of \"none\"", write(text("display/VideoFilters/Elegance.png"), "x"), "picture",
-        text("display/VideoFilters/Elegance.png"), none);
+        text("display/VideoFilters/Elegance.png"), noneGuid);
 }
 
 void TestMvpublishLintFiles::wholePicture_data()
@@ -317,7 +322,8 @@ void TestMvpublishLintFiles::brokenTree()
 void TestMvpublishLintFiles::faultsOfOneItemAreAllFound()
 {
     const BrokenTree tree(BrokenTree::cleanServer());
-    tree.replace(config, text(">/BgMaterial/") + encoded("paper") + text("/pack.zip<"), text("><"));
+    tree.replace(configFile, text(">/BgMaterial/") + encoded("paper") + text("/pack.zip<"),
+                 text("><"));
     tree.remove(text("config/BgMaterial/") + guid("paper") + text("/pack.zip"));
     tree.replaceShown(text(">paper 1.png<"), text("><"));
     tree.remove(text("display/BgMaterial/paper 1.png"));
@@ -328,7 +334,7 @@ void TestMvpublishLintFiles::faultsOfOneItemAreAllFound()
         QCOMPARE(finding.toObject().value(text("code")).toString(), text("no-name"));
         files.append(finding.toObject().value(text("file")).toString());
     }
-    QCOMPARE(files, (QStringList{config, display}));
+    QCOMPARE(files, (QStringList{configFile, displayFile}));
 }
 
 MV_TEST_MAIN(TestMvpublishLintFiles)

@@ -42,46 +42,47 @@ void TestMvpublishLintItems::guidRows()
 {
     const auto everywhere = [](const QString& to) -> Break {
         return [to](const BrokenTree& tree) {
-            tree.replace(config, text("<GUID>") + guid("paper"), text("<GUID>") + to);
+            tree.replace(configFile, text("<GUID>") + guid("paper"), text("<GUID>") + to);
             tree.replaceShown(text("<GUID>") + guid("paper"), text("<GUID>") + to);
         };
     };
     const QString tail = guid("paper") + text("/../x");
-    row("malformed GUID", everywhere(text("{PAPER}")), "guid-malformed", config, text("{PAPER}"));
-    row("GUID with a tail", everywhere(tail), "guid-malformed", config, tail);
+    row("malformed GUID", everywhere(text("{PAPER}")), "guid-malformed", configFile,
+        text("{PAPER}"));
+    row("GUID with a tail", everywhere(tail), "guid-malformed", configFile, tail);
     row("GUID of zeros", everywhere(text("{00000000-0000-0000-0000-000000000000}")),
-        "guid-malformed", config, text("{00000000-0000-0000-0000-000000000000}"));
-    row("GUID in small letters", everywhere(guid("paper").toLower()), "guid-lower-case", config,
+        "guid-malformed", configFile, text("{00000000-0000-0000-0000-000000000000}"));
+    row("GUID in small letters", everywhere(guid("paper").toLower()), "guid-lower-case", configFile,
         guid("paper").toLower());
     row("GUID in small letters in a display catalogue",
-        replace(display, guid("fade"), guid("fade").toLower()), "guid-lower-case", display,
+        replace(displayFile, guid("fade"), guid("fade").toLower()), "guid-lower-case", displayFile,
         guid("fade").toLower());
     row("malformed GUID in a display catalogue",
-        replace(display, text("</Motion>"), entry(text("zoom"), "") + text("</Motion>")),
-        "guid-malformed", display, text("zoom"));
+        replace(displayFile, text("</Motion>"), entry(text("zoom"), "") + text("</Motion>")),
+        "guid-malformed", displayFile, text("zoom"));
     row("same GUID twice",
-        replace(config, text("</BgMaterial>"),
+        replace(configFile, text("</BgMaterial>"),
                 entry(guid("fade"), "<UrlCnf>/Transitions/%7B1%7D.xml</UrlCnf>")
                         .replace(text("%7B1%7D"), encoded("fade"))
                     + text("</BgMaterial>")),
-        "guid-duplicate", config, guid("fade"));
+        "guid-duplicate", configFile, guid("fade"));
     row(
         "same entry twice",
         [](const BrokenTree& tree) {
-            tree.replace(display, text("</Transition>"),
+            tree.replace(displayFile, text("</Transition>"),
                          text("<Item><GUID>%1</GUID><Name>x</Name><UrlThumb>fade "
                               "1.png</UrlThumb></Item></Transition>")
                              .arg(guid("fade")));
         },
-        "guid-duplicate", display, guid("fade"));
+        "guid-duplicate", displayFile, guid("fade"));
     row("unknown GUID",
-        replace(display, text("</Motion>"),
+        replace(displayFile, text("</Motion>"),
                 entry(CatalogueFiles::guid(99), "<Name>x</Name>") + text("</Motion>")),
-        "guid-unknown", display, CatalogueFiles::guid(99));
+        "guid-unknown", displayFile, CatalogueFiles::guid(99));
     row("GUID of another kind",
-        replace(display, text("</Motion>"),
+        replace(displayFile, text("</Motion>"),
                 entry(guid("fade"), "<Name>x</Name>") + text("</Motion>")),
-        "guid-wrong-kind", display, guid("fade"));
+        "guid-wrong-kind", displayFile, guid("fade"));
     row(
         "reserved GUID",
         [everywhere](const BrokenTree& tree) {
@@ -90,26 +91,27 @@ void TestMvpublishLintItems::guidRows()
             QDir(tree.file(text("config/BgMaterial")))
                 .rename(guid("paper") + text(".xml"), reserved + text(".xml"));
         },
-        "guid-reserved", config, text("{20A63E69-32DC-415E-AA04-6A3D705F8290}"));
+        "guid-reserved", configFile, text("{20A63E69-32DC-415E-AA04-6A3D705F8290}"));
     row("\"none\" among motions",
-        replace(display, text("</Motion>"), entry(none, "<Name>x</Name>") + text("</Motion>")),
-        "none-misplaced", display, none);
+        replace(displayFile, text("</Motion>"),
+                entry(noneGuid, "<Name>x</Name>") + text("</Motion>")),
+        "none-misplaced", displayFile, noneGuid);
     row("\"none\" among themes",
-        replace(display, text("<Group Type=\"travel\">"),
-                text("<Group Type=\"travel\">") + entry(none, "<Name>x</Name>")),
-        "none-misplaced", display, none);
+        replace(displayFile, text("<Group Type=\"travel\">"),
+                text("<Group Type=\"travel\">") + entry(noneGuid, "<Name>x</Name>")),
+        "none-misplaced", displayFile, noneGuid);
     row("\"none\" in the config catalogue",
-        replace(config, text("</Filter>"), entry(none, "") + text("</Filter>")), "none-misplaced",
-        config, none);
-    row("item without a name", replace(display, text("<Name>My paper</Name>"), QString()),
-        "no-name", display, guid("paper"));
+        replace(configFile, text("</Filter>"), entry(noneGuid, "") + text("</Filter>")),
+        "none-misplaced", configFile, noneGuid);
+    row("item without a name", replace(displayFile, text("<Name>My paper</Name>"), QString()),
+        "no-name", displayFile, guid("paper"));
     row("item with a long name",
-        replace(display, text("<Name>My paper</Name>"),
+        replace(displayFile, text("<Name>My paper</Name>"),
                 text("<Name>%1</Name>").arg(text("n").repeated(500))),
-        "name", display, guid("paper"));
+        "name", displayFile, guid("paper"));
     row("item with a control character in its name",
-        replace(display, text("<Name>My paper</Name>"), text("<Name>My\tpaper</Name>")), "name",
-        display, guid("paper"));
+        replace(displayFile, text("<Name>My paper</Name>"), text("<Name>My\tpaper</Name>")), "name",
+        displayFile, guid("paper"));
 }
 
 void TestMvpublishLintItems::themeRows()
@@ -118,7 +120,7 @@ void TestMvpublishLintItems::themeRows()
         return replace(themeFile(), text(">") + from + text("<"), text(">") + to + text("<"));
     };
     row("malformed theme", cut(themeFile(), 200), "malformed", themeFile(), guid("film"));
-    row("missing theme", remove(themeFile()), "missing-file", config, guid("film"));
+    row("missing theme", remove(themeFile()), "missing-file", configFile, guid("film"));
     row("theme of another GUID",
         replace(themeFile(), text("<GUID>") + guid("film"), text("<GUID>") + guid("look")),
         "theme-guid", themeFile(), guid("film"));
@@ -135,18 +137,19 @@ void TestMvpublishLintItems::themeRows()
     row(
         "theme without a config name",
         [](const BrokenTree& tree) {
-            tree.replace(config, text("<UrlCnf>/Themes/") + encoded("film") + text(".xml</UrlCnf>"),
+            tree.replace(configFile,
+                         text("<UrlCnf>/Themes/") + encoded("film") + text(".xml</UrlCnf>"),
                          QString());
             tree.remove(themeFile());
         },
-        "no-name", config, guid("film"));
+        "no-name", configFile, guid("film"));
     row(
         "theme without an animation",
         [](const BrokenTree& tree) {
             tree.replaceShown(text("<UrlGif>film.gif</UrlGif>"), QString());
             tree.remove(text("display/Themes/film.gif"));
         },
-        "no-name", display, guid("film"));
+        "no-name", displayFile, guid("film"));
 }
 
 void TestMvpublishLintItems::brokenTree_data()

@@ -22,7 +22,7 @@
 namespace {
 
 const QString samples = QStringLiteral(MV_SAMPLES);
-const QString noneGuid = QStringLiteral("{25DA2554-DB68-4026-ACE1-3EDDA71DA6D4}");
+const QString noneOfSamples = QStringLiteral("{25DA2554-DB68-4026-ACE1-3EDDA71DA6D4}");
 
 MVThemeMgr& manager()
 {
@@ -103,8 +103,8 @@ void TestSamples::installationIsReadAsItStands()
     manager().load(false);
     QCOMPARE(countsOf(manager().getDisplayXML()), (QVector<qsizetype>{13, 6, 4, 6, 5}));
     const MVThemeMgr::SResourceXML& display = manager().getDisplayXML();
-    QCOMPARE(display.vecFilter.constFirst().m_qsGUID, noneGuid);
-    QCOMPARE(display.vecBgMaterial.constFirst().m_qsGUID, noneGuid);
+    QCOMPARE(display.vecFilter.constFirst().m_qsGUID, noneOfSamples);
+    QCOMPARE(display.vecBgMaterial.constFirst().m_qsGUID, noneOfSamples);
     QCOMPARE(themeTypesOf(display.vecTheme), (QVector<int>{0, 2, 3, 4}));
 }
 
@@ -207,7 +207,7 @@ void TestSamples::serversCatalogueCanBeFetchedCompletely()
                                     eCfgItem_Motion, eCfgItem_BgMaterial}) {
         QVector<SCfg_Item> items = serversItems(kind);
         for (SCfg_Item& item : items) {
-            QVERIFY2(item.m_qsGUID == noneGuid || fetch(item) == eDownLoadError_None,
+            QVERIFY2(item.m_qsGUID == noneOfSamples || fetch(item) == eDownLoadError_None,
                      qPrintable(item.m_qsName));
         }
         QCOMPARE(incomplete(items), QStringList());
@@ -217,8 +217,8 @@ void TestSamples::serversCatalogueCanBeFetchedCompletely()
     manager().load(true);
     const MVThemeMgr::SResourceXML& display = manager().getDisplayXML();
     QCOMPARE(countsOf(display), (QVector<qsizetype>{1 + 27, 12, 9, 15, 1 + 9}));
-    QCOMPARE(display.vecFilter.constFirst().m_qsGUID, noneGuid);
-    QCOMPARE(display.vecBgMaterial.constFirst().m_qsGUID, noneGuid);
+    QCOMPARE(display.vecFilter.constFirst().m_qsGUID, noneOfSamples);
+    QCOMPARE(display.vecBgMaterial.constFirst().m_qsGUID, noneOfSamples);
     QCOMPARE(themeTypesOf(display.vecTheme), (QVector<int>{0, 2, 3, 4}));
     const QPair<MVThemeMgr::EDirTag, QString> halves[] = {
         {MVThemeMgr::eDirTag_Config, QStringLiteral("/server/config/")},

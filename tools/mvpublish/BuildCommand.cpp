@@ -64,11 +64,6 @@ QString foldersFault(const QString& source, const FolderSwitch& place)
     return QString();
 }
 
-int fail(const QString& text)
-{
-    return Console::fail(ExitStatus::failure, text);
-}
-
 /// A build's report on the tree that it has written.
 struct Report
 {
@@ -170,11 +165,11 @@ int publish(const Arguments& arguments, const Source& source, const QDateTime& n
     for (const QString& line : source.warnings())
         Console::note(QStringLiteral("warning: ") + line);
     if (!place.begin())
-        return fail(place.errorText());
+        return Console::fail(ExitStatus::failure, place.errorText());
     Report report;
     QString error;
     if (!write(arguments, source, now, place, report, error))
-        return fail(error);
+        return Console::fail(ExitStatus::failure, error);
     const Findings errors = errorsIn(place, error);
     if (!error.isEmpty() && !arguments.force)
         return Console::fail(ExitStatus::findings,
@@ -183,7 +178,7 @@ int publish(const Arguments& arguments, const Source& source, const QDateTime& n
                                  .arg(arguments.operands.at(1), error),
                              {{QStringLiteral("findings"), Lint::json(errors)}});
     if (!place.commit())
-        return fail(place.errorText());
+        return Console::fail(ExitStatus::failure, place.errorText());
     if (arguments.json)
         Console::print(QJsonDocument(report.object));
     else
@@ -198,21 +193,23 @@ int BuildCommand::run(const Arguments& arguments)
     const QString sourceFolder = arguments.operands.at(0);
     const QString out = QDir::cleanPath(QDir().absoluteFilePath(arguments.operands.at(1)));
     if (!QFileInfo(sourceFolder).isDir())
-        return fail(QStringLiteral("no such folder: %1").arg(sourceFolder));
+        return Console::fail(ExitStatus::failure,
+                             QStringLiteral("no such folder: %1").arg(sourceFolder));
     QString clockFault;
     const QDateTime now = ReleaseClock::now(&clockFault);
     if (!clockFault.isEmpty())
-        return fail(clockFault);
+        return Console::fail(ExitStatus::failure, clockFault);
     FolderSwitch place(out);
     const QString fault = foldersFault(sourceFolder, place);
     if (!fault.isEmpty())
-        return fail(fault);
+        return Console::fail(ExitStatus::failure, fault);
     // Before examining the place, since the remains of a killed run may have to be restored.
     if (!place.lock())
-        return fail(place.errorText());
+        return Console::fail(ExitStatus::failure, place.errorText());
     const QString foreign = placeFault(out, place, arguments.installed);
     if (!foreign.isEmpty())
-        return fail(foreign + QStringLiteral("; it is left as it is"));
+        return Console::fail(ExitStatus::failure,
+                             foreign + QStringLiteral("; it is left as it is"));
     Source source;
     if (source.read(sourceFolder))
         return publish(arguments, source, now, place);

@@ -19,14 +19,14 @@
 
 namespace {
 
-using Document = QXmlStreamWriter;
+using Xml = QXmlStreamWriter;
 
 /// Returns a document whose root element `fill` writes; empty if XML cannot represent it.
 template <typename Fill>
 QByteArray documentOf(const QString& root, const Fill& fill)
 {
     QByteArray bytes;
-    Document out(&bytes);
+    Xml out(&bytes);
     out.setAutoFormatting(true);
     out.setAutoFormattingIndent(2);
     out.writeStartDocument();
@@ -56,7 +56,7 @@ QString fileName(const SourceItem& item, const QString& file)
                    + file);
 }
 
-void writeConfigItem(Document& out, const SourceItem& item)
+void writeConfigItem(Xml& out, const SourceItem& item)
 {
     out.writeStartElement(QStringLiteral("Item"));
     out.writeTextElement(QStringLiteral("GUID"), item.guid);
@@ -70,7 +70,7 @@ void writeConfigItem(Document& out, const SourceItem& item)
     out.writeEndElement();
 }
 
-void writeNone(Document& out, const QString& name)
+void writeNone(Xml& out, const QString& name)
 {
     out.writeStartElement(QStringLiteral("Item"));
     out.writeTextElement(QStringLiteral("GUID"), Guids::none);
@@ -79,7 +79,7 @@ void writeNone(Document& out, const QString& name)
     out.writeEndElement();
 }
 
-void writeDisplayItem(Document& out, const SourceItem& item, const QString& audience)
+void writeDisplayItem(Xml& out, const SourceItem& item, const QString& audience)
 {
     out.writeStartElement(QStringLiteral("Item"));
     out.writeTextElement(QStringLiteral("GUID"), item.guid);
@@ -95,7 +95,7 @@ void writeDisplayItem(Document& out, const SourceItem& item, const QString& audi
     out.writeEndElement();
 }
 
-void writeThemes(Document& out, const Documents::Items& items, const QString& audience)
+void writeThemes(Xml& out, const Documents::Items& items, const QString& audience)
 {
     const QStringList types = Kinds::themeTypes();
     for (const QString& type : types) {
@@ -109,7 +109,7 @@ void writeThemes(Document& out, const Documents::Items& items, const QString& au
     }
 }
 
-void writeSlots(Document& out, const SourceSlots& part)
+void writeSlots(Xml& out, const SourceSlots& part)
 {
     for (const auto& slot : DependencySlots::all()) {
         const auto use = part.constFind(slot.type);
@@ -125,7 +125,7 @@ void writeSlots(Document& out, const SourceSlots& part)
     }
 }
 
-void writePart(Document& out, const char* element, const SourceSlots& part)
+void writePart(Xml& out, const char* element, const SourceSlots& part)
 {
     if (part.isEmpty())
         return;
@@ -134,7 +134,7 @@ void writePart(Document& out, const char* element, const SourceSlots& part)
     out.writeEndElement();
 }
 
-void writeParameters(Document& out, const SourceItem& item)
+void writeParameters(Xml& out, const SourceItem& item)
 {
     if (!item.family.isEmpty())
         out.writeTextElement(QStringLiteral("Family"), item.family);
@@ -154,7 +154,7 @@ QString sum(const QByteArray& document)
     return QString::fromLatin1(QCryptographicHash::hash(document, QCryptographicHash::Md5).toHex());
 }
 
-void writeSum(Document& out, const char* element, const QByteArray& document)
+void writeSum(Xml& out, const char* element, const QByteArray& document)
 {
     out.writeEmptyElement(QString::fromLatin1(element));
     out.writeAttribute(QStringLiteral("value"), sum(document));
@@ -166,7 +166,7 @@ namespace Documents {
 
 QByteArray config(const Items& items)
 {
-    return documentOf(QStringLiteral("ResourceConfig"), [&](Document& out) {
+    return documentOf(QStringLiteral("ResourceConfig"), [&](Xml& out) {
         for (const SKindInfo& kind : KindTable::all()) {
             out.writeStartElement(kind.name);
             for (const SourceItem* item : items) {
@@ -180,7 +180,7 @@ QByteArray config(const Items& items)
 
 QByteArray display(const Items& items, const Source& source, const QString& audience)
 {
-    return documentOf(QStringLiteral("ResourceDisplay"), [&](Document& out) {
+    return documentOf(QStringLiteral("ResourceDisplay"), [&](Xml& out) {
         for (const SKindInfo& kind : KindTable::all()) {
             out.writeStartElement(kind.name);
             if (kind.hasNoneEntry)
@@ -198,7 +198,7 @@ QByteArray display(const Items& items, const Source& source, const QString& audi
 
 QByteArray version(const QString& version, const QByteArray& display, const QByteArray& config)
 {
-    return documentOf(QStringLiteral("ResourceVersion"), [&](Document& out) {
+    return documentOf(QStringLiteral("ResourceVersion"), [&](Xml& out) {
         out.writeAttribute(QStringLiteral("value"), version);
         writeSum(out, "dislplay", display); // the element's actual spelling
         writeSum(out, "config", config);
@@ -207,7 +207,7 @@ QByteArray version(const QString& version, const QByteArray& display, const QByt
 
 QByteArray kindList(const SKindInfo& kind, const Items& items)
 {
-    return documentOf(kind.folder, [&](Document& out) {
+    return documentOf(kind.folder, [&](Xml& out) {
         for (const SourceItem* item : items) {
             if (item->type != kind.type)
                 continue;
@@ -222,7 +222,7 @@ QByteArray kindList(const SKindInfo& kind, const Items& items)
 
 QByteArray definition(const SourceItem& item)
 {
-    return documentOf(KindTable::of(item.type).definition, [&](Document& out) {
+    return documentOf(KindTable::of(item.type).definition, [&](Xml& out) {
         out.writeTextElement(QStringLiteral("GUID"), item.guid);
         out.writeTextElement(QStringLiteral("Name"), item.name);
         if (item.type != eCfgItem_Theme)

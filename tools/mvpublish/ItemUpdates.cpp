@@ -14,15 +14,15 @@
 namespace {
 
 /// The names and previews of items by GUID, from all display catalogues.
-struct Shown
+struct ShownItems
 {
     QHash<QString, QString> names;
     QHash<QString, QSet<QString>> previews;
 };
 
-Shown shownBy(const ReadTree& tree)
+ShownItems shownItems(const ReadTree& tree)
 {
-    Shown shown;
+    ShownItems shown;
     for (const DisplayCatalogue& display : tree.displays()) {
         for (const DisplayEntry& entry : display.entries) {
             if (!entry.known)
@@ -67,7 +67,7 @@ QVector<ItemUpdates::Update> ItemUpdates::between(const ReadTree& after, const T
 {
     QVector<Update> updates;
     const QHash<QString, qint64> fetched = fetchedBy(diff);
-    const Shown shown = shownBy(after);
+    const ShownItems shown = shownItems(after);
     for (const SKindInfo& kind : KindTable::all()) {
         for (const ConfigEntry& entry : after.config(kind.type)) {
             const QString& guid = entry.item.m_qsGUID;

@@ -18,11 +18,6 @@
 
 namespace {
 
-int fail(const QString& text)
-{
-    return Console::fail(ExitStatus::failure, text);
-}
-
 /// Takes the password of a key file that has one.
 bool takePassword(const Arguments& arguments, const QString& file, SecretBytes& password,
                   QString* error)
@@ -64,22 +59,22 @@ int SignCommand::run(const Arguments& arguments)
 {
     const QString tree = QDir::cleanPath(QDir().absoluteFilePath(arguments.operands.constFirst()));
     if (!QDir(tree).exists())
-        return fail(QStringLiteral("no such folder: %1").arg(tree));
+        return Console::fail(ExitStatus::failure, QStringLiteral("no such folder: %1").arg(tree));
     QString error;
     const QDateTime now = ReleaseClock::now(&error);
     if (!now.isValid())
-        return fail(error);
+        return Console::fail(ExitStatus::failure, error);
     FolderSwitch place(tree); // a build must not replace the tree meanwhile
     if (!place.lock())
-        return fail(place.errorText());
+        return Console::fail(ExitStatus::failure, place.errorText());
     ReleaseSigner signer(place.target());
     if (!signer.open(now))
-        return fail(signer.errorText());
+        return Console::fail(ExitStatus::failure, signer.errorText());
     SecretKey key;
     if (!readKey(arguments, key, &error))
-        return fail(error);
+        return Console::fail(ExitStatus::failure, error);
     if (!signer.sign(key, now))
-        return fail(signer.errorText());
+        return Console::fail(ExitStatus::failure, signer.errorText());
     Console::print(QStringLiteral("%1: release %2 is signed by key %3")
                        .arg(arguments.operands.constFirst(),
                             QString::number(signer.release().m_serial), key.publicKey().idText()));

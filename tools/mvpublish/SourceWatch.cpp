@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr std::chrono::milliseconds pause{300};
+constexpr std::chrono::milliseconds settleTime{300};
 
 } // namespace
 
@@ -19,7 +19,7 @@ SourceWatch::SourceWatch(const QString& folder)
     : m_folder(folder)
 {
     m_pause.setSingleShot(true);
-    m_pause.setInterval(pause);
+    m_pause.setInterval(settleTime);
     const auto wait = [this] { m_pause.start(); };
     connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, wait);
     connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, wait);

@@ -17,7 +17,7 @@
 
 namespace {
 
-const QString catalogues = Editions::catalogueFolder + QLatin1Char('/');
+const QString catalogueRoot = Editions::catalogueFolder + QLatin1Char('/');
 
 /// Returns the folder of an entry of the tree; empty for the tree itself.
 QString parentOf(const QString& name)
@@ -74,10 +74,10 @@ bool TreeBuilder::writeInstallation(const QString& folder)
     return std::all_of(builtIn.cbegin(), builtIn.cend(), writeBuiltIn)
         && std::all_of(shown.cbegin(), shown.cend(), writeShown) && writeNonePictures()
         && writeKindLists(builtIn)
-        && write(catalogues + QStringLiteral("ThemeType.json"), Documents::themeTypes(shown))
-        && writeDocument(catalogues + Editions::configFile, config)
-        && writeDocument(catalogues + Editions::installedDisplayFile, display)
-        && writeDocument(catalogues + Editions::installedVersionFile,
+        && write(catalogueRoot + QStringLiteral("ThemeType.json"), Documents::themeTypes(shown))
+        && writeDocument(catalogueRoot + Editions::configFile, config)
+        && writeDocument(catalogueRoot + Editions::installedDisplayFile, display)
+        && writeDocument(catalogueRoot + Editions::installedVersionFile,
                          Documents::version(m_source.version(), display, config));
 }
 
@@ -148,15 +148,15 @@ bool TreeBuilder::writeNonePictures()
 bool TreeBuilder::writeEditions(const QVector<Edition>& editions, const Documents::Items& items)
 {
     const QByteArray config = Documents::config(items);
-    if (!writeDocument(catalogues + Editions::configFile, config))
+    if (!writeDocument(catalogueRoot + Editions::configFile, config))
         return false;
     QMap<QString, QByteArray> versions;
     for (const Edition& edition : editions) {
         const QByteArray display = Documents::display(items, m_source, edition.audience);
-        const QString displayFile = catalogues + edition.displayFile;
+        const QString displayFile = catalogueRoot + edition.displayFile;
         if (!m_written.contains(displayFile) && !writeDocument(displayFile, display))
             return false;
-        versions.insert(catalogues + edition.versionFile,
+        versions.insert(catalogueRoot + edition.versionFile,
                         Documents::version(m_source.version(), display, config));
     }
     for (auto it = versions.cbegin(); it != versions.cend(); ++it) {

@@ -29,7 +29,7 @@ const char signatureAlgorithm[] = "Ed";
 const char prehashedAlgorithm[] = "ED";
 const char scrypt[] = "Sc";
 const char blake2b[] = "B2";
-const char comment[] = "untrusted comment: minisign secret key of mvpublish\n";
+const char commentLine[] = "untrusted comment: minisign secret key of mvpublish\n";
 const char commentPrefix[] = "untrusted comment:";
 
 bool hasTag(const unsigned char* at, const char* tag)
@@ -117,11 +117,11 @@ bool isIntact(const SecretBytes& key, bool hasPassword)
 
 SecretBytes encoded(const SecretBytes& key)
 {
-    constexpr std::size_t prefix = sizeof comment - 1;
+    constexpr std::size_t prefix = sizeof commentLine - 1;
     constexpr int variant = sodium_base64_VARIANT_ORIGINAL;
     const std::size_t base64 = sodium_base64_encoded_len(keyBytes, variant);
     SecretBytes file(prefix + base64); // with a final zero, which becomes the line end
-    std::memcpy(file.data(), comment, prefix);
+    std::memcpy(file.data(), commentLine, prefix);
     sodium_bin2base64(file.text() + prefix, base64, key.data(), keyBytes, variant);
     file.text()[file.size() - 1] = '\n';
     return file;

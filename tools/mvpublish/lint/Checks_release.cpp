@@ -23,7 +23,7 @@
 
 namespace {
 
-const QString contents = ReleasePaths::contentFolder() + QLatin1Char('/');
+const QString contentRoot = ReleasePaths::contentFolder() + QLatin1Char('/');
 
 /// Returns the files of the tree; those of a folder that cannot be read are missed by others.
 QStringList filesOf(const ReadTree& tree)

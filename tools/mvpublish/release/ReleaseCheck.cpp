@@ -16,7 +16,7 @@ namespace {
 
 using Document = PublishedTree::Document;
 
-const QString rebuild = QStringLiteral("clients refuse the release; build the tree again");
+const QString rebuildAdvice = QStringLiteral("clients refuse the release; build the tree again");
 const QString signAgain = QStringLiteral("clients that know keys refuse the release; sign it");
 const QString renew =
     QStringLiteral("clients refuse an expired release; build with --renew, and sign it");
@@ -61,9 +61,9 @@ bool ReleaseCheck::readRelease()
     const Document document = m_tree.read(name, SRelease::maxBytes);
     QString error;
     if (!document.isPresent())
-        report("release", name, absence(document), rebuild);
+        report("release", name, absence(document), rebuildAdvice);
     else if (!SRelease::parse(document.bytes, m_release, error))
-        report("release", name, QStringLiteral("is refused: ") + error, rebuild);
+        report("release", name, QStringLiteral("is refused: ") + error, rebuildAdvice);
     m_bytes = document.bytes;
     return m_findings.isEmpty();
 }
@@ -74,13 +74,13 @@ bool ReleaseCheck::readList()
     const Document document = m_tree.read(name, ReleaseList::maxBytes);
     QString error;
     if (!document.isPresent())
-        report("release-list", name, absence(document), rebuild);
+        report("release-list", name, absence(document), rebuildAdvice);
     else if (document.bytes.size() != m_release.m_listBytes
              || ContentDigest::ofBytes(document.bytes) != m_release.m_listDigest)
         report("release-list", name, QStringLiteral("is not the list that the release names"),
-               rebuild);
+               rebuildAdvice);
     else if (!ReleaseList::parse(document.bytes, m_list, error))
-        report("release-list", name, QStringLiteral("is refused: ") + error, rebuild);
+        report("release-list", name, QStringLiteral("is refused: ") + error, rebuildAdvice);
     else
         return true;
     return false;
