@@ -19,7 +19,7 @@
 namespace {
 
 const QString word = QStringLiteral("real-client");
-constexpr int longestMs = 60000;
+constexpr int longestRunMs = 60000;
 
 bool fail(const QString& reason)
 {
@@ -35,7 +35,7 @@ QString RealClient::run(Action action, const Place& place)
     process.start(QCoreApplication::applicationFilePath(),
                   {word, QString::number(static_cast<int>(action)), place.url, place.key,
                    place.installed, place.folder, place.theme});
-    if (!process.waitForFinished(longestMs))
+    if (!process.waitForFinished(longestRunMs))
         return QStringLiteral("a client does not end");
     if (process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0)
         return QString();

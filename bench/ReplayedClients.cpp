@@ -10,7 +10,7 @@ namespace {
 
 constexpr int atOnce = 16;
 constexpr int tickMs = 1000;
-constexpr int longestMs = 45000;
+constexpr int longestReplayMs = 45000;
 
 std::size_t discard(char* /*bytes*/, std::size_t size, std::size_t count, void* /*user*/)
 {
@@ -124,7 +124,7 @@ bool ReplayedClients::end(Client& client, CURLcode code)
     if (client.next < m_requests.size())
         return true;
     ++m_done;
-    if (m_waiting == 0 || m_timer.hasExpired(longestMs))
+    if (m_waiting == 0 || m_timer.hasExpired(longestReplayMs))
         return false;
     --m_waiting;
     client.next = 0;

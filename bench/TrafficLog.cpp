@@ -10,8 +10,8 @@
 
 namespace {
 
-constexpr unsigned long tickMs = 5;
-constexpr int longestMs = 20000;
+constexpr unsigned long pollMs = 5;
+constexpr int longestWaitMs = 20000;
 const char markPrefix[] = "/.mark-";
 constexpr int fields = 11;
 
@@ -70,9 +70,9 @@ void TrafficLog::takeLines(const QByteArray& mark, Use use)
     while (target != mark) {
         QByteArray line = log.readLine();
         if (!line.endsWith('\n')) {
-            if (timer.hasExpired(longestMs))
+            if (timer.hasExpired(longestWaitMs))
                 qFatal("%s ends before %s", qPrintable(m_file), mark.constData());
-            QThread::msleep(tickMs);
+            QThread::msleep(pollMs);
             log.seek(m_read);
             continue;
         }

@@ -55,9 +55,9 @@ double heapMegabytes()
 /// large request.
 void mergeFreedMemory()
 {
-    constexpr size_t large = 64 * 1024;
-    void* volatile memory = std::malloc(large);
-    std::free(memory);
+    constexpr size_t pieceBytes = 64 * 1024;
+    void* volatile piece = std::malloc(pieceBytes);
+    std::free(piece);
 }
 
 /// Processes what is pending, with the deletions that an event loop performs.
