@@ -7,7 +7,8 @@
 
 namespace {
 
-const char* const folders[] = {"VideoFilters", "Transitions", "Motions", "Themes", "BgMaterial"};
+const char* const kindFolders[] = {"VideoFilters", "Transitions", "Motions", "Themes",
+                                   "BgMaterial"};
 const char* const favourites[] = {"ThemeCollect", "FilterCollect", "BgMaterialCollect"};
 
 void append(QVector<SCfg_Item*>& items, const MVThemeMgr::SResourceXML& catalogue)
@@ -27,7 +28,7 @@ CatalogueWorld::CatalogueWorld()
 {
     fresh();
     setParam("hasMV", "1");
-    for (const char* folder : folders) {
+    for (const char* folder : kindFolders) {
         for (const char* name : {"t.png", "t.gif"})
             CatalogueFiles::write(installedFile("display", folder, QString::fromLatin1(name)), "t");
     }

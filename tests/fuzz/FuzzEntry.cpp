@@ -1,38 +1,35 @@
 // SPDX-FileCopyrightText: The mvresource contributors
 // SPDX-License-Identifier: MIT
 
-// Defines the entry points that libFuzzer calls; without libFuzzer, CorpusMain does.
+// Defines the entry points that libFuzzer calls.
 
+#include "FuzzSession.h"
 #include "FuzzTarget.h"
-#include "Require.h"
-#include "support/TestMain.h"
 
 #include <cstddef>
 #include <cstdint>
 
+/// Creates the application object and the target; MV_FUZZ_TARGET defines it.
+std::unique_ptr<FuzzTarget> makeProgramsTarget();
+
 namespace {
 
-FuzzTarget* target = nullptr;
-
-void endAtWarning(QtMsgType type, const QMessageLogContext&, const QString& text)
+FuzzSession& session()
 {
-    const bool isWarning = type == QtWarningMsg || type == QtCriticalMsg;
-    require(!isWarning || target->mayWarn(), "Qt warns of no input", text);
+    static FuzzSession running(&makeProgramsTarget);
+    return running;
 }
 
 } // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***)
 {
-    static const TestHome home;
-    static const std::unique_ptr<FuzzTarget> owned = makeFuzzTarget();
-    target = owned.get();
-    qInstallMessageHandler(&endAtWarning);
+    session();
     return 0;
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    target->run(QByteArray(reinterpret_cast<const char*>(data), static_cast<int>(size)));
+    session().feed(QByteArray(reinterpret_cast<const char*>(data), static_cast<int>(size)));
     return 0;
 }

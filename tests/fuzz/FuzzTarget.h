@@ -3,6 +3,11 @@
 
 #pragma once
 
+#ifndef MV_LIBFUZZER
+#include "Corpus.h"
+#include "support/RegisteredTest.h"
+#endif
+
 #include <QApplication>
 #include <QByteArray>
 #include <QCoreApplication>
@@ -14,8 +19,8 @@
 /// The code that a fuzzer exercises with its inputs.
 ///
 /// One object serves a whole process. Define it in fuzz_NAME.cpp and end that file with
-/// MV_FUZZ_TARGET; libFuzzer, or the main function of the test suite, feeds the inputs. The process
-/// runs in a TestHome of its own.
+/// MV_FUZZ_TARGET; libFuzzer, or a test, feeds the inputs. The process runs in a TestHome of its
+/// own.
 class FuzzTarget
 {
 public:
@@ -32,9 +37,6 @@ public:
     virtual bool mayWarn() const { return false; }
 };
 
-/// Creates the application object and the target; MV_FUZZ_TARGET defines it.
-std::unique_ptr<FuzzTarget> makeFuzzTarget();
-
 /// Creates the application object. It is never destroyed: libFuzzer ends the process without
 /// returning from main().
 template <class Application>
@@ -49,10 +51,24 @@ void makeFuzzApplication()
         QFontInfo(QApplication::font()).family(); // creates the font cache, once
 }
 
-/// Makes the class the target of this program, with an application object of the given class.
+/// Creates the application object and the target. Call it once.
+template <class Target, class Application>
+std::unique_ptr<FuzzTarget> makeFuzzTarget()
+{
+    makeFuzzApplication<Application>();
+    return std::make_unique<Target>();
+}
+
+/// Makes the class the target of its source file, with an application object of the given class:
+/// with libFuzzer the only one of the program, otherwise a test that feeds a corpus.
+#ifdef MV_LIBFUZZER
 #define MV_FUZZ_TARGET(Target, Application)                                                        \
-    std::unique_ptr<FuzzTarget> makeFuzzTarget()                                                   \
+    std::unique_ptr<FuzzTarget> makeProgramsTarget()                                               \
     {                                                                                              \
-        makeFuzzApplication<Application>();                                                        \
-        return std::make_unique<Target>();                                                         \
+        return makeFuzzTarget<Target, Application>();                                              \
     }
+#else
+#define MV_FUZZ_TARGET(Target, Application)                                                        \
+    static const RegisteredTest registered##Target(                                                \
+        __FILE__, feedCorpus<&makeFuzzTarget<Target, Application>>);
+#endif

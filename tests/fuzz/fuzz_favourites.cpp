@@ -14,7 +14,7 @@
 
 namespace {
 
-const char* const files[] = {"ThemeCollect", "FilterCollect", "BgMaterialCollect"};
+const char* const collectFiles[] = {"ThemeCollect", "FilterCollect", "BgMaterialCollect"};
 constexpr int fileCount = 3;
 constexpr int listedCount = 2; // the marks of backgrounds are queried one by one
 
@@ -41,7 +41,7 @@ void FavouritesTarget::run(const QByteArray& input)
     const QString guid = QString::fromUtf8(parts.at(fileCount));
     m_world.renewFavourites();
     for (int i = 0; i < fileCount; ++i)
-        CatalogueFiles::write(m_world.collectFile(files[i]), parts.at(i));
+        CatalogueFiles::write(m_world.collectFile(collectFiles[i]), parts.at(i));
     const WriteGuard guard({m_world.data()});
     read();
     for (int i = 0; i < listedCount; ++i)
@@ -56,10 +56,10 @@ void FavouritesTarget::run(const QByteArray& input)
     }
     read();
     for (int i = 0; i < fileCount; ++i) {
-        const QByteArray saved = CatalogueFiles::read(m_world.collectFile(files[i]));
+        const QByteArray saved = CatalogueFiles::read(m_world.collectFile(collectFiles[i]));
         require(i >= listedCount || marks(i) == marksIn(saved), "what was saved reads the same");
         require(manager().saveFavourites(&error)
-                    && marksIn(CatalogueFiles::read(m_world.collectFile(files[i])))
+                    && marksIn(CatalogueFiles::read(m_world.collectFile(collectFiles[i])))
                         == marksIn(saved),
                 "saving what was read changes no mark", error);
     }
@@ -110,7 +110,8 @@ void FavouritesTarget::checkSaved(int file, const QByteArray& original, const QS
     if (!expected.contains(guid))
         expected.append(guid);
     expected.sort();
-    const QStringList saved = marksIn(CatalogueFiles::read(m_world.collectFile(files[file])));
+    const QStringList saved =
+        marksIn(CatalogueFiles::read(m_world.collectFile(collectFiles[file])));
     require(saved == expected, "a saved file holds the earlier marks and the new one",
             saved.join(QLatin1Char(' ')) + QStringLiteral(" instead of ")
                 + expected.join(QLatin1Char(' ')));
@@ -119,7 +120,7 @@ void FavouritesTarget::checkSaved(int file, const QByteArray& original, const QS
 /// Requires an invalid file to be kept aside, and nothing else.
 void FavouritesTarget::checkDamaged(int file, const QByteArray& original) const
 {
-    const QString kept = m_world.collectFile(files[file]) + QStringLiteral(".damaged-1");
+    const QString kept = m_world.collectFile(collectFiles[file]) + QStringLiteral(".damaged-1");
     const bool isDamaged = !original.isEmpty() && !QJsonDocument::fromJson(original).isObject();
     require(QFile::exists(kept) == isDamaged, "a file is kept aside if it is damaged");
     require(CatalogueFiles::read(kept) == (isDamaged ? original : QByteArray()),

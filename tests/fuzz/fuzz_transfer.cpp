@@ -19,7 +19,7 @@
 
 namespace {
 
-constexpr int maxBytes = 64 * 1024;
+constexpr int maxTransferBytes = 64 * 1024;
 
 class TransferTarget : public FuzzTarget
 {
@@ -44,7 +44,7 @@ TransferTarget::TransferTarget()
     settings.proxy = QStringLiteral("http://127.0.0.1:%1").arg(m_server.port());
     settings.connectTimeoutMs = 2000;
     settings.stallTimeoutMs = 2000;
-    settings.maxDownloadBytes = maxBytes;
+    settings.maxDownloadBytes = maxTransferBytes;
     settings.retryPauseMs = 0;
     settings.retryPauseMaxMs = 1;
 }
@@ -93,7 +93,7 @@ void TransferTarget::checkFailure(const STransferFailure& failure, const QByteAr
 void TransferTarget::checkSuccess(const QByteArray& former, const QList<QByteArray>& answers) const
 {
     const QByteArray content = CatalogueFiles::read(m_file);
-    require(content.size() <= maxBytes, "no more than is allowed is stored");
+    require(content.size() <= maxTransferBytes, "no more than is allowed is stored");
     require(!answers.isEmpty(), "a file comes from an answer");
     const bool isPlain = answers.size() == 1 && !answers.constFirst().toLower().contains("chunked");
     if (!isPlain)

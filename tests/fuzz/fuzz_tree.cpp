@@ -18,7 +18,7 @@
 
 namespace {
 
-const char* const files[] = {
+const char* const treeFiles[] = {
     "ResourceConfig/resource_config.xml",
     "ResourceConfig/resource_display.xml",
     "ResourceConfig/resource_version_v3.xml",
@@ -39,7 +39,7 @@ public:
         const Parts parts(input);
         QDir(m_folder).removeRecursively();
         int part = 0;
-        for (const char* file : files)
+        for (const char* file : treeFiles)
             write(file, parts.at(part++));
         for (const char* picture : pictures)
             write(picture, parts.at(part));

@@ -13,7 +13,7 @@ namespace {
 
 using Version = CheckWorker_CfgAndDisplayXML::SVersion;
 
-constexpr int maxBytes = 64 * 1024;
+constexpr int maxVersionBytes = 64 * 1024;
 
 bool isSame(const Version& a, const Version& b)
 {
@@ -37,7 +37,7 @@ public:
         worker.getVersionInfo(file, second);
         require(isSame(first, second), "a version file reads the same every time");
         require(first.bLoadXMLOK || isEmpty(first), "a file that cannot be read announces nothing");
-        require(!first.bLoadXMLOK || input.size() <= maxBytes, "no large file is read");
+        require(!first.bLoadXMLOK || input.size() <= maxVersionBytes, "no large file is read");
         for (const QString& sum : {first.m_qsVer_Display, first.m_qsVer_config})
             require(sum == sum.toLower(), "checksums have lower case", sum);
         const int number = worker.readVersionFromXML(file);

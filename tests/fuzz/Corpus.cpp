@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The mvresource contributors
 // SPDX-License-Identifier: MIT
 
-// Feeds a fuzzer's corpus to it once, in builds without libFuzzer.
-//
-//     tst_fuzz_NAME FILE|FOLDER...
+#include "Corpus.h"
+
+#include "FuzzSession.h"
 
 #include <QByteArray>
 #include <QDirIterator>
@@ -11,14 +11,9 @@
 #include <QFileInfo>
 #include <QStringList>
 
-#include <cstddef>
-#include <cstdint>
 #include <cstdio>
 
 #include <sys/resource.h>
-
-extern "C" int LLVMFuzzerInitialize(int* count, char*** arguments);
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 namespace {
 
@@ -45,24 +40,22 @@ void limitMemory()
 #endif
 }
 
-bool feed(const QString& name)
+bool feed(FuzzSession& session, const QString& name)
 {
     QFile file(name);
     if (!file.open(QIODevice::ReadOnly)) {
         std::fprintf(stderr, "%s: cannot be read\n", qPrintable(name));
         return false;
     }
-    std::printf("%s\n", qPrintable(name)); // the last name printed is that of the failing input
+    std::printf("%s\n", qPrintable(name));
     std::fflush(stdout);
-    const QByteArray input = file.readAll();
-    LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(input.constData()),
-                           static_cast<std::size_t>(input.size()));
+    session.feed(file.readAll());
     return true;
 }
 
 } // namespace
 
-int main(int argc, char** argv)
+int feedCorpus(std::unique_ptr<FuzzTarget> (*makeTarget)(), int argc, char** argv)
 {
     QStringList inputs;
     for (int i = 1; i < argc; ++i)
@@ -72,9 +65,9 @@ int main(int argc, char** argv)
         return 1;
     }
     limitMemory();
-    LLVMFuzzerInitialize(&argc, &argv);
+    static FuzzSession session(makeTarget);
     bool allRead = true;
     for (const QString& input : qAsConst(inputs))
-        allRead = feed(input) && allRead;
+        allRead = feed(session, input) && allRead;
     return allRead ? 0 : 1;
 }
