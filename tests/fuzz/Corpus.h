@@ -11,10 +11,3 @@ class FuzzTarget;
 /// first name inputs, or folders of them. Prints the name of each input before its run, so that the
 /// last one printed is that of a failing input. Returns the exit status.
 int feedCorpus(std::unique_ptr<FuzzTarget> (*makeTarget)(), int argc, char** argv);
-
-/// The same for a target that is known when compiling.
-template <std::unique_ptr<FuzzTarget> (*makeTarget)()>
-int feedCorpus(int argc, char** argv)
-{
-    return feedCorpus(makeTarget, argc, argv);
-}

@@ -59,6 +59,15 @@ std::unique_ptr<FuzzTarget> makeFuzzTarget()
     return std::make_unique<Target>();
 }
 
+#ifndef MV_LIBFUZZER
+/// Feeds the corpus that the arguments name. Returns the exit status.
+template <class Target, class Application>
+int testCorpus(int argc, char** argv)
+{
+    return feedCorpus(&makeFuzzTarget<Target, Application>, argc, argv);
+}
+#endif
+
 /// Makes the class the target of its source file, with an application object of the given class:
 /// with libFuzzer the only one of the program, otherwise a test that feeds a corpus.
 #ifdef MV_LIBFUZZER
@@ -69,6 +78,5 @@ std::unique_ptr<FuzzTarget> makeFuzzTarget()
     }
 #else
 #define MV_FUZZ_TARGET(Target, Application)                                                        \
-    static const RegisteredTest registered##Target(                                                \
-        __FILE__, feedCorpus<&makeFuzzTarget<Target, Application>>);
+    static const RegisteredTest registered##Target(__FILE__, testCorpus<Target, Application>);
 #endif
