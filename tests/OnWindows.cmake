@@ -16,8 +16,9 @@ if(NOT WIN32)
     return()
 endif()
 
-mv_leave_out("a library that is preloaded into a program" tst_CurWrapper_unnamed tst_UtilsDurable
-             tst_FavouritesFile_durable tst_mvpublish_killed tst_mvpublish_uploadKilled)
+mv_leave_out(
+    "a library that is preloaded into a program" tst_CurWrapper_unnamed tst_UtilsDurable
+    tst_FavouritesFile_durable tst_mvpublish_killed tst_mvpublish_unreadable tst_mvpublish_uploadKilled)
 mv_leave_out("a folder that stays open while it is renamed" tst_mvpublish_replace)
 mv_leave_out("the time of a thread in steps below 10 ms" tst_catalogueGrowth tst_ItemIndex tst_largeCatalogue)
 mv_leave_out("an HTTPS server" tst_CurWrapper_tls tst_TransferPool_http2)

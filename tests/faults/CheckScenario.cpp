@@ -117,11 +117,15 @@ bool CheckScenario::isTold(const FaultyOutcome& outcome) const
             && outcome.out.contains("the application must be updated"));
 }
 
-/// The cache of answers only saves a request, so its loss is logged and not told; what fails
-/// afterwards has a cause of its own.
+/// The cache of answers, written beside the new catalogue after it, only saves a request: its loss
+/// is logged and not told, and what fails afterwards has a cause of its own.
 QString CheckScenario::wrongCause(const Fault& fault, const FaultyOutcome& outcome) const
 {
-    if (outcome.hit.path.endsWith(QLatin1String("/version-cache.json")))
+    const QString& path = outcome.hit.path;
+    const bool isCache = path.endsWith(QLatin1String("/version-cache.json"))
+        || (isLeftover(path) && path.contains(QLatin1String("/root/Themes/ResourceConfig/"))
+            && outcome.out.contains("the new one has been fetched"));
+    if (isCache)
         return {};
     const EFailureCause cause = causeToTell(
         fault, outcome.hit,

@@ -61,10 +61,10 @@ public:
     }
     /// Describes a wrong cause that the command reported for its failure; empty if none.
     virtual QString wrongCause(const Fault& fault, const FaultyOutcome& outcome) const;
-
-protected:
     /// Returns whether a path is a temporary one that the command creates and removes.
     virtual bool isLeftover(const QString& path) const;
+
+protected:
     /// Returns whether two states have equivalent entries at that path.
     virtual bool isAlike(const WorldState& a, const WorldState& b, const QString& path) const
     {

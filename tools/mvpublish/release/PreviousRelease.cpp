@@ -10,44 +10,56 @@
 #include "release/ContentName.h"
 #include "release/TreeBytes.h"
 
-#include <QDir>
-#include <QDirIterator>
+#include "tree/FolderContent.h"
+
 #include <QFileInfo>
 #include <QSet>
 
 #include <algorithm>
 
-namespace {
-
-bool isSignature(const QString& file)
-{
-    QByteArray bytes;
-    QString fault;
-    ReleaseSignature signature;
-    return TreeBytes::read(file, ReleaseSignature::maxBytes, bytes, &fault)
-        && ReleaseSignature::parse(bytes, signature, fault);
-}
-
-} // namespace
-
 PreviousRelease::PreviousRelease(const QString& tree)
     : m_tree(tree + QLatin1Char('/'))
 {
-    const QString file = m_tree + ReleasePaths::release();
-    if (!QFileInfo::exists(file))
-        return;
     QByteArray bytes;
-    if (!TreeBytes::read(file, SRelease::maxBytes, bytes, &m_fault)
+    if (!QFileInfo::exists(m_tree + ReleasePaths::release())
+        || !read(ReleasePaths::release(), SRelease::maxBytes, bytes)
         || !SRelease::parse(bytes, m_release, m_fault))
         return;
     m_bytes = bytes;
+    readSignature(ReleasePaths::signature(), m_signature);
     readList();
+}
+
+/// Reads a file of the release. What is no file of its size is a fault of the release; a file that
+/// cannot be read says nothing about the release.
+bool PreviousRelease::read(const QString& name, qint64 maxBytes, QByteArray& bytes)
+{
+    const QString file = m_tree + name;
+    const QFileInfo info(file);
+    const bool isUnfit = !info.isFile() || info.size() > maxBytes;
+    return TreeBytes::read(file, maxBytes, bytes, isUnfit ? &m_fault : &m_error);
+}
+
+/// Reads a signature, of which nothing is left in `bytes` unless it is valid. Returns false if its
+/// file cannot be read.
+bool PreviousRelease::readSignature(const QString& name, QByteArray& bytes)
+{
+    const QFileInfo info(m_tree + name);
+    if (!info.isFile() || info.size() > ReleaseSignature::maxBytes)
+        return true;
+    if (!read(name, ReleaseSignature::maxBytes, bytes))
+        return false;
+    ReleaseSignature signature;
+    QString fault;
+    if (!ReleaseSignature::parse(bytes, signature, fault))
+        bytes.clear();
+    return true;
 }
 
 void PreviousRelease::readList()
 {
     QByteArray text;
-    if (!TreeBytes::read(m_tree + ReleasePaths::list(), ReleaseList::maxBytes, text, &m_fault))
+    if (!read(ReleasePaths::list(), ReleaseList::maxBytes, text))
         return;
     if (ContentDigest::ofBytes(text) != m_release.m_listDigest)
         m_fault =
@@ -56,39 +68,58 @@ void PreviousRelease::readList()
         ReleaseList::parse(text, m_list, m_fault);
 }
 
-bool PreviousRelease::keepNamed(ContentFolder& contents) const
+bool PreviousRelease::keepNamed(ContentFolder& contents)
 {
     if (!exists())
         return true;
-    QSet<QString> names{ReleasePaths::content(m_release.m_listDigest),
+    QSet<QString> named{ReleasePaths::content(m_release.m_listDigest),
                         ReleasePaths::signatureOf(ContentDigest::ofBytes(m_bytes))};
     for (const ReleaseList::Entry& entry : m_list.entries())
-        names.insert(ReleasePaths::content(entry.digest));
+        named.insert(ReleasePaths::content(entry.digest));
+    QStringList names(named.cbegin(), named.cend());
+    names.sort(); // every build does the same in the same order
     return std::all_of(names.cbegin(), names.cend(),
                        [&](const QString& name) { return keep(name, contents); });
 }
 
-bool PreviousRelease::keepAll(ContentFolder& contents) const
+bool PreviousRelease::keepAll(ContentFolder& contents)
 {
-    const QDir tree(m_tree);
-    QDirIterator it(m_tree + ReleasePaths::contentFolder(), QDir::Files,
-                    QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        if (!keep(tree.relativeFilePath(it.next()), contents))
-            return false;
-    }
-    return true;
+    const QString folder = ReleasePaths::contentFolder();
+    QStringList names;
+    if (QFileInfo(m_tree + folder).isDir()
+        && !FolderContent::paths(m_tree + folder, names, &m_error))
+        return false;
+    return std::all_of(names.cbegin(), names.cend(), [&](const QString& name) {
+        return keep(folder + QLatin1Char('/') + name, contents);
+    });
 }
 
 /// Keeps a content that is what its name says; anything else would be damaged for every client.
-bool PreviousRelease::keep(const QString& name, ContentFolder& contents) const
+bool PreviousRelease::keep(const QString& name, ContentFolder& contents)
 {
     const QString file = m_tree + name;
     const ContentName content(name);
     if (!content.isValid() || !QFileInfo(file).isFile() || QFileInfo(file).isSymLink())
         return true;
     if (content.isSignature())
-        return !isSignature(file) || contents.addSignature(file, content.digest());
-    return contents.contains(content.digest()) || ContentDigest::ofFile(file) != content.digest()
-        || contents.add(file, content.digest());
+        return keepSignature(content, name, contents);
+    if (contents.contains(content.digest()))
+        return true;
+    const QByteArray digest = ContentDigest::ofFile(file);
+    if (digest.isEmpty())
+        m_error = QStringLiteral("%1 cannot be read").arg(file);
+    else if (digest == content.digest() && !contents.add(file, digest))
+        m_error = contents.errorText();
+    return m_error.isEmpty();
+}
+
+bool PreviousRelease::keepSignature(const ContentName& content, const QString& name,
+                                    ContentFolder& contents)
+{
+    QByteArray bytes;
+    if (!readSignature(name, bytes))
+        return false;
+    if (!bytes.isEmpty() && !contents.addSignature(m_tree + name, content.digest()))
+        m_error = contents.errorText();
+    return m_error.isEmpty();
 }

@@ -4,11 +4,9 @@
 #include "release/ReleaseWriter.h"
 
 #include "download/ReleasePaths.h"
-#include "download/ReleaseSignature.h"
 #include "host/ContentDigest.h"
 #include "release/ContentFolder.h"
 #include "release/PreviousRelease.h"
-#include "release/TreeBytes.h"
 #include "tree/ServedFiles.h"
 
 #include <QFileInfo>
@@ -34,8 +32,10 @@ ReleaseWriter::ReleaseWriter(const QString& tree, const QString& replaced)
 
 bool ReleaseWriter::write(const QSet<QString>& files, const ReleaseOptions& options)
 {
-    const PreviousRelease previous(m_replaced);
+    PreviousRelease previous(m_replaced);
     m_warning = previous.faultText();
+    if (!previous.errorText().isEmpty())
+        return fail(previous.errorText());
     ContentFolder contents(m_tree);
     const QString list = file(ReleasePaths::list());
     if (!listFiles(files, contents) || !ServedFiles::write(list, m_list.toText(), &m_error))
@@ -45,9 +45,12 @@ bool ReleaseWriter::write(const QSet<QString>& files, const ReleaseOptions& opti
     const QByteArray json = m_release.toJson();
     if (!ServedFiles::write(file(ReleasePaths::release()), json, &m_error))
         return false;
-    const bool isKept = contents.add(list, m_release.m_listDigest)
-        && (json != previous.bytes() || keepSignature(json, contents)) && keep(previous, contents);
-    return isKept || fail(contents.errorText());
+    if (!contents.add(list, m_release.m_listDigest))
+        return fail(contents.errorText());
+    if (json == previous.bytes() && !keepSignature(previous, contents))
+        return false;
+    const bool isKept = m_isUnchanged ? previous.keepAll(contents) : previous.keepNamed(contents);
+    return isKept || fail(previous.errorText());
 }
 
 /// Publishes the content of every file and lists it.
@@ -100,24 +103,15 @@ bool ReleaseWriter::decide(const PreviousRelease& previous, const ReleaseOptions
         || fail(QStringLiteral("the release has a serial or a list of files that is too large"));
 }
 
-bool ReleaseWriter::keep(const PreviousRelease& previous, ContentFolder& contents)
+/// A signature belongs to the bytes that it signs.
+bool ReleaseWriter::keepSignature(const PreviousRelease& previous, ContentFolder& contents)
 {
-    return m_isUnchanged ? previous.keepAll(contents) : previous.keepNamed(contents);
-}
-
-/// A signature belongs to the bytes that it signs; what is none is left behind.
-bool ReleaseWriter::keepSignature(const QByteArray& release, ContentFolder& contents)
-{
-    const QString signature = m_replaced + QLatin1Char('/') + ReleasePaths::signature();
-    QByteArray bytes;
-    QString fault;
-    ReleaseSignature parsed;
-    if (!TreeBytes::read(signature, ReleaseSignature::maxBytes, bytes, &fault)
-        || !ReleaseSignature::parse(bytes, parsed, fault))
+    if (previous.signature().isEmpty())
         return true;
     const QString kept = file(ReleasePaths::signature());
-    return ServedFiles::write(kept, bytes, &m_error)
-        && contents.addSignature(kept, ContentDigest::ofBytes(release));
+    return ServedFiles::write(kept, previous.signature(), &m_error)
+        && (contents.addSignature(kept, ContentDigest::ofBytes(previous.bytes()))
+            || fail(contents.errorText()));
 }
 
 bool ReleaseWriter::fail(const QString& text)

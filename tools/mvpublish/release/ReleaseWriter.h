@@ -44,8 +44,7 @@ public:
 private:
     bool listFiles(const QSet<QString>& files, ContentFolder& contents);
     bool decide(const PreviousRelease& previous, const ReleaseOptions& options);
-    bool keep(const PreviousRelease& previous, ContentFolder& contents);
-    bool keepSignature(const QByteArray& release, ContentFolder& contents);
+    bool keepSignature(const PreviousRelease& previous, ContentFolder& contents);
     QString file(const QString& name) const { return m_tree + QLatin1Char('/') + name; }
     bool fail(const QString& text);
 
