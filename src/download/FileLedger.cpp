@@ -94,8 +94,9 @@ QByteArray FileLedger::noteOf(const QString& path)
     return m_entries.value(nameOf(path)).digest;
 }
 
-/// Reads the lines that this and other processes have appended since the last call.
-void FileLedger::readNew()
+/// Reads the lines that this and other processes have appended since the last call. Returns false
+/// if that fails.
+bool FileLedger::readNew()
 {
     QFile file(path());
     if (m_file != file.fileName() || file.size() < m_readBytes) { // another root, or compacted
@@ -104,19 +105,26 @@ void FileLedger::readNew()
         m_file = file.fileName();
     }
     if (file.size() == m_readBytes || !MVThemeMgr::init()->isDownloadPath(file.fileName()))
-        return;
+        return true;
+    if (file.size() - m_readBytes > maxLedgerBytes) { // only the lines that follow are read
+        LogL(LogCategories::checkOfCatalogue, 2, "%s is too large: files will be hashed again",
+             file.fileName().toUtf8().constData());
+        m_readBytes = file.size();
+        return true;
+    }
     QByteArray text;
     if (!RegularFile::open(file) || !file.seek(m_readBytes)
         || !RegularFile::readAll(file, maxLedgerBytes, text)) {
         LogL(LogCategories::checkOfCatalogue, 2, "%s cannot be read: files will be hashed again",
              file.fileName().toUtf8().constData());
-        return;
+        return false;
     }
     const int whole = text.lastIndexOf('\n') + 1; // the rest may still be written
     m_readBytes += whole;
     const QList<QByteArray> lines = text.left(whole).split('\n');
     for (const QByteArray& line : lines)
         takeLine(line);
+    return true;
 }
 
 void FileLedger::takeLine(const QByteArray& line)
@@ -157,7 +165,8 @@ void FileLedger::append(const QString& path, const Entry& entry)
 void FileLedger::compact()
 {
     const QMutexLocker lock(&m_mutex);
-    readNew();
+    if (!readNew())
+        return; // it may be readable the next time
     const QString root = RootPlaces::root();
     QList<QByteArray> names = m_entries.keys();
     std::sort(names.begin(), names.end());

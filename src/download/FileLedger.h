@@ -38,7 +38,8 @@ public:
     /// Records that a file has changed since its digest was noted although its size and time have
     /// not: digestOf() no longer knows it, noteOf() does.
     void doubt(const QString& path);
-    /// Rewrites the file with one line per file that still exists.
+    /// Rewrites the file with one line per file that still exists; leaves a file that cannot be
+    /// read.
     void compact();
 
     /// Returns the path of the file.
@@ -52,7 +53,7 @@ private:
         qint64 modifiedMs = 0;
     };
 
-    void readNew();
+    bool readNew();
     void takeLine(const QByteArray& line);
     void append(const QString& path, const Entry& entry);
     static QByteArray lineOf(const QByteArray& name, const Entry& entry);

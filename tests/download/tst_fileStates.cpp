@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "download/FileStates.h"
+#include "download/ResourceStorage.h"
 #include "download/StorageWorld.h"
 #include "host/HostSettings.h"
 #include "support/TestMain.h"
@@ -35,6 +36,7 @@ private slots:
     void longLedgerSavesReading();
     void unusableLedgerMeansReadingAgain_data();
     void unusableLedgerMeansReadingAgain();
+    void ledgerBeyondItsLimitIsNotReadAndCleanedUp();
     void forgedLedgerIsNotBelievedByAVerification();
     void unreadableDefinitionIsDamaged();
     void filesOfTheApplicationAreCurrent();
@@ -237,6 +239,32 @@ void tst_fileStates::unusableLedgerMeansReadingAgain()
     read = 0;
     FileStates(FileStates::Depth::Quick, count).of(filter());
     QCOMPARE(read, qint64(0)); // noted by the first reading
+}
+
+void tst_fileStates::ledgerBeyondItsLimitIsNotReadAndCleanedUp()
+{
+    constexpr qint64 limitBytes = 256 * 1024 * 1024;
+    QVERIFY(StorageWorld::fetch({&filter()}));
+    const QByteArray genuine = CatalogueFiles::read(ledger());
+    QVERIFY(QFile::remove(ledger()));
+    FileStates(FileStates::Depth::Quick, [](qint64) { return false; }).of(filter()); // forgets it
+    CatalogueFiles::write(ledger(), genuine);
+    QVERIFY(QFile::resize(ledger(), limitBytes + 1)); // with a hole, which takes no room
+    qint64 read = 0;
+    const auto count = [&](qint64 bytesRead) {
+        read += bytesRead;
+        return true;
+    };
+    const SItemState state = FileStates(FileStates::Depth::Quick, count).of(filter());
+    QCOMPARE(state.m_eState, eFile_Current);
+    QCOMPARE(read, state.m_nBytesOnDisk);
+    read = 0;
+    FileStates(FileStates::Depth::Quick, count).of(filter());
+    QCOMPARE(read, qint64(0)); // lines that are appended count
+    ResourceStorage().clean();
+    QVERIFY(QFileInfo(ledger()).size() < limitBytes);
+    FileStates(FileStates::Depth::Quick, count).of(filter());
+    QCOMPARE(read, qint64(0));
 }
 
 void tst_fileStates::forgedLedgerIsNotBelievedByAVerification()

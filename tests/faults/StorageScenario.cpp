@@ -64,8 +64,13 @@ QStringList StorageScenario::temporaryPlaces() const
 QString StorageScenario::brokenState(const States& states) const
 {
     QString broken = MvresScenario::brokenState(states);
-    if (!broken.isEmpty() || m_command == Command::Clean)
+    if (!broken.isEmpty())
         return broken;
+    if (m_command == Command::Clean)
+        return CatalogueFiles::read(world() + QLatin1Char('/') + catalogueFile("ledger.txt"))
+                   .isEmpty()
+            ? QStringLiteral("the ledger is lost")
+            : QString();
     const bool isNew = states.now.isSameAt(definition, states.after);
     const QStringList own{ownFiles};
     if (m_command == Command::Update && isNew)
