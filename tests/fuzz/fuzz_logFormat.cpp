@@ -122,6 +122,8 @@ bool LogFormatTarget::take(const QRegularExpressionMatch& match, const Parts& va
     QByteArray format = match.captured().toLatin1();
     const char letter = format.at(format.size() - 1);
     const QByteArray length = match.captured(3).toLatin1();
+    if (letter == 'p')
+        format.replace('+', "").replace(' ', ""); // means nothing to the C standard, but to glibc
     if (QByteArray("eEfFgG").contains(letter))
         format.remove(format.size() - 1 - length.size(), length.size()); // has no effect
     m_texts.append(values.at(m_count + count + 1).constData());          // up to a NUL
