@@ -12,7 +12,7 @@
 
 #include <functional>
 
-/// Tests that quitting asks nothing, cancels running work and takes at most two seconds.
+/// Tests that quitting cancels running work and takes at most two seconds.
 class tst_editor_quit : public QObject
 {
     Q_OBJECT
@@ -20,7 +20,6 @@ class tst_editor_quit : public QObject
 private slots:
     void whileATransferStalls_data();
     void whileATransferStalls();
-    void runningDownloadsAreAskedAbout();
     void whileManyPreviewsStall();
     void whileTheSecondCatalogueFileStalls();
 
@@ -107,42 +106,6 @@ void tst_editor_quit::quitIsShort(EditorWorld& world, const QString& before,
     time.start();
     VERIFY_ENDED_WELL(editor.outcome());
     QVERIFY2(time.elapsed() < longestMs, QByteArray::number(time.elapsed()).constData());
-}
-
-void tst_editor_quit::runningDownloadsAreAskedAbout()
-{
-    EditorWorld world;
-    world.install({QStringLiteral("Alpha")});
-    world.publish({QStringLiteral("Alpha"), QStringLiteral("Beta")});
-    auto isReleased = std::make_shared<std::atomic<bool>>(false);
-    world.setFault([isReleased](HttpExchange& exchange, int) {
-        if (!exchange.request().target.contains("beta/theme.zip") || *isReleased)
-            return false;
-        *isReleased = true; // the second try succeeds
-        exchange.stall();
-        return true;
-    });
-    VERIFY_ENDED_WELL(Editor(world).run(QStringLiteral(R"(
-        wait shown 3
-        wait quiet
-        click cell Beta
-        wait downloading Beta
-        wait text downloadsBarText "Beta: Downloading 1 item"
-        press Ctrl+Q
-        wait text qt_msgbox_label "1 download would be cancelled"
-        screenshot quit
-        press Esc
-        wait gone qt_msgbox_label
-        wait downloading Beta
-        wait text downloadsBarText "Beta: Waiting for the server…"
-        screenshot waiting
-        click widget downloadsBarAction
-        wait downloads none
-        wait gone downloadsBarText
-        click cell Beta
-        wait applied Beta
-        press Ctrl+Q
-    )")));
 }
 
 void tst_editor_quit::whileManyPreviewsStall()

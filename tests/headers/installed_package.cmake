@@ -39,7 +39,6 @@ function(configure project)
         -DCMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER}
         -DPACKAGE_VERSION=${PACKAGE_VERSION}
         -DPACKAGE_QT=${QT}
-        -DSANITIZE=${SANITIZE}
         ${ARGN})
     file(READ ${host}/CMakeCache.txt cache)
     if(NOT cache MATCHES "MvResource_DIR:PATH=${prefix}/")
@@ -52,9 +51,6 @@ function(compile source program package)
     run(${CMAKE_COMMAND} -E env PKG_CONFIG_PATH=${prefix}/${LIBRARY_FOLDER}/pkgconfig ${PKG_CONFIG} --cflags
         --libs ${package})
     separate_arguments(flags UNIX_COMMAND "${output}")
-    if(SANITIZE)
-        list(APPEND flags -fsanitize=${SANITIZE})
-    endif()
     file(MAKE_DIRECTORY ${host})
     run(${COMPILER}
         -std=c++17
@@ -140,10 +136,7 @@ elseif(CASE STREQUAL "pkgConfig")
         message(FATAL_ERROR "embed printed:\n${output}")
     endif()
 elseif(CASE STREQUAL "quick")
-    if(SANITIZE)
-        set(flags -DCMAKE_CXX_FLAGS=-fsanitize=${SANITIZE})
-    endif()
-    configure(../../examples/quick ${flags})
+    configure(../../examples/quick)
     run(${CMAKE_COMMAND} --build ${host})
     file(MAKE_DIRECTORY ${WORK_FOLDER}/home)
     set(environment HOME=${WORK_FOLDER}/home XDG_DATA_HOME=${WORK_FOLDER}/home QT_QUICK_BACKEND=software
