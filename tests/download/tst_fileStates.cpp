@@ -53,6 +53,8 @@ private:
     }
     /// Changes a file on disk but neither its size nor its time.
     void changeSecretly(const char* name) const;
+    /// Returns the state of the filter and adds the bytes that were read for it.
+    SItemState quickState(qint64& read) const;
     QString ledger() const { return m_world.downloadedFile("ledger.txt"); }
 
     StorageWorld m_world;
@@ -180,6 +182,15 @@ void tst_fileStates::nothingIsListedWithoutAReleasePolicy()
     QCOMPARE(stateOf(StorageWorld::theme(2)), eFile_Missing);
 }
 
+SItemState tst_fileStates::quickState(qint64& read) const
+{
+    const auto count = [&read](qint64 bytesRead) {
+        read += bytesRead;
+        return true;
+    };
+    return FileStates(FileStates::Depth::Quick, count).of(filter());
+}
+
 void tst_fileStates::ledgerSavesReading()
 {
     QVERIFY(StorageWorld::fetch({&filter()}));
@@ -204,11 +215,7 @@ void tst_fileStates::longLedgerSavesReading()
     FileStates(FileStates::Depth::Quick, [](qint64) { return false; }).of(filter()); // forgets it
     CatalogueFiles::write(ledger(), other.repeated(40000) + genuine);
     qint64 read = 0;
-    const auto count = [&](qint64 bytesRead) {
-        read += bytesRead;
-        return true;
-    };
-    QCOMPARE(FileStates(FileStates::Depth::Quick, count).of(filter()).m_eState, eFile_Current);
+    QCOMPARE(quickState(read).m_eState, eFile_Current);
     QCOMPARE(read, qint64(0));
 }
 
@@ -229,15 +236,11 @@ void tst_fileStates::unusableLedgerMeansReadingAgain()
     if (!content.isEmpty())
         CatalogueFiles::write(ledger(), content);
     qint64 read = 0;
-    const auto count = [&](qint64 bytesRead) {
-        read += bytesRead;
-        return true;
-    };
-    const SItemState state = FileStates(FileStates::Depth::Quick, count).of(filter());
+    const SItemState state = quickState(read);
     QCOMPARE(state.m_eState, eFile_Current);
     QCOMPARE(read, state.m_nBytesOnDisk);
     read = 0;
-    FileStates(FileStates::Depth::Quick, count).of(filter());
+    quickState(read);
     QCOMPARE(read, qint64(0)); // noted by the first reading
 }
 
@@ -251,19 +254,15 @@ void tst_fileStates::ledgerBeyondItsLimitIsNotReadAndCleanedUp()
     CatalogueFiles::write(ledger(), genuine);
     QVERIFY(QFile::resize(ledger(), limitBytes + 1)); // with a hole, which takes no room
     qint64 read = 0;
-    const auto count = [&](qint64 bytesRead) {
-        read += bytesRead;
-        return true;
-    };
-    const SItemState state = FileStates(FileStates::Depth::Quick, count).of(filter());
+    const SItemState state = quickState(read);
     QCOMPARE(state.m_eState, eFile_Current);
     QCOMPARE(read, state.m_nBytesOnDisk);
     read = 0;
-    FileStates(FileStates::Depth::Quick, count).of(filter());
+    quickState(read);
     QCOMPARE(read, qint64(0)); // lines that are appended count
     ResourceStorage().clean();
     QVERIFY(QFileInfo(ledger()).size() < limitBytes);
-    FileStates(FileStates::Depth::Quick, count).of(filter());
+    quickState(read);
     QCOMPARE(read, qint64(0));
 }
 
