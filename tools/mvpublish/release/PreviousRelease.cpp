@@ -30,8 +30,8 @@ PreviousRelease::PreviousRelease(const QString& tree)
     readList();
 }
 
-/// Reads a file of the release. What is no file of its size is a fault of the release; a file that
-/// cannot be read says nothing about the release.
+/// Reads a file of the release. Returns false with the fault of the release if the file is missing,
+/// too large or not regular, and otherwise with the reason why it cannot be read.
 bool PreviousRelease::read(const QString& name, qint64 maxBytes, QByteArray& bytes)
 {
     const QString file = m_tree + name;
@@ -40,8 +40,8 @@ bool PreviousRelease::read(const QString& name, qint64 maxBytes, QByteArray& byt
     return TreeBytes::read(file, maxBytes, bytes, isUnfit ? &m_fault : &m_error);
 }
 
-/// Reads a signature, of which nothing is left in `bytes` unless it is valid. Returns false if its
-/// file cannot be read.
+/// Reads a signature; `bytes` stays empty without a valid one. Returns false if its file cannot be
+/// read.
 bool PreviousRelease::readSignature(const QString& name, QByteArray& bytes)
 {
     const QFileInfo info(m_tree + name);
