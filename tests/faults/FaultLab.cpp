@@ -115,7 +115,9 @@ QVector<Fault> FaultLab::chosenFaults() const
             && !unreadable.contains(hit.path);
         if (isLost)
             unreadable.insert(hit.path);
-        if (i % stride == 0 || isSwitch || isLost)
+        const bool isLedgerUnread = fault.kind == FaultKind::Broken && !fault.stays
+            && hit.operation == Operation::Read && hit.path.endsWith(QLatin1String("/ledger.txt"));
+        if (i % stride == 0 || isSwitch || isLost || isLedgerUnread)
             chosen.append(fault);
     }
     return chosen;

@@ -30,22 +30,25 @@ PreviousRelease::PreviousRelease(const QString& tree)
     readList();
 }
 
+bool PreviousRelease::isFit(const QString& name, qint64 maxBytes) const
+{
+    const QFileInfo info(m_tree + name);
+    return info.isFile() && info.size() <= maxBytes;
+}
+
 /// Reads a file of the release. Returns false with the fault of the release if the file is missing,
 /// too large or not regular, and otherwise with the reason why it cannot be read.
 bool PreviousRelease::read(const QString& name, qint64 maxBytes, QByteArray& bytes)
 {
-    const QString file = m_tree + name;
-    const QFileInfo info(file);
-    const bool isUnfit = !info.isFile() || info.size() > maxBytes;
-    return TreeBytes::read(file, maxBytes, bytes, isUnfit ? &m_fault : &m_error);
+    QString* const reason = isFit(name, maxBytes) ? &m_error : &m_fault;
+    return TreeBytes::read(m_tree + name, maxBytes, bytes, reason);
 }
 
 /// Reads a signature; `bytes` stays empty without a valid one. Returns false if its file cannot be
 /// read.
 bool PreviousRelease::readSignature(const QString& name, QByteArray& bytes)
 {
-    const QFileInfo info(m_tree + name);
-    if (!info.isFile() || info.size() > ReleaseSignature::maxBytes)
+    if (!isFit(name, ReleaseSignature::maxBytes))
         return true;
     if (!read(name, ReleaseSignature::maxBytes, bytes))
         return false;

@@ -38,6 +38,7 @@ public:
     bool keepAll(ContentFolder& contents);
 
 private:
+    bool isFit(const QString& name, qint64 maxBytes) const;
     bool read(const QString& name, qint64 maxBytes, QByteArray& bytes);
     bool readSignature(const QString& name, QByteArray& bytes);
     void readList();
